@@ -1,0 +1,1 @@
+# Helpers for building modules of the host.

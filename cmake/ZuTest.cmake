@@ -1,0 +1,11 @@
+# zu_test(NAME SOURCES a.cpp b.cpp LIBS x y): one GoogleTest program, its cases registered with CTest.
+function(zu_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support)
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS} zu_warnings GTest::gtest GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE
+    ZU_SAMPLES="${PROJECT_SOURCE_DIR}/samples" ZU_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+    PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+endfunction()
