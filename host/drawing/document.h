@@ -1,0 +1,119 @@
+#pragma once
+
+#include "stub.h"
+#include "tag_list.h"
+
+#include <functional>
+#include <optional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace zuhost {
+
+/// Why a drawing could not be opened or saved. `line` counts from 1 (0: not about a line; binary drawings
+/// have the byte offset instead).
+struct DocumentError {
+    std::wstring file;
+    std::uint64_t line = 0;
+    std::uint64_t offset = 0;
+    std::wstring problem;
+
+    /// "FILE:LINE: PROBLEM", or "FILE: byte OFFSET: PROBLEM" for binary drawings.
+    [[nodiscard]] std::wstring message() const;
+};
+
+enum class DrawingForm { ascii, binary };
+
+/// A run of objects with one owner, in file order: a symbol table, a block with its entities, the ENTITIES
+/// section, the OBJECTS section. `head` is the TABLE or BLOCK record, `tail` the ENDBLK; null where there is
+/// none.
+struct Container {
+    enum class Kind { table, block, entities, objects };
+
+    Kind kind = Kind::objects;
+    std::string name; ///< Table name ("LAYER") or block name, in the drawing's encoding; else empty.
+    AcDbStub* head = nullptr;
+    AcDbStub* tail = nullptr;
+    std::vector<AcDbStub*> members;
+};
+
+/// A DXF drawing as its file holds it: the bytes, and what lies where in them. Knows records and their order,
+/// nothing of what objects mean; AcDbDatabase gives them meaning.
+///
+/// Every record of the file belongs either to an object (a stub) or to a stretch that is kept as it stands
+/// (section frames, HEADER, CLASSES, comments, thumbnails, sections that nobody knows).
+class Document {
+public:
+    using OpenResult = std::variant<std::unique_ptr<Document>, DocumentError>;
+
+    /// Scans the bytes (which the document keeps) and makes a stub for each object, all with `database` as
+    /// theirs. Checks every group code and number, the nesting of sections, tables and blocks, that handles
+    /// are unique and that the file ends where it should. `file` is for messages only.
+    static OpenResult open(std::string bytes, const std::wstring& file, AcDbDatabase* database);
+
+    /// Reads the named file and opens it.
+    static OpenResult openFile(const std::wstring& file, AcDbDatabase* database);
+
+    /// A minimal valid drawing (R2018, UTF-8, standard tables, model and paper space, group dictionary).
+    static std::unique_ptr<Document> createEmpty(AcDbDatabase* database);
+
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+    ~Document();
+
+    [[nodiscard]] DrawingForm form() const;
+    /// Number of $ACADVER: 1009 for R12 ... 1032 for R2018.
+    [[nodiscard]] int version() const;
+
+    /// Text of the drawing's encoding into wide text and back, "\U+XXXX" and "\M+nXXXX" escapes resolved;
+    /// what the encoding lacks is written as "\U+XXXX", so that encoding never fails. Line ends and other
+    /// control characters in a value are written in caret notation ("^J").
+    [[nodiscard]] std::wstring decode(std::string_view value) const;
+    [[nodiscard]] std::string encode(std::wstring_view text) const;
+
+    /// Faults that were no reason to refuse the drawing (unknown code page name ...), for the user.
+    [[nodiscard]] const std::vector<DocumentError>& warnings() const;
+
+    // ---- objects
+    [[nodiscard]] const std::string& typeName(const AcDbStub& stub) const; ///< "INSERT", "DICTIONARY" ...
+    [[nodiscard]] AcDbStub* find(std::uint64_t handle) const;              ///< Null when there is none.
+    [[nodiscard]] TagList tags(const AcDbStub& stub) const;                ///< As in the buffer.
+    [[nodiscard]] std::vector<Container>& containers();
+    [[nodiscard]] const std::vector<Container>& containers() const;
+    [[nodiscard]] std::size_t objectCount() const;
+
+    /// A stub for a new object of the type, with the next free handle, appended to the container's members.
+    AcDbStub* append(Container& container, std::string_view typeName, AcDbStub* owner);
+
+    /// A container for a new block (its BLOCK and ENDBLK stubs new as well), placed after the last block.
+    Container& appendBlock(std::string name, AcDbStub* owner);
+
+    // ---- header
+    /// All records of the HEADER section, variable names (code 9) and values; changing it marks it changed.
+    [[nodiscard]] const TagList& header() const;
+    void setHeader(TagList header);
+
+    // ---- saving
+    /// Gives the records that an object is saved with; null: as they stand in the buffer.
+    using TagSource = std::function<const TagList*(const AcDbStub&)>;
+
+    /// Writes the drawing to the file, atomically. Erased objects are left out; $HANDSEED is raised above
+    /// every handle when objects were added. Nullopt on success; on failure the old file is untouched.
+    std::optional<DocumentError> save(const std::wstring& file, DrawingForm form,
+                                      const TagSource& tags) const;
+
+    /// The same into memory.
+    [[nodiscard]] std::string bytes(DrawingForm form, const TagSource& tags) const;
+
+private:
+    class Scanner;
+    struct State;
+
+    Document();
+    std::unique_ptr<State> state_;
+};
+
+} // namespace zuhost
