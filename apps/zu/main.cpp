@@ -1,1 +1,57 @@
-int main() { return 0; }
+#include "commands.h"
+#include "failure.h"
+
+#include <CLI/CLI.hpp>
+
+#include <exception>
+#include <iostream>
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kWrongUsage = 2;
+
+void addCommands(CLI::App& program) {
+    using namespace zu::app;
+    addElementsCommand(program);
+    addGroupsCommand(program);
+    addConnectedCommand(program);
+    addAttributesCommand(program);
+    addSetAttributeCommand(program);
+    addSaveCommand(program);
+    addCheckCommand(program);
+    addPlanCommand(program);
+    addLinkCommand(program);
+    addTableCommand(program);
+    addDemoCommand(program);
+}
+
+int run(int argc, char** argv) {
+    CLI::App program("Checks and edits drawings of building services: elements, routes, attributes.", "zu");
+    program.require_subcommand(1);
+    program.set_help_all_flag("--help-all", "Help of every command");
+    addCommands(program);
+    try {
+        program.parse(argc, argv);
+        return 0;
+    } catch (const CLI::ParseError& error) {
+        return program.exit(error) == 0 ? 0 : kWrongUsage;
+    }
+}
+
+int say(const std::exception& error, int status) {
+    std::cerr << "zu: " << error.what() << '\n';
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const zu::app::WrongUsage& error) {
+        return say(error, kWrongUsage);
+    } catch (const std::exception& error) {
+        return say(error, kFailed);
+    }
+}

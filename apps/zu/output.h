@@ -1,0 +1,37 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zu::app {
+
+using Json = nlohmann::ordered_json;
+
+/// Prints a JSON array with one element a line, anything else on one line.
+void printJson(const Json& value);
+
+/// A table for reading on a terminal: columns as wide as their widest text, Japanese counted as two places.
+class TextTable {
+public:
+    explicit TextTable(std::vector<std::string> headings);
+
+    void addRow(std::vector<std::string> cells);
+    [[nodiscard]] bool empty() const { return rows_.empty(); }
+    [[nodiscard]] std::size_t size() const { return rows_.size(); }
+    void print() const;
+
+private:
+    std::vector<std::string> headings_;
+    std::vector<std::vector<std::string>> rows_;
+};
+
+/// Places that a UTF-8 text takes on a terminal.
+[[nodiscard]] std::size_t displayWidth(std::string_view utf8);
+
+/// A length in drawing units, as short as it can be said: "4200", "1300.5".
+[[nodiscard]] std::string shortNumber(double value);
+
+} // namespace zu::app
