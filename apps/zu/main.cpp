@@ -11,20 +11,7 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
-void addCommands(CLI::App& program) {
-    using namespace zu::app;
-    addElementsCommand(program);
-    addGroupsCommand(program);
-    addConnectedCommand(program);
-    addAttributesCommand(program);
-    addSetAttributeCommand(program);
-    addSaveCommand(program);
-    addCheckCommand(program);
-    addPlanCommand(program);
-    addLinkCommand(program);
-    addTableCommand(program);
-    addDemoCommand(program);
-}
+void addCommands(CLI::App& /*program*/) {}
 
 int run(int argc, char** argv) {
     CLI::App program("Checks and edits drawings of building services: elements, routes, attributes.", "zu");

@@ -1,0 +1,143 @@
+#pragma once
+
+#include "afx.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace zuhost {
+
+/// Common form of the framework's arrays: by index from 0, growing on demand. Access out of range throws the
+/// invalid-argument exception; so does a negative size.
+template <typename Element>
+class FrameworkArray : public CObject {
+public:
+    [[nodiscard]] int GetSize() const { return static_cast<int>(items_.size()); }
+    [[nodiscard]] int GetCount() const { return GetSize(); }
+    [[nodiscard]] bool IsEmpty() const { return items_.empty(); }
+    [[nodiscard]] int GetUpperBound() const { return GetSize() - 1; }
+
+    void SetSize(int size, int /*growBy*/ = -1) {
+        if (size < 0)
+            AfxThrowInvalidArgException();
+        items_.resize(static_cast<std::size_t>(size));
+    }
+    void RemoveAll() { items_.clear(); }
+    void FreeExtra() { items_.shrink_to_fit(); }
+
+    [[nodiscard]] const Element& GetAt(int index) const { return items_[checked(index)]; }
+    [[nodiscard]] Element& ElementAt(int index) { return items_[checked(index)]; }
+    const Element& operator[](int index) const { return items_[checked(index)]; }
+    Element& operator[](int index) { return items_[checked(index)]; }
+    void SetAt(int index, const Element& element) { items_[checked(index)] = element; }
+    void SetAtGrow(int index, const Element& element) {
+        if (index >= GetSize())
+            SetSize(index + 1);
+        SetAt(index, element);
+    }
+
+    /// Returns the index of the new element.
+    int Add(const Element& element) {
+        items_.push_back(element);
+        return GetUpperBound();
+    }
+    /// Returns the index of the first appended element.
+    int Append(const FrameworkArray& other) {
+        const int first = GetSize();
+        const std::vector<Element> copy = other.items_;
+        items_.insert(items_.end(), copy.begin(), copy.end());
+        return first;
+    }
+    void Copy(const FrameworkArray& other) { items_ = other.items_; }
+
+    /// Inserts `count` copies; an index beyond the end first fills up to it with default elements.
+    void InsertAt(int index, const Element& element, int count = 1) {
+        if (index < 0 || count < 0)
+            AfxThrowInvalidArgException();
+        if (index > GetSize())
+            SetSize(index);
+        items_.insert(items_.begin() + index, static_cast<std::size_t>(count), element);
+    }
+    void RemoveAt(int index, int count = 1) {
+        if (index < 0 || count < 0 || index > GetSize() || count > GetSize() - index)
+            AfxThrowInvalidArgException();
+        items_.erase(items_.begin() + index, items_.begin() + index + count);
+    }
+
+    [[nodiscard]] const Element* GetData() const { return items_.data(); }
+    [[nodiscard]] Element* GetData() { return items_.data(); }
+
+protected:
+    FrameworkArray() = default;
+
+private:
+    [[nodiscard]] std::size_t checked(int index) const {
+        if (index < 0 || index >= GetSize())
+            AfxThrowInvalidArgException();
+        return static_cast<std::size_t>(index);
+    }
+
+    std::vector<Element> items_;
+};
+
+struct FrameworkPosition;
+
+} // namespace zuhost
+
+class CStringArray : public zuhost::FrameworkArray<CString> {};
+class CPtrArray : public zuhost::FrameworkArray<void*> {};
+class CObArray : public zuhost::FrameworkArray<CObject*> {};
+class CUIntArray : public zuhost::FrameworkArray<UINT> {};
+class CDWordArray : public zuhost::FrameworkArray<DWORD> {};
+
+/// A place in a list; null is the end.
+using POSITION = zuhost::FrameworkPosition*;
+
+/// A doubly linked list of object pointers; it does not own the objects.
+class CObList : public CObject {
+public:
+    CObList() = default;
+    ~CObList() override;
+    CObList(const CObList&) = delete;
+    CObList& operator=(const CObList&) = delete;
+
+    [[nodiscard]] int GetCount() const { return count_; }
+    [[nodiscard]] int GetSize() const { return count_; }
+    [[nodiscard]] BOOL IsEmpty() const { return count_ == 0 ? TRUE : FALSE; }
+
+    /// Head and tail of an empty list throw the invalid-argument exception.
+    [[nodiscard]] CObject* GetHead() const;
+    [[nodiscard]] CObject* GetTail() const;
+    CObject* RemoveHead();
+    CObject* RemoveTail();
+    POSITION AddHead(CObject* object);
+    POSITION AddTail(CObject* object);
+    void RemoveAll();
+
+    [[nodiscard]] POSITION GetHeadPosition() const;
+    [[nodiscard]] POSITION GetTailPosition() const;
+    /// The object at the place, which moves on (null after the last).
+    CObject* GetNext(POSITION& position) const;
+    CObject* GetPrev(POSITION& position) const;
+    [[nodiscard]] CObject* GetAt(POSITION position) const;
+    void SetAt(POSITION position, CObject* object);
+    void RemoveAt(POSITION position);
+    POSITION InsertBefore(POSITION position, CObject* object);
+    POSITION InsertAfter(POSITION position, CObject* object);
+
+    /// First place of the object after `startAfter`; null when absent.
+    [[nodiscard]] POSITION Find(CObject* object, POSITION startAfter = nullptr) const;
+    [[nodiscard]] POSITION FindIndex(int index) const;
+
+private:
+    struct Node;
+    static Node* node(POSITION position);
+    static POSITION position(Node* node);
+    Node* insert(Node* before, CObject* object);
+    CObject* remove(Node* node);
+
+    Node* head_ = nullptr;
+    Node* tail_ = nullptr;
+    int count_ = 0;
+};
