@@ -4,8 +4,8 @@
 #include "tag_list.h"
 
 #include <functional>
-#include <optional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>

@@ -1,0 +1,118 @@
+#include "number_text.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace zuhost {
+namespace {
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r";
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string_view withoutPlus(std::string_view text) {
+    const bool signedTwice = text.size() > 1 && (text[1] == '-' || text[1] == '+');
+    return !text.empty() && text.front() == '+' && !signedTwice ? text.substr(1) : text;
+}
+
+std::string lowerCase(std::string_view text) {
+    std::string lower(text);
+    for (char& c : lower)
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return lower;
+}
+
+/// "1.#IND", "1.#QNAN0", "-1.#INF00" of older C libraries.
+std::optional<double> parseOldSpecial(std::string_view digits) {
+    if (!digits.starts_with("1.#"))
+        return std::nullopt;
+    const std::string name = lowerCase(digits.substr(3));
+    if (name.starts_with("inf"))
+        return std::numeric_limits<double>::infinity();
+    if (name.starts_with("ind") || name.starts_with("qnan") || name.starts_with("snan"))
+        return std::numeric_limits<double>::quiet_NaN();
+    return std::nullopt;
+}
+
+/// "1.0E 20" is 1.0E+20.
+std::optional<std::string> exponentWithPlus(std::string_view text) {
+    const std::size_t exponent = text.find_first_of("eE");
+    if (exponent == std::string_view::npos || exponent + 1 >= text.size() || text[exponent + 1] != ' ')
+        return std::nullopt;
+    const std::size_t digits = text.find_first_not_of(' ', exponent + 1);
+    return std::string(text.substr(0, exponent + 1)) + '+' + std::string(text.substr(digits));
+}
+
+std::optional<double> parsePlain(std::string_view text) {
+    double value = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (stop != end)
+        return std::nullopt;
+    if (error == std::errc::result_out_of_range) {
+        const bool tiny =
+            text.find("e-") != std::string_view::npos || text.find("E-") != std::string_view::npos;
+        const double magnitude = tiny ? 0.0 : std::numeric_limits<double>::infinity();
+        return text.front() == '-' ? -magnitude : magnitude;
+    }
+    return error == std::errc{} ? std::optional(value) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<double> parseReal(std::string_view text) {
+    const std::string_view number = withoutPlus(trimmed(text));
+    if (number.empty())
+        return std::nullopt;
+    if (const auto value = parsePlain(number))
+        return value;
+    if (const auto mended = exponentWithPlus(number))
+        return parsePlain(*mended);
+    const bool negative = number.front() == '-';
+    const auto special = parseOldSpecial(negative ? number.substr(1) : number);
+    return special && negative ? std::optional(-*special) : special;
+}
+
+std::optional<std::int64_t> parseInteger(std::string_view text) {
+    const std::string_view number = withoutPlus(trimmed(text));
+    std::int64_t value = 0;
+    const char* const end = number.data() + number.size();
+    const auto [stop, error] = std::from_chars(number.data(), end, value);
+    return error == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
+}
+
+std::optional<std::uint64_t> parseHandle(std::string_view text) {
+    const std::string_view digits = trimmed(text);
+    if (digits.empty() || digits.size() > 16 || digits.front() == '-')
+        return std::nullopt;
+    std::uint64_t value = 0;
+    const char* const end = digits.data() + digits.size();
+    const auto [stop, error] = std::from_chars(digits.data(), end, value, 16);
+    return error == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
+}
+
+std::string formatReal(double value) {
+    std::array<char, 32> buffer{};
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    std::string text(buffer.data(), end);
+    if (text.find_first_of(".ein") == std::string::npos)
+        text += ".0";
+    return text;
+}
+
+std::string formatHandle(std::uint64_t value) {
+    std::array<char, 16> buffer{};
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, 16);
+    std::string text(buffer.data(), end);
+    for (char& c : text)
+        c = c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c;
+    return text;
+}
+
+} // namespace zuhost

@@ -1,0 +1,163 @@
+#include "tag_list.h"
+
+#include "number_text.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace zuhost {
+namespace {
+
+constexpr int subclassMarker = 100;
+constexpr int embeddedObject = 101;
+constexpr int groupBracket = 102;
+constexpr int comment = 999;
+constexpr int firstExtended = 1000;
+constexpr int applicationName = 1001;
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// Names of applications have no case. Bytes beyond ASCII may be halves of characters and must be equal.
+bool sameName(std::string_view a, std::string_view b) {
+    if (!isAscii(a) || !isAscii(b))
+        return a == b;
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return lower(x) == lower(y); });
+}
+
+} // namespace
+
+void TagList::insert(std::size_t at, Tag tag) {
+    tags_.insert(tags_.begin() + static_cast<std::ptrdiff_t>(std::min(at, size())), std::move(tag));
+}
+
+void TagList::insert(std::size_t at, const std::vector<Tag>& tags) {
+    tags_.insert(tags_.begin() + static_cast<std::ptrdiff_t>(std::min(at, size())), tags.begin(), tags.end());
+}
+
+void TagList::erase(TagRange range) {
+    const std::size_t last = std::min(range.last, size());
+    if (range.first >= last)
+        return;
+    tags_.erase(tags_.begin() + static_cast<std::ptrdiff_t>(range.first),
+                tags_.begin() + static_cast<std::ptrdiff_t>(last));
+}
+
+std::size_t TagList::find(int code, TagRange range) const {
+    const std::size_t last = std::min(range.last, size());
+    for (std::size_t i = range.first; i < last; ++i)
+        if (tags_[i].code == code)
+            return i;
+    return range.last;
+}
+
+std::size_t TagList::extendedDataStart() const {
+    for (std::size_t i = 0; i < size(); ++i)
+        if (tags_[i].code >= firstExtended)
+            return i;
+    return size();
+}
+
+TagRange TagList::subclass(std::string_view marker) const {
+    const std::size_t end = extendedDataStart();
+    const auto endOfPart = [&](std::size_t i) {
+        while (i < end && tags_[i].code != subclassMarker && tags_[i].code != embeddedObject)
+            ++i;
+        return i;
+    };
+    bool anyMarker = false;
+    for (std::size_t i = 0; i < end; ++i) {
+        if (tags_[i].code != subclassMarker)
+            continue;
+        anyMarker = true;
+        if (tags_[i].value == marker)
+            return {i + 1, endOfPart(i + 1)};
+    }
+    if (anyMarker || empty())
+        return {end, end};
+    return {std::min<std::size_t>(1, end), end};
+}
+
+TagRange TagList::applicationGroup(std::string_view name) const {
+    const std::size_t end = extendedDataStart();
+    for (std::size_t i = 0; i < end; ++i) {
+        const std::string_view value = tags_[i].value;
+        if (tags_[i].code != groupBracket || !value.starts_with('{') || value.substr(1) != name)
+            continue;
+        std::size_t last = i + 1;
+        while (last < end && tags_[last].code != groupBracket && tags_[last].code != subclassMarker)
+            ++last;
+        const bool closed = last < end && tags_[last].code == groupBracket;
+        return {i, closed ? last + 1 : last};
+    }
+    // Where a new group belongs: behind the handle, before owner and subclasses.
+    for (std::size_t i = 0; i < end && tags_[i].code != subclassMarker; ++i)
+        if (tags_[i].code == 5 || tags_[i].code == 105)
+            return {i + 1, i + 1};
+    return {std::min<std::size_t>(1, end), std::min<std::size_t>(1, end)};
+}
+
+TagRange TagList::extendedData(std::string_view application) const {
+    for (std::size_t i = extendedDataStart(); i < size(); ++i) {
+        if (tags_[i].code != applicationName || !sameName(tags_[i].value, application))
+            continue;
+        std::size_t last = i + 1;
+        while (last < size() && tags_[last].code != applicationName && tags_[last].code >= comment)
+            ++last;
+        return {i, last};
+    }
+    return {size(), size()};
+}
+
+std::optional<double> TagList::real(int code, TagRange range) const {
+    const auto value = text(code, range);
+    return value ? parseReal(*value) : std::nullopt;
+}
+
+std::optional<std::int64_t> TagList::integer(int code, TagRange range) const {
+    const auto value = text(code, range);
+    return value ? parseInteger(*value) : std::nullopt;
+}
+
+std::optional<std::uint64_t> TagList::handle(int code, TagRange range) const {
+    const auto value = text(code, range);
+    return value ? parseHandle(*value) : std::nullopt;
+}
+
+std::optional<std::string_view> TagList::text(int code, TagRange range) const {
+    const std::size_t at = find(code, range);
+    if (at >= std::min(range.last, size()))
+        return std::nullopt;
+    return tags_[at].value;
+}
+
+void TagList::setReal(int code, double value, TagRange range) {
+    if (real(code, range) != value)
+        setText(code, formatReal(value), range);
+}
+
+void TagList::setInteger(int code, std::int64_t value, TagRange range) {
+    if (integer(code, range) != value)
+        setText(code, std::to_string(value), range);
+}
+
+void TagList::setHandle(int code, std::uint64_t value, TagRange range) {
+    if (handle(code, range) != value)
+        setText(code, formatHandle(value), range);
+}
+
+void TagList::setText(int code, std::string value, TagRange range) {
+    const std::size_t at = find(code, range);
+    if (at < std::min(range.last, size()))
+        tags_[at].value = std::move(value);
+    else
+        insert(range.last, {code, std::move(value)});
+}
+
+} // namespace zuhost
