@@ -1,0 +1,38 @@
+#pragma once
+
+#include "rxobject.h"
+
+#include <string>
+
+/// Run-time description of a class: its name, its parent and how to make an object of it.
+class AcRxClass : public AcRxObject {
+public:
+    using Creator = AcRxObject* (*)();
+
+    AcRxClass(std::wstring name, AcRxClass* parent, Creator creator)
+        : name_(std::move(name)), parent_(parent), creator_(creator) {}
+
+    [[nodiscard]] const wchar_t* name() const { return name_.c_str(); }
+    [[nodiscard]] AcRxClass* myParent() const { return parent_; }
+    [[nodiscard]] bool isDerivedFrom(const AcRxClass* other) const;
+    /// A new object owned by the caller; null for classes that can't be created.
+    [[nodiscard]] AcRxObject* create() const { return creator_ != nullptr ? creator_() : nullptr; }
+
+    AcRxClass* isA() const override;
+    static AcRxClass* desc();
+
+private:
+    std::wstring name_;
+    AcRxClass* parent_;
+    Creator creator_;
+};
+
+/// Registers a class under its name, or returns the one that is registered already. It lives as long as the
+/// host.
+AcRxClass* newAcRxClass(const wchar_t* name, AcRxClass* parent, AcRxClass::Creator creator = nullptr);
+
+/// The registered class; null when there is none of that name.
+AcRxClass* acrxFindAcRxClass(const wchar_t* name);
+
+/// Nothing to do here: a class knows its parent from its registration on.
+inline void acrxBuildClassHierarchy() {}

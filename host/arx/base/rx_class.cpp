@@ -1,0 +1,68 @@
+#include "rxclass.h"
+
+#include <map>
+#include <memory>
+
+namespace {
+
+using Registry = std::map<std::wstring, std::unique_ptr<AcRxClass>, std::less<>>;
+
+Registry& registry() {
+    static Registry classes;
+    return classes;
+}
+
+} // namespace
+
+AcRxClass* newAcRxClass(const wchar_t* name, AcRxClass* parent, AcRxClass::Creator creator) {
+    auto& entry = registry()[name];
+    if (!entry)
+        entry = std::make_unique<AcRxClass>(name, parent, creator);
+    return entry.get();
+}
+
+AcRxClass* acrxFindAcRxClass(const wchar_t* name) {
+    const auto found = registry().find(std::wstring_view(name));
+    return found == registry().end() ? nullptr : found->second.get();
+}
+
+AcRxClass* AcRxObject::desc() {
+    static AcRxClass* const root = newAcRxClass(L"AcRxObject", nullptr);
+    return root;
+}
+
+AcRxClass* AcRxObject::isA() const {
+    return AcRxObject::desc();
+}
+
+AcRxObject* AcRxObject::cast(const AcRxObject* object) {
+    return const_cast<AcRxObject*>(object);
+}
+
+AcRx::Ordering AcRxObject::comparedTo(const AcRxObject* other) const {
+    return isEqualTo(other) ? AcRx::kEqual : AcRx::kNotOrderable;
+}
+
+bool AcRxObject::isKindOf(const AcRxClass* aClass) const {
+    return isA()->isDerivedFrom(aClass);
+}
+
+AcRxObject* AcRxObject::subQueryX(const AcRxClass* /*protocol*/) const {
+    return nullptr;
+}
+
+bool AcRxClass::isDerivedFrom(const AcRxClass* other) const {
+    for (const AcRxClass* c = this; c != nullptr; c = c->parent_)
+        if (c == other)
+            return true;
+    return false;
+}
+
+AcRxClass* AcRxClass::desc() {
+    static AcRxClass* const description = newAcRxClass(L"AcRxClass", AcRxObject::desc());
+    return description;
+}
+
+AcRxClass* AcRxClass::isA() const {
+    return AcRxClass::desc();
+}
