@@ -4,6 +4,7 @@
 #include "tag_list.h"
 
 #include <functional>
+#include <list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,6 +28,8 @@ struct DocumentError {
 
 enum class DrawingForm { ascii, binary };
 
+struct DrawingState;
+
 /// A run of objects with one owner, in file order: a symbol table, a block with its entities, the ENTITIES
 /// section, the OBJECTS section. `head` is the TABLE or BLOCK record, `tail` the ENDBLK; null where there is
 /// none.
@@ -37,7 +40,10 @@ struct Container {
     std::string name; ///< Table name ("LAYER") or block name, in the drawing's encoding; else empty.
     AcDbStub* head = nullptr;
     AcDbStub* tail = nullptr;
-    std::vector<AcDbStub*> members;
+    std::vector<AcDbStub*> members; ///< New ones may stand anywhere; those of the file keep their order.
+
+    std::uint64_t end = 0; ///< For the document: where new members are written in the buffer.
+    bool created = false;  ///< For the document: not in the file yet.
 };
 
 /// A DXF drawing as its file holds it: the bytes, and what lies where in them. Knows records and their order,
@@ -81,14 +87,22 @@ public:
     [[nodiscard]] const std::string& typeName(const AcDbStub& stub) const; ///< "INSERT", "DICTIONARY" ...
     [[nodiscard]] AcDbStub* find(std::uint64_t handle) const;              ///< Null when there is none.
     [[nodiscard]] TagList tags(const AcDbStub& stub) const;                ///< As in the buffer.
-    [[nodiscard]] std::vector<Container>& containers();
-    [[nodiscard]] const std::vector<Container>& containers() const;
+    /// Code 5, or 105 for the entries of the DIMSTYLE table.
+    [[nodiscard]] int handleCode(const AcDbStub& stub) const;
+    /// In file order. Containers never move, so that references to them stay good.
+    [[nodiscard]] std::list<Container>& containers();
+    [[nodiscard]] const std::list<Container>& containers() const;
+    /// The first container of the kind and name (names of tables; names of blocks as they are spelled), made
+    /// with its section when the drawing lacks it. Kind::entities and Kind::objects have no name.
+    Container& container(Container::Kind kind, std::string_view name = {});
     [[nodiscard]] std::size_t objectCount() const;
 
     /// A stub for a new object of the type, with the next free handle, appended to the container's members.
+    /// `tags` gives its first records: type, handle, owner.
     AcDbStub* append(Container& container, std::string_view typeName, AcDbStub* owner);
 
     /// A container for a new block (its BLOCK and ENDBLK stubs new as well), placed after the last block.
+    /// `tags` gives complete records of both: layer 0, base point at the origin.
     Container& appendBlock(std::string name, AcDbStub* owner);
 
     // ---- header
@@ -105,15 +119,15 @@ public:
     std::optional<DocumentError> save(const std::wstring& file, DrawingForm form,
                                       const TagSource& tags) const;
 
-    /// The same into memory.
-    [[nodiscard]] std::string bytes(DrawingForm form, const TagSource& tags) const;
+    /// The same into memory; empty, with the reason in `error`, when the other form cannot hold a value (a
+    /// number beyond 16 bits, a chunk beyond 255 bytes).
+    [[nodiscard]] std::string bytes(DrawingForm form, const TagSource& tags,
+                                    DocumentError* error = nullptr) const;
 
 private:
-    class Scanner;
-    struct State;
+    explicit Document(std::unique_ptr<DrawingState> state);
 
-    Document();
-    std::unique_ptr<State> state_;
+    std::unique_ptr<DrawingState> state_;
 };
 
 } // namespace zuhost
