@@ -1,0 +1,250 @@
+#include "zuhost/text_codec.h"
+
+#include <iconv.h>
+
+#include <array>
+#include <map>
+#include <mutex>
+#include <unordered_map>
+#include <vector>
+
+namespace zuhost {
+
+namespace {
+
+constexpr int kUtf8 = 65001;
+constexpr int kJapanese = 932;
+constexpr char32_t kNone = 0xFFFFFFFF;
+
+/// One direction of a converter of the C library, one character at a time.
+class Converter {
+public:
+    Converter(const char* to, const std::string& from) : handle_(iconv_open(to, from.c_str())) {}
+    ~Converter() {
+        if (valid())
+            iconv_close(handle_);
+    }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    [[nodiscard]] bool valid() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+
+    /// Converts the whole input, or gives nothing.
+    std::string convert(std::string_view input) const {
+        std::array<char, 32> output{};
+        char* in = const_cast<char*>(input.data());
+        char* out = output.data();
+        std::size_t inLeft = input.size();
+        std::size_t outLeft = output.size();
+        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+        if (iconv(handle_, &in, &inLeft, &out, &outLeft) != 0 || inLeft != 0)
+            return {};
+        // Some converters hold a character back until they see what follows.
+        if (iconv(handle_, nullptr, nullptr, &out, &outLeft) != 0)
+            return {};
+        return {output.data(), output.size() - outLeft};
+    }
+
+private:
+    iconv_t handle_;
+};
+
+std::string converterName(int codePage) {
+    switch (codePage) {
+    case 10000:
+        return "MACINTOSH";
+    case 1361:
+        return "JOHAB";
+    default:
+        return "CP" + std::to_string(codePage);
+    }
+}
+
+char32_t fromUtf32(std::string_view bytes) {
+    if (bytes.size() != 4)
+        return kNone;
+    char32_t c = 0;
+    for (std::size_t i = 4; i-- > 0;)
+        c = (c << 8) | static_cast<unsigned char>(bytes[i]);
+    return c;
+}
+
+std::string toUtf32(char32_t c) {
+    std::string bytes;
+    for (unsigned shift = 0; shift < 32; shift += 8)
+        bytes += static_cast<char>((c >> shift) & 0xFF);
+    return bytes;
+}
+
+struct Alternative {
+    char32_t character;
+    char32_t sameAs;
+};
+
+/// What other converters make of the same bytes of code page 932.
+constexpr std::array<Alternative, 8> kJapaneseAlternatives{{{0x301C, 0xFF5E},
+                                                            {0x2212, 0xFF0D},
+                                                            {0x2016, 0x2225},
+                                                            {0x2014, 0x2015},
+                                                            {0x00A2, 0xFFE0},
+                                                            {0x00A3, 0xFFE1},
+                                                            {0x00AC, 0xFFE2},
+                                                            {0x00A6, 0xFFE4}}};
+
+/// Single bytes that the platform keeps although they are no characters of the code page.
+constexpr std::array<Alternative, 5> kJapaneseSingles{
+    {{0x80, 0x80}, {0xA0, 0xF8F0}, {0xFD, 0xF8F1}, {0xFE, 0xF8F2}, {0xFF, 0xF8F3}}};
+
+} // namespace
+
+/// A code page as two tables, filled once from the C library's converter.
+class TextCodec::Tables {
+public:
+    static std::shared_ptr<const Tables> make(int codePage);
+
+    [[nodiscard]] int codePage() const { return codePage_; }
+    [[nodiscard]] std::wstring decode(std::string_view bytes) const;
+    [[nodiscard]] std::optional<std::string> encode(std::wstring_view text) const;
+
+private:
+    explicit Tables(int codePage) : codePage_(codePage) {}
+
+    bool fill();
+    void fillPairs(const Converter& toWide, unsigned lead);
+    void fillEncoding(const Converter& fromWide);
+    void addJapanese();
+    [[nodiscard]] char32_t replacement() const { return codePage_ == kJapanese ? 0x30FB : 0xFFFD; }
+
+    int codePage_;
+    std::array<char32_t, 256> singles_{};
+    std::array<std::vector<char32_t>, 256> pairs_; ///< By lead byte; empty for bytes that lead no pair.
+    std::unordered_map<char32_t, std::string> encoding_;
+};
+
+std::shared_ptr<const TextCodec::Tables> TextCodec::Tables::make(int codePage) {
+    static std::mutex mutex;
+    static std::map<int, std::shared_ptr<const Tables>> known;
+    const std::scoped_lock lock(mutex);
+    auto& entry = known[codePage];
+    if (!entry) {
+        const std::shared_ptr<Tables> tables(new Tables(codePage));
+        if (tables->fill())
+            entry = tables;
+    }
+    return entry;
+}
+
+bool TextCodec::Tables::fill() {
+    const std::string name = converterName(codePage_);
+    const Converter toWide("UTF-32LE", name);
+    const Converter fromWide(name.c_str(), "UTF-32LE");
+    if (!toWide.valid() || !fromWide.valid())
+        return false;
+    for (unsigned byte = 0; byte < 256; ++byte) {
+        const char bytes[] = {static_cast<char>(byte)};
+        singles_[byte] = fromUtf32(toWide.convert({bytes, 1}));
+        if (byte >= 0x80 && singles_[byte] == kNone)
+            fillPairs(toWide, byte);
+    }
+    fillEncoding(fromWide);
+    if (codePage_ == kJapanese)
+        addJapanese();
+    return true;
+}
+
+void TextCodec::Tables::fillPairs(const Converter& toWide, unsigned lead) {
+    std::vector<char32_t> row(256, kNone);
+    bool any = false;
+    for (unsigned trail = 0x30; trail < 256; ++trail) {
+        const char bytes[] = {static_cast<char>(lead), static_cast<char>(trail)};
+        row[trail] = fromUtf32(toWide.convert({bytes, 2}));
+        any = any || row[trail] != kNone;
+    }
+    if (any)
+        pairs_[lead] = std::move(row);
+}
+
+void TextCodec::Tables::fillEncoding(const Converter& fromWide) {
+    const auto add = [&](char32_t c) {
+        if (c == kNone || encoding_.contains(c))
+            return;
+        const std::string bytes = c == 0 ? std::string(1, '\0') : fromWide.convert(toUtf32(c));
+        if (!bytes.empty())
+            encoding_[c] = bytes;
+    };
+    for (const char32_t c : singles_)
+        add(c);
+    for (const auto& row : pairs_)
+        for (const char32_t c : row)
+            add(c);
+}
+
+void TextCodec::Tables::addJapanese() {
+    for (const auto& [byte, c] : kJapaneseSingles) {
+        singles_[byte] = c;
+        encoding_[c] = std::string(1, static_cast<char>(byte));
+    }
+    for (const auto& [character, sameAs] : kJapaneseAlternatives)
+        if (const auto found = encoding_.find(sameAs); found != encoding_.end())
+            encoding_.try_emplace(character, found->second);
+}
+
+std::wstring TextCodec::Tables::decode(std::string_view bytes) const {
+    std::wstring text;
+    text.reserve(bytes.size());
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(bytes[at]);
+        const auto& row = pairs_[byte];
+        if (row.empty()) {
+            appendCodePoint(text, singles_[byte] != kNone ? singles_[byte] : replacement());
+            continue;
+        }
+        const unsigned trail = at + 1 < bytes.size() ? static_cast<unsigned char>(bytes[at + 1]) : 0;
+        appendCodePoint(text, row[trail] != kNone ? row[trail] : replacement());
+        if (trail != 0)
+            ++at;
+    }
+    return text;
+}
+
+std::optional<std::string> TextCodec::Tables::encode(std::wstring_view text) const {
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t c = nextCodePoint(text, at);
+        const auto found = encoding_.find(c);
+        if (found == encoding_.end())
+            return std::nullopt;
+        bytes += found->second;
+    }
+    return bytes;
+}
+
+std::optional<TextCodec> TextCodec::forCodePage(int number) {
+    TextCodec codec;
+    if (number == kUtf8)
+        return codec;
+    codec.tables_ = Tables::make(number);
+    if (!codec.tables_)
+        return std::nullopt;
+    return codec;
+}
+
+int TextCodec::codePage() const {
+    return tables_ ? tables_->codePage() : kUtf8;
+}
+
+std::wstring TextCodec::decode(std::string_view bytes) const {
+    return tables_ ? tables_->decode(bytes) : fromUtf8(bytes);
+}
+
+std::optional<std::string> TextCodec::encode(std::wstring_view text) const {
+    if (tables_)
+        return tables_->encode(text);
+    for (std::size_t at = 0; at < text.size();)
+        if (const char32_t c = nextCodePoint(text, at); c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF))
+            return std::nullopt;
+    return toUtf8(text);
+}
+
+} // namespace zuhost
