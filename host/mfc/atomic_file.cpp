@@ -1,0 +1,138 @@
+#include "zuhost/atomic_file.h"
+
+#include <cerrno>
+#include <filesystem>
+
+namespace zuhost {
+
+namespace {
+
+namespace fs = std::filesystem;
+using file_ops::File;
+
+constexpr std::size_t kBuffer = std::size_t{1} << 20U;
+constexpr int kNameAttempts = 1000;
+
+std::string behindLinks(const std::string& path) {
+    std::error_code error;
+    const fs::path real = fs::weakly_canonical(path, error);
+    return error || real.empty() ? path : real.string();
+}
+
+std::string folderOf(const std::string& path) {
+    const std::string folder = fs::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+bool exists(const std::string& path) {
+    std::error_code error;
+    return fs::exists(path, error);
+}
+
+/// Renaming would replace a file that nobody may write, so that is asked for first.
+int writable(const std::string& path) {
+    if (!exists(path))
+        return 0;
+    File old;
+    return old.open(path, File::Mode::update);
+}
+
+} // namespace
+
+std::variant<std::string, int> readWholeFile(const std::string& path) {
+    File file;
+    if (const int error = file.open(path, File::Mode::read))
+        return error;
+    std::error_code sizeError;
+    const auto expected = fs::file_size(path, sizeError);
+    std::string bytes;
+    std::size_t filled = 0;
+    // One byte more than expected, so that the first read already finds the end.
+    bytes.resize(sizeError ? kBuffer : static_cast<std::size_t>(expected) + 1);
+    while (true) {
+        std::size_t count = 0;
+        if (const int error = file.read(bytes.data() + filled, bytes.size() - filled, count))
+            return error;
+        filled += count;
+        if (filled < bytes.size())
+            break;
+        bytes.resize(bytes.size() * 2);
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+AtomicFile::AtomicFile(const std::string& path) : target_(behindLinks(path)) {
+    error_ = writable(target_);
+    if (error_ == 0)
+        open();
+}
+
+AtomicFile::~AtomicFile() {
+    if (!done_)
+        discard();
+}
+
+void AtomicFile::open() {
+    error_ = EEXIST;
+    for (int attempt = 0; attempt < kNameAttempts && error_ == EEXIST; ++attempt) {
+        temporary_ = target_ + ".tmp" + std::to_string(attempt);
+        error_ = file_.open(temporary_, File::Mode::createNew);
+    }
+    if (error_ != 0)
+        temporary_.clear();
+}
+
+void AtomicFile::write(std::string_view bytes) {
+    if (bytes.size() >= kBuffer) {
+        flush();
+        if (error_ == 0)
+            error_ = file_.write(bytes);
+        return;
+    }
+    buffer_ += bytes;
+    if (buffer_.size() >= kBuffer)
+        flush();
+}
+
+void AtomicFile::flush() {
+    if (error_ == 0 && !buffer_.empty())
+        error_ = file_.write(buffer_);
+    buffer_.clear();
+}
+
+int AtomicFile::commit() {
+    flush();
+    if (error_ == 0 && exists(target_))
+        error_ = file_ops::copyMode(target_, temporary_);
+    if (error_ == 0)
+        error_ = file_.sync();
+    if (error_ == 0)
+        error_ = file_.close();
+    if (error_ == 0)
+        error_ = file_ops::rename(temporary_, target_);
+    if (error_ != 0) {
+        discard();
+        return error_;
+    }
+    done_ = true;
+    // The new file is in place; that a folder can't be synced is no reason to report a failed save.
+    file_ops::syncFolder(folderOf(target_));
+    return 0;
+}
+
+void AtomicFile::discard() {
+    done_ = true;
+    if (temporary_.empty())
+        return;
+    file_.close();
+    file_ops::remove(temporary_);
+}
+
+int replaceFile(const std::string& path, std::string_view bytes) {
+    AtomicFile file(path);
+    file.write(bytes);
+    return file.commit();
+}
+
+} // namespace zuhost

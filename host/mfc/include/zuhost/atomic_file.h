@@ -1,0 +1,48 @@
+#pragma once
+
+#include "file_ops.h"
+
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace zuhost {
+
+/// The whole contents of a file, or the system's error number.
+[[nodiscard]] std::variant<std::string, int> readWholeFile(const std::string& path);
+
+/// Replaces a file as a whole: what is written goes into a temporary file in the same folder, and only
+/// `commit`, after everything was written, synced and closed without error, puts it in the place of the old
+/// one. Whatever fails, and wherever the process ends, the name holds the old file or the new one. A link is
+/// followed, and the old file's access rights are kept. Without `commit` the temporary file is removed again.
+class AtomicFile {
+public:
+    explicit AtomicFile(const std::string& path);
+    ~AtomicFile();
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+
+    /// Appends; small pieces are gathered. Errors are remembered and told by `commit`.
+    void write(std::string_view bytes);
+
+    /// 0 when the new file is in place, otherwise the first error (the system's number) and the old file
+    /// untouched.
+    int commit();
+
+private:
+    void open();
+    void flush();
+    void discard();
+
+    std::string target_;
+    std::string temporary_;
+    file_ops::File file_;
+    std::string buffer_;
+    int error_ = 0;
+    bool done_ = false;
+};
+
+/// Replaces a file by the bytes; 0 or the system's error number.
+int replaceFile(const std::string& path, std::string_view bytes);
+
+} // namespace zuhost

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace zuhost {
+
+/// The file that a path of the interface names, as the system knows it (UTF-8, "/"). Both "\\" and "/" part
+/// its components, and a component that is not there in its own case is taken in the case that is: first an
+/// exact match, else the first in alphabetical order. What does not exist keeps the name as given. A drive
+/// letter ("C:") before an absolute path is dropped.
+[[nodiscard]] std::string systemPath(std::wstring_view path);
+
+/// A path of the system in the interface's form: wide, parted by "\\".
+[[nodiscard]] std::wstring hostPath(std::string_view systemPath);
+
+} // namespace zuhost

@@ -1,0 +1,72 @@
+#include "zuhost/paths.h"
+
+#include "character.h"
+#include "zuhost/text_codec.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace zuhost {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isThere(const fs::path& path) {
+    std::error_code error;
+    return fs::symlink_status(path, error).type() != fs::file_type::not_found;
+}
+
+bool sameButForCase(std::wstring_view a, std::wstring_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](wchar_t x, wchar_t y) { return toLower(x) == toLower(y); });
+}
+
+/// The entry of the folder whose name differs from `name` in case only; `name` itself when there is none.
+std::string nameInFolder(const fs::path& folder, const std::string& name) {
+    if (isThere(folder / name))
+        return name;
+    const std::wstring wanted = fromUtf8(name);
+    std::string best;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string candidate = entry->path().filename().string();
+        if (sameButForCase(fromUtf8(candidate), wanted) && (best.empty() || candidate < best))
+            best = candidate;
+    }
+    return best.empty() ? name : best;
+}
+
+bool isSpecial(const std::string& name) {
+    return name.empty() || name == "." || name == "..";
+}
+
+std::string withSlashes(std::wstring_view path) {
+    const bool drive = path.size() > 2 && path[1] == L':' && (path[2] == L'\\' || path[2] == L'/');
+    std::string slashed = toUtf8(drive ? path.substr(2) : path);
+    std::replace(slashed.begin(), slashed.end(), '\\', '/');
+    return slashed;
+}
+
+} // namespace
+
+std::string systemPath(std::wstring_view path) {
+    const std::string slashed = withSlashes(path);
+    if (slashed.empty() || slashed.find('\0') != std::string::npos || isThere(slashed))
+        return slashed;
+    fs::path found;
+    for (const fs::path& component : fs::path(slashed)) {
+        const std::string name = component.string();
+        found /= component.has_root_directory() || isSpecial(name) ? name : nameInFolder(found, name);
+    }
+    return found.string();
+}
+
+std::wstring hostPath(std::string_view systemPath) {
+    std::wstring path = fromUtf8(systemPath);
+    std::replace(path.begin(), path.end(), L'/', L'\\');
+    return path;
+}
+
+} // namespace zuhost
