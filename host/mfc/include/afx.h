@@ -102,5 +102,95 @@ public:
     CString m_strFileName;
 };
 
+/// A file as bytes.
+///
+/// A file that is created (modeCreate without modeNoTruncate) is written beside its place and put there by
+/// Close as a whole, so that a failed or interrupted write leaves the old file; it is written from start to
+/// end, without seeking. Paths may hold "\\" or "/" and are found whatever their case.
+class CFile : public CObject {
+public:
+    enum OpenFlags : UINT {
+        modeRead = 0x0000,
+        modeWrite = 0x0001,
+        modeReadWrite = 0x0002,
+        shareCompat = 0x0000,
+        shareExclusive = 0x0010,
+        shareDenyWrite = 0x0020,
+        shareDenyRead = 0x0030,
+        shareDenyNone = 0x0040,
+        modeNoInherit = 0x0080,
+        modeCreate = 0x1000,
+        modeNoTruncate = 0x2000,
+        typeText = 0x4000,
+        typeBinary = 0x8000
+    };
+    enum SeekPosition : UINT { begin = 0, current = 1, end = 2 };
+
+    CFile();
+    /// Throws CFileException when the file can't be opened.
+    CFile(const wchar_t* path, UINT flags);
+    ~CFile() override;
+    CFile(const CFile&) = delete;
+    CFile& operator=(const CFile&) = delete;
+
+    /// FALSE when the file can't be opened; the reason goes to `error` when one is given.
+    virtual BOOL Open(const wchar_t* path, UINT flags, CFileException* error = nullptr);
+
+    /// Bytes read, fewer than asked at the end of the file. Throws CFileException.
+    UINT Read(void* buffer, UINT count);
+    /// Throws CFileException.
+    void Write(const void* buffer, UINT count);
+    ULONGLONG Seek(std::int64_t offset, UINT from);
+    ULONGLONG SeekToEnd() { return Seek(0, end); }
+    void SeekToBegin() { Seek(0, begin); }
+    [[nodiscard]] ULONGLONG GetLength();
+    [[nodiscard]] ULONGLONG GetPosition();
+    [[nodiscard]] CString GetFilePath() const { return path_; }
+
+    /// Puts a created file in place. Throws CFileException when something could not be written; the old file
+    /// is then as it was.
+    virtual void Close();
+    /// Closes without an exception; a file being created is given up.
+    virtual void Abort();
+
+    /// Each throws CFileException.
+    static void Remove(const wchar_t* path);
+    static void Rename(const wchar_t* from, const wchar_t* to);
+
+protected:
+    /// Throws the file exception for an error number of the system; a file being created is given up.
+    [[noreturn]] void fail(int systemError);
+
+private:
+    struct Handle;
+    std::unique_ptr<Handle> handle_;
+    CString path_;
+};
+
+/// A file as lines of text.
+///
+/// Read: Japanese code page 932 unless a byte-order mark says UTF-8 or UTF-16 LE; a line ends at LF or CR LF,
+/// the text at the first Ctrl-Z. Written: in the encoding of the file that is replaced (932 for a new one),
+/// LF as CR LF. A character that the encoding can't hold is a failure (CFileException, cause
+/// genericException), never replaced.
+class CStdioFile : public CFile {
+public:
+    CStdioFile();
+    /// Throws CFileException when the file can't be opened.
+    CStdioFile(const wchar_t* path, UINT flags);
+    ~CStdioFile() override;
+
+    BOOL Open(const wchar_t* path, UINT flags, CFileException* error = nullptr) override;
+
+    /// The next line without its line end; FALSE at the end of the file.
+    BOOL ReadString(CString& line);
+    /// Throws CFileException.
+    void WriteString(const wchar_t* text);
+
+private:
+    struct Text;
+    std::unique_ptr<Text> text_;
+};
+
 [[noreturn]] void AfxThrowInvalidArgException();
 [[noreturn]] void AfxThrowFileException(int cause, LONG osError = 0, const wchar_t* file = nullptr);

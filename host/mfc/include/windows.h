@@ -73,3 +73,100 @@ struct RECT {
 /// The calling thread's last error, set by the functions below when they fail.
 DWORD GetLastError();
 void SetLastError(DWORD error);
+
+// ---- text
+
+/// Decimal value of the leading number, full-width digits included; 0 when there is none, cut to the range of
+/// int.
+int _wtoi(const wchar_t* text);
+/// Value of the leading number; 0 when there is none.
+double _wtof(const wchar_t* text);
+/// Compares ignoring the case of ASCII letters.
+int _wcsicmp(const wchar_t* left, const wchar_t* right);
+int _wcsnicmp(const wchar_t* left, const wchar_t* right, std::size_t count);
+/// Takes a path apart; null buffers are passed over, others hold MAX_PATH characters.
+void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name, wchar_t* extension);
+
+inline constexpr UINT CP_ACP = 0;
+inline constexpr UINT CP_UTF8 = 65001;
+/// Text of a code page (CP_ACP: 932). Returns the characters written, or needed when `size` is 0; 0 on
+/// failure.
+int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int count, wchar_t* text, int size);
+/// Bytes of a text. Fails with 0 when a character has no place in the code page.
+int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int count, char* bytes, int size,
+                        const char* defaultCharacter, BOOL* usedDefault);
+
+// ---- files
+
+BOOL CopyFileW(const wchar_t* from, const wchar_t* to, BOOL failIfExists);
+BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
+BOOL DeleteFileW(const wchar_t* path);
+
+// ---- profile files
+
+/// Reads a value, or the names of sections or keys (null section or key) parted by NUL. Returns the
+/// characters written.
+DWORD GetPrivateProfileStringW(const wchar_t* section, const wchar_t* key, const wchar_t* fallback,
+                               wchar_t* buffer, DWORD size, const wchar_t* file);
+UINT GetPrivateProfileIntW(const wchar_t* section, const wchar_t* key, int fallback, const wchar_t* file);
+/// Writes a value; a null value deletes the key, a null key the section. The file is replaced as a whole or
+/// not at all.
+BOOL WritePrivateProfileStringW(const wchar_t* section, const wchar_t* key, const wchar_t* value,
+                                const wchar_t* file);
+
+// ---- modules and their texts
+
+/// Loads a module and runs its attach; "DIR\\NAME.dll" names NAME.dll, NAME.so, libNAME.so or NAME.strings in
+/// the folder, whatever its case. A ".strings" file is a module of texts only. Null on failure.
+HMODULE LoadLibraryW(const wchar_t* path);
+/// Runs the module's detach when it was loaded for the last time.
+BOOL FreeLibrary(HMODULE module);
+void* GetProcAddress(HMODULE module, const char* name);
+/// The module's path in the interface's form: "...\\NAME.dll" for libNAME.so. Null names the program.
+DWORD GetModuleFileNameW(HMODULE module, wchar_t* buffer, DWORD size);
+/// A text of the module; returns its length cut to the buffer, 0 when there is none (the buffer is then
+/// empty).
+int LoadStringW(HINSTANCE instance, UINT id, wchar_t* buffer, int size);
+
+inline constexpr DWORD DLL_PROCESS_DETACH = 0;
+inline constexpr DWORD DLL_PROCESS_ATTACH = 1;
+inline constexpr DWORD DLL_THREAD_ATTACH = 2;
+inline constexpr DWORD DLL_THREAD_DETACH = 3;
+
+// ---- version and language
+
+inline constexpr DWORD VER_PLATFORM_WIN32_WINDOWS = 1;
+inline constexpr DWORD VER_PLATFORM_WIN32_NT = 2;
+struct OSVERSIONINFOW {
+    DWORD dwOSVersionInfoSize = 0;
+    DWORD dwMajorVersion = 0;
+    DWORD dwMinorVersion = 0;
+    DWORD dwBuildNumber = 0;
+    DWORD dwPlatformId = 0;
+    wchar_t szCSDVersion[128] = {};
+};
+/// The version of the platform that the host stands in for: NT family, 10.0.
+BOOL GetVersionExW(OSVERSIONINFOW* version);
+/// The language of the environment's locale (LC_ALL, LC_MESSAGES, LANG); 0 for "C" and "POSIX".
+LANGID GetUserDefaultUILanguage();
+LANGID GetUserDefaultLangID();
+
+// ---- message boxes
+
+struct HWND__;
+using HWND = HWND__*;
+inline constexpr UINT MB_OK = 0x00;
+inline constexpr UINT MB_OKCANCEL = 0x01;
+inline constexpr UINT MB_YESNOCANCEL = 0x03;
+inline constexpr UINT MB_YESNO = 0x04;
+inline constexpr UINT MB_ICONSTOP = 0x10;
+inline constexpr UINT MB_ICONERROR = 0x10;
+inline constexpr UINT MB_ICONQUESTION = 0x20;
+inline constexpr UINT MB_ICONEXCLAMATION = 0x30;
+inline constexpr UINT MB_ICONINFORMATION = 0x40;
+inline constexpr int IDOK = 1;
+inline constexpr int IDCANCEL = 2;
+inline constexpr int IDYES = 6;
+inline constexpr int IDNO = 7;
+/// Shows a box on the desktop; on a headless run a line on standard error, answered with the first button.
+int MessageBoxW(HWND owner, const wchar_t* text, const wchar_t* caption, UINT style);

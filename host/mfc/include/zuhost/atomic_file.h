@@ -25,6 +25,12 @@ public:
     /// Appends; small pieces are gathered. Errors are remembered and told by `commit`.
     void write(std::string_view bytes);
 
+    /// The first error so far; 0 when there is none.
+    [[nodiscard]] int error() const { return error_; }
+
+    /// Makes `commit` fail with the error, for a reason of the caller's own.
+    void giveUp(int error) { error_ = error_ != 0 ? error_ : error; }
+
     /// 0 when the new file is in place, otherwise the first error (the system's number) and the old file
     /// untouched.
     int commit();

@@ -1,0 +1,54 @@
+#include "zuhost/message_box.h"
+
+#include "zuhost/text_codec.h"
+
+#include <iostream>
+#include <utility>
+
+namespace zuhost {
+
+namespace {
+
+MessageBoxPresenter& presenter() {
+    static MessageBoxPresenter current;
+    return current;
+}
+
+int firstButton(UINT style) {
+    return (style & 0x0FU) == MB_YESNO || (style & 0x0FU) == MB_YESNOCANCEL ? IDYES : IDOK;
+}
+
+int printLine(const MessageBoxRequest& box) {
+    if (!box.caption.empty())
+        std::cerr << toUtf8(box.caption) << ": ";
+    std::cerr << toUtf8(box.text) << std::endl;
+    return firstButton(box.style);
+}
+
+} // namespace
+
+MessageBoxPresenter setMessageBoxPresenter(MessageBoxPresenter wanted) {
+    return std::exchange(presenter(), std::move(wanted));
+}
+
+MessageBoxObserver::MessageBoxObserver(int answer)
+    : previous_(setMessageBoxPresenter([this, answer](const MessageBoxRequest& box) {
+          boxes_.push_back(box);
+          return answer;
+      })) {}
+
+MessageBoxObserver::~MessageBoxObserver() {
+    setMessageBoxPresenter(std::move(previous_));
+}
+
+} // namespace zuhost
+
+int MessageBoxW(HWND /*owner*/, const wchar_t* text, const wchar_t* caption, UINT style) {
+    const zuhost::MessageBoxRequest box{text != nullptr ? text : L"", caption != nullptr ? caption : L"",
+                                        style};
+    return zuhost::presenter() ? zuhost::presenter()(box) : zuhost::printLine(box);
+}
+
+int AfxMessageBox(const wchar_t* text, UINT style, UINT /*helpId*/) {
+    return MessageBoxW(nullptr, text, L"ZuComn", style);
+}

@@ -1,0 +1,196 @@
+#include "modules.h"
+
+#include "zuhost/atomic_file.h"
+#include "zuhost/module.h"
+#include "zuhost/paths.h"
+#include "zuhost/text_codec.h"
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <list>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::list<HINSTANCE__>& modules() {
+    // Never destroyed: modules leave it when they are unloaded, which may be after the host's own end.
+    static auto* const list = new std::list<HINSTANCE__>;
+    return *list;
+}
+
+HINSTANCE findByPath(const std::string& path) {
+    for (HINSTANCE__& module : modules())
+        if (module.path == path)
+            return &module;
+    return nullptr;
+}
+
+void forget(HINSTANCE module) {
+    modules().remove_if([module](const HINSTANCE__& m) { return &m == module; });
+}
+
+std::string canonical(const std::string& path) {
+    std::error_code error;
+    const fs::path real = fs::canonical(path, error);
+    return error ? path : real.string();
+}
+
+/// "libZuComn.so.1.0.0" -> "ZuComn.dll"
+std::string hostName(const std::string& file) {
+    std::string stem = file.substr(0, file.find(".so"));
+    if (const std::size_t texts = stem.rfind(".strings"); texts != std::string::npos)
+        stem.resize(texts);
+    if (stem.starts_with("lib"))
+        stem.erase(0, 3);
+    return stem + ".dll";
+}
+
+HINSTANCE add(const std::string& path) {
+    HINSTANCE__& module = modules().emplace_back();
+    module.path = path;
+    module.name = hostName(fs::path(path).filename().string());
+    return &module;
+}
+
+std::string pathOfAddress(const void* address) {
+    Dl_info info{};
+    return dladdr(address, &info) != 0 && info.dli_fname != nullptr ? canonical(info.dli_fname)
+                                                                    : std::string();
+}
+
+/// The file that a module's name stands for; empty when there is none.
+std::string moduleFile(const std::wstring& path) {
+    const fs::path given = zuhost::systemPath(path);
+    const std::string stem = given.stem().string();
+    for (const std::string& name :
+         {given.filename().string(), stem + ".so", "lib" + stem + ".so", stem + ".strings"}) {
+        const std::string candidate =
+            zuhost::systemPath(zuhost::hostPath((given.parent_path() / name).string()));
+        std::error_code error;
+        if (fs::is_regular_file(candidate, error))
+            return canonical(candidate);
+    }
+    return {};
+}
+
+HINSTANCE loadTexts(const std::string& path) {
+    const auto bytes = zuhost::readWholeFile(path);
+    if (std::holds_alternative<int>(bytes))
+        return nullptr;
+    const HINSTANCE module = add(path);
+    module->strings = zuhost::StringTable::parse(std::get<std::string>(bytes));
+    return module;
+}
+
+HINSTANCE loadLibrary(const std::string& path) {
+    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr)
+        return nullptr;
+    HINSTANCE module = findByPath(path);
+    if (module == nullptr)
+        module = add(path);
+    module->library = library;
+    return module;
+}
+
+HINSTANCE load(const std::string& path) {
+    if (const HINSTANCE known = findByPath(path);
+        known != nullptr && known->library == nullptr && !known->declared)
+        return known;
+    return path.ends_with(".strings") ? loadTexts(path) : loadLibrary(path);
+}
+
+HINSTANCE program() {
+    static const HINSTANCE module = add(canonical("/proc/self/exe"));
+    return module;
+}
+
+} // namespace
+
+namespace zuhost {
+
+ModuleRegistration::ModuleRegistration(const ModuleDeclaration& declaration) {
+    const std::string path = pathOfAddress(declaration.anchor);
+    // A program that holds the module's objects itself is a module of its own name in the same file.
+    const bool inProgram = path == canonical("/proc/self/exe");
+    const HINSTANCE known = inProgram ? nullptr : findByPath(path);
+    instance_ = known != nullptr ? known : add(path);
+    instance_->declared = true;
+    instance_->entry = declaration.entry;
+    if (inProgram && declaration.name != nullptr)
+        instance_->name = std::string(declaration.name) + ".dll";
+    if (declaration.strings != nullptr)
+        instance_->strings = StringTable::parse(declaration.strings);
+    if (instance_->entry != nullptr)
+        instance_->entry(instance_, DLL_PROCESS_ATTACH, nullptr);
+}
+
+ModuleRegistration::~ModuleRegistration() {
+    if (instance_->entry != nullptr)
+        instance_->entry(instance_, DLL_PROCESS_DETACH, nullptr);
+    forget(instance_);
+}
+
+} // namespace zuhost
+
+HMODULE LoadLibraryW(const wchar_t* path) {
+    const std::string file = moduleFile(path != nullptr ? path : L"");
+    const HINSTANCE module = file.empty() ? nullptr : load(file);
+    if (module == nullptr) {
+        SetLastError(ERROR_MOD_NOT_FOUND);
+        return nullptr;
+    }
+    ++module->loads;
+    return module;
+}
+
+BOOL FreeLibrary(HMODULE module) {
+    const auto known = std::find_if(modules().begin(), modules().end(),
+                                    [module](const HINSTANCE__& m) { return &m == module && m.loads > 0; });
+    if (known == modules().end()) {
+        SetLastError(ERROR_INVALID_HANDLE);
+        return FALSE;
+    }
+    --known->loads;
+    void* const library = known->library;
+    if (library == nullptr && known->loads == 0)
+        forget(module);
+    else if (library != nullptr)
+        dlclose(library); // its registration takes it off the list when this was the last
+    return TRUE;
+}
+
+void* GetProcAddress(HMODULE module, const char* name) {
+    void* const library = module != nullptr ? module->library : nullptr;
+    return library != nullptr ? dlsym(library, name) : nullptr;
+}
+
+DWORD GetModuleFileNameW(HMODULE module, wchar_t* buffer, DWORD size) {
+    if (size == 0)
+        return 0;
+    if (module == nullptr)
+        module = program();
+    const std::wstring path =
+        zuhost::hostPath((fs::path(module->path).parent_path() / module->name).string());
+    const std::size_t count = std::min<std::size_t>(path.size(), size - 1);
+    std::copy_n(path.begin(), count, buffer);
+    buffer[count] = L'\0';
+    return static_cast<DWORD>(path.size() < size ? count : size);
+}
+
+int LoadStringW(HINSTANCE instance, UINT id, wchar_t* buffer, int size) {
+    if (size <= 0)
+        return 0;
+    buffer[0] = L'\0';
+    const std::wstring* text = (instance != nullptr ? instance : program())->strings.find(id);
+    if (text == nullptr)
+        return 0;
+    const std::size_t count = std::min(text->size(), static_cast<std::size_t>(size) - 1);
+    std::copy_n(text->begin(), count, buffer);
+    buffer[count] = L'\0';
+    return static_cast<int>(count);
+}

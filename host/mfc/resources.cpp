@@ -1,0 +1,86 @@
+#include "afxdllx.h"
+
+#include "modules.h"
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace {
+
+struct ResourceState {
+    HINSTANCE current = nullptr;
+    std::vector<CDynLinkLibrary*> chain; ///< The last added is asked first.
+};
+
+ResourceState& state() {
+    static ResourceState resources;
+    return resources;
+}
+
+const std::wstring* textOf(HINSTANCE instance, UINT id) {
+    return instance != nullptr ? instance->strings.find(id) : nullptr;
+}
+
+} // namespace
+
+BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& extension, HMODULE module) {
+    if (module == nullptr)
+        return FALSE;
+    extension = {TRUE, module, module};
+    return TRUE;
+}
+
+void AfxTermExtensionModule(AFX_EXTENSION_MODULE& extension, BOOL /*all*/) {
+    const std::vector<CDynLinkLibrary*> chain = state().chain;
+    for (CDynLinkLibrary* library : chain)
+        if (library->module() == extension.hModule)
+            std::unique_ptr<CDynLinkLibrary>(library).reset();
+    if (state().current == extension.hResource)
+        state().current = nullptr;
+    extension = {};
+}
+
+CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& extension)
+    : module_(extension.hModule), resource_(extension.hResource) {
+    state().chain.push_back(this);
+}
+
+CDynLinkLibrary::~CDynLinkLibrary() {
+    std::erase(state().chain, this);
+}
+
+HINSTANCE AfxGetResourceHandle() {
+    return state().current;
+}
+
+void AfxSetResourceHandle(HINSTANCE instance) {
+    state().current = instance;
+}
+
+HINSTANCE AfxGetInstanceHandle() {
+    return nullptr;
+}
+
+HINSTANCE AfxFindStringResourceHandle(UINT id) {
+    const ResourceState& resources = state();
+    if (textOf(resources.current, id) != nullptr)
+        return resources.current;
+    const auto found =
+        std::find_if(resources.chain.rbegin(), resources.chain.rend(), [id](const CDynLinkLibrary* library) {
+            return textOf(library->resource(), id) != nullptr;
+        });
+    return found != resources.chain.rend() ? (*found)->resource() : resources.current;
+}
+
+BOOL CString::LoadString(UINT id) {
+    return LoadString(AfxFindStringResourceHandle(id), id);
+}
+
+BOOL CString::LoadString(HINSTANCE instance, UINT id) {
+    const std::wstring* text = textOf(instance, id);
+    if (text == nullptr)
+        return FALSE;
+    text_ = *text;
+    return TRUE;
+}

@@ -1,0 +1,101 @@
+#include "afx.h"
+
+#include "zuhost/atomic_file.h"
+#include "zuhost/paths.h"
+#include "zuhost/text_file.h"
+
+#include <algorithm>
+#include <cerrno>
+
+using zuhost::TextEncoding;
+using zuhost::TextLines;
+
+struct CStdioFile::Text {
+    TextEncoding encoding;
+    std::optional<TextLines> lines; ///< Read on the first ReadString.
+    bool markWritten = false;
+};
+
+namespace {
+
+TextEncoding encodingOf(const std::string& path) {
+    zuhost::file_ops::File file;
+    char start[3] = {};
+    std::size_t count = 0;
+    if (file.open(path, zuhost::file_ops::File::Mode::read) != 0 ||
+        file.read(start, sizeof start, count) != 0)
+        return {};
+    return TextEncoding::of({start, count});
+}
+
+std::wstring withCarriageReturns(std::wstring_view text) {
+    std::wstring result;
+    for (const wchar_t c : text) {
+        if (c == L'\n')
+            result += L'\r';
+        result += c;
+    }
+    return result;
+}
+
+} // namespace
+
+CStdioFile::CStdioFile() = default;
+
+CStdioFile::CStdioFile(const wchar_t* path, UINT flags) {
+    CFileException error;
+    if (!CStdioFile::Open(path, flags, &error))
+        throw error;
+}
+
+CStdioFile::~CStdioFile() = default;
+
+BOOL CStdioFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
+    auto text = std::make_unique<Text>();
+    if (path != nullptr && (flags & (modeWrite | modeReadWrite)) != 0)
+        text->encoding = encodingOf(zuhost::systemPath(path));
+    if (!CFile::Open(path, flags, error))
+        return FALSE;
+    text->markWritten = (flags & modeCreate) == 0 || (flags & modeNoTruncate) != 0;
+    text_ = std::move(text);
+    return TRUE;
+}
+
+BOOL CStdioFile::ReadString(CString& line) {
+    if (text_ == nullptr)
+        fail(EBADF);
+    if (!text_->lines) {
+        std::string bytes;
+        const ULONGLONG left = GetLength() - GetPosition();
+        bytes.resize(static_cast<std::size_t>(left));
+        std::size_t filled = 0;
+        constexpr std::size_t kPiece = std::size_t{1} << 30U;
+        while (filled < bytes.size()) {
+            const UINT count =
+                Read(bytes.data() + filled, static_cast<UINT>(std::min(bytes.size() - filled, kPiece)));
+            if (count == 0)
+                break;
+            filled += count;
+        }
+        bytes.resize(filled);
+        text_->lines.emplace(std::move(bytes));
+    }
+    std::wstring next;
+    if (!text_->lines->next(next))
+        return FALSE;
+    line = CString(std::move(next));
+    return TRUE;
+}
+
+void CStdioFile::WriteString(const wchar_t* text) {
+    if (text_ == nullptr)
+        fail(EBADF);
+    const auto bytes = text_->encoding.encode(withCarriageReturns(text != nullptr ? text : L""));
+    if (!bytes)
+        fail(EILSEQ);
+    const std::string_view mark = text_->markWritten ? std::string_view() : text_->encoding.mark();
+    if (!mark.empty())
+        Write(mark.data(), static_cast<UINT>(mark.size()));
+    text_->markWritten = true;
+    Write(bytes->data(), static_cast<UINT>(bytes->size()));
+}

@@ -1,0 +1,56 @@
+#include "zuhost/system_error.h"
+
+#include "afx.h"
+
+#include <array>
+#include <cerrno>
+
+namespace zuhost {
+
+namespace {
+
+struct Translation {
+    int systemError;
+    DWORD lastError;
+    int cause;
+};
+
+constexpr std::array<Translation, 16> kTranslations{{
+    {0, ERROR_SUCCESS, CFileException::none},
+    {ENOENT, ERROR_FILE_NOT_FOUND, CFileException::fileNotFound},
+    {ENOTDIR, ERROR_PATH_NOT_FOUND, CFileException::badPath},
+    {ENAMETOOLONG, ERROR_PATH_NOT_FOUND, CFileException::badPath},
+    {ELOOP, ERROR_PATH_NOT_FOUND, CFileException::badPath},
+    {EMFILE, ERROR_TOO_MANY_OPEN_FILES, CFileException::tooManyOpenFiles},
+    {ENFILE, ERROR_TOO_MANY_OPEN_FILES, CFileException::tooManyOpenFiles},
+    {EACCES, ERROR_ACCESS_DENIED, CFileException::accessDenied},
+    {EPERM, ERROR_ACCESS_DENIED, CFileException::accessDenied},
+    {EROFS, ERROR_ACCESS_DENIED, CFileException::accessDenied},
+    {EISDIR, ERROR_ACCESS_DENIED, CFileException::accessDenied},
+    {EBADF, ERROR_INVALID_HANDLE, CFileException::invalidFile},
+    {EEXIST, ERROR_FILE_EXISTS, CFileException::accessDenied},
+    {ENOSPC, ERROR_DISK_FULL, CFileException::diskFull},
+    {EDQUOT, ERROR_DISK_FULL, CFileException::diskFull},
+    {EILSEQ, ERROR_NO_UNICODE_TRANSLATION, CFileException::genericException},
+}};
+
+constexpr Translation kUnknown{EIO, ERROR_WRITE_FAULT, CFileException::hardIO};
+
+const Translation& translation(int systemError) {
+    for (const Translation& t : kTranslations)
+        if (t.systemError == systemError)
+            return t;
+    return kUnknown;
+}
+
+} // namespace
+
+DWORD lastErrorOf(int systemError) {
+    return translation(systemError).lastError;
+}
+
+int fileExceptionCauseOf(int systemError) {
+    return translation(systemError).cause;
+}
+
+} // namespace zuhost
