@@ -1,0 +1,150 @@
+#include "record_reader.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace zuhost::dxf {
+
+namespace {
+
+constexpr int kEscape = 255;
+
+unsigned byteAt(std::string_view bytes, std::size_t at) {
+    return static_cast<unsigned char>(bytes[at]);
+}
+
+/// The first record is (0, "SECTION") or a comment (999). In words the byte after the code's first is its
+/// high half.
+CodeForm findForm(std::string_view bytes, std::size_t at) {
+    if (bytes.size() < at + 2)
+        return CodeForm::words;
+    const unsigned first = byteAt(bytes, at);
+    const unsigned second = byteAt(bytes, at + 1);
+    const bool words = (first == 0 && second == 0) || (first == 0xE7 && second == 0x03);
+    return words ? CodeForm::words : CodeForm::bytes;
+}
+
+/// 280-289 included: stored in two bytes.
+ValueType strictType(int code) {
+    const auto in = [code](int first, int last) { return code >= first && code <= last; };
+    if (code == 1004)
+        return ValueType::chunk;
+    if (in(0, 9) || code == 100 || code == 102 || code == 105 || in(300, 369) || in(1000, 1009))
+        return ValueType::text;
+    if (in(10, 59) || in(140, 147) || in(210, 239) || in(1010, 1059))
+        return ValueType::real;
+    if (in(60, 79) || in(170, 209) || in(240, 299) || in(1060, 1070))
+        return ValueType::int16;
+    if (in(90, 99) || code == 1071)
+        return ValueType::int32;
+    return ValueType::none;
+}
+
+std::size_t fixedSize(ValueType type) {
+    switch (type) {
+    case ValueType::real:
+    case ValueType::int64:
+        return 8;
+    case ValueType::int32:
+        return 4;
+    case ValueType::int16:
+        return 2;
+    case ValueType::boolean:
+        return 1;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+BinaryReader::BinaryReader(std::string_view bytes, CodeTable table) : bytes_(bytes), table_(table) {
+    if (isBinaryDrawing(bytes_))
+        at_ = std::min(kBinarySentinel.size(), bytes_.size());
+    form_ = findForm(bytes_, at_);
+}
+
+ReadResult BinaryReader::fail(std::size_t offset, std::string_view problem) {
+    error_ = {offset, 0, problem};
+    at_ = bytes_.size();
+    return ReadResult::error;
+}
+
+bool BinaryReader::takeCode(int& code) {
+    const std::size_t left = bytes_.size() - at_;
+    if (form_ == CodeForm::bytes && left >= 1 && byteAt(bytes_, at_) != kEscape) {
+        code = static_cast<int>(byteAt(bytes_, at_++));
+        return true;
+    }
+    if (form_ == CodeForm::bytes)
+        ++at_;
+    if (bytes_.size() < at_ + 2)
+        return false;
+    code = static_cast<int>(byteAt(bytes_, at_) | (byteAt(bytes_, at_ + 1) << 8U));
+    at_ += 2;
+    return true;
+}
+
+ValueType BinaryReader::typeOf(int code) const {
+    return table_ == CodeTable::strict ? strictType(code) : valueType(code);
+}
+
+ReadResult BinaryReader::takeValue(ValueType type, Record& record) {
+    std::size_t size = fixedSize(type);
+    std::size_t terminator = 0;
+    if (type == ValueType::none)
+        return fail(record.offset, "the group code is not known");
+    if (type == ValueType::chunk) {
+        if (at_ >= bytes_.size())
+            return fail(record.offset, "the file ends within a value");
+        size = byteAt(bytes_, at_++);
+    } else if (size == 0) {
+        const std::size_t zero = bytes_.find('\0', at_);
+        if (zero == std::string_view::npos)
+            return fail(record.offset, "the file ends within a text");
+        size = zero - at_;
+        terminator = 1;
+    }
+    if (bytes_.size() - at_ < size)
+        return fail(record.offset, "the file ends within a value");
+    record.value = bytes_.substr(at_, size);
+    at_ += size + terminator;
+    record.end = at_;
+    return ReadResult::record;
+}
+
+ReadResult BinaryReader::next(Record& record) {
+    if (at_ >= bytes_.size())
+        return ReadResult::end;
+    Record read;
+    read.offset = at_;
+    if (!takeCode(read.code))
+        return fail(read.offset, "the file ends within a group code");
+    const ReadResult result = takeValue(typeOf(read.code), read);
+    if (result == ReadResult::record)
+        record = read;
+    return result;
+}
+
+double binaryReal(std::string_view value) {
+    std::uint64_t bits = 0;
+    for (std::size_t i = value.size(); i-- > 0;)
+        bits = (bits << 8U) | byteAt(value, i);
+    return std::bit_cast<double>(bits);
+}
+
+std::int64_t binaryInteger(std::string_view value) {
+    std::uint64_t bits = 0;
+    for (std::size_t i = value.size(); i-- > 0;)
+        bits = (bits << 8U) | byteAt(value, i);
+    switch (value.size()) {
+    case 2:
+        return static_cast<std::int16_t>(bits);
+    case 4:
+        return static_cast<std::int32_t>(bits);
+    default:
+        return static_cast<std::int64_t>(bits);
+    }
+}
+
+} // namespace zuhost::dxf

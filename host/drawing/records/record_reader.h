@@ -1,0 +1,101 @@
+#pragma once
+
+#include "value_type.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zuhost::dxf {
+
+/// One record of a drawing where it lies in memory.
+struct Record {
+    int code = 0;
+    std::string_view value; ///< ASCII: the line without its end. Binary: the value's own bytes (text without
+                            ///< its zero, a chunk without its length).
+    std::size_t offset = 0; ///< First byte of the record.
+    std::size_t end = 0;    ///< First byte after it.
+    std::uint64_t line = 0; ///< Of the group code, from 1; 0 in binary drawings.
+};
+
+/// Where and why reading stopped.
+struct RecordError {
+    std::size_t offset = 0;
+    std::uint64_t line = 0;   ///< From 1; 0 in binary drawings.
+    std::string_view problem; ///< A constant text.
+};
+
+enum class ReadResult { record, end, error };
+
+/// The records of an ASCII drawing in memory, one after the other. Lines end at LF or CR LF, in files without
+/// any LF at CR. A byte-order mark is passed over. Nothing is copied.
+class AsciiReader {
+public:
+    explicit AsciiReader(std::string_view bytes);
+
+    /// `record` is set only when the result says so.
+    ReadResult next(Record& record);
+    [[nodiscard]] const RecordError& error() const { return error_; }
+
+private:
+    bool takeLine(std::string_view& line);
+    ReadResult fail(std::size_t offset, std::uint64_t line, std::string_view problem);
+
+    std::string_view bytes_;
+    std::size_t at_ = 0;
+    std::uint64_t line_ = 0;
+    char lineEnd_ = '\n';
+    RecordError error_;
+};
+
+/// How the group codes of a binary drawing are stored.
+enum class CodeForm {
+    words, ///< Two bytes.
+    bytes  ///< One byte, 255 announcing two more (before R13).
+};
+
+/// Which group codes a binary reader knows.
+enum class CodeTable {
+    complete, ///< Those of the format.
+    strict ///< Those of early part drawings only; any other code is an error. 280-289 are two bytes in both.
+};
+
+/// The records of a binary drawing in memory.
+class BinaryReader {
+public:
+    /// Bytes with or without the sentinel; the form of group codes is found out from the first record.
+    explicit BinaryReader(std::string_view bytes, CodeTable table = CodeTable::complete);
+
+    ReadResult next(Record& record);
+    [[nodiscard]] const RecordError& error() const { return error_; }
+    [[nodiscard]] CodeForm codeForm() const { return form_; }
+
+private:
+    bool takeCode(int& code);
+    [[nodiscard]] ValueType typeOf(int code) const;
+    ReadResult takeValue(ValueType type, Record& record);
+    ReadResult fail(std::size_t offset, std::string_view problem);
+
+    std::string_view bytes_;
+    std::size_t at_ = 0;
+    CodeForm form_ = CodeForm::words;
+    CodeTable table_;
+    RecordError error_;
+};
+
+/// The 22 bytes with which a binary drawing begins.
+inline constexpr std::string_view kBinarySentinel("AutoCAD Binary DXF\r\n\x1a\0", 22);
+
+/// Decides by the first 18 bytes alone.
+[[nodiscard]] inline bool isBinaryDrawing(std::string_view bytes) {
+    return bytes.starts_with(kBinarySentinel.substr(0, 18));
+}
+
+// ---- values of binary records
+
+[[nodiscard]] double binaryReal(std::string_view value);
+/// The two's complement number of 1, 2, 4 or 8 bytes (one byte: without sign).
+[[nodiscard]] std::int64_t binaryInteger(std::string_view value);
+
+} // namespace zuhost::dxf
