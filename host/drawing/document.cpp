@@ -1,0 +1,166 @@
+#include "document.h"
+
+#include "drawing_state.h"
+#include "empty_drawing.h"
+#include "new_records.h"
+#include "scanner.h"
+#include "tag_extraction.h"
+
+#include <algorithm>
+
+namespace zuhost {
+namespace {
+
+std::uint64_t lastOffset(const DrawingState& state) {
+    return state.content.end;
+}
+
+/// Where a section of the kind begins, or would have to.
+std::uint64_t placeForSection(const DrawingState& state, Container::Kind kind) {
+    using Kind = Container::Kind;
+    for (const Kind later : {Kind::table, Kind::block, Kind::entities, Kind::objects}) {
+        const SectionFrame* frame = later > kind ? state.section(sectionName(later)) : nullptr;
+        if (frame)
+            return frame->span.begin;
+    }
+    return state.eof;
+}
+
+/// Where new containers of the kind are written: before the end of their section, or where it is made.
+std::uint64_t placeForContainer(const DrawingState& state, Container::Kind kind) {
+    const SectionFrame* frame = state.section(sectionName(kind));
+    return frame ? frame->span.end : placeForSection(state, kind);
+}
+
+Container& insertContainer(DrawingState& state, Container container) {
+    container.created = true;
+    container.end = placeForContainer(state, container.kind);
+    // From the end, where new blocks, the most frequent case, belong.
+    const auto after =
+        std::find_if(state.containers.rbegin(), state.containers.rend(), [&](const Container& c) {
+            return c.end < container.end || (c.end == container.end && c.kind <= container.kind);
+        });
+    return *state.containers.insert(after.base(), std::move(container));
+}
+
+AcDbStub* newStub(DrawingState& state, std::string_view typeName, AcDbStub* owner) {
+    AcDbStub& stub = state.stubs.emplace_back();
+    stub.handle = state.handles.takeNext();
+    stub.database = state.database;
+    stub.owner = owner;
+    stub.type = state.types.number(typeName).value_or(0);
+    stub.changed = true;
+    stub.handleIsOurs = !state.writesHandles;
+    state.handles.add(stub);
+    return &stub;
+}
+
+} // namespace
+
+Document::Document(std::unique_ptr<DrawingState> state) : state_(std::move(state)) {}
+
+Document::~Document() = default;
+
+Document::OpenResult Document::open(std::string bytes, const std::wstring& file, AcDbDatabase* database) {
+    auto state = std::make_unique<DrawingState>();
+    state->bytes = std::move(bytes);
+    state->file = file;
+    state->database = database;
+    if (auto error = scanDrawing(*state))
+        return std::move(*error);
+    return std::unique_ptr<Document>(new Document(std::move(state)));
+}
+
+std::unique_ptr<Document> Document::createEmpty(AcDbDatabase* database) {
+    auto result = open(emptyDrawing(), {}, database);
+    return std::move(std::get<std::unique_ptr<Document>>(result));
+}
+
+DrawingForm Document::form() const {
+    return state_->style.form;
+}
+
+int Document::version() const {
+    return state_->version;
+}
+
+std::wstring Document::decode(std::string_view value) const {
+    return state_->encoding.decode(value);
+}
+
+std::string Document::encode(std::wstring_view text) const {
+    return state_->encoding.encode(text);
+}
+
+const std::vector<DocumentError>& Document::warnings() const {
+    return state_->warnings;
+}
+
+const std::string& Document::typeName(const AcDbStub& stub) const {
+    return state_->types.name(stub.type);
+}
+
+AcDbStub* Document::find(std::uint64_t handle) const {
+    return state_->handles.find(handle);
+}
+
+TagList Document::tags(const AcDbStub& stub) const {
+    return stub.length != 0 ? bufferTags(*state_, stub)
+                            : firstRecords(*state_, stub, framedBy(*state_, stub));
+}
+
+int Document::handleCode(const AcDbStub& stub) const {
+    return zuhost::handleCode(*state_, stub);
+}
+
+std::list<Container>& Document::containers() {
+    return state_->containers;
+}
+
+const std::list<Container>& Document::containers() const {
+    return state_->containers;
+}
+
+std::size_t Document::objectCount() const {
+    return state_->stubs.size();
+}
+
+Container& Document::container(Container::Kind kind, std::string_view name) {
+    for (Container& known : state_->containers)
+        if (known.kind == kind && known.name == name)
+            return known;
+    if (kind == Container::Kind::block)
+        return appendBlock(std::string(name), nullptr);
+    Container made;
+    made.kind = kind;
+    made.name = name;
+    if (kind == Container::Kind::table)
+        made.head = newStub(*state_, "TABLE", nullptr);
+    return insertContainer(*state_, std::move(made));
+}
+
+AcDbStub* Document::append(Container& container, std::string_view typeName, AcDbStub* owner) {
+    AcDbStub* stub = newStub(*state_, typeName, owner);
+    container.members.push_back(stub);
+    return stub;
+}
+
+Container& Document::appendBlock(std::string name, AcDbStub* owner) {
+    Container block;
+    block.kind = Container::Kind::block;
+    block.name = std::move(name);
+    block.head = newStub(*state_, "BLOCK", owner);
+    block.tail = newStub(*state_, "ENDBLK", owner);
+    return insertContainer(*state_, std::move(block));
+}
+
+const TagList& Document::header() const {
+    return state_->header;
+}
+
+void Document::setHeader(TagList header) {
+    state_->header = std::move(header);
+    state_->headerChanged = true;
+}
+
+} // namespace zuhost

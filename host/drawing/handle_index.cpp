@@ -1,0 +1,74 @@
+#include "handle_index.h"
+
+#include <algorithm>
+
+namespace zuhost {
+namespace {
+
+constexpr auto byHandle = [](const auto& a, const auto& b) { return a.handle < b.handle; };
+
+} // namespace
+
+void HandleIndex::sort() {
+    if (!std::is_sorted(entries_.begin(), entries_.end(), byHandle))
+        std::sort(entries_.begin(), entries_.end(), byHandle);
+}
+
+const AcDbStub* HandleIndex::build(std::deque<AcDbStub>& stubs) {
+    entries_.clear();
+    entries_.reserve(stubs.size());
+    for (AcDbStub& stub : stubs)
+        if (stub.handle != 0)
+            entries_.push_back({stub.handle, &stub});
+    sort();
+
+    const AcDbStub* repeated = nullptr;
+    for (std::size_t i = 1; i < entries_.size(); ++i) {
+        if (entries_[i].handle != entries_[i - 1].handle)
+            continue;
+        // Sorting may have swapped the two.
+        const AcDbStub* later = std::max(entries_[i].stub, entries_[i - 1].stub,
+                                         [](auto* a, auto* b) { return a->offset < b->offset; });
+        if (!repeated || later->offset < repeated->offset)
+            repeated = later;
+    }
+    if (!entries_.empty())
+        raiseNext(entries_.back().handle + 1);
+    return repeated;
+}
+
+void HandleIndex::completeHandles(std::deque<AcDbStub>& stubs) {
+    std::vector<Entry> completed;
+    for (AcDbStub& stub : stubs) {
+        if (stub.handle != 0)
+            continue;
+        stub.handle = takeNext();
+        stub.handleIsOurs = true;
+        completed.push_back({stub.handle, &stub});
+    }
+    entries_.insert(entries_.end(), completed.begin(), completed.end());
+    sort();
+}
+
+AcDbStub* HandleIndex::find(std::uint64_t handle) const {
+    const auto at = std::lower_bound(entries_.begin(), entries_.end(), Entry{handle, nullptr}, byHandle);
+    return at != entries_.end() && at->handle == handle ? at->stub : nullptr;
+}
+
+void HandleIndex::add(AcDbStub& stub) {
+    const Entry entry{stub.handle, &stub};
+    entries_.insert(std::upper_bound(entries_.begin(), entries_.end(), entry, byHandle), entry);
+}
+
+std::uint64_t HandleIndex::takeNext() {
+    // Only a drawing that uses the very last handle makes this start again below.
+    while (next_ == 0 || find(next_))
+        ++next_;
+    return next_++;
+}
+
+void HandleIndex::raiseNext(std::uint64_t handle) {
+    next_ = handle == 0 ? 1 : std::max(next_, handle);
+}
+
+} // namespace zuhost

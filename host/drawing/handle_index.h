@@ -1,0 +1,43 @@
+#pragma once
+
+#include "stub.h"
+
+#include <cstdint>
+#include <deque>
+#include <vector>
+
+namespace zuhost {
+
+/// The objects of a drawing by handle, as one sorted array: handles rise in nearly every file, so that
+/// sorting costs little, nothing depends on how they are spread, and an entry takes 16 bytes.
+class HandleIndex {
+public:
+    /// Takes in all stubs that have a handle. Null when no handle occurs twice, else the first stub, in file
+    /// order, whose handle was given before.
+    const AcDbStub* build(std::deque<AcDbStub>& stubs);
+
+    /// Gives each stub without a handle one of ours, above all others.
+    void completeHandles(std::deque<AcDbStub>& stubs);
+
+    [[nodiscard]] AcDbStub* find(std::uint64_t handle) const;
+    void add(AcDbStub& stub);
+
+    /// Hands out a handle that nobody has.
+    std::uint64_t takeNext();
+    /// Handles handed out from now on are at least this.
+    void raiseNext(std::uint64_t handle);
+    [[nodiscard]] std::uint64_t next() const { return next_; }
+
+private:
+    struct Entry {
+        std::uint64_t handle;
+        AcDbStub* stub;
+    };
+
+    void sort();
+
+    std::vector<Entry> entries_;
+    std::uint64_t next_ = 1;
+};
+
+} // namespace zuhost

@@ -1,0 +1,66 @@
+#include "record_output.h"
+
+#include "record_source.h"
+
+namespace zuhost {
+namespace {
+
+constexpr std::size_t gatheredBytes = 1 << 18;
+
+} // namespace
+
+RecordOutput::RecordOutput(const DrawingState& state, const RecordStyle& style, ByteSink sink)
+    : state_(state), sameForm_(style.form == state.style.form), speller_(style), sink_(std::move(sink)) {}
+
+void RecordOutput::copy(Span span) {
+    if (sameForm_)
+        raw(std::string_view(state_.bytes).substr(span.begin, span.end - span.begin));
+    else
+        convert(span);
+}
+
+void RecordOutput::convert(Span span) {
+    const auto source = openSource(state_, span);
+    std::string scratch;
+    for (Record next; fault_.empty() && source->next(next) == RecordSource::Result::record;)
+        record(next.code, source->value(next, scratch));
+}
+
+void RecordOutput::record(int code, std::string_view value) {
+    if (!fault_.empty())
+        return;
+    if (!speller_.append(pending_, code, value)) {
+        constexpr std::size_t longest = 40;
+        const std::string_view shown = value.substr(0, longest);
+        fault_ = L"the form cannot hold the value \"" + std::wstring(shown.begin(), shown.end()) +
+                 L"\" of group code " + std::to_wstring(code);
+    }
+    if (pending_.size() >= gatheredBytes)
+        flush();
+}
+
+void RecordOutput::records(const TagList& tags) {
+    for (const Tag& tag : tags)
+        record(tag.code, tag.value);
+}
+
+void RecordOutput::raw(std::string_view bytes) {
+    if (pending_.size() + bytes.size() >= gatheredBytes) {
+        flush();
+        sink_(bytes);
+    } else {
+        pending_ += bytes;
+    }
+}
+
+void RecordOutput::finish() {
+    flush();
+}
+
+void RecordOutput::flush() {
+    if (!pending_.empty())
+        sink_(pending_);
+    pending_.clear();
+}
+
+} // namespace zuhost

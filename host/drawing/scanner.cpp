@@ -1,0 +1,131 @@
+#include "scanner.h"
+
+#include "binary_source.h"
+#include "number_text.h"
+#include "structure_scanner.h"
+#include "tag_extraction.h"
+
+#include <algorithm>
+
+namespace zuhost {
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr int firstVersionWithHandles = 1012;
+
+/// How an ASCII file ends its lines and pads its group codes, seen at its first record.
+void noteAsciiStyle(DrawingState& state, std::string_view records) {
+    const std::size_t newline = records.find('\n');
+    const std::size_t carriageReturn = records.find('\r');
+    if (newline == std::string_view::npos)
+        state.style.lineEnd = carriageReturn == std::string_view::npos ? "\n" : "\r";
+    else
+        state.style.lineEnd = carriageReturn + 1 == newline ? "\r\n" : "\n";
+    const std::size_t digits = records.find_first_not_of(' ');
+    const std::size_t end = records.find_first_of(" \r\n", digits);
+    if (digits != std::string_view::npos && end != std::string_view::npos)
+        state.style.codeWidth = digits == 0 && end < 3 ? 1 : end;
+}
+
+/// Sets the form of the file and where its records begin.
+void noteStyle(DrawingState& state) {
+    const std::string_view bytes = state.bytes;
+    if (bytes.starts_with(binarySentinel)) {
+        state.style.form = DrawingForm::binary;
+        state.content.begin = binarySentinel.size();
+        const std::string_view records = bytes.substr(binarySentinel.size());
+        // Two bytes of code 0 are followed by a letter, one is followed by it at once.
+        const bool longCode = records.starts_with('\xFF');
+        state.style.byteCodes = longCode || (records.size() > 1 && records[0] == '\0' && records[1] != '\0');
+        return;
+    }
+    state.content.begin = bytes.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    noteAsciiStyle(state, bytes.substr(state.content.begin));
+}
+
+DocumentError errorAt(const DrawingState& state, std::uint64_t offset, std::wstring problem) {
+    DocumentError error;
+    error.file = state.file;
+    error.offset = offset;
+    error.problem = std::move(problem);
+    if (state.style.form == DrawingForm::ascii) {
+        const auto stop = state.bytes.begin() +
+                          static_cast<std::ptrdiff_t>(std::min<std::uint64_t>(offset, state.bytes.size()));
+        error.line =
+            1 + static_cast<std::uint64_t>(std::count(state.bytes.begin(), stop, state.style.lineEnd.back()));
+    }
+    return error;
+}
+
+/// The value of a header variable, of the code.
+std::string_view variable(const TagList& header, std::string_view name, int code) {
+    for (std::size_t i = 0; i + 1 < header.size(); ++i)
+        if (header[i].code == 9 && header[i].value == name && header[i + 1].code == code)
+            return header[i + 1].value;
+    return {};
+}
+
+void readHeader(DrawingState& state) {
+    if (!state.section("HEADER")) {
+        const std::uint64_t start = state.sections.empty() ? state.eof : state.sections.front().span.begin;
+        state.headerSpan = {start, start};
+    }
+    state.header = bufferTags(state, state.headerSpan);
+    const std::string_view version = variable(state.header, "$ACADVER", 1);
+    if (version.starts_with("AC"))
+        state.version = static_cast<int>(
+            std::clamp<std::int64_t>(parseInteger(version.substr(2)).value_or(state.version), 0, 9999));
+    const std::string_view codePage = variable(state.header, "$DWGCODEPAGE", 3);
+    bool known = true;
+    state.encoding = TextEncoding::of(state.version, codePage, known);
+    if (!known)
+        state.warnings.push_back(errorAt(state, state.headerSpan.begin,
+                                         L"unknown code page \"" +
+                                             std::wstring(codePage.begin(), codePage.end()) +
+                                             L"\", read as code page 932"));
+}
+
+/// Checks and completes the handles; nullopt when they are unique.
+std::optional<DocumentError> readHandles(DrawingState& state) {
+    if (const AcDbStub* repeated = state.handles.build(state.stubs)) {
+        const std::string handle = formatHandle(repeated->handle);
+        return errorAt(state, repeated->offset,
+                       L"handle " + std::wstring(handle.begin(), handle.end()) + L" occurs a second time");
+    }
+    if (const auto seed = parseHandle(variable(state.header, "$HANDSEED", 5)))
+        state.handles.raiseNext(*seed);
+    state.writesHandles = state.version >= firstVersionWithHandles ||
+                          std::any_of(state.stubs.begin(), state.stubs.end(),
+                                      [](const AcDbStub& stub) { return stub.handle != 0; });
+    state.handles.completeHandles(state.stubs);
+    return std::nullopt;
+}
+
+/// Blank lines may follow the EOF record, and the end mark of old systems.
+std::optional<DocumentError> checkRest(const DrawingState& state) {
+    const std::size_t more =
+        state.bytes.find_first_not_of(std::string_view("\r\n \t\x1A\0", 6), state.content.end);
+    if (more == std::string::npos)
+        return std::nullopt;
+    return errorAt(state, more, L"data behind the EOF record");
+}
+
+} // namespace
+
+std::optional<DocumentError> scanDrawing(DrawingState& state) {
+    noteStyle(state);
+    const auto source = openSource(state, {state.content.begin, state.bytes.size()});
+    StructureScanner scanner(state, *source);
+    if (!scanner.run())
+        return errorAt(state, scanner.faultOffset(), scanner.fault());
+    if (auto error = checkRest(state))
+        return error;
+    state.stubsOfFile = state.stubs.size();
+    readHeader(state);
+    if (auto error = readHandles(state))
+        return error;
+    resolveOwners(state, scanner.ownerHints());
+    return std::nullopt;
+}
+
+} // namespace zuhost
