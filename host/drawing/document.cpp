@@ -11,10 +11,6 @@
 namespace zuhost {
 namespace {
 
-std::uint64_t lastOffset(const DrawingState& state) {
-    return state.content.end;
-}
-
 /// Where a section of the kind begins, or would have to.
 std::uint64_t placeForSection(const DrawingState& state, Container::Kind kind) {
     using Kind = Container::Kind;

@@ -2,10 +2,10 @@
 
 #include "document.h"
 
-#include "binary_source.h"
 #include "drawing_state.h"
 #include "drawing_writer.h"
 #include "record_output.h"
+#include "records/record_reader.h"
 
 #include "zuhost/atomic_file.h"
 #include "zuhost/paths.h"
@@ -44,7 +44,7 @@ std::wstring write(const DrawingState& state, DrawingForm form, const Document::
     RecordOutput output(state, styleFor(state, form), std::move(sink));
     const bool sameForm = form == state.style.form;
     if (!sameForm && form == DrawingForm::binary)
-        output.raw(binarySentinel);
+        output.raw(dxf::kBinarySentinel);
     DrawingWriter(state, tags, output).run(sameForm ? Span{0, state.bytes.size()} : state.content);
     output.finish();
     return output.fault();

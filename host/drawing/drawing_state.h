@@ -1,9 +1,9 @@
 #pragma once
 
 #include "document.h"
+#include "drawing_text.h"
 #include "handle_index.h"
 #include "record_style.h"
-#include "text_encoding.h"
 #include "type_names.h"
 
 #include <deque>
@@ -32,7 +32,7 @@ struct DrawingState {
     Span content;          ///< From the first record to the end of the EOF record.
     std::uint64_t eof = 0; ///< Where the EOF record begins.
     int version = 1009;    ///< Number of $ACADVER.
-    TextEncoding encoding;
+    DrawingText encoding;
     std::vector<DocumentError> warnings;
 
     TypeNames types;

@@ -2,6 +2,7 @@
 
 #include "new_records.h"
 #include "number_text.h"
+#include "tag_extraction.h"
 
 #include <algorithm>
 

@@ -20,10 +20,10 @@ void RecordOutput::copy(Span span) {
 }
 
 void RecordOutput::convert(Span span) {
-    const auto source = openSource(state_, span);
+    RecordSource source(state_, span);
     std::string scratch;
-    for (Record next; fault_.empty() && source->next(next) == RecordSource::Result::record;)
-        record(next.code, source->value(next, scratch));
+    for (dxf::Record next; fault_.empty() && source.next(next) == dxf::ReadResult::record;)
+        record(next.code, source.value(next, scratch));
 }
 
 void RecordOutput::record(int code, std::string_view value) {

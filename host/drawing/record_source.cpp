@@ -1,14 +1,105 @@
 #include "record_source.h"
 
-#include "ascii_source.h"
-#include "binary_source.h"
+#include "number_text.h"
+#include "value_check.h"
 
 namespace zuhost {
+namespace {
 
-std::unique_ptr<RecordSource> openSource(const DrawingState& state, Span span) {
-    if (state.style.form == DrawingForm::binary)
-        return std::make_unique<BinarySource>(state.bytes, span, state.style.byteCodes);
-    return std::make_unique<AsciiSource>(state.bytes, span, state.style.lineEnd.back());
+using dxf::ReadResult;
+using dxf::ValueType;
+
+std::variant<dxf::AsciiReader, dxf::BinaryReader> makeReader(const DrawingState& state, Span span) {
+    const std::string_view bytes = std::string_view(state.bytes).substr(span.begin, span.end - span.begin);
+    if (state.style.form == DrawingForm::ascii)
+        return dxf::AsciiReader(bytes);
+    return dxf::BinaryReader(bytes, state.style.byteCodes ? dxf::CodeForm::bytes : dxf::CodeForm::words);
+}
+
+std::wstring widened(std::string_view text) {
+    return {text.begin(), text.end()};
+}
+
+std::string hexadecimal(std::string_view bytes) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    text.reserve(bytes.size() * 2);
+    for (const char c : bytes) {
+        text += digits[static_cast<unsigned char>(c) >> 4U];
+        text += digits[static_cast<unsigned char>(c) & 0xFU];
+    }
+    return text;
+}
+
+} // namespace
+
+RecordSource::RecordSource(const DrawingState& state, Span span)
+    : reader_(makeReader(state, span)), buffer_(state.bytes.data()), start_(span.begin) {}
+
+ReadResult RecordSource::next(dxf::Record& record) {
+    if (auto* ascii = std::get_if<dxf::AsciiReader>(&reader_)) {
+        const ReadResult result = ascii->next(record);
+        if (result == ReadResult::record)
+            return isReadable(record.code, record.value) ? moved(record) : failAtValue(record);
+        return result == ReadResult::end ? result : failAtReader(ascii->error());
+    }
+    auto& binary = std::get<dxf::BinaryReader>(reader_);
+    const ReadResult result = binary.next(record);
+    if (result == ReadResult::record) {
+        const bool text = dxf::valueType(record.code) == ValueType::handle;
+        return !text || isReadable(record.code, record.value) ? moved(record) : failAtValue(record);
+    }
+    return result == ReadResult::end ? result : failAtReader(binary.error());
+}
+
+/// From the stretch into the buffer.
+ReadResult RecordSource::moved(dxf::Record& record) const {
+    record.offset += start_;
+    record.end += start_;
+    return ReadResult::record;
+}
+
+ReadResult RecordSource::failAtReader(const dxf::RecordError& error) {
+    faultOffset_ = start_ + error.offset;
+    fault_ = widened(error.problem);
+    return ReadResult::error;
+}
+
+ReadResult RecordSource::failAtValue(const dxf::Record& record) {
+    const bool ascii = std::holds_alternative<dxf::AsciiReader>(reader_);
+    faultOffset_ = ascii ? static_cast<std::uint64_t>(record.value.data() - buffer_) : start_ + record.offset;
+    fault_ = L"group code " + std::to_wstring(record.code) + L": " + quoted(record.value) + L" is not " +
+             valueName(record.code);
+    return ReadResult::error;
+}
+
+std::string_view RecordSource::value(const dxf::Record& record, std::string& scratch) const {
+    if (std::holds_alternative<dxf::AsciiReader>(reader_))
+        return record.value;
+    switch (dxf::valueType(record.code)) {
+    case ValueType::real:
+        return scratch = formatReal(dxf::binaryReal(record.value));
+    case ValueType::int16:
+    case ValueType::int32:
+    case ValueType::int64:
+    case ValueType::boolean:
+        return scratch = std::to_string(dxf::binaryInteger(record.value));
+    case ValueType::chunk:
+        return scratch = hexadecimal(record.value);
+    case ValueType::text:
+    case ValueType::handle:
+    case ValueType::none:
+        break;
+    }
+    return record.value;
+}
+
+std::wstring quoted(std::string_view text) {
+    constexpr std::size_t longest = 40;
+    std::wstring result = L"\"";
+    for (const char c : text.substr(0, longest))
+        result += c >= 0x20 && c < 0x7F ? static_cast<wchar_t>(c) : L'?';
+    return result + (text.size() > longest ? L"...\"" : L"\"");
 }
 
 } // namespace zuhost

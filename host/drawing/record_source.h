@@ -1,41 +1,38 @@
 #pragma once
 
 #include "drawing_state.h"
-
-#include <string_view>
+#include "records/record_reader.h"
 
 namespace zuhost {
 
-/// One record of the buffer.
-struct Record {
-    int code = 0;
-    std::string_view text; ///< Of texts: their characters. Of other values: as the form holds them.
-    std::uint64_t begin = 0;
-    std::uint64_t end = 0;
-};
-
-/// Reads the records of a buffer one after the other and checks that each can be read: the group code, and
-/// the value by the kind that the code says.
+/// Reads the records of a stretch of a drawing's buffer, in either form, and checks their values. Offsets are
+/// those of the buffer.
 class RecordSource {
 public:
-    enum class Result { record, end, fault };
+    RecordSource(const DrawingState& state, Span span);
 
-    RecordSource() = default;
-    virtual ~RecordSource() = default;
-    RecordSource(const RecordSource&) = delete;
-    RecordSource& operator=(const RecordSource&) = delete;
+    dxf::ReadResult next(dxf::Record& record);
 
-    virtual Result next(Record& record) = 0;
-
-    /// After a fault: where and what.
-    [[nodiscard]] virtual std::uint64_t faultOffset() const = 0;
-    [[nodiscard]] virtual std::wstring fault() const = 0;
+    /// After an error: where and what.
+    [[nodiscard]] std::uint64_t faultOffset() const { return faultOffset_; }
+    [[nodiscard]] const std::wstring& fault() const { return fault_; }
 
     /// The value of a record as a TagList holds it; `scratch` keeps what is not in the buffer as text.
-    virtual std::string_view value(const Record& record, std::string& scratch) const = 0;
+    std::string_view value(const dxf::Record& record, std::string& scratch) const;
+
+private:
+    dxf::ReadResult moved(dxf::Record& record) const;
+    dxf::ReadResult failAtReader(const dxf::RecordError& error);
+    dxf::ReadResult failAtValue(const dxf::Record& record);
+
+    std::variant<dxf::AsciiReader, dxf::BinaryReader> reader_;
+    const char* buffer_;
+    std::uint64_t start_;
+    std::uint64_t faultOffset_ = 0;
+    std::wstring fault_;
 };
 
-/// A source of the records of a span, as the state's style spells them.
-[[nodiscard]] std::unique_ptr<RecordSource> openSource(const DrawingState& state, Span span);
+/// Text of the file within a message: cut short, and without what is beyond ASCII.
+[[nodiscard]] std::wstring quoted(std::string_view text);
 
 } // namespace zuhost

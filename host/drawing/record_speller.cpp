@@ -1,7 +1,7 @@
 #include "record_speller.h"
 
 #include "number_text.h"
-#include "value_kind.h"
+#include "records/value_type.h"
 
 #include <array>
 #include <bit>
@@ -60,23 +60,23 @@ bool appendChunk(std::string& bytes, std::string_view digits) {
 }
 
 bool appendBinaryValue(std::string& bytes, int code, std::string_view value) {
-    switch (valueKind(code)) {
-    case ValueKind::real:
+    switch (dxf::valueType(code)) {
+    case dxf::ValueType::real:
         return appendReal(bytes, value);
-    case ValueKind::int64:
+    case dxf::ValueType::int64:
         return appendInteger<std::int64_t>(bytes, value);
-    case ValueKind::int32:
+    case dxf::ValueType::int32:
         return appendInteger<std::int32_t>(bytes, value);
-    case ValueKind::int16:
+    case dxf::ValueType::int16:
         return appendInteger<std::int16_t>(bytes, value);
-    case ValueKind::boolean:
+    case dxf::ValueType::boolean:
         return appendInteger<std::uint8_t>(bytes, value);
-    case ValueKind::chunk:
+    case dxf::ValueType::chunk:
         return appendChunk(bytes, value);
-    case ValueKind::text:
-    case ValueKind::handle:
+    case dxf::ValueType::text:
+    case dxf::ValueType::handle:
         return appendText(bytes, value);
-    case ValueKind::unknown:
+    case dxf::ValueType::none:
         break;
     }
     return false;
@@ -121,7 +121,7 @@ bool RecordSpeller::appendBinary(std::string& bytes, int code, std::string_view 
 
 bool RecordSpeller::appendBinaryCode(std::string& bytes, int code) const {
     constexpr int longCode = 255;
-    if (code < 0 || code > lastGroupCode)
+    if (code < 0 || code > dxf::kLargestKnownCode)
         return false;
     if (style_.byteCodes && code >= longCode)
         bytes += static_cast<char>(longCode);

@@ -1,6 +1,5 @@
 #include "scanner.h"
 
-#include "binary_source.h"
 #include "number_text.h"
 #include "structure_scanner.h"
 #include "tag_extraction.h"
@@ -13,14 +12,17 @@ namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr int firstVersionWithHandles = 1012;
 
-/// How an ASCII file ends its lines and pads its group codes, seen at its first record.
-void noteAsciiStyle(DrawingState& state, std::string_view records) {
+std::string_view lineEndOf(std::string_view records) {
     const std::size_t newline = records.find('\n');
     const std::size_t carriageReturn = records.find('\r');
     if (newline == std::string_view::npos)
-        state.style.lineEnd = carriageReturn == std::string_view::npos ? "\n" : "\r";
-    else
-        state.style.lineEnd = carriageReturn + 1 == newline ? "\r\n" : "\n";
+        return carriageReturn == std::string_view::npos ? "\n" : "\r";
+    return carriageReturn + 1 == newline ? "\r\n" : "\n";
+}
+
+/// How an ASCII file ends its lines and pads its group codes, seen at its first record.
+void noteAsciiStyle(DrawingState& state, std::string_view records) {
+    state.style.lineEnd = std::string(lineEndOf(records));
     const std::size_t digits = records.find_first_not_of(' ');
     const std::size_t end = records.find_first_of(" \r\n", digits);
     if (digits != std::string_view::npos && end != std::string_view::npos)
@@ -30,13 +32,10 @@ void noteAsciiStyle(DrawingState& state, std::string_view records) {
 /// Sets the form of the file and where its records begin.
 void noteStyle(DrawingState& state) {
     const std::string_view bytes = state.bytes;
-    if (bytes.starts_with(binarySentinel)) {
+    if (dxf::isBinaryDrawing(bytes)) {
         state.style.form = DrawingForm::binary;
-        state.content.begin = binarySentinel.size();
-        const std::string_view records = bytes.substr(binarySentinel.size());
-        // Two bytes of code 0 are followed by a letter, one is followed by it at once.
-        const bool longCode = records.starts_with('\xFF');
-        state.style.byteCodes = longCode || (records.size() > 1 && records[0] == '\0' && records[1] != '\0');
+        state.content.begin = std::min(dxf::kBinarySentinel.size(), bytes.size());
+        state.style.byteCodes = dxf::BinaryReader(bytes).codeForm() == dxf::CodeForm::bytes;
         return;
     }
     state.content.begin = bytes.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
@@ -77,7 +76,7 @@ void readHeader(DrawingState& state) {
             std::clamp<std::int64_t>(parseInteger(version.substr(2)).value_or(state.version), 0, 9999));
     const std::string_view codePage = variable(state.header, "$DWGCODEPAGE", 3);
     bool known = true;
-    state.encoding = TextEncoding::of(state.version, codePage, known);
+    state.encoding = DrawingText::of(state.version, codePage, known);
     if (!known)
         state.warnings.push_back(errorAt(state, state.headerSpan.begin,
                                          L"unknown code page \"" +
@@ -114,8 +113,8 @@ std::optional<DocumentError> checkRest(const DrawingState& state) {
 
 std::optional<DocumentError> scanDrawing(DrawingState& state) {
     noteStyle(state);
-    const auto source = openSource(state, {state.content.begin, state.bytes.size()});
-    StructureScanner scanner(state, *source);
+    RecordSource source(state, {state.content.begin, state.bytes.size()});
+    StructureScanner scanner(state, source);
     if (!scanner.run())
         return errorAt(state, scanner.faultOffset(), scanner.fault());
     if (auto error = checkRest(state))

@@ -25,15 +25,6 @@ bool isKnownSection(std::string_view name) {
     return false;
 }
 
-/// Names from the file within messages; what is beyond ASCII is of no help there.
-std::wstring quoted(std::string_view text) {
-    constexpr std::size_t longest = 40;
-    std::wstring result = L"\"";
-    for (const char c : text.substr(0, longest))
-        result += c >= 0x20 && c < 0x7F ? static_cast<wchar_t>(c) : L'?';
-    return result + (text.size() > longest ? L"...\"" : L"\"");
-}
-
 bool isFrame(std::string_view type) {
     for (const std::string_view frame : {"SECTION", "ENDSEC", "EOF", "TABLE", "ENDTAB", "BLOCK", "ENDBLK"})
         if (type == frame)
@@ -55,12 +46,12 @@ bool StructureScanner::scanSections() {
         if (record_.code != typeCode)
             return fail(L"a record outside of any section");
         if (at("EOF")) {
-            state_.eof = record_.begin;
+            state_.eof = record_.offset;
             state_.content.end = record_.end;
             return true;
         }
         if (!at("SECTION"))
-            return fail(L"SECTION or EOF expected, not " + quoted(record_.text));
+            return fail(L"SECTION or EOF expected, not " + quoted(record_.value));
         if (!scanSection() || !nextBesidesComments())
             return false;
     }
@@ -68,21 +59,21 @@ bool StructureScanner::scanSections() {
 
 /// From the SECTION record to the ENDSEC record.
 bool StructureScanner::scanSection() {
-    const std::uint64_t begin = record_.begin;
+    const std::uint64_t begin = record_.offset;
     context_ = L"a section";
     if (!nextBesidesComments())
         return false;
     if (record_.code != nameCode)
         return fail(L"a section without a name");
-    const std::string name(record_.text);
+    const std::string name(record_.value);
     if (isKnownSection(name) && state_.section(name))
         return fail(L"a second section " + quoted(name));
     context_ = L"the section " + quoted(name);
     if (!nextBesidesComments() || !scanSectionNamed(name))
         return false;
     if (!at("ENDSEC"))
-        return fail(quoted(record_.text) + L" within " + context_ + L", ENDSEC expected");
-    state_.sections.push_back({name, {begin, record_.begin}});
+        return fail(quoted(record_.value) + L" within " + context_ + L", ENDSEC expected");
+    state_.sections.push_back({name, {begin, record_.offset}});
     return true;
 }
 
@@ -103,13 +94,13 @@ bool StructureScanner::scanSectionNamed(std::string_view name) {
 
 /// The records are kept as tags besides: there are few, and what asks for them asks for many.
 bool StructureScanner::scanHeader() {
-    const std::uint64_t begin = record_.begin;
+    const std::uint64_t begin = record_.offset;
     if (record_.code != typeCode && record_.code != 9)
         return fail(L"a header value without the name of a variable");
     while (record_.code != typeCode)
         if (!next())
             return false;
-    state_.headerSpan = {begin, record_.begin};
+    state_.headerSpan = {begin, record_.offset};
     return true;
 }
 
@@ -122,7 +113,7 @@ bool StructureScanner::scanTables() {
 
 /// From the TABLE record behind the ENDTAB record.
 bool StructureScanner::scanTable() {
-    const std::uint64_t begin = record_.begin;
+    const std::uint64_t begin = record_.offset;
     Container table;
     table.kind = Container::Kind::table;
     table.head = scanObject(&table.name);
@@ -134,7 +125,7 @@ bool StructureScanner::scanTable() {
     while (!at("ENDTAB"))
         if (!scanMember(table))
             return false;
-    table.end = record_.begin;
+    table.end = record_.offset;
     context_ = L"the section \"TABLES\"";
     state_.containers.push_back(std::move(table));
     return nextBesidesComments();
@@ -149,7 +140,7 @@ bool StructureScanner::scanBlocks() {
 
 /// From the BLOCK record behind the records of its ENDBLK.
 bool StructureScanner::scanBlock() {
-    const std::uint64_t begin = record_.begin;
+    const std::uint64_t begin = record_.offset;
     Container block;
     block.kind = Container::Kind::block;
     block.head = scanObject(&block.name);
@@ -161,7 +152,7 @@ bool StructureScanner::scanBlock() {
     while (!at("ENDBLK"))
         if (!scanMember(block))
             return false;
-    block.end = record_.begin;
+    block.end = record_.offset;
     block.tail = scanObject();
     context_ = L"the section \"BLOCKS\"";
     state_.containers.push_back(std::move(block));
@@ -176,7 +167,7 @@ bool StructureScanner::scanObjects(Container::Kind kind) {
     while (!at("ENDSEC"))
         if (!scanMember(container))
             return false;
-    container.end = record_.begin;
+    container.end = record_.offset;
     state_.containers.push_back(std::move(container));
     return true;
 }
@@ -185,7 +176,7 @@ bool StructureScanner::scanObjects(Container::Kind kind) {
 bool StructureScanner::scanRest() {
     while (record_.code != typeCode || !at("ENDSEC")) {
         if (record_.code == typeCode && (at("SECTION") || at("EOF")))
-            return fail(quoted(record_.text) + L" within " + context_ + L", ENDSEC expected");
+            return fail(quoted(record_.value) + L" within " + context_ + L", ENDSEC expected");
         if (!next())
             return false;
     }
@@ -193,8 +184,8 @@ bool StructureScanner::scanRest() {
 }
 
 bool StructureScanner::scanMember(Container& container) {
-    if (isFrame(record_.text))
-        return fail(quoted(record_.text) + L" within " + context_ + L", which is not closed");
+    if (isFrame(record_.value))
+        return fail(quoted(record_.value) + L" within " + context_ + L", which is not closed");
     AcDbStub* stub = scanObject();
     if (!stub)
         return false;
@@ -222,9 +213,9 @@ void StructureScanner::joinToParent(AcDbStub& stub) {
 
 /// From a type record to the next one. Null after a fault.
 AcDbStub* StructureScanner::scanObject(std::string* name) {
-    const std::uint64_t begin = record_.begin;
-    const auto type = state_.types.number(record_.text);
-    if (record_.text.empty() || !type) {
+    const std::uint64_t begin = record_.offset;
+    const auto type = state_.types.number(record_.value);
+    if (record_.value.empty() || !type) {
         fail(type ? L"an object without a type" : L"too many types of objects");
         return nullptr;
     }
@@ -232,7 +223,7 @@ AcDbStub* StructureScanner::scanObject(std::string* name) {
     Facts facts;
     if (!scanFacts(typeName == "DIMSTYLE" ? 105 : 5, facts))
         return nullptr;
-    const std::uint64_t length = record_.begin - begin;
+    const std::uint64_t length = record_.offset - begin;
     if (length > std::numeric_limits<std::uint32_t>::max()) {
         failAt(begin, L"an object of more than 4 GB");
         return nullptr;
@@ -270,14 +261,14 @@ bool StructureScanner::noteFact(int handleCode, Facts& facts) {
     case 105:
         if (!inHead_ || inGroup_ || record_.code != handleCode || facts.handle != 0)
             return true;
-        if (const auto handle = parseHandle(record_.text)) {
+        if (const auto handle = parseHandle(record_.value)) {
             facts.handle = *handle;
             return true;
         }
-        return fail(L"not a handle: " + quoted(record_.text));
+        return fail(L"not a handle: " + quoted(record_.value));
     case nameCode:
         if (facts.name.empty())
-            facts.name = record_.text;
+            facts.name = record_.value;
         return true;
     case paperCode:
         facts.owner.inPaperSpace = source_.value(record_, scratch_).find('1') != std::string_view::npos;
@@ -286,11 +277,11 @@ bool StructureScanner::noteFact(int handleCode, Facts& facts) {
         inHead_ = false;
         return true;
     case groupCode:
-        inGroup_ = record_.text.starts_with('{');
+        inGroup_ = record_.value.starts_with('{');
         return true;
     case ownerCode:
         if (inHead_ && !inGroup_ && facts.owner.handle == 0)
-            facts.owner.handle = parseHandle(record_.text).value_or(0);
+            facts.owner.handle = parseHandle(record_.value).value_or(0);
         return true;
     default:
         return true;
@@ -299,12 +290,12 @@ bool StructureScanner::noteFact(int handleCode, Facts& facts) {
 
 bool StructureScanner::next() {
     switch (source_.next(record_)) {
-    case RecordSource::Result::record:
+    case dxf::ReadResult::record:
         return true;
-    case RecordSource::Result::end:
+    case dxf::ReadResult::end:
         return failAt(state_.bytes.size(), context_.empty() ? L"the file ends without an EOF record"
                                                             : L"the file ends within " + context_);
-    case RecordSource::Result::fault:
+    case dxf::ReadResult::error:
         break;
     }
     return failAt(source_.faultOffset(), source_.fault());
@@ -321,8 +312,8 @@ bool StructureScanner::nextBesidesComments() {
 /// At the text that is the matter, which in ASCII drawings stands on another line than its group code.
 bool StructureScanner::fail(std::wstring problem) {
     const bool ascii = state_.style.form == DrawingForm::ascii;
-    const auto textOffset = static_cast<std::uint64_t>(record_.text.data() - state_.bytes.data());
-    return failAt(ascii ? textOffset : record_.begin, std::move(problem));
+    const auto textOffset = static_cast<std::uint64_t>(record_.value.data() - state_.bytes.data());
+    return failAt(ascii ? textOffset : record_.offset, std::move(problem));
 }
 
 bool StructureScanner::failAt(std::uint64_t offset, std::wstring problem) {

@@ -46,13 +46,13 @@ private:
 
     bool next();
     bool nextBesidesComments();
-    [[nodiscard]] bool at(std::string_view type) const { return record_.text == type; }
+    [[nodiscard]] bool at(std::string_view type) const { return record_.value == type; }
     bool fail(std::wstring problem);
     bool failAt(std::uint64_t offset, std::wstring problem);
 
     DrawingState& state_;
     RecordSource& source_;
-    Record record_;
+    dxf::Record record_;
     std::string scratch_;
     bool inHead_ = false;  ///< Before the first subclass marker of an object.
     bool inGroup_ = false; ///< Within an application group.

@@ -5,11 +5,11 @@
 namespace zuhost {
 
 TagList bufferTags(const DrawingState& state, Span span) {
-    const auto source = openSource(state, span);
+    RecordSource source(state, span);
     TagList tags;
     std::string scratch;
-    for (Record record; source->next(record) == RecordSource::Result::record;)
-        tags.add(record.code, std::string(source->value(record, scratch)));
+    for (dxf::Record record; source.next(record) == dxf::ReadResult::record;)
+        tags.add(record.code, std::string(source.value(record, scratch)));
     return tags;
 }
 

@@ -66,6 +66,8 @@ class BinaryReader {
 public:
     /// Bytes with or without the sentinel; the form of group codes is found out from the first record.
     explicit BinaryReader(std::string_view bytes, CodeTable table = CodeTable::complete);
+    /// Bytes that start at any record, with group codes of a known form.
+    BinaryReader(std::string_view bytes, CodeForm form) : bytes_(bytes), form_(form) {}
 
     ReadResult next(Record& record);
     [[nodiscard]] const RecordError& error() const { return error_; }
@@ -80,7 +82,7 @@ private:
     std::string_view bytes_;
     std::size_t at_ = 0;
     CodeForm form_ = CodeForm::words;
-    CodeTable table_;
+    CodeTable table_ = CodeTable::complete;
     RecordError error_;
 };
 

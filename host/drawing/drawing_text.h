@@ -11,15 +11,15 @@ namespace zuhost {
 ///
 /// "\U+XXXX" is a UTF-16 unit, "\M+nXXXX" a character of one of five East Asian code pages; "^J" is the
 /// control character of J and "^ " the caret itself.
-class TextEncoding {
+class DrawingText {
 public:
     /// UTF-8.
-    TextEncoding() = default;
+    DrawingText() = default;
 
     /// The encoding of a drawing of the version (1009 ... 1032) that names the code page ("ANSI_932"). From
     /// R2007 on it is UTF-8 whatever the page. Code page 932 when the name is not known (`known` is then
     /// false) or empty.
-    static TextEncoding of(int version, std::string_view codePageName, bool& known);
+    static DrawingText of(int version, std::string_view codePageName, bool& known);
 
     [[nodiscard]] std::wstring decode(std::string_view value) const;
 

@@ -1,4 +1,4 @@
-#include "text_encoding.h"
+#include "drawing_text.h"
 
 #include <array>
 #include <charconv>
@@ -201,8 +201,8 @@ bool hasSurrogateOfItsOwn(std::wstring_view text) {
 
 } // namespace
 
-TextEncoding TextEncoding::of(int version, std::string_view codePageName, bool& known) {
-    TextEncoding encoding;
+DrawingText DrawingText::of(int version, std::string_view codePageName, bool& known) {
+    DrawingText encoding;
     known = true;
     if (version >= firstUtf8Version)
         return encoding;
@@ -216,14 +216,14 @@ TextEncoding TextEncoding::of(int version, std::string_view codePageName, bool& 
     return encoding;
 }
 
-std::wstring TextEncoding::decode(std::string_view value) const {
+std::wstring DrawingText::decode(std::string_view value) const {
     std::wstring text = codec_.decode(value);
     if (text.find_first_of(L"\\^") == std::wstring::npos)
         return text;
     return EscapeReader(text).run();
 }
 
-std::string TextEncoding::encode(std::wstring_view text) const {
+std::string DrawingText::encode(std::wstring_view text) const {
     const std::wstring escaped = withCarets(text);
     if (!hasSurrogateOfItsOwn(escaped))
         if (auto bytes = codec_.encode(escaped))
