@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <mutex>
 #include <optional>
 
 namespace zuhost {
@@ -25,6 +26,14 @@ constexpr NamedPage namedPages[] = {
 
 /// The code pages of "\M+1" ... "\M+5".
 constexpr std::array<int, 5> multiBytePages = {932, 950, 949, 1361, 936};
+
+/// Code pages are costly to make and each escape needs one.
+const std::optional<TextCodec>& multiByteCodec(std::size_t page) {
+    static std::array<std::once_flag, multiBytePages.size()> made;
+    static std::array<std::optional<TextCodec>, multiBytePages.size()> codecs;
+    std::call_once(made[page], [page] { codecs[page] = TextCodec::forCodePage(multiBytePages[page]); });
+    return codecs[page];
+}
 
 std::string upperCase(std::string_view text) {
     std::string upper(text);
@@ -113,7 +122,7 @@ private:
         const auto bytes = fourDigits(text_, at_ + 4);
         if (page >= multiBytePages.size() || !bytes)
             return false;
-        const auto codec = TextCodec::forCodePage(multiBytePages[page]);
+        const std::optional<TextCodec>& codec = multiByteCodec(page);
         if (!codec)
             return false;
         const std::array<char, 2> pair = {static_cast<char>(*bytes >> 8), static_cast<char>(*bytes & 0xFF)};

@@ -74,6 +74,7 @@ bool StructureScanner::scanSection() {
     if (!at("ENDSEC"))
         return fail(quoted(record_.value) + L" within " + context_ + L", ENDSEC expected");
     state_.sections.push_back({name, {begin, record_.offset}});
+    context_.clear();
     return true;
 }
 

@@ -1,0 +1,168 @@
+#include "notation.h"
+
+#include "drawing/number_text.h"
+
+#include <gtest/gtest.h>
+#include <map>
+
+using namespace zuhost;
+
+namespace {
+
+/// Tags of changed objects, as the database gives them.
+class Changes {
+public:
+    TagList& operator[](const AcDbStub* stub) { return tags_[stub]; }
+
+    [[nodiscard]] Document::TagSource source() const {
+        return [this](const AcDbStub& stub) {
+            const auto found = tags_.find(&stub);
+            return found == tags_.end() ? nullptr : &found->second;
+        };
+    }
+
+private:
+    std::map<const AcDbStub*, TagList> tags_;
+};
+
+std::string officeFloor() {
+    return fileBytes(ZU_SAMPLES "/drawings/office-floor-932.dxf");
+}
+
+std::size_t differingLines(const std::string& a, const std::string& b) {
+    std::size_t count = 0;
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < a.size() && j < b.size()) {
+        const std::size_t ends[] = {a.find('\n', i), b.find('\n', j)};
+        count += a.compare(i, ends[0] - i, b, j, ends[1] - j) == 0 ? 0U : 1U;
+        i = ends[0] + 1;
+        j = ends[1] + 1;
+    }
+    return count;
+}
+
+} // namespace
+
+TEST(Editing, OneChangedValueChangesOneLine) {
+    const std::string bytes = officeFloor();
+    const auto document = opened(bytes);
+    const AcDbStub* insert = member(*document, "INSERT");
+    Changes changes;
+    changes[insert] = document->tags(*insert);
+    changes[insert].setText(8, document->encode(L"表示能力"), changes[insert].all());
+    const std::string edited = saved(*document, changes.source());
+    EXPECT_EQ(differingLines(bytes, edited), 1U);
+    const auto again = opened(edited);
+    const TagList tags = again->tags(*again->find(insert->handle));
+    EXPECT_EQ(again->decode(*tags.text(8, tags.all())), L"表示能力");
+}
+
+TEST(Editing, AddedEntryRaisesSeedAndCount) {
+    const std::string bytes = officeFloor();
+    const auto document = opened(bytes);
+    Container& applications = document->container(Container::Kind::table, "APPID");
+    const std::size_t before = applications.members.size();
+    AcDbStub* added = document->append(applications, "APPID", applications.head);
+    EXPECT_TRUE(added->changed);
+    EXPECT_EQ(document->find(added->handle), added);
+    Changes changes;
+    TagList tags = document->tags(*added);
+    for (const auto& [code, value] :
+         {std::pair(100, "AcDbSymbolTableRecord"), std::pair(100, "AcDbRegAppTableRecord"),
+          std::pair(2, "MINE"), std::pair(70, "0")})
+        tags.add(code, value);
+    changes[added] = tags;
+
+    const auto again = opened(saved(*document, changes.source()));
+    const Container& table = again->container(Container::Kind::table, "APPID");
+    ASSERT_EQ(table.members.size(), before + 1);
+    EXPECT_EQ(table.members.back()->handle, added->handle);
+    EXPECT_EQ(table.members.back()->owner, table.head);
+    const TagList head = again->tags(*table.head);
+    EXPECT_EQ(head.integer(70, head.all()), static_cast<std::int64_t>(before + 1));
+    const TagList header = again->header();
+    const std::size_t seed = header.find(5, header.all());
+    EXPECT_GT(parseHandle(header[seed].value), added->handle);
+}
+
+TEST(Editing, ErasedObjectsAreLeftOut) {
+    const std::string bytes = drawing("AC1015", R"(
+0 SECTION|2 BLOCKS|0 BLOCK|5 1|2 A|0 LINE|5 2|0 ENDBLK|5 3|0 BLOCK|5 4|2 B|0 LINE|5 5|0 ENDBLK|5 6|0 ENDSEC
+0 SECTION|2 ENTITIES|0 LINE|5 10|0 INSERT|5 11|66 1|0 ATTRIB|5 12|330 11|0 SEQEND|5 13|0 CIRCLE|5 14|0 ENDSEC
+0 SECTION|2 OBJECTS|0 DICTIONARY|5 20|0 DICTIONARY|5 21|330 20|0 ENDSEC)");
+    const auto document = opened(bytes);
+    for (const std::uint64_t handle : {0x1U, 0x11U, 0x20U})
+        document->find(handle)->erased = true;
+    EXPECT_EQ(saved(*document), drawing("AC1015", R"(
+0 SECTION|2 BLOCKS|0 BLOCK|5 4|2 B|0 LINE|5 5|0 ENDBLK|5 6|0 ENDSEC
+0 SECTION|2 ENTITIES|0 LINE|5 10|0 CIRCLE|5 14|0 ENDSEC
+0 SECTION|2 OBJECTS|0 DICTIONARY|5 21|330 20|0 ENDSEC)"));
+    for (const std::uint64_t handle : {0x1U, 0x11U, 0x20U})
+        document->find(handle)->erased = false;
+    EXPECT_EQ(saved(*document), bytes);
+}
+
+TEST(Editing, NewMembersStandWhereTheyWerePut) {
+    const auto document =
+        opened(drawing("AC1015", "0 SECTION|2 ENTITIES|0 INSERT|5 11|0 LINE|5 12|999 at the end|0 ENDSEC"));
+    Container& entities = document->container(Container::Kind::entities);
+    AcDbStub* insert = entities.members[0];
+    document->append(entities, "POINT", nullptr);
+    AcDbStub* attribute = document->append(entities, "ATTRIB", insert);
+    entities.members.pop_back();
+    entities.members.insert(entities.members.begin() + 1, attribute);
+    EXPECT_EQ(saved(*document), dxf("0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|9 $HANDSEED|5 15|0 ENDSEC"
+                                    "|0 SECTION|2 ENTITIES|0 INSERT|5 11|0 ATTRIB|5 14|330 11|0 LINE|5 12"
+                                    "|999 at the end|0 POINT|5 13|330 0|0 ENDSEC|0 EOF"));
+}
+
+TEST(Editing, MissingTablesBlocksAndSectionsAreMade) {
+    const auto document = opened(drawing("AC1015", "0 SECTION|2 ENTITIES|0 LINE|5 10|0 ENDSEC"));
+    const std::string before = saved(*document);
+    Container& objects = document->container(Container::Kind::objects);
+    Container& layers = document->container(Container::Kind::table, "LAYER");
+    EXPECT_EQ(&layers, &document->container(Container::Kind::table, "LAYER"));
+    EXPECT_EQ(saved(*document).find("OBJECTS"), std::string::npos) << "asking alone writes nothing";
+    document->append(objects, "DICTIONARY", nullptr);
+    document->append(layers, "LAYER", layers.head);
+    Container& block = document->appendBlock("B", nullptr);
+    document->append(block, "LINE", block.head);
+
+    const auto again = opened(saved(*document));
+    std::vector<std::string> kinds;
+    for (const Container& container : again->containers())
+        kinds.push_back(std::to_string(static_cast<int>(container.kind)) + container.name + "/" +
+                        std::to_string(container.members.size()));
+    EXPECT_EQ(kinds, (std::vector<std::string>{"0LAYER/1", "1B/1", "2/1", "3/1"}));
+    EXPECT_EQ(again->objectCount(), document->objectCount());
+}
+
+TEST(Editing, NewObjectsOfDrawingsWithoutHandlesHaveNone) {
+    const auto document = opened(dxf("0 SECTION|2 ENTITIES|0 LINE|8 0|0 ENDSEC|0 EOF"));
+    document->append(document->container(Container::Kind::entities), "POINT", nullptr);
+    EXPECT_EQ(saved(*document), dxf("0 SECTION|2 ENTITIES|0 LINE|8 0|0 POINT|0 ENDSEC|0 EOF"));
+}
+
+TEST(Editing, ChangedHeaderIsWritten) {
+    const auto document = opened(drawing("AC1032", ""));
+    TagList header = document->header();
+    header.add(9, "$CUSTOMPROPERTYTAG");
+    header.add(1, "ZU");
+    document->setHeader(header);
+    EXPECT_EQ(saved(*document),
+              dxf("0 SECTION|2 HEADER|9 $ACADVER|1 AC1032|9 $CUSTOMPROPERTYTAG|1 ZU|0 ENDSEC|0 EOF"));
+    const auto bare = opened(dxf("0 EOF"));
+    bare->setHeader(header);
+    EXPECT_EQ(saved(*bare), saved(*document));
+}
+
+/// Changed objects in the other form go the same way.
+TEST(Editing, EditedDrawingsCanChangeTheirForm) {
+    const auto document = opened(officeFloor());
+    AcDbStub* line = member(*document, "LINE");
+    line->erased = true;
+    const auto binary = opened(document->bytes(DrawingForm::binary, nullptr));
+    EXPECT_EQ(binary->objectCount() + 1, document->objectCount());
+    EXPECT_EQ(binary->find(line->handle), nullptr);
+}

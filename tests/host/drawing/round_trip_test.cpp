@@ -1,0 +1,128 @@
+#include "notation.h"
+
+#include "drawing/number_text.h"
+#include "drawing/records/value_type.h"
+
+#include <gtest/gtest.h>
+
+using namespace zuhost;
+
+namespace {
+
+constexpr const char* samples[] = {
+    "drawings/office-floor.dxf",   "drawings/office-floor-932.dxf", "parts/equip-fan.dxf",
+    "parts/equip-fan-utf8.dxf",    "parts/fitting-01.dxf",          "parts/fitting-02.dxf",
+    "parts/fitting-03.dxf",        "parts/binary/equip-fan.dxf",    "parts/binary/equip-fan-utf8.dxf",
+    "parts/binary/fitting-01.dxf", "parts/binary/fitting-02.dxf",
+};
+
+std::string sample(const char* name) {
+    return fileBytes(std::string(ZU_SAMPLES) + "/" + name);
+}
+
+DrawingForm otherForm(DrawingForm form) {
+    return form == DrawingForm::ascii ? DrawingForm::binary : DrawingForm::ascii;
+}
+
+bool sameValue(int code, const std::string& a, const std::string& b) {
+    const dxf::ValueType type = dxf::valueType(code);
+    if (type == dxf::ValueType::real)
+        return parseReal(a) == parseReal(b);
+    return dxf::isInteger(type) ? parseInteger(a) == parseInteger(b) : a == b;
+}
+
+/// The tags equal as numbers and texts.
+void expectSameTags(const TagList& a, const TagList& b) {
+    ASSERT_EQ(a.size(), b.size());
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        ASSERT_EQ(a[i].code, b[i].code);
+        ASSERT_TRUE(sameValue(a[i].code, a[i].value, b[i].value)) << a[i].value << " / " << b[i].value;
+    }
+}
+
+void expectSameDrawing(const Document& a, const Document& b) {
+    expectSameTags(a.header(), b.header());
+    ASSERT_EQ(a.containers().size(), b.containers().size());
+    auto other = b.containers().begin();
+    for (const Container& container : a.containers()) {
+        EXPECT_EQ(container.name, other->name);
+        ASSERT_EQ(container.members.size(), other->members.size());
+        for (std::size_t i = 0; i < container.members.size(); ++i) {
+            EXPECT_EQ(container.members[i]->handle, other->members[i]->handle);
+            expectSameTags(a.tags(*container.members[i]), b.tags(*other->members[i]));
+        }
+        ++other;
+    }
+}
+
+} // namespace
+
+TEST(RoundTrip, UneditedSamplesKeepTheirBytes) {
+    for (const char* name : samples) {
+        const std::string bytes = sample(name);
+        const auto document = opened(bytes);
+        EXPECT_GT(document->objectCount(), 100U) << name;
+        EXPECT_TRUE(saved(*document) == bytes) << name;
+    }
+}
+
+TEST(RoundTrip, TheOtherFormHoldsTheSame) {
+    for (const char* name : samples) {
+        SCOPED_TRACE(name);
+        const auto document = opened(sample(name));
+        const std::string converted = document->bytes(otherForm(document->form()), nullptr);
+        const auto other = opened(converted);
+        ASSERT_EQ(other->form(), otherForm(document->form()));
+        expectSameDrawing(*document, *other);
+        const std::string back = other->bytes(document->form(), nullptr);
+        expectSameDrawing(*document, *opened(back));
+        EXPECT_TRUE(document->form() == DrawingForm::ascii || back == sample(name)); // numbers included
+    }
+}
+
+/// Written from tags, each object has the very bytes it had.
+TEST(RoundTrip, ObjectsWrittenFromTagsAreSpelledLikeTheirFile) {
+    for (const char* name : samples) {
+        const std::string bytes = sample(name);
+        const auto document = opened(bytes);
+        TagList tags;
+        const std::string rewritten = saved(*document, [&](const AcDbStub& stub) {
+            tags = document->tags(stub);
+            return &tags;
+        });
+        EXPECT_TRUE(rewritten == bytes) << name;
+    }
+}
+
+TEST(RoundTrip, LongAndRareValuesSurviveTheBinaryForm) {
+    const std::string records =
+        "1 " + std::string(5000, 'x') + "|310 " + std::string(254, 'A') +
+        "|160 -9007199254740993|90 -2147483648|70 -32768|280 255|290 1|40 nan|40 -0.0|40 1E-300" +
+        "|1001 ACAD|1004 00FF|1004 " + std::string(508, '0') + "|1005 FFFFFFFFFFFFFFFF|1071 -1";
+    const auto document = opened(drawing("AC1032", "0 SECTION|2 ENTITIES|0 X|" + records + "|0 ENDSEC"));
+    const auto binary = opened(document->bytes(DrawingForm::binary, nullptr));
+    const auto back = opened(binary->bytes(DrawingForm::ascii, nullptr));
+    const TagList before = document->tags(*member(*document, "X"));
+    const TagList after = back->tags(*member(*back, "X"));
+    ASSERT_EQ(before.size(), after.size());
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        const bool nan = before[i].value == "nan";
+        EXPECT_TRUE(nan ? after[i].value == "nan"
+                        : sameValue(before[i].code, before[i].value, after[i].value))
+            << before[i].value << " / " << after[i].value;
+    }
+}
+
+/// What the binary form cannot hold is told; nothing is cut to fit.
+TEST(RoundTrip, ValuesThatDoNotFitAreRefused) {
+    const std::string zero("a\0b", 3);
+    for (const std::string& record :
+         {std::string("70 32768"), std::string("90 3000000000"), std::string("290 256"), "1 " + zero,
+          std::string("310 ABC"), std::string("310 XY"), "310 " + std::string(512, '0'),
+          std::string("1500 x")}) {
+        const auto document = opened(drawing("AC1032", "0 SECTION|2 ENTITIES|0 X|" + record + "|0 ENDSEC"));
+        DocumentError error;
+        EXPECT_EQ(document->bytes(DrawingForm::binary, nullptr, &error), "") << record;
+        EXPECT_NE(error.problem.find(L"group code"), std::wstring::npos) << record;
+    }
+}
