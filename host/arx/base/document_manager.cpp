@@ -1,0 +1,101 @@
+#include "acdocman.h"
+#include "aced.h"
+#include "acutads.h"
+
+#include <afx.h>
+
+#include <algorithm>
+
+ACRX_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
+ACRX_CONS_DEFINE_MEMBERS(AcApDocManager, AcRxObject)
+
+namespace {
+
+std::wstring& input() {
+    static auto* const text = new std::wstring;
+    return *text;
+}
+
+/// Takes the next word off the queue; empty when there is none left.
+std::wstring takeWord() {
+    constexpr const wchar_t* kBlanks = L" \t\r\n";
+    std::wstring& text = input();
+    text.erase(0, text.find_first_not_of(kBlanks));
+    const std::size_t end = std::min(text.find_first_of(kBlanks), text.size());
+    std::wstring word = text.substr(0, end);
+    text.erase(0, end);
+    return word;
+}
+
+template <typename Notification>
+void tell(Notification notification) {
+    const AcArray<AcEditorReactor*> told = acedEditor->reactors();
+    for (AcEditorReactor* const reactor : told)
+        if (acedEditor->reactors().contains(reactor))
+            notification(*reactor);
+}
+
+/// "'_.name" -> "_NAME": what marks a command as transparent or built-in doesn't count here.
+CString commandName(const std::wstring& word) {
+    CString name{std::wstring_view(word)};
+    name.Remove(L'\'');
+    name.Remove(L'.');
+    return name.MakeUpper();
+}
+
+void run(AcRxFunctionPtr function, const wchar_t* name) {
+    tell([name](AcEditorReactor& reactor) { reactor.commandWillStart(name); });
+    try {
+        function();
+    } catch (const CException& exception) {
+        acutPrintf(L"%s: %s\n", name, exception.GetErrorText());
+        tell([name](AcEditorReactor& reactor) { reactor.commandFailed(name); });
+        return;
+    }
+    tell([name](AcEditorReactor& reactor) { reactor.commandEnded(name); });
+}
+
+} // namespace
+
+AcApDocManager& zuhost::documentManager() {
+    static auto* const manager = new AcApDocManager;
+    return *manager;
+}
+
+AcApDocument* AcApDocManager::curDocument() const {
+    static auto* const document = new AcApDocument;
+    return document;
+}
+
+Acad::ErrorStatus AcApDocManager::sendStringToExecute(AcApDocument* document, const ACHAR* text,
+                                                      bool /*activate*/, bool /*wrapUpInactive*/,
+                                                      bool /*echo*/) {
+    if (document == nullptr || text == nullptr)
+        return Acad::eNullObjectPointer;
+    input() += text;
+    return Acad::eOk;
+}
+
+const std::wstring& zuhost::pendingInput() {
+    return input();
+}
+
+void zuhost::clearPendingInput() {
+    input().clear();
+}
+
+int zuhost::runPendingCommands() {
+    int count = 0;
+    for (std::wstring word = takeWord(); !word.empty(); word = takeWord()) {
+        const CString name = commandName(word);
+        const wchar_t* const shown = name.GetString() + (name.Find(L'_') == 0 ? 1 : 0);
+        if (const AcRxFunctionPtr function = acedRegCmds->lookup(name); function != nullptr) {
+            run(function, shown);
+            ++count;
+            continue;
+        }
+        acutPrintf(L"Unknown command \"%s\".\n", shown);
+        tell([shown](AcEditorReactor& reactor) { reactor.unknownCommand(shown); });
+    }
+    return count;
+}
