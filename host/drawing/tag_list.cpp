@@ -49,6 +49,10 @@ void TagList::erase(TagRange range) {
                 tags_.begin() + static_cast<std::ptrdiff_t>(last));
 }
 
+void TagList::eraseMarkers() {
+    std::erase_if(tags_, [](const Tag& tag) { return tag.code == subclassMarker; });
+}
+
 std::size_t TagList::find(int code, TagRange range) const {
     const std::size_t last = std::min(range.last, size());
     for (std::size_t i = range.first; i < last; ++i)

@@ -45,6 +45,8 @@ public:
     void insert(std::size_t at, Tag tag);
     void insert(std::size_t at, const std::vector<Tag>& tags);
     void erase(TagRange range);
+    /// Takes out the class markers (100), which drawings before R13 don't have.
+    void eraseMarkers();
 
     /// Position of the first tag with the code within the range; range.last when there is none.
     [[nodiscard]] std::size_t find(int code, TagRange range) const;

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <acarray.h>
+#include <dbid.h>
+#include <dbmain.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zu::app {
+
+/// One drawing for the run of the program: opened, made the working database, closed at the end.
+class DrawingFile {
+public:
+    /// Throws Failure with file, line and problem when the drawing can't be opened.
+    explicit DrawingFile(const std::string& path);
+    ~DrawingFile();
+    DrawingFile(const DrawingFile&) = delete;
+    DrawingFile& operator=(const DrawingFile&) = delete;
+
+    [[nodiscard]] AcDbDatabase& database() { return *database_; }
+
+    /// The object with the hexadecimal handle; throws Failure when there is none.
+    [[nodiscard]] AcDbObjectId find(const std::string& handle) const;
+
+    /// The block references of model space in drawing order.
+    [[nodiscard]] std::vector<AcDbObjectId> references() const;
+
+    /// The groups of the group dictionary in its order.
+    [[nodiscard]] std::vector<AcDbObjectId> groups() const;
+
+    /// The group with the name or the hexadecimal handle; throws Failure when there is none.
+    [[nodiscard]] AcDbObjectId findGroup(const std::string& nameOrHandle) const;
+
+    /// Saves in the drawing's own form; throws Failure, the old file untouched.
+    void save(const std::string& path);
+    /// Saves as binary or ASCII drawing.
+    void save(const std::string& path, bool binary);
+
+private:
+    std::unique_ptr<AcDbDatabase> database_;
+};
+
+/// The handle of an object as the program shows it: upper-case hexadecimal.
+[[nodiscard]] std::string handleText(AcDbObjectId id);
+
+/// Handles of several objects.
+[[nodiscard]] std::vector<std::string> handleTexts(const AcArray<AcDbObjectId>& ids);
+
+} // namespace zu::app

@@ -1,0 +1,106 @@
+#include "dbents.h"
+
+#include "database_core.h"
+#include "dbsymtb.h"
+
+#include <numbers>
+
+ACRX_CONS_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity)
+
+namespace {
+
+constexpr std::string_view kMarker = "AcDbBlockReference";
+constexpr double kDegree = std::numbers::pi / 180.0;
+
+} // namespace
+
+AcDbBlockReference::AcDbBlockReference() {
+    startRecords("INSERT", {"AcDbEntity", kMarker});
+}
+
+AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId block)
+    : AcDbBlockReference() {
+    setBlockTableRecord(block);
+    setPosition(position);
+}
+
+std::wstring AcDbBlockReference::blockName() const {
+    return textTag(kMarker, 2);
+}
+
+AcDbObjectId AcDbBlockReference::blockTableRecord() const {
+    if (core() == nullptr)
+        return {};
+    AcDbStub* const table = core()->tableHead("BLOCK_RECORD");
+    return table != nullptr ? AcDbObjectId(core()->findRecord(*table, blockName(), false)) : AcDbObjectId();
+}
+
+Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
+    AcDbBlockTableRecord* record = nullptr;
+    const Acad::ErrorStatus status = acdbOpenObject(record, block, AcDb::kForRead);
+    if (status != Acad::eOk)
+        return status;
+    const std::wstring name = record->name();
+    record->close();
+    return setTextTag(kMarker, 2, name);
+}
+
+const AcDbBlockReference::Placement& AcDbBlockReference::placement() const {
+    if (placementVersion_ == tagVersion())
+        return placement_;
+    placement_.normal = normalTag(kMarker);
+    placement_.scale = {realTag(kMarker, 41, 1.0), realTag(kMarker, 42, 1.0), realTag(kMarker, 43, 1.0)};
+    placement_.rotation = realTag(kMarker, 50, 0.0) * kDegree;
+    placement_.position = pointTag(kMarker, 10);
+    if (placement_.normal != AcGeVector3d::kZAxis)
+        placement_.position.transformBy(AcGeMatrix3d::planeToWorld(placement_.normal));
+    placementVersion_ = tagVersion();
+    return placement_;
+}
+
+AcGePoint3d AcDbBlockReference::position() const {
+    return placement().position;
+}
+AcGeScale3d AcDbBlockReference::scaleFactors() const {
+    return placement().scale;
+}
+double AcDbBlockReference::rotation() const {
+    return placement().rotation;
+}
+AcGeVector3d AcDbBlockReference::normal() const {
+    return placement().normal;
+}
+
+Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& position) {
+    const AcGeVector3d up = normal();
+    const bool inPlan = up == AcGeVector3d::kZAxis;
+    return setPointTag(kMarker, 10, inPlan ? position : AcGeMatrix3d::worldToPlane(up) * position);
+}
+
+Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& factors) {
+    const Acad::ErrorStatus status = setRealTag(kMarker, 41, factors.sx);
+    if (status == Acad::eOk) {
+        setRealTag(kMarker, 42, factors.sy);
+        setRealTag(kMarker, 43, factors.sz);
+    }
+    return status;
+}
+
+Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
+    return setRealTag(kMarker, 50, angle / kDegree);
+}
+
+AcGeMatrix3d AcDbBlockReference::blockTransform() const {
+    const Placement& p = placement();
+    const double c = std::cos(p.rotation);
+    const double s = std::sin(p.rotation);
+    AcGeMatrix3d transform;
+    transform.setCoordSystem(AcGePoint3d::kOrigin, {c * p.scale.sx, s * p.scale.sx, 0.0},
+                             {-s * p.scale.sy, c * p.scale.sy, 0.0}, {0.0, 0.0, p.scale.sz});
+    if (p.normal != AcGeVector3d::kZAxis)
+        transform.preMultBy(AcGeMatrix3d::planeToWorld(p.normal));
+    transform.entry[0][3] = p.position.x;
+    transform.entry[1][3] = p.position.y;
+    transform.entry[2][3] = p.position.z;
+    return transform;
+}

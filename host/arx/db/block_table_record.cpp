@@ -1,0 +1,122 @@
+#include "dbsymtb.h"
+
+#include "database_core.h"
+
+ACRX_CONS_DEFINE_MEMBERS(AcDbBlockTableRecord, AcDbSymbolTableRecord)
+
+using zuhost::Container;
+using zuhost::TagList;
+
+namespace {
+
+constexpr std::string_view kBegin = "AcDbBlockBegin";
+
+bool isSpaceName(const std::wstring& name) {
+    const std::wstring folded = zuhost::foldedName(name);
+    return folded.starts_with(L"*MODEL_SPACE") || folded.starts_with(L"*PAPER_SPACE") ||
+           folded == L"$MODEL_SPACE" || folded == L"$PAPER_SPACE";
+}
+
+/// Entities whose owner is the block; vertices and attributes have an entity as their owner.
+void addOwned(const std::vector<AcDbStub*>& members, const AcDbStub* owner, bool skipErased,
+              std::vector<AcDbObjectId>& found) {
+    for (AcDbStub* member : members)
+        if (member->owner == owner && !(skipErased && member->erased))
+            found.emplace_back(member);
+}
+
+} // namespace
+
+AcDbBlockTableRecord::AcDbBlockTableRecord() {
+    startRecords("BLOCK_RECORD", {"AcDbSymbolTableRecord", "AcDbBlockTableRecord"});
+    changingTags().add(2, "");
+    changingTags().add(340, "0");
+}
+
+AcGePoint3d AcDbBlockTableRecord::origin() const {
+    Container* const block =
+        core() != nullptr ? core()->blockContainer(*static_cast<AcDbStub*>(objectId())) : nullptr;
+    if (block == nullptr)
+        return AcGePoint3d::kOrigin;
+    const TagList& head = core()->object(*block->head).tags();
+    const zuhost::TagRange range = head.subclass(kBegin);
+    return {head.real(10, range).value_or(0.0), head.real(20, range).value_or(0.0),
+            head.real(30, range).value_or(0.0)};
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status != Acad::eOk)
+        return status;
+    Container* const block =
+        core() != nullptr ? core()->blockContainer(*static_cast<AcDbStub*>(objectId())) : nullptr;
+    if (block == nullptr)
+        return Acad::eNotInDatabase;
+    if (block->head == static_cast<AcDbStub*>(objectId()))
+        return setPointTag(kBegin, 10, origin);
+    AcDbObject* head = nullptr;
+    const Acad::ErrorStatus opened = core()->open(*block->head, AcDb::kForWrite, head);
+    if (opened != Acad::eOk)
+        return opened;
+    const Acad::ErrorStatus set = static_cast<AcDbBlockTableRecord*>(head)->setPointTag(kBegin, 10, origin);
+    head->close();
+    changingTags(); // what was derived from the block's base point is derived anew
+    return set;
+}
+
+bool AcDbBlockTableRecord::isLayout() const {
+    return isSpaceName(name());
+}
+
+std::vector<AcDbObjectId> AcDbBlockTableRecord::entityIds(bool skipErased) const {
+    std::vector<AcDbObjectId> found;
+    if (core() == nullptr)
+        return found;
+    AcDbStub* const self = objectId();
+    if (const Container* const block = core()->blockContainer(*self))
+        addOwned(block->members, self, skipErased, found);
+    if (isLayout())
+        for (const Container& container : core()->document->containers())
+            if (container.kind == Container::Kind::entities)
+                addOwned(container.members, self, skipErased, found);
+    return found;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbEntity* entity) {
+    AcDbObjectId id;
+    return appendAcDbEntity(id, entity);
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity) {
+    if (entity == nullptr)
+        return Acad::eNullObjectPointer;
+    if (entity->database() != nullptr)
+        return Acad::eAlreadyInDb;
+    if (!isWriteEnabled())
+        return Acad::eNotOpenForWrite;
+    if (core() == nullptr)
+        return Acad::eNotInDatabase;
+    AcDbStub* const self = objectId();
+    Container* const block = core()->blockContainer(*self);
+    // What stands in the ENTITIES section belongs to model space and the present sheet; other sheets keep
+    // theirs in their blocks.
+    const bool inEntities = self == core()->modelSpace();
+    Container& target =
+        inEntities || block == nullptr ? core()->document->container(Container::Kind::entities) : *block;
+    id = core()->adopt(entity, target, self);
+    entity->ensureLayer();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator*& iterator,
+                                                    bool /*atBeginning*/, bool skipDeleted) const {
+    iterator = new AcDbBlockTableRecordIterator(entityIds(skipDeleted));
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntityId(AcDbObjectId& id) const {
+    if (done())
+        return Acad::eInvalidIndex;
+    id = ids_[at_];
+    return Acad::eOk;
+}

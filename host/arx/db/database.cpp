@@ -1,0 +1,192 @@
+#include "database_core.h"
+#include "dbapserv.h"
+#include "dbdict.h"
+#include "dbmain.h"
+#include "dbsymtb.h"
+
+#include <algorithm>
+
+using zuhost::Document;
+using zuhost::DocumentError;
+using zuhost::DrawingForm;
+
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDatabase, AcRxObject)
+
+AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool /*noDocument*/)
+    : core_(std::make_unique<zuhost::DatabaseCore>(*this)) {
+    if (buildDefaultDrawing)
+        core_->reset(Document::createEmpty(this));
+}
+
+AcDbDatabase::~AcDbDatabase() {
+    const auto told = core_->reactors;
+    for (AcDbDatabaseReactor* reactor : told)
+        reactor->goodbye(this);
+    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
+    if (services->workingDatabase() == this)
+        services->setWorkingDatabase(nullptr);
+}
+
+Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path) {
+    return take(Document::openFile(path, this));
+}
+
+Acad::ErrorStatus AcDbDatabase::dxfInBytes(std::string bytes, const ACHAR* name) {
+    return take(Document::open(std::move(bytes), name, this));
+}
+
+Acad::ErrorStatus AcDbDatabase::take(std::variant<std::unique_ptr<Document>, DocumentError> opened) {
+    if (const auto* error = std::get_if<DocumentError>(&opened)) {
+        lastError_ = error->message();
+        return error->line == 0 && error->offset == 0 ? Acad::eFileAccessErr : Acad::eBadDxfFile;
+    }
+    core_->reset(std::move(std::get<std::unique_ptr<Document>>(opened)));
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabase::dxfOut(const ACHAR* path) {
+    return dxfOut(path, isBinary());
+}
+
+Acad::ErrorStatus AcDbDatabase::dxfOut(const ACHAR* path, bool binary) {
+    if (!core_->document)
+        return Acad::eNoDatabase;
+    const DrawingForm form = binary ? DrawingForm::binary : DrawingForm::ascii;
+    const auto error = core_->document->save(path, form, core_->savedTags());
+    if (!error)
+        return Acad::eOk;
+    lastError_ = error->message();
+    return Acad::eFilerError;
+}
+
+std::string AcDbDatabase::dxfOutBytes(bool binary) {
+    if (!core_->document)
+        return {};
+    DocumentError error;
+    std::string bytes =
+        core_->document->bytes(binary ? DrawingForm::binary : DrawingForm::ascii, core_->savedTags(), &error);
+    if (bytes.empty())
+        lastError_ = error.message();
+    return bytes;
+}
+
+bool AcDbDatabase::isBinary() const {
+    return core_->document && core_->document->form() == DrawingForm::binary;
+}
+
+const std::wstring& AcDbDatabase::lastErrorText() const {
+    return lastError_;
+}
+
+std::vector<std::wstring> AcDbDatabase::warnings() const {
+    std::vector<std::wstring> texts;
+    if (core_->document)
+        for (const DocumentError& warning : core_->document->warnings())
+            texts.push_back(warning.message());
+    return texts;
+}
+
+int AcDbDatabase::originalFileVersion() const {
+    return core_->document ? core_->document->version() : 0;
+}
+
+Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool /*createIfNotFound*/,
+                                                const AcDbHandle& handle) const {
+    AcDbStub* const stub = core_->document ? core_->document->find(handle.value()) : nullptr;
+    if (stub == nullptr)
+        return Acad::eUnknownHandle;
+    id = stub;
+    return Acad::eOk;
+}
+
+std::size_t AcDbDatabase::approxNumObjects() const {
+    return core_->document ? core_->document->objectCount() : 0;
+}
+
+AcDbObjectId AcDbDatabase::blockTableId() const {
+    return {core_->tableHead("BLOCK_RECORD")};
+}
+AcDbObjectId AcDbDatabase::layerTableId() const {
+    return {core_->tableHead("LAYER")};
+}
+AcDbObjectId AcDbDatabase::linetypeTableId() const {
+    return {core_->tableHead("LTYPE")};
+}
+AcDbObjectId AcDbDatabase::textStyleTableId() const {
+    return {core_->tableHead("STYLE")};
+}
+AcDbObjectId AcDbDatabase::regAppTableId() const {
+    return {core_->tableHead("APPID")};
+}
+AcDbObjectId AcDbDatabase::namedObjectsDictionaryId() const {
+    return {core_->rootDictionary()};
+}
+AcDbObjectId AcDbDatabase::groupDictionaryId() const {
+    return {core_->groupDictionary()};
+}
+
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbBlockTable*& table, AcDb::OpenMode mode) {
+    return acdbOpenObject(table, blockTableId(), mode);
+}
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbLayerTable*& table, AcDb::OpenMode mode) {
+    return acdbOpenObject(table, layerTableId(), mode);
+}
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbLinetypeTable*& table, AcDb::OpenMode mode) {
+    return acdbOpenObject(table, linetypeTableId(), mode);
+}
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode) {
+    return acdbOpenObject(table, textStyleTableId(), mode);
+}
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbRegAppTable*& table, AcDb::OpenMode mode) {
+    return acdbOpenObject(table, regAppTableId(), mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getNamedObjectsDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode) {
+    return acdbOpenObject(dictionary, namedObjectsDictionaryId(), mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getGroupDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode) {
+    if (mode == AcDb::kForWrite && groupDictionaryId().isNull())
+        core_->makeGroupDictionary();
+    return acdbOpenObject(dictionary, groupDictionaryId(), mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* object) {
+    if (object == nullptr)
+        return Acad::eNullObjectPointer;
+    if (object->database() != nullptr)
+        return Acad::eAlreadyInDb;
+    id = core_->adopt(object, core_->document->container(zuhost::Container::Kind::objects), nullptr);
+    return Acad::eOk;
+}
+
+void AcDbDatabase::addReactor(AcDbDatabaseReactor* reactor) {
+    core_->reactors.push_back(reactor);
+}
+
+void AcDbDatabase::removeReactor(AcDbDatabaseReactor* reactor) {
+    std::erase(core_->reactors, reactor);
+}
+
+void AcDbDatabase::startUndoRecord() {
+    core_->undo.startStep();
+}
+void AcDbDatabase::disableUndoRecording(bool disable) {
+    core_->undo.disable(disable);
+}
+bool AcDbDatabase::undoRecording() const {
+    return core_->undo.enabled();
+}
+
+Acad::ErrorStatus AcDbDatabase::undo() {
+    return core_->undo.undo(*core_) ? Acad::eOk : Acad::eUndoOperationNotAvailable;
+}
+
+Acad::ErrorStatus AcDbDatabase::redo() {
+    return core_->undo.redo(*core_) ? Acad::eOk : Acad::eUndoOperationNotAvailable;
+}
+
+AcDbHostApplicationServices* acdbHostApplicationServices() {
+    static AcDbHostApplicationServices services;
+    return &services;
+}

@@ -1,0 +1,239 @@
+#include "database_core.h"
+
+#include "dbdict.h"
+#include "dbsymtb.h"
+#include "drawing/number_text.h"
+#include "object_factory.h"
+
+#include "../../mfc/character.h"
+
+#include <algorithm>
+
+namespace zuhost {
+
+std::wstring foldedName(std::wstring_view name) {
+    std::wstring folded(name);
+    std::transform(folded.begin(), folded.end(), folded.begin(), toUpper);
+    return folded;
+}
+
+DatabaseCore::DatabaseCore(AcDbDatabase& database) : self(database) {}
+
+DatabaseCore::~DatabaseCore() = default;
+
+void DatabaseCore::reset(std::unique_ptr<Document> opened) {
+    document = std::move(opened);
+    objects_.clear();
+    blocks_.clear();
+    names_.clear();
+    tables_.clear();
+    groups_ = nullptr;
+    modelSpace_ = nullptr;
+    undo.clear();
+}
+
+AcDbObject& DatabaseCore::object(AcDbStub& stub) {
+    if (stub.object != nullptr)
+        return *stub.object;
+    TagList tags = document->tags(stub);
+    std::unique_ptr<AcDbObject> built = ObjectBuilder::build(document->typeName(stub), tags);
+    *built->tags_ = std::move(tags);
+    built->stub_ = &stub;
+    stub.object = built.get();
+    objects_.push_back(std::move(built));
+    return *stub.object;
+}
+
+AcRxClass* DatabaseCore::classOf(const AcDbStub& stub) {
+    if (stub.object != nullptr)
+        return stub.object->isA();
+    return ObjectBuilder::classOf(document->typeName(stub), document->tags(stub));
+}
+
+AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbStub* owner) {
+    const std::string type(object->tags_->text(0, object->tags_->all()).value_or(""));
+    AcDbStub* const stub = document->append(container, type, owner);
+    stub->changed = true;
+    TagList& tags = *object->tags_;
+    const std::size_t firstMarker = std::min(tags.find(100, tags.all()), tags.size());
+    std::vector<Tag> identity;
+    if (!stub->handleIsOurs)
+        identity.push_back({document->handleCode(*stub), formatHandle(stub->handle)});
+    if (document->version() > 1009)
+        identity.push_back({330, formatHandle(owner != nullptr ? owner->handle : 0)});
+    tags.insert(std::min<std::size_t>(firstMarker, std::max<std::size_t>(tags.size(), 1)), identity);
+    if (document->version() <= 1009)
+        tags.eraseMarkers();
+    objects_.emplace_back(object);
+    stub->object = object;
+    object->stub_ = stub;
+    object->writing_ = true;
+    object->modified_ = true;
+    object->appended_ = true;
+    undo.note(*stub, tags, UndoLog::Kind::appended);
+    return {stub};
+}
+
+// ---- the drawing's own objects
+
+AcDbStub* DatabaseCore::tableHead(std::string_view table) {
+    if (!document)
+        return nullptr;
+    if (const auto found = tables_.find(table); found != tables_.end())
+        return found->second;
+    // Drawings before R13 list their blocks nowhere: there the table is one of our own.
+    return tables_.emplace(std::string(table), document->container(Container::Kind::table, table).head)
+        .first->second;
+}
+
+AcDbStub* DatabaseCore::rootDictionary() const {
+    if (!document)
+        return nullptr;
+    for (const Container& container : document->containers())
+        if (container.kind == Container::Kind::objects)
+            for (AcDbStub* member : container.members)
+                if (document->typeName(*member) == "DICTIONARY")
+                    return member;
+    return nullptr;
+}
+
+AcDbStub* DatabaseCore::groupDictionary() {
+    if (groups_ == nullptr) {
+        AcDbStub* const root = rootDictionary();
+        AcDbObjectId id;
+        if (root != nullptr &&
+            static_cast<AcDbDictionary&>(object(*root)).getAt(L"ACAD_GROUP", id) == Acad::eOk)
+            groups_ = id;
+    }
+    return groups_;
+}
+
+AcDbStub* DatabaseCore::makeGroupDictionary() {
+    if (AcDbStub* const known = groupDictionary())
+        return known;
+    AcDbObject* opened = nullptr;
+    AcDbStub* const root = rootDictionary();
+    if (root == nullptr || open(*root, AcDb::kForWrite, opened) != Acad::eOk)
+        return nullptr;
+    auto* const created = new AcDbDictionary;
+    AcDbObjectId id;
+    if (static_cast<AcDbDictionary*>(opened)->setAt(L"ACAD_GROUP", created, id) == Acad::eOk)
+        created->close();
+    opened->close();
+    return groupDictionary();
+}
+
+AcDbStub* DatabaseCore::modelSpace() {
+    if (modelSpace_ == nullptr) {
+        AcDbStub* const blocks = tableHead("BLOCK_RECORD");
+        if (blocks == nullptr)
+            return nullptr;
+        modelSpace_ = findRecord(*blocks, ACDB_MODEL_SPACE, false);
+        if (modelSpace_ == nullptr)
+            modelSpace_ = findRecord(*blocks, L"$MODEL_SPACE", false);
+    }
+    return modelSpace_;
+}
+
+Container* DatabaseCore::blockContainer(const AcDbStub& record) {
+    if (blocks_.empty())
+        for (Container& container : document->containers())
+            if (container.kind == Container::Kind::block && container.head != nullptr)
+                blocks_.emplace(container.head->owner != nullptr ? container.head->owner : container.head,
+                                &container);
+    const auto found = blocks_.find(&record);
+    return found == blocks_.end() ? nullptr : found->second;
+}
+
+// ---- names
+
+std::vector<AcDbStub*> DatabaseCore::records(const AcDbStub& table) {
+    std::vector<AcDbStub*> found;
+    for (const Container& container : document->containers())
+        if (container.kind == Container::Kind::table && container.head == &table)
+            found = container.members;
+    if (&table != tableHead("BLOCK_RECORD") || !found.empty())
+        return found;
+    for (const Container& container : document->containers())
+        if (container.kind == Container::Kind::block && container.head != nullptr)
+            found.push_back(container.head);
+    return found;
+}
+
+const DatabaseCore::NameIndex& DatabaseCore::names(const AcDbStub& table) {
+    const auto [entry, isNew] = names_.try_emplace(&table);
+    if (isNew) {
+        for (AcDbStub* record : records(table)) {
+            const TagList* const known = record->object != nullptr ? &record->object->tags() : nullptr;
+            const TagList tags = known != nullptr ? TagList() : document->tags(*record);
+            const TagList& read = known != nullptr ? *known : tags;
+            const auto name = read.text(2, {0, read.extendedDataStart()});
+            if (name)
+                entry->second[foldedName(document->decode(*name))].push_back(record);
+        }
+    }
+    return entry->second;
+}
+
+AcDbStub* DatabaseCore::findRecord(const AcDbStub& table, std::wstring_view name, bool erasedToo) {
+    const NameIndex& index = names(table);
+    const auto found = index.find(foldedName(name));
+    if (found == index.end())
+        return nullptr;
+    for (AcDbStub* record : found->second)
+        if (!record->erased)
+            return record;
+    return erasedToo ? found->second.front() : nullptr;
+}
+
+// ---- told by objects
+
+namespace {
+
+template <typename Told>
+void tellAll(const std::vector<AcDbDatabaseReactor*>& reactors, Told told) {
+    const auto list = reactors; // a reactor may take itself off
+    for (AcDbDatabaseReactor* reactor : list)
+        told(*reactor);
+}
+
+} // namespace
+
+void DatabaseCore::openedForModify(const AcDbObject& object) {
+    tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectOpenedForModify(&self, &object); });
+}
+
+void DatabaseCore::appended(const AcDbObject& object) {
+    tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectAppended(&self, &object); });
+}
+
+void DatabaseCore::modified(const AcDbObject& object) {
+    tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectModified(&self, &object); });
+}
+
+void DatabaseCore::erased(const AcDbObject& object, bool erasing) {
+    tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectErased(&self, &object, erasing); });
+}
+
+void DatabaseCore::restore(AcDbStub& stub, std::unique_ptr<TagList> tags, bool erased, UndoLog::Kind kind,
+                           bool undoing) {
+    AcDbObject& target = object(stub);
+    const bool toggled = stub.erased != erased;
+    target.tags_ = std::move(tags);
+    ++target.tagVersion_;
+    stub.erased = erased;
+    stub.changed = true;
+    if (stub.owner != nullptr)
+        forgetNames(stub.owner);
+    if (kind == UndoLog::Kind::appended) {
+        tellAll(reactors, [&](AcDbDatabaseReactor& r) {
+            undoing ? r.objectUnAppended(&self, &target) : r.objectReAppended(&self, &target);
+        });
+        return;
+    }
+    modified(target);
+    if (toggled)
+        this->erased(target, erased);
+}
+
+} // namespace zuhost

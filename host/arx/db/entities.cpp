@@ -1,0 +1,281 @@
+#include "dbents.h"
+
+#include "drawing/tag_list.h"
+
+#include <algorithm>
+#include <numbers>
+
+using zuhost::TagList;
+using zuhost::TagRange;
+
+ACRX_CONS_DEFINE_MEMBERS(AcDbPoint, AcDbEntity)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbCurve, AcDbEntity)
+ACRX_CONS_DEFINE_MEMBERS(AcDbLine, AcDbCurve)
+ACRX_CONS_DEFINE_MEMBERS(AcDbCircle, AcDbCurve)
+ACRX_CONS_DEFINE_MEMBERS(AcDbArc, AcDbCurve)
+ACRX_CONS_DEFINE_MEMBERS(AcDbPolyline, AcDbCurve)
+ACRX_CONS_DEFINE_MEMBERS(AcDbText, AcDbEntity)
+ACRX_CONS_DEFINE_MEMBERS(AcDbMText, AcDbEntity)
+
+namespace {
+
+constexpr std::string_view kPoint = "AcDbPoint";
+constexpr std::string_view kLine = "AcDbLine";
+constexpr std::string_view kCircle = "AcDbCircle";
+constexpr std::string_view kArc = "AcDbArc";
+constexpr std::string_view kPolyline = "AcDbPolyline";
+constexpr std::string_view kText = "AcDbText";
+constexpr std::string_view kMText = "AcDbMText";
+constexpr std::string_view kEntity = "AcDbEntity";
+
+constexpr double toRadians(double degrees) {
+    return degrees * std::numbers::pi / 180.0;
+}
+constexpr double toDegrees(double radians) {
+    return radians * 180.0 / std::numbers::pi;
+}
+
+AcGePoint3d inWorld(const AcGePoint3d& point, const AcGeVector3d& normal) {
+    return normal == AcGeVector3d::kZAxis ? point : AcGeMatrix3d::planeToWorld(normal) * point;
+}
+
+} // namespace
+
+AcDbPoint::AcDbPoint() {
+    startRecords("POINT", {kEntity, kPoint});
+}
+
+AcDbPoint::AcDbPoint(const AcGePoint3d& position) : AcDbPoint() {
+    setPosition(position);
+}
+
+AcGePoint3d AcDbPoint::position() const {
+    return pointTag(kPoint, 10);
+}
+
+Acad::ErrorStatus AcDbPoint::setPosition(const AcGePoint3d& position) {
+    return setPointTag(kPoint, 10, position);
+}
+
+AcDbLine::AcDbLine() {
+    startRecords("LINE", {kEntity, kLine});
+}
+
+AcDbLine::AcDbLine(const AcGePoint3d& start, const AcGePoint3d& end) : AcDbLine() {
+    setStartPoint(start);
+    setEndPoint(end);
+}
+
+AcGePoint3d AcDbLine::startPoint() const {
+    return pointTag(kLine, 10);
+}
+AcGePoint3d AcDbLine::endPoint() const {
+    return pointTag(kLine, 11);
+}
+Acad::ErrorStatus AcDbLine::setStartPoint(const AcGePoint3d& point) {
+    return setPointTag(kLine, 10, point);
+}
+Acad::ErrorStatus AcDbLine::setEndPoint(const AcGePoint3d& point) {
+    return setPointTag(kLine, 11, point);
+}
+
+AcDbCircle::AcDbCircle() {
+    startRecords("CIRCLE", {kEntity, kCircle});
+}
+
+AcDbCircle::AcDbCircle(const AcGePoint3d& centre, double radius) : AcDbCircle() {
+    setPointTag(kCircle, 10, centre);
+    setRadius(radius);
+}
+
+AcGePoint3d AcDbCircle::center() const {
+    return inWorld(pointTag(kCircle, 10), normal());
+}
+double AcDbCircle::radius() const {
+    return realTag(kCircle, 40, 0.0);
+}
+AcGeVector3d AcDbCircle::normal() const {
+    return normalTag(kCircle);
+}
+Acad::ErrorStatus AcDbCircle::setRadius(double radius) {
+    return setRealTag(kCircle, 40, radius);
+}
+
+AcDbArc::AcDbArc() {
+    startRecords("ARC", {kEntity, kCircle, kArc});
+}
+
+AcDbArc::AcDbArc(const AcGePoint3d& centre, double radius, double startAngle, double endAngle) : AcDbArc() {
+    setPointTag(kCircle, 10, centre);
+    setRealTag(kCircle, 40, radius);
+    setRealTag(kArc, 50, toDegrees(startAngle));
+    setRealTag(kArc, 51, toDegrees(endAngle));
+}
+
+AcGePoint3d AcDbArc::center() const {
+    return inWorld(pointTag(kCircle, 10), normal());
+}
+double AcDbArc::radius() const {
+    return realTag(kCircle, 40, 0.0);
+}
+double AcDbArc::startAngle() const {
+    return toRadians(realTag(kArc, 50, 0.0));
+}
+double AcDbArc::endAngle() const {
+    return toRadians(realTag(kArc, 51, 0.0));
+}
+AcGeVector3d AcDbArc::normal() const {
+    return normalTag(kCircle);
+}
+
+AcDbPolyline::AcDbPolyline() {
+    startRecords("LWPOLYLINE", {kEntity, kPolyline});
+    setIntegerTag(kPolyline, 90, 0);
+    setIntegerTag(kPolyline, 70, 0);
+}
+
+unsigned int AcDbPolyline::numVerts() const {
+    const TagRange range = section(kPolyline);
+    unsigned int count = 0;
+    for (std::size_t i = range.first; i < range.last; ++i)
+        count += tags()[i].code == 10 ? 1 : 0;
+    return count;
+}
+
+bool AcDbPolyline::isClosed() const {
+    return (integerTag(kPolyline, 70, 0) & 1) != 0;
+}
+
+Acad::ErrorStatus AcDbPolyline::setClosed(bool closed) {
+    const std::int64_t flags = integerTag(kPolyline, 70, 0);
+    return setIntegerTag(kPolyline, 70, closed ? flags | 1 : flags & ~std::int64_t{1});
+}
+
+namespace {
+
+/// The records of one vertex: from its first coordinate to the next vertex; empty when there is none.
+TagRange vertexRange(const TagList& tags, TagRange range, unsigned int index) {
+    std::size_t first = tags.find(10, range);
+    for (; index > 0 && first < range.last; --index)
+        first = tags.find(10, {first + 1, range.last});
+    if (first >= range.last)
+        return {range.last, range.last};
+    return {first, tags.find(10, {first + 1, range.last})};
+}
+
+} // namespace
+
+Acad::ErrorStatus AcDbPolyline::getPointAt(unsigned int index, AcGePoint2d& point) const {
+    const TagRange vertex = vertexRange(tags(), section(kPolyline), index);
+    if (vertex.empty())
+        return Acad::eInvalidIndex;
+    point = {tags().real(10, vertex).value_or(0.0), tags().real(20, vertex).value_or(0.0)};
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbPolyline::getBulgeAt(unsigned int index, double& bulge) const {
+    const TagRange vertex = vertexRange(tags(), section(kPolyline), index);
+    if (vertex.empty())
+        return Acad::eInvalidIndex;
+    bulge = tags().real(42, vertex).value_or(0.0);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2d& point, double bulge) {
+    const unsigned int count = numVerts();
+    if (index > count)
+        return Acad::eInvalidIndex;
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status != Acad::eOk)
+        return status;
+    TagList vertex;
+    vertex.setReal(10, point.x, vertex.all());
+    vertex.setReal(20, point.y, vertex.all());
+    if (bulge != 0.0)
+        vertex.setReal(42, bulge, vertex.all());
+    const TagRange at = vertexRange(tags(), section(kPolyline), index);
+    changingTags().insert(at.first, std::vector<zuhost::Tag>(vertex.begin(), vertex.end()));
+    return setIntegerTag(kPolyline, 90, count + 1);
+}
+
+AcGeVector3d AcDbPolyline::normal() const {
+    return normalTag(kPolyline);
+}
+double AcDbPolyline::elevation() const {
+    return realTag(kPolyline, 38, 0.0);
+}
+
+AcDbText::AcDbText() {
+    startRecords("TEXT", {kEntity, kText});
+}
+
+AcDbText::AcDbText(const AcGePoint3d& position, const ACHAR* text, double height) : AcDbText() {
+    setPointTag(kText, 10, position);
+    setRealTag(kText, 40, height);
+    setTextString(text);
+    changingTags().add(100, std::string(kText)); // the vertical alignment has a section of its own
+}
+
+std::wstring AcDbText::textString() const {
+    return textTag(kText, 1);
+}
+Acad::ErrorStatus AcDbText::setTextString(const ACHAR* text) {
+    return setTextTag(kText, 1, text);
+}
+AcGePoint3d AcDbText::position() const {
+    return inWorld(pointTag(kText, 10), normal());
+}
+AcGePoint3d AcDbText::alignmentPoint() const {
+    return inWorld(pointTag(kText, 11, pointTag(kText, 10)), normal());
+}
+double AcDbText::height() const {
+    return realTag(kText, 40, 0.0);
+}
+double AcDbText::rotation() const {
+    return toRadians(realTag(kText, 50, 0.0));
+}
+double AcDbText::widthFactor() const {
+    return realTag(kText, 41, 1.0);
+}
+int AcDbText::horizontalMode() const {
+    return static_cast<int>(integerTag(kText, 72, 0));
+}
+
+int AcDbText::verticalMode() const {
+    // It stands behind the second marker of the same name.
+    return static_cast<int>(tags().integer(73, {0, tags().extendedDataStart()}).value_or(0));
+}
+
+AcGeVector3d AcDbText::normal() const {
+    return normalTag(kText);
+}
+
+AcDbMText::AcDbMText() {
+    startRecords("MTEXT", {kEntity, kMText});
+}
+
+std::wstring AcDbMText::contents() const {
+    const TagRange range = section(kMText);
+    std::string pieces;
+    for (std::size_t i = range.first; i < range.last; ++i)
+        if (tags()[i].code == 3 || tags()[i].code == 1)
+            pieces += tags()[i].value;
+    return decoded(pieces);
+}
+
+AcGePoint3d AcDbMText::location() const {
+    return pointTag(kMText, 10);
+}
+double AcDbMText::textHeight() const {
+    return realTag(kMText, 40, 0.0);
+}
+int AcDbMText::attachment() const {
+    return static_cast<int>(integerTag(kMText, 71, 1));
+}
+
+double AcDbMText::rotation() const {
+    const AcGePoint3d direction = pointTag(kMText, 11);
+    if (direction.x != 0.0 || direction.y != 0.0)
+        return std::atan2(direction.y, direction.x);
+    return toRadians(realTag(kMText, 50, 0.0));
+}

@@ -1,0 +1,92 @@
+#include "dbmain.h"
+
+#include "database_core.h"
+#include "dbsymtb.h"
+#include "drawing/tag_list.h"
+
+namespace {
+
+constexpr std::string_view kMarker = "AcDbEntity";
+constexpr int kByLayer = 256;
+
+} // namespace
+
+ACRX_DEFINE_MEMBERS_WITH(AcDbEntity, AcDbObject, &zuhost::makeEntity)
+
+AcRxObject* zuhost::makeEntity() {
+    class Entity : public AcDbEntity {};
+    return new Entity;
+}
+
+std::wstring AcDbEntity::layerName() const {
+    const std::wstring name = textTag(kMarker, 8);
+    return name.empty() ? L"0" : name;
+}
+
+ACHAR* AcDbEntity::layer() const {
+    ACHAR* copy = nullptr;
+    acutNewString(layerName().c_str(), copy);
+    return copy;
+}
+
+void AcDbEntity::ensureLayer() {
+    if (!tags().text(8, section(kMarker)))
+        setTextTag(kMarker, 8, L"0");
+}
+
+AcDbObjectId AcDbEntity::layerId() const {
+    if (core() == nullptr)
+        return {};
+    AcDbStub* const table = core()->tableHead("LAYER");
+    return table != nullptr ? AcDbObjectId(core()->findRecord(*table, layerName(), false)) : AcDbObjectId();
+}
+
+Acad::ErrorStatus AcDbEntity::setLayer(const ACHAR* name) {
+    if (core() != nullptr) {
+        AcDbStub* const table = core()->tableHead("LAYER");
+        if (table == nullptr || core()->findRecord(*table, name, false) == nullptr)
+            return Acad::eKeyNotFound;
+    }
+    return setTextTag(kMarker, 8, name);
+}
+
+Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId layer) {
+    AcDbLayerTableRecord* record = nullptr;
+    const Acad::ErrorStatus status = acdbOpenObject(record, layer, AcDb::kForRead);
+    if (status != Acad::eOk)
+        return status;
+    const std::wstring name = record->name();
+    record->close();
+    return setTextTag(kMarker, 8, name);
+}
+
+Adesk::UInt16 AcDbEntity::colorIndex() const {
+    return static_cast<Adesk::UInt16>(integerTag(kMarker, 62, kByLayer));
+}
+
+Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 index) {
+    return index > kByLayer ? Acad::eInvalidInput : setIntegerTag(kMarker, 62, index);
+}
+
+std::wstring AcDbEntity::linetypeName() const {
+    const std::wstring name = textTag(kMarker, 6);
+    return name.empty() ? L"ByLayer" : name;
+}
+
+AcDb::LineWeight AcDbEntity::lineWeight() const {
+    return static_cast<AcDb::LineWeight>(integerTag(kMarker, 370, AcDb::kLnWtByLayer));
+}
+
+bool AcDbEntity::isInPaperSpace() const {
+    return integerTag(kMarker, 67, 0) == 1;
+}
+
+bool AcDbEntity::isVisible() const {
+    return integerTag(kMarker, 60, 0) == 0;
+}
+
+AcGeVector3d AcDbEntity::normalTag(std::string_view marker) const {
+    const AcGePoint3d direction = pointTag(marker, 210, {0, 0, 1});
+    const AcGeVector3d normal = direction.asVector().normal();
+    return normal.isZeroLength() ? AcGeVector3d::kZAxis : normal;
+}

@@ -1,0 +1,160 @@
+#include "dbgroup.h"
+
+#include "database_core.h"
+#include "dbdict.h"
+#include "dbobjptr.h"
+#include "drawing/number_text.h"
+
+#include <unordered_set>
+
+ACRX_CONS_DEFINE_MEMBERS(AcDbGroup, AcDbObject)
+
+using zuhost::TagRange;
+
+namespace {
+
+constexpr std::string_view kMarker = "AcDbGroup";
+constexpr int kMember = 340;
+
+} // namespace
+
+AcDbGroup::AcDbGroup() {
+    startRecords("GROUP", {kMarker});
+    setTextTag(kMarker, 300, L"");
+    setIntegerTag(kMarker, 70, 0);
+    setIntegerTag(kMarker, 71, 1);
+}
+
+AcDbGroup::AcDbGroup(const ACHAR* description, bool selectable) : AcDbGroup() {
+    setDescription(description);
+    setSelectable(selectable);
+}
+
+std::wstring AcDbGroup::description() const {
+    return textTag(kMarker, 300);
+}
+Acad::ErrorStatus AcDbGroup::setDescription(const ACHAR* description) {
+    return setTextTag(kMarker, 300, description);
+}
+bool AcDbGroup::isSelectable() const {
+    return integerTag(kMarker, 71, 1) != 0;
+}
+Acad::ErrorStatus AcDbGroup::setSelectable(bool selectable) {
+    return setIntegerTag(kMarker, 71, selectable ? 1 : 0);
+}
+bool AcDbGroup::isAnonymous() const {
+    return integerTag(kMarker, 70, 0) != 0;
+}
+Acad::ErrorStatus AcDbGroup::setAnonymous() {
+    return setIntegerTag(kMarker, 70, 1);
+}
+
+std::wstring AcDbGroup::getName() const {
+    std::wstring name;
+    AcDbStub* const owner = ownerId();
+    if (owner == nullptr || core()->classOf(*owner) != AcDbDictionary::desc())
+        return name;
+    static_cast<const AcDbDictionary&>(core()->object(*owner)).nameAt(objectId(), name);
+    return name;
+}
+
+Adesk::UInt32 AcDbGroup::allEntityIds(AcDbObjectIdArray& ids) const {
+    ids.removeAll();
+    if (core() == nullptr)
+        return 0;
+    std::unordered_set<const AcDbStub*> seen;
+    const TagRange range = section(kMarker);
+    for (std::size_t i = range.first; i < range.last; ++i) {
+        if (tags()[i].code != kMember)
+            continue;
+        const auto handle = zuhost::parseHandle(tags()[i].value);
+        AcDbStub* const member = handle ? core()->document->find(*handle) : nullptr;
+        if (member != nullptr && seen.insert(member).second)
+            ids.append(member);
+    }
+    return static_cast<Adesk::UInt32>(ids.length());
+}
+
+Adesk::UInt32 AcDbGroup::numEntities() const {
+    AcDbObjectIdArray ids;
+    return allEntityIds(ids);
+}
+
+AcDbGroup::Members& AcDbGroup::members() const {
+    if (membersVersion_ == tagVersion())
+        return members_;
+    members_.clear();
+    const TagRange range = section(kMarker);
+    for (std::size_t i = range.first; i < range.last; ++i)
+        if (const auto handle =
+                tags()[i].code == kMember ? zuhost::parseHandle(tags()[i].value) : std::nullopt)
+            members_.insert(*handle);
+    membersVersion_ = tagVersion();
+    return members_;
+}
+
+bool AcDbGroup::has(AcDbObjectId id) const {
+    return !id.isNull() && members().contains(id.handle().value());
+}
+
+Acad::ErrorStatus AcDbGroup::insert(AcDbObjectId id, std::size_t place) {
+    if (core() == nullptr)
+        return Acad::eNotInDatabase;
+    if (id.isNull())
+        return Acad::eNullObjectId;
+    if (id.database() != database())
+        return Acad::eWrongDatabase;
+    if (!isWriteEnabled())
+        return Acad::eNotOpenForWrite;
+    if (has(id))
+        return Acad::eAlreadyInGroup;
+    const AcDbObjectPointer<AcDbEntity> member(id, AcDb::kForWrite);
+    if (member.openStatus() != Acad::eOk)
+        return member.openStatus();
+    assertWriteEnabled();
+    changingTags().insert(place, {kMember, zuhost::formatHandle(id.handle().value())});
+    members_.insert(id.handle().value());
+    membersVersion_ = tagVersion();
+    return member->addPersistentReactor(objectId());
+}
+
+Acad::ErrorStatus AcDbGroup::append(AcDbObjectId id) {
+    return insert(id, section(kMarker).last);
+}
+
+Acad::ErrorStatus AcDbGroup::append(const AcDbObjectIdArray& ids) {
+    for (const AcDbObjectId id : ids)
+        if (const Acad::ErrorStatus status = append(id);
+            status != Acad::eOk && status != Acad::eAlreadyInGroup)
+            return status;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbGroup::prepend(AcDbObjectId id) {
+    return insert(id, tags().find(kMember, section(kMarker)));
+}
+
+Acad::ErrorStatus AcDbGroup::remove(AcDbObjectId id) {
+    if (!has(id))
+        return Acad::eNotInGroup;
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status != Acad::eOk)
+        return status;
+    const TagRange range = section(kMarker);
+    for (std::size_t i = range.last; i-- > range.first;)
+        if (tags()[i].code == kMember && zuhost::parseHandle(tags()[i].value) == id.handle().value())
+            changingTags().erase({i, i + 1});
+    const AcDbObjectPointer<AcDbObject> member(id, AcDb::kForWrite, true);
+    if (member.openStatus() == Acad::eOk)
+        member->removePersistentReactor(objectId());
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbGroup::clear() {
+    AcDbObjectIdArray ids;
+    allEntityIds(ids);
+    for (const AcDbObjectId id : ids)
+        if (const Acad::ErrorStatus status = remove(id); status != Acad::eOk)
+            return status;
+    return Acad::eOk;
+}

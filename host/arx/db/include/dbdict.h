@@ -1,0 +1,68 @@
+#pragma once
+
+#include "dbmain.h"
+
+#include <unordered_map>
+
+/// Goes through the entries of a dictionary in their order, erased objects left out.
+class AcDbDictionaryIterator {
+public:
+    struct Entry {
+        std::wstring name;
+        AcDbObjectId id;
+    };
+    explicit AcDbDictionaryIterator(std::vector<Entry> entries) : entries_(std::move(entries)) {}
+
+    [[nodiscard]] const ACHAR* name() const { return entries_[at_].name.c_str(); }
+    [[nodiscard]] AcDbObjectId objectId() const { return entries_[at_].id; }
+    [[nodiscard]] bool done() const { return at_ >= entries_.size(); }
+    bool next() { return ++at_ < entries_.size(); }
+
+private:
+    std::vector<Entry> entries_;
+    std::size_t at_ = 0;
+};
+
+/// Objects by name; names are compared without regard to case, entries keep their order.
+class AcDbDictionary : public AcDbObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbDictionary);
+    AcDbDictionary();
+
+    /// eKeyNotFound when there is no such entry, eWasErased when its object is erased.
+    Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id) const;
+    /// Opens the object; the caller closes it.
+    Acad::ErrorStatus getAt(const ACHAR* name, AcDbObject*& object, AcDb::OpenMode mode) const;
+    [[nodiscard]] bool has(const ACHAR* name) const;
+    [[nodiscard]] bool has(AcDbObjectId id) const;
+    /// Name of the object's entry; eKeyNotFound when it has none.
+    Acad::ErrorStatus nameAt(AcDbObjectId id, std::wstring& name) const;
+    [[nodiscard]] Adesk::UInt32 numEntries() const;
+
+    /// Enters an object under the name; one that is in no database yet is taken over and left open for write.
+    /// An object under that name is replaced and erased. In the group dictionary a name that begins with "*"
+    /// stands for the next free anonymous name "*A1", "*A2" ...
+    Acad::ErrorStatus setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id);
+    /// Takes the entry out; the object itself stays.
+    Acad::ErrorStatus remove(const ACHAR* name);
+    Acad::ErrorStatus remove(AcDbObjectId id);
+
+    /// The caller deletes the iterator.
+    [[nodiscard]] AcDbDictionaryIterator* newIterator() const;
+    [[nodiscard]] std::vector<AcDbDictionaryIterator::Entry> entries() const;
+
+private:
+    struct Index {
+        std::unordered_map<std::wstring, std::size_t>
+            byName; ///< Folded name to the place of its name record.
+        std::unordered_map<std::uint64_t, std::size_t> byHandle;
+        int highestAnonymous = 0;
+    };
+    const Index& index() const;
+    [[nodiscard]] AcDbObjectId entryAt(std::size_t place) const;
+    [[nodiscard]] std::wstring anonymousName() const;
+    Acad::ErrorStatus removeEntry(std::size_t place);
+
+    mutable Index index_;
+    mutable std::uint32_t indexVersion_ = ~std::uint32_t{0};
+};

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "dbmain.h"
+
+#include <unordered_set>
+
+/// A named, ordered set of entities. The group is a persistent reactor of each of its members.
+class AcDbGroup : public AcDbObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbGroup);
+    AcDbGroup();
+    explicit AcDbGroup(const ACHAR* description, bool selectable = true);
+
+    [[nodiscard]] std::wstring description() const;
+    Acad::ErrorStatus setDescription(const ACHAR* description);
+    [[nodiscard]] bool isSelectable() const;
+    Acad::ErrorStatus setSelectable(bool selectable);
+    /// True when the host gave the group its name.
+    [[nodiscard]] bool isAnonymous() const;
+    Acad::ErrorStatus setAnonymous();
+    /// Name in the group dictionary; empty when the group is in none.
+    [[nodiscard]] std::wstring getName() const;
+
+    /// Each member once, in order; erased members are still listed (they may come back).
+    Adesk::UInt32 allEntityIds(AcDbObjectIdArray& ids) const;
+    [[nodiscard]] Adesk::UInt32 numEntities() const;
+    [[nodiscard]] bool has(AcDbObjectId id) const;
+
+    /// eAlreadyInGroup for a member. Members must not be open for read or write elsewhere.
+    Acad::ErrorStatus append(AcDbObjectId id);
+    Acad::ErrorStatus append(const AcDbObjectIdArray& ids);
+    Acad::ErrorStatus prepend(AcDbObjectId id);
+    /// eNotInGroup for one that is no member.
+    Acad::ErrorStatus remove(AcDbObjectId id);
+    Acad::ErrorStatus clear();
+
+private:
+    using Members = std::unordered_set<std::uint64_t>;
+    /// Handles of the members, kept up to date by the group's own changes.
+    Members& members() const;
+    Acad::ErrorStatus insert(AcDbObjectId id, std::size_t place);
+
+    mutable Members members_;
+    mutable std::uint32_t membersVersion_ = ~std::uint32_t{0};
+};

@@ -1,0 +1,156 @@
+#include "dbmain.h"
+
+#include "database_core.h"
+
+#include <zuhost/text_codec.h>
+
+#include <algorithm>
+
+using zuhost::TagList;
+using zuhost::TagRange;
+
+ACRX_CONS_DEFINE_MEMBERS(AcDbObject, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObjectReactor, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDatabaseReactor, AcRxObject)
+
+AcDbObject::AcDbObject() : tags_(std::make_unique<TagList>()) {}
+
+AcDbObject::~AcDbObject() {
+    const auto told = transientReactors_;
+    for (AcDbObjectReactor* reactor : told)
+        reactor->goodbye(this);
+}
+
+AcDbObjectId AcDbObject::ownerId() const {
+    return stub_ != nullptr ? AcDbObjectId(stub_->owner) : AcDbObjectId();
+}
+
+AcDbDatabase* AcDbObject::database() const {
+    return stub_ != nullptr ? stub_->database : nullptr;
+}
+
+zuhost::DatabaseCore* AcDbObject::core() const {
+    return stub_ != nullptr ? &stub_->database->core() : nullptr;
+}
+
+std::wstring AcDbObject::dxfName() const {
+    return decoded(tags_->text(0, tags_->all()).value_or(""));
+}
+
+bool AcDbObject::isNewObject() const {
+    return stub_ == nullptr || stub_->length == 0;
+}
+
+std::wstring AcDbObject::decoded(std::string_view value) const {
+    const zuhost::DatabaseCore* const database = core();
+    return database != nullptr ? database->document->decode(value) : zuhost::fromUtf8(value);
+}
+
+std::string AcDbObject::encoded(std::wstring_view text) const {
+    const zuhost::DatabaseCore* const database = core();
+    return database != nullptr ? database->document->encode(text) : zuhost::toUtf8(text);
+}
+
+TagRange AcDbObject::section(std::string_view marker) const {
+    return marker.empty() ? TagRange{0, tags_->extendedDataStart()} : tags_->subclass(marker);
+}
+
+double AcDbObject::realTag(std::string_view marker, int code, double missing) const {
+    return tags_->real(code, section(marker)).value_or(missing);
+}
+
+std::int64_t AcDbObject::integerTag(std::string_view marker, int code, std::int64_t missing) const {
+    return tags_->integer(code, section(marker)).value_or(missing);
+}
+
+std::wstring AcDbObject::textTag(std::string_view marker, int code) const {
+    return decoded(tags_->text(code, section(marker)).value_or(""));
+}
+
+AcGePoint3d AcDbObject::pointTag(std::string_view marker, int code, const AcGePoint3d& missing) const {
+    const TagRange range = section(marker);
+    return {tags_->real(code, range).value_or(missing.x), tags_->real(code + 10, range).value_or(missing.y),
+            tags_->real(code + 20, range).value_or(missing.z)};
+}
+
+Acad::ErrorStatus AcDbObject::setRealTag(std::string_view marker, int code, double value) {
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status == Acad::eOk)
+        changingTags().setReal(code, value, section(marker));
+    return status;
+}
+
+Acad::ErrorStatus AcDbObject::setIntegerTag(std::string_view marker, int code, std::int64_t value) {
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status == Acad::eOk)
+        changingTags().setInteger(code, value, section(marker));
+    return status;
+}
+
+Acad::ErrorStatus AcDbObject::setTextTag(std::string_view marker, int code, std::wstring_view text) {
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status == Acad::eOk)
+        changingTags().setText(code, encoded(text), section(marker));
+    return status;
+}
+
+Acad::ErrorStatus AcDbObject::setPointTag(std::string_view marker, int code, const AcGePoint3d& point) {
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status != Acad::eOk)
+        return status;
+    TagList& records = changingTags();
+    // Each number is looked up anew: adding one moves the end of the section.
+    records.setReal(code, point.x, section(marker));
+    records.setReal(code + 10, point.y, section(marker));
+    records.setReal(code + 20, point.z, section(marker));
+    return status;
+}
+
+void AcDbObject::startRecords(std::string_view type, std::initializer_list<std::string_view> markers) {
+    tags_->add(0, std::string(type));
+    for (const std::string_view marker : markers)
+        tags_->add(100, std::string(marker));
+}
+
+Acad::ErrorStatus AcDbObject::assertWriteEnabled() {
+    if (stub_ == nullptr)
+        return Acad::eOk;
+    if (!writing_)
+        return Acad::eNotOpenForWrite;
+    if (!modified_) {
+        modified_ = true;
+        core()->undo.note(*stub_, *tags_, zuhost::UndoLog::Kind::changed);
+        const auto told = transientReactors_;
+        for (AcDbObjectReactor* reactor : told)
+            reactor->openedForModify(this);
+        core()->openedForModify(*this);
+    }
+    stub_->changed = true;
+    return Acad::eOk;
+}
+
+TagList& AcDbObject::changingTags() {
+    ++tagVersion_;
+    return *tags_;
+}
+
+Acad::ErrorStatus AcDbObject::erase(bool erasing) {
+    if (stub_ == nullptr)
+        return Acad::eNotInDatabase;
+    if (!writing_)
+        return Acad::eNotOpenForWrite;
+    if (stub_->erased == erasing)
+        return erasing ? Acad::eWasErased : Acad::eOk;
+    assertWriteEnabled();
+    stub_->erased = erasing;
+    eraseToggled_ = !eraseToggled_;
+    ++tagVersion_;
+    subErased(erasing);
+    return Acad::eOk;
+}
+
+AcDbObjectId AcDbObject::extensionDictionary() const {
+    const TagRange range = tags_->applicationGroup("ACAD_XDICTIONARY");
+    const auto handle = tags_->handle(360, range);
+    return handle && core() != nullptr ? AcDbObjectId(core()->document->find(*handle)) : AcDbObjectId();
+}

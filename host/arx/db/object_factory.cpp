@@ -1,0 +1,83 @@
+#include "object_factory.h"
+
+#include "dbdict.h"
+#include "dbents.h"
+#include "dbgroup.h"
+#include "dbsymtb.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace zuhost {
+
+namespace {
+
+struct TypeClass {
+    std::string_view type;
+    AcRxClass* (*desc)();
+};
+
+constexpr std::array kTypes{
+    TypeClass{"INSERT", &AcDbBlockReference::desc},
+    TypeClass{"POINT", &AcDbPoint::desc},
+    TypeClass{"LINE", &AcDbLine::desc},
+    TypeClass{"CIRCLE", &AcDbCircle::desc},
+    TypeClass{"ARC", &AcDbArc::desc},
+    TypeClass{"LWPOLYLINE", &AcDbPolyline::desc},
+    TypeClass{"TEXT", &AcDbText::desc},
+    TypeClass{"MTEXT", &AcDbMText::desc},
+    TypeClass{"GROUP", &AcDbGroup::desc},
+    TypeClass{"DICTIONARY", &AcDbDictionary::desc},
+    TypeClass{"LAYER", &AcDbLayerTableRecord::desc},
+    TypeClass{"LTYPE", &AcDbLinetypeTableRecord::desc},
+    TypeClass{"STYLE", &AcDbTextStyleTableRecord::desc},
+    TypeClass{"APPID", &AcDbRegAppTableRecord::desc},
+    TypeClass{"BLOCK_RECORD", &AcDbBlockTableRecord::desc},
+    // Before R13 the BLOCK is the block's record; later it is not opened by itself.
+    TypeClass{"BLOCK", &AcDbBlockTableRecord::desc},
+    TypeClass{"ACDBDICTIONARYWDFLT", &AcDbDictionary::desc},
+};
+
+constexpr std::array kTables{
+    TypeClass{"BLOCK_RECORD", &AcDbBlockTable::desc}, TypeClass{"LAYER", &AcDbLayerTable::desc},
+    TypeClass{"LTYPE", &AcDbLinetypeTable::desc},     TypeClass{"STYLE", &AcDbTextStyleTable::desc},
+    TypeClass{"APPID", &AcDbRegAppTable::desc},
+};
+
+/// Entities of drawings that have no class markers (before R13).
+constexpr std::array<std::string_view, 10> kOldEntities{
+    "POLYLINE", "VERTEX", "SEQEND", "ATTRIB", "ATTDEF", "SOLID", "TRACE", "3DFACE", "SHAPE", "DIMENSION"};
+
+template <typename Table>
+AcRxClass* lookUp(const Table& table, std::string_view type) {
+    const auto found =
+        std::find_if(table.begin(), table.end(), [type](const TypeClass& t) { return t.type == type; });
+    return found == table.end() ? nullptr : found->desc();
+}
+
+bool isEntity(std::string_view type, const TagList& tags) {
+    return !tags.subclass("AcDbEntity").empty() || tags.find(8, tags.all()) != tags.all().last ||
+           std::find(kOldEntities.begin(), kOldEntities.end(), type) != kOldEntities.end();
+}
+
+AcRxClass* tableClass(const TagList& tags) {
+    AcRxClass* const known = lookUp(kTables, tags.text(2, tags.all()).value_or(""));
+    return known != nullptr ? known : AcDbSymbolTable::desc();
+}
+
+} // namespace
+
+AcRxClass* ObjectBuilder::classOf(const std::string& type, const TagList& tags) {
+    if (type == "TABLE")
+        return tableClass(tags);
+    if (AcRxClass* const known = lookUp(kTypes, type))
+        return known;
+    return isEntity(type, tags) ? AcDbEntity::desc() : AcDbObject::desc();
+}
+
+std::unique_ptr<AcDbObject> ObjectBuilder::build(const std::string& type, const TagList& tags) {
+    return std::unique_ptr<AcDbObject>(static_cast<AcDbObject*>(classOf(type, tags)->create()));
+}
+
+} // namespace zuhost

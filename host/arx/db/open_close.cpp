@@ -1,0 +1,96 @@
+#include "dbmain.h"
+
+#include "database_core.h"
+
+#include <utility>
+
+namespace {
+
+constexpr std::uint16_t kMaxReaders = 256;
+
+} // namespace
+
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                     bool openErased) {
+    object = nullptr;
+    AcDbStub* const stub = id;
+    if (stub == nullptr)
+        return Acad::eNullObjectId;
+    if (stub->erased && !openErased)
+        return Acad::eWasErased;
+    return stub->database->core().open(*stub, mode, object);
+}
+
+Acad::ErrorStatus zuhost::DatabaseCore::open(AcDbStub& stub, AcDb::OpenMode mode, AcDbObject*& opened) {
+    AcDbObject& target = object(stub);
+    if (target.writing_)
+        return Acad::eWasOpenForWrite;
+    if (mode == AcDb::kForWrite) {
+        if (target.readers_ > 0)
+            return Acad::eWasOpenForRead;
+        target.writing_ = true;
+    } else {
+        if (target.readers_ >= kMaxReaders)
+            return Acad::eAtMaxReaders;
+        ++target.readers_;
+    }
+    opened = &target;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::close() {
+    if (stub_ == nullptr)
+        return Acad::eNotInDatabase;
+    if (writing_) {
+        writing_ = false;
+        notifyClosed();
+        return Acad::eOk;
+    }
+    if (readers_ == 0)
+        return Acad::eNotOpenForRead;
+    --readers_;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::upgradeOpen() {
+    if (writing_)
+        return Acad::eWasOpenForWrite;
+    if (readers_ != 1)
+        return readers_ == 0 ? Acad::eNotOpenForRead : Acad::eWasOpenForRead;
+    readers_ = 0;
+    writing_ = true;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::downgradeOpen() {
+    if (!writing_)
+        return Acad::eNotOpenForWrite;
+    writing_ = false;
+    readers_ = 1;
+    notifyClosed();
+    return Acad::eOk;
+}
+
+/// Tells of what was done in the opening that ends; reactors may open the object again.
+void AcDbObject::notifyClosed() {
+    const bool wasAppended = std::exchange(appended_, false);
+    const bool wasModified = std::exchange(modified_, false);
+    const bool wasToggled = std::exchange(eraseToggled_, false);
+    const bool nowErased = stub_->erased;
+    zuhost::DatabaseCore& database = *core();
+    if (wasAppended)
+        database.appended(*this);
+    else if (wasModified)
+        database.modified(*this);
+    if (wasModified) {
+        const auto told = transientReactors_;
+        for (AcDbObjectReactor* reactor : told)
+            reactor->modified(this);
+    }
+    if (wasToggled) {
+        const auto told = transientReactors_;
+        for (AcDbObjectReactor* reactor : told)
+            reactor->erased(this, nowErased);
+        database.erased(*this, nowErased);
+    }
+}

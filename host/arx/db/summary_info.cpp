@@ -1,0 +1,115 @@
+#include "summinfo.h"
+
+#include "database_core.h"
+
+using zuhost::Tag;
+using zuhost::TagList;
+
+namespace {
+
+constexpr std::string_view kKey = "$CUSTOMPROPERTYTAG";
+constexpr std::string_view kValue = "$CUSTOMPROPERTY";
+
+bool isVariable(const TagList& header, std::size_t at, std::string_view name) {
+    return at + 1 < header.size() && header[at].code == 9 && header[at].value == name;
+}
+
+bool isCustom(const TagList& header, std::size_t at) {
+    return isVariable(header, at, kKey) || isVariable(header, at, kValue);
+}
+
+/// Where custom variables stand: at those that are there, else behind the last of the drawing's own
+/// properties.
+std::size_t customPlace(const TagList& header) {
+    for (std::size_t i = 0; i < header.size(); ++i)
+        if (isCustom(header, i))
+            return i;
+    return header.size();
+}
+
+} // namespace
+
+int AcDbDatabaseSummaryInfo::find(const ACHAR* key) const {
+    for (std::size_t i = 0; i < custom_.size(); ++i)
+        if (zuhost::foldedName(custom_[i].key) == zuhost::foldedName(key))
+            return static_cast<int>(i);
+    return -1;
+}
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::getCustomSummaryInfo(const ACHAR* key, std::wstring& value) const {
+    const int index = find(key);
+    if (index < 0)
+        return Acad::eKeyNotFound;
+    value = custom_[static_cast<std::size_t>(index)].value;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::getCustomSummaryInfo(int index, std::wstring& key,
+                                                                std::wstring& value) const {
+    if (index < 0 || index >= numCustomInfo())
+        return Acad::eInvalidIndex;
+    key = custom_[static_cast<std::size_t>(index)].key;
+    value = custom_[static_cast<std::size_t>(index)].value;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::addCustomSummaryInfo(const ACHAR* key, const ACHAR* value) {
+    if (find(key) >= 0)
+        return Acad::eDuplicateKey;
+    custom_.push_back({key, value});
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::setCustomSummaryInfo(const ACHAR* key, const ACHAR* value) {
+    const int index = find(key);
+    if (index < 0)
+        return Acad::eKeyNotFound;
+    custom_[static_cast<std::size_t>(index)].value = value;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::deleteCustomSummaryInfo(const ACHAR* key) {
+    const int index = find(key);
+    if (index < 0)
+        return Acad::eKeyNotFound;
+    custom_.erase(custom_.begin() + index);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus acdbGetSummaryInfo(const AcDbDatabase* database,
+                                     std::unique_ptr<AcDbDatabaseSummaryInfo>& info) {
+    const auto& document = database->core().document;
+    if (!document)
+        return Acad::eNoDatabase;
+    info = std::make_unique<AcDbDatabaseSummaryInfo>();
+    const TagList& header = document->header();
+    for (std::size_t i = 0; i + 3 < header.size(); ++i)
+        if (isVariable(header, i, kKey) && isVariable(header, i + 2, kValue))
+            info->addCustomSummaryInfo(document->decode(header[i + 1].value).c_str(),
+                                       document->decode(header[i + 3].value).c_str());
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus acdbPutSummaryInfo(AcDbDatabase* database, const AcDbDatabaseSummaryInfo& info) {
+    const auto& document = database->core().document;
+    if (!document)
+        return Acad::eNoDatabase;
+    TagList header = document->header();
+    const std::size_t place = customPlace(header);
+    for (std::size_t i = header.size(); i-- > 0;)
+        if (isCustom(header, i))
+            header.erase({i, i + 2});
+    std::vector<Tag> records;
+    for (int i = 0; i < info.numCustomInfo(); ++i) {
+        std::wstring key;
+        std::wstring value;
+        info.getCustomSummaryInfo(i, key, value);
+        records.insert(records.end(), {{9, std::string(kKey)},
+                                       {1, document->encode(key)},
+                                       {9, std::string(kValue)},
+                                       {1, document->encode(value)}});
+    }
+    header.insert(place, records);
+    document->setHeader(std::move(header));
+    return Acad::eOk;
+}

@@ -1,0 +1,113 @@
+#include "dbsymtb.h"
+
+#include "drawing/tag_list.h"
+
+#include <cstdlib>
+
+ACRX_CONS_DEFINE_MEMBERS(AcDbLayerTableRecord, AcDbSymbolTableRecord)
+ACRX_CONS_DEFINE_MEMBERS(AcDbLinetypeTableRecord, AcDbSymbolTableRecord)
+ACRX_CONS_DEFINE_MEMBERS(AcDbTextStyleTableRecord, AcDbSymbolTableRecord)
+ACRX_CONS_DEFINE_MEMBERS(AcDbRegAppTableRecord, AcDbSymbolTableRecord)
+
+namespace {
+
+constexpr std::int64_t kFrozen = 1;
+constexpr std::int64_t kLocked = 4;
+constexpr int kWhite = 7;
+
+} // namespace
+
+AcDbLayerTableRecord::AcDbLayerTableRecord() {
+    startRecord("LAYER", "AcDbLayerTableRecord");
+    setIntegerTag({}, 62, kWhite);
+    setTextTag({}, 6, L"Continuous");
+}
+
+bool AcDbLayerTableRecord::flag(std::int64_t bit) const {
+    return (integerTag({}, 70, 0) & bit) != 0;
+}
+
+Acad::ErrorStatus AcDbLayerTableRecord::setFlag(std::int64_t bit, bool on) {
+    const std::int64_t flags = integerTag({}, 70, 0);
+    return setIntegerTag({}, 70, on ? flags | bit : flags & ~bit);
+}
+
+bool AcDbLayerTableRecord::isLocked() const {
+    return flag(kLocked);
+}
+Acad::ErrorStatus AcDbLayerTableRecord::setIsLocked(bool locked) {
+    return setFlag(kLocked, locked);
+}
+bool AcDbLayerTableRecord::isFrozen() const {
+    return flag(kFrozen);
+}
+Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
+    return setFlag(kFrozen, frozen);
+}
+bool AcDbLayerTableRecord::isOff() const {
+    return integerTag({}, 62, kWhite) < 0;
+}
+
+Adesk::UInt16 AcDbLayerTableRecord::colorIndex() const {
+    return static_cast<Adesk::UInt16>(std::abs(integerTag({}, 62, kWhite)));
+}
+
+Acad::ErrorStatus AcDbLayerTableRecord::setColorIndex(Adesk::UInt16 index) {
+    return setIntegerTag({}, 62, isOff() ? -std::int64_t{index} : std::int64_t{index});
+}
+
+std::wstring AcDbLayerTableRecord::linetypeName() const {
+    return textTag({}, 6);
+}
+
+AcDb::LineWeight AcDbLayerTableRecord::lineWeight() const {
+    return static_cast<AcDb::LineWeight>(integerTag({}, 370, AcDb::kLnWtByLwDefault));
+}
+
+AcDbLinetypeTableRecord::AcDbLinetypeTableRecord() {
+    startRecord("LTYPE", "AcDbLinetypeTableRecord");
+    setTextTag({}, 3, L"");
+    setIntegerTag({}, 72, 65);
+    setIntegerTag({}, 73, 0);
+    setRealTag({}, 40, 0.0);
+}
+
+std::wstring AcDbLinetypeTableRecord::description() const {
+    return textTag({}, 3);
+}
+double AcDbLinetypeTableRecord::patternLength() const {
+    return realTag({}, 40, 0.0);
+}
+
+std::vector<double> AcDbLinetypeTableRecord::dashes() const {
+    std::vector<double> lengths;
+    for (std::size_t i = 0; i < tags().extendedDataStart(); ++i)
+        if (tags()[i].code == 49)
+            lengths.push_back(tags().real(49, {i, i + 1}).value_or(0.0));
+    return lengths;
+}
+
+AcDbTextStyleTableRecord::AcDbTextStyleTableRecord() {
+    startRecord("STYLE", "AcDbTextStyleTableRecord");
+    setRealTag({}, 40, 0.0);
+    setRealTag({}, 41, 1.0);
+    setRealTag({}, 50, 0.0);
+    setIntegerTag({}, 71, 0);
+    setRealTag({}, 42, 2.5);
+    setTextTag({}, 3, L"txt");
+    setTextTag({}, 4, L"");
+}
+
+std::wstring AcDbTextStyleTableRecord::fileName() const {
+    return textTag({}, 3);
+}
+std::wstring AcDbTextStyleTableRecord::bigFontFileName() const {
+    return textTag({}, 4);
+}
+double AcDbTextStyleTableRecord::textSize() const {
+    return realTag({}, 40, 0.0);
+}
+
+AcDbRegAppTableRecord::AcDbRegAppTableRecord() {
+    startRecord("APPID", "AcDbRegAppTableRecord");
+}

@@ -1,0 +1,47 @@
+#include "undo_log.h"
+
+#include "database_core.h"
+
+#include <utility>
+
+namespace zuhost {
+
+void UndoLog::startStep() {
+    stepOpen_ = false;
+    noted_.clear();
+}
+
+void UndoLog::clear() {
+    *this = UndoLog();
+}
+
+void UndoLog::note(AcDbStub& stub, const TagList& tags, Kind kind) {
+    if (disabled_ || !noted_.insert(&stub).second)
+        return;
+    if (!stepOpen_)
+        undo_.emplace_back();
+    stepOpen_ = true;
+    redo_.clear();
+    // Taking an addition back is erasing, whatever else happened to the object in the step.
+    undo_.back().push_back(
+        {&stub, std::make_unique<TagList>(tags), kind == Kind::appended || stub.erased, kind});
+}
+
+bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing) {
+    if (from.empty())
+        return false;
+    Step step = std::move(from.back());
+    from.pop_back();
+    Step opposite;
+    // Last change first.
+    for (auto entry = step.rbegin(); entry != step.rend(); ++entry) {
+        AcDbObject& object = core.object(*entry->stub);
+        opposite.push_back(
+            {entry->stub, std::make_unique<TagList>(object.tags()), entry->stub->erased, entry->kind});
+        core.restore(*entry->stub, std::move(entry->tags), entry->erased, entry->kind, undoing);
+    }
+    to.push_back(std::move(opposite));
+    return true;
+}
+
+} // namespace zuhost

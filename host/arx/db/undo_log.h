@@ -1,0 +1,51 @@
+#pragma once
+
+#include "drawing/stub.h"
+#include "drawing/tag_list.h"
+
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+namespace zuhost {
+
+struct DatabaseCore;
+
+/// What has to be put back to take steps of work back: before each first change of an object in a step its
+/// records and whether it was erased.
+class UndoLog {
+public:
+    enum class Kind { changed, appended };
+
+    /// Begins a step. One without changes leaves no trace.
+    void startStep();
+    void disable(bool disabled) { disabled_ = disabled; }
+    [[nodiscard]] bool enabled() const { return !disabled_; }
+    void clear();
+
+    /// Notes the state of an object before it changes; only the first note of an object in a step counts.
+    void note(AcDbStub& stub, const TagList& tags, Kind kind);
+
+    /// False when there is nothing to take back (or do again).
+    bool undo(DatabaseCore& core) { return play(core, undo_, redo_, true); }
+    bool redo(DatabaseCore& core) { return play(core, redo_, undo_, false); }
+
+private:
+    struct Entry {
+        AcDbStub* stub;
+        std::unique_ptr<TagList> tags;
+        bool erased;
+        Kind kind;
+    };
+    using Step = std::vector<Entry>;
+
+    static bool play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing);
+
+    std::vector<Step> undo_;
+    std::vector<Step> redo_;
+    std::unordered_set<AcDbStub*> noted_; ///< The objects of the present step.
+    bool stepOpen_ = false;
+    bool disabled_ = false;
+};
+
+} // namespace zuhost

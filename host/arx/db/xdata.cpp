@@ -1,0 +1,220 @@
+#include "dbmain.h"
+
+#include "database_core.h"
+#include "dbapserv.h"
+#include "dbsymtb.h"
+#include "drawing/number_text.h"
+#include "drawing/records/value_type.h"
+
+#include <algorithm>
+#include <map>
+
+using zuhost::Tag;
+using zuhost::TagList;
+using zuhost::TagRange;
+
+namespace {
+
+constexpr int kApplication = 1001;
+constexpr std::size_t kSizeLimit = 16383;
+constexpr std::string_view kAxes = "xyz";
+
+/// Bytes that a value takes of an object's room for extended data.
+std::size_t storedSize(const Tag& tag) {
+    using zuhost::dxf::ValueType;
+    switch (zuhost::dxf::valueType(tag.code)) {
+    case ValueType::real:
+        return 1 + sizeof(double);
+    case ValueType::int16:
+        return 1 + sizeof(std::int16_t);
+    case ValueType::int32:
+        return 1 + sizeof(std::int32_t);
+    case ValueType::handle:
+        return 1 + sizeof(std::uint64_t);
+    case ValueType::chunk:
+        return 2 + tag.value.size() / 2;
+    default:
+        return tag.code == kApplication || tag.code == 1003 ? 1 + sizeof(std::uint64_t)
+                                                            : 4 + tag.value.size();
+    }
+}
+
+std::size_t storedSize(const TagList& tags, TagRange range) {
+    std::size_t size = 0;
+    for (std::size_t i = range.first; i < range.last; ++i)
+        size += storedSize(tags[i]);
+    return size;
+}
+
+std::string hexadecimal(const char* bytes, int count) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += kDigits[static_cast<unsigned char>(bytes[i]) >> 4U];
+        text += kDigits[static_cast<unsigned char>(bytes[i]) & 0x0FU];
+    }
+    return text;
+}
+
+int digitValue(char c) {
+    if (c >= '0' && c <= '9')
+        return c - '0';
+    if (c >= 'A' && c <= 'F')
+        return c - 'A' + 10;
+    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : 0;
+}
+
+void setChunk(resbuf& item, std::string_view digits) {
+    const std::size_t count = std::min<std::size_t>(digits.size() / 2, 127);
+    item.resval.rbinary.clen = static_cast<short>(count);
+    item.resval.rbinary.buf = new char[count];
+    for (std::size_t i = 0; i < count; ++i)
+        item.resval.rbinary.buf[i] =
+            static_cast<char>(digitValue(digits[2 * i]) * 16 + digitValue(digits[2 * i + 1]));
+}
+
+bool isPoint(int code) {
+    return code >= 1010 && code <= 1013;
+}
+
+class ChainWriter {
+public:
+    explicit ChainWriter(const zuhost::Document& document) : document_(document) {}
+
+    /// Points are one item in a chain and three records in a drawing.
+    std::size_t add(const TagList& tags, std::size_t at) {
+        const Tag& tag = tags[at];
+        resbuf* const item = append(tag.code);
+        if (acutIsTextType(item->restype)) {
+            acutNewString(document_.decode(tag.value).c_str(), item->resval.rstring);
+            return at + 1;
+        }
+        if (tag.code == 1004) {
+            setChunk(*item, tag.value);
+            return at + 1;
+        }
+        if (isPoint(tag.code))
+            return addPoint(tags, at, *item);
+        if (zuhost::dxf::valueType(tag.code) == zuhost::dxf::ValueType::real)
+            item->resval.rreal = zuhost::parseReal(tag.value).value_or(0.0);
+        else if (tag.code == 1071)
+            item->resval.rlong = static_cast<std::int32_t>(zuhost::parseInteger(tag.value).value_or(0));
+        else
+            item->resval.rint = static_cast<short>(zuhost::parseInteger(tag.value).value_or(0));
+        return at + 1;
+    }
+
+    [[nodiscard]] resbuf* first() const { return first_; }
+
+private:
+    resbuf* append(int code) {
+        resbuf* const item = acutNewRb(code);
+        (last_ != nullptr ? last_->rbnext : first_) = item;
+        return last_ = item;
+    }
+
+    static std::size_t addPoint(const TagList& tags, std::size_t at, resbuf& item) {
+        const int code = tags[at].code;
+        for (std::size_t axis = 0; axis < kAxes.size(); ++axis) {
+            if (at >= tags.size() || tags[at].code != code + 10 * static_cast<int>(axis))
+                break;
+            item.resval.rpoint[axis] = zuhost::parseReal(tags[at++].value).value_or(0.0);
+        }
+        return at;
+    }
+
+    const zuhost::Document& document_;
+    resbuf* first_ = nullptr;
+    resbuf* last_ = nullptr;
+};
+
+void addValue(TagList& tags, const resbuf& item, const zuhost::Document& document) {
+    const int code = item.restype;
+    if (acutIsTextType(item.restype)) {
+        tags.add(code, document.encode(item.resval.rstring != nullptr ? item.resval.rstring : L""));
+    } else if (code == 1004) {
+        tags.add(code, hexadecimal(item.resval.rbinary.buf, item.resval.rbinary.clen));
+    } else if (isPoint(code)) {
+        for (std::size_t axis = 0; axis < kAxes.size(); ++axis)
+            tags.add(code + 10 * static_cast<int>(axis), zuhost::formatReal(item.resval.rpoint[axis]));
+    } else if (zuhost::dxf::valueType(code) == zuhost::dxf::ValueType::real) {
+        tags.add(code, zuhost::formatReal(item.resval.rreal));
+    } else {
+        tags.add(code, std::to_string(code == 1071 ? item.resval.rlong : item.resval.rint));
+    }
+}
+
+} // namespace
+
+resbuf* AcDbObject::xData(const ACHAR* application) const {
+    if (core() == nullptr)
+        return nullptr;
+    const TagRange range = application == nullptr ? TagRange{tags_->extendedDataStart(), tags_->size()}
+                                                  : tags_->extendedData(encoded(application));
+    ChainWriter chain(*core()->document);
+    for (std::size_t at = range.first; at < range.last;)
+        at = chain.add(*tags_, at);
+    return chain.first();
+}
+
+Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
+    if (core() == nullptr)
+        return Acad::eNotInDatabase;
+    if (!isWriteEnabled())
+        return Acad::eNotOpenForWrite;
+    if (chain == nullptr || chain->restype != kApplication)
+        return Acad::eInvalidInput;
+    AcDbStub* const known = core()->tableHead("APPID");
+    TagList changed = *tags_;
+    TagList values;
+    const auto replace = [&changed](const TagList& replacement) {
+        if (replacement.empty())
+            return;
+        const TagRange old = changed.extendedData(replacement[0].value);
+        const std::size_t place = old.empty() ? changed.size() : old.first;
+        changed.erase(old);
+        if (replacement.size() > 1)
+            changed.insert(place, std::vector<Tag>(replacement.begin(), replacement.end()));
+    };
+    for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
+        if (item->restype < 1000)
+            return Acad::eInvalidInput;
+        if (item->restype == kApplication) {
+            replace(values);
+            values = TagList();
+            if (item->resval.rstring == nullptr || known == nullptr ||
+                core()->findRecord(*known, item->resval.rstring, false) == nullptr)
+                return Acad::eRegappIdNotFound;
+        }
+        addValue(values, *item, *core()->document);
+    }
+    replace(values);
+    if (storedSize(changed, {changed.extendedDataStart(), changed.size()}) > kSizeLimit)
+        return Acad::eXdataSizeExceeded;
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status == Acad::eOk)
+        changingTags() = std::move(changed);
+    return status;
+}
+
+Acad::ErrorStatus acdbRegApp(AcDbDatabase* database, const ACHAR* application) {
+    AcDbRegAppTable* table = nullptr;
+    const Acad::ErrorStatus status = database->getSymbolTable(table, AcDb::kForWrite);
+    if (status != Acad::eOk)
+        return status;
+    Acad::ErrorStatus added = Acad::eOk;
+    if (!table->has(application)) {
+        auto record = std::make_unique<AcDbRegAppTableRecord>();
+        record->setName(application);
+        added = table->add(record.get());
+        if (added == Acad::eOk)
+            record.release()->close();
+    }
+    table->close();
+    return added;
+}
+
+int acdbRegApp(const ACHAR* application) {
+    AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    return database != nullptr && acdbRegApp(database, application) == Acad::eOk ? RTNORM : RTERROR;
+}
