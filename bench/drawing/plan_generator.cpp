@@ -1,0 +1,174 @@
+#include "plan_generator.h"
+
+#include "drawing/document.h"
+#include "drawing/number_text.h"
+
+#include <fstream>
+#include <map>
+#include <random>
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+using namespace zuhost;
+
+namespace {
+
+constexpr const char* symbolName = "ZU-VAV";
+constexpr const char* applicationName = "ZU_ATTRIBUTES";
+constexpr int groupSize = 20;
+constexpr std::uint64_t firstHandle = 0x1000;
+
+/// Spells records as drawings do.
+class Records {
+public:
+    Records& add(int code, std::string_view value) {
+        const std::string digits = std::to_string(code);
+        text_.append(digits.size() < 3 ? 3 - digits.size() : 0, ' ').append(digits).append("\r\n");
+        text_.append(value).append("\r\n");
+        return *this;
+    }
+    Records& add(int code, double value) { return add(code, formatReal(value)); }
+    Records& handle(int code, std::uint64_t value) { return add(code, formatHandle(value)); }
+    std::string take() { return std::exchange(text_, {}); }
+    [[nodiscard]] std::size_t size() const { return text_.size(); }
+
+private:
+    std::string text_;
+};
+
+class Plan {
+public:
+    Plan(std::ofstream& out, std::uint64_t modelSpace, std::uint64_t groupDictionary)
+        : out_(out), modelSpace_(modelSpace), groupDictionary_(groupDictionary) {}
+
+    /// One group of references with what stands around them.
+    void room() {
+        const std::uint64_t group = next_++;
+        std::vector<std::uint64_t> members;
+        for (int i = 0; i < groupSize; ++i) {
+            members.push_back(reference(group));
+            for (int k = 0; k < 4; ++k)
+                line();
+            text();
+        }
+        polyline();
+        out_ << records_.take();
+        groups_ += groupRecords(group, members);
+    }
+
+    [[nodiscard]] const std::string& groups() const { return groups_; }
+    [[nodiscard]] std::uint64_t seed() const { return next_; }
+    [[nodiscard]] std::uint64_t written() {
+        return static_cast<std::uint64_t>(out_.tellp()) + groups_.size();
+    }
+
+private:
+    double coordinate() { return position_(random_); }
+
+    std::uint64_t begin(const char* type, const char* layer, std::uint64_t reactor = 0) {
+        records_.add(0, type).handle(5, next_);
+        if (reactor != 0)
+            records_.add(102, "{ACAD_REACTORS").handle(330, reactor).add(102, "}");
+        records_.handle(330, modelSpace_).add(100, "AcDbEntity").add(8, layer);
+        return next_++;
+    }
+
+    void point(int code) {
+        records_.add(code, coordinate()).add(code + 10, coordinate()).add(code + 20, 0.0);
+    }
+
+    std::uint64_t reference(std::uint64_t group) {
+        const std::uint64_t handle = begin("INSERT", "0", group);
+        records_.add(100, "AcDbBlockReference").add(2, symbolName);
+        point(10);
+        records_.add(41, 1.5).add(50, coordinate() / 1000).add(1001, applicationName);
+        for (const char* value : {"機器記号|VAV-2F-01|1", "風量|850|2", "静圧|120.5|3", "系統|AC-201|4"})
+            records_.add(1000, value);
+        records_.add(1070, "2").add(1040, coordinate());
+        return handle;
+    }
+
+    void line() {
+        begin("LINE", "0");
+        records_.add(62, "     3").add(100, "AcDbLine");
+        point(10);
+        point(11);
+    }
+
+    void text() {
+        begin("TEXT", "0");
+        records_.add(100, "AcDbText");
+        point(10);
+        records_.add(40, 2.5).add(1, "空調機械室 系統図 AC-201").add(7, "Standard").add(100, "AcDbText");
+    }
+
+    void polyline() {
+        begin("LWPOLYLINE", "0");
+        records_.add(100, "AcDbPolyline").add(90, "       40").add(70, "     1").add(43, 0.0);
+        for (int i = 0; i < 40; ++i)
+            records_.add(10, coordinate()).add(20, coordinate());
+    }
+
+    std::string groupRecords(std::uint64_t group, const std::vector<std::uint64_t>& members) const {
+        Records records;
+        records.add(0, "GROUP").handle(5, group).add(102, "{ACAD_REACTORS").handle(330, groupDictionary_);
+        records.add(102, "}").handle(330, groupDictionary_).add(100, "AcDbGroup").add(300, "");
+        records.add(70, "1").add(71, "1");
+        for (const std::uint64_t member : members)
+            records.handle(340, member);
+        return records.take();
+    }
+
+    std::ofstream& out_;
+    std::uint64_t modelSpace_;
+    std::uint64_t groupDictionary_;
+    std::uint64_t next_ = firstHandle;
+    Records records_;
+    std::string groups_;
+    std::mt19937_64 random_{20240229};
+    std::uniform_real_distribution<double> position_{0, 90000};
+};
+
+/// The empty drawing with the application, the symbol's block and a high seed.
+std::string frame() {
+    const auto document = Document::createEmpty(nullptr);
+    std::map<const AcDbStub*, TagList> tags;
+    const auto entry = [&](const char* table, const char* type, const char* name) {
+        Container& container = document->container(Container::Kind::table, table);
+        AcDbStub* stub = document->append(container, type, container.head);
+        TagList& records = tags[stub] = document->tags(*stub);
+        records.add(100, "AcDbSymbolTableRecord");
+        records.add(100,
+                    std::string_view(type) == "APPID" ? "AcDbRegAppTableRecord" : "AcDbBlockTableRecord");
+        records.add(2, name);
+        records.add(70, "0");
+        return stub;
+    };
+    entry("APPID", "APPID", applicationName);
+    document->appendBlock(symbolName, entry("BLOCK_RECORD", "BLOCK_RECORD", symbolName));
+    TagList header = document->header();
+    const std::size_t seed = header.find(5, header.all());
+    header[seed].value = "FFFFFFF";
+    document->setHeader(header);
+    return document->bytes(DrawingForm::ascii, [&](const AcDbStub& stub) {
+        const auto found = tags.find(&stub);
+        return found == tags.end() ? nullptr : &found->second;
+    });
+}
+
+} // namespace
+
+void writePlan(const std::string& path, std::uint64_t bytes) {
+    const std::string text = frame();
+    const std::size_t entities = text.find("ENTITIES\r\n") + 10;
+    const std::size_t objectsEnd = text.rfind("  0\r\nENDSEC");
+    std::ofstream out(path, std::ios::binary);
+    out << text.substr(0, entities);
+    Plan plan(out, 0x1F, 0xD);
+    while (plan.written() + text.size() < bytes)
+        plan.room();
+    out << text.substr(entities, objectsEnd - entities) << plan.groups() << text.substr(objectsEnd);
+    if (!out.flush())
+        throw std::runtime_error("cannot write " + path);
+}

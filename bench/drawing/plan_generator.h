@@ -1,0 +1,8 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+/// Writes an ASCII drawing of about so many bytes, the same on every run: a floor plan of block references
+/// with extended data and group reactors, polylines, lines and texts, and the groups of the references.
+void writePlan(const std::string& path, std::uint64_t bytes);

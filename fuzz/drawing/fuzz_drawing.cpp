@@ -1,0 +1,78 @@
+// Opens any bytes as a drawing; what opens must save to the same bytes, and to a drawing that opens again,
+// also through the other form and written from tags.
+#include "drawing/document.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace zuhost;
+
+namespace {
+
+void require(bool condition, const char* what) {
+    if (condition)
+        return;
+    std::fprintf(stderr, "%s\n", what);
+    std::abort();
+}
+
+std::unique_ptr<Document> open(const std::string& bytes) {
+    auto result = Document::open(bytes, L"fuzz", nullptr);
+    auto* document = std::get_if<std::unique_ptr<Document>>(&result);
+    return document ? std::move(*document) : nullptr;
+}
+
+std::unique_ptr<Document> reopen(const std::string& bytes, const Document& original) {
+    auto document = open(bytes);
+    require(document != nullptr, "what was saved does not open");
+    require(document->objectCount() == original.objectCount(), "objects were lost or made");
+    return document;
+}
+
+void saveFromTags(const Document& document) {
+    TagList tags;
+    const auto everyTag = [&](const AcDbStub& stub) {
+        tags = document.tags(stub);
+        for (std::size_t i = 0; i < tags.size(); ++i)
+            require(document.decode(document.encode(document.decode(tags[i].value))) ==
+                        document.decode(tags[i].value),
+                    "text is not stable");
+        return &tags;
+    };
+    reopen(document.bytes(document.form(), everyTag), document);
+}
+
+void convert(const Document& document) {
+    const DrawingForm other =
+        document.form() == DrawingForm::ascii ? DrawingForm::binary : DrawingForm::ascii;
+    DocumentError error;
+    const std::string bytes = document.bytes(other, nullptr, &error);
+    if (error.problem.empty())
+        reopen(reopen(bytes, document)->bytes(document.form(), nullptr), document);
+}
+
+void edit(Document& document) {
+    std::size_t erased = 0;
+    for (Container& container : document.containers())
+        for (AcDbStub* stub : container.members)
+            stub->erased = ++erased % 3 == 0;
+    Container& objects = document.container(Container::Kind::objects);
+    document.append(objects, "XRECORD", nullptr);
+    document.container(Container::Kind::table, "APPID");
+    document.appendBlock("FUZZ", nullptr);
+    require(open(document.bytes(document.form(), nullptr)) != nullptr, "the edited drawing does not open");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string bytes(reinterpret_cast<const char*>(data), size);
+    const auto document = open(bytes);
+    if (!document)
+        return 0;
+    require(document->bytes(document->form(), nullptr) == bytes, "the unedited drawing was changed");
+    saveFromTags(*document);
+    convert(*document);
+    edit(*document);
+    return 0;
+}
