@@ -180,6 +180,10 @@ void TextCodec::Tables::fillEncoding(const Converter& fromWide) {
 }
 
 void TextCodec::Tables::addJapanese() {
+    // These lead a pair also where no pair with them is a character.
+    for (std::size_t lead = 0x81; lead <= 0xFC; ++lead)
+        if ((lead <= 0x9F || lead >= 0xE0) && pairs_[lead].empty())
+            pairs_[lead].assign(256, kNone);
     for (const auto& [byte, c] : kJapaneseSingles) {
         singles_[byte] = c;
         encoding_[c] = std::string(1, static_cast<char>(byte));

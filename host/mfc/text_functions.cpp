@@ -1,0 +1,165 @@
+#include "windows.h"
+
+#include "character.h"
+#include "zuhost/text_codec.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+#include <string>
+#include <string_view>
+
+namespace {
+
+/// First characters of the runs of decimal digits that the platform's number reader knows.
+constexpr std::array<wchar_t, 18> kZeros{0x0030, 0x0660, 0x06F0, 0x0966, 0x09E6, 0x0A66,
+                                         0x0AE6, 0x0B66, 0x0C66, 0x0CE6, 0x0D66, 0x0E50,
+                                         0x0ED0, 0x0F20, 0x1040, 0x17E0, 0x1810, 0xFF10};
+
+int digitValue(wchar_t c) {
+    for (const wchar_t zero : kZeros)
+        if (c >= zero && c < zero + 10)
+            return static_cast<int>(c - zero);
+    return -1;
+}
+
+std::wstring_view withoutSpaces(const wchar_t* text) {
+    std::wstring_view left(text != nullptr ? text : L"");
+    while (!left.empty() && zuhost::isSpace(left.front()))
+        left.remove_prefix(1);
+    return left;
+}
+
+std::string narrow(std::wstring_view text) {
+    std::string ascii;
+    for (const wchar_t c : text) {
+        if (c >= 0x80)
+            break;
+        ascii += static_cast<char>(c == L'd' || c == L'D' ? 'e' : c);
+    }
+    return ascii;
+}
+
+} // namespace
+
+int _wtoi(const wchar_t* text) {
+    std::wstring_view left = withoutSpaces(text);
+    const bool negative = left.starts_with(L'-');
+    if (negative || left.starts_with(L'+'))
+        left.remove_prefix(1);
+    constexpr std::int64_t kLimit = std::int64_t{std::numeric_limits<int>::max()} + 1;
+    std::int64_t value = 0;
+    for (const wchar_t c : left) {
+        const int digit = digitValue(c);
+        if (digit < 0)
+            break;
+        value = std::min(value * 10 + digit, kLimit);
+    }
+    return static_cast<int>(negative ? -value : std::min(value, kLimit - 1));
+}
+
+double _wtof(const wchar_t* text) {
+    std::string number = narrow(withoutSpaces(text));
+    const bool negative = number.starts_with('-');
+    if (negative || number.starts_with('+'))
+        number.erase(0, 1);
+    const bool hexadecimal = number.starts_with("0x") || number.starts_with("0X");
+    const char* const first = number.data() + (hexadecimal ? 2 : 0);
+    double value = 0.0;
+    const auto [end, error] =
+        std::from_chars(first, number.data() + number.size(), value,
+                        hexadecimal ? std::chars_format::hex : std::chars_format::general);
+    if (error == std::errc::result_out_of_range) {
+        const std::string_view read(first, static_cast<std::size_t>(end - first));
+        value = read.find("e-") != std::string_view::npos || read.find("E-") != std::string_view::npos
+                    ? 0.0
+                    : std::numeric_limits<double>::infinity();
+    }
+    return negative ? -value : value;
+}
+
+int _wcsnicmp(const wchar_t* left, const wchar_t* right, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const wchar_t a = zuhost::toLower(left[i]);
+        const wchar_t b = zuhost::toLower(right[i]);
+        if (a != b)
+            return a < b ? -1 : 1;
+        if (a == L'\0')
+            return 0;
+    }
+    return 0;
+}
+
+int _wcsicmp(const wchar_t* left, const wchar_t* right) {
+    return _wcsnicmp(left, right, std::numeric_limits<std::size_t>::max());
+}
+
+void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name, wchar_t* extension) {
+    const auto put = [](std::wstring_view piece, wchar_t* buffer) {
+        if (buffer == nullptr)
+            return;
+        const std::size_t count = std::min(piece.size(), MAX_PATH - 1);
+        std::copy_n(piece.begin(), count, buffer);
+        buffer[count] = L'\0';
+    };
+    std::wstring_view left(path);
+    const std::size_t driveLength = left.size() > 1 && left[1] == L':' ? 2 : 0;
+    put(left.substr(0, driveLength), drive);
+    left.remove_prefix(driveLength);
+    const std::size_t separator = left.find_last_of(L"\\/");
+    const std::size_t folderLength = separator == std::wstring_view::npos ? 0 : separator + 1;
+    put(left.substr(0, folderLength), folder);
+    left.remove_prefix(folderLength);
+    const std::size_t point = std::min(left.rfind(L'.'), left.size());
+    put(left.substr(0, point), name);
+    put(left.substr(point), extension);
+}
+
+int MultiByteToWideChar(UINT codePage, DWORD /*flags*/, const char* bytes, int count, wchar_t* text,
+                        int size) {
+    const auto codec = zuhost::TextCodec::forCodePage(codePage == CP_ACP ? 932 : static_cast<int>(codePage));
+    if (!codec || bytes == nullptr || count < -1) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    std::wstring decoded = codec->decode(
+        count < 0 ? std::string_view(bytes) : std::string_view(bytes, static_cast<std::size_t>(count)));
+    if (count < 0)
+        decoded += L'\0';
+    if (size == 0)
+        return static_cast<int>(decoded.size());
+    if (static_cast<std::size_t>(size) < decoded.size()) {
+        SetLastError(ERROR_MORE_DATA);
+        return 0;
+    }
+    std::copy(decoded.begin(), decoded.end(), text);
+    return static_cast<int>(decoded.size());
+}
+
+int WideCharToMultiByte(UINT codePage, DWORD /*flags*/, const wchar_t* text, int count, char* bytes, int size,
+                        const char* /*defaultCharacter*/, BOOL* usedDefault) {
+    const auto codec = zuhost::TextCodec::forCodePage(codePage == CP_ACP ? 932 : static_cast<int>(codePage));
+    if (usedDefault != nullptr)
+        *usedDefault = FALSE;
+    if (!codec || text == nullptr || count < -1) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    auto encoded = codec->encode(count < 0 ? std::wstring_view(text)
+                                           : std::wstring_view(text, static_cast<std::size_t>(count)));
+    if (!encoded) {
+        SetLastError(ERROR_NO_UNICODE_TRANSLATION);
+        return 0;
+    }
+    if (count < 0)
+        *encoded += '\0';
+    if (size == 0)
+        return static_cast<int>(encoded->size());
+    if (static_cast<std::size_t>(size) < encoded->size()) {
+        SetLastError(ERROR_MORE_DATA);
+        return 0;
+    }
+    std::copy(encoded->begin(), encoded->end(), bytes);
+    return static_cast<int>(encoded->size());
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+#include <unistd.h>
+
+/// A folder of a test's own, removed with all it holds.
+class TemporaryFolder {
+public:
+    TemporaryFolder() {
+        static std::atomic<int> count = 0;
+        path_ = std::filesystem::temp_directory_path() /
+                ("zutest-" + std::to_string(getpid()) + "-" + std::to_string(count++));
+        std::filesystem::create_directories(path_);
+    }
+    ~TemporaryFolder() {
+        std::error_code error;
+        std::filesystem::remove_all(path_, error);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+    [[nodiscard]] std::string file(std::string_view name) const { return (path_ / name).string(); }
+    /// The same as wide text.
+    [[nodiscard]] std::wstring wide(std::string_view name) const { return (path_ / name).wstring(); }
+
+    /// Writes a file and returns its path.
+    std::string write(std::string_view name, std::string_view bytes) const {
+        std::ofstream(file(name), std::ios::binary)
+            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        return file(name);
+    }
+    /// Empty for what is no file.
+    [[nodiscard]] static std::string read(const std::string& path) {
+        if (!std::filesystem::is_regular_file(path))
+            return {};
+        std::ifstream stream(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+
+private:
+    std::filesystem::path path_;
+};
