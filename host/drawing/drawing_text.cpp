@@ -148,17 +148,38 @@ private:
     std::wstring result_;
 };
 
+/// Records are spelled in ASCII, so the pages of mainframes, which iconv knows as well, cannot be a
+/// drawing's.
+bool keepsAscii(const TextCodec& codec) {
+    for (char c = ' '; c < '\x7F'; ++c)
+        if (codec.decode({&c, 1}) != std::wstring(1, static_cast<wchar_t>(c)))
+            return false;
+    return true;
+}
+
 bool isControl(wchar_t c) {
     return static_cast<char32_t>(c) < 0x20;
 }
 
-std::wstring withCarets(std::wstring_view text) {
+/// Whether decoding would take what starts with this backslash for an escape.
+bool looksLikeEscape(std::wstring_view text, std::size_t at) {
+    const std::wstring_view start = text.substr(at, 3);
+    if (start == L"\\U+" || start == L"\\u+")
+        return fourDigits(text, at + 3).has_value();
+    return start == L"\\M+" && fourDigits(text, at + 4).has_value();
+}
+
+/// Control characters, carets and what only looks like an escape, so that decoding gives the same text.
+std::wstring withEscapes(std::wstring_view text) {
     std::wstring result;
-    for (const wchar_t c : text) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const wchar_t c = text[at];
         if (isControl(c))
             (result += L'^') += static_cast<wchar_t>(c + L'@');
         else if (c == L'^')
             result += L"^ ";
+        else if (c == L'\\' && looksLikeEscape(text, at))
+            result += L"\\U+005C";
         else
             result += c;
     }
@@ -217,8 +238,8 @@ DrawingText DrawingText::of(int version, std::string_view codePageName, bool& kn
         return encoding;
     const auto number = codePageName.empty() ? defaultCodePage : codePageNumber(codePageName);
     auto codec = number ? TextCodec::forCodePage(*number) : std::nullopt;
-    known = codec.has_value();
-    if (!codec)
+    known = codec && keepsAscii(*codec);
+    if (!known)
         codec = TextCodec::forCodePage(defaultCodePage);
     if (codec)
         encoding.codec_ = *codec;
@@ -233,7 +254,7 @@ std::wstring DrawingText::decode(std::string_view value) const {
 }
 
 std::string DrawingText::encode(std::wstring_view text) const {
-    const std::wstring escaped = withCarets(text);
+    const std::wstring escaped = withEscapes(text);
     if (!hasSurrogateOfItsOwn(escaped))
         if (auto bytes = codec_.encode(escaped))
             return *bytes;

@@ -43,7 +43,7 @@ TagList withSeed(const DrawingState& state) {
     if (!state.writesHandles || state.stubs.size() == state.stubsOfFile)
         return header;
     for (std::size_t i = 0; i + 1 < header.size(); ++i) {
-        if (header[i].code != 9 || header[i].value != "$HANDSEED")
+        if (header[i].code != 9 || header[i].value != "$HANDSEED" || header[i + 1].code != 5)
             continue;
         const std::uint64_t seed = parseHandle(header[i + 1].value).value_or(0);
         if (seed < state.handles.next())

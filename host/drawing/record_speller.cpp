@@ -59,6 +59,18 @@ bool appendChunk(std::string& bytes, std::string_view digits) {
     return true;
 }
 
+std::string withoutLineEnds(int code, std::string_view value) {
+    const bool text = dxf::valueType(code) == dxf::ValueType::text;
+    std::string result;
+    for (const char c : value) {
+        if (c != '\r' && c != '\n')
+            result += c;
+        else if (text)
+            result += c == '\n' ? "^J" : "^M";
+    }
+    return result;
+}
+
 bool appendBinaryValue(std::string& bytes, int code, std::string_view value) {
     switch (dxf::valueType(code)) {
     case dxf::ValueType::real:
@@ -91,24 +103,15 @@ bool RecordSpeller::append(std::string& bytes, int code, std::string_view value)
     return true;
 }
 
-/// A line end within a value would break the file: it is written in caret notation.
+/// A line end within a value would break the file: texts have it in caret notation, other values lose it.
 void RecordSpeller::appendAscii(std::string& bytes, int code, std::string_view value) const {
     std::array<char, 12> digits{};
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), code);
     const auto size = static_cast<std::size_t>(end - digits.data());
     bytes.append(size < style_.codeWidth ? style_.codeWidth - size : 0, ' ');
     bytes.append(digits.data(), size) += style_.lineEnd;
-    if (value.find_first_of("\r\n") == std::string_view::npos) {
-        (bytes += value) += style_.lineEnd;
-        return;
-    }
-    for (const char c : value) {
-        if (c == '\r' || c == '\n')
-            bytes += c == '\n' ? "^J" : "^M";
-        else
-            bytes += c;
-    }
-    bytes += style_.lineEnd;
+    const bool plain = value.find_first_of("\r\n") == std::string_view::npos;
+    (plain ? bytes += value : bytes += withoutLineEnds(code, value)) += style_.lineEnd;
 }
 
 bool RecordSpeller::appendBinary(std::string& bytes, int code, std::string_view value) const {

@@ -39,7 +39,8 @@ TEST(Text, DecodesByVersionAndCodePage) {
 
 TEST(Text, WhatIsEncodedDecodesToTheSame) {
     const std::wstring texts[] = {L"機器-固定",         L"850㎥/h é ü", L"𠮷野家",
-                                  L"line\r\nline\tend", L"x^2 ^J",      L"能 ～ － ①"};
+                                  L"line\r\nline\tend", L"x^2 ^J",      L"\\U+0041 \\P \\M+1955C",
+                                  L"能 ～ － ①"};
     for (const char* version : {"AC1009", "AC1015", "AC1032"}) {
         for (const char* page : {"ANSI_932", "ANSI_1252", "no-such-page"}) {
             const auto document = drawingOf(version, page);
@@ -64,5 +65,6 @@ TEST(Text, UnknownCodePageIsAWarning) {
     ASSERT_EQ(document->warnings().size(), 1U);
     EXPECT_NE(document->warnings()[0].message().find(L"ANSI_4711"), std::wstring::npos);
     EXPECT_EQ(document->decode("\x95\x5C"), L"表");
+    EXPECT_EQ(drawingOf("AC1015", "ANSI_37")->warnings().size(), 1U); // a page without ASCII
     EXPECT_TRUE(drawingOf("AC1032", "ANSI_4711")->warnings().empty());
 }
