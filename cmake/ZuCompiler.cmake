@@ -25,6 +25,11 @@ if(ZU_SANITIZE)
   add_link_options(-fsanitize=${ZU_SANITIZE})
 endif()
 
+# The fuzzer is guided by the coverage of the libraries, not of its targets alone.
+if(ZU_BUILD_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 add_library(zu_warnings INTERFACE)
 target_compile_options(zu_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
 
