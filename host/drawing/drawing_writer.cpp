@@ -37,10 +37,18 @@ bool holdsEntities(const Container& container) {
     return container.kind == Container::Kind::block || container.kind == Container::Kind::entities;
 }
 
+/// Whether objects are written that the file has not. Tables that were only asked for are none.
+bool addsObjects(const DrawingState& state) {
+    const auto firstNew = state.stubs.begin() + static_cast<std::ptrdiff_t>(state.stubsOfFile);
+    return std::any_of(firstNew, state.stubs.end(), [&](const AcDbStub& stub) {
+        return !stub.erased && state.types.name(stub.type) != "TABLE";
+    });
+}
+
 /// The header with a seed above every handle.
 TagList withSeed(const DrawingState& state) {
     TagList header = state.header;
-    if (!state.writesHandles || state.stubs.size() == state.stubsOfFile)
+    if (!state.writesHandles || !addsObjects(state))
         return header;
     for (std::size_t i = 0; i + 1 < header.size(); ++i) {
         if (header[i].code != 9 || header[i].value != "$HANDSEED" || header[i + 1].code != 5)
@@ -65,7 +73,7 @@ DrawingWriter::DrawingWriter(const DrawingState& state, const Document::TagSourc
 
 void DrawingWriter::run(Span content) {
     done_ = content.begin;
-    headerPending_ = state_.headerChanged || state_.stubs.size() != state_.stubsOfFile;
+    headerPending_ = state_.headerChanged || addsObjects(state_);
     for (const Container& container : state_.containers)
         writeContainer(container);
     closeSection();

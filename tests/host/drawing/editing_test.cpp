@@ -118,12 +118,13 @@ TEST(Editing, NewMembersStandWhereTheyWerePut) {
 }
 
 TEST(Editing, MissingTablesBlocksAndSectionsAreMade) {
-    const auto document = opened(drawing("AC1015", "0 SECTION|2 ENTITIES|0 LINE|5 10|0 ENDSEC"));
-    const std::string before = saved(*document);
+    const std::string bytes = dxf("0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|9 $HANDSEED|5 11|0 ENDSEC"
+                                  "|0 SECTION|2 ENTITIES|0 LINE|5 10|0 ENDSEC|0 EOF");
+    const auto document = opened(bytes);
     Container& objects = document->container(Container::Kind::objects);
     Container& layers = document->container(Container::Kind::table, "LAYER");
     EXPECT_EQ(&layers, &document->container(Container::Kind::table, "LAYER"));
-    EXPECT_EQ(saved(*document).find("OBJECTS"), std::string::npos) << "asking alone writes nothing";
+    EXPECT_EQ(saved(*document), bytes) << "asking alone writes nothing";
     document->append(objects, "DICTIONARY", nullptr);
     document->append(layers, "LAYER", layers.head);
     Container& block = document->appendBlock("B", nullptr);
