@@ -69,3 +69,12 @@ BOOL GetVersionExW(OSVERSIONINFOW* version) {
     version->szCSDVersion[0] = L'\0';
     return TRUE;
 }
+
+LONG RegQueryValueW(HKEY /*key*/, const wchar_t* /*subKey*/, wchar_t* /*value*/, LONG* /*size*/) {
+    return ERROR_FILE_NOT_FOUND;
+}
+
+BOOL EnumResourceLanguagesW(HMODULE /*module*/, const wchar_t* /*type*/, const wchar_t* /*name*/,
+                            ENUMRESLANGPROCW /*told*/, LPARAM /*parameter*/) {
+    return FALSE;
+}

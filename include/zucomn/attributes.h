@@ -10,10 +10,11 @@
 /// The attribute record of elements: the tables that the attribute windows show and edit, and their way from
 /// and to the "ZU_ATTR" extended data of entities and the attribute files beside part drawings.
 ///
-/// An entity's raw list holds its "ZU_ATTR" strings as stored: the header "N|A|B|" (number of rows, two values
-/// of the entity), then one string of six "|"-terminated fields for each row. An entity table is a CPtrArray of
-/// rows; a row is a CStringArray of nine columns: A, B, the display name of the item (never stored), and the six
-/// stored fields. Values that hold "|" break the record; there is no escaping, by design.
+/// An entity's raw list holds its "ZU_ATTR" strings as stored: the header "N|A|B|" (number of rows, two
+/// values of the entity), then one string of six "|"-terminated fields for each row. An entity table is a
+/// CPtrArray of rows; a row is a CStringArray of nine columns: A, B, the display name of the item (never
+/// stored), and the six stored fields. Values that hold "|" break the record; there is no escaping, by
+/// design.
 class ZUCOMN_API CAttributeData : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(CAttributeData);
@@ -24,8 +25,8 @@ public:
     CAttributeData(const CAttributeData&) = delete;
     CAttributeData& operator=(const CAttributeData&) = delete;
 
-    /// The entity list: one table (CPtrArray of CStringArray rows) for each entity, in the order read. It stays
-    /// the object's.
+    /// The entity list: one table (CPtrArray of CStringArray rows) for each entity, in the order read. It
+    /// stays the object's.
     [[nodiscard]] const CPtrArray& GetEntityList() const { return m_entities; }
 
     // ---- entities
@@ -35,21 +36,22 @@ public:
     int ReadData(const AcDbObjectId& entity);
     /// The same for several entities in order.
     int ReadData(const AcArray<AcDbObjectId>& entities);
-    /// Clears the entity list and appends the entity's raw list, undecoded, as a new CStringArray to `out`; free
-    /// it with FreeData3 or WriteDataFree. 0, or what GetExtensionElementData returned.
+    /// Clears the entity list and appends the entity's raw list, undecoded, as a new CStringArray to `out`;
+    /// free it with FreeData3 or WriteDataFree. 0, or what GetExtensionElementData returned.
     int ReadData3(const AcDbObjectId& entity, CPtrArray* out);
 
-    /// Reads the attribute file of a part into one table, its rows with the part's name as columns 0 and 1. The
-    /// file is looked for as named, then by its name in the route-parts and the standard-parts folder of the
-    /// settings. Mode 0 or 2 clears the entity list first; any other mode adds to it. 0, or -1 when there is no
-    /// such file or it holds no row; the entity list is then as it was, cleared if the mode says so.
+    /// Reads the attribute file of a part into one table, its rows with the part's name as columns 0 and 1.
+    /// The file is looked for as named, then by its name in the route-parts and the standard-parts folder of
+    /// the settings. Mode 0 or 2 clears the entity list first; any other mode adds to it. 0, or -1 when there
+    /// is no such file or it holds no row; the entity list is then as it was, cleared if the mode says so.
     int ReadData(const CString& partFile, int mode);
     /// As ReadData, but a file may lack the separator at the end of its lines and fields beyond the sixth are
     /// kept out; numbers of column 7 that are missing are given by the row's place, counted from 1.
     int ReadData2(const CString& partFile, int mode);
 
-    /// Encodes each table and appends its raw list as a new CStringArray to `out`; free them with WriteDataFree.
-    /// 0. Throws the framework's invalid-argument exception for a row of fewer than nine columns.
+    /// Encodes each table and appends its raw list as a new CStringArray to `out`; free them with
+    /// WriteDataFree. 0. Throws the framework's invalid-argument exception for a row of fewer than nine
+    /// columns.
     int WriteData(const CPtrArray& tables, CPtrArray& out);
     /// Deletes every list, the last first, and empties the array. 0.
     int WriteDataFree(CPtrArray& lists);
@@ -57,8 +59,8 @@ public:
     /// The entity's raw list, erased entities included. -1 when the entity can't be opened, 1 when it has no
     /// such record, else 0.
     int GetExtensionElementData(AcDbObjectId entity, CStringArray& out);
-    /// The value of one attribute: the text after "KEY|" up to the next "|" in the first string that begins with
-    /// it. The key may end in "|" or not. Empty when absent.
+    /// The value of one attribute: the text after "KEY|" up to the next "|" in the first string that begins
+    /// with it. The key may end in "|" or not. Empty when absent.
     CString GetValueAttID(AcDbObjectId entity, const wchar_t* key);
 
     /// Modes 0 and 2 free every table and empty the entity list; other modes do nothing.
@@ -88,13 +90,13 @@ public:
     static CString GetItemName(const wchar_t* attributeId);
     /// The same from a title table in hand (records of id and name).
     static CString GetItemName(const CPtrArray& titles, const wchar_t* attributeId);
-    /// Appends the records of an attribute id of the library's parameter table (id, kind letter, text offered,
-    /// editable) to `records`; they stay the table's. Returns how many there were.
+    /// Appends the records of an attribute id of the library's parameter table (id, kind letter, text
+    /// offered, editable) to `records`; they stay the table's. Returns how many there were.
     static int GetItemParameter(const wchar_t* attributeId, CPtrArray& records);
     /// The same from a parameter table in hand.
     static int GetItemParameter(const CPtrArray& parameters, const wchar_t* attributeId, CPtrArray& records);
-    /// Appends the texts offered for an attribute id by records of the kind letter (null or empty: of any kind);
-    /// each text once. Returns how many were appended.
+    /// Appends the texts offered for an attribute id by records of the kind letter (null or empty: of any
+    /// kind); each text once. Returns how many were appended.
     static int GetItemParameter2(const wchar_t* attributeId, const wchar_t* kind, CStringArray& texts);
 
     // ---- tool tips and dump
@@ -110,8 +112,8 @@ public:
     void TestCPtrArrayDisp2(const CPtrArray& table);
 
 protected:
-    /// Stores a raw list as the entity's record. 0, or -1 when the entity can't be opened for write or takes no
-    /// such data; it is then unchanged.
+    /// Stores a raw list as the entity's record. 0, or -1 when the entity can't be opened for write or takes
+    /// no such data; it is then unchanged.
     int SetAttributeData(AcDbObjectId entity, const CStringArray& list);
     /// Encodes a table. 0.
     static int SetAttributeDataArray1(const CPtrArray& table, CStringArray& list);
@@ -127,8 +129,8 @@ protected:
     static bool checkIndex(const wchar_t* columns, int column);
     /// 1 when the file can be opened for reading.
     static int findFile(const wchar_t* path);
-    /// A value of a settings file; kind 0 gives the text as it stands, any other kind a number as "%5.2f". 0, or
-    /// -1 with the destination untouched when it is missing.
+    /// A value of a settings file; kind 0 gives the text as it stands, any other kind a number as "%5.2f". 0,
+    /// or -1 with the destination untouched when it is missing.
     static int GetEnv(CString& destination, int kind, const wchar_t* iniFile, const wchar_t* section,
                       const wchar_t* key);
     /// The attribute file that belongs to a part file.
@@ -143,8 +145,8 @@ protected:
                              const CStringArray& fields);
 
     // Shared items of several tables: an item is shared when each table has a row of its id (column 3).
-    /// Builds the table of shared items of the entity list; values (column 4) that differ become "*各種*". The
-    /// caller frees it with DeleteCPtrArray1. 0.
+    /// Builds the table of shared items of the entity list; values (column 4) that differ become "*各種*".
+    /// The caller frees it with DeleteCPtrArray1. 0.
     int AddCommon(CPtrArray& common);
     /// Keeps of a table of shared items those that the table has, and marks the values that differ.
     static void AddCommonData(CPtrArray& common, const CPtrArray& table);

@@ -8,8 +8,8 @@
 // Services on the working drawing: which ids still name live objects, and which groups hold an element.
 // Nothing here shows a message; every object that is opened is closed again.
 
-/// 1 when the object is gone (erased, never there, or the null id), 0 when it exists. The sense is inverted on
-/// purpose.
+/// 1 when the object is gone (erased, never there, or the null id), 0 when it exists. The sense is inverted
+/// on purpose.
 ZUCOMN_API int ZuComn_ExistenceIdCheck(AcDbObjectId id);
 
 /// Removes from the array every id whose object is gone; the others keep their order.
@@ -30,7 +30,7 @@ ZUCOMN_API void ZuComn_ExistenceGroupIdChecks(AcDbObjectId group, AcArray<AcDbOb
 ZUCOMN_API int ZuComn_GetGroupID(AcDbObjectId element, AcArray<AcDbObjectId>& groups);
 
 /// The group of the element that serves a link kind: the only one when there is just one, whatever its kind;
-/// else the first whose first member carries the kind in its "ZU_LINK" record. The null id when there is none.
-/// Throws the framework's invalid-argument exception for a first member whose link record is empty: such an
-/// element is corrupt.
+/// else the first whose first member carries the kind in its "ZU_LINK" record. The null id when there is
+/// none. Throws the framework's invalid-argument exception for a first member whose link record is empty:
+/// such an element is corrupt.
 ZUCOMN_API AcDbObjectId ZuComn_GetGroupID(AcDbObjectId element, int linkKind);

@@ -6,8 +6,8 @@
 #include <dbid.h>
 #include <rxclass.h>
 
-/// Told of route elements that are replaced or merged. Derive from it, override what you need, and register an
-/// object with RuleComn_addReplaceReactor.
+/// Told of route elements that are replaced or merged. Derive from it, override what you need, and register
+/// an object with RuleComn_addReplaceReactor.
 class ZUCOMN_API CReplaceReactor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(CReplaceReactor);

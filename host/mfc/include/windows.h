@@ -170,3 +170,16 @@ inline constexpr int IDYES = 6;
 inline constexpr int IDNO = 7;
 /// Shows a box on the desktop; on a headless run a line on standard error, answered with the first button.
 int MessageBoxW(HWND owner, const wchar_t* text, const wchar_t* caption, UINT style);
+
+// ---- what old versions of the platform told their language by; nothing of it is there on this host
+
+inline const HKEY HKEY_CURRENT_USER = nullptr;
+inline constexpr LONG REG_SZ = 1;
+/// The default value of a key of the registry. There is none: ERROR_FILE_NOT_FOUND.
+LONG RegQueryValueW(HKEY key, const wchar_t* subKey, wchar_t* value, LONG* size);
+using ENUMRESLANGPROCW = BOOL (*)(HMODULE module, const wchar_t* type, const wchar_t* name, WORD language,
+                                  LPARAM parameter);
+inline const wchar_t* const RT_VERSION = reinterpret_cast<const wchar_t*>(16);
+/// The languages of a resource. Modules of this host have no version resources: FALSE.
+BOOL EnumResourceLanguagesW(HMODULE module, const wchar_t* type, const wchar_t* name, ENUMRESLANGPROCW told,
+                            LPARAM parameter);

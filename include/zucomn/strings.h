@@ -1,0 +1,42 @@
+#pragma once
+
+#include "export.h"
+
+#include <afxcoll.h>
+
+class CComboBox;
+
+/// Cuts a text at every separator into fields trimmed of white space on both sides; the list is emptied
+/// first. A text without the separator is one field as it stands. Number of fields.
+ZUCOMN_API int ZuComn_SeparateString(const wchar_t* text, CStringArray& fields, wchar_t separator);
+
+/// Cuts a text at the first character of `separator` into fields numbered from 1 and keeps those that the
+/// column list (decimal numbers parted by commas; null: all) names, trimmed of trailing spaces; the list is
+/// emptied first. 0 when a field was stored, else -1; an empty text stores nothing.
+ZUCOMN_API int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, const wchar_t* columns,
+                                     const wchar_t* separator);
+
+/// Takes a path apart. Each buffer that is given must hold a path of MAX_PATH characters.
+/// name: after the last "\\", empty without one. title: between the last "\\" and the last ".", empty when
+/// there is no such piece. extension: after the last "." of the whole path, wherever it lies; empty when
+/// there is none or it is the first character. directory: the first level + 1 components (the drive counts as
+/// one) without the trailing "\\"; the whole directory when it has fewer.
+ZUCOMN_API void ZuComn_ExtractFileName(wchar_t* directory, wchar_t* name, wchar_t* title, wchar_t* extension,
+                                       const wchar_t* path, int level);
+
+/// The product's rounding to a whole number: 0.5 is added to values from 0 on, 0.4 taken off negative ones,
+/// and the rest cut off towards zero. So -2.5 gives -2.
+ZUCOMN_API double ZuComn_C4O5I(double value);
+
+/// An angle in degrees brought into [0, 360) by at most 100 steps of 360; unchanged when that is not enough.
+ZUCOMN_API double ZUComn_AngleAptitude(double degrees);
+
+/// A number as text with so many digits behind the point (negative: as the option "実数精度桁数" says),
+/// counted as significant digits beyond those of the whole part. The rounding flag matters for precision 0
+/// only.
+ZUCOMN_API CString ZuComn_RealFormat(double value, int precision, int rounding);
+
+/// Adds a number to a combo box whose list is kept sorted and written in one style: mode 0 whole numbers, 1
+/// to 98 that many digits, 99 one decimal place without ".0", above 99 two, negative the text as given.
+/// Returns the place of the text, as it was given, in the list; -1 when the style wrote it differently.
+ZUCOMN_API int ZuComn_ComboBoxAdd(CComboBox& box, const wchar_t* text, int mode);

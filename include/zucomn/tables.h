@@ -1,0 +1,30 @@
+#pragma once
+
+#include "export.h"
+
+#include <afxcoll.h>
+
+// Table files: one record a line, fields parted by a separator character. "#" begins a comment line, "END"
+// ends the table. Trailing spaces of lines and fields don't count. Files are in code page 932 unless a mark
+// says UTF-8 or UTF-16 LE.
+//
+// `skip` lines are passed over first. `columns` lists the fields to keep (decimal numbers parted by commas;
+// null: all). The first character of `separator` parts the fields; null: that of the settings. The last
+// argument is not used.
+
+/// Appends the kept fields of all records one after the other; the list is emptied once the file is open.
+/// 0 when a field was stored, else -1.
+ZUCOMN_API int ZuComn_ReadConfigFile(const wchar_t* path, CStringArray& fields, int skip,
+                                     const wchar_t* columns, const wchar_t* separator, int unused = 0);
+
+/// Adds a new CStringArray for each record, also for one without kept fields; free them with
+/// ZuComn_RemoveAllFree. The list is emptied (its elements not freed) once the file is open. 0 when a record
+/// was stored, else -1.
+ZUCOMN_API int ZuComn_ReadConfigFile(const wchar_t* path, CPtrArray& records, int skip,
+                                     const wchar_t* columns, const wchar_t* separator, int unused = 0);
+
+/// Deletes every element (a CObject, such as the record lists above) that is not null and empties the list.
+ZUCOMN_API void ZuComn_RemoveAllFree(CPtrArray& list);
+
+/// 1 when the file can be opened for reading, else 0.
+ZUCOMN_API int ZuComn_findFile(const wchar_t* path);

@@ -1,0 +1,58 @@
+#include "zucomn/frame.h"
+
+#include <afxwin.h>
+#include <rxmfcapi.h>
+
+CWnd* close_pLastWnd = nullptr;
+bool close_bDoHide = false;
+UINT close_Msg = 0;
+UINT close_wParam = 0;
+LPARAM close_lParam = 0;
+CWnd* close_pLastWnd2 = nullptr;
+bool close_bDoHide2 = false;
+UINT close_Msg2 = 0;
+UINT close_wParam2 = 0;
+LPARAM close_lParam2 = 0;
+CString close_SendCommand;
+
+void ZuComn_SetSendCueCommand(const CString& command) {
+    close_SendCommand = command;
+}
+
+void ZuComn_ClearSendCueCommand() {
+    close_SendCommand.Empty();
+}
+
+void ZuComn_SetCurrentWindow(CWnd* window, bool hide, UINT message, UINT wParam, LPARAM lParam) {
+    close_pLastWnd = window;
+    close_bDoHide = hide;
+    close_Msg = message;
+    close_wParam = wParam;
+    close_lParam = lParam;
+    ZuComn_ClearSendCueCommand();
+}
+
+void ZuComn_SetCurrentWindow2(CWnd* window, bool hide, UINT message, UINT wParam, LPARAM lParam) {
+    close_pLastWnd2 = window;
+    close_bDoHide2 = hide;
+    close_Msg2 = message;
+    close_wParam2 = wParam;
+    close_lParam2 = lParam;
+}
+
+void ZuceComn_ClearCurrentWindow(bool both) {
+    close_pLastWnd = nullptr;
+    if (both)
+        close_pLastWnd2 = nullptr;
+    ZuComn_ClearSendCueCommand();
+}
+
+void ZuComn_ShowWindow(CWnd* window, int command) {
+    if (window == nullptr || window->GetSafeHwnd() == nullptr)
+        return;
+    CWnd* const parent = window->GetParentFrame();
+    CWnd* const hostFrame = reinterpret_cast<CWnd*>(acedGetAcadFrame());
+    CWnd* const target = parent == nullptr || parent == hostFrame ? window : parent;
+    if (target->IsWindowVisible())
+        target->ShowWindow(command);
+}

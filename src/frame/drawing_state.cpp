@@ -1,0 +1,83 @@
+#include "zucomn/frame.h"
+
+#include <dbapserv.h>
+#include <summinfo.h>
+
+namespace {
+
+double globalScale = 1.0;
+double pointTolerance = 0.1;
+double vectorTolerance = 0.1;
+AcDbDatabase* workDatabase = nullptr;
+
+} // namespace
+
+int gblComn_acedUpdateDisplay = 1;
+bool gblComn_withConnectHeight = false;
+AcDb::LineWeight gblComn_lineWeight = AcDb::kLnWt000;
+AcDb::LineWeight gblComn_ductLineWeight = AcDb::kLnWt000;
+AcDb::LineWeight gblComn_kikiLineWeight = AcDb::kLnWt000;
+AcDb::LineWeight gblComn_SlenderLineWeight = AcDb::kLnWt000;
+CString sVelmoraOptions;
+
+void ZuComn_SetScale(double scale) {
+    globalScale = scale;
+}
+
+double ZuComn_GetGlobalScale() {
+    return globalScale;
+}
+
+int ZuComn_GetScale(double* scale) {
+    if (scale != nullptr)
+        *scale = globalScale;
+    return 0;
+}
+
+void ZuComn_setTolerance(double point, double vector) {
+    if (point >= 0.0)
+        pointTolerance = point;
+    if (vector >= 0.0)
+        vectorTolerance = vector;
+}
+
+void ZuComn_getTolerance(double* point, double* vector) {
+    if (point != nullptr)
+        *point = pointTolerance;
+    if (vector != nullptr)
+        *vector = vectorTolerance;
+}
+
+void ZuComn_workDatabase(AcDbDatabase* database) {
+    workDatabase = database;
+}
+
+AcDbDatabase* ZuComn_getWorkDatabase() {
+    return workDatabase != nullptr ? workDatabase : acdbHostApplicationServices()->workingDatabase();
+}
+
+int ZuComn_GetCustomVar(const wchar_t* name, CString& value) {
+    AcDbDatabase* const database = ZuComn_getWorkDatabase();
+    std::unique_ptr<AcDbDatabaseSummaryInfo> info;
+    std::wstring text;
+    if (database == nullptr || acdbGetSummaryInfo(database, info) != Acad::eOk ||
+        info->getCustomSummaryInfo(name, text) != Acad::eOk)
+        return -1;
+    value = text.c_str();
+    return 0;
+}
+
+int ZuComn_SetCustomVar(const wchar_t* name, const wchar_t* value) {
+    AcDbDatabase* const database = ZuComn_getWorkDatabase();
+    std::unique_ptr<AcDbDatabaseSummaryInfo> info;
+    if (database == nullptr || acdbGetSummaryInfo(database, info) != Acad::eOk)
+        return -1;
+    if (info->setCustomSummaryInfo(name, value) != Acad::eOk)
+        info->addCustomSummaryInfo(name, value);
+    return acdbPutSummaryInfo(database, *info) == Acad::eOk ? 0 : -1;
+}
+
+int ZuComn_GetEnableAnnoScale() {
+    CString value;
+    return ZuComn_GetCustomVar(L"ZUANNO", value) == 0 ? _wtoi(value) : 0;
+}

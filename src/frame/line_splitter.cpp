@@ -1,0 +1,32 @@
+#include "line_splitter.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+namespace zu {
+
+ColumnSelection::ColumnSelection(const wchar_t* columns) {
+    if (columns == nullptr)
+        return;
+    numbers_.emplace();
+    std::wstring_view left(columns);
+    while (true) {
+        const std::size_t comma = left.find(L',');
+        numbers_->push_back(_wtoi(std::wstring(left.substr(0, comma)).c_str()));
+        if (comma == std::wstring_view::npos)
+            return;
+        left.remove_prefix(comma + 1);
+    }
+}
+
+bool ColumnSelection::keeps(int number) const {
+    return !numbers_ || std::find(numbers_->begin(), numbers_->end(), number) != numbers_->end();
+}
+
+std::wstring_view withoutTrailingSpaces(std::wstring_view text) {
+    const std::size_t last = text.find_last_not_of(L' ');
+    return text.substr(0, last == std::wstring_view::npos ? 0 : last + 1);
+}
+
+} // namespace zu

@@ -1,0 +1,19 @@
+#pragma once
+
+namespace zu::text {
+
+// Ids of the library's texts; see src/resources.
+inline constexpr unsigned kFirstLayer = 101;
+inline constexpr unsigned kEnvironmentSection = 134;
+inline constexpr unsigned kRouteLineWeight = 144;
+inline constexpr unsigned kEquipmentLineWeight = 145;
+inline constexpr unsigned kExtraFineLineWeight = 146;
+inline constexpr unsigned kSeparator = 147;
+inline constexpr unsigned kFileOperation = 150; ///< 151 open, 152 write, 153 close.
+inline constexpr unsigned kFileReason = 154;    ///< 154 unknown; 156 to 168 causes 2 to 14.
+inline constexpr unsigned kFileFailed = 169;
+inline constexpr unsigned kSystemFolder = 178;
+inline constexpr unsigned kSaveFailed = 179;
+inline constexpr unsigned kRouteSignLayer = 210;
+
+} // namespace zu::text

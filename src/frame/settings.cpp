@@ -1,0 +1,160 @@
+#include "zucomn/settings.h"
+
+#include "resource_ids.h"
+#include "zucomn/frame.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+CString ZUCE_INIFILE;
+
+namespace {
+
+constexpr DWORD kValueSize = 512;
+constexpr const wchar_t* kMissing = L"error";
+constexpr const wchar_t* kEnvironment = L"環境設定";
+constexpr const wchar_t* kOptions = L"ｵﾌﾟｼｮﾝ";
+constexpr std::wstring_view kSeparatorOption = L"属性値区切り記号";
+
+struct Option {
+    std::wstring_view key;
+    const wchar_t* olderKey; ///< In the options of the master file; null: composed of two.
+};
+
+constexpr std::array<Option, 10> kKnownOptions{{
+    {L"配管±", L"PLUSMINUS"},
+    {L"ボス直付", L"直付"},
+    {L"複線→単線時経路記号", L"SINGLEIZE_MARK"},
+    {L"単線経路記号", L"AUTOROUTESIGN"},
+    {L"経路記号強制保持", L"LEAVE_ACCESSORIES_ROUTE"},
+    {kSeparatorOption, nullptr},
+    {L"実数精度桁数", L"REALACCURACY"},
+    {L"取付高注記精度桁数", L"REALACCURACY_ANNO"},
+    {L"線種尺度設定", L"LTSCALE"},
+    {L"寸法尺度設定", L"DIMSCALE"},
+}};
+
+CString text(UINT id) {
+    CString loaded;
+    ZuComn_LoadString(ZuComn_GetResource(), id, loaded);
+    return loaded;
+}
+
+/// Every read goes through here: "error" stands for a missing value.
+bool readValue(const wchar_t* file, const wchar_t* section, const wchar_t* key, CString& value) {
+    wchar_t buffer[kValueSize] = {};
+    GetPrivateProfileStringW(section, key, kMissing, buffer, kValueSize, file);
+    if (_wcsicmp(buffer, kMissing) == 0)
+        return false;
+    value = buffer;
+    return true;
+}
+
+CString valueOrEmpty(const wchar_t* file, const wchar_t* section, const wchar_t* key) {
+    CString value;
+    readValue(file, section, key, value);
+    return value;
+}
+
+CString configurationFile() {
+    return valueOrEmpty(ZUCE_INIFILE, text(zu::text::kEnvironmentSection), text(zu::text::kSystemFolder)) +
+           L"\\ZuConfig.ini";
+}
+
+AcDb::LineWeight lineWeight(UINT keyId) {
+    const CString value = valueOrEmpty(ZUCE_INIFILE, text(zu::text::kEnvironmentSection), text(keyId));
+    return static_cast<AcDb::LineWeight>(_wtoi(value));
+}
+
+/// "\"/\",1" -> "/,1": the separator may stand in quotes.
+CString withoutQuotes(const CString& value) {
+    const int comma = value.ReverseFind(L',');
+    if (comma < 0)
+        return value;
+    CString head = value.Left(comma);
+    const int length = head.GetLength();
+    if (length >= 2 && head.GetAt(0) == L'"' && head.GetAt(length - 1) == L'"')
+        head = head.Mid(1, length - 2);
+    return head + value.Mid(comma);
+}
+
+CString olderSeparator() {
+    const CString flag = valueOrEmpty(ZUCE_INIFILE, kOptions, L"EXATTRIBUTE");
+    if (flag.IsEmpty())
+        return {};
+    const CString separator = valueOrEmpty(ZUCE_INIFILE, L"属性値記入", L"区切り記号");
+    return (separator.IsEmpty() ? CString(L",") : separator) + L"," + flag;
+}
+
+CString olderValue(const Option& option) {
+    return option.olderKey != nullptr ? valueOrEmpty(ZUCE_INIFILE, kOptions, option.olderKey)
+                                      : olderSeparator();
+}
+
+} // namespace
+
+void ZuComn_SetIniFile(const CString& path) {
+    ZUCE_INIFILE = path;
+    // Ducts have no key of their own: they share that of routes.
+    gblComn_lineWeight = lineWeight(zu::text::kRouteLineWeight);
+    gblComn_ductLineWeight = lineWeight(zu::text::kRouteLineWeight);
+    gblComn_kikiLineWeight = lineWeight(zu::text::kEquipmentLineWeight);
+    gblComn_SlenderLineWeight = lineWeight(zu::text::kExtraFineLineWeight);
+}
+
+bool ZuComn_GetSystemPath(CString& path) {
+    path.Empty();
+    const CString section = text(zu::text::kEnvironmentSection);
+    const CString key = text(zu::text::kSystemFolder);
+    if (section.IsEmpty() || key.IsEmpty())
+        return false;
+    path = valueOrEmpty(ZUCE_INIFILE, section, key);
+    return !path.IsEmpty();
+}
+
+int ZuComn_readConfig(CString& value, const wchar_t* /*file*/, const wchar_t* section, const wchar_t* key) {
+    return readValue(configurationFile(), section, key, value) ? 0 : -1;
+}
+
+CString ZuComn_readConfig(const wchar_t* file, const wchar_t* section, const wchar_t* key) {
+    CString value;
+    ZuComn_readConfig(value, file, section, key);
+    return value;
+}
+
+int ZuComn_readConfig(wchar_t* buffer, const wchar_t* file, const wchar_t* section, const wchar_t* key) {
+    CString value;
+    const int result = ZuComn_readConfig(value, file, section, key);
+    const std::wstring_view characters = value.view();
+    *std::copy(characters.begin(), characters.end(), buffer) = L'\0';
+    return result;
+}
+
+int ZuComn_writeConfig(const wchar_t* section, const wchar_t* key, const wchar_t* value,
+                       const wchar_t* /*file*/) {
+    return WritePrivateProfileStringW(section, key, value, configurationFile());
+}
+
+int ZuComn_readEnvConfig(CString& value, const wchar_t* key) {
+    value = valueOrEmpty(configurationFile(), kEnvironment, key);
+    const auto option = std::find_if(kKnownOptions.begin(), kKnownOptions.end(),
+                                     [key](const Option& known) { return known.key == key; });
+    if (option == kKnownOptions.end())
+        return 0;
+    if (value.IsEmpty()) {
+        value = olderValue(*option);
+        return value.IsEmpty() ? -1 : 0;
+    }
+    if (option->key == kSeparatorOption)
+        value = withoutQuotes(value);
+    return 0;
+}
+
+int ZuComn_GetEnv(CString& value, const wchar_t* file, const wchar_t* section, const wchar_t* key) {
+    return readValue(file, section, key, value) ? 0 : -1;
+}
+
+CString ZuComn_GetEnv(const wchar_t* file, const wchar_t* section, const wchar_t* key) {
+    return valueOrEmpty(file, section, key);
+}

@@ -1,0 +1,29 @@
+#include "zucomn/strings.h"
+
+#include "line_splitter.h"
+
+int ZuComn_SeparateString(const wchar_t* text, CStringArray& fields, wchar_t separator) {
+    const CString whole(text);
+    fields.RemoveAll();
+    if (whole.Find(separator) < 0) {
+        fields.Add(whole);
+        return 1;
+    }
+    for (int start = 0; start >= 0;) {
+        const int end = whole.Find(separator, start);
+        CString field = end < 0 ? whole.Mid(start) : whole.Mid(start, end - start);
+        fields.Add(field.Trim());
+        start = end < 0 ? -1 : end + 1;
+    }
+    return fields.GetSize();
+}
+
+int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, const wchar_t* columns,
+                          const wchar_t* separator) {
+    fields.RemoveAll();
+    if (text == nullptr || *text == L'\0' || separator == nullptr || *separator == L'\0')
+        return -1;
+    zu::splitLine(text, *separator, zu::ColumnSelection(columns),
+                  [&fields](std::wstring_view field) { fields.Add(CString(field)); });
+    return fields.IsEmpty() ? -1 : 0;
+}
