@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include <zuhost/text_codec.h>
+
 #include <unistd.h>
 
 /// A folder of a test's own, removed with all it holds.
@@ -28,7 +30,7 @@ public:
     [[nodiscard]] const std::filesystem::path& path() const { return path_; }
     [[nodiscard]] std::string file(std::string_view name) const { return (path_ / name).string(); }
     /// The same as wide text.
-    [[nodiscard]] std::wstring wide(std::string_view name) const { return (path_ / name).wstring(); }
+    [[nodiscard]] std::wstring wide(std::string_view name) const { return zuhost::fromUtf8(file(name)); }
 
     /// Writes a file and returns its path.
     std::string write(std::string_view name, std::string_view bytes) const {

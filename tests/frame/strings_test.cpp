@@ -1,0 +1,125 @@
+#include "combo_numbers_fixture.h"
+
+#include <zucomn/strings.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using Fields = std::vector<std::wstring>;
+
+Fields fieldsOf(const CStringArray& array) {
+    Fields fields;
+    for (int i = 0; i < array.GetSize(); ++i)
+        fields.emplace_back(array[i].view());
+    return fields;
+}
+
+TEST(Strings, Separate) {
+    const struct {
+        const wchar_t* text;
+        Fields fields;
+    } cases[] = {{L"a, b ,,c", {L"a", L"b", L"", L"c"}},
+                 {L"  whole text ", {L"  whole text "}},
+                 {L"", {L""}},
+                 {L",", {L"", L""}}};
+    for (const auto& c : cases) {
+        CStringArray fields;
+        EXPECT_EQ(ZuComn_SeparateString(c.text, fields, L','), static_cast<int>(c.fields.size())) << c.text;
+        EXPECT_EQ(fieldsOf(fields), c.fields) << c.text;
+    }
+}
+
+TEST(Strings, Split) {
+    const struct {
+        const wchar_t* text;
+        const wchar_t* columns;
+        int result;
+        Fields fields;
+    } cases[] = {{L" a |b  |", nullptr, 0, {L" a", L"b", L""}},
+                 {L"a|b|c", L"2,3", 0, {L"b", L"c"}},
+                 {L"a|b", L"7", -1, {}},
+                 {L"", nullptr, -1, {}},
+                 {L"||", nullptr, 0, {L"", L"", L""}}};
+    for (const auto& c : cases) {
+        CStringArray fields;
+        EXPECT_EQ(ZuComn_GetSplitString(c.text, fields, c.columns, L"|x"), c.result) << c.text;
+        EXPECT_EQ(fieldsOf(fields), c.fields) << c.text;
+    }
+}
+
+TEST(Strings, PathParts) {
+    const struct {
+        const wchar_t* path;
+        int level;
+        const wchar_t* directory;
+        const wchar_t* name;
+        const wchar_t* title;
+        const wchar_t* extension;
+    } cases[] = {{L"C:\\a\\b\\part-01.dxf", 1, L"C:\\a", L"part-01.dxf", L"part-01", L"dxf"},
+                 {L"C:\\a\\b\\part-01.dxf", 9, L"C:\\a\\b", L"part-01.dxf", L"part-01", L"dxf"},
+                 {L"C:\\a.b\\file", 0, L"C:", L"file", L"", L"b\\file"},
+                 {L"file.x", 0, L"", L"", L"", L"x"},
+                 {L".profile", 0, L"", L"", L"", L""}};
+    for (const auto& c : cases) {
+        wchar_t directory[MAX_PATH];
+        wchar_t name[MAX_PATH];
+        wchar_t title[MAX_PATH];
+        wchar_t extension[MAX_PATH];
+        ZuComn_ExtractFileName(directory, name, title, extension, c.path, c.level);
+        EXPECT_STREQ(directory, c.directory) << c.path;
+        EXPECT_STREQ(name, c.name) << c.path;
+        EXPECT_STREQ(title, c.title) << c.path;
+        EXPECT_STREQ(extension, c.extension) << c.path;
+        ZuComn_ExtractFileName(nullptr, nullptr, nullptr, nullptr, c.path, c.level);
+    }
+}
+
+TEST(Numbers, RoundingAndAngles) {
+    const struct {
+        double value;
+        double rounded;
+    } roundings[] = {{2.5, 3}, {-2.5, -2}, {-2.6, -3}, {-0.59, 0}, {0.5, 1}, {-0.5, 0}};
+    for (const auto& c : roundings)
+        EXPECT_EQ(ZuComn_C4O5I(c.value), c.rounded) << c.value;
+    const struct {
+        double angle;
+        double brought;
+    } angles[] = {{-30, 330}, {720, 0}, {1.0e6, 1.0e6}, {359.5, 359.5}, {-36000, 0}};
+    for (const auto& c : angles)
+        EXPECT_EQ(ZUComn_AngleAptitude(c.angle), c.brought) << c.angle;
+}
+
+TEST(Numbers, RealFormat) {
+    const struct {
+        double value;
+        int precision;
+        int rounding;
+        const wchar_t* text;
+    } cases[] = {{12.3456, 2, 0, L"12.35"},   {-12.3456, 2, 0, L"-12.35"},
+                 {0.0, 3, 0, L"0"},           {2.5, 0, 0, L"2"},
+                 {2.5, 0, 1, L"3"},           {-2.5, 0, 1, L"-3"},
+                 {0.001, 3, 0, L"0.001"},     {0.00012, 5, 0, L"0.00012"},
+                 {-0.0005, 4, 0, L"-0.0005"}, {1234567.5, 1, 0, L"1234567.5"},
+                 {1e-9, 3, 0, L"0.00"}};
+    for (const auto& c : cases)
+        EXPECT_STREQ(ZuComn_RealFormat(c.value, c.precision, c.rounding), c.text)
+            << c.value << ' ' << c.precision;
+}
+
+TEST_F(ComboNumbers, AreKeptSortedInOneStyle) {
+    fill({L"1", L"3"});
+    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.50", 99), -1);
+    EXPECT_EQ(items(), (Fields{L"1", L"2.5", L"3"}));
+    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3", 99), 2);
+    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.5", 99), 1);
+    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"10", 0), 3);
+    EXPECT_EQ(items(), (Fields{L"1", L"2", L"3", L"10"}));
+    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"0.25", 100), 0);
+    EXPECT_EQ(items().front(), L"0.25");
+}
+
+} // namespace
