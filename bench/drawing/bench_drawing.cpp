@@ -24,7 +24,7 @@ namespace {
 
 struct Measure {
     double seconds = 0;
-    double peakBytes = 0;
+    double peakBytes = 0; ///< Most memory at any time, beyond what the program and its libraries take.
 };
 
 /// What a task times itself; nothing else counts.
@@ -36,6 +36,12 @@ double timed(const std::function<void()>& work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
+double peakOfProcess() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_maxrss) * 1024;
+}
+
 Measure runInChild(const Task& task) {
     int ends[2];
     if (pipe(ends) != 0)
@@ -43,10 +49,9 @@ Measure runInChild(const Task& task) {
     const pid_t child = fork();
     if (child == 0) {
         Measure measure;
+        const double before = peakOfProcess();
         measure.seconds = task();
-        rusage usage{};
-        getrusage(RUSAGE_SELF, &usage);
-        measure.peakBytes = static_cast<double>(usage.ru_maxrss) * 1024;
+        measure.peakBytes = peakOfProcess() - before;
         const ssize_t written = write(ends[1], &measure, sizeof measure);
         _exit(written == sizeof measure ? 0 : 1);
     }

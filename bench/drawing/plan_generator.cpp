@@ -31,7 +31,6 @@ public:
     Records& add(int code, double value) { return add(code, formatReal(value)); }
     Records& handle(int code, std::uint64_t value) { return add(code, formatHandle(value)); }
     std::string take() { return std::exchange(text_, {}); }
-    [[nodiscard]] std::size_t size() const { return text_.size(); }
 
 private:
     std::string text_;
@@ -55,10 +54,13 @@ public:
         polyline();
         out_ << records_.take();
         groups_ += groupRecords(group, members);
+        Records entry;
+        entry.add(3, "*A" + std::to_string(++groupCount_)).handle(350, group);
+        dictionaryEntries_ += entry.take();
     }
 
     [[nodiscard]] const std::string& groups() const { return groups_; }
-    [[nodiscard]] std::uint64_t seed() const { return next_; }
+    [[nodiscard]] const std::string& dictionaryEntries() const { return dictionaryEntries_; }
     [[nodiscard]] std::uint64_t written() {
         return static_cast<std::uint64_t>(out_.tellp()) + groups_.size();
     }
@@ -126,6 +128,8 @@ private:
     std::uint64_t next_ = firstHandle;
     Records records_;
     std::string groups_;
+    std::string dictionaryEntries_;
+    int groupCount_ = 0;
     std::mt19937_64 random_{20240229};
     std::uniform_real_distribution<double> position_{0, 90000};
 };
@@ -162,13 +166,15 @@ std::string frame() {
 void writePlan(const std::string& path, std::uint64_t bytes) {
     const std::string text = frame();
     const std::size_t entities = text.find("ENTITIES\r\n") + 10;
+    const std::size_t dictionary = text.find("  0\r\n", text.find("DICTIONARY\r\n  5\r\nD\r\n"));
     const std::size_t objectsEnd = text.rfind("  0\r\nENDSEC");
     std::ofstream out(path, std::ios::binary);
     out << text.substr(0, entities);
     Plan plan(out, 0x1F, 0xD);
     while (plan.written() + text.size() < bytes)
         plan.room();
-    out << text.substr(entities, objectsEnd - entities) << plan.groups() << text.substr(objectsEnd);
+    out << text.substr(entities, dictionary - entities) << plan.dictionaryEntries()
+        << text.substr(dictionary, objectsEnd - dictionary) << plan.groups() << text.substr(objectsEnd);
     if (!out.flush())
         throw std::runtime_error("cannot write " + path);
 }
