@@ -2,6 +2,8 @@
 // task runs in a process of its own, so that its peak memory is its own as well.
 #include "plan_generator.h"
 
+#include "dbmain.h"
+#include "dbobjptr.h"
 #include "drawing/document.h"
 #include "zuhost/paths.h"
 
@@ -98,6 +100,20 @@ double openIt(const std::string& path) {
     return timed([&] { document = openDrawing(path); });
 }
 
+/// Opens as a database, as programs do; with `everyObject` builds all its objects too.
+double openDatabase(const std::string& path, bool everyObject) {
+    AcDbDatabase database(false);
+    return timed([&] {
+        if (database.dxfIn(hostPath(path).c_str()) != Acad::eOk)
+            throw std::runtime_error("cannot open " + path);
+        AcDbObjectId id;
+        for (Adesk::UInt64 handle = firstPlanHandle;
+             everyObject && database.getAcDbObjectId(id, false, AcDbHandle(handle)) == Acad::eOk; ++handle)
+            if (AcDbObjectPointer<AcDbObject>(id).openStatus() != Acad::eOk)
+                throw std::runtime_error("an object does not open");
+    });
+}
+
 double saveIt(const std::string& path, DrawingForm form, bool changed) {
     const auto document = openDrawing(path);
     const Container& entities = document->container(Container::Kind::entities);
@@ -132,11 +148,15 @@ void benchmark(const fs::path& folder, std::uint64_t megabytes) {
     std::printf("%llu MB (%.0f bytes)\n", static_cast<unsigned long long>(megabytes), bytes);
     const Measure dxflib = best([&] { return readWithDxflib(path); }, megabytes < 100 ? 3 : 1);
     const Measure open = best([&] { return openIt(path); }, runs);
+    const Measure database = best([&] { return openDatabase(path, false); }, runs);
+    const Measure every = best([&] { return openDatabase(path, true); }, 3);
     const Measure save = best([&] { return saveIt(path, DrawingForm::ascii, false); }, runs);
     const Measure edited = best([&] { return saveIt(path, DrawingForm::ascii, true); }, runs);
     const Measure binary = best([&] { return saveIt(path, DrawingForm::binary, false); }, runs);
     print("dxflib reads", dxflib, bytes);
     print("open", open, bytes);
+    print("open as a database", database, bytes);
+    print("... and every object of it", every, bytes);
     print("save unedited", save, bytes);
     print("save, 1 of 100 changed", edited, bytes);
     print("save as binary", binary, bytes);

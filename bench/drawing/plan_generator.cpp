@@ -17,7 +17,6 @@ namespace {
 constexpr const char* symbolName = "ZU-VAV";
 constexpr const char* applicationName = "ZU_ATTRIBUTES";
 constexpr int groupSize = 20;
-constexpr std::uint64_t firstHandle = 0x1000;
 
 /// Spells records as drawings do.
 class Records {
@@ -125,7 +124,7 @@ private:
     std::ofstream& out_;
     std::uint64_t modelSpace_;
     std::uint64_t groupDictionary_;
-    std::uint64_t next_ = firstHandle;
+    std::uint64_t next_ = firstPlanHandle;
     Records records_;
     std::string groups_;
     std::string dictionaryEntries_;

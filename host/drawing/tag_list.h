@@ -41,6 +41,7 @@ public:
     [[nodiscard]] auto end() const { return tags_.end(); }
     [[nodiscard]] TagRange all() const { return {0, tags_.size()}; }
 
+    void reserve(std::size_t size) { tags_.reserve(size); }
     void add(int code, std::string value) { tags_.push_back({code, std::move(value)}); }
     void insert(std::size_t at, Tag tag);
     void insert(std::size_t at, const std::vector<Tag>& tags);
