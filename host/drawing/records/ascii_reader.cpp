@@ -1,5 +1,8 @@
 #include "record_reader.h"
 
+#include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 
 namespace zuhost::dxf {
@@ -31,6 +34,28 @@ bool parseCode(std::string_view line, int& code) {
     return at == line.size();
 }
 
+/// Index of the byte, or `size`. Lines are short, so the first bytes are looked at eight at a time before the
+/// library's search is worth its call.
+std::size_t findByte(const char* bytes, std::size_t size, char wanted) {
+    constexpr std::size_t kStep = sizeof(std::uint64_t);
+    constexpr std::uint64_t kOnes = 0x0101010101010101U;
+    constexpr std::uint64_t kHighBits = 0x8080808080808080U;
+    std::size_t at = 0;
+    if constexpr (std::endian::native == std::endian::little) {
+        const std::uint64_t pattern = kOnes * static_cast<unsigned char>(wanted);
+        for (; at + kStep <= size && at < 4 * kStep; at += kStep) {
+            std::uint64_t word = 0;
+            std::memcpy(&word, bytes + at, kStep);
+            word ^= pattern;
+            const std::uint64_t zeros = (word - kOnes) & ~word & kHighBits;
+            if (zeros != 0)
+                return at + static_cast<std::size_t>(std::countr_zero(zeros)) / kStep;
+        }
+    }
+    const void* const found = at < size ? std::memchr(bytes + at, wanted, size - at) : nullptr;
+    return found != nullptr ? static_cast<std::size_t>(static_cast<const char*>(found) - bytes) : size;
+}
+
 } // namespace
 
 AsciiReader::AsciiReader(std::string_view bytes) : bytes_(bytes) {
@@ -45,39 +70,69 @@ bool AsciiReader::takeLine(std::string_view& line) {
         return false;
     const char* const start = bytes_.data() + at_;
     const std::size_t left = bytes_.size() - at_;
-    const void* const found = std::memchr(start, lineEnd_, left);
-    std::size_t length =
-        found != nullptr ? static_cast<std::size_t>(static_cast<const char*>(found) - start) : left;
-    at_ += length + (found != nullptr ? 1 : 0);
+    const std::size_t found = findByte(start, left, lineEnd_);
+    at_ += std::min(found + 1, left);
     ++line_;
-    if (length > 0 && start[length - 1] == '\r')
-        --length;
+    const std::size_t length = found > 0 && start[found - 1] == '\r' ? found - 1 : found;
     line = {start, length};
     return true;
 }
 
-ReadResult AsciiReader::fail(std::size_t offset, std::uint64_t line, std::string_view problem) {
-    error_ = {offset, line, problem};
+/// The usual line, blanks, up to four digits and the line's end, without looking for that end first.
+bool AsciiReader::takePlainCode(int& code) {
+    const char* const start = bytes_.data() + at_;
+    const char* const end = bytes_.data() + bytes_.size();
+    const char* at = start;
+    while (at != end && *at == ' ')
+        ++at;
+    const char* const digits = at;
+    int value = 0;
+    while (at != end && *at >= '0' && *at <= '9' && at - digits < 4)
+        value = value * 10 + (*at++ - '0');
+    if (at == digits)
+        return false;
+    if (at != end && *at == '\r' && lineEnd_ == '\n')
+        ++at;
+    if (at == end || *at != lineEnd_)
+        return false;
+    code = value;
+    at_ += static_cast<std::size_t>(at + 1 - start);
+    ++line_;
+    return true;
+}
+
+bool AsciiReader::takeCode(int& code, std::string_view& line) {
+    return takePlainCode(code) || (takeLine(line) && parseCode(line, code));
+}
+
+ReadResult AsciiReader::failAtCode(std::size_t offset, std::string_view line) {
+    // Blank lines and the end mark of old systems may follow the last record.
+    const bool onlyRemains = line.find_first_not_of(" \t\x1a") == std::string_view::npos &&
+                             bytes_.find_first_not_of(" \t\r\n\x1a", at_) == std::string_view::npos;
+    if (onlyRemains)
+        return ReadResult::end;
+    return fail(offset, line_, "the group code is no number", at_ == bytes_.size());
+}
+
+ReadResult AsciiReader::fail(std::size_t offset, std::uint64_t line, std::string_view problem,
+                             bool incomplete) {
+    error_ = {offset, line, problem, incomplete};
     at_ = bytes_.size();
     return ReadResult::error;
 }
 
 ReadResult AsciiReader::next(Record& record) {
     const std::size_t offset = at_;
+    if (offset >= bytes_.size())
+        return ReadResult::end;
     std::string_view codeLine;
     std::string_view value;
     int code = 0;
-    if (!takeLine(codeLine))
-        return ReadResult::end;
+    if (!takeCode(code, codeLine))
+        return failAtCode(offset, codeLine);
     const std::uint64_t line = line_;
-    if (!parseCode(codeLine, code)) {
-        // Blank lines and the end mark of old systems may follow the last record.
-        const bool onlyRemains = codeLine.find_first_not_of(" \t\x1a") == std::string_view::npos &&
-                                 bytes_.find_first_not_of(" \t\r\n\x1a", at_) == std::string_view::npos;
-        return onlyRemains ? ReadResult::end : fail(offset, line, "the group code is no number");
-    }
     if (!takeLine(value))
-        return fail(offset, line, "the file ends between a group code and its value");
+        return fail(offset, line, "the file ends between a group code and its value", true);
     record = {code, value, offset, at_, line};
     return ReadResult::record;
 }

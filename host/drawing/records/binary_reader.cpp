@@ -64,8 +64,8 @@ BinaryReader::BinaryReader(std::string_view bytes, CodeTable table) : bytes_(byt
     form_ = findForm(bytes_, at_);
 }
 
-ReadResult BinaryReader::fail(std::size_t offset, std::string_view problem) {
-    error_ = {offset, 0, problem};
+ReadResult BinaryReader::fail(std::size_t offset, std::string_view problem, bool incomplete) {
+    error_ = {offset, 0, problem, incomplete};
     at_ = bytes_.size();
     return ReadResult::error;
 }
@@ -93,20 +93,20 @@ ReadResult BinaryReader::takeValue(ValueType type, Record& record) {
     std::size_t size = fixedSize(type);
     std::size_t terminator = 0;
     if (type == ValueType::none)
-        return fail(record.offset, "the group code is not known");
+        return fail(record.offset, "the group code is not known", false);
     if (type == ValueType::chunk) {
         if (at_ >= bytes_.size())
-            return fail(record.offset, "the file ends within a value");
+            return fail(record.offset, "the file ends within a value", true);
         size = byteAt(bytes_, at_++);
     } else if (size == 0) {
         const std::size_t zero = bytes_.find('\0', at_);
         if (zero == std::string_view::npos)
-            return fail(record.offset, "the file ends within a text");
+            return fail(record.offset, "the file ends within a text", true);
         size = zero - at_;
         terminator = 1;
     }
     if (bytes_.size() - at_ < size)
-        return fail(record.offset, "the file ends within a value");
+        return fail(record.offset, "the file ends within a value", true);
     record.value = bytes_.substr(at_, size);
     at_ += size + terminator;
     record.end = at_;
@@ -119,7 +119,7 @@ ReadResult BinaryReader::next(Record& record) {
     Record read;
     read.offset = at_;
     if (!takeCode(read.code))
-        return fail(read.offset, "the file ends within a group code");
+        return fail(read.offset, "the file ends within a group code", true);
     const ReadResult result = takeValue(typeOf(read.code), read);
     if (result == ReadResult::record)
         record = read;

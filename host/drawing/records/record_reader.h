@@ -24,6 +24,7 @@ struct RecordError {
     std::size_t offset = 0;
     std::uint64_t line = 0;   ///< From 1; 0 in binary drawings.
     std::string_view problem; ///< A constant text.
+    bool incomplete = false;  ///< More bytes might have made a record of it.
 };
 
 enum class ReadResult { record, end, error };
@@ -40,7 +41,10 @@ public:
 
 private:
     bool takeLine(std::string_view& line);
-    ReadResult fail(std::size_t offset, std::uint64_t line, std::string_view problem);
+    bool takePlainCode(int& code);
+    bool takeCode(int& code, std::string_view& line);
+    ReadResult failAtCode(std::size_t offset, std::string_view line);
+    ReadResult fail(std::size_t offset, std::uint64_t line, std::string_view problem, bool incomplete);
 
     std::string_view bytes_;
     std::size_t at_ = 0;
@@ -67,7 +71,8 @@ public:
     /// Bytes with or without the sentinel; the form of group codes is found out from the first record.
     explicit BinaryReader(std::string_view bytes, CodeTable table = CodeTable::complete);
     /// Bytes that start at any record, with group codes of a known form.
-    BinaryReader(std::string_view bytes, CodeForm form) : bytes_(bytes), form_(form) {}
+    BinaryReader(std::string_view bytes, CodeForm form, CodeTable table = CodeTable::complete)
+        : bytes_(bytes), form_(form), table_(table) {}
 
     ReadResult next(Record& record);
     [[nodiscard]] const RecordError& error() const { return error_; }
@@ -77,7 +82,7 @@ private:
     bool takeCode(int& code);
     [[nodiscard]] ValueType typeOf(int code) const;
     ReadResult takeValue(ValueType type, Record& record);
-    ReadResult fail(std::size_t offset, std::string_view problem);
+    ReadResult fail(std::size_t offset, std::string_view problem, bool incomplete);
 
     std::string_view bytes_;
     std::size_t at_ = 0;

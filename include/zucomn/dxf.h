@@ -1,0 +1,408 @@
+#pragma once
+
+#include "export.h"
+
+#include <afxcoll.h>
+#include <rxclass.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+// Part drawings: reading ASCII and binary DXF files, and the ".zuf" files beside them, into a light drawing
+// in memory, without a drawing database.
+//
+// Lengths are drawing units, angles degrees counter-clockwise unless a field says otherwise, colours the
+// host's colour numbers, line weights hundredths of a millimetre. Z coordinates of entities are not kept.
+
+namespace zu::dxf {
+class Field;
+class NamePool;
+class PartText;
+class RecordInput;
+} // namespace zu::dxf
+
+/// What an entity is; the object is of the class of the same name.
+enum class EntType : std::uint8_t {
+    line,
+    lwPolyline,
+    circle,
+    arc,
+    ellipse,
+    polyline,
+    vertex,
+    insert,
+    text,
+    mtext,
+    dimension,
+    point
+};
+
+/// Base of the entities of a part drawing. A field whose record is not in the file keeps its initial value,
+/// and Has tells so.
+class ZUCOMN_API CEnt : public CObject {
+    DECLARE_DYNAMIC(CEnt)
+public:
+    static constexpr short kByBlock = 0;
+    static constexpr short kByLayer = 256;
+    static constexpr short kWeightByLayer = -1;
+    static constexpr short kWeightByBlock = -2;
+    static constexpr short kWeightDefault = -3;
+
+    /// "LINE", "LWPOLYLINE" ...; "POLYLINE" for what the file calls "PLINE".
+    [[nodiscard]] const wchar_t* GetTypeName() const;
+    /// Upper-case hexadecimal digits; empty when the file gives none.
+    [[nodiscard]] CString GetHandle() const;
+    [[nodiscard]] const CString& GetLayer() const { return *layer_; }
+    /// True when the file has a record of that group code (one of those that the entity keeps).
+    [[nodiscard]] bool Has(int code) const;
+
+    /// Takes a record of the file into its field; records that the entity doesn't keep are passed over.
+    virtual void Set(const zu::dxf::Field& field);
+
+    const EntType m_type;
+    bool m_paper = false;                ///< In paper space (67).
+    bool m_mirrored = false;             ///< Drawn on a plane seen from below (230 is -1).
+    short m_color = kByLayer;            ///< 62.
+    short m_lineWeight = kWeightByLayer; ///< 370.
+
+protected:
+    explicit CEnt(EntType type);
+    void mark(int code);
+
+private:
+    std::uint32_t present_ = 0;
+    std::uint64_t handle_ = 0;
+    const CString* layer_;
+};
+
+/// A list of objects that it owns: deletes them when it is emptied or destroyed.
+class ZUCOMN_API CEntList : public CObList {
+public:
+    CEntList() = default;
+    ~CEntList() override { Free(); }
+    void Free();
+};
+
+class ZUCOMN_API CLine : public CEnt {
+    DECLARE_DYNAMIC(CLine)
+public:
+    CLine() : CEnt(EntType::line) {}
+    void Set(const zu::dxf::Field& field) override;
+
+    double m_x1 = 0, m_y1 = 0, m_x2 = 0, m_y2 = 0;
+};
+
+/// A vertex of a CLwPline; the bulge is that of the segment that starts here.
+struct CDblPoint {
+    double x = 0;
+    double y = 0;
+    double bulge = 0;
+};
+
+class ZUCOMN_API CLwPline : public CEnt {
+    DECLARE_DYNAMIC(CLwPline)
+public:
+    CLwPline() : CEnt(EntType::lwPolyline) {}
+    void Set(const zu::dxf::Field& field) override;
+
+    int m_flags = 0; ///< 70; 1 closed.
+    std::vector<CDblPoint> m_points;
+};
+
+class ZUCOMN_API CCircle : public CEnt {
+    DECLARE_DYNAMIC(CCircle)
+public:
+    CCircle() : CEnt(EntType::circle) {}
+    void Set(const zu::dxf::Field& field) override;
+
+    double m_x = 0, m_y = 0, m_radius = 0;
+};
+
+class ZUCOMN_API CArc : public CEnt {
+    DECLARE_DYNAMIC(CArc)
+public:
+    CArc() : CEnt(EntType::arc) {}
+    void Set(const zu::dxf::Field& field) override;
+
+    double m_x = 0, m_y = 0, m_radius = 0, m_start = 0, m_end = 0;
+};
+
+class ZUCOMN_API CEllipse : public CEnt {
+    DECLARE_DYNAMIC(CEllipse)
+public:
+    CEllipse() : CEnt(EntType::ellipse) {}
+    void Set(const zu::dxf::Field& field) override;
+
+    double m_x = 0, m_y = 0;
+    double m_majorX = 0, m_majorY = 0; ///< End of the major axis, from the centre.
+    double m_ratio = 1;                ///< Minor axis to major axis.
+    double m_start = 0, m_end = 0;     ///< Parameters in radians.
+};
+
+class ZUCOMN_API CVertex : public CEnt {
+    DECLARE_DYNAMIC(CVertex)
+public:
+    CVertex() : CEnt(EntType::vertex) {}
+    void Set(const zu::dxf::Field& field) override;
+
+    double m_x = 0, m_y = 0, m_bulge = 0;
+    double m_startWidth = 0, m_endWidth = 0;
+    int m_flags = 0; ///< 70; 16 control point of a spline frame.
+};
+
+class ZUCOMN_API CPline : public CEnt {
+    DECLARE_DYNAMIC(CPline)
+public:
+    CPline() : CEnt(EntType::polyline) {}
+    void Set(const zu::dxf::Field& field) override;
+
+    int m_flags = 0;     ///< 70; 1 closed, 16 mesh, 64 faces.
+    CEntList m_vertices; ///< CVertex.
+};
+
+class ZUCOMN_API CInsert : public CEnt {
+    DECLARE_DYNAMIC(CInsert)
+public:
+    CInsert();
+    void Set(const zu::dxf::Field& field) override;
+    [[nodiscard]] const CString& GetBlock() const { return *block_; }
+
+    double m_x = 0, m_y = 0, m_xScale = 1, m_yScale = 1, m_rotation = 0;
+    double m_columnSpacing = 0, m_rowSpacing = 0; ///< 44, 45.
+    int m_columns = 1, m_rows = 1;                ///< As the file says; not to be trusted.
+
+private:
+    const CString* block_;
+};
+
+class ZUCOMN_API CText : public CEnt {
+    DECLARE_DYNAMIC(CText)
+public:
+    CText();
+    void Set(const zu::dxf::Field& field) override;
+    [[nodiscard]] const CString& GetStyle() const { return *style_; }
+
+    CString m_text;
+    double m_x = 0, m_y = 0;
+    double m_x2 = 0, m_y2 = 0; ///< Alignment point, where an alignment other than left, baseline needs it.
+    double m_height = 0, m_width = 1, m_rotation = 0, m_oblique = 0;
+    int m_halign = 0; ///< 72: 0 left, 1 centre, 2 right, 3 aligned, 4 middle, 5 fit.
+    int m_valign = 0; ///< 73: 0 baseline, 1 bottom, 2 middle, 3 top.
+
+private:
+    const CString* style_;
+};
+
+class ZUCOMN_API CMtext : public CEnt {
+    DECLARE_DYNAMIC(CMtext)
+public:
+    CMtext();
+    void Set(const zu::dxf::Field& field) override;
+    [[nodiscard]] const CString& GetStyle() const { return *style_; }
+    /// All parts and the last piece, one after the other, with their format codes.
+    [[nodiscard]] CString GetFullText() const;
+
+    std::vector<CString> m_parts; ///< Pieces before the last (3).
+    CString m_text;               ///< The last piece (1).
+    double m_x = 0, m_y = 0;
+    double m_x2 = 0, m_y2 = 0; ///< Direction of the text; counts when the file has it and no angle.
+    double m_height = 0, m_width = 0, m_rotation = 0;
+    int m_attach = 1; ///< 71: 1 to 9, rows from top left to bottom right.
+
+private:
+    const CString* style_;
+};
+
+class ZUCOMN_API CDim : public CEnt {
+    DECLARE_DYNAMIC(CDim)
+public:
+    CDim();
+    void Set(const zu::dxf::Field& field) override;
+    /// The block that holds the dimension's picture.
+    [[nodiscard]] const CString& GetBlock() const { return *block_; }
+    [[nodiscard]] const CString& GetStyle() const { return *style_; }
+
+    CString m_text;
+    double m_x = 0, m_y = 0, m_x2 = 0, m_y2 = 0, m_angle = 0;
+    int m_flags = 0;
+
+private:
+    const CString* block_;
+    const CString* style_;
+};
+
+class ZUCOMN_API CAcPoint : public CEnt {
+    DECLARE_DYNAMIC(CAcPoint)
+public:
+    CAcPoint() : CEnt(EntType::point) {}
+    void Set(const zu::dxf::Field& field) override;
+
+    double m_x = 0, m_y = 0;
+};
+
+/// A layer of the LAYER table.
+class ZUCOMN_API CLayer : public CObject {
+public:
+    CString m_name;
+    CString m_linetype;
+    int m_color = 7; ///< 62; negative: the layer is off.
+    int m_flags = 0; ///< 70; 1 frozen.
+    int m_lineWeight = CEnt::kWeightDefault;
+};
+
+/// A block definition with its own entities.
+class ZUCOMN_API CBlock : public CObject {
+public:
+    CString m_name;
+    double m_x = 0, m_y = 0, m_z = 0; ///< Base point.
+    int m_flags = 0;
+    CEntList m_entities;
+};
+
+/// A table of the TABLES section.
+class ZUCOMN_API CTable : public CObject {
+public:
+    CString m_name;
+};
+
+/// Reads a part drawing and holds it.
+///
+/// A file that can't be opened reads as an empty drawing. Reading ends at the last complete record of a
+/// truncated file, at a group code that is no number, and at one that the table of a binary file doesn't
+/// know; what was read stays. Text is in the code page that $DWGCODEPAGE names (932 when it names none that
+/// is known), from R2007 on in UTF-8; "\U+XXXX" and "\M+nXXXX" are read as the characters they stand for. Of
+/// a text at most 512 characters are kept, in binary files 255. Binary files are read byte for byte, so that
+/// a binary file gives the same drawing as its ASCII twin.
+class ZUCOMN_API CAcadDxf : public AcRxObject {
+public:
+    ACRX_DECLARE_MEMBERS(CAcadDxf);
+
+    static constexpr int kWhite = 1;       ///< Colour option: the default colour is 7 instead of 1.
+    static constexpr int kStrictTable = 1; ///< Table option: binary group codes beyond early part drawings
+                                           ///< end the reading.
+    static constexpr int kNoEntities = 1;  ///< Drawing option: header, tables and blocks only.
+
+    /// An empty drawing; LoadDxf fills it.
+    CAcadDxf();
+    /// Reads a DXF file, or a ".zuf" file when the path has that extension.
+    explicit CAcadDxf(const wchar_t* path, int colorOption = 0, int tableOption = 0, int drawingOption = 0);
+    /// Reads an ASCII drawing held as lines of text.
+    explicit CAcadDxf(const CStringArray& lines, int colorOption = 0, int drawingOption = 0);
+    ~CAcadDxf() override;
+    CAcadDxf(const CAcadDxf&) = delete;
+    CAcadDxf& operator=(const CAcadDxf&) = delete;
+
+    // ---- the drawing
+
+    /// 0 binary, 1 ASCII.
+    [[nodiscard]] int GetAsciiFlag() const { return ascii_; }
+    /// 1015 for $ACADVER AC1015; 0 without one.
+    [[nodiscard]] int GetVersion() const { return version_; }
+    /// The extents of the header; all 0 when it has none.
+    void GetSave(double& minX, double& minY, double& maxX, double& maxY) const;
+    [[nodiscard]] const CObList& GetLayers() const { return layers_; }     ///< CLayer.
+    [[nodiscard]] const CObList& GetBlocks() const { return blocks_; }     ///< CBlock.
+    [[nodiscard]] const CObList& GetEntities() const { return entities_; } ///< CEnt.
+    [[nodiscard]] const CObList& GetTables() const { return tables_; }     ///< CTable.
+    [[nodiscard]] const CStringArray& GetZufLines() const { return zufLines_; }
+    [[nodiscard]] int GetDefaultColor() const { return defaultColor_; }
+    /// Look-ups by the layer's name, whatever its case. A layer that is not there has the default colour, the
+    /// linetype "CONTINUOUS" and the default line weight.
+    [[nodiscard]] int GetLyColor(const wchar_t* layer) const;
+    [[nodiscard]] CString GetLinetype(const wchar_t* layer) const;
+    [[nodiscard]] int GetLineWeight(const wchar_t* layer) const;
+    /// The layer or block of that name, whatever its case; null when there is none.
+    [[nodiscard]] const CLayer* FindLayer(const wchar_t* name) const;
+    [[nodiscard]] const CBlock* FindBlock(const wchar_t* name) const;
+
+    // ---- reading
+
+    /// 0 when the file begins with the 18 characters of a binary drawing; 1 otherwise, or when it can't be
+    /// opened.
+    static int IsAscii(const wchar_t* path);
+    /// True when the ENTITIES section of the file holds an entity of a kept type.
+    static bool CheckEntities(const wchar_t* path);
+
+    /// Begins to read a file or lines without loading anything: the next GetRecord reads the first record.
+    bool Open(const wchar_t* path);
+    bool Open(const CStringArray& lines);
+    /// Empties the drawing, then reads. 1 when the file could be opened, else 0.
+    int LoadDxf(const wchar_t* path);
+    int LoadDxf(const CStringArray& lines);
+
+    /// Reads the next record that is no comment; 0 at the end or on failure, and the current record stays.
+    int GetRecord();
+    [[nodiscard]] int GetCode() const;
+    /// The current value as text, real number or integer; the numbers of a text record are 0.
+    [[nodiscard]] CString GetText() const;
+    [[nodiscard]] double GetReal() const;
+    [[nodiscard]] int GetInteger() const;
+    /// Delivers the next bytes of a binary file, in order and without gaps; returns how many there were. The
+    /// buffer has to hold that many bytes.
+    int ReadBinData(wchar_t* buffer, int count);
+    /// Reads at least one record, then on until one with the code and, when a name is given, that value; 0 at
+    /// the end of the input.
+    int Skip(int code, const wchar_t* name = nullptr);
+
+    // Each reads on from the current record and leaves the last one read as the current record.
+    void LoadDxfData();
+    void LoadHeader();
+    void LoadTables();
+    void LoadLayer();
+    void LoadBlocks();
+    void LoadEnt(CEntList& list);
+
+    // ---- ".zuf" files
+
+    /// Reads the ".zuf" file of the drawing's path into the lines; false when there is none.
+    bool LoadZufData();
+    bool LoadZufData(const CStringArray& lines);
+    /// The n-th member of a line whose members are parted by runs of blanks; 0 is what comes before the
+    /// first. -1 and an empty text when the line has fewer than n runs.
+    static int GetRecordMember(int n, const CString& line, CString& member);
+
+    // Delete the objects (each a CObject) and empty the array.
+    static void FreePtrArray(CPtrArray& objects);
+    static void FreePtrArray2(CObArray& objects);
+
+private:
+    void clear();
+    void skipTo(std::string_view end);
+    void loadEntities();
+    void readHeaderVariable(std::string_view variable);
+    bool readBlockFields(CBlock& block);
+    bool readEntity(CEnt* made, CEntList& list, CPline*& polyline);
+    [[nodiscard]] bool at(int code, std::string_view value) const;
+
+    int colorOption_ = 0;
+    int tableOption_ = 0;
+    int drawingOption_ = 0;
+    int ascii_ = 1;
+    int version_ = 0;
+    int defaultColor_ = 1;
+    double minX_ = 0, minY_ = 0, maxX_ = 0, maxY_ = 0;
+    CString path_;
+    std::unique_ptr<zu::dxf::RecordInput> input_;
+    std::unique_ptr<zu::dxf::PartText> text_;
+    std::unique_ptr<zu::dxf::NamePool> names_;
+    CEntList layers_;
+    CEntList blocks_;
+    CEntList entities_;
+    CEntList tables_;
+    CStringArray zufLines_;
+    std::unordered_map<std::wstring, const CLayer*> layerIndex_;
+    std::unordered_map<std::wstring, const CBlock*> blockIndex_;
+};
+
+/// The path of a drawing's ".zuf" file: the three characters after the last point, whatever the extension's
+/// length, are replaced by "zuf".
+ZUCOMN_API void ZUComn_GetZufNameFromDxfName(CString dxfPath, CString& zufPath);
+
+/// Which of a part's files there is: 1 the first path, 2 the second, 3 the first with the three characters
+/// after its last point replaced by "dwg", 0 none. Callers pass the DXF file first and the ".zuf" file
+/// second.
+ZUCOMN_API int ZUComn_DxfOrZufFileExistOrNot(const CString& first, const CString& second);

@@ -1,0 +1,80 @@
+#include "part_text.h"
+
+#include "drawing/records/text_escapes.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace zu::dxf {
+
+namespace {
+
+constexpr UINT kDefaultPage = 932;
+constexpr int kFirstUtf8Version = 1021;
+/// The longest escape ("\M+nXXXX") is one character.
+constexpr std::size_t kBytesPerCharacter = 8;
+
+bool isAscii(std::string_view bytes) {
+    return std::all_of(bytes.begin(), bytes.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+std::optional<std::wstring> decodeBytes(UINT page, std::string_view bytes) {
+    // No page needs more wide characters than bytes.
+    std::wstring text(bytes.size(), L'\0');
+    const auto size = static_cast<int>(bytes.size());
+    const int length = MultiByteToWideChar(page, 0, bytes.data(), size, text.data(), size);
+    if (length == 0)
+        return std::nullopt;
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+}
+
+std::optional<std::wstring> decodePair(std::size_t page, std::string_view bytes) {
+    return decodeBytes(static_cast<UINT>(zuhost::dxf::kMultiBytePages[page]), bytes);
+}
+
+/// Records are spelled in ASCII, so that a page that lacks it can't be a drawing's.
+bool isKnown(UINT page) {
+    constexpr std::string_view kSome = "09AZaz {}\\^_";
+    return decodeBytes(page, kSome) == std::wstring(kSome.begin(), kSome.end());
+}
+
+} // namespace
+
+void PartText::setCodePage(std::string_view name) {
+    const auto number = zuhost::dxf::codePageNumber(name);
+    named_ = number && *number > 0 && isKnown(static_cast<UINT>(*number)) ? static_cast<UINT>(*number) : 0;
+}
+
+UINT PartText::codePage() const {
+    if (mark_ || version_ >= kFirstUtf8Version)
+        return CP_UTF8;
+    return named_ != 0 ? named_ : kDefaultPage;
+}
+
+CString PartText::decode(std::string_view bytes, std::size_t limit) const {
+    const std::string_view kept = bytes.substr(0, limit * kBytesPerCharacter);
+    std::wstring text = isAscii(kept) ? std::wstring(kept.begin(), kept.end())
+                                      : decodeBytes(codePage(), kept).value_or(std::wstring());
+    if (text.find_first_of(L"\\^") != std::wstring::npos)
+        text = zuhost::dxf::withoutEscapes(text, decodePair);
+    if (text.size() > limit)
+        text.resize(limit);
+    return CString(std::move(text));
+}
+
+const CString& NamePool::get(std::string_view bytes, const PartText& text, std::size_t limit) {
+    if (lastName_ != nullptr && last_ == bytes)
+        return *lastName_;
+    last_.assign(bytes);
+    const auto [place, isNew] = known_.try_emplace(last_, nullptr);
+    if (isNew) {
+        names_.push_back(text.decode(bytes, limit));
+        place->second = &names_.back();
+    }
+    lastName_ = place->second;
+    return *lastName_;
+}
+
+} // namespace zu::dxf

@@ -1,0 +1,94 @@
+// Cut, overlong and deep input: what was complete is kept.
+#include "part_files.h"
+
+#include <gtest/gtest.h>
+
+namespace zu::test {
+namespace {
+
+std::size_t countOf(const CAcadDxf& part) {
+    std::size_t count = 0;
+    for (POSITION at = part.GetBlocks().GetHeadPosition(); at != nullptr;) {
+        const auto* const block = static_cast<const CBlock*>(part.GetBlocks().GetNext(at));
+        count += static_cast<std::size_t>(block->m_entities.GetCount());
+    }
+    return count + static_cast<std::size_t>(part.GetEntities().GetCount());
+}
+
+TEST(Damaged, CutAtEveryByte) {
+    for (const char* name : {"fitting-02.dxf", "binary/fitting-02.dxf"}) {
+        SCOPED_TRACE(name);
+        const std::string bytes = readBytes(sample(name));
+        const PartFile file(bytes);
+        const std::size_t all = countOf(CAcadDxf(file.path()));
+        std::size_t least = all;
+        for (std::size_t size = bytes.size(); size-- > 0;) {
+            std::filesystem::resize_file(file.systemPath(), size);
+            const std::size_t count = countOf(CAcadDxf(file.path()));
+            ASSERT_LE(count, least) << size;
+            ASSERT_GE(count + 1, least) << size;
+            least = count;
+        }
+        EXPECT_EQ(least, 0U);
+    }
+}
+
+TEST(Damaged, RecordsAcrossBlocksOfTheFile) {
+    // Records of growing length meet every position at the ends of the reader's blocks.
+    std::string bytes = "0\nSECTION\n2\nENTITIES\n";
+    constexpr int kCount = 30000;
+    for (int i = 0; i < kCount; ++i)
+        bytes += "0\nTEXT\n1\n" + std::string(static_cast<std::size_t>(i) % 97, 'x') + "\n10\n" +
+                 std::to_string(i) + ".5\n";
+    bytes += "0\nENDSEC\n0\nEOF\n";
+    const PartFile file(bytes);
+    const CAcadDxf part(file.path());
+    ASSERT_EQ(part.GetEntities().GetCount(), kCount);
+    int i = 0;
+    for (POSITION at = part.GetEntities().GetHeadPosition(); at != nullptr; ++i) {
+        const auto* const text = static_cast<const CText*>(part.GetEntities().GetNext(at));
+        ASSERT_EQ(text->m_x, i + 0.5);
+        ASSERT_EQ(text->m_text.GetLength(), i % 97);
+    }
+}
+
+TEST(Damaged, LongLinesAndLostStructure) {
+    const std::string longLine(3'000'000, 'z');
+    const std::string start = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n";
+    struct Case {
+        std::string bytes;
+        std::size_t entities;
+    };
+    const Case cases[] = {
+        {start + longLine + "\n0\nPOINT\n0\nENDSEC\n", 2},
+        {start + "a\n" + longLine + "\nvalue\n0\nPOINT\n", 1},   // a group code that is no number
+        {start + "a\n0\nLINE\n10", 2},                           // ends between code and value
+        {"0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\na\n0\nLINE\n", 1}, // no end of block or section
+        {"0\nSECTION\n0\nLINE\n", 0},                            // a section without a name
+        {"0\nLINE\n0\nSECTION\n2\nENTITIES\n0\nLINE\n", 0},      // something before the first section
+        {"0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n90\n2000000000\n20\n1\n42\n1\n10\n1\n", 1},
+    };
+    for (const Case& c : cases) {
+        const PartFile file(c.bytes);
+        EXPECT_EQ(countOf(CAcadDxf(file.path())), c.entities) << c.bytes.substr(0, 60);
+    }
+}
+
+TEST(Damaged, LineEndsOfEveryKind) {
+    const std::string lf = readBytes(sample("fitting-02.dxf"));
+    std::string crlf;
+    std::string cr;
+    for (const char c : lf) {
+        crlf += c == '\n' ? "\r\n" : std::string(1, c);
+        cr += c == '\n' ? '\r' : c;
+    }
+    const PartFile original(lf);
+    const PlainJson expected = modelOf(CAcadDxf(original.path()));
+    for (const std::string& bytes : {crlf, cr}) {
+        const PartFile file(bytes);
+        EXPECT_EQ(modelOf(CAcadDxf(file.path())), expected);
+    }
+}
+
+} // namespace
+} // namespace zu::test

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "part_json.h"
+
+#include <zuhost/paths.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <unistd.h>
+
+namespace zu::test {
+
+/// Objects are compared without regard to the order of their keys.
+using PlainJson = nlohmann::json;
+
+inline std::string readBytes(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline CString hostPath(const std::filesystem::path& path) {
+    return CString(zuhost::hostPath(path.string()));
+}
+
+inline PlainJson modelOf(const CAcadDxf& part) {
+    return PlainJson::parse(app::partToJson(part).dump());
+}
+
+inline std::filesystem::path sample(const std::string& name) {
+    return std::filesystem::path(ZU_SAMPLES) / "parts" / name;
+}
+
+/// A file in a folder of its own, gone at the end.
+class PartFile {
+public:
+    explicit PartFile(const std::string& bytes, const std::string& name = "part.dxf") {
+        std::string pattern = (std::filesystem::temp_directory_path() / "zu-dxf-XXXXXX").string();
+        folder_ = mkdtemp(pattern.data());
+        path_ = folder_ / name;
+        write(bytes);
+    }
+    ~PartFile() { std::filesystem::remove_all(folder_); }
+    PartFile(const PartFile&) = delete;
+    PartFile& operator=(const PartFile&) = delete;
+
+    void write(const std::string& bytes) const { std::ofstream(path_, std::ios::binary) << bytes; }
+    [[nodiscard]] CString path() const { return hostPath(path_); }
+    [[nodiscard]] std::string systemPath() const { return path_.string(); }
+
+private:
+    std::filesystem::path folder_;
+    std::filesystem::path path_;
+};
+
+} // namespace zu::test

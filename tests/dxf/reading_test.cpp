@@ -1,0 +1,209 @@
+#include "part_files.h"
+
+#include <gtest/gtest.h>
+
+namespace zu::test {
+namespace {
+
+CStringArray linesOf(std::initializer_list<const wchar_t*> lines) {
+    CStringArray array;
+    for (const wchar_t* line : lines)
+        array.Add(line);
+    return array;
+}
+
+/// The records as an ASCII drawing.
+std::string ascii(std::initializer_list<std::pair<int, const char*>> records) {
+    std::string bytes;
+    for (const auto& [code, value] : records)
+        bytes += std::to_string(code) + "\n" + value + "\n";
+    return bytes;
+}
+
+std::string entities(std::initializer_list<std::pair<int, const char*>> records) {
+    return ascii({{0, "SECTION"}, {2, "ENTITIES"}}) + ascii(records) + ascii({{0, "ENDSEC"}, {0, "EOF"}});
+}
+
+PlainJson entitiesOf(const std::string& bytes) {
+    const PartFile file(bytes);
+    return modelOf(CAcadDxf(file.path()))["entities"];
+}
+
+void append(std::string& bytes, std::uint64_t value, int count) {
+    for (int i = 0; i < count; ++i)
+        bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+}
+
+std::string binaryText(int code, std::string_view text) {
+    std::string bytes;
+    append(bytes, static_cast<std::uint64_t>(code), 2);
+    return bytes.append(text) + '\0';
+}
+
+std::string binaryDrawing(const std::string& records) {
+    return std::string("AutoCAD Binary DXF\r\n\x1a\0", 22) + binaryText(0, "SECTION") +
+           binaryText(2, "ENTITIES") + records + binaryText(0, "ENDSEC") + binaryText(0, "EOF");
+}
+
+TEST(Reading, FieldsOfDamagedAndOddEntities) {
+    // A group of its own before the first entity, a vertex without a polyline, unknown types, an embedded
+    // object.
+    const PlainJson list = entitiesOf(entities(
+        {{8, "before"}, {0, "VERTEX"},      {10, "1"},   {0, "line"},  {10, "1"}, {0, "LINE"},
+         {10, "+1.5"},  {20, " 2,5"},       {62, " 3x"}, {0, "PLINE"}, {70, "1"}, {0, "VERTEX"},
+         {10, "7"},     {0, "SEQEND"},      {8, "none"}, {0, "MTEXT"}, {10, "4"}, {101, "Embedded Object"},
+         {10, "5"},     {1, "not the text"}}));
+    ASSERT_EQ(list.size(), 3U);
+    EXPECT_EQ(list[0]["p1"], PlainJson({1.5, 0.0}));
+    EXPECT_EQ(list[0]["color"], 3);
+    EXPECT_EQ(list[0]["p2"], nullptr);
+    EXPECT_EQ(list[1]["type"], "POLYLINE");
+    EXPECT_EQ(list[1]["vertices"].size(), 1U);
+    EXPECT_EQ(list[1]["vertices"][0]["p"], PlainJson({7.0, 0.0}));
+    EXPECT_EQ(list[2]["p"], PlainJson({4.0, 0.0}));
+    EXPECT_EQ(list[2]["text"], nullptr);
+}
+
+TEST(Reading, CommentsChangeNothing) {
+    const std::string bytes = readBytes(sample("fitting-02.dxf"));
+    std::string commented;
+    int line = 0;
+    for (std::size_t at = 0; at < bytes.size(); ++line) {
+        const std::size_t end = bytes.find('\n', at) + 1;
+        commented += (line % 2 == 0 ? "999\nSECTION\n" : "") + bytes.substr(at, end - at);
+        at = end;
+    }
+    const PartFile plain(bytes);
+    const PartFile withComments(commented);
+    EXPECT_EQ(modelOf(CAcadDxf(plain.path())), modelOf(CAcadDxf(withComments.path())));
+}
+
+TEST(Reading, TextByCodePageVersionAndMark) {
+    struct Case {
+        const char* version;
+        const char* page;
+        const char* value;
+        const char* text;
+    };
+    const Case cases[] = {{"AC1015", "ANSI_932", "\x95\x5C\x8E\xA6", "表示"},
+                          {"AC1015", "ANSI_1252", "\xC4", "Ä"},
+                          {"AC1015", "NO_SUCH", "\x95\x5C", "表"},
+                          {"AC1015", "ANSI_37", "\x95\x5C", "表"},
+                          {"AC1024", "ANSI_932", "\xE8\xA1\xA8", "表"},
+                          {"AC1015", "ANSI_932", "\\U+33A5/h", "㎥/h"},
+                          {"AC1015", "ANSI_1252", "\\M+1955C", "表"},
+                          {"AC1015", "ANSI_932", "\\U+33Z5", "\\U+33Z5"},
+                          {"AC1024", "", "\\U+D83D\\U+DE00", "\xF0\x9F\x98\x80"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.version) + c.page + c.text);
+        const std::string header = ascii({{0, "SECTION"},
+                                          {2, "HEADER"},
+                                          {9, "$ACADVER"},
+                                          {1, c.version},
+                                          {9, "$DWGCODEPAGE"},
+                                          {3, c.page},
+                                          {0, "ENDSEC"}});
+        EXPECT_EQ(entitiesOf(header + entities({{0, "TEXT"}, {1, c.value}}))[0]["text"], c.text);
+    }
+    EXPECT_EQ(entitiesOf("\xEF\xBB\xBF" + entities({{0, "TEXT"}, {8, "外形"}}))[0]["layer"], "外形");
+}
+
+TEST(Reading, TextsAreCutToTheirLimit) {
+    const std::string text(700, 'x');
+    EXPECT_EQ(entitiesOf(entities({{0, "TEXT"}, {1, text.c_str()}}))[0]["text"], text.substr(0, 512));
+    const std::string records = binaryText(0, "TEXT") + binaryText(1, text) + binaryText(8, "after");
+    const PlainJson list = entitiesOf(binaryDrawing(records));
+    EXPECT_EQ(list[0]["text"], text.substr(0, 255));
+    EXPECT_EQ(list[0]["layer"], "after");
+}
+
+TEST(Reading, StrictTableEndsAtOtherCodes) {
+    std::string extra;
+    append(extra, 370, 2);
+    append(extra, 25, 2);
+    const PartFile file(
+        binaryDrawing(binaryText(0, "POINT") + extra + binaryText(8, "after") + binaryText(0, "POINT")));
+    const PlainJson complete = modelOf(CAcadDxf(file.path()))["entities"];
+    ASSERT_EQ(complete.size(), 2U);
+    EXPECT_EQ(complete[0]["lineweight"], 25);
+    const PlainJson strict = modelOf(CAcadDxf(file.path(), 0, CAcadDxf::kStrictTable))["entities"];
+    ASSERT_EQ(strict.size(), 1U);
+    EXPECT_EQ(strict[0]["layer"], "");
+}
+
+TEST(Reading, RecordsOneByOne) {
+    CAcadDxf reader;
+    ASSERT_TRUE(reader.Open(linesOf({L"0", L"SECTION", L"999", L"comment", L" 40", L" 2.5 ", L"70", L"-3",
+                                     L"1", L"外形\r", L"1", L"b", L"0"})));
+    ASSERT_EQ(reader.GetRecord(), 1);
+    EXPECT_EQ(reader.GetText(), L"SECTION");
+    ASSERT_EQ(reader.GetRecord(), 1);
+    EXPECT_EQ(reader.GetCode(), 40);
+    EXPECT_EQ(reader.GetReal(), 2.5);
+    ASSERT_EQ(reader.GetRecord(), 1);
+    EXPECT_EQ(reader.GetInteger(), -3);
+    ASSERT_EQ(reader.Skip(1), 1);
+    EXPECT_EQ(reader.GetText(), L"外形");
+    // Skip leaves the current record even when it is the one that is wanted.
+    EXPECT_EQ(reader.Skip(1, L"b"), 1);
+    EXPECT_EQ(reader.Skip(0), 0);
+    EXPECT_EQ(reader.GetRecord(), 0);
+}
+
+TEST(Reading, BinaryBytesComeInOrder) {
+    const std::string bytes = readBytes(sample("binary/fitting-01.dxf"));
+    CAcadDxf reader;
+    ASSERT_TRUE(reader.Open(hostPath(sample("binary/fitting-01.dxf"))));
+    std::string read;
+    wchar_t buffer[256];
+    for (int count = 700; count > 0;) {
+        count = reader.ReadBinData(buffer, 700);
+        read.append(reinterpret_cast<const char*>(buffer), static_cast<std::size_t>(count));
+    }
+    EXPECT_EQ(read, bytes.substr(22));
+}
+
+TEST(Reading, LayersBlocksAndOptions) {
+    const CString path = hostPath(sample("fitting-01.dxf"));
+    const CAcadDxf part(path, CAcadDxf::kWhite);
+    EXPECT_EQ(part.GetLyColor(L"中心線"), 1);
+    EXPECT_EQ(part.GetLyColor(L"no such layer"), 7);
+    EXPECT_EQ(CAcadDxf(path).GetLyColor(L"no such layer"), 1);
+    EXPECT_EQ(part.GetLinetype(L"中心線"), L"CENTER");
+    EXPECT_EQ(part.GetLinetype(L"no such layer"), L"CONTINUOUS");
+    EXPECT_NE(part.FindLayer(L"defPOINTS"), nullptr);
+    EXPECT_NE(part.FindBlock(L"*model_space"), nullptr);
+    EXPECT_EQ(part.FindBlock(L"nothing"), nullptr);
+
+    const CAcadDxf withoutEntities(path, 0, 0, CAcadDxf::kNoEntities);
+    EXPECT_TRUE(withoutEntities.GetEntities().IsEmpty());
+    EXPECT_EQ(withoutEntities.GetBlocks().GetCount(), part.GetBlocks().GetCount());
+    EXPECT_EQ(part.isA(), CAcadDxf::desc());
+    EXPECT_EQ(CAcadDxf::cast(static_cast<const AcRxObject*>(&part)), &part);
+
+    const std::string layer = ascii({{0, "SECTION"},
+                                     {2, "TABLES"},
+                                     {0, "TABLE"},
+                                     {2, "LAYER"},
+                                     {70, "1"},
+                                     {0, "LAYER"},
+                                     {2, "a"},
+                                     {370, "35"},
+                                     {0, "ENDTAB"},
+                                     {0, "ENDSEC"}});
+    const PartFile file(layer);
+    EXPECT_EQ(CAcadDxf(file.path()).GetLineWeight(L"A"), 35);
+    EXPECT_EQ(CAcadDxf(file.path()).GetLineWeight(L"b"), CEnt::kWeightDefault);
+}
+
+TEST(Reading, LinesInMemoryEqualTheFile) {
+    CStringArray lines;
+    CStdioFile file(hostPath(sample("equip-fan.dxf")), CFile::modeRead);
+    CString line;
+    while (file.ReadString(line) != FALSE)
+        lines.Add(line);
+    EXPECT_EQ(modelOf(CAcadDxf(lines)), modelOf(CAcadDxf(hostPath(sample("equip-fan.dxf")))));
+}
+
+} // namespace
+} // namespace zu::test

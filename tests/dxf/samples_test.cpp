@@ -1,0 +1,101 @@
+// The samples' drawings against values worked out by another program.
+#include "part_files.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace zu::test {
+namespace {
+
+const PlainJson& expectedDrawings() {
+    static const PlainJson all =
+        PlainJson::parse(std::ifstream(std::filesystem::path(ZU_SAMPLES) / "expected" / "parts.json"));
+    return all.at("drawings");
+}
+
+template <typename Change>
+void forEachEntity(PlainJson& model, Change change) {
+    for (PlainJson& entity : model["entities"])
+        change(entity);
+    for (PlainJson& block : model["blocks"])
+        for (PlainJson& entity : block["entities"])
+            change(entity);
+}
+
+/// The expected model in the form that the program prints, which leaves out widths and counts.
+PlainJson expectedModel(const PlainJson& drawing) {
+    PlainJson model = drawing.at("model");
+    model.erase("counts");
+    model["ascii"] = 1;
+    forEachEntity(model, [](PlainJson& entity) {
+        if (entity.contains("vertices"))
+            for (PlainJson& vertex : entity["vertices"])
+                vertex.erase("width");
+    });
+    return model;
+}
+
+/// Binary drawings of the samples hold no line weights.
+PlainJson asBinary(PlainJson model) {
+    model["ascii"] = 0;
+    forEachEntity(model, [](PlainJson& entity) { entity["lineweight"] = nullptr; });
+    return model;
+}
+
+TEST(Samples, ReadAsExpected) {
+    ASSERT_FALSE(expectedDrawings().empty());
+    for (const PlainJson& drawing : expectedDrawings()) {
+        const std::string name = drawing.at("file");
+        SCOPED_TRACE(name);
+        EXPECT_EQ(modelOf(CAcadDxf(hostPath(sample(name)))), expectedModel(drawing));
+    }
+}
+
+TEST(Samples, BinaryTwinsEqualTheirOriginals) {
+    int twins = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(sample("binary"))) {
+        SCOPED_TRACE(entry.path().string());
+        const PlainJson original = modelOf(CAcadDxf(hostPath(sample(entry.path().filename().string()))));
+        for (const int table : {0, CAcadDxf::kStrictTable})
+            EXPECT_EQ(modelOf(CAcadDxf(hostPath(entry.path()), 0, table)), asBinary(original)) << table;
+        ++twins;
+    }
+    EXPECT_EQ(twins, 4);
+}
+
+TEST(Samples, VertexWidthsAreKept) {
+    const CAcadDxf part(hostPath(sample("fitting-02.dxf")));
+    for (POSITION at = part.GetEntities().GetHeadPosition(); at != nullptr;) {
+        const auto* const polyline = dynamic_cast<const CPline*>(part.GetEntities().GetNext(at));
+        if (polyline == nullptr)
+            continue;
+        POSITION place = polyline->m_vertices.FindIndex(2);
+        const auto* const third = static_cast<const CVertex*>(polyline->m_vertices.GetNext(place));
+        EXPECT_EQ(third->m_startWidth, 1.0);
+        EXPECT_EQ(third->m_endWidth, 2.0);
+        return;
+    }
+    FAIL() << "no polyline";
+}
+
+/// Binary drawings of another writer, with all the group codes that newer versions have.
+TEST(Samples, BinaryDrawingsOfAnotherWriter) {
+    for (const PlainJson& drawing : expectedDrawings()) {
+        const std::string name = drawing.at("file");
+        SCOPED_TRACE(name);
+        const PartFile ascii("", "ascii.dxf");
+        const PartFile binary("", "binary.dxf");
+        const std::string command = std::string("/usr/bin/python3 " ZU_WRITE_BINARY " '") +
+                                    sample(name).string() + "' '" + ascii.systemPath() + "' '" +
+                                    binary.systemPath() + "'";
+        ASSERT_EQ(std::system(command.c_str()), 0);
+        PlainJson original = modelOf(CAcadDxf(ascii.path()));
+        ASSERT_FALSE(original["entities"].empty());
+        original["ascii"] = 0;
+        EXPECT_EQ(modelOf(CAcadDxf(binary.path())), original);
+    }
+}
+
+} // namespace
+} // namespace zu::test
