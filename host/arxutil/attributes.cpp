@@ -1,0 +1,131 @@
+#include "arxutil.h"
+
+#include <dbmain.h>
+#include <dbobjptr.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr short kApplicationName = 1001;
+constexpr short kText = 1000;
+
+struct ChainDeleter {
+    void operator()(resbuf* chain) const { acutRelRb(chain); }
+};
+using Chain = std::unique_ptr<resbuf, ChainDeleter>;
+
+/// Builds a chain from its start, or goes on with one.
+class ChainBuilder {
+public:
+    explicit ChainBuilder(Chain chain) : chain_(std::move(chain)) {
+        for (resbuf* item = chain_.get(); item != nullptr; item = item->rbnext)
+            last_ = item;
+    }
+
+    void addText(short type, const wchar_t* text) {
+        resbuf* const item = acutNewRb(type);
+        acutNewString(text, item->resval.rstring);
+        if (last_ != nullptr)
+            last_->rbnext = item;
+        else
+            chain_.reset(item);
+        last_ = item;
+    }
+
+    [[nodiscard]] resbuf* chain() const { return chain_.get(); }
+
+private:
+    Chain chain_;
+    resbuf* last_ = nullptr;
+};
+
+bool makeKnown(const AcDbObject& object, const wchar_t* application) {
+    AcDbDatabase* const database = object.database();
+    if (database == nullptr)
+        return true;
+    const Acad::ErrorStatus status = acdbRegApp(database, application);
+    return status == Acad::eOk || status == Acad::eDuplicateRecordName || status == Acad::eDuplicateKey;
+}
+
+/// The application's data, or its bare name when it has none.
+ChainBuilder dataOf(const AcDbObject& object, const wchar_t* application) {
+    ChainBuilder data{Chain(object.xData(application))};
+    if (data.chain() == nullptr)
+        data.addText(kApplicationName, application);
+    return data;
+}
+
+int store(AcDbObject& object, const ChainBuilder& data) {
+    return object.setXData(data.chain()) == Acad::eOk ? 0 : -1;
+}
+
+void setText(resbuf& item, const CString& text) {
+    acutDelString(item.resval.rstring);
+    acutNewString(text, item.resval.rstring);
+}
+
+/// Gives the text items of the chain the texts in order; returns how many were placed. Surplus items go.
+int placeTexts(resbuf* chain, const CStringArray& texts) {
+    int placed = 0;
+    for (resbuf* before = chain; before != nullptr && before->rbnext != nullptr;) {
+        resbuf* const item = before->rbnext;
+        if (item->restype == kText && placed == texts.GetSize()) {
+            before->rbnext = item->rbnext;
+            item->rbnext = nullptr;
+            acutRelRb(item);
+            continue;
+        }
+        if (item->restype == kText)
+            setText(*item, texts[placed++]);
+        before = item;
+    }
+    return placed;
+}
+
+} // namespace
+
+int ApiComn_appendAttributes(AcDbObject* object, const wchar_t* application, int registering, int itemKind,
+                             const wchar_t* text) {
+    if (object == nullptr || application == nullptr || text == nullptr || itemKind != APICOMN_TEXT_ITEM)
+        return -1;
+    if (!object->isWriteEnabled() || (registering == APICOMN_REGISTER && !makeKnown(*object, application)))
+        return -1;
+    ChainBuilder data = dataOf(*object, application);
+    data.addText(kText, text);
+    return store(*object, data);
+}
+
+int ApiComn_appendAttributesArray(AcDbObject* object, const wchar_t* application, const CStringArray& texts) {
+    if (object == nullptr || application == nullptr || !object->isWriteEnabled() ||
+        !makeKnown(*object, application))
+        return -1;
+    ChainBuilder data = dataOf(*object, application);
+    const int placed = placeTexts(data.chain(), texts);
+    for (int i = placed; i < texts.GetSize(); ++i)
+        data.addText(kText, texts[i]);
+    return store(*object, data);
+}
+
+int ApiComn_appendAttributesArray(AcDbObjectId id, const wchar_t* application, const CStringArray& texts) {
+    const AcDbObjectPointer<AcDbObject> object(id, AcDb::kForWrite);
+    return ApiComn_appendAttributesArray(object.object(), application, texts);
+}
+
+int ApiComn_extractAttributesArray(const AcDbObject* object, const wchar_t* application, CStringArray& texts) {
+    texts.RemoveAll();
+    if (object == nullptr || application == nullptr)
+        return -1;
+    const Chain data(object->xData(application));
+    for (const resbuf* item = data.get(); item != nullptr; item = item->rbnext)
+        if (item->restype == kText)
+            texts.Add(item->resval.rstring);
+    return data != nullptr ? 0 : -1;
+}
+
+int ApiComn_extractAttributesArrayID(AcDbObjectId id, const wchar_t* application, CStringArray& texts) {
+    const AcDbObjectPointer<AcDbObject> object(id, AcDb::kForRead);
+    return ApiComn_extractAttributesArray(object.object(), application, texts);
+}

@@ -1,0 +1,149 @@
+#include "connection_points.h"
+
+#include <zucomn/frame.h>
+#include <zucomn/route.h>
+
+#include <dbents.h>
+#include <dbobjptr.h>
+#include <dbsymtb.h>
+
+#include <windows.h>
+
+#include <charconv>
+#include <array>
+
+namespace zu {
+
+namespace {
+
+bool isOnLayer(const AcDbEntity& entity, const std::wstring& layer) {
+    return _wcsicmp(entity.layerName().c_str(), layer.c_str()) == 0;
+}
+
+CString coordinateText(double value) {
+    std::array<char, 32> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    return CString(std::wstring(digits.data(), end));
+}
+
+} // namespace
+
+Read<Points> definitionPoints(AcDbObjectId block, std::wstring_view layer) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> definition(block);
+    Read<Points> result{definition.openStatus(), {}};
+    if (!result)
+        return result;
+    const std::wstring wanted(layer);
+    const AcGePoint3d origin = definition->origin();
+    for (const AcDbObjectId id : definition->entityIds()) {
+        if (id.objectClass() != AcDbPoint::desc())
+            continue;
+        const AcDbObjectPointer<AcDbPoint> point(id);
+        if (point.openStatus() == Acad::eOk && isOnLayer(*point.object(), wanted))
+            result.value.push_back(point->position() - AcGeVector3d(origin.x, origin.y, 0.0));
+    }
+    return result;
+}
+
+AcGePoint3d planPoint(const AcGePoint3d& local, const AcGeMatrix3d& transform) {
+    const AcGePoint3d placed = transform * local;
+    return {placed.x, placed.y, 0.0};
+}
+
+Read<Points> connectionPoints(AcDbObjectId element, std::wstring_view layer) {
+    const AcDbObjectPointer<AcDbBlockReference> reference(element);
+    if (reference.openStatus() != Acad::eOk)
+        return {reference.openStatus(), {}};
+    Read<Points> points = definitionPoints(reference->blockTableRecord(), layer);
+    const AcGeMatrix3d transform = reference->blockTransform();
+    for (AcGePoint3d& point : points.value)
+        point = planPoint(point, transform);
+    return points;
+}
+
+std::wstring connectionLayer() {
+    return std::wstring(ZUCONECT_LAYER.view());
+}
+
+bool isLargeScale() {
+    return ZuComn_GetGlobalScale() > 1.0;
+}
+
+double smallScaleTolerance() {
+    double tolerance = 0.0;
+    ZuComn_getTolerance(nullptr, &tolerance);
+    return tolerance;
+}
+
+double connectionTolerance() {
+    if (!isLargeScale())
+        return smallScaleTolerance();
+    double tolerance = 0.0;
+    ZuComn_getTolerance(&tolerance, nullptr);
+    return tolerance;
+}
+
+std::wstring blockNameOf(AcDbObjectId element) {
+    const AcDbObjectPointer<AcDbBlockReference> reference(element);
+    return reference.openStatus() == Acad::eOk ? reference->blockName() : std::wstring();
+}
+
+} // namespace zu
+
+int ZuComn_GetConnectPoint(const AcDbObjectId& element, AcArray<AcGePoint3d>& points, const wchar_t* layer,
+                           CString* text) {
+    points.removeAll();
+    const bool isLayerGiven = layer != nullptr && *layer != L'\0';
+    const auto read = zu::connectionPoints(element, isLayerGiven ? layer : zu::connectionLayer());
+    if (!read)
+        return -1;
+    if (text != nullptr)
+        text->Empty();
+    for (const AcGePoint3d& point : read.value) {
+        points.append(point);
+        if (text != nullptr)
+            *text += zu::coordinateText(point.x) + L"," + zu::coordinateText(point.y) + L"\n";
+    }
+    return 0;
+}
+
+int RootComn_GetConnectPointNo(const AcDbObjectId& element, const AcGePoint3d& point, int& count) {
+    const auto points = zu::connectionPoints(element, zu::connectionLayer());
+    count = static_cast<int>(points.value.size());
+    const double tolerance = zu::connectionTolerance();
+    for (int i = count; i-- > 0;)
+        if (tolerance >= points.value[static_cast<std::size_t>(i)].distanceTo(point))
+            return i;
+    return -1;
+}
+
+int RootComn_GetNearConnectPoint(const AcDbObjectId& element, const AcGePoint3d& point, AcGePoint3d& nearest,
+                                 double* distance) {
+    const auto points = zu::connectionPoints(element, zu::connectionLayer());
+    if (!points || points.value.empty())
+        return -1;
+    nearest = points.value.front();
+    double least = nearest.distanceTo(point);
+    for (const AcGePoint3d& candidate : points.value) {
+        const double d = candidate.distanceTo(point);
+        if (d < least) {
+            nearest = candidate;
+            least = d;
+        }
+    }
+    if (distance != nullptr)
+        *distance = least;
+    return 0;
+}
+
+int RootComn_GetNearConnectPointInOutCheck(const AcDbObjectId& element, const AcGePoint3d& point, bool joined) {
+    if (!zu::connectionPoints(element, zu::connectionLayer()))
+        return -1;
+    int count = 0;
+    return (RootComn_GetConnectPointNo(element, point, count) >= 0) == joined ? 1 : 0;
+}
+
+int RootComn_GetNearPointToPoint(const AcGePoint3d& p, const AcGePoint3d& a, const AcGePoint3d& b, int& which) {
+    which = p.distanceTo(b) < p.distanceTo(a) ? 1 : 0;
+    return 0;
+}

@@ -1,0 +1,82 @@
+#include "connection_points.h"
+#include "element_code.h"
+
+#include <zucomn/attributes.h>
+#include <zucomn/route.h>
+
+#include <arxutil.h>
+#include <dbents.h>
+#include <dbobjptr.h>
+
+namespace {
+
+double attributeNumber(AcDbObjectId element, const wchar_t* key) {
+    return _wtof(CAttributeData().GetValueAttID(element, key));
+}
+
+/// Link kind of the first string of a link record; -1 for anything but one digit 0 to 6 before the first bar.
+int linkKind(std::wstring_view text) {
+    const bool isKind = text.size() >= 2 && text[0] >= L'0' && text[0] <= L'6' && text[1] == L'|';
+    return isKind ? text[0] - L'0' : -1;
+}
+
+} // namespace
+
+int ZuComn_GetBlockElementCode(const AcDbObjectId& element, int& code) {
+    const AcDbObjectPointer<AcDbBlockReference> reference(element);
+    if (reference.openStatus() != Acad::eOk)
+        return -1;
+    code = zu::elementCode(reference->blockName());
+    return 0;
+}
+
+int RootComn_GetBlockRootKind(const AcDbObjectId& element, int* kind) {
+    if (kind == nullptr)
+        return 0;
+    CStringArray record;
+    ApiComn_extractAttributesArrayID(element, L"ZU_LINK", record);
+    *kind = record.IsEmpty() ? -1 : linkKind(record[0].view());
+    return 0;
+}
+
+int RootComn_GetOriginPoint(const AcDbObjectId& element, AcGePoint3d& origin) {
+    const AcDbObjectPointer<AcDbBlockReference> reference(element);
+    if (reference.openStatus() != Acad::eOk)
+        return -1;
+    origin = reference->position();
+    return 0;
+}
+
+int RootComn_SetOriginPoint(const AcDbObjectId& element, const AcGePoint3d& origin) {
+    const AcDbObjectPointer<AcDbBlockReference> reference(element, AcDb::kForWrite);
+    if (reference.openStatus() != Acad::eOk)
+        return -1;
+    return reference->setPosition(origin) == Acad::eOk ? 0 : -1;
+}
+
+int RootComn_GetOBlockHeight(const AcDbObjectId& element, int& kind, double& low, double& high) {
+    const AcDbObjectPointer<AcDbBlockReference> reference(element);
+    if (reference.openStatus() != Acad::eOk)
+        return -1;
+    const std::wstring name = reference->blockName();
+    if (zu::startsWithNoCase(name, L"KK-")) {
+        kind = 0;
+        return 0;
+    }
+    const double height = attributeNumber(element, L"S401");
+    if (zu::startsWithNoCase(name, L"RBS-")) {
+        kind = 4;
+        low = height;
+        high = height + attributeNumber(element, L"S304");
+        return 0;
+    }
+    const bool isLine = zu::startsWithNoCase(name, L"RT-") || zu::startsWithNoCase(name, L"RTM-");
+    if (!isLine && attributeNumber(element, L"S402") != 0.0) {
+        kind = 2;
+        return 0;
+    }
+    kind = isLine ? 3 : 1;
+    low = height;
+    high = height;
+    return 0;
+}

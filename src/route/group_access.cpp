@@ -1,0 +1,62 @@
+#include "group_access.h"
+
+#include "element_code.h"
+
+#include <zucomn/frame.h>
+
+#include <dbdict.h>
+#include <dbgroup.h>
+#include <dbmain.h>
+#include <dbobjptr.h>
+
+#include <windows.h>
+
+namespace zu {
+
+namespace {
+
+constexpr const wchar_t* kNamedPrefix = L"RTGR";
+constexpr int kNumberDigits = 5;
+
+} // namespace
+
+AcDbObjectId findGroup(const CString& name) {
+    AcDbDatabase* const database = ZuComn_getWorkDatabase();
+    AcDbObjectId group;
+    if (database == nullptr || name.IsEmpty())
+        return group;
+    const AcDbObjectPointer<AcDbDictionary> dictionary(database->groupDictionaryId());
+    if (dictionary.openStatus() != Acad::eOk || dictionary->getAt(name, group) != Acad::eOk)
+        return {};
+    return group;
+}
+
+std::optional<AcDbObjectIdArray> groupMembers(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbGroup> group(id);
+    if (group.openStatus() != Acad::eOk)
+        return std::nullopt;
+    AcDbObjectIdArray members;
+    group->allEntityIds(members);
+    return members;
+}
+
+std::optional<CString> groupName(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbGroup> group(id);
+    if (group.openStatus() != Acad::eOk)
+        return std::nullopt;
+    const std::wstring name = group->getName();
+    if (name.empty())
+        return std::nullopt;
+    return CString(name);
+}
+
+bool isRouteGroupName(const CString& name) {
+    return startsWithNoCase(name.view(), kNamedPrefix) || name.view().starts_with(L"*A");
+}
+
+int groupNumber(const CString& name) {
+    const int named = name.Find(kNamedPrefix);
+    return _wtoi(named >= 0 ? name.Mid(named + 4, kNumberDigits) : name.Mid(2));
+}
+
+} // namespace zu

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <afxstr.h>
+#include <dbid.h>
+
+#include <vector>
+
+namespace zu {
+
+/// A group that holds an element.
+struct ElementGroup {
+    AcDbObjectId id;
+    CString name;
+    int kind = -1; ///< As RootComn_GetRootKind2 reads it.
+};
+
+/// The groups of an element in the order of its reactors; empty when it has none or can't be opened.
+[[nodiscard]] std::vector<ElementGroup> groupsOf(AcDbObjectId element);
+
+/// The lowest-numbered route group of the kind (0: of any known kind); null when there is none.
+[[nodiscard]] const ElementGroup* lowestNumbered(const std::vector<ElementGroup>& groups, int kind);
+
+/// Leaves the element in the lowest-numbered of its route groups of the kind only; groups that this empties are
+/// deleted.
+void settleMembership(AcDbObjectId element, int kind);
+/// The same for each route kind.
+void settleMembership(AcDbObjectId element);
+
+} // namespace zu

@@ -1,0 +1,52 @@
+#include <zucomn/replace_reactor.h>
+
+#include "replace_reactors.h"
+
+ACRX_CONS_DEFINE_MEMBERS(CReplaceReactor, AcRxObject)
+
+CReplaceReactor::CReplaceReactor() = default;
+CReplaceReactor::~CReplaceReactor() = default;
+CReplaceReactor::CReplaceReactor(const CReplaceReactor&) = default;
+CReplaceReactor::CReplaceReactor(CReplaceReactor&&) noexcept = default;
+CReplaceReactor& CReplaceReactor::operator=(const CReplaceReactor&) = default;
+CReplaceReactor& CReplaceReactor::operator=(CReplaceReactor&&) noexcept = default;
+
+void CReplaceReactor::erase(AcDbObjectId /*id*/) {}
+
+void CReplaceReactor::terminated(AcDbObjectId /*id*/, AcArray<AcDbObjectId> /*newIds*/) {}
+
+namespace {
+
+AcArray<CReplaceReactor*>& registered() {
+    static AcArray<CReplaceReactor*> reactors;
+    return reactors;
+}
+
+/// A reactor may register and remove reactors while it is told: those removed are not told any more, new ones not
+/// yet.
+template <typename Notification>
+void tell(Notification notification) {
+    const AcArray<CReplaceReactor*> told = registered();
+    for (CReplaceReactor* const reactor : told)
+        if (registered().contains(reactor))
+            notification(*reactor);
+}
+
+} // namespace
+
+void RuleComn_addReplaceReactor(CReplaceReactor* reactor) {
+    if (reactor != nullptr)
+        registered().append(reactor);
+}
+
+void RuleComn_removeReplaceReactor(CReplaceReactor* reactor) {
+    registered().remove(reactor);
+}
+
+void zu::tellErased(AcDbObjectId id) {
+    tell([id](CReplaceReactor& reactor) { reactor.erase(id); });
+}
+
+void zu::tellTerminated(AcDbObjectId id, const AcDbObjectIdArray& newIds) {
+    tell([&](CReplaceReactor& reactor) { reactor.terminated(id, newIds); });
+}
