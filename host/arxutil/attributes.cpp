@@ -114,7 +114,8 @@ int ApiComn_appendAttributesArray(AcDbObjectId id, const wchar_t* application, c
     return ApiComn_appendAttributesArray(object.object(), application, texts);
 }
 
-int ApiComn_extractAttributesArray(const AcDbObject* object, const wchar_t* application, CStringArray& texts) {
+int ApiComn_extractAttributesArray(const AcDbObject* object, const wchar_t* application,
+                                   CStringArray& texts) {
     texts.RemoveAll();
     if (object == nullptr || application == nullptr)
         return -1;

@@ -40,13 +40,13 @@ public:
     /// free it with FreeData3 or WriteDataFree. 0, or what GetExtensionElementData returned.
     int ReadData3(const AcDbObjectId& entity, CPtrArray* out);
 
-    /// Reads the attribute file of a part into one table, its rows with the part's name as columns 0 and 1.
-    /// The file is looked for as named, then by its name in the route-parts and the standard-parts folder of
-    /// the settings. Mode 0 or 2 clears the entity list first; any other mode adds to it. 0, or -1 when there
-    /// is no such file or it holds no row; the entity list is then as it was, cleared if the mode says so.
+    /// Reads the attribute file of a part into one table. Column 0 is the part's name, column 1 empty,
+    /// columns 3 to 8 the fields of a line. The file is looked for as named, then by its name in the
+    /// route-parts and the standard-parts folder of the settings. Mode 0 or 2 clears the entity list first;
+    /// any other mode adds to it. 0, or -1 when there is no such file or it holds no row: nothing is then
+    /// added.
     int ReadData(const CString& partFile, int mode);
-    /// As ReadData, but a file may lack the separator at the end of its lines and fields beyond the sixth are
-    /// kept out; numbers of column 7 that are missing are given by the row's place, counted from 1.
+    /// As ReadData; rows without a number (column 7) are numbered by their place, counted from 1.
     int ReadData2(const CString& partFile, int mode);
 
     /// Encodes each table and appends its raw list as a new CStringArray to `out`; free them with

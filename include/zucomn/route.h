@@ -11,8 +11,9 @@
 // together, and the search for connected elements.
 //
 // Everything returns 0 for success and -1 for failure unless it says otherwise. Nothing shows a message;
-// every object that is opened is closed again. A group that is named by its name is looked up in the group
-// dictionary of the working drawing.
+// every object that is opened is closed again. Connection points lie in plan: the height of a point that they
+// are compared with does not count. A group that is named by its name is looked up in the group dictionary of
+// the working drawing.
 
 // ---- elements
 
@@ -165,9 +166,9 @@ ZUCOMN_API int RootComn_SetGroupToUnknownGroupMember(
 //
 // Each finds, among candidates, the elements with a connection point within the connection tolerance (in
 // plan) of one of the tested points, and appends each once to the result: by tested point, then in the order
-// of the candidates. The element itself never counts. A kind filter other than 0 keeps candidates of that
-// link kind and of link kind 0. `count` may be null; it receives the number of ids appended. Arguments
-// without a name change nothing.
+// of the candidates. The element itself and what is in another drawing never count. A kind filter other than
+// 0 keeps candidates of that link kind and of link kind 0. `count` may be null; it receives the number of ids
+// appended. Arguments without a name change nothing.
 //
 // Searches over the members of a group cost about the same whatever the group's size: what they need is kept
 // from one search to the next and follows the changes of the drawing.

@@ -9,8 +9,8 @@
 
 #include <windows.h>
 
-#include <charconv>
 #include <array>
+#include <charconv>
 
 namespace zu {
 
@@ -46,8 +46,7 @@ Read<Points> definitionPoints(AcDbObjectId block, std::wstring_view layer) {
 }
 
 AcGePoint3d planPoint(const AcGePoint3d& local, const AcGeMatrix3d& transform) {
-    const AcGePoint3d placed = transform * local;
-    return {placed.x, placed.y, 0.0};
+    return inPlan(transform * local);
 }
 
 Read<Points> connectionPoints(AcDbObjectId element, std::wstring_view layer) {
@@ -112,7 +111,7 @@ int RootComn_GetConnectPointNo(const AcDbObjectId& element, const AcGePoint3d& p
     count = static_cast<int>(points.value.size());
     const double tolerance = zu::connectionTolerance();
     for (int i = count; i-- > 0;)
-        if (tolerance >= points.value[static_cast<std::size_t>(i)].distanceTo(point))
+        if (tolerance >= points.value[static_cast<std::size_t>(i)].distanceTo(zu::inPlan(point)))
             return i;
     return -1;
 }
@@ -123,9 +122,9 @@ int RootComn_GetNearConnectPoint(const AcDbObjectId& element, const AcGePoint3d&
     if (!points || points.value.empty())
         return -1;
     nearest = points.value.front();
-    double least = nearest.distanceTo(point);
+    double least = nearest.distanceTo(zu::inPlan(point));
     for (const AcGePoint3d& candidate : points.value) {
-        const double d = candidate.distanceTo(point);
+        const double d = candidate.distanceTo(zu::inPlan(point));
         if (d < least) {
             nearest = candidate;
             least = d;
@@ -136,14 +135,16 @@ int RootComn_GetNearConnectPoint(const AcDbObjectId& element, const AcGePoint3d&
     return 0;
 }
 
-int RootComn_GetNearConnectPointInOutCheck(const AcDbObjectId& element, const AcGePoint3d& point, bool joined) {
+int RootComn_GetNearConnectPointInOutCheck(const AcDbObjectId& element, const AcGePoint3d& point,
+                                           bool joined) {
     if (!zu::connectionPoints(element, zu::connectionLayer()))
         return -1;
     int count = 0;
     return (RootComn_GetConnectPointNo(element, point, count) >= 0) == joined ? 1 : 0;
 }
 
-int RootComn_GetNearPointToPoint(const AcGePoint3d& p, const AcGePoint3d& a, const AcGePoint3d& b, int& which) {
+int RootComn_GetNearPointToPoint(const AcGePoint3d& p, const AcGePoint3d& a, const AcGePoint3d& b,
+                                 int& which) {
     which = p.distanceTo(b) < p.distanceTo(a) ? 1 : 0;
     return 0;
 }

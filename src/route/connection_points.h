@@ -24,11 +24,22 @@ struct Read {
     [[nodiscard]] explicit operator bool() const { return status == Acad::eOk; }
 };
 
+/// True when reading failed only because someone has an object open at the moment.
+[[nodiscard]] constexpr bool isPassing(Acad::ErrorStatus status) {
+    return status == Acad::eWasOpenForWrite || status == Acad::eWasOpenForRead ||
+           status == Acad::eAtMaxReaders;
+}
+
 /// The points of a block definition on a layer, taken from its base point in X and Y.
 [[nodiscard]] Read<Points> definitionPoints(AcDbObjectId block, std::wstring_view layer);
 
 /// A point of a definition where a reference puts it, in plan.
 [[nodiscard]] AcGePoint3d planPoint(const AcGePoint3d& local, const AcGeMatrix3d& transform);
+
+/// A point in plan: without height.
+[[nodiscard]] constexpr AcGePoint3d inPlan(const AcGePoint3d& point) {
+    return {point.x, point.y, 0.0};
+}
 
 /// The connection points of an element: those of its definition, placed.
 [[nodiscard]] Read<Points> connectionPoints(AcDbObjectId element, std::wstring_view layer);

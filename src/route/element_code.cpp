@@ -15,14 +15,14 @@ struct PrefixCode {
 
 // The first prefix that matches counts: longer ones stand before those that they begin with.
 constexpr std::array kElementCodes{
-    PrefixCode{L"KK", 0},      PrefixCode{L"RTM", 2},     PrefixCode{L"RT", 1},      PrefixCode{L"RBL", 3},
-    PrefixCode{L"RBTH", 21},   PrefixCode{L"RBTD", 22},   PrefixCode{L"RBT", 4},     PrefixCode{L"RBC", 5},
-    PrefixCode{L"RB45L", 6},   PrefixCode{L"RB90LU", 17}, PrefixCode{L"RB90LD", 18}, PrefixCode{L"RB90L", 7},
-    PrefixCode{L"RBSLU", 8},   PrefixCode{L"RBSLD", 9},   PrefixCode{L"RBSTH", 25},  PrefixCode{L"RBSTN", 26},
-    PrefixCode{L"RBSTK", 27},  PrefixCode{L"RBSTU", 10},  PrefixCode{L"RBSTD", 11},  PrefixCode{L"RBSTR", 23},
-    PrefixCode{L"RBS", 12},    PrefixCode{L"RBRD", 13},   PrefixCode{L"RBHPRR", 19}, PrefixCode{L"RBHPHI", 20},
-    PrefixCode{L"RBHP", 14},   PrefixCode{L"RBMS", 15},   PrefixCode{L"RBV", 16},    PrefixCode{L"RB45T", 24},
-    PrefixCode{L"RBE", 99},    PrefixCode{L"RB-", 101},
+    PrefixCode{L"KK", 0},     PrefixCode{L"RTM", 2},     PrefixCode{L"RT", 1},      PrefixCode{L"RBL", 3},
+    PrefixCode{L"RBTH", 21},  PrefixCode{L"RBTD", 22},   PrefixCode{L"RBT", 4},     PrefixCode{L"RBC", 5},
+    PrefixCode{L"RB45L", 6},  PrefixCode{L"RB90LU", 17}, PrefixCode{L"RB90LD", 18}, PrefixCode{L"RB90L", 7},
+    PrefixCode{L"RBSLU", 8},  PrefixCode{L"RBSLD", 9},   PrefixCode{L"RBSTH", 25},  PrefixCode{L"RBSTN", 26},
+    PrefixCode{L"RBSTK", 27}, PrefixCode{L"RBSTU", 10},  PrefixCode{L"RBSTD", 11},  PrefixCode{L"RBSTR", 23},
+    PrefixCode{L"RBS", 12},   PrefixCode{L"RBRD", 13},   PrefixCode{L"RBHPRR", 19}, PrefixCode{L"RBHPHI", 20},
+    PrefixCode{L"RBHP", 14},  PrefixCode{L"RBMS", 15},   PrefixCode{L"RBV", 16},    PrefixCode{L"RB45T", 24},
+    PrefixCode{L"RBE", 99},   PrefixCode{L"RB-", 101},
 };
 constexpr int kUnknownElement = 100;
 
@@ -46,14 +46,15 @@ bool startsWithNoCase(std::wstring_view text, std::wstring_view prefix) {
 }
 
 int elementCode(std::wstring_view blockName) {
-    const auto found =
-        std::find_if(kElementCodes.begin(), kElementCodes.end(),
-                     [&](const PrefixCode& entry) { return startsWithNoCase(blockName, entry.prefix); });
+    const auto found = std::find_if(kElementCodes.begin(), kElementCodes.end(), [&](const PrefixCode& entry) {
+        return startsWithNoCase(blockName, entry.prefix);
+    });
     return found == kElementCodes.end() ? kUnknownElement : found->code;
 }
 
 int searchCode(std::wstring_view blockName, bool fullForm) {
-    const auto codes = std::span(kFullSearchCodes).first(fullForm ? kFullSearchCodes.size() : kShortSearchCodes);
+    const auto codes =
+        std::span(kFullSearchCodes).first(fullForm ? kFullSearchCodes.size() : kShortSearchCodes);
     const auto found = std::find_if(codes.begin(), codes.end(), [&](const PrefixCode& entry) {
         return blockName.starts_with(entry.prefix);
     });

@@ -58,8 +58,8 @@ int RootComn_GetNewGroupName(CString& name) {
     return 0;
 }
 
-int RootComn_CreateNewGroup(const CString& name, const AcArray<AcDbObjectId>& elements, AcDbObjectId& newGroup,
-                            bool selectable) {
+int RootComn_CreateNewGroup(const CString& name, const AcArray<AcDbObjectId>& elements,
+                            AcDbObjectId& newGroup, bool selectable) {
     const AcDbObjectIdArray members = usableMembers(elements);
     if (members.isEmpty() || name.IsEmpty())
         return -1;
@@ -106,7 +106,8 @@ int RootComn_DelGroupMember(const AcDbObjectId& groupId, const AcDbObjectId& ele
     return remaining != nullptr ? RootComn_GetGroupSize(groupId, remaining) : 0;
 }
 
-int RootComn_DelGroupMember(const CString& groupName, const AcDbObjectId& element, CString& name, int* remaining) {
+int RootComn_DelGroupMember(const CString& groupName, const AcDbObjectId& element, CString& name,
+                            int* remaining) {
     return RootComn_DelGroupMember(zu::findGroup(groupName), element, name, remaining);
 }
 

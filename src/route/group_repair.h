@@ -20,8 +20,8 @@ struct ElementGroup {
 /// The lowest-numbered route group of the kind (0: of any known kind); null when there is none.
 [[nodiscard]] const ElementGroup* lowestNumbered(const std::vector<ElementGroup>& groups, int kind);
 
-/// Leaves the element in the lowest-numbered of its route groups of the kind only; groups that this empties are
-/// deleted.
+/// Leaves the element in the lowest-numbered of its route groups of the kind only; groups that this empties
+/// are deleted.
 void settleMembership(AcDbObjectId element, int kind);
 /// The same for each route kind.
 void settleMembership(AcDbObjectId element);

@@ -22,8 +22,8 @@ AcArray<CReplaceReactor*>& registered() {
     return reactors;
 }
 
-/// A reactor may register and remove reactors while it is told: those removed are not told any more, new ones not
-/// yet.
+/// A reactor may register and remove reactors while it is told: those removed are not told any more, new ones
+/// not yet.
 template <typename Notification>
 void tell(Notification notification) {
     const AcArray<CReplaceReactor*> told = registered();

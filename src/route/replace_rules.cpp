@@ -46,34 +46,21 @@ AcDbObjectIdArray groupsOfAny(const AcDbObjectIdArray& elements) {
     return groups;
 }
 
-/// The members with the new elements in the place of the first old one and the old ones gone.
-AcDbObjectIdArray replaced(const AcDbObjectIdArray& members, const AcDbObjectIdArray& oldIds,
-                           const AcDbObjectIdArray& newIds) {
-    const IdSet leaving(oldIds.begin(), oldIds.end());
-    IdSet placed;
-    AcDbObjectIdArray result;
-    const auto place = [&](AcDbObjectId id) {
-        if (placed.insert(id).second)
-            result.append(id);
-    };
-    for (const AcDbObjectId member : members) {
-        if (!leaving.contains(member))
-            place(member);
-        else
-            std::for_each(newIds.begin(), newIds.end(), place);
-    }
-    return result;
-}
-
 void replaceInGroup(AcDbObjectId groupId, const AcDbObjectIdArray& oldIds, const AcDbObjectIdArray& newIds) {
     const AcDbObjectPointer<AcDbGroup> group(groupId, AcDb::kForWrite);
     if (group.openStatus() != Acad::eOk)
         return;
     AcDbObjectIdArray members;
     group->allEntityIds(members);
-    group->clear();
-    for (const AcDbObjectId member : replaced(members, oldIds, newIds))
-        group->append(member);
+    const IdSet leaving(oldIds.begin(), oldIds.end());
+    const auto first = std::find_if(members.begin(), members.end(),
+                                    [&](AcDbObjectId member) { return leaving.contains(member); });
+    auto place = static_cast<Adesk::UInt32>(first - members.begin());
+    for (const AcDbObjectId id : newIds)
+        if (group->insertAt(place, id) == Acad::eOk)
+            ++place;
+    for (const AcDbObjectId id : oldIds)
+        group->remove(id);
 }
 
 void eraseAll(const AcDbObjectIdArray& ids) {
@@ -84,7 +71,8 @@ void eraseAll(const AcDbObjectIdArray& ids) {
     }
 }
 
-/// Puts the new elements in the place of the old ones and erases these; false when one of them can't be changed.
+/// Puts the new elements in the place of the old ones and erases these; false when one of them can't be
+/// changed.
 bool replace(const AcDbObjectIdArray& oldIds, const AcDbObjectIdArray& newIds, bool tellsErasure) {
     if (oldIds.isEmpty() || !canBeChanged(oldIds) || !canBeChanged(newIds))
         return false;

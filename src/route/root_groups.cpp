@@ -2,6 +2,7 @@
 #include "group_repair.h"
 
 #include <zucomn/dbservices.h>
+#include <zucomn/frame.h>
 #include <zucomn/route.h>
 #include <zucomn/settings.h>
 

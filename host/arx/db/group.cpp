@@ -5,6 +5,7 @@
 #include "dbobjptr.h"
 #include "drawing/number_text.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbGroup, AcDbObject)
@@ -97,7 +98,7 @@ bool AcDbGroup::has(AcDbObjectId id) const {
     return !id.isNull() && members().contains(id.handle().value());
 }
 
-Acad::ErrorStatus AcDbGroup::insert(AcDbObjectId id, std::size_t place) {
+Acad::ErrorStatus AcDbGroup::admit(AcDbObjectId id) {
     if (core() == nullptr)
         return Acad::eNotInDatabase;
     if (id.isNull())
@@ -111,11 +112,26 @@ Acad::ErrorStatus AcDbGroup::insert(AcDbObjectId id, std::size_t place) {
     const AcDbObjectPointer<AcDbEntity> member(id, AcDb::kForWrite);
     if (member.openStatus() != Acad::eOk)
         return member.openStatus();
-    assertWriteEnabled();
-    changingTags().insert(place, {kMember, zuhost::formatHandle(id.handle().value())});
-    members_.insert(id.handle().value());
-    membersVersion_ = tagVersion();
     return member->addPersistentReactor(objectId());
+}
+
+void AcDbGroup::enter(const std::vector<AcDbObjectId>& admitted, std::size_t place) {
+    assertWriteEnabled();
+    Members& known = members();
+    std::vector<zuhost::Tag> added;
+    for (const AcDbObjectId id : admitted) {
+        added.push_back({kMember, zuhost::formatHandle(id.handle().value())});
+        known.insert(id.handle().value());
+    }
+    changingTags().insert(place, added);
+    membersVersion_ = tagVersion();
+}
+
+Acad::ErrorStatus AcDbGroup::insert(AcDbObjectId id, std::size_t place) {
+    const Acad::ErrorStatus status = admit(id);
+    if (status == Acad::eOk)
+        enter({id}, place);
+    return status;
 }
 
 Acad::ErrorStatus AcDbGroup::append(AcDbObjectId id) {
@@ -123,15 +139,35 @@ Acad::ErrorStatus AcDbGroup::append(AcDbObjectId id) {
 }
 
 Acad::ErrorStatus AcDbGroup::append(const AcDbObjectIdArray& ids) {
-    for (const AcDbObjectId id : ids)
-        if (const Acad::ErrorStatus status = append(id);
-            status != Acad::eOk && status != Acad::eAlreadyInGroup)
-            return status;
-    return Acad::eOk;
+    std::vector<AcDbObjectId> admitted;
+    std::unordered_set<AcDbObjectId> seen;
+    Acad::ErrorStatus status = Acad::eOk;
+    for (const AcDbObjectId id : ids) {
+        if (!seen.insert(id).second)
+            continue;
+        status = admit(id);
+        if (status == Acad::eOk)
+            admitted.push_back(id);
+        else if (status != Acad::eAlreadyInGroup)
+            break;
+        status = Acad::eOk;
+    }
+    if (!admitted.empty())
+        enter(admitted, section(kMarker).last);
+    return status;
 }
 
 Acad::ErrorStatus AcDbGroup::prepend(AcDbObjectId id) {
     return insert(id, tags().find(kMember, section(kMarker)));
+}
+
+Acad::ErrorStatus AcDbGroup::insertAt(Adesk::UInt32 index, AcDbObjectId id) {
+    const TagRange range = section(kMarker);
+    Adesk::UInt32 passed = 0;
+    for (std::size_t i = range.first; i < range.last; ++i)
+        if (tags()[i].code == kMember && passed++ == index)
+            return insert(id, i);
+    return passed == index ? append(id) : Acad::eInvalidIndex;
 }
 
 Acad::ErrorStatus AcDbGroup::remove(AcDbObjectId id) {
@@ -144,17 +180,29 @@ Acad::ErrorStatus AcDbGroup::remove(AcDbObjectId id) {
     for (std::size_t i = range.last; i-- > range.first;)
         if (tags()[i].code == kMember && zuhost::parseHandle(tags()[i].value) == id.handle().value())
             changingTags().erase({i, i + 1});
-    const AcDbObjectPointer<AcDbObject> member(id, AcDb::kForWrite, true);
-    if (member.openStatus() == Acad::eOk)
-        member->removePersistentReactor(objectId());
+    leave(id);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbGroup::clear() {
     AcDbObjectIdArray ids;
     allEntityIds(ids);
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status != Acad::eOk)
+        return status;
+    const TagRange range = section(kMarker);
+    std::vector<zuhost::Tag> kept(tags().begin(), tags().end());
+    const auto first = kept.begin() + static_cast<std::ptrdiff_t>(range.first);
+    const auto last = kept.begin() + static_cast<std::ptrdiff_t>(range.last);
+    kept.erase(std::remove_if(first, last, [](const zuhost::Tag& tag) { return tag.code == kMember; }), last);
+    changingTags() = zuhost::TagList(std::move(kept));
     for (const AcDbObjectId id : ids)
-        if (const Acad::ErrorStatus status = remove(id); status != Acad::eOk)
-            return status;
+        leave(id);
     return Acad::eOk;
+}
+
+void AcDbGroup::leave(AcDbObjectId id) const {
+    const AcDbObjectPointer<AcDbObject> member(id, AcDb::kForWrite, true);
+    if (member.openStatus() == Acad::eOk)
+        member->removePersistentReactor(objectId());
 }

@@ -30,6 +30,9 @@ public:
     Acad::ErrorStatus append(AcDbObjectId id);
     Acad::ErrorStatus append(const AcDbObjectIdArray& ids);
     Acad::ErrorStatus prepend(AcDbObjectId id);
+    /// Before the member with the index, counted from 0; at the end for their number. eInvalidIndex beyond
+    /// it.
+    Acad::ErrorStatus insertAt(Adesk::UInt32 index, AcDbObjectId id);
     /// eNotInGroup for one that is no member.
     Acad::ErrorStatus remove(AcDbObjectId id);
     Acad::ErrorStatus clear();
@@ -38,7 +41,12 @@ private:
     using Members = std::unordered_set<std::uint64_t>;
     /// Handles of the members, kept up to date by the group's own changes.
     Members& members() const;
+    /// Checks a new member and makes the group its reactor.
+    Acad::ErrorStatus admit(AcDbObjectId id);
+    void leave(AcDbObjectId id) const;
     Acad::ErrorStatus insert(AcDbObjectId id, std::size_t place);
+    /// Enters admitted members at a place of the records.
+    void enter(const std::vector<AcDbObjectId>& admitted, std::size_t place);
 
     mutable Members members_;
     mutable std::uint32_t membersVersion_ = ~std::uint32_t{0};

@@ -1,0 +1,64 @@
+#include "attribute_record.h"
+
+#include <algorithm>
+
+namespace zu {
+
+namespace {
+
+constexpr wchar_t kBar = L'|';
+
+CString trimmed(CString text) {
+    return text.Trim();
+}
+
+CString fieldOr(const std::vector<CString>& fields, std::size_t index) {
+    return index < fields.size() ? fields[index] : CString();
+}
+
+CString encodeItem(const ItemFields& fields) {
+    CString text;
+    for (const CString& field : fields)
+        text += trimmed(field) + kBar;
+    return text;
+}
+
+} // namespace
+
+std::vector<CString> splitAtBars(const CString& text) {
+    std::vector<CString> fields;
+    int start = 0;
+    for (int bar = text.Find(kBar); bar >= 0; bar = text.Find(kBar, start)) {
+        fields.push_back(text.Mid(start, bar - start));
+        start = bar + 1;
+    }
+    fields.push_back(text.Mid(start));
+    return fields;
+}
+
+std::vector<CString> encodeRecord(const AttributeRecord& record) {
+    if (record.items.empty())
+        return {};
+    CString header;
+    header.Format(L"%d|%s|%s|", static_cast<int>(record.items.size()), trimmed(record.first),
+                  trimmed(record.second));
+    std::vector<CString> strings{header};
+    std::transform(record.items.begin(), record.items.end(), std::back_inserter(strings), encodeItem);
+    return strings;
+}
+
+std::optional<AttributeRecord> decodeRecord(const CStringArray& strings) {
+    if (strings.IsEmpty())
+        return std::nullopt;
+    const std::vector<CString> header = splitAtBars(strings[0]);
+    AttributeRecord record{fieldOr(header, 1), fieldOr(header, 2), {}};
+    for (int i = 1; i < strings.GetSize(); ++i) {
+        const std::vector<CString> fields = splitAtBars(strings[i]);
+        ItemFields& item = record.items.emplace_back();
+        for (std::size_t column = 0; column < item.size(); ++column)
+            item[column] = fieldOr(fields, column);
+    }
+    return record;
+}
+
+} // namespace zu

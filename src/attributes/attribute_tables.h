@@ -1,0 +1,34 @@
+#pragma once
+
+#include <afxcoll.h>
+
+namespace zu {
+
+/// The library's tables of attribute ids: records (CStringArray) of the title table (id, display name) and of
+/// the parameter table (id, kind letter, text offered, editable).
+class AttributeTables {
+public:
+    /// The one copy of the library. A table that is still empty is read from the standard-parts folder of the
+    /// settings file, once for each settings file named; it is then kept until the library goes.
+    static AttributeTables& instance();
+
+    ~AttributeTables();
+    AttributeTables(const AttributeTables&) = delete;
+    AttributeTables& operator=(const AttributeTables&) = delete;
+
+    [[nodiscard]] const CPtrArray& titles() const { return titles_; }
+    [[nodiscard]] const CPtrArray& parameters() const { return parameters_; }
+
+    /// Empties both tables, so that they are read again.
+    void clear();
+
+private:
+    AttributeTables() = default;
+    void readMissing();
+
+    CPtrArray titles_;
+    CPtrArray parameters_;
+    CString triedFor_; ///< The settings file with which reading was tried last.
+};
+
+} // namespace zu

@@ -1,0 +1,77 @@
+#include "candidate_index.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zu {
+
+namespace {
+
+/// A point that can't be measured hides the ones behind it: no later one is nearer than it.
+bool isMeasurable(const AcGePoint3d& point) {
+    return !std::isnan(point.x) && !std::isnan(point.y);
+}
+
+} // namespace
+
+CandidateIndex::CandidateIndex(ConnectionCache& cache, AcDbObjectIdArray candidates, double distance)
+    : cache_(cache), candidates_(std::move(candidates)), distance_(distance), generation_(cache.generation()),
+      seenChanges_(cache.changedElements().size()), grid_(distance) {
+    placed_.resize(static_cast<std::size_t>(candidates_.length()));
+    positions_.reserve(placed_.size());
+    for (int position = 0; position < candidates_.length(); ++position) {
+        positions_.emplace(candidates_[position], position);
+        place(position);
+    }
+}
+
+bool CandidateIndex::isUsable(double distance) const {
+    return generation_ == cache_.generation() && distance <= distance_ && distance * 64.0 >= distance_;
+}
+
+void CandidateIndex::place(int position) {
+    if (!cache_.covers(candidates_[position]))
+        return;
+    const CachedElement& element = cache_.element(candidates_[position]);
+    Placed& placed = placed_[static_cast<std::size_t>(position)];
+    if (isPassing(element.status)) {
+        unsettled_.push_back(position);
+        return;
+    }
+    if (element.points.empty() || !isMeasurable(element.points.front()))
+        return;
+    placed.points = element.points;
+    for (const AcGePoint3d& point : placed.points)
+        grid_.add(point, position);
+}
+
+void CandidateIndex::takeOut(int position) {
+    Placed& placed = placed_[static_cast<std::size_t>(position)];
+    for (const AcGePoint3d& point : placed.points)
+        grid_.remove(point, position);
+    placed.points.clear();
+}
+
+void CandidateIndex::update() {
+    std::vector<int> again;
+    std::swap(again, unsettled_);
+    const std::vector<AcDbObjectId>& changes = cache_.changedElements();
+    for (; seenChanges_ < changes.size(); ++seenChanges_) {
+        const auto [first, last] = positions_.equal_range(changes[seenChanges_]);
+        std::for_each(first, last, [&](const auto& entry) { again.push_back(entry.second); });
+    }
+    for (const int position : again) {
+        takeOut(position);
+        place(position);
+    }
+}
+
+std::vector<int> CandidateIndex::near(const AcGePoint3d& point, double distance) const {
+    std::vector<int> positions;
+    grid_.find(point, distance, positions);
+    std::sort(positions.begin(), positions.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
+    return positions;
+}
+
+} // namespace zu

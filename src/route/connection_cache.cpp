@@ -1,0 +1,105 @@
+#include "connection_cache.h"
+
+#include <zucomn/route.h>
+
+#include <dbents.h>
+#include <dbobjptr.h>
+#include <dbsymtb.h>
+
+namespace zu {
+
+namespace {
+
+/// Beyond it starting anew is cheaper than following changes.
+constexpr std::size_t kLongestLog = 1U << 20U;
+
+bool isSharedRecord(const AcDbObject& object) {
+    if (object.isKindOf(AcDbLayerTableRecord::desc()))
+        return true;
+    // Model space changes with every entity that it takes up, and no element is a reference to it.
+    const auto* const block = AcDbBlockTableRecord::cast(&object);
+    return block != nullptr && !block->isLayout();
+}
+
+} // namespace
+
+ConnectionCache::ConnectionCache(AcDbDatabase& database) : database_(&database) {
+    database.addReactor(this);
+}
+
+ConnectionCache::~ConnectionCache() {
+    if (database_ != nullptr)
+        database_->removeReactor(this);
+}
+
+void ConnectionCache::goodbye(const AcDbDatabase* /*database*/) {
+    forgetAll();
+    database_ = nullptr;
+}
+
+void ConnectionCache::forgetAll() {
+    elements_.clear();
+    definitions_.clear();
+    groupVersions_.clear();
+    changedElements_.clear();
+    ++generation_;
+}
+
+void ConnectionCache::checkLayer() {
+    std::wstring layer = connectionLayer();
+    if (layer == layer_)
+        return;
+    layer_ = std::move(layer);
+    forgetAll();
+}
+
+std::uint64_t ConnectionCache::groupVersion(AcDbObjectId group) const {
+    const auto found = groupVersions_.find(group);
+    return found == groupVersions_.end() ? 0 : found->second;
+}
+
+void ConnectionCache::changed(const AcDbObject& object) {
+    const AcDbObjectId id = object.objectId();
+    if (const auto group = groupVersions_.find(id); group != groupVersions_.end())
+        ++group->second;
+    if (elements_.erase(id) > 0)
+        changedElements_.push_back(id);
+    const bool isInDefinition = definitions_.contains(object.ownerId());
+    if (isInDefinition || isSharedRecord(object) || changedElements_.size() > kLongestLog)
+        forgetAll();
+}
+
+const Read<Points>& ConnectionCache::definition(AcDbObjectId block) {
+    const auto [entry, isNew] = definitions_.try_emplace(block);
+    if (isNew || isPassing(entry->second.status))
+        entry->second = definitionPoints(block, layer_);
+    return entry->second;
+}
+
+CachedElement ConnectionCache::read(AcDbObjectId id) {
+    CachedElement result;
+    const AcDbObjectPointer<AcDbBlockReference> reference(id);
+    result.status = reference.openStatus();
+    if (result.status != Acad::eOk)
+        return result;
+    const Read<Points>& local = definition(reference->blockTableRecord());
+    result.status = local.status;
+    const AcGeMatrix3d transform = reference->blockTransform();
+    for (const AcGePoint3d& point : local.value)
+        result.points.push_back(planPoint(point, transform));
+    RootComn_GetBlockRootKind(id, &result.linkKind);
+    return result;
+}
+
+const CachedElement& ConnectionCache::element(AcDbObjectId id) {
+    if (const auto found = elements_.find(id); found != elements_.end())
+        return found->second;
+    CachedElement fresh = read(id);
+    if (isPassing(fresh.status)) {
+        unsettled_ = std::move(fresh);
+        return unsettled_;
+    }
+    return elements_.emplace(id, std::move(fresh)).first->second;
+}
+
+} // namespace zu

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "connection_points.h"
+
+#include <dbmain.h>
+
+#include <unordered_map>
+
+namespace zu {
+
+/// What the connection search knows of one element. Points are kept until the element or its definition
+/// changes.
+struct CachedElement {
+    Acad::ErrorStatus status = Acad::eOk; ///< Of reading the points.
+    Points points;
+    int linkKind = -1;
+};
+
+/// The connection points of a drawing's elements, read once and following the drawing's changes. Indexes over
+/// them learn of changes from the log.
+class ConnectionCache final : public AcDbDatabaseReactor {
+public:
+    explicit ConnectionCache(AcDbDatabase& database);
+    ~ConnectionCache() override;
+    ConnectionCache(const ConnectionCache&) = delete;
+    ConnectionCache& operator=(const ConnectionCache&) = delete;
+
+    /// True when the database is gone.
+    [[nodiscard]] bool isClosed() const { return database_ == nullptr; }
+
+    /// True for ids of the cache's own drawing.
+    [[nodiscard]] bool covers(AcDbObjectId id) const { return !id.isNull() && id.database() == database_; }
+
+    /// Valid until the next change of the drawing, and until the next call for one that can't be read now.
+    const CachedElement& element(AcDbObjectId id);
+
+    /// Elements that changed since they were last asked for, oldest first.
+    [[nodiscard]] const std::vector<AcDbObjectId>& changedElements() const { return changedElements_; }
+    /// Changes of other kinds, after which nothing derived from the cache holds.
+    [[nodiscard]] std::uint64_t generation() const { return generation_; }
+    /// Changes of a group.
+    [[nodiscard]] std::uint64_t groupVersion(AcDbObjectId group) const;
+    /// Looks after the group's changes from now on.
+    void watchGroup(AcDbObjectId group) { groupVersions_.try_emplace(group, 0); }
+
+    /// Forgets everything when the connection layer has another name than before.
+    void checkLayer();
+
+    void objectAppended(const AcDbDatabase*, const AcDbObject* object) override { changed(*object); }
+    void objectUnAppended(const AcDbDatabase*, const AcDbObject* object) override { changed(*object); }
+    void objectReAppended(const AcDbDatabase*, const AcDbObject* object) override { changed(*object); }
+    void objectModified(const AcDbDatabase*, const AcDbObject* object) override { changed(*object); }
+    void objectErased(const AcDbDatabase*, const AcDbObject* object, bool) override { changed(*object); }
+    void goodbye(const AcDbDatabase*) override;
+
+private:
+    void changed(const AcDbObject& object);
+    void forgetAll();
+    [[nodiscard]] CachedElement read(AcDbObjectId id);
+    const Read<Points>& definition(AcDbObjectId block);
+
+    AcDbDatabase* database_;
+    std::wstring layer_;
+    std::unordered_map<AcDbObjectId, CachedElement> elements_;
+    std::unordered_map<AcDbObjectId, Read<Points>> definitions_;
+    std::unordered_map<AcDbObjectId, std::uint64_t> groupVersions_;
+    std::vector<AcDbObjectId> changedElements_;
+    std::uint64_t generation_ = 0;
+    CachedElement unsettled_;
+};
+
+} // namespace zu

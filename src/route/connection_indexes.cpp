@@ -1,0 +1,53 @@
+#include "connection_indexes.h"
+
+#include "group_access.h"
+
+#include <dbgroup.h>
+#include <dbobjptr.h>
+
+namespace zu {
+
+namespace {
+
+bool canBeOpened(AcDbObjectId group) {
+    const AcDbObjectPointer<AcDbGroup> opened(group);
+    return opened.openStatus() == Acad::eOk;
+}
+
+} // namespace
+
+ConnectionIndexes& ConnectionIndexes::of(AcDbDatabase& database) {
+    static std::unordered_map<const AcDbDatabase*, std::unique_ptr<ConnectionIndexes>> all;
+    std::erase_if(all, [](const auto& entry) { return entry.second->cache_.isClosed(); });
+    std::unique_ptr<ConnectionIndexes>& indexes = all[&database];
+    if (!indexes)
+        indexes = std::make_unique<ConnectionIndexes>(database);
+    indexes->cache_.checkLayer();
+    return *indexes;
+}
+
+const CandidateIndex* ConnectionIndexes::ofGroup(AcDbObjectId group, double distance) {
+    if (!canBeOpened(group))
+        return nullptr;
+    if (generation_ != cache_.generation()) {
+        groups_.clear();
+        generation_ = cache_.generation();
+    }
+    GroupEntry& entry = groups_[group];
+    cache_.watchGroup(group);
+    if (!entry.index || entry.version != cache_.groupVersion(group) || !entry.index->isUsable(distance)) {
+        entry.version = cache_.groupVersion(group);
+        entry.index = std::make_unique<CandidateIndex>(cache_, *groupMembers(group), distance);
+    }
+    entry.index->update();
+    return entry.index.get();
+}
+
+const CandidateIndex& ConnectionIndexes::ofList(const AcDbObjectIdArray& candidates, double distance) {
+    if (!list_ || !list_->isUsable(distance) || !(list_->candidates() == candidates))
+        list_ = std::make_unique<CandidateIndex>(cache_, candidates, distance);
+    list_->update();
+    return *list_;
+}
+
+} // namespace zu

@@ -1,0 +1,217 @@
+#include "connection_indexes.h"
+#include "element_code.h"
+
+#include <zucomn/route.h>
+
+#include <dbents.h>
+#include <dbobjptr.h>
+#include <dbsymtb.h>
+
+#include <functional>
+#include <optional>
+#include <span>
+
+namespace {
+
+using zu::CandidateIndex;
+using zu::ConnectionIndexes;
+
+/// What a candidate must be beside near.
+using Filter = std::function<bool(ConnectionIndexes& indexes, AcDbObjectId candidate)>;
+
+constexpr double kLargeScaleReach = 20.0;
+
+/// Whether the connection points of an element can be read at this moment. The index may know them from
+/// before.
+bool canBeRead(AcDbObjectId element) {
+    const AcDbObjectPointer<AcDbBlockReference> reference(element);
+    if (reference.openStatus() != Acad::eOk)
+        return false;
+    const AcDbObjectPointer<AcDbBlockTableRecord> definition(reference->blockTableRecord());
+    return definition.openStatus() == Acad::eOk;
+}
+
+Filter ofKind(int kindFilter) {
+    return [kindFilter](ConnectionIndexes& indexes, AcDbObjectId candidate) {
+        if (kindFilter == 0)
+            return true;
+        const int kind = indexes.element(candidate).linkKind;
+        return kind == 0 || kind == kindFilter;
+    };
+}
+
+class Search {
+public:
+    Search(AcDbObjectId element, double distance, Filter filter)
+        : element_(element), distance_(distance), filter_(std::move(filter)) {
+        if (AcDbDatabase* const database = element.isNull() ? nullptr : element.database();
+            database != nullptr)
+            indexes_ = &ConnectionIndexes::of(*database);
+    }
+
+    /// The element's connection points; nullopt when they can't be read.
+    [[nodiscard]] std::optional<zu::Points> testedPoints() const {
+        if (indexes_ == nullptr || !canBeRead(element_))
+            return std::nullopt;
+        return indexes_->element(element_).points;
+    }
+
+    /// Appends the joined members of a group; -1 when it can't be read.
+    int inGroup(AcDbObjectId group, std::span<const AcGePoint3d> tested, AcDbObjectIdArray& result,
+                int& count) {
+        const CandidateIndex* const index = indexes_->ofGroup(group, distance_);
+        if (index == nullptr)
+            return -1;
+        append(*index, tested, result, count);
+        return 0;
+    }
+
+    void inList(const AcDbObjectIdArray& candidates, std::span<const AcGePoint3d> tested,
+                AcDbObjectIdArray& result, int& count) {
+        append(indexes_->ofList(candidates, distance_), tested, result, count);
+    }
+
+private:
+    void append(const CandidateIndex& index, std::span<const AcGePoint3d> tested, AcDbObjectIdArray& result,
+                int& count) {
+        for (const AcGePoint3d& point : tested) {
+            for (const int position : index.near(zu::inPlan(point), distance_)) {
+                const AcDbObjectId candidate = index.candidates()[position];
+                if (candidate == element_ || !canBeRead(candidate) || !filter_(*indexes_, candidate) ||
+                    result.contains(candidate))
+                    continue;
+                result.append(candidate);
+                ++count;
+            }
+        }
+    }
+
+    AcDbObjectId element_;
+    double distance_;
+    Filter filter_;
+    ConnectionIndexes* indexes_ = nullptr;
+};
+
+Search joined(AcDbObjectId element, int kindFilter) {
+    return {element, zu::connectionTolerance(), ofKind(kindFilter)};
+}
+
+void setCount(int* count, int value) {
+    if (count != nullptr)
+        *count = value;
+}
+
+/// Searches the members of a group about the element's connection points, or about one given point.
+int searchGroup(AcDbObjectId group, AcDbObjectId element, const AcGePoint3d* given, AcDbObjectIdArray& result,
+                int* count, int kindFilter) {
+    setCount(count, 0);
+    Search search = joined(element, kindFilter);
+    const auto points = search.testedPoints();
+    if (!points)
+        return -1;
+    int found = 0;
+    const int status = search.inGroup(
+        group, given != nullptr ? std::span(given, 1) : std::span(points->data(), points->size()), result,
+        found);
+    setCount(count, found);
+    return status;
+}
+
+int searchList(const AcDbObjectIdArray& candidates, AcDbObjectId element, const AcGePoint3d* given,
+               AcDbObjectIdArray& result, int* count, int kindFilter) {
+    setCount(count, 0);
+    Search search = joined(element, kindFilter);
+    const auto points = search.testedPoints();
+    if (!points)
+        return -1;
+    int found = 0;
+    search.inList(candidates,
+                  given != nullptr ? std::span(given, 1) : std::span(points->data(), points->size()), result,
+                  found);
+    setCount(count, found);
+    return 0;
+}
+
+/// Modes of the search by code: candidates with the element's own code, with another one, or all.
+Filter ofCode(int mode, int code, bool fullForm) {
+    return [=](ConnectionIndexes& /*indexes*/, AcDbObjectId candidate) {
+        if (mode != 1 && mode != 2)
+            return true;
+        return (zu::searchCode(zu::blockNameOf(candidate), fullForm) == code) == (mode == 1);
+    };
+}
+
+} // namespace
+
+int RootComn_GetConnectBlock(const AcDbObjectId& group, const AcDbObjectId& element,
+                             AcArray<AcDbObjectId>& result, int* count, int kindFilter) {
+    return searchGroup(group, element, nullptr, result, count, kindFilter);
+}
+
+int RootComn_GetConnectBlock2(const AcDbObjectId& group, const AcDbObjectId& element,
+                              AcArray<AcDbObjectId>& result, int* count, int /*unused*/) {
+    setCount(count, 0);
+    if (!zu::startsWithNoCase(zu::blockNameOf(element), L"RB"))
+        return -1;
+    AcDbObjectIdArray found;
+    if (searchGroup(group, element, nullptr, found, nullptr, 0) != 0)
+        return -1;
+    const int before = result.length();
+    RootComn_GetConnectBlock2Sub(AcDbObjectIdArray(), found, result);
+    setCount(count, result.length() - before);
+    return 0;
+}
+
+int RootComn_GetConnectBlock2Sub(const AcArray<AcDbObjectId>& a, const AcArray<AcDbObjectId>& b,
+                                 AcArray<AcDbObjectId>& result) {
+    for (const AcDbObjectIdArray& ids : {a, b})
+        for (const AcDbObjectId id : ids)
+            if (!result.contains(id))
+                result.append(id);
+    return 0;
+}
+
+int RootComn_GetConnectBlock3(const AcDbObjectId& group, const AcDbObjectId& element,
+                              AcArray<AcDbObjectId>& result, int* count, int kindFilter, int /*unused*/) {
+    return searchGroup(group, element, nullptr, result, count, kindFilter);
+}
+
+int RootComn_GetConnectBlock4(const AcArray<AcDbObjectId>& candidates, const AcDbObjectId& element,
+                              AcArray<AcDbObjectId>& result, int kindFilter, int /*unused*/) {
+    return searchList(candidates, element, nullptr, result, nullptr, kindFilter);
+}
+
+int RootComn_GetConnectBlock4EX(int mode, const AcArray<AcDbObjectId>& candidates,
+                                const AcDbObjectId& element, AcArray<AcDbObjectId>& result, int* count,
+                                const int* form) {
+    const AcDbObjectIdArray given = candidates;
+    result.removeAll();
+    setCount(count, 0);
+    const bool fullForm = form != nullptr && *form == 1;
+    const double reach = zu::isLargeScale() ? kLargeScaleReach : zu::smallScaleTolerance();
+    Search search(element, reach, ofCode(mode, zu::searchCode(zu::blockNameOf(element), fullForm), fullForm));
+    const auto points = search.testedPoints();
+    if (!points || points->size() < 2)
+        return -1;
+    int found = 0;
+    search.inList(given, *points, result, found);
+    setCount(count, result.length());
+    return 0;
+}
+
+int RootComn_GetConnectBlock5(const AcDbObjectId& group, const AcDbObjectId& element,
+                              const AcGePoint3d& point, AcArray<AcDbObjectId>& result, int* count,
+                              int kindFilter, int /*unused*/) {
+    return searchGroup(group, element, &point, result, count, kindFilter);
+}
+
+int RootComn_GetConnectBlock6(const AcDbObjectId& group, const AcDbObjectId& element,
+                              AcArray<AcDbObjectId>& result, int* count, int kindFilter, int /*unused*/) {
+    return searchGroup(group, element, nullptr, result, count, kindFilter);
+}
+
+int RootComn_GetConnectBlock7(const AcArray<AcDbObjectId>& candidates, const AcDbObjectId& element,
+                              const AcGePoint3d& point, AcArray<AcDbObjectId>& result, int* count,
+                              int kindFilter, int /*unused*/) {
+    return searchList(candidates, element, &point, result, count, kindFilter);
+}
