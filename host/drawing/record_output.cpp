@@ -30,10 +30,8 @@ void RecordOutput::record(int code, std::string_view value) {
     if (!fault_.empty())
         return;
     if (!speller_.append(pending_, code, value)) {
-        constexpr std::size_t longest = 40;
-        const std::string_view shown = value.substr(0, longest);
-        fault_ = L"the form cannot hold the value \"" + std::wstring(shown.begin(), shown.end()) +
-                 L"\" of group code " + std::to_wstring(code);
+        fault_ = L"the form cannot hold " + quoted(value) + L" as the value of group code " +
+                 std::to_wstring(code);
     }
     if (pending_.size() >= gatheredBytes)
         flush();

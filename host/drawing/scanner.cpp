@@ -1,6 +1,7 @@
 #include "scanner.h"
 
 #include "number_text.h"
+#include "record_source.h"
 #include "structure_scanner.h"
 #include "tag_extraction.h"
 
@@ -20,13 +21,20 @@ std::string_view lineEndOf(std::string_view records) {
     return carriageReturn + 1 == newline ? "\r\n" : "\n";
 }
 
-/// How an ASCII file ends its lines and pads its group codes, seen at its first record.
+/// How an ASCII file ends its lines and pads its group codes, seen at its first code of less than three
+/// digits.
 void noteAsciiStyle(DrawingState& state, std::string_view records) {
     state.style.lineEnd = std::string(lineEndOf(records));
-    const std::size_t digits = records.find_first_not_of(' ');
-    const std::size_t end = records.find_first_of(" \r\n", digits);
-    if (digits != std::string_view::npos && end != std::string_view::npos)
-        state.style.codeWidth = digits == 0 && end < 3 ? 1 : end;
+    dxf::AsciiReader reader(records);
+    dxf::Record record;
+    while (reader.next(record) == dxf::ReadResult::record) {
+        if (record.code >= 100)
+            continue;
+        const std::size_t digits = records.find_first_not_of(' ', record.offset);
+        const std::size_t end = records.find_first_of(" \r\n", digits);
+        state.style.codeWidth = digits == record.offset ? 1 : end - record.offset;
+        return;
+    }
 }
 
 /// Sets the form of the file and where its records begin.
@@ -78,10 +86,9 @@ void readHeader(DrawingState& state) {
     bool known = true;
     state.encoding = DrawingText::of(state.version, codePage, known);
     if (!known)
-        state.warnings.push_back(errorAt(state, state.headerSpan.begin,
-                                         L"unknown code page \"" +
-                                             std::wstring(codePage.begin(), codePage.end()) +
-                                             L"\", read as code page 932"));
+        state.warnings.push_back(
+            errorAt(state, state.headerSpan.begin,
+                    L"unknown code page " + quoted(codePage) + L", read as code page 932"));
 }
 
 /// Checks and completes the handles; nullopt when they are unique.

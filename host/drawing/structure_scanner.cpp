@@ -150,6 +150,7 @@ bool StructureScanner::scanBlock() {
     if (block.name.empty())
         return failAt(begin, L"a block without a name");
     context_ = L"the block " + quoted(block.name);
+    parent_ = nullptr;
     while (!at("ENDBLK"))
         if (!scanMember(block))
             return false;
@@ -165,6 +166,7 @@ bool StructureScanner::scanObjects(Container::Kind kind) {
     container.kind = kind;
     if (record_.code != typeCode)
         return fail(L"a record outside of any object");
+    parent_ = nullptr;
     while (!at("ENDSEC"))
         if (!scanMember(container))
             return false;

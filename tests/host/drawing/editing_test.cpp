@@ -58,6 +58,24 @@ TEST(Editing, OneChangedValueChangesOneLine) {
     EXPECT_EQ(again->decode(*tags.text(8, tags.all())), L"表示能力");
 }
 
+/// What is written from tags looks like its file: line ends, padding.
+TEST(Editing, ChangedObjectsAreSpelledLikeTheirFile) {
+    for (const std::string start : {"", "999\r\na comment\r\n"}) {
+        for (const std::string pad : {"", "  ", "     "}) {
+            const std::string wide = pad.empty() ? "62" : pad.substr(1) + "62";
+            const std::string frame =
+                start + pad + "0\r\nSECTION\r\n" + pad + "2\r\nENTITIES\r\n" + pad + "0\r\nLINE\r\n";
+            const std::string end = pad + "0\r\nENDSEC\r\n" + pad + "0\r\nEOF\r\n";
+            const auto document = opened(frame + wide + "\r\n1\r\n" + end);
+            const AcDbStub* line = member(*document, "LINE");
+            Changes changes;
+            changes[line] = document->tags(*line);
+            changes[line].setInteger(62, 7, changes[line].all());
+            EXPECT_EQ(saved(*document, changes.source()), frame + wide + "\r\n7\r\n" + end);
+        }
+    }
+}
+
 TEST(Editing, AddedEntryRaisesSeedAndCount) {
     const std::string bytes = officeFloor();
     const auto document = opened(bytes);

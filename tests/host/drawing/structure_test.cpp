@@ -64,6 +64,10 @@ TEST(Structure, VerticesAndAttributesBelongToTheEntityBeforeThem) {
         EXPECT_EQ(members[i]->owner, members[0]);
     for (const std::size_t i : {5U, 6U})
         EXPECT_EQ(members[i]->owner, members[4]);
+    const auto strays =
+        opened(dxf("0 SECTION|2 BLOCKS|0 BLOCK|2 A|0 INSERT|0 ENDBLK|0 BLOCK|2 B|0 ATTRIB|0 ENDBLK"
+                   "|0 ENDSEC|0 EOF"));
+    EXPECT_EQ(member(*strays, "ATTRIB")->owner, last(*strays, Container::Kind::block).head);
     const TagList vertex = document->tags(*members[1]);
     EXPECT_EQ(vertex[vertex.size() - 1], (Tag{999, "a corner"}));
 }
