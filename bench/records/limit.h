@@ -1,0 +1,8 @@
+#pragma once
+
+#include <string>
+
+/// The least that a reader of drawings has to do: maps the file, finds the end of each line (binary: of each
+/// record), converts each number with the standard library. Returns the sum of the numbers, so that nothing
+/// can be left out.
+double readLimit(const std::string& path);

@@ -1,0 +1,63 @@
+// Any bytes as a part drawing, ASCII or binary, by both tables; comments before an ASCII drawing change
+// nothing, and the strict table never reads more than the complete one.
+#include <zucomn/dxf.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace {
+
+void require(bool condition, const char* what) {
+    if (condition)
+        return;
+    std::fprintf(stderr, "%s\n", what);
+    std::abort();
+}
+
+/// A file in memory.
+class MemoryFile {
+public:
+    CString fill(std::string_view bytes) const {
+        require(ftruncate(file_, 0) == 0 &&
+                    pwrite(file_, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()),
+                "no file in memory");
+        CString path;
+        path.Format(L"/proc/self/fd/%d", file_);
+        return path;
+    }
+
+private:
+    int file_ = memfd_create("part", 0);
+};
+
+int countOf(const CAcadDxf& part) {
+    int count = part.GetEntities().GetCount() + part.GetLayers().GetCount();
+    for (POSITION at = part.GetBlocks().GetHeadPosition(); at != nullptr;)
+        count += 1 + static_cast<const CBlock*>(part.GetBlocks().GetNext(at))->m_entities.GetCount();
+    return count;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const MemoryFile file;
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const CString path = file.fill(bytes);
+    const CAcadDxf part(path);
+    const CAcadDxf strict(path, CAcadDxf::kWhite, CAcadDxf::kStrictTable);
+    require(CAcadDxf::IsAscii(path) == part.GetAsciiFlag(), "the form is told in two ways");
+    const bool hasEntities = CAcadDxf::CheckEntities(path);
+    require(hasEntities || part.GetEntities().IsEmpty(), "entities were overlooked");
+    if (part.GetAsciiFlag() == 0)
+        return 0;
+    require(countOf(part) == countOf(strict), "the table counts for ASCII");
+    if (bytes.find('\n') == std::string_view::npos || bytes.starts_with("\xEF\xBB\xBF"))
+        return 0;
+    const CAcadDxf commented(file.fill("999\ncomment\n" + std::string(bytes)));
+    require(countOf(part) == countOf(commented), "a comment counts");
+    return 0;
+}
