@@ -13,9 +13,6 @@ void addConnectedCommand(CLI::App& program);
 void addAttributesCommand(CLI::App& program);
 void addSetAttributeCommand(CLI::App& program);
 void addSaveCommand(CLI::App& program);
-void addCheckCommand(CLI::App& program);
-void addPlanCommand(CLI::App& program);
-void addLinkCommand(CLI::App& program);
 void addTableCommand(CLI::App& program);
 void addDemoCommand(CLI::App& program);
 

@@ -49,10 +49,11 @@ void printTable(const std::vector<Element>& elements) {
         std::string groups;
         for (const std::string& group : e.groups)
             groups += (groups.empty() ? "" : " ") + group;
-        table.addRow({e.handle, e.block, elementCodeName(e.code), std::to_string(e.linkKind),
-                      e.locked ? e.layer + " (locked)" : e.layer,
-                      shortNumber(e.origin.x) + ", " + shortNumber(e.origin.y) + ", " + shortNumber(e.origin.z),
-                      std::to_string(e.connectionPoints.size()), groups});
+        table.addRow(
+            {e.handle, e.block, elementCodeName(e.code), std::to_string(e.linkKind),
+             e.locked ? e.layer + " (locked)" : e.layer,
+             shortNumber(e.origin.x) + ", " + shortNumber(e.origin.y) + ", " + shortNumber(e.origin.z),
+             std::to_string(e.connectionPoints.size()), groups});
     }
     table.print();
     std::cout << elements.size() << " elements\n";
@@ -75,7 +76,8 @@ void run(const Options& options) {
 
 void addElementsCommand(CLI::App& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand("elements", "List the block references of model space with what they are");
+    CLI::App* command =
+        program.add_subcommand("elements", "List the block references of model space with what they are");
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_flag("--routes", options->routesOnly, "Only those whose block name has an element prefix");
     command->add_flag("--json", options->json, "As JSON");

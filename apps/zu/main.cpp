@@ -2,6 +2,8 @@
 #include "failure.h"
 
 #include <CLI/CLI.hpp>
+#include <rxdlinkr.h>
+#include <zucomn/frame.h>
 
 #include <exception>
 #include <iostream>
@@ -11,13 +13,30 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
-void addCommands(CLI::App& /*program*/) {}
+void addCommands(CLI::App& program) {
+    using namespace zu::app;
+    addElementsCommand(program);
+    addGroupsCommand(program);
+    addConnectedCommand(program);
+    addAttributesCommand(program);
+    addSetAttributeCommand(program);
+    addSaveCommand(program);
+    addTableCommand(program);
+    addDemoCommand(program);
+}
+
+/// The library is started as the host starts it: through the dynamic linker.
+void startLibrary() {
+    acrxDynamicLinker->loadModule(L"ZuComn.arx", false);
+    ZuComn_SetResource();
+}
 
 int run(int argc, char** argv) {
     CLI::App program("Checks and edits drawings of building services: elements, routes, attributes.", "zu");
     program.require_subcommand(1);
     program.set_help_all_flag("--help-all", "Help of every command");
     addCommands(program);
+    program.parse_complete_callback(&startLibrary);
     try {
         program.parse(argc, argv);
         return 0;

@@ -1,0 +1,51 @@
+#include "attribute_rows.h"
+#include "commands.h"
+#include "drawing_file.h"
+#include "failure.h"
+#include "output.h"
+#include "settings_file.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    std::string drawing;
+    std::string handle;
+    std::string settings;
+    bool json = false;
+};
+
+void run(const Options& options) {
+    const SettingsFile settings(options.settings);
+    const DrawingFile drawing(options.drawing);
+    const AttributeRows rows = readAttributeRows(drawing.find(options.handle));
+    if (rows.empty() && !options.json)
+        throw Failure("object " + options.handle + " has no attributes");
+    if (options.json) {
+        printJson(Json(rows));
+        return;
+    }
+    TextTable table({"id", "name", "value", "kind", "label", "no", "flag"});
+    for (const auto& row : rows)
+        table.addRow({row[3], row[2], row[4], row[5], row[6], row[7], row[8]});
+    table.print();
+}
+
+} // namespace
+
+void addAttributesCommand(CLI::App& program) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command = program.add_subcommand("attributes", "Show the attribute rows of an element");
+    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    command->add_option("HANDLE", options->handle, "The element's handle")->required();
+    command->add_option("--settings", options->settings, "Master settings file, for the names of attributes");
+    command->add_flag("--json", options->json, "As JSON: an array of rows of nine columns");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

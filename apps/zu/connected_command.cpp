@@ -1,0 +1,103 @@
+#include "commands.h"
+#include "drawing_file.h"
+#include "failure.h"
+#include "output.h"
+
+#include <CLI/CLI.hpp>
+#include <zucomn/dbservices.h>
+#include <zucomn/route.h>
+
+#include <iostream>
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    std::string drawing;
+    std::string handle;
+    std::string group;
+    int kind = 0;
+    bool all = false;
+    bool json = false;
+};
+
+/// The groups to search: the one named, else those of the element.
+std::vector<AcDbObjectId> groupsToSearch(const DrawingFile& drawing, const Options& options,
+                                         AcDbObjectId element) {
+    if (!options.group.empty())
+        return {drawing.findGroup(options.group)};
+    AcArray<AcDbObjectId> groups;
+    ZuComn_GetGroupID(element, groups);
+    return {groups.begin(), groups.end()};
+}
+
+AcArray<AcDbObjectId> connectedTo(AcDbObjectId element, const std::vector<AcDbObjectId>& groups, int kind) {
+    AcArray<AcDbObjectId> found;
+    for (const AcDbObjectId group : groups)
+        RootComn_GetConnectBlock(group, element, found, nullptr, kind);
+    return found;
+}
+
+void runOne(const DrawingFile& drawing, const Options& options) {
+    const AcDbObjectId element = drawing.find(options.handle);
+    const auto found = connectedTo(element, groupsToSearch(drawing, options, element), options.kind);
+    if (options.json) {
+        printJson(Json(handleTexts(found)));
+        return;
+    }
+    for (const std::string& handle : handleTexts(found))
+        std::cout << handle << '\n';
+}
+
+/// Every member of the group (without one: every block reference).
+std::vector<AcDbObjectId> everyElement(const DrawingFile& drawing, const Options& options) {
+    if (options.group.empty())
+        return drawing.references();
+    AcArray<AcDbObjectId> members;
+    RootComn_GetGroupMember(drawing.findGroup(options.group), members);
+    return {members.begin(), members.end()};
+}
+
+void runAll(const DrawingFile& drawing, const Options& options) {
+    Json object = Json::object();
+    for (const AcDbObjectId element : everyElement(drawing, options)) {
+        const auto found = connectedTo(element, groupsToSearch(drawing, options, element), options.kind);
+        object[handleText(element)] = handleTexts(found);
+    }
+    if (options.json) {
+        printJson(object);
+        return;
+    }
+    for (const auto& [handle, joined] : object.items()) {
+        std::cout << handle << ':';
+        for (const auto& other : joined)
+            std::cout << ' ' << other.get<std::string>();
+        std::cout << '\n';
+    }
+}
+
+void run(const Options& options) {
+    if (options.all == !options.handle.empty())
+        throw WrongUsage("name an element's handle, or --all");
+    const DrawingFile drawing(options.drawing);
+    options.all ? runAll(drawing, options) : runOne(drawing, options);
+}
+
+} // namespace
+
+void addConnectedCommand(CLI::App& program) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command = program.add_subcommand("connected", "List the elements joined to an element");
+    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    command->add_option("HANDLE", options->handle, "The element's handle");
+    command->add_option("--group", options->group,
+                        "Search this group, by name or handle; else each group of the element");
+    command->add_option("--kind", options->kind, "Only elements of this link kind (and kind 0)");
+    command->add_flag("--all", options->all, "Every member of the group instead of one element");
+    command->add_flag("--json", options->json, "As JSON");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

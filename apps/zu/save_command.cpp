@@ -1,0 +1,38 @@
+#include "commands.h"
+#include "drawing_file.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    std::string drawing;
+    std::string output;
+    bool binary = false;
+    bool ascii = false;
+};
+
+void run(const Options& options) {
+    DrawingFile drawing(options.drawing);
+    const bool binary = options.binary || (drawing.database().isBinary() && !options.ascii);
+    drawing.save(options.output, binary);
+}
+
+} // namespace
+
+void addSaveCommand(CLI::App& program) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command =
+        program.add_subcommand("save", "Open a drawing and save it unedited: a loss-free copy");
+    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    command->add_option("-o,--output", options->output, "Where to save")->required();
+    CLI::Option* binary = command->add_flag("--binary", options->binary, "As binary drawing");
+    command->add_flag("--ascii", options->ascii, "As ASCII drawing")->excludes(binary);
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

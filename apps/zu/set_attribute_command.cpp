@@ -1,0 +1,84 @@
+#include "attribute_edit.h"
+#include "commands.h"
+#include "drawing_file.h"
+#include "failure.h"
+#include "output.h"
+#include "settings_file.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    std::string drawing;
+    std::string key;
+    std::string value;
+    std::vector<std::string> handles;
+    std::string settings;
+    std::string output;
+    bool json = false;
+};
+
+std::vector<AcDbObjectId> targets(const DrawingFile& drawing, const Options& options) {
+    if (options.handles.empty())
+        return drawing.references();
+    std::vector<AcDbObjectId> ids;
+    for (const std::string& handle : options.handles)
+        ids.push_back(drawing.find(handle));
+    return ids;
+}
+
+void print(const AttributeEdit& edit, bool asJson) {
+    Json changed = Json::array();
+    for (const AcDbObjectId id : edit.changed)
+        changed.push_back(handleText(id));
+    Json skipped = Json::array();
+    for (const SkippedElement& element : edit.skipped)
+        skipped.push_back({{"handle", handleText(element.id)}, {"why", element.why}});
+    if (asJson) {
+        printJson({{"changed", changed}, {"skipped", skipped}});
+        return;
+    }
+    std::cout << edit.changed.size() << " elements changed\n";
+    for (const SkippedElement& element : edit.skipped)
+        std::cout << "skipped " << handleText(element.id) << ": " << element.why << '\n';
+}
+
+void run(const Options& options) {
+    if (options.value.find('|') != std::string::npos)
+        throw WrongUsage("a value can't hold \"|\": the record parts its fields with it");
+    const SettingsFile settings(options.settings);
+    if (!options.settings.empty() && !mayEditAttribute(options.key))
+        throw Failure("attribute " + options.key + " may not be edited, says the parameter table");
+    DrawingFile drawing(options.drawing);
+    const AttributeEdit edit =
+        editAttribute(targets(drawing, options), options.key, options.value, !options.handles.empty());
+    if (edit.changed.empty() && edit.skipped.empty())
+        throw Failure("no element has an attribute " + options.key);
+    drawing.save(options.output);
+    print(edit, options.json);
+}
+
+} // namespace
+
+void addSetAttributeCommand(CLI::App& program) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command = program.add_subcommand(
+        "set-attribute", "Set one attribute on some or all elements that have it, and save");
+    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    command->add_option("KEY", options->key, "The attribute's id, such as S401")->required();
+    command->add_option("VALUE", options->value, "The new value")->required();
+    command->add_option("--handles", options->handles, "Only these elements, by handle")->delimiter(',');
+    command->add_option("--settings", options->settings,
+                        "Master settings file; its parameter table says what may be edited");
+    command->add_option("-o,--output", options->output, "Where to save")->required();
+    command->add_flag("--json", options->json, "As JSON");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

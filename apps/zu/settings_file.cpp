@@ -1,0 +1,23 @@
+#include "settings_file.h"
+
+#include "failure.h"
+#include "text.h"
+
+#include <zucomn/settings.h>
+#include <zucomn/tables.h>
+
+namespace zu::app {
+
+SettingsFile::SettingsFile(const std::string& path) {
+    if (path.empty())
+        return;
+    if (ZuComn_findFile(wide(path)) == 0)
+        throw Failure(path + ": can't read the settings");
+    ZuComn_SetIniFile(wide(path));
+}
+
+SettingsFile::~SettingsFile() {
+    ZuComn_SetIniFile(L"");
+}
+
+} // namespace zu::app

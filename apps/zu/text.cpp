@@ -1,0 +1,22 @@
+#include "text.h"
+
+#include <zuhost/text_codec.h>
+
+namespace zu::app {
+
+CString wide(const std::string& utf8) {
+    return CString(zuhost::fromUtf8(utf8));
+}
+
+std::string narrow(std::wstring_view text) {
+    return zuhost::toUtf8(text);
+}
+
+std::vector<std::string> narrow(const CStringArray& texts) {
+    std::vector<std::string> result;
+    for (int i = 0; i < texts.GetSize(); ++i)
+        result.push_back(narrow(texts[i].view()));
+    return result;
+}
+
+} // namespace zu::app
