@@ -89,7 +89,8 @@ Acad::ErrorStatus AcDbObject::setIntegerTag(std::string_view marker, int code, s
 
 Acad::ErrorStatus AcDbObject::setTextTag(std::string_view marker, int code, std::wstring_view text) {
     const Acad::ErrorStatus status = assertWriteEnabled();
-    if (status == Acad::eOk)
+    // An equal text keeps the way it is spelled.
+    if (status == Acad::eOk && (!tags_->text(code, section(marker)) || textTag(marker, code) != text))
         changingTags().setText(code, encoded(text), section(marker));
     return status;
 }

@@ -144,6 +144,18 @@ void addValue(TagList& tags, const resbuf& item, const zuhost::Document& documen
     }
 }
 
+/// A text that says the same as the one in its place keeps the way that one is spelled ("\\U+33a5").
+void keepSpelling(const TagList& tags, TagRange old, TagList& replacement, const zuhost::Document& document) {
+    for (std::size_t i = 0; i < replacement.size() && old.first + i < old.last; ++i) {
+        const Tag& before = tags[old.first + i];
+        Tag& now = replacement[i];
+        if (now.code == before.code && now.value != before.value &&
+            acutIsTextType(static_cast<short>(now.code)) &&
+            document.decode(now.value) == document.decode(before.value))
+            now.value = before.value;
+    }
+}
+
 } // namespace
 
 resbuf* AcDbObject::xData(const ACHAR* application) const {
@@ -167,10 +179,12 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
     AcDbStub* const known = core()->tableHead("APPID");
     TagList changed = *tags_;
     TagList values;
-    const auto replace = [&changed](const TagList& replacement) {
+    const zuhost::Document& document = *core()->document;
+    const auto replace = [&changed, &document](TagList replacement) {
         if (replacement.empty())
             return;
         const TagRange old = changed.extendedData(replacement[0].value);
+        keepSpelling(changed, old, replacement, document);
         const std::size_t place = old.empty() ? changed.size() : old.first;
         changed.erase(old);
         if (replacement.size() > 1)

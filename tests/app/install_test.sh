@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Installs the build, and builds and runs an outside project against it: by CMake package and by pkg-config.
+set -eu
+build=$1
+source=$2
+samples=$3
+compiler=$4
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cmake --install "$build" --prefix "$work/tree" >/dev/null
+cmake -S "$source/outside" -B "$work/outside" -G Ninja -DCMAKE_PREFIX_PATH="$work/tree" -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
+cmake --build "$work/outside" >/dev/null
+"$work/outside/outside" "$samples/drawings/office-floor.dxf"
+libraries=$(dirname "$(find "$work/tree" -name libZuComn.so | head -1)")
+export PKG_CONFIG_PATH="$libraries/pkgconfig"
+"$compiler" -std=c++20 "$source/outside/main.cpp" -o "$work/by-pkg-config" $(pkg-config --cflags --libs zucomn)
+LD_LIBRARY_PATH="$libraries" "$work/by-pkg-config" "$samples/drawings/office-floor.dxf"
+LC_ALL=en_US.UTF-8 "$work/tree/bin/zu" elements "$samples/drawings/office-floor.dxf" --json >/dev/null
+test -f "$libraries/1033/ZuComn.strings"
