@@ -59,18 +59,18 @@ int RootComn_GetOBlockHeight(const AcDbObjectId& element, int& kind, double& low
     if (reference.openStatus() != Acad::eOk)
         return -1;
     const std::wstring name = reference->blockName();
-    if (zu::startsWithNoCase(name, L"KK-")) {
+    if (name.starts_with(L"KK-")) {
         kind = 0;
         return 0;
     }
     const double height = attributeNumber(element, L"S401");
-    if (zu::startsWithNoCase(name, L"RBS-")) {
+    if (name.starts_with(L"RBS-")) {
         kind = 4;
         low = height;
         high = height + attributeNumber(element, L"S304");
         return 0;
     }
-    const bool isLine = zu::startsWithNoCase(name, L"RT-") || zu::startsWithNoCase(name, L"RTM-");
+    const bool isLine = name.starts_with(L"RT-") || name.starts_with(L"RTM-");
     if (!isLine && attributeNumber(element, L"S402") != 0.0) {
         kind = 2;
         return 0;

@@ -1,0 +1,203 @@
+#include "test_drawing.h"
+
+#include <zucomn/route.h>
+
+namespace {
+
+class Groups : public testing::Test {
+protected:
+    AcDbObjectId element(const wchar_t* link = nullptr) {
+        const AcDbObjectId id = drawing.element(block, {});
+        if (link != nullptr)
+            TestDrawing::setLink(id, link);
+        return id;
+    }
+    static AcDbObjectId group(const wchar_t* name, std::initializer_list<AcDbObjectId> members) {
+        AcDbObjectId id;
+        EXPECT_EQ(RootComn_CreateNewGroup(name, TestDrawing::ids(members), id, false), 0);
+        return id;
+    }
+    static AcDbObjectIdArray members(AcDbObjectId id) {
+        AcDbObjectIdArray found;
+        EXPECT_EQ(RootComn_GetGroupMember(id, found), 0);
+        return found;
+    }
+    static std::wstring name(AcDbObjectId id) {
+        CString text;
+        RootComn_GetGroupNameFromGroupOid(id, text);
+        return std::wstring(text.view());
+    }
+    static bool isGone(AcDbObjectId id) {
+        int size = 0;
+        return RootComn_GetGroupSize(id, &size) == -1;
+    }
+
+    TestDrawing drawing;
+    AcDbObjectId block = drawing.block(L"RT-1", {});
+};
+
+TEST_F(Groups, AreCreatedNumberedAndListed) {
+    const AcDbObjectId a = element();
+    const AcDbObjectId b = element();
+    CString key;
+    EXPECT_EQ(RootComn_GetNewGroupName(key), 0);
+    AcDbObjectId first;
+    EXPECT_EQ(RootComn_CreateNewGroup(key, TestDrawing::ids({a, b, a}), first, false), 0);
+    EXPECT_EQ(members(first), TestDrawing::ids({a, b}));
+    const AcDbObjectPointer<AcDbGroup> opened(first);
+    EXPECT_EQ(opened->description(), L"*");
+    EXPECT_FALSE(opened->isSelectable());
+    EXPECT_EQ(name(first), L"*A1");
+    EXPECT_EQ(name(group(L"*", {a})), L"*A2");
+    AcDbObjectId none;
+    EXPECT_EQ(RootComn_CreateNewGroup(L"X", AcDbObjectIdArray(), none, true), -1);
+    EXPECT_EQ(RootComn_CreateNewGroup(L"*A1", a, none, true), -1) << "the name is taken";
+    EXPECT_TRUE(none.isNull());
+}
+
+TEST_F(Groups, NewMembersStandInFront) {
+    const AcDbObjectId a = element();
+    const AcDbObjectId b = element();
+    const AcDbObjectId id = group(L"RTGR00001", {a});
+    EXPECT_EQ(RootComn_AddGroupMember(L"RTGR00001", b), 0);
+    EXPECT_EQ(RootComn_AddGroupMember(id, a), 0) << "a member keeps its place";
+    EXPECT_EQ(members(id), TestDrawing::ids({b, a}));
+    CString left;
+    int remaining = -1;
+    EXPECT_EQ(RootComn_DelGroupMember(id, b, left, &remaining), 0);
+    EXPECT_EQ(left, L"RTGR00001");
+    EXPECT_EQ(remaining, 1);
+    EXPECT_EQ(RootComn_DelGroupMember(id, b), -1);
+    EXPECT_EQ(RootComn_AddGroupMember(L"no such group", a), -1);
+}
+
+TEST_F(Groups, DeletingLeavesTheMembers) {
+    const AcDbObjectId a = element();
+    const AcDbObjectId id = group(L"RTGR00001", {a});
+    EXPECT_EQ(RootComn_DelGroup(L"RTGR00001"), 0);
+    EXPECT_TRUE(isGone(id));
+    EXPECT_EQ(RootComn_DelGroup(L"RTGR00001"), -1);
+    const AcDbObjectPointer<AcDbEntity> entity(a);
+    ASSERT_EQ(entity.openStatus(), Acad::eOk);
+    EXPECT_FALSE(entity->hasPersistentReactor(id));
+}
+
+TEST_F(Groups, MergeIntoTheLowestNumber) {
+    const AcDbObjectId a = element(L"1|");
+    const AcDbObjectId b = element(L"1|");
+    const AcDbObjectId c = element(L"1|");
+    const AcDbObjectId seven = group(L"RTGR00007", {a});
+    const AcDbObjectId one = group(L"*", {b});
+    const AcDbObjectId other = group(L"家具", {b});
+    EXPECT_EQ(RootComn_MakeGroup(TestDrawing::ids({c}), TestDrawing::ids({seven, other, one})), 0);
+    EXPECT_TRUE(isGone(seven));
+    EXPECT_EQ(members(one), TestDrawing::ids({c, b, a}));
+    EXPECT_EQ(members(other), TestDrawing::ids({b})) << "no route group";
+}
+
+TEST_F(Groups, OfEqualNumbersTheFirstGivenSurvives) {
+    const AcDbObjectId a = element(L"1|");
+    const AcDbObjectId b = element(L"1|");
+    const AcDbObjectId named = group(L"RTGR00001", {a});
+    const AcDbObjectId anonymous = group(L"*", {b});
+    RootComn_MakeGroup(AcDbObjectIdArray(), TestDrawing::ids({named, anonymous}));
+    EXPECT_EQ(members(named), TestDrawing::ids({a, b}));
+    EXPECT_TRUE(isGone(anonymous));
+}
+
+TEST_F(Groups, AreMadeOfMoreThanOneElementOnly) {
+    const AcDbObjectId a = element(L"1|");
+    const AcDbObjectId b = element(L"1|");
+    EXPECT_EQ(RootComn_MakeGroup(TestDrawing::ids({a}), AcDbObjectIdArray()), 0);
+    CString name;
+    EXPECT_EQ(RootComn_GetGroupSize(L"*A1", nullptr), -1);
+    EXPECT_EQ(RootComn_MakeGroup(TestDrawing::ids({a, b}), AcDbObjectIdArray()), 0);
+    int size = 0;
+    EXPECT_EQ(RootComn_GetGroupSize(L"*A1", &size), 0);
+    EXPECT_EQ(size, 2);
+}
+
+TEST_F(Groups, RepairLeavesOneGroupOfEachKind) {
+    const AcDbObjectId tee = element(L"0|");
+    const AcDbObjectId supply = element(L"1|");
+    const AcDbObjectId back = element(L"2|");
+    const AcDbObjectId nine = group(L"RTGR00009", {supply, tee});
+    const AcDbObjectId four = group(L"RTGR00004", {supply, tee});
+    const AcDbObjectId two = group(L"RTGR00002", {back, tee});
+    const AcDbObjectId onlyTee = group(L"RTGR00001", {tee});
+    EXPECT_EQ(RootComn_MakeGroup(TestDrawing::ids({tee}), TestDrawing::ids({four})), 0);
+    EXPECT_EQ(members(nine), TestDrawing::ids({supply}));
+    EXPECT_TRUE(members(four).contains(tee));
+    EXPECT_TRUE(members(two).contains(tee));
+    EXPECT_EQ(members(onlyTee), TestDrawing::ids({tee})) << "of unknown kind";
+    EXPECT_EQ(RootComn_GetRootGroups2(tee, 1), four);
+    EXPECT_EQ(RootComn_GetRootGroups2(tee, 2), two);
+    EXPECT_EQ(RootComn_GetRootGroups2(tee, 3), AcDbObjectId());
+    EXPECT_EQ(RootComn_GetRootGroups2(tee, 0), two);
+}
+
+TEST_F(Groups, ListingFiltersByKind) {
+    const AcDbObjectId duct = element(L"1|");
+    const AcDbObjectId unknown = element(L"0|");
+    const AcDbObjectId supply = group(L"RTGR00005", {duct});
+    const AcDbObjectId other = group(L"RTGR00006", {unknown, duct});
+    const AcDbObjectId zero = group(L"RTGR00007", {unknown});
+    const auto list = [](AcDbObjectId id, int filter) {
+        int count = -1;
+        AcDbObjectIdArray groups;
+        CStringArray names;
+        CUIntArray kinds;
+        EXPECT_EQ(RootComn_GetRootGroups5(id, &count, groups, names, kinds, filter), 0);
+        std::wstring text;
+        for (int i = 0; i < count; ++i)
+            text += std::wstring(names[i].view()) + L":" + std::to_wstring(kinds[i]) + L" ";
+        return text;
+    };
+    EXPECT_EQ(list(duct, 0), L"RTGR00005:1 RTGR00006:1 ");
+    EXPECT_EQ(list(duct, 2), L"");
+    EXPECT_EQ(list(unknown, 0), L"RTGR00006:1 RTGR00007:0 ");
+    EXPECT_EQ(list(unknown, 3), L"RTGR00007:3 ") << "an unknown kind passes as the filter";
+    int kind = -1;
+    EXPECT_EQ(RootComn_GetRootKind(zero, &kind), -1);
+    EXPECT_EQ(RootComn_GetRootKind2(zero, &kind), 0);
+    EXPECT_EQ(kind, 0);
+    EXPECT_FALSE(supply == other);
+}
+
+TEST_F(Groups, MembersOfUnknownGroupsGetARoute) {
+    const AcDbObjectId duct = element(L"1|");
+    const AcDbObjectId tee = element(L"0|");
+    const AcDbObjectId cap = element(L"0|");
+    const AcDbObjectId route = group(L"RTGR00003", {duct, tee});
+    const AcDbObjectId unknown = group(L"RTGR00004", {tee, cap});
+    CStringArray knownNames;
+    knownNames.Add(L"RTGR00003");
+    CStringArray unknownNames;
+    unknownNames.Add(L"RTGR00004");
+    CUIntArray knownKinds;
+    knownKinds.Add(1);
+    CUIntArray unknownKinds;
+    unknownKinds.Add(0);
+    AcDbObjectIdArray moved;
+    const auto run = [&](int kind) {
+        return RootComn_SetGroupToUnknownGroupMember(tee, kind, 1, 1, TestDrawing::ids({route}), knownNames,
+                                                     knownKinds, TestDrawing::ids({unknown}), unknownNames,
+                                                     unknownKinds, moved);
+    };
+    EXPECT_EQ(run(2), -1);
+    EXPECT_EQ(run(1), 0);
+    EXPECT_EQ(moved, TestDrawing::ids({cap}));
+    EXPECT_EQ(members(route), TestDrawing::ids({duct, tee, cap}));
+}
+
+TEST_F(Groups, DeadMembersAreTakenOutBeforeARepair) {
+    const AcDbObjectId duct = element(L"1|");
+    const AcDbObjectId dead = element(L"1|");
+    const AcDbObjectId route = group(L"RTGR00003", {dead, duct});
+    TestDrawing::erase(dead);
+    EXPECT_EQ(RootComn_GetRootGroups4(duct), 0);
+    EXPECT_EQ(members(route), TestDrawing::ids({duct}));
+    EXPECT_EQ(RootComn_GetRootGroups4(dead), -1);
+}
+
+} // namespace
