@@ -17,8 +17,9 @@ Span spanOf(const AcDbStub& stub) {
     return {stub.offset, stub.offset + stub.length};
 }
 
+/// Blocks only: tables are never erased, whatever a damaged file makes of their owners.
 bool isErased(const Container& container) {
-    const AcDbStub* head = container.head;
+    const AcDbStub* head = container.kind == Container::Kind::block ? container.head : nullptr;
     return head && (head->erased || (head->owner && head->owner->erased));
 }
 
@@ -87,7 +88,7 @@ void DrawingWriter::writeContainer(const Container& container) {
     }
     closeSection();
     if (isErased(container)) {
-        replace({container.head->offset, container.tail ? spanOf(*container.tail).end : container.end});
+        replace({container.head->offset, spanOf(*container.tail).end});
         return;
     }
     writeHead(container);

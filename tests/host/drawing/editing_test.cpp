@@ -60,18 +60,30 @@ TEST(Editing, OneChangedValueChangesOneLine) {
 
 /// What is written from tags looks like its file: line ends, padding.
 TEST(Editing, ChangedObjectsAreSpelledLikeTheirFile) {
-    for (const std::string start : {"", "999\r\na comment\r\n"}) {
-        for (const std::string pad : {"", "  ", "     "}) {
-            const std::string wide = pad.empty() ? "62" : pad.substr(1) + "62";
-            const std::string frame =
-                start + pad + "0\r\nSECTION\r\n" + pad + "2\r\nENTITIES\r\n" + pad + "0\r\nLINE\r\n";
-            const std::string end = pad + "0\r\nENDSEC\r\n" + pad + "0\r\nEOF\r\n";
-            const auto document = opened(frame + wide + "\r\n1\r\n" + end);
+    for (const char* start : {"", "999\r\na comment\r\n"}) {
+        for (const std::size_t width : {1U, 3U, 6U}) {
+            const auto record = [&](const std::string& code, const char* value) {
+                return std::string(code.size() < width ? width - code.size() : 0, ' ')
+                    .append(code)
+                    .append("\r\n")
+                    .append(value)
+                    .append("\r\n");
+            };
+            const auto plan = [&](const char* colour) {
+                return std::string(start)
+                    .append(record("0", "SECTION"))
+                    .append(record("2", "ENTITIES"))
+                    .append(record("0", "LINE"))
+                    .append(record("62", colour))
+                    .append(record("0", "ENDSEC"))
+                    .append(record("0", "EOF"));
+            };
+            const auto document = opened(plan("1"));
             const AcDbStub* line = member(*document, "LINE");
             Changes changes;
             changes[line] = document->tags(*line);
             changes[line].setInteger(62, 7, changes[line].all());
-            EXPECT_EQ(saved(*document, changes.source()), frame + wide + "\r\n7\r\n" + end);
+            EXPECT_EQ(saved(*document, changes.source()), plan("7"));
         }
     }
 }
