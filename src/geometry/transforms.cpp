@@ -1,0 +1,36 @@
+#include "plane.h"
+
+#include <algorithm>
+
+using namespace zu::plane;
+
+void Esg_mirror(const Line* axis, int count, const Point* src, Point* dst) {
+    if (count <= 0)
+        return;
+    const auto line = directed(*axis);
+    if (!line) {
+        if (src != dst)
+            std::copy_n(src, count, dst);
+        return;
+    }
+    const Point n{-line->unit.y, line->unit.x};
+    const double k = n.x * line->start.x + n.y * line->start.y;
+    const double shiftX = 2.0 * k * n.x;
+    const double shiftY = 2.0 * k * n.y;
+    const double cross = 2.0 * n.x * n.y;
+    const double square = n.x * n.x - n.y * n.y;
+    for (int i = 0; i < count; ++i) {
+        const auto [x, y] = src[i];
+        dst[i] = {shiftX - (cross * y + square * x), square * y - cross * x + shiftY};
+    }
+}
+
+void Esg_rotate(double angle, const Point* centre, int count, const Point* src, Point* dst) {
+    const auto [c, s] = unitAt(toRadians(angle));
+    const auto [cx, cy] = *centre;
+    for (int i = 0; i < count; ++i) {
+        const double x = src[i].x - cx;
+        const double y = src[i].y - cy;
+        dst[i] = {c * x - s * y + cx, c * y + s * x + cy};
+    }
+}
