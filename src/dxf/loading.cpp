@@ -39,6 +39,8 @@ Maker makerOf(std::string_view name) {
 /// What follows in an entity is another object's data, under the same group codes.
 constexpr int kEmbeddedObject = 101;
 
+constexpr int kLargestKeptCode = 370;
+
 /// Blanks may follow a name in ASCII files.
 std::string_view trimmed(std::string_view name) {
     const std::size_t last = name.find_last_not_of(" \t");
@@ -226,13 +228,14 @@ bool CAcadDxf::readEntity(CEnt* made, CEntList& list, CPline*& polyline) {
     (isVertex ? polyline->m_vertices : list).AddTail(entity.release());
 
     bool own = true;
+    const zu::dxf::Field field(input_->record(), input_->isBinary(), *text_, *names_);
     while (input_->next()) {
-        const int code = input_->record().code;
+        const int code = field.code();
         if (code == 0)
             return true;
         own = own && code != kEmbeddedObject;
-        if (own)
-            made->Set({input_->record(), input_->isBinary(), *text_, *names_});
+        if (own && code <= kLargestKeptCode)
+            made->Set(field);
     }
     return false;
 }

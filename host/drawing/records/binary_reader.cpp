@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 
 namespace zuhost::dxf {
 
@@ -127,6 +128,11 @@ ReadResult BinaryReader::next(Record& record) {
 }
 
 double binaryReal(std::string_view value) {
+    if constexpr (std::endian::native == std::endian::little) {
+        double number = 0;
+        std::memcpy(&number, value.data(), std::min(value.size(), sizeof number));
+        return number;
+    }
     std::uint64_t bits = 0;
     for (std::size_t i = value.size(); i-- > 0;)
         bits = (bits << 8U) | byteAt(value, i);
