@@ -7,7 +7,8 @@
 #include <iterator>
 #include <string>
 
-/// A file of recorded behaviour of the platform. Halves of surrogate pairs, which JSON readers refuse, are read as U+FFFD.
+/// A file of recorded behaviour of the platform. Halves of surrogate pairs, which JSON readers refuse, are
+/// read as U+FFFD.
 inline nlohmann::json recordedCases(const std::string& name) {
     std::ifstream stream(std::string(ZU_TEST_DATA) + "/platform/" + name);
     std::string text((std::istreambuf_iterator<char>(stream)), {});

@@ -1,0 +1,229 @@
+#include "temporary_folder.h"
+
+#include <afx.h>
+#include <zuhost/atomic_file.h>
+#include <zuhost/file_ops.h>
+#include <zuhost/message_box.h>
+#include <zuhost/paths.h>
+#include <zuhost/string_table.h>
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(Paths, FindNamesWhateverTheirCase) {
+    const TemporaryFolder folder;
+    fs::create_directories(folder.path() / "System" / "表能");
+    folder.write("System/ZuConfig.ini", "x");
+    folder.write("System/表能/Ａ.csv", "x");
+    const std::wstring root = folder.wide("");
+    EXPECT_EQ(zuhost::systemPath(root + L"\\SYSTEM\\zuconfig.INI"), folder.file("System/ZuConfig.ini"));
+    EXPECT_EQ(zuhost::systemPath(root + L"/system\\表能\\Ａ.CSV"), folder.file("System/表能/Ａ.csv"));
+    EXPECT_EQ(zuhost::systemPath(root + L"\\system\\new.ini"), folder.file("System/new.ini"));
+    EXPECT_EQ(zuhost::systemPath(L"C:\\nowhere\\x"), "/nowhere/x");
+    EXPECT_EQ(zuhost::systemPath(L""), "");
+}
+
+std::size_t filesIn(const TemporaryFolder& folder) {
+    return static_cast<std::size_t>(
+        std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()));
+}
+
+TEST(AtomicFile, AnyFailureLeavesTheOldFile) {
+    for (const bool fromThenOn : {false, true}) {
+        int error = 1;
+        for (std::uint64_t n = 1; error != 0; ++n) {
+            ASSERT_LT(n, 50U);
+            const TemporaryFolder folder;
+            const std::string path = folder.write("f", "old");
+            {
+                const zuhost::file_ops::FailAt failure(n, fromThenOn);
+                error = zuhost::replaceFile(path, "new");
+            }
+            EXPECT_EQ(TemporaryFolder::read(path), error == 0 ? "new" : "old")
+                << "failure at operation " << n;
+            // A temporary file may only stay behind when removing it fails as well.
+            EXPECT_TRUE(filesIn(folder) == 1 || fromThenOn) << "failure at operation " << n;
+        }
+    }
+}
+
+TEST(AtomicFile, KillingTheProcessLeavesOneOfTheTwo) {
+    for (int n = 1; n <= 12; ++n) {
+        const TemporaryFolder folder;
+        const std::string path = folder.write("f", std::string(100, 'o'));
+        const pid_t child = fork();
+        if (child == 0) {
+            int count = 0;
+            const zuhost::file_ops::Interception kill([&](zuhost::file_ops::Operation, const std::string&) {
+                if (++count == n)
+                    _exit(9);
+                return 0;
+            });
+            zuhost::replaceFile(path, std::string(100, 'n'));
+            _exit(0);
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        const std::string left = TemporaryFolder::read(path);
+        EXPECT_TRUE(left == std::string(100, 'o') || left == std::string(100, 'n')) << n;
+        EXPECT_TRUE(WEXITSTATUS(status) == 9 || left[0] == 'n') << n;
+    }
+}
+
+TEST(AtomicFile, FollowsLinksAndKeepsRights) {
+    const TemporaryFolder folder;
+    const std::string target = folder.write("target", "old");
+    chmod(target.c_str(), 0640);
+    fs::create_symlink(target, folder.file("link"));
+    EXPECT_EQ(zuhost::replaceFile(folder.file("link"), "new"), 0);
+    EXPECT_TRUE(fs::is_symlink(folder.file("link")));
+    EXPECT_EQ(TemporaryFolder::read(target), "new");
+    struct stat status {};
+    stat(target.c_str(), &status);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+TEST(StdioFile, ReadsLinesInTheFilesEncoding) {
+    const struct {
+        std::string bytes;
+        std::vector<std::wstring> lines;
+    } cases[] = {{"a\r\nb\n\nc", {L"a", L"b", L"", L"c"}},
+                 {"\x95\x5C\x94\x5C\n", {L"表能"}},
+                 {"\xEF\xBB\xBF㎥\r\n", {L"㎥"}},
+                 {std::string("\xFF\xFE\x68\x88\r\0\n\0x\0", 10), {L"表", L"x"}},
+                 {"a\x1A\nb", {L"a"}},
+                 {"a\x83", {L"a・"}},
+                 {"", {}}};
+    const TemporaryFolder folder;
+    for (const auto& c : cases) {
+        folder.write("t", c.bytes);
+        CStdioFile file(folder.wide("t").c_str(), CFile::modeRead | CFile::typeText);
+        std::vector<std::wstring> lines;
+        for (CString line; file.ReadString(line);)
+            lines.emplace_back(line.view());
+        EXPECT_EQ(lines, c.lines) << c.bytes;
+    }
+}
+
+TEST(StdioFile, WritesInTheEncodingOfTheOldFile) {
+    const TemporaryFolder folder;
+    const auto rewrite = [&](const std::wstring& text) {
+        CStdioFile file(folder.wide("t").c_str(), CFile::modeCreate | CFile::modeWrite | CFile::typeText);
+        file.WriteString(text.c_str());
+        file.Close();
+    };
+    rewrite(L"表\n");
+    EXPECT_EQ(TemporaryFolder::read(folder.file("t")), "\x95\x5C\r\n");
+    EXPECT_THROW(rewrite(L"x\n㎥\n"), CFileException);
+    EXPECT_EQ(TemporaryFolder::read(folder.file("t")), "\x95\x5C\r\n") << "the old file stays";
+    folder.write("t", "\xEF\xBB\xBFold");
+    rewrite(L"㎥\n");
+    EXPECT_EQ(TemporaryFolder::read(folder.file("t")), "\xEF\xBB\xBF㎥\r\n");
+}
+
+TEST(File, TellsWhyItFails) {
+    const TemporaryFolder folder;
+    const struct {
+        std::wstring path;
+        UINT flags;
+        int cause;
+    } cases[] = {{folder.wide("missing"), CFile::modeRead, CFileException::fileNotFound},
+                 {folder.wide("no/such"), CFile::modeCreate | CFile::modeWrite, CFileException::badPath},
+                 {folder.wide(""), CFile::modeRead, CFileException::accessDenied},
+                 {L"", CFile::modeRead, CFileException::fileNotFound}};
+    for (const auto& c : cases) {
+        CFile file;
+        CFileException error;
+        EXPECT_FALSE(file.Open(c.path.c_str(), c.flags, &error));
+        EXPECT_EQ(error.m_cause, c.cause);
+    }
+    folder.write("f", "0123456789");
+    CFile file(folder.wide("f").c_str(), CFile::modeReadWrite);
+    char buffer[4] = {};
+    EXPECT_EQ(file.Seek(-3, CFile::end), 7U);
+    EXPECT_EQ(file.Read(buffer, 4), 3U);
+    EXPECT_STREQ(buffer, "789");
+    EXPECT_EQ(file.GetLength(), 10U);
+    EXPECT_THROW(file.Seek(-1, CFile::begin), CFileException);
+}
+
+TEST(FileFunctions, CopyMoveDelete) {
+    const TemporaryFolder folder;
+    folder.write("a", "1");
+    const std::wstring a = folder.wide("a");
+    const std::wstring b = folder.wide("b");
+    EXPECT_TRUE(CopyFileW(a.c_str(), b.c_str(), TRUE));
+    EXPECT_FALSE(CopyFileW(a.c_str(), b.c_str(), TRUE));
+    EXPECT_EQ(GetLastError(), ERROR_FILE_EXISTS);
+    EXPECT_FALSE(MoveFileW(a.c_str(), b.c_str()));
+    EXPECT_EQ(GetLastError(), ERROR_ALREADY_EXISTS);
+    EXPECT_TRUE(DeleteFileW(b.c_str()));
+    EXPECT_FALSE(DeleteFileW(b.c_str()));
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    EXPECT_TRUE(MoveFileW(a.c_str(), b.c_str()));
+    EXPECT_EQ(TemporaryFolder::read(folder.file("b")), "1");
+}
+
+TEST(StringTable, ReadsWhatItWrites) {
+    std::size_t bad = 0;
+    const auto table =
+        zuhost::StringTable::parse("# c\n\n 7 = \"a\\n\\\"b\\\"\\\\ 表\"\r\nx = \"y\"\n8 = \"open\n", &bad);
+    ASSERT_NE(table.find(7), nullptr);
+    EXPECT_EQ(*table.find(7), L"a\n\"b\"\\ 表");
+    EXPECT_EQ(table.find(8), nullptr);
+    EXPECT_EQ(bad, 4U);
+    EXPECT_EQ(zuhost::StringTable::parse(table.format()).texts(), table.texts());
+}
+
+TEST(Modules, ATextModuleIsFoundByItsLibraryName) {
+    const TemporaryFolder folder;
+    folder.write("Zz.strings", "101 = \"text\"");
+    const HMODULE module = LoadLibraryW((folder.wide("") + L"\\ZZ.dll").c_str());
+    ASSERT_NE(module, nullptr);
+    wchar_t buffer[8] = L"before";
+    EXPECT_EQ(LoadStringW(module, 101, buffer, 3), 2);
+    EXPECT_STREQ(buffer, L"te");
+    EXPECT_EQ(LoadStringW(module, 102, buffer, 8), 0);
+    EXPECT_STREQ(buffer, L"");
+    EXPECT_EQ(GetProcAddress(module, "x"), nullptr);
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_FALSE(FreeLibrary(module));
+    EXPECT_EQ(LoadLibraryW(L"\\nowhere\\x.dll"), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_MOD_NOT_FOUND);
+}
+
+TEST(Language, FollowsTheEnvironment) {
+    const struct {
+        const char* locale;
+        LANGID id;
+    } cases[] = {{"ja_JP.UTF-8", 0x0411},
+                 {"en_US.UTF-8", 0x0409},
+                 {"de_DE.UTF-8", 0x0407},
+                 {"zh_TW.UTF-8", 0x0404},
+                 {"C", 0},
+                 {"POSIX", 0},
+                 {"C.UTF-8", 0},
+                 {"xx_YY", 0}};
+    for (const auto& c : cases) {
+        setenv("LC_ALL", c.locale, 1);
+        EXPECT_EQ(GetUserDefaultUILanguage(), c.id) << c.locale;
+    }
+    setenv("LC_ALL", "C.UTF-8", 1);
+}
+
+TEST(MessageBox, CanBeObserved) {
+    const zuhost::MessageBoxObserver observer(IDNO);
+    EXPECT_EQ(AfxMessageBox(L"sure?", MB_YESNO | MB_ICONSTOP), IDNO);
+    ASSERT_EQ(observer.boxes().size(), 1U);
+    EXPECT_EQ(observer.boxes()[0].text, L"sure?");
+}
+
+} // namespace
