@@ -13,6 +13,7 @@ void addConnectedCommand(CLI::App& program);
 void addAttributesCommand(CLI::App& program);
 void addSetAttributeCommand(CLI::App& program);
 void addSaveCommand(CLI::App& program);
+void addPartCommand(CLI::App& program);
 void addTableCommand(CLI::App& program);
 void addDemoCommand(CLI::App& program);
 

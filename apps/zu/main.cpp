@@ -21,6 +21,7 @@ void addCommands(CLI::App& program) {
     addAttributesCommand(program);
     addSetAttributeCommand(program);
     addSaveCommand(program);
+    addPartCommand(program);
     addTableCommand(program);
     addDemoCommand(program);
 }

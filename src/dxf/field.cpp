@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <limits>
 
 namespace zu::dxf {
@@ -11,6 +12,10 @@ namespace zu::dxf {
 namespace {
 
 using zuhost::dxf::ValueType;
+
+double finite(double value) {
+    return std::isfinite(value) ? value : 0;
+}
 
 int narrowed(std::int64_t value) {
     return static_cast<int>(
@@ -32,8 +37,9 @@ int leadingInteger(std::string_view text) {
 
 double realOf(const zuhost::dxf::Record& record, bool binary) {
     if (!binary)
-        return zuhost::parseReal(record.value).value_or(0);
-    return zuhost::dxf::valueType(record.code) == ValueType::real ? zuhost::dxf::binaryReal(record.value) : 0;
+        return finite(zuhost::parseReal(record.value).value_or(0));
+    const bool isReal = zuhost::dxf::valueType(record.code) == ValueType::real;
+    return isReal ? finite(zuhost::dxf::binaryReal(record.value)) : 0;
 }
 
 int integerOf(const zuhost::dxf::Record& record, bool binary) {

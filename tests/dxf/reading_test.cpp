@@ -48,15 +48,17 @@ std::string binaryDrawing(const std::string& records) {
 TEST(Reading, FieldsOfDamagedAndOddEntities) {
     // A group of its own before the first entity, a vertex without a polyline, unknown types, an embedded
     // object.
-    const PlainJson list = entitiesOf(entities(
-        {{8, "before"}, {0, "VERTEX"},      {10, "1"},   {0, "line"},  {10, "1"}, {0, "LINE"},
-         {10, "+1.5"},  {20, " 2,5"},       {62, " 3x"}, {0, "PLINE"}, {70, "1"}, {0, "VERTEX"},
-         {10, "7"},     {0, "SEQEND"},      {8, "none"}, {0, "MTEXT"}, {10, "4"}, {101, "Embedded Object"},
-         {10, "5"},     {1, "not the text"}}));
+    const PlainJson list = entitiesOf(
+        entities({{8, "before"}, {0, "VERTEX"},      {10, "1"},    {0, "line"},   {10, "1"},
+                  {0, "LINE"},   {10, "+1.5"},       {20, " 2,5"}, {11, "nan"},   {21, "1e999"},
+                  {62, " 3x"},   {0, "PLINE"},       {70, "1"},    {0, "VERTEX"}, {10, "7"},
+                  {0, "SEQEND"}, {8, "none"},        {0, "MTEXT"}, {10, "4"},     {101, "Embedded Object"},
+                  {10, "5"},     {1, "not the text"}}));
     ASSERT_EQ(list.size(), 3U);
     EXPECT_EQ(list[0]["p1"], PlainJson({1.5, 0.0}));
     EXPECT_EQ(list[0]["color"], 3);
-    EXPECT_EQ(list[0]["p2"], nullptr);
+    EXPECT_EQ(list[0]["p2"], PlainJson({0.0, 0.0}));
+    EXPECT_EQ(list[0]["handle"], nullptr);
     EXPECT_EQ(list[1]["type"], "POLYLINE");
     EXPECT_EQ(list[1]["vertices"].size(), 1U);
     EXPECT_EQ(list[1]["vertices"][0]["p"], PlainJson({7.0, 0.0}));

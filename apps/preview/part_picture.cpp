@@ -1,0 +1,102 @@
+#include "part_picture.h"
+
+#include "color_table.h"
+#include "part_shapes.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zu::preview {
+
+namespace {
+
+/// The box that holds both; unlike QRectF's own, with boxes of no width or height.
+QRectF united(const QRectF& a, const QRectF& b) {
+    return {QPointF(std::min(a.left(), b.left()), std::min(a.top(), b.top())),
+            QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom()))};
+}
+
+QRectF boxOf(const std::vector<Shape>& shapes) {
+    if (shapes.empty())
+        return {};
+    QRectF box = shapes.front().path.boundingRect();
+    for (const Shape& shape : shapes)
+        box = united(box, shape.path.boundingRect());
+    return box;
+}
+
+/// Headers are often left behind by later changes: one that cuts away a good part of the drawing, or holds
+/// much more than the drawing, doesn't count.
+bool isGoodFor(const QRectF& header, const QRectF& drawn) {
+    if (!(header.width() > 0) || !(header.height() > 0))
+        return false;
+    constexpr double kTooMuch = 4;
+    const QRectF both = united(header, drawn);
+    return both.width() < header.width() * 1.05 && both.height() < header.height() * 1.05 &&
+           (header.width() < drawn.width() * kTooMuch || header.height() < drawn.height() * kTooMuch);
+}
+
+QRectF extentsOf(const CAcadDxf& part, const std::vector<Shape>& shapes) {
+    double minX = 0;
+    double minY = 0;
+    double maxX = 0;
+    double maxY = 0;
+    part.GetSave(minX, minY, maxX, maxY);
+    const QRectF header(QPointF(minX, minY), QPointF(maxX, maxY));
+    const QRectF drawn = boxOf(shapes);
+    return isGoodFor(header, drawn) ? header : drawn;
+}
+
+/// Fits the box into the picture, y turned around.
+QTransform fitInto(const QSize& size, const QRectF& box) {
+    const double margin = std::max(4.0, 0.04 * std::min(size.width(), size.height()));
+    const double smallest = std::max({box.width(), box.height(), 1e-9}) * 1e-6;
+    const double scale = std::min((size.width() - 2 * margin) / std::max(box.width(), smallest),
+                                  (size.height() - 2 * margin) / std::max(box.height(), smallest));
+    QTransform transform = QTransform::fromTranslate(size.width() / 2.0, size.height() / 2.0);
+    transform.scale(scale, -scale);
+    transform.translate(-box.center().x(), -box.center().y());
+    return transform;
+}
+
+void paint(QPainter& painter, const Shape& shape, const QTransform& toPicture, bool dark) {
+    constexpr double kThinnest = 0.9;
+    constexpr double kPixelsPerUnit = 0.055; // 0.25 mm is about one and a half pixels.
+    constexpr double kDot = 2.5;
+    const QColor color = colorOf(shape.color, dark);
+    const QPainterPath path = toPicture.map(shape.path);
+    switch (shape.kind) {
+    case ShapeKind::stroke:
+        painter.strokePath(path, QPen(color, std::max(kThinnest, shape.lineWeight * kPixelsPerUnit),
+                                      shape.style, Qt::RoundCap, Qt::RoundJoin));
+        break;
+    case ShapeKind::fill:
+        painter.fillPath(path, color);
+        break;
+    case ShapeKind::dot:
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawEllipse(path.boundingRect().center(), kDot, kDot);
+        break;
+    }
+}
+
+} // namespace
+
+QImage pictureOf(const CAcadDxf& part, const PictureOptions& options) {
+    QImage image(options.size, QImage::Format_RGB32);
+    image.fill(options.dark ? QColor(0x1F, 0x24, 0x2B) : QColor(Qt::white));
+    const std::vector<Shape> shapes = shapesOf(part);
+    if (shapes.empty())
+        return image;
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QTransform toPicture = fitInto(options.size, extentsOf(part, shapes));
+    for (const Shape& shape : shapes)
+        paint(painter, shape, toPicture, options.dark);
+    return image;
+}
+
+} // namespace zu::preview

@@ -1,0 +1,254 @@
+#include "part_shapes.h"
+
+#include "curves.h"
+#include "text_shapes.h"
+
+#include <QTransform>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <unordered_map>
+
+namespace zu::preview {
+
+namespace {
+
+constexpr int kDeepestNesting = 16;
+constexpr int kMostEntities = 200000;
+constexpr double kFarthest = 1e12;
+constexpr int kForeground = 7;
+constexpr int kFrozen = 1;
+
+/// What a block's entities take from the reference to the block.
+struct Context {
+    QTransform transform;
+    const CString* layer = nullptr; ///< For entities on layer "0"; null outside of blocks.
+    int color = kForeground;
+    int lineWeight = CEnt::kWeightDefault;
+    int depth = 0;
+};
+
+struct LayerStyle {
+    bool visible = true;
+    int color = kForeground;
+    int lineWeight = CEnt::kWeightDefault;
+    Qt::PenStyle style = Qt::SolidLine;
+};
+
+Qt::PenStyle penStyle(const CString& linetype) {
+    CString name = linetype;
+    name.MakeUpper();
+    const auto holds = [&name](const wchar_t* word) { return name.Find(word) >= 0; };
+    if (holds(L"CENTER") || holds(L"DASHDOT") || holds(L"PHANTOM"))
+        return Qt::DashDotLine;
+    if (holds(L"HIDDEN") || holds(L"DASHED"))
+        return Qt::DashLine;
+    return holds(L"DOT") ? Qt::DotLine : Qt::SolidLine;
+}
+
+bool isReal(const QRectF& box) {
+    const auto near = [](double value) { return std::abs(value) < kFarthest; };
+    return near(box.left()) && near(box.right()) && near(box.top()) && near(box.bottom());
+}
+
+std::vector<CDblPoint> pointsOf(const CPline& polyline) {
+    constexpr int kControlPoint = 16;
+    std::vector<CDblPoint> points;
+    for (POSITION at = polyline.m_vertices.GetHeadPosition(); at != nullptr;) {
+        const auto& vertex = static_cast<const CVertex&>(*polyline.m_vertices.GetNext(at));
+        if ((vertex.m_flags & kControlPoint) == 0)
+            points.push_back({vertex.m_x, vertex.m_y, vertex.m_bulge});
+    }
+    return points;
+}
+
+class ShapeCollector {
+public:
+    explicit ShapeCollector(const CAcadDxf& part) : part_(part) {}
+
+    std::vector<Shape> collect() {
+        Context top;
+        addEntities(part_.GetEntities(), top);
+        return std::move(shapes_);
+    }
+
+private:
+    void addEntities(const CObList& entities, const Context& context) {
+        for (POSITION at = entities.GetHeadPosition(); at != nullptr && left_ > 0;) {
+            const auto& entity = static_cast<const CEnt&>(*entities.GetNext(at));
+            --left_;
+            if (!entity.m_paper)
+                addEntity(entity, context);
+        }
+    }
+
+    void addEntity(const CEnt& entity, const Context& context) {
+        const bool onLayerZero = entity.GetLayer() == L"0" && context.layer != nullptr;
+        const CString& layer = onLayerZero ? *context.layer : entity.GetLayer();
+        const LayerStyle& style = styleOf(layer);
+        if (!style.visible)
+            return;
+        Shape shape;
+        shape.color = colorOf(entity, context, style);
+        shape.lineWeight = weightOf(entity, context, style);
+        shape.style = style.style;
+        const Context own{transformOf(entity, context), &layer, shape.color, shape.lineWeight, context.depth};
+        draw(entity, own, std::move(shape));
+    }
+
+    void draw(const CEnt& entity, const Context& own, Shape shape) {
+        switch (entity.m_type) {
+        case EntType::insert:
+            addInsert(static_cast<const CInsert&>(entity), own);
+            return;
+        case EntType::dimension:
+            addBlock(static_cast<const CDim&>(entity).GetBlock(), own, own.transform);
+            return;
+        case EntType::point:
+            addPoint(static_cast<const CAcPoint&>(entity), own, std::move(shape));
+            return;
+        case EntType::text:
+            shape.kind = ShapeKind::fill;
+            shape.path = textShape(static_cast<const CText&>(entity));
+            break;
+        case EntType::mtext:
+            shape.kind = ShapeKind::fill;
+            shape.path = textShape(static_cast<const CMtext&>(entity));
+            break;
+        default:
+            shape.path = curveOf(entity);
+        }
+        add(std::move(shape), own.transform);
+    }
+
+    static QPainterPath curveOf(const CEnt& entity) {
+        constexpr int kClosed = 1;
+        constexpr int kMeshOrFaces = 16 | 64;
+        switch (entity.m_type) {
+        case EntType::line: {
+            const auto& line = static_cast<const CLine&>(entity);
+            QPainterPath path(QPointF(line.m_x1, line.m_y1));
+            path.lineTo(line.m_x2, line.m_y2);
+            return path;
+        }
+        case EntType::circle: {
+            const auto& found = static_cast<const CCircle&>(entity);
+            return circle({found.m_x, found.m_y}, found.m_radius);
+        }
+        case EntType::arc: {
+            const auto& found = static_cast<const CArc&>(entity);
+            return arc({found.m_x, found.m_y}, found.m_radius, found.m_start, found.m_end);
+        }
+        case EntType::ellipse:
+            return ellipse(static_cast<const CEllipse&>(entity));
+        case EntType::lwPolyline: {
+            const auto& found = static_cast<const CLwPline&>(entity);
+            return bulged(found.m_points, (found.m_flags & kClosed) != 0);
+        }
+        case EntType::polyline: {
+            const auto& found = static_cast<const CPline&>(entity);
+            if ((found.m_flags & kMeshOrFaces) != 0)
+                return {};
+            return bulged(pointsOf(found), (found.m_flags & kClosed) != 0);
+        }
+        default:
+            return {};
+        }
+    }
+
+    void addPoint(const CAcPoint& point, const Context& own, Shape shape) {
+        // The defining points of dimensions are no part of their picture.
+        if (point.GetLayer().CompareNoCase(L"Defpoints") == 0)
+            return;
+        shape.kind = ShapeKind::dot;
+        shape.path.moveTo(point.m_x, point.m_y);
+        add(std::move(shape), own.transform);
+    }
+
+    void add(Shape shape, const QTransform& transform) {
+        if (shape.path.elementCount() == 0)
+            return;
+        shape.path = transform.map(shape.path);
+        if (isReal(shape.path.boundingRect()))
+            shapes_.push_back(std::move(shape));
+    }
+
+    void addInsert(const CInsert& insert, const Context& own) {
+        const int columns = std::max(insert.m_columns, 1);
+        const int rows = std::max(insert.m_rows, 1);
+        QTransform place = own.transform;
+        place.translate(insert.m_x, insert.m_y);
+        place.rotate(insert.m_rotation);
+        for (int row = 0; row < rows && left_ > 0; ++row)
+            for (int column = 0; column < columns && left_ > 0; ++column) {
+                --left_;
+                QTransform cell = place;
+                cell.translate(column * insert.m_columnSpacing, row * insert.m_rowSpacing);
+                cell.scale(insert.m_xScale, insert.m_yScale);
+                addBlock(insert.GetBlock(), own, cell);
+            }
+    }
+
+    void addBlock(const CString& name, const Context& own, QTransform place) {
+        const CBlock* const block = own.depth < kDeepestNesting ? part_.FindBlock(name) : nullptr;
+        if (block == nullptr)
+            return;
+        Context inner = own;
+        inner.transform = place.translate(-block->m_x, -block->m_y);
+        ++inner.depth;
+        addEntities(block->m_entities, inner);
+    }
+
+    /// Plane curves, texts and references of a plane that is seen from below are mirrored.
+    static QTransform transformOf(const CEnt& entity, const Context& context) {
+        const bool inWorld = entity.m_type == EntType::line || entity.m_type == EntType::ellipse ||
+                             entity.m_type == EntType::mtext || entity.m_type == EntType::point ||
+                             entity.m_type == EntType::dimension;
+        QTransform transform = context.transform;
+        return entity.m_mirrored && !inWorld ? transform.scale(-1, 1) : transform;
+    }
+
+    static int colorOf(const CEnt& entity, const Context& context, const LayerStyle& style) {
+        if (entity.m_color == CEnt::kByBlock)
+            return context.color;
+        const bool byLayer = entity.m_color >= CEnt::kByLayer || entity.m_color < 0;
+        return byLayer ? style.color : entity.m_color;
+    }
+
+    static int weightOf(const CEnt& entity, const Context& context, const LayerStyle& style) {
+        constexpr int kDefault = 25;
+        int weight = entity.m_lineWeight;
+        if (weight == CEnt::kWeightByBlock)
+            weight = context.lineWeight;
+        if (weight == CEnt::kWeightByLayer)
+            weight = style.lineWeight;
+        return weight < 0 ? kDefault : weight;
+    }
+
+    const LayerStyle& styleOf(const CString& name) {
+        const auto [place, isNew] = styles_.try_emplace(std::wstring(name.view()));
+        if (!isNew)
+            return place->second;
+        LayerStyle& style = place->second;
+        style.color = std::abs(part_.GetLyColor(name));
+        style.lineWeight = part_.GetLineWeight(name);
+        style.style = penStyle(part_.GetLinetype(name));
+        const CLayer* const layer = part_.FindLayer(name);
+        style.visible = layer == nullptr || (layer->m_color >= 0 && (layer->m_flags & kFrozen) == 0);
+        return style;
+    }
+
+    const CAcadDxf& part_;
+    std::vector<Shape> shapes_;
+    std::unordered_map<std::wstring, LayerStyle> styles_;
+    int left_ = kMostEntities;
+};
+
+} // namespace
+
+std::vector<Shape> shapesOf(const CAcadDxf& part) {
+    return ShapeCollector(part).collect();
+}
+
+} // namespace zu::preview
