@@ -1,0 +1,37 @@
+#include "attributes/model/field_rules.h"
+
+#include "attributes/attribute_rows.h"
+
+namespace zu {
+
+CString attributeField(const CString& text, int n) {
+    if (n < 1)
+        return {};
+    int start = 0;
+    for (int field = 1;; ++field) {
+        const int bar = text.Find(L'|', start);
+        if (bar < 0)
+            return text.Mid(start);
+        if (field == n)
+            return text.Mid(start, bar - start);
+        start = bar + 1;
+    }
+}
+
+bool isEditable(const CString& text) {
+    return attributeField(text, 4).Left(1) == L"1";
+}
+
+bool findIdCode(CString& code, const CPtrArray& table, const CString& first, const CString& third) {
+    for (int i = 0; i < table.GetSize(); ++i) {
+        const CStringArray& record = stringsAt(table, i);
+        if (record.GetSize() < 3 || record[0].CompareNoCase(first) != 0 ||
+            record[2].CompareNoCase(third) != 0)
+            continue;
+        code = record[1];
+        return true;
+    }
+    return false;
+}
+
+} // namespace zu
