@@ -1,0 +1,151 @@
+#include "near_points.h"
+
+#include <cmath>
+#include <vector>
+
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+constexpr Point kOrigin{0.0, 0.0};
+
+TEST(Basics, AngleSnapsNearTheVerticalAndKeepsHairlineNegatives) {
+    const struct {
+        Point to;
+        int code;
+        double angle;
+    } cases[] = {
+        {{0.05, 5}, 0, 90.0},
+        {{0.05, -5}, 0, 270.0},
+        {{0.05, 0.05}, 1, 0.0},
+        {{-0.1, 0.1}, 1, 0.0},
+        {{-0.1, -9}, 0, 270.0},
+        {{-10, 0}, 0, 180.0},
+        {{0.2, 0}, 0, 0.0},
+        {{3, 3}, 0, 45.0},
+        {{3, -3}, 0, 315.0},
+        {{10, -1e-7}, 0, -1e-8 * 180 / kPi},
+        {{10, -0.0011}, 0, 360 - 0.0011 * 18 / kPi},
+    };
+    for (const auto& c : cases) {
+        double angle = 5.0;
+        EXPECT_EQ(Esg_get_angle(&kOrigin, &c.to, &angle), c.code);
+        EXPECT_NEAR(angle, c.angle, 1e-9) << c.to.x << ' ' << c.to.y;
+    }
+}
+
+TEST(Basics, UnitVectorsOfAxisParallelLinesAreExact) {
+    const struct {
+        Line line;
+        double angle;
+    } cases[] = {
+        {{0, 0, 0, -5}, 3 * kPi / 2}, {{0, 0, 0, 5}, kPi / 2}, {{5, 0, 0, 0}, kPi}, {{0, 0, 5, 0}, 0}};
+    for (const auto& c : cases) {
+        Point unit{};
+        ASSERT_EQ(Esg_line_vectle(&c.line, &unit), 0);
+        EXPECT_EQ(unit.x, std::cos(c.angle));
+        EXPECT_EQ(unit.y, std::sin(c.angle));
+    }
+    const Line slope{1, 1, -2, -3};
+    Point unit{};
+    double length = 0;
+    ASSERT_EQ(Esg_line_vectle(&slope, &unit), 0);
+    ASSERT_EQ(Esg_line_length(&slope, &length), 0);
+    expectPoint(unit, {-0.6, -0.8});
+    EXPECT_EQ(length, 5.0);
+}
+
+TEST(Basics, DegenerateLinesLeaveOutputsUntouchedOrFallBack) {
+    const Line line{3, 4, 3, 4};
+    const Point p{7, 8};
+    Point unit = kUntouched;
+    Point foot = kUntouched;
+    Line parallel{1, 2, 3, 4};
+    double length = 5.0;
+    int side = 9;
+    EXPECT_EQ(Esg_line_vectle(&line, &unit), 1);
+    EXPECT_EQ(Esg_line_length(&line, &length), 1);
+    EXPECT_EQ(Esg_parallel_line(&line, &p, 1.0, &parallel), 1);
+    Esg_judge_pside(&line, &p, &side);
+    Esg_project_p2l(&p, &line, &foot);
+    EXPECT_EQ(unit.x, kUntouched.x);
+    EXPECT_EQ(length, 5.0);
+    EXPECT_EQ(parallel.y2, 4.0);
+    EXPECT_EQ(side, 0);
+    expectPoint(foot, p);
+    std::vector<Point> copy(1);
+    Esg_mirror(&line, 1, &p, copy.data());
+    expectPoint(copy[0], p);
+}
+
+TEST(Basics, SideBandIsOnTheCrossProduct) {
+    const struct {
+        Line line;
+        Point p;
+        int side;
+    } cases[] = {
+        {{0, 0, 1000, 0}, {500, 0.00005}, 0}, {{0, 0, 1000, 0}, {500, 0.00011}, 1},
+        {{0, 0, 1, 0}, {0.5, 0.2}, 1},        {{0, 0, 1, 0}, {0.5, 0.09}, 0},
+        {{0, 0, 1, 0}, {0.5, -0.11}, -1},     {{0, 5, 0, 0}, {2, 1}, 1},
+    };
+    for (const auto& c : cases) {
+        int side = 9;
+        Esg_judge_pside(&c.line, &c.p, &side);
+        EXPECT_EQ(side, c.side) << c.p.x << ' ' << c.p.y;
+    }
+}
+
+TEST(Basics, SegmentReachesHalfTheToleranceBeyondItsEnds) {
+    const Line segment{0, 0, 10, 0};
+    const struct {
+        Point p;
+        int on;
+    } cases[] = {{{0, 0}, 1},    {{10, 0}, 1},  {{10.2, 0}, 1}, {{10.25, 0}, 0},
+                 {{-0.3, 0}, 0}, {{5, 1.5}, 1}, {{5, 1.7}, 0}};
+    for (const auto& c : cases)
+        EXPECT_EQ(Esg_check_onPnt(&segment, &c.p, 0.5), c.on) << c.p.x << ' ' << c.p.y;
+}
+
+TEST(Basics, ParallelLineGoesToThePickedSideAndRightOfPointsOnTheLine) {
+    const Line line{0, 0, 10, 0};
+    const struct {
+        Point side;
+        double dist;
+        int code;
+        double y;
+    } cases[] = {
+        {{5, 1}, 2, 0, 2}, {{5, -1}, 2, 0, -2}, {{5, 0}, 2, 0, -2}, {{5, 1}, -2, 0, -2}, {{5, 1}, 0, 2, 9}};
+    for (const auto& c : cases) {
+        Line out{0, 9, 10, 9};
+        EXPECT_EQ(Esg_parallel_line(&line, &c.side, c.dist, &out), c.code);
+        expectPoint({out.x1, out.y1}, {0, c.y});
+        expectPoint({out.x2, out.y2}, {10, c.y});
+    }
+}
+
+TEST(Basics, WholeArraysGiveTheSameBitsAsSinglePointsAlsoInPlace) {
+    std::vector<Point> points;
+    for (int i = 0; i < 103; ++i)
+        points.push_back({std::sin(i) * 1e4, std::cos(i * 7) * 1e-3});
+    const Line axis{3, -1, 8, 9};
+    const Point centre{12, -5};
+    std::vector<Point> mirrored = points;
+    std::vector<Point> rotated(points.size(), kUntouched);
+    Esg_mirror(&axis, 103, mirrored.data(), mirrored.data());
+    Esg_rotate(33.0, &centre, 102, points.data(), rotated.data());
+    for (std::size_t i = 0; i < 102; ++i) {
+        Point one{};
+        Esg_mirror(&axis, 1, &points[i], &one);
+        EXPECT_TRUE(mirrored[i].x == one.x && mirrored[i].y == one.y);
+        Esg_rotate(33.0, &centre, 1, &points[i], &one);
+        EXPECT_TRUE(rotated[i].x == one.x && rotated[i].y == one.y);
+    }
+    EXPECT_EQ(rotated[102].x, kUntouched.x);
+    Esg_rotate(33.0, &centre, -1, points.data(), nullptr);
+    Esg_mirror(&axis, 0, points.data(), nullptr);
+    const Point east{13, -5};
+    Point north{};
+    Esg_rotate(90.0, &centre, 1, &east, &north);
+    expectPoint(north, {12, -4});
+}
+
+} // namespace

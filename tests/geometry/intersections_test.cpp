@@ -1,0 +1,144 @@
+#include "near_points.h"
+
+#include <span>
+
+namespace {
+
+TEST(Intersections, LinesAndSegments) {
+    const struct {
+        Line a, b;
+        int lines, segments;
+        Point p;
+    } cases[] = {
+        {{0, 0, 10, 0}, {5, -5, 5, 5}, 1, 1, {5, 0}},
+        {{0, 0, 10, 0}, {10.2, -5, 10.2, 5}, 1, 1, {10.2, 0}},
+        {{0, 0, 10, 0}, {10.3, -5, 10.3, 5}, 1, 0, {10.3, 0}},
+        {{0, 0, 1, 0}, {0, 0, 1, 0.05}, 0, 0, {0, 0}},
+        {{0, 0, 1, 0}, {0, 3, 1, 3.11}, 1, 0, {-3 / 0.11, 0}},
+        {{0, 0, 1, 1}, {5, 5, 5, 5}, 0, 0, kUntouched},
+        {{5, 5, 5, 5}, {0, 0, 1, 1}, 0, 0, kUntouched},
+    };
+    for (const auto& c : cases) {
+        Point p = kUntouched;
+        EXPECT_EQ(Esg_inter_l2l(&c.a, &c.b, &p), c.lines);
+        expectPoint(p, c.p);
+        p = kUntouched;
+        EXPECT_EQ(Esg_inter_i2i(&c.a, &c.b, &p), c.segments);
+        expectPoint(p, c.p);
+    }
+}
+
+struct CurveCase {
+    const char* name;
+    Line line;
+    Arcs arc;
+    int code;
+    Point p1, p2;
+};
+
+using Operation = int (*)(const Line&, const Arcs&, Point*, Point*);
+
+int lineWithCircle(const Line& l, const Arcs& a, Point* p1, Point* p2) {
+    const Circle circle{a.cx, a.cy, a.r};
+    return Esg_inter_l2c(&l, &circle, p1, p2);
+}
+
+int lineWithArc(const Line& l, const Arcs& a, Point* p1, Point* p2) {
+    return Esg_inter_l2a(&l, &a, p1, p2);
+}
+
+int segmentWithCircle(const Line& l, const Arcs& a, Point* p1, Point* p2) {
+    const Circle circle{a.cx, a.cy, a.r};
+    return Esg_inter_i2c(&l, &circle, p1, p2);
+}
+
+int segmentWithArc(const Line& l, const Arcs& a, Point* p1, Point* p2) {
+    return Esg_inter_i2a(&l, &a, p1, p2);
+}
+
+void check(Operation operation, std::span<const CurveCase> cases) {
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Point p1 = kUntouched;
+        Point p2 = kUntouched;
+        EXPECT_EQ(operation(c.line, c.arc, &p1, &p2), c.code);
+        expectPoint(p1, c.p1, 1e-7);
+        expectPoint(p2, c.p2, 1e-7);
+    }
+}
+
+TEST(Intersections, LineAndCircle) {
+    const CurveCase cases[] = {
+        {"two, along the line", {20, 0, 10, 0}, {0, 0, 5, 0, 0}, 1, {5, 0}, {-5, 0}},
+        {"touching from inside", {-1, 9.99975, 1, 9.99975}, {0, 0, 10, 0, 0}, 2, {0, 9.99975}, {0, 0}},
+        {"touching from outside", {-1, 10.00025, 1, 10.00025}, {0, 0, 10, 0, 0}, 2, {0, 10.00025}, {0, 0}},
+        {"just missing", {-1, 10.0006, 1, 10.0006}, {0, 0, 10, 0, 0}, 0, {0, 0}, {0, 0}},
+        {"small radii are stricter",
+         {-1, 0.49999, 1, 0.49999},
+         {0, 0, 0.5, 0, 0},
+         1,
+         {-0.0031622, 0.49999},
+         {0.0031622, 0.49999}},
+        {"degenerate", {1, 1, 1, 1}, {0, 0, 5, 0, 0}, 0, kUntouched, kUntouched},
+    };
+    check(lineWithCircle, cases);
+}
+
+TEST(Intersections, LineAndArc) {
+    const CurveCase cases[] = {
+        {"through 0 degrees", {-20, 0, 20, 0}, {0, 0, 10, 350, 10}, 2, {10, 0}, {0, 0}},
+        {"first only", {-20, 0, 20, 0}, {0, 0, 10, 90, 270}, 2, {-10, 0}, {0, 0}},
+        {"both, ends inside", {-20, 0, 20, 0}, {0, 0, 10, 0, 180}, 1, {-10, 0}, {10, 0}},
+        {"neither", {-20, 0, 20, 0}, {0, 0, 10, 10, 170}, 0, {0, 0}, {0, 0}},
+        {"touching outside the sweep", {-1, 10, 1, 10}, {0, 0, 10, 180, 270}, 0, {0, 0}, {0, 0}},
+        {"touching in the sweep", {-1, 10, 1, 10}, {0, 0, 10, 0, 90}, 2, {0, 10}, {0, 0}},
+        {"full turns are taken off once", {-20, 0, 20, 0}, {0, 0, 10, 530, 550}, 2, {-10, 0}, {0, 0}},
+        {"negative angles stay", {-20, 0, 20, 0}, {0, 0, 10, -190, -170}, 0, {0, 0}, {0, 0}},
+        {"a tiny arc is seen at 0 degrees", {-1, 0, 1, 0}, {0, 0, 0.05, 90, 270}, 0, {0, 0}, {0, 0}},
+    };
+    check(lineWithArc, cases);
+}
+
+TEST(Intersections, SegmentsKeepThePointsOnThem) {
+    const CurveCase cases[] = {
+        {"both", {-20, 0, 20, 0}, {0, 0, 10, 0, 359}, 1, {-10, 0}, {10, 0}},
+        {"first, the other left behind", {-20, 0, 0, 0}, {0, 0, 10, 0, 359}, 2, {-10, 0}, {10, 0}},
+        {"second, moved to p1", {0, 0, 20, 0}, {0, 0, 10, 0, 359}, 2, {10, 0}, {10, 0}},
+        {"neither", {-5, 0, 5, 0}, {0, 0, 10, 0, 359}, 0, {-10, 0}, {10, 0}},
+        {"touching beyond the end", {1, 10, 3, 10}, {0, 0, 10, 0, 359}, 0, {0, 10}, {0, 0}},
+        {"missed", {-5, 20, 5, 20}, {0, 0, 10, 0, 359}, 0, {0, 0}, {0, 0}},
+    };
+    check(segmentWithCircle, cases);
+    check(segmentWithArc, cases);
+}
+
+TEST(Intersections, CirclePairs) {
+    const struct {
+        const char* name;
+        Circle a, b;
+        int code, count;
+        Point p1, p2;
+    } cases[] = {
+        {"touching on a horizontal", {0, 0, 5}, {10, 0, 5}, 0, 1, {5, 0}, {5, 0}},
+        {"touching on a vertical", {0, 0, 5}, {0, 10, 5}, 0, 1, {0, 5}, {0, 5}},
+        {"lower point first", {0, 0, 5}, {6, 0, 5}, 0, 2, {3, -4}, {3, 4}},
+        {"left point first", {0, 6, 5}, {0, 0, 5}, 0, 2, {-4, 3}, {4, 3}},
+        {"barely apart still touches", {0, 0, 5}, {10.0000005, 0, 5}, 0, 1, {5.00000025, 0}, {5.00000025, 0}},
+        {"apart on a horizontal", {0, 0, 5}, {10.1, 0, 5}, 3, 0, kUntouched, kUntouched},
+        {"apart", {0, 0, 5}, {8, 8, 5}, 3, 0, kUntouched, kUntouched},
+        {"same", {1, 2, 5}, {1, 2, 5.005}, 1, 0, kUntouched, kUntouched},
+        {"concentric", {1, 2, 5}, {1, 2, 5.02}, 2, 0, kUntouched, kUntouched},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        int n = 9;
+        Point p1 = kUntouched;
+        Point p2 = kUntouched;
+        EXPECT_EQ(Esg_inter_c2c(&c.a, &c.b, &n, &p1, &p2), c.code);
+        EXPECT_EQ(n, c.count);
+        expectPoint(p1, c.p1);
+        expectPoint(p2, c.p2);
+    }
+}
+
+} // namespace

@@ -1,0 +1,155 @@
+#include "near_points.h"
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <random>
+
+namespace {
+
+/// Random input away from the vertical, where directions snap.
+class Properties : public testing::Test {
+protected:
+    static constexpr int kRounds = 2000;
+
+    double number(double low, double high) { return std::uniform_real_distribution(low, high)(random_); }
+    Point point() { return {number(-500, 500), number(-500, 500)}; }
+    Line line() { return {number(-500, 0), number(-500, 500), number(1, 500), number(-500, 500)}; }
+
+    static double distance(const Point& a, const Point& b) { return std::hypot(a.x - b.x, a.y - b.y); }
+    static double distance(const Line& l, const Point& p) {
+        Point foot{};
+        Esg_project_p2l(&p, &l, &foot);
+        return distance(foot, p);
+    }
+
+private:
+    std::mt19937 random_{20240607};
+};
+
+TEST_F(Properties, IntersectionsLieOnBothInputs) {
+    for (int i = 0; i < kRounds; ++i) {
+        const Line l = line();
+        const Line m = line();
+        const Circle c{number(-200, 200), number(-200, 200), number(50, 300)};
+        const Circle d{number(-200, 200), number(-200, 200), number(50, 300)};
+        Point p{};
+        Point q{};
+        if (Esg_inter_l2l(&l, &m, &p) == 1) {
+            const double tolerance = 1e-8 * (1 + std::hypot(p.x, p.y));
+            EXPECT_LT(distance(l, p), tolerance);
+            EXPECT_LT(distance(m, p), tolerance);
+        }
+        if (Esg_inter_l2c(&l, &c, &p, &q) == 1) {
+            EXPECT_NEAR(distance(p, {c.cx, c.cy}), c.r, 1e-8);
+            EXPECT_LT(distance(l, q), 1e-8);
+        }
+        int n = 0;
+        if (Esg_inter_c2c(&c, &d, &n, &p, &q) == 0 && n == 2) {
+            EXPECT_NEAR(distance(p, {c.cx, c.cy}), c.r, 1e-4);
+            EXPECT_NEAR(distance(q, {d.cx, d.cy}), d.r, 1e-4);
+            EXPECT_TRUE(c.cy == d.cy || p.x <= q.x);
+        }
+    }
+}
+
+TEST_F(Properties, MirrorTwiceIsTheIdentityAndTangentsTouchBothCircles) {
+    for (int i = 0; i < kRounds; ++i) {
+        const Line axis = line();
+        const Point p = point();
+        Point q{};
+        Esg_mirror(&axis, 1, &p, &q);
+        EXPECT_NEAR(distance(axis, p), distance(axis, q), 1e-9);
+        Esg_mirror(&axis, 1, &q, &q);
+        expectPoint(q, p);
+
+        const Circle c{number(-500, -1), number(-500, 500), number(1, 300)};
+        const Circle d{number(1, 500), number(-500, 500), number(1, 300)};
+        Line out[4] = {};
+        int n = 0;
+        if (Esg_tangentLine_c2c(&c, &d, out, &n) != 0)
+            continue;
+        for (int k = 0; k < n; ++k) {
+            const double apart = std::hypot(out[k].x2 - out[k].x1, out[k].y2 - out[k].y1);
+            if (apart < 1.0)
+                continue;
+            EXPECT_NEAR(distance(out[k], {c.cx, c.cy}), c.r, 1e-6);
+            EXPECT_NEAR(distance(out[k], {d.cx, d.cy}), d.r, 1e-6);
+        }
+    }
+}
+
+TEST_F(Properties, FilletsTouchBothLinesInThePickedCornerWhateverTheOrderOfLinesAndEnds) {
+    for (int i = 0; i < kRounds; ++i) {
+        // Directions 10 to 80 degrees off every axis, the corner 20 to 160 degrees wide, the pick well
+        // inside.
+        const double first = number(10, 80) + 90 * std::floor(number(0, 4));
+        const double opening = number(20, 160);
+        const double second = first + opening;
+        const double offAxis = std::fmod(second, 90.0);
+        if (offAxis < 10 || offAxis > 80)
+            continue;
+        const Point corner = point();
+        const auto at = [&](double degrees, double far) -> Point {
+            const double t = degrees * std::numbers::pi / 180;
+            return {corner.x + far * std::cos(t), corner.y + far * std::sin(t)};
+        };
+        const double r = number(50, 100);
+        const Point pick = at(first + opening * 0.45, 300);
+        const bool swapLines = i % 2 != 0;
+        const auto lineAt = [&](double degrees, bool swapEnds) -> Line {
+            const Point from = at(degrees, swapEnds ? 900 : -900);
+            const Point to = at(degrees, swapEnds ? -900 : 900);
+            return {from.x, from.y, to.x, to.y};
+        };
+        const Line a = lineAt(swapLines ? second : first, i % 4 >= 2);
+        const Line b = lineAt(swapLines ? first : second, i % 8 >= 4);
+        Arcs arc{};
+        Line outA{};
+        Line outB{};
+        ASSERT_EQ(Esg_fillet_l2l(&pick, &a, &b, r, &arc, &outA, &outB), 0);
+        expectPoint({arc.cx, arc.cy}, at(first + opening / 2, r / std::sin(opening * std::numbers::pi / 360)),
+                    1e-6);
+        const double reach = r / std::tan(opening * std::numbers::pi / 360);
+        const double angleA = swapLines ? second : first;
+        const double angleB = swapLines ? first : second;
+        expectPoint({outA.x1, outA.y1}, at(angleA, reach), 1e-6);
+        expectPoint({outB.x1, outB.y1}, at(angleB, reach), 1e-6);
+        expectPoint({outA.x2, outA.y2}, at(angleA, 900), 1e-6);
+        expectPoint({outB.x2, outB.y2}, at(angleB, 900), 1e-6);
+        EXPECT_NEAR(std::fmod(arc.eang - arc.sang + 360, 360), 180 - opening, 1e-6);
+    }
+}
+
+TEST_F(Properties, AnyNumbersGiveOnlyDocumentedCodes) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    const double specials[] = {0,      1,      -3,        1e15,       -1e15,       1e308,
+                               1e-170, 5e-324, kInfinity, -kInfinity, std::nan("")};
+    const auto any = [&] { return specials[static_cast<std::size_t>(number(0, 10.999))]; };
+    for (int i = 0; i < 20 * kRounds; ++i) {
+        const Line l{any(), any(), any(), any()};
+        const Line m{any(), any(), any(), any()};
+        const Circle c{any(), any(), any()};
+        const Circle d{any(), any(), any()};
+        const Arcs arc{any(), any(), any(), any(), any()};
+        const auto within = [](int code, int most) { return code >= 0 && code <= most; };
+        Point p{any(), any()};
+        Point q{any(), any()};
+        Line lines[4] = {};
+        Circle circles[4] = {};
+        Arcs round{};
+        int n = 0;
+        EXPECT_TRUE(within(Esg_fillet_l2l(&p, &l, &m, any(), &round, &lines[0], &lines[1]), 17));
+        EXPECT_TRUE(within(Esg_parallel_line(&l, &p, any(), &lines[0]), 2));
+        EXPECT_TRUE(within(Esg_tangentArc_l2l(&l, &m, any(), circles), 8));
+        EXPECT_TRUE(within(Esg_tangentLine_c2c(&c, &d, lines, &n), 1) && (n == 0 || n == 2 || n == 4));
+        EXPECT_TRUE(within(Esg_inter_c2c(&c, &d, &n, &p, &q), 3) && within(n, 2));
+        EXPECT_TRUE(within(Esg_inter_i2i(&l, &m, &p), 1));
+        EXPECT_TRUE(within(Esg_inter_i2c(&l, &c, &p, &q), 2));
+        EXPECT_TRUE(within(Esg_inter_i2a(&l, &arc, &p, &q), 2));
+        Esg_mirror(&l, 1, &p, &q);
+        Esg_rotate(any(), &p, 1, &p, &q);
+    }
+}
+
+} // namespace
