@@ -14,6 +14,7 @@ void addAttributesCommand(CLI::App& program);
 void addSetAttributeCommand(CLI::App& program);
 void addSaveCommand(CLI::App& program);
 void addPartCommand(CLI::App& program);
+void addPlanCommand(CLI::App& program);
 void addTableCommand(CLI::App& program);
 void addDemoCommand(CLI::App& program);
 

@@ -5,10 +5,12 @@
 #include "element.h"
 #include "failure.h"
 #include "output.h"
+#include "plan_picture.h"
 #include "sample_settings.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <iostream>
@@ -124,6 +126,15 @@ void checkSaved(const std::string& path, const AttributeEdit& edit, const std::v
     step.say("the new value stands on all ", found, " elements");
 }
 
+void drawPicture(DrawingFile& drawing, const std::string& path) {
+    const Step step(7, "Draw the plan");
+    const PlanScene scene = makePlanScene(drawing);
+    drawPlan(scene, path, 1600);
+    const auto joined =
+        std::count_if(scene.joints.begin(), scene.joints.end(), [](const PlanJoint& j) { return j.joined; });
+    step.say(path, ": ", scene.joints.size(), " connection points, ", joined, " joined");
+}
+
 void run(const Options& options) {
     const fs::path sample = fs::path(options.samples) / "drawings" / "office-floor.dxf";
     if (!fs::exists(sample))
@@ -142,9 +153,11 @@ void run(const Options& options) {
         changed.push_back(handleText(id));
     saveDrawing(*drawing, result);
     checkSaved(result, edit, changed);
+    drawPicture(*drawing, (fs::path(options.output) / "office-floor-plan.png").string());
     std::cout << "\nDone. The results are in " << fs::absolute(options.output).lexically_normal().string()
               << ":\n"
               << "   office-floor-edited.dxf   the drawing with the new attribute values\n"
+              << "   office-floor-plan.png     the plan, routes coloured by link kind, joints marked\n"
               << "Try: zu elements " << result << " --routes\n";
 }
 

@@ -22,6 +22,7 @@ void addCommands(CLI::App& program) {
     addSetAttributeCommand(program);
     addSaveCommand(program);
     addPartCommand(program);
+    addPlanCommand(program);
     addTableCommand(program);
     addDemoCommand(program);
 }

@@ -6,7 +6,6 @@
 #include <QMessageBox>
 
 #include <clocale>
-#include <memory>
 
 namespace zuhost {
 
@@ -45,8 +44,9 @@ struct Application {
 void ensureDesktop() {
     if (QCoreApplication::instance() != nullptr)
         return;
-    static std::unique_ptr<Application> application;
-    application = std::make_unique<Application>();
+    // Never destroyed: at the program's end the desktop's own parts are gone before it.
+    static const Application* const application = new Application;
+    static_cast<void>(application);
     std::setlocale(LC_NUMERIC, "C");
     if (hasDesktop())
         setMessageBoxPresenter(&showBox);

@@ -1,0 +1,38 @@
+#include "commands.h"
+#include "drawing_file.h"
+#include "plan_picture.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    std::string drawing;
+    std::string output;
+    int width = 1600;
+};
+
+void run(const Options& options) {
+    DrawingFile drawing(options.drawing);
+    drawPlan(makePlanScene(drawing), options.output, options.width);
+}
+
+} // namespace
+
+void addPlanCommand(CLI::App& program) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command = program.add_subcommand(
+        "plan", "Draw the plan: routes coloured by link kind, connection points marked");
+    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    command->add_option("-o,--output", options->output, "The picture, .png or .svg")->required();
+    command->add_option("--width", options->width, "Width in pixels")
+        ->capture_default_str()
+        ->check(CLI::Range(100, 20000));
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

@@ -1,0 +1,224 @@
+#include "plan_picture.h"
+
+#include "failure.h"
+
+#include <zuhost/atomic_file.h>
+#include <zuhost/desktop.h>
+
+#include <QBuffer>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+#include <QSvgGenerator>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <system_error>
+
+namespace zu::app {
+
+namespace {
+
+constexpr double kMargin = 0.03;
+constexpr int kLegendLine = 22;
+constexpr double kSmallestText = 7.0;
+
+QColor colourOf(PlanRole role) {
+    switch (role) {
+    case PlanRole::background:
+        return {0x9a, 0xa0, 0xa6};
+    case PlanRole::equipment:
+        return {0x7b, 0x1f, 0xa2};
+    case PlanRole::kindUnknown:
+        return {0x5d, 0x40, 0x37};
+    case PlanRole::kind1:
+        return {0x15, 0x65, 0xc0};
+    case PlanRole::kind2:
+        return {0xc6, 0x28, 0x28};
+    case PlanRole::kind3:
+        return {0x2e, 0x7d, 0x32};
+    case PlanRole::kind4:
+        return {0xef, 0x6c, 0x00};
+    }
+    return Qt::black;
+}
+
+constexpr std::pair<PlanRole, const char*> kLegend[] = {
+    {PlanRole::kind1, "link kind 1"},   {PlanRole::kind2, "link kind 2"},
+    {PlanRole::kind3, "link kind 3"},   {PlanRole::kind4, "link kind 4"},
+    {PlanRole::equipment, "equipment"}, {PlanRole::kindUnknown, "no link kind"},
+};
+
+/// Where the plan lies and how it comes onto the picture.
+class Sheet {
+public:
+    Sheet(const PlanScene& scene, int width) : width_(width) {
+        for (const PlanStroke& stroke : scene.strokes)
+            for (const AcGePoint2d& point : stroke.points)
+                add(point);
+        for (const PlanText& text : scene.texts)
+            add(text.position);
+        for (const PlanJoint& joint : scene.joints)
+            add(joint.position);
+        if (left_ > right_)
+            left_ = bottom_ = 0.0, right_ = top_ = 1.0;
+        const double margin = kMargin * std::max(right_ - left_, top_ - bottom_);
+        left_ -= margin, right_ += margin, bottom_ -= margin, top_ += margin;
+        scale_ = width_ / std::max(right_ - left_, 1e-9);
+        height_ = std::clamp(static_cast<int>((top_ - bottom_) * scale_), 100, 4 * width_) + 2 * kLegendLine;
+    }
+
+    [[nodiscard]] QSize size() const { return {width_, height_}; }
+    [[nodiscard]] double scale() const { return scale_; }
+    [[nodiscard]] QPointF place(const AcGePoint2d& point) const {
+        return {(point.x - left_) * scale_, (top_ - point.y) * scale_};
+    }
+
+private:
+    void add(const AcGePoint2d& point) {
+        if (!std::isfinite(point.x) || !std::isfinite(point.y))
+            return;
+        left_ = std::min(left_, point.x);
+        right_ = std::max(right_, point.x);
+        bottom_ = std::min(bottom_, point.y);
+        top_ = std::max(top_, point.y);
+    }
+
+    double left_ = std::numeric_limits<double>::max();
+    double right_ = std::numeric_limits<double>::lowest();
+    double bottom_ = std::numeric_limits<double>::max();
+    double top_ = std::numeric_limits<double>::lowest();
+    double scale_ = 1.0;
+    int width_;
+    int height_ = 0;
+};
+
+class PlanPainter {
+public:
+    PlanPainter(QPainter& painter, const Sheet& sheet) : painter_(painter), sheet_(sheet) {}
+
+    void paint(const PlanScene& scene) {
+        painter_.setRenderHint(QPainter::Antialiasing);
+        painter_.fillRect(QRect(QPoint(0, 0), sheet_.size()), Qt::white);
+        for (const PlanStroke& stroke : scene.strokes)
+            paintStroke(stroke);
+        for (const PlanText& text : scene.texts)
+            paintText(text);
+        for (const PlanJoint& joint : scene.joints)
+            paintJoint(joint);
+        paintLegend();
+    }
+
+private:
+    void paintStroke(const PlanStroke& stroke) {
+        QPolygonF line;
+        for (const AcGePoint2d& point : stroke.points)
+            line << sheet_.place(point);
+        painter_.setPen(QPen(colourOf(stroke.role), stroke.role == PlanRole::background ? 1.0 : 1.6));
+        painter_.setBrush(Qt::NoBrush);
+        painter_.drawPolyline(line);
+    }
+
+    void paintText(const PlanText& text) {
+        const double size = std::max(text.height * sheet_.scale(), kSmallestText);
+        QFont font("IPAGothic");
+        font.setPixelSize(std::clamp(static_cast<int>(std::lround(size)), 1, 500));
+        const QString words = QString::fromStdString(text.text);
+        const double width = QFontMetricsF(font).horizontalAdvance(words);
+        painter_.save();
+        painter_.setFont(font);
+        painter_.setPen(text.role == PlanRole::background ? QColor(0x42, 0x42, 0x42) : colourOf(text.role));
+        painter_.translate(sheet_.place(text.position));
+        painter_.rotate(-text.rotation * 180.0 / 3.141592653589793);
+        painter_.drawText(text.centred ? QPointF(-width / 2.0, size * 0.36) : QPointF(0.0, 0.0), words);
+        painter_.restore();
+    }
+
+    void paintJoint(const PlanJoint& joint) {
+        const QColor colour = joint.joined ? QColor(0x21, 0x21, 0x21) : QColor(0xd5, 0x00, 0x00);
+        painter_.setPen(QPen(colour, joint.joined ? 1.0 : 1.8));
+        painter_.setBrush(joint.joined ? QBrush(colour) : QBrush(Qt::white));
+        const double radius = joint.joined ? 2.2 : 4.0;
+        painter_.drawEllipse(sheet_.place(joint.position), radius, radius);
+    }
+
+    void paintLegend() {
+        QFont font("IPAGothic");
+        font.setPixelSize(14);
+        painter_.setFont(font);
+        double x = 16.0;
+        const double y = sheet_.size().height() - 0.8 * kLegendLine;
+        const auto label = [&](const QString& words) {
+            painter_.setPen(QColor(0x21, 0x21, 0x21));
+            painter_.drawText(QPointF(x + 30.0, y + 5.0), words);
+            x += 30.0 + QFontMetricsF(font).horizontalAdvance(words) + 24.0;
+        };
+        for (const auto& [role, words] : kLegend) {
+            painter_.setPen(QPen(colourOf(role), 3.0));
+            painter_.drawLine(QPointF(x, y), QPointF(x + 24.0, y));
+            label(words);
+        }
+        paintMark(x + 12.0, y, true);
+        label("joined");
+        paintMark(x + 12.0, y, false);
+        label("dangling");
+    }
+
+    void paintMark(double x, double y, bool joined) {
+        const QColor colour = joined ? QColor(0x21, 0x21, 0x21) : QColor(0xd5, 0x00, 0x00);
+        painter_.setPen(QPen(colour, joined ? 1.0 : 1.8));
+        painter_.setBrush(joined ? QBrush(colour) : QBrush(Qt::white));
+        painter_.drawEllipse(QPointF(x, y), joined ? 2.2 : 4.0, joined ? 2.2 : 4.0);
+    }
+
+    QPainter& painter_;
+    const Sheet& sheet_;
+};
+
+QByteArray asPng(const PlanScene& scene, const Sheet& sheet) {
+    QImage image(sheet.size(), QImage::Format_RGB32);
+    QPainter painter(&image);
+    PlanPainter(painter, sheet).paint(scene);
+    painter.end();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+QByteArray asSvg(const PlanScene& scene, const Sheet& sheet) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QSvgGenerator generator;
+    generator.setOutputDevice(&buffer);
+    generator.setSize(sheet.size());
+    generator.setViewBox(QRect(QPoint(0, 0), sheet.size()));
+    generator.setTitle("Plan");
+    QPainter painter(&generator);
+    PlanPainter(painter, sheet).paint(scene);
+    painter.end();
+    return bytes;
+}
+
+} // namespace
+
+void drawPlan(const PlanScene& scene, const std::string& file, int width) {
+    // Pictures need no screen.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    zuhost::ensureDesktop();
+    const QString name = QString::fromStdString(file);
+    const Sheet sheet(scene, width);
+    const bool svg = name.endsWith(".svg", Qt::CaseInsensitive);
+    if (!svg && !name.endsWith(".png", Qt::CaseInsensitive))
+        throw WrongUsage(file + ": a plan is drawn into a .png or .svg file");
+    const QByteArray bytes = svg ? asSvg(scene, sheet) : asPng(scene, sheet);
+    if (const int error =
+            zuhost::replaceFile(file, {bytes.constData(), static_cast<std::size_t>(bytes.size())}))
+        throw Failure(file + ": can't be written: " + std::generic_category().message(error));
+}
+
+} // namespace zu::app

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "drawing_file.h"
+
+#include <gepnt2d.h>
+
+#include <string>
+#include <vector>
+
+namespace zu::app {
+
+/// What a stroke or text of the plan belongs to, which decides its colour.
+enum class PlanRole { background, equipment, kindUnknown, kind1, kind2, kind3, kind4 };
+
+struct PlanStroke {
+    std::vector<AcGePoint2d> points; ///< World coordinates; circles and arcs as short chords.
+    PlanRole role = PlanRole::background;
+};
+
+struct PlanText {
+    std::string text;
+    AcGePoint2d position; ///< Bottom left, or the centre where `centred`.
+    double height = 0.0;
+    double rotation = 0.0; ///< Radians.
+    bool centred = false;
+    PlanRole role = PlanRole::background;
+};
+
+/// A connection point; a joined one meets one of another element.
+struct PlanJoint {
+    AcGePoint2d position;
+    bool joined = false;
+};
+
+/// The plan of a drawing's model space, ready to be drawn.
+struct PlanScene {
+    std::vector<PlanStroke> strokes;
+    std::vector<PlanText> texts;
+    std::vector<PlanJoint> joints;
+};
+
+[[nodiscard]] PlanScene makePlanScene(DrawingFile& drawing);
+
+} // namespace zu::app
