@@ -1,0 +1,176 @@
+#include "network.h"
+
+#include "../../tests/route/plain_search.h"
+
+#include <zucomn/route.h>
+
+#include <dbents.h>
+#include <dbobjptr.h>
+
+#include <benchmark/benchmark.h>
+#include <boost/geometry.hpp>
+#include <boost/geometry/index/rtree.hpp>
+#include <nanoflann.hpp>
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+constexpr double kTolerance = 0.1;
+
+Network& network(int size) {
+    static std::map<int, Network> networks;
+    return networks.try_emplace(size, size).first->second;
+}
+
+void report(benchmark::State& state, std::size_t joins) {
+    state.counters["joins"] = static_cast<double>(joins);
+    state.SetComplexityN(state.range(0));
+}
+
+/// Every element of the group asked for its joined ones; with `isFirst` the library knows nothing of the
+/// group yet.
+void search(benchmark::State& state, bool isFirst) {
+    const Network& drawn = network(static_cast<int>(state.range(0)));
+    std::size_t joins = 0;
+    for (auto _ : state) {
+        if (isFirst) {
+            state.PauseTiming();
+            // Any change of the group makes the library read it anew.
+            RootComn_DelGroupMember(drawn.group, drawn.elements.last());
+            RootComn_AddGroupMember(drawn.group, drawn.elements.last());
+            state.ResumeTiming();
+        }
+        joins = 0;
+        for (const AcDbObjectId element : drawn.elements) {
+            AcDbObjectIdArray found;
+            RootComn_GetConnectBlock(drawn.group, element, found, nullptr, 0);
+            joins += static_cast<std::size_t>(found.length());
+        }
+    }
+    report(state, joins);
+}
+
+void searchOfNewDrawing(benchmark::State& state) {
+    std::size_t joins = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto drawn = std::make_unique<Network>(static_cast<int>(state.range(0)));
+        state.ResumeTiming();
+        joins = 0;
+        for (const AcDbObjectId element : drawn->elements) {
+            AcDbObjectIdArray found;
+            RootComn_GetConnectBlock(drawn->group, element, found, nullptr, 0);
+            joins += static_cast<std::size_t>(found.length());
+        }
+        state.PauseTiming();
+        drawn.reset();
+        state.ResumeTiming();
+    }
+    report(state, joins);
+}
+
+/// One element moved before each search.
+void searchAfterEdits(benchmark::State& state) {
+    const Network& drawn = network(static_cast<int>(state.range(0)));
+    std::size_t joins = 0;
+    for (auto _ : state) {
+        joins = 0;
+        for (const AcDbObjectId element : drawn.elements) {
+            AcGePoint3d place;
+            RootComn_GetOriginPoint(element, place);
+            RootComn_SetOriginPoint(element, place + AcGeVector3d(0.01, 0.0, 0.0));
+            AcDbObjectIdArray found;
+            RootComn_GetConnectBlock(drawn.group, element, found, nullptr, 0);
+            joins += static_cast<std::size_t>(found.length());
+            RootComn_SetOriginPoint(element, place);
+        }
+    }
+    report(state, joins);
+}
+
+/// The rule told step by step; measured for a share of the elements, since all of them cost the square.
+void plainSearch(benchmark::State& state) {
+    const Network& drawn = network(static_cast<int>(state.range(0)));
+    constexpr int kAsked = 10;
+    for (auto _ : state) {
+        for (int i = 0; i < kAsked; ++i) {
+            AcDbObjectIdArray found;
+            plainConnectBlock(drawn.elements, drawn.elements[i * 7], nullptr, found, 0);
+            benchmark::DoNotOptimize(found.length());
+        }
+    }
+    state.counters["whole group, s"] =
+        benchmark::Counter(static_cast<double>(kAsked) / static_cast<double>(state.range(0)),
+                           benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+}
+
+struct Cloud {
+    std::vector<Network::Point> points;
+
+    [[nodiscard]] std::size_t kdtree_get_point_count() const { return points.size(); }
+    [[nodiscard]] double kdtree_get_pt(std::size_t i, std::size_t axis) const {
+        return axis == 0 ? points[i].place.x : points[i].place.y;
+    }
+    template <typename Box>
+    bool kdtree_get_bbox(Box& /*box*/) const {
+        return false;
+    }
+};
+
+/// A kd-tree over the bare points, built and asked for each point's neighbours.
+void bareKdTree(benchmark::State& state) {
+    const Cloud cloud{network(static_cast<int>(state.range(0))).points()};
+    using Tree = nanoflann::KDTreeSingleIndexAdaptor<nanoflann::L2_Simple_Adaptor<double, Cloud>, Cloud, 2,
+                                                     std::uint32_t>;
+    std::size_t joins = 0;
+    for (auto _ : state) {
+        joins = 0;
+        Tree tree(2, cloud, nanoflann::KDTreeSingleIndexAdaptorParams(10));
+        tree.buildIndex();
+        std::vector<std::pair<std::uint32_t, double>> near;
+        for (const Network::Point& point : cloud.points) {
+            const double asked[] = {point.place.x, point.place.y};
+            near.clear();
+            tree.radiusSearch(asked, kTolerance * kTolerance, near, {});
+            joins += near.size() - 1;
+        }
+    }
+    report(state, joins);
+}
+
+void bareRTree(benchmark::State& state) {
+    namespace bg = boost::geometry;
+    using Place = bg::model::d2::point_xy<double>;
+    using Entry = std::pair<Place, int>;
+    const std::vector<Network::Point> points = network(static_cast<int>(state.range(0))).points();
+    std::size_t joins = 0;
+    for (auto _ : state) {
+        joins = 0;
+        std::vector<Entry> entries;
+        for (const Network::Point& point : points)
+            entries.emplace_back(Place(point.place.x, point.place.y), point.element);
+        const bg::index::rtree<Entry, bg::index::rstar<16>> tree(entries);
+        for (const Network::Point& point : points) {
+            const bg::model::box<Place> around(Place(point.place.x - kTolerance, point.place.y - kTolerance),
+                                               Place(point.place.x + kTolerance, point.place.y + kTolerance));
+            joins += static_cast<std::size_t>(
+                         std::distance(tree.qbegin(bg::index::intersects(around)), tree.qend())) -
+                     1;
+        }
+    }
+    report(state, joins);
+}
+
+} // namespace
+
+#define ZU_SIZES RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond)
+BENCHMARK(searchOfNewDrawing)->ZU_SIZES->Iterations(1)->Complexity();
+BENCHMARK_CAPTURE(search, after_a_change_of_the_group, true)->ZU_SIZES->Complexity();
+BENCHMARK_CAPTURE(search, known_group, false)->ZU_SIZES->Complexity();
+BENCHMARK(searchAfterEdits)->ZU_SIZES->Complexity();
+BENCHMARK(bareKdTree)->ZU_SIZES->Complexity();
+BENCHMARK(bareRTree)->ZU_SIZES->Complexity();
+BENCHMARK(plainSearch)->ZU_SIZES->Iterations(1);
+BENCHMARK_MAIN();
