@@ -63,13 +63,14 @@ QTransform fitInto(const QSize& size, const QRectF& box) {
 
 void paint(QPainter& painter, const Shape& shape, const QTransform& toPicture, bool dark) {
     constexpr double kThinnest = 0.9;
-    constexpr double kPixelsPerUnit = 0.055; // 0.25 mm is about one and a half pixels.
+    // In a picture 800 pixels wide 0.25 mm is about one and a half pixels.
+    const double pixelsPerUnit = 0.055 * painter.device()->width() / 800;
     constexpr double kDot = 2.5;
     const QColor color = colorOf(shape.color, dark);
     const QPainterPath path = toPicture.map(shape.path);
     switch (shape.kind) {
     case ShapeKind::stroke:
-        painter.strokePath(path, QPen(color, std::max(kThinnest, shape.lineWeight * kPixelsPerUnit),
+        painter.strokePath(path, QPen(color, std::max(kThinnest, shape.lineWeight * pixelsPerUnit),
                                       shape.style, Qt::RoundCap, Qt::RoundJoin));
         break;
     case ShapeKind::fill:

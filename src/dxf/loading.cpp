@@ -71,8 +71,11 @@ void CAcadDxf::LoadDxfData() {
             loadEntities();
         else
             skipTo("ENDSEC");
-        if (Skip(0) == 0)
-            return;
+        // Some writers end the header twice.
+        do {
+            if (Skip(0) == 0)
+                return;
+        } while (at(0, "ENDSEC"));
     }
 }
 

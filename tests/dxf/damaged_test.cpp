@@ -64,8 +64,11 @@ TEST(Damaged, LongLinesAndLostStructure) {
         {start + "a\n" + longLine + "\nvalue\n0\nPOINT\n", 1},   // a group code that is no number
         {start + "a\n0\nLINE\n10", 2},                           // ends between code and value
         {"0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\na\n0\nLINE\n", 1}, // no end of block or section
-        {"0\nSECTION\n0\nLINE\n", 0},                            // a section without a name
-        {"0\nLINE\n0\nSECTION\n2\nENTITIES\n0\nLINE\n", 0},      // something before the first section
+        {"0\nSECTION\n2\nHEADER\n0\nENDSEC\n9\n$DIMASZ\n40\n1\n0\nENDSEC\n" + start + "a\n",
+         1},                                                                // ended twice
+        {"0\nSECTION\n2\nHEADER\n0\nENDSEC\n0\nLINE\n" + start + "a\n", 0}, // something between sections
+        {"0\nSECTION\n0\nLINE\n", 0},                                       // a section without a name
+        {"0\nLINE\n0\nSECTION\n2\nENTITIES\n0\nLINE\n", 0}, // something before the first section
         {"0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n90\n2000000000\n20\n1\n42\n1\n10\n1\n", 1},
     };
     for (const Case& c : cases) {

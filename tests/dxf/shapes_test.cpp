@@ -1,0 +1,157 @@
+// What part drawings show: curves, transforms, colours, bounds.
+#include "color_table.h"
+#include "part_files.h"
+#include "part_picture.h"
+#include "part_shapes.h"
+#include "plain_text.h"
+
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+namespace zu::preview {
+namespace {
+
+using test::PartFile;
+using Records = std::initializer_list<std::pair<int, const char*>>;
+
+std::string ascii(Records records) {
+    std::string bytes;
+    for (const auto& [code, value] : records)
+        bytes += std::to_string(code) + "\n" + value + "\n";
+    return bytes;
+}
+
+/// Layers A (red, heavy) and OFF, block B with base (1, 1): a line on layer 0 by block, a circle on layer A
+/// by layer.
+const std::string kStart =
+    ascii({{0, "SECTION"}, {2, "TABLES"},  {0, "TABLE"},   {2, "LAYER"},   {0, "LAYER"}, {2, "A"},
+           {62, "1"},      {370, "70"},    {0, "LAYER"},   {2, "OFF"},     {62, "-3"},   {0, "ENDTAB"},
+           {0, "ENDSEC"},  {0, "SECTION"}, {2, "BLOCKS"},  {0, "BLOCK"},   {2, "B"},     {10, "1"},
+           {20, "1"},      {0, "LINE"},    {8, "0"},       {62, "0"},      {10, "1"},    {20, "1"},
+           {11, "3"},      {21, "1"},      {0, "CIRCLE"},  {8, "A"},       {10, "2"},    {20, "1"},
+           {40, "1"},      {0, "ENDBLK"},  {0, "BLOCK"},   {2, "SELF"},    {0, "LINE"},  {11, "1"},
+           {0, "INSERT"},  {2, "SELF"},    {10, "1"},      {0, "INSERT"},  {2, "SELF"},  {20, "1"},
+           {0, "ENDBLK"},  {0, "ENDSEC"},  {0, "SECTION"}, {2, "ENTITIES"}});
+
+std::vector<Shape> shapesIn(Records records) {
+    const PartFile file(kStart + ascii(records) + ascii({{0, "ENDSEC"}, {0, "EOF"}}));
+    return shapesOf(CAcadDxf(file.path(), CAcadDxf::kWhite));
+}
+
+void expectBox(const QPainterPath& path, double left, double bottom, double right, double top) {
+    const QRectF box = path.boundingRect();
+    EXPECT_NEAR(box.left(), left, 1e-3);
+    EXPECT_NEAR(box.top(), bottom, 1e-3);
+    EXPECT_NEAR(box.right(), right, 1e-3);
+    EXPECT_NEAR(box.bottom(), top, 1e-3);
+}
+
+TEST(Shapes, BoxesOfCurves) {
+    struct Case {
+        Records records;
+        double box[4];
+    };
+    const Case cases[] = {
+        // Through 0 degrees, and a quarter that isn't.
+        {{{0, "ARC"}, {40, "2"}, {50, "270"}, {51, "90"}}, {0, -2, 2, 2}},
+        {{{0, "ARC"}, {40, "2"}, {50, "0"}, {51, "90"}}, {0, 0, 2, 2}},
+        // Seen from below: mirrored at the y axis.
+        {{{0, "ARC"}, {40, "2"}, {50, "0"}, {51, "90"}, {230, "-1"}}, {-2, 0, 0, 2}},
+        // Half circles to the right (1) and to the left (-1) of the way, and straight.
+        {{{0, "LWPOLYLINE"}, {10, "0"}, {20, "0"}, {42, "1"}, {10, "4"}, {20, "0"}}, {0, -2, 4, 0}},
+        {{{0, "LWPOLYLINE"}, {10, "0"}, {20, "0"}, {42, "-1"}, {10, "4"}, {20, "0"}}, {0, 0, 4, 2}},
+        {{{0, "LWPOLYLINE"}, {70, "1"}, {10, "0"}, {20, "0"}, {10, "4"}, {20, "0"}, {42, "1"}}, {0, 0, 4, 2}},
+        {{{0, "POLYLINE"}, {0, "VERTEX"}, {10, "1"}, {0, "VERTEX"}, {10, "5"}, {20, "2"}, {0, "SEQEND"}},
+         {1, 0, 5, 2}},
+        // Upper half of a standing ellipse is its left half.
+        {{{0, "ELLIPSE"}, {11, "0"}, {21, "4"}, {40, "0.5"}, {41, "0"}, {42, "3.14159265358979"}},
+         {-2, -4, 0, 4}},
+    };
+    for (const Case& c : cases) {
+        const std::vector<Shape> shapes = shapesIn(c.records);
+        ASSERT_EQ(shapes.size(), 1U);
+        expectBox(shapes[0].path, c.box[0], c.box[1], c.box[2], c.box[3]);
+    }
+}
+
+TEST(Shapes, ReferencesPlaceTheirBlocks) {
+    const auto mirrored = shapesIn({{0, "INSERT"}, {2, "b"}, {10, "10"}, {20, "20"}, {41, "-2"}, {50, "90"}});
+    ASSERT_EQ(mirrored.size(), 2U);
+    // The line from the base two to the right: mirrored to the left, doubled, turned to below.
+    expectBox(mirrored[0].path, 10, 16, 10, 20);
+
+    const auto grid = shapesIn({{0, "INSERT"}, {2, "B"}, {70, "3"}, {71, "2"}, {44, "10"}, {45, "-5"}});
+    ASSERT_EQ(grid.size(), 12U);
+    expectBox(grid[4].path, 20, 0, 22, 0);
+    expectBox(grid[10].path, 20, -5, 22, -5);
+}
+
+TEST(Shapes, ColoursAndWeightsByLayerAndBlock) {
+    const auto shapes = shapesIn({{0, "INSERT"},
+                                  {2, "B"},
+                                  {8, "A"},
+                                  {62, "4"},
+                                  {370, "13"},
+                                  {0, "LINE"},
+                                  {8, "A"},
+                                  {11, "1"},
+                                  {0, "LINE"},
+                                  {8, "none"},
+                                  {62, "256"},
+                                  {11, "1"},
+                                  {0, "LINE"},
+                                  {8, "OFF"},
+                                  {11, "1"},
+                                  {0, "LINE"},
+                                  {67, "1"},
+                                  {11, "1"}});
+    ASSERT_EQ(shapes.size(), 4U);
+    EXPECT_EQ(shapes[0].color, 4);       // by block
+    EXPECT_EQ(shapes[1].color, 1);       // by layer
+    EXPECT_EQ(shapes[0].lineWeight, 70); // layer 0 in a block is the reference's layer
+    EXPECT_EQ(shapes[2].color, 1);
+    EXPECT_EQ(shapes[2].lineWeight, 70);
+    EXPECT_EQ(shapes[3].color, 7);
+    EXPECT_EQ(shapes[3].lineWeight, 25);
+}
+
+TEST(Shapes, AbsurdDrawingsAreBounded) {
+    EXPECT_LT(shapesIn({{0, "INSERT"}, {2, "SELF"}}).size(), 200001U);
+    EXPECT_LT(shapesIn({{0, "INSERT"}, {2, "B"}, {70, "2000000000"}, {71, "2000000000"}, {44, "1"}}).size(),
+              200001U);
+    EXPECT_EQ(shapesIn({{0, "INSERT"}, {2, "missing"}, {70, "32767"}, {71, "32767"}}).size(), 0U);
+    EXPECT_EQ(shapesIn({{0, "CIRCLE"}, {40, "1e300"}, {0, "LINE"}, {10, "1e200"}}).size(), 0U);
+}
+
+TEST(Shapes, TextWithoutFormatCodes) {
+    EXPECT_EQ(plainText(L"%%c50 %%P0.5 90%%d 5%%% %%uA%%q"), QStringLiteral("⌀50 ±0.5 90° 5% A%%q"));
+    EXPECT_EQ(plainLines(L"{\\fIPA|b0;a\\H1.5x;}\\Pb\\~c \\S1^2; \\\\ \\{x\\} \\z\\H"),
+              QStringList({"a", QString("b") + QChar::Nbsp + "c 1/2 \\ {x} \\z"}));
+}
+
+TEST(Shapes, PictureShowsTheDrawing) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    int count = 0;
+    const QGuiApplication application(count, nullptr);
+    const CAcadDxf part(test::hostPath(test::sample("equip-fan.dxf")));
+    for (const bool dark : {false, true}) {
+        const QImage image = pictureOf(part, {.size = {400, 300}, .dark = dark});
+        const QColor background = image.pixelColor(1, 1);
+        EXPECT_EQ(background.lightness() < 128, dark);
+        // The outline (1200 by 600) takes the width; its middle is the middle of the picture.
+        const double scale = (400 - 2 * 12) / 1200.0;
+        const QColor edge = image.pixelColor(200 - static_cast<int>(600 * scale), 150);
+        EXPECT_NE(edge, background);
+        EXPECT_EQ(image.pixelColor(200, 150 - static_cast<int>(300 * scale) - 8), background);
+        // The blue spoke goes down to the left.
+        const QColor spoke =
+            image.pixelColor(200 - static_cast<int>(45 * scale), 150 + static_cast<int>(78 * scale));
+        EXPECT_GT(spoke.blue(), spoke.red());
+    }
+    const QImage nothing = pictureOf(CAcadDxf(L"no such.dxf"), {.size = {40, 30}});
+    EXPECT_EQ(nothing.size(), QSize(40, 30));
+}
+
+} // namespace
+} // namespace zu::preview
