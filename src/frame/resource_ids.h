@@ -14,6 +14,7 @@ inline constexpr unsigned kFileReason = 154;    ///< 154 unknown; 156 to 168 cau
 inline constexpr unsigned kFileFailed = 169;
 inline constexpr unsigned kSystemFolder = 178;
 inline constexpr unsigned kSaveFailed = 179;
+inline constexpr unsigned kLayerLocked = 194;
 inline constexpr unsigned kRouteSignLayer = 210;
 
 } // namespace zu::text
