@@ -3,6 +3,7 @@
 #include "zuhost/message_box.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QMessageBox>
 
 #include <clocale>
@@ -44,6 +45,9 @@ struct Application {
 void ensureDesktop() {
     if (QCoreApplication::instance() != nullptr)
         return;
+    // Without a screen nobody needs Qt's remarks on the session.
+    if (qgetenv("QT_QPA_PLATFORM") == "offscreen")
+        QLoggingCategory::setFilterRules("default.warning=false");
     // Never destroyed: at the program's end the desktop's own parts are gone before it.
     static const Application* const application = new Application;
     static_cast<void>(application);
