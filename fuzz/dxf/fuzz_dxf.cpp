@@ -1,13 +1,13 @@
 // Any bytes as a part drawing, ASCII or binary, by both tables; comments before an ASCII drawing change
 // nothing, and the strict table never reads more than the complete one.
+#include "memory_file.h"
+
 #include <zucomn/dxf.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <string_view>
-#include <sys/mman.h>
-#include <unistd.h>
 
 namespace {
 
@@ -17,22 +17,6 @@ void require(bool condition, const char* what) {
     std::fprintf(stderr, "%s\n", what);
     std::abort();
 }
-
-/// A file in memory.
-class MemoryFile {
-public:
-    CString fill(std::string_view bytes) const {
-        require(ftruncate(file_, 0) == 0 &&
-                    pwrite(file_, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(bytes.size()),
-                "no file in memory");
-        CString path;
-        path.Format(L"/proc/self/fd/%d", file_);
-        return path;
-    }
-
-private:
-    int file_ = memfd_create("part", 0);
-};
 
 int countOf(const CAcadDxf& part) {
     int count = part.GetEntities().GetCount() + part.GetLayers().GetCount();
@@ -44,7 +28,7 @@ int countOf(const CAcadDxf& part) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const MemoryFile file;
+    static const zu::fuzz::MemoryFile file;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     const CString path = file.fill(bytes);
     const CAcadDxf part(path);

@@ -1,0 +1,25 @@
+// Draws any bytes as a part drawing.
+#include "memory_file.h"
+#include "part_picture.h"
+
+#include <QGuiApplication>
+
+#include <string_view>
+
+namespace {
+
+void startGraphics() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    static int count = 0;
+    static const QGuiApplication application(count, nullptr);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const zu::fuzz::MemoryFile file;
+    startGraphics();
+    const CAcadDxf part(file.fill({reinterpret_cast<const char*>(data), size}));
+    return zu::preview::pictureOf(part, {.size = {64, 48}}).isNull() ? -1 : 0;
+}
