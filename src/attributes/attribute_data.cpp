@@ -12,6 +12,13 @@ ACRX_CONS_DEFINE_MEMBERS(CAttributeData, AcRxObject)
 
 namespace {
 
+/// Makes the class known by its name as soon as the library is loaded.
+[[maybe_unused]] const AcRxClass* const registeredClass = CAttributeData::desc();
+
+} // namespace
+
+namespace {
+
 constexpr const wchar_t* kApplication = L"ZU_ATTR";
 
 bool clearsInMode(int mode) {

@@ -5,6 +5,7 @@
 #include <zucomn/frame.h>
 #include <zucomn/tables.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -13,12 +14,12 @@ namespace {
 constexpr const wchar_t* kSettingsSection = L"環境設定";
 
 struct FilePath {
-    CString folder; ///< Without the last "\\"; empty when the path has none.
+    CString folder; ///< Without the last separator; empty when the path has none.
     CString name;
 };
 
 FilePath takeApart(const CString& path) {
-    const int separator = path.ReverseFind(L'\\');
+    const int separator = std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/'));
     return {path.Left(separator < 0 ? 0 : separator), path.Mid(separator + 1)};
 }
 

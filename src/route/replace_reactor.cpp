@@ -4,6 +4,13 @@
 
 ACRX_CONS_DEFINE_MEMBERS(CReplaceReactor, AcRxObject)
 
+namespace {
+
+/// Makes the class known by its name as soon as the library is loaded.
+[[maybe_unused]] const AcRxClass* const registeredClass = CReplaceReactor::desc();
+
+} // namespace
+
 CReplaceReactor::CReplaceReactor() = default;
 CReplaceReactor::~CReplaceReactor() = default;
 CReplaceReactor::CReplaceReactor(const CReplaceReactor&) = default;
