@@ -1,0 +1,155 @@
+#include <acarray.h>
+#include <acdocman.h>
+#include <aced.h>
+#include <acutads.h>
+#include <afx.h>
+#include <arxutil.h>
+#include <gemat3d.h>
+#include <gepnt3d.h>
+#include <rxregsvc.h>
+
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+namespace {
+
+using zuhost::CommandLineObserver;
+
+TEST(RunTimeClasses, KnowTheirNamesAndParents) {
+    EXPECT_EQ(AcEditor::desc()->myParent(), AcRxObject::desc());
+    EXPECT_STREQ(AcEditor::desc()->name(), L"AcEditor");
+    EXPECT_EQ(acrxFindAcRxClass(L"AcEditor"), AcEditor::desc());
+    EXPECT_EQ(acrxFindAcRxClass(L"none"), nullptr);
+    const std::unique_ptr<AcRxObject> made(AcEditor::desc()->create());
+    EXPECT_EQ(made->isA(), AcEditor::desc());
+    EXPECT_EQ(AcEditor::cast(made.get()), made.get());
+    EXPECT_EQ(AcApDocument::cast(made.get()), nullptr);
+    EXPECT_EQ(AcApDocument::cast(nullptr), nullptr);
+    EXPECT_EQ(made->comparedTo(made.get()), AcRx::kEqual);
+    EXPECT_EQ(made->clone(), nullptr);
+}
+
+TEST(Arrays, ForgiveIndicesOutOfRange) {
+    AcArray<int> array;
+    for (const int value : {1, 2, 3, 2})
+        array.append(value);
+    array.insertAt(99, 4).insertAt(-5, 0);
+    EXPECT_EQ(array.first(), 0);
+    EXPECT_EQ(array.last(), 4);
+    array.removeAt(99).removeAt(-1);
+    EXPECT_EQ(array.length(), 6);
+    EXPECT_EQ(array.find(2), 2);
+    EXPECT_EQ(array.findFrom(2, 3), 4);
+    EXPECT_TRUE(array.remove(2));
+    EXPECT_FALSE(array.remove(77));
+    EXPECT_EQ(array.find(2), 3);
+    array.append(array);
+    EXPECT_EQ(array.length(), 10);
+    array.setLogicalLength(2).setLogicalLength(3);
+    EXPECT_EQ(array[2], 0);
+}
+
+TEST(Geometry, MatricesComposeAndInvert) {
+    const AcGePoint3d p(3, -2, 5);
+    const AcGeMatrix3d turn = AcGeMatrix3d::rotation(0.7, AcGeVector3d(1, 2, 3), AcGePoint3d(1, 1, 1));
+    const AcGeMatrix3d grow = AcGeMatrix3d::scaling(AcGeScale3d(2, -3, 4), AcGePoint3d(0, 1, 0));
+    const AcGeMatrix3d move = AcGeMatrix3d::translation({10, 20, 30});
+    const AcGeMatrix3d all = move * turn * grow;
+    EXPECT_LT((all * p).distanceTo(move * (turn * (grow * p))), 1e-9);
+    EXPECT_LT((all.inverse() * (all * p)).distanceTo(p), 1e-9);
+    EXPECT_NEAR(all.det(), -24, 1e-9);
+    AcGePoint3d turned(1, 0, 0);
+    turned.rotateBy(std::numbers::pi / 2, AcGeVector3d::kZAxis);
+    EXPECT_LT(turned.distanceTo({0, 1, 0}), 1e-12);
+    const AcGeMatrix3d mirror = AcGeMatrix3d::mirroring({1, 0, 0}, {1, 0, 0});
+    EXPECT_LT((mirror * AcGePoint3d(3, 4, 5)).distanceTo({-1, 4, 5}), 1e-12);
+    EXPECT_LT((AcGeMatrix3d::planeToWorld({0, 0, -1}) * AcGePoint3d(1, 2, 3)).distanceTo({-1, 2, -3}), 1e-12);
+}
+
+class Listener : public AcEditorReactor {
+public:
+    Listener() { acedEditor->addReactor(this); }
+    ~Listener() override { acedEditor->removeReactor(this); }
+    void commandWillStart(const ACHAR* name) override { log += L"start " + std::wstring(name) + L";"; }
+    void commandEnded(const ACHAR* name) override { log += L"end " + std::wstring(name) + L";"; }
+    void commandFailed(const ACHAR* name) override { log += L"fail " + std::wstring(name) + L";"; }
+    void unknownCommand(const ACHAR* name) override { log += L"unknown " + std::wstring(name) + L";"; }
+    std::wstring log;
+};
+
+void failing() {
+    AfxThrowInvalidArgException();
+}
+
+void sending() {
+    ApiComn_sendCommand(L"zu_fail", 0, 0, 1);
+}
+
+TEST(Commands, RunInTheOrderSent) {
+    CommandLineObserver printed;
+    Listener listener;
+    EXPECT_EQ(acedRegCmds->addCommand(L"G", L"ZU_FAIL", nullptr, ACRX_CMD_MODAL, failing), Acad::eOk);
+    EXPECT_EQ(acedRegCmds->addCommand(L"g", L"zu_fail", nullptr, ACRX_CMD_MODAL, failing),
+              Acad::eDuplicateKey);
+    EXPECT_EQ(acedRegCmds->addCommand(L"G", L"ZU_SEND", L"送信", ACRX_CMD_MODAL, sending), Acad::eOk);
+    EXPECT_EQ(acedRegCmds->addCommand(L"G", L"", nullptr, ACRX_CMD_MODAL, sending), Acad::eInvalidInput);
+    EXPECT_EQ(ApiComn_sendCommand(L"_zu_send", 1, 0, 1), 0);
+    EXPECT_EQ(ApiComn_sendCommand(L"zu_send", 0, 0, 1), 0);
+    EXPECT_EQ(ApiComn_sendCommand(L"'_.ZU_FAIL", 1, 0, 1), 0);
+    EXPECT_EQ(ApiComn_sendCommand(L"", 0, 0, 1), -1);
+    EXPECT_EQ(zuhost::pendingInput(), L"'_.ZU_FAIL\n_zu_send\nzu_send\n");
+    EXPECT_TRUE(listener.log.empty()) << "nothing runs before the host is idle";
+    EXPECT_EQ(zuhost::runPendingCommands(), 3);
+    EXPECT_EQ(listener.log, L"start ZU_FAIL;fail ZU_FAIL;start ZU_SEND;end ZU_SEND;unknown ZU_SEND;"
+                            L"start ZU_FAIL;fail ZU_FAIL;");
+    EXPECT_NE(printed.text().find(L"Unknown command \"ZU_SEND\""), std::wstring::npos);
+    EXPECT_EQ(acedRegCmds->lookup(L"送信"), &sending);
+    EXPECT_EQ(acedRegCmds->removeCmd(L"G", L"ZU_FAIL"), Acad::eOk);
+    EXPECT_EQ(acedRegCmds->removeGroup(L"G"), Acad::eOk);
+    EXPECT_EQ(acedRegCmds->removeGroup(L"G"), Acad::eKeyNotFound);
+    EXPECT_EQ(acedRegCmds->lookup(L"送信"), nullptr);
+}
+
+TEST(Modules, AreAttachedStartedAndUnloaded) {
+    CommandLineObserver printed;
+    ASSERT_TRUE(acrxLoadModule(ZU_TEST_MODULES "\\zu_test_module.arx", true)) << "named as in the interface";
+    EXPECT_EQ(printed.text(), L"attach init ");
+    EXPECT_TRUE(acrxLoadModule(L"ZU_TEST_MODULE.dll", true)) << "loaded already";
+    EXPECT_TRUE(acrxDynamicLinker->isAppMDIAware(L"zu_test_module"));
+    ApiComn_sendCommand(L"_ZU_TEST", 0, 1, 1);
+    EXPECT_TRUE(acrxUnloadModule(L"zu_test_module.arx"));
+    EXPECT_EQ(printed.text(), L"attach init command unload detach ");
+    EXPECT_FALSE(acrxUnloadModule(L"zu_test_module.arx"));
+    EXPECT_EQ(acedRegCmds->lookup(L"_ZU_TEST"), nullptr);
+}
+
+TEST(Modules, RefuseWhatCanNotBeLoaded) {
+    CommandLineObserver printed;
+    EXPECT_FALSE(acrxLoadModule(L"no_such_module.arx", true));
+    EXPECT_NE(printed.text().find(L"no_such_module.arx"), std::wstring::npos);
+    EXPECT_FALSE(acrxLoadModule(ZU_TEST_MODULES "\\zu_test_refusing.arx", false));
+    EXPECT_FALSE(acrxDynamicLinker->isModuleLoaded(L"zu_test_refusing"));
+    EXPECT_NE(printed.text().find(L"attach init detach "), std::wstring::npos);
+    EXPECT_TRUE(acrxLoadModule(ZU_TEST_MODULES "\\zu_test_locked.arx", true));
+    EXPECT_TRUE(acrxDynamicLinker->isApplicationLocked(L"zu_test_locked"));
+    EXPECT_FALSE(acrxUnloadModule(L"zu_test_locked")) << "it did not unlock itself";
+    EXPECT_FALSE(acrxDynamicLinker->unlockApplication(nullptr));
+}
+
+TEST(CommandLine, PrintsWithCheckedArguments) {
+    CommandLineObserver printed;
+    EXPECT_EQ(acutPrintf(L"%s %d\n", CString(L"画層"), 3), 5);
+    acutPrintf(L"100%%");
+    EXPECT_EQ(printed.text(), L"画層 3\n100%");
+    {
+        CommandLineObserver inner;
+        acutPrintf(L"inner");
+        EXPECT_EQ(inner.text(), L"inner");
+    }
+    EXPECT_EQ(printed.text().find(L"inner"), std::wstring::npos);
+    EXPECT_DOUBLE_EQ(ApiComn_DegreeToRadian(180), std::numbers::pi);
+    EXPECT_DOUBLE_EQ(ApiComn_RadianToDegree(std::numbers::pi / 2), 90);
+}
+
+} // namespace
