@@ -1,0 +1,30 @@
+#pragma once
+
+#include "export.h"
+
+#include <afxcoll.h>
+
+// The link information file: pairs of a key and a value, one "key|value" a line, usually "LinkInfo.lif" in
+// the system folder. A key may contain line ends and then takes several lines; a value holds no "|" and no
+// line end. Trailing spaces of keys and values don't count when reading. The file is read as a table file is
+// (see tables.h): "#" begins a comment line, "END" ends it.
+
+/// Appends the value of each key, in the order of the keys: empty for a key that is not there, the first one
+/// for a key that is there several times. Of the lines of a long key in the file only the last two count.
+/// False, with nothing appended, when the file is missing or holds no records.
+ZUCOMN_API bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys, CStringArray& values);
+
+/// Merges pairs into the file: records with one of the keys are written anew in their place, the other pairs
+/// follow at the end. Of a key given twice the first pair counts. There have to be as many values as keys.
+///
+/// Records that don't change keep their bytes, blank lines go. A new file is in code page 932, an old one
+/// keeps its encoding. The old file stays as the backup: the path with the extension "bak", for a path
+/// without "." "LinkInfo.lif" in the system folder.
+///
+/// True when the new file is in place. The path holds the whole old file, the whole new one or, for a moment
+/// between the two, none. When only the last step fails, that is told in a message box, and the backup and
+/// the temporary file ("__Temp.tmp" in the same folder, or "LinkInfo.tmp" in the system folder for a bare
+/// name) stay. Any other failure leaves the old file, without a message; so does a character that the file's
+/// encoding can't hold.
+ZUCOMN_API bool ZuComn_SaveLinkInfo(const wchar_t* path, const CStringArray& keys,
+                                    const CStringArray& values);

@@ -1,0 +1,163 @@
+#include "zucomn/link_info.h"
+
+#include "link_merge.h"
+#include "resource_ids.h"
+#include "zucomn/frame.h"
+#include "zucomn/settings.h"
+#include "zucomn/tables.h"
+
+#include <afxwin.h>
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace {
+
+using ValuesByKey = std::unordered_map<std::wstring, CString>;
+
+ValuesByKey valuesOf(const CPtrArray& records) {
+    ValuesByKey values;
+    std::wstring key;
+    for (int i = 0; i < records.GetSize(); ++i) {
+        const auto& fields = *static_cast<const CStringArray*>(static_cast<const CObject*>(records[i]));
+        if (fields.GetSize() == 1) {
+            key = std::wstring(fields[0].view()) + L'\n';
+            continue;
+        }
+        key += fields[0].view();
+        values.try_emplace(key, fields[1]);
+        key.clear();
+    }
+    return values;
+}
+
+std::vector<zu::LinkPair> pairsOf(const CStringArray& keys, const CStringArray& values) {
+    std::vector<zu::LinkPair> pairs;
+    std::unordered_set<std::wstring_view> seen;
+    for (int i = 0; i < keys.GetSize(); ++i) {
+        const std::wstring_view value = values[i].view();
+        if (seen.insert(keys[i].view()).second)
+            pairs.push_back({std::wstring(keys[i].view()), std::wstring(value)});
+    }
+    return pairs;
+}
+
+struct WorkingNames {
+    CString temporary;
+    CString backup;
+};
+
+/// False when a name lies in the system folder and the settings name none.
+bool findNames(const CString& path, WorkingNames& names) {
+    const int separator = path.ReverseFind(L'\\');
+    const int point = path.ReverseFind(L'.');
+    CString system;
+    if (!ZuComn_GetSystemPath(system) && (separator < 0 || point < 0))
+        return false;
+    if (separator >= 0)
+        names.temporary = path.Left(separator) + L"\\__Temp.tmp";
+    else
+        names.temporary.Format(L"%s\\LinkInfo.tmp", system);
+    if (point >= 0)
+        names.backup = path.Left(point) + L".bak";
+    else
+        names.backup.Format(L"%s\\LinkInfo.lif", system);
+    return true;
+}
+
+std::string readAll(CFile& file) {
+    constexpr UINT kPiece = 1U << 20U;
+    std::string bytes;
+    for (std::size_t filled = 0;;) {
+        bytes.resize(filled + kPiece);
+        const UINT count = file.Read(bytes.data() + filled, kPiece);
+        filled += count;
+        if (count < kPiece) {
+            bytes.resize(filled);
+            return bytes;
+        }
+    }
+}
+
+/// Empty when there is no such file. A file that is there but can't be read throws: its records would be
+/// lost.
+std::string readOld(const CString& path) {
+    CFile file;
+    CFileException error;
+    if (file.Open(path, CFile::modeRead | CFile::shareDenyNone, &error))
+        return readAll(file);
+    if (error.m_cause != CFileException::fileNotFound)
+        throw error;
+    return {};
+}
+
+void writeAll(CFile& file, std::string_view bytes) {
+    constexpr std::size_t kPiece = std::size_t{1} << 30U;
+    for (; !bytes.empty(); bytes.remove_prefix(std::min(bytes.size(), kPiece)))
+        file.Write(bytes.data(), static_cast<UINT>(std::min(bytes.size(), kPiece)));
+    file.Close();
+}
+
+bool writeTemporary(const CString& temporary, const CString& path, const std::vector<zu::LinkPair>& pairs) {
+    CFile file;
+    if (!file.Open(temporary, CFile::modeCreate | CFile::modeWrite | CFile::shareDenyWrite))
+        return false;
+    try {
+        if (const auto merged = zu::mergeLinks(readOld(path), pairs)) {
+            writeAll(file, *merged);
+            return true;
+        }
+    } catch (const CFileException&) {
+        // Told by the result; the file being created is given up below.
+    }
+    file.Abort();
+    return false;
+}
+
+void tellFailedSave(DWORD error) {
+    CString format;
+    ZuComn_LoadString(ZuComn_GetResource(), zu::text::kSaveFailed, format);
+    CString message;
+    message.Format(format, static_cast<int>(error));
+    AfxMessageBox(message, MB_OK | MB_ICONSTOP);
+}
+
+bool putInPlace(const WorkingNames& names, const CString& path) {
+    // A file that is its own backup must not be deleted before the new one is there.
+    if (names.backup.CompareNoCase(path) != 0) {
+        DeleteFileW(names.backup);
+        MoveFileW(path, names.backup);
+    }
+    if (!CopyFileW(names.temporary, path, FALSE)) {
+        tellFailedSave(GetLastError());
+        return false;
+    }
+    DeleteFileW(names.temporary);
+    return true;
+}
+
+} // namespace
+
+bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys, CStringArray& values) {
+    CPtrArray records;
+    if (ZuComn_ReadConfigFile(path, records, 0, nullptr, L"|") != 0)
+        return false;
+    const ValuesByKey found = valuesOf(records);
+    ZuComn_RemoveAllFree(records);
+    for (int i = 0; i < keys.GetSize(); ++i) {
+        const auto value = found.find(std::wstring(keys[i].view()));
+        values.Add(value != found.end() ? value->second : CString());
+    }
+    return true;
+}
+
+bool ZuComn_SaveLinkInfo(const wchar_t* path, const CStringArray& keys, const CStringArray& values) {
+    const CString target(path);
+    const std::vector<zu::LinkPair> pairs = pairsOf(keys, values);
+    WorkingNames names;
+    if (target.IsEmpty() || !findNames(target, names) || names.temporary.CompareNoCase(target) == 0)
+        return false;
+    DeleteFileW(names.temporary);
+    return writeTemporary(names.temporary, target, pairs) && putInPlace(names, target);
+}

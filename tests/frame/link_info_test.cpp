@@ -1,0 +1,227 @@
+#include "sample_settings.h"
+#include "temporary_folder.h"
+
+#include <zucomn/link_info.h>
+
+#include <zuhost/file_ops.h>
+#include <zuhost/message_box.h>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <initializer_list>
+
+#include <sys/wait.h>
+
+namespace {
+
+namespace file_ops = zuhost::file_ops;
+
+constexpr const char* kOld = "A|old\nC|3\n";
+constexpr const char* kNew = "A|new\nC|3\nB|2\n";
+
+CStringArray texts(std::initializer_list<const wchar_t*> list) {
+    CStringArray array;
+    for (const wchar_t* const text : list)
+        array.Add(text);
+    return array;
+}
+
+/// A folder whose files are named as the product does.
+class LinkInfo : public testing::Test {
+protected:
+    [[nodiscard]] CString path(std::string_view name = "links.lif") const {
+        std::wstring text = folder_.wide(name);
+        std::replace(text.begin(), text.end(), L'/', L'\\');
+        return CString(text);
+    }
+    [[nodiscard]] std::string read(std::string_view name) const {
+        return TemporaryFolder::read(folder_.file(name));
+    }
+    [[nodiscard]] bool exists(std::string_view name) const {
+        return std::filesystem::exists(folder_.file(name));
+    }
+    [[nodiscard]] CString value(const wchar_t* key) const {
+        CStringArray values;
+        return ZuComn_GetLinkInfo(path(), texts({key}), values) ? values[0] : CString(L"(unread)");
+    }
+    [[nodiscard]] bool save() const {
+        return ZuComn_SaveLinkInfo(path(), texts({L"A", L"B"}), texts({L"new", L"2"}));
+    }
+
+    /// What an ended run left would cost the next one operations.
+    void startAgain() const {
+        for (const auto& left : std::filesystem::directory_iterator(folder_.path()))
+            std::filesystem::remove(left);
+        folder_.write("links.lif", kOld);
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(LinkInfo, Merges) {
+    const struct {
+        std::string before;
+        CStringArray keys;
+        CStringArray values;
+        std::string after;
+    } cases[] = {
+        {"", texts({L"A", L"B", L"A"}), texts({L"1", L"2", L"3"}), "A|1\r\nB|2\r\n"},
+        {"A|old|extra\r\nB|x|y \r\n", texts({L"A"}), texts({L"new"}), "A|new\r\nB|x|y \r\n"},
+        {"A|1\n\n  \nB|2", texts({L"C"}), texts({L"3"}), "A|1\nB|2\nC|3\n"},
+        {"x\r\ny|1\r\n", texts({L"x\ny", L"p\nq"}), texts({L"2", L"3"}), "x\r\ny|2\r\np\r\nq|3\r\n"},
+        {"lost\nx\ny|1\nlast\n", texts({L"y"}), texts({L"2"}), "x\ny|1\ny|2\n"},
+        {" A |1\nA|2\n", texts({L"A"}), texts({L"3"}), "A|3\nA|2\n"},
+        {"\x83\x7C\x83\x93|1\n", texts({L"ポン"}), texts({L"表"}), "\x83\x7C\x83\x93|\x95\x5C\n"},
+        {"\xEF\xBB\xBF"
+         "A|1\n",
+         texts({L"㎥", L"A"}), texts({L"𠮷", L"2"}),
+         "\xEF\xBB\xBF"
+         "A|2\n㎥|𠮷\n"},
+        {std::string("\xFF\xFE"
+                     "A\0|\0\x0A\x0A\n\0",
+                     10),
+         texts({L"A"}), texts({L"𠮷"}),
+         std::string("\xFF\xFE"
+                     "A\0|\0\x42\xD8\xB7\xDF\n\0",
+                     12)},
+    };
+    for (const auto& c : cases) {
+        folder_.write("links.lif", c.before);
+        EXPECT_TRUE(ZuComn_SaveLinkInfo(path(), c.keys, c.values)) << c.before;
+        EXPECT_EQ(read("links.lif"), c.after);
+        EXPECT_EQ(read("links.bak"), c.before);
+        EXPECT_FALSE(exists("__Temp.tmp"));
+    }
+}
+
+TEST_F(LinkInfo, ReadsWhatItWrites) {
+    EXPECT_EQ(value(L"A"), L"(unread)");
+    ASSERT_TRUE(ZuComn_SaveLinkInfo(path(), texts({L"x\ny", L"A", L""}), texts({L"1", L"2", L"3"})));
+    EXPECT_FALSE(exists("links.bak")) << "the first save has nothing to back up";
+    EXPECT_EQ(value(L"x\ny"), L"1");
+    EXPECT_EQ(value(L"y"), L"");
+    EXPECT_EQ(value(L"A"), L"2");
+    EXPECT_EQ(value(L"a"), L"");
+    EXPECT_EQ(value(L""), L"3");
+    CStringArray none;
+    EXPECT_TRUE(ZuComn_GetLinkInfo(path(), none, none));
+    EXPECT_TRUE(none.IsEmpty());
+}
+
+TEST_F(LinkInfo, ReadsTheSample) {
+    const SampleSettings settings;
+    const auto expected = nlohmann::json::parse(TemporaryFolder::read(ZU_SAMPLES "/expected/settings.json"));
+    ASSERT_FALSE(expected.at("links").empty());
+    for (const auto& link : expected.at("links")) {
+        CStringArray values;
+        const std::wstring key = zuhost::fromUtf8(link.at(0).get<std::string>());
+        ASSERT_TRUE(
+            ZuComn_GetLinkInfo(settings.system("LinkInfo.lif").c_str(), texts({key.c_str()}), values));
+        EXPECT_EQ(zuhost::toUtf8(values[0].view()), link.at(1).get<std::string>());
+    }
+}
+
+TEST_F(LinkInfo, WhatCannotBeSavedLeavesTheFile) {
+    folder_.write("links.lif", "A|1\n");
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), texts({L"A"}), texts({L"𠮷"}))) << "not in the code page";
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(L"bare", texts({L"A"}), texts({L"1"}))) << "no system folder";
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path("missing/links.lif"), texts({L"A"}), texts({L"1"})));
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path("__Temp.tmp"), texts({L"A"}), texts({L"1"})));
+    std::filesystem::create_directory(folder_.path() / "folder.lif");
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path("folder.lif"), texts({L"A"}), texts({L"1"})));
+    EXPECT_EQ(read("links.lif"), "A|1\n");
+    EXPECT_FALSE(exists("links.bak"));
+    EXPECT_FALSE(exists("__Temp.tmp"));
+}
+
+TEST_F(LinkInfo, NamesWithoutExtensionAreBackedUpInTheSystemFolder) {
+    const SampleSettings settings;
+    folder_.write("links", "A|1\n");
+    const std::string before = TemporaryFolder::read(settings.folder().file("system/LinkInfo.lif"));
+    ASSERT_NE(before, "");
+    ASSERT_TRUE(ZuComn_SaveLinkInfo(path("links"), texts({L"A"}), texts({L"2"})));
+    EXPECT_EQ(read("links"), "A|2\n");
+    EXPECT_EQ(TemporaryFolder::read(settings.folder().file("system/LinkInfo.lif")), "A|1\n");
+}
+
+// Each operation of the file layer fails in turn, once or from then on.
+TEST_F(LinkInfo, NoFailureLosesTheFile) {
+    for (const bool fromThenOn : {false, true}) {
+        bool clean = false;
+        for (std::uint64_t n = 1; !clean; ++n) {
+            ASSERT_LT(n, 100U);
+            startAgain();
+            const zuhost::MessageBoxObserver observer;
+            bool saved = false;
+            {
+                const file_ops::FailAt failure(n, fromThenOn);
+                saved = save();
+                clean = failure.count() < n;
+            }
+            const std::string now = read("links.lif");
+            EXPECT_EQ(saved, now == kNew) << n;
+            if (now == kNew || now == kOld)
+                continue;
+            EXPECT_EQ(now, "") << n;
+            EXPECT_EQ(read("links.bak"), kOld) << n;
+            EXPECT_EQ(read("__Temp.tmp"), kNew) << n;
+            EXPECT_EQ(observer.boxes().size(), 1U) << n;
+        }
+    }
+}
+
+// The process ends before each operation in turn.
+TEST_F(LinkInfo, NoKillLosesTheFile) {
+    bool finished = false;
+    for (int n = 1; !finished; ++n) {
+        ASSERT_LT(n, 100);
+        startAgain();
+        const pid_t child = fork();
+        if (child == 0) {
+            int count = 0;
+            const file_ops::Interception killer([&](file_ops::Operation, const std::string&) {
+                if (++count == n)
+                    _exit(1);
+                return 0;
+            });
+            _exit(save() ? 0 : 2);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        finished = WEXITSTATUS(status) == 0;
+        const std::string now = read("links.lif");
+        const bool between = now.empty() && read("links.bak") == kOld && read("__Temp.tmp") == kNew;
+        EXPECT_TRUE(now == kOld || now == kNew || between) << n << now;
+        EXPECT_TRUE(!finished || now == kNew);
+    }
+}
+
+// With a look-up that walks the file for every key this takes minutes.
+TEST_F(LinkInfo, CostGrowsWithFileAndKeys) {
+    std::string file;
+    for (int i = 0; i < 100'000; ++i)
+        file += "line\nkey" + std::to_string(i) + "|value" + std::to_string(i) + "\n";
+    folder_.write("links.lif", file);
+    CStringArray keys;
+    CStringArray news;
+    for (int i = 0; i < 10'000; ++i) {
+        keys.Add(CString((L"line\nkey" + std::to_wstring(i * 11)).c_str()));
+        news.Add(CString((L"new" + std::to_wstring(i)).c_str()));
+    }
+    const auto start = std::chrono::steady_clock::now();
+    CStringArray values;
+    ASSERT_TRUE(ZuComn_GetLinkInfo(path(), keys, values));
+    ASSERT_TRUE(ZuComn_SaveLinkInfo(path(), keys, news));
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    EXPECT_LT(taken.count(), 10.0);
+    EXPECT_EQ(values[9000], L"value99000");
+    EXPECT_EQ(values[9999], L"");
+    EXPECT_EQ(value(L"line\nkey99000"), L"new9000");
+    EXPECT_EQ(value(L"line\nkey109989"), L"new9999");
+}
+
+} // namespace
