@@ -19,9 +19,11 @@ void Esg_mirror(const Line* axis, int count, const Point* src, Point* dst) {
     const double shiftY = 2.0 * k * n.y;
     const double cross = 2.0 * n.x * n.y;
     const double square = n.x * n.x - n.y * n.y;
+    // Both coordinates in one shape, so that a point is one vector.
     for (int i = 0; i < count; ++i) {
-        const auto [x, y] = src[i];
-        dst[i] = {shiftX - (cross * y + square * x), square * y - cross * x + shiftY};
+        const double x = src[i].x;
+        const double y = src[i].y;
+        dst[i] = {shiftX - (square * x + cross * y), shiftY + (square * y - cross * x)};
     }
 }
 
