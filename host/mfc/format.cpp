@@ -117,7 +117,7 @@ Conversion readConversion(Reader& reader, Arguments& arguments) {
     return c;
 }
 
-std::wstring padded(std::wstring body, std::wstring prefix, const Conversion& c, bool zeros) {
+std::wstring padded(const std::wstring& body, const std::wstring& prefix, const Conversion& c, bool zeros) {
     const std::size_t length = prefix.size() + body.size();
     const std::size_t fill =
         static_cast<std::size_t>(c.width) > length ? static_cast<std::size_t>(c.width) - length : 0;
@@ -217,7 +217,7 @@ std::wstring formatWords(const FormatArgument& argument, const Conversion& c) {
     }
     if (c.precision >= 0 && static_cast<std::size_t>(c.precision) < text.size())
         text.resize(static_cast<std::size_t>(c.precision));
-    return padded(std::move(text), {}, c, false);
+    return padded(text, {}, c, false);
 }
 
 std::wstring formatCharacter(const FormatArgument& argument, const Conversion& c) {

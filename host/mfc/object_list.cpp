@@ -56,8 +56,12 @@ POSITION CObList::AddTail(CObject* object) {
 }
 
 void CObList::RemoveAll() {
-    while (head_ != nullptr)
-        remove(head_);
+    for (Node* n = head_; n != nullptr;) {
+        const std::unique_ptr<Node> owner(n);
+        n = n->next;
+    }
+    head_ = tail_ = nullptr;
+    count_ = 0;
 }
 
 POSITION CObList::GetHeadPosition() const {

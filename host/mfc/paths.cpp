@@ -52,7 +52,7 @@ std::string withSlashes(std::wstring_view path) {
 } // namespace
 
 std::string systemPath(std::wstring_view path) {
-    const std::string slashed = withSlashes(path);
+    std::string slashed = withSlashes(path);
     if (slashed.empty() || slashed.find('\0') != std::string::npos || isThere(slashed))
         return slashed;
     fs::path found;
