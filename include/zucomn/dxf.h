@@ -324,7 +324,7 @@ public:
     /// 0 when the file begins with the 18 characters of a binary drawing; 1 otherwise, or when it can't be
     /// opened.
     static int IsAscii(const wchar_t* path);
-    /// True when the ENTITIES section of the file holds an entity of a kept type.
+    /// True when reading the file finds an entity of a kept type.
     static bool CheckEntities(const wchar_t* path);
 
     /// Begins to read a file or lines without loading anything: the next GetRecord reads the first record.

@@ -244,16 +244,6 @@ bool CAcadDxf::readEntity(CEnt* made, CEntList& list, CPline*& polyline) {
 }
 
 bool CAcadDxf::CheckEntities(const wchar_t* path) {
-    CAcadDxf reader;
-    if (!reader.Open(path))
-        return false;
-    while (reader.Skip(0, L"SECTION") != 0) {
-        if (reader.GetRecord() == 0 || !reader.at(2, "ENTITIES"))
-            continue;
-        while (reader.GetRecord() != 0 && !reader.at(0, "ENDSEC"))
-            if (reader.GetCode() == 0 && makerOf(reader.input_->record().value) != nullptr)
-                return true;
-        return false;
-    }
-    return false;
+    const CAcadDxf part(path);
+    return part.GetEntities().IsEmpty() == FALSE;
 }
