@@ -105,7 +105,12 @@ HINSTANCE load(const std::string& path) {
 }
 
 HINSTANCE program() {
-    static const HINSTANCE module = add(canonical("/proc/self/exe"));
+    static const HINSTANCE module = [] {
+        const std::string path = canonical("/proc/self/exe");
+        const HINSTANCE added = add(path);
+        added->name = fs::path(path).filename().string() + ".exe";
+        return added;
+    }();
     return module;
 }
 

@@ -134,6 +134,10 @@ std::optional<Profile::Line> Profile::newLine(const std::wstring& text) const {
 
 void Profile::completeLastLine() {
     const std::string ending = encoding_.encode(L"\r\n").value_or("\r\n");
+    // Half a character at the end of the file would put all that follows out of step.
+    if (!lines_.empty() && encoding_.kind == TextEncoding::Kind::utf16LittleEndian &&
+        lines_.back().bytes.size() % 2 != 0)
+        lines_.back().bytes.pop_back();
     const auto ends = [this](wchar_t c) {
         return lines_.back().bytes.ends_with(encoding_.encode(std::wstring(1, c)).value_or(""));
     };

@@ -66,7 +66,7 @@ BOOL CStdioFile::ReadString(CString& line) {
         fail(EBADF);
     if (!text_->lines) {
         std::string bytes;
-        const ULONGLONG left = GetLength() - GetPosition();
+        const ULONGLONG left = GetLength() - std::min(GetPosition(), GetLength());
         bytes.resize(static_cast<std::size_t>(left));
         std::size_t filled = 0;
         constexpr std::size_t kPiece = std::size_t{1} << 30U;

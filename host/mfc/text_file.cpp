@@ -30,7 +30,7 @@ std::wstring decodeUtf16(std::string_view bytes) {
     return text;
 }
 
-std::string encodeUtf16(std::wstring_view text) {
+std::optional<std::string> encodeUtf16(std::wstring_view text) {
     std::string bytes;
     const auto add = [&bytes](char32_t unit) {
         bytes += static_cast<char>(unit & 0xFF);
@@ -38,6 +38,8 @@ std::string encodeUtf16(std::wstring_view text) {
     };
     for (std::size_t at = 0; at < text.size();) {
         const char32_t c = nextCodePoint(text, at);
+        if (c > 0x10FFFF)
+            return std::nullopt;
         if (c > 0xFFFF) {
             add(0xD800 + ((c - 0x10000) >> 10));
             add(0xDC00 + ((c - 0x10000) & 0x3FF));

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -41,6 +42,23 @@ std::string narrow(std::wstring_view text) {
     return ascii;
 }
 
+/// Whether a number that double can't hold is too small rather than too large, by the place of its first
+/// significant digit.
+bool isBelowOne(std::string_view number, bool hexadecimal) {
+    const std::size_t mark = std::min(number.find_first_of(hexadecimal ? "pP" : "eE"), number.size());
+    const std::string_view digits = number.substr(0, mark);
+    std::string_view exponent = number.substr(std::min(mark + 1, number.size()));
+    if (exponent.starts_with('+'))
+        exponent.remove_prefix(1);
+    std::int64_t shift = 0;
+    const auto [end, error] = std::from_chars(exponent.data(), exponent.data() + exponent.size(), shift);
+    if (error == std::errc::result_out_of_range)
+        return exponent.starts_with('-');
+    const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
+    const auto first = static_cast<std::int64_t>(std::min(digits.find_first_not_of("0."), digits.size()));
+    return (point - first) * (hexadecimal ? 4 : 1) + shift < 0;
+}
+
 } // namespace
 
 int _wtoi(const wchar_t* text) {
@@ -64,6 +82,8 @@ double _wtof(const wchar_t* text) {
     const bool negative = number.starts_with('-');
     if (negative || number.starts_with('+'))
         number.erase(0, 1);
+    if (number.starts_with('-'))
+        return 0.0;
     const bool hexadecimal = number.starts_with("0x") || number.starts_with("0X");
     const char* const first = number.data() + (hexadecimal ? 2 : 0);
     double value = 0.0;
@@ -72,9 +92,7 @@ double _wtof(const wchar_t* text) {
                         hexadecimal ? std::chars_format::hex : std::chars_format::general);
     if (error == std::errc::result_out_of_range) {
         const std::string_view read(first, static_cast<std::size_t>(end - first));
-        value = read.find("e-") != std::string_view::npos || read.find("E-") != std::string_view::npos
-                    ? 0.0
-                    : std::numeric_limits<double>::infinity();
+        value = isBelowOne(read, hexadecimal) ? 0.0 : std::numeric_limits<double>::infinity();
     }
     return negative ? -value : value;
 }

@@ -149,6 +149,23 @@ TEST(Profile, WritesAsRecorded) {
     }
 }
 
+TEST(Profile, ReadsIntegersAsRecorded) {
+    const TemporaryFolder folder;
+    for (const json& c : recordedCases("misc.json")["GetPrivateProfileIntW_default_77"]) {
+        const std::string value = c[0];
+        folder.write("p.ini",
+                     value == "(missing key)" ? "[A]\r\n" : "\xEF\xBB\xBF[A]\r\nk=" + value + "\r\n");
+        const UINT read = GetPrivateProfileIntW(L"A", L"k", 77, folder.wide("p.ini").c_str());
+        EXPECT_EQ(static_cast<int>(read), c[1].get<int>()) << value;
+    }
+}
+
+TEST(Profile, DropsHalfACharacterAtTheEndOfAFile) {
+    zuhost::Profile profile(std::string_view("\xFF\xFE[\0A\0]\0\n\0x", 11));
+    EXPECT_TRUE(profile.set(L"A", L"k", L"1"));
+    EXPECT_EQ(zuhost::Profile(profile.bytes()).value(L"A", L"k"), L"1");
+}
+
 TEST(Profile, WritesUtf8WhereTheMarkSaysSo) {
     const TemporaryFolder folder;
     const std::string path = folder.write("p.ini", "\xEF\xBB\xBF[A]\r\nk=1\r\n");

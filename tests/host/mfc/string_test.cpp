@@ -130,6 +130,27 @@ TEST(String, ReadsNumbersAsRecorded) {
     }
 }
 
+TEST(String, ReadsNumbersOfAnySize) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    const std::wstring zeros(400, L'0');
+    const struct {
+        std::wstring text;
+        double value;
+    } cases[] = {{L"0." + zeros + L"1", 0.0},
+                 {L"-1" + zeros, -infinity},
+                 {L"1" + zeros + L"e-400", 1.0},
+                 {L"0." + zeros + L"1e401", 1.0},
+                 {L"1" + zeros + L"e-9999999", 0},
+                 {L"1e-99999999999999999999", 0.0},
+                 {L"1e99999999999999999999", infinity},
+                 {L"0x1p-5000", 0.0},
+                 {L"0xep5000", infinity},
+                 {L"--5", 0.0},
+                 {L"+-5", 0.0}};
+    for (const auto& c : cases)
+        EXPECT_EQ(_wtof(c.text.c_str()), c.value) << zuhost::toUtf8(c.text);
+}
+
 TEST(String, ComparesAndFoldsAsRecorded) {
     const json recorded = recordedCases("misc.json");
     for (const json& c : recorded["compare"]) {
@@ -175,6 +196,22 @@ TEST(Codec, Japanese932AsRecorded) {
     }
     EXPECT_FALSE(codec->encode(L"850㎥"));
     EXPECT_FALSE(codec->encode(L"😀"));
+}
+
+TEST(Codec, PlatformFunctionsTellSizesAndRefuse) {
+    wchar_t text[8];
+    EXPECT_EQ(MultiByteToWideChar(932, 0, "\x95\x5C\x94\x5C", -1, nullptr, 0), 3);
+    EXPECT_EQ(MultiByteToWideChar(932, 0, "\x95\x5C\x94\x5C", -1, text, 8), 3);
+    EXPECT_STREQ(text, L"表能");
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "表x", 3, text, 8), 1);
+    EXPECT_EQ(MultiByteToWideChar(932, 0, "abc", 3, text, 2), 0);
+    EXPECT_EQ(MultiByteToWideChar(4711, 0, "abc", 3, text, 8), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_PARAMETER);
+    char bytes[8];
+    EXPECT_EQ(WideCharToMultiByte(932, 0, L"表", -1, bytes, 8, nullptr, nullptr), 3);
+    EXPECT_STREQ(bytes, "\x95\x5C");
+    EXPECT_EQ(WideCharToMultiByte(932, 0, L"㎥", -1, bytes, 8, "?", nullptr), 0);
+    EXPECT_EQ(GetLastError(), ERROR_NO_UNICODE_TRANSLATION);
 }
 
 TEST(Codec, Utf8KeepsWhatItCan) {

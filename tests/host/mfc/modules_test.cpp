@@ -1,0 +1,89 @@
+#include "temporary_folder.h"
+
+#include <afx.h>
+#include <afxdllx.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The sample module's library under another name in a folder of its own.
+class SampleModule {
+public:
+    SampleModule() { fs::copy_file(ZU_SAMPLE_MODULE, folder_.file("libSample.so")); }
+
+    [[nodiscard]] HMODULE load() const { return LoadLibraryW((folder_.wide("") + L"SAMPLE.dll").c_str()); }
+    [[nodiscard]] const TemporaryFolder& folder() const { return folder_; }
+
+private:
+    TemporaryFolder folder_;
+};
+
+std::wstring fileName(HMODULE module) {
+    wchar_t buffer[1024];
+    const DWORD length = GetModuleFileNameW(module, buffer, 1024);
+    return {buffer, length};
+}
+
+TEST(Modules, AttachOnceAndDetachWithTheLastHandle) {
+    const SampleModule sample;
+    const HMODULE module = sample.load();
+    ASSERT_NE(module, nullptr);
+    EXPECT_EQ(sample.load(), module);
+    EXPECT_STREQ(std::getenv("ZU_SAMPLE_MODULE"), "a text too long for the small buffer of a string");
+    auto* const answer = reinterpret_cast<int (*)()>(GetProcAddress(module, "sampleAnswer"));
+    ASSERT_NE(answer, nullptr);
+    EXPECT_EQ(answer(), 42);
+    EXPECT_EQ(GetProcAddress(module, "DllMain"), nullptr) << "each module has its own";
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_NE(std::getenv("ZU_SAMPLE_MODULE"), nullptr);
+    EXPECT_TRUE(FreeLibrary(module));
+    EXPECT_EQ(std::getenv("ZU_SAMPLE_MODULE"), nullptr);
+    EXPECT_FALSE(FreeLibrary(module));
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+}
+
+TEST(Modules, TellTheirNameInTheHostsForm) {
+    const SampleModule sample;
+    const HMODULE module = sample.load();
+    ASSERT_NE(module, nullptr);
+    const std::wstring name = fileName(module);
+    EXPECT_TRUE(name.ends_with(L"\\Sample.dll")) << zuhost::toUtf8(name);
+    EXPECT_EQ(name.find(L'/'), std::wstring::npos);
+    EXPECT_TRUE(fileName(nullptr).ends_with(L"\\test_mfc.exe"));
+    wchar_t buffer[4];
+    EXPECT_EQ(GetModuleFileNameW(module, buffer, 4), 4U);
+    EXPECT_EQ(name.substr(0, 3), buffer) << "what does not fit is cut off";
+    FreeLibrary(module);
+}
+
+TEST(Modules, TextsAreLookedUpAlongTheChain) {
+    const SampleModule sample;
+    sample.folder().write("Language.strings", "1 = \"translated\"");
+    const HMODULE module = sample.load();
+    const HMODULE language = LoadLibraryW((sample.folder().wide("") + L"language.dll").c_str());
+    ASSERT_NE(language, nullptr);
+    CString text(L"before");
+    EXPECT_TRUE(text.LoadString(module, 2));
+    EXPECT_EQ(text, L"second\n\"quoted\" 表");
+    EXPECT_FALSE(text.LoadString(language, 2));
+    EXPECT_EQ(text, L"second\n\"quoted\" 表");
+
+    const HINSTANCE before = AfxGetResourceHandle();
+    AfxSetResourceHandle(language);
+    EXPECT_TRUE(text.LoadString(1));
+    EXPECT_EQ(text, L"translated");
+    EXPECT_TRUE(text.LoadString(2)) << "what the language lacks is found further on in the chain";
+    EXPECT_EQ(AfxFindStringResourceHandle(2), module);
+    EXPECT_EQ(AfxFindStringResourceHandle(3), language);
+    AfxSetResourceHandle(before);
+    FreeLibrary(module);
+    EXPECT_FALSE(text.LoadString(2)) << "an unloaded module has left the chain";
+    FreeLibrary(language);
+}
+
+} // namespace
