@@ -31,6 +31,11 @@ std::wstring_view asked(std::wstring_view name) {
     return trimmed(name, [](wchar_t c) { return c == L' '; });
 }
 
+/// A NUL ends a text.
+std::wstring_view untilNul(std::wstring_view text) {
+    return text.substr(0, text.find(L'\0'));
+}
+
 bool sameName(std::wstring_view a, std::wstring_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](wchar_t x, wchar_t y) { return toLower(x) == toLower(y); });
@@ -71,16 +76,13 @@ Profile::Line Profile::parsed(std::string bytes) const {
     const std::size_t equals = text.find(L'=');
     if (text.starts_with(L'[')) {
         line.kind = Line::Kind::section;
-        line.name = trimmed(text.substr(1, std::min(text.find(L']'), text.size()) - 1));
+        line.name = trimmed(untilNul(text.substr(1, std::min(text.find(L']'), text.size()) - 1)));
     } else if (!text.starts_with(L';') && !text.empty()) {
         line.kind = equals != std::wstring_view::npos ? Line::Kind::key : Line::Kind::bareKey;
-        line.name = trimmed(text.substr(0, equals));
+        line.name = trimmed(untilNul(text.substr(0, equals)));
         if (line.kind == Line::Kind::key)
-            line.value = trimmed(text.substr(equals + 1));
+            line.value = untilNul(trimmed(text.substr(equals + 1)));
     }
-    // A NUL ends a text.
-    for (std::wstring* part : {&line.name, &line.value})
-        part->resize(std::min(part->find(L'\0'), part->size()));
     return line;
 }
 
