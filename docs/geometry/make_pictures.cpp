@@ -52,8 +52,8 @@ void basics(const std::string& path) {
     const Point centre{9.5, 1};
     Esg_rotate(-90.0, &centre, 4, shape.data(), moved.data());
     outline(moved, true);
-    canvas.dot(centre, "centre", 0.3, -0.8);
-    canvas.text({12.6, 3}, "rotated by -90");
+    canvas.dot(centre, "centre", 0.4, -0.3);
+    canvas.text({10.2, 6}, "rotated by -90");
 }
 
 void intersections(const std::string& path) {
