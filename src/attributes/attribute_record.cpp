@@ -40,8 +40,8 @@ std::vector<CString> encodeRecord(const AttributeRecord& record) {
     if (record.items.empty())
         return {};
     CString header;
-    header.Format(L"%d|%s|%s|", static_cast<int>(record.items.size()), trimmed(record.first),
-                  trimmed(record.second));
+    header.Format(L"%d|", static_cast<int>(record.items.size()));
+    header += trimmed(record.first) + kBar + trimmed(record.second) + kBar;
     std::vector<CString> strings{header};
     std::transform(record.items.begin(), record.items.end(), std::back_inserter(strings), encodeItem);
     return strings;

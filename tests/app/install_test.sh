@@ -11,6 +11,16 @@ cmake --install "$build" --prefix "$work/tree" >/dev/null
 cmake -S "$source/outside" -B "$work/outside" -G Ninja -DCMAKE_PREFIX_PATH="$work/tree" -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
 cmake --build "$work/outside" >/dev/null
 "$work/outside/outside" "$samples/drawings/office-floor.dxf"
+
+# The example of an application module, built outside and loaded by the host.
+cmake -S "$source/../../examples/attredit" -B "$work/attredit" -G Ninja -DCMAKE_PREFIX_PATH="$work/tree" -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
+cmake --build "$work/attredit" >/dev/null
+told=$("$work/attredit/run_attredit" "$work/attredit/libattredit.so" "$samples/drawings/office-floor.dxf" 110 "$work/edited.dxf" 2>&1)
+test "$told" = "attredit: 58 elements raised by 100
+attredit: 110 goes
+attredit: 110 is replaced by 10E"
+grep -q "S401|2800|" "$work/edited.dxf"
+
 libraries=$(dirname "$(find "$work/tree" -name libZuComn.so | head -1)")
 export PKG_CONFIG_PATH="$libraries/pkgconfig"
 "$compiler" -std=c++20 "$source/outside/main.cpp" -o "$work/by-pkg-config" $(pkg-config --cflags --libs zucomn)
