@@ -151,7 +151,8 @@ TEST(Profile, WritesAsRecorded) {
 
 TEST(Profile, ReadsIntegersAsRecorded) {
     const TemporaryFolder folder;
-    for (const json& c : recordedCases("misc.json")["GetPrivateProfileIntW_default_77"]) {
+    const json recorded = recordedCases("misc.json");
+    for (const json& c : recorded["GetPrivateProfileIntW_default_77"]) {
         const std::string value = c[0];
         folder.write("p.ini",
                      value == "(missing key)" ? "[A]\r\n" : "\xEF\xBB\xBF[A]\r\nk=" + value + "\r\n");

@@ -164,7 +164,8 @@ TEST(String, ComparesAndFoldsAsRecorded) {
 }
 
 TEST(String, SplitsPathsAsRecorded) {
-    for (const json& c : recordedCases("misc.json")["_wsplitpath"]) {
+    const json recorded = recordedCases("misc.json");
+    for (const json& c : recorded["_wsplitpath"]) {
         wchar_t parts[4][MAX_PATH];
         _wsplitpath(wide(c[0]), parts[0], parts[1], parts[2], parts[3]);
         for (std::size_t i = 0; i < 4; ++i)
