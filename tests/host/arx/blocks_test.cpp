@@ -1,0 +1,72 @@
+#include "sample_drawing.h"
+
+namespace {
+
+using Blocks = SampleDrawing;
+
+} // namespace
+
+TEST_F(Blocks, EntitiesAreListedInOrder) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
+    EXPECT_TRUE(space->isLayout());
+    const auto ids = space->entityIds();
+    // Ends of attribute sequences belong to their references.
+    for (const AcDbObjectId entity : ids)
+        EXPECT_EQ(entity.objectClass()->isDerivedFrom(AcDbEntity::desc()), true);
+    erase(id(kDuct));
+    EXPECT_EQ(space->entityIds().size(), ids.size() - 1);
+    EXPECT_EQ(space->entityIds(false), ids);
+
+    AcDbBlockTableRecordIterator* iterator = nullptr;
+    space->newIterator(iterator);
+    const std::unique_ptr<AcDbBlockTableRecordIterator> owned(iterator);
+    AcDbObjectId first;
+    EXPECT_EQ(iterator->getEntityId(first), Acad::eOk);
+    EXPECT_EQ(first, ids.front());
+}
+
+TEST_F(Blocks, NewBlockIsDefinedAndPlaced) {
+    AcDbBlockTable* blocks = nullptr;
+    ASSERT_EQ(drawing->getBlockTable(blocks, AcDb::kForWrite), Acad::eOk);
+    auto* const block = new AcDbBlockTableRecord;
+    block->setName(L"新部品");
+    ASSERT_EQ(blocks->add(block), Acad::eOk);
+    blocks->close();
+    EXPECT_EQ(block->setOrigin({5, 6, 0}), Acad::eOk);
+    EXPECT_FALSE(block->isLayout());
+    auto* const line = new AcDbLine({0, 0, 0}, {1, 0, 0});
+    EXPECT_EQ(block->appendAcDbEntity(line), Acad::eOk);
+    EXPECT_EQ(block->appendAcDbEntity(line), Acad::eAlreadyInDb);
+    line->close();
+    const AcDbObjectId definition = block->objectId();
+    block->close();
+    const AcDbObjectId placed = add(*drawing, new AcDbBlockReference({9, 9, 0}, definition));
+
+    const auto again = reopened();
+    const AcDbObjectPointer<AcDbBlockTableRecord> read(blockId(*again, L"新部品"));
+    ASSERT_EQ(read.openStatus(), Acad::eOk);
+    EXPECT_EQ(read->origin().y, 6.0);
+    EXPECT_EQ(read->entityIds().size(), 1U);
+    const AcDbObjectPointer<AcDbBlockReference> reference(idIn(*again, placed.handle().value()));
+    EXPECT_EQ(reference->blockTableRecord(), read->objectId());
+}
+
+TEST_F(Blocks, ErasedBlockIsNotSaved) {
+    const AcDbObjectId shelf = blockId(*drawing, L"書棚");
+    for (const Adesk::UInt64 handle : {0x106, 0x108, 0x10A})
+        erase(id(handle));
+    erase(shelf);
+    const auto again = reopened();
+    EXPECT_TRUE(blockId(*again, L"書棚").isNull());
+    const AcDbObjectPointer<AcDbBlockTableRecord> before(blockId(*drawing, ACDB_MODEL_SPACE));
+    const AcDbObjectPointer<AcDbBlockTableRecord> after(blockId(*again, ACDB_MODEL_SPACE));
+    EXPECT_EQ(before->entityIds().size(), after->entityIds().size());
+}
+
+TEST_F(Blocks, ModelSpaceMustBeOpenForWriteToGrow) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
+    auto point = std::make_unique<AcDbPoint>();
+    EXPECT_EQ(space->appendAcDbEntity(point.get()), Acad::eNotOpenForWrite);
+    EXPECT_EQ(space->appendAcDbEntity(nullptr), Acad::eNullObjectPointer);
+    EXPECT_TRUE(point->objectId().isNull());
+}

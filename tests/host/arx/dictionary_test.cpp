@@ -1,0 +1,133 @@
+#include "sample_drawing.h"
+#include "summinfo.h"
+
+namespace {
+
+class Dictionaries : public SampleDrawing {
+protected:
+    AcDbObjectPointer<AcDbDictionary> groups{drawing->groupDictionaryId(), AcDb::kForWrite};
+
+    static std::vector<std::wstring> names(const AcDbDictionary& dictionary) {
+        std::vector<std::wstring> found;
+        for (const auto& entry : dictionary.entries())
+            found.push_back(entry.name);
+        return found;
+    }
+};
+
+using Names = std::vector<std::wstring>;
+
+} // namespace
+
+TEST_F(Dictionaries, EntriesKeepTheirOrder) {
+    EXPECT_EQ(names(*groups), (Names{L"*A1", L"RTGR00007", L"*A2", L"家具", L"*A3"}));
+    AcDbObjectId found;
+    EXPECT_EQ(groups->getAt(L"rtgr00007", found), Acad::eOk);
+    EXPECT_EQ(found.handle().value(), 0x184U);
+    EXPECT_EQ(groups->getAt(L"none", found), Acad::eKeyNotFound);
+    std::wstring name;
+    EXPECT_EQ(groups->nameAt(id(kFurniture), name), Acad::eOk);
+    EXPECT_EQ(name, L"家具");
+    EXPECT_EQ(groups->nameAt(id(kDuct), name), Acad::eKeyNotFound);
+    const std::unique_ptr<AcDbDictionaryIterator> iterator(groups->newIterator());
+    EXPECT_STREQ(iterator->name(), L"*A1");
+    EXPECT_TRUE(iterator->next());
+    EXPECT_EQ(iterator->objectId(), found);
+}
+
+TEST_F(Dictionaries, AnonymousGroupsGetTheNextName) {
+    AcDbObjectId added;
+    auto* const group = new AcDbGroup(L"説明", false);
+    EXPECT_EQ(groups->setAt(L"*", group, added), Acad::eOk);
+    EXPECT_TRUE(group->isAnonymous());
+    EXPECT_EQ(group->getName(), L"*A4");
+    group->close();
+    auto* const named = new AcDbGroup;
+    EXPECT_EQ(groups->setAt(L"給気", named, added), Acad::eOk);
+    EXPECT_FALSE(named->isAnonymous());
+    named->close();
+    groups.close();
+
+    const auto again = reopened();
+    const AcDbObjectPointer<AcDbDictionary> read(again->groupDictionaryId());
+    EXPECT_EQ(names(*read), (Names{L"*A1", L"RTGR00007", L"*A2", L"家具", L"*A3", L"*A4", L"給気"}));
+    AcDbObjectId found;
+    read->getAt(L"*A4", found);
+    const AcDbObjectPointer<AcDbGroup> saved(found);
+    EXPECT_EQ(saved->description(), L"説明");
+    EXPECT_FALSE(saved->isSelectable());
+    EXPECT_TRUE(saved->isAnonymous());
+    EXPECT_EQ(saved->ownerId(), read->objectId());
+    EXPECT_TRUE(saved->hasPersistentReactor(read->objectId()));
+}
+
+TEST_F(Dictionaries, EntriesAreReplacedAndRemoved) {
+    AcDbObjectId added;
+    auto* const group = new AcDbGroup;
+    EXPECT_EQ(groups->setAt(L"家具", group, added), Acad::eOk);
+    group->close();
+    EXPECT_TRUE(id(kFurniture).isErased());
+    AcDbObjectId found;
+    EXPECT_EQ(groups->getAt(L"家具", found), Acad::eOk);
+    EXPECT_EQ(found, added);
+    EXPECT_EQ(groups->remove(L"*a2"), Acad::eOk);
+    EXPECT_EQ(groups->remove(L"*a2"), Acad::eKeyNotFound);
+    EXPECT_EQ(groups->remove(id(kSingle)), Acad::eOk);
+    EXPECT_FALSE(id(kSingle).isErased());
+    EXPECT_EQ(names(*groups), (Names{L"*A1", L"RTGR00007", L"家具"}));
+    EXPECT_EQ(groups->numEntries(), 3U);
+}
+
+TEST_F(Dictionaries, WrongEntriesAreRefused) {
+    auto group = std::make_unique<AcDbGroup>();
+    AcDbObjectId added;
+    EXPECT_EQ(groups->setAt(L"", group.get(), added), Acad::eInvalidInput);
+    EXPECT_EQ(groups->setAt(L"x", nullptr, added), Acad::eInvalidInput);
+    AcDbDatabase other;
+    const AcDbObjectPointer<AcDbDictionary> foreign(other.groupDictionaryId(), AcDb::kForWrite);
+    ASSERT_EQ(foreign.openStatus(), Acad::eOk);
+    {
+        const AcDbObjectPointer<AcDbGroup> furniture(id(kFurniture), AcDb::kForWrite);
+        EXPECT_EQ(foreign->setAt(L"x", furniture, added), Acad::eWrongDatabase);
+    }
+    groups->downgradeOpen();
+    EXPECT_EQ(groups->setAt(L"x", group.get(), added), Acad::eNotOpenForWrite);
+    EXPECT_EQ(groups->remove(L"*A1"), Acad::eNotOpenForWrite);
+    EXPECT_EQ(foreign->numEntries(), 0U);
+}
+
+TEST_F(Dictionaries, ErasedObjectsAreNoEntriesUntilTheyComeBack) {
+    erase(id(kFurniture));
+    AcDbObjectId found;
+    EXPECT_EQ(groups->getAt(L"家具", found), Acad::eWasErased);
+    EXPECT_EQ(groups->numEntries(), 4U);
+    erase(id(kFurniture), false);
+    EXPECT_EQ(groups->numEntries(), 5U);
+}
+
+TEST_F(Dictionaries, CustomVariablesAreSaved) {
+    std::unique_ptr<AcDbDatabaseSummaryInfo> info;
+    ASSERT_EQ(acdbGetSummaryInfo(drawing.get(), info), Acad::eOk);
+    ASSERT_EQ(info->numCustomInfo(), 2);
+    std::wstring value;
+    EXPECT_EQ(info->getCustomSummaryInfo(L"zuanno", value), Acad::eOk);
+    EXPECT_EQ(value, L"1");
+    std::wstring key;
+    EXPECT_EQ(info->getCustomSummaryInfo(1, key, value), Acad::eOk);
+    EXPECT_EQ(key, L"図面名称");
+    EXPECT_EQ(info->getCustomSummaryInfo(2, key, value), Acad::eInvalidIndex);
+    EXPECT_EQ(info->addCustomSummaryInfo(L"ZUANNO", L"2"), Acad::eDuplicateKey);
+    EXPECT_EQ(info->setCustomSummaryInfo(L"ZUANNO", L"2"), Acad::eOk);
+    EXPECT_EQ(info->addCustomSummaryInfo(L"縮尺", L"1:50"), Acad::eOk);
+    EXPECT_EQ(info->deleteCustomSummaryInfo(L"図面名称"), Acad::eOk);
+    EXPECT_EQ(info->deleteCustomSummaryInfo(L"図面名称"), Acad::eKeyNotFound);
+    ASSERT_EQ(acdbPutSummaryInfo(drawing.get(), *info), Acad::eOk);
+
+    const auto again = reopened();
+    ASSERT_EQ(acdbGetSummaryInfo(again.get(), info), Acad::eOk);
+    ASSERT_EQ(info->numCustomInfo(), 2);
+    EXPECT_EQ(info->getCustomSummaryInfo(L"縮尺", value), Acad::eOk);
+    EXPECT_EQ(value, L"1:50");
+    EXPECT_EQ(info->getCustomSummaryInfo(0, key, value), Acad::eOk);
+    EXPECT_EQ(value, L"2");
+}

@@ -1,0 +1,118 @@
+#include "sample_drawing.h"
+
+namespace {
+
+class Groups : public SampleDrawing {
+protected:
+    static std::vector<Adesk::UInt64> members(const AcDbGroup& group) {
+        AcDbObjectIdArray ids;
+        group.allEntityIds(ids);
+        std::vector<Adesk::UInt64> handles;
+        for (const AcDbObjectId member : ids)
+            handles.push_back(member.handle().value());
+        return handles;
+    }
+
+    [[nodiscard]] bool knows(Adesk::UInt64 entity, Adesk::UInt64 group) const {
+        return AcDbObjectPointer<AcDbObject>(id(entity), AcDb::kForRead, true)
+            ->hasPersistentReactor(id(group));
+    }
+};
+
+using Handles = std::vector<Adesk::UInt64>;
+
+} // namespace
+
+TEST_F(Groups, MembersComeInOrder) {
+    const AcDbObjectPointer<AcDbGroup> furniture(id(kFurniture));
+    EXPECT_EQ(furniture->getName(), L"家具");
+    EXPECT_EQ(members(*furniture), (Handles{0x10A, 0x106, 0x108}));
+    EXPECT_TRUE(furniture->has(id(kShelf)));
+    EXPECT_FALSE(furniture->has(id(kDuct)));
+    const AcDbObjectPointer<AcDbGroup> supply(id(kSupply));
+    EXPECT_EQ(supply->numEntities(), 23U);
+    EXPECT_TRUE(supply->isAnonymous());
+}
+
+TEST_F(Groups, MembersAreEnteredWhereAsked) {
+    AcDbObjectPointer<AcDbGroup> group(id(kSingle), AcDb::kForWrite);
+    EXPECT_EQ(group->append(id(kDuct)), Acad::eOk);
+    EXPECT_EQ(group->prepend(id(kShelf)), Acad::eOk);
+    EXPECT_EQ(group->insertAt(1, id(kAirHandler)), Acad::eOk);
+    EXPECT_EQ(group->insertAt(4, id(0x110)), Acad::eOk);
+    EXPECT_EQ(group->insertAt(9, id(0x112)), Acad::eInvalidIndex);
+    EXPECT_EQ(group->append(id(kDuct)), Acad::eAlreadyInGroup);
+    EXPECT_EQ(group->append(AcDbObjectId::kNull), Acad::eNullObjectId);
+    const Handles expected{kShelf, kAirHandler, kBranch, kDuct, 0x110};
+    EXPECT_EQ(members(*group), expected);
+    for (const Adesk::UInt64 member : expected)
+        EXPECT_TRUE(knows(member, kSingle)) << member;
+    EXPECT_FALSE(knows(0x112, kSingle));
+    group.close();
+    const auto again = reopened();
+    const AcDbObjectPointer<AcDbGroup> read(idIn(*again, kSingle));
+    EXPECT_EQ(members(*read), expected);
+    EXPECT_TRUE(AcDbObjectPointer<AcDbObject>(idIn(*again, kShelf))->hasPersistentReactor(read->objectId()));
+}
+
+TEST_F(Groups, ListsAreEnteredAtOnceAndMembersLeave) {
+    const AcDbObjectPointer<AcDbGroup> group(id(kSingle), AcDb::kForWrite);
+    AcDbObjectIdArray ids;
+    for (const Adesk::UInt64 handle : {kDuct, kBranch, kDuct, kShelf})
+        ids.append(id(handle));
+    EXPECT_EQ(group->append(ids), Acad::eOk);
+    EXPECT_EQ(members(*group), (Handles{kBranch, kDuct, kShelf}));
+    EXPECT_EQ(group->remove(id(kDuct)), Acad::eOk);
+    EXPECT_EQ(group->remove(id(kDuct)), Acad::eNotInGroup);
+    EXPECT_FALSE(group->has(id(kDuct)));
+    EXPECT_TRUE(group->has(id(kShelf)));
+    EXPECT_FALSE(knows(kDuct, kSingle));
+    EXPECT_TRUE(knows(kDuct, kSupply));
+    EXPECT_EQ(group->clear(), Acad::eOk);
+    EXPECT_EQ(group->numEntities(), 0U);
+    EXPECT_FALSE(knows(kBranch, kSingle));
+}
+
+TEST_F(Groups, OpenMembersAndClosedGroupsAreRefused) {
+    const AcDbObjectPointer<AcDbGroup> group(id(kSingle));
+    EXPECT_EQ(group->append(id(kDuct)), Acad::eNotOpenForWrite);
+    EXPECT_EQ(group->remove(id(kBranch)), Acad::eNotOpenForWrite);
+    group->upgradeOpen();
+    AcDbObjectPointer<AcDbEntity> reading(id(kDuct));
+    EXPECT_EQ(group->append(id(kDuct)), Acad::eWasOpenForRead);
+    EXPECT_EQ(members(*group), Handles{kBranch});
+    EXPECT_EQ(group->append(id(kSupply)), Acad::eNotThatKindOfClass);
+    AcDbDatabase other;
+    EXPECT_EQ(group->append(add(other, new AcDbPoint)), Acad::eWrongDatabase);
+    AcDbGroup loose;
+    EXPECT_EQ(loose.append(id(kShelf)), Acad::eNotInDatabase);
+}
+
+TEST_F(Groups, ErasedMembersStayUntilSaved) {
+    erase(id(kShelf));
+    {
+        const AcDbObjectPointer<AcDbGroup> furniture(id(kFurniture));
+        EXPECT_EQ(furniture->numEntities(), 3U);
+    }
+    const auto without = reopened();
+    EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(idIn(*without, kFurniture))), (Handles{0x10A, 0x108}));
+    erase(id(kShelf), false);
+    EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(idIn(*reopened(), kFurniture))),
+              (Handles{0x10A, 0x106, 0x108}));
+}
+
+TEST_F(Groups, ErasedGroupLeavesItsMembersOnSaving) {
+    erase(id(kFurniture));
+    EXPECT_TRUE(knows(kShelf, kFurniture));
+    const std::string saved = drawing->dxfOutBytes(false);
+    const auto again = readBytes(saved);
+    const AcDbObjectPointer<AcDbObject> shelf(idIn(*again, kShelf));
+    EXPECT_EQ(shelf->reactors()->length(), 0);
+    AcDbObjectId found;
+    EXPECT_EQ(AcDbObjectPointer<AcDbDictionary>(again->groupDictionaryId())->getAt(L"家具", found),
+              Acad::eKeyNotFound);
+    // Bringing it back restores everything.
+    erase(id(kFurniture), false);
+    EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(idIn(*reopened(), kFurniture))),
+              (Handles{0x10A, 0x106, 0x108}));
+}

@@ -1,0 +1,99 @@
+#include "sample_drawing.h"
+
+namespace {
+
+/// A drawing from before handles, owners and class markers.
+std::string oldDrawing() {
+    const std::string records =
+        "0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|0 ENDSEC|0 SECTION|2 TABLES|0 TABLE|2 LAYER|70 2|0 LAYER|2 "
+        "0|70 0|"
+        "62 7|6 CONTINUOUS|0 LAYER|2 WALLS|70 4|62 -3|6 CONTINUOUS|0 ENDTAB|0 ENDSEC|0 SECTION|2 BLOCKS|"
+        "0 BLOCK|8 0|2 TREE|70 0|10 1.5|20 2.5|30 0.0|0 CIRCLE|8 WALLS|10 0.0|20 0.0|30 0.0|40 1.0|0 "
+        "ENDBLK|8 0|"
+        "0 ENDSEC|0 SECTION|2 ENTITIES|0 INSERT|8 WALLS|66 1|2 Tree|10 5.0|20 6.0|30 0.0|0 ATTRIB|8 0|10 0.0|"
+        "20 0.0|30 0.0|40 1.0|1 oak|2 KIND|70 0|0 SEQEND|8 0|0 POLYLINE|8 0|66 1|10 0.0|20 0.0|30 0.0|"
+        "0 VERTEX|8 0|10 0.0|20 0.0|30 0.0|0 VERTEX|8 0|10 5.0|20 0.0|30 0.0|0 SEQEND|8 0|0 LINE|8 0|10 0.0|"
+        "20 0.0|30 0.0|11 1.0|21 1.0|31 0.0|0 ENDSEC|0 EOF|";
+    std::string lines;
+    bool inCode = true;
+    for (const char c : records) {
+        const bool ends = c == '|' || (inCode && c == ' ');
+        lines += ends ? '\n' : c;
+        inCode = c == '|' || (inCode && !ends);
+    }
+    return lines;
+}
+
+class OldDrawing : public SampleDrawing {
+protected:
+    OldDrawing() : SampleDrawing() { drawing = readBytes(oldDrawing()); }
+};
+
+} // namespace
+
+TEST_F(OldDrawing, BlocksAreFoundWithoutRecords) {
+    const AcDbObjectId tree = blockId(*drawing, L"tree");
+    const AcDbObjectPointer<AcDbBlockTableRecord> block(tree);
+    ASSERT_EQ(block.openStatus(), Acad::eOk);
+    EXPECT_EQ(block->name(), L"TREE");
+    EXPECT_EQ(block->origin().x, 1.5);
+    ASSERT_EQ(block->entityIds().size(), 1U);
+    const AcDbObjectPointer<AcDbCircle> circle(block->entityIds().front());
+    ASSERT_EQ(circle.openStatus(), Acad::eOk);
+    EXPECT_EQ(circle->radius(), 1.0);
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(circle->layerId());
+    EXPECT_TRUE(layer->isLocked());
+    EXPECT_TRUE(layer->isOff());
+    EXPECT_EQ(layer->colorIndex(), 3);
+}
+
+TEST_F(OldDrawing, ModelSpaceIsThere) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
+    ASSERT_EQ(space.openStatus(), Acad::eOk);
+    const auto ids = space->entityIds();
+    ASSERT_EQ(ids.size(), 3U);
+    const AcDbObjectPointer<AcDbBlockReference> insert(ids[0]);
+    EXPECT_EQ(insert->blockTableRecord(), blockId(*drawing, L"TREE"));
+    EXPECT_EQ(insert->position().y, 6.0);
+}
+
+TEST_F(OldDrawing, LookingChangesNothing) {
+    for (const AcDbObjectId table :
+         {drawing->blockTableId(), drawing->layerTableId(), drawing->regAppTableId(),
+          drawing->linetypeTableId(), drawing->textStyleTableId()})
+        AcDbObjectPointer<AcDbSymbolTable>(table)->recordIds();
+    blockId(*drawing, ACDB_MODEL_SPACE);
+    EXPECT_TRUE(drawing->groupDictionaryId().isNull());
+    EXPECT_EQ(drawing->dxfOutBytes(false), oldDrawing());
+}
+
+TEST_F(OldDrawing, ErasingTakesWhatBelongsToTheEntity) {
+    std::vector<AcDbObjectId> ids;
+    {
+        const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
+        ASSERT_EQ(space.openStatus(), Acad::eOk);
+        ids = space->entityIds();
+    }
+    ASSERT_EQ(ids.size(), 3U);
+    erase(ids[0]);
+    erase(ids[1]);
+    const std::string saved = drawing->dxfOutBytes(false);
+    for (const char* gone : {"ATTRIB", "SEQEND", "VERTEX", "INSERT"})
+        EXPECT_EQ(saved.find(gone), std::string::npos) << gone;
+    EXPECT_NE(saved.find("LINE"), std::string::npos);
+}
+
+TEST_F(OldDrawing, NewEntitiesAreWrittenInTheOldForm) {
+    if (blockId(*drawing, ACDB_MODEL_SPACE).isNull())
+        FAIL() << "no model space";
+    add(*drawing, new AcDbBlockReference({1, 1, 0}, blockId(*drawing, L"TREE")));
+    const std::string saved = drawing->dxfOutBytes(false);
+    EXPECT_EQ(saved.find("AcDb"), std::string::npos);
+    EXPECT_EQ(saved.find("330\n"), std::string::npos);
+    const auto again = readBytes(saved);
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*again, ACDB_MODEL_SPACE));
+    ASSERT_EQ(space->entityIds().size(), 4U);
+    const AcDbObjectPointer<AcDbBlockReference> added(space->entityIds().back());
+    ASSERT_EQ(added.openStatus(), Acad::eOk);
+    EXPECT_EQ(added->blockName(), L"TREE");
+}

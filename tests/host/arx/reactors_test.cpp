@@ -1,0 +1,164 @@
+#include "sample_drawing.h"
+
+namespace {
+
+/// Writes down what it is told.
+class Witness : public AcDbDatabaseReactor {
+public:
+    explicit Witness(AcDbDatabase& database) : database_(&database) { database.addReactor(this); }
+    ~Witness() override {
+        if (database_ != nullptr)
+            database_->removeReactor(this);
+    }
+
+    void objectAppended(const AcDbDatabase*, const AcDbObject* o) override { note("append", o); }
+    void objectUnAppended(const AcDbDatabase*, const AcDbObject* o) override { note("unappend", o); }
+    void objectReAppended(const AcDbDatabase*, const AcDbObject* o) override { note("reappend", o); }
+    void objectOpenedForModify(const AcDbDatabase*, const AcDbObject* o) override { note("open", o); }
+    void objectModified(const AcDbDatabase*, const AcDbObject* o) override {
+        note("modify", o);
+        // Nothing is open any more when reactors are told.
+        AcDbObject* again = nullptr;
+        readable_ = acdbOpenAcDbObject(again, o->objectId(), AcDb::kForRead, true) == Acad::eOk;
+        if (again != nullptr)
+            again->close();
+    }
+    void objectErased(const AcDbDatabase*, const AcDbObject* o, bool erased) override {
+        note(erased ? "erase" : "unerase", o);
+    }
+    void goodbye(const AcDbDatabase*) override { database_ = nullptr; }
+
+    [[nodiscard]] std::string told() { return std::exchange(told_, {}); }
+    [[nodiscard]] bool readable() const { return readable_; }
+    [[nodiscard]] bool isAlone() const { return database_ == nullptr; }
+
+private:
+    void note(const char* what, const AcDbObject* object) {
+        ACHAR digits[17];
+        object->getAcDbHandle().getIntoAsciiBuffer(digits);
+        told_ += what;
+        told_ += ' ';
+        for (const ACHAR* digit = digits; *digit != L'\0'; ++digit)
+            told_ += static_cast<char>(*digit);
+        told_ += '|';
+    }
+
+    AcDbDatabase* database_;
+    std::string told_;
+    bool readable_ = false;
+};
+
+class Observer : public AcDbObjectReactor {
+public:
+    void openedForModify(const AcDbObject*) override { told += "open|"; }
+    void modified(const AcDbObject*) override { told += "modify|"; }
+    void erased(const AcDbObject*, bool erasing) override { told += erasing ? "erase|" : "unerase|"; }
+    void goodbye(const AcDbObject* object) override {
+        told += "bye|";
+        last = object->objectId().handle().value();
+    }
+
+    std::string told;
+    Adesk::UInt64 last = 0;
+};
+
+using Reactors = SampleDrawing;
+
+} // namespace
+
+TEST_F(Reactors, DatabaseReactorsAreToldWhenObjectsClose) {
+    Witness witness(*drawing);
+    {
+        const AcDbObjectPointer<AcDbEntity> duct(id(kDuct), AcDb::kForWrite);
+        EXPECT_EQ(witness.told(), "");
+        duct->setColorIndex(1);
+        duct->setColorIndex(2);
+        EXPECT_EQ(witness.told(), "open 114|");
+    }
+    EXPECT_EQ(witness.told(), "modify 114|");
+    EXPECT_TRUE(witness.readable());
+    // Neither reading nor an opening without change tells anybody.
+    AcDbObjectPointer<AcDbEntity>(id(kDuct))->colorIndex();
+    { const AcDbObjectPointer<AcDbEntity> unchanged(id(kDuct), AcDb::kForWrite); }
+    EXPECT_EQ(witness.told(), "");
+    erase(id(kDuct));
+    EXPECT_EQ(witness.told(), "open 114|modify 114|erase 114|");
+    erase(id(kDuct), false);
+    EXPECT_EQ(witness.told(), "open 114|modify 114|unerase 114|");
+}
+
+TEST_F(Reactors, AdditionsAreToldOnce) {
+    Witness witness(*drawing);
+    const AcDbObjectId point = add(*drawing, new AcDbPoint);
+    const std::string told = witness.told();
+    EXPECT_EQ(told.find("append"), 0U) << told;
+    EXPECT_EQ(told.find("modify"), std::string::npos) << told;
+    drawing->removeReactor(&witness);
+    erase(point);
+    EXPECT_EQ(witness.told(), "");
+}
+
+TEST_F(Reactors, DatabaseTellsItsEnd) {
+    auto other = std::make_unique<AcDbDatabase>();
+    Witness witness(*other);
+    other.reset();
+    EXPECT_TRUE(witness.isAlone());
+}
+
+TEST_F(Reactors, TransientReactorsAreToldOfTheirObject) {
+    Observer observer;
+    {
+        const AcDbObjectPointer<AcDbEntity> duct(id(kDuct), AcDb::kForWrite);
+        duct->addReactor(&observer);
+        duct->addReactor(&observer);
+        duct->setColorIndex(5);
+    }
+    EXPECT_EQ(observer.told, "open|modify|");
+    erase(id(kDuct));
+    EXPECT_EQ(observer.told, "open|modify|open|modify|erase|");
+    observer.told.clear();
+    // An object ends with its drawing, and can still be asked who it was.
+    EXPECT_EQ(drawing->dxfIn(samplePath(L"office-floor-932.dxf").c_str()), Acad::eOk);
+    EXPECT_EQ(observer.told, "bye|");
+    EXPECT_EQ(observer.last, kDuct);
+}
+
+TEST_F(Reactors, PersistentReactorsComeFirstInStoredOrder) {
+    Observer observer;
+    const AcDbObjectPointer<AcDbObject> handler(id(kAirHandler), AcDb::kForWrite);
+    handler->addReactor(&observer);
+    EXPECT_EQ(handler->addPersistentReactor(id(kSingle)), Acad::eOk);
+    EXPECT_EQ(handler->addPersistentReactor(id(kSingle)), Acad::eOk);
+    EXPECT_EQ(handler->addPersistentReactor(AcDbObjectId::kNull), Acad::eNullObjectId);
+    const AcDbVoidPtrArray* const list = handler->reactors();
+    ASSERT_EQ(list->length(), 5);
+    const Adesk::UInt64 expected[] = {0x185, 0x184, kSupply, kSingle};
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_TRUE(acdbIsPersistentReactor(list->at(i)));
+        EXPECT_EQ(acdbPersistentReactorObjectId(list->at(i)).handle().value(), expected[i]);
+    }
+    EXPECT_FALSE(acdbIsPersistentReactor(list->at(4)));
+    EXPECT_TRUE(acdbPersistentReactorObjectId(list->at(4)).isNull());
+    handler->removeReactor(&observer);
+    EXPECT_EQ(handler->removePersistentReactor(id(0x184)), Acad::eOk);
+    EXPECT_EQ(handler->removePersistentReactor(id(0x184)), Acad::eKeyNotFound);
+    EXPECT_EQ(handler->reactors()->length(), 3);
+}
+
+TEST_F(Reactors, UndoAndRedoAreTold) {
+    drawing->startUndoRecord();
+    const AcDbObjectId point = add(*drawing, new AcDbPoint);
+    erase(id(kDuct));
+    ACHAR digits[17];
+    point.handle().getIntoAsciiBuffer(digits);
+    const std::string name(digits, digits + std::char_traits<ACHAR>::length(digits));
+    Witness witness(*drawing);
+    ASSERT_EQ(drawing->undo(), Acad::eOk);
+    const std::string undone = witness.told();
+    EXPECT_NE(undone.find("unappend " + name + "|"), std::string::npos) << undone;
+    EXPECT_NE(undone.find("modify 114|unerase 114|"), std::string::npos) << undone;
+    ASSERT_EQ(drawing->redo(), Acad::eOk);
+    const std::string redone = witness.told();
+    EXPECT_NE(redone.find("reappend " + name + "|"), std::string::npos) << redone;
+    EXPECT_NE(redone.find("modify 114|erase 114|"), std::string::npos) << redone;
+}

@@ -1,0 +1,133 @@
+#include "sample_drawing.h"
+
+namespace {
+
+using SymbolTables = SampleDrawing;
+
+AcDbObjectId find(const AcDbSymbolTable& table, const ACHAR* name) {
+    AcDbObjectId found;
+    table.getIdAt(name, found);
+    return found;
+}
+
+} // namespace
+
+TEST_F(SymbolTables, NamesAreFoundWhateverTheirCase) {
+    const AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
+    EXPECT_EQ(layers->recordIds().size(), 29U);
+    EXPECT_EQ(find(*layers, L"_zu_connect"), find(*layers, L"_ZU_CONNECT"));
+    EXPECT_FALSE(find(*layers, L"ｓａ-ダクト") == find(*layers, L"SA-ダクト"));
+    EXPECT_TRUE(layers->has(L"sa-ダクト"));
+    EXPECT_FALSE(layers->has(L""));
+    AcDbObjectId none;
+    EXPECT_EQ(layers->getIdAt(L"missing", none), Acad::eKeyNotFound);
+    EXPECT_EQ(layers->getIdAt(nullptr, none), Acad::eInvalidInput);
+    EXPECT_TRUE(none.isNull());
+}
+
+TEST_F(SymbolTables, LayerStatesAreReadAndKept) {
+    AcDbLayerTableRecord* layer = nullptr;
+    {
+        const AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
+        ASSERT_EQ(layers->getAt(L"機器-固定", layer, AcDb::kForWrite), Acad::eOk);
+    }
+    EXPECT_TRUE(layer->isLocked());
+    EXPECT_EQ(layer->colorIndex(), 6);
+    EXPECT_EQ(layer->linetypeName(), L"Continuous");
+    layer->setIsFrozen(true);
+    layer->setIsLocked(false);
+    layer->setColorIndex(1);
+    const AcDbHandle handle = layer->getAcDbHandle();
+    layer->close();
+    const auto again = reopened();
+    const AcDbObjectPointer<AcDbLayerTableRecord> read(idIn(*again, handle.value()));
+    EXPECT_FALSE(read->isLocked());
+    EXPECT_TRUE(read->isFrozen());
+    EXPECT_FALSE(read->isOff());
+    EXPECT_EQ(read->colorIndex(), 1);
+}
+
+TEST_F(SymbolTables, RecordsAreAddedOnce) {
+    AcDbLayerTable* layers = nullptr;
+    ASSERT_EQ(drawing->getSymbolTable(layers, AcDb::kForRead), Acad::eOk);
+    auto layer = std::make_unique<AcDbLayerTableRecord>();
+    EXPECT_EQ(layers->add(layer.get()), Acad::eNotOpenForWrite);
+    ASSERT_EQ(layers->upgradeOpen(), Acad::eOk);
+    EXPECT_EQ(layers->add(layer.get()), Acad::eInvalidInput);
+    layer->setName(L"sa-ダクト");
+    EXPECT_EQ(layers->add(layer.get()), Acad::eDuplicateRecordName);
+    layer->setName(L"新しい画層");
+    layer->setIsLocked(true);
+    AcDbObjectId added;
+    AcDbLayerTableRecord* const kept = layer.release();
+    EXPECT_EQ(layers->AcDbSymbolTable::add(added, kept), Acad::eOk);
+    EXPECT_EQ(layers->add(kept), Acad::eAlreadyInDb);
+    kept->close();
+    EXPECT_EQ(find(*layers, L"新しい画層"), added);
+    layers->close();
+
+    const auto again = reopened();
+    const AcDbObjectPointer<AcDbLayerTable> read(again->layerTableId());
+    const AcDbObjectPointer<AcDbLayerTableRecord> record(find(*read, L"新しい画層"));
+    ASSERT_EQ(record.openStatus(), Acad::eOk);
+    EXPECT_TRUE(record->isLocked());
+    EXPECT_EQ(record->ownerId(), again->layerTableId());
+}
+
+TEST_F(SymbolTables, ErasedRecordsGiveTheirNamesFree) {
+    AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
+    const AcDbObjectId old = find(*layers, L"_ZU_HIDE");
+    erase(old);
+    EXPECT_FALSE(layers->has(L"_ZU_HIDE"));
+    AcDbObjectId found;
+    EXPECT_EQ(layers->getIdAt(L"_zu_hide", found, true), Acad::eOk);
+    EXPECT_EQ(found, old);
+
+    AcDbSymbolTableIterator* all = nullptr;
+    layers->newIterator(all);
+    const std::unique_ptr<AcDbSymbolTableIterator> owned(all);
+    std::size_t count = 0;
+    for (; !all->done(); all->step()) {
+        EXPECT_EQ(all->getRecordId(found), Acad::eOk);
+        EXPECT_NE(found, old);
+        ++count;
+    }
+    EXPECT_EQ(count, 28U);
+    EXPECT_EQ(all->getRecordId(found), Acad::eInvalidIndex);
+
+    layers->upgradeOpen();
+    auto* const layer = new AcDbLayerTableRecord;
+    layer->setName(L"_ZU_HIDE");
+    EXPECT_EQ(layers->add(layer), Acad::eOk);
+    layer->close();
+    erase(old, false);
+    EXPECT_EQ(find(*layers, L"_ZU_HIDE"), old);
+}
+
+TEST_F(SymbolTables, RenamedRecordsAreFoundByTheNewName) {
+    AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
+    const AcDbObjectId layer = find(*layers, L"_ZU_OTHERS");
+    {
+        const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
+        EXPECT_EQ(record->setName(L"_ZU_SNAP"), Acad::eDuplicateRecordName);
+        EXPECT_EQ(record->setName(L"_zu_others"), Acad::eOk);
+        EXPECT_EQ(record->setName(L"その他"), Acad::eOk);
+    }
+    EXPECT_EQ(find(*layers, L"その他"), layer);
+    EXPECT_FALSE(layers->has(L"_ZU_OTHERS"));
+}
+
+TEST_F(SymbolTables, LinetypesAndStylesOfTheDrawing) {
+    AcDbLinetypeTable* linetypes = nullptr;
+    ASSERT_EQ(drawing->getSymbolTable(linetypes), Acad::eOk);
+    AcDbLinetypeTableRecord* continuous = nullptr;
+    EXPECT_EQ(linetypes->getAt(L"CONTINUOUS", continuous, AcDb::kForRead), Acad::eOk);
+    EXPECT_TRUE(continuous->dashes().empty());
+    EXPECT_EQ(continuous->patternLength(), 0.0);
+    continuous->close();
+    linetypes->close();
+    AcDbTextStyleTable* styles = nullptr;
+    ASSERT_EQ(drawing->getSymbolTable(styles), Acad::eOk);
+    EXPECT_TRUE(styles->has(L"Standard"));
+    styles->close();
+}

@@ -1,0 +1,187 @@
+#include "dbapserv.h"
+#include "sample_drawing.h"
+
+namespace {
+
+struct ChainDeleter {
+    void operator()(resbuf* chain) const { acutRelRb(chain); }
+};
+using Chain = std::unique_ptr<resbuf, ChainDeleter>;
+
+/// Builds chains in order.
+class ChainBuilder {
+public:
+    ChainBuilder& text(short type, const ACHAR* value) {
+        acutNewString(value, add(type).resval.rstring);
+        return *this;
+    }
+    ChainBuilder& application(const ACHAR* name) { return text(1001, name); }
+    ChainBuilder& real(short type, double value) {
+        add(type).resval.rreal = value;
+        return *this;
+    }
+    ChainBuilder& point(short type, double x, double y, double z) {
+        resbuf& item = add(type);
+        item.resval.rpoint[0] = x;
+        item.resval.rpoint[1] = y;
+        item.resval.rpoint[2] = z;
+        return *this;
+    }
+    ChainBuilder& integer(short value) {
+        add(1070).resval.rint = value;
+        return *this;
+    }
+    ChainBuilder& longInteger(std::int32_t value) {
+        add(1071).resval.rlong = value;
+        return *this;
+    }
+    ChainBuilder& bytes(short count) {
+        resbuf& item = add(1004);
+        item.resval.rbinary.clen = count;
+        item.resval.rbinary.buf = new char[static_cast<std::size_t>(std::max<short>(count, 1))]();
+        return *this;
+    }
+    [[nodiscard]] const resbuf* get() const { return first_.get(); }
+
+private:
+    resbuf& add(short type) {
+        resbuf* const item = acutNewRb(type);
+        if (last_ != nullptr)
+            last_->rbnext = item;
+        else
+            first_.reset(item);
+        last_ = item;
+        return *item;
+    }
+
+    Chain first_;
+    resbuf* last_ = nullptr;
+};
+
+class ExtendedData : public SampleDrawing {
+protected:
+    ExtendedData() { acdbHostApplicationServices()->setWorkingDatabase(drawing.get()); }
+
+    Acad::ErrorStatus set(Adesk::UInt64 handle, const ChainBuilder& chain) const {
+        return AcDbObjectPointer<AcDbObject>(id(handle), AcDb::kForWrite)->setXData(chain.get());
+    }
+    static Chain get(const AcDbDatabase& database, Adesk::UInt64 handle, const ACHAR* application) {
+        return Chain(AcDbObjectPointer<AcDbObject>(idIn(database, handle))->xData(application));
+    }
+};
+
+} // namespace
+
+TEST_F(ExtendedData, EveryKindOfValueSurvivesSaving) {
+    ChainBuilder chain;
+    chain.application(L"ZU_ATTR").text(1000, L"表示 850㎥/h").text(1002, L"{").point(1011, 1, 2.5, -3);
+    chain.text(1002, L"}").text(1003, L"SA-ダクト").bytes(3).text(1005, L"10C").real(1040, 0.1).integer(-7);
+    chain.longInteger(70000);
+    ASSERT_EQ(set(kShelf, chain), Acad::eOk);
+    for (const bool binary : {false, true}) {
+        const auto again = readBytes(drawing->dxfOutBytes(binary));
+        const Chain read = get(*again, kShelf, L"ZU_ATTR");
+        const resbuf* item = read.get();
+        for (const resbuf* given = chain.get(); given != nullptr;
+             given = given->rbnext, item = item->rbnext) {
+            ASSERT_NE(item, nullptr);
+            ASSERT_EQ(item->restype, given->restype);
+            if (acutIsTextType(given->restype)) {
+                EXPECT_STREQ(item->resval.rstring, given->resval.rstring);
+            } else if (given->restype == 1011) {
+                EXPECT_EQ(item->resval.rpoint[1], 2.5);
+                EXPECT_EQ(item->resval.rpoint[2], -3.0);
+            } else if (given->restype == 1004) {
+                EXPECT_EQ(item->resval.rbinary.clen, 3);
+            } else if (given->restype == 1040) {
+                EXPECT_EQ(item->resval.rreal, 0.1);
+            } else if (given->restype == 1071) {
+                EXPECT_EQ(item->resval.rlong, 70000);
+            } else {
+                EXPECT_EQ(item->resval.rint, -7);
+            }
+        }
+        EXPECT_EQ(item, nullptr);
+    }
+}
+
+TEST_F(ExtendedData, ApplicationsAreReplacedOneByOne) {
+    const Chain links = get(*drawing, kDuct, L"ZU_LINK");
+    ASSERT_NE(links, nullptr);
+    ASSERT_EQ(set(kDuct, ChainBuilder().application(L"ZU_ATTR").text(1000, L"new")), Acad::eOk);
+    const Chain attributes = get(*drawing, kDuct, L"ZU_ATTR");
+    ASSERT_NE(attributes->rbnext, nullptr);
+    EXPECT_STREQ(attributes->rbnext->resval.rstring, L"new");
+    EXPECT_EQ(attributes->rbnext->rbnext, nullptr);
+    EXPECT_STREQ(get(*drawing, kDuct, L"ZU_LINK")->rbnext->resval.rstring, links->rbnext->resval.rstring);
+    // A bare name takes the application's data away.
+    ASSERT_EQ(set(kDuct, ChainBuilder().application(L"ZU_ATTR")), Acad::eOk);
+    EXPECT_EQ(get(*drawing, kDuct, L"ZU_ATTR"), nullptr);
+    const Chain rest = get(*drawing, kDuct, nullptr);
+    EXPECT_STREQ(rest->resval.rstring, L"ZU_LINK");
+    EXPECT_EQ(get(*drawing, kShelf, nullptr), nullptr);
+}
+
+TEST_F(ExtendedData, ApplicationsMustBeRegistered) {
+    const auto chain = [] { return ChainBuilder().application(L"MY_APP").integer(1); };
+    EXPECT_EQ(set(kShelf, chain()), Acad::eRegappIdNotFound);
+    EXPECT_EQ(get(*drawing, kShelf, nullptr), nullptr);
+    EXPECT_EQ(acdbRegApp(L"MY_APP"), RTNORM);
+    EXPECT_EQ(acdbRegApp(L"my_app"), RTNORM);
+    EXPECT_EQ(set(kShelf, chain()), Acad::eOk);
+    const auto again = reopened();
+    EXPECT_NE(get(*again, kShelf, L"MY_APP"), nullptr);
+    const AcDbObjectPointer<AcDbRegAppTable> applications(again->regAppTableId());
+    EXPECT_TRUE(applications->has(L"MY_APP"));
+    EXPECT_EQ(applications->recordIds().size(), 6U);
+}
+
+TEST_F(ExtendedData, NamesOfApplicationsAreOneWhateverTheirCase) {
+    ASSERT_EQ(set(kDuct, ChainBuilder().application(L"zu_attr").text(1000, L"new")), Acad::eOk);
+    const Chain read = get(*drawing, kDuct, L"Zu_Attr");
+    ASSERT_NE(read, nullptr);
+    EXPECT_STREQ(read->resval.rstring, L"ZU_ATTR");
+    EXPECT_STREQ(read->rbnext->resval.rstring, L"new");
+}
+
+TEST_F(ExtendedData, WrongChainsChangeNothing) {
+    struct Case {
+        const char* what;
+        ChainBuilder chain;
+        Acad::ErrorStatus expected;
+    };
+    Case cases[] = {
+        {"no application", {}, Acad::eInvalidInput},    {"value first", {}, Acad::eInvalidInput},
+        {"not extended data", {}, Acad::eInvalidInput}, {"no such code", {}, Acad::eInvalidInput},
+        {"chunk too long", {}, Acad::eInvalidInput},    {"chunk of negative length", {}, Acad::eInvalidInput},
+        {"too much", {}, Acad::eXdataSizeExceeded},
+    };
+    cases[1].chain.text(1000, L"x").application(L"ZU_ATTR");
+    cases[2].chain.application(L"ZU_ATTR").text(1, L"x");
+    cases[3].chain.application(L"ZU_ATTR").real(1050, 1.0);
+    cases[4].chain.application(L"ZU_ATTR").bytes(128);
+    cases[5].chain.application(L"ZU_ATTR").bytes(-1);
+    cases[6].chain.application(L"ZU_LINK");
+    for (int i = 0; i < 200; ++i)
+        cases[6].chain.text(1000, std::wstring(80, L'x').c_str());
+    const std::string before = drawing->dxfOutBytes(false);
+    for (const Case& c : cases)
+        EXPECT_EQ(set(kDuct, c.chain), c.expected) << c.what;
+    EXPECT_EQ(AcDbObjectPointer<AcDbObject>(id(kDuct))->setXData(cases[0].chain.get()),
+              Acad::eNotOpenForWrite);
+    EXPECT_EQ(drawing->dxfOutBytes(false), before);
+}
+
+TEST_F(ExtendedData, LimitHoldsForAllApplicationsTogether) {
+    const auto filled = [](const ACHAR* application, int strings) {
+        ChainBuilder chain;
+        chain.application(application);
+        for (int i = 0; i < strings; ++i)
+            chain.text(1000, std::wstring(96, L'x').c_str()); // 100 bytes each
+        return chain;
+    };
+    EXPECT_EQ(set(kShelf, filled(L"ZU_ATTR", 100)), Acad::eOk);
+    EXPECT_EQ(set(kShelf, filled(L"ZU_LINK", 70)), Acad::eXdataSizeExceeded);
+    EXPECT_EQ(set(kShelf, filled(L"ZU_LINK", 60)), Acad::eOk);
+    EXPECT_EQ(set(kShelf, filled(L"ZU_ATTR", 100)), Acad::eOk);
+}
