@@ -78,7 +78,7 @@ TEST_F(Reactors, DatabaseReactorsAreToldWhenObjectsClose) {
     EXPECT_EQ(witness.told(), "modify 114|");
     EXPECT_TRUE(witness.readable());
     // Neither reading nor an opening without change tells anybody.
-    AcDbObjectPointer<AcDbEntity>(id(kDuct))->colorIndex();
+    EXPECT_EQ(AcDbObjectPointer<AcDbEntity>(id(kDuct))->colorIndex(), 2);
     { const AcDbObjectPointer<AcDbEntity> unchanged(id(kDuct), AcDb::kForWrite); }
     EXPECT_EQ(witness.told(), "");
     erase(id(kDuct));

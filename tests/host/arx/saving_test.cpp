@@ -26,7 +26,7 @@ protected:
         return visited;
     }
     static std::size_t visitBlock(const AcDbBlockTableRecord& block) {
-        block.origin();
+        EXPECT_EQ(block.origin(), block.origin());
         const auto ids = block.entityIds();
         for (const AcDbObjectId entity : ids) {
             const AcDbObjectPointer<AcDbEntity> opened(entity, AcDb::kForWrite);

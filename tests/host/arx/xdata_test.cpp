@@ -123,12 +123,13 @@ TEST_F(ExtendedData, ApplicationsAreReplacedOneByOne) {
 }
 
 TEST_F(ExtendedData, ApplicationsMustBeRegistered) {
-    const auto chain = [] { return ChainBuilder().application(L"MY_APP").integer(1); };
-    EXPECT_EQ(set(kShelf, chain()), Acad::eRegappIdNotFound);
+    ChainBuilder chain;
+    chain.application(L"MY_APP").integer(1);
+    EXPECT_EQ(set(kShelf, chain), Acad::eRegappIdNotFound);
     EXPECT_EQ(get(*drawing, kShelf, nullptr), nullptr);
     EXPECT_EQ(acdbRegApp(L"MY_APP"), RTNORM);
     EXPECT_EQ(acdbRegApp(L"my_app"), RTNORM);
-    EXPECT_EQ(set(kShelf, chain()), Acad::eOk);
+    EXPECT_EQ(set(kShelf, chain), Acad::eOk);
     const auto again = reopened();
     EXPECT_NE(get(*again, kShelf, L"MY_APP"), nullptr);
     const AcDbObjectPointer<AcDbRegAppTable> applications(again->regAppTableId());
