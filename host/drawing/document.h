@@ -43,6 +43,7 @@ struct Container {
     std::vector<AcDbStub*> members; ///< New ones may stand anywhere; those of the file keep their order.
 
     std::uint64_t end = 0; ///< For the document: where new members are written in the buffer.
+    bool implied = false;  ///< The block of model space of a file that doesn't spell it out: never written.
     bool created = false;  ///< For the document: not in the file yet.
 };
 

@@ -42,7 +42,8 @@ bool holdsEntities(const Container& container) {
 bool addsObjects(const DrawingState& state) {
     const auto firstNew = state.stubs.begin() + static_cast<std::ptrdiff_t>(state.stubsOfFile);
     return std::any_of(firstNew, state.stubs.end(), [&](const AcDbStub& stub) {
-        return !stub.erased && state.types.name(stub.type) != "TABLE";
+        const bool goesWithOwner = stub.owner && stub.owner->erased;
+        return !stub.erased && !goesWithOwner && !stub.handleIsOurs && state.types.name(stub.type) != "TABLE";
     });
 }
 
@@ -99,7 +100,7 @@ void DrawingWriter::writeContainer(const Container& container) {
 
 void DrawingWriter::writeCreated(const Container& container) {
     const bool isBlock = container.kind == Container::Kind::block;
-    if (isErased(container) || (!isBlock && liveMembers(container) == 0))
+    if (container.implied || isErased(container) || (!isBlock && liveMembers(container) == 0))
         return;
     if (openKind_ != container.kind)
         closeSection();

@@ -10,7 +10,14 @@ ACRX_CONS_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity)
 namespace {
 
 constexpr std::string_view kMarker = "AcDbBlockReference";
+constexpr std::string_view kRepeatedMarker = "AcDbMInsertBlock";
 constexpr double kDegree = std::numbers::pi / 180.0;
+
+/// References repeated in rows and columns have a marker of their own.
+std::string_view markerOf(const zuhost::TagList& tags) {
+    return tags.subclass(kMarker).empty() && !tags.subclass(kRepeatedMarker).empty() ? kRepeatedMarker
+                                                                                     : kMarker;
+}
 
 } // namespace
 
@@ -25,7 +32,7 @@ AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId
 }
 
 std::wstring AcDbBlockReference::blockName() const {
-    return textTag(kMarker, 2);
+    return textTag(markerOf(tags()), 2);
 }
 
 AcDbObjectId AcDbBlockReference::blockTableRecord() const {
@@ -42,16 +49,17 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
         return status;
     const std::wstring name = record->name();
     record->close();
-    return setTextTag(kMarker, 2, name);
+    return setTextTag(markerOf(tags()), 2, name);
 }
 
 const AcDbBlockReference::Placement& AcDbBlockReference::placement() const {
     if (placementVersion_ == tagVersion())
         return placement_;
-    placement_.normal = normalTag(kMarker);
-    placement_.scale = {realTag(kMarker, 41, 1.0), realTag(kMarker, 42, 1.0), realTag(kMarker, 43, 1.0)};
-    placement_.rotation = realTag(kMarker, 50, 0.0) * kDegree;
-    placement_.position = pointTag(kMarker, 10);
+    const std::string_view marker = markerOf(tags());
+    placement_.normal = normalTag(marker);
+    placement_.scale = {realTag(marker, 41, 1.0), realTag(marker, 42, 1.0), realTag(marker, 43, 1.0)};
+    placement_.rotation = realTag(marker, 50, 0.0) * kDegree;
+    placement_.position = pointTag(marker, 10);
     if (placement_.normal != AcGeVector3d::kZAxis)
         placement_.position.transformBy(AcGeMatrix3d::planeToWorld(placement_.normal));
     placementVersion_ = tagVersion();
@@ -74,20 +82,20 @@ AcGeVector3d AcDbBlockReference::normal() const {
 Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& position) {
     const AcGeVector3d up = normal();
     const bool inPlan = up == AcGeVector3d::kZAxis;
-    return setPointTag(kMarker, 10, inPlan ? position : AcGeMatrix3d::worldToPlane(up) * position);
+    return setPointTag(markerOf(tags()), 10, inPlan ? position : AcGeMatrix3d::worldToPlane(up) * position);
 }
 
 Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& factors) {
-    const Acad::ErrorStatus status = setRealTag(kMarker, 41, factors.sx);
+    const Acad::ErrorStatus status = setRealTag(markerOf(tags()), 41, factors.sx);
     if (status == Acad::eOk) {
-        setRealTag(kMarker, 42, factors.sy);
-        setRealTag(kMarker, 43, factors.sz);
+        setRealTag(markerOf(tags()), 42, factors.sy);
+        setRealTag(markerOf(tags()), 43, factors.sz);
     }
     return status;
 }
 
 Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
-    return setRealTag(kMarker, 50, angle / kDegree);
+    return setRealTag(markerOf(tags()), 50, angle / kDegree);
 }
 
 AcGeMatrix3d AcDbBlockReference::blockTransform() const {

@@ -4,7 +4,10 @@
 #include "dbmain.h"
 #include "dbsymtb.h"
 
+#include <zuhost/paths.h>
+
 #include <algorithm>
+#include <filesystem>
 
 using zuhost::Document;
 using zuhost::DocumentError;
@@ -28,7 +31,11 @@ AcDbDatabase::~AcDbDatabase() {
 }
 
 Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path) {
-    return take(Document::openFile(path, this));
+    const Acad::ErrorStatus status = take(Document::openFile(path, this));
+    std::error_code unknown;
+    const bool isMissing =
+        status == Acad::eFileAccessErr && !std::filesystem::exists(zuhost::systemPath(path), unknown);
+    return isMissing ? Acad::eFileNotFound : status;
 }
 
 Acad::ErrorStatus AcDbDatabase::dxfInBytes(std::string bytes, const ACHAR* name) {

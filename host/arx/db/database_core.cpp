@@ -7,6 +7,8 @@
 
 #include "../../mfc/character.h"
 
+#include <zuhost/text_codec.h>
+
 #include <algorithm>
 
 namespace zuhost {
@@ -22,14 +24,14 @@ DatabaseCore::DatabaseCore(AcDbDatabase& database) : self(database) {}
 DatabaseCore::~DatabaseCore() = default;
 
 void DatabaseCore::reset(std::unique_ptr<Document> opened) {
+    undo.clear();
+    objects_.clear(); // while their stubs are there: reactors are told of their end
     document = std::move(opened);
-    objects_.clear();
     blocks_.clear();
     names_.clear();
     tables_.clear();
     groups_ = nullptr;
     modelSpace_ = nullptr;
-    undo.clear();
 }
 
 AcDbObject& DatabaseCore::object(AcDbStub& stub) {
@@ -50,16 +52,30 @@ AcRxClass* DatabaseCore::classOf(const AcDbStub& stub) {
     return ObjectBuilder::classOf(document->typeName(stub), document->tags(stub));
 }
 
+namespace {
+
+/// Without a drawing the texts of an object are UTF-8; the drawing has its own encoding and escapes.
+void encodeTexts(TagList& tags, const Document& document) {
+    const auto isPlain = [](char c) { return c >= ' ' && c <= '~' && c != '\\' && c != '^'; };
+    for (std::size_t i = 0; i < tags.size(); ++i)
+        if (!std::all_of(tags[i].value.begin(), tags[i].value.end(), isPlain))
+            tags[i].value = document.encode(fromUtf8(tags[i].value));
+}
+
+} // namespace
+
 AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbStub* owner) {
     const std::string type(object->tags_->text(0, object->tags_->all()).value_or(""));
     AcDbStub* const stub = document->append(container, type, owner);
     stub->changed = true;
     TagList& tags = *object->tags_;
+    encodeTexts(tags, *document);
     const std::size_t firstMarker = std::min(tags.find(100, tags.all()), tags.size());
     std::vector<Tag> identity;
     if (!stub->handleIsOurs)
         identity.push_back({document->handleCode(*stub), formatHandle(stub->handle)});
-    if (document->version() > 1009)
+    const bool ownerIsWritten = owner == nullptr || !owner->handleIsOurs;
+    if (document->version() > 1009 && ownerIsWritten)
         identity.push_back({330, formatHandle(owner != nullptr ? owner->handle : 0)});
     tags.insert(std::min<std::size_t>(firstMarker, std::max<std::size_t>(tags.size(), 1)), identity);
     if (document->version() <= 1009)
@@ -98,7 +114,8 @@ AcDbStub* DatabaseCore::rootDictionary() const {
 }
 
 AcDbStub* DatabaseCore::groupDictionary() {
-    if (groups_ == nullptr) {
+    if (groups_ == nullptr || groups_->erased) {
+        groups_ = nullptr;
         AcDbStub* const root = rootDictionary();
         AcDbObjectId id;
         if (root != nullptr &&
@@ -129,8 +146,6 @@ AcDbStub* DatabaseCore::modelSpace() {
         if (blocks == nullptr)
             return nullptr;
         modelSpace_ = findRecord(*blocks, ACDB_MODEL_SPACE, false);
-        if (modelSpace_ == nullptr)
-            modelSpace_ = findRecord(*blocks, L"$MODEL_SPACE", false);
     }
     return modelSpace_;
 }
@@ -152,10 +167,12 @@ std::vector<AcDbStub*> DatabaseCore::records(const AcDbStub& table) {
     for (const Container& container : document->containers())
         if (container.kind == Container::Kind::table && container.head == &table)
             found = container.members;
-    if (&table != tableHead("BLOCK_RECORD") || !found.empty())
+    if (&table != tableHead("BLOCK_RECORD"))
         return found;
+    // Blocks without a record stand for themselves.
     for (const Container& container : document->containers())
-        if (container.kind == Container::Kind::block && container.head != nullptr)
+        if (container.kind == Container::Kind::block && container.head != nullptr &&
+            container.head->owner == nullptr)
             found.push_back(container.head);
     return found;
 }
@@ -177,7 +194,12 @@ const DatabaseCore::NameIndex& DatabaseCore::names(const AcDbStub& table) {
 
 AcDbStub* DatabaseCore::findRecord(const AcDbStub& table, std::wstring_view name, bool erasedToo) {
     const NameIndex& index = names(table);
-    const auto found = index.find(foldedName(name));
+    std::wstring key = foldedName(name);
+    auto found = index.find(key);
+    if (found == index.end() && key.ends_with(L"_SPACE") && key.front() == L'*') {
+        key.front() = L'$'; // as drawings before R13 spell it
+        found = index.find(key);
+    }
     if (found == index.end())
         return nullptr;
     for (AcDbStub* record : found->second)

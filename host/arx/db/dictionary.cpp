@@ -131,6 +131,8 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
         return Acad::eNotInDatabase;
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
+    if (object->database() != nullptr && object->database() != database())
+        return Acad::eWrongDatabase;
     auto* const group = AcDbGroup::cast(object);
     const bool anonymous = *name == L'*' && group != nullptr;
     const std::wstring key = anonymous ? anonymousName() : name;
@@ -156,7 +158,7 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
         group->setAnonymous();
     const std::string handle = zuhost::formatHandle(id.handle().value());
     changingTags().insert(section(kMarker).last, {{3, encoded(key)}, {350, handle}});
-    if (id.database() == database() && !object->hasPersistentReactor(objectId()) && object->isWriteEnabled())
+    if (!object->hasPersistentReactor(objectId()) && object->isWriteEnabled())
         object->addPersistentReactor(objectId());
     return Acad::eOk;
 }

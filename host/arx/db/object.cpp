@@ -118,9 +118,13 @@ Acad::ErrorStatus AcDbObject::assertWriteEnabled() {
         return Acad::eOk;
     if (!writing_)
         return Acad::eNotOpenForWrite;
+    zuhost::UndoLog& undo = core()->undo;
+    if (notedStep_ != undo.step()) {
+        notedStep_ = undo.step();
+        undo.note(*stub_, *tags_, zuhost::UndoLog::Kind::changed);
+    }
     if (!modified_) {
         modified_ = true;
-        core()->undo.note(*stub_, *tags_, zuhost::UndoLog::Kind::changed);
         const auto told = transientReactors_;
         for (AcDbObjectReactor* reactor : told)
             reactor->openedForModify(this);

@@ -7,12 +7,15 @@
 namespace zuhost {
 
 void UndoLog::startStep() {
+    ++step_;
     stepOpen_ = false;
     noted_.clear();
 }
 
 void UndoLog::clear() {
-    *this = UndoLog();
+    startStep();
+    undo_.clear();
+    redo_.clear();
 }
 
 void UndoLog::note(AcDbStub& stub, const TagList& tags, Kind kind) {
@@ -30,6 +33,7 @@ void UndoLog::note(AcDbStub& stub, const TagList& tags, Kind kind) {
 bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing) {
     if (from.empty())
         return false;
+    core.undo.startStep(); // what follows is not part of the step that is played
     Step step = std::move(from.back());
     from.pop_back();
     Step opposite;

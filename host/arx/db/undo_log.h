@@ -3,6 +3,7 @@
 #include "drawing/stub.h"
 #include "drawing/tag_list.h"
 
+#include <cstdint>
 #include <memory>
 #include <unordered_set>
 #include <vector>
@@ -19,7 +20,12 @@ public:
 
     /// Begins a step. One without changes leaves no trace.
     void startStep();
-    void disable(bool disabled) { disabled_ = disabled; }
+    /// Number of the present step, by which objects know whether they were noted in it.
+    [[nodiscard]] std::uint32_t step() const { return step_; }
+    void disable(bool disabled) {
+        disabled_ = disabled;
+        ++step_; // what changed meanwhile was not noted
+    }
     [[nodiscard]] bool enabled() const { return !disabled_; }
     void clear();
 
@@ -44,6 +50,7 @@ private:
     std::vector<Step> undo_;
     std::vector<Step> redo_;
     std::unordered_set<AcDbStub*> noted_; ///< The objects of the present step.
+    std::uint32_t step_ = 1;
     bool stepOpen_ = false;
     bool disabled_ = false;
 };

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kApplication = 1001;
 constexpr std::size_t kSizeLimit = 16383;
+constexpr short kChunkLimit = 127;
 constexpr std::string_view kAxes = "xyz";
 
 /// Bytes that a value takes of an object's room for extended data.
@@ -65,12 +66,24 @@ int digitValue(char c) {
 }
 
 void setChunk(resbuf& item, std::string_view digits) {
-    const std::size_t count = std::min<std::size_t>(digits.size() / 2, 127);
+    const std::size_t count = std::min<std::size_t>(digits.size() / 2, kChunkLimit);
     item.resval.rbinary.clen = static_cast<short>(count);
     item.resval.rbinary.buf = new char[count];
     for (std::size_t i = 0; i < count; ++i)
         item.resval.rbinary.buf[i] =
             static_cast<char>(digitValue(digits[2 * i]) * 16 + digitValue(digits[2 * i + 1]));
+}
+
+/// Whether values of the code stand in extended data, each by itself; points count by their first record.
+bool isValueCode(int code) {
+    return (code >= 1000 && code <= 1005) || (code >= 1010 && code <= 1013) ||
+           (code >= 1040 && code <= 1042) || code == 1070 || code == 1071;
+}
+
+bool isValid(const resbuf& item) {
+    if (item.restype != 1004)
+        return isValueCode(item.restype);
+    return item.resval.rbinary.clen >= 0 && item.resval.rbinary.clen <= kChunkLimit;
 }
 
 bool isPoint(int code) {
@@ -156,13 +169,30 @@ void keepSpelling(const TagList& tags, TagRange old, TagList& replacement, const
     }
 }
 
+/// The name as it is registered, in the drawing's encoding: its case doesn't count.
+std::optional<std::string> registeredName(zuhost::DatabaseCore& core, const ACHAR* application) {
+    AcDbStub* const table = core.tableHead("APPID");
+    AcDbStub* const record =
+        application != nullptr && table != nullptr ? core.findRecord(*table, application, false) : nullptr;
+    if (record == nullptr)
+        return std::nullopt;
+    const TagList& tags = core.object(*record).tags();
+    return std::string(tags.text(2, {0, tags.extendedDataStart()}).value_or(""));
+}
+
 } // namespace
 
 resbuf* AcDbObject::xData(const ACHAR* application) const {
     if (core() == nullptr)
         return nullptr;
-    const TagRange range = application == nullptr ? TagRange{tags_->extendedDataStart(), tags_->size()}
-                                                  : tags_->extendedData(encoded(application));
+    TagRange range{tags_->extendedDataStart(), tags_->size()};
+    if (range.empty())
+        return nullptr;
+    if (application != nullptr) {
+        range = tags_->extendedData(encoded(application));
+        if (const auto name = range.empty() ? registeredName(*core(), application) : std::nullopt)
+            range = tags_->extendedData(*name);
+    }
     ChainWriter chain(*core()->document);
     for (std::size_t at = range.first; at < range.last;)
         at = chain.add(*tags_, at);
@@ -176,7 +206,6 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
         return Acad::eNotOpenForWrite;
     if (chain == nullptr || chain->restype != kApplication)
         return Acad::eInvalidInput;
-    AcDbStub* const known = core()->tableHead("APPID");
     TagList changed = *tags_;
     TagList values;
     const zuhost::Document& document = *core()->document;
@@ -191,16 +220,18 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
             changed.insert(place, std::vector<Tag>(replacement.begin(), replacement.end()));
     };
     for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
-        if (item->restype < 1000)
+        if (!isValid(*item))
             return Acad::eInvalidInput;
-        if (item->restype == kApplication) {
-            replace(values);
-            values = TagList();
-            if (item->resval.rstring == nullptr || known == nullptr ||
-                core()->findRecord(*known, item->resval.rstring, false) == nullptr)
-                return Acad::eRegappIdNotFound;
+        if (item->restype != kApplication) {
+            addValue(values, *item, document);
+            continue;
         }
-        addValue(values, *item, *core()->document);
+        replace(values);
+        values = TagList();
+        const auto name = registeredName(*core(), item->resval.rstring);
+        if (!name)
+            return Acad::eRegappIdNotFound;
+        values.add(kApplication, *name);
     }
     replace(values);
     if (storedSize(changed, {changed.extendedDataStart(), changed.size()}) > kSizeLimit)
@@ -217,7 +248,9 @@ Acad::ErrorStatus acdbRegApp(AcDbDatabase* database, const ACHAR* application) {
     if (status != Acad::eOk)
         return status;
     Acad::ErrorStatus added = Acad::eOk;
-    if (!table->has(application)) {
+    if (application == nullptr) {
+        added = Acad::eInvalidInput;
+    } else if (!table->has(application)) {
         auto record = std::make_unique<AcDbRegAppTableRecord>();
         record->setName(application);
         added = table->add(record.get());

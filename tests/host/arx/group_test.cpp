@@ -26,7 +26,7 @@ using Handles = std::vector<Adesk::UInt64>;
 TEST_F(Groups, MembersComeInOrder) {
     const AcDbObjectPointer<AcDbGroup> furniture(id(kFurniture));
     EXPECT_EQ(furniture->getName(), L"家具");
-    EXPECT_EQ(members(*furniture), (Handles{0x10A, 0x106, 0x108}));
+    EXPECT_EQ(members(*furniture), (Handles{0x106, 0x108, 0x10A}));
     EXPECT_TRUE(furniture->has(id(kShelf)));
     EXPECT_FALSE(furniture->has(id(kDuct)));
     const AcDbObjectPointer<AcDbGroup> supply(id(kSupply));
@@ -95,10 +95,10 @@ TEST_F(Groups, ErasedMembersStayUntilSaved) {
         EXPECT_EQ(furniture->numEntities(), 3U);
     }
     const auto without = reopened();
-    EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(idIn(*without, kFurniture))), (Handles{0x10A, 0x108}));
+    EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(idIn(*without, kFurniture))), (Handles{0x108, 0x10A}));
     erase(id(kShelf), false);
     EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(idIn(*reopened(), kFurniture))),
-              (Handles{0x10A, 0x106, 0x108}));
+              (Handles{0x106, 0x108, 0x10A}));
 }
 
 TEST_F(Groups, ErasedGroupLeavesItsMembersOnSaving) {
@@ -114,5 +114,5 @@ TEST_F(Groups, ErasedGroupLeavesItsMembersOnSaving) {
     // Bringing it back restores everything.
     erase(id(kFurniture), false);
     EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(idIn(*reopened(), kFurniture))),
-              (Handles{0x10A, 0x106, 0x108}));
+              (Handles{0x106, 0x108, 0x10A}));
 }

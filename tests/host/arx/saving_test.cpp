@@ -44,7 +44,8 @@ TEST_F(Saving, LookingChangesNothing) {
         const auto database = read(samplePath(name));
         EXPECT_GT(visitAll(*database), 200U);
         const std::wstring path = samplePath(name);
-        EXPECT_EQ(database->dxfOutBytes(false), TemporaryFolder::read(std::string(path.begin(), path.end())));
+        EXPECT_TRUE(database->dxfOutBytes(false) ==
+                    TemporaryFolder::read(std::string(path.begin(), path.end())));
     }
 }
 
@@ -54,7 +55,7 @@ TEST_F(Saving, OldFileStaysWhenSavingFails) {
     ASSERT_EQ(drawing->dxfOut(path.c_str()), Acad::eOk);
     EXPECT_EQ(drawing->dxfOut(folder.wide("missing/copy.dxf").c_str()), Acad::eFilerError);
     EXPECT_FALSE(drawing->lastErrorText().empty());
-    EXPECT_EQ(read(path)->dxfOutBytes(false), drawing->dxfOutBytes(false));
+    EXPECT_TRUE(read(path)->dxfOutBytes(false) == drawing->dxfOutBytes(false));
     ASSERT_EQ(drawing->dxfOut(path.c_str(), true), Acad::eOk);
     EXPECT_TRUE(read(path)->isBinary());
 }

@@ -158,6 +158,7 @@ private:
     mutable std::vector<AcDbObjectReactor*> transientReactors_;
     mutable AcDbVoidPtrArray reactorList_;
     std::uint32_t tagVersion_ = 0;
+    std::uint32_t notedStep_ = 0; ///< The undo step that holds the object's state before it.
     std::uint16_t readers_ = 0;
     bool writing_ = false;
     bool modified_ = false;     ///< Changed in the present opening.
