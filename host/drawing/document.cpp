@@ -150,6 +150,17 @@ Container& Document::appendBlock(std::string name, AcDbStub* owner) {
     return insertContainer(*state_, std::move(block));
 }
 
+Container& Document::implyModelSpace() {
+    Container& space = appendBlock("*Model_Space", nullptr);
+    space.implied = true;
+    space.head->handleIsOurs = true;
+    space.tail->handleIsOurs = true;
+    for (AcDbStub* entity : state_->spaceless)
+        entity->owner = space.head;
+    state_->spaceless.clear();
+    return space;
+}
+
 const TagList& Document::header() const {
     return state_->header;
 }

@@ -43,7 +43,7 @@ struct Container {
     std::vector<AcDbStub*> members; ///< New ones may stand anywhere; those of the file keep their order.
 
     std::uint64_t end = 0; ///< For the document: where new members are written in the buffer.
-    bool implied = false;  ///< The block of model space of a file that doesn't spell it out: never written.
+    bool implied = false;  ///< Made by Document::implyModelSpace.
     bool created = false;  ///< For the document: not in the file yet.
 };
 
@@ -105,6 +105,10 @@ public:
     /// A container for a new block (its BLOCK and ENDBLK stubs new as well), placed after the last block.
     /// `tags` gives complete records of both: layer 0, base point at the origin.
     Container& appendBlock(std::string name, AcDbStub* owner);
+
+    /// A block for model space of a file that doesn't spell it out (drawings before R13, short ones of any
+    /// version). It owns the entities of model space and is never written.
+    Container& implyModelSpace();
 
     // ---- header
     /// All records of the HEADER section, variable names (code 9) and values; changing it marks it changed.

@@ -42,6 +42,7 @@ struct DrawingState {
     bool writesHandles = true; ///< False for drawings before R13 whose objects have none.
     std::list<Container> containers;
     std::vector<SectionFrame> sections;
+    std::vector<AcDbStub*> spaceless; ///< Entities of model space when the file doesn't spell out its block.
 
     TagList header;
     Span headerSpan; ///< The records between SECTION/HEADER and ENDSEC.

@@ -130,34 +130,12 @@ private:
             const bool paper = inPaperSpace_.contains(member);
             if (!known[paper]) {
                 spaces[paper] = blocks_.ofSpace(paper);
-                if (!spaces[paper] && !paper)
-                    spaces[paper] = impliedModelSpace();
                 known[paper] = true;
             }
             member->owner = spaces[paper];
+            if (!member->owner && !paper)
+                state_.spaceless.push_back(member);
         }
-    }
-
-    /// Files before R13, and short ones of any version, leave model space out: its entities need an owner.
-    AcDbStub* impliedModelSpace() {
-        Container space;
-        space.kind = Container::Kind::block;
-        space.name = "*Model_Space";
-        space.implied = true;
-        space.created = true;
-        space.head = impliedStub("BLOCK");
-        space.tail = impliedStub("ENDBLK");
-        return state_.containers.emplace_front(std::move(space)).head;
-    }
-
-    AcDbStub* impliedStub(std::string_view type) {
-        AcDbStub& stub = state_.stubs.emplace_back();
-        stub.handle = state_.handles.takeNext();
-        stub.database = state_.database;
-        stub.type = state_.types.number(type).value_or(0);
-        stub.handleIsOurs = true;
-        state_.handles.add(stub);
-        return &stub;
     }
 
     DrawingState& state_;

@@ -32,6 +32,10 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
     tables_.clear();
     groups_ = nullptr;
     modelSpace_ = nullptr;
+    if (document && modelSpace() == nullptr) {
+        document->implyModelSpace();
+        names_.clear();
+    }
 }
 
 AcDbObject& DatabaseCore::object(AcDbStub& stub) {
