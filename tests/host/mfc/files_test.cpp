@@ -13,6 +13,7 @@
 #include <sys/wait.h>
 
 #include <cstdlib>
+#include <functional>
 
 namespace {
 
@@ -127,6 +128,41 @@ TEST(StdioFile, WritesInTheEncodingOfTheOldFile) {
     folder.write("t", "\xEF\xBB\xBFold");
     rewrite(L"㎥\n");
     EXPECT_EQ(TemporaryFolder::read(folder.file("t")), "\xEF\xBB\xBF㎥\r\n");
+}
+
+/// Saves by way of `save`, which tells whether it succeeded, with each of its file operations failing in
+/// turn.
+void expectWholeOrUntouched(const std::string& wanted, const std::function<bool(const std::wstring&)>& save) {
+    const std::string old = "[A]\r\nk=1\r\n";
+    bool saved = false;
+    for (std::uint64_t n = 1; !saved; ++n) {
+        ASSERT_LT(n, 50U);
+        const TemporaryFolder folder;
+        const std::string path = folder.write("f", old);
+        {
+            const zuhost::file_ops::FailAt failure(n);
+            saved = save(folder.wide("f"));
+        }
+        EXPECT_EQ(TemporaryFolder::read(path), saved ? wanted : old) << "failure at operation " << n;
+        EXPECT_EQ(filesIn(folder), 1U) << "failure at operation " << n;
+    }
+}
+
+TEST(Saving, ProfilesAndTextFilesAreWholeOrUntouched) {
+    expectWholeOrUntouched("[A]\r\nk=2\r\n", [](const std::wstring& path) {
+        return WritePrivateProfileStringW(L"A", L"k", L"2", path.c_str()) != FALSE;
+    });
+    expectWholeOrUntouched("表\r\n", [](const std::wstring& path) {
+        try {
+            CFile file(path.c_str(), CFile::modeCreate | CFile::modeWrite);
+            file.Write("表\r\n", 5);
+            file.Close();
+            return true;
+        } catch (const CFileException& error) {
+            EXPECT_EQ(error.m_cause, CFileException::diskFull);
+            return false;
+        }
+    });
 }
 
 TEST(File, TellsWhyItFails) {
