@@ -23,6 +23,7 @@ void addCommands(CLI::App& program) {
     addSaveCommand(program);
     addPartCommand(program);
     addPlanCommand(program);
+    addLinkCommand(program);
     addTableCommand(program);
     addDemoCommand(program);
 }

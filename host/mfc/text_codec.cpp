@@ -3,6 +3,7 @@
 #include <iconv.h>
 
 #include <array>
+#include <cstdint>
 #include <map>
 #include <mutex>
 #include <unordered_map>
@@ -27,7 +28,8 @@ public:
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
 
-    [[nodiscard]] bool valid() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
+    /// The library marks a converter that it doesn't have by the address -1.
+    [[nodiscard]] bool valid() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
     /// Converts the whole input, or gives nothing.
     std::string convert(std::string_view input) const {

@@ -1,0 +1,87 @@
+#include "commands.h"
+#include "failure.h"
+#include "output.h"
+#include "settings_file.h"
+#include "text.h"
+
+#include <CLI/CLI.hpp>
+#include <zucomn/link_info.h>
+#include <zucomn/tables.h>
+#include <zuhost/paths.h>
+
+#include <filesystem>
+#include <iostream>
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    std::string file;
+    std::vector<std::string> keys;
+    std::string settings;
+    bool json = false;
+};
+
+void get(const Options& options) {
+    const SettingsFile settings(options.settings);
+    CStringArray keys;
+    CStringArray values;
+    for (const std::string& key : options.keys)
+        keys.Add(wide(key));
+    if (!ZuComn_GetLinkInfo(wide(options.file), keys, values))
+        throw Failure(options.file +
+                      (ZuComn_findFile(wide(options.file)) ? ": holds no records" : ": can't be read"));
+    if (options.json) {
+        printJson(Json(narrow(values)));
+        return;
+    }
+    for (const std::string& value : narrow(values))
+        std::cout << value << '\n';
+}
+
+/// In the form that parts its folder from its name by "\\", so that backup and temporary file lie beside it.
+CString fullPath(const std::string& file) {
+    return CString(zuhost::hostPath(std::filesystem::absolute(file).string()));
+}
+
+/// A key may hold line ends, a value neither "|" nor line ends.
+void save(const Options& options) {
+    const SettingsFile settings(options.settings);
+    CStringArray keys;
+    CStringArray values;
+    for (const std::string& pair : options.keys) {
+        const std::size_t equals = pair.find('=');
+        if (equals == std::string::npos)
+            throw WrongUsage(pair + ": a pair is written KEY=VALUE");
+        if (pair.find('|') != std::string::npos || pair.find('\n', equals) != std::string::npos)
+            throw WrongUsage(pair + ": a record can't hold \"|\", nor a value a line end");
+        keys.Add(wide(pair.substr(0, equals)));
+        values.Add(wide(pair.substr(equals + 1)));
+    }
+    if (!ZuComn_SaveLinkInfo(fullPath(options.file), keys, values))
+        throw Failure(options.file + ": can't be saved");
+}
+
+} // namespace
+
+void addLinkCommand(CLI::App& program) {
+    auto options = std::make_shared<Options>();
+    CLI::App* link = program.add_subcommand("link", "The link information file");
+    link->require_subcommand(1);
+    CLI::App* reading =
+        link->add_subcommand("get", "Look keys up; one value a line, empty for a key that is not there");
+    reading->add_option("FILE", options->file, "The file")->required();
+    reading->add_option("KEY", options->keys, "Keys")->required();
+    reading->add_flag("--json", options->json, "As JSON");
+    CLI::App* writing = link->add_subcommand("save", "Merge pairs into the file");
+    writing->add_option("FILE", options->file, "The file")->required();
+    writing->add_option("PAIR", options->keys, "KEY=VALUE")->required();
+    for (CLI::App* command : {reading, writing})
+        command->add_option("--settings", options->settings, "Master settings file");
+    reading->callback([options] { get(*options); });
+    writing->callback([options] { save(*options); });
+}
+
+} // namespace zu::app
