@@ -73,7 +73,7 @@ private:
     /// Up to the semicolon that ends it.
     QString argument() {
         const qsizetype end = text_.indexOf(u';', at_);
-        const QString found = text_.mid(at_, end < 0 ? -1 : end - at_);
+        QString found = text_.mid(at_, end < 0 ? -1 : end - at_);
         at_ = end < 0 ? text_.size() : end + 1;
         return found;
     }

@@ -17,6 +17,11 @@ void startGraphics() {
 
 } // namespace
 
+/// The font library keeps its tables until the end.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig";
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const zu::fuzz::MemoryFile file;
     startGraphics();

@@ -7,7 +7,7 @@ namespace zu::dxf {
 
 namespace {
 
-constexpr std::size_t kBlock = 256 * 1024;
+constexpr std::size_t kBlock = std::size_t{256} * 1024;
 constexpr int kComment = 999;
 
 /// An unreadable file ends where reading fails.

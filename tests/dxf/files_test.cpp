@@ -74,20 +74,20 @@ TEST(Files, WhichOfThemExist) {
 TEST(Files, MembersOfALine) {
     struct Case {
         int n;
-        const wchar_t* line;
         int result;
+        const wchar_t* line;
         const wchar_t* member;
     };
-    const Case cases[] = {{0, L"H  0  0 100   50", 0, L"H"},
-                          {1, L"H  0  1 100   50", 0, L"0"},
-                          {4, L"H  0  1 100   50", 0, L"50"},
-                          {5, L"H  0  1 100   50", -1, L""},
-                          {0, L" a b", 0, L""},
-                          {1, L" a b", 0, L"a"},
-                          {1, L"a ", 0, L""},
-                          {1, L"a", -1, L""},
-                          {0, L"", 0, L""},
-                          {-1, L"a b", -1, L""}};
+    const Case cases[] = {{0, 0, L"H  0  0 100   50", L"H"},
+                          {1, 0, L"H  0  1 100   50", L"0"},
+                          {4, 0, L"H  0  1 100   50", L"50"},
+                          {5, -1, L"H  0  1 100   50", L""},
+                          {0, 0, L" a b", L""},
+                          {1, 0, L" a b", L"a"},
+                          {1, 0, L"a ", L""},
+                          {1, -1, L"a", L""},
+                          {0, 0, L"", L""},
+                          {-1, -1, L"a b", L""}};
     for (const Case& c : cases) {
         CString member = L"before";
         EXPECT_EQ(CAcadDxf::GetRecordMember(c.n, c.line, member), c.result) << c.n;

@@ -80,6 +80,13 @@ std::string code(int value) {
 
 const std::string kSentinel(kBinarySentinel);
 
+std::string joined(std::initializer_list<std::string_view> pieces) {
+    std::string bytes;
+    for (const std::string_view piece : pieces)
+        bytes += piece;
+    return bytes;
+}
+
 TEST(BinaryReader, ValuesByGroupCode) {
     const std::string zero(1, '\0');
     struct Case {
@@ -93,8 +100,8 @@ TEST(BinaryReader, ValuesByGroupCode) {
     for (const Case& c : cases) {
         const std::string value = c.size > 0 ? std::string(c.size, '\x07') : "text";
         const std::string terminator = c.size > 0 ? "" : zero;
-        const std::string file =
-            kSentinel + code(0) + "SECTION" + zero + code(c.code) + value + terminator + code(2) + "x" + zero;
+        const std::string file = joined(
+            {kSentinel, code(0), "SECTION", zero, code(c.code), value, terminator, code(2), "x", zero});
         EXPECT_EQ(readAll(BinaryReader(file)), (Records{{0, "SECTION"}, {c.code, value}, {2, "x"}}))
             << c.code;
     }
@@ -117,8 +124,7 @@ TEST(BinaryReader, OneByteCodes) {
 TEST(BinaryReader, StrictTableKnowsFewerCodes) {
     const std::string zero(1, '\0');
     for (const int unknown : {101, 110, 148, 160, 310 + 60, 390, 420, 470, 999}) {
-        const std::string file =
-            kSentinel + code(0) + "A" + zero + code(unknown) + std::string(8, '1') + zero;
+        const std::string file = joined({kSentinel, code(0), "A", zero, code(unknown), "11111111", zero});
         RecordError error;
         EXPECT_EQ(readAll(BinaryReader(file, CodeTable::strict), &error).size(), 1U) << unknown;
         EXPECT_FALSE(error.incomplete);
