@@ -97,6 +97,7 @@ void showAttributes(const std::vector<Element>& elements) {
 AttributeEdit editAll(const std::vector<Element>& elements) {
     const Step step(4, std::string("Set ") + kKey + " to " + kNewValue + " on all of them");
     std::vector<AcDbObjectId> ids;
+    ids.reserve(elements.size());
     for (const Element& element : elements)
         ids.push_back(element.id);
     AttributeEdit edit = editAttribute(ids, kKey, kNewValue, false);
