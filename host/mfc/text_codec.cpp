@@ -200,6 +200,11 @@ std::wstring TextCodec::Tables::decode(std::string_view bytes) const {
     text.reserve(bytes.size());
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         const auto byte = static_cast<unsigned char>(bytes[at]);
+        // By far the most bytes, and alike in every page.
+        if (byte < 0x80) {
+            text += static_cast<wchar_t>(byte);
+            continue;
+        }
         const auto& row = pairs_[byte];
         if (row.empty()) {
             appendCodePoint(text, singles_[byte] != kNone ? singles_[byte] : replacement());

@@ -141,8 +141,10 @@ bool putInPlace(const WorkingNames& names, const CString& path) {
 
 bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys, CStringArray& values) {
     CPtrArray records;
-    if (ZuComn_ReadConfigFile(path, records, 0, nullptr, L"|") != 0)
+    if (ZuComn_ReadConfigFile(path, records, 0, nullptr, L"|") != 0) {
+        ZuComn_RemoveAllFree(records);
         return false;
+    }
     const ValuesByKey found = valuesOf(records);
     ZuComn_RemoveAllFree(records);
     for (int i = 0; i < keys.GetSize(); ++i) {

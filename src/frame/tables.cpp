@@ -22,21 +22,36 @@ wchar_t separatorOf(const wchar_t* given) {
     return ZuComn_GetEnv(value, ZUCE_INIFILE, section, key) == 0 && !value.IsEmpty() ? value.GetAt(0) : L'\0';
 }
 
-/// Reads the data lines of a table file. `opened` is called once the file is open, `take` for each data line.
-template <typename Opened, typename Take>
-void readLines(const wchar_t* path, int skip, Opened opened, Take take) {
-    CStdioFile file;
-    if (path == nullptr || !file.Open(path, CFile::modeRead | CFile::typeText | CFile::shareDenyNone))
-        return;
-    opened();
+bool endsTable(const CString& line) {
+    return line.GetLength() == 3 && line.CompareNoCase(L"END") == 0;
+}
+
+template <typename Take>
+void readLines(CStdioFile& file, int skip, Take take) {
     CString line;
     for (int i = 0; i < skip; ++i)
         if (!file.ReadString(line))
             return;
-    while (file.ReadString(line) && line.CompareNoCase(L"END") != 0) {
+    while (file.ReadString(line) && !endsTable(line)) {
         const std::wstring_view data = zu::withoutTrailingSpaces(line.view());
         if (!data.empty() && data.front() != L'#')
             take(data);
+    }
+}
+
+/// Reads the data lines of a table file. `opened` is called once the file is open, `take` for each data line.
+/// False when the file can't be read.
+template <typename Opened, typename Take>
+bool readTable(const wchar_t* path, int skip, Opened opened, Take take) {
+    CStdioFile file;
+    if (path == nullptr || !file.Open(path, CFile::modeRead | CFile::typeText | CFile::shareDenyNone))
+        return false;
+    opened();
+    try {
+        readLines(file, skip, take);
+        return true;
+    } catch (const CFileException&) {
+        return false;
     }
 }
 
@@ -50,7 +65,7 @@ int ZuComn_ReadConfigFile(const wchar_t* path, CStringArray& fields, int skip, c
         return -1;
     const zu::ColumnSelection selection(columns);
     bool stored = false;
-    readLines(
+    const bool read = readTable(
         path, skip, [&fields] { fields.RemoveAll(); },
         [&](std::wstring_view line) {
             zu::splitLine(line, parting, selection, [&](std::wstring_view field) {
@@ -58,7 +73,7 @@ int ZuComn_ReadConfigFile(const wchar_t* path, CStringArray& fields, int skip, c
                 stored = true;
             });
         });
-    return stored ? 0 : -1;
+    return read && stored ? 0 : -1;
 }
 
 int ZuComn_ReadConfigFile(const wchar_t* path, CPtrArray& records, int skip, const wchar_t* columns,
@@ -69,7 +84,7 @@ int ZuComn_ReadConfigFile(const wchar_t* path, CPtrArray& records, int skip, con
         return -1;
     const zu::ColumnSelection selection(columns);
     bool stored = false;
-    readLines(
+    const bool read = readTable(
         path, skip, [&records] { records.RemoveAll(); },
         [&](std::wstring_view line) {
             auto record = std::make_unique<CStringArray>();
@@ -78,7 +93,7 @@ int ZuComn_ReadConfigFile(const wchar_t* path, CPtrArray& records, int skip, con
             records.Add(static_cast<CObject*>(record.release()));
             stored = true;
         });
-    return stored ? 0 : -1;
+    return read && stored ? 0 : -1;
 }
 
 void ZuComn_RemoveAllFree(CPtrArray& list) {

@@ -42,6 +42,10 @@ public:
         items_.push_back(element);
         return GetUpperBound();
     }
+    int Add(Element&& element) {
+        items_.push_back(std::move(element));
+        return GetUpperBound();
+    }
     /// Returns the index of the first appended element.
     int Append(const FrameworkArray& other) {
         const int first = GetSize();
