@@ -241,11 +241,10 @@ void DatabaseCore::erased(const AcDbObject& object, bool erasing) {
     tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectErased(&self, &object, erasing); });
 }
 
-void DatabaseCore::restore(AcDbStub& stub, std::unique_ptr<TagList> tags, bool erased, UndoLog::Kind kind,
-                           bool undoing) {
+void DatabaseCore::restore(AcDbStub& stub, TagList tags, bool erased, UndoLog::Kind kind, bool undoing) {
     AcDbObject& target = object(stub);
     const bool toggled = stub.erased != erased;
-    target.tags_ = std::move(tags);
+    *target.tags_ = std::move(tags);
     ++target.tagVersion_;
     stub.erased = erased;
     stub.changed = true;

@@ -65,8 +65,7 @@ struct DatabaseCore {
     void erased(const AcDbObject& object, bool erasing);
 
     /// Puts an object back into a state of the undo log.
-    void restore(AcDbStub& stub, std::unique_ptr<TagList> tags, bool erased, UndoLog::Kind kind,
-                 bool undoing);
+    void restore(AcDbStub& stub, TagList tags, bool erased, UndoLog::Kind kind, bool undoing);
 
     // ---- saving
     [[nodiscard]] Document::TagSource savedTags();

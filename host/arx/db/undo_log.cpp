@@ -2,6 +2,7 @@
 
 #include "database_core.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zuhost {
@@ -26,8 +27,7 @@ void UndoLog::note(AcDbStub& stub, const TagList& tags, Kind kind) {
     stepOpen_ = true;
     redo_.clear();
     // Taking an addition back is erasing, whatever else happened to the object in the step.
-    undo_.back().push_back(
-        {&stub, std::make_unique<TagList>(tags), kind == Kind::appended || stub.erased, kind});
+    undo_.back().push_back({&stub, tags, kind == Kind::appended || stub.erased, kind});
 }
 
 bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing) {
@@ -37,12 +37,11 @@ bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step
     Step step = std::move(from.back());
     from.pop_back();
     Step opposite;
-    // Last change first.
-    for (auto entry = step.rbegin(); entry != step.rend(); ++entry) {
-        AcDbObject& object = core.object(*entry->stub);
-        opposite.push_back(
-            {entry->stub, std::make_unique<TagList>(object.tags()), entry->stub->erased, entry->kind});
-        core.restore(*entry->stub, std::move(entry->tags), entry->erased, entry->kind, undoing);
+    std::reverse(step.begin(), step.end()); // last change first
+    for (Entry& entry : step) {
+        const AcDbObject& object = core.object(*entry.stub);
+        opposite.push_back({entry.stub, object.tags(), entry.stub->erased, entry.kind});
+        core.restore(*entry.stub, std::move(entry.tags), entry.erased, entry.kind, undoing);
     }
     to.push_back(std::move(opposite));
     return true;

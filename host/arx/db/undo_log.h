@@ -4,7 +4,6 @@
 #include "drawing/tag_list.h"
 
 #include <cstdint>
-#include <memory>
 #include <unordered_set>
 #include <vector>
 
@@ -39,7 +38,7 @@ public:
 private:
     struct Entry {
         AcDbStub* stub;
-        std::unique_ptr<TagList> tags;
+        TagList tags;
         bool erased;
         Kind kind;
     };
