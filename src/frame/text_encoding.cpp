@@ -49,7 +49,10 @@ std::optional<std::string> toCodePage(UINT codePage, std::wstring_view text) {
 }
 
 char32_t unitAt(std::string_view bytes, std::size_t at) {
-    return static_cast<unsigned char>(bytes[at]) | static_cast<unsigned char>(bytes[at + 1]) << 8U;
+    const auto byte = [bytes](std::size_t i) {
+        return static_cast<char32_t>(static_cast<unsigned char>(bytes[i]));
+    };
+    return byte(at) | byte(at + 1) << 8U;
 }
 
 std::wstring fromUtf16(std::string_view bytes) {
