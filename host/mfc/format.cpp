@@ -1,5 +1,7 @@
 #include "afxstr.h"
 
+#include "zuhost/text_codec.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -46,6 +48,7 @@ private:
     std::size_t at_ = 0;
 };
 
+/// Of ASCII.
 std::wstring widen(std::string_view text) {
     return {text.begin(), text.end()};
 }
@@ -211,7 +214,7 @@ std::wstring formatWords(const FormatArgument& argument, const Conversion& c) {
             text = *wide;
     } else if (const auto* narrow = std::get_if<const char*>(&argument)) {
         if (*narrow != nullptr)
-            text = widen(*narrow);
+            text = fromUtf8(*narrow);
     } else {
         return {};
     }

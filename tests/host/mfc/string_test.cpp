@@ -86,6 +86,14 @@ TEST(String, FormatsTypesAndWidths) {
     EXPECT_EQ(text, L"1  ") << "what has no argument prints nothing";
     text.Format(L"%s", 42);
     EXPECT_EQ(text, L"") << "an argument of another kind is not read as a text";
+    text.Format(L"%I64d|%.3d|%+.2e|%08.3f|%#X|% d|%-*s|", -1LL << 40U, 7, -0.00012345, -3.14159, 255, 5, -4,
+                L"ab");
+    EXPECT_EQ(text, L"-1099511627776|007|-1.23e-04|-003.142|0XFF| 5|ab  |");
+    text.Format(L"%hs|%s|%.*f|%d", "表", static_cast<const wchar_t*>(nullptr), -1, 0.5, 1LL << 32U);
+    EXPECT_EQ(text, L"表|(null)|0.500000|0");
+    text.Format(L"%999999999d%", 1);
+    EXPECT_EQ(text.GetLength(), 100000) << "fields have a limit";
+    text.Format(L"");
     text.AppendFormat(L"[%5.1lf]", 2.25);
     EXPECT_EQ(text, L"[  2.2]");
 }
