@@ -14,6 +14,7 @@ std::string narrow(std::wstring_view text) {
 
 std::vector<std::string> narrow(const CStringArray& texts) {
     std::vector<std::string> result;
+    result.reserve(static_cast<std::size_t>(texts.GetSize()));
     for (int i = 0; i < texts.GetSize(); ++i)
         result.push_back(narrow(texts[i].view()));
     return result;
