@@ -184,19 +184,20 @@ int RootComn_GetConnectBlock4(const AcArray<AcDbObjectId>& candidates, const AcD
 int RootComn_GetConnectBlock4EX(int mode, const AcArray<AcDbObjectId>& candidates,
                                 const AcDbObjectId& element, AcArray<AcDbObjectId>& result, int* count,
                                 const int* form) {
-    const AcDbObjectIdArray given = candidates;
-    result.removeAll();
     setCount(count, 0);
     const bool fullForm = form != nullptr && *form == 1;
     const double reach = zu::isLargeScale() ? kLargeScaleReach : zu::smallScaleTolerance();
     Search search(element, reach, ofCode(mode, zu::searchCode(zu::blockNameOf(element), fullForm), fullForm));
     const auto points = search.testedPoints();
-    if (!points || points->size() < 2)
-        return -1;
+    const bool isSearched = points && points->size() >= 2;
+    // Filled beside the result, which may be the list of candidates itself.
+    AcDbObjectIdArray joinedIds;
     int found = 0;
-    search.inList(given, *points, result, found);
-    setCount(count, result.length());
-    return 0;
+    if (isSearched)
+        search.inList(candidates, *points, joinedIds, found);
+    result = joinedIds;
+    setCount(count, found);
+    return isSearched ? 0 : -1;
 }
 
 int RootComn_GetConnectBlock5(const AcDbObjectId& group, const AcDbObjectId& element,

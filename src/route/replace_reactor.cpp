@@ -20,6 +20,8 @@ CReplaceReactor& CReplaceReactor::operator=(CReplaceReactor&&) noexcept = defaul
 
 void CReplaceReactor::erase(AcDbObjectId /*id*/) {}
 
+// By value, as the interface has it.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void CReplaceReactor::terminated(AcDbObjectId /*id*/, AcArray<AcDbObjectId> /*newIds*/) {}
 
 namespace {
