@@ -146,7 +146,7 @@ CString findAttributeFile(const CString& path, int (*isThere)(const wchar_t*),
         CString folder;
         if (setting(folder, 0, ZUCE_INIFILE, kSettingsSection, key) != 0)
             continue;
-        const CString candidate = joined(folder, takeApart(path).name);
+        CString candidate = joined(folder, takeApart(path).name);
         if (isThere(candidate) != 0)
             return candidate;
     }
