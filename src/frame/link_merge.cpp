@@ -22,6 +22,8 @@ public:
             pending_.emplace(pairs[i].key, i);
         if (encoding_.lineFeed().size() == 1)
             file_ = file_.substr(0, file_.find(kEndOfText));
+        // Half a character at the end would shift all that follows it.
+        file_.remove_suffix(file_.size() % encoding_.lineFeed().size());
         crlf_ = endsLinesWithReturn();
     }
 

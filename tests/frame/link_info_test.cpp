@@ -82,8 +82,8 @@ TEST_F(LinkInfo, Merges) {
          "\xEF\xBB\xBF"
          "A|2\n㎥|𠮷\n"},
         {std::string("\xFF\xFE"
-                     "A\0|\0\x0A\x0A\n\0",
-                     10),
+                     "A\0|\0\x0A\x0A\n\0B",
+                     11),
          texts({L"A"}), texts({L"𠮷"}),
          std::string("\xFF\xFE"
                      "A\0|\0\x42\xD8\xB7\xDF\n\0",

@@ -1,0 +1,73 @@
+// Any bytes as a table file and as a link information file: both readers agree on the records, and what a
+// save wrote is read back.
+#include "../dxf/memory_file.h"
+
+#include "frame/link_merge.h"
+#include "frame/text_encoding.h"
+
+#include <zucomn/link_info.h>
+#include <zucomn/tables.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+namespace {
+
+void require(bool condition, const char* what) {
+    if (condition)
+        return;
+    std::fprintf(stderr, "%s\n", what);
+    std::abort();
+}
+
+int fieldsInRecords(const CPtrArray& records) {
+    int count = 0;
+    for (int i = 0; i < records.GetSize(); ++i)
+        count += static_cast<const CStringArray*>(static_cast<const CObject*>(records[i]))->GetSize();
+    return count;
+}
+
+void checkTable(const CString& path, const wchar_t* columns) {
+    CStringArray flat;
+    CPtrArray records;
+    const int flatResult = ZuComn_ReadConfigFile(path, flat, 1, columns, L"|");
+    const int recordResult = ZuComn_ReadConfigFile(path, records, 1, columns, L"|");
+    require(flatResult == (flat.IsEmpty() ? -1 : 0), "the result doesn't follow from the fields");
+    require(recordResult == (records.IsEmpty() ? -1 : 0), "the result doesn't follow from the records");
+    require(fieldsInRecords(records) == flat.GetSize(), "the two forms differ");
+    ZuComn_RemoveAllFree(records);
+}
+
+void checkMerge(const zu::fuzz::MemoryFile& file, std::string_view bytes) {
+    // No pair changes nothing the second time.
+    const auto once = zu::mergeLinks(bytes, {});
+    require(once.has_value(), "a merge of nothing failed");
+    // Without the lines that go, what looks like a mark may come first.
+    if (zu::TextEncoding::of(*once).mark() != zu::TextEncoding::of(bytes).mark())
+        return;
+    require(zu::mergeLinks(*once, {}) == once, "a merge of nothing changed something");
+    const auto merged = zu::mergeLinks(bytes, {{L"zu-key", L"zu-value"}});
+    require(merged.has_value(), "a pair was not merged");
+    // The first merge may drop the line that told the line ends; from then on nothing changes.
+    const auto again = zu::mergeLinks(*merged, {{L"zu-key", L"zu-value"}});
+    require(zu::mergeLinks(*again, {{L"zu-key", L"zu-value"}}) == again, "the same pair changed something");
+    CStringArray keys;
+    keys.Add(L"zu-key");
+    CStringArray values;
+    if (ZuComn_GetLinkInfo(file.fill(*merged), keys, values))
+        require(values.GetSize() == 1, "a look-up gave not one value");
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const zu::fuzz::MemoryFile file;
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const CString path = file.fill(bytes);
+    checkTable(path, nullptr);
+    checkTable(path, L"3,1");
+    checkMerge(file, bytes);
+    return 0;
+}
