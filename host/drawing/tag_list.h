@@ -37,6 +37,8 @@ public:
     [[nodiscard]] bool empty() const { return tags_.empty(); }
     [[nodiscard]] const Tag& operator[](std::size_t i) const { return tags_[i]; }
     [[nodiscard]] Tag& operator[](std::size_t i) { return tags_[i]; }
+    [[nodiscard]] auto begin() { return tags_.begin(); }
+    [[nodiscard]] auto end() { return tags_.end(); }
     [[nodiscard]] auto begin() const { return tags_.begin(); }
     [[nodiscard]] auto end() const { return tags_.end(); }
     [[nodiscard]] TagRange all() const { return {0, tags_.size()}; }

@@ -38,11 +38,13 @@ CString comboNumber(double value, int mode) {
 
 std::vector<CString> withNumber(const std::vector<CString>& items, const CString& added, int mode) {
     std::vector<double> numbers;
+    numbers.reserve(items.size() + 1);
     for (const CString& item : items)
         numbers.push_back(_wtof(item));
     numbers.push_back(_wtof(added));
     std::stable_sort(numbers.begin(), numbers.end());
     std::vector<CString> texts;
+    texts.reserve(numbers.size());
     for (const double number : numbers)
         texts.push_back(comboNumber(number, mode));
     return texts;

@@ -46,8 +46,7 @@ LANGID systemLibraryLanguage() {
     if (library == nullptr)
         return 0;
     ResourceLanguages languages;
-    EnumResourceLanguagesW(library, RT_VERSION, reinterpret_cast<const wchar_t*>(1), &noteLanguage,
-                           reinterpret_cast<LPARAM>(&languages));
+    EnumResourceLanguagesW(library, RT_VERSION, L"#1", &noteLanguage, reinterpret_cast<LPARAM>(&languages));
     FreeLibrary(library);
     if (languages.count < 1 || languages.count > 2)
         return 0;

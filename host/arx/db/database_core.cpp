@@ -61,9 +61,9 @@ namespace {
 /// Without a drawing the texts of an object are UTF-8; the drawing has its own encoding and escapes.
 void encodeTexts(TagList& tags, const Document& document) {
     const auto isPlain = [](char c) { return c >= ' ' && c <= '~' && c != '\\' && c != '^'; };
-    for (std::size_t i = 0; i < tags.size(); ++i)
-        if (!std::all_of(tags[i].value.begin(), tags[i].value.end(), isPlain))
-            tags[i].value = document.encode(fromUtf8(tags[i].value));
+    for (Tag& tag : tags)
+        if (!std::all_of(tag.value.begin(), tag.value.end(), isPlain))
+            tag.value = document.encode(fromUtf8(tag.value));
 }
 
 } // namespace
@@ -218,8 +218,8 @@ namespace {
 
 template <typename Told>
 void tellAll(const std::vector<AcDbDatabaseReactor*>& reactors, Told told) {
-    const auto list = reactors; // a reactor may take itself off
-    for (AcDbDatabaseReactor* reactor : list)
+    // A copy: a reactor may take itself off the list.
+    for (AcDbDatabaseReactor* reactor : std::vector(reactors))
         told(*reactor);
 }
 

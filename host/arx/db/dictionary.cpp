@@ -8,7 +8,6 @@
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbDictionary, AcDbObject)
 
-using zuhost::TagList;
 using zuhost::TagRange;
 
 namespace {

@@ -13,9 +13,9 @@ namespace {
 
 constexpr std::string_view kGroup = "ACAD_REACTORS";
 
-/// Entries that name objects are marked in their lowest bit, which no address uses.
+/// Entries that name objects point to the second byte of the stub: no object of its own has an odd address.
 void* persistentEntry(AcDbStub* stub) {
-    return reinterpret_cast<void*>(reinterpret_cast<std::uintptr_t>(stub) | 1U);
+    return reinterpret_cast<char*>(stub) + 1;
 }
 
 std::size_t findEntry(const TagList& tags, std::uint64_t handle) {
@@ -43,7 +43,8 @@ bool acdbIsPersistentReactor(const void* reactor) {
 AcDbObjectId acdbPersistentReactorObjectId(const void* reactor) {
     if (!acdbIsPersistentReactor(reactor))
         return {};
-    return {reinterpret_cast<AcDbStub*>(reinterpret_cast<std::uintptr_t>(reactor) & ~std::uintptr_t{1})};
+    char* const entry = static_cast<char*>(const_cast<void*>(reactor));
+    return {reinterpret_cast<AcDbStub*>(entry - 1)};
 }
 
 void AcDbObject::addReactor(AcDbObjectReactor* reactor) const {

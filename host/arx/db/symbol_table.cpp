@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-using zuhost::TagRange;
-
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbSymbolTableRecord, AcDbObject)
 ACRX_DEFINE_MEMBERS_WITH(AcDbSymbolTable, AcDbObject, &zuhost::makeSymbolTable)
 ACRX_CONS_DEFINE_MEMBERS(AcDbBlockTable, AcDbSymbolTable)

@@ -179,7 +179,7 @@ inline constexpr LONG REG_SZ = 1;
 LONG RegQueryValueW(HKEY key, const wchar_t* subKey, wchar_t* value, LONG* size);
 using ENUMRESLANGPROCW = BOOL (*)(HMODULE module, const wchar_t* type, const wchar_t* name, WORD language,
                                   LPARAM parameter);
-inline const wchar_t* const RT_VERSION = reinterpret_cast<const wchar_t*>(16);
+inline const wchar_t* const RT_VERSION = L"#16";
 /// The languages of a resource. Modules of this host have no version resources: FALSE.
 BOOL EnumResourceLanguagesW(HMODULE module, const wchar_t* type, const wchar_t* name, ENUMRESLANGPROCW told,
                             LPARAM parameter);
