@@ -100,7 +100,7 @@ TEST(Frame, TextsFollowTheLanguage) {
 TEST(Frame, MissingLanguageModuleIsToldOnce) {
     const zuhost::CommandLineObserver observer;
     const Language german("de_DE.UTF-8");
-    const std::wstring said = observer.text();
+    const std::wstring& said = observer.text();
     EXPECT_TRUE(said.starts_with(L"Resource dll load failed.\n path = ")) << "once, before anything else";
     EXPECT_TRUE(said.ends_with(L"\\1031\\ZuComn.dll\n"));
     EXPECT_EQ(fileMessage(1, 2).substr(0, 5), L"ファイルの");
