@@ -96,6 +96,7 @@ TEST_P(Sample, AttributesAndHeightsAreRead) {
         CStringArray texts;
         EXPECT_EQ(data.GetExtensionElementData(id, texts), e["attributes"].is_null() ? 1 : 0);
         std::vector<std::string> read;
+        read.reserve(static_cast<std::size_t>(texts.GetSize()));
         for (int i = 0; i < texts.GetSize(); ++i)
             read.push_back(zuhost::toUtf8(texts[i].view()));
         EXPECT_EQ(read, e["attributes"].is_null() ? std::vector<std::string>()

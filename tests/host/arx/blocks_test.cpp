@@ -53,7 +53,7 @@ TEST_F(Blocks, NewBlockIsDefinedAndPlaced) {
 
 TEST_F(Blocks, ErasedBlockIsNotSaved) {
     const AcDbObjectId shelf = blockId(*drawing, L"書棚");
-    for (const Adesk::UInt64 handle : {0x106, 0x108, 0x10A})
+    for (const Adesk::UInt64 handle : {0x106U, 0x108U, 0x10AU})
         erase(id(handle));
     erase(shelf);
     const auto again = reopened();

@@ -40,14 +40,12 @@ AcDbObjectId addBlock(AcDbDatabase& database) {
 }
 
 void addToModelSpace(AcDbDatabase& database, AcDbEntity* entity) {
-    AcDbBlockTable* blocks = nullptr;
-    database.getBlockTable(blocks);
-    AcDbBlockTableRecord* space = nullptr;
-    blocks->getAt(ACDB_MODEL_SPACE, space, AcDb::kForWrite);
-    blocks->close();
+    const AcDbObjectPointer<AcDbBlockTable> blocks(database.blockTableId());
+    AcDbObjectId spaceId;
+    blocks->getAt(ACDB_MODEL_SPACE, spaceId);
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(spaceId, AcDb::kForWrite);
     space->appendAcDbEntity(entity);
     entity->close();
-    space->close();
 }
 
 void addLayer(AcDbDatabase& database) {
