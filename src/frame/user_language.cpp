@@ -23,6 +23,8 @@ struct ResourceLanguages {
 
 BOOL noteLanguage(HMODULE /*module*/, const wchar_t* /*type*/, const wchar_t* /*name*/, WORD language,
                   LPARAM parameter) {
+    // The interface hands the caller's pointer through as a number.
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
     auto& languages = *reinterpret_cast<ResourceLanguages*>(parameter);
     ++languages.count;
     languages.last = language;
