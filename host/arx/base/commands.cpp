@@ -1,5 +1,6 @@
 #include "accmd.h"
 #include "aced.h"
+#include "arx/db/undo_commands.h"
 
 #include <afxstr.h>
 
@@ -35,12 +36,18 @@ Acad::ErrorStatus removeIf(Matches matches) {
     return std::erase_if(commands(), matches) > 0 ? Acad::eOk : Acad::eKeyNotFound;
 }
 
+AcEdCommandStack* newCommandStack() {
+    auto* const stack = new AcEdCommandStack;
+    zuhost::addUndoCommands(*stack);
+    return stack;
+}
+
 CMDIFrameWnd* mainFrame = nullptr;
 
 } // namespace
 
 AcEdCommandStack& zuhost::commandStack() {
-    static auto* const stack = new AcEdCommandStack;
+    static auto* const stack = newCommandStack();
     return *stack;
 }
 

@@ -1,10 +1,14 @@
 #include "acdocman.h"
 #include "aced.h"
 #include "acutads.h"
+#include "arx/db/undo_commands.h"
+#include "dbapserv.h"
 
 #include <afx.h>
+#include <zuhost/text_codec.h>
 
 #include <algorithm>
+#include <charconv>
 
 ACRX_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
 ACRX_CONS_DEFINE_MEMBERS(AcApDocManager, AcRxObject)
@@ -16,14 +20,17 @@ std::wstring& input() {
     return *text;
 }
 
-/// Takes the next word off the queue; empty when there is none left.
-std::wstring takeWord() {
+/// The next word of the queue, behind blanks; empty when there is none left.
+std::wstring nextWord() {
     constexpr const wchar_t* kBlanks = L" \t\r\n";
     std::wstring& text = input();
     text.erase(0, text.find_first_not_of(kBlanks));
-    const std::size_t end = std::min(text.find_first_of(kBlanks), text.size());
-    std::wstring word = text.substr(0, end);
-    text.erase(0, end);
+    return text.substr(0, text.find_first_of(kBlanks));
+}
+
+std::wstring takeWord() {
+    std::wstring word = nextWord();
+    input().erase(0, word.size());
     return word;
 }
 
@@ -44,6 +51,7 @@ CString commandName(const std::wstring& word) {
 }
 
 void run(AcRxFunctionPtr function, const wchar_t* name) {
+    const zuhost::CommandUndoStep step;
     tell([name](AcEditorReactor& reactor) { reactor.commandWillStart(name); });
     try {
         function();
@@ -60,6 +68,10 @@ void run(AcRxFunctionPtr function, const wchar_t* name) {
 AcApDocManager& zuhost::documentManager() {
     static auto* const manager = new AcApDocManager;
     return *manager;
+}
+
+AcDbDatabase* AcApDocument::database() const {
+    return acdbHostApplicationServices()->workingDatabase();
 }
 
 AcApDocument* AcApDocManager::curDocument() const {
@@ -98,4 +110,14 @@ int zuhost::runPendingCommands() {
         tell([shown](AcEditorReactor& reactor) { reactor.unknownCommand(shown); });
     }
     return count;
+}
+
+std::optional<int> zuhost::takePendingNumber() {
+    const std::string word = toUtf8(nextWord());
+    int number = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+    if (word.empty() || error != std::errc() || end != word.data() + word.size())
+        return std::nullopt;
+    takeWord();
+    return number;
 }

@@ -3,12 +3,18 @@
 #include "rxclass.h"
 #include "zuhost/service.h"
 
+#include <optional>
 #include <string>
+
+class AcDbDatabase;
 
 /// The host's window on the working database; there is one.
 class AcApDocument : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcApDocument);
+
+    /// The working database; null without one. It stays its maker's.
+    [[nodiscard]] AcDbDatabase* database() const;
 };
 
 class AcApDocManager : public AcRxObject {
@@ -34,9 +40,14 @@ const std::wstring& pendingInput();
 void clearPendingInput();
 
 /// Runs the commands that were sent, also those that they send themselves, in order; returns how many were
-/// run. Names that nobody registered are told to the editor reactors and on the command line. An exception of
-/// the framework ends its command only and is told as well.
+/// run. What a command changes in the current document's drawing is one undo step. Names that nobody
+/// registered are told to the editor reactors and on the command line. An exception of the framework ends its
+/// command only and is told as well.
 int runPendingCommands();
+
+/// Takes the next word of what was sent as the answer to a running command's question for a whole number.
+/// Any other word stays: it is the next command.
+std::optional<int> takePendingNumber();
 
 } // namespace zuhost
 

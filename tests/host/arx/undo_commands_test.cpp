@@ -1,0 +1,142 @@
+#include "accmd.h"
+#include "acdocman.h"
+#include "arxutil.h"
+#include "dbapserv.h"
+#include "sample_drawing.h"
+#include "zuhost/command_line.h"
+#include "zuhost/text_codec.h"
+
+namespace {
+
+/// The edits run as commands; they share one drawing of a fixture.
+AcDbDatabase* edited = nullptr;
+
+AcDbObjectId duct() {
+    AcDbObjectId found;
+    edited->getAcDbObjectId(found, false, AcDbHandle(0x114));
+    return found;
+}
+
+void paint() {
+    const AcDbObjectPointer<AcDbEntity> entity(duct(), AcDb::kForWrite);
+    const int color = entity->colorIndex() % 256;
+    entity->setColorIndex(static_cast<Adesk::UInt16>(color + 2));
+    entity->setColorIndex(static_cast<Adesk::UInt16>(color + 1));
+}
+
+void eraseDuct() {
+    AcDbObjectPointer<AcDbEntity>(duct(), AcDb::kForWrite)->erase();
+}
+
+void drawLine() {
+    AcDbBlockTable* blocks = nullptr;
+    edited->getBlockTable(blocks);
+    AcDbObjectId space;
+    blocks->getAt(ACDB_MODEL_SPACE, space);
+    blocks->close();
+    auto* const line = new AcDbLine({0, 0, 0}, {1, 1, 0});
+    AcDbObjectPointer<AcDbBlockTableRecord>(space, AcDb::kForWrite)->appendAcDbEntity(line);
+    line->close();
+}
+
+void paintTwice() {
+    paint();
+    ApiComn_sendCommand(L"PAINT", 1, 1, 1);
+}
+
+class UndoCommands : public SampleDrawing {
+protected:
+    UndoCommands() {
+        edited = drawing.get();
+        acdbHostApplicationServices()->setWorkingDatabase(edited);
+        acedRegCmds->addCommand(L"EDITS", L"PAINT", nullptr, ACRX_CMD_MODAL, paint);
+        acedRegCmds->addCommand(L"EDITS", L"PAINT2", nullptr, ACRX_CMD_MODAL, paintTwice);
+        acedRegCmds->addCommand(L"EDITS", L"ERASE", nullptr, ACRX_CMD_MODAL, eraseDuct);
+        acedRegCmds->addCommand(L"EDITS", L"LINE", nullptr, ACRX_CMD_MODAL, drawLine);
+    }
+    ~UndoCommands() override {
+        acedRegCmds->removeGroup(L"EDITS");
+        acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+    }
+
+    /// What the commands print.
+    std::wstring type(const wchar_t* commands) const {
+        const zuhost::CommandLineObserver printed;
+        acDocManager->sendStringToExecute(acDocManager->curDocument(), commands);
+        zuhost::runPendingCommands();
+        return printed.text();
+    }
+
+    /// "x" for an erased duct, else its colour; then "+" for each entity that the drawing did not have.
+    [[nodiscard]] std::string state() const {
+        const AcDbObjectPointer<AcDbEntity> entity(duct(), AcDb::kForRead, true);
+        std::string text = entity->isErased() ? "x" : std::to_string(entity->colorIndex() % 256);
+        return text.append(entities() + (entity->isErased() ? 1 : 0) - atStart_, '+');
+    }
+
+private:
+    [[nodiscard]] std::size_t entities() const {
+        const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
+        AcDbBlockTableRecordIterator* iterator = nullptr;
+        space->newIterator(iterator);
+        const std::unique_ptr<AcDbBlockTableRecordIterator> all(iterator);
+        std::size_t count = 0;
+        for (; !all->done(); all->step())
+            ++count;
+        return count;
+    }
+
+    std::size_t atStart_ = entities();
+};
+
+} // namespace
+
+TEST_F(UndoCommands, TakeStepsBackAndDoThemAgain) {
+    const std::wstring noUndo = L"Nothing to undo.\n";
+    const std::wstring noRedo = L"Nothing to redo.\n";
+    struct Case {
+        const wchar_t* commands;
+        const char* state;
+        std::wstring printed;
+    };
+    for (const Case& c : {
+             Case{L"U\n", "0", noUndo},
+             Case{L"REDO\n", "0", noRedo},
+             Case{L"PAINT PAINT U\n", "1", L""},
+             Case{L"PAINT PAINT _u '_.UNDO\n\n", "0", L""},
+             Case{L"PAINT PAINT PAINT UNDO 2 PAINT\n", "2", L""},
+             Case{L"PAINT PAINT UNDO 9\n", "0", L"Everything has been undone.\n"},
+             Case{L"PAINT UNDO 0 U\n", "0", L"The number of steps must be 1 or more.\n"},
+             Case{L"PAINT PAINT UNDO PAINT\n", "2", L""},
+             Case{L"PAINT U REDO REDO\n", "1", noRedo},
+             Case{L"PAINT PAINT PAINT UNDO 3 MREDO 2\n", "2", L""},
+             Case{L"PAINT U U MREDO 5\n", "1", noUndo + L"Everything has been redone.\n"},
+             Case{L"PAINT PAINT U PAINT REDO U U U\n", "0", noRedo + noUndo},
+             Case{L"ERASE\n", "x", L""},
+             Case{L"PAINT ERASE U\n", "1", L""},
+             Case{L"ERASE U U REDO\n", "x", noUndo},
+             Case{L"LINE LINE U\n", "0+", L""},
+             Case{L"LINE PAINT LINE ERASE UNDO 4\n", "0", L""},
+             Case{L"LINE PAINT LINE ERASE UNDO 4 MREDO 3\n", "1++", L""},
+         }) {
+        ASSERT_EQ(drawing->dxfIn(samplePath(L"office-floor.dxf").c_str()), Acad::eOk); // nothing to undo
+        EXPECT_EQ(type(c.commands), c.printed) << zuhost::toUtf8(c.commands);
+        EXPECT_EQ(state(), c.state) << zuhost::toUtf8(c.commands);
+    }
+}
+
+TEST_F(UndoCommands, StepsAreWholeCommandsAndWhatIsChangedBetweenThem) {
+    type(L"PAINT2\n");
+    EXPECT_EQ(state(), "2");
+    type(L"U\n");
+    EXPECT_EQ(state(), "0");
+    type(L"PAINT\n");
+    paint();
+    type(L"PAINT U\n");
+    EXPECT_EQ(state(), "2");
+    type(L"U\n");
+    EXPECT_EQ(state(), "1");
+    acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+    EXPECT_EQ(type(L"U\n"), L"Nothing to undo.\n");
+    EXPECT_EQ(state(), "1");
+}
