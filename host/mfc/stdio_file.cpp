@@ -2,6 +2,7 @@
 
 #include "zuhost/atomic_file.h"
 #include "zuhost/paths.h"
+#include "zuhost/system_error.h"
 #include "zuhost/text_file.h"
 
 #include <algorithm>
@@ -18,14 +19,19 @@ struct CStdioFile::Text {
 
 namespace {
 
-TextEncoding encodingOf(const std::string& path) {
+/// The encoding of the file that is there; 0 or the system's error number.
+int findEncoding(const std::string& path, TextEncoding& encoding) {
     zuhost::file_ops::File file;
+    int error = file.open(path, zuhost::file_ops::File::Mode::read);
+    if (error == ENOENT || error == ENOTDIR)
+        return 0;
     char start[3] = {};
     std::size_t count = 0;
-    if (file.open(path, zuhost::file_ops::File::Mode::read) != 0 ||
-        file.read(start, sizeof start, count) != 0)
-        return {};
-    return TextEncoding::of({start, count});
+    if (error == 0)
+        error = file.read(start, sizeof start, count);
+    if (error == 0)
+        encoding = TextEncoding::of({start, count});
+    return error;
 }
 
 std::wstring withCarriageReturns(std::wstring_view text) {
@@ -52,8 +58,14 @@ CStdioFile::~CStdioFile() = default;
 
 BOOL CStdioFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
     auto text = std::make_unique<Text>();
-    if (path != nullptr && (flags & (modeWrite | modeReadWrite)) != 0)
-        text->encoding = encodingOf(zuhost::systemPath(path));
+    const bool writes = path != nullptr && (flags & (modeWrite | modeReadWrite)) != 0;
+    if (const int failure = writes ? findEncoding(zuhost::systemPath(path), text->encoding) : 0) {
+        SetLastError(zuhost::lastErrorOf(failure));
+        if (error != nullptr)
+            *error = CFileException(zuhost::fileExceptionCauseOf(failure), static_cast<LONG>(GetLastError()),
+                                    path);
+        return FALSE;
+    }
     if (!CFile::Open(path, flags, error))
         return FALSE;
     text->markWritten = (flags & modeCreate) == 0 || (flags & modeNoTruncate) != 0;

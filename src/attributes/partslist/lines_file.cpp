@@ -1,0 +1,71 @@
+#include "attributes/partslist/lines_file.h"
+
+#include "attributes/partslist/attribute_lines.h"
+
+#include <afx.h>
+
+namespace zu {
+
+namespace {
+
+constexpr const wchar_t* kRouteAttributes = L"\\RootAttr.dat";
+
+bool routeMode = false;
+
+bool write(const CString& path, const CString& text) {
+    CStdioFile file;
+    if (!file.Open(path, CFile::modeCreate | CFile::modeWrite | CFile::shareDenyWrite | CFile::typeText))
+        return false;
+    try {
+        file.WriteString(text);
+        file.Close();
+        return true;
+    } catch (const CFileException&) {
+        file.Abort();
+        return false;
+    }
+}
+
+} // namespace
+
+bool isRouteAttributeFile(const CString& path) {
+    CString parted = path;
+    parted.Replace(L'/', L'\\');
+    return parted.Find(kRouteAttributes) >= 0;
+}
+
+bool routeAttributeMode() {
+    return routeMode;
+}
+
+void setRouteAttributeMode(bool on) {
+    routeMode = on;
+}
+
+bool readLines(const CString& path, CStringArray& lines) {
+    CStringArray read;
+    try {
+        CStdioFile file;
+        if (!file.Open(path, CFile::modeRead | CFile::shareDenyWrite | CFile::typeText))
+            return false;
+        for (CString line; file.ReadString(line);)
+            appendItems(line, read);
+    } catch (const CFileException&) {
+        return false;
+    }
+    lines.Copy(read);
+    return true;
+}
+
+bool saveLines(const CString& path, CStringArray& lines) {
+    setRouteAttributeMode(isRouteAttributeFile(path));
+    CStringArray padded;
+    for (int i = 0; i < lines.GetSize(); ++i)
+        padded.Add(paddedLine(lines[i]));
+    if (!write(path, joinedLines(padded, routeAttributeMode())))
+        return false;
+    lines.Copy(padded);
+    return true;
+}
+
+} // namespace zu

@@ -1,0 +1,154 @@
+#include "attributes/partslist/attribute_lines.h"
+#include "attributes/partslist/lines_file.h"
+#include "temporary_folder.h"
+
+#include <zuhost/file_ops.h>
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+
+namespace {
+
+CStringArray linesOf(std::initializer_list<const wchar_t*> list) {
+    CStringArray lines;
+    for (const wchar_t* const line : list)
+        lines.Add(line);
+    return lines;
+}
+
+using Texts = std::vector<std::wstring>;
+
+Texts textsOf(const CStringArray& lines) {
+    return {lines.GetData(), lines.GetData() + lines.GetSize()};
+}
+
+TEST(PartsList, ItemsEndWithTheirSixthFieldOrALineEnd) {
+    const struct {
+        const wchar_t* text;
+        Texts lines;
+    } cases[] = {
+        {L"", {}},
+        {L"\r\n  \n", {}},
+        {L"a|b|c|d|e|f|A|B|C|D|E|F|", {L"a|b|c|d|e|f|", L"A|B|C|D|E|F|"}},
+        {L"a|b|c|d|e|f|\rA|B|C|D|E|F|\n", {L"a|b|c|d|e|f|", L"A|B|C|D|E|F|"}},
+        {L"a||||||A|B|\nC|D", {L"a||||||", L"A|B|||||", L"C|D|||||"}},
+        {L"|||||||", {L"||||||", L"||||||"}},
+    };
+    for (const auto& c : cases) {
+        CStringArray lines;
+        zu::appendItems(c.text, lines);
+        EXPECT_EQ(textsOf(lines), c.lines) << testing::PrintToString(std::wstring(c.text));
+    }
+    EXPECT_EQ(zu::paddedLine(L"a|b|c|d|e|f|g|h"), L"a|b|c|d|e|f|");
+    EXPECT_EQ(zu::paddedLine(L"a||c"), L"a||c||||");
+}
+
+TEST(PartsList, APartEndsBeforeAnIdThatItHas) {
+    const auto sizesOf = [](std::initializer_list<const wchar_t*> list) {
+        std::vector<int> sizes;
+        int next = 0;
+        for (const zu::LineRange& part : zu::partsOf(linesOf(list))) {
+            EXPECT_EQ(part.first, next);
+            next += part.count;
+            sizes.push_back(part.count);
+        }
+        return sizes;
+    };
+    EXPECT_EQ(sizesOf({}), std::vector<int>());
+    EXPECT_EQ(sizesOf({L"A|", L"B|", L"|x|", L"|y|"}), std::vector<int>({4}));
+    EXPECT_EQ(sizesOf({L"A|", L"B|", L"A|", L"A|", L"C|"}), std::vector<int>({2, 1, 2}));
+}
+
+TEST(PartsList, ValuesGoIntoTheChosenParts) {
+    const CStringArray editable = linesOf({L"A", L"", L"x", L"1"});
+    const CStringArray fixed = linesOf({L"B", L"", L"x", L"0"});
+    CPtrArray table;
+    table.Add(const_cast<CStringArray*>(&editable));
+    table.Add(const_cast<CStringArray*>(&fixed));
+    const zu::ParameterIndex parameters(table);
+    const zu::LineRange second[] = {{2, 2}};
+    const auto after = [&](const wchar_t* key, const wchar_t* value) {
+        CStringArray lines = linesOf({L"A|1|p|||6|", L"B|2|||||", L"A|3", L"B|4|||||"});
+        const std::vector<zu::ShownItem> items = {{key, value}};
+        const bool changed = zu::applyToLines(lines, second, items, parameters);
+        EXPECT_EQ(changed, lines[2] != L"A|3");
+        EXPECT_EQ(lines[0], L"A|1|p|||6|");
+        EXPECT_EQ(lines[3], L"B|4|||||");
+        return std::wstring(lines[2].view());
+    };
+    EXPECT_EQ(after(L"A|", L"新"), L"A|新|||||");
+    EXPECT_EQ(after(L"A|", L""), L"A||||||");
+    EXPECT_EQ(after(L"A|", L"3"), L"A|3") << "as it is";
+    EXPECT_EQ(after(L"B|", L"5"), L"A|3") << "not to be edited";
+    EXPECT_EQ(after(L"C|", L"5"), L"A|3") << "not known";
+    EXPECT_EQ(after(L"A|", L"*各種*"), L"A|3");
+    EXPECT_EQ(after(L"A|", L"x|y"), L"A|3");
+}
+
+class LinesFile : public testing::Test {
+protected:
+    void save(std::string_view name, CStringArray lines, bool saved = true) const {
+        EXPECT_EQ(zu::saveLines(path(name), lines), saved);
+    }
+    [[nodiscard]] CString path(std::string_view name) const { return CString(folder_.wide(name)); }
+    [[nodiscard]] std::string read(std::string_view name) const {
+        return TemporaryFolder::read(folder_.file(name));
+    }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(LinesFile, OnlyRouteAttributesHaveLineEnds) {
+    const CStringArray lines = linesOf({L"S1|値", L"S2||E||5|1|"});
+    save("RootAttr.dat", lines);
+    EXPECT_TRUE(zu::routeAttributeMode());
+    EXPECT_EQ(read("RootAttr.dat"), "S1|\x92\x6C|||||\r\nS2||E||5|1|\r\n");
+    save("parts.txt", lines);
+    EXPECT_FALSE(zu::routeAttributeMode());
+    EXPECT_EQ(read("parts.txt"), "S1|\x92\x6C|||||S2||E||5|1|");
+    folder_.write("parts.txt", "\xEF\xBB\xBF");
+    save("parts.txt", linesOf({L"𠮷"}));
+    EXPECT_EQ(read("parts.txt"), "\xEF\xBB\xBF𠮷||||||") << "an old file keeps its encoding";
+
+    EXPECT_TRUE(zu::isRouteAttributeFile(L"C:\\a\\RootAttr.dat"));
+    EXPECT_TRUE(zu::isRouteAttributeFile(L"/a/RootAttr.dat"));
+    EXPECT_FALSE(zu::isRouteAttributeFile(L"C:\\a\\MyRootAttr.dat"));
+}
+
+TEST_F(LinesFile, TheSampleComesBackAsItWas) {
+    CStringArray lines;
+    ASSERT_TRUE(zu::readLines(ZU_SAMPLES L"/system/RootAttr.dat", lines));
+    ASSERT_EQ(lines.GetSize(), 4);
+    EXPECT_EQ(lines[3], L"S302|300|P|ｻｲｽﾞ|5|1|");
+    save("RootAttr.dat", lines);
+    EXPECT_EQ(read("RootAttr.dat"), TemporaryFolder::read(ZU_SAMPLES "/system/RootAttr.dat"));
+
+    save("joined.txt", lines);
+    CStringArray joined;
+    ASSERT_TRUE(zu::readLines(path("joined.txt"), joined));
+    EXPECT_EQ(textsOf(joined), textsOf(lines));
+    EXPECT_FALSE(zu::readLines(path("missing.txt"), joined));
+    EXPECT_EQ(joined.GetSize(), 4);
+}
+
+TEST_F(LinesFile, AFailedSaveLeavesFileAndLines) {
+    folder_.write("parts.txt", "old");
+    save("missing/parts.txt", linesOf({L"A|1"}), false);
+    save("parts.txt", linesOf({L"A|𠮷"}), false);
+    EXPECT_EQ(read("parts.txt"), "old") << "a character that the encoding lacks";
+
+    const std::string mark = "\xEF\xBB\xBF";
+    folder_.write("parts.txt", mark + "old");
+    bool saved = false;
+    for (std::uint64_t n = 1; !saved; ++n) {
+        CStringArray lines = linesOf({L"A|1"});
+        const zuhost::file_ops::FailAt failure(n);
+        saved = zu::saveLines(path("parts.txt"), lines);
+        EXPECT_EQ(lines[0], saved ? L"A|1|||||" : L"A|1") << n;
+        EXPECT_EQ(read("parts.txt"), mark + (saved ? "A|1|||||" : "old")) << n;
+        ASSERT_LT(n, 100U);
+    }
+}
+
+} // namespace
