@@ -1,10 +1,12 @@
 // The attribute record: decoded, encoded, decoded again. What was decoded from an encoded record must encode
-// to the same strings.
+// to the same strings. A parts list of the same text, written with and without line ends, must come back.
 #include "attributes/attribute_record.h"
+#include "attributes/partslist/attribute_lines.h"
 
 #include <zucomn/attributes.h>
 #include <zuhost/text_codec.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
@@ -28,11 +30,35 @@ CStringArray arrayOf(const std::vector<CString>& strings) {
     return array;
 }
 
+bool same(const CStringArray& a, const CStringArray& b) {
+    return std::equal(a.GetData(), a.GetData() + a.GetSize(), b.GetData(), b.GetData() + b.GetSize());
+}
+
+void checkPartsList(const CString& text) {
+    CStringArray lines;
+    zu::appendItems(text, lines);
+    for (const bool lineEnds : {false, true}) {
+        CStringArray again;
+        zu::appendItems(zu::joinedLines(lines, lineEnds), again);
+        if (!same(lines, again))
+            std::abort();
+    }
+    int next = 0;
+    for (const zu::LineRange& part : zu::partsOf(lines)) {
+        if (part.first != next || part.count < 1)
+            std::abort();
+        next += part.count;
+    }
+    if (next != lines.GetSize())
+        std::abort();
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    CStringArray lines =
-        linesOf(zuhost::fromUtf8(std::string_view(reinterpret_cast<const char*>(data), size)));
+    const std::wstring text = zuhost::fromUtf8(std::string_view(reinterpret_cast<const char*>(data), size));
+    checkPartsList(CString(text));
+    CStringArray lines = linesOf(text);
     const auto record = zu::decodeRecord(lines);
     const std::vector<CString> encoded = zu::encodeRecord(*record);
     if (!encoded.empty()) {
