@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <rxdlinkr.h>
 #include <zucomn/frame.h>
+#include <zuhost/message_box.h>
 
 #include <exception>
 #include <iostream>
@@ -28,8 +29,10 @@ void addCommands(CLI::App& program) {
     addDemoCommand(program);
 }
 
-/// The library is started as the host starts it: through the dynamic linker.
+/// The library is started as the host starts it: through the dynamic linker. Commands never wait for a
+/// button.
 void startLibrary() {
+    zuhost::setMessageBoxPresenter(&zuhost::printMessageBox);
     acrxDynamicLinker->loadModule(L"ZuComn.arx", false);
     ZuComn_SetResource();
 }

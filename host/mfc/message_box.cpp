@@ -1,5 +1,6 @@
 #include "zuhost/message_box.h"
 
+#include "zuhost/desktop.h"
 #include "zuhost/text_codec.h"
 
 #include <iostream>
@@ -18,14 +19,14 @@ int firstButton(UINT style) {
     return (style & 0x0FU) == MB_YESNO || (style & 0x0FU) == MB_YESNOCANCEL ? IDYES : IDOK;
 }
 
-int printLine(const MessageBoxRequest& box) {
+} // namespace
+
+int printMessageBox(const MessageBoxRequest& box) {
     if (!box.caption.empty())
         std::cerr << toUtf8(box.caption) << ": ";
     std::cerr << toUtf8(box.text) << std::endl;
     return firstButton(box.style);
 }
-
-} // namespace
 
 MessageBoxPresenter setMessageBoxPresenter(MessageBoxPresenter wanted) {
     return std::exchange(presenter(), std::move(wanted));
@@ -46,7 +47,9 @@ MessageBoxObserver::~MessageBoxObserver() {
 int MessageBoxW(HWND /*owner*/, const wchar_t* text, const wchar_t* caption, UINT style) {
     const zuhost::MessageBoxRequest box{text != nullptr ? text : L"", caption != nullptr ? caption : L"",
                                         style};
-    return zuhost::presenter() ? zuhost::presenter()(box) : zuhost::printLine(box);
+    if (zuhost::presenter())
+        return zuhost::presenter()(box);
+    return zuhost::hasDesktop() ? zuhost::showMessageBox(box) : zuhost::printMessageBox(box);
 }
 
 int AfxMessageBox(const wchar_t* text, UINT style, UINT /*helpId*/) {

@@ -1,10 +1,7 @@
 #include "zuhost/desktop.h"
 
-#include "zuhost/message_box.h"
-
 #include <QApplication>
 #include <QLoggingCategory>
-#include <QMessageBox>
 
 #include <clocale>
 
@@ -12,25 +9,20 @@ namespace zuhost {
 
 namespace {
 
-QString toQString(const std::wstring& text) {
-    return QString::fromWCharArray(text.data(), static_cast<int>(text.size()));
+constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+
+/// The platforms to try, by the environment; the last is always there.
+QByteArray platforms() {
+    QByteArray names;
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+        names += "wayland;";
+    if (qEnvironmentVariableIsSet("DISPLAY"))
+        names += "xcb;";
+    return names + "offscreen";
 }
 
-int showBox(const MessageBoxRequest& request) {
-    QMessageBox box;
-    box.setWindowTitle(toQString(request.caption));
-    box.setText(toQString(request.text));
-    const bool asks = (request.style & 0x0FU) == MB_YESNO;
-    box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
-    if ((request.style & 0xF0U) == MB_ICONSTOP)
-        box.setIcon(QMessageBox::Critical);
-    const int button = box.exec();
-    return asks ? (button == QMessageBox::Yes ? IDYES : IDNO) : IDOK;
-}
-
-bool hasDesktop() {
-    const QString platform = QGuiApplication::platformName();
-    return platform != "offscreen" && platform != "minimal";
+bool namesDesktop(const QByteArray& platform) {
+    return !platform.startsWith("offscreen") && !platform.startsWith("minimal");
 }
 
 struct Application {
@@ -45,15 +37,29 @@ struct Application {
 void ensureDesktop() {
     if (QCoreApplication::instance() != nullptr)
         return;
-    // Without a screen nobody needs Qt's remarks on the session.
-    if (qgetenv("QT_QPA_PLATFORM") == "offscreen")
+    const bool chosen = qEnvironmentVariableIsSet(kPlatform);
+    if (!chosen)
+        qputenv(kPlatform, platforms());
+    // Without a screen nobody needs Qt's remarks on what the desktop lacks.
+    if (!namesDesktop(qgetenv(kPlatform)))
         QLoggingCategory::setFilterRules("default.warning=false");
     // Never destroyed: at the program's end the desktop's own parts are gone before it.
     static const Application* const application = new Application;
     static_cast<void>(application);
+    if (!chosen)
+        qunsetenv(kPlatform);
     std::setlocale(LC_NUMERIC, "C");
-    if (hasDesktop())
-        setMessageBoxPresenter(&showBox);
+}
+
+bool hasDesktop() {
+    if (QCoreApplication::instance() == nullptr) {
+        const QByteArray chosen = qgetenv(kPlatform);
+        if (!namesDesktop(chosen.isEmpty() ? platforms() : chosen))
+            return false;
+        ensureDesktop();
+    }
+    return qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr &&
+           namesDesktop(QGuiApplication::platformName().toLatin1());
 }
 
 } // namespace zuhost

@@ -17,8 +17,12 @@ struct MessageBoxRequest {
 /// Shows a box and returns the button chosen.
 using MessageBoxPresenter = std::function<int(const MessageBoxRequest&)>;
 
-/// Sets how boxes are shown, and returns how they were until now (empty: a line on standard error).
+/// Sets how boxes are shown, and returns how they were until now. Empty, as at the start: on the desktop,
+/// where there is one, otherwise by printMessageBox.
 MessageBoxPresenter setMessageBoxPresenter(MessageBoxPresenter presenter);
+
+/// Prints a box as a line on standard error and takes its first button: for programs that must not wait.
+int printMessageBox(const MessageBoxRequest& box);
 
 /// Collects the boxes shown during its life instead of showing them.
 class MessageBoxObserver {

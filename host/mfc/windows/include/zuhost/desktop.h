@@ -1,9 +1,18 @@
 #pragma once
 
+#include "zuhost/message_box.h"
+
 namespace zuhost {
 
 /// Makes the desktop's application object on first use. Programs that show no window never have one. Numbers
-/// are read and written as before: the decimal separator does not follow the desktop.
+/// are read and written as before: the decimal separator does not follow the desktop. Where the environment
+/// names no desktop, or one that does not answer, windows live off the screen.
 void ensureDesktop();
+
+/// True where the user can see windows; makes the application object when the environment names a desktop.
+[[nodiscard]] bool hasDesktop();
+
+/// Shows a box and waits for its button. Needs a desktop.
+int showMessageBox(const MessageBoxRequest& request);
 
 } // namespace zuhost
