@@ -84,7 +84,7 @@ File& File::operator=(File&& other) noexcept {
 }
 
 int File::open(const std::string& path, Mode mode) {
-    if (const int error = intercepted(Operation::open, path))
+    if (const int error = intercepted(mode == Mode::read ? Operation::open : Operation::openToWrite, path))
         return error;
     const int handle = ::open(path.c_str(), openFlags(mode) | O_CLOEXEC, 0666);
     if (handle < 0)

@@ -43,10 +43,17 @@ bool isSpecial(const std::string& name) {
 }
 
 std::string withSlashes(std::wstring_view path) {
-    const bool drive = path.size() > 2 && path[1] == L':' && (path[2] == L'\\' || path[2] == L'/');
+    const bool drive =
+        path.size() > 2 && path[1] == L':' && toUpper(path[0]) >= L'A' && toUpper(path[0]) <= L'Z';
     std::string slashed = toUtf8(drive ? path.substr(2) : path);
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
     return slashed;
+}
+
+/// Spaces and dots at the end are no part of a name.
+std::string withoutEnd(const std::string& path) {
+    const std::size_t length = path.find_last_not_of(" .") + 1;
+    return length == 0 || path[length - 1] == '/' ? path : path.substr(0, length);
 }
 
 } // namespace
@@ -56,7 +63,7 @@ std::string systemPath(std::wstring_view path) {
     if (slashed.empty() || slashed.find('\0') != std::string::npos || isThere(slashed))
         return slashed;
     fs::path found;
-    for (const fs::path& component : fs::path(slashed)) {
+    for (const fs::path& component : fs::path(withoutEnd(slashed))) {
         const std::string name = component.string();
         found /= component.has_root_directory() || isSpecial(name) ? name : nameInFolder(found, name);
     }

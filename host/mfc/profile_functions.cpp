@@ -52,6 +52,13 @@ DWORD copyNames(const std::vector<std::wstring>& names, wchar_t* buffer, DWORD s
     return static_cast<DWORD>(count);
 }
 
+/// 0, or why no profile can have the name.
+int nameError(const wchar_t* file) {
+    if (orEmpty(file).empty())
+        return EACCES;
+    return orEmpty(file).find_first_of(L"\"*<>?|") == std::wstring_view::npos ? 0 : EINVAL;
+}
+
 int readProfile(const std::string& path, Profile& profile) {
     const auto bytes = zuhost::readWholeFile(path);
     if (const int* error = std::get_if<int>(&bytes))
@@ -72,7 +79,9 @@ DWORD GetPrivateProfileStringW(const wchar_t* section, const wchar_t* key, const
                                wchar_t* buffer, DWORD size, const wchar_t* file) {
     Profile profile;
     const std::string path = zuhost::systemPath(orEmpty(file));
-    const int error = path.empty() ? EACCES : readProfile(path, profile);
+    int error = nameError(file);
+    if (error == 0)
+        error = readProfile(path, profile);
     SetLastError(zuhost::lastErrorOf(error == ENOENT ? folderError(path) : error));
     if (section == nullptr)
         return copyNames(profile.sections(), buffer, size);
@@ -118,13 +127,15 @@ BOOL WritePrivateProfileStringW(const wchar_t* section, const wchar_t* key, cons
                                 const wchar_t* file) {
     const std::string path = zuhost::systemPath(orEmpty(file));
     Profile profile;
-    int error = path.empty() ? EACCES : readProfile(path, profile);
+    int error = nameError(file);
+    if (error == 0)
+        error = readProfile(path, profile);
     const bool isNew = error == ENOENT;
     if (isNew)
         error = folderError(path) == ENOENT ? 0 : ENOTDIR;
     const bool removes = key == nullptr || value == nullptr;
     if (error == 0 && section == nullptr)
-        error = removes && isNew ? 0 : EBADF;
+        error = removes && isNew ? 0 : ENOENT;
     if (error == 0 && key == nullptr)
         profile.removeSection(orEmpty(section));
     else if (error == 0 && value == nullptr)

@@ -15,7 +15,7 @@ struct Translation {
     int cause;
 };
 
-constexpr std::array<Translation, 16> kTranslations{{
+constexpr std::array<Translation, 17> kTranslations{{
     {0, ERROR_SUCCESS, CFileException::none},
     {ENOENT, ERROR_FILE_NOT_FOUND, CFileException::fileNotFound},
     {ENOTDIR, ERROR_PATH_NOT_FOUND, CFileException::badPath},
@@ -27,6 +27,7 @@ constexpr std::array<Translation, 16> kTranslations{{
     {EPERM, ERROR_ACCESS_DENIED, CFileException::accessDenied},
     {EROFS, ERROR_ACCESS_DENIED, CFileException::accessDenied},
     {EISDIR, ERROR_ACCESS_DENIED, CFileException::accessDenied},
+    {EINVAL, ERROR_INVALID_NAME, CFileException::badPath},
     {EBADF, ERROR_INVALID_HANDLE, CFileException::invalidFile},
     {EEXIST, ERROR_FILE_EXISTS, CFileException::accessDenied},
     {ENOSPC, ERROR_DISK_FULL, CFileException::diskFull},

@@ -2,12 +2,14 @@
 #include "temporary_folder.h"
 
 #include <windows.h>
+#include <zuhost/file_ops.h>
 #include <zuhost/profile.h>
 #include <zuhost/text_codec.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <optional>
 
@@ -55,7 +57,9 @@ public:
             name_ = "missing/p.ini";
             return;
         }
-        bytes_ = fromBase64(file.get<std::string>());
+        if (file == "RODIR")
+            return;
+        bytes_ = file == "RO" ? "[A]\r\nk=1\r\n" : fromBase64(file.get<std::string>());
         folder_.write("p.ini", bytes_);
     }
 
@@ -89,6 +93,9 @@ TEST(Profile, ReadsAsRecorded) {
                                                       buffer.data(), size, file.wide().c_str());
         EXPECT_EQ(zuhost::toUtf8(buffer.substr(0, length)), zuhost::toUtf8(text)) << recorded["name"];
         EXPECT_EQ(size > 0 ? buffer[length] : L'\0', L'\0') << recorded["name"];
+        if (const json error = expected.value("last_error", json()); error.is_number()) {
+            EXPECT_EQ(GetLastError(), error.get<DWORD>()) << recorded["name"];
+        }
         EXPECT_EQ(buffer.substr(size), L"##") << recorded["name"];
     }
 }
@@ -106,6 +113,16 @@ std::string meaning(const std::string& bytes) {
     return zuhost::toUtf8(text);
 }
 
+/// Denies what the recorded rights deny; those of the system would not bind an administrator, as whom the
+/// tests may run.
+int denied(const json& recorded, zuhost::file_ops::Operation operation) {
+    const std::string name = recorded["name"];
+    const bool binds = name.starts_with("read-only: ");
+    const bool unreadable = name == "read-only: no permission at all";
+    using enum zuhost::file_ops::Operation;
+    return binds && (operation == openToWrite || (unreadable && operation == open)) ? EACCES : 0;
+}
+
 bool fits(const json& write, const std::string& file) {
     const auto encoding = zuhost::TextEncoding::of(file);
     return std::all_of(write.begin(), write.end(),
@@ -114,9 +131,9 @@ bool fits(const json& write, const std::string& file) {
 
 TEST(Profile, WritesAsRecorded) {
     for (const json& recorded : recordedCases("profile_writes.json")) {
-        if (recorded["file"] == "RO" || recorded["file"] == "RODIR")
-            continue; // rights don't bind the administrator, as whom the tests may run
         const ProfileFile file(recorded["file"]);
+        const zuhost::file_ops::Interception rights(
+            [&](auto operation, const std::string&) { return denied(recorded, operation); });
         const json& expected = recorded.contains("windows") ? recorded["windows"] : recorded;
         const json& wanted = expected.contains("results") ? expected["results"] : recorded["results"];
         bool allFit = true;
@@ -132,6 +149,9 @@ TEST(Profile, WritesAsRecorded) {
             const bool refused = !fits(write, file.bytes());
             allFit = allFit && !refused;
             EXPECT_EQ(result, refused ? FALSE : wanted[i].get<BOOL>()) << recorded["name"];
+            EXPECT_EQ(GetLastError(),
+                      refused ? ERROR_NO_UNICODE_TRANSLATION : recorded["last_error"][i].get<DWORD>())
+                << recorded["name"];
             EXPECT_TRUE(!refused || TemporaryFolder::read(file.path()) == before) << recorded["name"];
         }
         const json after = expected.value("after", json());

@@ -13,7 +13,7 @@ namespace zuhost {
 /// Results: 0 on success, otherwise the system's error number.
 namespace file_ops {
 
-enum class Operation { open, read, write, sync, close, rename, remove, copyMode, makeFolder };
+enum class Operation { open, openToWrite, read, write, sync, close, rename, remove, copyMode, makeFolder };
 
 /// Asked before each operation; a number other than 0 makes it fail with that error without being done.
 using Interceptor = std::function<int(Operation operation, const std::string& path)>;

@@ -7,8 +7,8 @@ namespace zuhost {
 
 /// The file that a path of the interface names, as the system knows it (UTF-8, "/"). Both "\\" and "/" part
 /// its components, and a component that is not there in its own case is taken in the case that is: first an
-/// exact match, else the first in alphabetical order. What does not exist keeps the name as given. A drive
-/// letter ("C:") before an absolute path is dropped.
+/// exact match, else the first in alphabetical order. What does not exist keeps the name as given, without
+/// spaces and dots at its end. A drive letter ("C:") is dropped.
 [[nodiscard]] std::string systemPath(std::wstring_view path);
 
 /// A path of the system in the interface's form: wide, parted by "\\".
