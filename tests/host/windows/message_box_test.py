@@ -71,7 +71,8 @@ def prints_a_line(**variables):
 
 def main():
     read_end, write_end = os.pipe()
-    server = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-nolisten", "tcp", "-screen", "0", "800x600x24"],
+    # Without -noreset the server starts anew whenever a program leaves it, and shuts out the next one meanwhile.
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-nolisten", "tcp", "-noreset"],
                               pass_fds=[write_end], stderr=subprocess.DEVNULL)
     os.close(write_end)
     try:
