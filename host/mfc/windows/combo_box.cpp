@@ -70,8 +70,8 @@ void CComboBox::ResetContent() {
 }
 
 int CComboBox::FindStringExact(int after, const wchar_t* text) const {
-    const int count = GetCount();
     const QString wanted = QString::fromWCharArray(text);
+    const int count = wanted.isEmpty() ? 0 : GetCount();
     for (int step = 0; step < count; ++step) {
         const int index = (std::max(after, -1) + 1 + step) % count;
         if (box(*this)->itemText(index).compare(wanted, Qt::CaseInsensitive) == 0)

@@ -1,0 +1,34 @@
+#include "recorded_cases.h"
+
+#include "afxwin.h"
+
+#include <zuhost/text_codec.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Finds texts in the list as recorded for its kind of list. Lists that sort themselves are none of this
+/// host's.
+template <typename List>
+void findsAsRecorded(List& list, const std::string& kind) {
+    const nlohmann::json recorded = recordedCases("misc.json");
+    for (const nlohmann::json& item : recorded["list_items"])
+        list.AddString(zuhost::fromUtf8(item.get<std::string>()).c_str());
+    for (const nlohmann::json& c : recorded["list_find"]) {
+        if (c[0] != kind || c[1] != "no")
+            continue;
+        const std::wstring text = zuhost::fromUtf8(c[3].get<std::string>());
+        EXPECT_EQ(list.FindStringExact(c[2].get<int>(), text.c_str()), c[4].get<int>()) << c;
+    }
+}
+
+TEST(Lists, ComboBoxFindsAsRecorded) {
+    CFrameWnd frame;
+    frame.Create(nullptr, L"図面");
+    CComboBox box;
+    box.Create(CBS_DROPDOWNLIST | WS_CHILD, RECT{0, 0, 200, 24}, &frame, 1);
+    findsAsRecorded(box, "CB");
+}
+
+} // namespace
