@@ -64,7 +64,7 @@ std::vector<ShownItem> PartsRows::shownItemsOf(const CStringArray& lines, std::s
 
 CString lineName(const CString& line) {
     const CString id = attributeField(line, 1);
-    if (const CString name = CAttributeData::GetItemName(id); !name.IsEmpty())
+    if (CString name = CAttributeData::GetItemName(id); !name.IsEmpty())
         return name;
     const CString label = attributeField(line, kLabelField);
     return label.IsEmpty() ? id : label;
