@@ -31,6 +31,16 @@ private:
     AcArray<AcEditorReactor*> reactors_;
 };
 
+// ---- the progress meter of the status bar; see zuhost/progress.h for who shows it
+
+/// Puts a meter in place of the status bar's text, from min to max; one that is there ends. 0, or -1 when the
+/// range is none.
+int acedSetStatusBarProgressMeter(const ACHAR* label, int min, int max);
+/// Moves the meter; positions outside its range count as its ends. 0, or -1 without a meter.
+int acedSetStatusBarProgressMeterPos(int position);
+/// Ends the meter, if there is one.
+void acedRestoreStatusBar();
+
 namespace zuhost {
 AcEditor& editor();
 }
