@@ -2,6 +2,7 @@
 
 #include "records/text_escapes.h"
 
+#include <algorithm>
 #include <array>
 #include <mutex>
 #include <optional>
@@ -32,6 +33,11 @@ bool keepsAscii(const TextCodec& codec) {
         if (codec.decode({&c, 1}) != std::wstring(1, static_cast<wchar_t>(c)))
             return false;
     return true;
+}
+
+/// Characters that every drawing holds as their ASCII byte and that begin no escape.
+bool isPlain(wchar_t c) {
+    return static_cast<char32_t>(c) >= 0x20 && static_cast<char32_t>(c) < 0x7F && c != L'\\' && c != L'^';
 }
 
 bool isControl(wchar_t c) {
@@ -131,6 +137,8 @@ std::wstring DrawingText::decode(std::string_view value) const {
 }
 
 std::string DrawingText::encode(std::wstring_view text) const {
+    if (std::all_of(text.begin(), text.end(), isPlain))
+        return {text.begin(), text.end()};
     const std::wstring escaped = withEscapes(text);
     if (!hasSurrogateOfItsOwn(escaped))
         if (auto bytes = codec_.encode(escaped))

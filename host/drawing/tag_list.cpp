@@ -41,6 +41,11 @@ void TagList::insert(std::size_t at, const std::vector<Tag>& tags) {
     tags_.insert(tags_.begin() + static_cast<std::ptrdiff_t>(std::min(at, size())), tags.begin(), tags.end());
 }
 
+void TagList::insert(std::size_t at, TagList&& tags) {
+    tags_.insert(tags_.begin() + static_cast<std::ptrdiff_t>(std::min(at, size())),
+                 std::make_move_iterator(tags.begin()), std::make_move_iterator(tags.end()));
+}
+
 void TagList::erase(TagRange range) {
     const std::size_t last = std::min(range.last, size());
     if (range.first >= last)

@@ -47,6 +47,7 @@ public:
     void add(int code, std::string value) { tags_.push_back({code, std::move(value)}); }
     void insert(std::size_t at, Tag tag);
     void insert(std::size_t at, const std::vector<Tag>& tags);
+    void insert(std::size_t at, TagList&& tags);
     void erase(TagRange range);
     /// Takes out the class markers (100), which drawings before R13 don't have.
     void eraseMarkers();

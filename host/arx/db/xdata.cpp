@@ -180,6 +180,46 @@ std::optional<std::string> registeredName(zuhost::DatabaseCore& core, const ACHA
     return std::string(tags.text(2, {0, tags.extendedDataStart()}).value_or(""));
 }
 
+/// The values of each application named in the chain, behind its name; the last ones of an application count.
+Acad::ErrorStatus readChain(const resbuf* chain, zuhost::DatabaseCore& core, std::vector<TagList>& lists) {
+    if (chain == nullptr || chain->restype != kApplication)
+        return Acad::eInvalidInput;
+    for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
+        if (!isValid(*item))
+            return Acad::eInvalidInput;
+        if (item->restype != kApplication) {
+            addValue(lists.back(), *item, *core.document);
+            continue;
+        }
+        auto name = registeredName(core, item->resval.rstring);
+        if (!name)
+            return Acad::eRegappIdNotFound;
+        std::erase_if(lists, [&name](const TagList& list) { return list[0].value == *name; });
+        lists.emplace_back().add(kApplication, std::move(*name));
+    }
+    return Acad::eOk;
+}
+
+/// Room that the extended data takes when the lists have replaced those of their applications.
+std::size_t sizeWith(const TagList& tags, const std::vector<TagList>& replacements) {
+    std::size_t size = storedSize(tags, {tags.extendedDataStart(), tags.size()});
+    for (const TagList& list : replacements) {
+        size -= storedSize(tags, tags.extendedData(list[0].value));
+        if (list.size() > 1)
+            size += storedSize(list, list.all());
+    }
+    return size;
+}
+
+void replace(TagList& tags, TagList replacement, const zuhost::Document& document) {
+    const TagRange old = tags.extendedData(replacement[0].value);
+    keepSpelling(tags, old, replacement, document);
+    const std::size_t place = old.empty() ? tags.size() : old.first;
+    tags.erase(old);
+    if (replacement.size() > 1)
+        tags.insert(place, std::move(replacement));
+}
+
 } // namespace
 
 resbuf* AcDbObject::xData(const ACHAR* application) const {
@@ -204,42 +244,17 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
         return Acad::eNotInDatabase;
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
-    if (chain == nullptr || chain->restype != kApplication)
-        return Acad::eInvalidInput;
-    TagList changed = *tags_;
-    TagList values;
-    const zuhost::Document& document = *core()->document;
-    const auto replace = [&changed, &document](TagList replacement) {
-        if (replacement.empty())
-            return;
-        const TagRange old = changed.extendedData(replacement[0].value);
-        keepSpelling(changed, old, replacement, document);
-        const std::size_t place = old.empty() ? changed.size() : old.first;
-        changed.erase(old);
-        if (replacement.size() > 1)
-            changed.insert(place, std::vector<Tag>(replacement.begin(), replacement.end()));
-    };
-    for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
-        if (!isValid(*item))
-            return Acad::eInvalidInput;
-        if (item->restype != kApplication) {
-            addValue(values, *item, document);
-            continue;
-        }
-        replace(values);
-        values = TagList();
-        const auto name = registeredName(*core(), item->resval.rstring);
-        if (!name)
-            return Acad::eRegappIdNotFound;
-        values.add(kApplication, *name);
-    }
-    replace(values);
-    if (storedSize(changed, {changed.extendedDataStart(), changed.size()}) > kSizeLimit)
-        return Acad::eXdataSizeExceeded;
-    const Acad::ErrorStatus status = assertWriteEnabled();
+    std::vector<TagList> replacements;
+    Acad::ErrorStatus status = readChain(chain, *core(), replacements);
+    if (status == Acad::eOk && sizeWith(*tags_, replacements) > kSizeLimit)
+        status = Acad::eXdataSizeExceeded;
     if (status == Acad::eOk)
-        changingTags() = std::move(changed);
-    return status;
+        status = assertWriteEnabled();
+    if (status != Acad::eOk)
+        return status;
+    for (TagList& replacement : replacements)
+        replace(changingTags(), std::move(replacement), *core()->document);
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus acdbRegApp(AcDbDatabase* database, const ACHAR* application) {
