@@ -1,7 +1,7 @@
-#include "afxwin.h"
+#include "qt_text.h"
+#include "zuhost/windows/controls.h"
 
-#include "zuhost/desktop.h"
-
+#include <QAbstractItemView>
 #include <QComboBox>
 
 IMPLEMENT_DYNCREATE(CComboBox, CWnd)
@@ -16,17 +16,54 @@ bool hasItem(const QComboBox* list, int index) {
     return list != nullptr && index >= 0 && index < list->count();
 }
 
+int find(const CComboBox& window, int after, const QString& text, Qt::MatchFlag how) {
+    const int count = text.isEmpty() ? 0 : window.GetCount();
+    for (int step = 0; step < count; ++step) {
+        const int index = (std::max(after, -1) + 1 + step) % count;
+        const QString item = box(window)->itemText(index);
+        if (how == Qt::MatchStartsWith ? item.startsWith(text, Qt::CaseInsensitive)
+                                       : item.compare(text, Qt::CaseInsensitive) == 0)
+            return index;
+    }
+    return CB_ERR;
+}
+
+/// Tells when its list opens and closes.
+class Box : public QComboBox {
+public:
+    Box(QWidget* parent, std::function<void(UINT)> tell) : QComboBox(parent), tell_(std::move(tell)) {}
+
+    void showPopup() override {
+        tell_(CBN_DROPDOWN);
+        QComboBox::showPopup();
+    }
+    void hidePopup() override {
+        const bool wasOpen = view()->isVisible();
+        QComboBox::hidePopup();
+        if (wasOpen)
+            tell_(CBN_CLOSEUP);
+    }
+
+private:
+    std::function<void(UINT)> tell_;
+};
+
 } // namespace
 
-BOOL CComboBox::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT /*id*/) {
-    zuhost::ensureDesktop();
-    auto* const list = new QComboBox(parent != nullptr ? parent->widget() : nullptr);
-    list->setGeometry(rectangle.left, rectangle.top, rectangle.right - rectangle.left,
-                      rectangle.bottom - rectangle.top);
-    list->setEditable((style & CBS_DROPDOWNLIST) == CBS_DROPDOWN);
-    attachWidget(list);
-    list->setVisible((style & WS_VISIBLE) != 0 && parent != nullptr);
-    return TRUE;
+BOOL CComboBox::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id) {
+    return CWnd::Create(nullptr, nullptr, style, rectangle, parent, id);
+}
+
+QWidget* CComboBox::makeWidget(QWidget* parent, DWORD style) {
+    auto* const made = new Box(parent, [this](UINT code) { notifyParent(code); });
+    made->setEditable((style & CBS_DROPDOWNLIST) == CBS_DROPDOWN);
+    made->setInsertPolicy(QComboBox::NoInsert);
+    QObject::connect(made, &QComboBox::activated, made, [this](int) {
+        notifyParent(CBN_SELENDOK);
+        notifyParent(CBN_SELCHANGE);
+    });
+    QObject::connect(made, &QComboBox::editTextChanged, made, [this] { notifyParent(CBN_EDITCHANGE); });
+    return made;
 }
 
 int CComboBox::GetCount() const {
@@ -41,7 +78,7 @@ int CComboBox::GetLBTextLen(int index) const {
 int CComboBox::GetLBText(int index, CString& text) const {
     if (!hasItem(box(*this), index))
         return CB_ERR;
-    text = box(*this)->itemText(index).toStdWString().c_str();
+    text = zuhost::fromQt(box(*this)->itemText(index));
     return text.GetLength();
 }
 
@@ -53,7 +90,7 @@ int CComboBox::InsertString(int index, const wchar_t* text) {
     if (box(*this) == nullptr || index > GetCount())
         return CB_ERR;
     const int place = index < 0 ? GetCount() : index;
-    box(*this)->insertItem(place, QString::fromWCharArray(text));
+    box(*this)->insertItem(place, zuhost::toQt(text));
     return place;
 }
 
@@ -70,14 +107,11 @@ void CComboBox::ResetContent() {
 }
 
 int CComboBox::FindStringExact(int after, const wchar_t* text) const {
-    const QString wanted = QString::fromWCharArray(text);
-    const int count = wanted.isEmpty() ? 0 : GetCount();
-    for (int step = 0; step < count; ++step) {
-        const int index = (std::max(after, -1) + 1 + step) % count;
-        if (box(*this)->itemText(index).compare(wanted, Qt::CaseInsensitive) == 0)
-            return index;
-    }
-    return CB_ERR;
+    return find(*this, after, zuhost::toQt(text), Qt::MatchFixedString);
+}
+
+int CComboBox::FindString(int after, const wchar_t* text) const {
+    return find(*this, after, zuhost::toQt(text), Qt::MatchStartsWith);
 }
 
 int CComboBox::GetCurSel() const {
@@ -89,4 +123,17 @@ int CComboBox::SetCurSel(int index) {
         return CB_ERR;
     box(*this)->setCurrentIndex(hasItem(box(*this), index) ? index : -1);
     return box(*this)->currentIndex();
+}
+
+void CComboBox::ShowDropDown(BOOL show) {
+    if (box(*this) == nullptr)
+        return;
+    if (show != FALSE)
+        box(*this)->showPopup();
+    else
+        box(*this)->hidePopup();
+}
+
+BOOL CComboBox::GetDroppedState() const {
+    return box(*this) != nullptr && box(*this)->view()->isVisible() ? TRUE : FALSE;
 }

@@ -1,7 +1,10 @@
 #include "zuhost/desktop.h"
 
+#include "zuhost/windows/wnd.h"
+
 #include <QApplication>
 #include <QLoggingCategory>
+#include <QPixmap>
 
 #include <clocale>
 
@@ -60,6 +63,25 @@ bool hasDesktop() {
     }
     return qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr &&
            namesDesktop(QGuiApplication::platformName().toLatin1());
+}
+
+void runDesktop() {
+    ensureDesktop();
+    QApplication::exec();
+}
+
+void settleDesktop() {
+    ensureDesktop();
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+bool savePicture(const CWnd& window, const std::string& path) {
+    if (window.widget() == nullptr)
+        return false;
+    settleDesktop();
+    return window.widget()->grab().save(QString::fromStdString(path));
 }
 
 } // namespace zuhost

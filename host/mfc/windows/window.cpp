@@ -1,84 +1,282 @@
-#include "afxwin.h"
-
+#include "dispatch.h"
+#include "qt_text.h"
+#include "window_link.h"
 #include "zuhost/desktop.h"
+#include "zuhost/windows/frame.h"
 
-#include <QMainWindow>
-#include <QPointer>
+#include <QApplication>
+#include <QTimer>
 #include <QVariant>
 
 IMPLEMENT_DYNAMIC(CWnd, CObject)
-IMPLEMENT_DYNCREATE(CFrameWnd, CWnd)
-IMPLEMENT_DYNCREATE(CMDIFrameWnd, CFrameWnd)
+
+CWnd::CWnd() : link_(std::make_unique<zuhost::WindowLink>(*this)) {}
+
+CWnd::~CWnd() {
+    destroy(false);
+}
+
+BOOL CWnd::Create(const wchar_t* /*className*/, const wchar_t* text, DWORD style, const RECT& rectangle,
+                  CWnd* parent, UINT id, CCreateContext* context) {
+    zuhost::ensureDesktop();
+    QWidget* const widget = makeWidget(parent != nullptr ? parent->clientWidget() : nullptr, style);
+    link_->attach(widget, id);
+    SetWindowText(text);
+    if (const CRect place(rectangle); !place.IsRectEmpty())
+        MoveWindow(rectangle);
+    widget->setEnabled((style & WS_DISABLED) == 0);
+    CREATESTRUCT create{context,
+                        parent != nullptr ? parent->GetSafeHwnd() : nullptr,
+                        rectangle.bottom - rectangle.top,
+                        rectangle.right - rectangle.left,
+                        rectangle.top,
+                        rectangle.left,
+                        style,
+                        text};
+    if (SendMessage(WM_CREATE, 0, reinterpret_cast<LPARAM>(&create)) == -1) {
+        DestroyWindow();
+        return FALSE;
+    }
+    widget->setVisible((style & WS_VISIBLE) != 0 && (parent != nullptr || (style & WS_CHILD) == 0));
+    return TRUE;
+}
+
+QWidget* CWnd::makeWidget(QWidget* parent, DWORD /*style*/) {
+    return new QWidget(parent);
+}
+
+BOOL CWnd::DestroyWindow() {
+    if (widget() == nullptr)
+        return FALSE;
+    destroy(true);
+    return TRUE;
+}
 
 namespace {
 
-constexpr const char* kOwner = "zuOwner";
+std::vector<CWnd*> windowsIn(QWidget& widget) {
+    std::vector<CWnd*> windows;
+    for (QWidget* const inner : widget.findChildren<QWidget*>())
+        if (CWnd* const window = CWnd::fromWidget(inner); window != nullptr)
+            windows.push_back(window);
+    return windows;
+}
+
+/// A widget whose event is being handled has to outlive it.
+void remove(QWidget* widget) {
+    if (zuhost::Dispatch::current() == nullptr) {
+        delete widget;
+        return;
+    }
+    widget->hide();
+    widget->deleteLater();
+}
 
 } // namespace
 
-struct CWnd::Handle {
-    QPointer<QWidget> widget;
-};
-
-CWnd::CWnd() : handle_(std::make_unique<Handle>()) {}
-
-CWnd::~CWnd() {
-    delete handle_->widget.data();
-}
-
-void CWnd::attachWidget(QWidget* widget) {
-    handle_->widget = widget;
-    widget->setProperty(kOwner, QVariant::fromValue(static_cast<void*>(this)));
+void CWnd::destroy(bool tellSelf) {
+    const QPointer<QWidget> root = widget();
+    if (root == nullptr)
+        return;
+    if (tellSelf)
+        SendMessage(WM_DESTROY);
+    for (CWnd* const window : windowsIn(*root))
+        window->SendMessage(WM_DESTROY);
+    std::vector<CWnd*> windows = windowsIn(*root);
+    for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
+        (*window)->link_->detach();
+        (*window)->PostNcDestroy();
+    }
+    link_->detach();
+    remove(root.data());
+    if (tellSelf)
+        PostNcDestroy();
 }
 
 QWidget* CWnd::widget() const {
-    return handle_->widget.data();
+    return link_->widget();
+}
+
+QWidget* CWnd::clientWidget() const {
+    return link_->client();
 }
 
 CWnd* CWnd::fromWidget(const QWidget* widget) {
-    return widget != nullptr ? static_cast<CWnd*>(widget->property(kOwner).value<void*>()) : nullptr;
+    return widget != nullptr ? static_cast<CWnd*>(widget->property("zuOwner").value<void*>()) : nullptr;
 }
 
 HWND CWnd::GetSafeHwnd() const {
     return reinterpret_cast<HWND>(widget());
 }
 
-CWnd* CWnd::GetParent() const {
-    return widget() != nullptr ? fromWidget(widget()->parentWidget()) : nullptr;
+CWnd* CWnd::FromHandle(HWND window) {
+    return fromWidget(reinterpret_cast<const QWidget*>(window));
 }
 
-CFrameWnd* CWnd::GetParentFrame() const {
+CWnd* CWnd::GetParent() const {
     for (const QWidget* above = widget() != nullptr ? widget()->parentWidget() : nullptr; above != nullptr;
          above = above->parentWidget())
-        if (CWnd* const owner = fromWidget(above);
-            owner != nullptr && owner->IsKindOf(RUNTIME_CLASS(CFrameWnd)))
-            return static_cast<CFrameWnd*>(owner);
+        if (CWnd* const owner = fromWidget(above); owner != nullptr)
+            return owner;
     return nullptr;
 }
 
-BOOL CWnd::IsWindowVisible() const {
-    return widget() != nullptr && widget()->isVisible() ? TRUE : FALSE;
+CFrameWnd* CWnd::GetParentFrame() const {
+    for (CWnd* above = GetParent(); above != nullptr; above = above->GetParent())
+        if (above->IsKindOf(RUNTIME_CLASS(CFrameWnd)) != FALSE)
+            return static_cast<CFrameWnd*>(above);
+    return nullptr;
 }
 
-BOOL CWnd::ShowWindow(int command) {
-    const BOOL before = IsWindowVisible();
-    if (widget() != nullptr)
-        widget()->setVisible(command != SW_HIDE);
-    return before;
+int CWnd::GetDlgCtrlID() const {
+    return static_cast<int>(link_->id());
 }
 
-BOOL CWnd::DestroyWindow() {
+CWnd* CWnd::GetDlgItem(int id) const {
+    if (widget() == nullptr)
+        return nullptr;
+    for (CWnd* const window : windowsIn(*widget()))
+        if (window->GetDlgCtrlID() == id && window->GetParent() == this)
+            return window;
+    return nullptr;
+}
+
+// ---- messages
+
+LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const zuhost::Dispatch dispatch(*this, message, wParam, lParam);
+    return WindowProc(message, wParam, lParam);
+}
+
+BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (widget() == nullptr)
         return FALSE;
-    delete widget();
+    QTimer::singleShot(0, link_.get(), [this, message, wParam, lParam] {
+        if (widget() != nullptr)
+            SendMessage(message, wParam, lParam);
+    });
     return TRUE;
 }
 
-BOOL CFrameWnd::Create(const wchar_t* /*className*/, const wchar_t* title, DWORD style, CWnd* parent) {
-    zuhost::ensureDesktop();
-    auto* const frame = new QMainWindow(parent != nullptr ? parent->widget() : nullptr);
-    frame->setWindowTitle(QString::fromWCharArray(title != nullptr ? title : L""));
-    attachWidget(frame);
-    frame->setVisible((style & WS_VISIBLE) != 0);
+BOOL CWnd::PreTranslateMessage(MSG* /*message*/) {
+    return FALSE;
+}
+
+LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_COMMAND)
+        return OnCommand(wParam, lParam);
+    if (message == WM_NOTIFY) {
+        LRESULT result = 0;
+        OnNotify(wParam, lParam, &result);
+        return result;
+    }
+    const AFX_MSGMAP_ENTRY* const entry = findHandler(message, 0, 0);
+    return entry != nullptr ? entry->handler(*this, wParam, lParam) : DefWindowProc(message, wParam, lParam);
+}
+
+LRESULT CWnd::DefWindowProc(UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    if (message == WM_CLOSE)
+        DestroyWindow();
+    else if (zuhost::Dispatch* const now = zuhost::Dispatch::current(); now != nullptr)
+        now->goesOn = true;
+    return 0;
+}
+
+LRESULT CWnd::Default() {
+    const zuhost::Dispatch* const now = zuhost::Dispatch::current();
+    return now != nullptr ? DefWindowProc(now->message, now->wParam, now->lParam) : 0;
+}
+
+BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const AFX_MSGMAP_ENTRY* const entry = findHandler(WM_COMMAND, HIWORD(wParam), LOWORD(wParam));
+    if (entry == nullptr)
+        return FALSE;
+    entry->handler(*this, wParam, lParam);
     return TRUE;
+}
+
+BOOL CWnd::OnNotify(WPARAM /*wParam*/, LPARAM lParam, LRESULT* result) {
+    const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+    const AFX_MSGMAP_ENTRY* const entry =
+        findHandler(WM_NOTIFY, header.code, static_cast<UINT>(header.idFrom));
+    if (entry == nullptr)
+        return FALSE;
+    *result = entry->handler(*this, header.idFrom, lParam);
+    return TRUE;
+}
+
+const AFX_MSGMAP* CWnd::GetThisMessageMap() {
+    static const AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, nullptr}};
+    static const AFX_MSGMAP map = {nullptr, entries};
+    return &map;
+}
+
+const AFX_MSGMAP* CWnd::GetMessageMap() const {
+    return GetThisMessageMap();
+}
+
+const AFX_MSGMAP_ENTRY* CWnd::findHandler(UINT message, UINT code, UINT id) const {
+    for (const AFX_MSGMAP* map = GetMessageMap(); map != nullptr;
+         map = map->base != nullptr ? map->base() : nullptr)
+        for (const AFX_MSGMAP_ENTRY* entry = map->entries; entry->handler != nullptr; ++entry)
+            if (entry->message == message && entry->code == code && entry->id == id)
+                return entry;
+    return nullptr;
+}
+
+void CWnd::notifyParent(UINT code) {
+    if (CWnd* const parent = GetParent(); parent != nullptr)
+        parent->SendMessage(WM_COMMAND, MAKEWPARAM(link_->id(), code),
+                            reinterpret_cast<LPARAM>(GetSafeHwnd()));
+}
+
+LRESULT CWnd::notifyParent(NMHDR& header) {
+    header.hwndFrom = GetSafeHwnd();
+    header.idFrom = link_->id();
+    CWnd* const parent = GetParent();
+    return parent != nullptr
+               ? parent->SendMessage(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header))
+               : 0;
+}
+
+std::intptr_t CWnd::OnToolHitTest(CPoint /*point*/, TOOLINFO* /*tool*/) const {
+    return -1;
+}
+
+void CWnd::paint(CDC& /*dc*/) {}
+
+// ---- what handlers hand on to
+
+int CWnd::OnCreate(LPCREATESTRUCT /*create*/) {
+    return static_cast<int>(Default());
+}
+void CWnd::OnSize(UINT /*type*/, int /*width*/, int /*height*/) {
+    Default();
+}
+void CWnd::OnSetFocus(CWnd* /*loser*/) {
+    Default();
+}
+void CWnd::OnKillFocus(CWnd* /*winner*/) {
+    Default();
+}
+void CWnd::OnKeyDown(UINT /*key*/, UINT /*repeat*/, UINT /*flags*/) {
+    Default();
+}
+void CWnd::OnChar(UINT /*character*/, UINT /*repeat*/, UINT /*flags*/) {
+    Default();
+}
+void CWnd::OnMouseMove(UINT /*flags*/, CPoint /*point*/) {
+    Default();
+}
+void CWnd::OnLButtonDown(UINT /*flags*/, CPoint /*point*/) {
+    Default();
+}
+void CWnd::OnLButtonUp(UINT /*flags*/, CPoint /*point*/) {
+    Default();
+}
+void CWnd::OnLButtonDblClk(UINT /*flags*/, CPoint /*point*/) {
+    Default();
+}
+void CWnd::OnContextMenu(CWnd* /*window*/, CPoint /*point*/) {
+    Default();
 }

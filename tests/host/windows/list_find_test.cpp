@@ -23,12 +23,15 @@ void findsAsRecorded(List& list, const std::string& kind) {
     }
 }
 
-TEST(Lists, ComboBoxFindsAsRecorded) {
+TEST(Lists, FindAsRecorded) {
     CFrameWnd frame;
     frame.Create(nullptr, L"図面");
-    CComboBox box;
-    box.Create(CBS_DROPDOWNLIST | WS_CHILD, RECT{0, 0, 200, 24}, &frame, 1);
-    findsAsRecorded(box, "CB");
+    CComboBox combo;
+    combo.Create(CBS_DROPDOWNLIST | WS_CHILD, RECT{0, 0, 200, 24}, &frame, 1);
+    findsAsRecorded(combo, "CB");
+    CListBox list;
+    list.Create(WS_CHILD, RECT{0, 0, 200, 240}, &frame, 2);
+    findsAsRecorded(list, "LB");
 }
 
 } // namespace

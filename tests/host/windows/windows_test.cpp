@@ -1,66 +1,264 @@
-#include "afxwin.h"
+#include "afxcmn.h"
+#include "afxext.h"
+#include "temporary_folder.h"
 #include "zuhost/desktop.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QKeyEvent>
+#include <QTest>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
 #include <clocale>
 #include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
 
 namespace {
 
-class Windows : public ::testing::Test {
+/// What happened, in order.
+std::vector<std::wstring> heard;
+
+class Sheet : public CView {
+    DECLARE_DYNCREATE(Sheet)
+
+public:
+    CListBox list;
+    CListCtrl lines;
+    CEdit edit;
+    CButton button;
+    static inline bool fails = false;
+
 protected:
-    Windows() {
-        frame_.Create(nullptr, L"図面");
-        const RECT rectangle{10, 20, 210, 44};
-        box_.Create(CBS_DROPDOWNLIST | WS_CHILD | WS_VISIBLE, rectangle, &frame_, 7);
+    void OnDraw(CDC* dc) override { dc->FillSolidRect(CRect(110, 0, 120, 9), RGB(1, 2, 3)); }
+    void OnInitialUpdate() override { heard.emplace_back(L"initial update"); }
+    void PostNcDestroy() override {
+        heard.emplace_back(L"view gone");
+        CView::PostNcDestroy();
     }
-
-    void press(int key) const {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        QApplication::sendEvent(box_.widget(), &event);
+    BOOL PreTranslateMessage(MSG* message) override {
+        if (message->wParam != VK_F2)
+            return FALSE;
+        heard.emplace_back(L"F2");
+        return TRUE;
     }
-
-    CFrameWnd frame_;
-    CComboBox box_;
+    int OnCreate(LPCREATESTRUCT create) {
+        if (fails || CView::OnCreate(create) == -1)
+            return -1;
+        const DWORD style = WS_CHILD | WS_VISIBLE;
+        list.Create(style | LBS_NOTIFY, CRect(0, 0, 100, 100), this, 1);
+        lines.Create(style | LVS_REPORT, CRect(0, 100, 100, 200), this, 2);
+        edit.Create(style, CRect(0, 200, 100, 220), this, 3);
+        button.Create(L"押す", style, CRect(0, 220, 60, 243), this, 4);
+        return 0;
+    }
+    void OnDestroy() {
+        heard.emplace_back(L"view destroyed");
+        CView::OnDestroy();
+    }
+    void onButton() { heard.emplace_back(L"button"); }
+    void onSelection() { heard.push_back(L"row " + std::to_wstring(list.GetCurSel())); }
+    void onEdited() { heard.emplace_back(L"edited"); }
+    void onLine(NMHDR* header, LRESULT* /*result*/) {
+        const auto& change = *reinterpret_cast<const NMLISTVIEW*>(header);
+        heard.push_back((change.uNewState != 0 ? L"+" : L"-") + std::to_wstring(change.iItem));
+    }
+    void OnLButtonDown(UINT flags, CPoint point) {
+        heard.push_back(std::to_wstring(point.x) + L"," + std::to_wstring(point.y));
+        CView::OnLButtonDown(flags, point);
+    }
+    DECLARE_MESSAGE_MAP()
 };
 
-TEST_F(Windows, ComboBoxFollowsKeys) {
-    for (const wchar_t* text : {L"Supply", L"還気", L"排気"})
-        EXPECT_GE(box_.AddString(text), 0);
-    EXPECT_EQ(box_.SetCurSel(0), 0);
-    press(Qt::Key_Down);
-    EXPECT_EQ(box_.GetCurSel(), 1);
-    CString text;
-    EXPECT_EQ(box_.GetLBText(1, text), 2);
-    EXPECT_TRUE(text == L"還気");
-    EXPECT_EQ(box_.FindStringExact(2, L"supply"), 0);
-    EXPECT_EQ(box_.FindStringExact(-1, L"supp"), CB_ERR);
-    EXPECT_EQ(box_.GetLBText(3, text), CB_ERR);
-    EXPECT_EQ(box_.InsertString(9, L"x"), CB_ERR);
-    EXPECT_EQ(box_.DeleteString(0), 2);
-    EXPECT_EQ(box_.SetCurSel(5), CB_ERR);
+IMPLEMENT_DYNCREATE(Sheet, CView)
+
+BEGIN_MESSAGE_MAP(Sheet, CView)
+ON_WM_CREATE()
+ON_WM_DESTROY()
+ON_WM_LBUTTONDOWN()
+ON_BN_CLICKED(4, onButton)
+ON_LBN_SELCHANGE(1, onSelection)
+ON_EN_CHANGE(3, onEdited)
+ON_NOTIFY(LVN_ITEMCHANGED, 2, onLine)
+END_MESSAGE_MAP()
+
+class SplitFrame : public CFrameWnd {
+public:
+    CSplitterWnd splitter;
+
+protected:
+    BOOL OnCreateClient(LPCREATESTRUCT /*create*/, CCreateContext* context) override {
+        return splitter.CreateStatic(this, 1, 2) != FALSE &&
+                       splitter.CreateView(0, 0, RUNTIME_CLASS(Sheet), CSize(150, 300), context) != FALSE &&
+                       splitter.CreateView(0, 1, RUNTIME_CLASS(Sheet), CSize(200, 300), context) != FALSE
+                   ? TRUE
+                   : FALSE;
+    }
+    void PostNcDestroy() override {
+        heard.emplace_back(L"frame gone");
+        CFrameWnd::PostNcDestroy();
+    }
+};
+
+class Windows : public ::testing::Test {
+protected:
+    Windows() : frame_(*new SplitFrame) {
+        Sheet::fails = false;
+        EXPECT_TRUE(frame_.Create(nullptr, L"図面", WS_OVERLAPPEDWINDOW, CRect(0, 0, 600, 400)));
+        frame_.ShowWindow(SW_SHOW);
+        zuhost::settleDesktop();
+        heard.clear();
+    }
+    ~Windows() override {
+        if (!isGone_)
+            frame_.DestroyWindow();
+    }
+
+    Sheet& left() { return *static_cast<Sheet*>(frame_.splitter.GetPane(0, 0)); }
+
+    SplitFrame& frame_;
+    bool isGone_ = false;
+};
+
+using Heard = std::vector<std::wstring>;
+
+TEST_F(Windows, SplitFramesHoldTheirViewsAndEndWithThem) {
+    EXPECT_EQ(frame_.splitter.GetParent(), &frame_);
+    EXPECT_EQ(left().GetParentFrame(), &frame_);
+    EXPECT_EQ(left().GetDlgItem(4), &left().button);
+    EXPECT_EQ(left().widget()->width(), 150);
+    EXPECT_THROW(static_cast<void>(frame_.splitter.GetPane(0, 2)), CInvalidArgException);
+    EXPECT_FALSE(frame_.splitter.CreateView(0, 1, RUNTIME_CLASS(Sheet), CSize(1, 1), nullptr));
+    frame_.InitialUpdateFrame(nullptr, TRUE);
+    isGone_ = true;
+    frame_.widget()->close();
+    EXPECT_EQ(heard, (Heard{L"initial update", L"initial update", L"view destroyed", L"view destroyed",
+                            L"view gone", L"view gone", L"frame gone"}));
 }
 
-TEST_F(Windows, OwnersAndWidgetsGoInEitherOrder) {
-    EXPECT_EQ(box_.GetParent(), &frame_);
-    EXPECT_EQ(box_.GetParentFrame(), &frame_);
-    EXPECT_EQ(CWnd::fromWidget(box_.widget()), &box_);
-    EXPECT_EQ(box_.widget()->geometry(), QRect(10, 20, 200, 24));
-    EXPECT_TRUE(frame_.DestroyWindow());
-    EXPECT_EQ(box_.GetSafeHwnd(), nullptr);
-    EXPECT_EQ(box_.GetCount(), CB_ERR);
-    EXPECT_FALSE(box_.DestroyWindow());
+TEST_F(Windows, FrameIsNotMadeWhenAViewCantBe) {
+    Sheet::fails = true;
+    auto* const frame = new SplitFrame;
+    EXPECT_FALSE(frame->Create(nullptr, L"x"));
+    EXPECT_EQ(heard.back(), L"frame gone");
+}
+
+TEST_F(Windows, EventsReachMessageMaps) {
+    Sheet& view = left();
+    QTest::mouseClick(view.widget(), Qt::LeftButton, Qt::NoModifier, QPoint(120, 30));
+    QTest::mouseClick(view.button.widget(), Qt::LeftButton);
+    QTest::keyClicks(view.edit.widget(), "a");
+    QTest::keyClick(view.edit.widget(), Qt::Key_F2);
+    for (const wchar_t* text : {L"い", L"ろ", L"は"})
+        view.list.AddString(text);
+    EXPECT_EQ(view.list.SetCurSel(0), 0);
+    QTest::keyClick(view.list.widget(), Qt::Key_Down);
+    EXPECT_EQ(heard, (Heard{L"120,30", L"button", L"edited", L"F2", L"row 1"}));
+    EXPECT_EQ(view.widget()->grab().toImage().pixelColor(112, 2), QColor(1, 2, 3));
+}
+
+TEST_F(Windows, ListsOfLinesTellEachChangeOfState) {
+    CListCtrl& lines = left().lines;
+    EXPECT_EQ(lines.InsertColumn(0, L"名称", LVCFMT_LEFT, 150), 0);
+    EXPECT_EQ(lines.InsertColumn(1, L"画層", LVCFMT_LEFT, 150), 1);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(lines.InsertItem(i, std::to_wstring(i).c_str()), i);
+    EXPECT_TRUE(lines.SetItemText(1, 1, L"機器"));
+    EXPECT_TRUE(lines.GetItemText(1, 1) == L"機器");
+    EXPECT_FALSE(lines.SetItemText(1, 2, L"x"));
+    EXPECT_TRUE(lines.SetItemData(2, 77));
+    EXPECT_EQ(lines.GetItemData(2), 77U);
+    lines.SetItemState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    QTest::keyClick(lines.widget(), Qt::Key_Down);
+    lines.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+    EXPECT_EQ(heard, (Heard{L"+1", L"-1", L"+2", L"+0", L"+1"}));
+    EXPECT_EQ(lines.GetSelectedCount(), 3U);
+    EXPECT_EQ(lines.GetNextItem(0, LVNI_SELECTED), 1);
+    EXPECT_EQ(lines.GetNextItem(-1, LVNI_FOCUSED), 2);
+    EXPECT_TRUE(lines.DeleteItem(0));
+    EXPECT_TRUE(lines.GetItemText(0, 0) == L"1");
+    EXPECT_FALSE(lines.DeleteItem(2));
+}
+
+/// Draws its rows and has a tip for each.
+class Drawn : public CListBox {
+public:
+    void DrawItem(LPDRAWITEMSTRUCT draw) override {
+        CDC dc = CDC::FromHandle(draw->hDC);
+        dc.FillSolidRect(draw->rcItem, draw->itemID == 0 ? RGB(200, 0, 0) : RGB(0, 0, 200));
+    }
+    void MeasureItem(LPMEASUREITEMSTRUCT measure) override { measure->itemHeight = 30; }
+
+protected:
+    std::intptr_t OnToolHitTest(CPoint point, TOOLINFO* tool) const override {
+        BOOL outside = FALSE;
+        const UINT row = ItemFromPoint(point, outside);
+        if (outside)
+            return -1;
+        GetItemRect(static_cast<int>(row), &tool->rect);
+        tool->lpszText = static_cast<wchar_t*>(std::calloc(2, sizeof(wchar_t)));
+        tool->lpszText[0] = row == 0 ? L'a' : L'b';
+        return static_cast<std::intptr_t>(row);
+    }
+};
+
+TEST_F(Windows, ListBoxesDrawTheirRowsAndTellTips) {
+    Drawn list;
+    list.Create(WS_CHILD | WS_VISIBLE | LBS_OWNERDRAWFIXED, CRect(0, 0, 120, 200), &left(), 9);
+    list.AddString(L"1");
+    list.AddString(L"2");
+    zuhost::settleDesktop();
+    CRect second;
+    EXPECT_EQ(list.GetItemRect(1, &second), 0);
+    EXPECT_EQ(second.top, 30);
+    EXPECT_EQ(list.GetItemRect(2, &second), LB_ERR);
+    const QImage picture = list.clientWidget()->grab().toImage();
+    EXPECT_EQ(picture.pixelColor(10, 10), QColor(200, 0, 0));
+    EXPECT_EQ(picture.pixelColor(10, 40), QColor(0, 0, 200));
+    QHelpEvent help(QEvent::ToolTip, QPoint(10, 40), list.clientWidget()->mapToGlobal(QPoint(10, 40)));
+    QApplication::sendEvent(list.clientWidget(), &help);
+    EXPECT_EQ(QToolTip::text(), "b");
+}
+
+TEST_F(Windows, ComboBoxFollowsKeys) {
+    CComboBox box;
+    box.Create(CBS_DROPDOWNLIST | WS_CHILD | WS_VISIBLE, CRect(10, 20, 210, 44), &left(), 7);
+    for (const wchar_t* text : {L"Supply", L"還気", L"排気"})
+        EXPECT_GE(box.AddString(text), 0);
+    EXPECT_EQ(box.SetCurSel(0), 0);
+    QTest::keyClick(box.widget(), Qt::Key_Down);
+    EXPECT_EQ(box.GetCurSel(), 1);
+    CString text;
+    EXPECT_EQ(box.GetLBText(1, text), 2);
+    EXPECT_TRUE(text == L"還気");
+    EXPECT_EQ(box.FindStringExact(2, L"supply"), 0);
+    EXPECT_EQ(box.FindStringExact(-1, L"supp"), CB_ERR);
+    EXPECT_EQ(box.FindString(-1, L"supp"), 0);
+    EXPECT_EQ(box.GetLBText(3, text), CB_ERR);
+    EXPECT_EQ(box.InsertString(9, L"x"), CB_ERR);
+    EXPECT_EQ(box.DeleteString(0), 2);
+    EXPECT_EQ(box.SetCurSel(5), CB_ERR);
+    isGone_ = true;
+    frame_.DestroyWindow();
+    EXPECT_EQ(box.GetSafeHwnd(), nullptr);
+    EXPECT_EQ(box.GetCount(), CB_ERR);
+    EXPECT_FALSE(box.DestroyWindow());
 }
 
 TEST_F(Windows, DesktopKeepsTheDecimalPoint) {
     ASSERT_NE(QCoreApplication::instance(), nullptr);
     EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
     EXPECT_EQ(std::strtod("1.5", nullptr), 1.5);
+}
+
+TEST(WindowSettings, AreKept) {
+    const TemporaryFolder folder;
+    setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);
+    EXPECT_EQ(AfxGetApp()->GetProfileInt(L"AttributeWindow", L"NameWidth", 120), 120U);
+    EXPECT_TRUE(AfxGetApp()->WriteProfileInt(L"AttributeWindow", L"NameWidth", 87));
+    EXPECT_EQ(AfxGetApp()->GetProfileInt(L"AttributeWindow", L"NameWidth", 120), 87U);
 }
 
 } // namespace

@@ -2,6 +2,10 @@
 
 #include "zuhost/message_box.h"
 
+#include <string>
+
+class CWnd;
+
 namespace zuhost {
 
 /// Makes the desktop's application object on first use. Programs that show no window never have one. Numbers
@@ -14,5 +18,15 @@ void ensureDesktop();
 
 /// Shows a box and waits for its button. Needs a desktop.
 int showMessageBox(const MessageBoxRequest& request);
+
+/// Runs the desktop until the last window is closed.
+void runDesktop();
+
+/// Handles what the desktop has in hand now: events, messages posted, drawing.
+void settleDesktop();
+
+/// Writes a picture of a window as it looks now (.png by the name). False when there is no window or the file
+/// can't be written.
+bool savePicture(const CWnd& window, const std::string& path);
 
 } // namespace zuhost

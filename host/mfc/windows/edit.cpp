@@ -1,0 +1,34 @@
+#include "zuhost/windows/controls.h"
+
+#include <QLineEdit>
+
+IMPLEMENT_DYNCREATE(CEdit, CWnd)
+
+BOOL CEdit::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id) {
+    return CWnd::Create(nullptr, nullptr, style, rectangle, parent, id);
+}
+
+QWidget* CEdit::makeWidget(QWidget* parent, DWORD style) {
+    auto* const line = new QLineEdit(parent);
+    line->setReadOnly((style & ES_READONLY) != 0);
+    line->setFrame((style & WS_BORDER) != 0);
+    QObject::connect(line, &QLineEdit::textChanged, line, [this] { notifyParent(EN_CHANGE); });
+    return line;
+}
+
+void CEdit::SetSel(int start, int end, BOOL /*noScroll*/) {
+    auto* const line = static_cast<QLineEdit*>(widget());
+    if (line == nullptr)
+        return;
+    if (start == 0 && end < 0)
+        line->selectAll();
+    else
+        line->setSelection(start, end - start);
+}
+
+BOOL CEdit::SetReadOnly(BOOL readOnly) {
+    if (widget() == nullptr)
+        return FALSE;
+    static_cast<QLineEdit*>(widget())->setReadOnly(readOnly != FALSE);
+    return TRUE;
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "afxwin.h"
+#include "commctrl.h"
+
+/// A list of lines in columns. Lines may be indented; with LVS_OWNERDRAWFIXED the class draws them itself.
+/// Several lines may be selected unless the style says LVS_SINGLESEL. Each change of a line's state is told
+/// to the parent with LVN_ITEMCHANGED, whoever changed it.
+class CListCtrl : public CWnd {
+    DECLARE_DYNCREATE(CListCtrl)
+
+public:
+    CListCtrl();
+    ~CListCtrl() override;
+    BOOL Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id);
+
+    /// Index of the new column.
+    int InsertColumn(int index, const wchar_t* heading, int format = LVCFMT_LEFT, int width = 100,
+                     int subItem = -1);
+    [[nodiscard]] int GetColumnCount() const;
+    [[nodiscard]] int GetColumnWidth(int column) const;
+    BOOL SetColumnWidth(int column, int width);
+
+    /// Index of the new line; -1 on failure.
+    int InsertItem(int index, const wchar_t* text);
+    int InsertItem(const LVITEM* item);
+    BOOL DeleteItem(int index);
+    BOOL DeleteAllItems();
+    [[nodiscard]] int GetItemCount() const;
+    BOOL SetItemText(int index, int subItem, const wchar_t* text);
+    [[nodiscard]] CString GetItemText(int index, int subItem) const;
+    BOOL SetItemData(int index, std::uintptr_t data);
+    [[nodiscard]] std::uintptr_t GetItemData(int index) const;
+    [[nodiscard]] int GetItemIndent(int index) const;
+
+    /// Sets those states of the mask; index -1 means all lines.
+    BOOL SetItemState(int index, UINT state, UINT mask);
+    [[nodiscard]] UINT GetItemState(int index, UINT mask) const;
+    /// The first line behind `after` that has all the states; -1 when there is none.
+    [[nodiscard]] int GetNextItem(int after, int flags) const;
+    [[nodiscard]] UINT GetSelectedCount() const;
+    BOOL EnsureVisible(int index, BOOL partlyWillDo);
+    BOOL GetItemRect(int index, RECT* rectangle) const;
+    /// The line at the point; -1 when there is none.
+    [[nodiscard]] int HitTest(CPoint point) const;
+
+    virtual void DrawItem(LPDRAWITEMSTRUCT draw);
+
+protected:
+    [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};

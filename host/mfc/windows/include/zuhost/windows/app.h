@@ -1,0 +1,19 @@
+#pragma once
+
+#include <afxstr.h>
+#include <windows.h>
+
+/// The program that the windows are in, as far as it remembers their user's settings: in a profile file
+/// "windows.ini" in the folder "zucomn" of the user's configuration folder ($XDG_CONFIG_HOME, else
+/// ~/.config).
+class CWinApp {
+public:
+    [[nodiscard]] CString GetProfileString(const wchar_t* section, const wchar_t* entry,
+                                           const wchar_t* fallback = nullptr) const;
+    [[nodiscard]] UINT GetProfileInt(const wchar_t* section, const wchar_t* entry, int fallback) const;
+    /// FALSE when the file can't be written.
+    BOOL WriteProfileString(const wchar_t* section, const wchar_t* entry, const wchar_t* value);
+    BOOL WriteProfileInt(const wchar_t* section, const wchar_t* entry, int value);
+};
+
+CWinApp* AfxGetApp();

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "wnd.h"
+
+class CDocument;
+class CFrameWnd;
+
+/// The identifier of a frame's first pane: the window that fills it.
+inline constexpr UINT AFX_IDW_PANE_FIRST = 0xE900;
+inline constexpr DWORD AFX_WS_DEFAULT_VIEW = WS_CHILD | WS_VISIBLE | WS_BORDER;
+
+/// What a frame hands down while it makes the windows in it.
+struct CCreateContext {
+    const CRuntimeClass* m_pNewViewClass = nullptr;
+    CFrameWnd* m_pCurrentFrame = nullptr;
+};
+
+/// A top window. Made with new; deletes itself when its window is destroyed.
+class CFrameWnd : public CWnd {
+    DECLARE_DYNCREATE(CFrameWnd)
+
+public:
+    CFrameWnd() = default;
+    static const RECT rectDefault; ///< A place that the desktop chooses.
+
+    BOOL Create(const wchar_t* className, const wchar_t* title, DWORD style = WS_OVERLAPPEDWINDOW,
+                const RECT& rectangle = rectDefault, CWnd* parent = nullptr,
+                const wchar_t* menuName = nullptr, DWORD extendedStyle = 0,
+                CCreateContext* context = nullptr);
+    /// Sends WM_INITIALUPDATE to the views in the frame.
+    void InitialUpdateFrame(CDocument* document, BOOL makeVisible);
+    /// Fits the first pane to the frame.
+    virtual void RecalcLayout(BOOL notify = TRUE);
+
+protected:
+    [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
+    /// Makes the windows in the frame; FALSE ends the frame's creation. Makes the context's view, if any.
+    virtual BOOL OnCreateClient(LPCREATESTRUCT create, CCreateContext* context);
+    void PostNcDestroy() override;
+
+    int OnCreate(LPCREATESTRUCT create);
+    DECLARE_MESSAGE_MAP()
+};
+
+/// The host's main frame.
+class CMDIFrameWnd : public CFrameWnd {
+    DECLARE_DYNCREATE(CMDIFrameWnd)
+};
+
+/// A window that shows something in a frame. Made dynamically; deletes itself when its window is destroyed.
+class CView : public CWnd {
+    DECLARE_DYNAMIC(CView)
+
+protected:
+    CView() = default;
+    [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
+    virtual void OnDraw(CDC* dc) = 0;
+    /// Called once the frame's windows are there.
+    virtual void OnInitialUpdate() {}
+    void paint(CDC& dc) override { OnDraw(&dc); }
+    void PostNcDestroy() override;
+
+    LRESULT onInitialUpdate(WPARAM wParam, LPARAM lParam);
+    DECLARE_MESSAGE_MAP()
+};

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "../../atltypes.h"
+#include "../../winuser.h"
+
+#include <afxstr.h>
+
+#include <memory>
+
+class QFont;
+class QPainter;
+
+struct HFONT__;
+using HFONT = HFONT__*;
+
+inline constexpr LONG FW_NORMAL = 400;
+inline constexpr LONG FW_BOLD = 700;
+
+struct LOGFONTW {
+    LONG lfHeight = 0; ///< In pixels, negative for the characters alone; 0: that of the desktop's font.
+    LONG lfWeight = FW_NORMAL;
+    wchar_t lfFaceName[32] = {};
+};
+using LOGFONT = LOGFONTW;
+
+class CFont {
+public:
+    CFont();
+    ~CFont();
+    CFont(const CFont&) = delete;
+    CFont& operator=(const CFont&) = delete;
+
+    BOOL CreateFontIndirect(const LOGFONT* description);
+    int GetLogFont(LOGFONT* description) const;
+    static CFont* FromHandle(HFONT font);
+
+    [[nodiscard]] const QFont& font() const { return *font_; }
+
+private:
+    std::unique_ptr<QFont> font_;
+};
+
+inline constexpr UINT DT_LEFT = 0x0000;
+inline constexpr UINT DT_CENTER = 0x0001;
+inline constexpr UINT DT_RIGHT = 0x0002;
+inline constexpr UINT DT_VCENTER = 0x0004;
+inline constexpr UINT DT_SINGLELINE = 0x0020;
+inline constexpr UINT DT_NOPREFIX = 0x0800;
+inline constexpr UINT DT_END_ELLIPSIS = 0x8000;
+
+/// Draws while a window is painted.
+class CDC {
+public:
+    explicit CDC(QPainter& painter) : painter_(&painter) {}
+
+    /// The context of a DRAWITEMSTRUCT.
+    [[nodiscard]] static CDC FromHandle(HDC dc);
+    [[nodiscard]] HDC GetSafeHdc() const { return reinterpret_cast<HDC>(painter_); }
+
+    void FillSolidRect(const RECT& rectangle, COLORREF color);
+    void DrawFocusRect(const RECT& rectangle);
+    COLORREF SetTextColor(COLORREF color);
+    void SelectObject(const CFont* font);
+    /// Draws a line of text within the rectangle; with DT_END_ELLIPSIS what does not fit ends in "...".
+    int DrawText(const CString& text, const RECT& rectangle, UINT format);
+    [[nodiscard]] CSize GetTextExtent(const CString& text) const;
+    /// Fills with the text's colour.
+    void Polygon(const POINT* points, int count);
+
+private:
+    QPainter* painter_;
+    COLORREF textColor_ = 0;
+};

@@ -1,0 +1,227 @@
+#include "qt_text.h"
+#include "zuhost/windows/controls.h"
+
+#include <QAbstractItemDelegate>
+#include <QListWidget>
+#include <QPainter>
+
+IMPLEMENT_DYNCREATE(CListBox, CWnd)
+
+namespace {
+
+constexpr int kData = Qt::UserRole;
+
+QListWidget* list(const CWnd& window) {
+    return static_cast<QListWidget*>(window.widget());
+}
+
+QListWidgetItem* itemOf(const CWnd& window, int index) {
+    return list(window) != nullptr ? list(window)->item(index) : nullptr;
+}
+
+/// Lets the list box draw its rows.
+class OwnerDelegate : public QAbstractItemDelegate {
+public:
+    OwnerDelegate(CListBox& owner, QObject* parent) : QAbstractItemDelegate(parent), owner_(owner) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const QRect& row = option.rect;
+        DRAWITEMSTRUCT draw;
+        draw.CtlID = static_cast<UINT>(owner_.GetDlgCtrlID());
+        draw.itemID = static_cast<UINT>(index.row());
+        draw.hwndItem = owner_.GetSafeHwnd();
+        draw.hDC = CDC(*painter).GetSafeHdc();
+        draw.rcItem = {row.left(), row.top(), row.left() + row.width(), row.top() + row.height()};
+        draw.itemData = owner_.GetItemData(index.row());
+        draw.itemState = (list(owner_)->currentRow() == index.row() ? ODS_SELECTED : 0U) |
+                         (list(owner_)->hasFocus() ? ODS_FOCUS : 0U) |
+                         (list(owner_)->isEnabled() ? 0U : ODS_DISABLED);
+        painter->save();
+        painter->setFont(list(owner_)->font());
+        owner_.DrawItem(&draw);
+        painter->restore();
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& /*index*/) const override {
+        return {0, owner_.GetItemHeight(0)};
+    }
+
+private:
+    CListBox& owner_;
+};
+
+} // namespace
+
+struct CListBox::Rows {
+    int height = 0;
+    bool changing = false; ///< The program, not the user, changes the selection.
+};
+
+CListBox::CListBox() : rows_(std::make_unique<Rows>()) {}
+
+CListBox::~CListBox() {
+    CWnd::DestroyWindow();
+}
+
+BOOL CListBox::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id) {
+    return CWnd::Create(nullptr, nullptr, style, rectangle, parent, id);
+}
+
+QWidget* CListBox::makeWidget(QWidget* parent, DWORD style) {
+    auto* const made = new QListWidget(parent);
+    made->setUniformItemSizes(true);
+    made->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    made->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    made->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    if ((style & LBS_OWNERDRAWFIXED) != 0) {
+        MEASUREITEMSTRUCT measure;
+        measure.itemHeight = static_cast<UINT>(made->fontMetrics().height());
+        MeasureItem(&measure);
+        rows_->height = static_cast<int>(measure.itemHeight);
+        made->setItemDelegate(new OwnerDelegate(*this, made));
+    }
+    QObject::connect(made, &QListWidget::currentRowChanged, made, [this](int) {
+        if (!rows_->changing)
+            notifyParent(LBN_SELCHANGE);
+    });
+    QObject::connect(made, &QListWidget::itemDoubleClicked, made, [this] { notifyParent(LBN_DBLCLK); });
+    return made;
+}
+
+int CListBox::GetCount() const {
+    return list(*this) != nullptr ? list(*this)->count() : LB_ERR;
+}
+
+int CListBox::AddString(const wchar_t* text) {
+    return InsertString(-1, text);
+}
+
+int CListBox::InsertString(int index, const wchar_t* text) {
+    if (list(*this) == nullptr || index > GetCount())
+        return LB_ERR;
+    const int place = index < 0 ? GetCount() : index;
+    rows_->changing = true;
+    list(*this)->insertItem(place, zuhost::toQt(text));
+    rows_->changing = false;
+    return place;
+}
+
+int CListBox::DeleteString(UINT index) {
+    const QListWidgetItem* const item = itemOf(*this, static_cast<int>(index));
+    if (item == nullptr)
+        return LB_ERR;
+    rows_->changing = true;
+    delete item;
+    rows_->changing = false;
+    return GetCount();
+}
+
+void CListBox::ResetContent() {
+    if (list(*this) == nullptr)
+        return;
+    rows_->changing = true;
+    list(*this)->clear();
+    rows_->changing = false;
+}
+
+int CListBox::GetText(int index, CString& text) const {
+    const QListWidgetItem* const item = itemOf(*this, index);
+    if (item == nullptr)
+        return LB_ERR;
+    text = zuhost::fromQt(item->text());
+    return text.GetLength();
+}
+
+int CListBox::find(int after, const wchar_t* text, bool whole) const {
+    const QString wanted = zuhost::toQt(text);
+    const int count = wanted.isEmpty() ? 0 : GetCount();
+    for (int step = 0; step < count; ++step) {
+        const int index = (std::max(after, -1) + 1 + step) % count;
+        const QString& found = list(*this)->item(index)->text();
+        if (whole ? found.compare(wanted, Qt::CaseInsensitive) == 0
+                  : found.startsWith(wanted, Qt::CaseInsensitive))
+            return index;
+    }
+    return LB_ERR;
+}
+
+int CListBox::FindStringExact(int after, const wchar_t* text) const {
+    return find(after, text, true);
+}
+
+int CListBox::FindString(int after, const wchar_t* text) const {
+    return find(after, text, false);
+}
+
+std::uintptr_t CListBox::GetItemData(int index) const {
+    const QListWidgetItem* const item = itemOf(*this, index);
+    return item != nullptr ? static_cast<std::uintptr_t>(item->data(kData).toULongLong())
+                           : static_cast<std::uintptr_t>(LB_ERR);
+}
+
+int CListBox::SetItemData(int index, std::uintptr_t data) {
+    QListWidgetItem* const item = itemOf(*this, index);
+    if (item == nullptr)
+        return LB_ERR;
+    item->setData(kData, static_cast<qulonglong>(data));
+    return 0;
+}
+
+int CListBox::GetCurSel() const {
+    return list(*this) != nullptr ? list(*this)->currentRow() : LB_ERR;
+}
+
+int CListBox::SetCurSel(int index) {
+    if (list(*this) == nullptr)
+        return LB_ERR;
+    rows_->changing = true;
+    list(*this)->setCurrentRow(index >= 0 && index < GetCount() ? index : -1);
+    rows_->changing = false;
+    return GetCurSel();
+}
+
+int CListBox::GetTopIndex() const {
+    return list(*this) != nullptr ? std::max(list(*this)->indexAt({0, 0}).row(), 0) : LB_ERR;
+}
+
+int CListBox::SetTopIndex(int index) {
+    QListWidgetItem* const item = itemOf(*this, index);
+    if (item == nullptr)
+        return LB_ERR;
+    list(*this)->scrollToItem(item, QAbstractItemView::PositionAtTop);
+    return 0;
+}
+
+int CListBox::GetItemRect(int index, RECT* rectangle) const {
+    const QListWidgetItem* const item = itemOf(*this, index);
+    if (item == nullptr)
+        return LB_ERR;
+    const QRect row = list(*this)->visualItemRect(item);
+    *rectangle = {row.left(), row.top(), row.left() + row.width(), row.top() + row.height()};
+    return 0;
+}
+
+UINT CListBox::ItemFromPoint(CPoint point, BOOL& outside) const {
+    outside = TRUE;
+    if (list(*this) == nullptr)
+        return 0;
+    const QModelIndex index = list(*this)->indexAt({point.x, point.y});
+    outside = index.isValid() ? FALSE : TRUE;
+    return static_cast<UINT>(index.isValid() ? index.row() : std::max(GetCount() - 1, 0));
+}
+
+int CListBox::SetItemHeight(int /*index*/, UINT height) {
+    rows_->height = static_cast<int>(height);
+    if (list(*this) != nullptr)
+        list(*this)->doItemsLayout();
+    return 0;
+}
+
+int CListBox::GetItemHeight(int /*index*/) const {
+    return rows_->height;
+}
+
+void CListBox::DrawItem(LPDRAWITEMSTRUCT /*draw*/) {}
+
+void CListBox::MeasureItem(LPMEASUREITEMSTRUCT /*measure*/) {}

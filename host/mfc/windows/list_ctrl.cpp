@@ -1,0 +1,283 @@
+#include "afxcmn.h"
+
+#include "qt_text.h"
+#include "report_model.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTreeView>
+
+IMPLEMENT_DYNCREATE(CListCtrl, CWnd)
+
+namespace {
+
+QItemSelection lineOf(const QAbstractItemModel& model, int row) {
+    return {model.index(row, 0), model.index(row, std::max(model.columnCount() - 1, 0))};
+}
+
+} // namespace
+
+/// A view whose lines the list control may draw.
+class ReportView : public QTreeView {
+public:
+    ReportView(CListCtrl& owner, QWidget* parent, bool ownerDrawn)
+        : QTreeView(parent), owner_(owner), ownerDrawn_(ownerDrawn) {}
+
+    std::function<void(UINT)> tell;
+
+protected:
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override {
+        if (!ownerDrawn_)
+            return QTreeView::drawRow(painter, option, index);
+        const QRect& row = option.rect;
+        DRAWITEMSTRUCT draw;
+        draw.CtlID = static_cast<UINT>(owner_.GetDlgCtrlID());
+        draw.itemID = static_cast<UINT>(index.row());
+        draw.hwndItem = owner_.GetSafeHwnd();
+        draw.hDC = CDC(*painter).GetSafeHdc();
+        const int width = header()->length();
+        draw.rcItem = {row.left() - header()->offset(), row.top(), row.left() - header()->offset() + width,
+                       row.top() + row.height()};
+        draw.itemData = owner_.GetItemData(index.row());
+        draw.itemState = (selectionModel()->isRowSelected(index.row(), {}) ? ODS_SELECTED : 0U) |
+                         (currentIndex().row() == index.row() && hasFocus() ? ODS_FOCUS : 0U);
+        painter->save();
+        painter->setFont(font());
+        owner_.DrawItem(&draw);
+        painter->restore();
+    }
+
+private:
+    CListCtrl& owner_;
+    bool ownerDrawn_;
+};
+
+struct CListCtrl::Parts {
+    zuhost::ReportModel model;
+    QPointer<ReportView> view;
+
+    [[nodiscard]] QItemSelectionModel* selection() const { return view->selectionModel(); }
+    [[nodiscard]] bool has(int index) const { return view != nullptr && model.hasLine(index); }
+    [[nodiscard]] UINT state(int index) const {
+        return (selection()->isRowSelected(index, {}) ? LVIS_SELECTED : 0U) |
+               (view->currentIndex().row() == index ? LVIS_FOCUSED : 0U);
+    }
+};
+
+CListCtrl::CListCtrl() : parts_(std::make_unique<Parts>()) {}
+
+CListCtrl::~CListCtrl() {
+    CWnd::DestroyWindow();
+}
+
+BOOL CListCtrl::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id) {
+    return CWnd::Create(nullptr, nullptr, style, rectangle, parent, id);
+}
+
+QWidget* CListCtrl::makeWidget(QWidget* parent, DWORD style) {
+    auto* const made = new ReportView(*this, parent, (style & LVS_OWNERDRAWFIXED) != 0);
+    made->setRootIsDecorated(false);
+    made->setItemsExpandable(false);
+    made->setUniformRowHeights(true);
+    made->setAllColumnsShowFocus(true);
+    made->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    made->setSelectionMode((style & LVS_SINGLESEL) != 0 ? QAbstractItemView::SingleSelection
+                                                        : QAbstractItemView::ExtendedSelection);
+    made->header()->setSectionsClickable((style & LVS_NOSORTHEADER) == 0);
+    made->header()->setStretchLastSection(false);
+    made->header()->setSectionsMovable(false);
+    made->setModel(&parts_->model);
+    parts_->view = made;
+    const auto tell = [this](int index, UINT before, UINT now) {
+        NMLISTVIEW change;
+        change.hdr.code = LVN_ITEMCHANGED;
+        change.iItem = index;
+        change.uOldState = before;
+        change.uNewState = now;
+        change.uChanged = LVIF_STATE;
+        change.lParam = static_cast<LPARAM>(GetItemData(index));
+        notifyParent(change.hdr);
+    };
+    QObject::connect(made->selectionModel(), &QItemSelectionModel::selectionChanged, made,
+                     [tell](const QItemSelection& selected, const QItemSelection& deselected) {
+                         for (const QItemSelectionRange& range : deselected)
+                             for (int row = range.top(); row <= range.bottom(); ++row)
+                                 tell(row, LVIS_SELECTED, 0);
+                         for (const QItemSelectionRange& range : selected)
+                             for (int row = range.top(); row <= range.bottom(); ++row)
+                                 tell(row, 0, LVIS_SELECTED);
+                     });
+    const auto plain = [this](UINT code, const QModelIndex& index) {
+        NMLISTVIEW what;
+        what.hdr.code = code;
+        what.iItem = index.row();
+        notifyParent(what.hdr);
+    };
+    QObject::connect(made, &QTreeView::clicked, made, [plain](const QModelIndex& i) { plain(NM_CLICK, i); });
+    QObject::connect(made, &QTreeView::doubleClicked, made,
+                     [plain](const QModelIndex& i) { plain(NM_DBLCLK, i); });
+    return made;
+}
+
+// ---- columns
+
+int CListCtrl::InsertColumn(int index, const wchar_t* heading, int format, int width, int /*subItem*/) {
+    if (parts_->view == nullptr || index < 0)
+        return -1;
+    const int place = std::min(index, GetColumnCount());
+    parts_->model.insertHeading(place, zuhost::toQt(heading),
+                                format == LVCFMT_RIGHT ? Qt::AlignRight : Qt::AlignLeft);
+    parts_->view->setColumnWidth(place, width);
+    return place;
+}
+
+int CListCtrl::GetColumnCount() const {
+    return parts_->model.columnCount();
+}
+
+int CListCtrl::GetColumnWidth(int column) const {
+    return parts_->view != nullptr && column >= 0 && column < GetColumnCount()
+               ? parts_->view->columnWidth(column)
+               : 0;
+}
+
+BOOL CListCtrl::SetColumnWidth(int column, int width) {
+    if (parts_->view == nullptr || column < 0 || column >= GetColumnCount())
+        return FALSE;
+    parts_->view->setColumnWidth(column, width);
+    return TRUE;
+}
+
+// ---- lines
+
+int CListCtrl::InsertItem(int index, const wchar_t* text) {
+    LVITEM item;
+    item.mask = LVIF_TEXT;
+    item.iItem = index;
+    item.pszText = text;
+    return InsertItem(&item);
+}
+
+int CListCtrl::InsertItem(const LVITEM* item) {
+    if (parts_->view == nullptr || item->iItem < 0)
+        return -1;
+    zuhost::ReportLine line;
+    if ((item->mask & LVIF_TEXT) != 0)
+        line.texts.append(zuhost::toQt(item->pszText));
+    if ((item->mask & LVIF_PARAM) != 0)
+        line.data = static_cast<std::uintptr_t>(item->lParam);
+    if ((item->mask & LVIF_INDENT) != 0)
+        line.indent = item->iIndent;
+    const int place = std::min(item->iItem, GetItemCount());
+    parts_->model.insertLine(place, std::move(line));
+    if ((item->mask & LVIF_STATE) != 0)
+        SetItemState(place, item->state, item->stateMask);
+    return place;
+}
+
+BOOL CListCtrl::DeleteItem(int index) {
+    if (!parts_->has(index))
+        return FALSE;
+    parts_->model.removeLine(index);
+    return TRUE;
+}
+
+BOOL CListCtrl::DeleteAllItems() {
+    parts_->model.clearLines();
+    return TRUE;
+}
+
+int CListCtrl::GetItemCount() const {
+    return parts_->model.rowCount();
+}
+
+BOOL CListCtrl::SetItemText(int index, int subItem, const wchar_t* text) {
+    if (!parts_->has(index) || subItem < 0 || subItem >= std::max(GetColumnCount(), 1))
+        return FALSE;
+    parts_->model.setText(index, subItem, zuhost::toQt(text));
+    return TRUE;
+}
+
+CString CListCtrl::GetItemText(int index, int subItem) const {
+    return parts_->has(index) ? zuhost::fromQt(parts_->model.line(index).texts.value(subItem)) : CString();
+}
+
+BOOL CListCtrl::SetItemData(int index, std::uintptr_t data) {
+    if (!parts_->has(index))
+        return FALSE;
+    parts_->model.line(index).data = data;
+    return TRUE;
+}
+
+std::uintptr_t CListCtrl::GetItemData(int index) const {
+    return parts_->has(index) ? parts_->model.line(index).data : 0;
+}
+
+int CListCtrl::GetItemIndent(int index) const {
+    return parts_->has(index) ? parts_->model.line(index).indent : 0;
+}
+
+// ---- states
+
+BOOL CListCtrl::SetItemState(int index, UINT state, UINT mask) {
+    if (index == -1 && (mask & LVIS_SELECTED) != 0 && parts_->view != nullptr) {
+        if ((state & LVIS_SELECTED) != 0)
+            parts_->view->selectAll();
+        else
+            parts_->view->clearSelection();
+        return TRUE;
+    }
+    if (!parts_->has(index))
+        return FALSE;
+    if ((mask & state & LVIS_FOCUSED) != 0)
+        parts_->selection()->setCurrentIndex(parts_->model.index(index, 0), QItemSelectionModel::NoUpdate);
+    if ((mask & LVIS_SELECTED) != 0)
+        parts_->selection()->select(lineOf(parts_->model, index), (state & LVIS_SELECTED) != 0
+                                                                      ? QItemSelectionModel::Select
+                                                                      : QItemSelectionModel::Deselect);
+    return TRUE;
+}
+
+UINT CListCtrl::GetItemState(int index, UINT mask) const {
+    return parts_->has(index) ? parts_->state(index) & mask : 0;
+}
+
+int CListCtrl::GetNextItem(int after, int flags) const {
+    const auto wanted = ((flags & LVNI_SELECTED) != 0 ? LVIS_SELECTED : 0U) |
+                        ((flags & LVNI_FOCUSED) != 0 ? LVIS_FOCUSED : 0U);
+    for (int index = std::max(after, -1) + 1; index < GetItemCount(); ++index)
+        if ((parts_->state(index) & wanted) == wanted)
+            return index;
+    return -1;
+}
+
+UINT CListCtrl::GetSelectedCount() const {
+    UINT count = 0;
+    if (parts_->view != nullptr)
+        for (const QItemSelectionRange& range : parts_->selection()->selection())
+            count += static_cast<UINT>(range.height());
+    return count;
+}
+
+BOOL CListCtrl::EnsureVisible(int index, BOOL /*partlyWillDo*/) {
+    if (!parts_->has(index))
+        return FALSE;
+    parts_->view->scrollTo(parts_->model.index(index, 0));
+    return TRUE;
+}
+
+BOOL CListCtrl::GetItemRect(int index, RECT* rectangle) const {
+    if (!parts_->has(index))
+        return FALSE;
+    const QRect row = parts_->view->visualRect(parts_->model.index(index, 0));
+    *rectangle = {0, row.top(), parts_->view->viewport()->width(), row.top() + row.height()};
+    return TRUE;
+}
+
+int CListCtrl::HitTest(CPoint point) const {
+    return parts_->view != nullptr ? parts_->view->indexAt({point.x, point.y}).row() : -1;
+}
+
+void CListCtrl::DrawItem(LPDRAWITEMSTRUCT /*draw*/) {}

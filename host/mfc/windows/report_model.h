@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStringList>
+
+#include <cstdint>
+#include <vector>
+
+namespace zuhost {
+
+/// A line of a list control.
+struct ReportLine {
+    QStringList texts;
+    std::uintptr_t data = 0;
+    int indent = 0;
+};
+
+/// The lines and columns of a list control.
+class ReportModel : public QAbstractTableModel {
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    void insertHeading(int column, const QString& heading, Qt::Alignment alignment);
+    void insertLine(int row, ReportLine line);
+    void removeLine(int row);
+    void clearLines();
+    void setText(int row, int column, const QString& text);
+
+    [[nodiscard]] bool hasLine(int row) const { return row >= 0 && row < rowCount(); }
+    [[nodiscard]] ReportLine& line(int row) { return lines_[static_cast<std::size_t>(row)]; }
+
+private:
+    struct Heading {
+        QString text;
+        Qt::Alignment alignment;
+    };
+    std::vector<Heading> headings_;
+    std::vector<ReportLine> lines_;
+};
+
+} // namespace zuhost

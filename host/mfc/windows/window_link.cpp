@@ -1,0 +1,174 @@
+#include "window_link.h"
+
+#include "dispatch.h"
+#include "zuhost/windows/frame.h"
+
+#include <QAbstractScrollArea>
+#include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QResizeEvent>
+#include <QToolTip>
+#include <QVariant>
+
+#include <cstdlib>
+
+namespace zuhost {
+
+namespace {
+
+constexpr const char* kOwner = "zuOwner";
+
+LPARAM packed(const QPoint& point) {
+    return MAKELPARAM(point.x(), point.y());
+}
+
+bool askParents(CWnd* window, MSG& message) {
+    for (CWnd* asked = window; asked != nullptr;) {
+        CWnd* const above = asked->GetParent();
+        if (asked->PreTranslateMessage(&message) != FALSE)
+            return true;
+        asked = above;
+    }
+    return false;
+}
+
+} // namespace
+
+void WindowLink::attach(QWidget* widget, UINT id) {
+    widget_ = widget;
+    id_ = id;
+    widget->setProperty(kOwner, QVariant::fromValue(static_cast<void*>(&owner_)));
+    widget->installEventFilter(this);
+    if (client() != widget)
+        client()->installEventFilter(this);
+}
+
+void WindowLink::detach() {
+    if (widget_ == nullptr)
+        return;
+    widget_->setProperty(kOwner, QVariant());
+    client()->removeEventFilter(this);
+    widget_->removeEventFilter(this);
+    widget_ = nullptr;
+}
+
+QWidget* WindowLink::client() const {
+    const auto* const area = qobject_cast<QAbstractScrollArea*>(widget_.data());
+    return area != nullptr ? area->viewport() : widget_.data();
+}
+
+/// True when a handler took the message and the desktop shall do nothing more.
+bool WindowLink::send(UINT message, WPARAM wParam, LPARAM lParam) {
+    Dispatch dispatch(owner_, message, wParam, lParam);
+    owner_.WindowProc(message, wParam, lParam);
+    return !dispatch.goesOn;
+}
+
+bool WindowLink::eventFilter(QObject* watched, QEvent* event) {
+    if (widget_ == nullptr)
+        return false;
+    const bool isClient = watched == client();
+    const bool isWidget = watched == widget_.data();
+    if (isWidget && onWidget(*event))
+        return true;
+    return isClient && widget_ != nullptr && onClient(*event);
+}
+
+bool WindowLink::onWidget(QEvent& event) {
+    switch (event.type()) {
+    case QEvent::Resize: {
+        const QSize size = client()->size();
+        return send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(size.width(), size.height()));
+    }
+    case QEvent::Close:
+        event.ignore();
+        send(WM_CLOSE);
+        return true;
+    case QEvent::FocusIn:
+        return send(WM_SETFOCUS);
+    case QEvent::FocusOut:
+        return send(WM_KILLFOCUS);
+    case QEvent::PaletteChange:
+        return send(WM_SYSCOLORCHANGE);
+    case QEvent::KeyPress:
+        return onKey(static_cast<const QKeyEvent&>(event), *widget_);
+    default:
+        return false;
+    }
+}
+
+bool WindowLink::onClient(QEvent& event) {
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+        return onMouse(WM_LBUTTONDOWN, static_cast<const QMouseEvent&>(event));
+    case QEvent::MouseButtonRelease:
+        return onMouse(WM_LBUTTONUP, static_cast<const QMouseEvent&>(event));
+    case QEvent::MouseButtonDblClick:
+        return onMouse(WM_LBUTTONDBLCLK, static_cast<const QMouseEvent&>(event));
+    case QEvent::MouseMove:
+        return onMouse(WM_MOUSEMOVE, static_cast<const QMouseEvent&>(event));
+    case QEvent::ContextMenu:
+        return send(WM_CONTEXTMENU, 0, packed(static_cast<const QContextMenuEvent&>(event).globalPos()));
+    case QEvent::ToolTip:
+        return onToolTip(static_cast<const QHelpEvent&>(event));
+    case QEvent::Paint:
+        return onPaint();
+    default:
+        return false;
+    }
+}
+
+bool WindowLink::onMouse(UINT message, const QMouseEvent& event) {
+    rememberModifiers(event.modifiers());
+    if (message != WM_MOUSEMOVE && event.button() != Qt::LeftButton)
+        return false;
+    return send(message, 0, packed(event.position().toPoint()));
+}
+
+/// Unlike the desktop's own events, a key that nobody takes is not offered to the windows above.
+bool WindowLink::onKey(const QKeyEvent& event, QWidget& receiver) {
+    rememberModifiers(event.modifiers());
+    const QPointer<QWidget> alive = &receiver;
+    const UINT key = virtualKey(event.key());
+    MSG message{owner_.GetSafeHwnd(), WM_KEYDOWN, key, 0};
+    if (key != 0 && askParents(&owner_, message))
+        return true;
+    if (alive == nullptr || widget_ == nullptr)
+        return true;
+    if (key != 0 && send(WM_KEYDOWN, key))
+        return true;
+    const QString text = event.text();
+    if (alive != nullptr && widget_ != nullptr && !text.isEmpty() && text[0].isPrint() &&
+        send(WM_CHAR, text[0].unicode()))
+        return true;
+    if (alive != nullptr) {
+        QKeyEvent copy(event.type(), event.key(), event.modifiers(), text, event.isAutoRepeat());
+        static_cast<QObject&>(receiver).event(&copy);
+    }
+    return true;
+}
+
+bool WindowLink::onToolTip(const QHelpEvent& event) {
+    TOOLINFO tool;
+    const QPoint at = event.pos();
+    if (owner_.OnToolHitTest({at.x(), at.y()}, &tool) < 0)
+        return false;
+    const RECT& part = tool.rect;
+    QToolTip::showText(event.globalPos(), QString::fromWCharArray(tool.lpszText), client(),
+                       QRect(part.left, part.top, part.right - part.left, part.bottom - part.top));
+    std::free(tool.lpszText); // NOLINT(cppcoreguidelines-no-malloc, hicpp-no-malloc)
+    return true;
+}
+
+bool WindowLink::onPaint() {
+    if (owner_.IsKindOf(RUNTIME_CLASS(CView)) == FALSE)
+        return false;
+    QPainter painter(client());
+    CDC dc(painter);
+    owner_.paint(dc);
+    return false;
+}
+
+} // namespace zuhost
