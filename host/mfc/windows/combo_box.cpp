@@ -1,3 +1,4 @@
+#include "find_text.h"
 #include "qt_text.h"
 #include "zuhost/windows/controls.h"
 
@@ -14,18 +15,6 @@ QComboBox* box(const CWnd& window) {
 
 bool hasItem(const QComboBox* list, int index) {
     return list != nullptr && index >= 0 && index < list->count();
-}
-
-int find(const CComboBox& window, int after, const QString& text, Qt::MatchFlag how) {
-    const int count = text.isEmpty() ? 0 : window.GetCount();
-    for (int step = 0; step < count; ++step) {
-        const int index = (std::max(after, -1) + 1 + step) % count;
-        const QString item = box(window)->itemText(index);
-        if (how == Qt::MatchStartsWith ? item.startsWith(text, Qt::CaseInsensitive)
-                                       : item.compare(text, Qt::CaseInsensitive) == 0)
-            return index;
-    }
-    return CB_ERR;
 }
 
 /// Tells when its list opens and closes.
@@ -107,11 +96,15 @@ void CComboBox::ResetContent() {
 }
 
 int CComboBox::FindStringExact(int after, const wchar_t* text) const {
-    return find(*this, after, zuhost::toQt(text), Qt::MatchFixedString);
+    return zuhost::findText(
+        GetCount(), after, zuhost::toQt(text), [this](int i) { return box(*this)->itemText(i); },
+        zuhost::equals);
 }
 
 int CComboBox::FindString(int after, const wchar_t* text) const {
-    return find(*this, after, zuhost::toQt(text), Qt::MatchStartsWith);
+    return zuhost::findText(
+        GetCount(), after, zuhost::toQt(text), [this](int i) { return box(*this)->itemText(i); },
+        zuhost::beginsWith);
 }
 
 int CComboBox::GetCurSel() const {

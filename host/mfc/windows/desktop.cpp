@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QLoggingCategory>
 #include <QPixmap>
+#include <QWidget>
 
 #include <clocale>
 

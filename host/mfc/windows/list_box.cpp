@@ -1,3 +1,4 @@
+#include "find_text.h"
 #include "qt_text.h"
 #include "zuhost/windows/controls.h"
 
@@ -133,25 +134,16 @@ int CListBox::GetText(int index, CString& text) const {
     return text.GetLength();
 }
 
-int CListBox::find(int after, const wchar_t* text, bool whole) const {
-    const QString wanted = zuhost::toQt(text);
-    const int count = wanted.isEmpty() ? 0 : GetCount();
-    for (int step = 0; step < count; ++step) {
-        const int index = (std::max(after, -1) + 1 + step) % count;
-        const QString& found = list(*this)->item(index)->text();
-        if (whole ? found.compare(wanted, Qt::CaseInsensitive) == 0
-                  : found.startsWith(wanted, Qt::CaseInsensitive))
-            return index;
-    }
-    return LB_ERR;
-}
-
 int CListBox::FindStringExact(int after, const wchar_t* text) const {
-    return find(after, text, true);
+    return zuhost::findText(
+        GetCount(), after, zuhost::toQt(text), [this](int i) { return list(*this)->item(i)->text(); },
+        zuhost::equals);
 }
 
 int CListBox::FindString(int after, const wchar_t* text) const {
-    return find(after, text, false);
+    return zuhost::findText(
+        GetCount(), after, zuhost::toQt(text), [this](int i) { return list(*this)->item(i)->text(); },
+        zuhost::beginsWith);
 }
 
 std::uintptr_t CListBox::GetItemData(int index) const {

@@ -20,6 +20,7 @@ void findsAsRecorded(List& list, const std::string& kind) {
             continue;
         const std::wstring text = zuhost::fromUtf8(c[3].get<std::string>());
         EXPECT_EQ(list.FindStringExact(c[2].get<int>(), text.c_str()), c[4].get<int>()) << c;
+        EXPECT_EQ(list.FindString(c[2].get<int>(), text.c_str()), c[5].get<int>()) << c;
     }
 }
 

@@ -44,7 +44,7 @@ public:
     void ResetContent();
     int GetText(int index, CString& text) const;
     /// The first item behind `after` (going round at the end) that equals the text, case ignored; LB_ERR when
-    /// there is none. FindString takes items that begin with it.
+    /// there is none. FindString takes items that begin with it, the case of ASCII letters ignored.
     [[nodiscard]] int FindStringExact(int after, const wchar_t* text) const;
     [[nodiscard]] int FindString(int after, const wchar_t* text) const;
     [[nodiscard]] std::uintptr_t GetItemData(int index) const;
@@ -67,8 +67,6 @@ protected:
 
 private:
     struct Rows;
-    [[nodiscard]] int find(int after, const wchar_t* text, bool whole) const;
-
     std::unique_ptr<Rows> rows_;
 };
 
@@ -90,7 +88,7 @@ public:
     int DeleteString(UINT index);
     void ResetContent();
     /// The first item behind `after` (going round at the end) that equals the text; CB_ERR when there is
-    /// none. FindString takes items that begin with it.
+    /// none. FindString takes items that begin with it, the case of ASCII letters ignored.
     [[nodiscard]] int FindStringExact(int after, const wchar_t* text) const;
     [[nodiscard]] int FindString(int after, const wchar_t* text) const;
     [[nodiscard]] int GetCurSel() const;
