@@ -15,6 +15,13 @@ inline constexpr unsigned kFileFailed = 169;
 inline constexpr unsigned kSystemFolder = 178;
 inline constexpr unsigned kSaveFailed = 179;
 inline constexpr unsigned kLayerLocked = 194;
+inline constexpr unsigned kModifyAttributes = 195;
+inline constexpr unsigned kConfirmAttributes = 196;
+inline constexpr unsigned kBack = 197;
+inline constexpr unsigned kCannotSave = 198;
+inline constexpr unsigned kItem = 199;
+inline constexpr unsigned kValue = 200;
 inline constexpr unsigned kRouteSignLayer = 210;
+inline constexpr unsigned kElement = 5005;
 
 } // namespace zu::text
