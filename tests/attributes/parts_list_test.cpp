@@ -1,5 +1,6 @@
 #include "attributes/partslist/attribute_lines.h"
 #include "attributes/partslist/lines_file.h"
+#include "attributes/partslist/parts_rows.h"
 #include "temporary_folder.h"
 
 #include <zuhost/file_ops.h>
@@ -60,14 +61,14 @@ TEST(PartsList, APartEndsBeforeAnIdThatItHas) {
     EXPECT_EQ(sizesOf({L"A|", L"B|", L"A|", L"A|", L"C|"}), std::vector<int>({2, 1, 2}));
 }
 
-TEST(PartsList, ValuesGoIntoTheChosenParts) {
+TEST(PartsList, ValuesGoIntoTheChosenLines) {
     const CStringArray editable = linesOf({L"A", L"", L"x", L"1"});
     const CStringArray fixed = linesOf({L"B", L"", L"x", L"0"});
     CPtrArray table;
     table.Add(const_cast<CStringArray*>(&editable));
     table.Add(const_cast<CStringArray*>(&fixed));
     const zu::ParameterIndex parameters(table);
-    const zu::LineRange second[] = {{2, 2}};
+    const int second[] = {2, 3};
     const auto after = [&](const wchar_t* key, const wchar_t* value) {
         CStringArray lines = linesOf({L"A|1|p|||6|", L"B|2|||||", L"A|3", L"B|4|||||"});
         const std::vector<zu::ShownItem> items = {{key, value}};
@@ -84,6 +85,27 @@ TEST(PartsList, ValuesGoIntoTheChosenParts) {
     EXPECT_EQ(after(L"C|", L"5"), L"A|3") << "not known";
     EXPECT_EQ(after(L"A|", L"*各種*"), L"A|3");
     EXPECT_EQ(after(L"A|", L"x|y"), L"A|3");
+}
+
+TEST(PartsList, RowsStandForLines) {
+    const CStringArray lines = linesOf({L"A|1|", L"B|2|", L"A|3|", L"B|2|", L"C|4|"});
+    const zu::PartsRows rows(lines);
+    ASSERT_EQ(rows.rows().size(), 7U);
+    EXPECT_TRUE(rows.rows()[3].isPart());
+    const auto shown = [&](std::vector<int> selected) {
+        std::wstring text;
+        for (const zu::ShownItem& item : rows.shownItemsOf(lines, rows.linesOf(selected)))
+            text += std::wstring(item.key.view()) + std::wstring(item.value.view()) +
+                    (item.shared ? L" " : L"- ");
+        return text;
+    };
+    EXPECT_EQ(rows.linesOf(std::vector{6, 3, 1, 5, 99, -1}), std::vector<int>({0, 2, 3, 4}));
+    EXPECT_EQ(shown({}), L"");
+    EXPECT_EQ(shown({5, 3, 0}), L"A|*各種* B|2 C|4- ") << "two whole parts";
+    EXPECT_EQ(shown({1, 2}), L"A|1 B|2 ") << "two lines of one part";
+    EXPECT_EQ(shown({2, 4}), L"B|2- A|3- ") << "lines of two parts";
+    EXPECT_EQ(zu::lineName(L"x|1|P|ｻｲｽﾞ|"), L"ｻｲｽﾞ");
+    EXPECT_EQ(zu::lineName(L"x|1|"), L"x");
 }
 
 class LinesFile : public testing::Test {

@@ -88,20 +88,18 @@ std::vector<LineRange> partsOf(const CStringArray& lines) {
     return parts;
 }
 
-bool applyToLines(CStringArray& lines, std::span<const LineRange> ranges, std::span<const ShownItem> items,
+bool applyToLines(CStringArray& lines, std::span<const int> chosen, std::span<const ShownItem> items,
                   const ParameterIndex& parameters) {
     const auto values = valuesToSet(items, parameters);
     bool changed = false;
-    for (const LineRange& range : ranges) {
-        for (int i = range.first; i < range.first + range.count; ++i) {
-            std::vector<CString> fields = fieldsOf(paddedLine(lines[i]));
-            const auto found = values.find(static_cast<const wchar_t*>(fields[0]));
-            if (found == values.end() || fields[1] == found->second)
-                continue;
-            fields[1] = found->second;
-            lines[i] = itemText(fields);
-            changed = true;
-        }
+    for (const int i : chosen) {
+        std::vector<CString> fields = fieldsOf(paddedLine(lines[i]));
+        const auto found = values.find(static_cast<const wchar_t*>(fields[0]));
+        if (found == values.end() || fields[1] == found->second)
+            continue;
+        fields[1] = found->second;
+        lines[i] = itemText(fields);
+        changed = true;
     }
     return changed;
 }

@@ -32,9 +32,9 @@ void appendItems(const CString& text, CStringArray& lines);
 /// already has.
 [[nodiscard]] std::vector<LineRange> partsOf(const CStringArray& lines);
 
-/// Puts the values of the property list into the lines of the ranges. As with entities, items that may not be
+/// Puts the values of the property list into the chosen lines. As with entities, items that may not be
 /// edited, the value "*各種*" and values that hold "|" are passed over. True when a line changed.
-bool applyToLines(CStringArray& lines, std::span<const LineRange> ranges, std::span<const ShownItem> items,
+bool applyToLines(CStringArray& lines, std::span<const int> chosen, std::span<const ShownItem> items,
                   const ParameterIndex& parameters);
 
 } // namespace zu
