@@ -12,6 +12,7 @@ void addGroupsCommand(CLI::App& program);
 void addConnectedCommand(CLI::App& program);
 void addAttributesCommand(CLI::App& program);
 void addSetAttributeCommand(CLI::App& program);
+void addCheckCommand(CLI::App& program);
 void addSaveCommand(CLI::App& program);
 void addPartCommand(CLI::App& program);
 void addPlanCommand(CLI::App& program);

@@ -54,7 +54,7 @@ AcDbObjectId DrawingFile::find(const std::string& handle) const {
     return id;
 }
 
-std::vector<AcDbObjectId> DrawingFile::references() const {
+std::vector<AcDbObjectId> DrawingFile::entities() const {
     AcDbBlockTable* blocks = nullptr;
     if (database_->getSymbolTable(blocks) != Acad::eOk)
         return {};
@@ -64,8 +64,12 @@ std::vector<AcDbObjectId> DrawingFile::references() const {
     const AcDbObjectPointer<AcDbBlockTableRecord> space(spaceId);
     if (space.openStatus() != Acad::eOk)
         return {};
+    return space->entityIds();
+}
+
+std::vector<AcDbObjectId> DrawingFile::references() const {
     std::vector<AcDbObjectId> found;
-    for (const AcDbObjectId id : space->entityIds())
+    for (const AcDbObjectId id : entities())
         if (id.objectClass()->isDerivedFrom(AcDbBlockReference::desc()))
             found.push_back(id);
     return found;
@@ -104,8 +108,12 @@ void DrawingFile::save(const std::string& path, bool binary) {
 }
 
 std::string handleText(AcDbObjectId id) {
+    return handleText(id.handle());
+}
+
+std::string handleText(AcDbHandle handle) {
     ACHAR buffer[17];
-    id.handle().getIntoAsciiBuffer(buffer);
+    handle.getIntoAsciiBuffer(buffer);
     return narrow(buffer);
 }
 

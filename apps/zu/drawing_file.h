@@ -24,6 +24,9 @@ public:
     /// The object with the hexadecimal handle; throws Failure when there is none.
     [[nodiscard]] AcDbObjectId find(const std::string& handle) const;
 
+    /// What lies in model space, in drawing order.
+    [[nodiscard]] std::vector<AcDbObjectId> entities() const;
+
     /// The block references of model space in drawing order.
     [[nodiscard]] std::vector<AcDbObjectId> references() const;
 
@@ -44,6 +47,7 @@ private:
 
 /// The handle of an object as the program shows it: upper-case hexadecimal.
 [[nodiscard]] std::string handleText(AcDbObjectId id);
+[[nodiscard]] std::string handleText(AcDbHandle handle);
 
 /// Handles of several objects.
 [[nodiscard]] std::vector<std::string> handleTexts(const AcArray<AcDbObjectId>& ids);

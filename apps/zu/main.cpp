@@ -21,6 +21,7 @@ void addCommands(CLI::App& program) {
     addConnectedCommand(program);
     addAttributesCommand(program);
     addSetAttributeCommand(program);
+    addCheckCommand(program);
     addSaveCommand(program);
     addPartCommand(program);
     addPlanCommand(program);

@@ -1,13 +1,12 @@
 #include "plan_scene.h"
 
 #include "element.h"
+#include "joints.h"
 #include "text.h"
 
 #include <dbents.h>
 #include <dbobjptr.h>
 #include <dbsymtb.h>
-#include <zucomn/frame.h>
-#include <zucomn/route.h>
 
 #include <algorithm>
 #include <cmath>
@@ -170,31 +169,13 @@ private:
     PlanScene& scene_;
 };
 
-struct PlacedPoint {
-    AcGePoint2d position;
-    std::size_t element;
-};
-
-/// Marks the points that lie within the connection tolerance of one of another element. Sorted along x, only
-/// near ones are compared.
-std::vector<PlanJoint> findJoints(std::vector<PlacedPoint> points) {
-    double tolerance = 0.0;
-    ZuComn_getTolerance(ZuComn_GetGlobalScale() > 1.0 ? &tolerance : nullptr,
-                        ZuComn_GetGlobalScale() > 1.0 ? nullptr : &tolerance);
-    std::sort(points.begin(), points.end(),
-              [](const PlacedPoint& a, const PlacedPoint& b) { return a.position.x < b.position.x; });
+std::vector<PlanJoint> findJoints(const std::vector<AcDbObjectId>& elements) {
+    const std::vector<ConnectionPoint> points = connectionPoints(elements);
+    const std::vector<std::vector<AcDbObjectId>> joined = joinedElements(points);
     std::vector<PlanJoint> joints;
     joints.reserve(points.size());
-    for (const PlacedPoint& point : points)
-        joints.push_back({point.position, false});
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        for (std::size_t k = i + 1;
-             k < points.size() && points[k].position.x - points[i].position.x <= tolerance; ++k) {
-            if (points[i].element != points[k].element &&
-                points[i].position.distanceTo(points[k].position) <= tolerance)
-                joints[i].joined = joints[k].joined = true;
-        }
-    }
+    for (std::size_t i = 0; i < points.size(); ++i)
+        joints.push_back({points[i].position, !joined[i].empty()});
     return joints;
 }
 
@@ -203,29 +184,12 @@ std::vector<PlanJoint> findJoints(std::vector<PlacedPoint> points) {
 PlanScene makePlanScene(DrawingFile& drawing) {
     PlanScene scene;
     SceneBuilder builder(scene);
-    std::vector<PlacedPoint> points;
-    AcDbBlockTable* blocks = nullptr;
-    AcDbObjectId spaceId;
-    if (drawing.database().getSymbolTable(blocks) != Acad::eOk)
-        return scene;
-    blocks->getAt(ACDB_MODEL_SPACE, spaceId);
-    blocks->close();
-    const AcDbObjectPointer<AcDbBlockTableRecord> space(spaceId);
-    if (space.openStatus() != Acad::eOk)
-        return scene;
-    std::size_t number = 0;
-    for (const AcDbObjectId id : space->entityIds()) {
-        PlanRole role = PlanRole::background;
-        if (id.objectClass()->isDerivedFrom(AcDbBlockReference::desc())) {
-            const Element element = readElement(id);
-            role = roleOf(element);
-            for (const AcGePoint3d& point : element.connectionPoints)
-                points.push_back({point.convert2d(), number});
-            ++number;
-        }
+    for (const AcDbObjectId id : drawing.entities()) {
+        const bool isReference = id.objectClass()->isDerivedFrom(AcDbBlockReference::desc());
+        const PlanRole role = isReference ? roleOf(readElement(id)) : PlanRole::background;
         builder.addEntity(id, AcGeMatrix3d::kIdentity, role, 0);
     }
-    scene.joints = findJoints(std::move(points));
+    scene.joints = findJoints(drawing.references());
     return scene;
 }
 

@@ -115,6 +115,15 @@ std::vector<AcDbDictionaryIterator::Entry> AcDbDictionary::entries() const {
     return found;
 }
 
+std::vector<std::wstring> AcDbDictionary::danglingNames() const {
+    std::vector<std::wstring> names;
+    const TagRange range = section(kMarker);
+    for (std::size_t i = range.first; i + 1 < range.last; ++i)
+        if (tags()[i].code == 3 && isPointer(tags()[i + 1].code) && entryAt(i).isNull())
+            names.push_back(decoded(tags()[i].value));
+    return names;
+}
+
 AcDbDictionaryIterator* AcDbDictionary::newIterator() const {
     return new AcDbDictionaryIterator(entries());
 }

@@ -65,15 +65,46 @@ Adesk::UInt32 AcDbGroup::allEntityIds(AcDbObjectIdArray& ids) const {
         return 0;
     std::unordered_set<const AcDbStub*> seen;
     const TagRange range = section(kMarker);
-    for (std::size_t i = range.first; i < range.last; ++i) {
-        if (tags()[i].code != kMember)
-            continue;
-        const auto handle = zuhost::parseHandle(tags()[i].value);
-        AcDbStub* const member = handle ? core()->document->find(*handle) : nullptr;
-        if (member != nullptr && seen.insert(member).second)
+    for (std::size_t i = range.first; i < range.last; ++i)
+        if (AcDbStub* const member = memberAt(i, seen))
             ids.append(member);
-    }
     return static_cast<Adesk::UInt32>(ids.length());
+}
+
+AcDbStub* AcDbGroup::memberAt(std::size_t place, std::unordered_set<const AcDbStub*>& seen) const {
+    if (tags()[place].code != kMember)
+        return nullptr;
+    const auto handle = zuhost::parseHandle(tags()[place].value);
+    AcDbStub* const member = handle ? core()->document->find(*handle) : nullptr;
+    return member != nullptr && seen.insert(member).second ? member : nullptr;
+}
+
+std::vector<AcDbHandle> AcDbGroup::surplusEntries() const {
+    std::vector<AcDbHandle> surplus;
+    if (core() == nullptr)
+        return surplus;
+    std::unordered_set<const AcDbStub*> seen;
+    const TagRange range = section(kMarker);
+    for (std::size_t i = range.first; i < range.last; ++i)
+        if (tags()[i].code == kMember && memberAt(i, seen) == nullptr)
+            surplus.emplace_back(zuhost::parseHandle(tags()[i].value).value_or(0));
+    return surplus;
+}
+
+Acad::ErrorStatus AcDbGroup::removeSurplusEntries() {
+    const Acad::ErrorStatus status = core() != nullptr ? assertWriteEnabled() : Acad::eNotInDatabase;
+    if (status != Acad::eOk)
+        return status;
+    std::unordered_set<const AcDbStub*> seen;
+    const TagRange range = section(kMarker);
+    std::vector<zuhost::Tag> kept;
+    for (std::size_t i = 0; i < tags().size(); ++i) {
+        const bool isEntry = i >= range.first && i < range.last && tags()[i].code == kMember;
+        if (!isEntry || memberAt(i, seen) != nullptr)
+            kept.push_back(tags()[i]);
+    }
+    changingTags() = zuhost::TagList(std::move(kept));
+    return Acad::eOk;
 }
 
 Adesk::UInt32 AcDbGroup::numEntities() const {

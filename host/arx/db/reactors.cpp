@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <unordered_set>
 
 using zuhost::TagList;
 using zuhost::TagRange;
@@ -32,6 +33,26 @@ std::size_t groupPlace(const TagList& tags) {
         if (tags[i].code != 5 && tags[i].code != 105)
             return i;
     return tags.size();
+}
+
+void eraseEmptyGroup(TagList& tags) {
+    const TagRange group = tags.applicationGroup(kGroup);
+    if (group.last - group.first == 2)
+        tags.erase(group);
+}
+
+/// Places of entries that name no object of the drawing, or one for a second time.
+std::vector<std::size_t> surplusEntries(const TagList& tags, const zuhost::Document& document) {
+    std::vector<std::size_t> places;
+    std::unordered_set<const AcDbStub*> seen;
+    const TagRange range = tags.applicationGroup(kGroup);
+    for (std::size_t i = range.first; i < range.last; ++i) {
+        const auto handle = tags[i].code == 330 ? zuhost::parseHandle(tags[i].value) : std::nullopt;
+        const AcDbStub* const named = handle ? document.find(*handle) : nullptr;
+        if (handle && (named == nullptr || !seen.insert(named).second))
+            places.push_back(i);
+    }
+    return places;
 }
 
 } // namespace
@@ -87,9 +108,33 @@ Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId reactor) {
     TagList& records = changingTags();
     const std::size_t entry = findEntry(records, reactor.handle().value());
     records.erase({entry, entry + 1});
-    const TagRange group = records.applicationGroup(kGroup);
-    if (group.last - group.first == 2)
-        records.erase(group);
+    eraseEmptyGroup(records);
+    return Acad::eOk;
+}
+
+std::vector<AcDbHandle> AcDbObject::surplusReactors() const {
+    std::vector<AcDbHandle> surplus;
+    if (stub_ != nullptr)
+        for (const std::size_t entry : surplusEntries(*tags_, *core()->document))
+            surplus.emplace_back(zuhost::parseHandle((*tags_)[entry].value).value_or(0));
+    return surplus;
+}
+
+Acad::ErrorStatus AcDbObject::removeSurplusReactors() {
+    const Acad::ErrorStatus status = stub_ != nullptr ? assertWriteEnabled() : Acad::eNotInDatabase;
+    if (status != Acad::eOk)
+        return status;
+    const std::vector<std::size_t> surplus = surplusEntries(*tags_, *core()->document);
+    TagList kept;
+    kept.reserve(tags_->size());
+    for (std::size_t i = 0, next = 0; i < tags_->size(); ++i) {
+        if (next < surplus.size() && surplus[next] == i)
+            ++next;
+        else
+            kept.add((*tags_)[i].code, (*tags_)[i].value);
+    }
+    eraseEmptyGroup(kept);
+    changingTags() = std::move(kept);
     return Acad::eOk;
 }
 

@@ -50,6 +50,8 @@ public:
     /// The caller deletes the iterator.
     [[nodiscard]] AcDbDictionaryIterator* newIterator() const;
     [[nodiscard]] std::vector<AcDbDictionaryIterator::Entry> entries() const;
+    /// Names of entries, as damaged drawings have them, whose object is not in the drawing.
+    [[nodiscard]] std::vector<std::wstring> danglingNames() const;
 
 private:
     struct Index {

@@ -37,10 +37,17 @@ public:
     Acad::ErrorStatus remove(AcDbObjectId id);
     Acad::ErrorStatus clear();
 
+    /// Entries beside the members, as damaged drawings have them, in order: of objects that are not in the
+    /// drawing, and repeated ones.
+    [[nodiscard]] std::vector<AcDbHandle> surplusEntries() const;
+    Acad::ErrorStatus removeSurplusEntries();
+
 private:
     using Members = std::unordered_set<std::uint64_t>;
     /// Handles of the members, kept up to date by the group's own changes.
     Members& members() const;
+    /// The member that the record names for the first time; null for other records and surplus entries.
+    [[nodiscard]] AcDbStub* memberAt(std::size_t place, std::unordered_set<const AcDbStub*>& seen) const;
     /// Checks a new member and makes the group its reactor.
     Acad::ErrorStatus admit(AcDbObjectId id);
     void leave(AcDbObjectId id) const;

@@ -100,6 +100,10 @@ public:
     /// Persistent reactors in stored order, then transient ones; each entry is to be asked with
     /// acdbIsPersistentReactor. Null for an object that is in no database. Valid until the object changes.
     [[nodiscard]] const AcDbVoidPtrArray* reactors() const;
+    /// Entries among the persistent reactors, as damaged drawings have them, of objects that are not in the
+    /// drawing, and repeated ones.
+    [[nodiscard]] std::vector<AcDbHandle> surplusReactors() const;
+    Acad::ErrorStatus removeSurplusReactors();
 
     // ---- extended data
     /// The values of one application, or of all (null): a chain that the caller frees with acutRelRb; null

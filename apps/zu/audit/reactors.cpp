@@ -1,0 +1,129 @@
+#include "audit.h"
+#include "change.h"
+#include "group.h"
+
+#include <dbgroup.h>
+#include <zucomn/dbservices.h>
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace zu::app {
+
+namespace {
+
+/// The groups of the drawing and in which of them each entity is.
+class Memberships {
+public:
+    explicit Memberships(const DrawingFile& drawing) {
+        for (const AcDbObjectId id : drawing.groups())
+            if (isGroup(id) && known_.insert(id).second)
+                groups_.push_back(readGroup(id));
+        for (std::size_t i = 0; i < groups_.size(); ++i)
+            for (const AcDbObjectId member : groups_[i].members)
+                groupsOf_[member].push_back(i);
+    }
+
+    [[nodiscard]] bool hasGroup(AcDbObjectId id) const { return known_.contains(id); }
+
+    [[nodiscard]] std::vector<const Group*> groupsOf(AcDbObjectId member) const {
+        std::vector<const Group*> found;
+        if (const auto of = groupsOf_.find(member); of != groupsOf_.end())
+            for (const std::size_t i : of->second)
+                found.push_back(&groups_[i]);
+        return found;
+    }
+
+private:
+    std::vector<Group> groups_;
+    std::unordered_set<AcDbObjectId> known_;
+    std::unordered_map<AcDbObjectId, std::vector<std::size_t>> groupsOf_;
+};
+
+/// The persistent reactors of an entity that are groups.
+std::vector<AcDbObjectId> reactorGroups(AcDbObjectId entity) {
+    AcArray<AcDbObjectId> groups;
+    ZuComn_GetGroupID(entity, groups);
+    return {groups.begin(), groups.end()};
+}
+
+bool addReactor(AcDbObjectId entity, AcDbObjectId reactor) {
+    return change<AcDbObject>(entity, [=](AcDbObject& o) { return o.addPersistentReactor(reactor); });
+}
+
+bool removeReactor(AcDbObjectId entity, AcDbObjectId reactor) {
+    return change<AcDbObject>(entity, [=](AcDbObject& o) { return o.removePersistentReactor(reactor); });
+}
+
+void auditSurplusReactors(AcDbObjectId entity, Audit& audit) {
+    std::vector<AcDbHandle> surplus;
+    if (const AcDbObjectPointer<AcDbObject> object(entity); object.openStatus() == Acad::eOk)
+        surplus = object->surplusReactors();
+    if (surplus.empty())
+        return;
+    std::string handles;
+    for (const AcDbHandle handle : surplus)
+        handles += ' ' + handleText(handle);
+    audit.add(entity, "names reactors that are not in the drawing, or twice:" + handles, [entity] {
+        return change<AcDbObject>(entity, [](AcDbObject& object) { return object.removeSurplusReactors(); });
+    });
+}
+
+/// A group that the dictionary doesn't have is no group: its members must not name it as theirs.
+bool eraseStray(AcDbObjectId id) {
+    return change<AcDbGroup>(id, [](AcDbGroup& group) {
+        const Acad::ErrorStatus status = group.clear();
+        return status == Acad::eOk ? group.erase() : status;
+    });
+}
+
+class ReactorAudit {
+public:
+    ReactorAudit(const DrawingFile& drawing, Audit& audit) : memberships_(drawing), audit_(audit) {}
+
+    void auditEntity(AcDbObjectId entity) {
+        auditSurplusReactors(entity, audit_);
+        const std::vector<const Group*> listing = memberships_.groupsOf(entity);
+        const std::vector<AcDbObjectId> named = reactorGroups(entity);
+        for (const AcDbObjectId id : named)
+            if (std::none_of(listing.begin(), listing.end(), [id](const Group* g) { return g->id == id; }))
+                auditUnlisted(entity, id);
+        for (const Group* const group : listing)
+            if (std::find(named.begin(), named.end(), group->id) == named.end())
+                audit_.add(entity, "is a member of group " + group->name + " without naming it",
+                           [=] { return addReactor(entity, group->id); });
+    }
+
+    void auditStrays() {
+        for (const AcDbObjectId id : strays_)
+            audit_.add(id, "the group is not in the group dictionary", [id] { return eraseStray(id); });
+    }
+
+private:
+    void auditUnlisted(AcDbObjectId entity, AcDbObjectId group) {
+        const bool isStray = !memberships_.hasGroup(group);
+        if (isStray && knownStrays_.insert(group).second)
+            strays_.push_back(group);
+        audit_.add(entity,
+                   "names the group " + handleText(group) +
+                       (isStray ? ", which is not in the group dictionary" : ", which doesn't list it"),
+                   [=] { return removeReactor(entity, group); });
+    }
+
+    Memberships memberships_;
+    Audit& audit_;
+    std::vector<AcDbObjectId> strays_;
+    std::unordered_set<AcDbObjectId> knownStrays_;
+};
+
+} // namespace
+
+void auditReactors(const DrawingFile& drawing, const std::vector<AcDbObjectId>& entities, Audit& audit) {
+    ReactorAudit reactors(drawing, audit);
+    for (const AcDbObjectId entity : entities)
+        reactors.auditEntity(entity);
+    reactors.auditStrays();
+}
+
+} // namespace zu::app

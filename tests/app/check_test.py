@@ -1,0 +1,162 @@
+"""Audits of damaged drawings: each fault is found, what can be repaired is, and nothing else changes."""
+import os
+import tempfile
+
+import ezdxf
+
+from program import check, run, run_json, sample
+from records import Drawing, insert, places, record, xdata
+
+SUPPLY, RETURN, SHELVES = "183", "184", "186"
+DUCT, BOOKSHELVES = "110", ("106", "108", "10A")
+
+
+def members(drawing, group):
+    return places(drawing.at(group), 340)
+
+
+def missing_and_repeated_members(d):
+    insert(d.at(SUPPLY), members(d, SUPPLY)[2], 340, "FFF1")
+    insert(d.at(SUPPLY), members(d, SUPPLY)[-1] + 1, 340, DUCT)
+
+
+def member_that_is_no_entity(d):
+    insert(d.at(SUPPLY), members(d, SUPPLY)[0], 340, "1")
+
+
+def empty_group(d):
+    del d.at(SHELVES)[members(d, SHELVES)[0]:]
+
+
+def group_that_is_gone(d):
+    d.objects.remove(d.at(SHELVES))
+
+
+def group_outside_of_the_dictionary(d):
+    dictionary = next(o for o in d.objects if places(o, 3, "家具"))
+    place = places(dictionary, 3, "家具")[0]
+    del dictionary[place:place + 2]
+
+
+def reactors(d):
+    d.at(DUCT)[places(d.at(DUCT), 330, SUPPLY)[0]][1] = b"FFF2"
+    insert(d.at("114"), places(d.at("114"), 330, SUPPLY)[0], 330, RETURN)
+    insert(d.at("118"), places(d.at("118"), 330, SUPPLY)[0], 330, SUPPLY)
+
+
+def several_groups_of_a_kind(d):
+    """The duct makes the return group one of its own kind; when it leaves, the others are well again."""
+    insert(d.at(RETURN), members(d, RETURN)[0], 340, DUCT)
+    insert(d.at(DUCT), places(d.at(DUCT), 330, SUPPLY)[0], 330, RETURN)
+
+
+def header_and_items(d):
+    for handle, place, value in ((DUCT, 0, "9|矩形ダクト|給気-02|"), ("114", 0, "6|矩形ダクト"),
+                                 ("118", 2, "S402|0|E"), ("11A", 1, "S401|2700|E|取付高|1|1||"),
+                                 ("11C", 1, "S401|2700|E|取付高|1|1|余り|"), ("11E", 0, "x|矩形ダクト|給気-09|")):
+        records = d.at(handle)
+        place += xdata(records, "ZU_ATTR")[0]
+        records[place] = record(records[place], 1000, value)
+
+
+def empty_records(d):
+    for handle, application in ((DUCT, "ZU_ATTR"), ("114", "ZU_LINK")):
+        first, last = xdata(d.at(handle), application)
+        del d.at(handle)[first:last]
+
+
+def wrong_data(d):
+    insert(d.at(DUCT), xdata(d.at(DUCT), "ZU_LINK")[0], 1070, "7")
+    d.at("114").extend([record(d.at("114")[0], 1001, "ZU_LINK"), record(d.at("114")[0], 1000, "2|x|")])
+
+
+def unregistered_application(d):
+    d.objects.remove(next(o for o in d.objects if o[0][1].strip() == b"APPID" and places(o, 2, "ZU_LINK")))
+
+
+def two_on_one_place(d):
+    """A valve put where another stands."""
+    for code in (10, 20):
+        d.at("17E")[places(d.at("17E"), code)[0]] = d.at("17A")[places(d.at("17A"), code)[0]]
+
+
+NO, YES = False, True
+# What is damaged; what is found beside the sample's own faults (handle, part of the problem, repaired); what the
+# repair changes.
+CASES = [
+    (missing_and_repeated_members, [(SUPPLY, "FFF1 is not in", YES), (SUPPLY, DUCT + " is listed twice", YES)], {SUPPLY}),
+    (member_that_is_no_entity, [(SUPPLY, "1 is no entity", YES)], {SUPPLY}),
+    (empty_group, [(h, "names the group 186, which doesn't list", YES) for h in BOOKSHELVES] +
+     [(SHELVES, "no members", YES)], {SHELVES, "C", *BOOKSHELVES}),
+    (group_that_is_gone, [("C", "家具 is not in the drawing", YES)] +
+     [(h, "not in the drawing, or twice: 186", YES) for h in BOOKSHELVES], {"C", *BOOKSHELVES}),
+    (group_outside_of_the_dictionary, [(h, "186, which is not in the group dictionary", YES) for h in BOOKSHELVES] +
+     [(SHELVES, "is not in the group dictionary", YES)], {SHELVES, *BOOKSHELVES}),
+    (reactors, [(DUCT, "not in the drawing, or twice: FFF2", YES), (DUCT, "member of group *A1 without", YES),
+                ("114", "names the group 184, which", YES), ("118", "twice: 183", YES)], {DUCT, "114", "118"}),
+    (several_groups_of_a_kind, [(DUCT, "groups of kind 1: *A1, RTGR00007", YES)], {DUCT, RETURN}),
+    (header_and_items, [(DUCT, "names 9 as the number of its items and has 6", YES), ("114", "no bar ends", YES),
+                        ("118", "item 2 of the attribute record has a field that no bar ends", YES),
+                        ("11A", "has 7 fields instead of 6", YES), ("11C", "has 7 fields instead of 6", NO),
+                        ("11E", "names x as the number", NO)], {DUCT, "114", "118", "11A"}),
+    (empty_records, [(DUCT, "attribute record is empty", YES), ("114", "link record is empty", YES)], {DUCT, "114"}),
+    (wrong_data, [(DUCT, "link record holds values that are no texts", NO), ("114", "more than once", NO)], set()),
+    (unregistered_application, [("3", "application ZU_LINK is not registered", YES)], {None}),
+    (two_on_one_place, [("178", "joins several elements: 17A, 17E", NO), ("17A", "joins several elements: 178, 17E", NO),
+                        ("17C", "1 at 2435.3, 3565 joins nothing", NO), ("17E", "joins several elements: 178, 17A", NO),
+                        ("17E", "joins nothing", NO), ("180", "joins nothing", NO)], set()),
+]
+
+
+def key(finding):
+    return finding["handle"], finding["problem"]
+
+
+def compare(findings, own, wanted, repairing, where):
+    new = [f for f in findings if key(f) not in own]
+    check(len(new) == len(wanted), "%s: %d findings: %r" % (where, len(wanted), new))
+    for finding, (handle, problem, repaired) in zip(new, wanted):
+        fits = finding["handle"] == handle and problem in finding["problem"]
+        check(fits, "%s: %s %s, not %r" % (where, handle, problem, finding))
+        check(finding["repaired"] == (repairing and repaired), "%s: repaired or not: %r" % (where, finding))
+
+
+def changed_objects(before, after):
+    old, new = Drawing(before).by_handle(), Drawing(after).by_handle()
+    changed = {h for h in old if old[h] != new.get(h)}
+    return changed | ({None} if new.keys() - old.keys() else set())
+
+
+def audit(damage, wanted, changes, own, folder, base):
+    where = damage.__name__
+    damaged, repaired = os.path.join(folder, "damaged.dxf"), os.path.join(folder, "repaired.dxf")
+    drawing = Drawing(base)
+    damage(drawing)
+    drawing.save(damaged)
+    compare(run_json("check", damaged), own, wanted, False, where)
+    compare(run_json("check", damaged, "--repair", "-o", repaired), own, wanted, True, where)
+    compare(run_json("check", repaired), own, [w for w in wanted if not w[2]], False, where + ", again")
+    changed = changed_objects(damaged, repaired)
+    check(changed == changes, "%s: the repair changes %r" % (where, changed))
+    if wanted and all(w[2] for w in wanted):
+        check(not ezdxf.readfile(repaired).audit().errors, where + ": sound for another reader")
+
+
+with tempfile.TemporaryDirectory() as folder:
+    for name in ("office-floor", "office-floor-932"):
+        base = os.path.join(folder, name + ".dxf")
+        found = run_json("check", sample("drawings/%s.dxf" % name), "--repair", "-o", base)
+        check([f["handle"] for f in found if f["repaired"]] == ["116"], "a tee is in two groups of kind 1")
+        check(changed_objects(sample("drawings/%s.dxf" % name), base) == {"116", "187", "C"}, "one of which goes")
+        own = {key(f) for f in found if not f["repaired"]}
+        check({h for h, p in own if "link kind" in p} == {"166", "16A", "16E"}, "link records without a kind")
+        check({h for h, p in own if "joins nothing" in p} ==
+              {"10C", "126", "128", "16E", "176", "178", "180"}, "dangling connection points")
+        if name == "office-floor":
+            for damage, wanted, changes in CASES:
+                audit(damage, wanted, changes, own, folder, base)
+    check("11 problems" in run("check", sample("drawings/office-floor.dxf")), "a plain listing")
+    run("check", base, "--repair", status=2)
+    run("check", base, "-o", base, status=2)
+    run("check", os.path.join(folder, "missing.dxf"), status=1)
+print("faults are found and repaired")
