@@ -63,6 +63,8 @@ int store(AcDbObject& object, const ChainBuilder& data) {
 }
 
 void setText(resbuf& item, const CString& text) {
+    if (text == item.resval.rstring)
+        return;
     acutDelString(item.resval.rstring);
     acutNewString(text, item.resval.rstring);
 }

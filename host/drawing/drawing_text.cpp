@@ -52,6 +52,11 @@ bool looksLikeEscape(std::wstring_view text, std::size_t at) {
     return start == L"\\M+" && dxf::fourHexDigits(text, at + 4).has_value();
 }
 
+bool mayNeedEscapes(std::wstring_view text) {
+    return std::any_of(text.begin(), text.end(),
+                       [](wchar_t c) { return isControl(c) || c == L'^' || c == L'\\'; });
+}
+
 /// Control characters, carets and what only looks like an escape, so that decoding gives the same text.
 std::wstring withEscapes(std::wstring_view text) {
     std::wstring result;
@@ -139,11 +144,13 @@ std::wstring DrawingText::decode(std::string_view value) const {
 std::string DrawingText::encode(std::wstring_view text) const {
     if (std::all_of(text.begin(), text.end(), isPlain))
         return {text.begin(), text.end()};
-    const std::wstring escaped = withEscapes(text);
-    if (!hasSurrogateOfItsOwn(escaped))
-        if (auto bytes = codec_.encode(escaped))
-            return *bytes;
-    return encodeEach(codec_, escaped);
+    std::wstring escaped;
+    if (mayNeedEscapes(text))
+        text = escaped = withEscapes(text);
+    if (!hasSurrogateOfItsOwn(text))
+        if (auto bytes = codec_.encode(text))
+            return *std::move(bytes);
+    return encodeEach(codec_, text);
 }
 
 } // namespace zuhost

@@ -23,5 +23,7 @@ inline constexpr unsigned kItem = 199;
 inline constexpr unsigned kValue = 200;
 inline constexpr unsigned kRouteSignLayer = 210;
 inline constexpr unsigned kElement = 5005;
+inline constexpr unsigned kWritingAttributes = 5020;
+inline constexpr unsigned kHeightsNotNumbers = 5021;
 
 } // namespace zu::text

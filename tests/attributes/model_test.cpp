@@ -100,12 +100,12 @@ TEST_F(Model, OnlyEditableAndMeantValuesAreWritten) {
     CStringArray& list = strings({L"4|A|B|", L"S1|old|0|tail|", L"S2|fixed|", L"S3|own|", L"S4|bar|"});
     const std::vector<zu::ShownItem> items = {
         {L"S1|", L"new"}, {L"S2|", L"new"}, {L"S3|", L"*各種*"}, {L"S4|", L"a|b"}, {L"S9|", L"absent"}};
-    EXPECT_TRUE(zu::applyItems(list, items, index));
+    EXPECT_TRUE(zu::applyItems(list, zu::writableItems(items, index)));
     const Texts expected = {L"4|A|B|", L"S1|new|0|tail|", L"S2|fixed|", L"S3|own|", L"S4|bar|"};
     int place = 0;
     for (const wchar_t* text : expected)
         EXPECT_TRUE(list[place++] == text) << place;
-    EXPECT_FALSE(zu::applyItems(list, items, index)) << "nothing is left to change";
+    EXPECT_FALSE(zu::applyItems(list, zu::writableItems(items, index))) << "nothing is left to change";
 }
 
 } // namespace

@@ -1,8 +1,17 @@
+#include "attributes/model/progress_scope.h"
 #include "attributes/model/write_back.h"
+#include "frame/resource_ids.h"
 #include "test_drawing.h"
 
+#include <acdocman.h>
+#include <afxdllx.h>
 #include <zucomn/frame.h>
+#include <zuhost/command_line.h>
 #include <zuhost/message_box.h>
+#include <zuhost/progress.h>
+
+#include <algorithm>
+#include <stdexcept>
 
 #include <gtest/gtest.h>
 
@@ -29,6 +38,14 @@ protected:
         }
         const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
         ASSERT_EQ(layer->setIsLocked(true), Acad::eOk);
+    }
+
+    ~WriteBack() override { zuhost::clearPendingInput(); }
+
+    static std::wstring type(const wchar_t* command) {
+        const zuhost::CommandLineObserver printed;
+        ApiComn_sendCommand(command, 0, 1, 1);
+        return printed.text();
     }
 
     AcDbObjectId element(const wchar_t* attribute, const wchar_t* layer = L"0") const {
@@ -68,6 +85,64 @@ TEST_F(WriteBack, ChangesAllButLockedEntitiesInOneUndoStep) {
     EXPECT_EQ(drawing_.database().undo(), Acad::eOk);
     EXPECT_EQ(attribute(ids[0]), L"S1|a|0|");
     EXPECT_EQ(attribute(ids[2]), L"S1|c|0|");
+}
+
+TEST_F(WriteBack, IsOneStepOfTheHostsUndoCommands) {
+    const AcDbObjectId ids[] = {element(L"S1|a|0|"), element(L"S1|b|0|")};
+    const AcDbObjectId other = element(L"S1|c|0|");
+    const std::vector<zu::ShownItem> items = {{L"S1|", L"新"}};
+    ASSERT_EQ(zu::writeBack(ids, items, zu::ParameterIndex(table_)), 2);
+    EXPECT_EQ(zuhost::pendingInput(), L"ZU_ATTREDIT_SEC3D\n");
+    zuhost::clearPendingInput();
+    TestDrawing::erase(other);
+    type(L"U");
+    EXPECT_FALSE(other.isErased());
+    EXPECT_EQ(attribute(ids[0]), L"S1|新|0|");
+    type(L"U");
+    EXPECT_EQ(attribute(ids[0]), L"S1|a|0|");
+    EXPECT_EQ(attribute(ids[1]), L"S1|b|0|");
+    type(L"MREDO 2");
+    EXPECT_EQ(attribute(ids[1]), L"S1|新|0|");
+    EXPECT_TRUE(other.isErased());
+}
+
+TEST_F(WriteBack, TellsOfHeightsThatAreNoNumbers) {
+    struct Case {
+        const wchar_t* height;
+        bool isTold;
+    };
+    for (const Case& c :
+         {Case{L"2700", false}, Case{L"+300", false}, Case{L" -1.5e2 ", false}, Case{L"", false},
+          Case{L"FL+300", true}, Case{L"2,700", true}, Case{L"２７００", true}, Case{L"-", true}}) {
+        const AcDbObjectId id = element(L"S1|a|0|");
+        const std::wstring height = L"S401|" + std::wstring(c.height) + L"|0|";
+        TestDrawing::setTexts(id, L"ZU_ATTR", {L"2|A|B|", L"S1|a|0|", height.c_str()});
+        const std::vector<zu::ShownItem> items = {{L"S1|", L"新"}};
+        const zuhost::CommandLineObserver printed;
+        const HINSTANCE before = AfxGetResourceHandle();
+        EXPECT_EQ(zu::writeBack({&id, 1}, items, zu::ParameterIndex(table_)), 1);
+        EXPECT_EQ(AfxGetResourceHandle(), before);
+        EXPECT_EQ(printed.text(), c.isTold ? L"取付高が数値でない要素: 1\n" : L"") << zuhost::toUtf8(height);
+    }
+}
+
+TEST_F(WriteBack, ProgressIsShownInHundredthsAndAlwaysEnds) {
+    for (const std::size_t steps : {0U, 1U, 3U, 100U, 2500U}) {
+        const zuhost::ProgressObserver observer;
+        try {
+            zu::ProgressScope progress(zu::text::kWritingAttributes, steps);
+            for (std::size_t i = 0; i < steps; ++i)
+                progress.advance();
+            throw std::runtime_error("failure in the midst");
+        } catch (const std::runtime_error&) {
+            ASSERT_EQ(observer.jobs().size(), 1U);
+        }
+        const auto& job = observer.jobs().front();
+        EXPECT_EQ(job.label, L"属性を書き込んでいます...");
+        EXPECT_EQ(job.positions.size(), std::min<std::size_t>(steps, 100));
+        EXPECT_TRUE(steps == 0 || job.positions.back() == job.last);
+        EXPECT_TRUE(job.isOver);
+    }
 }
 
 } // namespace

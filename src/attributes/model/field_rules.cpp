@@ -5,16 +5,17 @@
 namespace zu {
 
 CString attributeField(const CString& text, int n) {
+    return CString(attributeFieldIn(text.view(), n));
+}
+
+std::wstring_view attributeFieldIn(std::wstring_view text, int n) {
     if (n < 1)
         return {};
-    int start = 0;
     for (int field = 1;; ++field) {
-        const int bar = text.Find(L'|', start);
-        if (bar < 0)
-            return text.Mid(start);
-        if (field == n)
-            return text.Mid(start, bar - start);
-        start = bar + 1;
+        const std::size_t bar = text.find(L'|');
+        if (field == n || bar == std::wstring_view::npos)
+            return text.substr(0, bar);
+        text.remove_prefix(bar + 1);
     }
 }
 

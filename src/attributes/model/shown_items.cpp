@@ -5,6 +5,9 @@
 
 #include <zucomn/attributes.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace zu {
 
 namespace {
@@ -19,26 +22,26 @@ struct Occurrence {
 
 std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
     std::vector<ShownItem> items;
-    std::map<std::wstring, Occurrence> byId;
+    std::map<std::wstring, Occurrence, std::less<>> byId;
     for (std::size_t entity = 0; entity < lists.size(); ++entity) {
         const CStringArray& list = *lists[entity];
         for (int i = 1; i < list.GetSize(); ++i) {
-            const CString id = attributeField(list[i], 1);
-            if (id.IsEmpty())
+            const std::wstring_view id = attributeFieldIn(list[i].view(), 1);
+            if (id.empty())
                 continue;
-            const CString value = attributeField(list[i], 2);
-            const auto [found, isNew] = byId.try_emplace(static_cast<const wchar_t*>(id));
-            Occurrence& occurrence = found->second;
-            if (isNew) {
-                occurrence = {items.size(), 1, entity};
-                items.push_back({id + L"|", value});
+            const std::wstring_view value = attributeFieldIn(list[i].view(), 2);
+            const auto found = byId.find(id);
+            if (found == byId.end()) {
+                byId.emplace(id, Occurrence{items.size(), 1, entity});
+                items.push_back({CString(id) + L"|", CString(value)});
                 continue;
             }
+            Occurrence& occurrence = found->second;
             if (occurrence.lastEntity == entity)
                 continue;
             occurrence.lastEntity = entity;
             ++occurrence.entities;
-            if (ShownItem& item = items[occurrence.place]; item.value != value)
+            if (ShownItem& item = items[occurrence.place]; item.value.view() != value)
                 item.value = kVarious;
         }
     }
@@ -47,13 +50,20 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
     return items;
 }
 
-bool applyItems(CStringArray& list, std::span<const ShownItem> items, const ParameterIndex& parameters) {
+std::vector<ShownItem> writableItems(std::span<const ShownItem> items, const ParameterIndex& parameters) {
+    std::vector<ShownItem> writable;
+    std::copy_if(items.begin(), items.end(), std::back_inserter(writable), [&](const ShownItem& item) {
+        return item.value != kVarious && item.value.Find(L'|') < 0 &&
+               parameters.editable(attributeField(item.key, 1));
+    });
+    return writable;
+}
+
+bool applyItems(CStringArray& list, std::span<const ShownItem> writable) {
     bool changed = false;
-    for (const ShownItem& item : items) {
-        CString before;
-        if (item.value == kVarious || item.value.Find(L'|') >= 0 ||
-            !parameters.editable(attributeField(item.key, 1)) ||
-            CAttributeData::GetAtAtt(&list, item.key, before) != 0 || attributeField(before, 2) == item.value)
+    for (const ShownItem& item : writable) {
+        const int place = CAttributeData::FindAtt(&list, item.key);
+        if (place < 0 || attributeFieldIn(list[place].view(), 2) == item.value.view())
             continue;
         changed = CAttributeData::SetAtAtt(&list, item.key, item.value) == 0 || changed;
     }

@@ -19,9 +19,13 @@ struct ShownItem {
 /// logarithm of the different ids.
 [[nodiscard]] std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists);
 
-/// Puts the values of the property list into a raw list. Items that the list lacks, that may not be edited,
-/// or whose value is "*各種*" are passed over, and so are values that hold "|", which a record can't keep.
-/// True when a string changed.
-bool applyItems(CStringArray& list, std::span<const ShownItem> items, const ParameterIndex& parameters);
+/// The items of the property list that may be written: without such that may not be edited, whose value is
+/// "*各種*", or whose value holds "|", which a record can't keep.
+[[nodiscard]] std::vector<ShownItem> writableItems(std::span<const ShownItem> items,
+                                                   const ParameterIndex& parameters);
+
+/// Puts the values of writable items into a raw list; items that the list lacks are passed over. True when a
+/// string changed.
+bool applyItems(CStringArray& list, std::span<const ShownItem> writable);
 
 } // namespace zu

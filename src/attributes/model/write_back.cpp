@@ -1,14 +1,19 @@
 #include "attributes/model/write_back.h"
 
+#include "attributes/model/layer_locks.h"
+#include "attributes/model/progress_scope.h"
+#include "frame/module_state.h"
 #include "frame/resource_ids.h"
 
+#include <acutads.h>
 #include <afxwin.h>
 #include <arxutil.h>
-#include <dbents.h>
-#include <dbobjptr.h>
-#include <dbsymtb.h>
+#include <dbmain.h>
+#include <zucomn/attributes.h>
 #include <zucomn/frame.h>
 
+#include <charconv>
+#include <optional>
 #include <set>
 
 namespace zu {
@@ -16,56 +21,105 @@ namespace zu {
 namespace {
 
 constexpr const wchar_t* kApplication = L"ZU_ATTR";
+constexpr const wchar_t* kMountingHeight = L"S401";
 constexpr const wchar_t* kUpdateSections = L"ZU_ATTREDIT_SEC3D";
 
-/// Empty when the layer is not locked.
-CString lockedLayer(AcDbObjectId id) {
-    const AcDbObjectPointer<AcDbEntity> entity(id);
-    if (entity.openStatus() != Acad::eOk)
-        return {};
-    const AcDbObjectPointer<AcDbLayerTableRecord> layer(entity->layerId());
-    if (layer.openStatus() != Acad::eOk || !layer->isLocked())
-        return {};
-    return layer->name().c_str();
+CString libraryText(unsigned id) {
+    CString text;
+    ZuComn_LoadString(ZuComn_GetResource(), id, text);
+    return text;
 }
 
-void startUndoSteps(std::span<const AcDbObjectId> entities) {
-    std::set<AcDbDatabase*> databases;
-    for (const AcDbObjectId id : entities)
-        if (AcDbDatabase* const database = id.database();
-            database != nullptr && databases.insert(database).second)
-            database->startUndoRecord();
+bool tellWhenLocked(const CString& layer) {
+    if (layer.IsEmpty())
+        return false;
+    CString message = libraryText(text::kLayerLocked);
+    message.Replace(L"%s", layer);
+    AfxMessageBox(message, MB_OK | MB_ICONSTOP);
+    return true;
 }
 
-bool writeEntity(AcDbObjectId entity, std::span<const ShownItem> items, const ParameterIndex& parameters) {
-    CStringArray list;
-    return ApiComn_extractAttributesArrayID(entity, kApplication, list) == 0 &&
-           applyItems(list, items, parameters) &&
-           ApiComn_appendAttributesArray(entity, kApplication, list) == 0;
+/// What is changed in the drawings of the entities during its life is one undo step of each.
+class UndoStep {
+public:
+    explicit UndoStep(std::span<const AcDbObjectId> entities) {
+        for (const AcDbObjectId id : entities)
+            if (AcDbDatabase* const drawing = id.database())
+                drawings_.insert(drawing);
+        begin();
+    }
+    ~UndoStep() { begin(); } // what is changed later is another step
+    UndoStep(const UndoStep&) = delete;
+    UndoStep& operator=(const UndoStep&) = delete;
+
+private:
+    void begin() const {
+        for (AcDbDatabase* const drawing : drawings_)
+            drawing->startUndoRecord();
+    }
+
+    std::set<AcDbDatabase*> drawings_;
+};
+
+std::optional<double> numberIn(const CString& text) {
+    std::string digits;
+    for (const wchar_t c : text.view())
+        digits += static_cast<char32_t>(c) < 0x80 ? static_cast<char>(c) : '?';
+    const char* const first = digits.data() + (digits.starts_with('+') ? 1 : 0);
+    const char* const last = digits.data() + digits.size();
+    double number = 0.0;
+    const auto [end, error] = std::from_chars(first, last, number);
+    return error == std::errc() && end == last ? std::optional(number) : std::nullopt;
+}
+
+/// False for a record whose mounting height is no number; one without a height is all right.
+bool canBePlaced(const CStringArray& record) {
+    const CString height = CAttributeData::GetValueAtt(&record, kMountingHeight).Trim();
+    return height.IsEmpty() || numberIn(height).has_value();
+}
+
+struct Outcome {
+    int changed = 0;
+    int unplaced = 0;
+};
+
+void writeEntity(AcDbObjectId entity, std::span<const ShownItem> writable, Outcome& outcome) {
+    CStringArray record;
+    if (ApiComn_extractAttributesArrayID(entity, kApplication, record) != 0 ||
+        !applyItems(record, writable) || ApiComn_appendAttributesArray(entity, kApplication, record) != 0)
+        return;
+    ++outcome.changed;
+    if (!canBePlaced(record))
+        ++outcome.unplaced;
+}
+
+Outcome writeAll(std::span<const AcDbObjectId> entities, std::span<const ShownItem> writable) {
+    const UndoStep step(entities);
+    ProgressScope progress(text::kWritingAttributes, entities.size());
+    LayerLocks locks;
+    Outcome outcome;
+    for (const AcDbObjectId entity : entities) {
+        if (!tellWhenLocked(locks.lockedLayer(entity)))
+            writeEntity(entity, writable, outcome);
+        progress.advance();
+    }
+    return outcome;
 }
 
 } // namespace
 
 bool tellLockedLayer(AcDbObjectId entity) {
-    const CString layer = lockedLayer(entity);
-    if (layer.IsEmpty())
-        return false;
-    CString format;
-    ZuComn_LoadString(ZuComn_GetResource(), text::kLayerLocked, format);
-    format.Replace(L"%s", layer);
-    AfxMessageBox(format, MB_OK | MB_ICONSTOP);
-    return true;
+    return tellWhenLocked(LayerLocks().lockedLayer(entity));
 }
 
 int writeBack(std::span<const AcDbObjectId> entities, std::span<const ShownItem> items,
               const ParameterIndex& parameters) {
-    startUndoSteps(entities);
-    int changed = 0;
-    for (const AcDbObjectId entity : entities)
-        if (!tellLockedLayer(entity) && writeEntity(entity, items, parameters))
-            ++changed;
+    const ResourceScope scope;
+    const Outcome outcome = writeAll(entities, writableItems(items, parameters));
+    if (outcome.unplaced > 0)
+        acutPrintf(libraryText(text::kHeightsNotNumbers) + L"\n", outcome.unplaced);
     ApiComn_sendCommand(kUpdateSections, 1, 0, 1);
-    return changed;
+    return outcome.changed;
 }
 
 } // namespace zu

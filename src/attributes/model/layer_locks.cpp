@@ -1,0 +1,30 @@
+#include "attributes/model/layer_locks.h"
+
+#include <dbents.h>
+#include <dbobjptr.h>
+#include <dbsymtb.h>
+
+namespace zu {
+
+namespace {
+
+AcDbObjectId layerOf(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbEntity> entity(id);
+    return entity.openStatus() == Acad::eOk ? entity->layerId() : AcDbObjectId();
+}
+
+CString nameWhenLocked(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(id);
+    return layer.openStatus() == Acad::eOk && layer->isLocked() ? CString(layer->name().c_str()) : CString();
+}
+
+} // namespace
+
+const CString& LayerLocks::lockedLayer(AcDbObjectId entity) {
+    const auto [entry, isNew] = names_.try_emplace(layerOf(entity));
+    if (isNew)
+        entry->second = nameWhenLocked(entry->first);
+    return entry->second;
+}
+
+} // namespace zu

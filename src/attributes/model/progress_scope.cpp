@@ -1,0 +1,33 @@
+#include "attributes/model/progress_scope.h"
+
+#include <aced.h>
+#include <zucomn/frame.h>
+
+namespace zu {
+
+namespace {
+
+constexpr int kWhole = 100;
+
+} // namespace
+
+ProgressScope::ProgressScope(unsigned label, std::size_t steps) : steps_(steps) {
+    CString text;
+    ZuComn_LoadString(ZuComn_GetResource(), label, text);
+    acedSetStatusBarProgressMeter(text, 0, kWhole);
+}
+
+ProgressScope::~ProgressScope() {
+    acedRestoreStatusBar();
+}
+
+void ProgressScope::advance() {
+    ++done_;
+    const std::size_t percent = steps_ > 0 ? done_ * kWhole / steps_ : kWhole;
+    if (percent == percent_)
+        return;
+    percent_ = percent;
+    acedSetStatusBarProgressMeterPos(static_cast<int>(percent));
+}
+
+} // namespace zu
