@@ -1,3 +1,6 @@
+# Leaks of libraries that are not ours, for runs under the sanitizers.
+set(ZU_KNOWN_LEAKS "print_suppressions=0,suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp")
+
 # zu_test(NAME SOURCES a.cpp b.cpp LIBS x y): one GoogleTest program, its cases registered with CTest.
 function(zu_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
@@ -7,5 +10,7 @@ function(zu_test name)
   target_compile_definitions(${name} PRIVATE
     ZU_SAMPLES="${PROJECT_SOURCE_DIR}/samples" ZU_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
-    PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+    # Of a list of variables only the first would arrive.
+    PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
+      ENVIRONMENT_MODIFICATION "LSAN_OPTIONS=set:${ZU_KNOWN_LEAKS}")
 endfunction()
