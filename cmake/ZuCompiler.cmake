@@ -33,6 +33,18 @@ endif()
 add_library(zu_warnings INTERFACE)
 target_compile_options(zu_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
 
+# wchar_t of 16 bits, as other platforms have it, to show that nothing depends on its size. What the shared C++ and C
+# libraries do for wide text is made for 32 bits: here each library and program has the templates and functions itself.
+option(ZU_SHORT_WCHAR "Build with a wchar_t of 16 bits, for tests" OFF)
+if(ZU_SHORT_WCHAR)
+  add_compile_options(-fshort-wchar)
+  add_compile_definitions(_GLIBCXX_EXTERN_TEMPLATE=0)
+  add_link_options(-Wl,-Bsymbolic-functions)
+  add_library(zu_short_wchar OBJECT ${PROJECT_SOURCE_DIR}/tests/support/short_wchar.cpp)
+  target_compile_options(zu_short_wchar PRIVATE -fno-builtin)
+  target_sources(zu_warnings INTERFACE $<TARGET_OBJECTS:zu_short_wchar>)
+endif()
+
 # Built programs find the libraries of this build tree; installed ones beside themselves.
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)

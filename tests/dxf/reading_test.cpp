@@ -157,7 +157,7 @@ TEST(Reading, BinaryBytesComeInOrder) {
     CAcadDxf reader;
     ASSERT_TRUE(reader.Open(hostPath(sample("binary/fitting-01.dxf"))));
     std::string read;
-    wchar_t buffer[256];
+    wchar_t buffer[700];
     for (int count = 700; count > 0;) {
         count = reader.ReadBinData(buffer, 700);
         read.append(reinterpret_cast<const char*>(buffer), static_cast<std::size_t>(count));

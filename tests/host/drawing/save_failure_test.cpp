@@ -2,6 +2,7 @@
 #include "notation.h"
 
 #include "zuhost/file_ops.h"
+#include "zuhost/paths.h"
 
 #include <csignal>
 #include <cstdlib>
@@ -30,7 +31,7 @@ protected:
 
     void writeOld() const { ASSERT_FALSE(opened(oldBytes_)->save(path(), DrawingForm::ascii, nullptr)); }
 
-    [[nodiscard]] std::wstring path() const { return (folder_ / "plan.dxf").wstring(); }
+    [[nodiscard]] std::wstring path() const { return hostPath((folder_ / "plan.dxf").string()); }
     [[nodiscard]] std::string onDisk() const { return fileBytes(folder_ / "plan.dxf"); }
     [[nodiscard]] std::size_t filesInFolder() const {
         return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_), {}));
@@ -105,7 +106,7 @@ TEST_F(SaveFailure, RefusedFormLeavesTheOldFile) {
 
 TEST_F(SaveFailure, FolderThatIsNotThereIsTold) {
     const auto error =
-        document_->save((folder_ / "none" / "plan.dxf").wstring(), DrawingForm::ascii, nullptr);
+        document_->save(hostPath((folder_ / "none" / "plan.dxf").string()), DrawingForm::ascii, nullptr);
     ASSERT_TRUE(error);
     EXPECT_NE(error->file.find(L"none"), std::wstring::npos);
 }

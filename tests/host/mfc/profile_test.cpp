@@ -86,7 +86,7 @@ TEST(Profile, ReadsAsRecorded) {
         const std::wstring text = byRule ? *fallback : *wide(expected["text"]);
         if (hasOddHeading(file.bytes()) && (!section || section->empty()))
             continue;
-        if (text.ends_with(L'\xFFFD'))
+        if (sizeof(wchar_t) > 2 && text.ends_with(L'\xFFFD'))
             continue; // half a surrogate pair, which wide text of 32 bits does not have
         std::wstring buffer(size + 2, L'#');
         const DWORD length = GetPrivateProfileStringW(orNull(section), orNull(key), orNull(fallback),

@@ -3,6 +3,7 @@
 #include <afx.h>
 #include <afxcoll.h>
 #include <zuhost/text_codec.h>
+#include <zuhost/text_file.h>
 
 #include <gtest/gtest.h>
 
@@ -221,6 +222,22 @@ TEST(Codec, PlatformFunctionsTellSizesAndRefuse) {
     EXPECT_STREQ(bytes, "\x95\x5C");
     EXPECT_EQ(WideCharToMultiByte(932, 0, L"㎥", -1, bytes, 8, "?", nullptr), 0);
     EXPECT_EQ(GetLastError(), ERROR_NO_UNICODE_TRANSLATION);
+}
+
+/// One wchar_t or two: the compiler's own texts are the measure.
+TEST(Codec, CharactersBeyondTheFirstPlane) {
+    const std::wstring text = L"𠮷野😀";
+    const std::string utf16("\x42\xD8\xB7\xDF\xCE\x91\x3D\xD8\x00\xDE", 10);
+    const zuhost::TextEncoding encoding{zuhost::TextEncoding::Kind::utf16LittleEndian};
+    EXPECT_EQ(zuhost::fromUtf8("𠮷野😀"), text);
+    EXPECT_EQ(zuhost::toUtf8(text), "𠮷野😀");
+    EXPECT_EQ(encoding.decode(utf16), text);
+    EXPECT_EQ(encoding.encode(text), utf16);
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, "𠮷", 4, nullptr, 0), std::wstring_view(L"𠮷").size());
+    EXPECT_FALSE(zuhost::TextCodec::forCodePage(932)->encode(text));
+    std::size_t at = 0;
+    EXPECT_EQ(zuhost::nextCodePoint(text, at), U'𠮷');
+    EXPECT_EQ(zuhost::nextCodePoint(text, at), U'野');
 }
 
 TEST(Codec, Utf8KeepsWhatItCan) {
