@@ -18,6 +18,7 @@ void addPartCommand(CLI::App& program);
 void addPlanCommand(CLI::App& program);
 void addLinkCommand(CLI::App& program);
 void addTableCommand(CLI::App& program);
+void addWindowCommand(CLI::App& program);
 void addDemoCommand(CLI::App& program);
 
 } // namespace zu::app

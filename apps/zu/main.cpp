@@ -27,6 +27,7 @@ void addCommands(CLI::App& program) {
     addPlanCommand(program);
     addLinkCommand(program);
     addTableCommand(program);
+    addWindowCommand(program);
     addDemoCommand(program);
 }
 

@@ -4,8 +4,13 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QLineEdit>
 
 IMPLEMENT_DYNCREATE(CComboBox, CWnd)
+
+BEGIN_MESSAGE_MAP(CComboBox, CWnd)
+ON_WM_KILLFOCUS()
+END_MESSAGE_MAP()
 
 namespace {
 
@@ -129,4 +134,19 @@ void CComboBox::ShowDropDown(BOOL show) {
 
 BOOL CComboBox::GetDroppedState() const {
     return box(*this) != nullptr && box(*this)->view()->isVisible() ? TRUE : FALSE;
+}
+
+void CComboBox::SetEditSel(int start, int end) {
+    QLineEdit* const line = box(*this) != nullptr ? box(*this)->lineEdit() : nullptr;
+    if (line == nullptr)
+        return;
+    if (start == 0 && end < 0)
+        line->selectAll();
+    else
+        line->setSelection(start, end - start);
+}
+
+void CComboBox::OnKillFocus(CWnd* winner) {
+    CWnd::OnKillFocus(winner);
+    notifyParent(CBN_KILLFOCUS);
 }

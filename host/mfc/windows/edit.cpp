@@ -4,6 +4,10 @@
 
 IMPLEMENT_DYNCREATE(CEdit, CWnd)
 
+BEGIN_MESSAGE_MAP(CEdit, CWnd)
+ON_WM_KILLFOCUS()
+END_MESSAGE_MAP()
+
 BOOL CEdit::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id) {
     return CWnd::Create(nullptr, nullptr, style, rectangle, parent, id);
 }
@@ -31,4 +35,9 @@ BOOL CEdit::SetReadOnly(BOOL readOnly) {
         return FALSE;
     static_cast<QLineEdit*>(widget())->setReadOnly(readOnly != FALSE);
     return TRUE;
+}
+
+void CEdit::OnKillFocus(CWnd* winner) {
+    CWnd::OnKillFocus(winner);
+    notifyParent(EN_KILLFOCUS);
 }

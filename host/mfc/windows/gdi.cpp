@@ -6,10 +6,12 @@
 #include "zuhost/windows/wnd.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QPainter>
 #include <QPalette>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
+#include <QWidget>
 
 #include <algorithm>
 #include <cwchar>
@@ -144,6 +146,23 @@ void CDC::Polygon(const POINT* points, int count) {
     painter_->drawPolygon(polygon);
     painter_->restore();
 }
+
+// ---- measuring
+
+struct CClientDC::Surface {
+    QImage image{1, 1, QImage::Format_RGB32};
+    QPainter painter{&image};
+};
+
+CClientDC::CClientDC(const CWnd* window) : CClientDC(std::make_unique<Surface>(), window) {}
+
+CClientDC::CClientDC(std::unique_ptr<Surface> surface, const CWnd* window)
+    : CDC(surface->painter), surface_(std::move(surface)) {
+    if (window->widget() != nullptr)
+        surface_->painter.setFont(window->widget()->font());
+}
+
+CClientDC::~CClientDC() = default;
 
 // ---- colours and cursors
 

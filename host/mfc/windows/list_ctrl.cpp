@@ -88,6 +88,12 @@ QWidget* CListCtrl::makeWidget(QWidget* parent, DWORD style) {
     made->header()->setSectionsClickable((style & LVS_NOSORTHEADER) == 0);
     made->header()->setStretchLastSection(false);
     made->header()->setSectionsMovable(false);
+    if ((style & LVS_OWNERDRAWFIXED) != 0) {
+        MEASUREITEMSTRUCT measure;
+        measure.itemHeight = static_cast<UINT>(made->fontMetrics().height());
+        MeasureItem(&measure);
+        parts_->model.setLineHeight(static_cast<int>(measure.itemHeight));
+    }
     made->setModel(&parts_->model);
     parts_->view = made;
     const auto tell = [this](int index, UINT before, UINT now) {
@@ -279,5 +285,7 @@ BOOL CListCtrl::GetItemRect(int index, RECT* rectangle) const {
 int CListCtrl::HitTest(CPoint point) const {
     return parts_->view != nullptr ? parts_->view->indexAt({point.x, point.y}).row() : -1;
 }
+
+void CListCtrl::MeasureItem(LPMEASUREITEMSTRUCT /*measure*/) {}
 
 void CListCtrl::DrawItem(LPDRAWITEMSTRUCT /*draw*/) {}

@@ -1,5 +1,7 @@
 #include "report_model.h"
 
+#include <QSize>
+
 namespace zuhost {
 
 int ReportModel::rowCount(const QModelIndex& parent) const {
@@ -13,6 +15,8 @@ int ReportModel::columnCount(const QModelIndex& parent) const {
 QVariant ReportModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>(headings_[static_cast<std::size_t>(index.column())].alignment);
+    if (role == Qt::SizeHintRole && lineHeight_ > 0)
+        return QSize(0, lineHeight_);
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return lines_[static_cast<std::size_t>(index.row())].texts.value(index.column());
     return {};

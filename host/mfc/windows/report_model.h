@@ -31,6 +31,9 @@ public:
     void clearLines();
     void setText(int row, int column, const QString& text);
 
+    /// Of every line; 0: as the view has it.
+    void setLineHeight(int height) { lineHeight_ = height; }
+
     [[nodiscard]] bool hasLine(int row) const { return row >= 0 && row < rowCount(); }
     [[nodiscard]] ReportLine& line(int row) { return lines_[static_cast<std::size_t>(row)]; }
 
@@ -41,6 +44,7 @@ private:
     };
     std::vector<Heading> headings_;
     std::vector<ReportLine> lines_;
+    int lineHeight_ = 0;
 };
 
 } // namespace zuhost

@@ -5,6 +5,7 @@
 
 #include <QAbstractScrollArea>
 #include <QContextMenuEvent>
+#include <QFocusEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -32,6 +33,11 @@ bool askParents(CWnd* window, MSG& message) {
         asked = above;
     }
     return false;
+}
+
+/// A window keeps the focus while its own list or menu is open, or another program is in front.
+bool isLost(const QFocusEvent& event) {
+    return event.reason() != Qt::PopupFocusReason && event.reason() != Qt::ActiveWindowFocusReason;
 }
 
 } // namespace
@@ -89,7 +95,7 @@ bool WindowLink::onWidget(QEvent& event) {
     case QEvent::FocusIn:
         return send(WM_SETFOCUS);
     case QEvent::FocusOut:
-        return send(WM_KILLFOCUS);
+        return isLost(static_cast<const QFocusEvent&>(event)) && send(WM_KILLFOCUS);
     case QEvent::PaletteChange:
         return send(WM_SYSCOLORCHANGE);
     case QEvent::KeyPress:

@@ -45,6 +45,7 @@ public:
     [[nodiscard]] int HitTest(CPoint point) const;
 
     virtual void DrawItem(LPDRAWITEMSTRUCT draw);
+    virtual void MeasureItem(LPMEASUREITEMSTRUCT measure);
 
 protected:
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;

@@ -24,6 +24,8 @@ public:
 
 protected:
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
+    void OnKillFocus(CWnd* winner);
+    DECLARE_MESSAGE_MAP()
 };
 
 /// A list of texts, of which one is selected. With LBS_OWNERDRAWFIXED the class draws the rows itself. Only
@@ -95,7 +97,11 @@ public:
     int SetCurSel(int index);
     void ShowDropDown(BOOL show = TRUE);
     [[nodiscard]] BOOL GetDroppedState() const;
+    /// (0, -1) selects all of the text that may be typed in.
+    void SetEditSel(int start, int end);
 
 protected:
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
+    void OnKillFocus(CWnd* winner);
+    DECLARE_MESSAGE_MAP()
 };

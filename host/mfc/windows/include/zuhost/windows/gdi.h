@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class CWnd;
 class QFont;
 class QPainter;
 
@@ -70,4 +71,19 @@ public:
 private:
     QPainter* painter_;
     COLORREF textColor_ = 0;
+};
+
+/// For measuring text in a window's font outside its drawing; what is drawn doesn't show.
+class CClientDC : public CDC {
+public:
+    explicit CClientDC(const CWnd* window);
+    ~CClientDC();
+    CClientDC(const CClientDC&) = delete;
+    CClientDC& operator=(const CClientDC&) = delete;
+
+private:
+    struct Surface;
+    explicit CClientDC(std::unique_ptr<Surface> surface, const CWnd* window);
+
+    std::unique_ptr<Surface> surface_;
 };

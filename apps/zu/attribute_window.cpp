@@ -1,0 +1,47 @@
+#include "attribute_window.h"
+
+#include "failure.h"
+#include "text.h"
+
+#include <zucomn/frame.h>
+#include <zuhost/desktop.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace zu::app {
+
+namespace {
+
+constexpr unsigned kTitle = 5006;
+constexpr int kWidth = 640;
+constexpr int kHeight = 480;
+
+} // namespace
+
+void preparePictures(const std::string& picture) {
+    constexpr int kKeepWhatIsSet = 0;
+    if (!picture.empty())
+        setenv("QT_QPA_PLATFORM", "offscreen", kKeepWhatIsSet);
+}
+
+CAttFrameWnd& openAttributeWindow(const AcArray<AcDbObjectId>& entities, const std::string& drawing) {
+    CString title;
+    ZuComn_LoadString(ZuComn_GetResource(), kTitle, title);
+    title += L" - " + CString(wide(std::filesystem::path(drawing).filename().string()));
+    auto* const window = new CAttFrameWnd;
+    if (window->Create(nullptr, title, WS_OVERLAPPEDWINDOW, CRect(0, 0, kWidth, kHeight)) == FALSE)
+        throw Failure("the attribute window can't be made");
+    window->GetLeftPane()->SetEntities(entities);
+    window->ShowWindow(SW_SHOW);
+    return *window;
+}
+
+void closeWithPicture(CFrameWnd& window, const std::string& picture) {
+    const bool saved = zuhost::savePicture(window, picture);
+    window.DestroyWindow();
+    if (!saved)
+        throw Failure(picture + ": can't write the picture");
+}
+
+} // namespace zu::app

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <acarray.h>
+#include <dbid.h>
+#include <zucomn/views.h>
+
+#include <string>
+
+namespace zu::app {
+
+/// With a picture asked for, windows are drawn off the screen unless the environment says where.
+void preparePictures(const std::string& picture);
+
+/// The attribute window, filled and shown; it deletes itself when it is closed.
+CAttFrameWnd& openAttributeWindow(const AcArray<AcDbObjectId>& entities, const std::string& drawing);
+
+/// Draws a window into a .png file and closes it; throws Failure when the file can't be written.
+void closeWithPicture(CFrameWnd& window, const std::string& picture);
+
+} // namespace zu::app

@@ -1,0 +1,69 @@
+#include "attribute_rows.h"
+#include "attribute_window.h"
+#include "commands.h"
+#include "drawing_file.h"
+#include "failure.h"
+#include "settings_file.h"
+
+#include <zuhost/desktop.h>
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    std::string drawing;
+    std::vector<std::string> handles;
+    std::string settings;
+    std::string output;
+    std::string screenshot;
+};
+
+AcArray<AcDbObjectId> entitiesOf(const DrawingFile& drawing, const std::vector<std::string>& handles) {
+    AcArray<AcDbObjectId> entities;
+    for (const std::string& handle : handles)
+        entities.append(drawing.find(handle));
+    if (!handles.empty())
+        return entities;
+    for (const AcDbObjectId id : drawing.references())
+        if (!readAttributeRows(id).empty())
+            entities.append(id);
+    return entities;
+}
+
+void run(const Options& options) {
+    const SettingsFile settings(options.settings);
+    DrawingFile drawing(options.drawing);
+    preparePictures(options.screenshot);
+    CAttFrameWnd& window = openAttributeWindow(entitiesOf(drawing, options.handles), options.drawing);
+    if (!options.screenshot.empty()) {
+        closeWithPicture(window, options.screenshot);
+        return;
+    }
+    if (!zuhost::hasDesktop()) {
+        window.DestroyWindow();
+        throw Failure("there is no desktop to show a window on; --screenshot draws it into a file");
+    }
+    zuhost::runDesktop();
+    if (!options.output.empty())
+        drawing.save(options.output);
+}
+
+} // namespace
+
+void addWindowCommand(CLI::App& program) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command = program.add_subcommand("window", "Open the attribute window on elements");
+    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    command->add_option("HANDLE", options->handles, "Elements to show (default: every one with attributes)");
+    command->add_option("--settings", options->settings, "Master settings file");
+    command->add_option("-o,--output", options->output, "Save the drawing here when the window is closed");
+    command->add_option("--screenshot", options->screenshot, "Draw the window into a .png file instead");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

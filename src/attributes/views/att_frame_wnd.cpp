@@ -1,0 +1,52 @@
+#include <zucomn/views.h>
+
+IMPLEMENT_DYNCREATE(CAttFrameWnd, CFrameWnd)
+IMPLEMENT_DYNCREATE(CAttFrameWnd_ZU, CAttFrameWnd)
+
+CAttFrameWnd::CAttFrameWnd() = default;
+CAttFrameWnd::~CAttFrameWnd() = default;
+CAttFrameWnd_ZU::CAttFrameWnd_ZU() = default;
+CAttFrameWnd_ZU::~CAttFrameWnd_ZU() = default;
+
+const CRuntimeClass* CAttFrameWnd::leftClass() const {
+    return RUNTIME_CLASS(CEntView);
+}
+
+const CRuntimeClass* CAttFrameWnd::rightClass() const {
+    return RUNTIME_CLASS(CAttView);
+}
+
+const CRuntimeClass* CAttFrameWnd_ZU::leftClass() const {
+    return RUNTIME_CLASS(CEntView_ZU);
+}
+
+const CRuntimeClass* CAttFrameWnd_ZU::rightClass() const {
+    return RUNTIME_CLASS(CAttView_ZU);
+}
+
+BOOL CAttFrameWnd::OnCreateClient(LPCREATESTRUCT /*create*/, CCreateContext* context) {
+    const bool isMade =
+        m_splitter.CreateStatic(this, 1, 2, WS_CHILD | WS_VISIBLE, AFX_IDW_PANE_FIRST) != FALSE &&
+        m_splitter.CreateView(0, 0, leftClass(), CSize(150, 300), context) != FALSE &&
+        m_splitter.CreateView(0, 1, rightClass(), CSize(200, 300), context) != FALSE &&
+        m_splitter.ModifyStyleEx(0, WS_EX_CLIENTEDGE) != FALSE;
+    if (!isMade)
+        m_splitter.DestroyWindow();
+    return isMade ? TRUE : FALSE;
+}
+
+CEntView* CAttFrameWnd::GetLeftPane() const {
+    return static_cast<CEntView*>(m_splitter.GetPane(0, 0));
+}
+
+CAttView* CAttFrameWnd::GetRightPane() const {
+    return static_cast<CAttView*>(m_splitter.GetPane(0, 1));
+}
+
+CEntView_ZU* CAttFrameWnd_ZU::GetLeftPane() const {
+    return static_cast<CEntView_ZU*>(m_splitter.GetPane(0, 0));
+}
+
+CAttView_ZU* CAttFrameWnd_ZU::GetRightPane() const {
+    return static_cast<CAttView_ZU*>(m_splitter.GetPane(0, 1));
+}

@@ -1,0 +1,176 @@
+#include "attributes/views/attribute_pane.h"
+
+#include "attributes/attribute_rows.h"
+#include "attributes/attribute_tables.h"
+#include "attributes/model/field_rules.h"
+#include "attributes/model/write_back.h"
+#include "attributes/views/entity_attributes.h"
+#include "frame/module_state.h"
+#include "frame/resource_ids.h"
+
+#include <zucomn/attributes.h>
+#include <zucomn/frame.h>
+
+#include <algorithm>
+
+namespace zu {
+
+namespace {
+
+CString resourceText(unsigned id) {
+    CString text;
+    ZuComn_LoadString(ZuComn_GetResource(), id, text);
+    return text;
+}
+
+/// An offered text that is empty stands for free entry; so does having nothing to offer.
+CPropertyItem propertyOf(const ShownItem& shown, const ParameterIndex& parameters) {
+    const CString id = attributeField(shown.key, 1);
+    CPropertyItem item;
+    item.key = shown.key;
+    item.value = shown.value;
+    item.name = CAttributeData::GetItemName(id);
+    if (item.name.IsEmpty())
+        item.name = id;
+    item.editable = parameters.editable(id);
+    item.choices = parameters.choices(id, shown.value);
+    const auto end = std::remove_if(item.choices.begin(), item.choices.end(),
+                                    [](const CString& text) { return text.IsEmpty(); });
+    item.freeText = end != item.choices.end() || item.choices.empty();
+    item.choices.erase(end, item.choices.end());
+    item.type = item.choices.empty() ? 0 : CPropertyItem::kChoiceItem;
+    return item;
+}
+
+bool comesFirst(const ShownItem& left, const ShownItem& right) {
+    if (left.shared != right.shared)
+        return left.shared;
+    return compareIds(attributeField(left.key, 1), attributeField(right.key, 1)) < 0;
+}
+
+bool isDigit(wchar_t character) {
+    return character >= L'0' && character <= L'9';
+}
+
+/// The number that begins at a place, which moves behind it.
+long long numberAt(const CString& text, int& place) {
+    constexpr long long kMost = 1'000'000'000'000;
+    long long number = 0;
+    for (; place < text.GetLength() && isDigit(text[place]); ++place)
+        number = std::min(number * 10 + (text[place] - L'0'), kMost);
+    return number;
+}
+
+} // namespace
+
+int compareIds(const CString& left, const CString& right) {
+    int l = 0;
+    int r = 0;
+    while (l < left.GetLength() && r < right.GetLength()) {
+        if (isDigit(left[l]) && isDigit(right[r])) {
+            const long long first = numberAt(left, l);
+            const long long second = numberAt(right, r);
+            if (first != second)
+                return first < second ? -1 : 1;
+        } else if (left[l] != right[r]) {
+            return left[l] < right[r] ? -1 : 1;
+        } else {
+            ++l;
+            ++r;
+        }
+    }
+    return (left.GetLength() - l) - (right.GetLength() - r);
+}
+
+bool AttributePane::create(CWnd& view) {
+    constexpr DWORD kStyle =
+        WS_CHILD | WS_VISIBLE | WS_VSCROLL | LBS_NOTIFY | LBS_OWNERDRAWFIXED | LBS_NOINTEGRALHEIGHT;
+    if (list_.Create(kStyle, CRect(), &view, kPropertyListId) == FALSE)
+        return false;
+    list_.SetFont(CFont::FromHandle(static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT))));
+    list_.SetManager(&manager_);
+    AttributeTables::instance();
+    return true;
+}
+
+void AttributePane::resize(int width, int height) {
+    if (list_.GetSafeHwnd() != nullptr)
+        list_.MoveWindow(0, 0, width, height);
+}
+
+void AttributePane::clear() {
+    show({}, nullptr);
+}
+
+void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys) {
+    const int before = list_.GetSelectedItem();
+    const CString selectedKey = before >= 0 ? manager_.GetItem(before).key : CString();
+    const ParameterIndex parameters(AttributeTables::instance().parameters());
+    std::vector<ShownItem> ordered(items.begin(), items.end());
+    std::stable_sort(ordered.begin(), ordered.end(), comesFirst);
+    list_.EndEdit(false);
+    manager_.Clear();
+    const ResourceScope scope;
+    auto item = ordered.begin();
+    for (const bool shared : {true, false}) {
+        manager_.AddCategory(resourceText(shared ? text::kCommonCategory : text::kGeneralCategory));
+        for (; item != ordered.end() && item->shared == shared; ++item) {
+            manager_.AddItem(propertyOf(*item, parameters));
+            if (keys != nullptr)
+                keys->Add(item->key);
+        }
+    }
+    list_.Refresh();
+    list_.SetCurSel(-1);
+    if (!selectedKey.IsEmpty())
+        list_.SelectItem(manager_.FindItem(selectedKey));
+}
+
+void AttributePane::showEntities(std::span<const AcDbObjectId> entities, CStringArray* keys) {
+    show(shownItemsOf(entities), keys);
+}
+
+void AttributePane::showPart(const wchar_t* partFile, CStringArray* keys) {
+    CAttributeData data;
+    CPtrArray lists;
+    if (data.ReadData(CString(partFile), 0) == 0)
+        data.WriteData(data.GetEntityList(), lists);
+    std::vector<const CStringArray*> raw;
+    for (int i = 0; i < lists.GetSize(); ++i)
+        raw.push_back(&stringsAt(lists, i));
+    show(raw.empty() ? std::vector<ShownItem>() : shownItems(raw), keys);
+    data.WriteDataFree(lists);
+}
+
+int AttributePane::selected(CStringArray& keys, CStringArray& values) const {
+    const int selectedItem = list_.GetSelectedItem();
+    if (selectedItem < 0)
+        return -1;
+    const CPropertyItem& item = manager_.GetItem(selectedItem);
+    if (item.key.IsEmpty() || item.value.IsEmpty())
+        return -1;
+    keys.Add(item.key);
+    values.Add(item.value);
+    return 0;
+}
+
+void AttributePane::all(CStringArray& keys, CStringArray& values) const {
+    for (int i = 0; i < manager_.GetItemCount(); ++i) {
+        keys.Add(manager_.GetItem(i).key);
+        values.Add(manager_.GetItem(i).value);
+    }
+}
+
+void AttributePane::setValue(const wchar_t* key, const wchar_t* value) {
+    if (manager_.SetValue(manager_.FindItem(CString(key) + L"|"), value))
+        list_.Refresh();
+}
+
+std::vector<ShownItem> AttributePane::items() const {
+    std::vector<ShownItem> items;
+    for (int i = 0; i < manager_.GetItemCount(); ++i)
+        items.push_back({manager_.GetItem(i).key, manager_.GetItem(i).value, true});
+    return items;
+}
+
+} // namespace zu

@@ -1,0 +1,123 @@
+#include "attributes/model/field_rules.h"
+#include "attributes/views/attribute_pane.h"
+#include "attributes/views/entity_list.h"
+#include "frame/module_state.h"
+#include "frame/resource_ids.h"
+
+#include <zucomn/frame.h>
+#include <zucomn/views.h>
+
+IMPLEMENT_DYNCREATE(CEntView, CView)
+IMPLEMENT_DYNCREATE(CEntView_ZU, CEntView)
+
+namespace {
+
+constexpr UINT kButtonId = 3001;
+constexpr int kButtonWidth = 60;
+constexpr int kButtonHeight = 23;
+constexpr UINT kSynchronise = WM_APP;
+
+/// The attribute view beside an entity view; null outside an attribute window.
+CAttView* attributesBeside(const CWnd& view) {
+    const CFrameWnd* const frame = view.GetParentFrame();
+    const bool isAttributeWindow = frame != nullptr && frame->IsKindOf(RUNTIME_CLASS(CAttFrameWnd)) != FALSE;
+    return isAttributeWindow ? static_cast<const CAttFrameWnd*>(frame)->GetRightPane() : nullptr;
+}
+
+std::span<const AcDbObjectId> spanOf(const AcArray<AcDbObjectId>& ids) {
+    return {ids.asArrayPtr(), static_cast<std::size_t>(ids.length())};
+}
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CEntView, CView)
+ON_WM_CREATE()
+ON_WM_SIZE()
+ON_BN_CLICKED(kButtonId, OnUpdateAttributes)
+ON_NOTIFY(LVN_ITEMCHANGED, zu::EntityList::kId, OnItemchanged)
+ON_MESSAGE(kSynchronise, OnSynchronise)
+END_MESSAGE_MAP()
+
+CEntView::CEntView() : m_list(std::make_unique<zu::EntityList>()) {}
+CEntView::~CEntView() = default;
+CEntView_ZU::CEntView_ZU() = default;
+CEntView_ZU::~CEntView_ZU() = default;
+
+int CEntView::OnCreate(LPCREATESTRUCT create) {
+    const zu::ResourceScope scope;
+    if (CView::OnCreate(create) == -1)
+        return -1;
+    CString caption;
+    ZuComn_LoadString(ZuComn_GetResource(), zu::text::kModify, caption);
+    m_button.Create(caption, WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(0, 0, kButtonWidth, kButtonHeight),
+                    this, kButtonId);
+    m_button.SetFont(CFont::FromHandle(static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT))));
+    return m_list->create(*this) ? 0 : -1;
+}
+
+void CEntView::OnSize(UINT type, int width, int height) {
+    CView::OnSize(type, width, height);
+    m_button.MoveWindow(0, 0, width, kButtonHeight);
+    m_list->MoveWindow(0, kButtonHeight, width, height - kButtonHeight);
+}
+
+void CEntView::OnDraw(CDC* /*dc*/) {}
+
+void CEntView::SetGroups(std::vector<CEntityGroup> groups) {
+    m_list->setGroups(std::move(groups));
+}
+
+void CEntView::SetEntities(const AcArray<AcDbObjectId>& entities) {
+    SetGroups(zu::groupsOf(entities));
+    AddListView();
+}
+
+void CEntView::AddListView() {
+    m_list->fill();
+    synchronise();
+}
+
+AcArray<AcDbObjectId> CEntView::GetSelectedEntities() const {
+    return m_list->selectedEntities();
+}
+
+/// A change of the selection comes line by line; the attribute view follows once for all of them.
+void CEntView::OnItemchanged(NMHDR* header, LRESULT* result) {
+    const auto& change = *reinterpret_cast<const NMLISTVIEW*>(header);
+    if ((change.uChanged & LVIF_STATE) != 0 && !m_synchronises)
+        m_synchronises = PostMessage(kSynchronise) != FALSE;
+    *result = 1;
+}
+
+LRESULT CEntView::OnSynchronise(WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    if (m_synchronises)
+        synchronise();
+    return 0;
+}
+
+void CEntView::synchronise() {
+    m_synchronises = false;
+    if (CAttView* const attributes = attributesBeside(*this); attributes != nullptr)
+        attributes->AddListView(GetSelectedEntities(), nullptr);
+}
+
+void CEntView::OnUpdateAttributes() {
+    CAttView* const attributes = attributesBeside(*this);
+    if (attributes == nullptr || !attributes->pane().list().EndEdit(true))
+        return;
+    zu::applyToEntities(attributes->pane(), spanOf(GetSelectedEntities()));
+    synchronise();
+}
+
+CString CEntView::GetAttDetails(const CString& text, int n) {
+    return zu::attributeField(text, n);
+}
+
+bool CEntView::IsUpdateEnable(const CString& text) {
+    return zu::isEditable(text);
+}
+
+bool CEntView::GetAttIDCode(CString& code, const CPtrArray& table, const CString& first,
+                            const CString& third) {
+    return zu::findIdCode(code, table, first, third);
+}

@@ -1,0 +1,195 @@
+#include "attributes/views/entity_list.h"
+
+#include "attributes/views/expander.h"
+#include "frame/resource_ids.h"
+
+#include <zucomn/frame.h>
+
+#include <array>
+#include <set>
+
+namespace zu {
+
+BEGIN_MESSAGE_MAP(EntityList, CListCtrl)
+ON_WM_KEYDOWN()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONDBLCLK()
+END_MESSAGE_MAP()
+
+bool EntityList::create(CWnd& view) {
+    constexpr DWORD kStyle =
+        WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_NOSORTHEADER | LVS_SHOWSELALWAYS | LVS_OWNERDRAWFIXED;
+    constexpr int kWidth = 150;
+    if (Create(kStyle, CRect(), &view, kId) == FALSE)
+        return false;
+    highlight_ = GetSysColor(COLOR_HIGHLIGHT);
+    int column = 0;
+    for (const unsigned title : std::array{text::kElement, text::kLayer}) {
+        CString heading;
+        ZuComn_LoadString(ZuComn_GetResource(), title, heading);
+        InsertColumn(column++, heading, LVCFMT_LEFT, kWidth);
+    }
+    return true;
+}
+
+void EntityList::setGroups(std::vector<CEntityGroup> groups) {
+    DeleteAllItems();
+    lines_.clear();
+    groups_ = std::move(groups);
+}
+
+void EntityList::fill() {
+    DeleteAllItems();
+    lines_.clear();
+    for (const CEntityGroup& group : groups_)
+        for (const CEntityGroup::Row& row : group.rows)
+            if (row.columns == nullptr || row.columns->IsEmpty())
+                AfxThrowInvalidArgException();
+    SetRedraw(FALSE);
+    for (std::size_t group = 0; group < groups_.size(); ++group)
+        insertLine(GetItemCount(), {Line::kParent, group, 0, false}, groups_[group].title);
+    setExpanded(0, true);
+    SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    SetRedraw(TRUE);
+}
+
+void EntityList::insertLine(int index, const Line& line, const CString& text) {
+    LVITEM item;
+    item.mask = LVIF_TEXT | LVIF_PARAM | LVIF_INDENT;
+    item.iItem = index;
+    item.pszText = text;
+    item.lParam = reinterpret_cast<LPARAM>(&lines_.emplace_back(line));
+    item.iIndent = line.kind == Line::kParent ? 0 : 1;
+    InsertItem(&item);
+}
+
+EntityList::Line* EntityList::lineAt(int index) const {
+    return reinterpret_cast<Line*>(GetItemData(index));
+}
+
+void EntityList::insertRows(int below, std::size_t group) {
+    const std::vector<CEntityGroup::Row>& rows = groups_[group].rows;
+    for (std::size_t row = 0; row < rows.size(); ++row) {
+        const CStringArray& columns = *rows[row].columns;
+        const int index = below + 1 + static_cast<int>(row);
+        insertLine(index, {0, group, row, false}, columns[0]);
+        for (int column = 1; column < columns.GetSize() && column < GetColumnCount(); ++column)
+            SetItemText(index, column, columns[column]);
+    }
+}
+
+void EntityList::setExpanded(int index, bool expanded) {
+    Line* const line = lineAt(index);
+    if (line == nullptr || line->kind != Line::kParent || line->isExpanded == expanded)
+        return;
+    line->isExpanded = expanded;
+    SetRedraw(FALSE);
+    if (expanded)
+        insertRows(index, line->group);
+    else
+        for (std::size_t row = groups_[line->group].rows.size(); row > 0; --row)
+            DeleteItem(index + static_cast<int>(row));
+    SetRedraw(TRUE);
+}
+
+int EntityList::parentOf(int index) const {
+    while (index >= 0 && lineAt(index) != nullptr && lineAt(index)->kind != Line::kParent)
+        --index;
+    return index;
+}
+
+AcArray<AcDbObjectId> EntityList::selectedEntities() const {
+    AcArray<AcDbObjectId> entities;
+    std::set<std::pair<std::size_t, std::size_t>> seen;
+    const auto add = [&](std::size_t group, std::size_t row) {
+        if (seen.emplace(group, row).second)
+            entities.append(groups_[group].rows[row].entity);
+    };
+    for (int index = GetNextItem(-1, LVNI_SELECTED); index >= 0; index = GetNextItem(index, LVNI_SELECTED)) {
+        const Line& line = *lineAt(index);
+        if (line.kind != Line::kParent)
+            add(line.group, line.row);
+        else
+            for (std::size_t row = 0; row < groups_[line.group].rows.size(); ++row)
+                add(line.group, row);
+    }
+    return entities;
+}
+
+// ---- folding
+
+void EntityList::OnLButtonDown(UINT flags, CPoint point) {
+    const int index = HitTest(point);
+    const Line* const line = lineAt(index);
+    CRect row;
+    const bool isMark = line != nullptr && line->kind == Line::kParent && GetItemRect(index, &row) != FALSE &&
+                        point.x < row.left + kExpanderWidth;
+    if (isMark)
+        setExpanded(index, !line->isExpanded);
+    else
+        CListCtrl::OnLButtonDown(flags, point);
+}
+
+void EntityList::OnLButtonDblClk(UINT flags, CPoint point) {
+    CListCtrl::OnLButtonDblClk(flags, point);
+    const int index = HitTest(point);
+    if (const Line* const line = lineAt(index); line != nullptr)
+        setExpanded(index, !line->isExpanded);
+}
+
+void EntityList::OnKeyDown(UINT key, UINT repeat, UINT flags) {
+    const int index = GetNextItem(-1, LVNI_FOCUSED);
+    const Line* const line = lineAt(index);
+    const bool isParent = line != nullptr && line->kind == Line::kParent;
+    const bool folds = key == VK_LEFT || key == VK_SUBTRACT;
+    const bool unfolds = key == VK_RIGHT || key == VK_ADD;
+    if (isParent && (folds || unfolds)) {
+        setExpanded(index, unfolds);
+    } else if (line != nullptr && folds) {
+        SetItemState(-1, 0, LVIS_SELECTED);
+        SetItemState(parentOf(index), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    } else {
+        CListCtrl::OnKeyDown(key, repeat, flags);
+    }
+}
+
+// ---- drawing
+
+void EntityList::MeasureItem(LPMEASUREITEMSTRUCT measure) {
+    constexpr UINT kAroundText = 6;
+    measure->itemHeight += kAroundText;
+}
+
+void EntityList::DrawItem(LPDRAWITEMSTRUCT draw) {
+    constexpr int kMargin = 4;
+    const int index = static_cast<int>(draw->itemID);
+    const Line* const line = lineAt(index);
+    if (line == nullptr)
+        return;
+    CDC dc = CDC::FromHandle(draw->hDC);
+    const CRect row(draw->rcItem);
+    const bool isSelected = (draw->itemState & ODS_SELECTED) != 0;
+    const bool isParent = line->kind == Line::kParent;
+    const COLORREF background =
+        isSelected ? highlight_ : GetSysColor(isParent ? COLOR_BTNFACE : COLOR_WINDOW);
+    const COLORREF color = GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
+    dc.FillSolidRect(row, background);
+    if (isParent)
+        drawExpander(dc, CRect(row.left, row.top, row.left + kExpanderWidth, row.bottom), line->isExpanded,
+                     color);
+    dc.SetTextColor(color);
+    int left = row.left;
+    for (int column = 0; column < GetColumnCount(); ++column) {
+        CRect cell(left, row.top, isParent ? row.right : left + GetColumnWidth(column), row.bottom);
+        left += GetColumnWidth(column);
+        cell.DeflateRect(column == 0 ? kExpanderWidth * (isParent ? 1 : 2) : kMargin, 0, kMargin, 0);
+        dc.DrawText(GetItemText(index, column), cell,
+                    DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+        if (isParent)
+            break;
+    }
+    if ((draw->itemState & ODS_FOCUS) != 0)
+        dc.DrawFocusRect(row);
+}
+
+} // namespace zu

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <afxcmn.h>
+#include <zucomn/views.h>
+
+#include <deque>
+
+namespace zu {
+
+/// The two-level list of the entity view: a line for each group, and one for each row of the groups that are
+/// unfolded.
+class EntityList : public CListCtrl {
+public:
+    static constexpr UINT kId = 3003;
+
+    /// The list, with its columns, in a view.
+    bool create(CWnd& view);
+
+    void setGroups(std::vector<CEntityGroup> groups);
+    /// Fills the list anew: the first group unfolded and selected. Throws the framework's invalid-argument
+    /// exception for a row without a column.
+    void fill();
+
+    [[nodiscard]] AcArray<AcDbObjectId> selectedEntities() const;
+
+    void DrawItem(LPDRAWITEMSTRUCT draw) override;
+    void MeasureItem(LPMEASUREITEMSTRUCT measure) override;
+
+protected:
+    void OnLButtonDown(UINT flags, CPoint point);
+    void OnLButtonDblClk(UINT flags, CPoint point);
+    void OnKeyDown(UINT key, UINT repeat, UINT flags);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    /// What a line of the list refers to.
+    struct Line {
+        static constexpr int kParent = 7;
+        int kind = 0; ///< kParent for the line of a group.
+        std::size_t group = 0;
+        std::size_t row = 0;
+        bool isExpanded = false;
+    };
+
+    [[nodiscard]] Line* lineAt(int index) const;
+    void insertRows(int below, std::size_t group);
+    void setExpanded(int index, bool expanded);
+    void insertLine(int index, const Line& line, const CString& text);
+    [[nodiscard]] int parentOf(int index) const;
+
+    std::vector<CEntityGroup> groups_;
+    std::deque<Line> lines_;
+    COLORREF highlight_ = 0;
+};
+
+/// Groups for the entity view: entities by their block, or by their class.
+[[nodiscard]] std::vector<CEntityGroup> groupsOf(const AcArray<AcDbObjectId>& entities);
+
+} // namespace zu

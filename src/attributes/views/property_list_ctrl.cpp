@@ -1,0 +1,212 @@
+#include "attributes/views/expander.h"
+
+#include <zucomn/property_list.h>
+
+#include <algorithm>
+
+IMPLEMENT_DYNCREATE(CPropertyListCtrl, CListBox)
+
+BEGIN_MESSAGE_MAP(CPropertyListCtrl, CListBox)
+ON_WM_SIZE()
+ON_WM_KEYDOWN()
+ON_WM_CHAR()
+ON_WM_MOUSEMOVE()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_WM_LBUTTONDBLCLK()
+ON_MESSAGE(WM_APP, OnPicked)
+ON_MESSAGE(WM_APP + 1, OnClosedUp)
+END_MESSAGE_MAP()
+
+namespace {
+
+constexpr const wchar_t* kSettings = L"PropertyList";
+constexpr const wchar_t* kDividerSetting = L"Divider";
+constexpr int kGrip = 3;
+constexpr int kLeastCell = 40;
+
+} // namespace
+
+CPropertyListCtrl::CPropertyListCtrl() = default;
+
+CPropertyListCtrl::~CPropertyListCtrl() {
+    CWnd::DestroyWindow();
+}
+
+BOOL CPropertyListCtrl::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id) {
+    LOGFONT font;
+    m_headingFont.GetLogFont(&font);
+    font.lfWeight = FW_BOLD;
+    m_headingFont.CreateFontIndirect(&font);
+    m_divider = static_cast<int>(AfxGetApp()->GetProfileInt(kSettings, kDividerSetting, 0));
+    return CListBox::Create(style, rectangle, parent, id);
+}
+
+void CPropertyListCtrl::SetManager(CMyAdaptablePropertyItemManager* manager) {
+    m_manager = manager;
+    Refresh();
+}
+
+void CPropertyListCtrl::Refresh() {
+    closeEditor();
+    const Row* const selected = rowAt(GetCurSel());
+    const Row before = selected != nullptr ? *selected : Row{-1, -1};
+    SetRedraw(FALSE);
+    const int top = GetTopIndex();
+    const int rows = m_manager != nullptr ? static_cast<int>(m_manager->GetRows().size()) : 0;
+    while (GetCount() > rows)
+        DeleteString(static_cast<UINT>(GetCount() - 1));
+    while (GetCount() < rows)
+        AddString(L"");
+    for (int index = 0; index < rows; ++index)
+        if (const Row& row = *rowAt(index); row.category == before.category && row.item == before.item)
+            SetCurSel(index);
+    SetTopIndex(top);
+    SetRedraw(TRUE);
+    Invalidate();
+}
+
+const CPropertyListCtrl::Row* CPropertyListCtrl::rowAt(int index) const {
+    const bool isThere =
+        m_manager != nullptr && index >= 0 && index < static_cast<int>(m_manager->GetRows().size());
+    return isThere ? &m_manager->GetRows()[static_cast<std::size_t>(index)] : nullptr;
+}
+
+const CPropertyItem* CPropertyListCtrl::itemAt(int index) const {
+    const Row* const row = rowAt(index);
+    return row != nullptr && row->item >= 0 ? &m_manager->GetItem(row->item) : nullptr;
+}
+
+int CPropertyListCtrl::GetSelectedItem() const {
+    const Row* const row = rowAt(GetCurSel());
+    return row != nullptr ? row->item : -1;
+}
+
+void CPropertyListCtrl::SelectItem(int item) {
+    for (int index = 0; rowAt(index) != nullptr; ++index)
+        if (item >= 0 && rowAt(index)->item == item)
+            SetCurSel(index);
+}
+
+// ---- the bar between names and values
+
+int CPropertyListCtrl::GetDivider() const {
+    CRect client;
+    GetClientRect(&client);
+    const int wanted = m_divider > 0 ? m_divider : client.Width() * 9 / 20;
+    return std::clamp(wanted, std::min(kLeastCell, client.Width()),
+                      std::max(client.Width() - kLeastCell, std::min(kLeastCell, client.Width())));
+}
+
+void CPropertyListCtrl::setDivider(int place) {
+    m_divider = std::max(place, kLeastCell);
+    placeEditor();
+    Invalidate();
+}
+
+bool CPropertyListCtrl::isOnDivider(CPoint point) const {
+    BOOL outside = FALSE;
+    const int index = static_cast<int>(ItemFromPoint(point, outside));
+    return outside == FALSE && itemAt(index) != nullptr && std::abs(point.x - GetDivider()) <= kGrip;
+}
+
+void CPropertyListCtrl::OnSize(UINT type, int width, int height) {
+    CListBox::OnSize(type, width, height);
+    placeEditor();
+    Invalidate();
+}
+
+// ---- mouse
+
+void CPropertyListCtrl::OnMouseMove(UINT flags, CPoint point) {
+    SetCursor(LoadCursorW(nullptr, m_isDragging || isOnDivider(point) ? IDC_SIZEWE : IDC_ARROW));
+    if (m_isDragging)
+        setDivider(point.x);
+    else
+        CListBox::OnMouseMove(flags, point);
+}
+
+void CPropertyListCtrl::OnLButtonDown(UINT flags, CPoint point) {
+    if (isOnDivider(point)) {
+        m_isDragging = true;
+        return;
+    }
+    if (!EndEdit(true))
+        return;
+    CListBox::OnLButtonDown(flags, point);
+    BOOL outside = FALSE;
+    const int index = static_cast<int>(ItemFromPoint(point, outside));
+    if (const Row* const row = outside == FALSE ? rowAt(index) : nullptr;
+        row != nullptr && row->item < 0 && point.x < zu::kExpanderWidth)
+        setExpanded(index, !m_manager->IsExpanded(row->category));
+}
+
+void CPropertyListCtrl::OnLButtonUp(UINT flags, CPoint point) {
+    if (m_isDragging) {
+        m_isDragging = false;
+        AfxGetApp()->WriteProfileInt(kSettings, kDividerSetting, m_divider);
+        return;
+    }
+    CListBox::OnLButtonUp(flags, point);
+    BOOL outside = FALSE;
+    const int index = static_cast<int>(ItemFromPoint(point, outside));
+    if (outside == FALSE && index == GetCurSel() && itemAt(index) != nullptr && point.x > GetDivider())
+        BeginEdit();
+}
+
+void CPropertyListCtrl::OnLButtonDblClk(UINT flags, CPoint point) {
+    CListBox::OnLButtonDblClk(flags, point);
+    BOOL outside = FALSE;
+    const int index = static_cast<int>(ItemFromPoint(point, outside));
+    const Row* const row = outside == FALSE ? rowAt(index) : nullptr;
+    if (row != nullptr && row->item < 0 && point.x >= zu::kExpanderWidth)
+        setExpanded(index, !m_manager->IsExpanded(row->category));
+    else if (row != nullptr && row->item >= 0)
+        BeginEdit();
+}
+
+// ---- keys
+
+void CPropertyListCtrl::setExpanded(int index, bool expanded) {
+    if (const Row* const row = rowAt(index); row != nullptr && row->item < 0) {
+        m_manager->SetExpanded(row->category, expanded);
+        Refresh();
+    }
+}
+
+void CPropertyListCtrl::OnKeyDown(UINT key, UINT repeat, UINT flags) {
+    const int index = GetCurSel();
+    const Row* const row = rowAt(index);
+    const bool isHeading = row != nullptr && row->item < 0;
+    if (isHeading && (key == VK_LEFT || key == VK_SUBTRACT))
+        setExpanded(index, false);
+    else if (isHeading && (key == VK_RIGHT || key == VK_ADD))
+        setExpanded(index, true);
+    else if (isHeading && (key == VK_RETURN || key == VK_SPACE))
+        setExpanded(index, !m_manager->IsExpanded(row->category));
+    else if (!isHeading && (key == VK_RETURN || key == VK_F2 || key == VK_F4)) {
+        if (BeginEdit() && key == VK_F4)
+            m_choices.ShowDropDown();
+    } else
+        CListBox::OnKeyDown(key, repeat, flags);
+}
+
+/// Typing begins to edit where free text is allowed, with the character typed.
+void CPropertyListCtrl::OnChar(UINT character, UINT /*repeat*/, UINT /*flags*/) {
+    const CPropertyItem* const item = itemAt(GetCurSel());
+    if (item == nullptr || !item->editable || GetKeyState(VK_CONTROL) < 0 || !BeginEdit())
+        return;
+    if (item->freeText)
+        editor()->SetWindowText(CString(static_cast<wchar_t>(character)));
+}
+
+bool CPropertyListCtrl::moveSelection(int step) {
+    const int wanted = GetCurSel() + step;
+    if (rowAt(wanted) == nullptr)
+        return false;
+    SetCurSel(wanted);
+    if (CWnd* const parent = GetParent(); parent != nullptr)
+        parent->SendMessage(WM_COMMAND, MAKEWPARAM(static_cast<UINT>(GetDlgCtrlID()), LBN_SELCHANGE),
+                            reinterpret_cast<LPARAM>(GetSafeHwnd()));
+    return true;
+}
