@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "text.h"
 
+#include <afxcmn.h>
 #include <zucomn/frame.h>
 #include <zuhost/desktop.h>
 
@@ -14,8 +15,8 @@ namespace zu::app {
 namespace {
 
 constexpr unsigned kTitle = 5006;
-constexpr int kWidth = 640;
-constexpr int kHeight = 480;
+constexpr int kWidth = 600;
+constexpr int kHeight = 400;
 
 } // namespace
 
@@ -35,6 +36,12 @@ CAttFrameWnd& openAttributeWindow(const AcArray<AcDbObjectId>& entities, const s
     window->GetLeftPane()->SetEntities(entities);
     window->ShowWindow(SW_SHOW);
     return *window;
+}
+
+void selectAll(const CAttFrameWnd& window) {
+    constexpr int kLines = 3003;
+    static_cast<CListCtrl*>(window.GetLeftPane()->GetDlgItem(kLines))
+        ->SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
 }
 
 void closeWithPicture(CFrameWnd& window, const std::string& picture) {

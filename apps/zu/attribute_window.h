@@ -14,6 +14,9 @@ void preparePictures(const std::string& picture);
 /// The attribute window, filled and shown; it deletes itself when it is closed.
 CAttFrameWnd& openAttributeWindow(const AcArray<AcDbObjectId>& entities, const std::string& drawing);
 
+/// Selects every line of the window's list.
+void selectAll(const CAttFrameWnd& window);
+
 /// Draws a window into a .png file and closes it; throws Failure when the file can't be written.
 void closeWithPicture(CFrameWnd& window, const std::string& picture);
 

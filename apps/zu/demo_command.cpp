@@ -1,5 +1,6 @@
 #include "attribute_edit.h"
 #include "attribute_rows.h"
+#include "attribute_window.h"
 #include "commands.h"
 #include "drawing_file.h"
 #include "element.h"
@@ -136,6 +137,24 @@ void drawPicture(DrawingFile& drawing, const std::string& path) {
     step.say(path, ": ", scene.joints.size(), " connection points, ", joined, " joined");
 }
 
+/// The first few elements of the main route and a pipe, all selected: shows shared, various and greyed
+/// values.
+void drawWindow(const std::vector<Element>& elements, const std::string& drawing, const std::string& path) {
+    const Step step(8, "Draw the attribute window on a selection");
+    constexpr int kMost = 3;
+    std::map<std::string, int> shown;
+    AcArray<AcDbObjectId> selection;
+    for (const Element& element : elements)
+        if (!element.locked && (element.block == "RT-D300" || element.block == "RT-P50") &&
+            ++shown[element.block] <= kMost)
+            selection.append(element.id);
+    preparePictures(path);
+    CAttFrameWnd& window = openAttributeWindow(selection, drawing);
+    selectAll(window);
+    closeWithPicture(window, path);
+    step.say(path, ": the attributes of ", selection.length(), " elements");
+}
+
 void run(const Options& options) {
     const fs::path sample = fs::path(options.samples) / "drawings" / "office-floor.dxf";
     if (!fs::exists(sample))
@@ -155,10 +174,12 @@ void run(const Options& options) {
     saveDrawing(*drawing, result);
     checkSaved(result, edit, changed);
     drawPicture(*drawing, (fs::path(options.output) / "office-floor-plan.png").string());
+    drawWindow(elements, sample.string(), (fs::path(options.output) / "attribute-window.png").string());
     std::cout << "\nDone. The results are in " << fs::absolute(options.output).lexically_normal().string()
               << ":\n"
               << "   office-floor-edited.dxf   the drawing with the new attribute values\n"
               << "   office-floor-plan.png     the plan, routes coloured by link kind, joints marked\n"
+              << "   attribute-window.png      the window in which attributes are edited\n"
               << "Try: zu elements " << result << " --routes\n";
 }
 

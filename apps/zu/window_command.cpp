@@ -4,6 +4,7 @@
 #include "drawing_file.h"
 #include "failure.h"
 #include "settings_file.h"
+#include "text.h"
 
 #include <zuhost/desktop.h>
 
@@ -35,6 +36,37 @@ AcArray<AcDbObjectId> entitiesOf(const DrawingFile& drawing, const std::vector<s
     return entities;
 }
 
+/// Notes whether the drawing changes.
+class ChangeWatch : public AcDbDatabaseReactor {
+public:
+    explicit ChangeWatch(AcDbDatabase& database) : database_(database) { database_.addReactor(this); }
+    ~ChangeWatch() override { database_.removeReactor(this); }
+    ChangeWatch(const ChangeWatch&) = delete;
+    ChangeWatch& operator=(const ChangeWatch&) = delete;
+
+    void objectModified(const AcDbDatabase* /*database*/, const AcDbObject* /*object*/) override {
+        changed_ = true;
+    }
+    [[nodiscard]] bool changed() const { return changed_; }
+
+private:
+    AcDbDatabase& database_;
+    bool changed_ = false;
+};
+
+bool wantsToSave(const std::string& drawing) {
+    return AfxMessageBox(wide("Save the changes to " + drawing + "?"), MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+void letEdit(DrawingFile& drawing, const Options& options) {
+    const ChangeWatch watch(drawing.database());
+    zuhost::runDesktop();
+    if (!options.output.empty())
+        drawing.save(options.output);
+    else if (watch.changed() && wantsToSave(options.drawing))
+        drawing.save(options.drawing);
+}
+
 void run(const Options& options) {
     const SettingsFile settings(options.settings);
     DrawingFile drawing(options.drawing);
@@ -48,9 +80,7 @@ void run(const Options& options) {
         window.DestroyWindow();
         throw Failure("there is no desktop to show a window on; --screenshot draws it into a file");
     }
-    zuhost::runDesktop();
-    if (!options.output.empty())
-        drawing.save(options.output);
+    letEdit(drawing, options);
 }
 
 } // namespace
@@ -61,7 +91,8 @@ void addWindowCommand(CLI::App& program) {
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_option("HANDLE", options->handles, "Elements to show (default: every one with attributes)");
     command->add_option("--settings", options->settings, "Master settings file");
-    command->add_option("-o,--output", options->output, "Save the drawing here when the window is closed");
+    command->add_option("-o,--output", options->output,
+                        "Save the drawing here when the window is closed (default: ask)");
     command->add_option("--screenshot", options->screenshot, "Draw the window into a .png file instead");
     command->callback([options] { run(*options); });
 }

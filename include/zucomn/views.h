@@ -106,6 +106,8 @@ public:
     /// Fills the list from the groups. Throws the framework's invalid-argument exception for a row without a
     /// column.
     void AddListView();
+    /// Fills the attribute view anew from the selected lines.
+    void Synchronise();
     /// The entities of the selected lines, each once, in the order of the list.
     [[nodiscard]] AcArray<AcDbObjectId> GetSelectedEntities() const;
     /// Writes the attribute view's values to the selected entities, one undo step, and shows what they have
@@ -134,8 +136,6 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    void synchronise();
-
     CButton m_button;
     std::unique_ptr<zu::EntityList> m_list;
     bool m_synchronises = false;
@@ -149,7 +149,8 @@ protected:
     ~CEntView_ZU() override;
 };
 
-/// The attribute window.
+/// The attribute window. Ctrl+Z and Ctrl+Y run the host's undo and redo commands and show what the entities
+/// have then; while a value is edited they are the editor's.
 class ZUCOMN_API CAttFrameWnd : public CFrameWnd {
     DECLARE_DYNCREATE(CAttFrameWnd)
 
@@ -159,6 +160,8 @@ public:
 
     [[nodiscard]] CEntView* GetLeftPane() const;
     [[nodiscard]] CAttView* GetRightPane() const;
+
+    BOOL PreTranslateMessage(MSG* message) override;
 
 protected:
     BOOL OnCreateClient(LPCREATESTRUCT create, CCreateContext* context) override;

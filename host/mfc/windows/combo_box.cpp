@@ -148,5 +148,7 @@ void CComboBox::SetEditSel(int start, int end) {
 
 void CComboBox::OnKillFocus(CWnd* winner) {
     CWnd::OnKillFocus(winner);
-    notifyParent(CBN_KILLFOCUS);
+    // The box's own list may have the focus.
+    if (GetDroppedState() == FALSE)
+        notifyParent(CBN_KILLFOCUS);
 }

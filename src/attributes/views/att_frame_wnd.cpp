@@ -1,3 +1,6 @@
+#include "attributes/views/attribute_pane.h"
+
+#include <arxutil.h>
 #include <zucomn/views.h>
 
 IMPLEMENT_DYNCREATE(CAttFrameWnd, CFrameWnd)
@@ -33,6 +36,17 @@ BOOL CAttFrameWnd::OnCreateClient(LPCREATESTRUCT /*create*/, CCreateContext* con
     if (!isMade)
         m_splitter.DestroyWindow();
     return isMade ? TRUE : FALSE;
+}
+
+BOOL CAttFrameWnd::PreTranslateMessage(MSG* message) {
+    const bool isControl = message->message == WM_KEYDOWN && GetKeyState(VK_CONTROL) < 0;
+    const bool isUndo = isControl && message->wParam == 'Z';
+    const bool isRedo = isControl && message->wParam == 'Y';
+    if ((!isUndo && !isRedo) || GetRightPane() == nullptr || GetRightPane()->pane().list().IsEditing())
+        return CFrameWnd::PreTranslateMessage(message);
+    ApiComn_sendCommand(isUndo ? L"_U" : L"_REDO", 0, 1, 1);
+    GetLeftPane()->Synchronise();
+    return TRUE;
 }
 
 CEntView* CAttFrameWnd::GetLeftPane() const {

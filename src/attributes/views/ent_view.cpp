@@ -74,7 +74,7 @@ void CEntView::SetEntities(const AcArray<AcDbObjectId>& entities) {
 
 void CEntView::AddListView() {
     m_list->fill();
-    synchronise();
+    Synchronise();
 }
 
 AcArray<AcDbObjectId> CEntView::GetSelectedEntities() const {
@@ -91,11 +91,11 @@ void CEntView::OnItemchanged(NMHDR* header, LRESULT* result) {
 
 LRESULT CEntView::OnSynchronise(WPARAM /*wParam*/, LPARAM /*lParam*/) {
     if (m_synchronises)
-        synchronise();
+        Synchronise();
     return 0;
 }
 
-void CEntView::synchronise() {
+void CEntView::Synchronise() {
     m_synchronises = false;
     if (CAttView* const attributes = attributesBeside(*this); attributes != nullptr)
         attributes->AddListView(GetSelectedEntities(), nullptr);
@@ -106,7 +106,7 @@ void CEntView::OnUpdateAttributes() {
     if (attributes == nullptr || !attributes->pane().list().EndEdit(true))
         return;
     zu::applyToEntities(attributes->pane(), spanOf(GetSelectedEntities()));
-    synchronise();
+    Synchronise();
 }
 
 CString CEntView::GetAttDetails(const CString& text, int n) {

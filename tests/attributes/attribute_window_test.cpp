@@ -1,0 +1,356 @@
+#include "attributes/attribute_tables.h"
+#include "attributes/views/attribute_pane.h"
+#include "attributes/views/entity_list.h"
+#include "sample_settings.h"
+
+#include <acdocman.h>
+#include <dbapserv.h>
+#include <dbobjptr.h>
+#include <zucomn/attributes.h>
+#include <zucomn/frame.h>
+#include <zucomn/views.h>
+#include <zuhost/desktop.h>
+#include <zuhost/message_box.h>
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace {
+
+std::wstring text(const CString& value) {
+    return static_cast<const wchar_t*>(value);
+}
+
+/// The office floor of the samples as working database.
+class OfficeFloor {
+public:
+    OfficeFloor() {
+        const std::string path = std::string(ZU_SAMPLES) + "/drawings/office-floor.dxf";
+        EXPECT_EQ(database_.dxfIn(zuhost::fromUtf8(path).c_str()), Acad::eOk);
+        acdbHostApplicationServices()->setWorkingDatabase(&database_);
+    }
+    ~OfficeFloor() {
+        zuhost::clearPendingInput();
+        acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+    }
+
+    AcDbObjectId find(Adesk::UInt64 handle) {
+        AcDbObjectId id;
+        EXPECT_EQ(database_.getAcDbObjectId(id, false, AcDbHandle(handle)), Acad::eOk);
+        return id;
+    }
+    AcArray<AcDbObjectId> find(std::initializer_list<Adesk::UInt64> handles) {
+        AcArray<AcDbObjectId> ids;
+        for (const Adesk::UInt64 handle : handles)
+            ids.append(find(handle));
+        return ids;
+    }
+    std::wstring value(Adesk::UInt64 handle, const wchar_t* key) {
+        return text(CAttributeData().GetValueAttID(find(handle), key));
+    }
+
+private:
+    AcDbDatabase database_{false, true};
+};
+
+// Handles of the drawing: straight ducts, a pipe, and an air handler on a locked layer.
+constexpr Adesk::UInt64 kDuct = 0x110;
+constexpr Adesk::UInt64 kSecondDuct = 0x114;
+constexpr Adesk::UInt64 kPipe = 0x168;
+constexpr Adesk::UInt64 kLockedAirHandler = 0x10C;
+
+class AttributeWindow : public ::testing::Test {
+protected:
+    AttributeWindow() {
+        setenv("XDG_CONFIG_HOME", settings_.folder().path().c_str(), 1);
+        ZuComn_SetResource();
+    }
+
+    void show(CFrameWnd& frame) {
+        frame.ShowWindow(SW_SHOW);
+        frame.widget()->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(frame.widget()));
+        zuhost::settleDesktop();
+    }
+
+    /// Rows of the property list: 0 is the first heading.
+    static void click(CPropertyListCtrl& list, int row, bool onValue) {
+        CRect place;
+        ASSERT_EQ(list.GetItemRect(row, &place), 0);
+        const int x = onValue ? list.GetDivider() + 20 : list.GetDivider() - 20;
+        QTest::mouseClick(list.clientWidget(), Qt::LeftButton, Qt::NoModifier,
+                          QPoint(x, (place.top + place.bottom) / 2));
+    }
+
+    static QWidget* editor(const CPropertyListCtrl& list) {
+        if (auto* const box = list.clientWidget()->findChild<QComboBox*>())
+            return box;
+        return list.clientWidget()->findChild<QLineEdit*>();
+    }
+
+    SampleSettings settings_;
+    OfficeFloor drawing_;
+};
+
+/// The window with the entity view.
+class FrameTest : public AttributeWindow {
+protected:
+    FrameTest() : frame_(*new CAttFrameWnd) {
+        EXPECT_TRUE(frame_.Create(nullptr, L"属性", WS_OVERLAPPEDWINDOW, CRect(0, 0, 640, 480)));
+        show(frame_);
+    }
+    ~FrameTest() override { frame_.DestroyWindow(); }
+
+    CPropertyListCtrl& properties() { return frame_.GetRightPane()->pane().list(); }
+    CListCtrl& lines() { return *static_cast<CListCtrl*>(frame_.GetLeftPane()->GetDlgItem(3003)); }
+
+    std::vector<std::wstring> linesShown() {
+        std::vector<std::wstring> shown;
+        for (int i = 0; i < lines().GetItemCount(); ++i)
+            shown.push_back(std::wstring(static_cast<std::size_t>(lines().GetItemIndent(i)), L' ') +
+                            text(lines().GetItemText(i, 0)));
+        return shown;
+    }
+
+    std::wstring shown(const wchar_t* key) {
+        CStringArray keys;
+        CStringArray values;
+        frame_.GetRightPane()->GetAttAll(keys, values);
+        for (int i = 0; i < keys.GetSize(); ++i)
+            if (keys[i] == key)
+                return text(values[i]);
+        return L"(none)";
+    }
+
+    void pressButton() {
+        QTest::mouseClick(frame_.GetLeftPane()->GetDlgItem(3001)->widget(), Qt::LeftButton);
+    }
+
+    CAttFrameWnd& frame_;
+};
+
+using Lines = std::vector<std::wstring>;
+
+TEST_F(FrameTest, GroupsFoldAndTheirSelectionIsShown) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kPipe, kSecondDuct}));
+    EXPECT_EQ(linesShown(), (Lines{L"RT-D300 (2)", L" 110", L" 114", L"RT-P50 (1)"}));
+    EXPECT_EQ(shown(L"S302|"), L"300");
+
+    lines().SetFocus();
+    QTest::keyClick(lines().widget(), Qt::Key_Down);
+    zuhost::settleDesktop();
+    EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 1);
+    QTest::keyClick(lines().widget(), Qt::Key_Left);
+    QTest::keyClick(lines().widget(), Qt::Key_Left);
+    EXPECT_EQ(linesShown(), (Lines{L"RT-D300 (2)", L"RT-P50 (1)"}));
+    QTest::keyClick(lines().widget(), Qt::Key_Down);
+    QTest::keyClick(lines().widget(), Qt::Key_Right);
+    EXPECT_EQ(linesShown(), (Lines{L"RT-D300 (2)", L"RT-P50 (1)", L" 168"}));
+    lines().SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+    zuhost::settleDesktop();
+    EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 3);
+    EXPECT_EQ(shown(L"S501|"), L"*各種*");
+
+    frame_.GetLeftPane()->SetEntities({});
+    EXPECT_EQ(linesShown(), Lines{});
+    EXPECT_EQ(shown(L"S302|"), L"(none)");
+}
+
+TEST_F(FrameTest, RowsWithoutColumnsAreRefused) {
+    std::vector<CEntityGroup> groups(1);
+    groups[0].rows.push_back({std::make_unique<CStringArray>(), AcDbObjectId()});
+    frame_.GetLeftPane()->SetGroups(std::move(groups));
+    EXPECT_THROW(frame_.GetLeftPane()->AddListView(), CInvalidArgException);
+}
+
+TEST_F(FrameTest, ButtonWritesWhatWasChangedAsOneUndoStep) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kSecondDuct}));
+    click(properties(), 1, true);
+    auto* const box = qobject_cast<QComboBox*>(editor(properties()));
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->currentText(), "300");
+    QTest::keyClick(box, Qt::Key_F4);
+    QTest::keyClick(box->view(), Qt::Key_Down);
+    QTest::keyClick(box->view(), Qt::Key_Return);
+    zuhost::settleDesktop();
+    EXPECT_FALSE(properties().IsEditing());
+    EXPECT_EQ(shown(L"S302|"), L"400");
+    EXPECT_EQ(drawing_.value(kDuct, L"S302"), L"300");
+
+    pressButton();
+    EXPECT_EQ(drawing_.value(kDuct, L"S302"), L"400");
+    EXPECT_EQ(drawing_.value(kSecondDuct, L"S302"), L"400");
+    QTest::keyClick(lines().widget(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown(L"S302|"), L"300");
+    EXPECT_EQ(drawing_.value(kDuct, L"S302"), L"300");
+    EXPECT_EQ(drawing_.value(kSecondDuct, L"S302"), L"300");
+    QTest::keyClick(lines().widget(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(drawing_.value(kSecondDuct, L"S302"), L"400");
+}
+
+TEST_F(FrameTest, KeysEditInPlace) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
+    CPropertyListCtrl& list = properties();
+    list.SetFocus();
+    click(list, 0, false);
+    EXPECT_EQ(list.GetSelectedItem(), -1);
+    const int rows = list.GetCount();
+    QTest::keyClick(list.widget(), Qt::Key_Left);
+    EXPECT_EQ(list.GetCount(), 1);
+    QTest::keyClick(list.widget(), Qt::Key_Space);
+    EXPECT_EQ(list.GetCount(), rows);
+
+    // The size offers a list, the next item takes any text: its offer is empty.
+    QTest::keyClick(list.widget(), Qt::Key_Down);
+    QTest::keyClick(list.widget(), Qt::Key_F2);
+    QTest::keyClick(editor(list), Qt::Key_Escape);
+    EXPECT_FALSE(list.IsEditing());
+    QTest::keyClick(list.widget(), Qt::Key_F2);
+    QTest::keyClick(editor(list), Qt::Key_Tab);
+    EXPECT_TRUE(list.IsEditing());
+    QTest::keyClick(editor(list), Qt::Key_Return);
+    CStringArray keys;
+    CStringArray values;
+    EXPECT_EQ(frame_.GetRightPane()->GetAttSel(keys, values), 0);
+    EXPECT_EQ(text(keys[0]), L"S304|");
+
+    // Typing begins with the character typed; the bar is refused with a text, and the editor stays.
+    QTest::keyClicks(list.widget(), "9");
+    QTest::keyClicks(editor(list), "0|");
+    {
+        const zuhost::MessageBoxObserver observer;
+        QTest::keyClick(editor(list), Qt::Key_Return);
+        ASSERT_EQ(observer.boxes().size(), 1U);
+        EXPECT_EQ(observer.boxes()[0].text, L"縦棒 | は値に使用できません。");
+    }
+    ASSERT_TRUE(list.IsEditing());
+    QTest::keyClick(editor(list), Qt::Key_Backspace);
+    QTest::keyClick(editor(list), Qt::Key_Down);
+    EXPECT_FALSE(list.IsEditing());
+    EXPECT_EQ(shown(L"S304|"), L"90");
+    EXPECT_EQ(list.GetSelectedItem(), 2);
+}
+
+TEST_F(FrameTest, ItemsThatMayNotBeEditedStayClosed) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
+    for (int row = 1; row < properties().GetCount(); ++row) {
+        click(properties(), row, true);
+        const CPropertyItem& item = frame_.GetRightPane()->pane().manager().GetItem(row - 1);
+        EXPECT_EQ(properties().IsEditing(), item.editable) << row;
+        EXPECT_EQ(item.editable, item.key != L"S402|");
+        properties().EndEdit(false);
+    }
+}
+
+TEST_F(FrameTest, BarBetweenNamesAndValuesIsRemembered) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
+    QWidget* const surface = properties().clientWidget();
+    const int y = 30;
+    const int before = properties().GetDivider();
+    QTest::mousePress(surface, Qt::LeftButton, Qt::NoModifier, QPoint(before, y));
+    QTest::mouseMove(surface, QPoint(before - 60, y));
+    QTest::mouseRelease(surface, Qt::LeftButton, Qt::NoModifier, QPoint(before - 60, y));
+    EXPECT_EQ(properties().GetDivider(), before - 60);
+    EXPECT_FALSE(properties().IsEditing());
+    EXPECT_EQ(AfxGetApp()->GetProfileInt(L"PropertyList", L"Divider", 0), static_cast<UINT>(before - 60));
+}
+
+TEST_F(FrameTest, ValuesAreSetByKeyAndPartsShown) {
+    CAttView& view = *frame_.GetRightPane();
+    CStringArray keys;
+    view.AddListView(drawing_.find(kDuct), &keys);
+    EXPECT_EQ(text(keys[0]), L"S302|");
+    view.SetValue(L"S302", L"150");
+    view.SetValue(L"S999", L"1");
+    EXPECT_EQ(shown(L"S302|"), L"150");
+    CStringArray selected;
+    EXPECT_EQ(view.GetAttSel(selected, selected), -1);
+    EXPECT_TRUE(selected.IsEmpty());
+    keys.RemoveAll();
+    view.AddGrid(CString(settings_.folder().wide("parts/fitting-01.dxf")), &keys);
+    EXPECT_GT(keys.GetSize(), 2);
+    view.AddGrid(L"missing.dxf", nullptr);
+    EXPECT_EQ(view.pane().manager().GetItemCount(), 0);
+}
+
+TEST(AttributeFrames, TwinsHoldTheirOwnPanes) {
+    auto* const frame = new CAttFrameWnd_ZU;
+    ASSERT_TRUE(frame->Create(nullptr, L"属性"));
+    EXPECT_TRUE(frame->GetLeftPane()->IsKindOf(RUNTIME_CLASS(CEntView_ZU)));
+    EXPECT_TRUE(frame->GetRightPane()->IsKindOf(RUNTIME_CLASS(CAttView_ZU)));
+    EXPECT_TRUE(CEntView::IsUpdateEnable(L"a|b|c|1|"));
+    frame->DestroyWindow();
+}
+
+TEST(AttributeFrames, ShowKeysWithoutSettings) {
+    zu::AttributeTables::instance().clear();
+    OfficeFloor drawing;
+    auto* const frame = new CAttFrameWnd;
+    ASSERT_TRUE(frame->Create(nullptr, L"属性"));
+    const zuhost::MessageBoxObserver observer;
+    frame->GetLeftPane()->SetEntities(drawing.find({kDuct}));
+    const CMyAdaptablePropertyItemManager& shown = frame->GetRightPane()->pane().manager();
+    ASSERT_GT(shown.GetItemCount(), 0);
+    EXPECT_EQ(text(shown.GetItem(0).name), L"S302");
+    EXPECT_FALSE(shown.GetItem(0).editable);
+    frame->GetLeftPane()->OnUpdateAttributes();
+    EXPECT_TRUE(observer.boxes().empty());
+    frame->DestroyWindow();
+}
+
+/// The view that writes at once, alone in a frame.
+class AViewTest : public AttributeWindow {
+protected:
+    AViewTest() : frame_(*new CFrameWnd) {
+        CCreateContext context{RUNTIME_CLASS(CAView), nullptr};
+        EXPECT_TRUE(frame_.Create(nullptr, L"属性", WS_OVERLAPPEDWINDOW, CRect(0, 0, 400, 300), nullptr,
+                                  nullptr, 0, &context));
+        show(frame_);
+        view_ = static_cast<CAView*>(frame_.GetDlgItem(static_cast<int>(AFX_IDW_PANE_FIRST)));
+        list_ = static_cast<CPropertyListCtrl*>(view_->GetDlgItem(3002));
+    }
+    ~AViewTest() override { frame_.DestroyWindow(); }
+
+    CFrameWnd& frame_;
+    CAView* view_ = nullptr;
+    CPropertyListCtrl* list_ = nullptr;
+};
+
+TEST_F(AViewTest, WritesAChosenValueToAllThatAreNotLocked) {
+    view_->AddListView(drawing_.find({kDuct, kPipe, kLockedAirHandler}), nullptr);
+    CStringArray keys;
+    CStringArray values;
+    view_->GetAttAll(keys, values);
+    ASSERT_EQ(text(keys[0]), L"S401|");
+    EXPECT_EQ(text(values[0]), L"*各種*");
+    const std::wstring size = drawing_.value(kPipe, L"S302");
+    const std::wstring use = drawing_.value(kDuct, L"S501");
+    const std::wstring locked = drawing_.value(kLockedAirHandler, L"S401");
+
+    click(*list_, 1, false);
+    ASSERT_TRUE(list_->IsEditing());
+    QTest::keyClick(editor(*list_), Qt::Key_Down, Qt::AltModifier);
+    auto* const box = qobject_cast<QComboBox*>(editor(*list_));
+    const zuhost::MessageBoxObserver observer;
+    QTest::keyClick(box->view(), Qt::Key_End);
+    QTest::keyClick(box->view(), Qt::Key_Return);
+    zuhost::settleDesktop();
+    ASSERT_EQ(observer.boxes().size(), 1U);
+    EXPECT_EQ(observer.boxes()[0].text, L"画層 機器-固定 がﾛｯｸされています、確認してください。");
+    EXPECT_EQ(observer.boxes()[0].style & 0xF0U, MB_ICONSTOP);
+    EXPECT_EQ(drawing_.value(kDuct, L"S401"), L"2400");
+    EXPECT_EQ(drawing_.value(kPipe, L"S401"), L"2400");
+    EXPECT_EQ(drawing_.value(kLockedAirHandler, L"S401"), locked);
+    EXPECT_EQ(drawing_.value(kPipe, L"S302"), size);
+    EXPECT_EQ(drawing_.value(kDuct, L"S501"), use);
+    EXPECT_NE(zuhost::pendingInput().find(L"ZU_ATTREDIT_SEC3D"), std::wstring::npos);
+}
+
+} // namespace
