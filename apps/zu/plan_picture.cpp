@@ -122,7 +122,7 @@ private:
 
     void paintText(const PlanText& text) {
         const double size = std::max(text.height * sheet_.scale(), kSmallestText);
-        QFont font("IPAGothic");
+        QFont font("IPAexGothic");
         font.setPixelSize(std::clamp(static_cast<int>(std::lround(size)), 1, 500));
         const QString words = QString::fromStdString(text.text);
         const double width = QFontMetricsF(font).horizontalAdvance(words);
@@ -144,7 +144,7 @@ private:
     }
 
     void paintLegend() {
-        QFont font("IPAGothic");
+        QFont font("IPAexGothic");
         font.setPixelSize(14);
         painter_.setFont(font);
         double x = 16.0;
