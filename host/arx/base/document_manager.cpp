@@ -5,10 +5,8 @@
 #include "dbapserv.h"
 
 #include <afx.h>
-#include <zuhost/text_codec.h>
 
 #include <algorithm>
-#include <charconv>
 
 ACRX_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
 ACRX_CONS_DEFINE_MEMBERS(AcApDocManager, AcRxObject)
@@ -112,12 +110,12 @@ int zuhost::runPendingCommands() {
     return count;
 }
 
-std::optional<int> zuhost::takePendingNumber() {
-    const std::string word = toUtf8(nextWord());
-    int number = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    if (word.empty() || error != std::errc() || end != word.data() + word.size())
-        return std::nullopt;
+std::wstring zuhost::pendingWord() {
+    CString word = commandName(nextWord());
+    word.Remove(L'_');
+    return std::wstring(word.view());
+}
+
+void zuhost::takePendingWord() {
     takeWord();
-    return number;
 }

@@ -3,7 +3,11 @@
 #include "accmd.h"
 #include "acdocman.h"
 #include "acutads.h"
-#include "dbmain.h"
+#include "database_core.h"
+
+#include <zuhost/text_codec.h>
+
+#include <charconv>
 
 namespace {
 
@@ -36,17 +40,54 @@ void go(const Direction& direction, int steps) {
     }
 }
 
+/// The word that follows as a number of steps; 1 when it is none.
+int stepsAsked() {
+    const std::string word = zuhost::toUtf8(zuhost::pendingWord());
+    int number = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+    if (word.empty() || error != std::errc() || end != word.data() + word.size())
+        return 1;
+    zuhost::takePendingWord();
+    return number;
+}
+
+/// An option by its name or the part of it that must be given.
+bool takeOption(std::wstring_view name, std::size_t least) {
+    const std::wstring word = zuhost::pendingWord();
+    if (word.size() < least || !name.starts_with(word))
+        return false;
+    zuhost::takePendingWord();
+    return true;
+}
+
+bool takeOtherOption() {
+    return takeOption(L"AUTO", 1) || takeOption(L"CONTROL", 1) || takeOption(L"MARK", 1) ||
+           takeOption(L"BACK", 1);
+}
+
+void setGroup(bool open) {
+    if (AcDbDatabase* const drawing = currentDrawing())
+        open ? drawing->core().undo.beginGroup() : drawing->core().undo.endGroup();
+}
+
 void undoOne() {
     go(kBack, 1);
 }
 void undoSeveral() {
-    go(kBack, zuhost::takePendingNumber().value_or(1));
+    if (takeOption(L"BEGIN", 2))
+        setGroup(true);
+    else if (takeOption(L"END", 1))
+        setGroup(false);
+    else if (takeOtherOption())
+        acutPrintf(L"This option of UNDO is not supported.\n");
+    else
+        go(kBack, stepsAsked());
 }
 void redoOne() {
     go(kForth, 1);
 }
 void redoSeveral() {
-    go(kForth, zuhost::takePendingNumber().value_or(1));
+    go(kForth, stepsAsked());
 }
 
 int& runningCommands() {

@@ -8,13 +8,28 @@
 namespace zuhost {
 
 void UndoLog::startStep() {
+    if (!grouped_)
+        newStep();
+}
+
+void UndoLog::beginGroup() {
+    newStep();
+    grouped_ = true;
+}
+
+void UndoLog::endGroup() {
+    grouped_ = false;
+    newStep();
+}
+
+void UndoLog::newStep() {
     ++step_;
     stepOpen_ = false;
     noted_.clear();
 }
 
 void UndoLog::clear() {
-    startStep();
+    endGroup();
     undo_.clear();
     redo_.clear();
 }
@@ -33,7 +48,7 @@ void UndoLog::note(AcDbStub& stub, const TagList& tags, Kind kind) {
 bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing) {
     if (from.empty())
         return false;
-    core.undo.startStep(); // what follows is not part of the step that is played
+    endGroup(); // what follows is not part of the step that is played
     Step step = std::move(from.back());
     from.pop_back();
     Step opposite;

@@ -17,8 +17,11 @@ class UndoLog {
 public:
     enum class Kind { changed, appended };
 
-    /// Begins a step. One without changes leaves no trace.
+    /// Begins a step, unless a group is open. One without changes leaves no trace.
     void startStep();
+    /// Makes one step of all up to the end of the group.
+    void beginGroup();
+    void endGroup();
     /// Number of the present step, by which objects know whether they were noted in it.
     [[nodiscard]] std::uint32_t step() const { return step_; }
     void disable(bool disabled) {
@@ -44,13 +47,16 @@ private:
     };
     using Step = std::vector<Entry>;
 
-    static bool play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing);
+    bool play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing);
+
+    void newStep();
 
     std::vector<Step> undo_;
     std::vector<Step> redo_;
     std::unordered_set<AcDbStub*> noted_; ///< The objects of the present step.
     std::uint32_t step_ = 1;
     bool stepOpen_ = false;
+    bool grouped_ = false;
     bool disabled_ = false;
 };
 

@@ -3,7 +3,6 @@
 #include "rxclass.h"
 #include "zuhost/service.h"
 
-#include <optional>
 #include <string>
 
 class AcDbDatabase;
@@ -45,9 +44,11 @@ void clearPendingInput();
 /// command only and is told as well.
 int runPendingCommands();
 
-/// Takes the next word of what was sent as the answer to a running command's question for a whole number.
-/// Any other word stays: it is the next command.
-std::optional<int> takePendingNumber();
+/// The next word of what was sent, upper case and without the marks of commands and options ("_", "."); empty
+/// when there is none. A running command that takes it for its answer takes it off; any other word is the
+/// next command.
+std::wstring pendingWord();
+void takePendingWord();
 
 } // namespace zuhost
 

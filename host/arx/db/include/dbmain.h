@@ -300,7 +300,8 @@ public:
     void removeReactor(AcDbDatabaseReactor* reactor);
 
     // ---- undo
-    /// Begins a step: what changes from here to the next one is undone at once.
+    /// Begins a step: what changes from here to the next one is undone at once. Within a group that the user
+    /// opened (UNDO BEGIN) it begins none.
     void startUndoRecord();
     void disableUndoRecording(bool disable);
     [[nodiscard]] bool undoRecording() const;
