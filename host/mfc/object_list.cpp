@@ -6,6 +6,20 @@ struct CObList::Node {
     Node* next;
 };
 
+namespace {
+
+/// As many nodes again as there are, in few steps to blocks of large pages.
+int nextBlock(int allocated, std::size_t nodeSize) {
+    constexpr int kFirst = 4;
+    constexpr std::size_t kManyBytes = std::size_t{384} * 1024;
+    constexpr std::size_t kLargeBlock = std::size_t{2} * 1024 * 1024;
+    if (static_cast<std::size_t>(allocated) * nodeSize >= kManyBytes)
+        return static_cast<int>((kLargeBlock - sizeof(CPlex)) / nodeSize);
+    return std::max(allocated, kFirst);
+}
+
+} // namespace
+
 CObList::Node* CObList::node(POSITION position) {
     return reinterpret_cast<Node*>(position);
 }
@@ -17,9 +31,23 @@ CObList::~CObList() {
     RemoveAll();
 }
 
+CObList::Node* CObList::freeNode() {
+    if (free_ != nullptr)
+        return std::exchange(free_, free_->next);
+    if (unused_ == 0) {
+        const int count = nextBlock(allocated_, sizeof(Node));
+        CPlex* const block = CPlex::Create(blocks_, static_cast<std::size_t>(count), sizeof(Node));
+        fresh_ = static_cast<Node*>(block->data());
+        unused_ = count;
+        allocated_ += count;
+    }
+    --unused_;
+    return fresh_++;
+}
+
 CObList::Node* CObList::insert(Node* before, CObject* object) {
     Node* previous = before != nullptr ? before->previous : tail_;
-    Node* created = new Node{object, previous, before};
+    Node* const created = ::new (freeNode()) Node{object, previous, before};
     (previous != nullptr ? previous->next : head_) = created;
     (before != nullptr ? before->previous : tail_) = created;
     ++count_;
@@ -29,11 +57,16 @@ CObList::Node* CObList::insert(Node* before, CObject* object) {
 CObject* CObList::remove(Node* removed) {
     if (removed == nullptr)
         AfxThrowInvalidArgException();
-    const std::unique_ptr<Node> owner(removed);
     (removed->previous != nullptr ? removed->previous->next : head_) = removed->next;
     (removed->next != nullptr ? removed->next->previous : tail_) = removed->previous;
-    --count_;
-    return removed->object;
+    CObject* const object = removed->object;
+    if (--count_ == 0) {
+        RemoveAll();
+        return object;
+    }
+    removed->next = free_;
+    free_ = removed;
+    return object;
 }
 
 CObject* CObList::GetHead() const {
@@ -52,16 +85,19 @@ POSITION CObList::AddHead(CObject* object) {
     return position(insert(head_, object));
 }
 POSITION CObList::AddTail(CObject* object) {
-    return position(insert(nullptr, object));
+    Node* const created = ::new (freeNode()) Node{object, tail_, nullptr};
+    (tail_ != nullptr ? tail_->next : head_) = created;
+    tail_ = created;
+    ++count_;
+    return position(created);
 }
 
 void CObList::RemoveAll() {
-    for (Node* n = head_; n != nullptr;) {
-        const std::unique_ptr<Node> owner(n);
-        n = n->next;
-    }
-    head_ = tail_ = nullptr;
-    count_ = 0;
+    if (blocks_ != nullptr)
+        blocks_->FreeDataChain();
+    blocks_ = nullptr;
+    head_ = tail_ = free_ = fresh_ = nullptr;
+    count_ = unused_ = allocated_ = 0;
 }
 
 POSITION CObList::GetHeadPosition() const {

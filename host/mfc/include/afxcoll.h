@@ -1,6 +1,7 @@
 #pragma once
 
 #include "afx.h"
+#include "afxplex_.h"
 
 #include <algorithm>
 #include <utility>
@@ -98,7 +99,8 @@ class CDWordArray : public zuhost::FrameworkArray<DWORD> {};
 /// A place in a list; null is the end.
 using POSITION = zuhost::FrameworkPosition*;
 
-/// A doubly linked list of object pointers; it does not own the objects.
+/// A doubly linked list of object pointers; it does not own the objects. Its nodes lie in blocks that it
+/// frees when it is emptied.
 class CObList : public CObject {
 public:
     CObList() = default;
@@ -140,8 +142,14 @@ private:
     static POSITION position(Node* node);
     Node* insert(Node* before, CObject* object);
     CObject* remove(Node* node);
+    Node* freeNode();
 
     Node* head_ = nullptr;
     Node* tail_ = nullptr;
+    Node* free_ = nullptr;    ///< Chain of given back nodes.
+    CPlex* blocks_ = nullptr; ///< The newest first.
+    Node* fresh_ = nullptr;   ///< First node of the newest block that was never given out.
+    int unused_ = 0;          ///< How many there are from it on.
+    int allocated_ = 0;       ///< Nodes of all blocks.
     int count_ = 0;
 };

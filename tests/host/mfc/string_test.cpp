@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <deque>
 #include <limits>
 
 namespace {
@@ -282,6 +283,21 @@ TEST(Lists, KeepTheirOrder) {
     EXPECT_EQ(list.RemoveTail(), b);
     EXPECT_EQ(list.RemoveTail(), a);
     EXPECT_TRUE(list.IsEmpty());
+
+    // Places that were given back are used again; long lists keep their order over all blocks.
+    std::deque<CObject*> expected;
+    for (int i = 0; i < 200000; ++i) {
+        expected.push_back(i % 3 == 0 ? a : b);
+        list.AddTail(expected.back());
+        if (i % 7 == 0) {
+            list.RemoveAt(list.Find(expected.front()));
+            expected.pop_front();
+        }
+    }
+    std::deque<CObject*> kept;
+    for (place = list.GetHeadPosition(); place != nullptr;)
+        kept.push_back(list.GetNext(place));
+    EXPECT_EQ(kept, expected);
 }
 
 } // namespace
