@@ -1,23 +1,18 @@
 // Reading part drawings of 1, 10 and 100 MB, ASCII and binary, and a folder of 3,000 small ones, next to
-// dxflib and to the least that any reader has to do. Each task runs in a process of its own, so that its
-// memory is its own.
+// dxflib and to the least that any reader has to do.
 #include "limit.h"
+#include "measure.h"
 #include "part_generator.h"
 
 #include <zucomn/dxf.h>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <dl_creationadapter.h>
 #include <dl_dxf.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <malloc.h>
 #include <stdexcept>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 #include <zuhost/paths.h>
 
@@ -28,87 +23,30 @@ namespace {
 constexpr std::size_t kFolderFiles = 3000;
 constexpr std::size_t kSmallFile = 12000;
 
-struct Measure {
-    double seconds = 0;
-    double peakBytes = 0; ///< Most memory at any time, beyond the program's own.
-    double keptBytes = 0; ///< In use after reading.
-};
-
-double peakOfProcess() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return static_cast<double>(usage.ru_maxrss) * 1024;
-}
-
-/// Runs a task that gives back the bytes it holds in the end.
-Measure runInChild(const std::function<double()>& task) {
-    int ends[2];
-    if (pipe(ends) != 0)
-        throw std::runtime_error("no pipe");
-    const pid_t child = fork();
-    if (child == 0) {
-        Measure measure;
-        const double before = peakOfProcess();
-        const auto start = std::chrono::steady_clock::now();
-        measure.keptBytes = task();
-        measure.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        measure.peakBytes = peakOfProcess() - before;
-        const ssize_t written = write(ends[1], &measure, sizeof measure);
-        _exit(written == sizeof measure ? 0 : 1);
-    }
-    Measure measure;
-    const ssize_t got = read(ends[0], &measure, sizeof measure);
-    close(ends[0]);
-    close(ends[1]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (got != sizeof measure || status != 0)
-        throw std::runtime_error("a task failed");
-    return measure;
-}
-
-/// The quickest of some runs.
-Measure best(int runs, const std::function<double()>& task) {
-    Measure result = runInChild(task);
-    for (int i = 1; i < runs; ++i) {
-        const Measure measure = runInChild(task);
-        result.seconds = std::min(result.seconds, measure.seconds);
-        result.peakBytes = std::max(result.peakBytes, measure.peakBytes);
-    }
-    return result;
-}
-
-double bytesInUse() {
-    const struct mallinfo2 info = mallinfo2();
-    return static_cast<double>(info.uordblks + info.hblkhd);
-}
-
-/// The drawing is not freed: its process ends.
-double readPart(const std::string& path) {
-    const double before = bytesInUse();
-    const auto* const part = new CAcadDxf(CString(zuhost::hostPath(path)));
+Held readPart(const std::string& path) {
+    auto part = std::make_shared<CAcadDxf>(CString(zuhost::hostPath(path)));
     if (part->GetEntities().IsEmpty() != FALSE)
         throw std::runtime_error("nothing in " + path);
-    return bytesInUse() - before;
+    return part;
 }
 
-double readWithDxflib(const std::string& path) {
+Held readWithDxflib(const std::string& path) {
     DL_CreationAdapter nothing;
     DL_Dxf reader;
     if (!reader.in(path, &nothing))
         throw std::runtime_error("dxflib cannot read " + path);
-    return 0;
+    return nullptr;
 }
 
-double touchLimit(const std::string& path) {
-    volatile double sum = readLimit(path);
-    return sum * 0;
+Held touchLimit(const std::string& path) {
+    [[maybe_unused]] const volatile double sum = readLimit(path);
+    return nullptr;
 }
 
-void print(const char* what, const Measure& measure, double bytes) {
+void print(const char* what, const Measure& task, double bytes) {
     std::printf("  %-10s %9.2f ms %8.1f MB/s   peak %5.2f, kept %5.2f times the file\n", what,
-                measure.seconds * 1e3, bytes / measure.seconds / 1e6, measure.peakBytes / bytes,
-                measure.keptBytes / bytes);
+                task.seconds * 1e3, bytes / task.seconds / 1e6, task.peakBytes / bytes,
+                task.keptBytes / bytes);
 }
 
 void writeFile(const fs::path& path, const std::string& bytes) {
@@ -117,20 +55,20 @@ void writeFile(const fs::path& path, const std::string& bytes) {
 
 void compare(const fs::path& folder, std::size_t megabytes, bool binary) {
     const std::string path = folder / "part.dxf";
-    runInChild([&] {
+    measure(1, [&] {
         writeFile(path, makePart(megabytes * 1000000, binary));
-        return 0.0;
+        return nullptr;
     });
     const auto bytes = static_cast<double>(fs::file_size(path));
-    const int runs = megabytes < 100 ? 9 : 5;
+    const int runs = megabytes < 100 ? 20 : 7;
     std::printf("%zu MB %s\n", megabytes, binary ? "binary" : "ASCII");
-    const Measure limit = best(runs, [&] { return touchLimit(path); });
-    const Measure part = best(runs, [&] { return readPart(path); });
+    const Measure limit = measure(runs, [&] { return touchLimit(path); });
+    const Measure part = measure(runs, [&] { return readPart(path); });
     print("limit", limit, bytes);
     print("CAcadDxf", part, bytes);
     std::printf("  %.2f of the limit's speed", limit.seconds / part.seconds);
     if (!binary) {
-        const Measure dxflib = best(megabytes < 100 ? 3 : 1, [&] { return readWithDxflib(path); });
+        const Measure dxflib = measure(megabytes < 100 ? 5 : 2, [&] { return readWithDxflib(path); });
         std::printf(", %.1f times dxflib's (%.1f MB/s)", dxflib.seconds / part.seconds,
                     bytes / dxflib.seconds / 1e6);
     }
@@ -144,27 +82,32 @@ void compareFolder(const fs::path& folder) {
         paths.push_back(folder / ("part-" + std::to_string(i) + ".dxf"));
         writeFile(paths.back(), bytes);
     }
-    const auto overAll = [&](const std::function<double(const std::string&)>& read) {
-        return best(5, [&] {
+    const auto overAll = [&](const std::function<void(const std::string&)>& read) {
+        return measure(5, [&] {
             for (const std::string& path : paths)
                 read(path);
-            return 0.0;
+            return nullptr;
         });
     };
-    const Measure opening = overAll([](const std::string& path) {
-        const std::ifstream file(path, std::ios::binary);
-        return file.good() ? 0.0 : 1.0;
-    });
+    const Measure opening = overAll([](const std::string& path) { std::ifstream(path, std::ios::binary); });
     const Measure limit = overAll(touchLimit);
-    const Measure part = overAll([](const std::string& path) {
-        const CAcadDxf read(CString(zuhost::hostPath(path)));
-        return static_cast<double>(read.GetEntities().GetCount());
-    });
+    const Measure part = overAll(readPart);
     const Measure dxflib = overAll(readWithDxflib);
-    const auto each = [](const Measure& measure) { return measure.seconds * 1e6 / kFolderFiles; };
+    const auto each = [](const Measure& all) { return all.seconds * 1e6 / kFolderFiles; };
     std::printf(
         "%zu files of %zu bytes, microseconds each: opening %.1f, limit %.1f, CAcadDxf %.1f, dxflib %.1f\n",
         kFolderFiles, bytes.size(), each(opening), each(limit), each(part), each(dxflib));
+}
+
+/// What a program does once, finding its libraries' functions among it, is no part of reading.
+void readOnce(const fs::path& folder) {
+    const std::string path = folder / "first.dxf";
+    for (const bool binary : {true, false}) {
+        writeFile(path, makePart(kSmallFile, binary));
+        touchLimit(path);
+        readPart(path);
+    }
+    readWithDxflib(path);
 }
 
 } // namespace
@@ -173,6 +116,7 @@ int main(int argc, char** argv) {
     const fs::path folder =
         fs::path(argc > 1 ? argv[1] : ".") / ("bench-records-" + std::to_string(getpid()));
     fs::create_directories(folder);
+    readOnce(folder);
     for (const bool binary : {false, true})
         for (const std::size_t megabytes : {1U, 10U, 100U})
             compare(folder, megabytes, binary);
