@@ -74,7 +74,7 @@ QPainterPath ellipse(const CEllipse& ellipse) {
     return toPlace.map(arc({0, 0}, 1, start, end));
 }
 
-QPainterPath bulged(const std::vector<CDblPoint>& points, bool closed) {
+QPainterPath bulged(std::span<const CDblPoint> points, bool closed) {
     QPainterPath path;
     if (points.empty())
         return path;

@@ -15,6 +15,6 @@ namespace zu::preview {
 [[nodiscard]] QPainterPath arc(QPointF centre, double radius, double start, double end);
 [[nodiscard]] QPainterPath ellipse(const CEllipse& ellipse);
 /// Straight segments and arcs; the bulge of a point is the tangent of a quarter of the angle to the next one.
-[[nodiscard]] QPainterPath bulged(const std::vector<CDblPoint>& points, bool closed);
+[[nodiscard]] QPainterPath bulged(std::span<const CDblPoint> points, bool closed);
 
 } // namespace zu::preview

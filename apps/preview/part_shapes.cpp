@@ -144,7 +144,7 @@ private:
             return ellipse(static_cast<const CEllipse&>(entity));
         case EntType::lwPolyline: {
             const auto& found = static_cast<const CLwPline&>(entity);
-            return bulged(found.m_points, (found.m_flags & kClosed) != 0);
+            return bulged(found.GetPoints(), (found.m_flags & kClosed) != 0);
         }
         case EntType::polyline: {
             const auto& found = static_cast<const CPline&>(entity);

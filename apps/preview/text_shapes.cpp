@@ -138,7 +138,7 @@ double rotationOf(const CMtext& text) {
 } // namespace
 
 QPainterPath textShape(const CText& text) {
-    const QString plain = plainText(text.m_text.view()).left(kLongestText);
+    const QString plain = plainText(text.GetText().view()).left(kLongestText);
     if (plain.trimmed().isEmpty() || text.m_height <= 0)
         return {};
     const Letters letters = lettersOf(plain);

@@ -75,7 +75,7 @@ void addFields(EntityFields& fields, const CEllipse& ellipse) {
 void addFields(EntityFields& fields, const CLwPline& polyline) {
     Json points = Json::array();
     Json bulges = Json::array();
-    for (const CDblPoint& point : polyline.m_points) {
+    for (const CDblPoint& point : polyline.GetPoints()) {
         points.push_back(pointOf(point.x, point.y));
         bulges.push_back(numberOf(point.bulge));
     }
@@ -107,7 +107,7 @@ void addFields(EntityFields& fields, const CInsert& insert) {
 }
 
 void addFields(EntityFields& fields, const CText& text) {
-    fields.addText("text", 1, text.m_text);
+    fields.addText("text", 1, text.GetText());
     fields.addPoint("p", 10, text.m_x, text.m_y);
     fields.addPoint("p2", 11, text.m_x2, text.m_y2);
     fields.addNumber("height", 40, text.m_height);
@@ -121,10 +121,10 @@ void addFields(EntityFields& fields, const CText& text) {
 
 void addFields(EntityFields& fields, const CMtext& text) {
     Json parts = Json::array();
-    for (const CString& part : text.m_parts)
+    for (const CString& part : text.GetParts())
         parts.push_back(textOf(part));
     fields.put("parts", parts);
-    fields.addText("text", 1, text.m_text);
+    fields.addText("text", 1, text.GetText());
     fields.addPoint("p", 10, text.m_x, text.m_y);
     fields.addNumber("height", 40, text.m_height);
     fields.addNumber("width", 41, text.m_width);
@@ -139,7 +139,7 @@ void addFields(EntityFields& fields, const CDim& dimension) {
     fields.addPoint("p", 10, dimension.m_x, dimension.m_y);
     fields.addPoint("p2", 11, dimension.m_x2, dimension.m_y2);
     fields.add("flags", 70, dimension.m_flags);
-    fields.addText("text", 1, dimension.m_text);
+    fields.addText("text", 1, dimension.GetText());
     fields.addNumber("angle", 50, dimension.m_angle);
 }
 

@@ -1,5 +1,7 @@
 #include "number_text.h"
 
+#include "plain_number.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -18,46 +20,6 @@ std::string_view trimmed(std::string_view text) {
     while (!text.empty() && isBlank(text.back()))
         text.remove_suffix(1);
     return text;
-}
-
-constexpr auto kPowersOfTen = [] {
-    std::array<double, 23> powers{};
-    double power = 1;
-    for (double& entry : powers) {
-        entry = power;
-        power *= 10;
-    }
-    return powers;
-}();
-
-/// Nearly every number of a drawing: "12.5", "-300". Up to 2^53 the digits are a double without rounding, as
-/// are the powers of ten, so that their quotient is rounded once, as it must be.
-std::optional<double> parseFewDigits(std::string_view text) {
-    constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53U;
-    constexpr std::ptrdiff_t kMostDigits = 18;
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    const bool negative = at != end && *at == '-';
-    at += negative ? 1 : 0;
-    std::uint64_t digits = 0;
-    const auto takeDigits = [&] {
-        const char* const first = at;
-        for (; at != end && static_cast<unsigned char>(*at - '0') < 10; ++at)
-            digits = digits * 10 + static_cast<unsigned char>(*at - '0');
-        return at - first;
-    };
-    const std::ptrdiff_t whole = takeDigits();
-    std::ptrdiff_t places = 0;
-    if (at != end && *at == '.') {
-        ++at;
-        places = takeDigits();
-    }
-    const bool plain =
-        at == end && whole + places > 0 && whole + places <= kMostDigits && digits <= kLargestExact;
-    if (!plain)
-        return std::nullopt;
-    const double value = static_cast<double>(digits) / kPowersOfTen[static_cast<std::size_t>(places)];
-    return negative ? -value : value;
 }
 
 std::string_view withoutPlus(std::string_view text) {
@@ -114,8 +76,9 @@ std::optional<double> parseReal(std::string_view text) {
     const std::string_view number = withoutPlus(trimmed(text));
     if (number.empty())
         return std::nullopt;
-    if (const auto value = parseFewDigits(number))
-        return value;
+    double plain = 0;
+    if (parsePlainReal(number, plain))
+        return plain;
     if (const auto value = parsePlain(number))
         return value;
     if (const auto mended = exponentWithPlus(number))

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -19,10 +20,20 @@
 // host's colour numbers, line weights hundredths of a millimetre. Z coordinates of entities are not kept.
 
 namespace zu::dxf {
-class Field;
-class NamePool;
-class PartText;
+class Arena;
 class RecordInput;
+struct EntityFields;
+struct KeptPart;
+struct KeptText;
+struct PartMemory;
+
+/// Elements in the memory of a drawing.
+template <typename Element>
+struct KeptArray {
+    Element* items = nullptr;
+    std::uint32_t count = 0;
+    std::uint32_t capacity = 0;
+};
 } // namespace zu::dxf
 
 /// What an entity is; the object is of the class of the same name.
@@ -43,6 +54,9 @@ enum class EntType : std::uint8_t {
 
 /// Base of the entities of a part drawing. A field whose record is not in the file keeps its initial value,
 /// and Has tells so.
+///
+/// Entities are made in the memory of the drawing that is read, which lasts as long as the drawing or any
+/// list that was filled with its entities. Deleting one runs its destructor and no more.
 class ZUCOMN_API CEnt : public CObject {
     DECLARE_DYNAMIC(CEnt)
 public:
@@ -56,12 +70,14 @@ public:
     [[nodiscard]] const wchar_t* GetTypeName() const;
     /// Upper-case hexadecimal digits; empty when the file gives none.
     [[nodiscard]] CString GetHandle() const;
-    [[nodiscard]] const CString& GetLayer() const { return *layer_; }
+    [[nodiscard]] const CString& GetLayer() const { return nameOf(layer_); }
     /// True when the file has a record of that group code (one of those that the entity keeps).
     [[nodiscard]] bool Has(int code) const;
 
-    /// Takes a record of the file into its field; records that the entity doesn't keep are passed over.
-    virtual void Set(const zu::dxf::Field& field);
+    static void* operator new(std::size_t) = delete;
+    static void* operator new(std::size_t size, zu::dxf::Arena& arena);
+    static void operator delete(void*) {}
+    static void operator delete(void*, zu::dxf::Arena&) {}
 
     const EntType m_type;
     bool m_paper = false;                ///< In paper space (67).
@@ -70,13 +86,15 @@ public:
     short m_lineWeight = kWeightByLayer; ///< 370.
 
 protected:
-    explicit CEnt(EntType type);
-    void mark(int code);
+    explicit CEnt(EntType type) : m_type(type) {}
+    static const CString& nameOf(const CString* name);
 
 private:
-    std::uint32_t present_ = 0;
+    friend struct zu::dxf::EntityFields;
+
     std::uint64_t handle_ = 0;
-    const CString* layer_;
+    const CString* layer_ = nullptr;
+    std::uint32_t present_ = 0;
 };
 
 /// A list of objects that it owns: deletes them when it is emptied or destroyed.
@@ -85,13 +103,17 @@ public:
     CEntList() = default;
     ~CEntList() override { Free(); }
     void Free();
+    /// The memory lasts as long as what the list holds.
+    void Share(std::shared_ptr<zu::dxf::PartMemory> memory);
+
+private:
+    std::vector<std::shared_ptr<zu::dxf::PartMemory>> memory_;
 };
 
 class ZUCOMN_API CLine : public CEnt {
     DECLARE_DYNAMIC(CLine)
 public:
     CLine() : CEnt(EntType::line) {}
-    void Set(const zu::dxf::Field& field) override;
 
     double m_x1 = 0, m_y1 = 0, m_x2 = 0, m_y2 = 0;
 };
@@ -107,17 +129,20 @@ class ZUCOMN_API CLwPline : public CEnt {
     DECLARE_DYNAMIC(CLwPline)
 public:
     CLwPline() : CEnt(EntType::lwPolyline) {}
-    void Set(const zu::dxf::Field& field) override;
+
+    [[nodiscard]] std::span<const CDblPoint> GetPoints() const { return {points_.items, points_.count}; }
 
     int m_flags = 0; ///< 70; 1 closed.
-    std::vector<CDblPoint> m_points;
+
+private:
+    friend struct zu::dxf::EntityFields;
+    zu::dxf::KeptArray<CDblPoint> points_;
 };
 
 class ZUCOMN_API CCircle : public CEnt {
     DECLARE_DYNAMIC(CCircle)
 public:
     CCircle() : CEnt(EntType::circle) {}
-    void Set(const zu::dxf::Field& field) override;
 
     double m_x = 0, m_y = 0, m_radius = 0;
 };
@@ -126,7 +151,6 @@ class ZUCOMN_API CArc : public CEnt {
     DECLARE_DYNAMIC(CArc)
 public:
     CArc() : CEnt(EntType::arc) {}
-    void Set(const zu::dxf::Field& field) override;
 
     double m_x = 0, m_y = 0, m_radius = 0, m_start = 0, m_end = 0;
 };
@@ -135,7 +159,6 @@ class ZUCOMN_API CEllipse : public CEnt {
     DECLARE_DYNAMIC(CEllipse)
 public:
     CEllipse() : CEnt(EntType::ellipse) {}
-    void Set(const zu::dxf::Field& field) override;
 
     double m_x = 0, m_y = 0;
     double m_majorX = 0, m_majorY = 0; ///< End of the major axis, from the centre.
@@ -147,7 +170,6 @@ class ZUCOMN_API CVertex : public CEnt {
     DECLARE_DYNAMIC(CVertex)
 public:
     CVertex() : CEnt(EntType::vertex) {}
-    void Set(const zu::dxf::Field& field) override;
 
     double m_x = 0, m_y = 0, m_bulge = 0;
     double m_startWidth = 0, m_endWidth = 0;
@@ -158,7 +180,6 @@ class ZUCOMN_API CPline : public CEnt {
     DECLARE_DYNAMIC(CPline)
 public:
     CPline() : CEnt(EntType::polyline) {}
-    void Set(const zu::dxf::Field& field) override;
 
     int m_flags = 0;     ///< 70; 1 closed, 16 mesh, 64 faces.
     CEntList m_vertices; ///< CVertex.
@@ -167,26 +188,25 @@ public:
 class ZUCOMN_API CInsert : public CEnt {
     DECLARE_DYNAMIC(CInsert)
 public:
-    CInsert();
-    void Set(const zu::dxf::Field& field) override;
-    [[nodiscard]] const CString& GetBlock() const { return *block_; }
+    CInsert() : CEnt(EntType::insert) {}
+    [[nodiscard]] const CString& GetBlock() const { return nameOf(block_); }
 
     double m_x = 0, m_y = 0, m_xScale = 1, m_yScale = 1, m_rotation = 0;
     double m_columnSpacing = 0, m_rowSpacing = 0; ///< 44, 45.
     int m_columns = 1, m_rows = 1;                ///< As the file says; not to be trusted.
 
 private:
-    const CString* block_;
+    friend struct zu::dxf::EntityFields;
+    const CString* block_ = nullptr;
 };
 
 class ZUCOMN_API CText : public CEnt {
     DECLARE_DYNAMIC(CText)
 public:
-    CText();
-    void Set(const zu::dxf::Field& field) override;
-    [[nodiscard]] const CString& GetStyle() const { return *style_; }
+    CText() : CEnt(EntType::text) {}
+    [[nodiscard]] CString GetText() const;
+    [[nodiscard]] const CString& GetStyle() const { return nameOf(style_); }
 
-    CString m_text;
     double m_x = 0, m_y = 0;
     double m_x2 = 0, m_y2 = 0; ///< Alignment point, where an alignment other than left, baseline needs it.
     double m_height = 0, m_width = 1, m_rotation = 0, m_oblique = 0;
@@ -194,52 +214,58 @@ public:
     int m_valign = 0; ///< 73: 0 baseline, 1 bottom, 2 middle, 3 top.
 
 private:
-    const CString* style_;
+    friend struct zu::dxf::EntityFields;
+    const zu::dxf::KeptText* text_ = nullptr;
+    const CString* style_ = nullptr;
 };
 
 class ZUCOMN_API CMtext : public CEnt {
     DECLARE_DYNAMIC(CMtext)
 public:
-    CMtext();
-    void Set(const zu::dxf::Field& field) override;
-    [[nodiscard]] const CString& GetStyle() const { return *style_; }
+    CMtext() : CEnt(EntType::mtext) {}
+    /// Pieces before the last (3).
+    [[nodiscard]] std::vector<CString> GetParts() const;
+    /// The last piece (1).
+    [[nodiscard]] CString GetText() const;
     /// All parts and the last piece, one after the other, with their format codes.
     [[nodiscard]] CString GetFullText() const;
+    [[nodiscard]] const CString& GetStyle() const { return nameOf(style_); }
 
-    std::vector<CString> m_parts; ///< Pieces before the last (3).
-    CString m_text;               ///< The last piece (1).
     double m_x = 0, m_y = 0;
     double m_x2 = 0, m_y2 = 0; ///< Direction of the text; counts when the file has it and no angle.
     double m_height = 0, m_width = 0, m_rotation = 0;
     int m_attach = 1; ///< 71: 1 to 9, rows from top left to bottom right.
 
 private:
-    const CString* style_;
+    friend struct zu::dxf::EntityFields;
+    zu::dxf::KeptArray<zu::dxf::KeptPart> parts_;
+    const zu::dxf::KeptText* text_ = nullptr;
+    const CString* style_ = nullptr;
 };
 
 class ZUCOMN_API CDim : public CEnt {
     DECLARE_DYNAMIC(CDim)
 public:
-    CDim();
-    void Set(const zu::dxf::Field& field) override;
+    CDim() : CEnt(EntType::dimension) {}
     /// The block that holds the dimension's picture.
-    [[nodiscard]] const CString& GetBlock() const { return *block_; }
-    [[nodiscard]] const CString& GetStyle() const { return *style_; }
+    [[nodiscard]] const CString& GetBlock() const { return nameOf(block_); }
+    [[nodiscard]] const CString& GetStyle() const { return nameOf(style_); }
+    [[nodiscard]] CString GetText() const;
 
-    CString m_text;
     double m_x = 0, m_y = 0, m_x2 = 0, m_y2 = 0, m_angle = 0;
     int m_flags = 0;
 
 private:
-    const CString* block_;
-    const CString* style_;
+    friend struct zu::dxf::EntityFields;
+    const zu::dxf::KeptText* text_ = nullptr;
+    const CString* block_ = nullptr;
+    const CString* style_ = nullptr;
 };
 
 class ZUCOMN_API CAcPoint : public CEnt {
     DECLARE_DYNAMIC(CAcPoint)
 public:
     CAcPoint() : CEnt(EntType::point) {}
-    void Set(const zu::dxf::Field& field) override;
 
     double m_x = 0, m_y = 0;
 };
@@ -375,7 +401,6 @@ private:
     void loadEntities();
     void readHeaderVariable(std::string_view variable);
     bool readBlockFields(CBlock& block);
-    bool readEntity(CEnt* made, CEntList& list, CPline*& polyline);
     [[nodiscard]] bool at(int code, std::string_view value) const;
 
     int colorOption_ = 0;
@@ -387,8 +412,7 @@ private:
     double minX_ = 0, minY_ = 0, maxX_ = 0, maxY_ = 0;
     CString path_;
     std::unique_ptr<zu::dxf::RecordInput> input_;
-    std::unique_ptr<zu::dxf::PartText> text_;
-    std::unique_ptr<zu::dxf::NamePool> names_;
+    std::shared_ptr<zu::dxf::PartMemory> memory_;
     CEntList layers_;
     CEntList blocks_;
     CEntList entities_;

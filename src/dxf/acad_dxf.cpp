@@ -1,7 +1,8 @@
 #include <zucomn/dxf.h>
 
-#include "field.h"
+#include "part_memory.h"
 #include "record_input.h"
+#include "values.h"
 
 #include <array>
 
@@ -13,6 +14,9 @@ ACRX_NO_CONS_DEFINE_MEMBERS(CAcadDxf, AcRxObject)
 namespace {
 
 constexpr int kMarkLength = 18;
+// Characters of a text that are kept.
+constexpr std::size_t kAsciiLimit = 512;
+constexpr std::size_t kBinaryLimit = 255;
 
 /// Names of layers and blocks are equal whatever their case.
 std::wstring folded(const wchar_t* name) {
@@ -51,8 +55,7 @@ const Object* found(const std::unordered_map<std::wstring, const Object*>& index
 
 } // namespace
 
-CAcadDxf::CAcadDxf()
-    : text_(std::make_unique<zu::dxf::PartText>()), names_(std::make_unique<zu::dxf::NamePool>()) {}
+CAcadDxf::CAcadDxf() : memory_(std::make_shared<zu::dxf::PartMemory>()) {}
 
 CAcadDxf::CAcadDxf(const wchar_t* path, int colorOption, int tableOption, int drawingOption) : CAcadDxf() {
     colorOption_ = colorOption;
@@ -84,8 +87,7 @@ void CAcadDxf::clear() {
     for (CEntList* list : {&layers_, &blocks_, &entities_, &tables_})
         list->Free();
     zufLines_.RemoveAll();
-    text_ = std::make_unique<zu::dxf::PartText>();
-    names_ = std::make_unique<zu::dxf::NamePool>();
+    memory_ = std::make_shared<zu::dxf::PartMemory>();
 }
 
 // ---- the drawing
@@ -143,7 +145,9 @@ bool CAcadDxf::Open(const wchar_t* path) {
     if (input_ == nullptr)
         return false;
     ascii_ = input_->isBinary() ? 0 : 1;
-    text_->setMark(input_->hasMark());
+    memory_->arena.expect(input_->length());
+    memory_->text.setMark(input_->hasMark());
+    memory_->text.setLimit(input_->isBinary() ? kBinaryLimit : kAsciiLimit);
     return true;
 }
 
@@ -151,7 +155,7 @@ bool CAcadDxf::Open(const CStringArray& lines) {
     clear();
     path_.Empty();
     input_ = RecordInput::fromText(joined(lines));
-    text_->setUtf8();
+    memory_->text.setUtf8();
     return true;
 }
 
@@ -181,9 +185,7 @@ int CAcadDxf::GetCode() const {
 }
 
 CString CAcadDxf::GetText() const {
-    if (input_ == nullptr)
-        return {};
-    return text_->decode(input_->record().value, zu::dxf::textLimit(input_->isBinary()));
+    return input_ != nullptr ? memory_->text.decode(input_->record().value) : CString();
 }
 
 double CAcadDxf::GetReal() const {

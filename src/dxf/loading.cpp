@@ -1,45 +1,12 @@
 #include <zucomn/dxf.h>
 
-#include "field.h"
+#include "entity_reader.h"
+#include "part_memory.h"
 #include "record_input.h"
 
-#include <array>
 #include <string_view>
 
 namespace {
-
-using namespace std::string_view_literals;
-using Maker = CEnt* (*)();
-
-template <typename Entity>
-CEnt* make() {
-    return new Entity;
-}
-
-struct KeptType {
-    std::string_view name;
-    Maker maker;
-};
-
-constexpr std::array kKeptTypes{KeptType{"LINE", make<CLine>},      KeptType{"LWPOLYLINE", make<CLwPline>},
-                                KeptType{"VERTEX", make<CVertex>},  KeptType{"INSERT", make<CInsert>},
-                                KeptType{"CIRCLE", make<CCircle>},  KeptType{"ARC", make<CArc>},
-                                KeptType{"TEXT", make<CText>},      KeptType{"MTEXT", make<CMtext>},
-                                KeptType{"POLYLINE", make<CPline>}, KeptType{"PLINE", make<CPline>},
-                                KeptType{"POINT", make<CAcPoint>},  KeptType{"ELLIPSE", make<CEllipse>},
-                                KeptType{"DIMENSION", make<CDim>}};
-
-Maker makerOf(std::string_view name) {
-    for (const KeptType& type : kKeptTypes)
-        if (type.name == name)
-            return type.maker;
-    return nullptr;
-}
-
-/// What follows in an entity is another object's data, under the same group codes.
-constexpr int kEmbeddedObject = 101;
-
-constexpr int kLargestKeptCode = 370;
 
 /// Blanks may follow a name in ASCII files.
 std::string_view trimmed(std::string_view name) {
@@ -110,10 +77,10 @@ void CAcadDxf::readHeaderVariable(std::string_view variable) {
     else if (variable == "$EXTMAX" && code == 20)
         maxY_ = GetReal();
     else if (variable == "$DWGCODEPAGE" && code == 3)
-        text_->setCodePage(trimmed(input_->record().value));
+        memory_->text.setCodePage(trimmed(input_->record().value));
     else if (variable == "$ACADVER" && code == 1) {
         version_ = _wtoi(GetText().Mid(2));
-        text_->setVersion(version_);
+        memory_->text.setVersion(version_);
     }
 }
 
@@ -213,34 +180,10 @@ bool CAcadDxf::readBlockFields(CBlock& block) {
 void CAcadDxf::LoadEnt(CEntList& list) {
     if (input_ == nullptr || (GetCode() != 0 && Skip(0) == 0))
         return;
-    CPline* polyline = nullptr;
-    bool more = true;
-    while (more && !at(0, "ENDSEC") && !at(0, "ENDBLK")) {
-        const Maker maker = makerOf(input_->record().value);
-        more = maker == nullptr ? Skip(0) != 0 : readEntity(maker(), list, polyline);
-    }
-}
-
-bool CAcadDxf::readEntity(CEnt* made, CEntList& list, CPline*& polyline) {
-    std::unique_ptr<CEnt> entity(made);
-    const bool isVertex = entity->m_type == EntType::vertex;
-    if (isVertex && polyline == nullptr)
-        return Skip(0) != 0;
-    if (entity->m_type == EntType::polyline)
-        polyline = static_cast<CPline*>(made);
-    (isVertex ? polyline->m_vertices : list).AddTail(entity.release());
-
-    bool own = true;
-    const zu::dxf::Field field(input_->record(), input_->isBinary(), *text_, *names_);
-    while (input_->next()) {
-        const int code = field.code();
-        if (code == 0)
-            return true;
-        own = own && code != kEmbeddedObject;
-        if (own && code <= kLargestKeptCode)
-            made->Set(field);
-    }
-    return false;
+    if (at(0, "ENDSEC") || at(0, "ENDBLK"))
+        return;
+    list.Share(memory_);
+    zu::dxf::readEntities(*input_, *memory_, list);
 }
 
 bool CAcadDxf::CheckEntities(const wchar_t* path) {

@@ -11,8 +11,6 @@ namespace {
 
 constexpr UINT kDefaultPage = 932;
 constexpr int kFirstUtf8Version = 1021;
-/// The longest escape ("\M+nXXXX") is one character.
-constexpr std::size_t kBytesPerCharacter = 8;
 
 bool isAscii(std::string_view bytes) {
     return std::all_of(bytes.begin(), bytes.end(),
@@ -53,28 +51,23 @@ UINT PartText::codePage() const {
     return named_ != 0 ? named_ : kDefaultPage;
 }
 
-CString PartText::decode(std::string_view bytes, std::size_t limit) const {
-    const std::string_view kept = bytes.substr(0, limit * kBytesPerCharacter);
+CString PartText::decode(std::string_view bytes) const {
+    const std::string_view kept = part(bytes);
     std::wstring text = isAscii(kept) ? std::wstring(kept.begin(), kept.end())
                                       : decodeBytes(codePage(), kept).value_or(std::wstring());
     if (text.find_first_of(L"\\^") != std::wstring::npos)
         text = zuhost::dxf::withoutEscapes(text, decodePair);
-    if (text.size() > limit)
-        text.resize(limit);
+    if (text.size() > limit_)
+        text.resize(limit_);
     return CString(std::move(text));
 }
 
-const CString& NamePool::get(std::string_view bytes, const PartText& text, std::size_t limit) {
-    if (lastName_ != nullptr && last_ == bytes)
-        return *lastName_;
-    last_.assign(bytes);
-    const auto [place, isNew] = known_.try_emplace(last_, nullptr);
-    if (isNew) {
-        names_.push_back(text.decode(bytes, limit));
-        place->second = &names_.back();
-    }
-    lastName_ = place->second;
-    return *lastName_;
+const CString& NamePool::find(std::string_view bytes, const PartText& text) {
+    const auto [place, isNew] = names_.try_emplace(std::string(bytes));
+    if (isNew)
+        place->second = text.decode(bytes);
+    recent_[placeOf(bytes)] = {place->first, &place->second};
+    return place->second;
 }
 
 } // namespace zu::dxf

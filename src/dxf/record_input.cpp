@@ -7,8 +7,7 @@ namespace zu::dxf {
 
 namespace {
 
-constexpr std::size_t kBlock = std::size_t{256} * 1024;
-constexpr int kComment = 999;
+constexpr std::size_t kBlock = std::size_t{64} * 1024;
 
 /// An unreadable file ends where reading fails.
 std::size_t readFrom(CFile& file, char* target, std::size_t count) {
@@ -27,10 +26,13 @@ std::unique_ptr<RecordInput> RecordInput::open(const wchar_t* path, CodeTable ta
         file->Open(path, CFile::modeRead | CFile::shareDenyNone | CFile::typeBinary) == FALSE)
         return nullptr;
     std::unique_ptr<RecordInput> input(new RecordInput);
-    input->capacity_ = static_cast<std::size_t>(std::min<ULONGLONG>(file->GetLength() + 1, kBlock));
+    input->length_ = file->GetLength();
+    input->capacity_ = static_cast<std::size_t>(std::min<std::uint64_t>(input->length_ + 1, kBlock));
     input->file_ = std::move(file);
     input->table_ = table;
     input->buffer_ = std::make_unique_for_overwrite<char[]>(input->capacity_);
+    input->refill();
+    input->binary_ = zuhost::dxf::isBinaryDrawing({input->buffer_.get(), input->size_});
     input->start();
     return input;
 }
@@ -40,29 +42,23 @@ std::unique_ptr<RecordInput> RecordInput::fromText(std::string text) {
     input->capacity_ = input->size_ = text.size();
     input->buffer_ = std::make_unique_for_overwrite<char[]>(text.size());
     std::copy(text.begin(), text.end(), input->buffer_.get());
-    input->makeReader();
+    input->start();
     return input;
 }
 
 void RecordInput::start() {
-    refill();
+    using namespace zuhost::dxf;
     const std::string_view bytes(buffer_.get(), size_);
-    binary_ = zuhost::dxf::isBinaryDrawing(bytes);
-    marked_ = bytes.starts_with("\xEF\xBB\xBF");
     if (binary_) {
-        form_ = zuhost::dxf::BinaryReader(bytes).codeForm();
-        used_ = std::min(zuhost::dxf::kBinarySentinel.size(), size_);
+        form_ = BinaryReader(bytes).codeForm();
+        used_ = std::min(kBinarySentinel.size(), size_);
+        usual_ = form_ == CodeForm::words && table_ == CodeTable::complete;
+        return;
     }
-    makeReader();
-}
-
-void RecordInput::makeReader() {
-    start_ = used_;
-    const std::string_view bytes(buffer_.get() + start_, size_ - start_);
-    if (binary_)
-        binaryReader_ = zuhost::dxf::BinaryReader(bytes, form_, table_);
-    else
-        ascii_ = zuhost::dxf::AsciiReader(bytes);
+    marked_ = bytes.starts_with(kByteOrderMark);
+    used_ = marked_ ? kByteOrderMark.size() : 0;
+    lineEnd_ = lineEndOf(bytes);
+    usual_ = lineEnd_ == '\n';
 }
 
 void RecordInput::refill() {
@@ -82,30 +78,64 @@ void RecordInput::refill() {
         file_.reset();
 }
 
-zuhost::dxf::ReadResult RecordInput::read() {
-    return binary_ ? binaryReader_.next(record_) : ascii_.next(record_);
+RecordInput::Ahead RecordInput::ahead() const {
+    const char* const at = buffer_.get() + used_;
+    // What ends with the buffer may go on in the file.
+    const char* const end = buffer_.get() + size_ - (file_ != nullptr ? 1 : 0);
+    return {at, usual_ ? std::max(at, end) : at};
+}
+
+void RecordInput::setCurrent(const TakenRecord& taken) {
+    record_.code = taken.code;
+    record_.value = taken.value;
+    used_ = static_cast<std::size_t>(taken.end - buffer_.get());
+}
+
+bool RecordInput::takeUsual() {
+    const auto [at, end] = ahead();
+    const TakenRecord taken =
+        binary_ ? zuhost::dxf::takeBinaryRecord(at, end) : zuhost::dxf::takeAsciiRecord(at, end);
+    if (taken.end == nullptr)
+        return false;
+    setCurrent(taken);
+    return true;
+}
+
+zuhost::dxf::ReadResult RecordInput::read(Record& record, bool& incomplete) const {
+    const std::string_view bytes(buffer_.get() + used_, size_ - used_);
+    const auto next = [&](auto reader) {
+        const zuhost::dxf::ReadResult result = reader.next(record);
+        incomplete = reader.error().incomplete;
+        return result;
+    };
+    return binary_ ? next(zuhost::dxf::BinaryReader(bytes, form_, table_))
+                   : next(zuhost::dxf::AsciiReader(bytes, lineEnd_));
+}
+
+bool RecordInput::takeOther() {
+    using zuhost::dxf::ReadResult;
+    for (;;) {
+        Record read;
+        bool incomplete = false;
+        const ReadResult result = this->read(read, incomplete);
+        if (result == ReadResult::record && (file_ == nullptr || used_ + read.end < size_)) {
+            record_ = read;
+            used_ += read.end;
+            return true;
+        }
+        record_.value = {};
+        if (file_ == nullptr || (result == ReadResult::error && !incomplete))
+            return false;
+        refill();
+    }
 }
 
 bool RecordInput::next() {
-    using zuhost::dxf::ReadResult;
-    for (;;) {
-        const ReadResult result = read();
-        // What ends with the buffer may go on in the file.
-        const bool whole = result == ReadResult::record && (file_ == nullptr || start_ + record_.end < size_);
-        if (whole) {
-            used_ = start_ + record_.end;
-            if (record_.code != kComment)
-                return true;
-            continue;
-        }
-        record_.value = {};
-        const bool wrong =
-            result == ReadResult::error && !(binary_ ? binaryReader_.error() : ascii_.error()).incomplete;
-        if (file_ == nullptr || wrong)
+    do {
+        if (!takeUsual() && !takeOther())
             return false;
-        refill();
-        makeReader();
-    }
+    } while (record_.code == zuhost::dxf::kComment);
+    return true;
 }
 
 std::size_t RecordInput::readBytes(char* target, std::size_t count) {
@@ -122,7 +152,6 @@ std::size_t RecordInput::readBytes(char* target, std::size_t count) {
         refill();
     }
     record_.value = {};
-    makeReader();
     return delivered;
 }
 

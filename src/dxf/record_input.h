@@ -1,6 +1,7 @@
 #pragma once
 
 #include "drawing/records/record_reader.h"
+#include "drawing/records/take_record.h"
 
 #include <afx.h>
 
@@ -11,6 +12,7 @@ namespace zu::dxf {
 
 using zuhost::dxf::CodeTable;
 using zuhost::dxf::Record;
+using zuhost::dxf::TakenRecord;
 
 /// The records of a drawing, read from a file in blocks or from text in memory; comments are passed over.
 class RecordInput {
@@ -24,11 +26,23 @@ public:
     /// Its value is good until the next call.
     [[nodiscard]] const Record& record() const { return record_; }
     [[nodiscard]] bool isBinary() const { return binary_; }
+    [[nodiscard]] std::uint64_t length() const { return length_; } ///< Of the file; 0 for text in memory.
     /// A byte-order mark says UTF-8.
     [[nodiscard]] bool hasMark() const { return marked_; }
 
     /// Copies the bytes after the current record, as many as there are; they are then used up.
     std::size_t readBytes(char* target, std::size_t count);
+
+    // For a reader that takes records itself as long as they are of the usual kind.
+
+    /// The bytes after the current record, as far as such records can lie in them.
+    struct Ahead {
+        const char* at;
+        const char* end;
+    };
+    [[nodiscard]] Ahead ahead() const;
+    /// Makes a record that was taken there the current one.
+    void setCurrent(const TakenRecord& taken);
 
 private:
     RecordInput() = default;
@@ -36,21 +50,22 @@ private:
     void start();
     /// Moves what is not used up to the front and reads on behind it.
     void refill();
-    void makeReader();
-    zuhost::dxf::ReadResult read();
+    bool takeUsual();
+    bool takeOther();
+    zuhost::dxf::ReadResult read(Record& record, bool& incomplete) const;
 
     std::unique_ptr<CFile> file_; ///< Null when all is in the buffer.
     CodeTable table_ = CodeTable::complete;
     std::unique_ptr<char[]> buffer_;
+    std::uint64_t length_ = 0;
     std::size_t capacity_ = 0;
     std::size_t size_ = 0;
-    std::size_t used_ = 0;  ///< End of the current record.
-    std::size_t start_ = 0; ///< Where the reader's bytes begin.
+    std::size_t used_ = 0; ///< End of the current record.
     bool binary_ = false;
     bool marked_ = false;
+    bool usual_ = false; ///< Records can be of the usual kind.
     zuhost::dxf::CodeForm form_ = zuhost::dxf::CodeForm::words;
-    zuhost::dxf::AsciiReader ascii_{std::string_view()};
-    zuhost::dxf::BinaryReader binaryReader_{std::string_view()};
+    char lineEnd_ = '\n';
     Record record_;
 };
 

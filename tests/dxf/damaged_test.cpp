@@ -48,7 +48,7 @@ TEST(Damaged, RecordsAcrossBlocksOfTheFile) {
     for (POSITION at = part.GetEntities().GetHeadPosition(); at != nullptr; ++i) {
         const auto* const text = static_cast<const CText*>(part.GetEntities().GetNext(at));
         ASSERT_EQ(text->m_x, i + 0.5);
-        ASSERT_EQ(text->m_text.GetLength(), i % 97);
+        ASSERT_EQ(text->GetText().GetLength(), i % 97);
     }
 }
 

@@ -1,8 +1,8 @@
 #include "record_reader.h"
 
+#include "take_record.h"
+
 #include <algorithm>
-#include <bit>
-#include <cstring>
 
 namespace zuhost::dxf {
 
@@ -114,9 +114,24 @@ ReadResult BinaryReader::takeValue(ValueType type, Record& record) {
     return ReadResult::record;
 }
 
+bool BinaryReader::takeUsual(Record& record) {
+    if (form_ != CodeForm::words || table_ != CodeTable::complete)
+        return false;
+    const char* const start = bytes_.data();
+    const TakenRecord taken = takeBinaryRecord(start + at_, start + bytes_.size());
+    if (taken.end == nullptr)
+        return false;
+    const std::size_t offset = at_;
+    at_ = static_cast<std::size_t>(taken.end - start);
+    record = {taken.code, taken.value, offset, at_, 0};
+    return true;
+}
+
 ReadResult BinaryReader::next(Record& record) {
     if (at_ >= bytes_.size())
         return ReadResult::end;
+    if (takeUsual(record))
+        return ReadResult::record;
     Record read;
     read.offset = at_;
     if (!takeCode(read.code))
@@ -125,18 +140,6 @@ ReadResult BinaryReader::next(Record& record) {
     if (result == ReadResult::record)
         record = read;
     return result;
-}
-
-double binaryReal(std::string_view value) {
-    if constexpr (std::endian::native == std::endian::little) {
-        double number = 0;
-        std::memcpy(&number, value.data(), std::min(value.size(), sizeof number));
-        return number;
-    }
-    std::uint64_t bits = 0;
-    for (std::size_t i = value.size(); i-- > 0;)
-        bits = (bits << 8U) | byteAt(value, i);
-    return std::bit_cast<double>(bits);
 }
 
 std::int64_t binaryInteger(std::string_view value) {

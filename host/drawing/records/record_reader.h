@@ -2,9 +2,10 @@
 
 #include "value_type.h"
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <cstring>
 #include <string_view>
 
 namespace zuhost::dxf {
@@ -29,11 +30,19 @@ struct RecordError {
 
 enum class ReadResult { record, end, error };
 
+/// With which the text of an ASCII drawing in UTF-8 may begin.
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// The character at which the lines of an ASCII drawing end: CR when it has no LF.
+[[nodiscard]] char lineEndOf(std::string_view bytes);
+
 /// The records of an ASCII drawing in memory, one after the other. Lines end at LF or CR LF, in files without
 /// any LF at CR. A byte-order mark is passed over. Nothing is copied.
 class AsciiReader {
 public:
     explicit AsciiReader(std::string_view bytes);
+    /// Bytes that start at any record, whose lines are known to end at LF or at CR.
+    AsciiReader(std::string_view bytes, char lineEnd) : bytes_(bytes), lineEnd_(lineEnd) {}
 
     /// `record` is set only when the result says so.
     ReadResult next(Record& record);
@@ -41,8 +50,7 @@ public:
 
 private:
     bool takeLine(std::string_view& line);
-    bool takePlainCode(int& code);
-    bool takeCode(int& code, std::string_view& line);
+    bool takeUsual(Record& record);
     ReadResult failAtCode(std::size_t offset, std::string_view line);
     ReadResult fail(std::size_t offset, std::uint64_t line, std::string_view problem, bool incomplete);
 
@@ -79,6 +87,7 @@ public:
     [[nodiscard]] CodeForm codeForm() const { return form_; }
 
 private:
+    bool takeUsual(Record& record);
     bool takeCode(int& code);
     [[nodiscard]] ValueType typeOf(int code) const;
     ReadResult takeValue(ValueType type, Record& record);
@@ -101,7 +110,20 @@ inline constexpr std::string_view kBinarySentinel("AutoCAD Binary DXF\r\n\x1a\0"
 
 // ---- values of binary records
 
-[[nodiscard]] double binaryReal(std::string_view value);
+/// Of eight bytes.
+[[nodiscard]] inline double realAt(const char* bytes) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, bytes, sizeof bits);
+    if constexpr (std::endian::native != std::endian::little) {
+        bits = 0;
+        for (std::size_t i = sizeof bits; i-- > 0;)
+            bits = (bits << 8U) | static_cast<unsigned char>(bytes[i]);
+    }
+    return std::bit_cast<double>(bits);
+}
+[[nodiscard]] inline double binaryReal(std::string_view value) {
+    return realAt(value.data());
+}
 /// The two's complement number of 1, 2, 4 or 8 bytes (one byte: without sign).
 [[nodiscard]] std::int64_t binaryInteger(std::string_view value);
 

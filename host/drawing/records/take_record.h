@@ -1,0 +1,102 @@
+#pragma once
+
+#include "find_byte.h"
+#include "value_type.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace zuhost::dxf {
+
+// The usual record, taken without a word about what may be wrong with another: AsciiReader and BinaryReader
+// look closer at those. Comments are not of the usual kind.
+
+inline constexpr int kComment = 999;
+
+struct TakenRecord {
+    const char* end = nullptr; ///< First byte after the record; null when it is not of the usual kind.
+    int code = 0;
+    std::string_view value; ///< As Record's.
+};
+
+/// Blanks, up to four digits and LF or CR LF, then a whole line that ends alike.
+inline TakenRecord takeAsciiRecord(const char* at, const char* end) {
+    constexpr std::ptrdiff_t kMostDigits = 4;
+    while (at != end && *at == ' ')
+        ++at;
+    const char* const digits = at;
+    int code = 0;
+    for (; at != end && at - digits <= kMostDigits && static_cast<unsigned char>(*at - '0') < 10; ++at)
+        code = code * 10 + (*at - '0');
+    const std::ptrdiff_t count = at - digits;
+    if (at != end && *at == '\r')
+        ++at;
+    if (count == 0 || count > kMostDigits || at == end || *at != '\n' || code == kComment)
+        return {};
+    const char* const value = at + 1;
+    const char* const lineEnd = findByte(value, end, '\n');
+    if (lineEnd == end)
+        return {};
+    const bool withReturn = lineEnd != value && lineEnd[-1] == '\r';
+    return {lineEnd + 1, code, {value, static_cast<std::size_t>(lineEnd - value) - (withReturn ? 1 : 0)}};
+}
+
+namespace detail {
+
+/// How a binary value tells its length: 1 to 8 bytes by its group code, else one of these.
+inline constexpr std::uint8_t kUpToZero = 0;
+inline constexpr std::uint8_t kUnusual = 0xFF;
+
+inline constexpr auto kSizes = [] {
+    std::array<std::uint8_t, kLargestKnownCode + 1> sizes{};
+    for (int code = 0; code <= kLargestKnownCode; ++code)
+        sizes[static_cast<std::size_t>(code)] = [code]() -> std::uint8_t {
+            switch (valueType(code)) {
+            case ValueType::text:
+            case ValueType::handle:
+                return code == kComment ? kUnusual : kUpToZero;
+            case ValueType::real:
+            case ValueType::int64:
+                return 8;
+            case ValueType::int32:
+                return 4;
+            case ValueType::int16:
+                return 2;
+            case ValueType::boolean:
+                return 1;
+            default:
+                return kUnusual;
+            }
+        }();
+    return sizes;
+}();
+
+} // namespace detail
+
+/// A group code of two bytes with a number or a text.
+inline TakenRecord takeBinaryRecord(const char* at, const char* end) {
+    constexpr std::ptrdiff_t kLongest = 10;
+    if (end - at < kLongest)
+        return {};
+    const int code = static_cast<unsigned char>(at[0]) | static_cast<unsigned char>(at[1]) << 8;
+    if (code > kLargestKnownCode)
+        return {};
+    const char* const value = at + 2;
+    const std::size_t size = detail::kSizes[static_cast<std::size_t>(code)];
+    if (size == 8) // Alone, so that the next record is not waited for.
+        return {value + 8, code, {value, 8}};
+    if (size == detail::kUpToZero) {
+        const char* const zero = findByte(value, end, '\0');
+        if (zero == end)
+            return {};
+        return {zero + 1, code, {value, static_cast<std::size_t>(zero - value)}};
+    }
+    if (size == detail::kUnusual)
+        return {};
+    return {value + size, code, {value, size}};
+}
+
+} // namespace zuhost::dxf

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "arena.h"
+#include "part_text.h"
+
+#include <zucomn/dxf.h>
+
+#include <cstring>
+#include <new>
+#include <string_view>
+
+namespace zu::dxf {
+
+/// A text of an entity as the file spells it; its bytes follow. It is decoded when it is asked for.
+struct KeptText {
+    const PartText* form;
+    std::size_t size;
+
+    [[nodiscard]] std::string_view bytes() const { return {reinterpret_cast<const char*>(this + 1), size}; }
+};
+
+/// A piece of a long text.
+struct KeptPart {
+    const KeptText* text;
+};
+
+/// What the entities of a drawing refer to, and they themselves.
+struct PartMemory {
+    Arena arena;
+    PartText text;
+    NamePool names;
+
+    const KeptText* keep(std::string_view bytes) {
+        const std::string_view kept = text.part(bytes);
+        void* const start = arena.allocate(sizeof(KeptText) + kept.size());
+        auto* const made = ::new (start) KeptText{&text, kept.size()};
+        std::memcpy(made + 1, kept.data(), kept.size());
+        return made;
+    }
+
+    template <typename Element>
+    void append(KeptArray<Element>& array, const Element& element) {
+        if (array.count == array.capacity)
+            grow(array);
+        ::new (array.items + array.count) Element(element);
+        ++array.count;
+    }
+
+private:
+    template <typename Element>
+    void grow(KeptArray<Element>& array) {
+        if (array.items != nullptr && arena.extend(array.items + array.capacity, sizeof(Element))) {
+            ++array.capacity;
+            return;
+        }
+        const std::uint32_t capacity = array.count * 2 + 1;
+        auto* const items = static_cast<Element*>(arena.allocate(capacity * sizeof(Element)));
+        std::copy_n(array.items, array.count, items);
+        array.items = items;
+        array.capacity = capacity;
+    }
+};
+
+} // namespace zu::dxf
+
+inline void* CEnt::operator new(std::size_t size, zu::dxf::Arena& arena) {
+    return arena.allocate(size);
+}
