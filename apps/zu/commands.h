@@ -15,6 +15,7 @@ void addSetAttributeCommand(CLI::App& program);
 void addCheckCommand(CLI::App& program);
 void addSaveCommand(CLI::App& program);
 void addPartCommand(CLI::App& program);
+void addPartsListCommand(CLI::App& program);
 void addPlanCommand(CLI::App& program);
 void addLinkCommand(CLI::App& program);
 void addTableCommand(CLI::App& program);

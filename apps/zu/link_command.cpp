@@ -7,9 +7,7 @@
 #include <CLI/CLI.hpp>
 #include <zucomn/link_info.h>
 #include <zucomn/tables.h>
-#include <zuhost/paths.h>
 
-#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -41,11 +39,6 @@ void get(const Options& options) {
         std::cout << value << '\n';
 }
 
-/// In the form that parts its folder from its name by "\\", so that backup and temporary file lie beside it.
-CString fullPath(const std::string& file) {
-    return CString(zuhost::hostPath(std::filesystem::absolute(file).string()));
-}
-
 /// A key may hold line ends, a value neither "|" nor line ends.
 void save(const Options& options) {
     const SettingsFile settings(options.settings);
@@ -60,6 +53,7 @@ void save(const Options& options) {
         keys.Add(wide(pair.substr(0, equals)));
         values.Add(wide(pair.substr(equals + 1)));
     }
+    // With its folder, so that backup and temporary file lie beside it.
     if (!ZuComn_SaveLinkInfo(fullPath(options.file), keys, values))
         throw Failure(options.file + ": can't be saved");
 }

@@ -24,6 +24,7 @@ void addCommands(CLI::App& program) {
     addCheckCommand(program);
     addSaveCommand(program);
     addPartCommand(program);
+    addPartsListCommand(program);
     addPlanCommand(program);
     addLinkCommand(program);
     addTableCommand(program);

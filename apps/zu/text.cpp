@@ -1,6 +1,9 @@
 #include "text.h"
 
+#include <zuhost/paths.h>
 #include <zuhost/text_codec.h>
+
+#include <filesystem>
 
 namespace zu::app {
 
@@ -18,6 +21,10 @@ std::vector<std::string> narrow(const CStringArray& texts) {
     for (int i = 0; i < texts.GetSize(); ++i)
         result.push_back(narrow(texts[i].view()));
     return result;
+}
+
+CString fullPath(const std::string& file) {
+    return CString(zuhost::hostPath(std::filesystem::absolute(file).string()));
 }
 
 } // namespace zu::app

@@ -12,4 +12,7 @@ namespace zu::app {
 [[nodiscard]] std::string narrow(std::wstring_view text);
 [[nodiscard]] std::vector<std::string> narrow(const CStringArray& texts);
 
+/// The full path of a file in the form that the interface names files by.
+[[nodiscard]] CString fullPath(const std::string& file);
+
 } // namespace zu::app

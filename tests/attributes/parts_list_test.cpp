@@ -1,6 +1,5 @@
 #include "attributes/partslist/attribute_lines.h"
 #include "attributes/partslist/lines_file.h"
-#include "attributes/partslist/parts_rows.h"
 #include "temporary_folder.h"
 
 #include <zuhost/file_ops.h>
@@ -61,49 +60,37 @@ TEST(PartsList, APartEndsBeforeAnIdThatItHas) {
     EXPECT_EQ(sizesOf({L"A|", L"B|", L"A|", L"A|", L"C|"}), std::vector<int>({2, 1, 2}));
 }
 
-TEST(PartsList, ValuesGoIntoTheChosenLines) {
+TEST(PartsList, ValuesGoIntoTheLines) {
     const CStringArray editable = linesOf({L"A", L"", L"x", L"1"});
     const CStringArray fixed = linesOf({L"B", L"", L"x", L"0"});
     CPtrArray table;
     table.Add(const_cast<CStringArray*>(&editable));
     table.Add(const_cast<CStringArray*>(&fixed));
     const zu::ParameterIndex parameters(table);
-    const int second[] = {2, 3};
     const auto after = [&](const wchar_t* key, const wchar_t* value) {
-        CStringArray lines = linesOf({L"A|1|p|||6|", L"B|2|||||", L"A|3", L"B|4|||||"});
+        CStringArray lines = linesOf({L"A|3", L"B|4|||||", L"A|1|p|||6|"});
         const std::vector<zu::ShownItem> items = {{key, value}};
-        const bool changed = zu::applyToLines(lines, second, items, parameters);
-        EXPECT_EQ(changed, lines[2] != L"A|3");
-        EXPECT_EQ(lines[0], L"A|1|p|||6|");
-        EXPECT_EQ(lines[3], L"B|4|||||");
-        return std::wstring(lines[2].view());
+        zu::applyToLines(lines, items, parameters);
+        EXPECT_EQ(lines[1], L"B|4|||||");
+        return textsOf(lines);
     };
-    EXPECT_EQ(after(L"A|", L"新"), L"A|新|||||");
-    EXPECT_EQ(after(L"A|", L""), L"A||||||");
-    EXPECT_EQ(after(L"A|", L"3"), L"A|3") << "as it is";
-    EXPECT_EQ(after(L"B|", L"5"), L"A|3") << "not to be edited";
-    EXPECT_EQ(after(L"C|", L"5"), L"A|3") << "not known";
-    EXPECT_EQ(after(L"A|", L"*各種*"), L"A|3");
-    EXPECT_EQ(after(L"A|", L"x|y"), L"A|3");
+    const Texts before = {L"A|3", L"B|4|||||", L"A|1|p|||6|"};
+    EXPECT_EQ(after(L"A|", L"新"), Texts({L"A|新|||||", L"B|4|||||", L"A|新|p|||6|"}));
+    EXPECT_EQ(after(L"A|", L""), Texts({L"A||||||", L"B|4|||||", L"A||p|||6|"}));
+    EXPECT_EQ(after(L"A|", L"3")[0], L"A|3") << "as it is";
+    EXPECT_EQ(after(L"B|", L"5"), before) << "not to be edited";
+    EXPECT_EQ(after(L"C|", L"5"), before) << "not known";
+    EXPECT_EQ(after(L"A|", L"*各種*"), before);
+    EXPECT_EQ(after(L"A|", L"x|y"), before);
 }
 
-TEST(PartsList, RowsStandForLines) {
-    const CStringArray lines = linesOf({L"A|1|", L"B|2|", L"A|3|", L"B|2|", L"C|4|"});
-    const zu::PartsRows rows(lines);
-    ASSERT_EQ(rows.rows().size(), 7U);
-    EXPECT_TRUE(rows.rows()[3].isPart());
-    const auto shown = [&](std::vector<int> selected) {
-        std::wstring text;
-        for (const zu::ShownItem& item : rows.shownItemsOf(lines, rows.linesOf(selected)))
-            text += std::wstring(item.key.view()) + std::wstring(item.value.view()) +
-                    (item.shared ? L" " : L"- ");
-        return text;
-    };
-    EXPECT_EQ(rows.linesOf(std::vector{6, 3, 1, 5, 99, -1}), std::vector<int>({0, 2, 3, 4}));
-    EXPECT_EQ(shown({}), L"");
-    EXPECT_EQ(shown({5, 3, 0}), L"A|*各種* B|2 C|4- ") << "two whole parts";
-    EXPECT_EQ(shown({1, 2}), L"A|1 B|2 ") << "two lines of one part";
-    EXPECT_EQ(shown({2, 4}), L"B|2- A|3- ") << "lines of two parts";
+TEST(PartsList, PartsAreShownTogether) {
+    std::wstring text;
+    for (const zu::ShownItem& item :
+         zu::shownItemsOf(linesOf({L"A|1|", L"B|2|", L"|x|", L"A|3|", L"B|2|", L"C|4|"})))
+        text +=
+            std::wstring(item.key.view()) + std::wstring(item.value.view()) + (item.shared ? L" " : L"- ");
+    EXPECT_EQ(text, L"A|*各種* B|2 C|4- ");
     EXPECT_EQ(zu::lineName(L"x|1|P|ｻｲｽﾞ|"), L"ｻｲｽﾞ");
     EXPECT_EQ(zu::lineName(L"x|1|"), L"x");
 }

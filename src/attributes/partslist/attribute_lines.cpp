@@ -4,7 +4,8 @@
 #include "attributes/attribute_rows.h"
 #include "attributes/model/field_rules.h"
 
-#include <algorithm>
+#include <zucomn/attributes.h>
+
 #include <map>
 #include <set>
 
@@ -13,6 +14,7 @@ namespace zu {
 namespace {
 
 constexpr wchar_t kBar = L'|';
+constexpr int kLabelField = 4;
 constexpr const wchar_t* kLineEnds = L"\r\n";
 
 CString itemText(std::span<const CString> fields) {
@@ -63,6 +65,12 @@ CString paddedLine(const CString& line) {
     return itemText(fieldsOf(line));
 }
 
+CString withValue(const CString& line, const CString& value) {
+    std::vector<CString> fields = fieldsOf(paddedLine(line));
+    fields[1] = value;
+    return itemText(fields);
+}
+
 CString joinedLines(const CStringArray& lines, bool lineEnds) {
     CString text;
     for (int i = 0; i < lines.GetSize(); ++i) {
@@ -88,20 +96,35 @@ std::vector<LineRange> partsOf(const CStringArray& lines) {
     return parts;
 }
 
-bool applyToLines(CStringArray& lines, std::span<const int> chosen, std::span<const ShownItem> items,
-                  const ParameterIndex& parameters) {
-    const auto values = valuesToSet(items, parameters);
-    bool changed = false;
-    for (const int i : chosen) {
-        std::vector<CString> fields = fieldsOf(paddedLine(lines[i]));
-        const auto found = values.find(static_cast<const wchar_t*>(fields[0]));
-        if (found == values.end() || fields[1] == found->second)
-            continue;
-        fields[1] = found->second;
-        lines[i] = itemText(fields);
-        changed = true;
+std::vector<ShownItem> shownItemsOf(const CStringArray& lines) {
+    std::vector<CStringArray> records;
+    for (const LineRange& part : partsOf(lines)) {
+        records.emplace_back().Add(CString()); // In the place of a record's header.
+        for (int i = part.first; i < part.first + part.count; ++i)
+            records.back().Add(lines[i]);
     }
-    return changed;
+    std::vector<const CStringArray*> lists;
+    lists.reserve(records.size());
+    for (const CStringArray& record : records)
+        lists.push_back(&record);
+    return shownItems(lists);
+}
+
+void applyToLines(CStringArray& lines, std::span<const ShownItem> items, const ParameterIndex& parameters) {
+    const auto values = valuesToSet(items, parameters);
+    for (int i = 0; i < lines.GetSize(); ++i) {
+        const auto value = values.find(static_cast<const wchar_t*>(attributeField(lines[i], 1)));
+        if (value != values.end() && attributeField(lines[i], 2) != value->second)
+            lines[i] = withValue(lines[i], value->second);
+    }
+}
+
+CString lineName(const CString& line) {
+    const CString id = attributeField(line, 1);
+    if (CString name = CAttributeData::GetItemName(id); !name.IsEmpty())
+        return name;
+    CString label = attributeField(line, kLabelField);
+    return label.IsEmpty() ? id : label;
 }
 
 } // namespace zu

@@ -25,6 +25,9 @@ void appendItems(const CString& text, CStringArray& lines);
 /// The line with exactly six fields: missing ones are added, empty; those beyond the sixth are left out.
 [[nodiscard]] CString paddedLine(const CString& line);
 
+/// The line, padded, with another value.
+[[nodiscard]] CString withValue(const CString& line, const CString& value);
+
 /// The text of a file: all lines, with `lineEnds` each followed by "\n".
 [[nodiscard]] CString joinedLines(const CStringArray& lines, bool lineEnds);
 

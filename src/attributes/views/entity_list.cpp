@@ -5,7 +5,6 @@
 
 #include <zucomn/frame.h>
 
-#include <array>
 #include <set>
 
 namespace zu {
@@ -16,7 +15,7 @@ ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
 END_MESSAGE_MAP()
 
-bool EntityList::create(CWnd& view) {
+bool EntityList::create(CWnd& view, std::span<const unsigned> titles) {
     constexpr DWORD kStyle =
         WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_NOSORTHEADER | LVS_SHOWSELALWAYS | LVS_OWNERDRAWFIXED;
     constexpr int kWidth = 150;
@@ -24,7 +23,7 @@ bool EntityList::create(CWnd& view) {
         return false;
     highlight_ = GetSysColor(COLOR_HIGHLIGHT);
     int column = 0;
-    for (const unsigned title : std::array{text::kElement, text::kLayer}) {
+    for (const unsigned title : titles) {
         CString heading;
         ZuComn_LoadString(ZuComn_GetResource(), title, heading);
         InsertColumn(column++, heading, LVCFMT_LEFT, kWidth);
@@ -73,9 +72,20 @@ void EntityList::insertRows(int below, std::size_t group) {
         const CStringArray& columns = *rows[row].columns;
         const int index = below + 1 + static_cast<int>(row);
         insertLine(index, {0, group, row, false}, columns[0]);
-        for (int column = 1; column < columns.GetSize() && column < GetColumnCount(); ++column)
-            SetItemText(index, column, columns[column]);
+        showTexts(index, columns);
     }
+}
+
+void EntityList::showTexts(int index, const CStringArray& columns) {
+    for (int column = 0; column < columns.GetSize() && column < GetColumnCount(); ++column)
+        SetItemText(index, column, columns[column]);
+}
+
+void EntityList::updateTexts(std::vector<CEntityGroup> groups) {
+    groups_ = std::move(groups);
+    for (int index = 0; index < GetItemCount(); ++index)
+        if (const Line& line = *lineAt(index); line.kind != Line::kParent)
+            showTexts(index, *groups_[line.group].rows[line.row].columns);
 }
 
 void EntityList::setExpanded(int index, bool expanded) {
@@ -98,22 +108,39 @@ int EntityList::parentOf(int index) const {
     return index;
 }
 
-AcArray<AcDbObjectId> EntityList::selectedEntities() const {
-    AcArray<AcDbObjectId> entities;
-    std::set<std::pair<std::size_t, std::size_t>> seen;
-    const auto add = [&](std::size_t group, std::size_t row) {
-        if (seen.emplace(group, row).second)
-            entities.append(groups_[group].rows[row].entity);
+std::vector<EntityList::Place> EntityList::selectedRows() const {
+    std::vector<Place> places;
+    std::set<Place> seen;
+    const auto add = [&](Place place) {
+        if (seen.insert(place).second)
+            places.push_back(place);
     };
     for (int index = GetNextItem(-1, LVNI_SELECTED); index >= 0; index = GetNextItem(index, LVNI_SELECTED)) {
         const Line& line = *lineAt(index);
         if (line.kind != Line::kParent)
-            add(line.group, line.row);
+            add({line.group, line.row});
         else
             for (std::size_t row = 0; row < groups_[line.group].rows.size(); ++row)
-                add(line.group, row);
+                add({line.group, row});
     }
+    return places;
+}
+
+AcArray<AcDbObjectId> EntityList::selectedEntities() const {
+    AcArray<AcDbObjectId> entities;
+    for (const Place& place : selectedRows())
+        entities.append(groups_[place.group].rows[place.row].entity);
     return entities;
+}
+
+void EntityList::selectRowsBelow(int index) {
+    const Line* const line = lineAt(index);
+    if (line == nullptr || line->kind != Line::kParent)
+        return;
+    setExpanded(index, true);
+    SetItemState(index, 0, LVIS_SELECTED);
+    for (int row = 1; row <= static_cast<int>(groups_[line->group].rows.size()); ++row)
+        SetItemState(index + row, LVIS_SELECTED, LVIS_SELECTED);
 }
 
 // ---- folding

@@ -3,7 +3,9 @@
 #include <afxcmn.h>
 #include <zucomn/views.h>
 
+#include <compare>
 #include <deque>
+#include <span>
 
 namespace zu {
 
@@ -13,14 +15,28 @@ class EntityList : public CListCtrl {
 public:
     static constexpr UINT kId = 3003;
 
-    /// The list, with its columns, in a view.
-    bool create(CWnd& view);
+    /// The list, with columns of these titles, in a view.
+    bool create(CWnd& view, std::span<const unsigned> titles);
 
     void setGroups(std::vector<CEntityGroup> groups);
     /// Fills the list anew: the first group unfolded and selected. Throws the framework's invalid-argument
     /// exception for a row without a column.
     void fill();
 
+    /// Shows other texts of the same groups and rows; what is unfolded and selected stays so.
+    void updateTexts(std::vector<CEntityGroup> groups);
+    /// Unfolds a group and selects the lines of its rows instead of its own.
+    void selectRowsBelow(int index);
+
+    /// A row of a group.
+    struct Place {
+        std::size_t group = 0;
+        std::size_t row = 0;
+        auto operator<=>(const Place&) const = default;
+    };
+    /// The rows of the selected lines, each once, in the order of the list; a group's line stands for all of
+    /// its rows.
+    [[nodiscard]] std::vector<Place> selectedRows() const;
     [[nodiscard]] AcArray<AcDbObjectId> selectedEntities() const;
 
     void DrawItem(LPDRAWITEMSTRUCT draw) override;
@@ -42,6 +58,7 @@ private:
         bool isExpanded = false;
     };
 
+    void showTexts(int index, const CStringArray& columns);
     [[nodiscard]] Line* lineAt(int index) const;
     void insertRows(int below, std::size_t group);
     void setExpanded(int index, bool expanded);
