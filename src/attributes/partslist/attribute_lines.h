@@ -35,9 +35,17 @@ void appendItems(const CString& text, CStringArray& lines);
 /// already has.
 [[nodiscard]] std::vector<LineRange> partsOf(const CStringArray& lines);
 
-/// Puts the values of the property list into the chosen lines. As with entities, items that may not be
-/// edited, the value "*各種*" and values that hold "|" are passed over. True when a line changed.
-bool applyToLines(CStringArray& lines, std::span<const int> chosen, std::span<const ShownItem> items,
-                  const ParameterIndex& parameters);
+/// The items that the property list shows for the lines: those that every part has are shared, a value that
+/// is not the same everywhere is "*各種*".
+[[nodiscard]] std::vector<ShownItem> shownItemsOf(const CStringArray& lines);
+
+/// Puts the values of the property list into the lines. As with entities, items that may not be edited, the
+/// value
+/// "*各種*" and values that hold "|" are passed over.
+void applyToLines(CStringArray& lines, std::span<const ShownItem> items, const ParameterIndex& parameters);
+
+/// What a line is called: the display name of its attribute, else the name in the line itself (its fourth
+/// field), else the attribute id.
+[[nodiscard]] CString lineName(const CString& line);
 
 } // namespace zu
