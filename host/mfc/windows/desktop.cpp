@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include <algorithm>
 #include <clocale>
 
 namespace zuhost {
@@ -68,7 +69,12 @@ bool hasDesktop() {
 
 void runDesktop() {
     ensureDesktop();
-    QApplication::exec();
+    const auto isShown = [](const QWidget* window) { return window->isVisible(); };
+    for (QWidgetList windows = QApplication::topLevelWidgets();
+         std::any_of(windows.cbegin(), windows.cend(), isShown); windows = QApplication::topLevelWidgets()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 void settleDesktop() {

@@ -21,7 +21,7 @@ constexpr UINT kConfirm = 3006;
 constexpr UINT kBack = 3007;
 constexpr int kButtonsBottom = 70;
 constexpr UINT kShowSelection = WM_APP + 1; ///< Posted once for all the lines that a selection changes.
-constexpr unsigned kColumnTitles[] = {zu::text::kItem, zu::text::kValue};
+constexpr zu::EntityList::Column kColumns[] = {{zu::text::kItem, 90}, {zu::text::kValue, 56}};
 
 CString loaded(UINT id) {
     CString text;
@@ -130,7 +130,7 @@ int CUPEntView::OnCreate(LPCREATESTRUCT create) {
                            each.id);
         each.button.SetFont(font);
     }
-    return m_parts->list.create(*this, kColumnTitles) ? 0 : -1;
+    return m_parts->list.create(*this, kColumns) ? 0 : -1;
 }
 
 void CUPEntView::OnSize(UINT type, int width, int height) {

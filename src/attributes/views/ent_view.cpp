@@ -16,7 +16,7 @@ constexpr UINT kButtonId = 3001;
 constexpr int kButtonWidth = 60;
 constexpr int kButtonHeight = 23;
 constexpr UINT kSynchronise = WM_APP;
-constexpr unsigned kColumnTitles[] = {zu::text::kElement, zu::text::kLayer};
+constexpr zu::EntityList::Column kColumns[] = {{zu::text::kElement}, {zu::text::kLayer}};
 
 /// The attribute view beside an entity view; null outside an attribute window.
 CAttView* attributesBeside(const CWnd& view) {
@@ -53,7 +53,7 @@ int CEntView::OnCreate(LPCREATESTRUCT create) {
     m_button.Create(caption, WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(0, 0, kButtonWidth, kButtonHeight),
                     this, kButtonId);
     m_button.SetFont(CFont::FromHandle(static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT))));
-    return m_list->create(*this, kColumnTitles) ? 0 : -1;
+    return m_list->create(*this, kColumns) ? 0 : -1;
 }
 
 void CEntView::OnSize(UINT type, int width, int height) {

@@ -15,18 +15,16 @@ ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
 END_MESSAGE_MAP()
 
-bool EntityList::create(CWnd& view, std::span<const unsigned> titles) {
+bool EntityList::create(CWnd& view, std::span<const Column> columns) {
     constexpr DWORD kStyle =
         WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_NOSORTHEADER | LVS_SHOWSELALWAYS | LVS_OWNERDRAWFIXED;
-    constexpr int kWidth = 150;
     if (Create(kStyle, CRect(), &view, kId) == FALSE)
         return false;
     highlight_ = GetSysColor(COLOR_HIGHLIGHT);
-    int column = 0;
-    for (const unsigned title : titles) {
+    for (const Column& column : columns) {
         CString heading;
-        ZuComn_LoadString(ZuComn_GetResource(), title, heading);
-        InsertColumn(column++, heading, LVCFMT_LEFT, kWidth);
+        ZuComn_LoadString(ZuComn_GetResource(), column.title, heading);
+        InsertColumn(GetColumnCount(), heading, LVCFMT_LEFT, column.width);
     }
     return true;
 }

@@ -15,8 +15,12 @@ class EntityList : public CListCtrl {
 public:
     static constexpr UINT kId = 3003;
 
-    /// The list, with columns of these titles, in a view.
-    bool create(CWnd& view, std::span<const unsigned> titles);
+    struct Column {
+        unsigned title = 0; ///< Id of the text.
+        int width = 150;
+    };
+    /// The list in a view.
+    bool create(CWnd& view, std::span<const Column> columns);
 
     void setGroups(std::vector<CEntityGroup> groups);
     /// Fills the list anew: the first group unfolded and selected. Throws the framework's invalid-argument

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QTest>
+#include <QTimer>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
@@ -245,6 +246,17 @@ TEST_F(Windows, ComboBoxFollowsKeys) {
     EXPECT_EQ(box.GetSafeHwnd(), nullptr);
     EXPECT_EQ(box.GetCount(), CB_ERR);
     EXPECT_FALSE(box.DestroyWindow());
+}
+
+TEST_F(Windows, DesktopRunsUntilNoWindowIsShown) {
+    QTimer::singleShot(0, frame_.widget(), [this] { frame_.ShowWindow(SW_HIDE); });
+    zuhost::runDesktop();
+    EXPECT_FALSE(frame_.IsWindowVisible());
+    frame_.ShowWindow(SW_SHOW);
+    QTimer::singleShot(0, frame_.widget(), &QWidget::close);
+    zuhost::runDesktop();
+    isGone_ = true;
+    EXPECT_EQ(heard.back(), L"frame gone");
 }
 
 TEST_F(Windows, DesktopKeepsTheDecimalPoint) {

@@ -19,7 +19,7 @@ void ensureDesktop();
 /// Shows a box and waits for its button. Needs a desktop.
 int showMessageBox(const MessageBoxRequest& request);
 
-/// Runs the desktop until the last window is closed.
+/// Runs the desktop until no window is shown any more, because all were closed or hidden.
 void runDesktop();
 
 /// Handles what the desktop has in hand now: events, messages posted, drawing.
