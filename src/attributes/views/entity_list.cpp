@@ -109,25 +109,25 @@ int EntityList::parentOf(int index) const {
 std::vector<EntityList::Place> EntityList::selectedRows() const {
     std::vector<Place> places;
     std::set<Place> seen;
-    const auto add = [&](Place place) {
-        if (seen.insert(place).second)
-            places.push_back(place);
+    const auto add = [&](std::size_t group, std::size_t row) {
+        if (seen.emplace(group, row).second)
+            places.emplace_back(group, row);
     };
     for (int index = GetNextItem(-1, LVNI_SELECTED); index >= 0; index = GetNextItem(index, LVNI_SELECTED)) {
         const Line& line = *lineAt(index);
         if (line.kind != Line::kParent)
-            add({line.group, line.row});
+            add(line.group, line.row);
         else
             for (std::size_t row = 0; row < groups_[line.group].rows.size(); ++row)
-                add({line.group, row});
+                add(line.group, row);
     }
     return places;
 }
 
 AcArray<AcDbObjectId> EntityList::selectedEntities() const {
     AcArray<AcDbObjectId> entities;
-    for (const Place& place : selectedRows())
-        entities.append(groups_[place.group].rows[place.row].entity);
+    for (const auto& [group, row] : selectedRows())
+        entities.append(groups_[group].rows[row].entity);
     return entities;
 }
 

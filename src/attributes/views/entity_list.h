@@ -3,9 +3,9 @@
 #include <afxcmn.h>
 #include <zucomn/views.h>
 
-#include <compare>
 #include <deque>
 #include <span>
+#include <utility>
 
 namespace zu {
 
@@ -32,12 +32,8 @@ public:
     /// Unfolds a group and selects the lines of its rows instead of its own.
     void selectRowsBelow(int index);
 
-    /// A row of a group.
-    struct Place {
-        std::size_t group = 0;
-        std::size_t row = 0;
-        auto operator<=>(const Place&) const = default;
-    };
+    /// A group and one of its rows.
+    using Place = std::pair<std::size_t, std::size_t>;
     /// The rows of the selected lines, each once, in the order of the list; a group's line stands for all of
     /// its rows.
     [[nodiscard]] std::vector<Place> selectedRows() const;

@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QTest>
-#include <QTimer>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
@@ -249,11 +248,11 @@ TEST_F(Windows, ComboBoxFollowsKeys) {
 }
 
 TEST_F(Windows, DesktopRunsUntilNoWindowIsShown) {
-    QTimer::singleShot(0, frame_.widget(), [this] { frame_.ShowWindow(SW_HIDE); });
+    QMetaObject::invokeMethod(frame_.widget(), "hide", Qt::QueuedConnection);
     zuhost::runDesktop();
     EXPECT_FALSE(frame_.IsWindowVisible());
     frame_.ShowWindow(SW_SHOW);
-    QTimer::singleShot(0, frame_.widget(), &QWidget::close);
+    QMetaObject::invokeMethod(frame_.widget(), "close", Qt::QueuedConnection);
     zuhost::runDesktop();
     isGone_ = true;
     EXPECT_EQ(heard.back(), L"frame gone");
