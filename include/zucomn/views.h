@@ -79,7 +79,7 @@ protected:
 struct CEntityGroup {
     /// A line of the group: the texts of its columns (the first is what the line shows) and its entity.
     struct Row {
-        std::unique_ptr<CStringArray> columns;
+        std::shared_ptr<CStringArray> columns;
         AcDbObjectId entity;
     };
     CString title;

@@ -113,6 +113,7 @@ protected:
 
     std::vector<std::wstring> linesShown() {
         std::vector<std::wstring> shown;
+        shown.reserve(static_cast<std::size_t>(lines().GetItemCount()));
         for (int i = 0; i < lines().GetItemCount(); ++i)
             shown.push_back(std::wstring(static_cast<std::size_t>(lines().GetItemIndent(i)), L' ') +
                             text(lines().GetItemText(i, 0)));
@@ -165,7 +166,7 @@ TEST_F(FrameTest, GroupsFoldAndTheirSelectionIsShown) {
 
 TEST_F(FrameTest, RowsWithoutColumnsAreRefused) {
     std::vector<CEntityGroup> groups(1);
-    groups[0].rows.push_back({std::make_unique<CStringArray>(), AcDbObjectId()});
+    groups[0].rows.push_back({std::make_shared<CStringArray>(), AcDbObjectId()});
     frame_.GetLeftPane()->SetGroups(std::move(groups));
     EXPECT_THROW(frame_.GetLeftPane()->AddListView(), CInvalidArgException);
 }

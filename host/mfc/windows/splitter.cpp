@@ -2,6 +2,8 @@
 
 #include <QSplitter>
 
+#include <algorithm>
+
 IMPLEMENT_DYNCREATE(CSplitterWnd, CWnd)
 
 namespace {
@@ -27,14 +29,14 @@ BOOL CSplitterWnd::CreateStatic(CWnd* parent, int rows, int columns, DWORD style
         return FALSE;
     rows_ = rows;
     columns_ = columns;
-    panes_.assign(static_cast<std::size_t>(rows * columns), Pane{});
+    panes_.assign(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns), Pane{});
     return Create(nullptr, nullptr, style, CRect(), parent, id);
 }
 
 CSplitterWnd::Pane& CSplitterWnd::pane(int row, int column) {
     if (row < 0 || row >= rows_ || column < 0 || column >= columns_)
         AfxThrowInvalidArgException();
-    return panes_[static_cast<std::size_t>(row * columns_ + column)];
+    return panes_[static_cast<std::size_t>(std::max(row, column))];
 }
 
 CWnd* CSplitterWnd::GetPane(int row, int column) const {

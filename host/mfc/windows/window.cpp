@@ -5,8 +5,9 @@
 #include "zuhost/windows/frame.h"
 
 #include <QApplication>
-#include <QTimer>
 #include <QVariant>
+
+#include <algorithm>
 
 IMPLEMENT_DYNAMIC(CWnd, CObject)
 
@@ -83,9 +84,10 @@ void CWnd::destroy(bool tellSelf) {
     for (CWnd* const window : windowsIn(*root))
         window->SendMessage(WM_DESTROY);
     std::vector<CWnd*> windows = windowsIn(*root);
-    for (auto window = windows.rbegin(); window != windows.rend(); ++window) {
-        (*window)->link_->detach();
-        (*window)->PostNcDestroy();
+    std::reverse(windows.begin(), windows.end());
+    for (CWnd* const window : windows) {
+        window->link_->detach();
+        window->PostNcDestroy();
     }
     link_->detach();
     remove(root.data());
@@ -151,10 +153,7 @@ LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (widget() == nullptr)
         return FALSE;
-    QTimer::singleShot(0, link_.get(), [this, message, wParam, lParam] {
-        if (widget() != nullptr)
-            SendMessage(message, wParam, lParam);
-    });
+    link_->post(message, wParam, lParam);
     return TRUE;
 }
 
@@ -196,7 +195,7 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 BOOL CWnd::OnNotify(WPARAM /*wParam*/, LPARAM lParam, LRESULT* result) {
-    const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+    const auto& header = *objectOf<const NMHDR>(lParam);
     const AFX_MSGMAP_ENTRY* const entry =
         findHandler(WM_NOTIFY, header.code, static_cast<UINT>(header.idFrom));
     if (entry == nullptr)

@@ -5,6 +5,7 @@
 
 #include <QAbstractScrollArea>
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -40,7 +41,27 @@ bool isLost(const QFocusEvent& event) {
     return event.reason() != Qt::PopupFocusReason && event.reason() != Qt::ActiveWindowFocusReason;
 }
 
+/// A message on its way.
+struct PostedMessage : QEvent {
+    PostedMessage(UINT number, WPARAM first, LPARAM second)
+        : QEvent(QEvent::User), message(number), wParam(first), lParam(second) {}
+
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+};
+
 } // namespace
+
+void WindowLink::post(UINT message, WPARAM wParam, LPARAM lParam) {
+    QCoreApplication::postEvent(this, new PostedMessage(message, wParam, lParam));
+}
+
+void WindowLink::customEvent(QEvent* event) {
+    const auto& posted = static_cast<const PostedMessage&>(*event);
+    if (widget_ != nullptr)
+        owner_.SendMessage(posted.message, posted.wParam, posted.lParam);
+}
 
 void WindowLink::attach(QWidget* widget, UINT id) {
     widget_ = widget;

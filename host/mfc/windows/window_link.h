@@ -25,7 +25,13 @@ public:
     [[nodiscard]] QWidget* client() const;
     [[nodiscard]] UINT id() const { return id_; }
 
+    /// Sends a message once the desktop is idle.
+    void post(UINT message, WPARAM wParam, LPARAM lParam);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    void customEvent(QEvent* event) override;
 
 private:
     bool onWidget(QEvent& event);

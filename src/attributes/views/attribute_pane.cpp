@@ -136,6 +136,7 @@ void AttributePane::showPart(const wchar_t* partFile, CStringArray* keys) {
     if (data.ReadData(CString(partFile), 0) == 0)
         data.WriteData(data.GetEntityList(), lists);
     std::vector<const CStringArray*> raw;
+    raw.reserve(static_cast<std::size_t>(lists.GetSize()));
     for (int i = 0; i < lists.GetSize(); ++i)
         raw.push_back(&stringsAt(lists, i));
     show(raw.empty() ? std::vector<ShownItem>() : shownItems(raw), keys);
@@ -168,6 +169,7 @@ void AttributePane::setValue(const wchar_t* key, const wchar_t* value) {
 
 std::vector<ShownItem> AttributePane::items() const {
     std::vector<ShownItem> items;
+    items.reserve(static_cast<std::size_t>(manager_.GetItemCount()));
     for (int i = 0; i < manager_.GetItemCount(); ++i)
         items.push_back({manager_.GetItem(i).key, manager_.GetItem(i).value, true});
     return items;

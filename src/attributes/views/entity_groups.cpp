@@ -30,7 +30,7 @@ CString handleOf(AcDbObjectId id) {
 }
 
 CEntityGroup::Row rowOf(const AcDbEntity& entity, AcDbObjectId id) {
-    CEntityGroup::Row row{std::make_unique<CStringArray>(), id};
+    CEntityGroup::Row row{std::make_shared<CStringArray>(), id};
     row.columns->Add(handleOf(id));
     row.columns->Add(entity.layerName().c_str());
     return row;
@@ -41,15 +41,15 @@ CEntityGroup::Row rowOf(const AcDbEntity& entity, AcDbObjectId id) {
 std::vector<CEntityGroup> groupsOf(const AcArray<AcDbObjectId>& entities) {
     std::vector<CEntityGroup> groups;
     std::map<CString, std::size_t> places;
-    for (int i = 0; i < entities.length(); ++i) {
-        const AcDbObjectPointer<AcDbEntity> entity(entities[i]);
+    for (const AcDbObjectId id : entities) {
+        const AcDbObjectPointer<AcDbEntity> entity(id);
         if (entity.openStatus() != Acad::eOk)
             continue;
         const CString kind = kindOf(*entity);
         const auto [place, isNew] = places.emplace(kind, groups.size());
         if (isNew)
             groups.push_back({kind, {}});
-        groups[place->second].rows.push_back(rowOf(*entity, entities[i]));
+        groups[place->second].rows.push_back(rowOf(*entity, id));
     }
     for (CEntityGroup& group : groups)
         group.title += L" (" + CString(std::to_wstring(group.rows.size()).c_str()) + L")";

@@ -61,7 +61,7 @@ void EntityList::insertLine(int index, const Line& line, const CString& text) {
 }
 
 EntityList::Line* EntityList::lineAt(int index) const {
-    return reinterpret_cast<Line*>(GetItemData(index));
+    return objectOf<Line>(static_cast<LPARAM>(GetItemData(index)));
 }
 
 void EntityList::insertRows(int below, std::size_t group) {

@@ -46,7 +46,7 @@ LRESULT plain(CWnd& window, WPARAM, LPARAM) {
 
 template <auto Method>
 LRESULT create(CWnd& window, WPARAM, LPARAM lParam) {
-    return call<Method>(window, reinterpret_cast<LPCREATESTRUCT>(lParam));
+    return call<Method>(window, objectOf<CREATESTRUCT>(lParam));
 }
 
 template <auto Method>
@@ -90,7 +90,7 @@ LRESULT focus(CWnd& window, WPARAM, LPARAM) {
 template <auto Method>
 LRESULT notify(CWnd& window, WPARAM, LPARAM lParam) {
     LRESULT result = 0;
-    call<Method>(window, reinterpret_cast<NMHDR*>(lParam), &result);
+    call<Method>(window, objectOf<NMHDR>(lParam), &result);
     return result;
 }
 

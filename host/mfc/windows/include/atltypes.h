@@ -5,13 +5,19 @@
 class CSize : public SIZE {
 public:
     CSize() = default;
-    CSize(int width, int height) : SIZE{width, height} {}
+    CSize(int width, int height) {
+        cx = width;
+        cy = height;
+    }
 };
 
 class CPoint : public POINT {
 public:
     CPoint() = default;
-    CPoint(int across, int down) : POINT{across, down} {}
+    CPoint(int across, int down) {
+        x = across;
+        y = down;
+    }
     explicit CPoint(const POINT& point) : POINT(point) {}
 };
 
@@ -19,8 +25,12 @@ public:
 class CRect : public RECT {
 public:
     CRect() = default;
-    CRect(int leftSide, int topSide, int rightSide, int bottomSide)
-        : RECT{leftSide, topSide, rightSide, bottomSide} {}
+    CRect(int leftSide, int topSide, int rightSide, int bottomSide) {
+        left = leftSide;
+        top = topSide;
+        right = rightSide;
+        bottom = bottomSide;
+    }
     // NOLINTNEXTLINE(google-explicit-constructor, hicpp-explicit-conversions): as the interface has it.
     CRect(const RECT& rectangle) : RECT(rectangle) {}
 

@@ -60,6 +60,12 @@ inline constexpr int SW_HIDE = 0;
 inline constexpr int SW_SHOWNORMAL = 1;
 inline constexpr int SW_SHOW = 5;
 
+/// The object that a message's parameter points to.
+template <typename Object>
+Object* objectOf(LPARAM parameter) {
+    return reinterpret_cast<Object*>(parameter); // NOLINT(performance-no-int-to-ptr): the interface's way.
+}
+
 // ---- notifications
 
 inline constexpr UINT BN_CLICKED = 0;
