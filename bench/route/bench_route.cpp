@@ -90,6 +90,19 @@ void searchAfterEdits(benchmark::State& state) {
     report(state, joins);
 }
 
+/// Every member taken out of its group, one by one, and a route made of them again in the same group.
+void regroup(benchmark::State& state) {
+    const Network& drawn = network(static_cast<int>(state.range(0)));
+    AcDbObjectIdArray groups;
+    groups.append(drawn.group);
+    for (auto _ : state) {
+        for (const AcDbObjectId element : drawn.elements)
+            RootComn_DelGroupMember(drawn.group, element);
+        RootComn_MakeGroup(drawn.elements, groups);
+    }
+    state.SetComplexityN(state.range(0));
+}
+
 /// The rule told step by step; measured for a share of the elements, since all of them cost the square.
 void plainSearch(benchmark::State& state) {
     const Network& drawn = network(static_cast<int>(state.range(0)));
@@ -170,6 +183,7 @@ BENCHMARK(searchOfNewDrawing)->ZU_SIZES->Iterations(1)->Complexity();
 BENCHMARK_CAPTURE(search, after_a_change_of_the_group, true)->ZU_SIZES->Complexity();
 BENCHMARK_CAPTURE(search, known_group, false)->ZU_SIZES->Complexity();
 BENCHMARK(searchAfterEdits)->ZU_SIZES->Complexity();
+BENCHMARK(regroup)->ZU_SIZES->Complexity();
 BENCHMARK(bareKdTree)->ZU_SIZES->Complexity();
 BENCHMARK(bareRTree)->ZU_SIZES->Complexity();
 BENCHMARK(plainSearch)->ZU_SIZES->Iterations(1);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -49,6 +50,12 @@ public:
     void insert(std::size_t at, const std::vector<Tag>& tags);
     void insert(std::size_t at, TagList&& tags);
     void erase(TagRange range);
+    /// Erases those of the range that the predicate takes, in one pass.
+    template <typename Predicate>
+    void eraseIf(TagRange range, Predicate predicate) {
+        const auto at = [this](std::size_t i) { return tags_.begin() + static_cast<std::ptrdiff_t>(i); };
+        tags_.erase(std::remove_if(at(range.first), at(range.last), predicate), at(range.last));
+    }
     /// Takes out the class markers (100), which drawings before R13 don't have.
     void eraseMarkers();
 

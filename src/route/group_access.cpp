@@ -11,6 +11,8 @@
 
 #include <windows.h>
 
+#include <unordered_set>
+
 namespace zu {
 
 namespace {
@@ -38,6 +40,19 @@ std::optional<AcDbObjectIdArray> groupMembers(AcDbObjectId id) {
     AcDbObjectIdArray members;
     group->allEntityIds(members);
     return members;
+}
+
+AcDbObjectIdArray usableMembers(const AcDbObjectIdArray& ids) {
+    std::unordered_set<AcDbObjectId> seen;
+    AcDbObjectIdArray usable;
+    for (const AcDbObjectId id : ids) {
+        if (!seen.insert(id).second)
+            continue;
+        const AcDbEntityPointer entity(id, AcDb::kForWrite);
+        if (entity.openStatus() == Acad::eOk)
+            usable.append(id);
+    }
+    return usable;
 }
 
 std::optional<CString> groupName(AcDbObjectId id) {

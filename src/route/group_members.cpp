@@ -4,36 +4,14 @@
 #include <zucomn/route.h>
 
 #include <dbdict.h>
-#include <dbents.h>
 #include <dbgroup.h>
 #include <dbobjptr.h>
 
 #include <memory>
-#include <unordered_set>
 
 namespace {
 
 constexpr const wchar_t* kAnonymousKey = L"*";
-
-AcDbObjectIdArray eachOnce(const AcDbObjectIdArray& ids) {
-    std::unordered_set<AcDbObjectId> seen;
-    AcDbObjectIdArray unique;
-    for (const AcDbObjectId id : ids)
-        if (!id.isNull() && seen.insert(id).second)
-            unique.append(id);
-    return unique;
-}
-
-/// Those that can be members: live entities that nobody has open.
-AcDbObjectIdArray usableMembers(const AcDbObjectIdArray& ids) {
-    AcDbObjectIdArray usable;
-    for (const AcDbObjectId id : eachOnce(ids)) {
-        const AcDbEntityPointer entity(id, AcDb::kForWrite);
-        if (entity.openStatus() == Acad::eOk)
-            usable.append(id);
-    }
-    return usable;
-}
 
 /// Enters a group, which the dictionary then owns and which is open for write.
 bool enter(std::unique_ptr<AcDbGroup>& group, const CString& name, AcDbObjectId& id) {
@@ -60,7 +38,7 @@ int RootComn_GetNewGroupName(CString& name) {
 
 int RootComn_CreateNewGroup(const CString& name, const AcArray<AcDbObjectId>& elements,
                             AcDbObjectId& newGroup, bool selectable) {
-    const AcDbObjectIdArray members = usableMembers(elements);
+    const AcDbObjectIdArray members = zu::usableMembers(elements);
     if (members.isEmpty() || name.IsEmpty())
         return -1;
     auto group = std::make_unique<AcDbGroup>(name, selectable);
@@ -136,11 +114,11 @@ int RootComn_GetGroupMember(const AcDbObjectId& group, AcArray<AcDbObjectId>& me
 }
 
 int RootComn_GetGroupSize(const AcDbObjectId& group, int* size) {
-    const auto members = zu::groupMembers(group);
-    if (!members)
+    const AcDbObjectPointer<AcDbGroup> opened(group);
+    if (opened.openStatus() != Acad::eOk)
         return -1;
     if (size != nullptr)
-        *size = members->length();
+        *size = static_cast<int>(opened->numEntities());
     return 0;
 }
 
@@ -161,11 +139,11 @@ int RootComn_GroupMemberCopy(const AcDbObjectId& source, const AcDbObjectId& tar
     const AcDbObjectPointer<AcDbGroup> group(target, AcDb::kForWrite);
     if (!members || group.openStatus() != Acad::eOk)
         return -1;
+    AcDbObjectIdArray live;
     for (const AcDbObjectId member : *members)
-        if (const Acad::ErrorStatus status = group->append(member);
-            status != Acad::eOk && status != Acad::eAlreadyInGroup && status != Acad::eWasErased)
-            return -1;
-    return 0;
+        if (!member.isErased())
+            live.append(member);
+    return report(group->append(live));
 }
 
 int RootComn_GroupMemberCopy(const CString& source, const CString& target) {

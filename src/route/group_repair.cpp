@@ -59,9 +59,12 @@ void settleMembership(AcDbObjectId element, int kind) {
 }
 
 void settleMembership(AcDbObjectId element) {
-    const std::vector<ElementGroup> groups = groupsOf(element);
-    if (groups.size() < 2)
+    // Most elements are in one group, whose kind need not be read.
+    AcDbObjectIdArray ids;
+    ZuComn_GetGroupID(element, ids);
+    if (ids.length() < 2)
         return;
+    const std::vector<ElementGroup> groups = groupsOf(element);
     for (int kind = 1; kind <= kRouteKinds; ++kind)
         settle(element, groups, kind);
 }

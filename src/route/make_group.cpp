@@ -3,6 +3,9 @@
 
 #include <zucomn/route.h>
 
+#include <dbgroup.h>
+#include <dbobjptr.h>
+
 #include <vector>
 
 namespace {
@@ -45,6 +48,17 @@ void mergeInto(const Candidate& target, const std::vector<Candidate>& candidates
     }
 }
 
+/// As if each were put at the front in turn, and so the last one first.
+void putInFront(AcDbObjectId target, const AcDbObjectIdArray& elements) {
+    const AcDbObjectIdArray usable = zu::usableMembers(elements);
+    AcDbObjectIdArray reversed;
+    for (int i = usable.length() - 1; i >= 0; --i)
+        reversed.append(usable[i]);
+    const AcDbObjectPointer<AcDbGroup> group(target, AcDb::kForWrite);
+    if (group.openStatus() == Acad::eOk)
+        group->prepend(reversed);
+}
+
 void tie(const AcDbObjectIdArray& elements, const std::vector<Candidate>& candidates) {
     if (candidates.empty()) {
         CString name;
@@ -56,8 +70,7 @@ void tie(const AcDbObjectIdArray& elements, const std::vector<Candidate>& candid
     }
     const Candidate& target = lowestNumbered(candidates);
     mergeInto(target, candidates);
-    for (const AcDbObjectId element : elements)
-        RootComn_AddGroupMember(target.id, element);
+    putInFront(target.id, elements);
 }
 
 } // namespace

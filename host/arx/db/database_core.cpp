@@ -244,8 +244,7 @@ void DatabaseCore::erased(const AcDbObject& object, bool erasing) {
 void DatabaseCore::restore(AcDbStub& stub, TagList tags, bool erased, UndoLog::Kind kind, bool undoing) {
     AcDbObject& target = object(stub);
     const bool toggled = stub.erased != erased;
-    *target.tags_ = std::move(tags);
-    ++target.tagVersion_;
+    target.changingTags() = std::move(tags);
     stub.erased = erased;
     stub.changed = true;
     if (stub.owner != nullptr)

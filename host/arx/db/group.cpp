@@ -17,6 +17,12 @@ namespace {
 constexpr std::string_view kMarker = "AcDbGroup";
 constexpr int kMember = 340;
 
+template <typename Goes>
+void eraseEntries(zuhost::TagList& tags, Goes goes) {
+    const TagRange range = tags.subclass(kMarker);
+    tags.eraseIf(range, [&](const zuhost::Tag& tag) { return tag.code == kMember && goes(tag); });
+}
+
 } // namespace
 
 AcDbGroup::AcDbGroup() {
@@ -66,15 +72,15 @@ Adesk::UInt32 AcDbGroup::allEntityIds(AcDbObjectIdArray& ids) const {
     std::unordered_set<const AcDbStub*> seen;
     const TagRange range = section(kMarker);
     for (std::size_t i = range.first; i < range.last; ++i)
-        if (AcDbStub* const member = memberAt(i, seen))
+        if (AcDbStub* const member = memberOf(tags()[i], seen))
             ids.append(member);
     return static_cast<Adesk::UInt32>(ids.length());
 }
 
-AcDbStub* AcDbGroup::memberAt(std::size_t place, std::unordered_set<const AcDbStub*>& seen) const {
-    if (tags()[place].code != kMember)
+AcDbStub* AcDbGroup::memberOf(const zuhost::Tag& record, std::unordered_set<const AcDbStub*>& seen) const {
+    if (record.code != kMember)
         return nullptr;
-    const auto handle = zuhost::parseHandle(tags()[place].value);
+    const auto handle = zuhost::parseHandle(record.value);
     AcDbStub* const member = handle ? core()->document->find(*handle) : nullptr;
     return member != nullptr && seen.insert(member).second ? member : nullptr;
 }
@@ -86,7 +92,7 @@ std::vector<AcDbHandle> AcDbGroup::surplusEntries() const {
     std::unordered_set<const AcDbStub*> seen;
     const TagRange range = section(kMarker);
     for (std::size_t i = range.first; i < range.last; ++i)
-        if (tags()[i].code == kMember && memberAt(i, seen) == nullptr)
+        if (tags()[i].code == kMember && memberOf(tags()[i], seen) == nullptr)
             surplus.emplace_back(zuhost::parseHandle(tags()[i].value).value_or(0));
     return surplus;
 }
@@ -96,31 +102,23 @@ Acad::ErrorStatus AcDbGroup::removeSurplusEntries() {
     if (status != Acad::eOk)
         return status;
     std::unordered_set<const AcDbStub*> seen;
-    const TagRange range = section(kMarker);
-    std::vector<zuhost::Tag> kept;
-    for (std::size_t i = 0; i < tags().size(); ++i) {
-        const bool isEntry = i >= range.first && i < range.last && tags()[i].code == kMember;
-        if (!isEntry || memberAt(i, seen) != nullptr)
-            kept.push_back(tags()[i]);
-    }
-    changingTags() = zuhost::TagList(std::move(kept));
+    eraseEntries(changingTags(), [&](const zuhost::Tag& entry) { return memberOf(entry, seen) == nullptr; });
     return Acad::eOk;
 }
 
 Adesk::UInt32 AcDbGroup::numEntities() const {
-    AcDbObjectIdArray ids;
-    return allEntityIds(ids);
+    return core() != nullptr ? static_cast<Adesk::UInt32>(members().size()) : 0;
 }
 
 AcDbGroup::Members& AcDbGroup::members() const {
     if (membersVersion_ == tagVersion())
         return members_;
     members_.clear();
+    std::unordered_set<const AcDbStub*> seen;
     const TagRange range = section(kMarker);
     for (std::size_t i = range.first; i < range.last; ++i)
-        if (const auto handle =
-                tags()[i].code == kMember ? zuhost::parseHandle(tags()[i].value) : std::nullopt)
-            members_.insert(*handle);
+        if (const AcDbStub* const member = memberOf(tags()[i], seen))
+            members_.insert(member->handle);
     membersVersion_ = tagVersion();
     return members_;
 }
@@ -169,7 +167,7 @@ Acad::ErrorStatus AcDbGroup::append(AcDbObjectId id) {
     return insert(id, section(kMarker).last);
 }
 
-Acad::ErrorStatus AcDbGroup::append(const AcDbObjectIdArray& ids) {
+Acad::ErrorStatus AcDbGroup::insertAll(const AcDbObjectIdArray& ids, std::size_t place) {
     std::vector<AcDbObjectId> admitted;
     std::unordered_set<AcDbObjectId> seen;
     Acad::ErrorStatus status = Acad::eOk;
@@ -184,8 +182,16 @@ Acad::ErrorStatus AcDbGroup::append(const AcDbObjectIdArray& ids) {
         status = Acad::eOk;
     }
     if (!admitted.empty())
-        enter(admitted, section(kMarker).last);
+        enter(admitted, place);
     return status;
+}
+
+Acad::ErrorStatus AcDbGroup::append(const AcDbObjectIdArray& ids) {
+    return insertAll(ids, section(kMarker).last);
+}
+
+Acad::ErrorStatus AcDbGroup::prepend(const AcDbObjectIdArray& ids) {
+    return insertAll(ids, tags().find(kMember, section(kMarker)));
 }
 
 Acad::ErrorStatus AcDbGroup::prepend(AcDbObjectId id) {
@@ -207,10 +213,11 @@ Acad::ErrorStatus AcDbGroup::remove(AcDbObjectId id) {
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;
-    const TagRange range = section(kMarker);
-    for (std::size_t i = range.last; i-- > range.first;)
-        if (tags()[i].code == kMember && zuhost::parseHandle(tags()[i].value) == id.handle().value())
-            changingTags().erase({i, i + 1});
+    // Taking each record out at once would move all behind it, again and again.
+    members().erase(id.handle().value());
+    departed_.insert(id.handle().value());
+    letTagsLag();
+    membersVersion_ = tagVersion();
     leave(id);
     return Acad::eOk;
 }
@@ -221,15 +228,18 @@ Acad::ErrorStatus AcDbGroup::clear() {
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;
-    const TagRange range = section(kMarker);
-    std::vector<zuhost::Tag> kept(tags().begin(), tags().end());
-    const auto first = kept.begin() + static_cast<std::ptrdiff_t>(range.first);
-    const auto last = kept.begin() + static_cast<std::ptrdiff_t>(range.last);
-    kept.erase(std::remove_if(first, last, [](const zuhost::Tag& tag) { return tag.code == kMember; }), last);
-    changingTags() = zuhost::TagList(std::move(kept));
+    eraseEntries(changingTags(), [](const zuhost::Tag&) { return true; });
     for (const AcDbObjectId id : ids)
         leave(id);
     return Acad::eOk;
+}
+
+void AcDbGroup::bringUpToDate(zuhost::TagList& tags) const {
+    eraseEntries(tags, [this](const zuhost::Tag& entry) {
+        const auto handle = zuhost::parseHandle(entry.value);
+        return handle && departed_.contains(*handle);
+    });
+    departed_.clear();
 }
 
 void AcDbGroup::leave(AcDbObjectId id) const {

@@ -34,7 +34,7 @@ zuhost::DatabaseCore* AcDbObject::core() const {
 }
 
 std::wstring AcDbObject::dxfName() const {
-    return decoded(tags_->text(0, tags_->all()).value_or(""));
+    return decoded(tags().text(0, tags().all()).value_or(""));
 }
 
 bool AcDbObject::isNewObject() const {
@@ -52,25 +52,25 @@ std::string AcDbObject::encoded(std::wstring_view text) const {
 }
 
 TagRange AcDbObject::section(std::string_view marker) const {
-    return marker.empty() ? TagRange{0, tags_->extendedDataStart()} : tags_->subclass(marker);
+    return marker.empty() ? TagRange{0, tags().extendedDataStart()} : tags().subclass(marker);
 }
 
 double AcDbObject::realTag(std::string_view marker, int code, double missing) const {
-    return tags_->real(code, section(marker)).value_or(missing);
+    return tags().real(code, section(marker)).value_or(missing);
 }
 
 std::int64_t AcDbObject::integerTag(std::string_view marker, int code, std::int64_t missing) const {
-    return tags_->integer(code, section(marker)).value_or(missing);
+    return tags().integer(code, section(marker)).value_or(missing);
 }
 
 std::wstring AcDbObject::textTag(std::string_view marker, int code) const {
-    return decoded(tags_->text(code, section(marker)).value_or(""));
+    return decoded(tags().text(code, section(marker)).value_or(""));
 }
 
 AcGePoint3d AcDbObject::pointTag(std::string_view marker, int code, const AcGePoint3d& missing) const {
     const TagRange range = section(marker);
-    return {tags_->real(code, range).value_or(missing.x), tags_->real(code + 10, range).value_or(missing.y),
-            tags_->real(code + 20, range).value_or(missing.z)};
+    return {tags().real(code, range).value_or(missing.x), tags().real(code + 10, range).value_or(missing.y),
+            tags().real(code + 20, range).value_or(missing.z)};
 }
 
 Acad::ErrorStatus AcDbObject::setRealTag(std::string_view marker, int code, double value) {
@@ -90,7 +90,7 @@ Acad::ErrorStatus AcDbObject::setIntegerTag(std::string_view marker, int code, s
 Acad::ErrorStatus AcDbObject::setTextTag(std::string_view marker, int code, std::wstring_view text) {
     const Acad::ErrorStatus status = assertWriteEnabled();
     // An equal text keeps the way it is spelled.
-    if (status == Acad::eOk && (!tags_->text(code, section(marker)) || textTag(marker, code) != text))
+    if (status == Acad::eOk && (!tags().text(code, section(marker)) || textTag(marker, code) != text))
         changingTags().setText(code, encoded(text), section(marker));
     return status;
 }
@@ -121,7 +121,7 @@ Acad::ErrorStatus AcDbObject::assertWriteEnabled() {
     zuhost::UndoLog& undo = core()->undo;
     if (notedStep_ != undo.step()) {
         notedStep_ = undo.step();
-        undo.note(*stub_, *tags_, zuhost::UndoLog::Kind::changed);
+        undo.note(*stub_, tags(), zuhost::UndoLog::Kind::changed);
     }
     if (!modified_) {
         modified_ = true;
@@ -136,7 +136,19 @@ Acad::ErrorStatus AcDbObject::assertWriteEnabled() {
 
 TagList& AcDbObject::changingTags() {
     ++tagVersion_;
+    if (tagsLag_)
+        catchUp();
     return *tags_;
+}
+
+void AcDbObject::letTagsLag() {
+    ++tagVersion_;
+    tagsLag_ = true;
+}
+
+void AcDbObject::catchUp() const {
+    tagsLag_ = false;
+    bringUpToDate(*tags_);
 }
 
 Acad::ErrorStatus AcDbObject::erase(bool erasing) {
@@ -155,7 +167,7 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing) {
 }
 
 AcDbObjectId AcDbObject::extensionDictionary() const {
-    const TagRange range = tags_->applicationGroup("ACAD_XDICTIONARY");
-    const auto handle = tags_->handle(360, range);
+    const TagRange range = tags().applicationGroup("ACAD_XDICTIONARY");
+    const auto handle = tags().handle(360, range);
     return handle && core() != nullptr ? AcDbObjectId(core()->document->find(*handle)) : AcDbObjectId();
 }

@@ -78,7 +78,7 @@ void AcDbObject::removeReactor(AcDbObjectReactor* reactor) const {
 }
 
 bool AcDbObject::hasPersistentReactor(AcDbObjectId reactor) const {
-    return !reactor.isNull() && findEntry(*tags_, reactor.handle().value()) < tags_->size();
+    return !reactor.isNull() && findEntry(tags(), reactor.handle().value()) < tags().size();
 }
 
 Acad::ErrorStatus AcDbObject::addPersistentReactor(AcDbObjectId reactor) {
@@ -115,8 +115,8 @@ Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId reactor) {
 std::vector<AcDbHandle> AcDbObject::surplusReactors() const {
     std::vector<AcDbHandle> surplus;
     if (stub_ != nullptr)
-        for (const std::size_t entry : surplusEntries(*tags_, *core()->document))
-            surplus.emplace_back(zuhost::parseHandle((*tags_)[entry].value).value_or(0));
+        for (const std::size_t entry : surplusEntries(tags(), *core()->document))
+            surplus.emplace_back(zuhost::parseHandle(tags()[entry].value).value_or(0));
     return surplus;
 }
 
@@ -124,14 +124,14 @@ Acad::ErrorStatus AcDbObject::removeSurplusReactors() {
     const Acad::ErrorStatus status = stub_ != nullptr ? assertWriteEnabled() : Acad::eNotInDatabase;
     if (status != Acad::eOk)
         return status;
-    const std::vector<std::size_t> surplus = surplusEntries(*tags_, *core()->document);
+    const std::vector<std::size_t> surplus = surplusEntries(tags(), *core()->document);
     TagList kept;
-    kept.reserve(tags_->size());
-    for (std::size_t i = 0, next = 0; i < tags_->size(); ++i) {
+    kept.reserve(tags().size());
+    for (std::size_t i = 0, next = 0; i < tags().size(); ++i) {
         if (next < surplus.size() && surplus[next] == i)
             ++next;
         else
-            kept.add((*tags_)[i].code, (*tags_)[i].value);
+            kept.add(tags()[i].code, tags()[i].value);
     }
     eraseEmptyGroup(kept);
     changingTags() = std::move(kept);
@@ -142,9 +142,9 @@ const AcDbVoidPtrArray* AcDbObject::reactors() const {
     if (stub_ == nullptr)
         return nullptr;
     reactorList_.removeAll();
-    const TagRange range = tags_->applicationGroup(kGroup);
+    const TagRange range = tags().applicationGroup(kGroup);
     for (std::size_t i = range.first; i < range.last; ++i) {
-        const auto handle = (*tags_)[i].code == 330 ? zuhost::parseHandle((*tags_)[i].value) : std::nullopt;
+        const auto handle = tags()[i].code == 330 ? zuhost::parseHandle(tags()[i].value) : std::nullopt;
         if (AcDbStub* const stub = handle ? core()->document->find(*handle) : nullptr)
             reactorList_.append(persistentEntry(stub));
     }

@@ -225,17 +225,17 @@ void replace(TagList& tags, TagList replacement, const zuhost::Document& documen
 resbuf* AcDbObject::xData(const ACHAR* application) const {
     if (core() == nullptr)
         return nullptr;
-    TagRange range{tags_->extendedDataStart(), tags_->size()};
+    TagRange range{tags().extendedDataStart(), tags().size()};
     if (range.empty())
         return nullptr;
     if (application != nullptr) {
-        range = tags_->extendedData(encoded(application));
+        range = tags().extendedData(encoded(application));
         if (const auto name = range.empty() ? registeredName(*core(), application) : std::nullopt)
-            range = tags_->extendedData(*name);
+            range = tags().extendedData(*name);
     }
     ChainWriter chain(*core()->document);
     for (std::size_t at = range.first; at < range.last;)
-        at = chain.add(*tags_, at);
+        at = chain.add(tags(), at);
     return chain.first();
 }
 
@@ -246,7 +246,7 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
         return Acad::eNotOpenForWrite;
     std::vector<TagList> replacements;
     Acad::ErrorStatus status = readChain(chain, *core(), replacements);
-    if (status == Acad::eOk && sizeWith(*tags_, replacements) > kSizeLimit)
+    if (status == Acad::eOk && sizeWith(tags(), replacements) > kSizeLimit)
         status = Acad::eXdataSizeExceeded;
     if (status == Acad::eOk)
         status = assertWriteEnabled();

@@ -1,5 +1,8 @@
 #include "sample_drawing.h"
 
+#include <algorithm>
+#include <random>
+
 namespace {
 
 class Groups : public SampleDrawing {
@@ -70,6 +73,10 @@ TEST_F(Groups, ListsAreEnteredAtOnceAndMembersLeave) {
     EXPECT_TRUE(knows(kDuct, kSupply));
     EXPECT_EQ(group->clear(), Acad::eOk);
     EXPECT_EQ(group->numEntities(), 0U);
+    EXPECT_EQ(group->append(id(kShelf)), Acad::eOk);
+    EXPECT_EQ(group->prepend(ids), Acad::eOk);
+    EXPECT_EQ(members(*group), (Handles{kDuct, kBranch, kShelf}));
+    EXPECT_EQ(group->clear(), Acad::eOk);
     EXPECT_FALSE(knows(kBranch, kSingle));
 }
 
@@ -115,4 +122,46 @@ TEST_F(Groups, ErasedGroupLeavesItsMembersOnSaving) {
     erase(id(kFurniture), false);
     EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(idIn(*reopened(), kFurniture))),
               (Handles{0x106, 0x108, 0x10A}));
+}
+
+TEST_F(Groups, RecordsFollowTheMembers) {
+    std::mt19937 random(7);
+    const auto below = [&](std::size_t count) {
+        return std::uniform_int_distribution<std::size_t>(0, count - 1)(random);
+    };
+    const Handles pool = members(*AcDbObjectPointer<AcDbGroup>(id(kSupply)));
+    Handles expected = pool;
+    for (int round = 0; round < 60; ++round) {
+        const Handles before = expected;
+        drawing->startUndoRecord();
+        for (std::size_t change = 0; change < 1 + below(8); ++change) {
+            const AcDbObjectPointer<AcDbGroup> group(id(kSupply), AcDb::kForWrite);
+            const Adesk::UInt64 handle = pool[below(pool.size())];
+            if (std::erase(expected, handle) > 0) {
+                EXPECT_EQ(group->remove(id(handle)), Acad::eOk);
+            } else if (below(2) == 0) {
+                expected.insert(expected.begin(), handle);
+                EXPECT_EQ(group->prepend(id(handle)), Acad::eOk);
+            } else {
+                expected.push_back(handle);
+                EXPECT_EQ(group->append(id(handle)), Acad::eOk);
+            }
+            EXPECT_EQ(group->numEntities(), expected.size());
+            EXPECT_EQ(group->has(id(handle)),
+                      std::find(expected.begin(), expected.end(), handle) != expected.end());
+        }
+        if (below(3) == 0) {
+            EXPECT_EQ(drawing->undo(), Acad::eOk);
+            expected = before;
+        }
+        if (below(2) == 0) {
+            EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(id(kSupply))), expected);
+        }
+        if (below(10) == 0) {
+            EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(idIn(*reopened(), kSupply))), expected);
+        }
+    }
+    for (const Adesk::UInt64 handle : pool)
+        EXPECT_EQ(knows(handle, kSupply),
+                  std::find(expected.begin(), expected.end(), handle) != expected.end());
 }

@@ -28,8 +28,11 @@ public:
 
     /// eAlreadyInGroup for a member. Members must not be open for read or write elsewhere.
     Acad::ErrorStatus append(AcDbObjectId id);
-    Acad::ErrorStatus append(const AcDbObjectIdArray& ids);
     Acad::ErrorStatus prepend(AcDbObjectId id);
+    /// Those of the list that are no members yet, each once and in the order of the list; ends with the first
+    /// that can't be one.
+    Acad::ErrorStatus append(const AcDbObjectIdArray& ids);
+    Acad::ErrorStatus prepend(const AcDbObjectIdArray& ids);
     /// Before the member with the index, counted from 0; at the end for their number. eInvalidIndex beyond
     /// it.
     Acad::ErrorStatus insertAt(Adesk::UInt32 index, AcDbObjectId id);
@@ -44,17 +47,20 @@ public:
 
 private:
     using Members = std::unordered_set<std::uint64_t>;
+    void bringUpToDate(zuhost::TagList& tags) const override;
     /// Handles of the members, kept up to date by the group's own changes.
     Members& members() const;
     /// The member that the record names for the first time; null for other records and surplus entries.
-    [[nodiscard]] AcDbStub* memberAt(std::size_t place, std::unordered_set<const AcDbStub*>& seen) const;
+    AcDbStub* memberOf(const zuhost::Tag& record, std::unordered_set<const AcDbStub*>& seen) const;
     /// Checks a new member and makes the group its reactor.
     Acad::ErrorStatus admit(AcDbObjectId id);
     void leave(AcDbObjectId id) const;
     Acad::ErrorStatus insert(AcDbObjectId id, std::size_t place);
+    Acad::ErrorStatus insertAll(const AcDbObjectIdArray& ids, std::size_t place);
     /// Enters admitted members at a place of the records.
     void enter(const std::vector<AcDbObjectId>& admitted, std::size_t place);
 
     mutable Members members_;
+    mutable Members departed_; ///< Handles that the records still list.
     mutable std::uint32_t membersVersion_ = ~std::uint32_t{0};
 };

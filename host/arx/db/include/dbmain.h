@@ -27,6 +27,7 @@ class Document;
 class TagList;
 struct DatabaseCore;
 struct DocumentError;
+struct Tag;
 struct TagRange;
 AcRxObject* makeEntity();
 AcRxObject* makeSymbolTable();
@@ -117,7 +118,11 @@ public:
     [[nodiscard]] AcDbObjectId extensionDictionary() const;
 
     // ---- records, for classes of the database and tools
-    [[nodiscard]] const zuhost::TagList& tags() const { return *tags_; }
+    [[nodiscard]] const zuhost::TagList& tags() const {
+        if (tagsLag_)
+            catchUp();
+        return *tags_;
+    }
     /// Counts the changes of the records, so that what was derived from them can be kept until they change.
     [[nodiscard]] std::uint32_t tagVersion() const { return tagVersion_; }
 
@@ -128,6 +133,10 @@ protected:
     Acad::ErrorStatus assertWriteEnabled();
     /// The records for changing, after assertWriteEnabled.
     zuhost::TagList& changingTags();
+    /// After a change that the records don't show yet: `bringUpToDate` enters it when they are next looked
+    /// at.
+    void letTagsLag();
+    virtual void bringUpToDate(zuhost::TagList& /*tags*/) const {}
 
     [[nodiscard]] zuhost::DatabaseCore* core() const;
     [[nodiscard]] std::wstring decoded(std::string_view value) const;
@@ -156,6 +165,7 @@ private:
     friend class AcDbDatabase;
 
     void notifyClosed();
+    void catchUp() const;
 
     AcDbStub* stub_ = nullptr;
     std::unique_ptr<zuhost::TagList> tags_;
@@ -164,6 +174,7 @@ private:
     std::uint32_t tagVersion_ = 0;
     std::uint32_t notedStep_ = 0; ///< The undo step that holds the object's state before it.
     std::uint16_t readers_ = 0;
+    mutable bool tagsLag_ = false;
     bool writing_ = false;
     bool modified_ = false;     ///< Changed in the present opening.
     bool appended_ = false;     ///< Put into the database in the present opening.
