@@ -14,15 +14,26 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <system_error>
 
 namespace zu::app {
 
 namespace {
 
+constexpr const char* kFont = "IPAexGothic";
 constexpr double kMargin = 0.03;
 constexpr int kLegendLine = 22;
-constexpr double kSmallestText = 7.0;
+constexpr double kSmallestText = 11.0;
+constexpr double kLabelGap = 3.0;
+constexpr double kJoinedRadius = 2.0;
+constexpr double kDanglingRadius = 4.5;
+
+const QColor kInk(0x21, 0x21, 0x21);
+const QColor kDangling(0xff, 0xd6, 0x00);
+const QColor kTextGround(0xff, 0xff, 0xff, 0xd0);
+/// Texts that run down or up are left as they are.
+constexpr double kNearlyUpright = 1e-6;
 
 QColor colourOf(PlanRole role) {
     switch (role) {
@@ -45,9 +56,8 @@ QColor colourOf(PlanRole role) {
 }
 
 constexpr std::pair<PlanRole, const char*> kLegend[] = {
-    {PlanRole::kind1, "link kind 1"},   {PlanRole::kind2, "link kind 2"},
-    {PlanRole::kind3, "link kind 3"},   {PlanRole::kind4, "link kind 4"},
-    {PlanRole::equipment, "equipment"}, {PlanRole::kindUnknown, "no link kind"},
+    {PlanRole::kind1, "link kind 1"}, {PlanRole::kind2, "link kind 2"},   {PlanRole::kind3, "link kind 3"},
+    {PlanRole::kind4, "link kind 4"}, {PlanRole::equipment, "equipment"}, {PlanRole::kindUnknown, "other"},
 };
 
 /// Where the plan lies and how it comes onto the picture.
@@ -105,9 +115,11 @@ public:
             paintStroke(stroke);
         for (const PlanText& text : scene.texts)
             paintText(text);
-        for (const PlanJoint& joint : scene.joints)
-            paintJoint(joint);
-        paintLegend();
+        for (const bool joined : {true, false})
+            for (const PlanJoint& joint : scene.joints)
+                if (joint.joined == joined)
+                    paintMark(sheet_.place(joint.position), joined);
+        paintLegend(scene);
     }
 
 private:
@@ -120,56 +132,72 @@ private:
         painter_.drawPolyline(line);
     }
 
+    /// Upright enough to be read, whatever way its block is turned, and on a ground that covers lines.
     void paintText(const PlanText& text) {
         const double size = std::max(text.height * sheet_.scale(), kSmallestText);
-        QFont font("IPAexGothic");
+        QFont font(kFont);
         font.setPixelSize(std::clamp(static_cast<int>(std::lround(size)), 1, 500));
         const QString words = QString::fromStdString(text.text);
         const double width = QFontMetricsF(font).horizontalAdvance(words);
         painter_.save();
-        painter_.setFont(font);
-        painter_.setPen(text.role == PlanRole::background ? QColor(0x42, 0x42, 0x42) : colourOf(text.role));
         painter_.translate(sheet_.place(text.position));
-        painter_.rotate(-text.rotation * 180.0 / 3.141592653589793);
-        painter_.drawText(text.centred ? QPointF(-width / 2.0, size * 0.36) : QPointF(0.0, 0.0), words);
+        painter_.rotate(-text.rotation * 180.0 / std::numbers::pi);
+        painter_.translate(centreOf(text, width, size));
+        if (std::cos(text.rotation) < -kNearlyUpright)
+            painter_.rotate(180.0);
+        painter_.fillRect(QRectF(-width / 2.0, -size / 2.0, width, size), kTextGround);
+        painter_.setFont(font);
+        painter_.setPen(text.role == PlanRole::background ? kInk : colourOf(text.role));
+        painter_.drawText(QPointF(-width / 2.0, size * 0.36), words);
         painter_.restore();
     }
 
-    void paintJoint(const PlanJoint& joint) {
-        const QColor colour = joint.joined ? QColor(0x21, 0x21, 0x21) : QColor(0xd5, 0x00, 0x00);
-        painter_.setPen(QPen(colour, joint.joined ? 1.0 : 1.8));
-        painter_.setBrush(joint.joined ? QBrush(colour) : QBrush(Qt::white));
-        const double radius = joint.joined ? 2.2 : 4.0;
-        painter_.drawEllipse(sheet_.place(joint.position), radius, radius);
+    /// Along the base line and downwards.
+    static QPointF centreOf(const PlanText& text, double width, double size) {
+        const double side = text.mirrored ? -1.0 : 1.0;
+        switch (text.anchor) {
+        case PlanAnchor::bottomLeft:
+            return {width / 2.0, -side * size / 2.0};
+        case PlanAnchor::middle:
+            return {0.0, 0.0};
+        case PlanAnchor::above:
+            return {0.0, -size / 2.0 - kLabelGap};
+        case PlanAnchor::below:
+            return {0.0, size / 2.0 + kLabelGap};
+        }
+        return {};
     }
 
-    void paintLegend() {
-        QFont font("IPAexGothic");
+    void paintMark(const QPointF& place, bool joined) {
+        painter_.setPen(QPen(kInk, joined ? 1.0 : 1.6));
+        painter_.setBrush(joined ? kInk : kDangling);
+        const double radius = joined ? kJoinedRadius : kDanglingRadius;
+        painter_.drawEllipse(place, radius, radius);
+    }
+
+    void paintLegend(const PlanScene& scene) {
+        QFont font(kFont);
         font.setPixelSize(14);
         painter_.setFont(font);
         double x = 16.0;
         const double y = sheet_.size().height() - 0.8 * kLegendLine;
         const auto label = [&](const QString& words) {
-            painter_.setPen(QColor(0x21, 0x21, 0x21));
+            painter_.setPen(kInk);
             painter_.drawText(QPointF(x + 30.0, y + 5.0), words);
             x += 30.0 + QFontMetricsF(font).horizontalAdvance(words) + 24.0;
         };
         for (const auto& [role, words] : kLegend) {
+            if (std::none_of(scene.strokes.begin(), scene.strokes.end(),
+                             [shown = role](const PlanStroke& s) { return s.role == shown; }))
+                continue;
             painter_.setPen(QPen(colourOf(role), 3.0));
             painter_.drawLine(QPointF(x, y), QPointF(x + 24.0, y));
             label(words);
         }
-        paintMark(x + 12.0, y, true);
+        paintMark(QPointF(x + 12.0, y), true);
         label("joined");
-        paintMark(x + 12.0, y, false);
+        paintMark(QPointF(x + 12.0, y), false);
         label("dangling");
-    }
-
-    void paintMark(double x, double y, bool joined) {
-        const QColor colour = joined ? QColor(0x21, 0x21, 0x21) : QColor(0xd5, 0x00, 0x00);
-        painter_.setPen(QPen(colour, joined ? 1.0 : 1.8));
-        painter_.setBrush(joined ? QBrush(colour) : QBrush(Qt::white));
-        painter_.drawEllipse(QPointF(x, y), joined ? 2.2 : 4.0, joined ? 2.2 : 4.0);
     }
 
     QPainter& painter_;

@@ -2,21 +2,27 @@
 
 #include "element.h"
 #include "joints.h"
-#include "text.h"
+
+#include "plain_text.h"
 
 #include <dbents.h>
 #include <dbobjptr.h>
 #include <dbsymtb.h>
+#include <zucomn/frame.h>
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <span>
+#include <unordered_map>
 
 namespace zu::app {
 
 namespace {
 
 constexpr int kDeepestNesting = 16;
+constexpr int kEquipment = 0;
+constexpr double kLineHeight = 1.4;
 constexpr double kChord = std::numbers::pi / 24.0;
 constexpr double kTurn = 2.0 * std::numbers::pi;
 
@@ -35,16 +41,53 @@ PlanRole roleOf(const Element& element) {
     }
     if (!element.isRouteElement())
         return PlanRole::background;
-    return element.code == 0 ? PlanRole::equipment : PlanRole::kindUnknown;
+    return element.code == kEquipment ? PlanRole::equipment : PlanRole::kindUnknown;
 }
+
+/// The block's name without the prefix that makes it equipment.
+std::string equipmentName(const std::string& block) {
+    const std::size_t name = block.find_first_not_of('-', 2);
+    return name != std::string::npos ? block.substr(name) : block;
+}
+
+/// Which layers the plan shows: those that are on, without the marks that it draws itself.
+class ShownLayers {
+public:
+    /// Things of a block on layer 0 lie on the layer of the reference.
+    bool shows(const AcDbEntity& entity, AcDbObjectId referenceLayer) {
+        const AcDbObjectId layer = layerOf(entity, referenceLayer);
+        const auto [known, isNew] = shown_.try_emplace(layer, true);
+        if (isNew)
+            known->second = isShown(layer);
+        return known->second;
+    }
+
+    static AcDbObjectId layerOf(const AcDbEntity& entity, AcDbObjectId referenceLayer) {
+        return !referenceLayer.isNull() && entity.layerName() == L"0" ? referenceLayer : entity.layerId();
+    }
+
+private:
+    static bool isShown(AcDbObjectId id) {
+        const AcDbObjectPointer<AcDbLayerTableRecord> layer(id);
+        if (layer.openStatus() != Acad::eOk)
+            return true;
+        const CString name(layer->name());
+        return !layer->isOff() && !layer->isFrozen() && name.CompareNoCase(ZUCONECT_LAYER) != 0 &&
+               name.CompareNoCase(ZUSNAP_LAYER) != 0;
+    }
+
+    std::unordered_map<AcDbObjectId, bool> shown_;
+};
 
 class SceneBuilder {
 public:
     explicit SceneBuilder(PlanScene& scene) : scene_(scene) {}
 
-    void addEntity(AcDbObjectId id, const AcGeMatrix3d& toWorld, PlanRole role, int depth) {
+    void addEntity(AcDbObjectId id, const AcGeMatrix3d& toWorld, PlanRole role,
+                   AcDbObjectId referenceLayer = {}, int depth = 0) {
         const AcDbObjectPointer<AcDbEntity> entity(id);
-        if (entity.openStatus() != Acad::eOk || !entity->isVisible())
+        if (entity.openStatus() != Acad::eOk || !entity->isVisible() ||
+            !layers_.shows(*entity.object(), referenceLayer))
             return;
         if (const auto* line = AcDbLine::cast(entity))
             addPoints({line->startPoint(), line->endPoint()}, toWorld, role);
@@ -60,11 +103,37 @@ public:
         else if (const auto* paragraph = AcDbMText::cast(entity))
             addParagraph(*paragraph, toWorld, role);
         else if (const auto* reference = AcDbBlockReference::cast(entity))
-            addReference(*reference, toWorld, role, depth);
+            addReference(*reference, toWorld, role, ShownLayers::layerOf(*reference, referenceLayer), depth);
     }
 
+    /// Equipment whose block has no text gets its name, on the side where routes don't join.
+    void addEquipment(const Element& element, PlanRole role) {
+        const std::size_t firstStroke = scene_.strokes.size();
+        const std::size_t firstText = scene_.texts.size();
+        addEntity(element.id, AcGeMatrix3d::kIdentity, role);
+        const std::span strokes = std::span(scene_.strokes).subspan(firstStroke);
+        if (strokes.empty() || scene_.texts.size() > firstText)
+            return;
+        AcGePoint2d low = strokes.front().points.front();
+        AcGePoint2d high = low;
+        for (const PlanStroke& stroke : strokes) {
+            for (const AcGePoint2d& point : stroke.points) {
+                low = {std::min(low.x, point.x), std::min(low.y, point.y)};
+                high = {std::max(high.x, point.x), std::max(high.y, point.y)};
+            }
+        }
+        double lean = 0.0;
+        for (const AcGePoint3d& point : element.connectionPoints)
+            lean += point.y - (low.y + high.y) / 2.0;
+        const bool isAbove = lean < 0.0;
+        const AcGePoint2d place((low.x + high.x) / 2.0, isAbove ? high.y : low.y);
+        const PlanAnchor anchor = isAbove ? PlanAnchor::above : PlanAnchor::below;
+        scene_.texts.push_back({equipmentName(element.block), place, 0.0, 0.0, false, anchor, role});
+    }
+
+private:
     void addReference(const AcDbBlockReference& reference, const AcGeMatrix3d& toWorld, PlanRole role,
-                      int depth) {
+                      AcDbObjectId layer, int depth) {
         if (depth >= kDeepestNesting)
             return;
         const AcDbObjectPointer<AcDbBlockTableRecord> block(reference.blockTableRecord());
@@ -73,11 +142,12 @@ public:
         const AcGeMatrix3d inner =
             toWorld * reference.blockTransform() * AcGeMatrix3d::translation(-block->origin().asVector());
         for (const AcDbObjectId id : block->entityIds())
-            addEntity(id, inner, role, depth + 1);
+            addEntity(id, inner, role, layer, depth + 1);
     }
 
-private:
     void addPoints(const std::vector<AcGePoint3d>& points, const AcGeMatrix3d& toWorld, PlanRole role) {
+        if (points.empty())
+            return;
         PlanStroke stroke;
         stroke.role = role;
         for (const AcGePoint3d& point : points)
@@ -142,30 +212,30 @@ private:
     void addText(const AcDbText& text, const AcGeMatrix3d& toWorld, PlanRole role) {
         const bool centred =
             text.horizontalMode() == 4 || text.horizontalMode() == 1 || text.verticalMode() == 2;
-        add(narrow(text.textString()), centred ? text.alignmentPoint() : text.position(), text.height(),
-            text.rotation(), centred, toWorld, role);
+        add(preview::plainText(text.textString()), centred ? text.alignmentPoint() : text.position(),
+            text.height(), text.rotation(), centred ? PlanAnchor::middle : PlanAnchor::bottomLeft, toWorld,
+            role);
     }
 
     void addParagraph(const AcDbMText& text, const AcGeMatrix3d& toWorld, PlanRole role) {
+        const AcGeVector3d nextLine(std::sin(text.rotation()), -std::cos(text.rotation()), 0.0);
         AcGePoint3d position = text.location();
-        std::wstring left = text.contents();
-        while (!left.empty()) {
-            const std::size_t end = left.find(L"\\P");
-            position.y -= text.textHeight() * 1.4;
-            add(narrow(left.substr(0, end)), position, text.textHeight(), text.rotation(), false, toWorld,
-                role);
-            left.erase(0, end == std::wstring::npos ? end : end + 2);
+        for (const QString& line : preview::plainLines(text.contents())) {
+            position += nextLine * (text.textHeight() * kLineHeight);
+            add(line, position, text.textHeight(), text.rotation(), PlanAnchor::bottomLeft, toWorld, role);
         }
     }
 
-    void add(std::string text, const AcGePoint3d& position, double height, double rotation, bool centred,
-             const AcGeMatrix3d& toWorld, PlanRole role) {
-        const AcGeVector3d up = toWorld * AcGeVector3d(0, height, 0);
+    void add(const QString& text, const AcGePoint3d& position, double height, double rotation,
+             PlanAnchor anchor, const AcGeMatrix3d& toWorld, PlanRole role) {
         const AcGeVector3d along = toWorld * AcGeVector3d(std::cos(rotation), std::sin(rotation), 0);
-        scene_.texts.push_back({std::move(text), (toWorld * position).convert2d(), up.length(),
-                                std::atan2(along.y, along.x), centred, role});
+        const AcGeVector3d up = toWorld * AcGeVector3d(-std::sin(rotation), std::cos(rotation), 0);
+        scene_.texts.push_back({text.toStdString(), (toWorld * position).convert2d(), up.length() * height,
+                                std::atan2(along.y, along.x), along.x * up.y - along.y * up.x < 0.0, anchor,
+                                role});
     }
 
+    ShownLayers layers_;
     PlanScene& scene_;
 };
 
@@ -185,9 +255,15 @@ PlanScene makePlanScene(DrawingFile& drawing) {
     PlanScene scene;
     SceneBuilder builder(scene);
     for (const AcDbObjectId id : drawing.entities()) {
-        const bool isReference = id.objectClass()->isDerivedFrom(AcDbBlockReference::desc());
-        const PlanRole role = isReference ? roleOf(readElement(id)) : PlanRole::background;
-        builder.addEntity(id, AcGeMatrix3d::kIdentity, role, 0);
+        if (!id.objectClass()->isDerivedFrom(AcDbBlockReference::desc())) {
+            builder.addEntity(id, AcGeMatrix3d::kIdentity, PlanRole::background);
+            continue;
+        }
+        const Element element = readElement(id);
+        if (element.code == kEquipment)
+            builder.addEquipment(element, roleOf(element));
+        else
+            builder.addEntity(id, AcGeMatrix3d::kIdentity, roleOf(element));
     }
     scene.joints = findJoints(drawing.references());
     return scene;

@@ -17,12 +17,16 @@ struct PlanStroke {
     PlanRole role = PlanRole::background;
 };
 
+/// Where a text lies about its position.
+enum class PlanAnchor { bottomLeft, middle, above, below };
+
 struct PlanText {
     std::string text;
-    AcGePoint2d position; ///< Bottom left, or the centre where `centred`.
-    double height = 0.0;
+    AcGePoint2d position;
+    double height = 0.0;   ///< 0: as small as can be read.
     double rotation = 0.0; ///< Radians.
-    bool centred = false;
+    bool mirrored = false; ///< It lies on the other side of its base line.
+    PlanAnchor anchor = PlanAnchor::bottomLeft;
     PlanRole role = PlanRole::background;
 };
 
