@@ -20,6 +20,7 @@ constexpr short kApplicationName = 1001;
 constexpr short kText = 1000;
 constexpr std::size_t kHeaderFields = 3;
 constexpr std::size_t kItemFields = 6;
+constexpr const char* kHeader = "header of the attribute record";
 
 struct ChainDeleter {
     void operator()(resbuf* chain) const { acutRelRb(chain); }
@@ -100,77 +101,90 @@ bool isCount(const CString& field) {
            std::all_of(digits.begin(), digits.end(), [](wchar_t c) { return c >= L'0' && c <= L'9'; });
 }
 
-/// The faults of one entity's record, whose texts are mended where they can be and stored at once.
+/// The faults of one entity's record. Its texts are mended where they can be, stored once and then reported.
 class RecordAudit {
 public:
-    RecordAudit(AcDbObjectId entity, const wchar_t* application, Record record, Audit& audit)
-        : entity_(entity), application_(application), record_(std::move(record)), audit_(audit) {}
+    RecordAudit(AcDbObjectId entity, const wchar_t* application, Record record)
+        : entity_(entity), application_(application), record_(std::move(record)) {}
 
     /// False when nothing more can be said of the record.
-    bool auditForm(const std::string& name) {
+    bool checkForm(const std::string& name) {
         if (record_.count > 1)
-            audit_.add(entity_, name + " is there more than once; only the first counts");
+            note(name + " is there more than once; only the first counts");
         if (record_.hasOtherValues)
-            audit_.add(entity_, name + " holds values that are no texts");
-        const bool isEmpty = std::all_of(record_.texts.begin(), record_.texts.end(),
-                                         [](const CString& text) { return text.IsEmpty(); });
-        if (!isEmpty)
+            note(name + " holds values that are no texts");
+        if (!std::all_of(record_.texts.begin(), record_.texts.end(),
+                         [](const CString& text) { return text.IsEmpty(); }))
             return true;
-        if (record_.hasOtherValues) {
-            audit_.add(entity_, name + " has no texts");
-            return false;
-        }
+        faults_.push_back({name + " is empty", !record_.hasOtherValues});
         record_.texts.clear();
-        audit_.add(entity_, name + " is empty", [this] { return store(); });
         return false;
     }
 
-    void auditAttributes() {
+    void checkAttributes() {
         for (std::size_t i = 1; i < record_.texts.size(); ++i)
-            auditFields("item " + std::to_string(i) + " of the attribute record", i, kItemFields);
-        auditFields("header of the attribute record", 0, kHeaderFields);
-        auditCount();
+            checkItem(i);
+        checkHeader();
     }
 
-    void auditLinkKind() {
-        const CString& text = record_.texts.front();
-        const std::wstring_view view = text.view();
-        if (view.size() < 2 || view[0] < L'0' || view[0] > L'6' || view[1] != L'|')
-            audit_.add(entity_, "link record doesn't begin with a link kind (0 to 6): " + narrow(view));
+    void checkLinkKind() {
+        const std::wstring_view text = record_.texts.front().view();
+        if (text.size() < 2 || text[0] < L'0' || text[0] > L'6' || text[1] != L'|')
+            note("link record doesn't begin with a link kind (0 to 6): " + narrow(text));
+    }
+
+    void report(Audit& audit) const {
+        const bool isMended =
+            std::any_of(faults_.begin(), faults_.end(), [](const Fault& f) { return f.mended; });
+        const bool isStored = audit.isRepairing() && isMended && store();
+        for (const Fault& fault : faults_)
+            audit.add(entity_, fault.problem, [&] { return fault.mended && isStored; });
     }
 
 private:
-    void auditFields(const std::string& what, std::size_t place, std::size_t wanted) {
+    struct Fault {
+        std::string problem;
+        bool mended;
+    };
+
+    void note(std::string problem) { faults_.push_back({std::move(problem), false}); }
+    void mend(std::string problem, std::size_t place, const CString& text) {
+        record_.texts[place] = text;
+        faults_.push_back({std::move(problem), true});
+    }
+
+    void checkItem(std::size_t place) {
         const CString text = record_.texts[place];
-        const std::optional<CString> mended = withFields(text, wanted);
+        const std::optional<CString> mended = withFields(text, kItemFields);
         if (mended == text)
             return;
-        const std::string problem = fieldsProblem(what, text, wanted);
-        if (mended)
-            audit_.add(entity_, problem, [&] { return replace(place, *mended); });
-        else
-            audit_.add(entity_, problem);
+        const std::string problem =
+            fieldsProblem("item " + std::to_string(place) + " of the attribute record", text, kItemFields);
+        mended ? mend(problem, place, *mended) : note(problem);
     }
 
-    void auditCount() {
-        Fields header = split(record_.texts.front());
-        if (header.ended.size() != kHeaderFields)
-            return;
+    void checkHeader() {
+        const CString text = record_.texts.front();
+        const std::optional<CString> mended = withFields(text, kHeaderFields);
+        if (!mended)
+            return note(fieldsProblem(kHeader, text, kHeaderFields));
         CString items;
         items.Format(L"%d", static_cast<int>(record_.texts.size() - 1));
-        if (CString(header.ended.front()).Trim() == items)
+        Fields header = split(*mended);
+        CString& count = header.ended.front();
+        if (*mended != text) {
+            if (count.IsEmpty())
+                count = items;
+            mend(fieldsProblem(kHeader, text, kHeaderFields), 0, join(header.ended));
+        }
+        if (CString(count).Trim() == items)
             return;
-        const std::string problem = "attribute record names " + narrow(header.ended.front().view()) +
-                                    " as the number of its items and has " + narrow(items.view());
-        if (!isCount(header.ended.front()) && !header.ended.front().IsEmpty())
-            return audit_.add(entity_, problem);
-        header.ended.front() = items;
-        audit_.add(entity_, problem, [&] { return replace(0, join(header.ended)); });
-    }
-
-    bool replace(std::size_t place, const CString& text) {
-        record_.texts[place] = text;
-        return store();
+        const std::string problem = "attribute record names \"" + narrow(count.view()) +
+                                    "\" as the number of its items and has " + narrow(items.view());
+        if (!isCount(count) && !count.IsEmpty())
+            return note(problem);
+        count = items;
+        mend(problem, 0, join(header.ended));
     }
 
     [[nodiscard]] bool store() const {
@@ -183,7 +197,7 @@ private:
     AcDbObjectId entity_;
     const wchar_t* application_;
     Record record_;
-    Audit& audit_;
+    std::vector<Fault> faults_;
 };
 
 struct Found {
@@ -200,13 +214,18 @@ Found auditEntity(AcDbObjectId entity, Audit& audit) {
         link = readRecord(chain.get(), kLink);
     }
     const Found found{attributes.count > 0, link.count > 0};
-    if (found.attributes)
-        if (RecordAudit record(entity, kAttributes, std::move(attributes), audit);
-            record.auditForm("attribute record"))
-            record.auditAttributes();
-    if (found.link)
-        if (RecordAudit record(entity, kLink, std::move(link), audit); record.auditForm("link record"))
-            record.auditLinkKind();
+    if (found.attributes) {
+        RecordAudit record(entity, kAttributes, std::move(attributes));
+        if (record.checkForm("attribute record"))
+            record.checkAttributes();
+        record.report(audit);
+    }
+    if (found.link) {
+        RecordAudit record(entity, kLink, std::move(link));
+        if (record.checkForm("link record"))
+            record.checkLinkKind();
+        record.report(audit);
+    }
     return found;
 }
 
