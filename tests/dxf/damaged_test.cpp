@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+
 namespace zu::test {
 namespace {
 
@@ -33,23 +35,60 @@ TEST(Damaged, CutAtEveryByte) {
     }
 }
 
-TEST(Damaged, RecordsAcrossBlocksOfTheFile) {
-    // Records of growing length meet every position at the ends of the reader's blocks.
-    std::string bytes = "0\nSECTION\n2\nENTITIES\n";
-    constexpr int kCount = 30000;
-    for (int i = 0; i < kCount; ++i)
-        bytes += "0\nTEXT\n1\n" + std::string(static_cast<std::size_t>(i) % 97, 'x') + "\n10\n" +
-                 std::to_string(i) + ".5\n";
-    bytes += "0\nENDSEC\n0\nEOF\n";
+// Records of growing length meet every position at the ends of the reader's blocks.
+constexpr int kTexts = 10000;
+
+std::string valueOf(int i) {
+    return std::string(static_cast<std::size_t>(i) % 97, 'x');
+}
+
+void expectTexts(const std::string& bytes) {
     const PartFile file(bytes);
     const CAcadDxf part(file.path());
-    ASSERT_EQ(part.GetEntities().GetCount(), kCount);
+    ASSERT_EQ(part.GetEntities().GetCount(), kTexts);
     int i = 0;
     for (POSITION at = part.GetEntities().GetHeadPosition(); at != nullptr; ++i) {
         const auto* const text = static_cast<const CText*>(part.GetEntities().GetNext(at));
         ASSERT_EQ(text->m_x, i + 0.5);
         ASSERT_EQ(text->GetText().GetLength(), i % 97);
     }
+}
+
+TEST(Damaged, RecordsAcrossBlocksOfTheFile) {
+    for (const std::string end : {"\n", "\r\n", "\r"}) {
+        std::string bytes = "0" + end + "SECTION" + end + "2" + end + "ENTITIES" + end;
+        for (int i = 0; i < kTexts; ++i)
+            for (const std::string& line :
+                 {std::string("0"), std::string("TEXT"), std::string("1"), valueOf(i), std::string(" 999 "),
+                  valueOf(i), std::string("10"), std::to_string(i) + ".5"})
+                bytes += line + end;
+        expectTexts(bytes + "0" + end + "ENDSEC" + end + "0" + end + "EOF" + end);
+    }
+    std::string records;
+    for (int i = 0; i < kTexts; ++i) {
+        records += binaryText(0, "TEXT") + binaryText(1, valueOf(i)) + binaryText(999, valueOf(i));
+        append(records, 310, 2); // A chunk.
+        append(records, 3, 1);
+        append(records, 0, 3);
+        append(records, 10, 2);
+        append(records, std::bit_cast<std::uint64_t>(i + 0.5), 8);
+    }
+    expectTexts(binaryDrawing(records));
+}
+
+TEST(Damaged, PolylineOfManyPoints) {
+    std::string bytes = "0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n";
+    constexpr int kPoints = 300000;
+    for (int i = 0; i < kPoints; ++i)
+        bytes += "10\n" + std::to_string(i) + "\n20\n-1\n";
+    const PartFile file(bytes + "0\nPOINT\n10\n7\n");
+    const CAcadDxf part(file.path());
+    const auto points = static_cast<const CLwPline&>(*part.GetEntities().GetHead()).GetPoints();
+    ASSERT_EQ(points.size(), std::size_t{kPoints});
+    for (int i = 0; i < kPoints; ++i)
+        ASSERT_TRUE(points[static_cast<std::size_t>(i)].x == i &&
+                    points[static_cast<std::size_t>(i)].y == -1);
+    EXPECT_EQ(static_cast<const CAcPoint&>(*part.GetEntities().GetTail()).m_x, 7);
 }
 
 TEST(Damaged, LongLinesAndLostStructure) {

@@ -32,6 +32,22 @@ inline std::filesystem::path sample(const std::string& name) {
     return std::filesystem::path(ZU_SAMPLES) / "parts" / name;
 }
 
+inline void append(std::string& bytes, std::uint64_t value, int count) {
+    for (int i = 0; i < count; ++i)
+        bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+}
+
+inline std::string binaryText(int code, std::string_view text) {
+    std::string bytes;
+    append(bytes, static_cast<std::uint64_t>(code), 2);
+    return bytes.append(text) + '\0';
+}
+
+inline std::string binaryDrawing(const std::string& records) {
+    return std::string("AutoCAD Binary DXF\r\n\x1a\0", 22) + binaryText(0, "SECTION") +
+           binaryText(2, "ENTITIES") + records + binaryText(0, "ENDSEC") + binaryText(0, "EOF");
+}
+
 /// A file in a folder of its own, gone at the end.
 class PartFile {
 public:

@@ -29,32 +29,18 @@ PlainJson entitiesOf(const std::string& bytes) {
     return modelOf(CAcadDxf(file.path()))["entities"];
 }
 
-void append(std::string& bytes, std::uint64_t value, int count) {
-    for (int i = 0; i < count; ++i)
-        bytes += static_cast<char>(value >> (8 * i) & 0xFF);
-}
-
-std::string binaryText(int code, std::string_view text) {
-    std::string bytes;
-    append(bytes, static_cast<std::uint64_t>(code), 2);
-    return bytes.append(text) + '\0';
-}
-
-std::string binaryDrawing(const std::string& records) {
-    return std::string("AutoCAD Binary DXF\r\n\x1a\0", 22) + binaryText(0, "SECTION") +
-           binaryText(2, "ENTITIES") + records + binaryText(0, "ENDSEC") + binaryText(0, "EOF");
-}
-
 TEST(Reading, FieldsOfDamagedAndOddEntities) {
     // A group of its own before the first entity, a vertex without a polyline, unknown types, an embedded
     // object.
-    const PlainJson list = entitiesOf(
-        entities({{8, "before"}, {0, "VERTEX"},      {10, "1"},    {0, "line"},   {10, "1"},
-                  {0, "LINE"},   {10, "+1.5"},       {20, " 2,5"}, {11, "nan"},   {21, "1e999"},
-                  {62, " 3x"},   {0, "PLINE"},       {70, "1"},    {0, "VERTEX"}, {10, "7"},
-                  {0, "SEQEND"}, {8, "none"},        {0, "MTEXT"}, {10, "4"},     {101, "Embedded Object"},
-                  {10, "5"},     {1, "not the text"}}));
-    ASSERT_EQ(list.size(), 3U);
+    const PlainJson list =
+        entitiesOf(entities({{8, "before"}, {0, "VERTEX"},       {10, "1"},    {0, "line"},
+                             {10, "1"},     {0, "LINE"},         {10, "+1.5"}, {20, " 2,5"},
+                             {11, "nan"},   {21, "1e999"},       {62, " 3x"},  {0, "PLINE"},
+                             {70, "1"},     {0, "VERTEX"},       {10, "7"},    {0, "SEQEND"},
+                             {8, "none"},   {0, "MTEXT"},        {10, "4"},    {101, "Embedded Object"},
+                             {10, "5"},     {1, "not the text"}, {0, "POINT"}, {5, " 1f "},
+                             {0, "POINT"},  {5, "1G"},           {0, "LINE"},  {5, "1234567890123456A"}}));
+    ASSERT_EQ(list.size(), 6U);
     EXPECT_EQ(list[0]["p1"], PlainJson({1.5, 0.0}));
     EXPECT_EQ(list[0]["color"], 3);
     EXPECT_EQ(list[0]["p2"], PlainJson({0.0, 0.0}));
@@ -64,6 +50,9 @@ TEST(Reading, FieldsOfDamagedAndOddEntities) {
     EXPECT_EQ(list[1]["vertices"][0]["p"], PlainJson({7.0, 0.0}));
     EXPECT_EQ(list[2]["p"], PlainJson({4.0, 0.0}));
     EXPECT_EQ(list[2]["text"], nullptr);
+    EXPECT_EQ(list[3]["handle"], "1F");
+    EXPECT_EQ(list[4]["handle"], nullptr);
+    EXPECT_EQ(list[5]["handle"], nullptr);
 }
 
 TEST(Reading, CommentsChangeNothing) {
@@ -150,6 +139,24 @@ TEST(Reading, RecordsOneByOne) {
     EXPECT_EQ(reader.Skip(1, L"b"), 1);
     EXPECT_EQ(reader.Skip(0), 0);
     EXPECT_EQ(reader.GetRecord(), 0);
+}
+
+TEST(Reading, EntitiesOutliveTheirDrawing) {
+    CEntList list;
+    for (const wchar_t* text : {L"first", L"second"}) {
+        CAcadDxf reader;
+        reader.Open(linesOf({L"0", L"SECTION", L"2", L"ENTITIES", L"0", L"MTEXT", L"3", L"the ", L"1", text,
+                             L"8", L"外形", L"0", L"ENDSEC"}));
+        ASSERT_EQ(reader.Skip(2), 1);
+        reader.LoadEnt(list);
+        EXPECT_EQ(reader.GetText(), L"ENDSEC");
+        EXPECT_EQ(reader.GetRecord(), 0);
+    }
+    const auto& text = static_cast<const CMtext&>(*list.GetTail());
+    EXPECT_EQ(text.GetFullText(), L"the second");
+    EXPECT_EQ(text.GetParts(), std::vector<CString>{L"the "});
+    EXPECT_EQ(text.GetLayer(), L"外形");
+    EXPECT_EQ(static_cast<const CMtext&>(*list.GetHead()).GetText(), L"first");
 }
 
 TEST(Reading, BinaryBytesComeInOrder) {

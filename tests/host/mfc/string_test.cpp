@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <deque>
 #include <limits>
 
@@ -298,6 +299,19 @@ TEST(Lists, KeepTheirOrder) {
     for (place = list.GetHeadPosition(); place != nullptr;)
         kept.push_back(list.GetNext(place));
     EXPECT_EQ(kept, expected);
+}
+
+TEST(Lists, BlocksOfMemory) {
+    CPlex* blocks = nullptr;
+    for (const std::size_t size : {std::size_t{1}, std::size_t{1} << 16U, std::size_t{3} << 20U}) {
+        CPlex* const block = CPlex::Create(blocks, 1, size);
+        EXPECT_EQ(block, blocks);
+        std::memset(block->data(), 1, size);
+    }
+    EXPECT_THROW(CPlex::Create(blocks, std::numeric_limits<std::size_t>::max() / 4, 8), std::bad_alloc);
+    ASSERT_NE(blocks->pNext, nullptr);
+    EXPECT_EQ(blocks->pNext->pNext->pNext, nullptr);
+    blocks->FreeDataChain();
 }
 
 } // namespace

@@ -41,7 +41,7 @@ TEST(AsciiReader, LineEndsBlanksAndRemains) {
 }
 
 TEST(AsciiReader, ValuesOfEveryLength) {
-    // The search for line ends goes by eight bytes, then by the library.
+    // The search for line ends goes by sixteen bytes, then by the library.
     for (std::size_t length = 0; length < 100; ++length) {
         const std::string value(length, '\x8A');
         for (const char* end : {"\n", "\r\n"}) {
