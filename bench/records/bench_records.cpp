@@ -22,6 +22,7 @@ namespace {
 
 constexpr std::size_t kFolderFiles = 3000;
 constexpr std::size_t kSmallFile = 12000;
+constexpr std::size_t kTinyFile = 600; ///< What it takes beside the entities.
 
 Held readPart(const std::string& path) {
     auto part = std::make_shared<CAcadDxf>(CString(zuhost::hostPath(path)));
@@ -75,8 +76,8 @@ void compare(const fs::path& folder, std::size_t megabytes, bool binary) {
     std::printf("\n");
 }
 
-void compareFolder(const fs::path& folder) {
-    const std::string bytes = makePart(kSmallFile, false);
+void compareFolder(const fs::path& folder, std::size_t fileSize) {
+    const std::string bytes = makePart(fileSize, false);
     std::vector<std::string> paths;
     for (std::size_t i = 0; i < kFolderFiles; ++i) {
         paths.push_back(folder / ("part-" + std::to_string(i) + ".dxf"));
@@ -120,7 +121,8 @@ int main(int argc, char** argv) {
     for (const bool binary : {false, true})
         for (const std::size_t megabytes : {1U, 10U, 100U})
             compare(folder, megabytes, binary);
-    compareFolder(folder);
+    for (const std::size_t fileSize : {kTinyFile, kSmallFile})
+        compareFolder(folder, fileSize);
     fs::remove_all(folder);
     return 0;
 }

@@ -1,5 +1,7 @@
 #include "limit.h"
 
+#include "drawing/plain_number.h"
+#include "drawing/records/find_byte.h"
 #include "drawing/records/record_reader.h"
 
 #include <charconv>
@@ -9,6 +11,7 @@
 #include <string_view>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <type_traits>
 #include <unistd.h>
 
 namespace {
@@ -45,6 +48,9 @@ Number numberIn(const char* start, const char* end) {
     while (start != end && *start == ' ')
         ++start;
     Number value{};
+    if constexpr (std::is_same_v<Number, double>)
+        if (zuhost::parsePlainReal({start, static_cast<std::size_t>(end - start)}, value))
+            return value;
     std::from_chars(start, end, value);
     return value;
 }
@@ -53,10 +59,7 @@ double readLines(std::string_view bytes) {
     double sum = 0;
     const char* at = bytes.data();
     const char* const end = at + bytes.size();
-    const auto lineEnd = [end](const char* from) {
-        const void* const found = std::memchr(from, '\n', static_cast<std::size_t>(end - from));
-        return found != nullptr ? static_cast<const char*>(found) : end;
-    };
+    const auto lineEnd = [end](const char* from) { return zuhost::dxf::findByte(from, end, '\n'); };
     while (at < end) {
         const char* const codeEnd = lineEnd(at);
         const int code = numberIn<int>(at, codeEnd);
@@ -76,6 +79,7 @@ double readLines(std::string_view bytes) {
 
 double readRecords(std::string_view bytes) {
     double sum = 0;
+    const char* const end = bytes.data() + bytes.size();
     std::size_t at = zuhost::dxf::kBinarySentinel.size();
     while (at + 2 <= bytes.size()) {
         std::uint16_t code = 0;
@@ -98,7 +102,9 @@ double readRecords(std::string_view bytes) {
             at += 4;
             break;
         default:
-            at = bytes.find('\0', at) + 1;
+            at =
+                static_cast<std::size_t>(zuhost::dxf::findByte(bytes.data() + at, end, '\0') - bytes.data()) +
+                1;
         }
     }
     return sum;

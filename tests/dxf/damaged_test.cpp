@@ -55,14 +55,17 @@ void expectTexts(const std::string& bytes) {
 }
 
 TEST(Damaged, RecordsAcrossBlocksOfTheFile) {
-    for (const std::string end : {"\n", "\r\n", "\r"}) {
-        std::string bytes = "0" + end + "SECTION" + end + "2" + end + "ENTITIES" + end;
+    for (const char* end : {"\n", "\r\n", "\r"}) {
+        std::string bytes;
+        const auto add = [&](std::initializer_list<std::string> lines) {
+            for (const std::string& line : lines)
+                bytes.append(line).append(end);
+        };
+        add({"0", "SECTION", "2", "ENTITIES"});
         for (int i = 0; i < kTexts; ++i)
-            for (const std::string& line :
-                 {std::string("0"), std::string("TEXT"), std::string("1"), valueOf(i), std::string(" 999 "),
-                  valueOf(i), std::string("10"), std::to_string(i) + ".5"})
-                bytes += line + end;
-        expectTexts(bytes + "0" + end + "ENDSEC" + end + "0" + end + "EOF" + end);
+            add({"0", "TEXT", "1", valueOf(i), " 999 ", valueOf(i), "10", std::to_string(i) + ".5"});
+        add({"0", "ENDSEC", "0", "EOF"});
+        expectTexts(bytes);
     }
     std::string records;
     for (int i = 0; i < kTexts; ++i) {
