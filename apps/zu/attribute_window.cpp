@@ -38,6 +38,14 @@ CAttFrameWnd& openAttributeWindow(const AcArray<AcDbObjectId>& entities, const s
     return *window;
 }
 
+void showToUser(CFrameWnd& window) {
+    if (!zuhost::hasDesktop()) {
+        window.DestroyWindow();
+        throw Failure("there is no desktop to show a window on; --screenshot draws it into a file");
+    }
+    zuhost::setMessageBoxPresenter({});
+}
+
 void selectAll(const CAttFrameWnd& window) {
     constexpr int kLines = 3003;
     static_cast<CListCtrl*>(window.GetLeftPane()->GetDlgItem(kLines))

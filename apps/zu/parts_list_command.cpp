@@ -42,10 +42,7 @@ void run(const Options& options) {
         closeWithPicture(frame, options.screenshot);
         return;
     }
-    if (!zuhost::hasDesktop()) {
-        frame.DestroyWindow();
-        throw Failure("there is no desktop to show a window on; --screenshot draws it into a file");
-    }
+    showToUser(frame);
     zuhost::runDesktop();
 }
 

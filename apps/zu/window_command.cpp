@@ -2,7 +2,6 @@
 #include "attribute_window.h"
 #include "commands.h"
 #include "drawing_file.h"
-#include "failure.h"
 #include "settings_file.h"
 #include "text.h"
 
@@ -76,10 +75,7 @@ void run(const Options& options) {
         closeWithPicture(window, options.screenshot);
         return;
     }
-    if (!zuhost::hasDesktop()) {
-        window.DestroyWindow();
-        throw Failure("there is no desktop to show a window on; --screenshot draws it into a file");
-    }
+    showToUser(window);
     letEdit(drawing, options);
 }
 
