@@ -13,9 +13,13 @@
 #include <zuhost/message_box.h>
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
+#include <QHelpEvent>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QTest>
+#include <QToolTip>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -233,9 +237,12 @@ TEST_F(FrameTest, KeysEditInPlace) {
     }
     ASSERT_TRUE(list.IsEditing());
     QTest::keyClick(editor(list), Qt::Key_Backspace);
+    QInputMethodEvent composed;
+    composed.setCommitString("段");
+    QApplication::sendEvent(editor(list), &composed);
     QTest::keyClick(editor(list), Qt::Key_Down);
     EXPECT_FALSE(list.IsEditing());
-    EXPECT_EQ(shown(L"S304|"), L"90");
+    EXPECT_EQ(shown(L"S304|"), L"90段");
     EXPECT_EQ(list.GetSelectedItem(), 2);
 }
 
@@ -261,6 +268,20 @@ TEST_F(FrameTest, BarBetweenNamesAndValuesIsRemembered) {
     EXPECT_EQ(properties().GetDivider(), before - 60);
     EXPECT_FALSE(properties().IsEditing());
     EXPECT_EQ(AfxGetApp()->GetProfileInt(L"PropertyList", L"Divider", 0), static_cast<UINT>(before - 60));
+}
+
+TEST_F(FrameTest, TextsThatAreCutOffHaveTips) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
+    const QPoint name(25, 30);
+    QWidget* const surface = properties().clientWidget();
+    QHelpEvent help(QEvent::ToolTip, name, surface->mapToGlobal(name));
+    QToolTip::hideText();
+    QApplication::sendEvent(surface, &help);
+    EXPECT_EQ(QToolTip::text(), "");
+    frame_.MoveWindow(0, 0, 210, 300);
+    zuhost::settleDesktop();
+    QApplication::sendEvent(surface, &help);
+    EXPECT_EQ(QToolTip::text(), "サイズ");
 }
 
 TEST_F(FrameTest, ValuesAreSetByKeyAndPartsShown) {
