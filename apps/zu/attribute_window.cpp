@@ -15,6 +15,8 @@ namespace zu::app {
 namespace {
 
 constexpr unsigned kTitle = 5006;
+constexpr int kLeft = 80;
+constexpr int kTop = 60;
 constexpr int kWidth = 600;
 constexpr int kHeight = 400;
 
@@ -31,7 +33,8 @@ CAttFrameWnd& openAttributeWindow(const AcArray<AcDbObjectId>& entities, const s
     ZuComn_LoadString(ZuComn_GetResource(), kTitle, title);
     title += L" - " + CString(wide(std::filesystem::path(drawing).filename().string()));
     auto* const window = new CAttFrameWnd;
-    if (window->Create(nullptr, title, WS_OVERLAPPEDWINDOW, CRect(0, 0, kWidth, kHeight)) == FALSE)
+    if (window->Create(nullptr, title, WS_OVERLAPPEDWINDOW,
+                       CRect(kLeft, kTop, kLeft + kWidth, kTop + kHeight)) == FALSE)
         throw Failure("the attribute window can't be made");
     window->GetLeftPane()->SetEntities(entities);
     window->ShowWindow(SW_SHOW);

@@ -1,5 +1,6 @@
 #include "find_text.h"
 #include "qt_text.h"
+#include "select_text.h"
 #include "zuhost/windows/controls.h"
 
 #include <QAbstractItemView>
@@ -137,13 +138,7 @@ BOOL CComboBox::GetDroppedState() const {
 }
 
 void CComboBox::SetEditSel(int start, int end) {
-    QLineEdit* const line = box(*this) != nullptr ? box(*this)->lineEdit() : nullptr;
-    if (line == nullptr)
-        return;
-    if (start == 0 && end < 0)
-        line->selectAll();
-    else
-        line->setSelection(start, end - start);
+    zuhost::selectText(box(*this) != nullptr ? box(*this)->lineEdit() : nullptr, start, end);
 }
 
 void CComboBox::OnKillFocus(CWnd* winner) {

@@ -1,3 +1,4 @@
+#include "select_text.h"
 #include "zuhost/windows/controls.h"
 
 #include <QLineEdit>
@@ -21,13 +22,7 @@ QWidget* CEdit::makeWidget(QWidget* parent, DWORD style) {
 }
 
 void CEdit::SetSel(int start, int end, BOOL /*noScroll*/) {
-    auto* const line = static_cast<QLineEdit*>(widget());
-    if (line == nullptr)
-        return;
-    if (start == 0 && end < 0)
-        line->selectAll();
-    else
-        line->setSelection(start, end - start);
+    zuhost::selectText(static_cast<QLineEdit*>(widget()), start, end);
 }
 
 BOOL CEdit::SetReadOnly(BOOL readOnly) {

@@ -1,4 +1,5 @@
 #include "find_text.h"
+#include "owner_draw.h"
 #include "qt_text.h"
 #include "zuhost/windows/controls.h"
 
@@ -27,21 +28,9 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override {
-        const QRect& row = option.rect;
-        DRAWITEMSTRUCT draw;
-        draw.CtlID = static_cast<UINT>(owner_.GetDlgCtrlID());
-        draw.itemID = static_cast<UINT>(index.row());
-        draw.hwndItem = owner_.GetSafeHwnd();
-        draw.hDC = CDC(*painter).GetSafeHdc();
-        draw.rcItem = {row.left(), row.top(), row.left() + row.width(), row.top() + row.height()};
-        draw.itemData = owner_.GetItemData(index.row());
-        draw.itemState = (list(owner_)->currentRow() == index.row() ? ODS_SELECTED : 0U) |
-                         (list(owner_)->hasFocus() ? ODS_FOCUS : 0U) |
-                         (list(owner_)->isEnabled() ? 0U : ODS_DISABLED);
-        painter->save();
-        painter->setFont(list(owner_)->font());
-        owner_.DrawItem(&draw);
-        painter->restore();
+        zuhost::drawOwnRow(owner_, *painter, option.rect, index.row(),
+                           (list(owner_)->currentRow() == index.row() ? ODS_SELECTED : 0U) |
+                               (list(owner_)->hasFocus() ? ODS_FOCUS : 0U));
     }
 
     QSize sizeHint(const QStyleOptionViewItem& /*option*/, const QModelIndex& /*index*/) const override {
@@ -76,10 +65,7 @@ QWidget* CListBox::makeWidget(QWidget* parent, DWORD style) {
     made->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     made->setEditTriggers(QAbstractItemView::NoEditTriggers);
     if ((style & LBS_OWNERDRAWFIXED) != 0) {
-        MEASUREITEMSTRUCT measure;
-        measure.itemHeight = static_cast<UINT>(made->fontMetrics().height());
-        MeasureItem(&measure);
-        rows_->height = static_cast<int>(measure.itemHeight);
+        rows_->height = zuhost::ownRowHeight(*this, *made);
         made->setItemDelegate(new OwnerDelegate(*this, made));
     }
     QObject::connect(made, &QListWidget::currentRowChanged, made, [this](int) {

@@ -1,10 +1,10 @@
 #include "afxcmn.h"
 
+#include "owner_draw.h"
 #include "qt_text.h"
 #include "report_model.h"
 
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QTreeView>
 
@@ -24,29 +24,17 @@ public:
     ReportView(CListCtrl& owner, QWidget* parent, bool ownerDrawn)
         : QTreeView(parent), owner_(owner), ownerDrawn_(ownerDrawn) {}
 
-    std::function<void(UINT)> tell;
-
 protected:
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                  const QModelIndex& index) const override {
         if (!ownerDrawn_)
             return QTreeView::drawRow(painter, option, index);
         const QRect& row = option.rect;
-        DRAWITEMSTRUCT draw;
-        draw.CtlID = static_cast<UINT>(owner_.GetDlgCtrlID());
-        draw.itemID = static_cast<UINT>(index.row());
-        draw.hwndItem = owner_.GetSafeHwnd();
-        draw.hDC = CDC(*painter).GetSafeHdc();
-        const int width = header()->length();
-        draw.rcItem = {row.left() - header()->offset(), row.top(), row.left() - header()->offset() + width,
-                       row.top() + row.height()};
-        draw.itemData = owner_.GetItemData(index.row());
-        draw.itemState = (selectionModel()->isRowSelected(index.row(), {}) ? ODS_SELECTED : 0U) |
-                         (currentIndex().row() == index.row() && hasFocus() ? ODS_FOCUS : 0U);
-        painter->save();
-        painter->setFont(font());
-        owner_.DrawItem(&draw);
-        painter->restore();
+        zuhost::drawOwnRow(
+            owner_, *painter,
+            QRect(row.left() - header()->offset(), row.top(), header()->length(), row.height()), index.row(),
+            (selectionModel()->isRowSelected(index.row(), {}) ? ODS_SELECTED : 0U) |
+                (currentIndex().row() == index.row() && hasFocus() ? ODS_FOCUS : 0U));
     }
 
 private:
@@ -88,12 +76,8 @@ QWidget* CListCtrl::makeWidget(QWidget* parent, DWORD style) {
     made->header()->setSectionsClickable((style & LVS_NOSORTHEADER) == 0);
     made->header()->setStretchLastSection(false);
     made->header()->setSectionsMovable(false);
-    if ((style & LVS_OWNERDRAWFIXED) != 0) {
-        MEASUREITEMSTRUCT measure;
-        measure.itemHeight = static_cast<UINT>(made->fontMetrics().height());
-        MeasureItem(&measure);
-        parts_->model.setLineHeight(static_cast<int>(measure.itemHeight));
-    }
+    if ((style & LVS_OWNERDRAWFIXED) != 0)
+        parts_->model.setLineHeight(zuhost::ownRowHeight(*this, *made));
     made->setModel(&parts_->model);
     parts_->view = made;
     const auto tell = [this](int index, UINT before, UINT now) {

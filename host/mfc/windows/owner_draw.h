@@ -1,0 +1,36 @@
+#pragma once
+
+#include "zuhost/windows/wnd.h"
+
+#include <QPainter>
+#include <QWidget>
+
+namespace zuhost {
+
+/// Lets a list draw one of its rows itself.
+template <typename List>
+void drawOwnRow(List& list, QPainter& painter, const QRect& row, int index, UINT state) {
+    DRAWITEMSTRUCT draw;
+    draw.CtlID = static_cast<UINT>(list.GetDlgCtrlID());
+    draw.itemID = static_cast<UINT>(index);
+    draw.itemState = state | (list.IsWindowEnabled() != FALSE ? 0U : ODS_DISABLED);
+    draw.hwndItem = list.GetSafeHwnd();
+    draw.hDC = CDC(painter).GetSafeHdc();
+    draw.rcItem = {row.left(), row.top(), row.left() + row.width(), row.top() + row.height()};
+    draw.itemData = list.GetItemData(index);
+    painter.save();
+    painter.setFont(list.widget()->font());
+    list.DrawItem(&draw);
+    painter.restore();
+}
+
+/// The height that a list wants for the rows that it draws.
+template <typename List>
+int ownRowHeight(List& list, const QWidget& widget) {
+    MEASUREITEMSTRUCT measure;
+    measure.itemHeight = static_cast<UINT>(widget.fontMetrics().height());
+    list.MeasureItem(&measure);
+    return static_cast<int>(measure.itemHeight);
+}
+
+} // namespace zuhost
