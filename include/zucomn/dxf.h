@@ -5,6 +5,7 @@
 #include <afxcoll.h>
 #include <rxclass.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -31,8 +32,8 @@ struct PartMemory;
 template <typename Element>
 struct KeptArray {
     Element* items = nullptr;
-    std::uint32_t count = 0;
-    std::uint32_t capacity = 0;
+    std::size_t count = 0;
+    std::size_t capacity = 0;
 };
 } // namespace zu::dxf
 
@@ -204,6 +205,7 @@ class ZUCOMN_API CText : public CEnt {
     DECLARE_DYNAMIC(CText)
 public:
     CText() : CEnt(EntType::text) {}
+    /// Decoded each time it is asked for; so are the texts of the other types.
     [[nodiscard]] CString GetText() const;
     [[nodiscard]] const CString& GetStyle() const { return nameOf(style_); }
 

@@ -5,6 +5,7 @@
 
 #include <zucomn/dxf.h>
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 #include <string_view>
@@ -53,7 +54,7 @@ private:
             ++array.capacity;
             return;
         }
-        const std::uint32_t capacity = array.count * 2 + 1;
+        const std::size_t capacity = array.count * 2 + 1;
         auto* const items = static_cast<Element*>(arena.allocate(capacity * sizeof(Element)));
         std::copy_n(array.items, array.count, items);
         array.items = items;
