@@ -14,8 +14,8 @@
 #include <QWidget>
 
 #include <algorithm>
-#include <cwchar>
 #include <span>
+#include <string_view>
 
 namespace {
 
@@ -78,7 +78,7 @@ int CFont::GetLogFont(LOGFONT* description) const {
     description->lfHeight = -QFontInfo(*font_).pixelSize();
     description->lfWeight = font_->bold() ? FW_BOLD : FW_NORMAL;
     const std::wstring family = font_->family().toStdWString();
-    std::wcsncpy(description->lfFaceName, family.c_str(), std::size(description->lfFaceName) - 1);
+    family.copy(description->lfFaceName, std::size(description->lfFaceName) - 1);
     return sizeof(LOGFONT);
 }
 
@@ -177,9 +177,9 @@ COLORREF GetSysColor(int index) {
 HCURSOR LoadCursorW(HINSTANCE /*instance*/, const wchar_t* name) {
     static Qt::CursorShape arrow = Qt::ArrowCursor;
     static Qt::CursorShape horizontal = Qt::SizeHorCursor;
-    if (std::wcscmp(name, IDC_SIZEWE) == 0)
+    if (std::wstring_view(name) == IDC_SIZEWE)
         return reinterpret_cast<HCURSOR>(&horizontal);
-    return std::wcscmp(name, IDC_ARROW) == 0 ? reinterpret_cast<HCURSOR>(&arrow) : nullptr;
+    return std::wstring_view(name) == IDC_ARROW ? reinterpret_cast<HCURSOR>(&arrow) : nullptr;
 }
 
 HCURSOR SetCursor(HCURSOR cursor) {
