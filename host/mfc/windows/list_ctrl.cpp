@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QPainter>
+#include <QPointer>
 #include <QTreeView>
 
 IMPLEMENT_DYNCREATE(CListCtrl, CWnd)
