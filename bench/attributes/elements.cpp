@@ -6,6 +6,8 @@
 #include <dbsymtb.h>
 
 #include <array>
+#include <memory>
+#include <stdexcept>
 
 namespace {
 
@@ -25,18 +27,25 @@ Record* addRecord(AcDbDatabase& database, const wchar_t* name) {
 void setRecord(AcDbObjectId element, int number) {
     CStringArray record;
     CString text;
-    text.Format(L"%d|系統%d|空調|", Elements::kAttributes, number % 7);
+    text.Format(L"%d|系統%d|空調|", kAttributes, number % 7);
     record.Add(text);
-    for (int i = 1; i <= Elements::kAttributes; ++i) {
+    for (int i = 1; i <= kAttributes; ++i) {
         text.Format(L"S%d|値%d|0|1|%d|1|", i, number % i, i);
         record.Add(text);
     }
     ApiComn_appendAttributesArray(element, L"ZU_ATTR", record);
 }
 
+AcDbObjectId modelSpace(AcDbDatabase& database) {
+    const AcDbObjectPointer<AcDbBlockTable> table(database.blockTableId());
+    AcDbObjectId id;
+    table->getAt(ACDB_MODEL_SPACE, id);
+    return id;
+}
+
 } // namespace
 
-Elements::Elements(int count) {
+void writeElements(const std::wstring& path, int count) {
     AcDbDatabase drawn;
     drawn.disableUndoRecording(true);
     for (const wchar_t* const layer : kLayers)
@@ -44,32 +53,29 @@ Elements::Elements(int count) {
     auto* const block = addRecord<AcDbBlockTable, AcDbBlockTableRecord>(drawn, L"RT-1");
     const AcDbObjectId part = block->objectId();
     block->close();
-    AcDbObjectId space;
-    {
-        const AcDbObjectPointer<AcDbBlockTable> table(drawn.blockTableId());
-        table->getAt(ACDB_MODEL_SPACE, space);
-    }
-    const AcDbObjectPointer<AcDbBlockTableRecord> record(space, AcDb::kForWrite);
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(modelSpace(drawn), AcDb::kForWrite);
     for (int i = 0; i < count; ++i) {
         auto* const reference = new AcDbBlockReference({500.0 * i, 0, 0}, part);
         AcDbObjectId id;
-        record->appendAcDbEntity(id, reference);
+        space->appendAcDbEntity(id, reference);
         reference->setLayer(kLayers[static_cast<std::size_t>(i) % kLayers.size()]);
         reference->close();
         setRecord(id, i);
-        handles_.push_back(id.handle());
     }
-    bytes_ = drawn.dxfOutBytes(false);
-    reopen();
+    if (drawn.dxfOut(path.c_str()) != Acad::eOk)
+        throw std::runtime_error("cannot write the drawing");
 }
 
-void Elements::reopen() {
-    database_ = std::make_unique<AcDbDatabase>(false);
-    database_->dxfInBytes(bytes_, L"elements.dxf");
-    ids_.clear();
-    for (const AcDbHandle& handle : handles_) {
+Elements::Elements(const std::wstring& path) {
+    if (database.dxfIn(path.c_str()) != Acad::eOk)
+        throw std::runtime_error("cannot open the drawing");
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(modelSpace(database));
+    AcDbBlockTableRecordIterator* made = nullptr;
+    space->newIterator(made);
+    const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(made);
+    for (; !iterator->done(); iterator->step()) {
         AcDbObjectId id;
-        database_->getAcDbObjectId(id, false, handle);
-        ids_.push_back(id);
+        iterator->getEntityId(id);
+        ids.push_back(id);
     }
 }

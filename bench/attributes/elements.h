@@ -1,28 +1,20 @@
 #pragma once
 
-#include <afxcoll.h>
 #include <dbid.h>
 #include <dbmain.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
-/// A drawing of elements on a few layers, each with a record of 20 attributes "S1" to "S20".
-class Elements {
-public:
-    static constexpr int kAttributes = 20;
+inline constexpr int kAttributes = 20;
 
-    explicit Elements(int count);
+/// Writes a drawing of elements on a few layers, each with a record of the attributes "S1" to "S20".
+void writeElements(const std::wstring& path, int count);
 
-    [[nodiscard]] AcDbDatabase& database() const { return *database_; }
-    [[nodiscard]] const std::vector<AcDbObjectId>& ids() const { return ids_; }
-    /// The drawing opened anew from its file: nothing of it is built yet.
-    void reopen();
+/// Such a drawing, opened; nothing of it is built yet.
+struct Elements {
+    explicit Elements(const std::wstring& path);
 
-private:
-    std::string bytes_;
-    std::unique_ptr<AcDbDatabase> database_;
-    std::vector<AcDbObjectId> ids_;
-    std::vector<AcDbHandle> handles_;
+    AcDbDatabase database{false};
+    std::vector<AcDbObjectId> ids;
 };
