@@ -84,7 +84,7 @@ public:
 
     /// The first selected line that begins with the key (the whole line). 0, or -1 with `out` untouched.
     int GetAtAtt(const wchar_t* key, CString& out) const;
-    /// Replaces the value of that line. 0, or -1 when there is none.
+    /// Replaces the value of that line. 0, or -1 when there is none or the value holds "|" or a line end.
     int SetAtAtt(const wchar_t* key, const wchar_t* value);
     /// Brings every line to its full six fields: missing ones are added at the end, empty ones are kept,
     /// those beyond the sixth are left out. Files whose lines stand joined with nothing between are taken

@@ -82,6 +82,7 @@ TEST(PartsList, ValuesGoIntoTheLines) {
     EXPECT_EQ(after(L"C|", L"5"), before) << "not known";
     EXPECT_EQ(after(L"A|", L"*各種*"), before);
     EXPECT_EQ(after(L"A|", L"x|y"), before);
+    EXPECT_EQ(after(L"A|", L"x\ny"), before);
 }
 
 TEST(PartsList, PartsAreShownTogether) {

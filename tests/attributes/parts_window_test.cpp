@@ -178,6 +178,19 @@ TEST_F(PartsWindow, ButtonsPutValuesIntoTheLinesAndSave) {
     EXPECT_TRUE(frame_.IsWindowVisible());
 }
 
+TEST_F(PartsWindow, NothingIsSavedWhileAValueIsRefused) {
+    open("parts.txt", "S701|");
+    beginEdit(1);
+    QTest::keyClicks(editor(), "a|b");
+    const zuhost::MessageBoxObserver observer;
+    press(kConfirm);
+    EXPECT_FALSE(observer.boxes().empty());
+    EXPECT_TRUE(properties().IsEditing());
+    EXPECT_EQ(saved("parts.txt"), "S701|");
+    EXPECT_EQ(zuhost::pendingInput(), L"");
+    properties().EndEdit(false);
+}
+
 TEST_F(PartsWindow, RouteAttributesAreSavedByOneButtonOnly) {
     open("RootAttr.dat", "S401|2700|E|");
     left().SetAtAtt(L"S401|", L"2400");

@@ -47,7 +47,7 @@ std::map<std::wstring, CString> valuesToSet(std::span<const ShownItem> items,
     std::map<std::wstring, CString> values;
     for (const ShownItem& item : items) {
         const CString id = attributeField(item.key, 1);
-        if (item.value != kVarious && item.value.Find(kBar) < 0 && parameters.editable(id))
+        if (item.value != kVarious && canHold(item.value) && parameters.editable(id))
             values.try_emplace(static_cast<const wchar_t*>(id), item.value);
     }
     return values;
@@ -63,6 +63,10 @@ void appendItems(const CString& text, CStringArray& lines) {
 
 CString paddedLine(const CString& line) {
     return itemText(fieldsOf(line));
+}
+
+bool canHold(const CString& value) {
+    return value.FindOneOf(L"|\r\n") < 0;
 }
 
 CString withValue(const CString& line, const CString& value) {

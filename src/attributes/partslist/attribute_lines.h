@@ -25,6 +25,9 @@ void appendItems(const CString& text, CStringArray& lines);
 /// The line with exactly six fields: missing ones are added, empty; those beyond the sixth are left out.
 [[nodiscard]] CString paddedLine(const CString& line);
 
+/// False for a value with "|" or a line end, which no line can keep.
+[[nodiscard]] bool canHold(const CString& value);
+
 /// The line, padded, with another value.
 [[nodiscard]] CString withValue(const CString& line, const CString& value);
 
@@ -41,7 +44,7 @@ void appendItems(const CString& text, CStringArray& lines);
 
 /// Puts the values of the property list into the lines. As with entities, items that may not be edited, the
 /// value
-/// "*各種*" and values that hold "|" are passed over.
+/// "*各種*" and values that no line can keep are passed over.
 void applyToLines(CStringArray& lines, std::span<const ShownItem> items, const ParameterIndex& parameters);
 
 /// What a line is called: the display name of its attribute, else the name in the line itself (its fourth

@@ -251,7 +251,7 @@ int CUPEntView::GetAtAtt(const wchar_t* key, CString& out) const {
 
 int CUPEntView::SetAtAtt(const wchar_t* key, const wchar_t* value) {
     const int line = m_parts->findSelected(key);
-    if (line < 0 || CString(value).Find(L'|') >= 0)
+    if (line < 0 || !zu::canHold(value))
         return -1;
     m_parts->lines[line] = zu::withValue(m_parts->lines[line], value);
     showLines();
