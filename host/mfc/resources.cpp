@@ -81,6 +81,6 @@ BOOL CString::LoadString(HINSTANCE instance, UINT id) {
     const std::wstring* text = textOf(instance, id);
     if (text == nullptr)
         return FALSE;
-    text_ = *text;
+    text_ = zuhost::SharedText(*text);
     return TRUE;
 }

@@ -7,13 +7,14 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <stdexcept>
 
 using zuhost::TextEncoding;
 using zuhost::TextLines;
 
 struct CStdioFile::Text {
     TextEncoding encoding;
-    std::optional<TextLines> lines; ///< Read on the first ReadString.
+    std::optional<TextLines> lines;
     bool markWritten = false;
 };
 
@@ -69,6 +70,8 @@ BOOL CStdioFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
     if (!CFile::Open(path, flags, error))
         return FALSE;
     text->markWritten = (flags & modeCreate) == 0 || (flags & modeNoTruncate) != 0;
+    text->lines.emplace(
+        [this](char* place, std::size_t size) { return Read(place, static_cast<UINT>(size)); });
     text_ = std::move(text);
     return TRUE;
 }
@@ -76,27 +79,16 @@ BOOL CStdioFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
 BOOL CStdioFile::ReadString(CString& line) {
     if (text_ == nullptr)
         fail(EBADF);
-    if (!text_->lines) {
-        std::string bytes;
-        const ULONGLONG left = GetLength() - std::min(GetPosition(), GetLength());
-        bytes.resize(static_cast<std::size_t>(left));
-        std::size_t filled = 0;
-        constexpr std::size_t kPiece = std::size_t{1} << 30U;
-        while (filled < bytes.size()) {
-            const UINT count =
-                Read(bytes.data() + filled, static_cast<UINT>(std::min(bytes.size() - filled, kPiece)));
-            if (count == 0)
-                break;
-            filled += count;
-        }
-        bytes.resize(filled);
-        text_->lines.emplace(std::move(bytes));
+    try {
+        const auto bytes = text_->lines->next();
+        if (!bytes)
+            return FALSE;
+        wchar_t* const buffer = line.GetBuffer(static_cast<int>(bytes->size()));
+        line.ReleaseBuffer(static_cast<int>(text_->lines->encoding().decode(*bytes, buffer)));
+        return TRUE;
+    } catch (const std::length_error&) {
+        fail(EOVERFLOW);
     }
-    std::wstring next;
-    if (!text_->lines->next(next))
-        return FALSE;
-    line = CString(std::move(next));
-    return TRUE;
 }
 
 void CStdioFile::WriteString(const wchar_t* text) {

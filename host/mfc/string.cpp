@@ -6,6 +6,7 @@
 #include <algorithm>
 
 using zuhost::isSpace;
+using zuhost::SharedText;
 
 namespace {
 
@@ -19,14 +20,15 @@ int indexOrNone(std::size_t position) {
     return position == kNone ? -1 : static_cast<int>(position);
 }
 
+/// How many characters of each kind lie at the ends.
 template <typename Trimmed>
-void trimLeft(std::wstring& text, Trimmed trimmed) {
-    text.erase(text.begin(), std::find_if_not(text.begin(), text.end(), trimmed));
+std::size_t countLeft(std::wstring_view text, Trimmed trimmed) {
+    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), trimmed) - text.begin());
 }
 
 template <typename Trimmed>
-void trimRight(std::wstring& text, Trimmed trimmed) {
-    text.erase(std::find_if_not(text.rbegin(), text.rend(), trimmed).base(), text.end());
+std::size_t countRight(std::wstring_view text, Trimmed trimmed) {
+    return static_cast<std::size_t>(std::find_if_not(text.rbegin(), text.rend(), trimmed) - text.rbegin());
 }
 
 auto oneOf(const wchar_t* characters) {
@@ -41,19 +43,19 @@ auto equalTo(wchar_t character) {
 
 CString::CString(const wchar_t* text, int length) {
     if (text != nullptr && length > 0)
-        text_.assign(text, static_cast<std::size_t>(length));
+        text_ = SharedText({text, static_cast<std::size_t>(length)});
 }
 
 CString::CString(wchar_t character, int count)
-    : text_(static_cast<std::size_t>(std::max(count, 0)), character) {}
+    : text_(std::wstring(static_cast<std::size_t>(std::max(count, 0)), character)) {}
 
 CString& CString::operator=(const wchar_t* text) {
-    text_ = std::wstring(orEmpty(text)); // by way of a copy: the text may be our own
+    text_ = SharedText(orEmpty(text));
     return *this;
 }
 
 CString& CString::operator=(wchar_t character) {
-    text_.assign(1, character);
+    text_ = SharedText({&character, 1});
     return *this;
 }
 
@@ -62,27 +64,27 @@ wchar_t CString::GetAt(int index) const {
         return L'\0';
     if (index < 0 || index > GetLength())
         AfxThrowInvalidArgException();
-    return text_[static_cast<std::size_t>(index)];
+    return view()[static_cast<std::size_t>(index)];
 }
 
 void CString::SetAt(int index, wchar_t character) {
     if (index < 0 || index >= GetLength())
         AfxThrowInvalidArgException();
-    text_[static_cast<std::size_t>(index)] = character;
+    text_.own(text_.size())[index] = character;
 }
 
 CString& CString::operator+=(const CString& text) {
-    text_ += text.text_;
+    text_.append(text.view());
     return *this;
 }
 
 CString& CString::operator+=(const wchar_t* text) {
-    text_ += std::wstring(orEmpty(text));
+    text_.append(orEmpty(text));
     return *this;
 }
 
 CString& CString::operator+=(wchar_t character) {
-    text_ += character;
+    text_.append({&character, 1});
     return *this;
 }
 
@@ -93,7 +95,9 @@ CString CString::Mid(int first) const {
 CString CString::Mid(int first, int count) const {
     first = std::clamp(first, 0, GetLength());
     count = std::clamp(count, 0, GetLength() - first);
-    return CString(text_.data() + first, count);
+    if (count == GetLength())
+        return *this;
+    return CString(GetString() + first, count);
 }
 
 CString CString::Left(int count) const {
@@ -106,75 +110,85 @@ CString CString::Right(int count) const {
 }
 
 CString CString::SpanIncluding(const wchar_t* characters) const {
-    return CString(view().substr(0, text_.find_first_not_of(orEmpty(characters))));
+    return CString(view().substr(0, view().find_first_not_of(orEmpty(characters))));
 }
 
 CString CString::SpanExcluding(const wchar_t* characters) const {
-    return CString(view().substr(0, text_.find_first_of(orEmpty(characters))));
+    return CString(view().substr(0, view().find_first_of(orEmpty(characters))));
 }
 
 int CString::Find(const wchar_t* text, int start) const {
     if (text == nullptr || start < 0 || start > GetLength())
         return -1;
-    return indexOrNone(text_.find(text, static_cast<std::size_t>(start)));
+    return indexOrNone(view().find(text, static_cast<std::size_t>(start)));
 }
 
 int CString::Find(wchar_t character, int start) const {
     if (start < 0 || start > GetLength())
         return -1;
-    return indexOrNone(text_.find(character, static_cast<std::size_t>(start)));
+    return indexOrNone(view().find(character, static_cast<std::size_t>(start)));
 }
 
 int CString::ReverseFind(wchar_t character) const {
-    return indexOrNone(text_.rfind(character));
+    return indexOrNone(view().rfind(character));
 }
 
 int CString::FindOneOf(const wchar_t* characters) const {
-    return indexOrNone(text_.find_first_of(orEmpty(characters)));
+    return indexOrNone(view().find_first_of(orEmpty(characters)));
 }
 
 int CString::Insert(int index, const wchar_t* text) {
-    text_.insert(static_cast<std::size_t>(std::clamp(index, 0, GetLength())), std::wstring(orEmpty(text)));
-    return GetLength();
+    return exchangePart(index, 0, orEmpty(text));
 }
 
 int CString::Insert(int index, wchar_t character) {
-    text_.insert(static_cast<std::size_t>(std::clamp(index, 0, GetLength())), 1, character);
-    return GetLength();
+    return exchangePart(index, 0, {&character, 1});
 }
 
 int CString::Delete(int index, int count) {
-    index = std::clamp(index, 0, GetLength());
-    if (count > 0)
-        text_.erase(static_cast<std::size_t>(index), static_cast<std::size_t>(count));
+    return exchangePart(index, count, {});
+}
+
+int CString::exchangePart(int index, int count, std::wstring_view with) {
+    std::wstring changed(view());
+    changed.replace(static_cast<std::size_t>(std::clamp(index, 0, GetLength())),
+                    static_cast<std::size_t>(std::max(count, 0)), with);
+    text_ = SharedText(changed);
     return GetLength();
 }
 
 int CString::Replace(const wchar_t* from, const wchar_t* to) {
-    const std::wstring what(orEmpty(from));
-    const std::wstring with(orEmpty(to));
+    const std::wstring_view what = orEmpty(from);
+    const std::wstring_view with = orEmpty(to);
     if (what.empty())
         return 0;
     int count = 0;
     std::wstring result;
     std::size_t done = 0;
-    for (std::size_t at = text_.find(what); at != kNone; at = text_.find(what, done)) {
-        result.append(text_, done, at - done).append(with);
+    for (std::size_t at = view().find(what); at != kNone; at = view().find(what, done)) {
+        result.append(view(), done, at - done).append(with);
         done = at + what.size();
         ++count;
     }
-    text_ = result.append(text_, done);
+    if (count > 0)
+        text_ = SharedText(result.append(view(), done));
     return count;
 }
 
 int CString::Replace(wchar_t from, wchar_t to) {
-    const auto count = std::count(text_.begin(), text_.end(), from);
-    std::replace(text_.begin(), text_.end(), from, to);
+    const auto count = std::count(view().begin(), view().end(), from);
+    if (count > 0) {
+        const std::span<wchar_t> own = ownCharacters();
+        std::replace(own.begin(), own.end(), from, to);
+    }
     return static_cast<int>(count);
 }
 
 int CString::Remove(wchar_t character) {
-    return static_cast<int>(std::erase(text_, character));
+    const std::span<wchar_t> own = ownCharacters();
+    const auto removed = own.end() - std::remove(own.begin(), own.end(), character);
+    text_.setSize(own.size() - static_cast<std::size_t>(removed));
+    return static_cast<int>(removed);
 }
 
 CString& CString::Trim() {
@@ -188,47 +202,47 @@ CString& CString::Trim(const wchar_t* characters) {
 }
 
 CString& CString::TrimLeft() {
-    trimLeft(text_, isSpace);
-    return *this;
+    return *this = Mid(static_cast<int>(countLeft(view(), isSpace)));
 }
 
 CString& CString::TrimLeft(wchar_t character) {
-    trimLeft(text_, equalTo(character));
-    return *this;
+    return *this = Mid(static_cast<int>(countLeft(view(), equalTo(character))));
 }
 
 CString& CString::TrimLeft(const wchar_t* characters) {
-    trimLeft(text_, oneOf(characters));
-    return *this;
+    return *this = Mid(static_cast<int>(countLeft(view(), oneOf(characters))));
 }
 
 CString& CString::TrimRight() {
-    trimRight(text_, isSpace);
+    text_.setSize(text_.size() - countRight(view(), isSpace));
     return *this;
 }
 
 CString& CString::TrimRight(wchar_t character) {
-    trimRight(text_, equalTo(character));
+    text_.setSize(text_.size() - countRight(view(), equalTo(character)));
     return *this;
 }
 
 CString& CString::TrimRight(const wchar_t* characters) {
-    trimRight(text_, oneOf(characters));
+    text_.setSize(text_.size() - countRight(view(), oneOf(characters)));
     return *this;
 }
 
 CString& CString::MakeUpper() {
-    std::transform(text_.begin(), text_.end(), text_.begin(), zuhost::toUpper);
+    const std::span<wchar_t> own = ownCharacters();
+    std::transform(own.begin(), own.end(), own.begin(), zuhost::toUpper);
     return *this;
 }
 
 CString& CString::MakeLower() {
-    std::transform(text_.begin(), text_.end(), text_.begin(), zuhost::toLower);
+    const std::span<wchar_t> own = ownCharacters();
+    std::transform(own.begin(), own.end(), own.begin(), zuhost::toLower);
     return *this;
 }
 
 CString& CString::MakeReverse() {
-    std::reverse(text_.begin(), text_.end());
+    const std::span<wchar_t> own = ownCharacters();
+    std::reverse(own.begin(), own.end());
     return *this;
 }
 
@@ -238,10 +252,11 @@ int CString::Compare(const wchar_t* text) const {
 
 int CString::CompareNoCase(const wchar_t* text) const {
     const std::wstring_view other = orEmpty(text);
+    const std::wstring_view own = view();
     const auto [mine, theirs] =
-        std::mismatch(text_.begin(), text_.end(), other.begin(), other.end(),
+        std::mismatch(own.begin(), own.end(), other.begin(), other.end(),
                       [](wchar_t a, wchar_t b) { return zuhost::toLower(a) == zuhost::toLower(b); });
-    const wchar_t left = mine == text_.end() ? L'\0' : zuhost::toLower(*mine);
+    const wchar_t left = mine == own.end() ? L'\0' : zuhost::toLower(*mine);
     const wchar_t right = theirs == other.end() ? L'\0' : zuhost::toLower(*theirs);
     return left < right ? -1 : (left > right ? 1 : 0);
 }
@@ -249,26 +264,18 @@ int CString::CompareNoCase(const wchar_t* text) const {
 CString CString::Tokenize(const wchar_t* separators, int& start) const {
     if (start < 0)
         return {};
-    const std::size_t first = text_.find_first_not_of(orEmpty(separators), static_cast<std::size_t>(start));
+    const std::size_t first = view().find_first_not_of(orEmpty(separators), static_cast<std::size_t>(start));
     if (first == kNone) {
         start = -1;
         return {};
     }
-    const std::size_t last = std::min(text_.find_first_of(orEmpty(separators), first), text_.size());
+    const std::size_t last = std::min(view().find_first_of(orEmpty(separators), first), text_.size());
     start = static_cast<int>(last) + 1;
     return CString(view().substr(first, last - first));
 }
 
-wchar_t* CString::GetBuffer(int length) {
-    if (length > GetLength())
-        text_.resize(static_cast<std::size_t>(length));
-    return text_.data();
-}
-
-void CString::ReleaseBuffer(int length) {
-    const std::size_t wanted = length < 0 ? text_.find(L'\0') : static_cast<std::size_t>(length);
-    if (wanted < text_.size())
-        text_.resize(wanted);
+std::span<wchar_t> CString::ownCharacters() {
+    return {text_.own(text_.size()), text_.size()};
 }
 
 CString operator+(const CString& left, const CString& right) {

@@ -1,5 +1,7 @@
 #include "zuhost/text_codec.h"
 
+#include "wide_text.h"
+
 #include <iconv.h>
 
 #include <array>
@@ -105,7 +107,7 @@ public:
     static std::shared_ptr<const Tables> make(int codePage);
 
     [[nodiscard]] int codePage() const { return codePage_; }
-    [[nodiscard]] std::wstring decode(std::string_view bytes) const;
+    std::size_t decode(std::string_view bytes, wchar_t* text) const;
     [[nodiscard]] std::optional<std::string> encode(std::wstring_view text) const;
 
 private:
@@ -195,27 +197,25 @@ void TextCodec::Tables::addJapanese() {
             encoding_.try_emplace(character, found->second);
 }
 
-std::wstring TextCodec::Tables::decode(std::string_view bytes) const {
-    std::wstring text;
-    text.reserve(bytes.size());
-    for (std::size_t at = 0; at < bytes.size(); ++at) {
-        const auto byte = static_cast<unsigned char>(bytes[at]);
+std::size_t TextCodec::Tables::decode(std::string_view bytes, wchar_t* text) const {
+    const auto byteAt = [bytes](std::size_t at) {
+        return at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : 0U;
+    };
+    wchar_t* out = text;
+    for (std::size_t at = 0; at < bytes.size();) {
         // By far the most bytes, and alike in every page.
-        if (byte < 0x80) {
-            text += static_cast<wchar_t>(byte);
-            continue;
+        const std::size_t plain = widenAscii(bytes.substr(at), out);
+        out += plain;
+        at += plain;
+        for (unsigned byte = byteAt(at); byte >= 0x80; byte = byteAt(at)) {
+            const auto& row = pairs_[byte];
+            const unsigned trail = row.empty() ? 0 : byteAt(at + 1);
+            const char32_t c = row.empty() ? singles_[byte] : row[trail];
+            out = putCodePoint(out, c != kNone ? c : replacement());
+            at += trail != 0 ? 2 : 1;
         }
-        const auto& row = pairs_[byte];
-        if (row.empty()) {
-            appendCodePoint(text, singles_[byte] != kNone ? singles_[byte] : replacement());
-            continue;
-        }
-        const unsigned trail = at + 1 < bytes.size() ? static_cast<unsigned char>(bytes[at + 1]) : 0;
-        appendCodePoint(text, row[trail] != kNone ? row[trail] : replacement());
-        if (trail != 0)
-            ++at;
     }
-    return text;
+    return static_cast<std::size_t>(out - text);
 }
 
 std::optional<std::string> TextCodec::Tables::encode(std::wstring_view text) const {
@@ -246,7 +246,13 @@ int TextCodec::codePage() const {
 }
 
 std::wstring TextCodec::decode(std::string_view bytes) const {
-    return tables_ ? tables_->decode(bytes) : fromUtf8(bytes);
+    std::wstring text(bytes.size(), L'\0');
+    text.resize(decode(bytes, text.data()));
+    return text;
+}
+
+std::size_t TextCodec::decode(std::string_view bytes, wchar_t* text) const {
+    return tables_ ? tables_->decode(bytes, text) : fromUtf8(bytes, text);
 }
 
 std::optional<std::string> TextCodec::encode(std::wstring_view text) const {

@@ -1,5 +1,7 @@
 #include "zuhost/text_codec.h"
 
+#include "wide_text.h"
+
 namespace zuhost {
 
 namespace {
@@ -55,12 +57,8 @@ std::size_t decodeUtf8(std::string_view bytes, char32_t& c) {
 } // namespace
 
 void appendCodePoint(std::wstring& text, char32_t codePoint) {
-    if (sizeof(wchar_t) == 2 && codePoint > 0xFFFF) {
-        text += static_cast<wchar_t>(0xD800 + ((codePoint - 0x10000) >> 10));
-        text += static_cast<wchar_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FF));
-        return;
-    }
-    text += static_cast<wchar_t>(codePoint);
+    wchar_t units[2];
+    text.append(units, putCodePoint(units, codePoint));
 }
 
 char32_t nextCodePoint(std::wstring_view text, std::size_t& at) {
@@ -82,19 +80,24 @@ std::string toUtf8(std::wstring_view text) {
 }
 
 std::wstring fromUtf8(std::string_view bytes) {
-    std::wstring text;
-    text.reserve(bytes.size());
-    while (!bytes.empty()) {
-        char32_t c = static_cast<unsigned char>(bytes[0]);
-        std::size_t length = c < 0x80 ? 1 : decodeUtf8(bytes, c);
-        if (length == 0) {
-            c = kReplacement;
-            length = 1;
-        }
-        appendCodePoint(text, c);
-        bytes.remove_prefix(length);
-    }
+    std::wstring text(bytes.size(), L'\0');
+    text.resize(fromUtf8(bytes, text.data()));
     return text;
+}
+
+std::size_t fromUtf8(std::string_view bytes, wchar_t* text) {
+    wchar_t* out = text;
+    while (true) {
+        const std::size_t plain = widenAscii(bytes, out);
+        out += plain;
+        bytes.remove_prefix(plain);
+        if (bytes.empty())
+            return static_cast<std::size_t>(out - text);
+        char32_t c = kReplacement;
+        const std::size_t length = decodeUtf8(bytes, c);
+        out = putCodePoint(out, length != 0 ? c : kReplacement);
+        bytes.remove_prefix(length != 0 ? length : 1);
+    }
 }
 
 } // namespace zuhost

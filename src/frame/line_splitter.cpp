@@ -20,13 +20,8 @@ ColumnSelection::ColumnSelection(const wchar_t* columns) {
     }
 }
 
-bool ColumnSelection::keeps(int number) const {
-    return !numbers_ || std::find(numbers_->begin(), numbers_->end(), number) != numbers_->end();
-}
-
-std::wstring_view withoutTrailingSpaces(std::wstring_view text) {
-    const std::size_t last = text.find_last_not_of(L' ');
-    return text.substr(0, last == std::wstring_view::npos ? 0 : last + 1);
+bool ColumnSelection::lists(int number) const {
+    return std::find(numbers_->begin(), numbers_->end(), number) != numbers_->end();
 }
 
 } // namespace zu

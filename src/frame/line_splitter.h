@@ -12,13 +12,19 @@ class ColumnSelection {
 public:
     /// Null keeps every field.
     explicit ColumnSelection(const wchar_t* columns);
-    [[nodiscard]] bool keeps(int number) const;
+    [[nodiscard]] bool keeps(int number) const { return !numbers_ || lists(number); }
 
 private:
+    [[nodiscard]] bool lists(int number) const;
+
     std::optional<std::vector<int>> numbers_;
 };
 
-[[nodiscard]] std::wstring_view withoutTrailingSpaces(std::wstring_view text);
+[[nodiscard]] inline std::wstring_view withoutTrailingSpaces(std::wstring_view text) {
+    while (!text.empty() && text.back() == L' ')
+        text.remove_suffix(1);
+    return text;
+}
 
 /// Gives each kept field of the line, without trailing spaces, to `take`. Fields are numbered from 1; the
 /// line has one more than separators.

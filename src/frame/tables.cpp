@@ -39,19 +39,63 @@ void readLines(CStdioFile& file, int skip, Take take) {
     }
 }
 
-/// Reads the data lines of a table file. `opened` is called once the file is open, `take` for each data line.
-/// False when the file can't be read.
-template <typename Opened, typename Take>
-bool readTable(const wchar_t* path, int skip, Opened opened, Take take) {
+/// Takes the fields of a table one after the other.
+class FieldList {
+public:
+    explicit FieldList(CStringArray& fields) : fields_(fields) {}
+
+    void empty() { fields_.RemoveAll(); }
+    void giveUp() { fields_.RemoveAll(); }
+    void startRecord() {}
+    void add(std::wstring_view field) { fields_.Add(pool_.Make(field)); }
+    [[nodiscard]] bool stored() const { return !fields_.IsEmpty(); }
+
+private:
+    CStringArray& fields_;
+    CStringPool pool_;
+};
+
+/// Takes them record by record.
+class RecordList {
+public:
+    explicit RecordList(CPtrArray& records) : records_(records) {}
+
+    void empty() { records_.RemoveAll(); }
+    void giveUp() { ZuComn_RemoveAllFree(records_); }
+    void startRecord() {
+        // Most records of a table have as many fields as the one before.
+        auto record = pool_.MakeArray(current_ != nullptr ? current_->GetSize() : 0);
+        current_ = record.get();
+        records_.Add(static_cast<CObject*>(record.release()));
+    }
+    void add(std::wstring_view field) { current_->Add(pool_.Make(field)); }
+    [[nodiscard]] bool stored() const { return !records_.IsEmpty(); }
+
+private:
+    CPtrArray& records_;
+    CStringArray* current_ = nullptr;
+    CStringPool pool_;
+};
+
+template <typename List>
+int readTable(const wchar_t* path, List&& list, int skip, const wchar_t* columns, const wchar_t* separator) {
+    const zu::ResourceScope scope;
+    const wchar_t parting = separatorOf(separator);
     CStdioFile file;
-    if (path == nullptr || !file.Open(path, CFile::modeRead | CFile::typeText | CFile::shareDenyNone))
-        return false;
-    opened();
+    if (parting == L'\0' || path == nullptr ||
+        !file.Open(path, CFile::modeRead | CFile::typeText | CFile::shareDenyNone))
+        return -1;
+    list.empty();
+    const zu::ColumnSelection selection(columns);
     try {
-        readLines(file, skip, take);
-        return true;
+        readLines(file, skip, [&](std::wstring_view line) {
+            list.startRecord();
+            zu::splitLine(line, parting, selection, [&](std::wstring_view field) { list.add(field); });
+        });
+        return list.stored() ? 0 : -1;
     } catch (const CFileException&) {
-        return false;
+        list.giveUp();
+        return -1;
     }
 }
 
@@ -59,41 +103,12 @@ bool readTable(const wchar_t* path, int skip, Opened opened, Take take) {
 
 int ZuComn_ReadConfigFile(const wchar_t* path, CStringArray& fields, int skip, const wchar_t* columns,
                           const wchar_t* separator, int /*unused*/) {
-    const zu::ResourceScope scope;
-    const wchar_t parting = separatorOf(separator);
-    if (parting == L'\0' || !ZuComn_findFile(path))
-        return -1;
-    const zu::ColumnSelection selection(columns);
-    bool stored = false;
-    const bool read = readTable(
-        path, skip, [&fields] { fields.RemoveAll(); },
-        [&](std::wstring_view line) {
-            zu::splitLine(line, parting, selection, [&](std::wstring_view field) {
-                fields.Add(CString(field));
-                stored = true;
-            });
-        });
-    return read && stored ? 0 : -1;
+    return readTable(path, FieldList(fields), skip, columns, separator);
 }
 
 int ZuComn_ReadConfigFile(const wchar_t* path, CPtrArray& records, int skip, const wchar_t* columns,
                           const wchar_t* separator, int /*unused*/) {
-    const zu::ResourceScope scope;
-    const wchar_t parting = separatorOf(separator);
-    if (parting == L'\0' || !ZuComn_findFile(path))
-        return -1;
-    const zu::ColumnSelection selection(columns);
-    bool stored = false;
-    const bool read = readTable(
-        path, skip, [&records] { records.RemoveAll(); },
-        [&](std::wstring_view line) {
-            auto record = std::make_unique<CStringArray>();
-            zu::splitLine(line, parting, selection,
-                          [&](std::wstring_view field) { record->Add(CString(field)); });
-            records.Add(static_cast<CObject*>(record.release()));
-            stored = true;
-        });
-    return read && stored ? 0 : -1;
+    return readTable(path, RecordList(records), skip, columns, separator);
 }
 
 void ZuComn_RemoveAllFree(CPtrArray& list) {

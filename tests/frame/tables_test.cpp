@@ -2,12 +2,19 @@
 
 #include <zucomn/tables.h>
 
+#include <zuhost/file_ops.h>
+
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
+
+namespace file_ops = zuhost::file_ops;
 
 using Fields = std::vector<std::wstring>;
 
@@ -20,7 +27,7 @@ Fields fieldsOf(const CStringArray& array) {
 
 TEST(Tables, FlatForm) {
     const struct {
-        const char* bytes;
+        std::string_view bytes;
         int skip;
         const wchar_t* columns;
         int result;
@@ -37,6 +44,22 @@ TEST(Tables, FlatForm) {
         {"a\r\nb", 1, nullptr, 0, {L"b"}},
         {"\x83\x7C\x83\x93\x83\x76|x\n", 0, nullptr, 0, {L"ポンプ", L"x"}}, // "|" as a second byte
         {"\xEF\xBB\xBF㎥|x\n", 0, nullptr, 0, {L"㎥", L"x"}},
+        {"a|b\x83", 0, nullptr, 0, {L"a", L"b・"}}, // ends inside a character
+        {"a|\x83\nb\n", 0, nullptr, 0, {L"a", L"・", L"b"}},
+        {"\xEF\xBB\xBF"
+         "a|\xE3\x8E",
+         0,
+         nullptr,
+         0,
+         {L"a", L"\uFFFD\uFFFD"}},
+        {std::string_view("\xFF\xFE"
+                          "a\0|\0b",
+                          7),
+         0,
+         nullptr,
+         0,
+         {L"a", L""}},
+        {std::string_view("a\0b|\0\n", 6), 0, nullptr, 0, {std::wstring(L"a\0b", 3), std::wstring(1, L'\0')}},
     };
     const TemporaryFolder folder;
     for (const auto& c : cases) {
@@ -69,6 +92,46 @@ TEST(Tables, WhatCannotBeReadLeavesTheOutput) {
     EXPECT_EQ(ZuComn_ReadConfigFile(folder.wide("missing.csv").c_str(), fields, 0, nullptr, nullptr), -1);
     EXPECT_EQ(fieldsOf(fields), Fields{L"before"});
     EXPECT_EQ(ZuComn_findFile(folder.wide("missing.csv").c_str()), 0);
+}
+
+// A line over the limit is a hole in the file, so that it takes no room on the disk.
+TEST(Tables, WhatFailsWhileItIsReadGivesAnEmptyList) {
+    const TemporaryFolder folder;
+    const std::filesystem::path file = folder.write("t.csv", "a|b\n#");
+    const std::wstring path = folder.wide("t.csv");
+    const auto fails = [&path] {
+        CStringArray fields;
+        CPtrArray records;
+        return ZuComn_ReadConfigFile(path.c_str(), fields, 0, nullptr, L"|") == -1 && fields.IsEmpty() &&
+               ZuComn_ReadConfigFile(path.c_str(), records, 0, nullptr, L"|") == -1 && records.IsEmpty();
+    };
+    EXPECT_FALSE(fails());
+    std::filesystem::resize_file(file, 40'000'000);
+    EXPECT_TRUE(fails());
+    std::filesystem::resize_file(file, 1'000'000);
+    EXPECT_FALSE(fails());
+    int reads = 0;
+    const file_ops::Interception broken([&reads](file_ops::Operation operation, const std::string&) {
+        return operation == file_ops::Operation::read && ++reads % 3 == 0 ? EIO : 0;
+    });
+    EXPECT_TRUE(fails());
+}
+
+TEST(Tables, FoldersAndFilesWithoutRightsAreMissing) {
+    const TemporaryFolder folder;
+    folder.write("t.csv", "a|b\n");
+    const auto expectMissing = [](const std::wstring& path) {
+        CStringArray fields;
+        fields.Add(L"before");
+        EXPECT_EQ(ZuComn_ReadConfigFile(path.c_str(), fields, 0, nullptr, L"|"), -1);
+        EXPECT_EQ(fieldsOf(fields), Fields{L"before"});
+        EXPECT_EQ(ZuComn_findFile(path.c_str()), 0);
+    };
+    expectMissing(folder.wide("."));
+    const file_ops::Interception unreadable([](file_ops::Operation operation, const std::string&) {
+        return operation == file_ops::Operation::open ? EACCES : 0;
+    });
+    expectMissing(folder.wide("t.csv"));
 }
 
 } // namespace

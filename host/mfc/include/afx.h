@@ -182,7 +182,8 @@ public:
 
     BOOL Open(const wchar_t* path, UINT flags, CFileException* error = nullptr) override;
 
-    /// The next line without its line end; FALSE at the end of the file.
+    /// The next line without its line end; FALSE at the end of the file. A line of more than 16 MiB (2^24
+    /// bytes) throws CFileException, as does a failed read. Bytes read ahead are not seen by Read.
     BOOL ReadString(CString& line);
     /// Throws CFileException.
     void WriteString(const wchar_t* text);

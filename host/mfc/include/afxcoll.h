@@ -2,10 +2,12 @@
 
 #include "afx.h"
 #include "afxplex_.h"
+#include "zuhost/element_list.h"
 
 #include <algorithm>
+#include <limits>
+#include <memory>
 #include <utility>
-#include <vector>
 
 namespace zuhost {
 
@@ -14,44 +16,44 @@ namespace zuhost {
 template <typename Element>
 class FrameworkArray : public CObject {
 public:
-    [[nodiscard]] int GetSize() const { return static_cast<int>(items_.size()); }
+    [[nodiscard]] int GetSize() const { return items_.size(); }
     [[nodiscard]] int GetCount() const { return GetSize(); }
-    [[nodiscard]] bool IsEmpty() const { return items_.empty(); }
+    [[nodiscard]] bool IsEmpty() const { return GetSize() == 0; }
     [[nodiscard]] int GetUpperBound() const { return GetSize() - 1; }
 
-    void SetSize(int size, int /*growBy*/ = -1) {
-        if (size < 0)
+    /// `growBy`, when positive, is how many elements more there will be room for.
+    void SetSize(int size, int growBy = -1) {
+        if (size < 0 || growBy > std::numeric_limits<int>::max() - size)
             AfxThrowInvalidArgException();
-        items_.resize(static_cast<std::size_t>(size));
+        items_.reserve(size + std::max(growBy, 0));
+        items_.resize(size);
     }
     void RemoveAll() { items_.clear(); }
-    void FreeExtra() { items_.shrink_to_fit(); }
+    void FreeExtra() { items_.shrink(); }
 
-    [[nodiscard]] const Element& GetAt(int index) const { return items_[checked(index)]; }
-    [[nodiscard]] Element& ElementAt(int index) { return items_[checked(index)]; }
-    const Element& operator[](int index) const { return items_[checked(index)]; }
-    Element& operator[](int index) { return items_[checked(index)]; }
-    void SetAt(int index, const Element& element) { items_[checked(index)] = element; }
+    [[nodiscard]] const Element& GetAt(int index) const { return items_.begin()[checked(index)]; }
+    [[nodiscard]] Element& ElementAt(int index) { return items_.begin()[checked(index)]; }
+    const Element& operator[](int index) const { return GetAt(index); }
+    Element& operator[](int index) { return ElementAt(index); }
+    void SetAt(int index, const Element& element) { ElementAt(index) = element; }
     void SetAtGrow(int index, const Element& element) {
+        const Element copy = element;
         if (index >= GetSize())
             SetSize(index + 1);
-        SetAt(index, element);
+        SetAt(index, copy);
     }
 
     /// Returns the index of the new element.
-    int Add(const Element& element) {
-        items_.push_back(element);
-        return GetUpperBound();
-    }
-    int Add(Element&& element) {
-        items_.push_back(std::move(element));
+    int Add(Element element) {
+        items_.add(std::move(element));
         return GetUpperBound();
     }
     /// Returns the index of the first appended element.
     int Append(const FrameworkArray& other) {
         const int first = GetSize();
-        const std::vector<Element> copy = other.items_;
-        items_.insert(items_.end(), copy.begin(), copy.end());
+        const int count = other.GetSize();
+        items_.reserve(first + count);
+        items_.append(other.items_.begin(), other.items_.begin() + count);
         return first;
     }
     void Copy(const FrameworkArray& other) { items_ = other.items_; }
@@ -60,41 +62,62 @@ public:
     void InsertAt(int index, const Element& element, int count = 1) {
         if (index < 0 || count < 0)
             AfxThrowInvalidArgException();
+        const Element copy = element;
         if (index > GetSize())
             SetSize(index);
-        items_.insert(items_.begin() + index, static_cast<std::size_t>(count), element);
+        items_.insert(index, count, copy);
     }
     void RemoveAt(int index, int count = 1) {
         if (index < 0 || count < 0 || index > GetSize() || count > GetSize() - index)
             AfxThrowInvalidArgException();
-        items_.erase(items_.begin() + index, items_.begin() + index + count);
+        items_.erase(index, count);
     }
 
-    [[nodiscard]] const Element* GetData() const { return items_.data(); }
-    [[nodiscard]] Element* GetData() { return items_.data(); }
+    [[nodiscard]] const Element* GetData() const { return items_.begin(); }
+    [[nodiscard]] Element* GetData() { return items_.begin(); }
 
 protected:
     FrameworkArray() = default;
+    /// With a place for the first elements; see ElementList.
+    FrameworkArray(void* place, int room) : items_(place, room) {}
 
 private:
-    [[nodiscard]] std::size_t checked(int index) const {
+    [[nodiscard]] int checked(int index) const {
         if (index < 0 || index >= GetSize())
             AfxThrowInvalidArgException();
-        return static_cast<std::size_t>(index);
+        return index;
     }
 
-    std::vector<Element> items_;
+    ElementList<Element> items_;
 };
 
 struct FrameworkPosition;
 
 } // namespace zuhost
 
-class CStringArray : public zuhost::FrameworkArray<CString> {};
+class CStringArray : public zuhost::FrameworkArray<CString> {
+public:
+    CStringArray() = default;
+
+protected:
+    using FrameworkArray::FrameworkArray;
+};
 class CPtrArray : public zuhost::FrameworkArray<void*> {};
 class CObArray : public zuhost::FrameworkArray<CObject*> {};
 class CUIntArray : public zuhost::FrameworkArray<UINT> {};
 class CDWordArray : public zuhost::FrameworkArray<DWORD> {};
+
+/// Makes texts and lists of texts that are kept in great number, such as the records of a table, without an
+/// allocation for each. They need not outlive the pool, nor it them.
+class CStringPool {
+public:
+    [[nodiscard]] CString Make(std::wstring_view text) { return CString(pool_.make(text)); }
+    /// An empty list with room for so many texts; it grows on demand.
+    [[nodiscard]] std::unique_ptr<CStringArray> MakeArray(int room);
+
+private:
+    zuhost::TextPool pool_;
+};
 
 /// A place in a list; null is the end.
 using POSITION = zuhost::FrameworkPosition*;

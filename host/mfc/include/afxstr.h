@@ -1,7 +1,9 @@
 #pragma once
 
 #include "windows.h"
+#include "zuhost/shared_text.h"
 
+#include <algorithm>
 #include <concepts>
 #include <cstdint>
 #include <span>
@@ -24,9 +26,9 @@ std::wstring formatText(std::wstring_view format, std::span<const FormatArgument
 
 class CString;
 
-/// Wide text by value, in the manner of the host framework. Indices and lengths count wide characters.
-/// Out-of-range positions given to Mid, Left, Right, Insert and Delete are moved into range; GetAt and SetAt
-/// throw the invalid-argument exception.
+/// Wide text by value, in the manner of the host framework: copies are cheap, they share their characters
+/// until one is changed. Indices and lengths count wide characters. Out-of-range positions given to Mid,
+/// Left, Right, Insert and Delete are moved into range; GetAt and SetAt throw the invalid-argument exception.
 class CString {
 public:
     using XCHAR = wchar_t;
@@ -34,11 +36,12 @@ public:
     CString() = default;
     CString(const CString&) = default;
     CString(CString&&) noexcept = default;
-    CString(const wchar_t* text) : text_(text != nullptr ? text : L"") {}
+    CString(const wchar_t* text) : text_(text != nullptr ? std::wstring_view(text) : std::wstring_view()) {}
     CString(const wchar_t* text, int length);
     explicit CString(wchar_t character, int count = 1);
-    explicit CString(std::wstring text) : text_(std::move(text)) {}
+    explicit CString(const std::wstring& text) : text_(text) {}
     explicit CString(std::wstring_view text) : text_(text) {}
+    explicit CString(zuhost::SharedText text) : text_(std::move(text)) {}
     CString& operator=(const CString&) = default;
     CString& operator=(CString&&) noexcept = default;
     CString& operator=(const wchar_t* text);
@@ -48,11 +51,11 @@ public:
     operator const wchar_t*() const { return text_.c_str(); }
     [[nodiscard]] const wchar_t* GetString() const { return text_.c_str(); }
     /// The text as the standard library knows it.
-    [[nodiscard]] std::wstring_view view() const { return text_; }
+    [[nodiscard]] std::wstring_view view() const { return text_.view(); }
 
     [[nodiscard]] int GetLength() const { return static_cast<int>(text_.size()); }
-    [[nodiscard]] bool IsEmpty() const { return text_.empty(); }
-    void Empty() { text_.clear(); }
+    [[nodiscard]] bool IsEmpty() const { return text_.size() == 0; }
+    void Empty() { text_ = {}; }
     [[nodiscard]] wchar_t GetAt(int index) const;
     wchar_t operator[](int index) const { return GetAt(index); }
     void SetAt(int index, wchar_t character);
@@ -111,10 +114,10 @@ public:
     template <typename... Arguments>
     void Format(const wchar_t* format, const Arguments&... arguments) {
         if constexpr (sizeof...(arguments) == 0) {
-            text_ = zuhost::formatText(format, {});
+            text_ = zuhost::SharedText(zuhost::formatText(format, {}));
         } else {
             const zuhost::FormatArgument list[] = {argument(arguments)...};
-            text_ = zuhost::formatText(format, list);
+            text_ = zuhost::SharedText(zuhost::formatText(format, list));
         }
     }
     template <typename... Arguments>
@@ -128,9 +131,16 @@ public:
     BOOL LoadString(UINT id);
     BOOL LoadString(HINSTANCE instance, UINT id);
 
-    /// A buffer of at least `length` characters for a caller that fills it, valid until ReleaseBuffer.
-    wchar_t* GetBuffer(int length = 0);
-    void ReleaseBuffer(int length = -1);
+    /// A buffer of at least `length` characters for a caller that fills it, valid until ReleaseBuffer, which
+    /// makes the given number of them the text (negative: those before the first zero).
+    wchar_t* GetBuffer(int length = 0) {
+        return text_.own(static_cast<std::size_t>(std::max(length, GetLength())));
+    }
+    void ReleaseBuffer(int length = -1) {
+        const std::wstring_view buffer(GetString(), text_.room());
+        const std::size_t size = length < 0 ? buffer.find(L'\0') : static_cast<std::size_t>(length);
+        text_.setSize(std::min(size, buffer.size()));
+    }
 
 private:
     template <typename T>
@@ -153,7 +163,10 @@ private:
             return static_cast<const void*>(value);
     }
 
-    std::wstring text_;
+    int exchangePart(int index, int count, std::wstring_view with);
+    std::span<wchar_t> ownCharacters();
+
+    zuhost::SharedText text_;
 };
 
 CString operator+(const CString& left, const CString& right);

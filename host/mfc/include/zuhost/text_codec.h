@@ -12,6 +12,8 @@ namespace zuhost {
 
 /// UTF-8 as wide text; each byte that belongs to no character becomes U+FFFD.
 [[nodiscard]] std::wstring fromUtf8(std::string_view bytes);
+/// The same into a place with room for one wide character a byte; returns how many there are.
+std::size_t fromUtf8(std::string_view bytes, wchar_t* text);
 
 /// Appends a character, as a surrogate pair where wchar_t is too small for it.
 void appendCodePoint(std::wstring& text, char32_t codePoint);
@@ -34,6 +36,8 @@ public:
     /// Never fails: what is no character becomes one replacement (U+30FB in code page 932, as the platform
     /// has it, otherwise U+FFFD) and what follows keeps its place.
     [[nodiscard]] std::wstring decode(std::string_view bytes) const;
+    /// The same into a place with room for one wide character a byte; returns how many there are.
+    std::size_t decode(std::string_view bytes, wchar_t* text) const;
 
     /// Nullopt when a character has no place in the code page; nothing is replaced by something similar,
     /// except that code page 932 takes both Unicode forms of the wave dash, the minus sign, the double

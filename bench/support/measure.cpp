@@ -29,7 +29,7 @@ double secondsOf(const Task& task, Held& held) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-Measure measureHere(int runs, const Task& task) {
+Measure measureHere(int runs, const Task& task) noexcept {
     const double peak = peakOfProcess();
     const double resident = residentBytes();
     Held held;
@@ -56,10 +56,10 @@ Measure measure(int runs, const Task& task) {
         const ssize_t written = write(ends[1], &measure, sizeof measure);
         _exit(written == sizeof measure ? 0 : 1);
     }
+    close(ends[1]); // so that a child that fails ends the pipe
     Measure measure;
     const ssize_t got = read(ends[0], &measure, sizeof measure);
     close(ends[0]);
-    close(ends[1]);
     int status = 0;
     waitpid(child, &status, 0);
     if (got != sizeof measure || status != 0)
