@@ -9,7 +9,7 @@ namespace {
 
 /// A text that is kept keeps its buffer, so a small table gets a small one.
 constexpr std::size_t kFirstCells = 4000;
-constexpr std::size_t kMostCells = 256'000;
+constexpr std::size_t kMostCells = 1'000'000;
 constexpr std::size_t kLongestPooled = 500;
 /// A pool owns its buffer this often while it makes texts, and gives up what was not needed at once.
 constexpr std::uint32_t kPoolOwners = 1U << 30U;
