@@ -7,6 +7,7 @@ namespace zuhost {
 
 namespace {
 
+constexpr std::string_view kWideLineFeed("\n\0", 2);
 constexpr char kControlZ = 0x1A;
 constexpr std::size_t kFirstBuffer = std::size_t{1} << 17U;
 
@@ -34,7 +35,7 @@ std::size_t TextLines::lineFeed(std::string_view bytes, std::size_t from) const 
     if (encoding_.unit() == 1)
         return at;
     // Half of one character and half of the next are no line feed.
-    while (at != std::string_view::npos && (at % 2 != 0 || bytes.substr(at, 2) != std::string_view("\n", 2)))
+    while (at != std::string_view::npos && (at % 2 != 0 || bytes.substr(at, 2) != kWideLineFeed))
         at = bytes.find('\n', at + 1);
     return at;
 }

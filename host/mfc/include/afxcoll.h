@@ -36,11 +36,10 @@ public:
     const Element& operator[](int index) const { return GetAt(index); }
     Element& operator[](int index) { return ElementAt(index); }
     void SetAt(int index, const Element& element) { ElementAt(index) = element; }
-    void SetAtGrow(int index, const Element& element) {
-        const Element copy = element;
+    void SetAtGrow(int index, Element element) {
         if (index >= GetSize())
             SetSize(index + 1);
-        SetAt(index, copy);
+        ElementAt(index) = std::move(element);
     }
 
     /// Returns the index of the new element.
@@ -62,10 +61,7 @@ public:
     void InsertAt(int index, const Element& element, int count = 1) {
         if (index < 0 || count < 0)
             AfxThrowInvalidArgException();
-        const Element copy = element;
-        if (index > GetSize())
-            SetSize(index);
-        items_.insert(index, count, copy);
+        items_.insert(index, count, element);
     }
     void RemoveAt(int index, int count = 1) {
         if (index < 0 || count < 0 || index > GetSize() || count > GetSize() - index)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -48,7 +49,7 @@ TEST(SharedText, CopiesShareUntilOneIsChanged) {
 TEST(SharedText, BuffersAreFilledInPlace) {
     CString text;
     wchar_t* const buffer = text.GetBuffer(5);
-    std::wmemcpy(buffer, L"abcde", 5);
+    std::copy_n(L"abcde", 5, buffer);
     text.ReleaseBuffer(4);
     EXPECT_EQ(text, L"abcd");
     EXPECT_EQ(text.GetString(), buffer);
@@ -80,16 +81,16 @@ TEST(SharedText, AppendingManyTimesCopiesLittle) {
 TEST(SharedText, MayBeCopiedByThreads) {
     CStringPool pool;
     const std::vector<CString> texts = {L"own", pool.Make(L"pooled")};
-    std::vector<std::thread> threads;
-    for (int t = 0; t < 4; ++t)
-        threads.emplace_back([texts] {
-            for (int i = 0; i < 2000; ++i) {
-                CString copy = texts[static_cast<std::size_t>(i % 2)];
-                copy += L"!";
-            }
-        });
-    for (std::thread& thread : threads)
-        thread.join();
+    const auto copyOften = [&texts] {
+        for (std::size_t i = 0; i < 2000; ++i) {
+            CString copy = texts[i % 2];
+            copy += L"!";
+        }
+    };
+    std::thread one(copyOften);
+    std::thread other(copyOften);
+    one.join();
+    other.join();
     EXPECT_EQ(texts[0], L"own");
     EXPECT_EQ(texts[1], L"pooled");
 }

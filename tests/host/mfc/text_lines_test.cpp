@@ -52,7 +52,7 @@ TEST(TextLines, EveryLineOfALongTextIsWhole) {
 TEST(TextLines, ControlZEndsTheText) {
     const std::string filler(300'000, 'x');
     for (const std::string& before : {std::string(), std::string("x"), filler}) {
-        TextLines lines(sourceOf(filler + "\n" + before + "\x1Amore\nmore\n"));
+        TextLines lines(sourceOf(std::string(filler).append("\n").append(before).append("\x1Amore\nmore\n")));
         EXPECT_EQ(lines.next(), filler);
         EXPECT_EQ(lines.next(), before.empty() ? std::nullopt : std::optional<std::string_view>(before));
         EXPECT_EQ(lines.next(), std::nullopt);

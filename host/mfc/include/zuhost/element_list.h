@@ -72,11 +72,15 @@ public:
         std::uninitialized_copy(first, last, end());
         size_ += static_cast<int>(last - first);
     }
-    /// Copies of what is not an element of this list.
-    void insert(int index, int count, const Element& element) {
+    /// By value like `add`; an index beyond the end first makes the list so long.
+    void insert(int index, int count, Element element) {
+        resize(std::max(index, size_));
+        if (count == 0)
+            return;
         if (count > room() - size_)
             grow(count);
-        std::uninitialized_fill_n(end(), count, element);
+        std::construct_at(end(), std::move(element));
+        std::uninitialized_fill_n(end() + 1, count - 1, *end());
         size_ += count;
         std::rotate(begin() + index, end() - count, end());
     }
@@ -95,7 +99,9 @@ private:
         reserve(std::max(size_ + more, static_cast<int>(std::min(twice, largest))));
     }
     void moveTo(int room) {
-        const std::size_t bytes = std::max<std::size_t>(static_cast<std::size_t>(room) * sizeof(Element), 1);
+        constexpr std::size_t kSize =
+            sizeof(Element); // NOLINT(bugprone-sizeof-expression): it may be a pointer.
+        const std::size_t bytes = std::max<std::size_t>(static_cast<std::size_t>(room) * kSize, 1);
         room_ = static_cast<unsigned>(room) & kRoomMask;
         if constexpr (std::is_trivially_copyable_v<Element>) {
             // The system moves the pages of a long list without touching them.
