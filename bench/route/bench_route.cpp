@@ -4,6 +4,7 @@
 
 #include <zucomn/route.h>
 
+#include <arxutil.h>
 #include <dbents.h>
 #include <dbobjptr.h>
 
@@ -103,6 +104,26 @@ void regroup(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 
+/// The route groups of every element.
+void listGroups(benchmark::State& state) {
+    const Network& drawn = network(static_cast<int>(state.range(0)));
+    CStringArray link;
+    link.Add(L"1|");
+    for (const AcDbObjectId end : {drawn.elements.first(), drawn.elements.last()})
+        ApiComn_appendAttributesArray(end, L"ZU_LINK", link);
+    for (auto _ : state) {
+        for (const AcDbObjectId element : drawn.elements) {
+            AcDbObjectIdArray groups;
+            CStringArray names;
+            CUIntArray kinds;
+            int count = 0;
+            RootComn_GetRootGroups5(element, &count, groups, names, kinds, 0);
+            benchmark::DoNotOptimize(count);
+        }
+    }
+    state.SetComplexityN(state.range(0));
+}
+
 /// The rule told step by step; measured for a share of the elements, since all of them cost the square.
 void plainSearch(benchmark::State& state) {
     const Network& drawn = network(static_cast<int>(state.range(0)));
@@ -184,6 +205,7 @@ BENCHMARK_CAPTURE(search, after_a_change_of_the_group, true)->ZU_SIZES->Complexi
 BENCHMARK_CAPTURE(search, known_group, false)->ZU_SIZES->Complexity();
 BENCHMARK(searchAfterEdits)->ZU_SIZES->Complexity();
 BENCHMARK(regroup)->ZU_SIZES->Complexity();
+BENCHMARK(listGroups)->ZU_SIZES->Complexity();
 BENCHMARK(bareKdTree)->ZU_SIZES->Complexity();
 BENCHMARK(bareRTree)->ZU_SIZES->Complexity();
 BENCHMARK(plainSearch)->ZU_SIZES->Iterations(1);

@@ -73,24 +73,29 @@ std::size_t TagList::extendedDataStart() const {
     return size();
 }
 
-TagRange TagList::subclass(std::string_view marker) const {
-    const std::size_t end = extendedDataStart();
-    const auto endOfPart = [&](std::size_t i) {
-        while (i < end && tags_[i].code != subclassMarker && tags_[i].code != embeddedObject)
-            ++i;
-        return i;
-    };
+std::size_t TagList::subclassStart(std::string_view marker) const {
     bool anyMarker = false;
-    for (std::size_t i = 0; i < end; ++i) {
+    std::size_t i = 0;
+    for (; i < size() && tags_[i].code < firstExtended; ++i) {
         if (tags_[i].code != subclassMarker)
             continue;
         anyMarker = true;
         if (tags_[i].value == marker)
-            return {i + 1, endOfPart(i + 1)};
+            return i + 1;
     }
-    if (anyMarker || empty())
-        return {end, end};
-    return {std::min<std::size_t>(1, end), end};
+    return anyMarker ? i : std::min<std::size_t>(1, i);
+}
+
+bool TagList::endsSubclass(const Tag& tag) {
+    return tag.code == subclassMarker || tag.code == embeddedObject || tag.code >= firstExtended;
+}
+
+TagRange TagList::subclass(std::string_view marker) const {
+    const std::size_t first = subclassStart(marker);
+    std::size_t last = first;
+    while (last < size() && !endsSubclass(tags_[last]))
+        ++last;
+    return {first, last};
 }
 
 TagRange TagList::applicationGroup(std::string_view name) const {

@@ -67,6 +67,11 @@ public:
     /// Empty range at the end of the list's own data when only this marker is missing.
     [[nodiscard]] TagRange subclass(std::string_view marker) const;
 
+    /// Where `subclass` begins, found without looking at what comes after it.
+    [[nodiscard]] std::size_t subclassStart(std::string_view marker) const;
+    /// True for the record behind the last one of a subclass.
+    [[nodiscard]] static bool endsSubclass(const Tag& tag);
+
     /// The records of the application group (102, "{name") ... (102, "}"), the brackets included.
     [[nodiscard]] TagRange applicationGroup(std::string_view name) const;
 

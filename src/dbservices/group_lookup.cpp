@@ -1,5 +1,4 @@
 #include <zucomn/dbservices.h>
-#include <zucomn/route.h>
 #include <zucomn/strings.h>
 
 #include <arxutil.h>
@@ -7,6 +6,8 @@
 #include <dbobjptr.h>
 
 #include <windows.h>
+
+#include <memory>
 
 namespace {
 
@@ -29,13 +30,20 @@ bool persistentReactors(AcDbObjectId element, AcArray<AcDbObjectId>& ids) {
     return true;
 }
 
+/// Null for a group without members, and for what can't be opened as one.
+AcDbObjectId firstMember(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbGroup> group(id);
+    if (group.openStatus() != Acad::eOk)
+        return {};
+    const std::unique_ptr<AcDbGroupIterator> members(group->newIterator());
+    return members->objectId();
+}
+
 /// True when the group's first member carries the link kind. Throws for an empty link record.
 bool servesLinkKind(AcDbObjectId group, int linkKind) {
-    AcArray<AcDbObjectId> members;
-    if (RootComn_GetGroupMember(group, members) != 0 || members.isEmpty())
-        return false;
+    const AcDbObjectId first = firstMember(group);
     CStringArray record;
-    if (ApiComn_extractAttributesArrayID(members.first(), L"ZU_LINK", record) != 0)
+    if (ApiComn_extractAttributesArrayID(first, L"ZU_LINK", record) != 0)
         return false;
     CStringArray fields;
     ZuComn_GetSplitString(record[0], fields, nullptr, L"|");

@@ -2,19 +2,28 @@
 
 #include <zucomn/route.h>
 
+#include <dbgroup.h>
+#include <dbobjptr.h>
+
+#include <memory>
+#include <optional>
+
 namespace {
 
 constexpr int kLastRouteKind = 4;
 
 /// Link kind of the members in order up to the first that `stops`; nullopt for a group without members.
 template <typename Stops>
-std::optional<int> firstKind(AcDbObjectId group, Stops stops) {
-    const auto members = zu::groupMembers(group);
-    if (!members || members->isEmpty())
+std::optional<int> firstKind(AcDbObjectId id, Stops stops) {
+    const AcDbObjectPointer<AcDbGroup> group(id);
+    if (group.openStatus() != Acad::eOk)
+        return std::nullopt;
+    const std::unique_ptr<AcDbGroupIterator> members(group->newIterator());
+    if (members->done())
         return std::nullopt;
     int kind = 0;
-    for (const AcDbObjectId member : *members) {
-        RootComn_GetBlockRootKind(member, &kind);
+    for (; !members->done(); members->next()) {
+        RootComn_GetBlockRootKind(members->objectId(), &kind);
         if (stops(kind))
             break;
     }

@@ -25,6 +25,25 @@ void eraseEntries(zuhost::TagList& tags, Goes goes) {
 
 } // namespace
 
+AcDbGroupIterator::AcDbGroupIterator(const AcDbGroup& group)
+    : group_(group), place_(group.tags().subclassStart(kMarker)) {
+    next();
+}
+
+bool AcDbGroupIterator::next() {
+    const zuhost::TagList& records = group_.tags();
+    AcDbStub* found = nullptr;
+    while (found == nullptr && group_.core() != nullptr && place_ < records.size() &&
+           !zuhost::TagList::endsSubclass(records[place_]))
+        found = group_.memberOf(records[place_++], seen_);
+    member_ = AcDbObjectId(found);
+    return !done();
+}
+
+AcDbGroupIterator* AcDbGroup::newIterator() const {
+    return new AcDbGroupIterator(*this);
+}
+
 AcDbGroup::AcDbGroup() {
     startRecords("GROUP", {kMarker});
     setTextTag(kMarker, 300, L"");

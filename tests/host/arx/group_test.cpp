@@ -34,6 +34,10 @@ TEST_F(Groups, MembersComeInOrder) {
     EXPECT_FALSE(furniture->has(id(kDuct)));
     const AcDbObjectPointer<AcDbGroup> supply(id(kSupply));
     EXPECT_EQ(supply->numEntities(), 23U);
+    Handles passed;
+    for (const std::unique_ptr<AcDbGroupIterator> i(supply->newIterator()); !i->done(); i->next())
+        passed.push_back(i->objectId().handle().value());
+    EXPECT_EQ(passed, members(*supply));
     EXPECT_TRUE(supply->isAnonymous());
 }
 

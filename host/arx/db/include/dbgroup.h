@@ -4,6 +4,26 @@
 
 #include <unordered_set>
 
+class AcDbGroup;
+
+/// Goes through the members of a group in order, each once, reading no further than it is asked to. The group
+/// stays open, and is not changed, as long as it is in use.
+class AcDbGroupIterator {
+public:
+    explicit AcDbGroupIterator(const AcDbGroup& group);
+
+    [[nodiscard]] AcDbObjectId objectId() const { return member_; }
+    [[nodiscard]] bool done() const { return member_.isNull(); }
+    /// False at the end.
+    bool next();
+
+private:
+    const AcDbGroup& group_;
+    std::size_t place_;
+    AcDbObjectId member_;
+    std::unordered_set<const AcDbStub*> seen_;
+};
+
 /// A named, ordered set of entities. The group is a persistent reactor of each of its members.
 class AcDbGroup : public AcDbObject {
 public:
@@ -24,6 +44,8 @@ public:
     /// Each member once, in order; erased members are still listed (they may come back).
     Adesk::UInt32 allEntityIds(AcDbObjectIdArray& ids) const;
     [[nodiscard]] Adesk::UInt32 numEntities() const;
+    /// The caller deletes the iterator.
+    [[nodiscard]] AcDbGroupIterator* newIterator() const;
     [[nodiscard]] bool has(AcDbObjectId id) const;
 
     /// eAlreadyInGroup for a member. Members must not be open for read or write elsewhere.
@@ -46,6 +68,7 @@ public:
     Acad::ErrorStatus removeSurplusEntries();
 
 private:
+    friend class AcDbGroupIterator;
     using Members = std::unordered_set<std::uint64_t>;
     void bringUpToDate(zuhost::TagList& tags) const override;
     /// Handles of the members, kept up to date by the group's own changes.
