@@ -11,6 +11,11 @@ constexpr std::string_view kWideLineFeed("\n\0", 2);
 constexpr char kControlZ = 0x1A;
 constexpr std::size_t kFirstBuffer = std::size_t{1} << 17U;
 
+void checkLength(std::size_t length) {
+    if (length > TextLines::kLongestLine)
+        throw std::length_error("a line is too long");
+}
+
 } // namespace
 
 std::optional<std::string_view> TextLines::next() {
@@ -23,8 +28,7 @@ std::optional<std::string_view> TextLines::next() {
             return take(feed, encoding_.unit());
         if (complete_)
             return left.empty() ? std::nullopt : std::optional(take(left.size(), 0));
-        if (left.size() > kLongestLine)
-            throw std::length_error("a line is too long");
+        checkLength(left.size());
         searched = left.size() - left.size() % encoding_.unit();
         readMore();
     }
@@ -41,6 +45,7 @@ std::size_t TextLines::lineFeed(std::string_view bytes, std::size_t from) const 
 }
 
 std::string_view TextLines::take(std::size_t length, std::size_t lineEnd) {
+    checkLength(length);
     const std::string_view line(buffer_.data() + at_, length);
     at_ += length + lineEnd;
     const std::size_t unit = encoding_.unit();

@@ -25,6 +25,6 @@ ZUCOMN_API bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys
 /// between the two, none. When only the last step fails, that is told in a message box, and the backup and
 /// the temporary file ("__Temp.tmp" in the same folder, or "LinkInfo.tmp" in the system folder for a bare
 /// name) stay. Any other failure leaves the old file, without a message; so does a character that the file's
-/// encoding can't hold.
+/// encoding can't hold, and a line of more than 16 MiB in the file.
 ZUCOMN_API bool ZuComn_SaveLinkInfo(const wchar_t* path, const CStringArray& keys,
                                     const CStringArray& values);

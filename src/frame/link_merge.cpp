@@ -12,6 +12,8 @@ namespace zu {
 namespace {
 
 constexpr char kEndOfText = 0x1A;
+/// Bytes; a longer line couldn't be read again.
+constexpr std::size_t kLongestLine = std::size_t{1} << 24U;
 constexpr wchar_t kSeparator = L'|';
 
 class Merge {
@@ -55,10 +57,12 @@ private:
     }
 
     bool mergeLine(std::string_view bytes) {
-        auto decoded = encoding_.decode(bytes);
+        if (bytes.size() > kLongestLine)
+            return false;
+        const auto decoded = encoding_.decode(bytes);
         if (!decoded)
             return false;
-        CString line(std::move(*decoded));
+        CString line(*decoded);
         line.Trim();
         if (line.IsEmpty())
             return true;

@@ -98,6 +98,17 @@ TEST_F(LinkInfo, Merges) {
     }
 }
 
+TEST_F(LinkInfo, AHugeLineIsRefused) {
+    const std::filesystem::path file = folder_.write("links.lif", "A|1\nB|2");
+    constexpr std::uintmax_t kSize = 20'000'000;
+    std::filesystem::resize_file(file, kSize);
+    EXPECT_EQ(value(L"A"), L"(unread)");
+    EXPECT_FALSE(save());
+    EXPECT_EQ(std::filesystem::file_size(file), kSize);
+    EXPECT_FALSE(exists("links.bak"));
+    EXPECT_FALSE(exists("__Temp.tmp"));
+}
+
 TEST_F(LinkInfo, ReadsWhatItWrites) {
     EXPECT_EQ(value(L"A"), L"(unread)");
     ASSERT_TRUE(ZuComn_SaveLinkInfo(path(), texts({L"x\ny", L"A", L""}), texts({L"1", L"2", L"3"})));

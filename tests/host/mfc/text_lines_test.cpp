@@ -64,6 +64,8 @@ TEST(TextLines, ALineHasALimit) {
     TextLines lines(sourceOf("a\n" + longest + "\n"));
     EXPECT_EQ(lines.next(), "a");
     EXPECT_EQ(lines.next(), longest);
+    TextLines tooLong(sourceOf(longest + "xx"));
+    EXPECT_THROW((void)tooLong.next(), std::length_error);
     std::size_t given = 0;
     TextLines endless([&given](char* place, std::size_t size) {
         std::fill_n(place, size, 'x');
