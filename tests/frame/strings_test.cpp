@@ -1,4 +1,5 @@
 #include "combo_numbers_fixture.h"
+#include "fields.h"
 
 #include <zucomn/strings.h>
 
@@ -8,15 +9,6 @@
 #include <vector>
 
 namespace {
-
-using Fields = std::vector<std::wstring>;
-
-Fields fieldsOf(const CStringArray& array) {
-    Fields fields;
-    for (int i = 0; i < array.GetSize(); ++i)
-        fields.emplace_back(array[i].view());
-    return fields;
-}
 
 TEST(Strings, Separate) {
     const struct {

@@ -1,3 +1,4 @@
+#include "fields.h"
 #include "temporary_folder.h"
 
 #include <zucomn/tables.h>
@@ -15,15 +16,6 @@
 namespace {
 
 namespace file_ops = zuhost::file_ops;
-
-using Fields = std::vector<std::wstring>;
-
-Fields fieldsOf(const CStringArray& array) {
-    Fields fields;
-    for (int i = 0; i < array.GetSize(); ++i)
-        fields.emplace_back(array[i].view());
-    return fields;
-}
 
 TEST(Tables, FlatForm) {
     const struct {
