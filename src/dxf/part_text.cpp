@@ -59,7 +59,7 @@ CString PartText::decode(std::string_view bytes) const {
         text = zuhost::dxf::withoutEscapes(text, decodePair);
     if (text.size() > limit_)
         text.resize(limit_);
-    return CString(std::move(text));
+    return CString(text);
 }
 
 const CString& NamePool::find(std::string_view bytes, const PartText& text) {
