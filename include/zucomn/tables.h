@@ -8,8 +8,8 @@
 // ends the table. Trailing spaces of lines and fields don't count. Files are in code page 932 unless a mark
 // says UTF-8 or UTF-16 LE.
 //
-// A file that fails while it is read, or holds a line of more than 16 MiB, gives an empty list. Equal fields may
-// share their characters until one of them is changed.
+// A file that fails while it is read, or holds a line of more than 16 MiB, gives an empty list. Equal fields
+// may share their characters until one of them is changed.
 //
 // `skip` lines are passed over first. `columns` lists the fields to keep (decimal numbers parted by commas;
 // null: all). The first character of `separator` parts the fields; null: that of the settings. The last
