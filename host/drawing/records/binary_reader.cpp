@@ -41,22 +41,6 @@ ValueType strictType(int code) {
     return ValueType::none;
 }
 
-std::size_t fixedSize(ValueType type) {
-    switch (type) {
-    case ValueType::real:
-    case ValueType::int64:
-        return 8;
-    case ValueType::int32:
-        return 4;
-    case ValueType::int16:
-        return 2;
-    case ValueType::boolean:
-        return 1;
-    default:
-        return 0;
-    }
-}
-
 } // namespace
 
 BinaryReader::BinaryReader(std::string_view bytes, CodeTable table) : bytes_(bytes), table_(table) {

@@ -50,27 +50,18 @@ namespace detail {
 inline constexpr std::uint8_t kUpToZero = 0;
 inline constexpr std::uint8_t kUnusual = 0xFF;
 
+constexpr std::uint8_t sizeOf(int code) {
+    const ValueType type = valueType(code);
+    if (const std::size_t size = fixedSize(type); size != 0)
+        return static_cast<std::uint8_t>(size);
+    const bool isText = type == ValueType::text || type == ValueType::handle;
+    return isText && code != kComment ? kUpToZero : kUnusual;
+}
+
 inline constexpr auto kSizes = [] {
     std::array<std::uint8_t, kLargestKnownCode + 1> sizes{};
     for (int code = 0; code <= kLargestKnownCode; ++code)
-        sizes[static_cast<std::size_t>(code)] = [code]() -> std::uint8_t {
-            switch (valueType(code)) {
-            case ValueType::text:
-            case ValueType::handle:
-                return code == kComment ? kUnusual : kUpToZero;
-            case ValueType::real:
-            case ValueType::int64:
-                return 8;
-            case ValueType::int32:
-                return 4;
-            case ValueType::int16:
-                return 2;
-            case ValueType::boolean:
-                return 1;
-            default:
-                return kUnusual;
-            }
-        }();
+        sizes[static_cast<std::size_t>(code)] = sizeOf(code);
     return sizes;
 }();
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace zuhost::dxf {
@@ -76,6 +77,23 @@ constexpr ValueType valueType(int code) {
 constexpr bool isInteger(ValueType type) {
     return type == ValueType::int16 || type == ValueType::int32 || type == ValueType::int64 ||
            type == ValueType::boolean;
+}
+
+/// Bytes of a value in binary drawings; 0 where the value itself tells its length.
+constexpr std::size_t fixedSize(ValueType type) {
+    switch (type) {
+    case ValueType::real:
+    case ValueType::int64:
+        return 8;
+    case ValueType::int32:
+        return 4;
+    case ValueType::int16:
+        return 2;
+    case ValueType::boolean:
+        return 1;
+    default:
+        return 0;
+    }
 }
 
 } // namespace zuhost::dxf
