@@ -11,6 +11,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -91,15 +92,21 @@ void compare(const std::string& path, std::size_t megabytes) {
     } readers[] = {{"library", readByLibrary},
                    {"getline, decode, split", readAndDecode},
                    {"getline, split of bytes", readBytes}};
-    std::printf("%zu MB\n", megabytes);
-    double own = 0;
+    std::printf("%zu MB, %u threads                first time                         again\n", megabytes,
+                std::thread::hardware_concurrency());
+    Measure own;
     for (const auto& reader : readers) {
-        const Measure result = measure(megabytes < 100 ? 25 : 7, [&] { return reader.read(path); });
-        own = own == 0 ? result.seconds : own;
-        std::printf(
-            "  %-24s %8.2f ms %7.1f MB/s   kept %5.2f times the file   library is %.2f times as fast\n",
-            reader.name, result.seconds * 1e3, size / result.seconds / 1e6, result.keptBytes / size,
-            result.seconds / own);
+        const Measure result = measure(megabytes < 100 ? 50 : 9, [&] { return reader.read(path); });
+        if (own.seconds == 0)
+            own = result;
+        const auto print = [size](double seconds, double ownSeconds) {
+            std::printf("%9.2f ms %7.1f MB/s x %4.2f", seconds * 1e3, size / seconds / 1e6,
+                        seconds / ownSeconds);
+        };
+        std::printf("  %-24s", reader.name);
+        print(result.firstSeconds, own.firstSeconds);
+        print(result.seconds, own.seconds);
+        std::printf("   kept %5.2f times the file\n", result.keptBytes / size);
     }
 }
 

@@ -9,12 +9,14 @@
 #include <cerrno>
 #include <stdexcept>
 
+using zuhost::TextBlock;
+using zuhost::TextBlocks;
 using zuhost::TextEncoding;
-using zuhost::TextLines;
 
 struct CStdioFile::Text {
     TextEncoding encoding;
-    std::optional<TextLines> lines;
+    std::optional<TextBlocks> blocks;
+    CTextBlock block; ///< That is being read.
     bool markWritten = false;
 };
 
@@ -47,6 +49,24 @@ std::wstring withCarriageReturns(std::wstring_view text) {
 
 } // namespace
 
+CTextBlock::CTextBlock() = default;
+CTextBlock::CTextBlock(CTextBlock&& other) noexcept = default;
+CTextBlock& CTextBlock::operator=(CTextBlock&& other) noexcept = default;
+CTextBlock::~CTextBlock() = default;
+
+BOOL CTextBlock::ReadString(CString& line) {
+    const auto bytes = lines_ != nullptr ? lines_->next() : std::nullopt;
+    if (!bytes)
+        return FALSE;
+    wchar_t* const buffer = line.GetBuffer(static_cast<int>(bytes->size()));
+    line.ReleaseBuffer(static_cast<int>(lines_->encoding().decode(*bytes, buffer)));
+    return TRUE;
+}
+
+BOOL CTextBlock::IsLast() const {
+    return lines_ != nullptr && lines_->isLast() ? TRUE : FALSE;
+}
+
 CStdioFile::CStdioFile() = default;
 
 CStdioFile::CStdioFile(const wchar_t* path, UINT flags) {
@@ -70,7 +90,7 @@ BOOL CStdioFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
     if (!CFile::Open(path, flags, error))
         return FALSE;
     text->markWritten = (flags & modeCreate) == 0 || (flags & modeNoTruncate) != 0;
-    text->lines.emplace(
+    text->blocks.emplace(
         [this](char* place, std::size_t size) { return Read(place, static_cast<UINT>(size)); });
     text_ = std::move(text);
     return TRUE;
@@ -79,13 +99,24 @@ BOOL CStdioFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
 BOOL CStdioFile::ReadString(CString& line) {
     if (text_ == nullptr)
         fail(EBADF);
-    try {
-        const auto bytes = text_->lines->next();
-        if (!bytes)
+    while (text_->block.ReadString(line) == FALSE)
+        if (nextLines(text_->block, TextBlocks::kBlock) == FALSE)
             return FALSE;
-        wchar_t* const buffer = line.GetBuffer(static_cast<int>(bytes->size()));
-        line.ReleaseBuffer(static_cast<int>(text_->lines->encoding().decode(*bytes, buffer)));
-        return TRUE;
+    return TRUE;
+}
+
+BOOL CStdioFile::ReadBlock(CTextBlock& block, UINT size) {
+    if (text_ == nullptr)
+        fail(EBADF);
+    block = std::move(text_->block);
+    return block.lines_ != nullptr && !block.lines_->atEnd() ? TRUE : nextLines(block, size);
+}
+
+BOOL CStdioFile::nextLines(CTextBlock& block, std::size_t size) {
+    if (block.lines_ == nullptr)
+        block.lines_ = std::make_unique<TextBlock>();
+    try {
+        return text_->blocks->next(*block.lines_, size) ? TRUE : FALSE;
     } catch (const std::length_error&) {
         fail(EOVERFLOW);
     }

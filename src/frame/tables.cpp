@@ -1,5 +1,6 @@
 #include "zucomn/tables.h"
 
+#include "block_reader.h"
 #include "line_splitter.h"
 #include "module_state.h"
 #include "resource_ids.h"
@@ -7,6 +8,7 @@
 #include "zucomn/settings.h"
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -26,42 +28,34 @@ bool endsTable(const CString& line) {
     return line.GetLength() == 3 && line.CompareNoCase(L"END") == 0;
 }
 
-template <typename Take>
-void readLines(CStdioFile& file, int skip, Take take) {
-    CString line;
-    for (int i = 0; i < skip; ++i)
-        if (!file.ReadString(line))
-            return;
-    while (file.ReadString(line) && !endsTable(line)) {
-        const std::wstring_view data = zu::withoutTrailingSpaces(line.view());
-        if (!data.empty() && data.front() != L'#')
-            take(data);
-    }
-}
-
 /// Takes the fields of a table one after the other.
 class FieldList {
 public:
-    explicit FieldList(CStringArray& fields) : fields_(fields) {}
+    using Kept = CStringArray;
 
-    void empty() { fields_.RemoveAll(); }
-    void giveUp() { fields_.RemoveAll(); }
     void startRecord() {}
     void add(std::wstring_view field) { fields_.Add(pool_.Make(field)); }
-    [[nodiscard]] bool stored() const { return !fields_.IsEmpty(); }
+    void moveTo(Kept& fields) {
+        for (int i = 0; i < fields_.GetSize(); ++i)
+            fields.Add(std::move(fields_[i]));
+    }
+    static void giveUp(Kept& fields) { fields.RemoveAll(); }
 
 private:
-    CStringArray& fields_;
+    CStringArray fields_;
     CStringPool pool_;
 };
 
 /// Takes them record by record.
 class RecordList {
 public:
-    explicit RecordList(CPtrArray& records) : records_(records) {}
+    using Kept = CPtrArray;
 
-    void empty() { records_.RemoveAll(); }
-    void giveUp() { ZuComn_RemoveAllFree(records_); }
+    RecordList() = default;
+    RecordList(const RecordList&) = delete;
+    RecordList& operator=(const RecordList&) = delete;
+    ~RecordList() { ZuComn_RemoveAllFree(records_); }
+
     void startRecord() {
         // Most records of a table have as many fields as the one before.
         auto record = pool_.MakeArray(current_ != nullptr ? current_->GetSize() : 0);
@@ -69,32 +63,80 @@ public:
         records_.Add(static_cast<CObject*>(record.release()));
     }
     void add(std::wstring_view field) { current_->Add(pool_.Make(field)); }
-    [[nodiscard]] bool stored() const { return !records_.IsEmpty(); }
+    void moveTo(Kept& records) {
+        records.Append(records_);
+        records_.RemoveAll();
+    }
+    static void giveUp(Kept& records) { ZuComn_RemoveAllFree(records); }
 
 private:
-    CPtrArray& records_;
+    CPtrArray records_;
     CStringArray* current_ = nullptr;
     CStringPool pool_;
 };
 
+/// What a table's lines look like and which of their fields are kept.
+struct Format {
+    wchar_t separator;
+    zu::ColumnSelection columns;
+};
+
 template <typename List>
-int readTable(const wchar_t* path, List&& list, int skip, const wchar_t* columns, const wchar_t* separator) {
+struct Part {
+    List list;
+    bool endsTable = false;
+};
+
+template <typename List>
+std::unique_ptr<Part<List>> readPart(CTextBlock& block, const Format& format) {
+    auto part = std::make_unique<Part<List>>();
+    for (CString line; !part->endsTable && block.ReadString(line) != FALSE;) {
+        part->endsTable = endsTable(line);
+        const std::wstring_view data = zu::withoutTrailingSpaces(line.view());
+        if (part->endsTable || data.empty() || data.front() == L'#')
+            continue;
+        part->list.startRecord();
+        zu::splitLine(data, format.separator, format.columns,
+                      [&part](std::wstring_view field) { part->list.add(field); });
+    }
+    return part;
+}
+
+template <typename List>
+void readParts(CStdioFile& file, const Format& format, typename List::Kept& kept) {
+    zu::BlockReader<std::unique_ptr<Part<List>>> parts(
+        file, [&format](CTextBlock block) { return readPart<List>(block, format); });
+    while (const auto part = parts.next()) {
+        (*part)->list.moveTo(kept);
+        if ((*part)->endsTable)
+            return;
+    }
+}
+
+bool skipLines(CStdioFile& file, int count) {
+    CString line;
+    for (int i = 0; i < count; ++i)
+        if (file.ReadString(line) == FALSE)
+            return false;
+    return true;
+}
+
+template <typename List>
+int readTable(const wchar_t* path, typename List::Kept& kept, int skip, const wchar_t* columns,
+              const wchar_t* separator) {
     const zu::ResourceScope scope;
-    const wchar_t parting = separatorOf(separator);
+    const Format format{separatorOf(separator), zu::ColumnSelection(columns)};
     CStdioFile file;
-    if (parting == L'\0' || path == nullptr ||
+    if (format.separator == L'\0' || path == nullptr ||
         !file.Open(path, CFile::modeRead | CFile::typeText | CFile::shareDenyNone))
         return -1;
-    list.empty();
-    const zu::ColumnSelection selection(columns);
+    kept.RemoveAll();
     try {
-        readLines(file, skip, [&](std::wstring_view line) {
-            list.startRecord();
-            zu::splitLine(line, parting, selection, [&](std::wstring_view field) { list.add(field); });
-        });
-        return list.stored() ? 0 : -1;
+        if (skipLines(file, skip))
+            readParts<List>(file, format, kept);
+        return kept.IsEmpty() ? -1 : 0;
     } catch (const CFileException&) {
-        list.giveUp();
+        List::giveUp(kept);
         return -1;
     }
 }
@@ -103,12 +145,12 @@ int readTable(const wchar_t* path, List&& list, int skip, const wchar_t* columns
 
 int ZuComn_ReadConfigFile(const wchar_t* path, CStringArray& fields, int skip, const wchar_t* columns,
                           const wchar_t* separator, int /*unused*/) {
-    return readTable(path, FieldList(fields), skip, columns, separator);
+    return readTable<FieldList>(path, fields, skip, columns, separator);
 }
 
 int ZuComn_ReadConfigFile(const wchar_t* path, CPtrArray& records, int skip, const wchar_t* columns,
                           const wchar_t* separator, int /*unused*/) {
-    return readTable(path, RecordList(records), skip, columns, separator);
+    return readTable<RecordList>(path, records, skip, columns, separator);
 }
 
 void ZuComn_RemoveAllFree(CPtrArray& list) {

@@ -86,10 +86,47 @@ TEST(Tables, WhatCannotBeReadLeavesTheOutput) {
     EXPECT_EQ(ZuComn_findFile(folder.wide("missing.csv").c_str()), 0);
 }
 
+/// Records of a table with more lines than one thread reads, each with its number.
+std::string manyRecords(int count) {
+    std::string bytes;
+    for (int i = 0; i < count; ++i)
+        bytes.append("# comment\n").append(std::to_string(i)).append("|\x83\x7C|same\n");
+    return bytes;
+}
+
+TEST(Tables, RecordsOfALargeFileKeepTheirOrder) {
+    constexpr int kRecords = 60'000;
+    const TemporaryFolder folder;
+    folder.write("t.csv", "first\nsecond\n" + manyRecords(kRecords) + "END\nx|y|z\n" + manyRecords(kRecords));
+    const std::wstring path = folder.wide("t.csv");
+    CStringArray fields;
+    CPtrArray records;
+    ASSERT_EQ(ZuComn_ReadConfigFile(path.c_str(), fields, 2, nullptr, L"|"), 0);
+    ASSERT_EQ(ZuComn_ReadConfigFile(path.c_str(), records, 2, L"1,2", L"|"), 0);
+    ASSERT_EQ(fields.GetSize(), 3 * kRecords);
+    ASSERT_EQ(records.GetSize(), kRecords);
+    for (int i = 0; i < kRecords; ++i) {
+        const CStringArray& record = *static_cast<CStringArray*>(static_cast<CObject*>(records[i]));
+        ASSERT_EQ(fieldsOf(record), (Fields{std::to_wstring(i), L"ポ"}));
+        ASSERT_EQ(fields[3 * i].view(), record[0].view());
+        ASSERT_EQ(fields[3 * i + 2], L"same");
+    }
+    ZuComn_RemoveAllFree(records);
+}
+
+TEST(Tables, WhatFollowsTheEndOfALargeTableMayFail) {
+    const TemporaryFolder folder;
+    const std::filesystem::path file = folder.write("t.csv", manyRecords(30'000) + "END\n");
+    std::filesystem::resize_file(file, 40'000'000); // a line that is too long
+    CStringArray fields;
+    EXPECT_EQ(ZuComn_ReadConfigFile(folder.wide("t.csv").c_str(), fields, 0, L"1", L"|"), 0);
+    EXPECT_EQ(fields.GetSize(), 30'000);
+}
+
 // A line over the limit is a hole in the file, so that it takes no room on the disk.
 TEST(Tables, WhatFailsWhileItIsReadGivesAnEmptyList) {
     const TemporaryFolder folder;
-    const std::filesystem::path file = folder.write("t.csv", "a|b\n#");
+    const std::filesystem::path file = folder.write("t.csv", manyRecords(30'000) + "#");
     const std::wstring path = folder.wide("t.csv");
     const auto fails = [&path] {
         CStringArray fields;

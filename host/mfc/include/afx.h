@@ -5,6 +5,10 @@
 
 #include <memory>
 
+namespace zuhost {
+class TextBlock;
+}
+
 class CObject;
 
 /// Run-time description of a class of the framework; see RUNTIME_CLASS.
@@ -167,6 +171,26 @@ private:
     CString path_;
 };
 
+/// Some of a text file's lines. It does not need the file, so that blocks may be read at the same time, each
+/// by one thread.
+class CTextBlock {
+public:
+    CTextBlock();
+    CTextBlock(CTextBlock&& other) noexcept;
+    CTextBlock& operator=(CTextBlock&& other) noexcept;
+    ~CTextBlock();
+
+    /// As CStdioFile::ReadString; FALSE behind the last line.
+    BOOL ReadString(CString& line);
+    /// The file is known to end with this block.
+    [[nodiscard]] BOOL IsLast() const;
+
+private:
+    friend class CStdioFile;
+
+    std::unique_ptr<zuhost::TextBlock> lines_;
+};
+
 /// A file as lines of text.
 ///
 /// Read: Japanese code page 932 unless a byte-order mark says UTF-8 or UTF-16 LE; a line ends at LF or CR LF,
@@ -185,11 +209,17 @@ public:
     /// The next line without its line end; FALSE at the end of the file. A line of more than 16 MiB (2^24
     /// bytes) throws CFileException, as does a failed read. Bytes read ahead are not seen by Read.
     BOOL ReadString(CString& line);
+    /// The next lines, about `size` bytes of them, to be read from the block; FALSE at the end of the file.
+    /// Throws like ReadString.
+    BOOL ReadBlock(CTextBlock& block, UINT size);
     /// Throws CFileException.
     void WriteString(const wchar_t* text);
 
 private:
     struct Text;
+
+    BOOL nextLines(CTextBlock& block, std::size_t size);
+
     std::unique_ptr<Text> text_;
 };
 

@@ -51,7 +51,7 @@ public:
     int Append(const FrameworkArray& other) {
         const int first = GetSize();
         const int count = other.GetSize();
-        items_.reserve(first + count);
+        items_.makeRoom(count);
         items_.append(other.items_.begin(), other.items_.begin() + count);
         return first;
     }

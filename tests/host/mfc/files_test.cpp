@@ -114,6 +114,37 @@ TEST(StdioFile, ReadsLinesInTheFilesEncoding) {
     }
 }
 
+TEST(StdioFile, BlocksGoOnWhereTheLinesEnd) {
+    const TemporaryFolder folder;
+    std::string bytes = "\xFF\xFE";
+    std::vector<std::wstring> wanted;
+    for (int i = 0; i < 3000; ++i) {
+        wanted.push_back(L"line " + std::to_wstring(i));
+        for (const wchar_t c : wanted.back() + L"\n")
+            bytes.append({static_cast<char>(c), '\0'});
+    }
+    folder.write("t", bytes);
+    CStdioFile file(folder.wide("t").c_str(), CFile::modeRead | CFile::typeText);
+    std::vector<CTextBlock> blocks(3);
+    std::vector<std::wstring> lines;
+    CString line;
+    EXPECT_FALSE(blocks[0].ReadString(line));
+    ASSERT_TRUE(file.ReadBlock(blocks[0], 20'000));
+    EXPECT_FALSE(blocks[0].IsLast());
+    ASSERT_TRUE(file.ReadString(line));
+    const std::wstring between(line.view());
+    ASSERT_TRUE(file.ReadBlock(blocks[1], 20'000));
+    EXPECT_TRUE(blocks[1].IsLast());
+    EXPECT_FALSE(file.ReadBlock(blocks[2], 20'000));
+    file.Close();
+    while (blocks[0].ReadString(line))
+        lines.emplace_back(line.view());
+    lines.push_back(between);
+    while (blocks[1].ReadString(line))
+        lines.emplace_back(line.view());
+    EXPECT_EQ(lines, wanted);
+}
+
 TEST(StdioFile, WritesInTheEncodingOfTheOldFile) {
     const TemporaryFolder folder;
     const auto rewrite = [&](const std::wstring& text) {

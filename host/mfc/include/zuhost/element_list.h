@@ -39,6 +39,11 @@ public:
     [[nodiscard]] const Element* begin() const { return items_; }
     [[nodiscard]] const Element* end() const { return items_ + size_; }
 
+    /// Room for so many more, and for as many again as there are, so that adding often costs little.
+    void makeRoom(int more) {
+        if (more > room() - size_)
+            grow(more);
+    }
     void reserve(int room) {
         if (room > this->room())
             moveTo(room);
@@ -61,8 +66,7 @@ public:
 
     /// By value: it may be an element of this list.
     void add(Element element) {
-        if (size_ == room())
-            grow(1);
+        makeRoom(1);
         std::construct_at(end(), std::move(element));
         ++size_;
     }
@@ -77,8 +81,7 @@ public:
         resize(std::max(index, size_));
         if (count == 0)
             return;
-        if (count > room() - size_)
-            grow(count);
+        makeRoom(count);
         std::construct_at(end(), std::move(element));
         std::uninitialized_fill_n(end() + 1, count - 1, *end());
         size_ += count;

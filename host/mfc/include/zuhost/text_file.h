@@ -3,10 +3,10 @@
 #include "text_codec.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace zuhost {
 
@@ -29,37 +29,56 @@ struct TextEncoding {
     [[nodiscard]] std::optional<std::string> encode(std::wstring_view text) const;
 };
 
-/// The lines of a text as bytes, one after the other. A line ends at LF or CR LF, the text at the first
-/// Ctrl-Z. No more of the text is held than the longest line.
-class TextLines {
+/// Some whole lines of a text as bytes.
+class TextBlock {
+public:
+    /// The next line without mark and line end, valid as long as the block; nullopt at its end.
+    std::optional<std::string_view> next();
+    [[nodiscard]] bool atEnd() const { return at_ == end_; }
+    /// The text is known to end with this block.
+    [[nodiscard]] bool isLast() const { return last_; }
+    [[nodiscard]] const TextEncoding& encoding() const { return encoding_; }
+
+private:
+    friend class TextBlocks;
+
+    [[nodiscard]] std::string_view left() const { return {bytes_.get() + at_, end_ - at_}; }
+    /// Keeps what there is.
+    void reserve(std::size_t room);
+
+    TextEncoding encoding_;
+    std::unique_ptr<char[]> bytes_;
+    std::size_t room_ = 0;
+    std::size_t at_ = 0; ///< Where the next line starts.
+    std::size_t end_ = 0;
+    bool last_ = false;
+};
+
+/// Reads a text in blocks. A line ends at LF or CR LF, the text at the first Ctrl-Z. No more of it is held
+/// than about two blocks or the longest line.
+class TextBlocks {
 public:
     /// Reads the next bytes of the text into the place; fewer than asked only at its end.
     using Source = std::function<std::size_t(char* place, std::size_t size)>;
 
+    static constexpr std::size_t kBlock = std::size_t{1} << 17U;
     /// Bytes; a longer line is taken for a sign that the file is no text.
     static constexpr std::size_t kLongestLine = std::size_t{1} << 24U;
 
-    explicit TextLines(Source source) : source_(std::move(source)) {}
+    explicit TextBlocks(Source source) : source_(std::move(source)) {}
 
-    /// The next line without mark and line end, valid until the next call; nullopt at the end. Throws
+    /// Fills the block with the next lines, at least one and about so many bytes; false at the end. Throws
     /// std::length_error for a line of more than kLongestLine bytes.
-    std::optional<std::string_view> next();
-    /// Known once the first line was asked for.
-    [[nodiscard]] const TextEncoding& encoding() const { return encoding_; }
+    bool next(TextBlock& block, std::size_t size = kBlock);
 
 private:
-    [[nodiscard]] std::size_t lineFeed(std::string_view bytes, std::size_t from) const;
-    [[nodiscard]] std::string_view take(std::size_t length, std::size_t lineEnd);
-    void start();
-    void readMore();
-    void readInto(std::size_t from);
-    void endAtControlZ(std::size_t from);
+    void readInto(TextBlock& block);
+    /// Keeps what follows the last line end for the next block; false when there is none.
+    bool keepWholeLines(TextBlock& block);
 
     Source source_;
-    TextEncoding encoding_;
-    std::vector<char> buffer_;
-    std::size_t at_ = 0;  ///< Where the next line starts in the buffer.
-    std::size_t end_ = 0; ///< Where what was read ends.
+    std::optional<TextEncoding> encoding_; ///< Known with the first bytes.
+    std::string rest_;                     ///< The start of a line.
     bool complete_ = false;
 };
 

@@ -9,10 +9,11 @@
 
 namespace {
 
-using zuhost::TextLines;
+using zuhost::TextBlock;
+using zuhost::TextBlocks;
 
 /// Gives out the bytes as a file does.
-TextLines::Source sourceOf(std::string bytes) {
+TextBlocks::Source sourceOf(std::string bytes) {
     return [bytes = std::move(bytes), at = std::size_t{0}](char* place, std::size_t size) mutable {
         const std::size_t count = bytes.copy(place, size, at);
         at += count;
@@ -29,7 +30,24 @@ std::string encoded(const std::string& ascii, std::size_t unit) {
     return bytes;
 }
 
-TEST(TextLines, EveryLineOfALongTextIsWhole) {
+/// Reads block after block.
+class Lines {
+public:
+    explicit Lines(TextBlocks::Source source) : blocks_(std::move(source)) {}
+
+    std::optional<std::string> next() {
+        auto line = block_.next();
+        if (!line && blocks_.next(block_))
+            line = block_.next();
+        return line ? std::optional<std::string>(*line) : std::nullopt;
+    }
+
+private:
+    TextBlocks blocks_;
+    TextBlock block_;
+};
+
+TEST(TextBlocks, EveryLineOfALongTextIsWhole) {
     std::mt19937 random(7);
     for (const std::string mark : {"", "\xEF\xBB\xBF", "\xFF\xFE"}) {
         const std::size_t unit = mark == "\xFF\xFE" ? 2 : 1;
@@ -41,7 +59,7 @@ TEST(TextLines, EveryLineOfALongTextIsWhole) {
             text += wanted.back() + encoded(random() % 2 == 0 ? "\n" : "\r\n", unit);
         }
         wanted.push_back(encoded("\r", unit)); // no line end without a line feed
-        TextLines lines(sourceOf(mark + text + wanted.back()));
+        Lines lines(sourceOf(mark + text + wanted.back()));
         for (const std::string& line : wanted)
             ASSERT_EQ(lines.next(), line);
         EXPECT_EQ(lines.next(), std::nullopt);
@@ -49,31 +67,31 @@ TEST(TextLines, EveryLineOfALongTextIsWhole) {
     }
 }
 
-TEST(TextLines, ControlZEndsTheText) {
+TEST(TextBlocks, ControlZEndsTheText) {
     const std::string filler(300'000, 'x');
     for (const std::string& before : {std::string(), std::string("x"), filler}) {
-        TextLines lines(sourceOf(std::string(filler).append("\n").append(before).append("\x1Amore\nmore\n")));
+        Lines lines(sourceOf(std::string(filler).append("\n").append(before).append("\x1Amore\nmore\n")));
         EXPECT_EQ(lines.next(), filler);
-        EXPECT_EQ(lines.next(), before.empty() ? std::nullopt : std::optional<std::string_view>(before));
+        EXPECT_EQ(lines.next(), before.empty() ? std::nullopt : std::optional(before));
         EXPECT_EQ(lines.next(), std::nullopt);
     }
 }
 
-TEST(TextLines, ALineHasALimit) {
-    const std::string longest(TextLines::kLongestLine, 'x');
-    TextLines lines(sourceOf("a\n" + longest + "\n"));
+TEST(TextBlocks, ALineHasALimit) {
+    const std::string longest(TextBlocks::kLongestLine, 'x');
+    Lines lines(sourceOf("a\n" + longest + "\n"));
     EXPECT_EQ(lines.next(), "a");
     EXPECT_EQ(lines.next(), longest);
-    TextLines tooLong(sourceOf(longest + "xx"));
+    Lines tooLong(sourceOf(longest + "xx"));
     EXPECT_THROW((void)tooLong.next(), std::length_error);
     std::size_t given = 0;
-    TextLines endless([&given](char* place, std::size_t size) {
+    Lines endless([&given](char* place, std::size_t size) {
         std::fill_n(place, size, 'x');
         given += size;
         return size;
     });
     EXPECT_THROW((void)endless.next(), std::length_error);
-    EXPECT_LT(given, 3 * TextLines::kLongestLine);
+    EXPECT_LT(given, 3 * TextBlocks::kLongestLine);
 }
 
 } // namespace
