@@ -104,6 +104,18 @@ void regroup(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 
+/// The same, but each put back alone.
+void regroupOneByOne(benchmark::State& state) {
+    const Network& drawn = network(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        for (const AcDbObjectId element : drawn.elements)
+            RootComn_DelGroupMember(drawn.group, element);
+        for (const AcDbObjectId element : drawn.elements)
+            RootComn_AddGroupMember(drawn.group, element);
+    }
+    state.SetComplexityN(state.range(0));
+}
+
 /// The route groups of every element.
 void listGroups(benchmark::State& state) {
     const Network& drawn = network(static_cast<int>(state.range(0)));
@@ -205,6 +217,7 @@ BENCHMARK_CAPTURE(search, after_a_change_of_the_group, true)->ZU_SIZES->Complexi
 BENCHMARK_CAPTURE(search, known_group, false)->ZU_SIZES->Complexity();
 BENCHMARK(searchAfterEdits)->ZU_SIZES->Complexity();
 BENCHMARK(regroup)->ZU_SIZES->Complexity();
+BENCHMARK(regroupOneByOne)->ZU_SIZES->Complexity();
 BENCHMARK(listGroups)->ZU_SIZES->Complexity();
 BENCHMARK(bareKdTree)->ZU_SIZES->Complexity();
 BENCHMARK(bareRTree)->ZU_SIZES->Complexity();

@@ -16,6 +16,11 @@ namespace {
 
 constexpr std::string_view kMarker = "AcDbGroup";
 constexpr int kMember = 340;
+constexpr std::int64_t kInRecords = 0;
+
+zuhost::Tag entryOf(std::uint64_t handle) {
+    return {kMember, zuhost::formatHandle(handle)};
+}
 
 template <typename Goes>
 void eraseEntries(zuhost::TagList& tags, Goes goes) {
@@ -137,7 +142,7 @@ AcDbGroup::Members& AcDbGroup::members() const {
     const TagRange range = section(kMarker);
     for (std::size_t i = range.first; i < range.last; ++i)
         if (const AcDbStub* const member = memberOf(tags()[i], seen))
-            members_.insert(member->handle);
+            members_.emplace(member->handle, kInRecords);
     membersVersion_ = tagVersion();
     return members_;
 }
@@ -163,58 +168,64 @@ Acad::ErrorStatus AcDbGroup::admit(AcDbObjectId id) {
     return member->addPersistentReactor(objectId());
 }
 
-void AcDbGroup::enter(const std::vector<AcDbObjectId>& admitted, std::size_t place) {
+void AcDbGroup::enter(AcDbObjectId admitted, std::int64_t place) {
     assertWriteEnabled();
-    Members& known = members();
-    std::vector<zuhost::Tag> added;
-    for (const AcDbObjectId id : admitted) {
-        added.push_back({kMember, zuhost::formatHandle(id.handle().value())});
-        known.insert(id.handle().value());
-    }
-    changingTags().insert(place, added);
-    membersVersion_ = tagVersion();
+    const std::uint64_t handle = admitted.handle().value();
+    members().emplace(handle, place);
+    arrived_.emplace(place, handle);
+    letRecordsLag();
 }
 
-Acad::ErrorStatus AcDbGroup::insert(AcDbObjectId id, std::size_t place) {
-    const Acad::ErrorStatus status = admit(id);
-    if (status == Acad::eOk)
-        enter({id}, place);
-    return status;
+void AcDbGroup::enterFirst(AcDbObjectId admitted) {
+    enter(admitted, std::min(arrived_.empty() ? kInRecords : arrived_.begin()->first, kInRecords) - 1);
+}
+
+void AcDbGroup::enterLast(AcDbObjectId admitted) {
+    enter(admitted, std::max(arrived_.empty() ? kInRecords : arrived_.rbegin()->first, kInRecords) + 1);
 }
 
 Acad::ErrorStatus AcDbGroup::append(AcDbObjectId id) {
-    return insert(id, section(kMarker).last);
-}
-
-Acad::ErrorStatus AcDbGroup::insertAll(const AcDbObjectIdArray& ids, std::size_t place) {
-    std::vector<AcDbObjectId> admitted;
-    std::unordered_set<AcDbObjectId> seen;
-    Acad::ErrorStatus status = Acad::eOk;
-    for (const AcDbObjectId id : ids) {
-        if (!seen.insert(id).second)
-            continue;
-        status = admit(id);
-        if (status == Acad::eOk)
-            admitted.push_back(id);
-        else if (status != Acad::eAlreadyInGroup)
-            break;
-        status = Acad::eOk;
-    }
-    if (!admitted.empty())
-        enter(admitted, place);
+    const Acad::ErrorStatus status = admit(id);
+    if (status == Acad::eOk)
+        enterLast(id);
     return status;
 }
 
+Acad::ErrorStatus AcDbGroup::prepend(AcDbObjectId id) {
+    const Acad::ErrorStatus status = admit(id);
+    if (status == Acad::eOk)
+        enterFirst(id);
+    return status;
+}
+
+Acad::ErrorStatus AcDbGroup::admitAll(const AcDbObjectIdArray& ids, std::vector<AcDbObjectId>& admitted) {
+    std::unordered_set<AcDbObjectId> seen;
+    for (const AcDbObjectId id : ids) {
+        if (!seen.insert(id).second)
+            continue;
+        const Acad::ErrorStatus status = admit(id);
+        if (status == Acad::eOk)
+            admitted.push_back(id);
+        else if (status != Acad::eAlreadyInGroup)
+            return status;
+    }
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbGroup::append(const AcDbObjectIdArray& ids) {
-    return insertAll(ids, section(kMarker).last);
+    std::vector<AcDbObjectId> admitted;
+    const Acad::ErrorStatus status = admitAll(ids, admitted);
+    for (const AcDbObjectId id : admitted)
+        enterLast(id);
+    return status;
 }
 
 Acad::ErrorStatus AcDbGroup::prepend(const AcDbObjectIdArray& ids) {
-    return insertAll(ids, tags().find(kMember, section(kMarker)));
-}
-
-Acad::ErrorStatus AcDbGroup::prepend(AcDbObjectId id) {
-    return insert(id, tags().find(kMember, section(kMarker)));
+    std::vector<AcDbObjectId> admitted;
+    const Acad::ErrorStatus status = admitAll(ids, admitted);
+    for (; !admitted.empty(); admitted.pop_back())
+        enterFirst(admitted.back());
+    return status;
 }
 
 Acad::ErrorStatus AcDbGroup::insertAt(Adesk::UInt32 index, AcDbObjectId id) {
@@ -226,17 +237,29 @@ Acad::ErrorStatus AcDbGroup::insertAt(Adesk::UInt32 index, AcDbObjectId id) {
     return passed == index ? append(id) : Acad::eInvalidIndex;
 }
 
+Acad::ErrorStatus AcDbGroup::insert(AcDbObjectId id, std::size_t place) {
+    const Acad::ErrorStatus status = admit(id);
+    if (status != Acad::eOk)
+        return status;
+    assertWriteEnabled();
+    members().emplace(id.handle().value(), kInRecords);
+    changingTags().insert(place, entryOf(id.handle().value()));
+    membersVersion_ = tagVersion();
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbGroup::remove(AcDbObjectId id) {
     if (!has(id))
         return Acad::eNotInGroup;
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;
-    // Taking each record out at once would move all behind it, again and again.
-    members().erase(id.handle().value());
-    departed_.insert(id.handle().value());
-    letTagsLag();
-    membersVersion_ = tagVersion();
+    const auto member = members().extract(id.handle().value());
+    if (member.mapped() != kInRecords)
+        arrived_.erase(member.mapped());
+    else
+        departed_.insert(member.key());
+    letRecordsLag();
     leave(id);
     return Acad::eOk;
 }
@@ -253,12 +276,27 @@ Acad::ErrorStatus AcDbGroup::clear() {
     return Acad::eOk;
 }
 
+// Changing the records with each member would move all behind it, again and again.
+void AcDbGroup::letRecordsLag() {
+    letTagsLag();
+    membersVersion_ = tagVersion();
+}
+
 void AcDbGroup::bringUpToDate(zuhost::TagList& tags) const {
     eraseEntries(tags, [this](const zuhost::Tag& entry) {
         const auto handle = zuhost::parseHandle(entry.value);
         return handle && departed_.contains(*handle);
     });
+    std::vector<zuhost::Tag> before;
+    std::vector<zuhost::Tag> behind;
+    for (const auto& [place, handle] : arrived_) {
+        (place < kInRecords ? before : behind).push_back(entryOf(handle));
+        members_[handle] = kInRecords;
+    }
+    tags.insert(tags.subclass(kMarker).last, behind);
+    tags.insert(tags.find(kMember, tags.subclass(kMarker)), before);
     departed_.clear();
+    arrived_.clear();
 }
 
 void AcDbGroup::leave(AcDbObjectId id) const {

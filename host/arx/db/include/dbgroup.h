@@ -2,6 +2,8 @@
 
 #include "dbmain.h"
 
+#include <map>
+#include <unordered_map>
 #include <unordered_set>
 
 class AcDbGroup;
@@ -69,21 +71,28 @@ public:
 
 private:
     friend class AcDbGroupIterator;
-    using Members = std::unordered_set<std::uint64_t>;
+    /// Places of members by handle: 0 for those in the records, negative for new ones before them, positive
+    /// for new ones behind them.
+    using Members = std::unordered_map<std::uint64_t, std::int64_t>;
     void bringUpToDate(zuhost::TagList& tags) const override;
-    /// Handles of the members, kept up to date by the group's own changes.
+    /// Kept up to date by the group's own changes.
     Members& members() const;
     /// The member that the record names for the first time; null for other records and surplus entries.
     AcDbStub* memberOf(const zuhost::Tag& record, std::unordered_set<const AcDbStub*>& seen) const;
     /// Checks a new member and makes the group its reactor.
     Acad::ErrorStatus admit(AcDbObjectId id);
+    /// Those of the list that are no members yet.
+    Acad::ErrorStatus admitAll(const AcDbObjectIdArray& ids, std::vector<AcDbObjectId>& admitted);
     void leave(AcDbObjectId id) const;
+    void enterFirst(AcDbObjectId admitted);
+    void enterLast(AcDbObjectId admitted);
+    void enter(AcDbObjectId admitted, std::int64_t place);
     Acad::ErrorStatus insert(AcDbObjectId id, std::size_t place);
-    Acad::ErrorStatus insertAll(const AcDbObjectIdArray& ids, std::size_t place);
-    /// Enters admitted members at a place of the records.
-    void enter(const std::vector<AcDbObjectId>& admitted, std::size_t place);
+    void letRecordsLag();
 
     mutable Members members_;
-    mutable Members departed_; ///< Handles that the records still list.
+    mutable std::map<std::int64_t, std::uint64_t>
+        arrived_; ///< Handles that the records don't list yet, by place.
+    mutable std::unordered_set<std::uint64_t> departed_; ///< Handles that the records still list.
     mutable std::uint32_t membersVersion_ = ~std::uint32_t{0};
 };
