@@ -96,6 +96,7 @@ double readTask(Elements& drawn) {
 double showTask(Elements& drawn) {
     const std::vector<CStringArray> lists = readAll(drawn);
     std::vector<const CStringArray*> shown;
+    shown.reserve(lists.size());
     for (const CStringArray& list : lists)
         shown.push_back(&list);
     std::size_t count = 0;

@@ -147,7 +147,7 @@ void print(const char* what, const Measure& measure, double bytes) {
 
 /// A drawing of about so many bytes. It is written by another process, whose memory does not count.
 std::string writtenPlan(const fs::path& folder, std::uint64_t bytes) {
-    const std::string path = folder / (std::to_string(bytes) + ".dxf");
+    std::string path = folder / (std::to_string(bytes) + ".dxf");
     const pid_t child = fork();
     if (child == 0) {
         writePlan(path, bytes);

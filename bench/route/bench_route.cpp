@@ -195,6 +195,7 @@ void bareRTree(benchmark::State& state) {
     for (auto _ : state) {
         joins = 0;
         std::vector<Entry> entries;
+        entries.reserve(points.size());
         for (const Network::Point& point : points)
             entries.emplace_back(Place(point.place.x, point.place.y), point.element);
         const bg::index::rtree<Entry, bg::index::rstar<16>> tree(entries);
@@ -209,17 +210,20 @@ void bareRTree(benchmark::State& state) {
     report(state, joins);
 }
 
+void sizes(benchmark::internal::Benchmark* benchmark) {
+    benchmark->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond);
+}
+
 } // namespace
 
-#define ZU_SIZES RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMillisecond)
-BENCHMARK(searchOfNewDrawing)->ZU_SIZES->Iterations(1)->Complexity();
-BENCHMARK_CAPTURE(search, after_a_change_of_the_group, true)->ZU_SIZES->Complexity();
-BENCHMARK_CAPTURE(search, known_group, false)->ZU_SIZES->Complexity();
-BENCHMARK(searchAfterEdits)->ZU_SIZES->Complexity();
-BENCHMARK(regroup)->ZU_SIZES->Complexity();
-BENCHMARK(regroupOneByOne)->ZU_SIZES->Complexity();
-BENCHMARK(listGroups)->ZU_SIZES->Complexity();
-BENCHMARK(bareKdTree)->ZU_SIZES->Complexity();
-BENCHMARK(bareRTree)->ZU_SIZES->Complexity();
-BENCHMARK(plainSearch)->ZU_SIZES->Iterations(1);
+BENCHMARK(searchOfNewDrawing)->Apply(sizes)->Iterations(1)->Complexity();
+BENCHMARK_CAPTURE(search, after_a_change_of_the_group, true)->Apply(sizes)->Complexity();
+BENCHMARK_CAPTURE(search, known_group, false)->Apply(sizes)->Complexity();
+BENCHMARK(searchAfterEdits)->Apply(sizes)->Complexity();
+BENCHMARK(regroup)->Apply(sizes)->Complexity();
+BENCHMARK(regroupOneByOne)->Apply(sizes)->Complexity();
+BENCHMARK(listGroups)->Apply(sizes)->Complexity();
+BENCHMARK(bareKdTree)->Apply(sizes)->Complexity();
+BENCHMARK(bareRTree)->Apply(sizes)->Complexity();
+BENCHMARK(plainSearch)->Apply(sizes)->Iterations(1);
 BENCHMARK_MAIN();

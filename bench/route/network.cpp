@@ -57,7 +57,8 @@ Network::Network(int size) : database(std::make_unique<AcDbDatabase>()) {
     }
     const AcDbObjectPointer<AcDbBlockTableRecord> record(space, AcDb::kForWrite);
     for (int i = 0; i < size; ++i) {
-        const AcGePoint3d place(i % kTrack * kLength, i / kTrack * kTrackDistance, 0.0);
+        const int track = i / kTrack;
+        const AcGePoint3d place(i % kTrack * kLength, track * kTrackDistance, 0.0);
         auto* const reference = new AcDbBlockReference(place, i % 2 == 0 ? line : tee);
         AcDbObjectId id;
         record->appendAcDbEntity(id, reference);

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -24,10 +25,10 @@ void writeTable(const std::string& path, std::size_t size) {
     std::ofstream file(path, std::ios::binary);
     std::size_t written = 0;
     for (int i = 0; written < size; ++i) {
-        const std::string line = "FIT-" + std::to_string(i) + "|" + name + "-" + std::to_string(i % 97) +
-                                 "|850|12.5|" + name + "\r\n";
-        file << line;
-        written += line.size();
+        std::ostringstream line;
+        line << "FIT-" << i << '|' << name << '-' << i % 97 << "|850|12.5|" << name << "\r\n";
+        file << line.view();
+        written += line.view().size();
     }
 }
 

@@ -41,9 +41,9 @@ void saveFromTags(const Document& document) {
     TagList tags;
     const auto everyTag = [&](const AcDbStub& stub) {
         tags = document.tags(stub);
-        for (std::size_t i = 0; i < tags.size(); ++i)
-            require(document.decode(document.encode(document.decode(tags[i].value))) ==
-                        document.decode(tags[i].value),
+        for (const Tag& tag : tags)
+            require(document.decode(document.encode(document.decode(tag.value))) ==
+                        document.decode(tag.value),
                     "text is not stable");
         return &tags;
     };
