@@ -17,10 +17,12 @@ struct Direction {
     Acad::ErrorStatus (AcDbDatabase::*step)();
     const wchar_t* nothing;
     const wchar_t* everything;
+    bool stopsAtMarks;
 };
 
-constexpr Direction kBack{&AcDbDatabase::undo, L"Nothing to undo.\n", L"Everything has been undone.\n"};
-constexpr Direction kForth{&AcDbDatabase::redo, L"Nothing to redo.\n", L"Everything has been redone.\n"};
+constexpr Direction kBack{&AcDbDatabase::undo, L"Nothing to undo.\n", L"Everything has been undone.\n", true};
+constexpr Direction kForth{&AcDbDatabase::redo, L"Nothing to redo.\n", L"Everything has been redone.\n",
+                           false};
 
 AcDbDatabase* currentDrawing() {
     return acDocManager->curDocument()->database();
@@ -33,10 +35,14 @@ void go(const Direction& direction, int steps) {
         return;
     }
     for (int done = 0; done < steps; ++done) {
-        if (drawing != nullptr && (drawing->*direction.step)() == Acad::eOk)
-            continue;
-        acutPrintf(L"%s", done == 0 ? direction.nothing : direction.everything);
-        return;
+        if (drawing == nullptr || (drawing->*direction.step)() != Acad::eOk) {
+            acutPrintf(L"%s", done == 0 ? direction.nothing : direction.everything);
+            return;
+        }
+        if (direction.stopsAtMarks && drawing->core().undo.atMark()) {
+            acutPrintf(L"Mark encountered.\n");
+            return;
+        }
     }
 }
 
@@ -61,13 +67,26 @@ bool takeOption(std::wstring_view name, std::size_t least) {
 }
 
 bool takeOtherOption() {
-    return takeOption(L"AUTO", 1) || takeOption(L"CONTROL", 1) || takeOption(L"MARK", 1) ||
-           takeOption(L"BACK", 1);
+    return takeOption(L"AUTO", 1) || takeOption(L"CONTROL", 1);
 }
 
 void setGroup(bool open) {
     if (AcDbDatabase* const drawing = currentDrawing())
         open ? drawing->core().undo.beginGroup() : drawing->core().undo.endGroup();
+}
+
+void setMark() {
+    if (AcDbDatabase* const drawing = currentDrawing())
+        drawing->core().undo.mark();
+}
+
+void goToMark() {
+    AcDbDatabase* const drawing = currentDrawing();
+    const bool marked = drawing != nullptr && drawing->core().undo.hasMark();
+    if (drawing == nullptr || !drawing->core().undo.undoToMark(drawing->core()))
+        acutPrintf(L"%s", kBack.nothing);
+    else if (!marked)
+        acutPrintf(L"%s", kBack.everything);
 }
 
 void undoOne() {
@@ -78,6 +97,10 @@ void undoSeveral() {
         setGroup(true);
     else if (takeOption(L"END", 1))
         setGroup(false);
+    else if (takeOption(L"MARK", 1))
+        setMark();
+    else if (takeOption(L"BACK", 1))
+        goToMark();
     else if (takeOtherOption())
         acutPrintf(L"This option of UNDO is not supported.\n");
     else

@@ -32,6 +32,31 @@ void UndoLog::clear() {
     endGroup();
     undo_.clear();
     redo_.clear();
+    marks_.clear();
+}
+
+bool UndoLog::undo(DatabaseCore& core) {
+    if (!play(core, undo_, redo_, true))
+        return false;
+    while (hasMark() && marks_.back() > undo_.size())
+        marks_.pop_back();
+    return true;
+}
+
+void UndoLog::mark() {
+    endGroup();
+    marks_.push_back(undo_.size());
+}
+
+bool UndoLog::undoToMark(DatabaseCore& core) {
+    if (!hasMark() && undo_.empty())
+        return false;
+    const std::size_t steps = hasMark() ? marks_.back() : 0;
+    if (hasMark())
+        marks_.pop_back();
+    while (undo_.size() > steps)
+        undo(core);
+    return true;
 }
 
 void UndoLog::note(AcDbStub& stub, const TagList& tags, Kind kind) {

@@ -35,8 +35,17 @@ public:
     void note(AcDbStub& stub, const TagList& tags, Kind kind);
 
     /// False when there is nothing to take back (or do again).
-    bool undo(DatabaseCore& core) { return play(core, undo_, redo_, true); }
+    bool undo(DatabaseCore& core);
     bool redo(DatabaseCore& core) { return play(core, redo_, undo_, false); }
+
+    /// Marks how far the work has come. A mark goes when work before it is taken back.
+    void mark();
+    [[nodiscard]] bool hasMark() const { return !marks_.empty(); }
+    /// True when all work since the last mark is taken back.
+    [[nodiscard]] bool atMark() const { return hasMark() && marks_.back() == undo_.size(); }
+    /// Takes the work since the last mark back, and the mark away; all work where there is no mark. False
+    /// when there is neither.
+    bool undoToMark(DatabaseCore& core);
 
 private:
     struct Entry {
@@ -53,6 +62,7 @@ private:
 
     std::vector<Step> undo_;
     std::vector<Step> redo_;
+    std::vector<std::size_t> marks_;      ///< Numbers of steps that were there.
     std::unordered_set<AcDbStub*> noted_; ///< The objects of the present step.
     std::uint32_t step_ = 1;
     bool stepOpen_ = false;
