@@ -253,11 +253,16 @@ void DatabaseCore::restore(AcDbStub& stub, TagList tags, bool erased, UndoLog::K
         tellAll(reactors, [&](AcDbDatabaseReactor& r) {
             undoing ? r.objectUnAppended(&self, &target) : r.objectReAppended(&self, &target);
         });
+        target.tellReactors(
+            [&](AcDbObjectReactor& r) { undoing ? r.unappended(&target) : r.reappended(&target); });
         return;
     }
     modified(target);
-    if (toggled)
-        this->erased(target, erased);
+    target.tellReactors([&](AcDbObjectReactor& r) { r.modified(&target); });
+    if (!toggled)
+        return;
+    target.tellReactors([&](AcDbObjectReactor& r) { r.erased(&target, erased); });
+    this->erased(target, erased);
 }
 
 } // namespace zuhost

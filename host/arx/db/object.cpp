@@ -16,9 +16,7 @@ ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDatabaseReactor, AcRxObject)
 AcDbObject::AcDbObject() : tags_(std::make_unique<TagList>()) {}
 
 AcDbObject::~AcDbObject() {
-    const auto told = transientReactors_;
-    for (AcDbObjectReactor* reactor : told)
-        reactor->goodbye(this);
+    tellReactors([this](AcDbObjectReactor& r) { r.goodbye(this); });
 }
 
 AcDbObjectId AcDbObject::ownerId() const {
@@ -125,9 +123,7 @@ Acad::ErrorStatus AcDbObject::assertWriteEnabled() {
     }
     if (!modified_) {
         modified_ = true;
-        const auto told = transientReactors_;
-        for (AcDbObjectReactor* reactor : told)
-            reactor->openedForModify(this);
+        tellReactors([this](AcDbObjectReactor& r) { r.openedForModify(this); });
         core()->openedForModify(*this);
     }
     stub_->changed = true;

@@ -82,15 +82,10 @@ void AcDbObject::notifyClosed() {
         database.appended(*this);
     else if (wasModified)
         database.modified(*this);
-    if (wasModified) {
-        const auto told = transientReactors_;
-        for (AcDbObjectReactor* reactor : told)
-            reactor->modified(this);
-    }
+    if (wasModified)
+        tellReactors([this](AcDbObjectReactor& r) { r.modified(this); });
     if (wasToggled) {
-        const auto told = transientReactors_;
-        for (AcDbObjectReactor* reactor : told)
-            reactor->erased(this, nowErased);
+        tellReactors([&](AcDbObjectReactor& r) { r.erased(this, nowErased); });
         database.erased(*this, nowErased);
     }
 }

@@ -53,6 +53,8 @@ public:
     void openedForModify(const AcDbObject*) override { told += "open|"; }
     void modified(const AcDbObject*) override { told += "modify|"; }
     void erased(const AcDbObject*, bool erasing) override { told += erasing ? "erase|" : "unerase|"; }
+    void unappended(const AcDbObject*) override { told += "unappend|"; }
+    void reappended(const AcDbObject*) override { told += "reappend|"; }
     void goodbye(const AcDbObject* object) override {
         told += "bye|";
         last = object->objectId().handle().value();
@@ -153,6 +155,10 @@ TEST_F(Reactors, UndoAndRedoAreTold) {
     point.handle().getIntoAsciiBuffer(digits);
     const std::string name(digits, digits + std::char_traits<ACHAR>::length(digits));
     Witness witness(*drawing);
+    Observer ofPoint;
+    Observer ofDuct;
+    AcDbObjectPointer<AcDbObject>(point)->addReactor(&ofPoint);
+    AcDbObjectPointer<AcDbObject>(id(kDuct), AcDb::kForRead, true)->addReactor(&ofDuct);
     ASSERT_EQ(drawing->undo(), Acad::eOk);
     const std::string undone = witness.told();
     EXPECT_NE(undone.find("unappend " + name + "|"), std::string::npos) << undone;
@@ -161,4 +167,7 @@ TEST_F(Reactors, UndoAndRedoAreTold) {
     const std::string redone = witness.told();
     EXPECT_NE(redone.find("reappend " + name + "|"), std::string::npos) << redone;
     EXPECT_NE(redone.find("modify 114|erase 114|"), std::string::npos) << redone;
+    EXPECT_EQ(ofPoint.told, "unappend|reappend|");
+    EXPECT_EQ(ofDuct.told, "modify|unerase|modify|erase|");
+    drawing.reset(); // before those that it tells of its end
 }

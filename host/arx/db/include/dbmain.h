@@ -41,6 +41,9 @@ public:
     virtual void openedForModify(const AcDbObject* /*object*/) {}
     virtual void modified(const AcDbObject* /*object*/) {}
     virtual void erased(const AcDbObject* /*object*/, bool /*erasing*/) {}
+    /// The object's addition was undone, or redone. Other undone and redone changes are told as changes.
+    virtual void unappended(const AcDbObject* /*object*/) {}
+    virtual void reappended(const AcDbObject* /*object*/) {}
     virtual void goodbye(const AcDbObject* /*object*/) {}
 };
 
@@ -165,6 +168,13 @@ private:
     friend class AcDbDatabase;
 
     void notifyClosed();
+    /// Calls `tell` with each transient reactor that is there at the start.
+    template <typename Tell>
+    void tellReactors(Tell tell) const {
+        const auto told = transientReactors_;
+        for (AcDbObjectReactor* reactor : told)
+            tell(*reactor);
+    }
     void catchUp() const;
 
     AcDbStub* stub_ = nullptr;
