@@ -8,8 +8,9 @@
 // ends the table. Trailing spaces of lines and fields don't count. Files are in code page 932 unless a mark
 // says UTF-8 or UTF-16 LE.
 //
-// A file that fails while it is read, or holds a line of more than 16 MiB, gives an empty list. Equal fields
-// may share their characters until one of them is changed.
+// A file that fails while it is read, or holds a line of more than 16 MiB, gives an empty list; what comes
+// after the table's end doesn't count. Equal fields may share their characters until one of them is changed.
+// Files of more than 256 KiB are read by up to eight threads, which end before the call does.
 //
 // `skip` lines are passed over first. `columns` lists the fields to keep (decimal numbers parted by commas;
 // null: all). The first character of `separator` parts the fields; null: that of the settings. The last
