@@ -3,51 +3,20 @@
 #include "elements.h"
 
 #include "attributes/model/write_back.h"
+#include "own_process.h"
 
 #include <arxutil.h>
 #include <zuhost/text_codec.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <deque>
 #include <filesystem>
-#include <functional>
 #include <stdexcept>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
 namespace {
-
-double timed(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-/// What the task returns, run in a process of its own.
-double inChild(const std::function<double()>& task) {
-    int ends[2];
-    if (pipe(ends) != 0)
-        throw std::runtime_error("no pipe");
-    const pid_t child = fork();
-    if (child == 0) {
-        const double seconds = task();
-        _exit(write(ends[1], &seconds, sizeof seconds) == sizeof seconds ? 0 : 1);
-    }
-    close(ends[1]);
-    double seconds = 0.0;
-    const ssize_t got = read(ends[0], &seconds, sizeof seconds);
-    close(ends[0]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (got != sizeof seconds || status != 0)
-        throw std::runtime_error("a task failed");
-    return seconds;
-}
 
 /// The parameter table lets every attribute be edited.
 zu::ParameterIndex parameters() {
@@ -129,12 +98,12 @@ constexpr Task kTasks[] = {
 
 void benchmark(const std::wstring& path, int count) {
     constexpr int kRuns = 5;
-    inChild([&] { return timed([&] { writeElements(path, count); }); });
+    inOwnProcess([&] { return timed([&] { writeElements(path, count); }); });
     std::printf("%d elements of %d attributes\n", count, kAttributes);
     for (const Task& task : kTasks) {
         double best = 1e9;
         for (int run = 0; run < kRuns; ++run)
-            best = std::min(best, inChild([&] {
+            best = std::min(best, inOwnProcess([&] {
                                 Elements drawn(path);
                                 return task.run(drawn);
                             }));

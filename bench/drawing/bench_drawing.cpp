@@ -1,5 +1,6 @@
 // Opening and saving whole drawings of 1, 10 and 100 MB, next to dxflib merely reading the same file. Each
 // task runs in a process of its own, so that its peak memory is its own as well.
+#include "own_process.h"
 #include "plan_generator.h"
 
 #include "dbmain.h"
@@ -8,7 +9,6 @@
 #include "zuhost/paths.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <dl_creationadapter.h>
 #include <dl_dxf.h>
@@ -35,12 +35,6 @@ struct Measure {
 /// Does something with the drawing of that path, and times itself; nothing else counts.
 using Task = std::function<double(const std::string&)>;
 
-double timed(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
 /// A number of bytes that the system tells about this process: "VmRSS" now, "VmHWM" at its highest.
 double memory(const std::string& name) {
     std::ifstream status("/proc/self/status");
@@ -59,29 +53,15 @@ void forgetPeak() {
 /// The task in a process of its own. A drawing of a few objects is worked on before: what a process takes for
 /// pages of libraries, whatever the drawing, is in place then.
 Measure runInChild(const Task& task, const std::string& path, const std::string& tinyPath) {
-    int ends[2];
-    if (pipe(ends) != 0)
-        throw std::runtime_error("no pipe");
-    const pid_t child = fork();
-    if (child == 0) {
+    return inOwnProcess([&] {
         task(tinyPath);
         forgetPeak();
         Measure measure;
         const double before = memory("VmRSS");
         measure.seconds = task(path);
         measure.peakBytes = memory("VmHWM") - before;
-        const ssize_t written = write(ends[1], &measure, sizeof measure);
-        _exit(written == sizeof measure ? 0 : 1);
-    }
-    Measure measure;
-    const ssize_t got = read(ends[0], &measure, sizeof measure);
-    close(ends[0]);
-    close(ends[1]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (got != sizeof measure || status != 0)
-        throw std::runtime_error("a task failed");
-    return measure;
+        return measure;
+    });
 }
 
 std::unique_ptr<Document> openDrawing(const std::string& path) {

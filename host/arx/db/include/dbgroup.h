@@ -91,8 +91,8 @@ private:
     void letRecordsLag();
 
     mutable Members members_;
-    mutable std::map<std::int64_t, std::uint64_t>
-        arrived_; ///< Handles that the records don't list yet, by place.
+    /// Handles that the records don't list yet, by place.
+    mutable std::map<std::int64_t, std::uint64_t> arrived_;
     mutable std::unordered_set<std::uint64_t> departed_; ///< Handles that the records still list.
     mutable std::uint32_t membersVersion_ = ~std::uint32_t{0};
 };

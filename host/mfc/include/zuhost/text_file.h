@@ -61,6 +61,7 @@ public:
     /// Reads the next bytes of the text into the place; fewer than asked only at its end.
     using Source = std::function<std::size_t(char* place, std::size_t size)>;
 
+    /// Bytes of a block, where nothing else is asked for.
     static constexpr std::size_t kBlock = std::size_t{1} << 17U;
     /// Bytes; a longer line is taken for a sign that the file is no text.
     static constexpr std::size_t kLongestLine = std::size_t{1} << 24U;
