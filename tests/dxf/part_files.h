@@ -1,6 +1,7 @@
 #pragma once
 
 #include "part_json.h"
+#include "temporary_folder.h"
 
 #include <zuhost/paths.h>
 
@@ -8,7 +9,6 @@
 #include <fstream>
 #include <iterator>
 #include <string>
-#include <unistd.h>
 
 namespace zu::test {
 
@@ -51,22 +51,17 @@ inline std::string binaryDrawing(const std::string& records) {
 /// A file in a folder of its own, gone at the end.
 class PartFile {
 public:
-    explicit PartFile(const std::string& bytes, const std::string& name = "part.dxf") {
-        std::string pattern = (std::filesystem::temp_directory_path() / "zu-dxf-XXXXXX").string();
-        folder_ = mkdtemp(pattern.data());
-        path_ = folder_ / name;
+    explicit PartFile(const std::string& bytes, const std::string& name = "part.dxf")
+        : path_(folder_.file(name)) {
         write(bytes);
     }
-    ~PartFile() { std::filesystem::remove_all(folder_); }
-    PartFile(const PartFile&) = delete;
-    PartFile& operator=(const PartFile&) = delete;
 
     void write(const std::string& bytes) const { std::ofstream(path_, std::ios::binary) << bytes; }
     [[nodiscard]] CString path() const { return hostPath(path_); }
     [[nodiscard]] std::string systemPath() const { return path_.string(); }
 
 private:
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
     std::filesystem::path path_;
 };
 

@@ -1,24 +1,26 @@
 #pragma once
 
-#include <atomic>
+#include <cerrno>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include <zuhost/text_codec.h>
-
-#include <unistd.h>
 
 /// A folder of a test's own, removed with all it holds.
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        static std::atomic<int> count = 0;
-        path_ = std::filesystem::temp_directory_path() /
-                ("zutest-" + std::to_string(getpid()) + "-" + std::to_string(count++));
-        std::filesystem::create_directories(path_);
+        // The system chooses the name: what a killed test left behind is never met again.
+        std::string pattern = (std::filesystem::temp_directory_path() / "zu-test-XXXXXX").string();
+        if (mkdtemp(pattern.data()) == nullptr)
+            throw std::filesystem::filesystem_error("no temporary folder", pattern,
+                                                    {errno, std::generic_category()});
+        path_ = pattern;
     }
     ~TemporaryFolder() {
         std::error_code error;

@@ -1,5 +1,6 @@
 // Whatever fails during a save, and wherever the process ends, the file is the old one or the new one.
 #include "notation.h"
+#include "temporary_folder.h"
 
 #include "zuhost/file_ops.h"
 #include "zuhost/paths.h"
@@ -19,25 +20,22 @@ namespace {
 class SaveFailure : public testing::Test {
 protected:
     void SetUp() override {
-        folder_ = fs::temp_directory_path() / ("zu-drawing-" + std::to_string(getpid()));
-        fs::create_directories(folder_);
         document_ = opened(oldBytes_);
         AcDbStub* line = member(*document_, "LINE");
         line->erased = true;
         newBytes_ = saved(*document_);
         writeOld();
     }
-    void TearDown() override { fs::remove_all(folder_); }
 
     void writeOld() const { ASSERT_FALSE(opened(oldBytes_)->save(path(), DrawingForm::ascii, nullptr)); }
 
-    [[nodiscard]] std::wstring path() const { return hostPath((folder_ / "plan.dxf").string()); }
-    [[nodiscard]] std::string onDisk() const { return fileBytes(folder_ / "plan.dxf"); }
+    [[nodiscard]] std::wstring path() const { return hostPath(folder_.file("plan.dxf")); }
+    [[nodiscard]] std::string onDisk() const { return fileBytes(folder_.file("plan.dxf")); }
     [[nodiscard]] std::size_t filesInFolder() const {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_), {}));
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_.path()), {}));
     }
 
-    fs::path folder_;
+    TemporaryFolder folder_;
     std::string oldBytes_ = fileBytes(ZU_SAMPLES "/drawings/office-floor.dxf");
     std::string newBytes_;
     std::unique_ptr<Document> document_;
@@ -88,7 +86,7 @@ TEST_F(SaveFailure, KilledAtAnyOperationLeavesAWholeFile) {
         finished = WIFEXITED(status) && WEXITSTATUS(status) == 0;
         const std::string now = onDisk();
         ASSERT_TRUE(now == newBytes_ || (!finished && now == oldBytes_)) << "operation " << n;
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder_))
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder_.path()))
             fs::remove(entry.path()); // temporary files of the killed
     }
     EXPECT_TRUE(finished);
@@ -105,8 +103,7 @@ TEST_F(SaveFailure, RefusedFormLeavesTheOldFile) {
 }
 
 TEST_F(SaveFailure, FolderThatIsNotThereIsTold) {
-    const auto error =
-        document_->save(hostPath((folder_ / "none" / "plan.dxf").string()), DrawingForm::ascii, nullptr);
+    const auto error = document_->save(hostPath(folder_.file("none/plan.dxf")), DrawingForm::ascii, nullptr);
     ASSERT_TRUE(error);
     EXPECT_NE(error->file.find(L"none"), std::wstring::npos);
 }
