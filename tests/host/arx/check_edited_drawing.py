@@ -30,7 +30,8 @@ def objects(document):
 
 
 def members(document):
-    return {name: [entity.dxf.handle for entity in group] for name, group in document.groups}
+    # ezdxf keeps them in an order of its own, another one at every start.
+    return {name: {entity.dxf.handle for entity in group} for name, group in document.groups}
 
 
 def check_objects(before, after):
@@ -61,8 +62,8 @@ def check_edits(before, after, document):
 def check_groups(before, after):
     expected = dict(before)
     del expected["*A3"]
-    expected["家具"] = [handle for handle in before["家具"] if handle != "106"]
-    expected["*A4"] = ["110"]
+    expected["家具"] = before["家具"] - {"106"}
+    expected["*A4"] = {"110"}
     assert list(expected) == list(after) and expected == after, after
 
 
