@@ -18,8 +18,10 @@ ResourceState& state() {
     return resources;
 }
 
+/// Null when there is none; an empty text is none.
 const std::wstring* textOf(HINSTANCE instance, UINT id) {
-    return instance != nullptr ? instance->strings.find(id) : nullptr;
+    const std::wstring* const text = instance != nullptr ? instance->strings.find(id) : nullptr;
+    return text != nullptr && !text->empty() ? text : nullptr;
 }
 
 } // namespace

@@ -63,7 +63,7 @@ TEST(Modules, TellTheirNameInTheHostsForm) {
 
 TEST(Modules, TextsAreLookedUpAlongTheChain) {
     const SampleModule sample;
-    sample.folder().write("Language.strings", "1 = \"translated\"");
+    sample.folder().write("Language.strings", "1 = \"translated\"\n2 = \"\"");
     const HMODULE module = sample.load();
     const HMODULE language = LoadLibraryW((sample.folder().wide("") + L"language.dll").c_str());
     ASSERT_NE(language, nullptr);
@@ -77,7 +77,8 @@ TEST(Modules, TextsAreLookedUpAlongTheChain) {
     AfxSetResourceHandle(language);
     EXPECT_TRUE(text.LoadString(1));
     EXPECT_EQ(text, L"translated");
-    EXPECT_TRUE(text.LoadString(2)) << "what the language lacks is found further on in the chain";
+    EXPECT_TRUE(text.LoadString(2))
+        << "what the language lacks or has empty is found further on in the chain";
     EXPECT_EQ(AfxFindStringResourceHandle(2), module);
     EXPECT_EQ(AfxFindStringResourceHandle(3), language);
     AfxSetResourceHandle(before);
