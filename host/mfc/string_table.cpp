@@ -9,6 +9,8 @@ namespace zuhost {
 
 namespace {
 
+constexpr std::string_view kMark = "\xEF\xBB\xBF";
+
 std::string_view trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" \t\r");
     if (first == std::string_view::npos)
@@ -84,6 +86,8 @@ std::string quoted(std::string_view text) {
 
 StringTable StringTable::parse(std::string_view utf8, std::size_t* firstBadLine) {
     StringTable table;
+    if (utf8.starts_with(kMark))
+        utf8.remove_prefix(kMark.size());
     std::size_t bad = 0;
     std::size_t number = 0;
     while (!utf8.empty()) {

@@ -248,6 +248,8 @@ TEST(StringTable, ReadsWhatItWrites) {
     EXPECT_EQ(table.find(8), nullptr);
     EXPECT_EQ(bad, 4U);
     EXPECT_EQ(zuhost::StringTable::parse(table.format()).texts(), table.texts());
+    EXPECT_EQ(zuhost::StringTable::parse("\xEF\xBB\xBF" + table.format(), &bad).texts(), table.texts());
+    EXPECT_EQ(bad, 0U);
 }
 
 TEST(Modules, ATextModuleIsFoundByItsLibraryName) {

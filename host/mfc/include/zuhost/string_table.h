@@ -8,7 +8,7 @@
 namespace zuhost {
 
 /// Texts by id, written in UTF-8 as lines `id = "text"`, with \n, \t, \" and \\ in the text, blank lines and
-/// lines that begin with "#" between them.
+/// lines that begin with "#" between them. A byte-order mark in front does not count.
 class StringTable {
 public:
     /// Lines that are no entries are left out; `firstBadLine` (counted from 1) receives the first of them, or
