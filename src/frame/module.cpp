@@ -21,8 +21,10 @@ void attach(HINSTANCE module) {
 }
 
 void detach() {
-    if (extension.bInitialized)
-        AfxTermExtensionModule(extension);
+    if (!extension.bInitialized)
+        return;
+    AfxTermExtensionModule(extension);
+    extension.bInitialized = FALSE;
 }
 
 } // namespace
