@@ -137,9 +137,11 @@ int ZuComn_writeConfig(const wchar_t* section, const wchar_t* key, const wchar_t
 }
 
 int ZuComn_readEnvConfig(CString& value, const wchar_t* key) {
-    value = valueOrEmpty(configurationFile(), kEnvironment, key);
+    // A copy: a caller may give the output's own text as the key.
+    const CString asked(key);
+    value = valueOrEmpty(configurationFile(), kEnvironment, asked);
     const auto option = std::find_if(kKnownOptions.begin(), kKnownOptions.end(),
-                                     [key](const Option& known) { return known.key == key; });
+                                     [&asked](const Option& known) { return known.key == asked.view(); });
     if (option == kKnownOptions.end())
         return 0;
     if (value.IsEmpty()) {

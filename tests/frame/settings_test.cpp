@@ -45,7 +45,13 @@ TEST_F(Settings, OptionsFallBackToTheOlderKeys) {
         CString value = L"before";
         EXPECT_EQ(ZuComn_readEnvConfig(value, wide(key).c_str()), result[0].get<int>()) << key;
         EXPECT_EQ(narrow(value), result[1].get<std::string>()) << key;
+        CString asked(wide(key));
+        EXPECT_EQ(ZuComn_readEnvConfig(asked, asked), result[0].get<int>()) << "its own key: " << key;
+        EXPECT_EQ(asked, value) << "its own key: " << key;
     }
+    CString value = L"before";
+    EXPECT_EQ(ZuComn_readEnvConfig(value, nullptr), 0);
+    EXPECT_EQ(value, L"");
 }
 
 TEST_F(Settings, MissingValuesLeaveTheOutput) {
