@@ -7,6 +7,9 @@
 #include <acutads.h>
 #include <afxdllx.h>
 
+#include <algorithm>
+#include <string>
+
 namespace {
 
 constexpr LANGID kJapanese = 0x0411;
@@ -14,16 +17,26 @@ constexpr LANGID kJapanese = 0x0411;
 HINSTANCE languageModule = nullptr; ///< Null: the library's own texts.
 LANGID language = 0;
 
+/// Paths may be longer than MAX_PATH.
+std::wstring ownPath() {
+    std::wstring path(MAX_PATH, L'\0');
+    DWORD length = 0;
+    while ((length = GetModuleFileNameW(zu::moduleInstance(), path.data(),
+                                        static_cast<DWORD>(path.size()))) == path.size())
+        path.resize(path.size() * 2);
+    path.resize(length);
+    return path;
+}
+
 CString languageModulePath(LANGID id) {
-    wchar_t path[MAX_PATH];
-    wchar_t drive[MAX_PATH];
-    wchar_t folder[MAX_PATH];
-    wchar_t name[MAX_PATH];
-    GetModuleFileNameW(zu::moduleInstance(), path, MAX_PATH);
-    _wsplitpath(path, drive, folder, name, nullptr);
-    CString modulePath;
-    modulePath.Format(L"%s%s%d\\%s.dll", drive, folder, static_cast<int>(id), name);
-    return modulePath;
+    const std::wstring own = ownPath();
+    const std::size_t nameAt = own.rfind(L'\\') + 1;
+    const std::wstring folder = own.substr(0, nameAt);
+    std::wstring name = own.substr(nameAt);
+    name.resize(std::min(name.rfind(L'.'), name.size()));
+    CString path;
+    path.Format(L"%s%d\\%s.dll", folder.c_str(), static_cast<int>(id), name.c_str());
+    return path;
 }
 
 void loadLanguageModule() {

@@ -7,13 +7,15 @@ samples=$3
 compiler=$4
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-cmake --install "$build" --prefix "$work/tree" >/dev/null
-cmake -S "$source/outside" -B "$work/outside" -G Ninja -DCMAKE_PREFIX_PATH="$work/tree" -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
+# Longer than a path is on other systems.
+tree=$work/$(printf 'deep-%.0s' {1..50})/$(printf 'deeper-%.0s' {1..10})
+cmake --install "$build" --prefix "$tree" >/dev/null
+cmake -S "$source/outside" -B "$work/outside" -G Ninja -DCMAKE_PREFIX_PATH="$tree" -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
 cmake --build "$work/outside" >/dev/null
 "$work/outside/outside" "$samples/drawings/office-floor.dxf"
 
 # The example of an application module, built outside and loaded by the host.
-cmake -S "$source/../../examples/attredit" -B "$work/attredit" -G Ninja -DCMAKE_PREFIX_PATH="$work/tree" -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
+cmake -S "$source/../../examples/attredit" -B "$work/attredit" -G Ninja -DCMAKE_PREFIX_PATH="$tree" -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
 cmake --build "$work/attredit" >/dev/null
 told=$("$work/attredit/run_attredit" "$work/attredit/libattredit.so" "$samples/drawings/office-floor.dxf" 110 "$work/edited.dxf" 2>&1)
 test "$told" = "attredit: 58 elements raised by 100
@@ -21,9 +23,10 @@ attredit: 110 goes
 attredit: 110 is replaced by 10E"
 grep -q "S401|2800|" "$work/edited.dxf"
 
-libraries=$(dirname "$(find "$work/tree" -name libZuComn.so | head -1)")
+libraries=$(dirname "$(find "$tree" -name libZuComn.so | head -1)")
 export PKG_CONFIG_PATH="$libraries/pkgconfig"
 "$compiler" -std=c++20 "$source/outside/main.cpp" -o "$work/by-pkg-config" $(pkg-config --cflags --libs zucomn)
 LD_LIBRARY_PATH="$libraries" "$work/by-pkg-config" "$samples/drawings/office-floor.dxf"
-LC_ALL=en_US.UTF-8 "$work/tree/bin/zu" elements "$samples/drawings/office-floor.dxf" --json >/dev/null
+told=$(LC_ALL=en_US.UTF-8 "$tree/bin/zu" elements "$samples/drawings/office-floor.dxf" --json 2>&1 >/dev/null)
+test -z "$told"
 test -f "$libraries/1033/ZuComn.strings"
