@@ -1,7 +1,6 @@
 #include "layer_names.h"
 
-#include "module_state.h"
-#include "resource_ids.h"
+#include "library_text.h"
 #include "zucomn/frame.h"
 
 CString ZUCONECT_LAYER = L"_ZU_CONNECT";
@@ -48,52 +47,26 @@ namespace {
 
 struct NamedLayer {
     CString* name;
-    UINT textId;
-    const wchar_t* builtIn;
+    unsigned textId;
 };
 
 const NamedLayer kLayers[] = {
-    {&ZUCONECT_LAYER, 101, L"_ZU_CONNECT"},
-    {&ZULENGTH_LAYER, 102, L"_ZU_LENGTH"},
-    {&ZUHIDE_LAYER, 103, L"_ZU_HIDE"},
-    {&ZUPRIMARY_LAYER, 104, L"_ZU_RECOVER"},
-    {&STANDPIPE_LAYER, 105, L"_ZU_VERT"},
-    {&ZUSHELTER_LAYER, 106, L"_ZU_TEMP"},
-    {&ZUBASIS_LAYER, 107, L"_ZU_基準線"},
-    {&ZUSERVICESPACE_LAYER, 108, L"_ZU_SSPACE"},
-    {&ZUSNAP_LAYER, 109, L"_ZU_SNAP"},
-    {&ZUARRANGE_LAYER, 110, L"_ZU_EQUIPORG"},
-    {&ZUSUBHIDE_LAYER, 111, L"_ZU_SUBHIDE"},
-    {&ZUCENTERLINE_LAYER, 112, L"_ZU_中心線"},
-    {&ZUANNO_LAYER, 113, L"_ZU_配線サイズ"},
-    {&ZUANNOSIZE_LAYER, 114, L"_ZU_経路サイズ"},
-    {&ZUANNOFL_LAYER, 115, L"_ZU_高さ"},
-    {&ZUANNOVARIOUS_LAYER, 116, L"_ZU_用途"},
-    {&ZUUNDRAW_LAYER, 117, L"_ZU_RESERVE"},
-    {&ZUSLENDER_LAYER, 118, L"_ZU_細線"},
-    {&ZUSLOPE_LAYER, 119, L"_ZU_SLOPE"},
-    {&ZUBOXSLOPE_LAYER, 120, L"_ZU_BOXSLOPE"},
-    {&ZULIGHTING_LAYER, 121, L"_ZU_LIGHTING"},
-    {&ZUAUXLINE_LAYER, 122, L"_ZU_作図線"},
-    {&ZUTABLE_TEXTLAYER, 123, L"_ZU_作表文字"},
-    {&ZUTABLE_LAYER, 124, L"_ZU_作表枠"},
-    {&ZUNOTE_LAYER, 125, L"_ZU_凡例記入"},
-    {&ZUDIM_LAYER, 126, L"_ZU_寸法線"},
-    {&ZUDIMTEXT_LAYER, 127, L"_ZU_寸法文字"},
-    {&ZUHIDEMARK_LAYER, 128, L"_ZU_HIDEMARK"},
-    {&ZUMSECTION_LAYER, 129, L"_ZU_MASU_SECTION"},
-    {&ZUMAINTE_LAYER, 130, L"_ZU_MAINTE"},
-    {&ZUOTHERS_LAYER, 131, L"_ZU_OTHERS"},
-    {&DXF_STANDPIPE_LAYER, 132, L"立管"},
-    {&ZURTSIGN_LAYER, 210, L"_ZU_経路記号"},
+    {&ZUCONECT_LAYER, 101},      {&ZULENGTH_LAYER, 102},       {&ZUHIDE_LAYER, 103},
+    {&ZUPRIMARY_LAYER, 104},     {&STANDPIPE_LAYER, 105},      {&ZUSHELTER_LAYER, 106},
+    {&ZUBASIS_LAYER, 107},       {&ZUSERVICESPACE_LAYER, 108}, {&ZUSNAP_LAYER, 109},
+    {&ZUARRANGE_LAYER, 110},     {&ZUSUBHIDE_LAYER, 111},      {&ZUCENTERLINE_LAYER, 112},
+    {&ZUANNO_LAYER, 113},        {&ZUANNOSIZE_LAYER, 114},     {&ZUANNOFL_LAYER, 115},
+    {&ZUANNOVARIOUS_LAYER, 116}, {&ZUUNDRAW_LAYER, 117},       {&ZUSLENDER_LAYER, 118},
+    {&ZUSLOPE_LAYER, 119},       {&ZUBOXSLOPE_LAYER, 120},     {&ZULIGHTING_LAYER, 121},
+    {&ZUAUXLINE_LAYER, 122},     {&ZUTABLE_TEXTLAYER, 123},    {&ZUTABLE_LAYER, 124},
+    {&ZUNOTE_LAYER, 125},        {&ZUDIM_LAYER, 126},          {&ZUDIMTEXT_LAYER, 127},
+    {&ZUHIDEMARK_LAYER, 128},    {&ZUMSECTION_LAYER, 129},     {&ZUMAINTE_LAYER, 130},
+    {&ZUOTHERS_LAYER, 131},      {&DXF_STANDPIPE_LAYER, 132},  {&ZURTSIGN_LAYER, 210},
 };
 
 } // namespace
 
 void zu::reloadLayerNames() {
-    for (const NamedLayer& layer : kLayers) {
-        CString text;
-        ZuComn_LoadString(ZuComn_GetResource(), layer.textId, text);
-        *layer.name = text.IsEmpty() ? CString(layer.builtIn) : text;
-    }
+    for (const NamedLayer& layer : kLayers)
+        *layer.name = libraryText(layer.textId);
 }

@@ -1,8 +1,8 @@
 #include "zucomn/link_info.h"
 
+#include "library_text.h"
 #include "link_merge.h"
 #include "resource_ids.h"
-#include "zucomn/frame.h"
 #include "zucomn/settings.h"
 #include "zucomn/tables.h"
 
@@ -116,10 +116,8 @@ bool writeTemporary(const CString& temporary, const CString& path, const std::ve
 }
 
 void tellFailedSave(DWORD error) {
-    CString format;
-    ZuComn_LoadString(ZuComn_GetResource(), zu::text::kSaveFailed, format);
     CString message;
-    message.Format(format, static_cast<int>(error));
+    message.Format(zu::libraryText(zu::text::kSaveFailed), static_cast<int>(error));
     AfxMessageBox(message, MB_OK | MB_ICONSTOP);
 }
 

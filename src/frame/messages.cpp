@@ -1,5 +1,6 @@
 #include "zucomn/frame.h"
 
+#include "library_text.h"
 #include "resource_ids.h"
 
 #include <afxwin.h>
@@ -9,20 +10,15 @@ namespace {
 constexpr int kFirstCause = CFileException::fileNotFound;
 constexpr int kLastCause = CFileException::endOfFile;
 
-CString text(UINT id) {
-    CString loaded;
-    ZuComn_LoadString(ZuComn_GetResource(), id, loaded);
-    return loaded;
-}
-
 CString reasonText(int cause) {
     const bool known = cause >= kFirstCause && cause <= kLastCause;
-    return text(zu::text::kFileReason + (known ? static_cast<UINT>(cause) : 0));
+    return zu::libraryText(zu::text::kFileReason + (known ? static_cast<UINT>(cause) : 0));
 }
 
 CString operationText(int operation) {
-    return operation >= 1 && operation <= 3 ? text(zu::text::kFileOperation + static_cast<UINT>(operation))
-                                            : CString();
+    return operation >= 1 && operation <= 3
+               ? zu::libraryText(zu::text::kFileOperation + static_cast<UINT>(operation))
+               : CString();
 }
 
 } // namespace
@@ -33,6 +29,6 @@ int ZuComn_ErrorBox(const wchar_t* /*text*/, const wchar_t* /*caption*/, UINT /*
 
 void ZuComn_FileErrorMsg(int operation, int cause) {
     CString message;
-    message.Format(text(zu::text::kFileFailed), operationText(operation), reasonText(cause));
+    message.Format(zu::libraryText(zu::text::kFileFailed), operationText(operation), reasonText(cause));
     AfxMessageBox(message, MB_OK | MB_ICONSTOP);
 }

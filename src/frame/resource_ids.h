@@ -3,7 +3,6 @@
 namespace zu::text {
 
 // Ids of the library's texts; see src/resources.
-inline constexpr unsigned kFirstLayer = 101;
 inline constexpr unsigned kEnvironmentSection = 134;
 inline constexpr unsigned kRouteLineWeight = 144;
 inline constexpr unsigned kEquipmentLineWeight = 145;
@@ -24,7 +23,6 @@ inline constexpr unsigned kBack = 197;
 inline constexpr unsigned kCannotSave = 198;
 inline constexpr unsigned kItem = 199;
 inline constexpr unsigned kValue = 200;
-inline constexpr unsigned kRouteSignLayer = 210;
 inline constexpr unsigned kElement = 5005;
 inline constexpr unsigned kAttributesTitle = 5006;
 inline constexpr unsigned kNoBarInValues = 5007;

@@ -1,6 +1,7 @@
 #include "zucomn/frame.h"
 
 #include "layer_names.h"
+#include "library_text.h"
 #include "module_state.h"
 #include "user_language.h"
 
@@ -65,6 +66,13 @@ zu::ResourceScope::~ResourceScope() {
     AfxSetResourceHandle(previous_);
 }
 
+CString zu::libraryText(unsigned id) {
+    CString text;
+    if (ZuComn_LoadString(ZuComn_GetResource(), id, text) == 0)
+        ZuComn_LoadString(nullptr, id, text);
+    return text;
+}
+
 HINSTANCE ZuComn_GetResource() {
     return languageModule != nullptr ? languageModule : zu::moduleInstance();
 }
@@ -78,11 +86,7 @@ void ZuComn_SetResource() {
 int ZuComn_LoadString(HINSTANCE module, UINT id, CString& text) {
     text.Empty();
     const zu::ResourceScope scope;
-    const HINSTANCE own = zu::moduleInstance();
-    if (text.LoadString(module != nullptr ? module : own, id))
-        return 1;
-    // A text that a language module lacks is there in the built-in language.
-    return module != nullptr && module == languageModule && text.LoadString(own, id) ? 1 : 0;
+    return text.LoadString(module != nullptr ? module : zu::moduleInstance(), id) ? 1 : 0;
 }
 
 int ZuComn_LoadString(HINSTANCE module, UINT id, wchar_t* buffer, int length) {

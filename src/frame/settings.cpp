@@ -1,5 +1,6 @@
 #include "zucomn/settings.h"
 
+#include "library_text.h"
 #include "resource_ids.h"
 #include "zucomn/frame.h"
 
@@ -35,12 +36,6 @@ constexpr std::array<Option, 10> kKnownOptions{{
     {L"寸法尺度設定", L"DIMSCALE"},
 }};
 
-CString text(UINT id) {
-    CString loaded;
-    ZuComn_LoadString(ZuComn_GetResource(), id, loaded);
-    return loaded;
-}
-
 /// Every read goes through here: "error" stands for a missing value.
 bool readValue(const wchar_t* file, const wchar_t* section, const wchar_t* key, CString& value) {
     wchar_t buffer[kValueSize] = {};
@@ -58,12 +53,14 @@ CString valueOrEmpty(const wchar_t* file, const wchar_t* section, const wchar_t*
 }
 
 CString configurationFile() {
-    return valueOrEmpty(ZUCE_INIFILE, text(zu::text::kEnvironmentSection), text(zu::text::kSystemFolder)) +
+    return valueOrEmpty(ZUCE_INIFILE, zu::libraryText(zu::text::kEnvironmentSection),
+                        zu::libraryText(zu::text::kSystemFolder)) +
            L"\\ZuConfig.ini";
 }
 
 AcDb::LineWeight lineWeight(UINT keyId) {
-    const CString value = valueOrEmpty(ZUCE_INIFILE, text(zu::text::kEnvironmentSection), text(keyId));
+    const CString value =
+        valueOrEmpty(ZUCE_INIFILE, zu::libraryText(zu::text::kEnvironmentSection), zu::libraryText(keyId));
     return static_cast<AcDb::LineWeight>(_wtoi(value));
 }
 
@@ -105,8 +102,8 @@ void ZuComn_SetIniFile(const CString& path) {
 
 bool ZuComn_GetSystemPath(CString& path) {
     path.Empty();
-    const CString section = text(zu::text::kEnvironmentSection);
-    const CString key = text(zu::text::kSystemFolder);
+    const CString section = zu::libraryText(zu::text::kEnvironmentSection);
+    const CString key = zu::libraryText(zu::text::kSystemFolder);
     if (section.IsEmpty() || key.IsEmpty())
         return false;
     path = valueOrEmpty(ZUCE_INIFILE, section, key);

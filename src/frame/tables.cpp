@@ -1,6 +1,7 @@
 #include "zucomn/tables.h"
 
 #include "block_reader.h"
+#include "library_text.h"
 #include "line_splitter.h"
 #include "module_state.h"
 #include "resource_ids.h"
@@ -16,11 +17,9 @@ namespace {
 wchar_t separatorOf(const wchar_t* given) {
     if (given != nullptr)
         return *given;
-    CString section;
-    CString key;
+    const CString section = zu::libraryText(zu::text::kEnvironmentSection);
+    const CString key = zu::libraryText(zu::text::kSeparator);
     CString value;
-    ZuComn_LoadString(ZuComn_GetResource(), zu::text::kEnvironmentSection, section);
-    ZuComn_LoadString(ZuComn_GetResource(), zu::text::kSeparator, key);
     return ZuComn_GetEnv(value, ZUCE_INIFILE, section, key) == 0 && !value.IsEmpty() ? value.GetAt(0) : L'\0';
 }
 

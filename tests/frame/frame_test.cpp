@@ -5,10 +5,16 @@
 #include <dbapserv.h>
 #include <rxdlinkr.h>
 #include <zuhost/command_line.h>
+#include <zuhost/paths.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <tuple>
+#include <vector>
 
 namespace {
 
@@ -24,6 +30,49 @@ public:
         ZuComn_SetResource();
     }
 };
+
+/// A language module beside the library, for a language that none comes with.
+class FrenchModule {
+public:
+    explicit FrenchModule(const std::string& texts) {
+        namespace fs = std::filesystem;
+        wchar_t library[4096];
+        GetModuleFileNameW(ZuComn_GetResource(), library, 4096);
+        folder_ = fs::path(zuhost::systemPath(library)).parent_path() / "1036";
+        fs::create_directory(folder_);
+        std::ofstream(folder_ / "ZuComn.strings") << texts;
+    }
+    ~FrenchModule() { std::filesystem::remove_all(folder_); }
+    FrenchModule(const FrenchModule&) = delete;
+    FrenchModule& operator=(const FrenchModule&) = delete;
+
+private:
+    std::filesystem::path folder_;
+};
+
+struct LayerName {
+    unsigned textId;
+    const CString& name;
+};
+
+const LayerName kLayers[] = {
+    {101, ZUCONECT_LAYER},   {102, ZULENGTH_LAYER},   {103, ZUHIDE_LAYER},      {104, ZUPRIMARY_LAYER},
+    {105, STANDPIPE_LAYER},  {106, ZUSHELTER_LAYER},  {107, ZUBASIS_LAYER},     {108, ZUSERVICESPACE_LAYER},
+    {109, ZUSNAP_LAYER},     {110, ZUARRANGE_LAYER},  {111, ZUSUBHIDE_LAYER},   {112, ZUCENTERLINE_LAYER},
+    {113, ZUANNO_LAYER},     {114, ZUANNOSIZE_LAYER}, {115, ZUANNOFL_LAYER},    {116, ZUANNOVARIOUS_LAYER},
+    {117, ZUUNDRAW_LAYER},   {118, ZUSLENDER_LAYER},  {119, ZUSLOPE_LAYER},     {120, ZUBOXSLOPE_LAYER},
+    {121, ZULIGHTING_LAYER}, {122, ZUAUXLINE_LAYER},  {123, ZUTABLE_TEXTLAYER}, {124, ZUTABLE_LAYER},
+    {125, ZUNOTE_LAYER},     {126, ZUDIM_LAYER},      {127, ZUDIMTEXT_LAYER},   {128, ZUHIDEMARK_LAYER},
+    {129, ZUMSECTION_LAYER}, {130, ZUMAINTE_LAYER},   {131, ZUOTHERS_LAYER},    {132, DXF_STANDPIPE_LAYER},
+    {210, ZURTSIGN_LAYER},
+};
+
+std::vector<CString> layerNames() {
+    std::vector<CString> names;
+    for (const LayerName& layer : kLayers)
+        names.push_back(layer.name);
+    return names;
+}
 
 std::wstring fileMessage(int operation, int cause) {
     const zuhost::MessageBoxObserver observer;
@@ -56,9 +105,12 @@ TEST(Frame, WindowRecords) {
     ZuComn_SetSendCueCommand(L"ZU_X");
     ZuComn_SetCurrentWindow2(&second, true, 7, 8, 9);
     EXPECT_EQ(close_SendCommand, L"ZU_X");
+    EXPECT_EQ(std::tie(close_pLastWnd2, close_bDoHide2, close_Msg2, close_wParam2, close_lParam2),
+              std::tuple(&second, true, 7U, 8U, LPARAM{9}));
     ZuComn_SetCurrentWindow(&first, true, 1, 2, 3);
     EXPECT_EQ(close_SendCommand, L"");
-    EXPECT_EQ(close_pLastWnd, &first);
+    EXPECT_EQ(std::tie(close_pLastWnd, close_bDoHide, close_Msg, close_wParam, close_lParam),
+              std::tuple(&first, true, 1U, 2U, LPARAM{3}));
     ZuceComn_ClearCurrentWindow(false);
     EXPECT_EQ(close_pLastWnd, nullptr);
     EXPECT_EQ(close_pLastWnd2, &second);
@@ -89,12 +141,40 @@ TEST(Frame, TextsFollowTheLanguage) {
     EXPECT_EQ(fileMessage(1, 2), L"File open failed for the following reason.\n  ...  file not found");
     EXPECT_EQ(ZUBASIS_LAYER, L"_ZU_基準線") << "layer names are part of the drawings";
     CString text;
-    EXPECT_EQ(ZuComn_LoadString(ZuComn_GetResource(), 134, text), 1)
-        << "what the module lacks is taken from the library";
+    EXPECT_EQ(ZuComn_LoadString(nullptr, 134, text), 1);
     EXPECT_EQ(text, L"環境設定");
-    EXPECT_EQ(ZuComn_LoadString(nullptr, 9999, text), 0);
+    EXPECT_EQ(ZuComn_LoadString(ZuComn_GetResource(), 134, text), 0) << "only the given module is asked";
     EXPECT_EQ(text, L"");
+    wchar_t buffer[5] = L"old";
+    EXPECT_EQ(ZuComn_LoadString(ZuComn_GetResource(), 151, buffer, 4), 3);
+    EXPECT_STREQ(buffer, L"ope");
+    EXPECT_EQ(ZuComn_LoadString(ZuComn_GetResource(), 134, buffer, 4), 0);
+    EXPECT_STREQ(buffer, L"");
     EXPECT_EQ(AfxGetResourceHandle(), nullptr) << "the framework's resource handle is restored";
+}
+
+TEST(Frame, LayerNamesComeFromTheLanguageModule) {
+    const std::vector<CString> builtIn = layerNames();
+    const auto isLeftOut = [](const LayerName& layer) { return layer.textId == 103 || layer.textId == 110; };
+    std::string texts = "103 = \"\"\n";
+    for (const LayerName& layer : kLayers)
+        if (!isLeftOut(layer))
+            texts += std::to_string(layer.textId) + " = \"calque " + std::to_string(layer.textId) + "\"\n";
+    const FrenchModule module(texts);
+    {
+        const Language french("fr_FR.UTF-8");
+        for (std::size_t i = 0; i < builtIn.size(); ++i) {
+            const std::wstring own = L"calque " + std::to_wstring(kLayers[i].textId);
+            EXPECT_EQ(kLayers[i].name, isLeftOut(kLayers[i]) ? builtIn[i] : CString(own))
+                << kLayers[i].textId;
+        }
+        const HINSTANCE given = ZuComn_GetResource();
+        EXPECT_TRUE(acrxDynamicLinker->loadModule(L"ZuComn.arx", false));
+        EXPECT_TRUE(acrxDynamicLinker->unloadModule(L"ZuComn.arx"));
+        EXPECT_NE(ZuComn_GetResource(), given) << "freed with the library";
+        EXPECT_EQ(ZUCONECT_LAYER, L"calque 101") << "names stay as they were given";
+    }
+    EXPECT_EQ(layerNames(), builtIn) << "the library's own texts are the names built in";
 }
 
 TEST(Frame, MissingLanguageModuleIsToldOnce) {

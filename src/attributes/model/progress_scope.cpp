@@ -1,7 +1,8 @@
 #include "attributes/model/progress_scope.h"
 
+#include "frame/library_text.h"
+
 #include <aced.h>
-#include <zucomn/frame.h>
 
 namespace zu {
 
@@ -12,9 +13,7 @@ constexpr int kWhole = 100;
 } // namespace
 
 ProgressScope::ProgressScope(unsigned label, std::size_t steps) : steps_(steps) {
-    CString text;
-    ZuComn_LoadString(ZuComn_GetResource(), label, text);
-    acedSetStatusBarProgressMeter(text, 0, kWhole);
+    acedSetStatusBarProgressMeter(libraryText(label), 0, kWhole);
 }
 
 ProgressScope::~ProgressScope() {

@@ -2,6 +2,7 @@
 
 #include "attributes/model/layer_locks.h"
 #include "attributes/model/progress_scope.h"
+#include "frame/library_text.h"
 #include "frame/module_state.h"
 #include "frame/resource_ids.h"
 
@@ -10,7 +11,6 @@
 #include <arxutil.h>
 #include <dbmain.h>
 #include <zucomn/attributes.h>
-#include <zucomn/frame.h>
 
 #include <charconv>
 #include <optional>
@@ -23,12 +23,6 @@ namespace {
 constexpr const wchar_t* kApplication = L"ZU_ATTR";
 constexpr const wchar_t* kMountingHeight = L"S401";
 constexpr const wchar_t* kUpdateSections = L"ZU_ATTREDIT_SEC3D";
-
-CString libraryText(unsigned id) {
-    CString text;
-    ZuComn_LoadString(ZuComn_GetResource(), id, text);
-    return text;
-}
 
 bool tellWhenLocked(const CString& layer) {
     if (layer.IsEmpty())

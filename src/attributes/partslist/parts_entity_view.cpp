@@ -6,6 +6,7 @@
 #include "attributes/partslist/lines_file.h"
 #include "attributes/views/attribute_pane.h"
 #include "attributes/views/entity_list.h"
+#include "frame/library_text.h"
 #include "frame/module_state.h"
 #include "frame/resource_ids.h"
 
@@ -22,12 +23,6 @@ constexpr UINT kBack = 3007;
 constexpr int kButtonsBottom = 70;
 constexpr UINT kShowSelection = WM_APP + 1; ///< Posted once for all the lines that a selection changes.
 constexpr zu::EntityList::Column kColumns[] = {{zu::text::kItem, 90}, {zu::text::kValue, 56}};
-
-CString loaded(UINT id) {
-    CString text;
-    ZuComn_LoadString(ZuComn_GetResource(), id, text);
-    return text;
-}
 
 CString nameOf(const CString& path) {
     return path.Mid(std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/')) + 1);
@@ -77,7 +72,7 @@ CString CUPEntView::Parts::title(std::size_t part) const {
     if (ranges.size() == 1 && !file.IsEmpty())
         return file;
     CString text;
-    text.Format(L"%s %d", loaded(zu::text::kElement), static_cast<int>(part) + 1);
+    text.Format(L"%s %d", zu::libraryText(zu::text::kElement), static_cast<int>(part) + 1);
     return text;
 }
 
@@ -126,8 +121,8 @@ int CUPEntView::OnCreate(LPCREATESTRUCT create) {
                    {m_parts->confirm, zu::text::kConfirmAttributes, kConfirm, {0, 24, 60, 47}},
                    {m_parts->back, zu::text::kBack, kBack, {0, 47, 60, 70}}};
     for (const auto& each : buttons) {
-        each.button.Create(loaded(each.caption), WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, each.place, this,
-                           each.id);
+        each.button.Create(zu::libraryText(each.caption), WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, each.place,
+                           this, each.id);
         each.button.SetFont(font);
     }
     return m_parts->list.create(*this, kColumns) ? 0 : -1;
@@ -292,7 +287,7 @@ void CUPEntView::SaveCSVFile() {
     if (m_parts->path.IsEmpty() || zu::saveLines(m_parts->path, m_parts->lines))
         return;
     CString message;
-    message.Format(loaded(zu::text::kCannotSave), m_parts->path);
+    message.Format(zu::libraryText(zu::text::kCannotSave), m_parts->path);
     AfxMessageBox(message, MB_OK | MB_ICONSTOP);
 }
 

@@ -5,23 +5,17 @@
 #include "attributes/model/field_rules.h"
 #include "attributes/model/write_back.h"
 #include "attributes/views/entity_attributes.h"
+#include "frame/library_text.h"
 #include "frame/module_state.h"
 #include "frame/resource_ids.h"
 
 #include <zucomn/attributes.h>
-#include <zucomn/frame.h>
 
 #include <algorithm>
 
 namespace zu {
 
 namespace {
-
-CString resourceText(unsigned id) {
-    CString text;
-    ZuComn_LoadString(ZuComn_GetResource(), id, text);
-    return text;
-}
 
 /// An offered text that is empty stands for free entry; so does having nothing to offer.
 CPropertyItem propertyOf(const ShownItem& shown, const ParameterIndex& parameters) {
@@ -113,7 +107,7 @@ void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys) {
     const ResourceScope scope;
     auto item = ordered.begin();
     for (const bool shared : {true, false}) {
-        manager_.AddCategory(resourceText(shared ? text::kCommonCategory : text::kGeneralCategory));
+        manager_.AddCategory(libraryText(shared ? text::kCommonCategory : text::kGeneralCategory));
         for (; item != ordered.end() && item->shared == shared; ++item) {
             manager_.AddItem(propertyOf(*item, parameters));
             if (keys != nullptr)

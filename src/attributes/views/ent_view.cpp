@@ -1,10 +1,10 @@
 #include "attributes/model/field_rules.h"
 #include "attributes/views/attribute_pane.h"
 #include "attributes/views/entity_list.h"
+#include "frame/library_text.h"
 #include "frame/module_state.h"
 #include "frame/resource_ids.h"
 
-#include <zucomn/frame.h>
 #include <zucomn/views.h>
 
 IMPLEMENT_DYNCREATE(CEntView, CView)
@@ -48,10 +48,8 @@ int CEntView::OnCreate(LPCREATESTRUCT create) {
     const zu::ResourceScope scope;
     if (CView::OnCreate(create) == -1)
         return -1;
-    CString caption;
-    ZuComn_LoadString(ZuComn_GetResource(), zu::text::kModify, caption);
-    m_button.Create(caption, WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(0, 0, kButtonWidth, kButtonHeight),
-                    this, kButtonId);
+    m_button.Create(zu::libraryText(zu::text::kModify), WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON,
+                    CRect(0, 0, kButtonWidth, kButtonHeight), this, kButtonId);
     m_button.SetFont(CFont::FromHandle(static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT))));
     return m_list->create(*this, kColumns) ? 0 : -1;
 }

@@ -1,9 +1,7 @@
 #include "attributes/views/entity_list.h"
 
 #include "attributes/views/expander.h"
-#include "frame/resource_ids.h"
-
-#include <zucomn/frame.h>
+#include "frame/library_text.h"
 
 #include <set>
 
@@ -21,11 +19,8 @@ bool EntityList::create(CWnd& view, std::span<const Column> columns) {
     if (Create(kStyle, CRect(), &view, kId) == FALSE)
         return false;
     highlight_ = GetSysColor(COLOR_HIGHLIGHT);
-    for (const Column& column : columns) {
-        CString heading;
-        ZuComn_LoadString(ZuComn_GetResource(), column.title, heading);
-        InsertColumn(GetColumnCount(), heading, LVCFMT_LEFT, column.width);
-    }
+    for (const Column& column : columns)
+        InsertColumn(GetColumnCount(), libraryText(column.title), LVCFMT_LEFT, column.width);
     return true;
 }
 

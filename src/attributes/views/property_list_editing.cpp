@@ -1,6 +1,6 @@
+#include "frame/library_text.h"
 #include "frame/resource_ids.h"
 
-#include <zucomn/frame.h>
 #include <zucomn/property_list.h>
 
 namespace {
@@ -11,9 +11,7 @@ constexpr UINT kPicked = WM_APP;
 constexpr UINT kClosedUp = WM_APP + 1;
 
 void refuseBar() {
-    CString text;
-    ZuComn_LoadString(ZuComn_GetResource(), zu::text::kNoBarInValues, text);
-    AfxMessageBox(text, MB_OK | MB_ICONEXCLAMATION);
+    AfxMessageBox(zu::libraryText(zu::text::kNoBarInValues), MB_OK | MB_ICONEXCLAMATION);
 }
 
 } // namespace
