@@ -29,6 +29,8 @@ ZUCOMN_API int ZuComn_LoadString(HINSTANCE module, UINT id, wchar_t* buffer, int
 
 /// The module that texts come from: the language module; the library itself when none is loaded.
 ZUCOMN_API HINSTANCE ZuComn_GetResource();
+/// The id of the user's language as ZuComn_SetResource found it; 0 before, and when nothing tells one.
+ZUCOMN_API LANGID ZuComn_GetResourceLanguage();
 
 // ---- drawing scale, tolerances, database
 

@@ -77,6 +77,10 @@ HINSTANCE ZuComn_GetResource() {
     return languageModule != nullptr ? languageModule : zu::moduleInstance();
 }
 
+LANGID ZuComn_GetResourceLanguage() {
+    return language;
+}
+
 void ZuComn_SetResource() {
     language = zu::userLanguage();
     loadLanguageModule();

@@ -140,6 +140,7 @@ TEST(Frame, TextsFollowTheLanguage) {
     const Language english("en_US.UTF-8");
     EXPECT_EQ(fileMessage(1, 2), L"File open failed for the following reason.\n  ...  file not found");
     EXPECT_EQ(ZUBASIS_LAYER, L"_ZU_基準線") << "layer names are part of the drawings";
+    EXPECT_EQ(ZuComn_GetResourceLanguage(), 1033);
     CString text;
     EXPECT_EQ(ZuComn_LoadString(nullptr, 134, text), 1);
     EXPECT_EQ(text, L"環境設定");
