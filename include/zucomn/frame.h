@@ -18,13 +18,18 @@ class CWnd;
 /// Chooses the language module by the user's language, loads it from the folder named by the decimal language
 /// id beside the library, and reloads the layer names from it. For Japanese, or no language, the library's
 /// own texts are used. When the module can't be loaded, the command line says so and the library's own texts
-/// are used.
+/// are used. The module is freed when the library is unloaded; layer names keep their texts.
+///
+/// On this host a language module is a UTF-8 file "1033/ZuComn.strings" of lines `id = "text"`. What it lacks
+/// or has empty the library takes from its own texts: names of layers, and of sections and keys of settings,
+/// need not be in it.
 ZUCOMN_API void ZuComn_SetResource();
 
-/// Loads a text of a module (null: the library itself). The text is emptied first. Nonzero when there is such
-/// a text.
+/// Loads a text of a module (null: the library itself), and of no other. The text is emptied first. Nonzero
+/// when there is such a text.
 ZUCOMN_API int ZuComn_LoadString(HINSTANCE module, UINT id, CString& text);
-/// The same into a buffer of `length` characters, with the handle exactly as given. Characters loaded.
+/// The same into a buffer of `length` characters, with the handle exactly as given: null is the program. The
+/// characters loaded, without the NUL; what does not fit is cut off.
 ZUCOMN_API int ZuComn_LoadString(HINSTANCE module, UINT id, wchar_t* buffer, int length);
 
 /// The module that texts come from: the language module; the library itself when none is loaded.
@@ -48,6 +53,7 @@ ZUCOMN_API void ZuComn_getTolerance(double* point, double* vector);
 
 /// Sets the database that the library works on; null for the host's working database. The caller keeps it.
 ZUCOMN_API void ZuComn_workDatabase(AcDbDatabase* database);
+/// The database set, else the host's working database; null when there is neither.
 ZUCOMN_API AcDbDatabase* ZuComn_getWorkDatabase();
 
 /// Value of a custom variable of the working database. 0, or -1 with the text untouched when there is none.
@@ -66,24 +72,31 @@ ZUCOMN_API int ZuComn_ErrorBox(const wchar_t* text, const wchar_t* caption, UINT
 ZUCOMN_API void ZuComn_FileErrorMsg(int operation, int cause);
 
 // ---- the window that a command uses
+//
+// The product's modules read the records; the library only fills and clears them. It does not own the
+// windows: who destroys one clears its record first.
 
+/// Stores the text in `close_SendCommand`.
 ZUCOMN_API void ZuComn_SetSendCueCommand(const CString& command);
+/// Empties `close_SendCommand`.
 ZUCOMN_API void ZuComn_ClearSendCueCommand();
 /// Fills the first window record and empties `close_SendCommand`.
 ZUCOMN_API void ZuComn_SetCurrentWindow(CWnd* window, bool hide, UINT message, UINT wParam, LPARAM lParam);
-/// Fills the second window record.
+/// Fills the second window record; `close_SendCommand` stays as it is.
 ZUCOMN_API void ZuComn_SetCurrentWindow2(CWnd* window, bool hide, UINT message, UINT wParam, LPARAM lParam);
 /// Clears the first record's window, with `both` the second's too, and empties `close_SendCommand`.
 ZUCOMN_API void ZuceComn_ClearCurrentWindow(bool both);
-/// Applies the show command to the window's parent frame (to the window itself under the host's main frame),
-/// if that frame is visible.
+/// Applies the show command to the window's parent frame (to the window itself under the host's main frame or
+/// none), if that is visible. Nothing for null or a window without a handle.
 ZUCOMN_API void ZuComn_ShowWindow(CWnd* window, int command);
 
+/// The first record: the window, whether it is to be hidden, and the message that closes it.
 ZUCOMN_API extern CWnd* close_pLastWnd;
 ZUCOMN_API extern bool close_bDoHide;
 ZUCOMN_API extern UINT close_Msg;
 ZUCOMN_API extern UINT close_wParam;
 ZUCOMN_API extern LPARAM close_lParam;
+/// The second record, for another window.
 ZUCOMN_API extern CWnd* close_pLastWnd2;
 ZUCOMN_API extern bool close_bDoHide2;
 ZUCOMN_API extern UINT close_Msg2;
@@ -98,12 +111,13 @@ ZUCOMN_API extern CString close_SendCommand;
 ZUCOMN_API extern int gblComn_acedUpdateDisplay;
 /// Option of the route network.
 ZUCOMN_API extern bool gblComn_withConnectHeight;
-/// Line weights of routes, ducts, equipment and extra-fine lines, set by ZuComn_SetIniFile.
+/// Line weights of routes, ducts, equipment and extra-fine lines in hundredths of a millimetre (negative: by
+/// layer, by block, default), set by ZuComn_SetIniFile; 0 at start.
 ZUCOMN_API extern AcDb::LineWeight gblComn_lineWeight;
 ZUCOMN_API extern AcDb::LineWeight gblComn_ductLineWeight;
 ZUCOMN_API extern AcDb::LineWeight gblComn_kikiLineWeight;
 ZUCOMN_API extern AcDb::LineWeight gblComn_SlenderLineWeight;
-/// Full path of the master settings file.
+/// Full path of the master settings file; empty until ZuComn_SetIniFile.
 ZUCOMN_API extern CString ZUCE_INIFILE;
 /// Kept for the product's other modules.
 ZUCOMN_API extern CString sVelmoraOptions;
@@ -115,7 +129,7 @@ ZUCOMN_API extern CString ZULENGTH_LAYER;       ///< length marks
 ZUCOMN_API extern CString ZUHIDE_LAYER;         ///< hidden parts
 ZUCOMN_API extern CString ZUPRIMARY_LAYER;      ///< objects kept for recovery
 ZUCOMN_API extern CString STANDPIPE_LAYER;      ///< vertical (riser) routes
-ZUCOMN_API extern CString ZUSHELTER_LAYER;      ///< temporary objects
+ZUCOMN_API extern CString ZUSHELTER_LAYER;      ///< temporary (shelter) objects
 ZUCOMN_API extern CString ZUBASIS_LAYER;        ///< reference lines
 ZUCOMN_API extern CString ZUSERVICESPACE_LAYER; ///< service space
 ZUCOMN_API extern CString ZUSNAP_LAYER;         ///< snap points
