@@ -51,8 +51,7 @@ void ZuComn_ShowWindow(CWnd* window, int command) {
     if (window == nullptr || window->GetSafeHwnd() == nullptr)
         return;
     CWnd* const parent = window->GetParentFrame();
-    CWnd* const hostFrame = reinterpret_cast<CWnd*>(acedGetAcadFrame());
-    CWnd* const target = parent == nullptr || parent == hostFrame ? window : parent;
+    CWnd* const target = parent == nullptr || parent == acedGetAcadFrame() ? window : parent;
     if (target->IsWindowVisible())
         target->ShowWindow(command);
 }

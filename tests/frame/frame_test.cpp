@@ -4,6 +4,7 @@
 #include <afxwin.h>
 #include <dbapserv.h>
 #include <rxdlinkr.h>
+#include <rxmfcapi.h>
 #include <zuhost/command_line.h>
 #include <zuhost/paths.h>
 
@@ -129,6 +130,18 @@ TEST(Frame, ShowsTheParentFrameOnlyWhenItIsVisible) {
     EXPECT_FALSE(frame.IsWindowVisible());
     ZuComn_ShowWindow(&child, SW_SHOW);
     EXPECT_FALSE(frame.IsWindowVisible());
+}
+
+TEST(Frame, ShowsTheWindowItselfInTheHostsMainFrame) {
+    CMDIFrameWnd main;
+    main.Create(nullptr, L"host", WS_VISIBLE);
+    CComboBox child;
+    child.Create(WS_VISIBLE | CBS_DROPDOWNLIST, {0, 0, 50, 20}, &main, 1);
+    zuhost::setMainFrame(&main);
+    ZuComn_ShowWindow(&child, SW_HIDE);
+    zuhost::setMainFrame(nullptr);
+    EXPECT_TRUE(main.IsWindowVisible());
+    EXPECT_FALSE(child.IsWindowVisible());
 }
 
 TEST(Frame, TextsFollowTheLanguage) {
