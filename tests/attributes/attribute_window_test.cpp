@@ -234,6 +234,7 @@ TEST_F(FrameTest, KeysEditInPlace) {
         QTest::keyClick(editor(list), Qt::Key_Return);
         ASSERT_EQ(observer.boxes().size(), 1U);
         EXPECT_EQ(observer.boxes()[0].text, L"縦棒 | は値に使用できません。");
+        EXPECT_EQ(observer.boxes()[0].style & 0xF0U, MB_ICONSTOP);
     }
     ASSERT_TRUE(list.IsEditing());
     QTest::keyClick(editor(list), Qt::Key_Backspace);

@@ -11,7 +11,7 @@ constexpr UINT kPicked = WM_APP;
 constexpr UINT kClosedUp = WM_APP + 1;
 
 void refuseBar() {
-    AfxMessageBox(zu::libraryText(zu::text::kNoBarInValues), MB_OK | MB_ICONEXCLAMATION);
+    AfxMessageBox(zu::libraryText(zu::text::kNoBarInValues), MB_OK | MB_ICONSTOP);
 }
 
 } // namespace
