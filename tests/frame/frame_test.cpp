@@ -1,4 +1,7 @@
+#include "temporary_folder.h"
+
 #include <zucomn/frame.h>
+#include <zucomn/settings.h>
 
 #include <afxdllx.h>
 #include <afxwin.h>
@@ -32,20 +35,21 @@ public:
     }
 };
 
-/// A language module beside the library, for a language that none comes with.
-class FrenchModule {
+/// A language module beside the library, for a language that none comes with. Tests run at the same time:
+/// each takes a language of its own.
+class LanguageModule {
 public:
-    explicit FrenchModule(const std::string& texts) {
+    LanguageModule(const char* languageId, const std::string& texts) {
         namespace fs = std::filesystem;
         wchar_t library[4096];
         GetModuleFileNameW(ZuComn_GetResource(), library, 4096);
-        folder_ = fs::path(zuhost::systemPath(library)).parent_path() / "1036";
+        folder_ = fs::path(zuhost::systemPath(library)).parent_path() / languageId;
         fs::create_directory(folder_);
         std::ofstream(folder_ / "ZuComn.strings") << texts;
     }
-    ~FrenchModule() { std::filesystem::remove_all(folder_); }
-    FrenchModule(const FrenchModule&) = delete;
-    FrenchModule& operator=(const FrenchModule&) = delete;
+    ~LanguageModule() { std::filesystem::remove_all(folder_); }
+    LanguageModule(const LanguageModule&) = delete;
+    LanguageModule& operator=(const LanguageModule&) = delete;
 
 private:
     std::filesystem::path folder_;
@@ -174,7 +178,7 @@ TEST(Frame, LayerNamesComeFromTheLanguageModule) {
     for (const LayerName& layer : kLayers)
         if (!isLeftOut(layer))
             texts += std::to_string(layer.textId) + " = \"calque " + std::to_string(layer.textId) + "\"\n";
-    const FrenchModule module(texts);
+    const LanguageModule module("1036", texts);
     {
         const Language french("fr_FR.UTF-8");
         for (std::size_t i = 0; i < builtIn.size(); ++i) {
@@ -189,6 +193,18 @@ TEST(Frame, LayerNamesComeFromTheLanguageModule) {
         EXPECT_EQ(ZUCONECT_LAYER, L"calque 101") << "names stay as they were given";
     }
     EXPECT_EQ(layerNames(), builtIn) << "the library's own texts are the names built in";
+}
+
+TEST(Frame, LanguageModulesMayRenameSectionsAndKeys) {
+    const TemporaryFolder folder;
+    folder.write("m.ini", "[entorno]\r\ngrueso=70\r\n" +
+                              *zuhost::TextCodec::forCodePage(932)->encode(L"機器線幅") + "=50\r\n");
+    const LanguageModule module("3082", "134 = \"entorno\"\n144 = \"grueso\"\n");
+    const Language spanish("es_ES.UTF-8");
+    ZuComn_SetIniFile(CString(folder.wide("m.ini")));
+    EXPECT_EQ(gblComn_lineWeight, 70);
+    EXPECT_EQ(gblComn_kikiLineWeight, 50) << "a name that the module lacks is the built-in one";
+    ZuComn_SetIniFile(L"");
 }
 
 TEST(Frame, MissingLanguageModuleIsToldOnce) {
