@@ -78,7 +78,8 @@ int configuredPrecision() {
 } // namespace
 
 double ZuComn_C4O5I(double value) {
-    return std::trunc(value >= 0.0 ? value + 0.5 : value - 0.4);
+    // Adding 0.0 turns a negative zero, which would be written "-0", into a positive one.
+    return std::trunc(value >= 0.0 ? value + 0.5 : value - 0.4) + 0.0;
 }
 
 double ZUComn_AngleAptitude(double degrees) {

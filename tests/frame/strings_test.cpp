@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -90,6 +91,8 @@ TEST(Numbers, RealFormat) {
         double value;
         int precision;
         int rounding;
+        EXPECT_EQ(std::signbit(ZuComn_C4O5I(c.value)), std::signbit(c.rounded)) << c.value;
+    }
         const wchar_t* text;
     } cases[] = {{12.3456, 2, 0, L"12.35"},   {-12.3456, 2, 0, L"-12.35"},
                  {0.0, 3, 0, L"0"},           {2.5, 0, 0, L"2"},
