@@ -12,7 +12,7 @@ ZUCOMN_API int ZuComn_SeparateString(const wchar_t* text, CStringArray& fields, 
 
 /// Cuts a text at the first character of `separator` into fields numbered from 1 and keeps those that the
 /// column list (decimal numbers parted by commas; null: all) names, trimmed of trailing spaces; the list is
-/// emptied first. 0 when a field was stored, else -1; an empty text stores nothing.
+/// emptied first. 0 when a field was stored, else -1; without a text or a separator nothing is stored.
 ZUCOMN_API int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, const wchar_t* columns,
                                      const wchar_t* separator);
 
@@ -32,11 +32,15 @@ ZUCOMN_API double ZuComn_C4O5I(double value);
 ZUCOMN_API double ZUComn_AngleAptitude(double degrees);
 
 /// A number as text with so many digits behind the point (negative: as the option "実数精度桁数" says),
-/// counted as significant digits beyond those of the whole part. The rounding flag matters for precision 0
-/// only.
+/// counted as significant digits beyond those of the whole part. A magnitude of at most 0.001 is written with
+/// at most so many places, zeros at the end left out; only from 17 places on as the others. Precision 0 gives
+/// the whole number, held within the range of int: cut off towards zero, or with the rounding flag, which
+/// matters here only, rounded with halves away from zero.
 ZUCOMN_API CString ZuComn_RealFormat(double value, int precision, int rounding);
 
 /// Adds a number to a combo box whose list is kept sorted and written in one style: mode 0 whole numbers, 1
-/// to 98 that many digits, 99 one decimal place without ".0", above 99 two, negative the text as given.
-/// Returns the place of the text, as it was given, in the list; -1 when the style wrote it differently.
+/// to 98 that many digits, 99 one decimal place without ".0", above 99 two, negative the text as given and
+/// the list as many digits as the settings say. A text that the list has, as given or in that style, changes
+/// nothing. Returns the place of the text in the list; -1 when it was added and the style wrote it
+/// differently.
 ZUCOMN_API int ZuComn_ComboBoxAdd(CComboBox& box, const wchar_t* text, int mode);

@@ -13,8 +13,8 @@
 // Files of more than 256 KiB are read by up to eight threads, which end before the call does.
 //
 // `skip` lines are passed over first. `columns` lists the fields to keep (decimal numbers parted by commas;
-// null: all). The first character of `separator` parts the fields; null: that of the settings. The last
-// argument is not used.
+// null: all). The first character of `separator` parts the fields; null: that of the settings. Without one,
+// or when the file can't be opened, the list stays as it was. The last argument is not used.
 
 /// Appends the kept fields of all records one after the other; the list is emptied once the file is open.
 /// 0 when a field was stored, else -1.

@@ -20,10 +20,14 @@ int ZuComn_SeparateString(const wchar_t* text, CStringArray& fields, wchar_t sep
 
 int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, const wchar_t* columns,
                           const wchar_t* separator) {
+    // Copies: a caller may give one of the fields that go.
+    const CString whole(text);
+    const wchar_t parting = separator != nullptr ? *separator : L'\0';
+    const zu::ColumnSelection selection(columns);
     fields.RemoveAll();
-    if (text == nullptr || *text == L'\0' || separator == nullptr || *separator == L'\0')
+    if (whole.IsEmpty() || parting == L'\0')
         return -1;
-    zu::splitLine(text, *separator, zu::ColumnSelection(columns),
+    zu::splitLine(whole.view(), parting, selection,
                   [&fields](std::wstring_view field) { fields.Add(CString(field)); });
     return fields.IsEmpty() ? -1 : 0;
 }

@@ -44,6 +44,19 @@ TEST(Strings, Split) {
     }
 }
 
+TEST(Strings, AFieldIsCutInItsOwnList) {
+    constexpr const wchar_t* kText = L"a first field too long to lie in the object itself|b|1,2";
+    CStringArray fields;
+    fields.Add(kText);
+    ASSERT_EQ(ZuComn_GetSplitString(fields[0], fields, nullptr, L"|"), 0);
+    ASSERT_EQ(fields.GetSize(), 3);
+    fields[0] = kText;
+    EXPECT_EQ(ZuComn_GetSplitString(fields[0], fields, fields[2], L"|"), 0);
+    EXPECT_EQ(fieldsOf(fields), (Fields{L"a first field too long to lie in the object itself", L"b"}));
+    EXPECT_EQ(ZuComn_SeparateString(fields[0], fields, L' '), 11);
+    EXPECT_EQ(fields[10], L"itself");
+}
+
 TEST(Strings, PathParts) {
     const struct {
         const wchar_t* path;
@@ -76,8 +89,10 @@ TEST(Numbers, RoundingAndAngles) {
         double value;
         double rounded;
     } roundings[] = {{2.5, 3}, {-2.5, -2}, {-2.6, -3}, {-0.59, 0}, {0.5, 1}, {-0.5, 0}};
-    for (const auto& c : roundings)
+    for (const auto& c : roundings) {
         EXPECT_EQ(ZuComn_C4O5I(c.value), c.rounded) << c.value;
+        EXPECT_EQ(std::signbit(ZuComn_C4O5I(c.value)), std::signbit(c.rounded)) << c.value;
+    }
     const struct {
         double angle;
         double brought;
@@ -91,15 +106,15 @@ TEST(Numbers, RealFormat) {
         double value;
         int precision;
         int rounding;
-        EXPECT_EQ(std::signbit(ZuComn_C4O5I(c.value)), std::signbit(c.rounded)) << c.value;
-    }
         const wchar_t* text;
     } cases[] = {{12.3456, 2, 0, L"12.35"},   {-12.3456, 2, 0, L"-12.35"},
                  {0.0, 3, 0, L"0"},           {2.5, 0, 0, L"2"},
                  {2.5, 0, 1, L"3"},           {-2.5, 0, 1, L"-3"},
                  {0.001, 3, 0, L"0.001"},     {0.00012, 5, 0, L"0.00012"},
                  {-0.0005, 4, 0, L"-0.0005"}, {1234567.5, 1, 0, L"1234567.5"},
-                 {1e-9, 3, 0, L"0.00"}};
+                 {1e-9, 3, 0, L"0.00"},       {0.0003, 1, 0, L"0"},
+                 {-0.5, 2, 0, L"-0.5"},       {0.0005, 20, 0, L"0.000500000000000000010408"},
+                 {3e9, 0, 0, L"2147483647"},  {3e9, 1, 0, L"3000000000"}};
     for (const auto& c : cases)
         EXPECT_STREQ(ZuComn_RealFormat(c.value, c.precision, c.rounding), c.text)
             << c.value << ' ' << c.precision;
@@ -115,6 +130,10 @@ TEST_F(ComboNumbers, AreKeptSortedInOneStyle) {
     EXPECT_EQ(items(), (Fields{L"1", L"2", L"3", L"10"}));
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"0.25", 100), 0);
     EXPECT_EQ(items().front(), L"0.25");
+    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.26", 1), -1);
+    EXPECT_EQ(items(), (Fields{L"0.25", L"1", L"2", L"2.3", L"3", L"10"}));
+    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3.7", -1), -1); // no precision is configured
+    EXPECT_EQ(items(), (Fields{L"0", L"1", L"2", L"2", L"3", L"4", L"10"}));
 }
 
 } // namespace
