@@ -17,14 +17,16 @@ ZUCOMN_API bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys
 /// Merges pairs into the file: records with one of the keys are written anew in their place, the other pairs
 /// follow at the end. Of a key given twice the first pair counts. There have to be as many values as keys.
 ///
-/// Records that don't change keep their bytes, blank lines go. A new file is in code page 932, an old one
-/// keeps its encoding. The old file stays as the backup: the path with the extension "bak", for a path
-/// without "." "LinkInfo.lif" in the system folder.
+/// Every line counts here, comments and what follows "END" too: a line without "|" is taken for one of the
+/// key of the next record, which then has another key. Only the last of several such lines stays, and none
+/// that no record follows. Records that don't change keep their bytes, blank lines go. A new file is in code
+/// page 932, an old one keeps its encoding. The old file stays as the backup: the path with "bak" behind its
+/// last ".", for a path without "." "LinkInfo.lif" in the system folder.
 ///
 /// True when the new file is in place. The path holds the whole old file, the whole new one or, for a moment
 /// between the two, none. When only the last step fails, that is told in a message box, and the backup and
 /// the temporary file ("__Temp.tmp" in the same folder, or "LinkInfo.tmp" in the system folder for a bare
 /// name) stay. Any other failure leaves the old file, without a message; so does a character that the file's
-/// encoding can't hold, and a line of more than 16 MiB in the file.
+/// encoding can't hold, and a line of more than 16 MiB in the old or the new file.
 ZUCOMN_API bool ZuComn_SaveLinkInfo(const wchar_t* path, const CStringArray& keys,
                                     const CStringArray& values);

@@ -145,7 +145,8 @@ bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys, CStringAr
     }
     const ValuesByKey found = valuesOf(records);
     ZuComn_RemoveAllFree(records);
-    for (int i = 0; i < keys.GetSize(); ++i) {
+    const int count = keys.GetSize(); // Both may be the same list.
+    for (int i = 0; i < count; ++i) {
         const auto value = found.find(std::wstring(keys[i].view()));
         values.Add(value != found.end() ? value->second : CString());
     }

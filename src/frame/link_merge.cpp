@@ -101,9 +101,10 @@ private:
         if (crlf_)
             lines.Replace(L"\n", L"\r\n");
         const auto bytes = encoding_.encode(lines.view());
-        if (bytes)
-            result_ += *bytes;
-        return bytes.has_value();
+        if (!bytes || bytes->size() > kLongestLine)
+            return false;
+        result_ += *bytes;
+        return true;
     }
 
     std::string_view file_;

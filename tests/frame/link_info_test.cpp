@@ -75,6 +75,8 @@ TEST_F(LinkInfo, Merges) {
         {"x\r\ny|1\r\n", texts({L"x\ny", L"p\nq"}), texts({L"2", L"3"}), "x\r\ny|2\r\np\r\nq|3\r\n"},
         {"lost\nx\ny|1\nlast\n", texts({L"y"}), texts({L"2"}), "x\ny|1\ny|2\n"},
         {" A |1\nA|2\n", texts({L"A"}), texts({L"3"}), "A|3\nA|2\n"},
+        {"# c\nA|1\nEND\nB|2\n#\n", texts({L"A", L"B"}), texts({L"3", L"4"}),
+         "# c\nA|1\nEND\nB|2\nA|3\nB|4\n"},
         {"\x83\x7C\x83\x93|1\n", texts({L"ポン"}), texts({L"表"}), "\x83\x7C\x83\x93|\x95\x5C\n"},
         {"\xEF\xBB\xBF"
          "A|1\n",
@@ -100,11 +102,14 @@ TEST_F(LinkInfo, Merges) {
 
 TEST_F(LinkInfo, AHugeLineIsRefused) {
     const std::filesystem::path file = folder_.write("links.lif", "A|1\nB|2");
-    constexpr std::uintmax_t kSize = 20'000'000;
+    constexpr int kSize = 20'000'000;
     std::filesystem::resize_file(file, kSize);
     EXPECT_EQ(value(L"A"), L"(unread)");
     EXPECT_FALSE(save());
     EXPECT_EQ(std::filesystem::file_size(file), kSize);
+    folder_.write("links.lif", kOld);
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), texts({L"A"}), texts({CString(L'x', kSize)})));
+    EXPECT_EQ(read("links.lif"), kOld);
     EXPECT_FALSE(exists("links.bak"));
     EXPECT_FALSE(exists("__Temp.tmp"));
 }
@@ -121,6 +126,32 @@ TEST_F(LinkInfo, ReadsWhatItWrites) {
     CStringArray none;
     EXPECT_TRUE(ZuComn_GetLinkInfo(path(), none, none));
     EXPECT_TRUE(none.IsEmpty());
+    CStringArray both = texts({L"A", L"x\ny"});
+    EXPECT_TRUE(ZuComn_GetLinkInfo(path(), both, both));
+    ASSERT_EQ(both.GetSize(), 4);
+    EXPECT_EQ(both[2], L"2");
+    EXPECT_EQ(both[3], L"1");
+}
+
+TEST_F(LinkInfo, LooksUpRecords) {
+    const struct {
+        std::string_view file;
+        const wchar_t* key;
+        const wchar_t* value;
+    } cases[] = {
+        {"x\ny\nz|1\n", L"y\nz", L"1"}, // of a long key the last two lines count
+        {"x\ny\nz|1\n", L"x\ny\nz", L""},
+        {"x\n# c\n\ny|1\n", L"x\ny", L"1"},
+        {"x\nB|0\nA|1\n", L"A", L"1"},
+        {"A |1 |2\nA|3\n", L"A", L"1"},
+        {" A|1\n", L"A", L""},
+        {"B|0\nend\nA|1\n", L"A", L""},
+        {"END\nA|1\n", L"A", L"(unread)"},
+    };
+    for (const auto& c : cases) {
+        folder_.write("links.lif", c.file);
+        EXPECT_EQ(value(c.key), c.value) << c.file;
+    }
 }
 
 TEST_F(LinkInfo, ReadsTheSample) {
@@ -180,7 +211,11 @@ TEST_F(LinkInfo, NoFailureLosesTheFile) {
             EXPECT_EQ(now, "") << n;
             EXPECT_EQ(read("links.bak"), kOld) << n;
             EXPECT_EQ(read("__Temp.tmp"), kNew) << n;
-            EXPECT_EQ(observer.boxes().size(), 1U) << n;
+            ASSERT_EQ(observer.boxes().size(), 1U) << n;
+            const zuhost::MessageBoxRequest& box = observer.boxes()[0];
+            EXPECT_TRUE(box.text.starts_with(L"ファイルの保存に失敗しました。(")) << n;
+            EXPECT_FALSE(box.text.ends_with(L"(0)")) << n;
+            EXPECT_EQ(box.style & MB_ICONSTOP, MB_ICONSTOP) << n;
         }
     }
 }
