@@ -10,6 +10,8 @@
 
 #include <iostream>
 #include <memory>
+#include <set>
+#include <string_view>
 
 namespace zu::app {
 
@@ -39,6 +41,21 @@ void get(const Options& options) {
         std::cout << value << '\n';
 }
 
+/// A save takes comments and what follows "END" for records, a look-up does not: so a pair may be in the file
+/// and yet not be found.
+void tellHiddenPairs(const CString& file, const CStringArray& keys, const CStringArray& values) {
+    CStringArray found;
+    ZuComn_GetLinkInfo(file, keys, found);
+    std::set<std::wstring_view> told;
+    for (int i = 0; i < keys.GetSize(); ++i) {
+        CString value = values[i];
+        const bool isFound = i < found.GetSize() && found[i] == value.TrimRight(L' ');
+        if (told.insert(keys[i].view()).second && !isFound)
+            std::cerr << "zu: " << narrow(keys[i].view()) << ": saved, but a look-up finds \""
+                      << (i < found.GetSize() ? narrow(found[i].view()) : "") << "\"\n";
+    }
+}
+
 /// A key may hold line ends, a value neither "|" nor line ends.
 void save(const Options& options) {
     const SettingsFile settings(options.settings);
@@ -54,8 +71,10 @@ void save(const Options& options) {
         values.Add(wide(pair.substr(equals + 1)));
     }
     // With its folder, so that backup and temporary file lie beside it.
-    if (!ZuComn_SaveLinkInfo(fullPath(options.file), keys, values))
+    const CString file = fullPath(options.file);
+    if (!ZuComn_SaveLinkInfo(file, keys, values))
         throw Failure(options.file + ": can't be saved");
+    tellHiddenPairs(file, keys, values);
 }
 
 } // namespace
@@ -73,7 +92,8 @@ void addLinkCommand(CLI::App& program) {
     writing->add_option("FILE", options->file, "The file")->required();
     writing->add_option("PAIR", options->keys, "KEY=VALUE")->required();
     for (CLI::App* command : {reading, writing})
-        command->add_option("--settings", options->settings, "Master settings file");
+        command->add_option("--settings", options->settings,
+                            "Master settings file, needed to save a file without \".\" in its path");
     reading->callback([options] { get(*options); });
     writing->callback([options] { save(*options); });
 }

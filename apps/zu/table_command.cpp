@@ -8,6 +8,7 @@
 
 #include <iostream>
 #include <memory>
+#include <utility>
 
 namespace zu::app {
 
@@ -22,6 +23,8 @@ struct Options {
 };
 
 void run(const Options& options) {
+    if (options.separator.empty())
+        throw WrongUsage("--separator needs a character");
     const CString columns = wide(options.columns);
     CPtrArray records;
     const int result = ZuComn_ReadConfigFile(wide(options.file), records, options.skip,
@@ -39,10 +42,10 @@ void run(const Options& options) {
         return;
     }
     for (const auto& record : array) {
-        std::string line;
+        const char* between = "";
         for (const auto& field : record)
-            line += (line.empty() ? "" : "  ") + field.get<std::string>();
-        std::cout << line << '\n';
+            std::cout << std::exchange(between, "  ") << field.get<std::string>();
+        std::cout << '\n';
     }
 }
 

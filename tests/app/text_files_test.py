@@ -1,0 +1,44 @@
+"""Table files and link information by the commands that read and save them."""
+import os
+import shutil
+import subprocess
+import tempfile
+
+from program import ZU, check, expected, run, run_json, sample
+
+
+def check_tables(folder):
+    path = os.path.join(folder, "t.csv")
+    with open(path, "wb") as f:
+        f.write("# 表\n|弁|2\nポンプ|x  \nEND\nlost\n".encode("cp932"))
+    check(run_json("table", path) == [["", "弁", "2"], ["ポンプ", "x"]], "records of a table")
+    check(run_json("table", path, "--skip", "2", "--columns", "2") == [["x"]], "one column behind skipped lines")
+    check(run("table", path) == "  弁  2\nポンプ  x\n", "an empty first field keeps its place")
+    check(run_json("table", sample("parts/fitting.csv")) == expected("settings.json")["fitting.csv"], "sample table")
+    run("table", path, "--skip", "9", status=1)
+    run("table", path, "--separator", "", status=2)
+    run("table", os.path.join(folder, "missing"), status=1)
+
+
+def save(path, *pairs):
+    """What the program says when it saves pairs."""
+    return subprocess.run([ZU, "link", "save", path, *pairs], check=True, capture_output=True, text=True).stderr
+
+
+def check_links(folder):
+    path = os.path.join(folder, "LinkInfo.lif")
+    shutil.copy(sample("system/LinkInfo.lif"), path)
+    links = expected("settings.json")["links"]
+    check(run_json("link", "get", path, *[key for key, _ in links]) == [value for _, value in links], "sample links")
+    check(run("link", "get", path, "EQUIP", "nowhere") == "送風機 FAN-1\n\n", "one value a line, empty without a record")
+    check(save(path, "空調機\nAHU-1=b  ", "PLAN-3F=x=y", "new=1", "new=2") == "", "nothing to tell")
+    check(run_json("link", "get", path, "PLAN-3F", "空調機\nAHU-1", "new") == ["x=y", "b", "1"], "saved pairs")
+    check("#key" in save(path, "#key=1"), "a pair that can't be looked up is told")
+    for wrong in ("no pair", "a|b=c", "a=b\nc"):
+        run("link", "save", path, wrong, status=2)
+    run("link", "get", os.path.join(folder, "missing"), "A", status=1)
+
+
+with tempfile.TemporaryDirectory() as folder:
+    check_tables(folder)
+    check_links(folder)
