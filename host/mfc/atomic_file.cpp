@@ -62,10 +62,10 @@ std::variant<std::string, int> readWholeFile(const std::string& path) {
     return bytes;
 }
 
-AtomicFile::AtomicFile(const std::string& path) : target_(behindLinks(path)) {
+AtomicFile::AtomicFile(const std::string& path, const std::string& model) : target_(behindLinks(path)) {
     error_ = writable(target_);
     if (error_ == 0)
-        open();
+        open(exists(target_) ? target_ : model);
 }
 
 AtomicFile::~AtomicFile() {
@@ -73,7 +73,7 @@ AtomicFile::~AtomicFile() {
         discard();
 }
 
-void AtomicFile::open() {
+void AtomicFile::open(const std::string& rightsOf) {
     error_ = EEXIST;
     for (int attempt = 0; attempt < kNameAttempts && error_ == EEXIST; ++attempt) {
         temporary_ = target_ + ".tmp" + std::to_string(attempt);
@@ -81,6 +81,8 @@ void AtomicFile::open() {
     }
     if (error_ != 0)
         temporary_.clear();
+    else if (!rightsOf.empty()) // before anything is in it
+        error_ = file_ops::copyMode(rightsOf, temporary_);
 }
 
 void AtomicFile::write(std::string_view bytes) {
@@ -103,8 +105,6 @@ void AtomicFile::flush() {
 
 int AtomicFile::commit() {
     flush();
-    if (error_ == 0 && exists(target_))
-        error_ = file_ops::copyMode(target_, temporary_);
     if (error_ == 0)
         error_ = file_.sync();
     if (error_ == 0)
@@ -129,8 +129,8 @@ void AtomicFile::discard() {
     file_ops::remove(temporary_);
 }
 
-int replaceFile(const std::string& path, std::string_view bytes) {
-    AtomicFile file(path);
+int replaceFile(const std::string& path, std::string_view bytes, const std::string& model) {
+    AtomicFile file(path, model);
     file.write(bytes);
     return file.commit();
 }

@@ -29,7 +29,7 @@ int copy(const std::string& from, const std::string& to, bool failIfExists) {
     const auto bytes = zuhost::readWholeFile(from);
     if (const int* error = std::get_if<int>(&bytes))
         return *error;
-    return zuhost::replaceFile(to, std::get<std::string>(bytes));
+    return zuhost::replaceFile(to, std::get<std::string>(bytes), from);
 }
 
 } // namespace

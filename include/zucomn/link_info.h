@@ -23,10 +23,11 @@ ZUCOMN_API bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys
 /// page 932, an old one keeps its encoding. The old file stays as the backup: the path with "bak" behind its
 /// last ".", for a path without "." "LinkInfo.lif" in the system folder.
 ///
-/// True when the new file is in place. The path holds the whole old file, the whole new one or, for a moment
-/// between the two, none. When only the last step fails, that is told in a message box, and the backup and
-/// the temporary file ("__Temp.tmp" in the same folder, or "LinkInfo.tmp" in the system folder for a bare
-/// name) stay. Any other failure leaves the old file, without a message; so does a character that the file's
-/// encoding can't hold, and a line of more than 16 MiB in the old or the new file.
+/// True when the new file is in place. At any moment the path holds the whole old file or the whole new one;
+/// a link there is followed, and the access rights stay. When only the last step fails, that is told in a
+/// message box, and the backup and the temporary file ("__Temp.tmp" in the same folder, or "LinkInfo.tmp" in
+/// the system folder for a bare name) stay. Any other failure leaves the old file, without a message; so does
+/// a character that the file's encoding can't hold, and a line of more than 16 MiB in the old or the new
+/// file.
 ZUCOMN_API bool ZuComn_SaveLinkInfo(const wchar_t* path, const CStringArray& keys,
                                     const CStringArray& values);

@@ -122,10 +122,11 @@ void tellFailedSave(DWORD error) {
 }
 
 bool putInPlace(const WorkingNames& names, const CString& path) {
-    // A file that is its own backup must not be deleted before the new one is there.
+    // A file that is its own backup must not be deleted before the new one is there. The backup is a copy and
+    // not the renamed file: the path always holds one, stays the link that it may be, and keeps its rights.
     if (names.backup.CompareNoCase(path) != 0) {
         DeleteFileW(names.backup);
-        MoveFileW(path, names.backup);
+        CopyFileW(path, names.backup, FALSE);
     }
     if (!CopyFileW(names.temporary, path, FALSE)) {
         tellFailedSave(GetLastError());

@@ -17,7 +17,8 @@ namespace zuhost {
 /// followed, and the old file's access rights are kept. Without `commit` the temporary file is removed again.
 class AtomicFile {
 public:
-    explicit AtomicFile(const std::string& path);
+    /// A file that is not there yet gets the access rights of `model`, or with none the process's own.
+    explicit AtomicFile(const std::string& path, const std::string& model = {});
     ~AtomicFile();
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
@@ -36,7 +37,7 @@ public:
     int commit();
 
 private:
-    void open();
+    void open(const std::string& rightsOf);
     void flush();
     void discard();
 
@@ -48,7 +49,7 @@ private:
     bool done_ = false;
 };
 
-/// Replaces a file by the bytes; 0 or the system's error number.
-int replaceFile(const std::string& path, std::string_view bytes);
+/// Replaces a file by the bytes; 0 or the system's error number. `model` as above.
+int replaceFile(const std::string& path, std::string_view bytes, const std::string& model = {});
 
 } // namespace zuhost
