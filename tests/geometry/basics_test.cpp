@@ -19,11 +19,14 @@ TEST(Basics, AngleSnapsNearTheVerticalAndKeepsHairlineNegatives) {
         {{0.05, 0.05}, 1, 0.0},
         {{-0.1, 0.1}, 1, 0.0},
         {{-0.1, -9}, 0, 270.0},
+        {{0.05, 0.101}, 0, 90.0},
+        {{-0.101, 0}, 0, 180.0},
         {{-10, 0}, 0, 180.0},
         {{0.2, 0}, 0, 0.0},
         {{3, 3}, 0, 45.0},
         {{3, -3}, 0, 315.0},
         {{10, -1e-7}, 0, -1e-8 * 180 / kPi},
+        {{10, -0.00095}, 0, -0.00095 * 18 / kPi},
         {{10, -0.0011}, 0, 360 - 0.0011 * 18 / kPi},
     };
     for (const auto& c : cases) {
@@ -33,7 +36,7 @@ TEST(Basics, AngleSnapsNearTheVerticalAndKeepsHairlineNegatives) {
     }
 }
 
-TEST(Basics, UnitVectorsOfAxisParallelLinesAreExact) {
+TEST(Basics, UnitVectorsOfAxisParallelLinesAndLengthsAreExact) {
     const struct {
         Line line;
         double angle;
@@ -49,6 +52,9 @@ TEST(Basics, UnitVectorsOfAxisParallelLinesAreExact) {
     Point unit{};
     ASSERT_EQ(Esg_line_vectle(&slope, &unit), 0);
     expectPoint(unit, {-0.6, -0.8});
+    double length = 0.0;
+    ASSERT_EQ(Esg_line_length(&slope, &length), 0);
+    EXPECT_EQ(length, 5.0);
 }
 
 TEST(Basics, DegenerateLinesLeaveOutputsUntouchedOrFallBack) {
@@ -66,6 +72,9 @@ TEST(Basics, DegenerateLinesLeaveOutputsUntouchedOrFallBack) {
     EXPECT_EQ(length, 5.0);
     EXPECT_EQ(side, 0);
     expectPoint(foot, p);
+    Line parallel{5, 6, 7, 8};
+    EXPECT_EQ(Esg_parallel_line(&line, &p, 0.0, &parallel), 1);
+    EXPECT_EQ(parallel.x1, 5.0);
     Esg_mirror(&line, 1, &p, &unit);
     expectPoint(unit, p);
 }
@@ -77,7 +86,7 @@ TEST(Basics, SideBandIsOnTheCrossProduct) {
         int side;
     } cases[] = {
         {{0, 0, 1000, 0}, {500, 0.00005}, 0}, {{0, 0, 1000, 0}, {500, 0.00011}, 1},
-        {{0, 0, 1, 0}, {0.5, 0.2}, 1},        {{0, 0, 1, 0}, {0.5, 0.09}, 0},
+        {{0, 0, 1, 0}, {0.5, 0.2}, 1},        {{0, 0, 1, 0}, {0.5, 0.1}, 0},
         {{0, 0, 1, 0}, {0.5, -0.11}, -1},     {{0, 5, 0, 0}, {2, 1}, 1},
     };
     for (const auto& c : cases) {

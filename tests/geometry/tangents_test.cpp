@@ -7,22 +7,33 @@ namespace {
 constexpr Line kXAxis{0, 0, 10, 0};
 constexpr Line kYAxis{0, 0, 0, 10};
 
-TEST(TangentArcs, OneCircleInEachAngleInTheOrderOfTheTouchingPoints) {
+TEST(TangentArcs, CirclesInTheOrderOfTheTouchingPoints) {
     const double h = std::sqrt(3.0);
     const struct {
         Line a, b;
+        double r;
         Point centres[4];
     } cases[] = {
-        {kXAxis, kYAxis, {{1, 1}, {1, -1}, {-1, 1}, {-1, -1}}},
-        {kXAxis, {0, 0, 5, 5 * h}, {{h, 1}, {-h, -1}, {1 / h, -1}, {-1 / h, 1}}},
-        {kXAxis, {0, 0, -5, -5 * h}, {{h, 1}, {-h, -1}, {1 / h, -1}, {-1 / h, 1}}},
+        {kXAxis, kYAxis, 1, {{1, 1}, {1, -1}, {-1, 1}, {-1, -1}}},
+        {kXAxis, {0, 0, 5, 5 * h}, 1, {{h, 1}, {-h, -1}, {1 / h, -1}, {-1 / h, 1}}},
+        {kXAxis, {0, 0, -5, -5 * h}, 1, {{h, 1}, {-h, -1}, {1 / h, -1}, {-1 / h, 1}}},
+        {{0, 0, 5, 5 * h}, {0, 0, -5, 0}, 1, {{-1 / h, 1}, {1 / h, -1}, {h, 1}, {-h, -1}}},
+        // Small radii, where centres at a third or at three times the distance count too.
+        {kXAxis,
+         {0, 0, 5, 5 * h},
+         0.26,
+         {{0.26 * h, 0.26}, {-0.26 * h, -0.26}, {0.26 / h, 0.26 / 3}, {0.26 / h, -0.26}}},
+        {kXAxis,
+         {0, 0, 5, 5 * h},
+         0.24,
+         {{0.24 * h, 0.24}, {0.24 * h, -0.72}, {-0.24 * h, 0.72}, {-0.24 * h, -0.24}}},
     };
     for (const auto& c : cases) {
         Circle out[4] = {};
-        ASSERT_EQ(Esg_tangentArc_l2l(&c.a, &c.b, 1.0, out), 0);
+        ASSERT_EQ(Esg_tangentArc_l2l(&c.a, &c.b, c.r, out), 0);
         for (int i = 0; i < 4; ++i) {
             expectPoint({out[i].cx, out[i].cy}, c.centres[i]);
-            EXPECT_EQ(out[i].r, 1.0);
+            EXPECT_EQ(out[i].r, c.r);
         }
     }
 }
@@ -39,7 +50,11 @@ TEST(TangentArcs, FailuresLeaveTheCirclesUntouched) {
         {kXAxis, kXAxis, 1, 4},
         {{0, 0, 0.09, 0}, kYAxis, 1, 5},
         {{0, 0, 0.05, 1000}, {0, 0, 0, 1000}, 1, 6},
+        {{0, 0, 0.05, 1000}, {0, 1000, 0, 0}, 1, 6},
         {{0, 0, 2e20, 0}, {1e20, -1e20, 1e20, 1e20}, 1, 7},
+        {{0, 2e20, 4e20, 2e20}, {2e20, 0, 2e20, 4e20}, 1, 7},
+        {{0, 0, 2e20, 0}, {1e20, -1e20, 1e20, 1e20}, 1e19, 7},
+        {{0, 1e5, 10, 1e5}, {1e5, 0, 1e5, 10}, 1e-15, 8},
     };
     for (const auto& c : cases) {
         Circle out[4] = {{7, 7, 7}};
@@ -64,6 +79,7 @@ TEST(TangentLines, OuterThenInner) {
          4,
          {{0, 2, 10, 2}, {0, -2, 10, -2}, {x, y, 10 - x, -y}, {x, -y, 10 - x, y}}},
         {"meeting", {0, 0, 2}, {3, 0, 2}, 0, 2, {{0, 2, 3, 2}, {0, -2, 3, -2}}},
+        {"touching", {0, 0, 2}, {4, 0, 2}, 0, 2, {{0, 2, 4, 2}, {0, -2, 4, -2}}},
         {"a point",
          {0, 0, 5},
          {10, 0, 0},
@@ -78,6 +94,15 @@ TEST(TangentLines, OuterThenInner) {
         {"nested the other way", {0, 0, 3}, {1, 0, 5}, 1, 9, {}},
         {"near centres", {0, 0, 5}, {0.1, 0.1, 5}, 1, 9, {}},
         {"same centre", {1, 1, 5}, {1, 1, 3}, 1, 9, {}},
+        {"least radii",
+         {0, 0, 0.005},
+         {10, 0, 0.006},
+         0,
+         4,
+         {{-5e-7, 0.005, 9.9999994, 0.006},
+          {-5e-7, -0.005, 9.9999994, -0.006},
+          {5.5e-6, 0.005, 9.9999934, -0.006},
+          {5.5e-6, -0.005, 9.9999934, 0.006}}},
         {"no radii", {0, 0, 0.004}, {10, 0, 0.005}, 1, 9, {}},
     };
     for (const auto& c : cases) {
@@ -118,6 +143,35 @@ TEST(Fillets, ThePickChoosesTheCorner) {
     }
 }
 
+TEST(Fillets, APickOnOneOfTheLinesChoosesTheWiderCorner) {
+    const double h = std::sqrt(3.0);
+    const Line slope{-5, -5 * h, 5, 5 * h};
+    const Point pick{100, 0};
+    Arcs arc{};
+    Line outX{};
+    Line outSlope{};
+    ASSERT_EQ(Esg_fillet_l2l(&pick, &kXAxis, &slope, 1.0, &arc, &outX, &outSlope), 0);
+    expectPoint({arc.cx, arc.cy}, {1 / h, -1});
+    ASSERT_EQ(Esg_fillet_l2l(&pick, &slope, &kXAxis, 1.0, &arc, &outSlope, &outX), 0);
+    expectPoint({arc.cx, arc.cy}, {1 / h, -1});
+    expectPoint({outX.x2, outX.y2}, {10, 0});
+    expectPoint({outSlope.x2, outSlope.y2}, {-5, -5 * h});
+}
+
+TEST(Fillets, ATrimmedLineEndsAtItsStartWhenThatLiesInTheRaysDirectionWithinAHundredthDegree) {
+    // Less than 0.1 wide beyond the arc, so that the line is taken as vertical there, but not before it.
+    const struct { double slope, endY; } cases[] = {{1.7e-4, 1500}, {1.8e-4, -1000}};
+    for (const auto& c : cases) {
+        const Line a{1500 * c.slope, 1500, -1000 * c.slope, -1000};
+        const Point pick{3000, 3000};
+        Arcs arc{};
+        Line outA{};
+        Line outB{};
+        ASSERT_EQ(Esg_fillet_l2l(&pick, &a, &kXAxis, 1000.0, &arc, &outA, &outB), 0);
+        expectPoint({outA.x2, outA.y2}, {c.endY * c.slope, c.endY});
+    }
+}
+
 TEST(Fillets, FailuresTellTheStepAndKeepWhatComesAfterIt) {
     const struct {
         const char* name;
@@ -136,6 +190,12 @@ TEST(Fillets, FailuresTellTheStepAndKeepWhatComesAfterIt) {
         {"pick near b", {0.05, 3}, kXAxis, kYAxis, 1, 3, false, false},
         {"pick near a", {3, 0.05}, kXAxis, kYAxis, 1, 4, false, false},
         {"tiny radius", {3, 3}, kXAxis, kYAxis, 0.05, 5, false, false},
+        {"far from 0", {3e20, 3e20}, {0, 2e20, 4e20, 2e20}, {2e20, 0, 2e20, 4e20}, 2e19, 6, false, false},
+        {"tiny radius at b", {3, 1}, kXAxis, {0, 0, 9, 9}, 0.05, 7, false, false},
+        {"b far from 0", {3e20, 1e20}, {0, 0, 4e20, 0}, {2e20, -2e20, 2e20, 2e20}, 2e19, 8, false, false},
+        {"nearly parallel", {5e5, 1.25}, {0, 0, 1e6, 0}, {0, 0, 1e6, 5}, 1, 9, false, false},
+        {"centre near a", {3, 0.25}, kXAxis, {0, 0, 10, 1.7}, 0.05, 10, false, false},
+        {"centre near b", {3, 1}, kXAxis, {0, 0, 9, 9}, 0.12, 11, false, false},
         {"a starts where it meets the arc", {3, 3}, {1, 0, 10, 0}, kYAxis, 1, 16, true, false},
         {"b starts where it meets the arc", {3, 3}, kXAxis, {0, 1, 0, 10}, 1, 17, true, true},
     };
