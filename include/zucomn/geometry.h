@@ -11,8 +11,8 @@
 //
 // Pointers must not be null. Results go through the output pointers; outputs must not be inputs, except where
 // stated. On failure an output keeps what it held, except where stated. The functions keep no state, allocate
-// nothing, throw nothing and may run in any thread. Coordinates that are not finite, or whose squares
-// overflow, give undefined coordinates or a failure code, nothing worse.
+// nothing, throw nothing and may run in any thread. Coordinates that are not finite, or so large or so close
+// that squares overflow or underflow, give undefined coordinates or a failure code, nothing worse.
 
 /// A point, or a unit vector where stated.
 struct Point {
@@ -95,7 +95,8 @@ ZUCOMN_API int Esg_inter_i2i(const Line* a, const Line* b, Point* p);
 
 /// Line and circle: 1 for two points, p1 first along the line's direction; 2 for one, the line touching, with
 /// p2 = (0, 0); 0 for none, with both (0, 0), or untouched when the line is degenerate. The line touches when
-/// r^2 less the squared distance of the centre is within 0.0001 r^2 of 0 (0.000015 r^2 for r below 1).
+/// r^2 less the squared distance of the centre is within 0.0001 r^2 of 0 (0.000015 r^2 for r below 1);
+/// nothing meets a circle of radius 0.
 ZUCOMN_API int Esg_inter_l2c(const Line* l, const Circle* c, Point* p1, Point* p2);
 
 /// The same, counting the points on the segment: 1 both, 2 one, moved to p1 if need be, 0 none. What p2 (on
@@ -104,7 +105,8 @@ ZUCOMN_API int Esg_inter_i2c(const Line* l, const Circle* c, Point* p1, Point* p
 
 /// Line and arc: as Esg_inter_l2c, keeping the points on the arc: 1 both, 2 one, in p1, with p2 = (0, 0); 0
 /// none, with both (0, 0), or untouched when the line is degenerate. The arc's ends are inside, with no
-/// tolerance on the angle. Angles of the arc of 360 or more are reduced by 360 once.
+/// tolerance on the angle. Angles of the arc of 360 or more are reduced by 360 once, so that an arc
+/// from 0 to 360 is the point at 0 only.
 ZUCOMN_API int Esg_inter_l2a(const Line* l, const Arcs* a, Point* p1, Point* p2);
 
 /// The same, counting the points on the segment, with outputs as by Esg_inter_i2c.
@@ -117,8 +119,10 @@ ZUCOMN_API int Esg_inter_c2c(const Circle* a, const Circle* b, int* n, Point* p1
 
 // ---- Tangents and fillets ----
 
-/// The circles of radius r that touch two infinite lines, at most one in each of the four angles, into the
-/// array `out` of four. Their number is not told and entries that are not needed stay untouched: fill the
+/// The circles of radius r that touch two infinite lines, one in each of the four angles, into the array
+/// `out` of four. A centre counts when its distance from b fits r within 0.5, so with a small r (below about
+/// 0.5, and more as the lines come near a right angle) circles that miss both lines by less than that may
+/// stand in for right ones. Their number is not told and entries that are not needed stay untouched: fill the
 /// array before, with a radius of 0 say. 0, or 1 and 2 when a or b is degenerate, 3 for r <= 0, 4 for
 /// parallel lines, 5 when a line's ends are within 0.1, 6 for equal or opposite directions, 7 when two
 /// perpendiculars don't meet, 8 when a centre falls on its line. On 7 and 8 the circles found before have
@@ -132,8 +136,10 @@ ZUCOMN_API int Esg_tangentArc_l2l(const Line* a, const Line* b, double r, Circle
 ZUCOMN_API int Esg_tangentLine_c2c(const Circle* a, const Circle* b, Line* out, int* n);
 
 /// Rounds the corner of two infinite lines in which the pick lies: the arc of radius r, and the lines trimmed
-/// to where they meet it, starting there and ending at the end of the line that lies away from the corner. A
-/// pick on one of the lines, by Esg_judge_pside, chooses the wider corner beside it.
+/// to where they meet it. They start there and end at the line's start when that lies beyond, seen from the
+/// corner (within 0.01 degrees), else at the line's end, wherever that lies. A negative r isn't refused: it
+/// gives an arc with that r in the opposite corner. A pick on one of the lines, by Esg_judge_pside, chooses
+/// the wider corner beside it.
 ///
 /// 0, or 1 and 2 when a or b is degenerate or the pick's foot on it is the corner; 3 when r is exactly 0.0 or
 /// the foot on a is within 0.1 of the corner; 4 for parallel lines or the same with b; 5 and 7 when the arc

@@ -35,8 +35,8 @@ std::pair<double, double> smallerSweep(double first, double second) {
     return second - first < 180.0 ? std::pair(first, second) : std::pair(second, first);
 }
 
-/// The line from where it touches the arc, which lies at an angle from the corner, to the end that lies
-/// farther in that direction. Nothing when it touches within 0.1 of the line's start.
+/// The line from where it touches the arc, which lies at an angle from the corner, to its start when that
+/// lies beyond in this direction, else to its end. Nothing when it touches within 0.1 of its start.
 std::optional<Line> trimmed(const Line& line, const Point& touch, double angle) {
     const auto toStart = angleInDegrees(touch, start(line));
     if (!toStart)
