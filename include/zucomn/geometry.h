@@ -118,6 +118,8 @@ ZUCOMN_API int Esg_inter_i2a(const Line* l, const Arcs* a, Point* p1, Point* p2)
 ZUCOMN_API int Esg_inter_c2c(const Circle* a, const Circle* b, int* n, Point* p1, Point* p2);
 
 // ---- Tangents and fillets ----
+// Angles are taken by Esg_get_angle: a direction whose x part is at most 0.1 counts as vertical, and what is
+// built on it is off by as much.
 
 /// The circles of radius r that touch two infinite lines, one in each of the four angles, into the array
 /// `out` of four. A centre counts when its distance from b fits r within 0.5, so with a small r (below about
