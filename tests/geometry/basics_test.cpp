@@ -144,10 +144,10 @@ TEST(Basics, WholeArraysGiveTheSameBitsAsSinglePointsAlsoInPlace) {
     EXPECT_EQ(rotated[102].x, kUntouched.x);
     Esg_rotate(33.0, &centre, -1, points.data(), nullptr);
     Esg_mirror(&axis, 0, points.data(), nullptr);
-    const Point east{13, -5};
-    Point north{};
-    Esg_rotate(90.0, &centre, 1, &east, &north);
-    expectPoint(north, {12, -4});
+    const Point northEast{13, -3};
+    Point turned{};
+    Esg_rotate(90.0, &centre, 1, &northEast, &turned);
+    expectPoint(turned, {10, -4});
 }
 
 } // namespace
