@@ -13,8 +13,9 @@
 /// An entity's raw list holds its "ZU_ATTR" strings as stored: the header "N|A|B|" (number of rows, two
 /// values of the entity), then one string of six "|"-terminated fields for each row. An entity table is a
 /// CPtrArray of rows; a row is a CStringArray of nine columns: A, B, the display name of the item (never
-/// stored), and the six stored fields. Values that hold "|" break the record; there is no escaping, by
-/// design.
+/// stored), and the six stored fields: the attribute id, the value, and four that only the authors of
+/// attribute files give a meaning (the kind, a label, the item's number in column 7, a mark). Values that
+/// hold "|" break the record; there is no escaping, by design.
 class ZUCOMN_API CAttributeData : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(CAttributeData);
@@ -37,27 +38,28 @@ public:
     /// The same for several entities in order.
     int ReadData(const AcArray<AcDbObjectId>& entities);
     /// Clears the entity list and appends the entity's raw list, undecoded, as a new CStringArray to `out`;
-    /// free it with FreeData3 or WriteDataFree. 0, or what GetExtensionElementData returned.
+    /// free it with FreeData3 or WriteDataFree. What GetExtensionElementData returned; unless that is 0 the
+    /// list is empty.
     int ReadData3(const AcDbObjectId& entity, CPtrArray* out);
 
     /// Reads the attribute file of a part into one table. Column 0 is the part's name, column 1 empty,
-    /// columns 3 to 8 the fields of a line. The file is looked for as named, then by its name in the
-    /// route-parts and the standard-parts folder of the settings. Mode 0 or 2 clears the entity list first;
-    /// any other mode adds to it. 0, or -1 when there is no such file or it holds no row: nothing is then
-    /// added.
+    /// columns 3 to 8 the fields of a line, missing ones empty. The file is looked for as named, then by its
+    /// name in the route-parts and the standard-parts folder of the settings. Mode 0 or 2 clears the entity
+    /// list first; any other mode adds to it. 0, or -1 when there is no such file or it holds no row: nothing
+    /// is then added.
     int ReadData(const CString& partFile, int mode);
     /// As ReadData; rows without a number (column 7) are numbered by their place, counted from 1.
     int ReadData2(const CString& partFile, int mode);
 
     /// Encodes each table and appends its raw list as a new CStringArray to `out`; free them with
-    /// WriteDataFree. 0. Throws the framework's invalid-argument exception for a row of fewer than nine
-    /// columns.
+    /// WriteDataFree. A table without rows gives an empty list. 0. Throws the framework's invalid-argument
+    /// exception for a row of fewer than nine columns; the lists of the tables before it stay in `out`.
     int WriteData(const CPtrArray& tables, CPtrArray& out);
     /// Deletes every list, the last first, and empties the array. 0.
     int WriteDataFree(CPtrArray& lists);
 
-    /// The entity's raw list, erased entities included. -1 when the entity can't be opened, 1 when it has no
-    /// such record, else 0.
+    /// The entity's raw list, erased entities included. -1 when the entity can't be opened, with `out`
+    /// untouched; 1 when it has no such record, with `out` empty; else 0.
     int GetExtensionElementData(AcDbObjectId entity, CStringArray& out);
     /// The value of one attribute: the text after "KEY|" up to the next "|" in the first string that begins
     /// with it. The key may end in "|" or not. Empty when absent.
@@ -119,10 +121,14 @@ protected:
     static int SetAttributeDataArray1(const CPtrArray& table, CStringArray& list);
     /// Decodes a raw list and appends the table to the entity list. 0.
     int SetAttributeDataArray2(const CStringArray& list);
+    /// Appends the entity's table, or its raw list, as ReadData and ReadData3 do. What
+    /// GetExtensionElementData returned.
     int ObjectIDReadData(AcDbObjectId entity);
     int ObjectIDReadData3(AcDbObjectId entity, CPtrArray* out);
 
-    /// Reads a table file into new CStringArray rows. 0, or -1 when nothing was read.
+    /// Reads a table file, see ZuComn_ReadConfigFile, and appends its records to `rows`; the caller frees
+    /// them with DeleteCPtrArray1. 0, or -1 with nothing appended when there is no separator, no such file or
+    /// no record in it. The flag is not used.
     static int ReadConfigFile(const wchar_t* path, CPtrArray& rows, int linesToSkip, const wchar_t* columns,
                               const wchar_t* separator, int flag);
     /// True when a column number (from 1) is in a comma-separated list; a null list holds every column.
@@ -133,10 +139,12 @@ protected:
     /// or -1 with the destination untouched when it is missing.
     static int GetEnv(CString& destination, int kind, const wchar_t* iniFile, const wchar_t* section,
                       const wchar_t* key);
-    /// The attribute file that belongs to a part file.
+    /// The attribute file that belongs to a part file, in the same folder: a .csv or .csw file itself, else
+    /// the part's name with the ending .csv. Drawings NAME-NN.dxf, NN being two digits, share NAME.csv.
     static CString GetCsvFileName(const CString& partFile);
     /// The part's name: the attribute file's without folder and ending.
     static CString GetPartsName(const CString& partFile);
+    /// Appends the table of a part's attribute file, as ReadData and ReadData2 do with their modes that add.
     int AttributeFileReadData(const CString& partFile);
     int AttributeFileReadData2(const CString& partFile);
 

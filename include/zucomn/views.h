@@ -26,10 +26,12 @@ class CAttView_ZU;
 /// values that the user picks; what becomes of them is others' business.
 ///
 /// Items stand in the category "共通" when every entity shown has them, else in "一般", ordered by attribute
-/// id. An item can be edited when the parameter table marks its id so, others are greyed. It offers the texts
-/// of the parameter table that go with its kind; an empty one among them, or none at all, lets the user type
-/// a value. The tables are read when the first view is made; without settings or tables the list has neither
-/// names nor choices.
+/// id; strings without an id and an id's second occurrence in one record are left out. An item can be edited
+/// when the parameter table marks its id so, others are greyed. It offers the texts of the parameter table
+/// for its id, an item whose value begins with "E" those of all kinds but "A" and "P", one that begins with
+/// "A" or "P" those of all kinds but "E"; "S501" offers all. An empty text among them, or none at all, lets
+/// the user type a value. The tables are read when the first view is made, missing ones with each later view;
+/// without settings or tables the list has neither names nor choices.
 class ZUCOMN_API CAttView : public CView {
     DECLARE_DYNCREATE(CAttView)
 
@@ -213,7 +215,9 @@ public:
     /// Writes the values of the list to the "ZU_ATTR" record of every entity, as one undo step, and sends
     /// "ZU_ATTREDIT_SEC3D" to the host. Passed over are entities that can't be opened or are on locked layers
     /// (the user is told of each), items that an entity lacks or that may not be edited, the value "*各種*".
-    /// Nothing is written when settings or parameter table can't be read.
+    /// Nothing is written when settings or parameter table can't be read. How many of the changed entities
+    /// have a mounting height, the value "S401", that is no number is told on the command line: section
+    /// drawings can't place those.
     void OnUpdateAttributes();
     /// Nonzero when the entity's layer is locked; the user is then told its name.
     static int layerLockState(AcDbObjectId entity);
