@@ -1,6 +1,7 @@
 #include <zucomn/attributes.h>
 
 #include "attribute_rows.h"
+#include "frame/line_splitter.h"
 
 #include <zucomn/frame.h>
 #include <zucomn/tables.h>
@@ -13,14 +14,12 @@ namespace {
 
 constexpr const wchar_t* kSettingsSection = L"環境設定";
 
-struct FilePath {
-    CString folder; ///< Without the last separator; empty when the path has none.
-    CString name;
-};
+int lastSeparator(const CString& path) {
+    return std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/'));
+}
 
-FilePath takeApart(const CString& path) {
-    const int separator = std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/'));
-    return {path.Left(separator < 0 ? 0 : separator), path.Mid(separator + 1)};
+CString fileName(const CString& path) {
+    return path.Mid(lastSeparator(path) + 1);
 }
 
 bool endsWith(const CString& text, const wchar_t* ending) {
@@ -50,23 +49,10 @@ CString baseName(const CString& name) {
     return mark < 0 ? withoutEnding(name) : name.Left(mark);
 }
 
-CString joined(const CString& folder, const CString& name) {
-    return folder.IsEmpty() ? name : folder + L"\\" + name;
-}
-
-/// The kept fields of a line, without the blanks at their ends.
-std::unique_ptr<CStringArray> rowOf(const CString& line, wchar_t separator, const wchar_t* columns,
-                                    bool (*keeps)(const wchar_t*, int)) {
-    auto row = std::make_unique<CStringArray>();
-    int start = 0;
-    for (int column = 1; start >= 0; ++column) {
-        const int end = line.Find(separator, start);
-        CString field = end < 0 ? line.Mid(start) : line.Mid(start, end - start);
-        if (keeps(columns, column))
-            row->Add(field.TrimRight(L' '));
-        start = end < 0 ? -1 : end + 1;
-    }
-    return row;
+/// The path of another file in the same folder.
+CString beside(const CString& path, const CString& name) {
+    const int separator = lastSeparator(path);
+    return separator < 0 ? name : path.Left(separator) + L"\\" + name;
 }
 
 } // namespace
@@ -74,12 +60,11 @@ std::unique_ptr<CStringArray> rowOf(const CString& line, wchar_t separator, cons
 CString CAttributeData::GetCsvFileName(const CString& partFile) {
     if (endsWith(partFile, L".csv") || endsWith(partFile, L".csw"))
         return partFile;
-    const FilePath path = takeApart(partFile);
-    return joined(path.folder, baseName(path.name) + L".csv");
+    return beside(partFile, baseName(fileName(partFile)) + L".csv");
 }
 
 CString CAttributeData::GetPartsName(const CString& partFile) {
-    return withoutEnding(takeApart(GetCsvFileName(partFile)).name);
+    return withoutEnding(fileName(GetCsvFileName(partFile)));
 }
 
 int CAttributeData::findFile(const wchar_t* path) {
@@ -87,14 +72,7 @@ int CAttributeData::findFile(const wchar_t* path) {
 }
 
 bool CAttributeData::checkIndex(const wchar_t* columns, int column) {
-    if (columns == nullptr)
-        return true;
-    const CString list(columns);
-    int start = 0;
-    for (CString piece = list.Tokenize(L",", start); start >= 0; piece = list.Tokenize(L",", start))
-        if (_wtoi(piece) == column)
-            return true;
-    return false;
+    return zu::ColumnSelection(columns).keeps(column);
 }
 
 int CAttributeData::GetEnv(CString& destination, int kind, const wchar_t* iniFile, const wchar_t* section,
@@ -112,27 +90,12 @@ int CAttributeData::GetEnv(CString& destination, int kind, const wchar_t* iniFil
 }
 
 int CAttributeData::ReadConfigFile(const wchar_t* path, CPtrArray& rows, int linesToSkip,
-                                   const wchar_t* columns, const wchar_t* separator, int /*flag*/) {
-    if (separator == nullptr || findFile(path) == 0)
+                                   const wchar_t* columns, const wchar_t* separator, int flag) {
+    CPtrArray read;
+    if (separator == nullptr || ZuComn_ReadConfigFile(path, read, linesToSkip, columns, separator, flag) != 0)
         return -1;
-    const int before = rows.GetSize();
-    try {
-        CStdioFile file;
-        if (!file.Open(path, CFile::modeRead | CFile::shareDenyWrite | CFile::typeText))
-            return -1;
-        CString line;
-        for (int i = 0; i < linesToSkip && file.ReadString(line); ++i) {
-        }
-        while (file.ReadString(line)) {
-            line.TrimRight(L' ');
-            const bool isComment = !line.IsEmpty() && line[0] == L'#';
-            if (!line.IsEmpty() && !isComment)
-                rows.Add(rowOf(line, *separator, columns, &checkIndex).release());
-        }
-    } catch (const CFileException&) {
-        return -1;
-    }
-    return rows.GetSize() > before ? 0 : -1;
+    rows.Append(read);
+    return 0;
 }
 
 namespace {
@@ -144,9 +107,9 @@ CString findAttributeFile(const CString& path, int (*isThere)(const wchar_t*),
         return path;
     for (const wchar_t* const key : {L"経路部品", L"標準部品"}) {
         CString folder;
-        if (setting(folder, 0, ZUCE_INIFILE, kSettingsSection, key) != 0)
+        if (setting(folder, 0, ZUCE_INIFILE, kSettingsSection, key) != 0 || folder.IsEmpty())
             continue;
-        CString candidate = joined(folder, takeApart(path).name);
+        CString candidate = folder + L"\\" + fileName(path);
         if (isThere(candidate) != 0)
             return candidate;
     }

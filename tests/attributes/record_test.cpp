@@ -118,11 +118,18 @@ TEST(AttributeRecord, LookUpsFindByStart) {
 
 TEST(AttributeFiles, BelongToPartsByName) {
     const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-        {L"C:\\p\\pipe-01.dxf", L"C:\\p\\pipe.csv"},  {L"C:\\p\\pipe-02.DXF", L"C:\\p\\pipe.csv"},
-        {L"C:\\p\\pipe-1.dxf", L"C:\\p\\pipe-1.csv"}, {L"C:\\p\\pipe-01.txt", L"C:\\p\\pipe-01.csv"},
-        {L"C:\\p-12.x\\a.dxf", L"C:\\p-12.x\\a.csv"}, {L"C:\\p\\a-b-12.dxf", L"C:\\p\\a-b.csv"},
-        {L"C:\\p\\a-123.dxf", L"C:\\p\\a-123.csv"},   {L"C:\\p\\any.CSW", L"C:\\p\\any.CSW"},
-        {L"C:\\p\\plain", L"C:\\p\\plain.csv"},       {L"pipe-01.dxf", L"pipe.csv"},
+        {L"C:\\p\\pipe-01.dxf", L"C:\\p\\pipe.csv"},
+        {L"C:\\p\\pipe-02.DXF", L"C:\\p\\pipe.csv"},
+        {L"C:\\p\\pipe-1.dxf", L"C:\\p\\pipe-1.csv"},
+        {L"C:\\p\\pipe-01.txt", L"C:\\p\\pipe-01.csv"},
+        {L"C:\\p-12.x\\a.dxf", L"C:\\p-12.x\\a.csv"},
+        {L"C:\\p\\a-b-12.dxf", L"C:\\p\\a-b.csv"},
+        {L"C:\\p\\a-123.dxf", L"C:\\p\\a-123.csv"},
+        {L"C:\\p\\any.CSW", L"C:\\p\\any.CSW"},
+        {L"C:\\p\\plain", L"C:\\p\\plain.csv"},
+        {L"pipe-01.dxf", L"pipe.csv"},
+        {L"\\pipe-01.dxf", L"\\pipe.csv"},
+        {L"/p/pipe.x.dxf", L"/p\\pipe.x.csv"},
     };
     for (const auto& [part, file] : cases)
         EXPECT_EQ(Attributes::GetCsvFileName(part), file) << zuhost::toUtf8(part);
@@ -159,7 +166,7 @@ TEST(AttributeFiles, AreReadWithNamesFromTheTitleTable) {
 
 TEST(AttributeFiles, SkipLinesAndKeepColumns) {
     const TemporaryFolder folder;
-    folder.write("t.csv", "skipped\na|b |c\n   \n# note\nd||f\n");
+    folder.write("t.csv", "skipped\na|b |c\n   \n# note\nd||f\nend\nx|y|z\n");
     CPtrArray rows;
     EXPECT_EQ(Attributes::ReadConfigFile(folder.wide("t.csv").c_str(), rows, 1, L"3,2", L"|", 0), 0);
     ASSERT_EQ(rows.GetSize(), 2);
