@@ -36,8 +36,13 @@ enum class Outcome { changed, noAttribute, failed };
 Outcome setAttribute(AcDbObjectId id, const CString& key, const CString& value) {
     CStringArray record;
     ApiComn_extractAttributesArrayID(id, kApplication, record);
-    if (CAttributeData::SetAtAtt(&record, key, value) != 0)
+    const int place = CAttributeData::FindAtt(&record, key);
+    if (place < 0)
         return Outcome::noAttribute;
+    // What no "|" ends would be dropped.
+    if (record[place].Find(L'|', key.GetLength()) < 0)
+        record[place] += L"|";
+    CAttributeData::SetAtAtt(&record, key, value);
     return ApiComn_appendAttributesArray(id, kApplication, record) == 0 ? Outcome::changed : Outcome::failed;
 }
 

@@ -52,6 +52,8 @@ void print(const AttributeEdit& edit, bool asJson) {
 void run(const Options& options) {
     if (options.value.find('|') != std::string::npos)
         throw WrongUsage("a value can't hold \"|\": the record parts its fields with it");
+    if (options.value.find_first_of("\r\n") != std::string::npos)
+        throw WrongUsage("a value can't hold a line end");
     const SettingsFile settings(options.settings);
     if (!options.settings.empty() && !mayEditAttribute(options.key))
         throw Failure("attribute " + options.key + " may not be edited, says the parameter table");

@@ -62,7 +62,12 @@ with tempfile.TemporaryDirectory() as folder:
     check(one["changed"] == ["10E"] and one["skipped"][0]["handle"] == "106", "only the elements asked for")
     rows = run_json("attributes", out, "10E")
     check(rows[0][4] == "850㎥/h", "the value that was written")
-    run("set-attribute", floor, "S401", "a|b", "-o", out, status=2)
+    for value in ("a|b", "a\nb"):
+        run("set-attribute", floor, "S401", value, "-o", out, status=2)
+    with open(floor, "rb") as f, open(out, "wb") as g:
+        g.write(f.read().replace("S401|2700|E|取付高|1|1|".encode(), b"S401|2700"))
+    run("set-attribute", out, "S401", "2400", "--handles", "110", "-o", out)
+    check(run_json("attributes", out, "110")[0][3:6] == ["S401", "2400", ""], "a value that no bar ends is replaced")
     run("set-attribute", floor, "S999", "x", "-o", out, status=1)
     run("set-attribute", floor, "S401", "x", "-o", os.path.join(folder, "missing", "x.dxf"), status=1)
     damaged = os.path.join(folder, "damaged.dxf")

@@ -82,8 +82,8 @@ TEST_F(Model, ChoicesDependOnTheKindOfTheItem) {
 
 TEST_F(Model, SeveralEntitiesShareItems) {
     const CStringArray* const lists[] = {
-        &strings({L"3|A|B|", L"S1|x|0|0|1|1|", L"S2|same|", L"S2|unreachable|"}),
-        &strings({L"3|A|B|", L"S2|same|", L"S3|only", L"", L"S1|y|"})};
+        &strings({L"3|A|B|", L"S1|x|0|0|1|1|", L"S2|same |", L"S2|unreachable|"}),
+        &strings({L"3|A|B|", L"S2|same|", L"S3|only  ", L"", L"S1|y|"})};
     const std::vector<zu::ShownItem> items = zu::shownItems(lists);
     ASSERT_EQ(items.size(), 3U);
     EXPECT_TRUE(items[0].key == L"S1|" && items[0].value == L"*各種*" && items[0].shared);
@@ -96,12 +96,17 @@ TEST_F(Model, OnlyEditableAndMeantValuesAreWritten) {
     const zu::ParameterIndex index(table({{L"S1", L"", L"x", L"1"},
                                           {L"S2", L"", L"x", L"0"},
                                           {L"S3", L"", L"x", L"1"},
-                                          {L"S4", L"", L"x", L"1"}}));
-    CStringArray& list = strings({L"4|A|B|", L"S1|old|0|tail|", L"S2|fixed|", L"S3|own|", L"S4|bar|"});
-    const std::vector<zu::ShownItem> items = {
-        {L"S1|", L"new"}, {L"S2|", L"new"}, {L"S3|", L"*各種*"}, {L"S4|", L"a|b"}, {L"S9|", L"absent"}};
+                                          {L"S4", L"", L"x", L"1"},
+                                          {L"S5", L"", L"x", L"1"},
+                                          {L"S6", L"", L"x", L"1"}}));
+    CStringArray& list = strings({L"6|A|B|", L"S1|old|0|tail|", L"S2|fixed|", L"S3|own|", L"S4|bar|",
+                                  L"S5|not ended", L"S6|same |0|"});
+    const std::vector<zu::ShownItem> items = {{L"S1|", L"new"},   {L"S2|", L"new"}, {L"S3|", L"*各種*"},
+                                              {L"S4|", L"a|b"},   {L"S5|", L"new"}, {L"S6|", L"same"},
+                                              {L"S9|", L"absent"}};
     EXPECT_TRUE(zu::applyItems(list, zu::writableItems(items, index)));
-    const Texts expected = {L"4|A|B|", L"S1|new|0|tail|", L"S2|fixed|", L"S3|own|", L"S4|bar|"};
+    const Texts expected = {L"6|A|B|",  L"S1|new|0|tail|", L"S2|fixed|",  L"S3|own|",
+                            L"S4|bar|", L"S5|new|",        L"S6|same |0|"};
     int place = 0;
     for (const wchar_t* text : expected)
         EXPECT_TRUE(list[place++] == text) << place;

@@ -2,6 +2,7 @@
 
 #include "attributes/attribute_rows.h"
 #include "attributes/model/field_rules.h"
+#include "frame/line_splitter.h"
 
 #include <zucomn/attributes.h>
 
@@ -11,6 +12,11 @@
 namespace zu {
 
 namespace {
+
+/// Blanks at the end of a value don't count.
+std::wstring_view valueIn(const CString& text) {
+    return withoutTrailingSpaces(attributeFieldIn(text.view(), 2));
+}
 
 struct Occurrence {
     std::size_t place = 0;
@@ -29,7 +35,7 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
             const std::wstring_view id = attributeFieldIn(list[i].view(), 1);
             if (id.empty())
                 continue;
-            const std::wstring_view value = attributeFieldIn(list[i].view(), 2);
+            const std::wstring_view value = valueIn(list[i]);
             const auto found = byId.find(id);
             if (found == byId.end()) {
                 byId.emplace(id, Occurrence{items.size(), 1, entity});
@@ -63,8 +69,11 @@ bool applyItems(CStringArray& list, std::span<const ShownItem> writable) {
     bool changed = false;
     for (const ShownItem& item : writable) {
         const int place = CAttributeData::FindAtt(&list, item.key);
-        if (place < 0 || attributeFieldIn(list[place].view(), 2) == item.value.view())
+        if (place < 0 || valueIn(list[place]) == item.value.view())
             continue;
+        // What no "|" ends would be dropped.
+        if (list[place].Find(L'|', item.key.GetLength()) < 0)
+            list[place] += L'|';
         changed = CAttributeData::SetAtAtt(&list, item.key, item.value) == 0 || changed;
     }
     return changed;

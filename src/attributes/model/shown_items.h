@@ -15,8 +15,8 @@ struct ShownItem {
 
 /// The items of raw attribute lists, in the order in which they first occur; a value that is not the same on
 /// all entities that have the item is "*各種*". Headers and strings without an id are left out, and so is an
-/// id's second occurrence in one list, which no look-up reaches. Takes time linear in the strings, times the
-/// logarithm of the different ids.
+/// id's second occurrence in one list, which no look-up reaches. Blanks at the end of values are left out.
+/// Takes time linear in the strings, times the logarithm of the different ids.
 [[nodiscard]] std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists);
 
 /// The items of the property list that may be written: without such that may not be edited, whose value is
