@@ -20,7 +20,8 @@ void readIfEmpty(CPtrArray& table, const CString& folder, const wchar_t* file) {
 
 AttributeTables& AttributeTables::instance() {
     static AttributeTables tables;
-    tables.readMissing();
+    if (tables.triedFor_ != ZUCE_INIFILE)
+        tables.readMissing();
     return tables;
 }
 
@@ -35,12 +36,10 @@ void AttributeTables::clear() {
 }
 
 void AttributeTables::readMissing() {
-    const bool isComplete = !titles_.IsEmpty() && !parameters_.IsEmpty();
-    if (isComplete || triedFor_ == ZUCE_INIFILE)
-        return;
     triedFor_ = ZUCE_INIFILE;
+    const bool isComplete = !titles_.IsEmpty() && !parameters_.IsEmpty();
     CString folder;
-    if (ZuComn_GetEnv(folder, ZUCE_INIFILE, L"環境設定", L"標準部品") != 0)
+    if (isComplete || ZuComn_GetEnv(folder, ZUCE_INIFILE, L"環境設定", L"標準部品") != 0)
         return;
     readIfEmpty(parameters_, folder, L"属性IDパラメータ.csv");
     readIfEmpty(titles_, folder, L"属性IDタイトル.csv");

@@ -8,9 +8,13 @@ namespace zu {
 /// the parameter table (id, kind letter, text offered, editable).
 class AttributeTables {
 public:
-    /// The one copy of the library. A table that is still empty is read from the standard-parts folder of the
-    /// settings file, once for each settings file named; it is then kept until the library goes.
+    /// The one copy of the library. Reads the missing tables when they are asked for the first time with a
+    /// settings file.
     static AttributeTables& instance();
+
+    /// Reads a table that is still empty from the standard-parts folder of the settings file; what is read is
+    /// kept until the library goes.
+    void readMissing();
 
     ~AttributeTables();
     AttributeTables(const AttributeTables&) = delete;
@@ -24,7 +28,6 @@ public:
 
 private:
     AttributeTables() = default;
-    void readMissing();
 
     CPtrArray titles_;
     CPtrArray parameters_;

@@ -24,7 +24,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 
 namespace {
 
@@ -200,6 +202,17 @@ TEST_F(FrameTest, ButtonWritesWhatWasChangedAsOneUndoStep) {
     EXPECT_EQ(drawing_.value(kSecondDuct, L"S302"), L"400");
 }
 
+TEST_F(FrameTest, ValuesOfOneSelectionAreNotWrittenToTheNext) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kPipe}));
+    const std::wstring height = drawing_.value(kPipe, L"S401");
+    frame_.GetRightPane()->SetValue(L"S401", L"1");
+    lines().SetItemState(-1, 0, LVIS_SELECTED);
+    lines().SetItemState(lines().GetItemCount() - 1, LVIS_SELECTED, LVIS_SELECTED);
+    frame_.GetLeftPane()->OnUpdateAttributes();
+    EXPECT_EQ(drawing_.value(kPipe, L"S401"), height);
+    EXPECT_EQ(shown(L"S401|"), height);
+}
+
 TEST_F(FrameTest, KeysEditInPlace) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
     CPropertyListCtrl& list = properties();
@@ -299,6 +312,11 @@ TEST_F(FrameTest, ValuesAreSetByKeyAndPartsShown) {
     keys.RemoveAll();
     view.AddGrid(CString(settings_.folder().wide("parts/fitting-01.dxf")), &keys);
     EXPECT_GT(keys.GetSize(), 2);
+    settings_.folder().write("parts/pipe.csv", "S303|25a|P|||1|\n");
+    view.AddGrid(CString(settings_.folder().wide("parts/pipe.csv")), nullptr);
+    click(properties(), 1, true);
+    ASSERT_TRUE(properties().EndEdit(true));
+    EXPECT_EQ(shown(L"S303|"), L"25a") << "not the choice 25A while none was chosen";
     view.AddGrid(L"missing.dxf", nullptr);
     EXPECT_EQ(view.pane().manager().GetItemCount(), 0);
 }
@@ -326,6 +344,23 @@ TEST(AttributeFrames, ShowKeysWithoutSettings) {
     frame->GetLeftPane()->OnUpdateAttributes();
     EXPECT_TRUE(observer.boxes().empty());
     frame->DestroyWindow();
+}
+
+TEST(AttributeFrames, ReadTablesThatWereMissingBefore) {
+    zu::AttributeTables::instance().clear();
+    const SampleSettings settings;
+    const std::filesystem::path titles = settings.folder().path() / "system" / "属性IDタイトル.csv";
+    std::filesystem::rename(titles, titles.string() + ".old");
+    for (const wchar_t* const name : {L"", L"サイズ"}) {
+        auto* const frame = new CAttFrameWnd;
+        ASSERT_TRUE(frame->Create(nullptr, L"属性"));
+        EXPECT_EQ(text(CAttributeData::GetItemName(L"S302")), name);
+        frame->DestroyWindow();
+        if (*name == L'\0')
+            std::filesystem::rename(titles.string() + ".old", titles);
+    }
+    std::filesystem::remove(titles);
+    EXPECT_EQ(text(CAttributeData::GetItemName(L"S302")), L"サイズ") << "kept";
 }
 
 /// The view that writes at once, alone in a frame.
@@ -374,6 +409,21 @@ TEST_F(AViewTest, WritesAChosenValueToAllThatAreNotLocked) {
     EXPECT_EQ(drawing_.value(kPipe, L"S302"), size);
     EXPECT_EQ(drawing_.value(kDuct, L"S501"), use);
     EXPECT_NE(zuhost::pendingInput().find(L"ZU_ATTREDIT_SEC3D"), std::wstring::npos);
+}
+
+TEST_F(AViewTest, KeepsWhatIsChangedInAPartsAttributes) {
+    view_->AddListView(drawing_.find(kDuct), nullptr);
+    const std::wstring height = drawing_.value(kDuct, L"S401");
+    view_->AddGrid(CString(settings_.folder().wide("parts/fitting-01.dxf")), nullptr);
+    view_->SetValue(L"S401", L"1");
+    view_->OnUpdateAttributes();
+    CStringArray keys;
+    CStringArray values;
+    view_->GetAttAll(keys, values);
+    ASSERT_FALSE(keys.IsEmpty());
+    const auto* const place = std::find(keys.GetData(), keys.GetData() + keys.GetSize(), L"S401|");
+    EXPECT_EQ(text(values[static_cast<int>(place - keys.GetData())]), L"1");
+    EXPECT_EQ(drawing_.value(kDuct, L"S401"), height);
 }
 
 } // namespace

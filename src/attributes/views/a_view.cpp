@@ -99,5 +99,6 @@ long CAView::OnSelChangeList(WPARAM /*wParam*/, LPARAM /*lParam*/) {
 
 void CAView::OnUpdateAttributes() {
     zu::applyToEntities(*m_pane, spanOf(m_entities));
-    m_pane->showEntities(spanOf(m_entities), nullptr);
+    if (!m_entities.isEmpty())
+        m_pane->showEntities(spanOf(m_entities), nullptr);
 }

@@ -83,7 +83,7 @@ bool AttributePane::create(CWnd& view) {
         return false;
     list_.SetFont(CFont::FromHandle(static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT))));
     list_.SetManager(&manager_);
-    AttributeTables::instance();
+    AttributeTables::instance().readMissing();
     return true;
 }
 

@@ -101,6 +101,8 @@ void CEntView::Synchronise() {
 }
 
 void CEntView::OnUpdateAttributes() {
+    if (m_synchronises)
+        Synchronise(); // the values that are shown yet are those of other entities
     CAttView* const attributes = attributesBeside(*this);
     if (attributes == nullptr || !attributes->pane().list().EndEdit(true))
         return;

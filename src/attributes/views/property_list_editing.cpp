@@ -3,6 +3,8 @@
 
 #include <zucomn/property_list.h>
 
+#include <algorithm>
+
 namespace {
 
 constexpr UINT kChoicesId = 1;
@@ -12,6 +14,12 @@ constexpr UINT kClosedUp = WM_APP + 1;
 
 void refuseBar() {
     AfxMessageBox(zu::libraryText(zu::text::kNoBarInValues), MB_OK | MB_ICONSTOP);
+}
+
+/// -1 for a value that is no choice. The box's own search would take one that differs in case.
+int placeOf(const CString& value, const std::vector<CString>& choices) {
+    const auto found = std::find(choices.begin(), choices.end(), value);
+    return found != choices.end() ? static_cast<int>(found - choices.begin()) : -1;
 }
 
 } // namespace
@@ -48,7 +56,7 @@ void CPropertyListCtrl::openEditor(int index, const CPropertyItem& item) {
                          kChoicesId);
         for (const CString& choice : item.choices)
             m_choices.AddString(choice);
-        m_choices.SetCurSel(m_choices.FindStringExact(-1, item.value));
+        m_choices.SetCurSel(placeOf(item.value, item.choices));
     }
     editor()->SetWindowText(item.value);
     editor()->SetFocus();
