@@ -13,8 +13,22 @@ IMPLEMENT_DYNCREATE(CListCtrl, CWnd)
 
 namespace {
 
-QItemSelection lineOf(const QAbstractItemModel& model, int row) {
-    return {model.index(row, 0), model.index(row, std::max(model.columnCount() - 1, 0))};
+QItemSelection linesOf(const QAbstractItemModel& model, int first, int last) {
+    return {model.index(first, 0), model.index(last, std::max(model.columnCount() - 1, 0))};
+}
+
+/// A line with the selected ones that it joins: lines that are selected one by one would else stay as many
+/// ranges, and every change costs time for each.
+QItemSelection runAround(const QItemSelectionModel& selection, int row) {
+    int first = row;
+    int last = row;
+    for (const QItemSelectionRange& range : selection.selection()) {
+        if (range.top() <= row && row <= range.bottom() + 1)
+            first = range.top();
+        if (range.top() <= row + 1 && row <= range.bottom())
+            last = range.bottom();
+    }
+    return linesOf(*selection.model(), first, last);
 }
 
 } // namespace
@@ -224,10 +238,10 @@ BOOL CListCtrl::SetItemState(int index, UINT state, UINT mask) {
         return FALSE;
     if ((mask & state & LVIS_FOCUSED) != 0)
         parts_->selection()->setCurrentIndex(parts_->model.index(index, 0), QItemSelectionModel::NoUpdate);
-    if ((mask & LVIS_SELECTED) != 0)
-        parts_->selection()->select(lineOf(parts_->model, index), (state & LVIS_SELECTED) != 0
-                                                                      ? QItemSelectionModel::Select
-                                                                      : QItemSelectionModel::Deselect);
+    if ((mask & state & LVIS_SELECTED) != 0)
+        parts_->selection()->select(runAround(*parts_->selection(), index), QItemSelectionModel::Select);
+    else if ((mask & LVIS_SELECTED) != 0)
+        parts_->selection()->select(linesOf(parts_->model, index, index), QItemSelectionModel::Deselect);
     return TRUE;
 }
 

@@ -3,6 +3,7 @@
 #include "temporary_folder.h"
 #include "zuhost/desktop.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QTest>
@@ -180,6 +181,19 @@ TEST_F(Windows, ListsOfLinesTellEachChangeOfState) {
     EXPECT_TRUE(lines.DeleteItem(0));
     EXPECT_TRUE(lines.GetItemText(0, 0) == L"1");
     EXPECT_FALSE(lines.DeleteItem(2));
+}
+
+TEST_F(Windows, LinesSelectedOneByOneAreOneRun) {
+    CListCtrl& lines = left().lines;
+    lines.InsertColumn(0, L"名称", LVCFMT_LEFT, 150);
+    for (int i = 0; i < 5; ++i)
+        lines.InsertItem(i, L"");
+    for (const int line : {0, 2, 1, 1, 4})
+        lines.SetItemState(line, LVIS_SELECTED, LVIS_SELECTED);
+    const auto* const view = static_cast<QAbstractItemView*>(lines.widget());
+    EXPECT_EQ(view->selectionModel()->selection().size(), 2) << "0 to 2, and 4";
+    lines.SetItemState(1, 0, LVIS_SELECTED);
+    EXPECT_EQ(heard, (Heard{L"+0", L"+2", L"+1", L"+4", L"-1"}));
 }
 
 /// Draws its rows and has a tip for each.
