@@ -26,31 +26,32 @@ bool EntityList::create(CWnd& view, std::span<const Column> columns) {
 
 void EntityList::setGroups(std::vector<CEntityGroup> groups) {
     DeleteAllItems();
-    lines_.clear();
     groups_ = std::move(groups);
 }
 
 void EntityList::fill() {
     DeleteAllItems();
-    lines_.clear();
     for (const CEntityGroup& group : groups_)
         for (const CEntityGroup::Row& row : group.rows)
             if (row.columns == nullptr || row.columns->IsEmpty())
                 AfxThrowInvalidArgException();
     SetRedraw(FALSE);
-    for (std::size_t group = 0; group < groups_.size(); ++group)
-        insertLine(GetItemCount(), {Line::kParent, group, 0, false}, groups_[group].title);
+    lines_.assign(groups_.size(), {});
+    for (std::size_t group = 0; group < groups_.size(); ++group) {
+        lines_[group].parent = {Line::kParent, group, 0, false};
+        insertLine(GetItemCount(), lines_[group].parent, groups_[group].title);
+    }
     setExpanded(0, true);
     SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     SetRedraw(TRUE);
 }
 
-void EntityList::insertLine(int index, const Line& line, const CString& text) {
+void EntityList::insertLine(int index, Line& line, const CString& text) {
     LVITEM item;
     item.mask = LVIF_TEXT | LVIF_PARAM | LVIF_INDENT;
     item.iItem = index;
     item.pszText = text;
-    item.lParam = reinterpret_cast<LPARAM>(&lines_.emplace_back(line));
+    item.lParam = reinterpret_cast<LPARAM>(&line);
     item.iIndent = line.kind == Line::kParent ? 0 : 1;
     InsertItem(&item);
 }
@@ -61,10 +62,13 @@ EntityList::Line* EntityList::lineAt(int index) const {
 
 void EntityList::insertRows(int below, std::size_t group) {
     const std::vector<CEntityGroup::Row>& rows = groups_[group].rows;
+    std::vector<Line>& lines = lines_[group].rows;
+    lines.resize(rows.size());
     for (std::size_t row = 0; row < rows.size(); ++row) {
         const CStringArray& columns = *rows[row].columns;
         const int index = below + 1 + static_cast<int>(row);
-        insertLine(index, {0, group, row, false}, columns[0]);
+        lines[row] = {0, group, row, false};
+        insertLine(index, lines[row], columns[0]);
         showTexts(index, columns);
     }
 }

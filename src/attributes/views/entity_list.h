@@ -3,7 +3,6 @@
 #include <afxcmn.h>
 #include <zucomn/views.h>
 
-#include <deque>
 #include <span>
 #include <utility>
 
@@ -57,16 +56,21 @@ private:
         std::size_t row = 0;
         bool isExpanded = false;
     };
+    /// The lines of a group, those of its rows once it was unfolded.
+    struct GroupLines {
+        Line parent;
+        std::vector<Line> rows;
+    };
 
     void showTexts(int index, const CStringArray& columns);
     [[nodiscard]] Line* lineAt(int index) const;
     void insertRows(int below, std::size_t group);
     void setExpanded(int index, bool expanded);
-    void insertLine(int index, const Line& line, const CString& text);
+    void insertLine(int index, Line& line, const CString& text);
     [[nodiscard]] int parentOf(int index) const;
 
     std::vector<CEntityGroup> groups_;
-    std::deque<Line> lines_;
+    std::vector<GroupLines> lines_; ///< By group; the list refers to them.
     COLORREF highlight_ = 0;
 };
 
