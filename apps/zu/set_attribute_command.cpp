@@ -4,6 +4,7 @@
 #include "failure.h"
 #include "output.h"
 #include "settings_file.h"
+#include "text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -49,11 +50,17 @@ void print(const AttributeEdit& edit, bool asJson) {
         std::cout << "skipped " << handleText(element.id) << ": " << element.why << '\n';
 }
 
-void run(const Options& options) {
-    if (options.value.find('|') != std::string::npos)
+void requireStorable(const std::string& value) {
+    if (value.find('|') != std::string::npos)
         throw WrongUsage("a value can't hold \"|\": the record parts its fields with it");
-    if (options.value.find_first_of("\r\n") != std::string::npos)
+    if (value.find_first_of("\r\n") != std::string::npos)
         throw WrongUsage("a value can't hold a line end");
+    if (narrow(wide(value).view()) != value)
+        throw WrongUsage("the value is no UTF-8 text");
+}
+
+void run(const Options& options) {
+    requireStorable(options.value);
     const SettingsFile settings(options.settings);
     if (!options.settings.empty() && !mayEditAttribute(options.key))
         throw Failure("attribute " + options.key + " may not be edited, says the parameter table");

@@ -62,7 +62,7 @@ with tempfile.TemporaryDirectory() as folder:
     check(one["changed"] == ["10E"] and one["skipped"][0]["handle"] == "106", "only the elements asked for")
     rows = run_json("attributes", out, "10E")
     check(rows[0][4] == "850㎥/h", "the value that was written")
-    for value in ("a|b", "a\nb"):
+    for value in ("a|b", "a\nb", "\udcff"):
         run("set-attribute", floor, "S401", value, "-o", out, status=2)
     with open(floor, "rb") as f, open(out, "wb") as g:
         g.write(f.read().replace("S401|2700|E|取付高|1|1|".encode(), b"S401|2700"))
