@@ -13,7 +13,7 @@
 #include <zucomn/attributes.h>
 
 #include <charconv>
-#include <optional>
+#include <cmath>
 #include <set>
 
 namespace zu {
@@ -55,7 +55,7 @@ private:
     std::set<AcDbDatabase*> drawings_;
 };
 
-std::optional<double> numberIn(const CString& text) {
+bool isNumber(const CString& text) {
     std::string digits;
     for (const wchar_t c : text.view())
         digits += static_cast<char32_t>(c) < 0x80 ? static_cast<char>(c) : '?';
@@ -63,13 +63,13 @@ std::optional<double> numberIn(const CString& text) {
     const char* const last = digits.data() + digits.size();
     double number = 0.0;
     const auto [end, error] = std::from_chars(first, last, number);
-    return error == std::errc() && end == last ? std::optional(number) : std::nullopt;
+    return error == std::errc() && end == last && std::isfinite(number);
 }
 
 /// False for a record whose mounting height is no number; one without a height is all right.
 bool canBePlaced(const CStringArray& record) {
     const CString height = CAttributeData::GetValueAtt(&record, kMountingHeight).Trim();
-    return height.IsEmpty() || numberIn(height).has_value();
+    return height.IsEmpty() || isNumber(height);
 }
 
 struct Outcome {

@@ -43,8 +43,7 @@ void appendItems(const CString& text, CStringArray& lines);
 [[nodiscard]] std::vector<ShownItem> shownItemsOf(const CStringArray& lines);
 
 /// Puts the values of the property list into the lines. As with entities, items that may not be edited, the
-/// value
-/// "*各種*" and values that no line can keep are passed over.
+/// value "*各種*" and values that no line can keep are passed over.
 void applyToLines(CStringArray& lines, std::span<const ShownItem> items, const ParameterIndex& parameters);
 
 /// What a line is called: the display name of its attribute, else the name in the line itself (its fourth
