@@ -25,8 +25,9 @@ if(ZU_SANITIZE)
   add_link_options(-fsanitize=${ZU_SANITIZE})
 endif()
 
-# The fuzzer is guided by the coverage of the libraries, not of its targets alone.
-if(ZU_BUILD_FUZZ)
+# The fuzzer is guided by the coverage of the libraries, not of its targets alone. The sanitizers bring what is called
+# for it to every program; without them the targets are only built, so that they are checked like other code.
+if(ZU_BUILD_FUZZ AND ZU_SANITIZE)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
