@@ -309,7 +309,8 @@ class ZUCOMN_API CAcadDxf : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(CAcadDxf);
 
-    static constexpr int kWhite = 1;       ///< Colour option: the default colour is 7 instead of 1.
+    static constexpr int kWhite = 1;       ///< Colour option: the default colour is 7 instead of 1. Any other
+                                           ///< number but 0 does the same.
     static constexpr int kStrictTable = 1; ///< Table option: binary group codes beyond early part drawings
                                            ///< end the reading.
     static constexpr int kNoEntities = 1;  ///< Drawing option: header, tables and blocks only.
@@ -330,7 +331,8 @@ public:
     [[nodiscard]] int GetAsciiFlag() const { return ascii_; }
     /// 1015 for $ACADVER AC1015; 0 without one.
     [[nodiscard]] int GetVersion() const { return version_; }
-    /// The extents of the header; all 0 when it has none.
+    /// The extents of the header, or of the header line of a ".zuf" file that was read later; all 0 when
+    /// there are none.
     void GetSave(double& minX, double& minY, double& maxX, double& maxY) const;
     [[nodiscard]] const CObList& GetLayers() const { return layers_; }     ///< CLayer.
     [[nodiscard]] const CObList& GetBlocks() const { return blocks_; }     ///< CBlock.
@@ -362,15 +364,17 @@ public:
     int LoadDxf(const wchar_t* path);
     int LoadDxf(const CStringArray& lines);
 
-    /// Reads the next record that is no comment; 0 at the end or on failure, and the current record stays.
+    /// Reads the next record that is no comment; 0 at the end or on failure: the current record then keeps
+    /// its code, but not its value.
     int GetRecord();
     [[nodiscard]] int GetCode() const;
-    /// The current value as text, real number or integer; the numbers of a text record are 0.
+    /// The current value as text, real number or integer; a number is 0 where the group code means another
+    /// kind of value.
     [[nodiscard]] CString GetText() const;
     [[nodiscard]] double GetReal() const;
     [[nodiscard]] int GetInteger() const;
     /// Delivers the next bytes of a binary file, in order and without gaps; returns how many there were. The
-    /// buffer has to hold that many bytes.
+    /// buffer has to hold that many bytes. The current record keeps its code, but not its value.
     int ReadBinData(wchar_t* buffer, int count);
     /// Reads at least one record, then on until one with the code and, when a name is given, that value; 0 at
     /// the end of the input.
@@ -386,8 +390,10 @@ public:
 
     // ---- ".zuf" files
 
-    /// Reads the ".zuf" file of the drawing's path into the lines; false when there is none.
+    /// Reads the ".zuf" file of the drawing's path into the lines; false, and nothing is changed, when there
+    /// is none. Lines that begin with "H" set the extents; what the others mean is up to the caller.
     bool LoadZufData();
+    /// Takes the lines of such a file; always true.
     bool LoadZufData(const CStringArray& lines);
     /// The n-th member of a line whose members are parted by runs of blanks; 0 is what comes before the
     /// first. -1 and an empty text when the line has fewer than n runs.

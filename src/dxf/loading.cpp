@@ -52,7 +52,7 @@ void CAcadDxf::skipTo(std::string_view end) {
 }
 
 void CAcadDxf::loadEntities() {
-    defaultColor_ = colorOption_ == kWhite ? 7 : 1;
+    defaultColor_ = colorOption_ != 0 ? 7 : 1;
     LoadEnt(entities_);
 }
 

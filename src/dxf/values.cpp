@@ -40,16 +40,16 @@ int BinaryForm::integer(std::string_view value) {
 }
 
 double realOf(const zuhost::dxf::Record& record, bool binary) {
-    if (!binary)
-        return AsciiForm::real(record.value);
-    return zuhost::dxf::valueType(record.code) == ValueType::real ? BinaryForm::real(record.value) : 0;
+    // Nothing is left of the value where reading has ended.
+    if (record.value.empty() || zuhost::dxf::valueType(record.code) != ValueType::real)
+        return 0;
+    return binary ? BinaryForm::real(record.value) : AsciiForm::real(record.value);
 }
 
 int integerOf(const zuhost::dxf::Record& record, bool binary) {
-    if (!binary)
-        return AsciiForm::integer(record.value);
-    return zuhost::dxf::isInteger(zuhost::dxf::valueType(record.code)) ? BinaryForm::integer(record.value)
-                                                                       : 0;
+    if (!zuhost::dxf::isInteger(zuhost::dxf::valueType(record.code)))
+        return 0;
+    return binary ? BinaryForm::integer(record.value) : AsciiForm::integer(record.value);
 }
 
 } // namespace zu::dxf

@@ -39,6 +39,7 @@ struct BinaryForm {
     static int integer(std::string_view value);
 };
 
+/// 0 for a record whose group code means something else.
 [[nodiscard]] double realOf(const zuhost::dxf::Record& record, bool binary);
 [[nodiscard]] int integerOf(const zuhost::dxf::Record& record, bool binary);
 

@@ -2,6 +2,7 @@
 
 #include "drawing/number_text.h"
 
+#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -14,7 +15,8 @@ double numberOf(const CString& text) {
     std::string digits;
     for (const wchar_t c : wide)
         digits += c > 0 && c < 0x80 ? static_cast<char>(c) : '?';
-    return zuhost::parseReal(digits).value_or(0);
+    const double number = zuhost::parseReal(digits).value_or(0);
+    return std::isfinite(number) ? number : 0;
 }
 
 /// The path with the three characters after its last point replaced.

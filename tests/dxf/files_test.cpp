@@ -113,6 +113,9 @@ TEST(Files, ZufLinesAndExtents) {
     lines.Add(L"H -1 2.5 x");
     EXPECT_TRUE(part.LoadZufData(lines));
     EXPECT_EQ(extentsOf(part), (std::array<double, 4>{-1, 2.5, 0, 50}));
+    lines.Add(L"H 1e999 nan");
+    EXPECT_TRUE(part.LoadZufData(lines));
+    EXPECT_EQ(extentsOf(part), (std::array<double, 4>{0, 0, 0, 50}));
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+
 namespace zu::test {
 namespace {
 
@@ -131,14 +133,31 @@ TEST(Reading, RecordsOneByOne) {
     ASSERT_EQ(reader.GetRecord(), 1);
     EXPECT_EQ(reader.GetCode(), 40);
     EXPECT_EQ(reader.GetReal(), 2.5);
+    EXPECT_EQ(reader.GetInteger(), 0);
     ASSERT_EQ(reader.GetRecord(), 1);
     EXPECT_EQ(reader.GetInteger(), -3);
+    EXPECT_EQ(reader.GetReal(), 0);
     ASSERT_EQ(reader.Skip(1), 1);
     EXPECT_EQ(reader.GetText(), L"外形");
     // Skip leaves the current record even when it is the one that is wanted.
     EXPECT_EQ(reader.Skip(1, L"b"), 1);
     EXPECT_EQ(reader.Skip(0), 0);
     EXPECT_EQ(reader.GetRecord(), 0);
+}
+
+TEST(Reading, NothingIsLeftOfARecordAfterTheEnd) {
+    std::string real;
+    append(real, 40, 2);
+    append(real, std::bit_cast<std::uint64_t>(2.5), 8);
+    const PartFile file(binaryDrawing(real).substr(0, 22) + binaryText(0, "SECTION") + real + real + "?");
+    CAcadDxf reader;
+    ASSERT_TRUE(reader.Open(file.path()));
+    ASSERT_EQ(reader.Skip(40), 1);
+    EXPECT_EQ(reader.GetReal(), 2.5);
+    EXPECT_EQ(reader.Skip(70), 0);
+    EXPECT_EQ(reader.GetCode(), 40);
+    EXPECT_EQ(reader.GetReal(), 0);
+    EXPECT_EQ(reader.GetText(), L"");
 }
 
 TEST(Reading, EntitiesOutliveTheirDrawing) {
@@ -177,6 +196,7 @@ TEST(Reading, LayersBlocksAndOptions) {
     const CAcadDxf part(path, CAcadDxf::kWhite);
     EXPECT_EQ(part.GetLyColor(L"中心線"), 1);
     EXPECT_EQ(part.GetLyColor(L"no such layer"), 7);
+    EXPECT_EQ(CAcadDxf(path, 2).GetLyColor(L"no such layer"), 7);
     EXPECT_EQ(CAcadDxf(path).GetLyColor(L"no such layer"), 1);
     EXPECT_EQ(part.GetLinetype(L"中心線"), L"CENTER");
     EXPECT_EQ(part.GetLinetype(L"no such layer"), L"CONTINUOUS");
