@@ -25,6 +25,11 @@ CodePoint firstCodePoint(std::string_view utf8) {
     return {value, bytes};
 }
 
+/// Which would steer the terminal, had a drawing it in a name.
+bool isControl(char c) {
+    return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+}
+
 bool isWide(char32_t c) {
     return (c >= 0x1100 && c <= 0x115F) || (c >= 0x2E80 && c <= 0xA4CF) || (c >= 0xAC00 && c <= 0xD7A3) ||
            (c >= 0xF900 && c <= 0xFAFF) || (c >= 0xFE30 && c <= 0xFE6F) || (c >= 0xFF00 && c <= 0xFF60) ||
@@ -59,6 +64,8 @@ TextTable::TextTable(std::vector<std::string> headings) : headings_(std::move(he
 
 void TextTable::addRow(std::vector<std::string> cells) {
     cells.resize(headings_.size());
+    for (std::string& cell : cells)
+        std::replace_if(cell.begin(), cell.end(), isControl, '?');
     rows_.push_back(std::move(cells));
 }
 

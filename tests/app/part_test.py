@@ -1,0 +1,48 @@
+"""Part drawings listed and drawn: sizes and places of pictures, and drawings that mean ill."""
+import os
+import struct
+import tempfile
+
+from program import SAMPLES, check, run, run_json, sample
+
+
+def size_of_picture(path):
+    with open(path, "rb") as f:
+        start = f.read(24)
+    check(start[:8] == b"\x89PNG\r\n\x1a\n", path + " is a picture")
+    return struct.unpack(">II", start[16:])
+
+
+def check_folder(folder):
+    """Every drawing has its picture at the same place."""
+    told = run("part", "--preview-dir", folder, "--size", "64", os.path.join(SAMPLES, "parts"))
+    drawings = [os.path.relpath(os.path.join(where, name), os.path.join(SAMPLES, "parts"))
+                for where, _, names in os.walk(os.path.join(SAMPLES, "parts")) for name in names
+                if name.endswith(".dxf")]
+    check(told == "%d pictures\n" % len(drawings) and len(drawings) > 5, "number of pictures")
+    for drawing in drawings:
+        check(size_of_picture(os.path.join(folder, drawing + ".png")) == (64, 48), "size of a thumbnail")
+
+
+def check_names(folder):
+    """A name can't steer the terminal."""
+    path = os.path.join(folder, "name.dxf")
+    with open(path, "w") as f:
+        f.write("0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n0\nLAYER\n2\nl^[[31m\x7f\n0\nENDTAB\n0\nENDSEC\n0\nEOF\n")
+    listing = run("part", path)
+    check("l?[31m?" in listing and all(c.isprintable() or c == "\n" for c in listing), "control characters")
+    check(run_json("part", path)["layers"][0]["name"] == "l\x1b[31m\x7f", "JSON keeps the name")
+
+
+with tempfile.TemporaryDirectory() as folder:
+    picture = os.path.join(folder, "fan.png")
+    listing = run("part", sample("parts/binary/equip-fan.dxf"), "--preview", picture)
+    check(listing.startswith("binary, version 1015, "), "form and version")
+    check(size_of_picture(picture) == (800, 600), "size of a picture")
+    check_folder(os.path.join(folder, "pictures"))
+    check_names(folder)
+    run("part", sample("parts/fitting-01.dxf"), "--preview", os.path.join(folder, "missing", "a.png"), status=1)
+    run("part", os.path.join(folder, "missing.dxf"), status=1)
+    run("part", "--preview-dir", folder, os.path.join(folder, "missing"), status=1)
+    run("part", sample("parts/fitting-01.dxf"), "--size", "15", status=2)
+print("parts agree")
