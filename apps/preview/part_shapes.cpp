@@ -16,6 +16,9 @@ namespace {
 
 constexpr int kDeepestNesting = 16;
 constexpr int kMostEntities = 200000;
+// As many corners and control points of paths count as an entity, so that a long one that is shown many times
+// doesn't fill the memory.
+constexpr int kElementsPerEntity = 20;
 constexpr double kFarthest = 1e12;
 constexpr int kForeground = 7;
 constexpr int kFrozen = 1;
@@ -108,21 +111,24 @@ private:
         case EntType::point:
             addPoint(static_cast<const CAcPoint&>(entity), own, std::move(shape));
             return;
-        case EntType::text:
-            shape.kind = ShapeKind::fill;
-            shape.path = textShape(static_cast<const CText&>(entity));
-            break;
-        case EntType::mtext:
-            shape.kind = ShapeKind::fill;
-            shape.path = textShape(static_cast<const CMtext&>(entity));
-            break;
         default:
-            shape.path = curveOf(entity);
+            break;
         }
+        const bool isText = entity.m_type == EntType::text || entity.m_type == EntType::mtext;
+        shape.kind = isText ? ShapeKind::fill : ShapeKind::stroke;
+        shape.path = own.depth > 0 ? knownPathOf(entity) : pathOf(entity);
         add(std::move(shape), own.transform);
     }
 
-    static QPainterPath curveOf(const CEnt& entity) {
+    /// Those of blocks are made once, however often their blocks are shown.
+    const QPainterPath& knownPathOf(const CEnt& entity) {
+        const auto [place, isNew] = paths_.try_emplace(&entity);
+        if (isNew)
+            place->second = pathOf(entity);
+        return place->second;
+    }
+
+    static QPainterPath pathOf(const CEnt& entity) {
         constexpr int kClosed = 1;
         constexpr int kMeshOrFaces = 16 | 64;
         switch (entity.m_type) {
@@ -152,6 +158,10 @@ private:
                 return {};
             return bulged(pointsOf(found), (found.m_flags & kClosed) != 0);
         }
+        case EntType::text:
+            return textShape(static_cast<const CText&>(entity));
+        case EntType::mtext:
+            return textShape(static_cast<const CMtext&>(entity));
         default:
             return {};
         }
@@ -169,6 +179,7 @@ private:
     void add(Shape shape, const QTransform& transform) {
         if (shape.path.elementCount() == 0)
             return;
+        left_ -= shape.path.elementCount() / kElementsPerEntity;
         shape.path = transform.map(shape.path);
         if (isReal(shape.path.boundingRect()))
             shapes_.push_back(std::move(shape));
@@ -242,6 +253,7 @@ private:
     const CAcadDxf& part_;
     std::vector<Shape> shapes_;
     std::unordered_map<std::wstring, LayerStyle> styles_;
+    std::unordered_map<const CEnt*, QPainterPath> paths_;
     int left_ = kMostEntities;
 };
 

@@ -19,7 +19,8 @@ struct Shape {
 };
 
 /// What a part drawing shows in model space, block references and dimensions resolved. Layers that are off or
-/// frozen are left out. The number of shapes and the depth of nesting are bounded, whatever the drawing says.
+/// frozen are left out. The number of shapes, their size as a whole and the depth of nesting are bounded,
+/// whatever the drawing says.
 [[nodiscard]] std::vector<Shape> shapesOf(const CAcadDxf& part);
 
 } // namespace zu::preview

@@ -102,30 +102,33 @@ QPainterPath fitted(const CText& text, const Letters& letters) {
 
 bool breaksAfter(QChar c) {
     constexpr char16_t kFirstIdeographic = 0x2E80;
-    return c == u' ' || c.unicode() >= kFirstIdeographic;
+    return c == u' ' || (c.unicode() >= kFirstIdeographic && !c.isHighSurrogate());
 }
 
-/// Parts a line where it gets too wide, after blanks and ideographs.
+/// Parts a line where it gets too wide, after blanks and ideographs. A blank may stand beyond the width.
 QStringList wrapped(const QString& line, double width) {
+    if (width <= 0 || widthOf(line) <= width)
+        return {line};
     QStringList lines;
-    QString rest = line;
-    while (width > 0 && widthOf(rest) > width) {
-        qsizetype fits = 0;
-        double used = 0;
-        for (qsizetype i = 0; i < rest.size() && used <= width; ++i) {
-            used += widthOf(QString(rest[i]));
-            const bool mayBreak = breaksAfter(rest[i]);
-            if (mayBreak && (used <= width || rest[i] == u' '))
-                fits = i + 1;
+    qsizetype start = 0;
+    qsizetype fits = 0;   // Where the line may end,
+    double used = 0;      // how wide what stands in it is,
+    double afterFits = 0; // and how much of that would come into the next.
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        const double letter = widthOf(QString(line[i]));
+        used += letter;
+        afterFits += letter;
+        if (used > width && line[i] != u' ' && fits > start) {
+            lines += line.mid(start, fits - start).trimmed();
+            start = fits;
+            used = afterFits;
         }
-        if (fits == 0)
-            fits = rest.indexOf(u' ') + 1;
-        if (fits <= 0 || fits >= rest.size())
-            break;
-        lines += rest.left(fits).trimmed();
-        rest = rest.mid(fits);
+        if (breaksAfter(line[i])) {
+            fits = i + 1;
+            afterFits = 0;
+        }
     }
-    lines += rest;
+    lines += line.mid(start);
     return lines;
 }
 
