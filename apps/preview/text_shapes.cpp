@@ -151,7 +151,10 @@ QPainterPath textShape(const CText& text) {
     QTransform place =
         QTransform::fromTranslate(aligned ? text.m_x2 : text.m_x, aligned ? text.m_y2 : text.m_y);
     place.rotate(text.m_rotation);
-    place.scale(text.m_height, text.m_height);
+    constexpr int kBackward = 2;
+    constexpr int kUpsideDown = 4;
+    place.scale((text.m_generation & kBackward) != 0 ? -text.m_height : text.m_height,
+                (text.m_generation & kUpsideDown) != 0 ? -text.m_height : text.m_height);
     place.translate(startShift(text.m_halign, letters.width * text.m_width), baselineShift(text));
     place.scale(text.m_width, 1);
     return (oblique(text.m_oblique) * place).map(letters.path);

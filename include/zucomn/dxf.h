@@ -212,8 +212,9 @@ public:
     double m_x = 0, m_y = 0;
     double m_x2 = 0, m_y2 = 0; ///< Alignment point, where an alignment other than left, baseline needs it.
     double m_height = 0, m_width = 1, m_rotation = 0, m_oblique = 0;
-    int m_halign = 0; ///< 72: 0 left, 1 centre, 2 right, 3 aligned, 4 middle, 5 fit.
-    int m_valign = 0; ///< 73: 0 baseline, 1 bottom, 2 middle, 3 top.
+    int m_halign = 0;     ///< 72: 0 left, 1 centre, 2 right, 3 aligned, 4 middle, 5 fit.
+    int m_valign = 0;     ///< 73: 0 baseline, 1 bottom, 2 middle, 3 top.
+    int m_generation = 0; ///< 71; 2 backward, 4 upside down.
 
 private:
     friend struct zu::dxf::EntityFields;

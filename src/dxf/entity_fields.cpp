@@ -116,8 +116,8 @@ struct EntityFields::Types {
                                                         field(50, &Text::m_rotation)});
     static constexpr KeptType text{
         EntType::text, make<CText>,
-        with(writing<CText>,
-             {field(51, &CText::m_oblique), field(72, &CText::m_halign), field(73, &CText::m_valign)})};
+        with(writing<CText>, {field(51, &CText::m_oblique), field(71, &CText::m_generation),
+                              field(72, &CText::m_halign), field(73, &CText::m_valign)})};
     static constexpr KeptType mtext{
         EntType::mtext, make<CMtext>,
         with(writing<CMtext>, {entry(3, FieldKind::part), field(71, &CMtext::m_attach)})};

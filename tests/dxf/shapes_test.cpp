@@ -22,6 +22,13 @@ std::string ascii(Records records) {
     return bytes;
 }
 
+/// Letters come from the application's fonts.
+void startGraphics() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int count = 0;
+    static const QGuiApplication application(count, nullptr);
+}
+
 /// Layers A (red, heavy) and OFF, block B with base (1, 1): a line on layer 0 by block, a circle on layer A
 /// by layer.
 const std::string kStart =
@@ -122,6 +129,33 @@ TEST(Shapes, AbsurdDrawingsAreBounded) {
               200001U);
     EXPECT_EQ(shapesIn({{0, "INSERT"}, {2, "missing"}, {70, "32767"}, {71, "32767"}}).size(), 0U);
     EXPECT_EQ(shapesIn({{0, "CIRCLE"}, {40, "1e300"}, {0, "LINE"}, {10, "1e200"}}).size(), 0U);
+    // A long polyline shown very often.
+    std::string bytes = ascii({{0, "SECTION"}, {2, "BLOCKS"}, {0, "BLOCK"}, {2, "LONG"}, {0, "LWPOLYLINE"}});
+    for (int i = 0; i < 10000; ++i)
+        bytes += ascii({{10, i % 2 == 0 ? "0" : "1"}, {20, "0"}});
+    const PartFile file(bytes + ascii({{0, "ENDSEC"},
+                                       {0, "SECTION"},
+                                       {2, "ENTITIES"},
+                                       {0, "INSERT"},
+                                       {2, "LONG"},
+                                       {70, "300"},
+                                       {71, "300"}}));
+    EXPECT_LT(shapesOf(CAcadDxf(file.path())).size(), 2000U);
+}
+
+TEST(Shapes, TextsRunBackwardAndUpsideDown) {
+    startGraphics();
+    const auto boxOf = [](const char* generation) {
+        const auto shapes = shapesIn({{0, "TEXT"}, {1, "HE"}, {40, "10"}, {71, generation}});
+        return shapes.empty() ? QRectF() : shapes[0].path.boundingRect();
+    };
+    const QRectF plain = boxOf("0");
+    ASSERT_GT(plain.center().x(), 1);
+    ASSERT_GT(plain.center().y(), 1);
+    EXPECT_NEAR(boxOf("2").center().x(), -plain.center().x(), 1e-6);
+    EXPECT_NEAR(boxOf("2").center().y(), plain.center().y(), 1e-6);
+    EXPECT_NEAR(boxOf("6").center().x(), -plain.center().x(), 1e-6);
+    EXPECT_NEAR(boxOf("4").center().y(), -plain.center().y(), 1e-6);
 }
 
 TEST(Shapes, TextWithoutFormatCodes) {
@@ -131,9 +165,7 @@ TEST(Shapes, TextWithoutFormatCodes) {
 }
 
 TEST(Shapes, PictureShowsTheDrawing) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    int count = 0;
-    const QGuiApplication application(count, nullptr);
+    startGraphics();
     const CAcadDxf part(test::hostPath(test::sample("equip-fan.dxf")));
     for (const bool dark : {false, true}) {
         const QImage image = pictureOf(part, {.size = {400, 300}, .dark = dark});
