@@ -52,7 +52,11 @@ QRectF extentsOf(const CAcadDxf& part, const std::vector<Shape>& shapes) {
 /// Fits the box into the picture, y turned around.
 QTransform fitInto(const QSize& size, const QRectF& box) {
     const double margin = std::max(4.0, 0.04 * std::min(size.width(), size.height()));
-    const double smallest = std::max({box.width(), box.height(), 1e-9}) * 1e-6;
+    // Far from the origin digits are lost: something small there must not be enlarged to where they would
+    // show.
+    const double farthest =
+        std::max({std::abs(box.left()), std::abs(box.right()), std::abs(box.top()), std::abs(box.bottom())});
+    const double smallest = std::max({box.width() * 1e-6, box.height() * 1e-6, farthest * 1e-10, 1e-15});
     const double scale = std::min((size.width() - 2 * margin) / std::max(box.width(), smallest),
                                   (size.height() - 2 * margin) / std::max(box.height(), smallest));
     QTransform transform = QTransform::fromTranslate(size.width() / 2.0, size.height() / 2.0);

@@ -181,6 +181,12 @@ TEST(Shapes, PictureShowsTheDrawing) {
             image.pixelColor(200 - static_cast<int>(45 * scale), 150 + static_cast<int>(78 * scale));
         EXPECT_GT(spoke.blue(), spoke.red());
     }
+    // Nothing but a point, far from the origin, is in the middle.
+    const PartFile point(
+        ascii({{0, "SECTION"}, {2, "ENTITIES"}, {0, "POINT"}, {10, "-5000.3"}, {20, "2e6"}}));
+    const QImage dot = pictureOf(CAcadDxf(point.path()), {.size = {40, 30}});
+    EXPECT_NE(dot.pixelColor(20, 15), dot.pixelColor(1, 1));
+    EXPECT_EQ(dot.pixelColor(1, 1), QColor(Qt::white));
     const QImage nothing = pictureOf(CAcadDxf(L"no such.dxf"), {.size = {40, 30}});
     EXPECT_EQ(nothing.size(), QSize(40, 30));
 }
