@@ -397,7 +397,7 @@ public:
     /// Takes the lines of such a file; always true.
     bool LoadZufData(const CStringArray& lines);
     /// The n-th member of a line whose members are parted by runs of blanks; 0 is what comes before the
-    /// first. -1 and an empty text when the line has fewer than n runs.
+    /// first. -1 and an empty text when the line has fewer than n runs. `member` may be the line itself.
     static int GetRecordMember(int n, const CString& line, CString& member);
 
     // Delete the objects (each a CObject) and empty the array.
@@ -432,7 +432,7 @@ private:
 };
 
 /// The path of a drawing's ".zuf" file: the three characters after the last point, whatever the extension's
-/// length, are replaced by "zuf".
+/// length, are replaced by "zuf". A path without a point gets one.
 ZUCOMN_API void ZUComn_GetZufNameFromDxfName(CString dxfPath, CString& zufPath);
 
 /// Which of a part's files there is: 1 the first path, 2 the second, 3 the first with the three characters

@@ -69,19 +69,17 @@ bool CAcadDxf::LoadZufData(const CStringArray& lines) {
 }
 
 int CAcadDxf::GetRecordMember(int n, const CString& line, CString& member) {
-    member.Empty();
     const std::wstring_view text = line.view();
-    std::size_t at = 0;
-    for (int run = 0; run < n; ++run) {
+    std::size_t at = n < 0 ? std::wstring_view::npos : 0;
+    for (int run = 0; run < n && at != std::wstring_view::npos; ++run) {
         at = text.find(L' ', at);
-        if (at == std::wstring_view::npos)
-            return -1;
-        at = std::min(text.find_first_not_of(L' ', at), text.size());
+        if (at != std::wstring_view::npos)
+            at = std::min(text.find_first_not_of(L' ', at), text.size());
     }
-    if (n < 0)
-        return -1;
-    member = CString(text.substr(at, text.find(L' ', at) - at));
-    return 0;
+    const bool found = at != std::wstring_view::npos;
+    // The line itself may be where the member goes.
+    member = found ? CString(text.substr(at, text.find(L' ', at) - at)) : CString();
+    return found ? 0 : -1;
 }
 
 void ZUComn_GetZufNameFromDxfName(CString dxfPath, CString& zufPath) {

@@ -51,7 +51,8 @@ TEST(Files, NamesOfSideFiles) {
                                                                {L"a.b.dxf", L"a.b.zuf"},
                                                                {L"a.dxfx", L"a.xzuf"},
                                                                {L"a.d", L"a.zuf"},
-                                                               {L"a.", L"a.zuf"}};
+                                                               {L"a.", L"a.zuf"},
+                                                               {L"a", L"a.zuf"}};
     for (const auto& [path, expected] : names) {
         CString zuf = L"before";
         ZUComn_GetZufNameFromDxfName(path, zuf);
@@ -92,6 +93,9 @@ TEST(Files, MembersOfALine) {
         CString member = L"before";
         EXPECT_EQ(CAcadDxf::GetRecordMember(c.n, c.line, member), c.result) << c.n;
         EXPECT_EQ(member, c.member) << c.n;
+        CString line = c.line;
+        EXPECT_EQ(CAcadDxf::GetRecordMember(c.n, line, line), c.result) << c.n;
+        EXPECT_EQ(line, c.member) << c.n;
     }
 }
 
