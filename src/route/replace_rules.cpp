@@ -22,12 +22,12 @@ bool canBeChanged(const AcDbObjectIdArray& ids) {
     });
 }
 
-/// Those of `ids` that are not among the others.
+/// Those of `ids` that are not among the others, each once.
 AcDbObjectIdArray without(const AcDbObjectIdArray& ids, const AcDbObjectIdArray& others) {
-    const IdSet left(others.begin(), others.end());
+    IdSet seen(others.begin(), others.end());
     AcDbObjectIdArray rest;
     for (const AcDbObjectId id : ids)
-        if (!left.contains(id) && !rest.contains(id))
+        if (seen.insert(id).second)
             rest.append(id);
     return rest;
 }
@@ -77,7 +77,7 @@ bool replace(const AcDbObjectIdArray& oldIds, const AcDbObjectIdArray& newIds, b
     if (oldIds.isEmpty() || !canBeChanged(oldIds) || !canBeChanged(newIds))
         return false;
     const AcDbObjectIdArray leaving = without(oldIds, newIds);
-    if (tellsErasure)
+    if (tellsErasure && leaving.contains(oldIds.first()))
         zu::tellErased(oldIds.first());
     for (const AcDbObjectId group : groupsOfAny(leaving))
         replaceInGroup(group, leaving, newIds);

@@ -72,6 +72,16 @@ TEST_F(Replace, MergingKeepsTheRemainingElement) {
     EXPECT_TRUE(members().contains(c));
 }
 
+TEST_F(Replace, AnElementThatStaysIsNotToldOf) {
+    Recorder recorder(log, L'1');
+    RuleComn_addReplaceReactor(&recorder);
+    EXPECT_EQ(RuleComn_rootReplace(TestDrawing::ids({a, b}), TestDrawing::ids({a, x})), 0);
+    RuleComn_removeReplaceReactor(&recorder);
+    EXPECT_EQ(log, L"1t" + number(b) + L" ");
+    EXPECT_FALSE(a.isErased());
+    EXPECT_EQ(members(), TestDrawing::ids({a, x, c}));
+}
+
 TEST_F(Replace, NothingHappensWhenAnElementCanNotBeChanged) {
     Recorder recorder(log, L'1');
     RuleComn_addReplaceReactor(&recorder);
