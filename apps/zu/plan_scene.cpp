@@ -1,6 +1,7 @@
 #include "plan_scene.h"
 
 #include "element.h"
+#include "failure.h"
 #include "joints.h"
 
 #include "plain_text.h"
@@ -20,7 +21,9 @@ namespace zu::app {
 
 namespace {
 
-constexpr int kDeepestNesting = 16;
+constexpr std::size_t kDeepestNesting = 16;
+/// Few blocks that hold each other many times would make more than can ever be drawn.
+constexpr int kMostNested = 2'000'000;
 constexpr int kEquipment = 0;
 constexpr double kLineHeight = 1.4;
 constexpr double kChord = std::numbers::pi / 24.0;
@@ -84,7 +87,7 @@ public:
     explicit SceneBuilder(PlanScene& scene) : scene_(scene) {}
 
     void addEntity(AcDbObjectId id, const AcGeMatrix3d& toWorld, PlanRole role,
-                   AcDbObjectId referenceLayer = {}, int depth = 0) {
+                   AcDbObjectId referenceLayer = {}) {
         const AcDbObjectPointer<AcDbEntity> entity(id);
         if (entity.openStatus() != Acad::eOk || !entity->isVisible() ||
             !layers_.shows(*entity.object(), referenceLayer))
@@ -103,7 +106,7 @@ public:
         else if (const auto* paragraph = AcDbMText::cast(entity))
             addParagraph(*paragraph, toWorld, role);
         else if (const auto* reference = AcDbBlockReference::cast(entity))
-            addReference(*reference, toWorld, role, ShownLayers::layerOf(*reference, referenceLayer), depth);
+            addReference(*reference, toWorld, role, ShownLayers::layerOf(*reference, referenceLayer));
     }
 
     /// Equipment whose block has no text gets its name, on the side where routes don't join.
@@ -133,16 +136,21 @@ public:
 
 private:
     void addReference(const AcDbBlockReference& reference, const AcGeMatrix3d& toWorld, PlanRole role,
-                      AcDbObjectId layer, int depth) {
-        if (depth >= kDeepestNesting)
+                      AcDbObjectId layer) {
+        const AcDbObjectId blockId = reference.blockTableRecord();
+        const AcDbObjectPointer<AcDbBlockTableRecord> block(blockId);
+        const bool isInItself = std::find(around_.begin(), around_.end(), blockId) != around_.end();
+        if (block.openStatus() != Acad::eOk || isInItself || around_.size() == kDeepestNesting)
             return;
-        const AcDbObjectPointer<AcDbBlockTableRecord> block(reference.blockTableRecord());
-        if (block.openStatus() != Acad::eOk)
-            return;
+        around_.push_back(blockId);
         const AcGeMatrix3d inner =
             toWorld * reference.blockTransform() * AcGeMatrix3d::translation(-block->origin().asVector());
-        for (const AcDbObjectId id : block->entityIds())
-            addEntity(id, inner, role, layer, depth + 1);
+        for (const AcDbObjectId id : block->entityIds()) {
+            if (++nested_ > kMostNested)
+                throw Failure("the blocks of the drawing hold too much for a plan");
+            addEntity(id, inner, role, layer);
+        }
+        around_.pop_back();
     }
 
     void addPoints(const std::vector<AcGePoint3d>& points, const AcGeMatrix3d& toWorld, PlanRole role) {
@@ -237,6 +245,8 @@ private:
 
     ShownLayers layers_;
     PlanScene& scene_;
+    std::vector<AcDbObjectId> around_; ///< The blocks about what is being added.
+    int nested_ = 0;                   ///< What was added from blocks so far.
 };
 
 std::vector<PlanJoint> findJoints(const std::vector<AcDbObjectId>& elements) {

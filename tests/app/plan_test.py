@@ -4,6 +4,8 @@ import struct
 import tempfile
 import xml.etree.ElementTree as xml
 
+import ezdxf
+
 from program import check, run, run_json, sample
 
 SVG = "{http://www.w3.org/2000/svg}"
@@ -35,4 +37,15 @@ with tempfile.TemporaryDirectory() as folder:
         head = f.read(24)
     check(head.startswith(b"\x89PNG") and struct.unpack(">I", head[16:20])[0] == 900, "as wide as asked")
     run("plan", drawing, "-o", os.path.join(folder, "plan.txt"), status=2)
+    for names, status in (("AA", 0), ("ABCDEFGHIJKL", 1)):
+        nested = os.path.join(folder, "nested.dxf")
+        document = ezdxf.new()
+        blocks = [document.blocks.new(name) for name in sorted(set(names))]
+        for block, inner in zip(blocks, names[1:]):
+            block.add_line((0, 0), (1, 1))
+            for _ in range(10):
+                block.add_blockref(inner, (0, 0))
+        document.modelspace().add_blockref("A", (0, 0))
+        document.saveas(nested)
+        run("plan", nested, "-o", picture, status=status)
 print("the plan shows what it should")
