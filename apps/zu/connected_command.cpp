@@ -42,6 +42,9 @@ AcArray<AcDbObjectId> connectedTo(AcDbObjectId element, const std::vector<AcDbOb
 
 void runOne(const DrawingFile& drawing, const Options& options) {
     const AcDbObjectId element = drawing.find(options.handle);
+    AcArray<AcGePoint3d> points;
+    if (ZuComn_GetConnectPoint(element, points) != 0)
+        throw Failure("object " + options.handle + " has no connection points that can be read");
     const auto found = connectedTo(element, groupsToSearch(drawing, options, element), options.kind);
     if (options.json) {
         printJson(Json(handleTexts(found)));

@@ -1,6 +1,7 @@
 #include "drawing_file.h"
 
 #include "failure.h"
+#include "group.h"
 #include "text.h"
 
 #include <dbapserv.h>
@@ -81,7 +82,8 @@ std::vector<AcDbObjectId> DrawingFile::groups() const {
         return {};
     std::vector<AcDbObjectId> found;
     for (const auto& entry : dictionary->entries())
-        found.push_back(entry.id);
+        if (isGroup(entry.id))
+            found.push_back(entry.id);
     dictionary->close();
     return found;
 }

@@ -38,6 +38,13 @@ def group_outside_of_the_dictionary(d):
     del dictionary[place:place + 2]
 
 
+def entry_that_is_no_group(d):
+    dictionary = next(o for o in d.objects if places(o, 3, "家具"))
+    place = places(dictionary, 3, "家具")[0]
+    insert(dictionary, place, 350, DUCT)
+    insert(dictionary, place, 3, "X")
+
+
 def reactors(d):
     d.at(DUCT)[places(d.at(DUCT), 330, SUPPLY)[0]][1] = b"FFF2"
     insert(d.at("114"), places(d.at("114"), 330, SUPPLY)[0], 330, RETURN)
@@ -92,6 +99,7 @@ CASES = [
      [(h, "not in the drawing, or twice: 186", YES) for h in BOOKSHELVES], {"C", *BOOKSHELVES}),
     (group_outside_of_the_dictionary, [(h, "186, which is not in the group dictionary", YES) for h in BOOKSHELVES] +
      [(SHELVES, "is not in the group dictionary", YES)], {SHELVES, *BOOKSHELVES}),
+    (entry_that_is_no_group, [(DUCT, "stands in the group dictionary as X but is no group", NO)], set()),
     (reactors, [(DUCT, "not in the drawing, or twice: FFF2", YES), (DUCT, "member of group *A1 without", YES),
                 ("114", "names the group 184, which", YES), ("118", "twice: 183", YES)], {DUCT, "114", "118"}),
     (several_groups_of_a_kind, [(DUCT, "groups of kind 1: *A1, RTGR00007", YES)], {DUCT, RETURN}),
@@ -133,6 +141,7 @@ def audit(damage, wanted, changes, own, folder, base):
     drawing = Drawing(base)
     damage(drawing)
     drawing.save(damaged)
+    check(DUCT not in {g["handle"] for g in run_json("groups", damaged)}, where + ": only groups are listed")
     compare(run_json("check", damaged), own, wanted, False, where)
     compare(run_json("check", damaged, "--repair", "-o", repaired), own, wanted, True, where)
     compare(run_json("check", repaired), own, [w for w in wanted if not w[2]], False, where + ", again")

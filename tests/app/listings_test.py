@@ -59,6 +59,7 @@ for name in ("office-floor", "office-floor-932"):
     check_connected(drawing, wanted)
 run("elements", sample("drawings/missing.dxf"), status=1)
 run("attributes", sample("drawings/office-floor.dxf"), "FFFFFF", status=1)
+run("connected", sample("drawings/office-floor.dxf"), "183", status=1)
 run("elements", status=2)
 run("nonsense", status=2)
 print("listings agree")

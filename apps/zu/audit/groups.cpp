@@ -64,8 +64,6 @@ void auditMembers(AcDbObjectId id, Audit& audit) {
 void auditGroups(DrawingFile& drawing, Audit& audit) {
     auditDictionary(drawing.database(), audit);
     for (const AcDbObjectId id : drawing.groups()) {
-        if (!isGroup(id))
-            continue;
         auditSurplusEntries(drawing.database(), id, audit);
         auditMembers(id, audit);
     }

@@ -53,7 +53,7 @@ class MembershipAudit {
 public:
     MembershipAudit(const DrawingFile& drawing, Audit& audit) : audit_(audit) {
         for (const AcDbObjectId id : drawing.groups())
-            if (Group group = isGroup(id) ? readGroup(id) : Group(); group.isRouteGroup())
+            if (Group group = readGroup(id); group.isRouteGroup())
                 groups_.emplace_back(std::move(group));
         // Those without a kind come last: they settle among the groups as the others leave them.
         collectMembers([](int kind) { return kind > 0; });

@@ -18,7 +18,7 @@ class Memberships {
 public:
     explicit Memberships(const DrawingFile& drawing) {
         for (const AcDbObjectId id : drawing.groups())
-            if (isGroup(id) && known_.insert(id).second)
+            if (known_.insert(id).second)
                 groups_.push_back(readGroup(id));
         for (std::size_t i = 0; i < groups_.size(); ++i)
             for (const AcDbObjectId member : groups_[i].members)
