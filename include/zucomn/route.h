@@ -24,8 +24,8 @@ ZUCOMN_API int ZuComn_GetBlockElementCode(const AcDbObjectId& element, int& code
 
 /// Connection points: the points of the element's own block definition on the given layer (null or empty: the
 /// connection layer), in the definition's order, in plan (Z is 0). The array is emptied first. With `text`
-/// the points are also written out, one "x,y" a line. -1 when the element is no block reference or it or its
-/// definition can't be opened.
+/// the points are also written out, one "x,y" a line. -1 when the element is no block reference, or when it,
+/// its definition or a point in this can't be opened.
 ZUCOMN_API int ZuComn_GetConnectPoint(const AcDbObjectId& element, AcArray<AcGePoint3d>& points,
                                       const wchar_t* layer = nullptr, CString* text = nullptr);
 

@@ -39,6 +39,8 @@ Read<Points> definitionPoints(AcDbObjectId block, std::wstring_view layer) {
         if (id.objectClass() != AcDbPoint::desc())
             continue;
         const AcDbObjectPointer<AcDbPoint> point(id);
+        if (isPassing(point.openStatus()))
+            return {point.openStatus(), {}};
         if (point.openStatus() == Acad::eOk && isOnLayer(*point.object(), wanted))
             result.value.push_back(point->position() - AcGeVector3d(origin.x, origin.y, 0.0));
     }

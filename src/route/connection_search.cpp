@@ -53,7 +53,8 @@ public:
     [[nodiscard]] std::optional<zu::Points> testedPoints() const {
         if (indexes_ == nullptr || !canBeRead(element_))
             return std::nullopt;
-        return indexes_->element(element_).points;
+        const zu::CachedElement& read = indexes_->element(element_);
+        return read.status == Acad::eOk ? std::optional(read.points) : std::nullopt;
     }
 
     /// Appends the joined members of a group; -1 when it can't be read.

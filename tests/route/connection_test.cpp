@@ -152,6 +152,22 @@ TEST_F(Joined, AnElementOpenForWriteCanNotBeRead) {
     EXPECT_EQ(search(a), TestDrawing::ids({b}));
 }
 
+TEST_F(Joined, APointOpenForWriteCanNotBeRead) {
+    AcDbObjectId point;
+    {
+        const AcDbObjectPointer<AcDbBlockTableRecord> block(line, AcDb::kForWrite);
+        point = TestDrawing::addPoint(*block.object(), {0.5, 0, 0}, L"_ZU_CONNECT");
+    }
+    AcDbObjectIdArray found;
+    {
+        const AcDbObjectPointer<AcDbPoint> busy(point, AcDb::kForWrite);
+        EXPECT_EQ(RootComn_GetConnectBlock(group, a, found, nullptr, 0), -1);
+        EXPECT_TRUE(search(c).isEmpty());
+    }
+    EXPECT_EQ(RootComn_GetConnectBlock5(group, c, {0.5, 0, 0}, found, nullptr, 0), 0);
+    EXPECT_EQ(found, TestDrawing::ids({a})) << "known again when it was closed unchanged";
+}
+
 TEST_F(Joined, VariantsDifferInCandidatesAndPoints) {
     AcDbObjectIdArray found;
     int count = -1;
