@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <unordered_set>
 
 namespace {
 
@@ -165,9 +166,10 @@ int RootComn_GetConnectBlock2(const AcDbObjectId& group, const AcDbObjectId& ele
 
 int RootComn_GetConnectBlock2Sub(const AcArray<AcDbObjectId>& a, const AcArray<AcDbObjectId>& b,
                                  AcArray<AcDbObjectId>& result) {
+    std::unordered_set<AcDbObjectId> seen(result.begin(), result.end());
     for (const AcDbObjectIdArray& ids : {a, b})
         for (const AcDbObjectId id : ids)
-            if (!result.contains(id))
+            if (seen.insert(id).second)
                 result.append(id);
     return 0;
 }
