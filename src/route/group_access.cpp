@@ -42,11 +42,11 @@ std::optional<AcDbObjectIdArray> groupMembers(AcDbObjectId id) {
     return members;
 }
 
-AcDbObjectIdArray usableMembers(const AcDbObjectIdArray& ids) {
+AcDbObjectIdArray usableMembers(const AcDbObjectIdArray& ids, const AcDbDatabase* drawing) {
     std::unordered_set<AcDbObjectId> seen;
     AcDbObjectIdArray usable;
     for (const AcDbObjectId id : ids) {
-        if (!seen.insert(id).second)
+        if (id.isNull() || id.database() != drawing || !seen.insert(id).second)
             continue;
         const AcDbEntityPointer entity(id, AcDb::kForWrite);
         if (entity.openStatus() == Acad::eOk)

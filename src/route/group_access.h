@@ -13,8 +13,9 @@ namespace zu {
 /// Members in group order; nullopt when the group can't be opened.
 [[nodiscard]] std::optional<AcDbObjectIdArray> groupMembers(AcDbObjectId group);
 
-/// Those of the ids that can be members of a group, each once: live entities that nobody has open.
-[[nodiscard]] AcDbObjectIdArray usableMembers(const AcDbObjectIdArray& ids);
+/// Those of the ids that can be members of a group of the drawing, each once: its live entities that nobody
+/// has open.
+[[nodiscard]] AcDbObjectIdArray usableMembers(const AcDbObjectIdArray& ids, const AcDbDatabase* drawing);
 
 /// The group's name in the group dictionary; nullopt when the group can't be opened or has none.
 [[nodiscard]] std::optional<CString> groupName(AcDbObjectId group);

@@ -38,7 +38,7 @@ int RootComn_GetNewGroupName(CString& name) {
 
 int RootComn_CreateNewGroup(const CString& name, const AcArray<AcDbObjectId>& elements,
                             AcDbObjectId& newGroup, bool selectable) {
-    const AcDbObjectIdArray members = zu::usableMembers(elements);
+    const AcDbObjectIdArray members = zu::usableMembers(elements, ZuComn_getWorkDatabase());
     if (members.isEmpty() || name.IsEmpty())
         return -1;
     auto group = std::make_unique<AcDbGroup>(name, selectable);

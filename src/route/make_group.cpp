@@ -50,7 +50,7 @@ void mergeInto(const Candidate& target, const std::vector<Candidate>& candidates
 
 /// As if each were put at the front in turn, and so the last one first.
 void putInFront(AcDbObjectId target, const AcDbObjectIdArray& elements) {
-    const AcDbObjectIdArray usable = zu::usableMembers(elements);
+    const AcDbObjectIdArray usable = zu::usableMembers(elements, target.database());
     AcDbObjectIdArray reversed;
     for (int i = usable.length() - 1; i >= 0; --i)
         reversed.append(usable[i]);

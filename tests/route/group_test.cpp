@@ -53,6 +53,10 @@ TEST_F(Groups, AreCreatedNumberedAndListed) {
     EXPECT_EQ(RootComn_CreateNewGroup(L"X", AcDbObjectIdArray(), none, true), -1);
     EXPECT_EQ(RootComn_CreateNewGroup(L"*A1", a, none, true), -1) << "the name is taken";
     EXPECT_TRUE(none.isNull());
+    const TestDrawing otherDrawing;
+    EXPECT_EQ(RootComn_CreateNewGroup(L"X", TestDrawing::ids({a, b}), none, true), -1)
+        << "elements of a drawing that is not the working one";
+    EXPECT_EQ(RootComn_GetGroupSize(L"X", nullptr), -1);
 }
 
 TEST_F(Groups, NewMembersStandInFront) {
