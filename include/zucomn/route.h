@@ -145,16 +145,19 @@ ZUCOMN_API int RootComn_GetRootGroups(const AcDbObjectId& element, int* count, A
 /// The route group of the element for a route kind (0: its lowest-numbered route group); the null id when
 /// there is none. The element is repaired first unless the setting "GR_SPEED_UP" of section "環境設定" is 1.
 ZUCOMN_API AcDbObjectId RootComn_GetRootGroups2(const AcDbObjectId& element, int kind);
-/// Repairs the element's membership in the route groups of one route kind (0: of each).
+/// Repairs the element's membership in the route groups of one route kind (0: of each). Nothing changes for
+/// other kinds. -1 when the element is gone.
 ZUCOMN_API int RootComn_GetRootGroups3(const AcDbObjectId& element, int kind);
-/// Takes members that are gone out of the element's route groups, then repairs the element for each kind.
+/// Takes members that are gone out of the element's route groups, then repairs the element for each kind. -1
+/// when the element is gone.
 ZUCOMN_API int RootComn_GetRootGroups4(const AcDbObjectId& element);
 
 /// Gives the members of groups of unknown kind a route group. The first three arrays list groups of a known
 /// kind, the next three those of unknown kind, as RootComn_GetRootGroups does, `knownCount` and
 /// `unknownCount` of them (more than there are counts as all). The target is the lowest-numbered known group
-/// of the kind (0: of any). Members of the unknown groups that are in no known group are put at the target's
-/// end, in order, and appended to `moved`; the unknown groups stay as they are. -1 when there is no target.
+/// of the kind (0: of any). Members of the unknown groups that are neither in a known group nor in another
+/// route group of the target's kind are put at the target's end, in order, and appended to `moved`; the
+/// unknown groups stay as they are. -1 when there is no target.
 /// The last argument changes nothing.
 ZUCOMN_API int RootComn_SetGroupToUnknownGroupMember(
     const AcDbObjectId& element, int kind, int knownCount, int unknownCount,

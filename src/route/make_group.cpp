@@ -77,11 +77,12 @@ void tie(const AcDbObjectIdArray& elements, const std::vector<Candidate>& candid
 
 int RootComn_MakeGroup(const AcArray<AcDbObjectId>& elements, const AcArray<AcDbObjectId>& existingGroups) {
     tie(elements, routeGroups(existingGroups));
+    zu::GroupReader reader;
     for (const AcDbObjectId element : elements) {
         int kind = -1;
         RootComn_GetBlockRootKind(element, &kind);
         if (kind == 0)
-            zu::settleMembership(element);
+            zu::settleMembership(element, reader);
     }
     return 0;
 }

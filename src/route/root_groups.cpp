@@ -9,6 +9,7 @@
 #include <dbgroup.h>
 #include <dbobjptr.h>
 
+#include <algorithm>
 #include <unordered_set>
 
 namespace {
@@ -41,6 +42,13 @@ std::unordered_set<AcDbObjectId> membersOf(const std::vector<zu::ElementGroup>& 
     return members;
 }
 
+bool isInRouteGroup(AcDbObjectId element, int kind, zu::GroupReader& reader) {
+    const std::vector<zu::ElementGroup> groups = reader.groupsOf(element);
+    return std::any_of(groups.begin(), groups.end(), [kind](const zu::ElementGroup& group) {
+        return group.kind == kind && zu::isRouteGroupName(group.name);
+    });
+}
+
 } // namespace
 
 int RootComn_GetRootGroups(const AcDbObjectId& element, int* count, AcArray<AcDbObjectId>& groups,
@@ -50,7 +58,7 @@ int RootComn_GetRootGroups(const AcDbObjectId& element, int* count, AcArray<AcDb
     AcDbObjectIdArray held;
     if (ZuComn_GetGroupID(element, held) != 0)
         return -1;
-    for (const zu::ElementGroup& group : zu::groupsOf(element)) {
+    for (const zu::ElementGroup& group : zu::GroupReader().groupsOf(element)) {
         if (group.kind != 0 && kindFilter != 0 && group.kind != kindFilter)
             continue;
         groups.append(group.id);
@@ -72,7 +80,7 @@ int RootComn_GetRootGroups5(const AcDbObjectId& element, int* count, AcArray<AcD
 AcDbObjectId RootComn_GetRootGroups2(const AcDbObjectId& element, int kind) {
     if (!skipsRepair())
         RootComn_GetRootGroups3(element, kind);
-    const std::vector<zu::ElementGroup> groups = zu::groupsOf(element);
+    const std::vector<zu::ElementGroup> groups = zu::GroupReader().groupsOf(element);
     const zu::ElementGroup* const lowest = zu::lowestNumbered(groups, kind);
     return lowest != nullptr ? lowest->id : AcDbObjectId();
 }
@@ -80,8 +88,8 @@ AcDbObjectId RootComn_GetRootGroups2(const AcDbObjectId& element, int kind) {
 int RootComn_GetRootGroups3(const AcDbObjectId& element, int kind) {
     if (ZuComn_ExistenceIdCheck(element) != 0)
         return -1;
-    if (kind == 0)
-        zu::settleMembership(element);
+    if (zu::GroupReader reader; kind == 0)
+        zu::settleMembership(element, reader);
     else
         zu::settleMembership(element, kind);
     return 0;
@@ -90,7 +98,7 @@ int RootComn_GetRootGroups3(const AcDbObjectId& element, int kind) {
 int RootComn_GetRootGroups4(const AcDbObjectId& element) {
     if (ZuComn_ExistenceIdCheck(element) != 0)
         return -1;
-    for (const zu::ElementGroup& group : zu::groupsOf(element))
+    for (const zu::ElementGroup& group : zu::GroupReader().groupsOf(element))
         if (zu::isRouteGroupName(group.name))
             ZuComn_ExistenceGroupIdChecks(group.id);
     return RootComn_GetRootGroups3(element, 0);
@@ -108,6 +116,7 @@ int RootComn_SetGroupToUnknownGroupMember(const AcDbObjectId& /*element*/, int k
     if (target == nullptr)
         return -1;
     std::unordered_set<AcDbObjectId> placed = membersOf(known);
+    zu::GroupReader reader;
     const AcDbObjectPointer<AcDbGroup> group(target->id, AcDb::kForWrite);
     if (group.openStatus() != Acad::eOk)
         return -1;
@@ -116,7 +125,8 @@ int RootComn_SetGroupToUnknownGroupMember(const AcDbObjectId& /*element*/, int k
         if (!members)
             continue;
         for (const AcDbObjectId member : *members)
-            if (placed.insert(member).second && group->append(member) == Acad::eOk)
+            if (placed.insert(member).second && !isInRouteGroup(member, target->kind, reader) &&
+                group->append(member) == Acad::eOk)
                 moved.append(member);
     }
     return 0;

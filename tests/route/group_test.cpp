@@ -138,6 +138,11 @@ TEST_F(Groups, RepairLeavesOneGroupOfEachKind) {
     EXPECT_EQ(RootComn_GetRootGroups2(tee, 2), two);
     EXPECT_EQ(RootComn_GetRootGroups2(tee, 3), AcDbObjectId());
     EXPECT_EQ(RootComn_GetRootGroups2(tee, 0), two);
+    const AcDbObjectId chair = element();
+    const AcDbObjectId table = group(L"*", {chair});
+    const AcDbObjectId room = group(L"*", {chair});
+    EXPECT_EQ(RootComn_GetRootGroups2(chair, -1), AcDbObjectId());
+    EXPECT_EQ(members(table), members(room)) << "groups without a kind are no matter of a repair";
 }
 
 TEST_F(Groups, ListingFiltersByKind) {
@@ -172,8 +177,11 @@ TEST_F(Groups, MembersOfUnknownGroupsGetARoute) {
     const AcDbObjectId duct = element(L"1|");
     const AcDbObjectId tee = element(L"0|");
     const AcDbObjectId cap = element(L"0|");
+    const AcDbObjectId elsewhere = element(L"0|");
     const AcDbObjectId route = group(L"RTGR00003", {duct, tee});
-    const AcDbObjectId unknown = group(L"RTGR00004", {tee, cap});
+    const AcDbObjectId unknown = group(L"RTGR00004", {tee, elsewhere, cap});
+    group(L"RTGR00005", {element(L"1|"), elsewhere});
+    group(L"RTGR00006", {element(L"2|"), cap});
     CStringArray knownNames;
     knownNames.Add(L"RTGR00003");
     CStringArray unknownNames;
@@ -190,7 +198,7 @@ TEST_F(Groups, MembersOfUnknownGroupsGetARoute) {
     };
     EXPECT_EQ(run(2), -1);
     EXPECT_EQ(run(1), 0);
-    EXPECT_EQ(moved, TestDrawing::ids({cap}));
+    EXPECT_EQ(moved, TestDrawing::ids({cap})) << "the other one has a route group of the kind";
     EXPECT_EQ(members(route), TestDrawing::ids({duct, tee, cap}));
 }
 
