@@ -23,29 +23,25 @@ struct Options {
     bool json = false;
 };
 
-/// The groups to search: the one named, else those of the element.
-std::vector<AcDbObjectId> groupsToSearch(const DrawingFile& drawing, const Options& options,
-                                         AcDbObjectId element) {
-    if (!options.group.empty())
-        return {drawing.findGroup(options.group)};
+/// Searches the group named, else (null) those of the element.
+AcArray<AcDbObjectId> connectedTo(AcDbObjectId element, AcDbObjectId named, int kind) {
     AcArray<AcDbObjectId> groups;
-    ZuComn_GetGroupID(element, groups);
-    return {groups.begin(), groups.end()};
-}
-
-AcArray<AcDbObjectId> connectedTo(AcDbObjectId element, const std::vector<AcDbObjectId>& groups, int kind) {
+    if (named.isNull())
+        ZuComn_GetGroupID(element, groups);
+    else
+        groups.append(named);
     AcArray<AcDbObjectId> found;
     for (const AcDbObjectId group : groups)
         RootComn_GetConnectBlock(group, element, found, nullptr, kind);
     return found;
 }
 
-void runOne(const DrawingFile& drawing, const Options& options) {
+void runOne(const DrawingFile& drawing, const Options& options, AcDbObjectId group) {
     const AcDbObjectId element = drawing.find(options.handle);
     AcArray<AcGePoint3d> points;
     if (ZuComn_GetConnectPoint(element, points) != 0)
         throw Failure("object " + options.handle + " has no connection points that can be read");
-    const auto found = connectedTo(element, groupsToSearch(drawing, options, element), options.kind);
+    const AcArray<AcDbObjectId> found = connectedTo(element, group, options.kind);
     if (options.json) {
         printJson(Json(handleTexts(found)));
         return;
@@ -55,19 +51,20 @@ void runOne(const DrawingFile& drawing, const Options& options) {
 }
 
 /// Every member of the group (without one: every block reference).
-std::vector<AcDbObjectId> everyElement(const DrawingFile& drawing, const Options& options) {
-    if (options.group.empty())
+std::vector<AcDbObjectId> everyElement(const DrawingFile& drawing, AcDbObjectId group) {
+    if (group.isNull())
         return drawing.references();
     AcArray<AcDbObjectId> members;
-    RootComn_GetGroupMember(drawing.findGroup(options.group), members);
+    RootComn_GetGroupMember(group, members);
     return {members.begin(), members.end()};
 }
 
-void runAll(const DrawingFile& drawing, const Options& options) {
+void runAll(const DrawingFile& drawing, const Options& options, AcDbObjectId group) {
     Json object = Json::object();
-    for (const AcDbObjectId element : everyElement(drawing, options)) {
-        const auto found = connectedTo(element, groupsToSearch(drawing, options, element), options.kind);
-        object[handleText(element)] = handleTexts(found);
+    // Each handle comes once; to enter one by its key would search all before it.
+    auto& entries = object.get_ref<Json::object_t&>();
+    for (const AcDbObjectId element : everyElement(drawing, group)) {
+        entries.emplace_back(handleText(element), handleTexts(connectedTo(element, group, options.kind)));
     }
     if (options.json) {
         printJson(object);
@@ -85,7 +82,8 @@ void run(const Options& options) {
     if (options.all == !options.handle.empty())
         throw WrongUsage("name an element's handle, or --all");
     const DrawingFile drawing(options.drawing);
-    options.all ? runAll(drawing, options) : runOne(drawing, options);
+    const AcDbObjectId group = options.group.empty() ? AcDbObjectId() : drawing.findGroup(options.group);
+    options.all ? runAll(drawing, options, group) : runOne(drawing, options, group);
 }
 
 } // namespace
