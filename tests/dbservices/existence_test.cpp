@@ -25,6 +25,14 @@ protected:
         EXPECT_EQ(RootComn_CreateNewGroup(L"*", TestDrawing::ids(members), id, false), 0);
         return id;
     }
+    /// Gives the element a link record of a number alone.
+    static void setLinkNumber(AcDbObjectId id) {
+        const AcDbObjectPointer<AcDbObject> object(id, AcDb::kForWrite);
+        const std::unique_ptr<resbuf, decltype(&acutRelRb)> chain(acutNewRb(1001), &acutRelRb);
+        acutNewString(L"ZU_LINK", chain->resval.rstring);
+        chain->rbnext = acutNewRb(1070);
+        EXPECT_EQ(object->setXData(chain.get()), Acad::eOk);
+    }
     static AcDbObjectIdArray members(AcDbObjectId id) {
         AcDbObjectIdArray found;
         RootComn_GetGroupMember(id, found);
@@ -104,6 +112,10 @@ TEST_F(Existence, LinkKindChoosesAmongSeveralGroupsOnly) {
     EXPECT_EQ(ZuComn_GetGroupID(AcDbObjectId(), 3), AcDbObjectId());
     TestDrawing::setLink(two, L"");
     EXPECT_THROW(ZuComn_GetGroupID(tee, 3), CInvalidArgException) << "an empty record is a corrupt element";
+    setLinkNumber(two);
+    EXPECT_THROW(ZuComn_GetGroupID(tee, 3), CInvalidArgException) << "and so is one without texts";
+    TestDrawing::setTexts(two, L"ZU_LINK", {L"|2|"});
+    EXPECT_EQ(ZuComn_GetGroupID(tee, 0), ofTwo) << "an empty first field counts as 0";
 }
 
 } // namespace

@@ -1,6 +1,10 @@
+#include "sample_settings.h"
 #include "test_drawing.h"
 
+#include <zucomn/frame.h>
 #include <zucomn/route.h>
+
+#include <windows.h>
 
 namespace {
 
@@ -90,12 +94,13 @@ TEST_F(Groups, MergeIntoTheLowestNumber) {
     const AcDbObjectId a = element(L"1|");
     const AcDbObjectId b = element(L"1|");
     const AcDbObjectId c = element(L"1|");
+    const AcDbObjectId d = element(L"1|");
     const AcDbObjectId seven = group(L"RTGR00007", {a});
     const AcDbObjectId one = group(L"*", {b});
     const AcDbObjectId other = group(L"家具", {b});
-    EXPECT_EQ(RootComn_MakeGroup(TestDrawing::ids({c}), TestDrawing::ids({seven, other, one})), 0);
+    EXPECT_EQ(RootComn_MakeGroup(TestDrawing::ids({c, d, c}), TestDrawing::ids({seven, other, one})), 0);
     EXPECT_TRUE(isGone(seven));
-    EXPECT_EQ(members(one), TestDrawing::ids({c, b, a}));
+    EXPECT_EQ(members(one), TestDrawing::ids({d, c, b, a})) << "each is put in front of the one before";
     EXPECT_EQ(members(other), TestDrawing::ids({b})) << "no route group";
 }
 
@@ -145,6 +150,42 @@ TEST_F(Groups, RepairLeavesOneGroupOfEachKind) {
     EXPECT_EQ(members(table), members(room)) << "groups without a kind are no matter of a repair";
 }
 
+TEST_F(Groups, ASettingTradesTheRepairForSpeed) {
+    const SampleSettings settings;
+    const AcDbObjectId tee = element(L"0|");
+    const AcDbObjectId nine = group(L"RTGR00009", {element(L"1|"), tee});
+    const AcDbObjectId four = group(L"RTGR00004", {element(L"1|"), tee});
+    for (const auto& [value, size] : {std::pair(L"1", 2), std::pair(L"0", 1)}) {
+        WritePrivateProfileStringW(L"環境設定", L"GR_SPEED_UP", value, ZUCE_INIFILE);
+        EXPECT_EQ(RootComn_GetRootGroups2(tee, 1), four);
+        EXPECT_EQ(members(nine).length(), size);
+    }
+}
+
+TEST_F(Groups, KindIsThatOfTheFirstMemberThatTells) {
+    struct Case {
+        const wchar_t* first;
+        const wchar_t* second;
+        int status;
+        int kind;
+        int status2;
+        int kind2;
+    };
+    const Case cases[] = {{L"0|", L"2|", 0, 2, 0, 2},     {L"4|", L"2|", 0, 4, 0, 4},
+                          {L"0|", L"0|", -1, 0, 0, 0},    {L"5|", L"1|", -1, 5, -1, 5},
+                          {nullptr, L"2|", -1, -1, 0, 2}, {L"0|", nullptr, -1, -1, -1, -1},
+                          {nullptr, L"0|", -1, -1, 0, 0}};
+    for (const Case& c : cases) {
+        const AcDbObjectId id = group(L"*", {element(c.first), element(c.second)});
+        int kind = -99;
+        int kind2 = -99;
+        EXPECT_EQ(RootComn_GetRootKind(id, &kind), c.status);
+        EXPECT_EQ(RootComn_GetRootKind2(id, &kind2), c.status2);
+        EXPECT_EQ(kind, c.kind) << "group " << zuhost::toUtf8(name(id));
+        EXPECT_EQ(kind2, c.kind2) << "group " << zuhost::toUtf8(name(id));
+    }
+}
+
 TEST_F(Groups, ListingFiltersByKind) {
     const AcDbObjectId duct = element(L"1|");
     const AcDbObjectId unknown = element(L"0|");
@@ -166,11 +207,10 @@ TEST_F(Groups, ListingFiltersByKind) {
     EXPECT_EQ(list(duct, 2), L"");
     EXPECT_EQ(list(unknown, 0), L"RTGR00006:1 RTGR00007:0 ");
     EXPECT_EQ(list(unknown, 3), L"RTGR00007:3 ") << "an unknown kind passes as the filter";
-    int kind = -1;
-    EXPECT_EQ(RootComn_GetRootKind(zero, &kind), -1);
-    EXPECT_EQ(RootComn_GetRootKind2(zero, &kind), 0);
-    EXPECT_EQ(kind, 0);
-    EXPECT_FALSE(supply == other);
+    EXPECT_EQ(RootComn_AddGroupMember(supply, unknown), 0);
+    EXPECT_EQ(list(unknown, 1), L"RTGR00007:1 RTGR00005:1 ") << "an element of link kind 0 is repaired first";
+    EXPECT_EQ(members(other), TestDrawing::ids({duct}));
+    EXPECT_EQ(members(zero), TestDrawing::ids({unknown}));
 }
 
 TEST_F(Groups, MembersOfUnknownGroupsGetARoute) {
