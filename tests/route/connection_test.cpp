@@ -190,8 +190,9 @@ TEST_F(Joined, VariantsDifferInCandidatesAndPoints) {
 }
 
 TEST_F(Joined, TheExtendedFormReachesFarAtLargeScales) {
-    const AcDbObjectId far = drawing.element(line, {20, 0, 0});
-    const AcDbObjectIdArray all = TestDrawing::ids({a, b, c, far});
+    const AcDbObjectId far = drawing.element(line, {22, 0, 0});
+    const AcDbObjectId beyond = drawing.element(line, {22.001, 0, 0});
+    const AcDbObjectIdArray all = TestDrawing::ids({a, b, c, beyond, far});
     AcDbObjectIdArray found = TestDrawing::ids({far});
     int count = -1;
     const int full = 1;
