@@ -29,10 +29,14 @@ bool exists(const std::string& path) {
     return fs::exists(path, error);
 }
 
-/// Renaming would replace a file that nobody may write, so that is asked for first.
+/// Renaming would replace a file that nobody may write, and a device or pipe, so that is asked for first.
 int writable(const std::string& path) {
-    if (!exists(path))
+    std::error_code unknown;
+    const fs::file_status status = fs::status(path, unknown);
+    if (!fs::exists(status))
         return 0;
+    if (fs::is_other(status))
+        return EPERM;
     File old;
     return old.open(path, File::Mode::update);
 }

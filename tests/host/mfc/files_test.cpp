@@ -12,6 +12,7 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <functional>
 
@@ -90,6 +91,15 @@ TEST(AtomicFile, FollowsLinksAndKeepsRights) {
     struct stat status {};
     stat(target.c_str(), &status);
     EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+TEST(AtomicFile, RefusesPipesAndDevices) {
+    const TemporaryFolder folder;
+    const std::string pipe = folder.file("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(zuhost::replaceFile(pipe, "new"), EPERM);
+    EXPECT_TRUE(fs::is_fifo(pipe));
+    EXPECT_EQ(filesIn(folder), 1U);
 }
 
 TEST(StdioFile, ReadsLinesInTheFilesEncoding) {

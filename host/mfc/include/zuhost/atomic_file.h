@@ -14,7 +14,8 @@ namespace zuhost {
 /// Replaces a file as a whole: what is written goes into a temporary file in the same folder, and only
 /// `commit`, after everything was written, synced and closed without error, puts it in the place of the old
 /// one. Whatever fails, and wherever the process ends, the name holds the old file or the new one. A link is
-/// followed, and the old file's access rights are kept. Without `commit` the temporary file is removed again.
+/// followed, and the old file's access rights are kept; devices and pipes are refused (EPERM). Without
+/// `commit` the temporary file is removed again.
 class AtomicFile {
 public:
     /// A file that is not there yet gets the access rights of `model`, or with none the process's own.
