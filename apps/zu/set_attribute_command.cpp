@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <iostream>
 #include <memory>
 
@@ -29,8 +30,11 @@ std::vector<AcDbObjectId> targets(const DrawingFile& drawing, const Options& opt
     if (options.handles.empty())
         return drawing.references();
     std::vector<AcDbObjectId> ids;
-    for (const std::string& handle : options.handles)
-        ids.push_back(drawing.find(handle));
+    for (const std::string& handle : options.handles) {
+        const AcDbObjectId id = drawing.find(handle);
+        if (std::find(ids.begin(), ids.end(), id) == ids.end())
+            ids.push_back(id);
+    }
     return ids;
 }
 
@@ -82,7 +86,9 @@ void addSetAttributeCommand(CLI::App& program) {
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_option("KEY", options->key, "The attribute's id, such as S401")->required();
     command->add_option("VALUE", options->value, "The new value")->required();
-    command->add_option("--handles", options->handles, "Only these elements, by handle")->delimiter(',');
+    command->add_option("--handles", options->handles, "Only these elements, by handle, with commas between")
+        ->delimiter(',')
+        ->allow_extra_args(false);
     command->add_option("--settings", options->settings,
                         "Master settings file; its parameter table says what may be edited");
     command->add_option("-o,--output", options->output, "Where to save")->required();

@@ -58,8 +58,8 @@ with tempfile.TemporaryDirectory() as folder:
 
     floor = sample("drawings/office-floor.dxf")
     out = os.path.join(folder, "one.dxf")
-    one = run_json("set-attribute", floor, "S401", "850㎥/h", "--handles", "10E,106", "-o", out)
-    check(one["changed"] == ["10E"] and one["skipped"][0]["handle"] == "106", "only the elements asked for")
+    one = run_json("set-attribute", "--handles", "10E,106,10e", floor, "S401", "850㎥/h", "-o", out)
+    check(one["changed"] == ["10E"] and one["skipped"][0]["handle"] == "106", "only the elements asked for, each once")
     rows = run_json("attributes", out, "10E")
     check(rows[0][4] == "850㎥/h", "the value that was written")
     for value in ("a|b", "a\nb", "\udcff"):
