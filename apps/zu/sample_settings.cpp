@@ -1,8 +1,13 @@
 #include "sample_settings.h"
 
+#include "failure.h"
+
+#include <zuhost/atomic_file.h>
+#include <zuhost/text_codec.h>
+#include <zuhost/text_file.h>
+
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <variant>
 
 namespace zu::app {
 
@@ -10,9 +15,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void replaceAll(std::string& text, const std::string& what, const std::string& with) {
-    for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + with.size()))
+void replaceAll(std::wstring& text, std::wstring_view what, std::wstring_view with) {
+    for (std::size_t at = text.find(what); at != std::wstring::npos; at = text.find(what, at + with.size()))
         text.replace(at, what.size(), with);
+}
+
+/// In UTF-8, which holds the path of any place.
+void namePlace(const std::string& file, const std::string& root) {
+    const auto contents = zuhost::readWholeFile(file);
+    const std::string* const bytes = std::get_if<std::string>(&contents);
+    if (bytes == nullptr)
+        throw Failure(file + ": can't be read");
+    const auto encoding = zuhost::TextEncoding::of(*bytes);
+    std::wstring text = encoding.decode(std::string_view(*bytes).substr(encoding.mark().size()));
+    replaceAll(text, L"@ROOT@", zuhost::fromUtf8(root));
+    constexpr zuhost::TextEncoding kUtf8{zuhost::TextEncoding::Kind::utf8WithMark};
+    if (zuhost::replaceFile(file, std::string(kUtf8.mark()) + zuhost::toUtf8(text)) != 0)
+        throw Failure(file + ": can't be written");
 }
 
 std::string install(const std::string& samples, const std::string& output) {
@@ -22,13 +41,9 @@ std::string install(const std::string& samples, const std::string& output) {
         fs::create_directories(root / folder);
         fs::copy(fs::path(samples) / folder, root / folder, kReplace);
     }
-    const fs::path master = root / "system" / "master.ini";
-    std::ifstream in(master, std::ios::binary);
-    std::string text((std::istreambuf_iterator<char>(in)), {});
-    in.close();
-    replaceAll(text, "@ROOT@", root.string());
-    std::ofstream(master, std::ios::binary) << text;
-    return master.string();
+    const std::string master = (root / "system" / "master.ini").string();
+    namePlace(master, root.string());
+    return master;
 }
 
 } // namespace

@@ -19,8 +19,9 @@ def picture(folder, *arguments):
 
 
 with tempfile.TemporaryDirectory() as folder:
-    run("demo", "--samples", sample(""), "--output", folder)
-    settings = ("--settings", os.path.join(folder, "settings", "system", "master.ini"))
+    place = os.path.join(folder, "出力 表 Ώ")
+    run("demo", "--samples", sample(""), "--output", place)
+    settings = ("--settings", os.path.join(place, "settings", "system", "master.ini"))
     lines = os.path.join(folder, "parts.txt")
     with open(lines, "w", encoding="cp932") as f:
         f.write("S401|2700|E|取付高|1|1|S501|給気|A|用途|4|1|S401|2400|A|取付高|1|1|")
