@@ -204,16 +204,18 @@ private:
     const Sheet& sheet_;
 };
 
+/// Empty when the picture is too large.
 QByteArray asPng(const PlanScene& scene, const Sheet& sheet) {
     QImage image(sheet.size(), QImage::Format_RGB32);
-    QPainter painter(&image);
+    QPainter painter;
+    if (image.isNull() || !painter.begin(&image))
+        return {};
     PlanPainter(painter, sheet).paint(scene);
     painter.end();
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
+    return image.save(&buffer, "PNG") ? bytes : QByteArray();
 }
 
 QByteArray asSvg(const PlanScene& scene, const Sheet& sheet) {
@@ -244,6 +246,10 @@ void drawPlan(const PlanScene& scene, const std::string& file, int width) {
     if (!svg && !name.endsWith(".png", Qt::CaseInsensitive))
         throw WrongUsage(file + ": a plan is drawn into a .png or .svg file");
     const QByteArray bytes = svg ? asSvg(scene, sheet) : asPng(scene, sheet);
+    if (bytes.isEmpty())
+        throw Failure(file + ": a picture of " + std::to_string(sheet.size().width()) + " x " +
+                      std::to_string(sheet.size().height()) +
+                      " pixels is too large; --width makes it smaller");
     if (const int error =
             zuhost::replaceFile(file, {bytes.constData(), static_cast<std::size_t>(bytes.size())}))
         throw Failure(file + ": can't be written: " + std::generic_category().message(error));
