@@ -49,9 +49,22 @@ int run(int argc, char** argv) {
     try {
         program.parse(argc, argv);
         return 0;
+    } catch (const CLI::RequiredError& error) {
+        const std::vector<std::string> unknown = program.remaining();
+        if (program.get_subcommands().empty() && !unknown.empty())
+            throw zu::app::WrongUsage("there is no command " + unknown.front() + "; --help lists them");
+        program.exit(error);
+        return kWrongUsage;
     } catch (const CLI::ParseError& error) {
         return program.exit(error) == 0 ? 0 : kWrongUsage;
     }
+}
+
+/// What was printed may be all that a command is for.
+int withOutput(int status) {
+    if (!std::cout.flush())
+        throw zu::app::Failure("the output can't be written");
+    return status;
 }
 
 int say(const std::exception& error, int status) {
@@ -63,7 +76,7 @@ int say(const std::exception& error, int status) {
 
 int main(int argc, char** argv) {
     try {
-        return run(argc, argv);
+        return withOutput(run(argc, argv));
     } catch (const zu::app::WrongUsage& error) {
         return say(error, kWrongUsage);
     } catch (const std::exception& error) {

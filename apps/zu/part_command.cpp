@@ -6,12 +6,14 @@
 #include "text.h"
 
 #include <CLI/CLI.hpp>
+#include <zuhost/file_ops.h>
 #include <zuhost/paths.h>
 
 #include <filesystem>
 #include <iostream>
 #include <map>
 #include <memory>
+#include <system_error>
 
 namespace zu::app {
 
@@ -75,11 +77,33 @@ void printBlocks(const CAcadDxf& part) {
     std::cout << part.GetBlocks().GetCount() << " blocks\n";
 }
 
+void checkReadable(const std::string& path) {
+    const std::string file = zuhost::systemPath(wide(path).view());
+    std::error_code unknown;
+    if (std::filesystem::is_other(file, unknown))
+        throw Failure(path + ": is a device or pipe");
+    zuhost::file_ops::File opened;
+    if (const int error = opened.open(file, zuhost::file_ops::File::Mode::read))
+        throw Failure(path + ": " + std::generic_category().message(error));
+}
+
+/// False when nothing in the file was understood.
+bool holdsDrawing(const CAcadDxf& part) {
+    double minX = 0;
+    double minY = 0;
+    double maxX = 0;
+    double maxY = 0;
+    part.GetSave(minX, minY, maxX, maxY);
+    return part.GetVersion() != 0 || minX != 0 || minY != 0 || maxX != 0 || maxY != 0 ||
+           part.GetLayers().IsEmpty() == FALSE || part.GetBlocks().IsEmpty() == FALSE ||
+           part.GetEntities().IsEmpty() == FALSE;
+}
+
 void readPart(const Options& options) {
-    const CString path = wide(options.path);
-    if (!std::filesystem::is_regular_file(zuhost::systemPath(path.view())))
-        throw Failure(options.path + ": no such file");
-    const CAcadDxf part(path, CAcadDxf::kWhite, tableOption(options));
+    checkReadable(options.path);
+    const CAcadDxf part(wide(options.path), CAcadDxf::kWhite, tableOption(options));
+    if (!holdsDrawing(part))
+        throw Failure(options.path + ": holds no part drawing");
     if (!options.preview.empty())
         savePreview(part, options.preview, {.size = options.size, .dark = options.dark});
     if (options.json) {

@@ -57,7 +57,9 @@ void addTableCommand(CLI::App& program) {
     command->add_option("FILE", options->file, "The file")->required();
     command->add_option("--columns", options->columns, "Columns to keep, such as 1,3");
     command->add_option("--separator", options->separator, "Character between fields")->capture_default_str();
-    command->add_option("--skip", options->skip, "Lines to pass over first")->capture_default_str();
+    command->add_option("--skip", options->skip, "Lines to pass over first")
+        ->capture_default_str()
+        ->check(CLI::NonNegativeNumber);
     command->add_flag("--json", options->json, "As JSON");
     command->callback([options] { run(*options); });
 }

@@ -1,5 +1,7 @@
 """What the listings say of the sample drawings, against results worked out by a separate program."""
-from program import check, expected, run, run_json, sample
+import subprocess
+
+from program import ZU, check, expected, run, run_json, sample
 
 
 def near(a, b):
@@ -62,4 +64,12 @@ run("attributes", sample("drawings/office-floor.dxf"), "FFFFFF", status=1)
 run("connected", sample("drawings/office-floor.dxf"), "183", status=1)
 run("elements", status=2)
 run("nonsense", status=2)
+with open("/dev/full", "w") as full:
+    lost = subprocess.run([ZU, "elements", sample("drawings/office-floor.dxf")], stdout=full, stderr=subprocess.PIPE)
+    check(lost.returncode == 1 and lost.stderr, "output that can't be written is told")
+for name in (".", "missing.dxf", "system/master.ini"):
+    run("part", sample(name), status=1)
+table = sample("system/ZuConfig.ini")
+run("table", table, "--separator", "", status=2)
+run("table", table, "--skip", "-1", status=2)
 print("listings agree")
