@@ -116,7 +116,8 @@ public:
     void setHeader(TagList header);
 
     // ---- saving
-    /// Gives the records that an object is saved with; null: as they stand in the buffer.
+    /// Gives the records that an object is saved with; null: as they stand in the buffer. Without any the
+    /// object is left out.
     using TagSource = std::function<const TagList*(const AcDbStub&)>;
 
     /// Writes the drawing to the file, atomically. Erased objects are left out; $HANDSEED is raised above

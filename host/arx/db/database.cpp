@@ -163,6 +163,8 @@ Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* obje
         return Acad::eNullObjectPointer;
     if (object->database() != nullptr)
         return Acad::eAlreadyInDb;
+    if (!core_->document)
+        return Acad::eNoDatabase;
     id = core_->adopt(object, core_->document->container(zuhost::Container::Kind::objects), nullptr);
     return Acad::eOk;
 }

@@ -75,6 +75,8 @@ private:
 
     const NameIndex& names(const AcDbStub& table);
     void collectReferencesToErased();
+    [[nodiscard]] std::vector<AcDbStub*> collectGone() const;
+    [[nodiscard]] TagList currentTags(const AcDbStub& stub) const;
     void addFiltered(AcDbStub* stub);
 
     std::vector<std::unique_ptr<AcDbObject>> objects_;
@@ -84,7 +86,7 @@ private:
     AcDbStub* groups_ = nullptr;
     AcDbStub* modelSpace_ = nullptr;
     std::unordered_map<const AcDbStub*, TagList>
-        filtered_; ///< While saving: records without references to erased objects.
+        filtered_; ///< While saving: records without references to erased objects; none for what goes too.
 };
 
 } // namespace zuhost

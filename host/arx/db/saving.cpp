@@ -21,31 +21,100 @@ void withoutPointers(TagList& tags, TagRange range, int code, const Handles& era
             tags.erase({i, i + 1});
 }
 
+bool isDictionary(const std::string& type) {
+    return type == "DICTIONARY" || type == "ACDBDICTIONARYWDFLT";
+}
+
+/// What belongs to the entity before it.
+bool isPart(const std::string& type) {
+    return type == "VERTEX" || type == "ATTRIB" || type == "SEQEND";
+}
+
 /// Entries of a dictionary: a name (3) and the handle that follows it.
+bool isEntry(const TagList& tags, std::size_t place) {
+    return (tags[place].code == 350 || tags[place].code == 360) && tags[place - 1].code == 3;
+}
+
+/// Of the extension dictionary and the entries of a dictionary. What damaged drawings only claim to be owned
+/// is not among them.
+Handles ownedHandles(const TagList& tags) {
+    Handles owned;
+    const auto add = [&](const Tag& tag) { owned.insert(parseHandle(tag.value).value_or(0)); };
+    const TagRange extension = tags.applicationGroup("ACAD_XDICTIONARY");
+    for (std::size_t i = extension.first; i < extension.last; ++i)
+        if (tags[i].code == 360)
+            add(tags[i]);
+    for (std::size_t i = 1; i < tags.size(); ++i)
+        if (isEntry(tags, i))
+            add(tags[i]);
+    return owned;
+}
+
 void withoutEntries(TagList& tags, const Handles& erased) {
     for (std::size_t i = tags.size(); i-- > 1;)
-        if ((tags[i].code == 350 || tags[i].code == 360) && tags[i - 1].code == 3 && names(tags[i], erased))
+        if (isEntry(tags, i) && names(tags[i], erased))
             tags.erase({i - 1, i + 1});
 }
 
 } // namespace
 
+TagList DatabaseCore::currentTags(const AcDbStub& stub) const {
+    return stub.object != nullptr ? stub.object->tags() : document->tags(stub);
+}
+
 void DatabaseCore::addFiltered(AcDbStub* stub) {
     if (stub != nullptr && !stub->erased && !filtered_.contains(stub))
-        filtered_.emplace(stub, stub->object != nullptr ? stub->object->tags() : document->tags(*stub));
+        filtered_.emplace(stub, currentTags(*stub));
+}
+
+/// Erased objects and what goes with them: vertices and attributes with their entity, entities with their
+/// block, and the objects that an object owns.
+std::vector<AcDbStub*> DatabaseCore::collectGone() const {
+    std::vector<AcDbStub*> gone;
+    std::unordered_set<const AcDbStub*> known;
+    const auto add = [&](AcDbStub* stub) {
+        if (known.insert(stub).second)
+            gone.push_back(stub);
+    };
+    for (const auto& object : objects_)
+        if (object->isErased())
+            add(object->objectId());
+    if (gone.empty())
+        return gone;
+    std::unordered_multimap<const AcDbStub*, AcDbStub*> belongings;
+    for (const Container& container : document->containers()) {
+        const AcDbStub* const block = container.kind == Container::Kind::block ? container.head : nullptr;
+        const bool blockIsGone = block != nullptr && (known.contains(block) || known.contains(block->owner));
+        for (AcDbStub* const member : container.members) {
+            if (container.kind == Container::Kind::objects)
+                belongings.emplace(member->owner, member);
+            else if (blockIsGone || (known.contains(member->owner) && isPart(document->typeName(*member))))
+                add(member);
+        }
+    }
+    for (std::size_t i = 0; i < gone.size(); ++i) {
+        const auto [first, last] = belongings.equal_range(gone[i]);
+        const Handles owned = first != last ? ownedHandles(currentTags(*gone[i])) : Handles();
+        for (auto belonging = first; belonging != last; ++belonging)
+            if (owned.contains(belonging->second->handle))
+                add(belonging->second);
+    }
+    return gone;
 }
 
 /// Who may refer to an erased object: its owner, its reactors, and what it is a reactor of.
 void DatabaseCore::collectReferencesToErased() {
     filtered_.clear();
+    const std::vector<AcDbStub*> gone = collectGone();
     Handles erased;
-    for (const auto& object : objects_) {
-        AcDbStub* const stub = object->objectId();
-        if (!stub->erased)
-            continue;
+    for (const AcDbStub* const stub : gone) {
         erased.insert(stub->handle);
+        if (!stub->erased)
+            filtered_.emplace(stub, TagList());
+    }
+    for (const AcDbStub* const stub : gone) {
         addFiltered(stub->owner);
-        const TagList& tags = object->tags();
+        const TagList tags = currentTags(*stub);
         for (const Tag& tag : tags)
             if (tag.code == 330 || tag.code == 340)
                 if (const auto handle = parseHandle(tag.value))
@@ -56,7 +125,7 @@ void DatabaseCore::collectReferencesToErased() {
         const std::string& type = document->typeName(*stub);
         if (type == "GROUP")
             withoutPointers(tags, tags.subclass("AcDbGroup"), 340, erased);
-        else if (type == "DICTIONARY" || type == "ACDBDICTIONARYWDFLT")
+        else if (isDictionary(type))
             withoutEntries(tags, erased);
     }
 }

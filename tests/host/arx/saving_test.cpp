@@ -60,6 +60,56 @@ TEST_F(Saving, OldFileStaysWhenSavingFails) {
     EXPECT_TRUE(read(path)->isBinary());
 }
 
+TEST_F(Saving, WhatAnErasedEntityOwnsGoesWithIt) {
+    std::string bytes = drawing->dxfOutBytes(false);
+    const std::string duct = "INSERT\n  5\n114\n";
+    ASSERT_NE(bytes.find(duct), std::string::npos);
+    bytes.insert(bytes.find(duct) + duct.size(), "102\n{ACAD_XDICTIONARY\n360\nF01\n102\n}\n");
+    bytes.insert(bytes.rfind("  0\nENDSEC\n"),
+                 "0\nXRECORD\n5\nF02\n330\nF01\n100\nAcDbXrecord\n1\ndeep\n"
+                 "0\nDICTIONARY\n5\nF01\n330\n114\n100\nAcDbDictionary\n3\nA\n360\nF02\n3\nB\n360\nF03\n"
+                 "0\nXRECORD\n5\nF03\n330\nC\n100\nAcDbXrecord\n1\nof another owner\n"
+                 "0\nXRECORD\n5\nF04\n330\n114\n100\nAcDbXrecord\n1\nonly claims an owner\n");
+    const auto isThere = [](const AcDbDatabase& database, Adesk::UInt64 handle) {
+        AcDbObjectId found;
+        return database.getAcDbObjectId(found, false, AcDbHandle(handle)) == Acad::eOk;
+    };
+    const auto edited = readBytes(bytes);
+    erase(idIn(*edited, kDuct));
+    const auto saved = readBytes(edited->dxfOutBytes(false));
+    for (const Adesk::UInt64 gone : {kDuct, Adesk::UInt64{0xF01}, Adesk::UInt64{0xF02}})
+        EXPECT_FALSE(isThere(*saved, gone)) << gone;
+    for (const Adesk::UInt64 kept : {0xF03, 0xF04})
+        EXPECT_TRUE(isThere(*saved, kept)) << kept;
+    erase(idIn(*edited, kDuct), false);
+    EXPECT_TRUE(isThere(*readBytes(edited->dxfOutBytes(false)), 0xF02));
+}
+
+TEST_F(Saving, AttributesOfErasedReferencesLeaveTheirGroups) {
+    std::string bytes = drawing->dxfOutBytes(false);
+    const std::size_t duct = bytes.find("INSERT\n  5\n114\n");
+    bytes.insert(bytes.find("  0\nINSERT", duct),
+                 "0\nATTRIB\n5\nF01\n330\n114\n8\n0\n0\nSEQEND\n5\nF02\n330\n114\n8\n0\n");
+    const auto edited = readBytes(bytes);
+    EXPECT_EQ(AcDbObjectPointer<AcDbGroup>(idIn(*edited, kFurniture), AcDb::kForWrite)
+                  ->append(idIn(*edited, 0xF01)),
+              Acad::eOk);
+    erase(idIn(*edited, kDuct));
+    const auto saved = readBytes(edited->dxfOutBytes(false));
+    const AcDbObjectPointer<AcDbGroup> group(idIn(*saved, kFurniture));
+    EXPECT_EQ(group->numEntities(), 3U);
+    EXPECT_TRUE(group->surplusEntries().empty());
+}
+
+TEST_F(Saving, DatabaseWithoutADrawingTakesAndGivesNothing) {
+    AcDbDatabase empty(false);
+    AcDbObjectId id;
+    AcDbGroup group;
+    EXPECT_EQ(empty.addAcDbObject(id, &group), Acad::eNoDatabase);
+    EXPECT_EQ(empty.dxfOut(L"nothing.dxf"), Acad::eNoDatabase);
+    EXPECT_TRUE(empty.dxfOutBytes(false).empty());
+}
+
 TEST_F(Saving, NewDrawingIsFilledSavedAndRead) {
     AcDbDatabase made;
     add(made, new AcDbText({0, 0, 0}, L"図面", 2.5));
