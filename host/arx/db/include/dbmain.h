@@ -314,8 +314,8 @@ public:
     /// Made when the drawing lacks it (with kForWrite only).
     Acad::ErrorStatus getGroupDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
 
-    /// Puts a new object that no table, block or dictionary owns into the drawing. eNoDatabase before there is
-    /// one.
+    /// Puts a new object that no table, block or dictionary owns into the drawing; eNoDatabase before there
+    /// is one.
     Acad::ErrorStatus addAcDbObject(AcDbObjectId& id, AcDbObject* object);
 
     void addReactor(AcDbDatabaseReactor* reactor);
