@@ -12,10 +12,16 @@ using file_ops::File;
 
 constexpr std::size_t kBuffer = std::size_t{1} << 20U;
 constexpr int kNameAttempts = 1000;
+constexpr int kMostLinks = 40;
 
+/// A link may name a file that is yet to be made.
 std::string behindLinks(const std::string& path) {
     std::error_code error;
-    const fs::path real = fs::weakly_canonical(path, error);
+    fs::path named = path;
+    for (int followed = 0; followed < kMostLinks && fs::is_symlink(fs::symlink_status(named, error));
+         ++followed)
+        named = named.parent_path() / fs::read_symlink(named, error);
+    const fs::path real = fs::weakly_canonical(named, error);
     return error || real.empty() ? path : real.string();
 }
 

@@ -91,6 +91,10 @@ TEST(AtomicFile, FollowsLinksAndKeepsRights) {
     struct stat status {};
     stat(target.c_str(), &status);
     EXPECT_EQ(status.st_mode & 0777U, 0640U);
+    fs::create_symlink("made", folder.file("to be made"));
+    EXPECT_EQ(zuhost::replaceFile(folder.file("to be made"), "new"), 0);
+    EXPECT_TRUE(fs::is_symlink(folder.file("to be made")));
+    EXPECT_EQ(TemporaryFolder::read(folder.file("made")), "new");
 }
 
 TEST(AtomicFile, RefusesPipesAndDevices) {
