@@ -41,7 +41,7 @@ std::string install(const std::string& samples, const std::string& output) {
         fs::create_directories(root / folder);
         fs::copy(fs::path(samples) / folder, root / folder, kReplace);
     }
-    const std::string master = (root / "system" / "master.ini").string();
+    std::string master = (root / "system" / "master.ini").string();
     namePlace(master, root.string());
     return master;
 }

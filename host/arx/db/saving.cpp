@@ -72,9 +72,12 @@ void DatabaseCore::addFiltered(AcDbStub* stub) {
 std::vector<AcDbStub*> DatabaseCore::collectGone() const {
     std::vector<AcDbStub*> gone;
     std::unordered_set<const AcDbStub*> known;
+    std::vector<const AcDbStub*> owners;
     const auto add = [&](AcDbStub* stub) {
-        if (known.insert(stub).second)
-            gone.push_back(stub);
+        if (!known.insert(stub).second)
+            return;
+        gone.push_back(stub);
+        owners.push_back(stub);
     };
     for (const auto& object : objects_)
         if (object->isErased())
@@ -92,9 +95,11 @@ std::vector<AcDbStub*> DatabaseCore::collectGone() const {
                 add(member);
         }
     }
-    for (std::size_t i = 0; i < gone.size(); ++i) {
-        const auto [first, last] = belongings.equal_range(gone[i]);
-        const Handles owned = first != last ? ownedHandles(currentTags(*gone[i])) : Handles();
+    while (!owners.empty()) {
+        const AcDbStub* const owner = owners.back();
+        owners.pop_back();
+        const auto [first, last] = belongings.equal_range(owner);
+        const Handles owned = first != last ? ownedHandles(currentTags(*owner)) : Handles();
         for (auto belonging = first; belonging != last; ++belonging)
             if (owned.contains(belonging->second->handle))
                 add(belonging->second);
