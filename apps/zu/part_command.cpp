@@ -87,22 +87,19 @@ void checkReadable(const std::string& path) {
         throw Failure(path + ": " + std::generic_category().message(error));
 }
 
-/// False when nothing in the file was understood.
-bool holdsDrawing(const CAcadDxf& part) {
-    double minX = 0;
-    double minY = 0;
-    double maxX = 0;
-    double maxY = 0;
-    part.GetSave(minX, minY, maxX, maxY);
-    return part.GetVersion() != 0 || minX != 0 || minY != 0 || maxX != 0 || maxY != 0 ||
-           part.GetLayers().IsEmpty() == FALSE || part.GetBlocks().IsEmpty() == FALSE ||
-           part.GetEntities().IsEmpty() == FALSE;
+/// Of a drawing the first record begins a section or ends the file; a ".zuf" file has lines.
+bool beginsAsDrawing(const CAcadDxf& part, const CString& path) {
+    if (!part.GetZufLines().IsEmpty())
+        return true;
+    CAcadDxf reader;
+    return reader.Open(path) && reader.GetRecord() != 0 && reader.GetCode() == 0;
 }
 
 void readPart(const Options& options) {
     checkReadable(options.path);
-    const CAcadDxf part(wide(options.path), CAcadDxf::kWhite, tableOption(options));
-    if (!holdsDrawing(part))
+    const CString path = wide(options.path);
+    const CAcadDxf part(path, CAcadDxf::kWhite, tableOption(options));
+    if (!beginsAsDrawing(part, path))
         throw Failure(options.path + ": holds no part drawing");
     if (!options.preview.empty())
         savePreview(part, options.preview, {.size = options.size, .dark = options.dark});

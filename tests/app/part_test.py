@@ -34,6 +34,16 @@ def check_names(folder):
     check(run_json("part", path)["layers"][0]["name"] == "l\x1b[31m\x7f", "JSON keeps the name")
 
 
+def check_foreign(folder):
+    """What is no drawing fails; an empty drawing is one."""
+    path = os.path.join(folder, "some.dxf")
+    for contents, status in (("", 1), ("hello\nworld\n", 1), ("0\nEOF\n", 0),
+                             ("999\nby hand\n0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", 0)):
+        with open(path, "w") as f:
+            f.write(contents)
+        run("part", path, status=status)
+
+
 with tempfile.TemporaryDirectory() as folder:
     picture = os.path.join(folder, "fan.png")
     listing = run("part", sample("parts/binary/equip-fan.dxf"), "--preview", picture)
@@ -41,6 +51,7 @@ with tempfile.TemporaryDirectory() as folder:
     check(size_of_picture(picture) == (800, 600), "size of a picture")
     check_folder(os.path.join(folder, "pictures"))
     check_names(folder)
+    check_foreign(folder)
     run("part", sample("parts/fitting-01.dxf"), "--preview", os.path.join(folder, "missing", "a.png"), status=1)
     run("part", os.path.join(folder, "missing.dxf"), status=1)
     run("part", "--preview-dir", folder, os.path.join(folder, "missing"), status=1)
