@@ -126,18 +126,27 @@ struct CDblPoint {
     double bulge = 0;
 };
 
+/// Widths at the start and the end of the segment that starts at a vertex.
+struct CDblWidth {
+    double start = 0;
+    double end = 0;
+};
+
 class ZUCOMN_API CLwPline : public CEnt {
     DECLARE_DYNAMIC(CLwPline)
 public:
     CLwPline() : CEnt(EntType::lwPolyline) {}
 
     [[nodiscard]] std::span<const CDblPoint> GetPoints() const { return {points_.items, points_.count}; }
+    /// By vertex, as far as the file gives any (40, 41): later vertices have none.
+    [[nodiscard]] std::span<const CDblWidth> GetWidths() const { return {widths_.items, widths_.count}; }
 
     int m_flags = 0; ///< 70; 1 closed.
 
 private:
     friend struct zu::dxf::EntityFields;
     zu::dxf::KeptArray<CDblPoint> points_;
+    zu::dxf::KeptArray<CDblWidth> widths_;
 };
 
 class ZUCOMN_API CCircle : public CEnt {
@@ -174,7 +183,10 @@ public:
 
     double m_x = 0, m_y = 0, m_bulge = 0;
     double m_startWidth = 0, m_endWidth = 0;
-    int m_flags = 0; ///< 70; 16 control point of a spline frame.
+    double m_tangent = 0;                              ///< 50: direction of the curve that was fitted.
+    int m_flags = 0;                                   ///< 70; 16 control point of a spline frame.
+    short m_corner1 = 0, m_corner2 = 0, m_corner3 = 0; ///< 71 to 73: the vertices of a face, counted from 1;
+                                                       ///< negative: its edge from there is not drawn.
 };
 
 class ZUCOMN_API CPline : public CEnt {
@@ -182,8 +194,11 @@ class ZUCOMN_API CPline : public CEnt {
 public:
     CPline() : CEnt(EntType::polyline) {}
 
-    int m_flags = 0;     ///< 70; 1 closed, 16 mesh, 64 faces.
-    CEntList m_vertices; ///< CVertex.
+    double m_startWidth = 0, m_endWidth = 0; ///< 40, 41: of vertices without their own.
+    int m_flags = 0;                         ///< 70; 1 closed, 16 mesh, 64 faces.
+    short m_rows = 0, m_columns = 0;         ///< 71, 72: of a mesh; vertices and faces of faces.
+    short m_density = 0;                     ///< 73: rows of a smoothed mesh.
+    CEntList m_vertices;                     ///< CVertex.
 };
 
 class ZUCOMN_API CInsert : public CEnt {
@@ -237,7 +252,10 @@ public:
     double m_x = 0, m_y = 0;
     double m_x2 = 0, m_y2 = 0; ///< Direction of the text; counts when the file has it and no angle.
     double m_height = 0, m_width = 0, m_rotation = 0;
-    int m_attach = 1; ///< 71: 1 to 9, rows from top left to bottom right.
+    double m_writtenWidth = 0; ///< 42: what the letters take of the width.
+    int m_attach = 1;          ///< 71: 1 to 9, rows from top left to bottom right.
+    short m_direction = 1;     ///< 72: 1 left to right, 3 top to bottom, 5 as the style says.
+    short m_lineSpacing = 1;   ///< 73: 1 at least, 2 exactly.
 
 private:
     friend struct zu::dxf::EntityFields;
@@ -256,7 +274,13 @@ public:
     [[nodiscard]] CString GetText() const;
 
     double m_x = 0, m_y = 0, m_x2 = 0, m_y2 = 0, m_angle = 0;
-    int m_flags = 0;
+    double m_leader = 0;          ///< 40: length of the leader of a radius or diameter.
+    double m_lineSpacing = 1;     ///< 41: factor of the text's lines.
+    double m_measurement = 0;     ///< 42: the value measured.
+    double m_horizontal = 0;      ///< 51: direction that counts as horizontal.
+    int m_flags = 0;              ///< 70; kind of dimension.
+    short m_attach = 5;           ///< 71: as for CMtext.
+    short m_lineSpacingStyle = 1; ///< 72: as 73 of CMtext.
 
 private:
     friend struct zu::dxf::EntityFields;
@@ -271,6 +295,7 @@ public:
     CAcPoint() : CEnt(EntType::point) {}
 
     double m_x = 0, m_y = 0;
+    double m_angle = 0; ///< 50: direction of the x axis that point marks follow.
 };
 
 /// A layer of the LAYER table.

@@ -79,6 +79,7 @@ struct EntityFields::Types {
     static constexpr KeptType lwPolyline{
         EntType::lwPolyline, make<CLwPline>,
         with(common, {entry(10, FieldKind::pointX), entry(20, FieldKind::pointY),
+                      entry(40, FieldKind::pointStartWidth), entry(41, FieldKind::pointEndWidth),
                       entry(42, FieldKind::pointBulge), field(70, &CLwPline::m_flags)})};
     static constexpr KeptType circle{
         EntType::circle, make<CCircle>,
@@ -92,13 +93,18 @@ struct EntityFields::Types {
         with(common, {field(10, &CEllipse::m_x), field(20, &CEllipse::m_y), field(11, &CEllipse::m_majorX),
                       field(21, &CEllipse::m_majorY), field(40, &CEllipse::m_ratio),
                       field(41, &CEllipse::m_start), field(42, &CEllipse::m_end)})};
-    static constexpr KeptType polyline{EntType::polyline, make<CPline>,
-                                       with(common, {field(70, &CPline::m_flags)})};
+    static constexpr KeptType polyline{
+        EntType::polyline, make<CPline>,
+        with(common,
+             {field(40, &CPline::m_startWidth), field(41, &CPline::m_endWidth), field(70, &CPline::m_flags),
+              field(71, &CPline::m_rows), field(72, &CPline::m_columns), field(73, &CPline::m_density)})};
     static constexpr KeptType vertex{
         EntType::vertex, make<CVertex>,
         with(common,
              {field(10, &CVertex::m_x), field(20, &CVertex::m_y), field(40, &CVertex::m_startWidth),
-              field(41, &CVertex::m_endWidth), field(42, &CVertex::m_bulge), field(70, &CVertex::m_flags)})};
+              field(41, &CVertex::m_endWidth), field(42, &CVertex::m_bulge), field(50, &CVertex::m_tangent),
+              field(70, &CVertex::m_flags), field(71, &CVertex::m_corner1), field(72, &CVertex::m_corner2),
+              field(73, &CVertex::m_corner3)})};
     static constexpr KeptType insert{
         EntType::insert, make<CInsert>,
         with(common,
@@ -120,14 +126,20 @@ struct EntityFields::Types {
                               field(72, &CText::m_halign), field(73, &CText::m_valign)})};
     static constexpr KeptType mtext{
         EntType::mtext, make<CMtext>,
-        with(writing<CMtext>, {entry(3, FieldKind::part), field(71, &CMtext::m_attach)})};
+        with(writing<CMtext>,
+             {entry(3, FieldKind::part), field(42, &CMtext::m_writtenWidth), field(71, &CMtext::m_attach),
+              field(72, &CMtext::m_direction), field(73, &CMtext::m_lineSpacing)})};
     static constexpr KeptType dimension{
         EntType::dimension, make<CDim>,
-        with(common, {field(1, &CDim::text_), field(2, &CDim::block_), field(3, &CDim::style_),
-                      field(10, &CDim::m_x), field(20, &CDim::m_y), field(11, &CDim::m_x2),
-                      field(21, &CDim::m_y2), field(50, &CDim::m_angle), field(70, &CDim::m_flags)})};
-    static constexpr KeptType point{EntType::point, make<CAcPoint>,
-                                    with(common, {field(10, &CAcPoint::m_x), field(20, &CAcPoint::m_y)})};
+        with(common,
+             {field(1, &CDim::text_), field(2, &CDim::block_), field(3, &CDim::style_), field(10, &CDim::m_x),
+              field(20, &CDim::m_y), field(11, &CDim::m_x2), field(21, &CDim::m_y2),
+              field(40, &CDim::m_leader), field(41, &CDim::m_lineSpacing), field(42, &CDim::m_measurement),
+              field(50, &CDim::m_angle), field(51, &CDim::m_horizontal), field(70, &CDim::m_flags),
+              field(71, &CDim::m_attach), field(72, &CDim::m_lineSpacingStyle)})};
+    static constexpr KeptType point{
+        EntType::point, make<CAcPoint>,
+        with(common, {field(10, &CAcPoint::m_x), field(20, &CAcPoint::m_y), field(50, &CAcPoint::m_angle)})};
 
     struct Named {
         std::string_view name;

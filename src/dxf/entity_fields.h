@@ -23,8 +23,10 @@ enum class FieldKind : std::uint8_t {
     part,       ///< Piece of a long text.
     pointX,     ///< Begins a vertex.
     pointY,     ///< Of the last vertex,
-    pointBulge, ///< and its bulge.
-    embedded,   ///< What follows is another object's data, under the same group codes.
+    pointBulge, ///< its bulge,
+    pointStartWidth,
+    pointEndWidth, ///< and its widths.
+    embedded,      ///< What follows is another object's data, under the same group codes.
 };
 
 /// Where the record of a group code goes.
@@ -76,6 +78,7 @@ struct EntityFields {
     static void addPresent(CEnt& entity, std::uint32_t bits) { entity.present_ |= bits; }
     static void setHandle(CEnt& entity, std::uint64_t handle) { entity.handle_ = handle; }
     static KeptArray<CDblPoint>& pointsOf(CEnt& polyline) { return static_cast<CLwPline&>(polyline).points_; }
+    static KeptArray<CDblWidth>& widthsOf(CEnt& polyline) { return static_cast<CLwPline&>(polyline).widths_; }
     static KeptArray<KeptPart>& partsOf(CEnt& text) { return static_cast<CMtext&>(text).parts_; }
 
     struct Types;

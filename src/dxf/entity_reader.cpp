@@ -140,6 +140,14 @@ private:
             if (CDblPoint* const point = lastPointOf(entity))
                 point->bulge = Form::real(value);
             break;
+        case FieldKind::pointStartWidth:
+            if (CDblWidth* const width = lastWidthOf(entity))
+                width->start = Form::real(value);
+            break;
+        case FieldKind::pointEndWidth:
+            if (CDblWidth* const width = lastWidthOf(entity))
+                width->end = Form::real(value);
+            break;
         case FieldKind::embedded:
             finish();
             break;
@@ -149,6 +157,15 @@ private:
     static CDblPoint* lastPointOf(CEnt& polyline) {
         const KeptArray<CDblPoint>& points = EntityFields::pointsOf(polyline);
         return points.count > 0 ? points.items + (points.count - 1) : nullptr;
+    }
+
+    /// Most polylines have no widths: they are made up to the last vertex when it gets one.
+    CDblWidth* lastWidthOf(CEnt& polyline) {
+        const std::size_t points = EntityFields::pointsOf(polyline).count;
+        KeptArray<CDblWidth>& widths = EntityFields::widthsOf(polyline);
+        while (widths.count < points)
+            memory_.append(widths, {});
+        return points > 0 ? widths.items + (points - 1) : nullptr;
     }
 
     void takeHandle(CEnt& entity, std::string_view value, std::uint32_t bit) {

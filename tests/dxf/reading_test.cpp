@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <tuple>
 
 namespace zu::test {
 namespace {
@@ -176,6 +177,37 @@ TEST(Reading, EntitiesOutliveTheirDrawing) {
     EXPECT_EQ(text.GetParts(), std::vector<CString>{L"the "});
     EXPECT_EQ(text.GetLayer(), L"外形");
     EXPECT_EQ(static_cast<const CMtext&>(*list.GetHead()).GetText(), L"first");
+}
+
+/// What no listing shows is kept too, for those who put parts into drawings.
+TEST(Reading, FieldsOfFullyDescribedEntities) {
+    const PartFile file(
+        entities({{0, "LWPOLYLINE"}, {10, "0"},  {10, "1"}, {40, "2"},        {41, "3"},    {10, "2"},
+                  {0, "POLYLINE"},   {40, "1"},  {41, "2"}, {71, "3"},        {72, "4"},    {73, "5"},
+                  {0, "VERTEX"},     {50, "45"}, {71, "1"}, {72, "-2"},       {73, "3"},    {0, "MTEXT"},
+                  {42, "9"},         {72, "3"},  {73, "2"}, {0, "DIMENSION"}, {40, "1"},    {41, "2"},
+                  {42, "850.5"},     {51, "30"}, {71, "1"}, {72, "2"},        {0, "POINT"}, {50, "15"}}));
+    const CAcadDxf part(file.path());
+    POSITION at = part.GetEntities().GetHeadPosition();
+    const auto next = [&]() -> const CObject& { return *part.GetEntities().GetNext(at); };
+    ASSERT_EQ(part.GetEntities().GetCount(), 5);
+    const auto widths = static_cast<const CLwPline&>(next()).GetWidths();
+    ASSERT_EQ(widths.size(), 2U);
+    EXPECT_EQ(std::tuple(widths[0].start, widths[0].end), std::tuple(0, 0));
+    EXPECT_EQ(std::tuple(widths[1].start, widths[1].end), std::tuple(2, 3));
+    const auto& mesh = static_cast<const CPline&>(next());
+    EXPECT_EQ(std::tuple(mesh.m_startWidth, mesh.m_endWidth), std::tuple(1, 2));
+    EXPECT_EQ(std::tuple(mesh.m_rows, mesh.m_columns, mesh.m_density), std::tuple(3, 4, 5));
+    const auto& vertex = static_cast<const CVertex&>(*mesh.m_vertices.GetHead());
+    EXPECT_EQ(std::tuple(vertex.m_tangent, vertex.m_corner1, vertex.m_corner2, vertex.m_corner3),
+              std::tuple(45, 1, -2, 3));
+    const auto& text = static_cast<const CMtext&>(next());
+    EXPECT_EQ(std::tuple(text.m_writtenWidth, text.m_direction, text.m_lineSpacing), std::tuple(9, 3, 2));
+    const auto& dimension = static_cast<const CDim&>(next());
+    EXPECT_EQ(std::tuple(dimension.m_leader, dimension.m_lineSpacing, dimension.m_measurement,
+                         dimension.m_horizontal, dimension.m_attach, dimension.m_lineSpacingStyle),
+              std::tuple(1, 2, 850.5, 30, 1, 2));
+    EXPECT_EQ(static_cast<const CAcPoint&>(next()).m_angle, 15);
 }
 
 TEST(Reading, BinaryBytesComeInOrder) {
