@@ -17,6 +17,8 @@
 #include <iostream>
 #include <map>
 #include <memory>
+#include <string>
+#include <system_error>
 
 namespace zu::app {
 
@@ -155,6 +157,13 @@ void drawWindow(const std::vector<Element>& elements, const std::string& drawing
     step.say(path, ": the attributes of ", selection.length(), " elements");
 }
 
+/// As it can be called from here.
+std::string thisProgram() {
+    std::error_code unknown;
+    const fs::path program = fs::proximate(fs::read_symlink("/proc/self/exe", unknown), unknown);
+    return program.empty() ? "zu" : program.string();
+}
+
 void run(const Options& options) {
     const fs::path sample = fs::path(options.samples) / "drawings" / "office-floor.dxf";
     if (!fs::exists(sample))
@@ -180,7 +189,7 @@ void run(const Options& options) {
               << "   office-floor-edited.dxf   the drawing with the new attribute values\n"
               << "   office-floor-plan.png     the plan, routes coloured by link kind, joints marked\n"
               << "   attribute-window.png      the window in which attributes are edited\n"
-              << "Try: zu elements " << result << " --routes\n";
+              << "Try: " << thisProgram() << " elements " << result << " --routes\n";
 }
 
 } // namespace
