@@ -2,6 +2,7 @@
 
 #include "failure.h"
 #include "part_picture.h"
+#include "picture_file.h"
 #include "text.h"
 
 #include <QGuiApplication>
@@ -38,9 +39,8 @@ void startGraphics() {
 }
 
 void draw(const CAcadDxf& part, const fs::path& file, int width, bool dark) {
-    const QImage picture = preview::pictureOf(part, {.size = {width, width * 3 / 4}, .dark = dark});
-    if (!picture.save(QString::fromStdString(file.string()), "PNG"))
-        throw Failure(file.string() + ": can't be written");
+    savePicture(pngOf(preview::pictureOf(part, {.size = {width, width * 3 / 4}, .dark = dark})),
+                file.string());
 }
 
 bool isDrawing(const fs::path& path) {

@@ -1,8 +1,8 @@
 #include "plan_picture.h"
 
 #include "failure.h"
+#include "picture_file.h"
 
-#include <zuhost/atomic_file.h>
 #include <zuhost/desktop.h>
 
 #include <QBuffer>
@@ -15,7 +15,6 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
-#include <system_error>
 
 namespace zu::app {
 
@@ -212,10 +211,7 @@ QByteArray asPng(const PlanScene& scene, const Sheet& sheet) {
         return {};
     PlanPainter(painter, sheet).paint(scene);
     painter.end();
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    return image.save(&buffer, "PNG") ? bytes : QByteArray();
+    return pngOf(image);
 }
 
 QByteArray asSvg(const PlanScene& scene, const Sheet& sheet) {
@@ -250,9 +246,7 @@ void drawPlan(const PlanScene& scene, const std::string& file, int width) {
         throw Failure(file + ": a picture of " + std::to_string(sheet.size().width()) + " x " +
                       std::to_string(sheet.size().height()) +
                       " pixels is too large; --width makes it smaller");
-    if (const int error =
-            zuhost::replaceFile(file, {bytes.constData(), static_cast<std::size_t>(bytes.size())}))
-        throw Failure(file + ": can't be written: " + std::generic_category().message(error));
+    savePicture(bytes, file);
 }
 
 } // namespace zu::app

@@ -1,8 +1,11 @@
 #include "zuhost/desktop.h"
 
+#include "zuhost/atomic_file.h"
 #include "zuhost/windows/wnd.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QPixmap>
 #include <QWidget>
@@ -88,7 +91,12 @@ bool savePicture(const CWnd& window, const std::string& path) {
     if (window.widget() == nullptr)
         return false;
     settleDesktop();
-    return window.widget()->grab().save(QString::fromStdString(path));
+    const QString name = QString::fromStdString(path);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    return window.widget()->grab().save(&buffer, QFileInfo(name).suffix().toLatin1().constData()) &&
+           replaceFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())}) == 0;
 }
 
 } // namespace zuhost
