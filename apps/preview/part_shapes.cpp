@@ -2,6 +2,7 @@
 
 #include "curves.h"
 #include "text_shapes.h"
+#include "wide_segments.h"
 
 #include <QTransform>
 
@@ -55,15 +56,43 @@ bool isReal(const QRectF& box) {
     return near(box.left()) && near(box.right()) && near(box.top()) && near(box.bottom());
 }
 
-std::vector<CDblPoint> pointsOf(const CPline& polyline) {
+/// What an entity looks like: lines, and areas that are filled.
+struct Look {
+    QPainterPath lines;
+    QPainterPath areas;
+};
+
+Look polylineLook(std::span<const CDblPoint> points, std::span<const CDblWidth> widths, int flags) {
+    constexpr int kClosed = 1;
+    const bool closed = (flags & kClosed) != 0;
+    return {bulged(points, closed), wideSegments(points, widths, closed)};
+}
+
+Look polylineLook(const CLwPline& polyline) {
+    if (polyline.m_width > 0 && polyline.GetWidths().empty()) {
+        const std::vector<CDblWidth> widths(polyline.GetPoints().size(),
+                                            {polyline.m_width, polyline.m_width});
+        return polylineLook(polyline.GetPoints(), widths, polyline.m_flags);
+    }
+    return polylineLook(polyline.GetPoints(), polyline.GetWidths(), polyline.m_flags);
+}
+
+Look polylineLook(const CPline& polyline) {
     constexpr int kControlPoint = 16;
+    constexpr int kMeshOrFaces = 16 | 64;
+    if ((polyline.m_flags & kMeshOrFaces) != 0)
+        return {};
     std::vector<CDblPoint> points;
+    std::vector<CDblWidth> widths;
     for (POSITION at = polyline.m_vertices.GetHeadPosition(); at != nullptr;) {
         const auto& vertex = static_cast<const CVertex&>(*polyline.m_vertices.GetNext(at));
-        if ((vertex.m_flags & kControlPoint) == 0)
-            points.push_back({vertex.m_x, vertex.m_y, vertex.m_bulge});
+        if ((vertex.m_flags & kControlPoint) != 0)
+            continue;
+        points.push_back({vertex.m_x, vertex.m_y, vertex.m_bulge});
+        widths.push_back({vertex.Has(40) ? vertex.m_startWidth : polyline.m_startWidth,
+                          vertex.Has(41) ? vertex.m_endWidth : polyline.m_endWidth});
     }
-    return points;
+    return polylineLook(points, widths, polyline.m_flags);
 }
 
 class ShapeCollector {
@@ -114,54 +143,46 @@ private:
         default:
             break;
         }
-        const bool isText = entity.m_type == EntType::text || entity.m_type == EntType::mtext;
-        shape.kind = isText ? ShapeKind::fill : ShapeKind::stroke;
-        shape.path = own.depth > 0 ? knownPathOf(entity) : pathOf(entity);
-        add(std::move(shape), own.transform);
+        if (own.depth > 0)
+            add(knownLookOf(entity), shape, own.transform);
+        else
+            add(lookOf(entity), shape, own.transform);
     }
 
     /// Those of blocks are made once, however often their blocks are shown.
-    const QPainterPath& knownPathOf(const CEnt& entity) {
-        const auto [place, isNew] = paths_.try_emplace(&entity);
+    const Look& knownLookOf(const CEnt& entity) {
+        const auto [place, isNew] = looks_.try_emplace(&entity);
         if (isNew)
-            place->second = pathOf(entity);
+            place->second = lookOf(entity);
         return place->second;
     }
 
-    static QPainterPath pathOf(const CEnt& entity) {
-        constexpr int kClosed = 1;
-        constexpr int kMeshOrFaces = 16 | 64;
+    static Look lookOf(const CEnt& entity) {
         switch (entity.m_type) {
         case EntType::line: {
             const auto& line = static_cast<const CLine&>(entity);
             QPainterPath path(QPointF(line.m_x1, line.m_y1));
             path.lineTo(line.m_x2, line.m_y2);
-            return path;
+            return {path, {}};
         }
         case EntType::circle: {
             const auto& found = static_cast<const CCircle&>(entity);
-            return circle({found.m_x, found.m_y}, found.m_radius);
+            return {circle({found.m_x, found.m_y}, found.m_radius), {}};
         }
         case EntType::arc: {
             const auto& found = static_cast<const CArc&>(entity);
-            return arc({found.m_x, found.m_y}, found.m_radius, found.m_start, found.m_end);
+            return {arc({found.m_x, found.m_y}, found.m_radius, found.m_start, found.m_end), {}};
         }
         case EntType::ellipse:
-            return ellipse(static_cast<const CEllipse&>(entity));
-        case EntType::lwPolyline: {
-            const auto& found = static_cast<const CLwPline&>(entity);
-            return bulged(found.GetPoints(), (found.m_flags & kClosed) != 0);
-        }
-        case EntType::polyline: {
-            const auto& found = static_cast<const CPline&>(entity);
-            if ((found.m_flags & kMeshOrFaces) != 0)
-                return {};
-            return bulged(pointsOf(found), (found.m_flags & kClosed) != 0);
-        }
+            return {ellipse(static_cast<const CEllipse&>(entity)), {}};
+        case EntType::lwPolyline:
+            return polylineLook(static_cast<const CLwPline&>(entity));
+        case EntType::polyline:
+            return polylineLook(static_cast<const CPline&>(entity));
         case EntType::text:
-            return textShape(static_cast<const CText&>(entity));
+            return {{}, textShape(static_cast<const CText&>(entity))};
         case EntType::mtext:
-            return textShape(static_cast<const CMtext&>(entity));
+            return {{}, textShape(static_cast<const CMtext&>(entity))};
         default:
             return {};
         }
@@ -174,6 +195,15 @@ private:
         shape.kind = ShapeKind::dot;
         shape.path.moveTo(point.m_x, point.m_y);
         add(std::move(shape), own.transform);
+    }
+
+    void add(const Look& look, Shape shape, const QTransform& transform) {
+        shape.kind = ShapeKind::stroke;
+        shape.path = look.lines;
+        add(shape, transform);
+        shape.kind = ShapeKind::fill;
+        shape.path = look.areas;
+        add(std::move(shape), transform);
     }
 
     void add(Shape shape, const QTransform& transform) {
@@ -253,7 +283,7 @@ private:
     const CAcadDxf& part_;
     std::vector<Shape> shapes_;
     std::unordered_map<std::wstring, LayerStyle> styles_;
-    std::unordered_map<const CEnt*, QPainterPath> paths_;
+    std::unordered_map<const CEnt*, Look> looks_;
     int left_ = kMostEntities;
 };
 

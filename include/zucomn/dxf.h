@@ -141,7 +141,8 @@ public:
     /// By vertex, as far as the file gives any (40, 41): later vertices have none.
     [[nodiscard]] std::span<const CDblWidth> GetWidths() const { return {widths_.items, widths_.count}; }
 
-    int m_flags = 0; ///< 70; 1 closed.
+    double m_width = 0; ///< 43: of all segments where GetWidths gives none.
+    int m_flags = 0;    ///< 70; 1 closed.
 
 private:
     friend struct zu::dxf::EntityFields;

@@ -80,7 +80,8 @@ struct EntityFields::Types {
         EntType::lwPolyline, make<CLwPline>,
         with(common, {entry(10, FieldKind::pointX), entry(20, FieldKind::pointY),
                       entry(40, FieldKind::pointStartWidth), entry(41, FieldKind::pointEndWidth),
-                      entry(42, FieldKind::pointBulge), field(70, &CLwPline::m_flags)})};
+                      entry(42, FieldKind::pointBulge), field(43, &CLwPline::m_width),
+                      field(70, &CLwPline::m_flags)})};
     static constexpr KeptType circle{
         EntType::circle, make<CCircle>,
         with(common, {field(10, &CCircle::m_x), field(20, &CCircle::m_y), field(40, &CCircle::m_radius)})};

@@ -43,8 +43,8 @@ struct FieldRule {
 };
 
 /// The group codes that entities keep or heed.
-inline constexpr std::array kHeededCodes{1,  2,  3,  4,  5,  7,  8,  10, 11, 20, 21,  40,  41, 42,
-                                         44, 45, 50, 51, 62, 67, 70, 71, 72, 73, 101, 230, 370};
+inline constexpr std::array kHeededCodes{1,  2,  3,  4,  5,  7,  8,  10, 11, 20, 21, 40,  41,  42,
+                                         43, 44, 45, 50, 51, 62, 67, 70, 71, 72, 73, 101, 230, 370};
 inline constexpr int kLastHeededCode = kHeededCodes.back();
 
 /// Places of rules by group code: 0 of what is not heeded, else 1 and so on in the order of the codes.

@@ -82,6 +82,58 @@ TEST(Shapes, BoxesOfCurves) {
     }
 }
 
+TEST(Shapes, WideSegmentsAreFilled) {
+    struct Case {
+        Records records;
+        double box[4];
+    };
+    const Case cases[] = {
+        {{{0, "LWPOLYLINE"}, {43, "2"}, {10, "0"}, {20, "0"}, {10, "4"}, {20, "0"}}, {0, -1, 4, 1}},
+        // Only the second segment, which narrows upwards.
+        {{{0, "LWPOLYLINE"},
+          {10, "0"},
+          {20, "0"},
+          {10, "4"},
+          {20, "0"},
+          {40, "2"},
+          {41, "1"},
+          {10, "4"},
+          {20, "3"}},
+         {3, 0, 5, 3}},
+        // A half circle to the right of the way, which widens.
+        {{{0, "LWPOLYLINE"}, {10, "0"}, {20, "0"}, {40, "0"}, {41, "2"}, {42, "1"}, {10, "4"}, {20, "0"}},
+         {-0.0245, -2.52, 5, 0}},
+        // The polyline's widths, but for the vertex that has its own; back to the start.
+        {{{0, "POLYLINE"},
+          {40, "2"},
+          {41, "2"},
+          {70, "1"},
+          {0, "VERTEX"},
+          {40, "0"},
+          {41, "0"},
+          {10, "0"},
+          {20, "-9"},
+          {0, "VERTEX"},
+          {10, "0"},
+          {20, "0"},
+          {0, "VERTEX"},
+          {10, "0"},
+          {20, "0"},
+          {0, "SEQEND"}},
+         {-1, -9, 1, 0}},
+    };
+    for (const Case& c : cases) {
+        const std::vector<Shape> shapes = shapesIn(c.records);
+        ASSERT_EQ(shapes.size(), 2U);
+        EXPECT_EQ(shapes[1].kind, ShapeKind::fill);
+        expectBox(shapes[1].path, c.box[0], c.box[1], c.box[2], c.box[3]);
+    }
+    // Where segments overlap they don't leave a hole.
+    const auto corner = shapesIn(
+        {{0, "LWPOLYLINE"}, {43, "2"}, {10, "0"}, {20, "0"}, {10, "4"}, {20, "0"}, {10, "4"}, {20, "4"}});
+    EXPECT_TRUE(corner.at(1).path.contains(QPointF(3.5, 0.5)));
+}
+
 TEST(Shapes, ReferencesPlaceTheirBlocks) {
     const auto mirrored = shapesIn({{0, "INSERT"}, {2, "b"}, {10, "10"}, {20, "20"}, {41, "-2"}, {50, "90"}});
     ASSERT_EQ(mirrored.size(), 2U);
