@@ -10,6 +10,6 @@ BOOL CButton::Create(const wchar_t* caption, DWORD style, const RECT& rectangle,
 
 QWidget* CButton::makeWidget(QWidget* parent, DWORD /*style*/) {
     auto* const button = new QPushButton(parent);
-    QObject::connect(button, &QPushButton::clicked, button, [this] { notifyParent(BN_CLICKED); });
+    QObject::connect(button, &QPushButton::clicked, button, [button] { notifyParentOf(button, BN_CLICKED); });
     return button;
 }

@@ -26,21 +26,23 @@ bool hasItem(const QComboBox* list, int index) {
 /// Tells when its list opens and closes.
 class Box : public QComboBox {
 public:
-    Box(QWidget* parent, std::function<void(UINT)> tell) : QComboBox(parent), tell_(std::move(tell)) {}
+    using Tell = void (*)(const QWidget* box, UINT code);
+
+    Box(QWidget* parent, Tell tell) : QComboBox(parent), tell_(tell) {}
 
     void showPopup() override {
-        tell_(CBN_DROPDOWN);
+        tell_(this, CBN_DROPDOWN);
         QComboBox::showPopup();
     }
     void hidePopup() override {
         const bool wasOpen = view()->isVisible();
         QComboBox::hidePopup();
         if (wasOpen)
-            tell_(CBN_CLOSEUP);
+            tell_(this, CBN_CLOSEUP);
     }
 
 private:
-    std::function<void(UINT)> tell_;
+    Tell tell_;
 };
 
 } // namespace
@@ -50,14 +52,15 @@ BOOL CComboBox::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id
 }
 
 QWidget* CComboBox::makeWidget(QWidget* parent, DWORD style) {
-    auto* const made = new Box(parent, [this](UINT code) { notifyParent(code); });
+    auto* const made = new Box(parent, &CComboBox::notifyParentOf);
     made->setEditable((style & CBS_DROPDOWNLIST) == CBS_DROPDOWN);
     made->setInsertPolicy(QComboBox::NoInsert);
-    QObject::connect(made, &QComboBox::activated, made, [this](int) {
-        notifyParent(CBN_SELENDOK);
-        notifyParent(CBN_SELCHANGE);
+    QObject::connect(made, &QComboBox::activated, made, [made](int) {
+        notifyParentOf(made, CBN_SELENDOK);
+        notifyParentOf(made, CBN_SELCHANGE);
     });
-    QObject::connect(made, &QComboBox::editTextChanged, made, [this] { notifyParent(CBN_EDITCHANGE); });
+    QObject::connect(made, &QComboBox::editTextChanged, made,
+                     [made] { notifyParentOf(made, CBN_EDITCHANGE); });
     return made;
 }
 

@@ -17,7 +17,7 @@ QWidget* CEdit::makeWidget(QWidget* parent, DWORD style) {
     auto* const line = new QLineEdit(parent);
     line->setReadOnly((style & ES_READONLY) != 0);
     line->setFrame((style & WS_BORDER) != 0);
-    QObject::connect(line, &QLineEdit::textChanged, line, [this] { notifyParent(EN_CHANGE); });
+    QObject::connect(line, &QLineEdit::textChanged, line, [line] { notifyParentOf(line, EN_CHANGE); });
     return line;
 }
 

@@ -1,6 +1,8 @@
 #include "zuhost/windows/frame.h"
+#include "dispatch.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 IMPLEMENT_DYNCREATE(CFrameWnd, CWnd)
 IMPLEMENT_DYNCREATE(CMDIFrameWnd, CFrameWnd)
@@ -55,13 +57,16 @@ void CFrameWnd::RecalcLayout(BOOL /*notify*/) {
 }
 
 void CFrameWnd::InitialUpdateFrame(CDocument* /*document*/, BOOL makeVisible) {
-    if (widget() == nullptr)
+    const QPointer<QWidget> own = widget();
+    if (own == nullptr)
         return;
-    for (QWidget* const inner : widget()->findChildren<QWidget*>())
+    // What a view ends keeps its widget until all are told.
+    const zuhost::Dispatch dispatch(*this, WM_INITIALUPDATE, 0, 0);
+    for (QWidget* const inner : own->findChildren<QWidget*>())
         if (CWnd* const window = fromWidget(inner);
             window != nullptr && window->IsKindOf(RUNTIME_CLASS(CView)) != FALSE)
             window->SendMessage(WM_INITIALUPDATE);
-    if (makeVisible != FALSE)
+    if (makeVisible != FALSE && fromWidget(own) != nullptr)
         ShowWindow(SW_SHOW);
 }
 

@@ -68,11 +68,12 @@ QWidget* CListBox::makeWidget(QWidget* parent, DWORD style) {
         rows_->height = zuhost::ownRowHeight(*this, *made);
         made->setItemDelegate(new OwnerDelegate(*this, made));
     }
-    QObject::connect(made, &QListWidget::currentRowChanged, made, [this](int) {
-        if (!rows_->changing)
+    QObject::connect(made, &QListWidget::currentRowChanged, made, [this, made](int) {
+        if (fromWidget(made) != nullptr && !rows_->changing)
             notifyParent(LBN_SELCHANGE);
     });
-    QObject::connect(made, &QListWidget::itemDoubleClicked, made, [this] { notifyParent(LBN_DBLCLK); });
+    QObject::connect(made, &QListWidget::itemDoubleClicked, made,
+                     [made] { notifyParentOf(made, LBN_DBLCLK); });
     return made;
 }
 

@@ -95,7 +95,9 @@ QWidget* CListCtrl::makeWidget(QWidget* parent, DWORD style) {
         parts_->model.setLineHeight(zuhost::ownRowHeight(*this, *made));
     made->setModel(&parts_->model);
     parts_->view = made;
-    const auto tell = [this](int index, UINT before, UINT now) {
+    const auto tell = [this, made](int index, UINT before, UINT now) {
+        if (fromWidget(made) == nullptr)
+            return;
         NMLISTVIEW change;
         change.hdr.code = LVN_ITEMCHANGED;
         change.iItem = index;
@@ -114,7 +116,9 @@ QWidget* CListCtrl::makeWidget(QWidget* parent, DWORD style) {
                              for (int row = range.top(); row <= range.bottom(); ++row)
                                  tell(row, 0, LVIS_SELECTED);
                      });
-    const auto plain = [this](UINT code, const QModelIndex& index) {
+    const auto plain = [this, made](UINT code, const QModelIndex& index) {
+        if (fromWidget(made) == nullptr)
+            return;
         NMLISTVIEW what;
         what.hdr.code = code;
         what.iItem = index.row();
@@ -252,7 +256,7 @@ UINT CListCtrl::GetItemState(int index, UINT mask) const {
 int CListCtrl::GetNextItem(int after, int flags) const {
     const auto wanted = ((flags & LVNI_SELECTED) != 0 ? LVIS_SELECTED : 0U) |
                         ((flags & LVNI_FOCUSED) != 0 ? LVIS_FOCUSED : 0U);
-    for (int index = std::max(after, -1) + 1; index < GetItemCount(); ++index)
+    for (int index = std::max(after, -1) + 1; parts_->has(index); ++index)
         if ((parts_->state(index) & wanted) == wanted)
             return index;
     return -1;

@@ -5,6 +5,7 @@
 #include "zuhost/windows/frame.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QVariant>
 
 #include <algorithm>
@@ -15,6 +16,9 @@ CWnd::CWnd() : link_(std::make_unique<zuhost::WindowLink>(*this)) {}
 
 CWnd::~CWnd() {
     destroy(false);
+    // One of the link's own functions may be calling the handler that deletes the window.
+    if (zuhost::Dispatch::current() != nullptr)
+        link_.release()->deleteLater();
 }
 
 BOOL CWnd::Create(const wchar_t* /*className*/, const wchar_t* text, DWORD style, const RECT& rectangle,
@@ -47,7 +51,7 @@ QWidget* CWnd::makeWidget(QWidget* parent, DWORD /*style*/) {
 }
 
 BOOL CWnd::DestroyWindow() {
-    if (widget() == nullptr)
+    if (widget() == nullptr || !link_->startEnd())
         return FALSE;
     destroy(true);
     return TRUE;
@@ -55,12 +59,15 @@ BOOL CWnd::DestroyWindow() {
 
 namespace {
 
-std::vector<CWnd*> windowsIn(QWidget& widget) {
-    std::vector<CWnd*> windows;
+using Widgets = std::vector<QPointer<QWidget>>;
+
+/// Those of the windows within a widget, the outer ones first. They may go while they are gone through.
+Widgets widgetsIn(const QWidget& widget) {
+    Widgets widgets;
     for (QWidget* const inner : widget.findChildren<QWidget*>())
-        if (CWnd* const window = CWnd::fromWidget(inner); window != nullptr)
-            windows.push_back(window);
-    return windows;
+        if (CWnd::fromWidget(inner) != nullptr)
+            widgets.emplace_back(inner);
+    return widgets;
 }
 
 /// A widget whose event is being handled has to outlive it.
@@ -81,13 +88,20 @@ void CWnd::destroy(bool tellSelf) {
         return;
     if (tellSelf)
         SendMessage(WM_DESTROY);
-    for (CWnd* const window : windowsIn(*root))
-        window->SendMessage(WM_DESTROY);
-    std::vector<CWnd*> windows = windowsIn(*root);
-    std::reverse(windows.begin(), windows.end());
-    for (CWnd* const window : windows) {
-        window->link_->detach();
-        window->PostNcDestroy();
+    if (root == nullptr)
+        return;
+    for (const QPointer<QWidget>& inner : widgetsIn(*root))
+        if (CWnd* const window = fromWidget(inner); window != nullptr && window->link_->startEnd())
+            window->SendMessage(WM_DESTROY);
+    if (fromWidget(root) != this)
+        return; // A handler has deleted the window.
+    Widgets widgets = widgetsIn(*root);
+    std::reverse(widgets.begin(), widgets.end());
+    for (const QPointer<QWidget>& inner : widgets) {
+        if (CWnd* const window = fromWidget(inner); window != nullptr) {
+            window->link_->detach();
+            window->PostNcDestroy();
+        }
     }
     link_->detach();
     remove(root.data());
@@ -137,8 +151,9 @@ int CWnd::GetDlgCtrlID() const {
 CWnd* CWnd::GetDlgItem(int id) const {
     if (widget() == nullptr)
         return nullptr;
-    for (CWnd* const window : windowsIn(*widget()))
-        if (window->GetDlgCtrlID() == id && window->GetParent() == this)
+    for (const QPointer<QWidget>& inner : widgetsIn(*widget()))
+        if (CWnd* const window = fromWidget(inner);
+            window->GetDlgCtrlID() == id && window->GetParent() == this)
             return window;
     return nullptr;
 }
@@ -227,6 +242,11 @@ void CWnd::notifyParent(UINT code) {
     if (CWnd* const parent = GetParent(); parent != nullptr)
         parent->SendMessage(WM_COMMAND, MAKEWPARAM(link_->id(), code),
                             reinterpret_cast<LPARAM>(GetSafeHwnd()));
+}
+
+void CWnd::notifyParentOf(const QWidget* widget, UINT code) {
+    if (CWnd* const window = fromWidget(widget); window != nullptr)
+        window->notifyParent(code);
 }
 
 LRESULT CWnd::notifyParent(NMHDR& header) {

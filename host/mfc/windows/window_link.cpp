@@ -29,6 +29,8 @@ LPARAM packed(const QPoint& point) {
 bool askParents(CWnd* window, MSG& message) {
     for (CWnd* asked = window; asked != nullptr;) {
         CWnd* const above = asked->GetParent();
+        // Windows that end meanwhile keep their widgets until the key is handled.
+        const Dispatch dispatch(*asked, message.message, message.wParam, message.lParam);
         if (asked->PreTranslateMessage(&message) != FALSE)
             return true;
         asked = above;
@@ -66,6 +68,7 @@ void WindowLink::customEvent(QEvent* event) {
 void WindowLink::attach(QWidget* widget, UINT id) {
     widget_ = widget;
     id_ = id;
+    ending_ = false;
     widget->setProperty(kOwner, QVariant::fromValue(static_cast<void*>(&owner_)));
     widget->installEventFilter(this);
     if (client() != widget)

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <utility>
+
 class QKeyEvent;
 class QMouseEvent;
 class QHelpEvent;
@@ -18,6 +20,8 @@ public:
     explicit WindowLink(CWnd& owner) : owner_(owner) {}
 
     void attach(QWidget* widget, UINT id);
+    /// False when the window's end has begun before: a handler of WM_DESTROY may ask for it again.
+    bool startEnd() { return !std::exchange(ending_, true); }
     /// The widget is told of no more.
     void detach();
 
@@ -45,6 +49,7 @@ private:
     CWnd& owner_;
     QPointer<QWidget> widget_;
     UINT id_ = 0;
+    bool ending_ = false;
 };
 
 /// The platform's number of a key; 0 for keys without one.

@@ -124,6 +124,9 @@ protected:
     /// Tells the parent of a control what happened to it.
     void notifyParent(UINT code);
     LRESULT notifyParent(NMHDR& header);
+    /// The same for what the control's widget tells: the parent may have ended the control, and the widget
+    /// still be at work.
+    static void notifyParentOf(const QWidget* widget, UINT code);
 
 private:
     friend class zuhost::WindowLink;

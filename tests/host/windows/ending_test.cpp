@@ -1,0 +1,157 @@
+#include "afxcmn.h"
+#include "afxext.h"
+#include "zuhost/desktop.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+// Windows that end while they, or the windows around them, are handling a message.
+
+namespace {
+
+/// Deletes its control when it is told of something.
+class Owner : public CWnd {
+public:
+    std::unique_ptr<CWnd> control;
+    std::vector<UINT> told;
+    UINT endsAt = 0;
+
+protected:
+    BOOL OnCommand(WPARAM wParam, LPARAM /*lParam*/) override { return hear(HIWORD(wParam)); }
+    BOOL OnNotify(WPARAM /*wParam*/, LPARAM lParam, LRESULT* /*result*/) override {
+        return hear(objectOf<const NMHDR>(lParam)->code);
+    }
+    void OnDestroy() {
+        CWnd::OnDestroy();
+        control.reset();
+        EXPECT_FALSE(DestroyWindow());
+    }
+    DECLARE_MESSAGE_MAP()
+
+private:
+    BOOL hear(UINT code) {
+        told.push_back(code);
+        if (code == endsAt)
+            control.reset();
+        return TRUE;
+    }
+};
+
+BEGIN_MESSAGE_MAP(Owner, CWnd)
+ON_WM_DESTROY()
+END_MESSAGE_MAP()
+
+class EndingWindows : public ::testing::Test {
+protected:
+    static constexpr DWORD kChild = WS_CHILD | WS_VISIBLE;
+
+    EndingWindows() {
+        top_.Create(nullptr, L"", WS_VISIBLE, CRect(0, 0, 300, 200), nullptr, 0);
+        owner_.Create(nullptr, L"", kChild, CRect(0, 0, 300, 200), &top_, 1);
+    }
+    ~EndingWindows() override { zuhost::settleDesktop(); }
+
+    template <typename Control>
+    Control& add(DWORD style, UINT endsAt) {
+        auto control = std::make_unique<Control>();
+        Control& added = *control;
+        added.Create(kChild | style, CRect(0, 0, 100, 24), &owner_, 2);
+        owner_.control = std::move(control);
+        owner_.endsAt = endsAt;
+        return added;
+    }
+
+    using Told = std::vector<UINT>;
+
+    CWnd top_;
+    Owner owner_;
+};
+
+TEST_F(EndingWindows, ParentsMayDeleteTheControlThatTellsThem) {
+    auto& box = add<CComboBox>(CBS_DROPDOWNLIST, CBN_SELENDOK);
+    box.AddString(L"1");
+    box.AddString(L"2");
+    QTest::keyClick(box.widget(), Qt::Key_Down);
+    EXPECT_EQ(owner_.told, Told{CBN_SELENDOK});
+    EXPECT_EQ(owner_.GetDlgItem(2), nullptr);
+
+    auto& edit = add<CEdit>(0, EN_KILLFOCUS);
+    QFocusEvent lost(QEvent::FocusOut, Qt::MouseFocusReason);
+    QApplication::sendEvent(edit.widget(), &lost);
+    EXPECT_EQ(owner_.control, nullptr);
+
+    owner_.told.clear();
+    auto& lines = add<CListCtrl>(LVS_REPORT, LVN_ITEMCHANGED);
+    lines.InsertColumn(0, L"", LVCFMT_LEFT, 50);
+    for (int i = 0; i < 3; ++i)
+        lines.InsertItem(i, L"");
+    QTest::keyClick(lines.widget(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(owner_.told, Told{LVN_ITEMCHANGED});
+}
+
+/// Deletes itself for Escape and Return, as they arrive and before.
+class Leaving : public CEdit {
+public:
+    static inline int gone = 0;
+    ~Leaving() override { ++gone; }
+
+protected:
+    BOOL PreTranslateMessage(MSG* message) override {
+        if (message->wParam == VK_RETURN)
+            delete this;
+        return FALSE;
+    }
+    void OnKeyDown(UINT key, UINT repeat, UINT flags) {
+        CEdit::OnKeyDown(key, repeat, flags);
+        if (key == VK_ESCAPE)
+            delete this;
+    }
+    void OnSize(UINT type, int width, int height) {
+        CEdit::OnSize(type, width, height);
+        if (width == 1)
+            delete this;
+    }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(Leaving, CEdit)
+ON_WM_KEYDOWN()
+ON_WM_SIZE()
+END_MESSAGE_MAP()
+
+TEST_F(EndingWindows, HandlersMayDeleteTheirWindow) {
+    const auto make = [this]() -> CWnd& {
+        auto* const edit = new Leaving;
+        edit->Create(kChild, CRect(0, 0, 100, 24), &owner_, 3);
+        return *edit;
+    };
+    Leaving::gone = 0;
+    QTest::keyClick(make().widget(), Qt::Key_Escape);
+    QTest::keyClick(make().widget(), Qt::Key_Return);
+    make().MoveWindow(0, 0, 1, 24);
+    EXPECT_EQ(Leaving::gone, 3);
+}
+
+TEST_F(EndingWindows, WindowsMayDeleteTheirControlsAsTheyEnd) {
+    auto& lines = add<CListCtrl>(LVS_REPORT, 0);
+    lines.InsertItem(0, L"");
+    EXPECT_TRUE(top_.DestroyWindow());
+    EXPECT_EQ(owner_.control, nullptr);
+    EXPECT_FALSE(owner_.DestroyWindow());
+}
+
+TEST_F(EndingWindows, ListsWithoutAWindowFindNothing) {
+    auto& lines = add<CListCtrl>(LVS_REPORT, 0);
+    lines.InsertItem(0, L"");
+    EXPECT_TRUE(lines.DestroyWindow());
+    EXPECT_EQ(lines.GetNextItem(-1, LVNI_SELECTED), -1);
+    EXPECT_EQ(lines.GetSelectedCount(), 0U);
+}
+
+} // namespace
