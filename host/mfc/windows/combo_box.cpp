@@ -55,6 +55,7 @@ QWidget* CComboBox::makeWidget(QWidget* parent, DWORD style) {
     auto* const made = new Box(parent, &CComboBox::notifyParentOf);
     made->setEditable((style & CBS_DROPDOWNLIST) == CBS_DROPDOWN);
     made->setInsertPolicy(QComboBox::NoInsert);
+    made->setPlaceholderText(QStringLiteral(" ")); // Without one the desktop would select the first item.
     QObject::connect(made, &QComboBox::activated, made, [made](int) {
         notifyParentOf(made, CBN_SELENDOK);
         notifyParentOf(made, CBN_SELCHANGE);
@@ -95,7 +96,10 @@ int CComboBox::InsertString(int index, const wchar_t* text) {
 int CComboBox::DeleteString(UINT index) {
     if (!hasItem(box(*this), static_cast<int>(index)))
         return CB_ERR;
+    const bool wasSelected = GetCurSel() == static_cast<int>(index);
     box(*this)->removeItem(static_cast<int>(index));
+    if (wasSelected)
+        box(*this)->setCurrentIndex(-1);
     return GetCount();
 }
 

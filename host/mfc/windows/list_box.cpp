@@ -99,8 +99,11 @@ int CListBox::DeleteString(UINT index) {
     const QListWidgetItem* const item = itemOf(*this, static_cast<int>(index));
     if (item == nullptr)
         return LB_ERR;
+    const bool wasSelected = GetCurSel() == static_cast<int>(index);
     rows_->changing = true;
     delete item;
+    if (wasSelected)
+        list(*this)->setCurrentRow(-1);
     rows_->changing = false;
     return GetCount();
 }

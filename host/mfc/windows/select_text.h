@@ -2,16 +2,20 @@
 
 #include <QLineEdit>
 
+#include <algorithm>
+
 namespace zuhost {
 
-/// Selects characters of a line of text; (0, -1) selects all.
+/// Selects characters of a line of text: up to the end when `end` is negative, none when `start` is.
 inline void selectText(QLineEdit* line, int start, int end) {
     if (line == nullptr)
         return;
-    if (start == 0 && end < 0)
-        line->selectAll();
-    else
-        line->setSelection(start, end - start);
+    if (start < 0)
+        return line->deselect();
+    const int length = static_cast<int>(line->text().size());
+    const int first = std::min(start, length);
+    const int last = end < 0 ? length : std::min(end, length);
+    line->setSelection(first, last - first);
 }
 
 } // namespace zuhost

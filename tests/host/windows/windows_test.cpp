@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QTest>
 #include <QToolTip>
 
@@ -156,8 +157,27 @@ TEST_F(Windows, EventsReachMessageMaps) {
         view.list.AddString(text);
     EXPECT_EQ(view.list.SetCurSel(0), 0);
     QTest::keyClick(view.list.widget(), Qt::Key_Down);
+    EXPECT_EQ(view.list.DeleteString(0), 2);
+    EXPECT_EQ(view.list.GetCurSel(), 0);
+    EXPECT_EQ(view.list.DeleteString(0), 1);
+    EXPECT_EQ(view.list.GetCurSel(), LB_ERR) << "the selected row is gone";
     EXPECT_EQ(heard, (Heard{L"120,30", L"button", L"edited", L"F2", L"row 1"}));
     EXPECT_EQ(view.widget()->grab().toImage().pixelColor(112, 2), QColor(1, 2, 3));
+}
+
+TEST_F(Windows, TextsAreSelectedInPart) {
+    CEdit& edit = left().edit;
+    edit.SetWindowText(L"abcd");
+    const auto* const line = static_cast<QLineEdit*>(edit.widget());
+    const struct {
+        int start;
+        int end;
+        const char* selected;
+    } cases[] = {{0, -1, "abcd"}, {2, -1, "cd"}, {1, 3, "bc"}, {-1, 0, ""}, {3, 9, "d"}, {9, 12, ""}};
+    for (const auto& c : cases) {
+        edit.SetSel(c.start, c.end);
+        EXPECT_EQ(line->selectedText(), c.selected) << c.start << " to " << c.end;
+    }
 }
 
 TEST_F(Windows, ListsOfLinesTellEachChangeOfState) {
@@ -241,6 +261,7 @@ TEST_F(Windows, ComboBoxFollowsKeys) {
     box.Create(CBS_DROPDOWNLIST | WS_CHILD | WS_VISIBLE, CRect(10, 20, 210, 44), &left(), 7);
     for (const wchar_t* text : {L"Supply", L"還気", L"排気"})
         EXPECT_GE(box.AddString(text), 0);
+    EXPECT_EQ(box.GetCurSel(), CB_ERR);
     EXPECT_EQ(box.SetCurSel(0), 0);
     QTest::keyClick(box.widget(), Qt::Key_Down);
     EXPECT_EQ(box.GetCurSel(), 1);
@@ -252,7 +273,8 @@ TEST_F(Windows, ComboBoxFollowsKeys) {
     EXPECT_EQ(box.FindString(-1, L"supp"), 0);
     EXPECT_EQ(box.GetLBText(3, text), CB_ERR);
     EXPECT_EQ(box.InsertString(9, L"x"), CB_ERR);
-    EXPECT_EQ(box.DeleteString(0), 2);
+    EXPECT_EQ(box.DeleteString(1), 2);
+    EXPECT_EQ(box.GetCurSel(), CB_ERR) << "the selected item is gone";
     EXPECT_EQ(box.SetCurSel(5), CB_ERR);
     isGone_ = true;
     frame_.DestroyWindow();

@@ -18,7 +18,7 @@ class CEdit : public CWnd {
 
 public:
     BOOL Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id);
-    /// (0, -1) selects all.
+    /// (0, -1) selects all, (-1, 0) nothing.
     void SetSel(int start, int end, BOOL noScroll = FALSE);
     BOOL SetReadOnly(BOOL readOnly = TRUE);
 
@@ -42,6 +42,7 @@ public:
     int AddString(const wchar_t* text);
     /// Index of the new item; LB_ERR for an index beyond the end, -1 appends.
     int InsertString(int index, const wchar_t* text);
+    /// How many items are left; LB_ERR for one that is not there. Without the selected one none is selected.
     int DeleteString(UINT index);
     void ResetContent();
     int GetText(int index, CString& text) const;
@@ -87,6 +88,7 @@ public:
     /// Index of the new item.
     int AddString(const wchar_t* text);
     int InsertString(int index, const wchar_t* text);
+    /// How many items are left; CB_ERR for one that is not there. Without the selected one none is selected.
     int DeleteString(UINT index);
     void ResetContent();
     /// The first item behind `after` (going round at the end) that equals the text; CB_ERR when there is
