@@ -7,9 +7,11 @@
 #include <cerrno>
 #include <filesystem>
 
-using zuhost::systemPath;
-
 namespace {
+
+std::string systemPath(const wchar_t* path) {
+    return zuhost::systemPath(path != nullptr ? path : L"");
+}
 
 bool exists(const std::string& path) {
     std::error_code error;

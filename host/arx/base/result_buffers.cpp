@@ -36,6 +36,9 @@ int acutRelRb(resbuf* chain) {
 }
 
 int acutNewString(const ACHAR* text, ACHAR*& copy) {
+    copy = nullptr;
+    if (text == nullptr)
+        return RTERROR;
     const std::size_t size = std::wcslen(text) + 1;
     copy = new ACHAR[size];
     std::wmemcpy(copy, text, size);

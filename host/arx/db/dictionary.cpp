@@ -62,6 +62,8 @@ AcDbObjectId AcDbDictionary::entryAt(std::size_t place) const {
 }
 
 Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* name, AcDbObjectId& id) const {
+    if (name == nullptr)
+        return Acad::eInvalidInput;
     const auto found = index().byName.find(zuhost::foldedName(name));
     if (found == index().byName.end())
         return Acad::eKeyNotFound;
@@ -179,6 +181,8 @@ Acad::ErrorStatus AcDbDictionary::removeEntry(std::size_t place) {
 }
 
 Acad::ErrorStatus AcDbDictionary::remove(const ACHAR* name) {
+    if (name == nullptr)
+        return Acad::eInvalidInput;
     const auto found = index().byName.find(zuhost::foldedName(name));
     return found == index().byName.end() ? Acad::eKeyNotFound : removeEntry(found->second);
 }

@@ -42,6 +42,8 @@ AcDbObjectId AcDbEntity::layerId() const {
 }
 
 Acad::ErrorStatus AcDbEntity::setLayer(const ACHAR* name) {
+    if (name == nullptr)
+        return Acad::eInvalidInput;
     if (core() != nullptr) {
         AcDbStub* const table = core()->tableHead("LAYER");
         if (table == nullptr || core()->findRecord(*table, name, false) == nullptr)

@@ -65,7 +65,7 @@ std::wstring AcDbGroup::description() const {
     return textTag(kMarker, 300);
 }
 Acad::ErrorStatus AcDbGroup::setDescription(const ACHAR* description) {
-    return setTextTag(kMarker, 300, description);
+    return setTextTag(kMarker, 300, description != nullptr ? description : L"");
 }
 bool AcDbGroup::isSelectable() const {
     return integerTag(kMarker, 71, 1) != 0;

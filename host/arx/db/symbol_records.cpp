@@ -53,6 +53,9 @@ Adesk::UInt16 AcDbLayerTableRecord::colorIndex() const {
 }
 
 Acad::ErrorStatus AcDbLayerTableRecord::setColorIndex(Adesk::UInt16 index) {
+    constexpr Adesk::UInt16 kLast = 255;
+    if (index == 0 || index > kLast)
+        return Acad::eInvalidInput;
     return setIntegerTag({}, 62, isOff() ? -std::int64_t{index} : std::int64_t{index});
 }
 

@@ -36,6 +36,8 @@ Acad::ErrorStatus AcDbSymbolTableRecord::getName(const ACHAR*& name) const {
 }
 
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
+    if (name == nullptr)
+        return Acad::eInvalidInput;
     AcDbStub* const table = ownerId();
     if (core() != nullptr && table != nullptr) {
         const AcDbStub* const known = core()->findRecord(*table, name, false);

@@ -35,6 +35,16 @@ TEST_F(Dictionaries, EntriesKeepTheirOrder) {
     EXPECT_EQ(iterator->objectId(), found);
 }
 
+TEST_F(Dictionaries, IteratorsStayAtTheirEnd) {
+    const std::unique_ptr<AcDbDictionaryIterator> entries(groups->newIterator());
+    while (entries->next()) {
+    }
+    EXPECT_FALSE(entries->next());
+    EXPECT_TRUE(entries->done());
+    EXPECT_EQ(entries->name(), nullptr);
+    EXPECT_TRUE(entries->objectId().isNull());
+}
+
 TEST_F(Dictionaries, AnonymousGroupsGetTheNextName) {
     AcDbObjectId added;
     auto* const group = new AcDbGroup(L"説明", false);
@@ -90,6 +100,11 @@ TEST_F(Dictionaries, WrongEntriesAreRefused) {
         const AcDbObjectPointer<AcDbGroup> furniture(id(kFurniture), AcDb::kForWrite);
         EXPECT_EQ(foreign->setAt(L"x", furniture, added), Acad::eWrongDatabase);
     }
+    AcDbObjectId none;
+    EXPECT_EQ(groups->getAt(nullptr, none), Acad::eInvalidInput);
+    EXPECT_EQ(groups->remove(static_cast<const ACHAR*>(nullptr)), Acad::eInvalidInput);
+    EXPECT_FALSE(groups->has(static_cast<const ACHAR*>(nullptr)));
+    EXPECT_EQ(AcDbGroup(nullptr).description(), L"");
     groups->downgradeOpen();
     EXPECT_EQ(groups->setAt(L"x", group.get(), added), Acad::eNotOpenForWrite);
     EXPECT_EQ(groups->remove(L"*A1"), Acad::eNotOpenForWrite);

@@ -37,6 +37,9 @@ TEST_F(SymbolTables, LayerStatesAreReadAndKept) {
     layer->setIsFrozen(true);
     layer->setIsLocked(false);
     layer->setColorIndex(1);
+    EXPECT_EQ(layer->setColorIndex(0), Acad::eInvalidInput);
+    EXPECT_EQ(layer->setColorIndex(256), Acad::eInvalidInput);
+    EXPECT_EQ(layer->setName(nullptr), Acad::eInvalidInput);
     const AcDbHandle handle = layer->getAcDbHandle();
     layer->close();
     const auto again = reopened();

@@ -37,7 +37,7 @@ struct resbuf {
 resbuf* acutNewRb(int type);
 /// Frees the whole chain and what its items own.
 int acutRelRb(resbuf* chain);
-/// A copy of the text for `resval.rstring`; freed by acutRelRb or acutDelString.
+/// A copy of the text for `resval.rstring`; freed by acutRelRb or acutDelString. RTERROR, and null, for null.
 int acutNewString(const ACHAR* text, ACHAR*& copy);
 void acutDelString(ACHAR*& text);
 

@@ -13,10 +13,12 @@ public:
     };
     explicit AcDbDictionaryIterator(std::vector<Entry> entries) : entries_(std::move(entries)) {}
 
-    [[nodiscard]] const ACHAR* name() const { return entries_[at_].name.c_str(); }
-    [[nodiscard]] AcDbObjectId objectId() const { return entries_[at_].id; }
+    /// Null at the end.
+    [[nodiscard]] const ACHAR* name() const { return done() ? nullptr : entries_[at_].name.c_str(); }
+    [[nodiscard]] AcDbObjectId objectId() const { return done() ? AcDbObjectId() : entries_[at_].id; }
     [[nodiscard]] bool done() const { return at_ >= entries_.size(); }
-    bool next() { return ++at_ < entries_.size(); }
+    /// False at the end.
+    bool next() { return !done() && ++at_ < entries_.size(); }
 
 private:
     std::vector<Entry> entries_;
@@ -29,7 +31,8 @@ public:
     ACRX_DECLARE_MEMBERS(AcDbDictionary);
     AcDbDictionary();
 
-    /// eKeyNotFound when there is no such entry, eWasErased when its object is erased.
+    /// eKeyNotFound when there is no such entry, eWasErased when its object is erased, eInvalidInput for
+    /// null.
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id) const;
     /// Opens the object; the caller closes it.
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbObject*& object, AcDb::OpenMode mode) const;

@@ -76,7 +76,7 @@ public:
     [[nodiscard]] bool isFrozen() const;
     Acad::ErrorStatus setIsFrozen(bool frozen);
     [[nodiscard]] bool isOff() const;
-    /// 1 to 255.
+    /// 1 to 255; eInvalidInput for others.
     [[nodiscard]] Adesk::UInt16 colorIndex() const;
     Acad::ErrorStatus setColorIndex(Adesk::UInt16 index);
     [[nodiscard]] std::wstring linetypeName() const;
