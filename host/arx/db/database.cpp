@@ -22,9 +22,7 @@ AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool /*noDocument*/)
 }
 
 AcDbDatabase::~AcDbDatabase() {
-    const auto told = core_->reactors;
-    for (AcDbDatabaseReactor* reactor : told)
-        reactor->goodbye(this);
+    core_->goodbye();
     AcDbHostApplicationServices* const services = acdbHostApplicationServices();
     if (services->workingDatabase() == this)
         services->setWorkingDatabase(nullptr);
@@ -170,7 +168,9 @@ Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* obje
 }
 
 void AcDbDatabase::addReactor(AcDbDatabaseReactor* reactor) {
-    core_->reactors.push_back(reactor);
+    std::vector<AcDbDatabaseReactor*>& reactors = core_->reactors;
+    if (reactor != nullptr && std::find(reactors.begin(), reactors.end(), reactor) == reactors.end())
+        reactors.push_back(reactor);
 }
 
 void AcDbDatabase::removeReactor(AcDbDatabaseReactor* reactor) {

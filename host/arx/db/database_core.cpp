@@ -25,7 +25,7 @@ DatabaseCore::~DatabaseCore() = default;
 
 void DatabaseCore::reset(std::unique_ptr<Document> opened) {
     undo.clear();
-    objects_.clear(); // while their stubs are there: reactors are told of their end
+    endObjects(); // while their stubs are there
     document = std::move(opened);
     blocks_.clear();
     names_.clear();
@@ -36,6 +36,16 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
         document->implyModelSpace();
         names_.clear();
     }
+}
+
+/// All are told before the first goes: their reactors may look at others, and so build more.
+void DatabaseCore::endObjects() {
+    for (std::size_t i = 0; i < objects_.size(); ++i) {
+        AcDbObject& ending = *objects_[i];
+        ending.tellReactors([&ending](AcDbObjectReactor& r) { r.goodbye(&ending); });
+        ending.transientReactors_.clear();
+    }
+    objects_.clear();
 }
 
 AcDbObject& DatabaseCore::object(AcDbStub& stub) {
@@ -218,12 +228,18 @@ namespace {
 
 template <typename Told>
 void tellAll(const std::vector<AcDbDatabaseReactor*>& reactors, Told told) {
-    // A copy: a reactor may take itself off the list.
+    // A copy: a reactor may take itself, or others, off the list.
     for (AcDbDatabaseReactor* reactor : std::vector(reactors))
-        told(*reactor);
+        if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end())
+            told(*reactor);
 }
 
 } // namespace
+
+void DatabaseCore::goodbye() {
+    tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.goodbye(&self); });
+    endObjects();
+}
 
 void DatabaseCore::openedForModify(const AcDbObject& object) {
     tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectOpenedForModify(&self, &object); });

@@ -58,6 +58,9 @@ struct DatabaseCore {
     [[nodiscard]] std::vector<AcDbStub*> records(const AcDbStub& table);
     void forgetNames(const AcDbStub* table) { names_.erase(table); }
 
+    /// The database is about to go: tells it, and ends its objects.
+    void goodbye();
+
     // ---- told by objects
     void openedForModify(const AcDbObject& object);
     void appended(const AcDbObject& object);
@@ -71,6 +74,8 @@ struct DatabaseCore {
     [[nodiscard]] Document::TagSource savedTags();
 
 private:
+    void endObjects();
+
     using NameIndex = std::unordered_map<std::wstring, std::vector<AcDbStub*>>;
 
     const NameIndex& names(const AcDbStub& table);

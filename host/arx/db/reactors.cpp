@@ -69,7 +69,8 @@ AcDbObjectId acdbPersistentReactorObjectId(const void* reactor) {
 }
 
 void AcDbObject::addReactor(AcDbObjectReactor* reactor) const {
-    if (std::find(transientReactors_.begin(), transientReactors_.end(), reactor) == transientReactors_.end())
+    if (reactor != nullptr &&
+        std::find(transientReactors_.begin(), transientReactors_.end(), reactor) == transientReactors_.end())
         transientReactors_.push_back(reactor);
 }
 

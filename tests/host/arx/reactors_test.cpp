@@ -107,6 +107,60 @@ TEST_F(Reactors, DatabaseTellsItsEnd) {
     EXPECT_TRUE(witness.isAlone());
 }
 
+/// Deletes another one when it is told of a change.
+class Heir : public Witness {
+public:
+    Heir(AcDbDatabase& database, std::unique_ptr<Witness>& other) : Witness(database), other_(other) {}
+    void objectModified(const AcDbDatabase*, const AcDbObject*) override { other_.reset(); }
+    void goodbye(const AcDbDatabase* database) override {
+        other_.reset();
+        Witness::goodbye(database);
+    }
+
+private:
+    std::unique_ptr<Witness>& other_;
+};
+
+TEST_F(Reactors, MayTakeOthersOffTheList) {
+    std::unique_ptr<Witness> other;
+    const Heir heir(*drawing, other);
+    other = std::make_unique<Witness>(*drawing);
+    drawing->addReactor(other.get());
+    drawing->addReactor(nullptr);
+    {
+        const AcDbObjectPointer<AcDbEntity> duct(id(kDuct), AcDb::kForWrite);
+        duct->addReactor(nullptr);
+        EXPECT_EQ(duct->setLayer(static_cast<const ACHAR*>(nullptr)), Acad::eInvalidInput);
+        duct->setColorIndex(5);
+    }
+    EXPECT_EQ(other, nullptr);
+
+    auto ending = std::make_unique<AcDbDatabase>();
+    const Heir last(*ending, other);
+    other = std::make_unique<Witness>(*ending);
+    ending.reset();
+    EXPECT_EQ(other, nullptr);
+    EXPECT_TRUE(last.isAlone());
+}
+
+TEST_F(Reactors, OfAnObjectMayTakeOthersOffTheList) {
+    struct Remover : Observer {
+        void modified(const AcDbObject* object) override {
+            object->removeReactor(other.get());
+            other.reset();
+        }
+        std::unique_ptr<Observer> other = std::make_unique<Observer>();
+    };
+    Remover remover;
+    const AcDbObjectPointer<AcDbEntity> duct(id(kDuct), AcDb::kForWrite);
+    duct->addReactor(&remover);
+    duct->addReactor(remover.other.get());
+    duct->setColorIndex(5);
+    duct->downgradeOpen();
+    EXPECT_EQ(remover.other, nullptr);
+    duct->removeReactor(&remover);
+}
+
 TEST_F(Reactors, TransientReactorsAreToldOfTheirObject) {
     Observer observer;
     {
@@ -123,6 +177,24 @@ TEST_F(Reactors, TransientReactorsAreToldOfTheirObject) {
     EXPECT_EQ(drawing->dxfIn(samplePath(L"office-floor-932.dxf").c_str()), Acad::eOk);
     EXPECT_EQ(observer.told, "bye|");
     EXPECT_EQ(observer.last, kDuct);
+}
+
+TEST_F(Reactors, ObjectsAreThereUntilTheLastIsToldOfTheirEnd) {
+    struct Curious : Observer {
+        void goodbye(const AcDbObject* object) override {
+            Observer::goodbye(object);
+            const AcDbObjectPointer<AcDbLayerTableRecord> layer(AcDbEntity::cast(object)->layerId());
+            isLocked = layer.openStatus() == Acad::eOk && layer->isLocked();
+        }
+        bool isLocked = false;
+    };
+    for (const AcDbObjectId layer : AcDbObjectPointer<AcDbLayerTable>(drawing->layerTableId())->recordIds())
+        AcDbObjectPointer<AcDbLayerTableRecord>(layer, AcDb::kForWrite)->setIsLocked(true);
+    Curious curious;
+    AcDbObjectPointer<AcDbEntity>(id(kDuct))->addReactor(&curious);
+    EXPECT_EQ(drawing->dxfIn(samplePath(L"office-floor-932.dxf").c_str()), Acad::eOk);
+    EXPECT_EQ(curious.told, "bye|");
+    EXPECT_TRUE(curious.isLocked);
 }
 
 TEST_F(Reactors, PersistentReactorsComeFirstInStoredOrder) {

@@ -6,6 +6,7 @@
 #include "gemat3d.h"
 #include "rxclass.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -168,12 +169,14 @@ private:
     friend class AcDbDatabase;
 
     void notifyClosed();
-    /// Calls `tell` with each transient reactor that is there at the start.
+    /// Calls `tell` with each transient reactor that is there at the start and not taken off meanwhile.
     template <typename Tell>
     void tellReactors(Tell tell) const {
         const auto told = transientReactors_;
         for (AcDbObjectReactor* reactor : told)
-            tell(*reactor);
+            if (std::find(transientReactors_.begin(), transientReactors_.end(), reactor) !=
+                transientReactors_.end())
+                tell(*reactor);
     }
     void catchUp() const;
 
