@@ -207,14 +207,25 @@ std::wstring formatReal(const FormatArgument& argument, const Conversion& c) {
     return padded(digits, signOf(negative, c), c, c.zero);
 }
 
+/// With a precision a text needs no zero at its end.
+template <typename Character>
+std::basic_string_view<Character> wordsOf(const Character* text, int precision) {
+    if (precision < 0)
+        return text;
+    std::size_t size = 0;
+    while (size < static_cast<std::size_t>(precision) && text[size] != Character())
+        ++size;
+    return {text, size};
+}
+
 std::wstring formatWords(const FormatArgument& argument, const Conversion& c) {
     std::wstring text = L"(null)";
     if (const auto* wide = std::get_if<const wchar_t*>(&argument)) {
         if (*wide != nullptr)
-            text = *wide;
+            text = wordsOf(*wide, c.precision);
     } else if (const auto* narrow = std::get_if<const char*>(&argument)) {
         if (*narrow != nullptr)
-            text = fromUtf8(*narrow);
+            text = fromUtf8(wordsOf(*narrow, c.precision));
     } else {
         return {};
     }

@@ -25,7 +25,8 @@ public:
     void SetSize(int size, int growBy = -1) {
         if (size < 0 || growBy > std::numeric_limits<int>::max() - size)
             AfxThrowInvalidArgException();
-        items_.reserve(size + std::max(growBy, 0));
+        if (growBy > 0)
+            items_.reserve(size + growBy);
         items_.resize(size);
     }
     void RemoveAll() { items_.clear(); }
@@ -37,7 +38,7 @@ public:
     Element& operator[](int index) { return ElementAt(index); }
     void SetAt(int index, const Element& element) { ElementAt(index) = element; }
     void SetAtGrow(int index, Element element) {
-        if (index >= GetSize())
+        if (index >= GetSize() && index < std::numeric_limits<int>::max())
             SetSize(index + 1);
         ElementAt(index) = std::move(element);
     }

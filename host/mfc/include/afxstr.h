@@ -4,6 +4,7 @@
 #include "zuhost/shared_text.h"
 
 #include <algorithm>
+#include <compare>
 #include <concepts>
 #include <cstdint>
 #include <span>
@@ -181,9 +182,10 @@ inline bool operator==(const CString& left, const CString& right) {
 inline bool operator==(const CString& left, const wchar_t* right) {
     return left.Compare(right) == 0;
 }
-inline bool operator<(const CString& left, const CString& right) {
-    return left.view() < right.view();
+// Without all of them the remaining ones would compare addresses.
+inline auto operator<=>(const CString& left, const CString& right) {
+    return left.view() <=> right.view();
 }
-inline bool operator>(const CString& left, const CString& right) {
-    return right < left;
+inline auto operator<=>(const CString& left, const wchar_t* right) {
+    return left.Compare(right) <=> 0;
 }

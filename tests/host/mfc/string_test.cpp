@@ -96,6 +96,10 @@ TEST(String, FormatsTypesAndWidths) {
     EXPECT_EQ(text, L"表|(null)|0.500000|0");
     text.Format(L"%999999999d%", 1);
     EXPECT_EQ(text.GetLength(), 100000) << "fields have a limit";
+    const std::vector<wchar_t> unended{L'a', L'b'};
+    const std::vector<char> narrow{'c', 'd'};
+    text.Format(L"%.2s%.*hs", unended.data(), 2, narrow.data());
+    EXPECT_EQ(text, L"abcd") << "with a precision a text needs no end";
     text.Format(L"");
     text.AppendFormat(L"[%5.1lf]", 2.25);
     EXPECT_EQ(text, L"[  2.2]");
@@ -172,6 +176,17 @@ TEST(String, ComparesAndFoldsAsRecorded) {
         EXPECT_EQ(narrow(wide(c[0]).MakeUpper()), c[3].get<std::string>());
         EXPECT_EQ(narrow(wide(c[0]).MakeLower()), c[4].get<std::string>());
     }
+}
+
+TEST(String, OperatorsCompareTexts) {
+    const CString a(L"a");
+    const CString sameAsA(std::wstring(L"a"));
+    const CString b(L"b");
+    EXPECT_TRUE(a <= sameAsA && a >= sameAsA && sameAsA <= a && sameAsA >= a);
+    EXPECT_TRUE(a < b && b > a && a <= b && b >= a);
+    EXPECT_FALSE(a >= b || b <= a || a < sameAsA || a > sameAsA);
+    EXPECT_TRUE(a <= L"a" && L"b" > a && b >= L"a");
+    EXPECT_FALSE(a < static_cast<const wchar_t*>(nullptr));
 }
 
 TEST(String, SplitsPathsAsRecorded) {
@@ -263,6 +278,19 @@ TEST(Arrays, OutOfRangeThrows) {
     EXPECT_EQ(texts.GetSize(), 6);
     EXPECT_EQ(texts.Append(texts), 6);
     EXPECT_EQ(texts.GetSize(), 12);
+    EXPECT_THROW(texts.SetAtGrow(std::numeric_limits<int>::max(), L""), CInvalidArgException);
+    EXPECT_THROW(texts.SetAtGrow(-1, L""), CInvalidArgException);
+}
+
+TEST(Arrays, GrowInFewSteps) {
+    CStringArray texts;
+    int moves = 0;
+    for (int i = 0; i < 10000; ++i) {
+        const CString* const before = texts.GetData();
+        texts.SetAtGrow(i, L"x");
+        moves += texts.GetData() != before ? 1 : 0;
+    }
+    EXPECT_LT(moves, 40);
 }
 
 TEST(Lists, KeepTheirOrder) {
