@@ -35,6 +35,10 @@ bool writes(UINT flags) {
     return (flags & (CFile::modeWrite | CFile::modeReadWrite)) != 0;
 }
 
+std::string systemPathOf(const wchar_t* path) {
+    return zuhost::systemPath(path != nullptr ? path : L"");
+}
+
 File::Mode openMode(UINT flags, const std::string& path) {
     if (!writes(flags))
         return File::Mode::read;
@@ -66,7 +70,7 @@ CFile::~CFile() {
 }
 
 BOOL CFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
-    const std::string file = zuhost::systemPath(path != nullptr ? path : L"");
+    const std::string file = systemPathOf(path);
     auto handle = std::make_unique<Handle>();
     int systemError = file.empty() ? ENOENT : 0;
     if (systemError == 0 && creates(flags)) {
@@ -131,14 +135,14 @@ ULONGLONG CFile::Seek(std::int64_t offset, UINT from) {
 ULONGLONG CFile::GetLength() {
     if (handle_ != nullptr && handle_->creation != nullptr)
         return handle_->written;
-    const auto position = static_cast<std::int64_t>(Seek(0, current));
-    const ULONGLONG length = Seek(0, end);
-    Seek(position, begin);
+    const auto position = static_cast<std::int64_t>(CFile::Seek(0, current));
+    const ULONGLONG length = CFile::Seek(0, end);
+    CFile::Seek(position, begin);
     return length;
 }
 
 ULONGLONG CFile::GetPosition() {
-    return handle_ != nullptr && handle_->creation != nullptr ? handle_->written : Seek(0, current);
+    return handle_ != nullptr && handle_->creation != nullptr ? handle_->written : CFile::Seek(0, current);
 }
 
 void CFile::Close() {
@@ -155,13 +159,13 @@ void CFile::Abort() {
 }
 
 void CFile::Remove(const wchar_t* path) {
-    if (const int error = zuhost::file_ops::remove(zuhost::systemPath(path)))
+    if (const int error = zuhost::file_ops::remove(systemPathOf(path)))
         AfxThrowFileException(fileExceptionCauseOf(error), static_cast<LONG>(zuhost::lastErrorOf(error)),
                               path);
 }
 
 void CFile::Rename(const wchar_t* from, const wchar_t* to) {
-    if (const int error = zuhost::file_ops::rename(zuhost::systemPath(from), zuhost::systemPath(to)))
+    if (const int error = zuhost::file_ops::rename(systemPathOf(from), systemPathOf(to)))
         AfxThrowFileException(fileExceptionCauseOf(error), static_cast<LONG>(zuhost::lastErrorOf(error)),
                               from);
 }

@@ -90,10 +90,30 @@ BOOL CStdioFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
     if (!CFile::Open(path, flags, error))
         return FALSE;
     text->markWritten = (flags & modeCreate) == 0 || (flags & modeNoTruncate) != 0;
-    text->blocks.emplace(
-        [this](char* place, std::size_t size) { return Read(place, static_cast<UINT>(size)); });
     text_ = std::move(text);
+    readLinesFrom(0);
     return TRUE;
+}
+
+void CStdioFile::readLinesFrom(ULONGLONG position) {
+    std::optional<TextEncoding> encoding;
+    if (position > 0) {
+        // Only the start of a file tells its encoding.
+        char start[3] = {};
+        CFile::Seek(0, begin);
+        encoding = TextEncoding::of({start, Read(start, sizeof start)});
+        CFile::Seek(static_cast<std::int64_t>(position), begin);
+    }
+    text_->block = {};
+    text_->blocks.emplace(
+        [this](char* place, std::size_t size) { return Read(place, static_cast<UINT>(size)); }, encoding);
+}
+
+ULONGLONG CStdioFile::Seek(std::int64_t offset, UINT from) {
+    const ULONGLONG position = CFile::Seek(offset, from);
+    if (text_ != nullptr)
+        readLinesFrom(position);
+    return position;
 }
 
 BOOL CStdioFile::ReadString(CString& line) {

@@ -144,7 +144,8 @@ public:
     UINT Read(void* buffer, UINT count);
     /// Throws CFileException.
     void Write(const void* buffer, UINT count);
-    ULONGLONG Seek(std::int64_t offset, UINT from);
+    /// The new position. Throws CFileException.
+    virtual ULONGLONG Seek(std::int64_t offset, UINT from);
     ULONGLONG SeekToEnd() { return Seek(0, end); }
     void SeekToBegin() { Seek(0, begin); }
     [[nodiscard]] ULONGLONG GetLength();
@@ -206,6 +207,9 @@ public:
 
     BOOL Open(const wchar_t* path, UINT flags, CFileException* error = nullptr) override;
 
+    /// The next line is read from the new position on; what was read ahead of lines counts as read.
+    ULONGLONG Seek(std::int64_t offset, UINT from) override;
+
     /// The next line without its line end; FALSE at the end of the file. A line of more than 16 MiB (2^24
     /// bytes) throws CFileException, as does a failed read. Bytes read ahead are not seen by Read.
     BOOL ReadString(CString& line);
@@ -219,6 +223,7 @@ private:
     struct Text;
 
     BOOL nextLines(CTextBlock& block, std::size_t size);
+    void readLinesFrom(ULONGLONG position);
 
     std::unique_ptr<Text> text_;
 };

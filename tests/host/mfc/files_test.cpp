@@ -128,6 +128,23 @@ TEST(StdioFile, ReadsLinesInTheFilesEncoding) {
     }
 }
 
+TEST(StdioFile, LinesAreReadFromWhereItWasSoughtTo) {
+    const TemporaryFolder folder;
+    folder.write("t", "\xEF\xBB\xBF㎥\r\n表\r\n");
+    CStdioFile file(folder.wide("t").c_str(), CFile::modeRead | CFile::typeText);
+    CString line;
+    file.Seek(8, CFile::begin);
+    EXPECT_TRUE(file.ReadString(line));
+    EXPECT_EQ(line, L"表");
+    EXPECT_FALSE(file.ReadString(line));
+    file.SeekToBegin();
+    EXPECT_TRUE(file.ReadString(line));
+    EXPECT_EQ(line, L"㎥");
+    EXPECT_EQ(file.GetLength(), 13U);
+    EXPECT_TRUE(file.ReadString(line));
+    EXPECT_EQ(line, L"表") << "asking for the length moves nothing";
+}
+
 TEST(StdioFile, BlocksGoOnWhereTheLinesEnd) {
     const TemporaryFolder folder;
     std::string bytes = "\xFF\xFE";
@@ -249,6 +266,10 @@ TEST(FileFunctions, CopyMoveDelete) {
     EXPECT_TRUE(DeleteFileW(b.c_str()));
     EXPECT_FALSE(DeleteFileW(b.c_str()));
     EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+    EXPECT_FALSE(CopyFileW(nullptr, b.c_str(), FALSE));
+    EXPECT_FALSE(MoveFileW(a.c_str(), nullptr));
+    EXPECT_FALSE(DeleteFileW(nullptr));
+    EXPECT_THROW(CFile::Remove(nullptr), CFileException);
     EXPECT_TRUE(MoveFileW(a.c_str(), b.c_str()));
     EXPECT_EQ(TemporaryFolder::read(folder.file("b")), "1");
 }

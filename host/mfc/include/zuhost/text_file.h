@@ -66,7 +66,9 @@ public:
     /// Bytes; a longer line is taken for a sign that the file is no text.
     static constexpr std::size_t kLongestLine = std::size_t{1} << 24U;
 
-    explicit TextBlocks(Source source) : source_(std::move(source)) {}
+    /// Where the source doesn't begin at the text's start, the encoding has to be known.
+    explicit TextBlocks(Source source, std::optional<TextEncoding> encoding = std::nullopt)
+        : source_(std::move(source)), encoding_(encoding) {}
 
     /// Fills the block with the next lines, at least one and about so many bytes; false at the end. Throws
     /// std::length_error for a line of more than kLongestLine bytes.
