@@ -23,6 +23,8 @@ CWnd::~CWnd() {
 
 BOOL CWnd::Create(const wchar_t* /*className*/, const wchar_t* text, DWORD style, const RECT& rectangle,
                   CWnd* parent, UINT id, CCreateContext* context) {
+    if (this->widget() != nullptr)
+        return FALSE;
     zuhost::ensureDesktop();
     QWidget* const widget = makeWidget(parent != nullptr ? parent->clientWidget() : nullptr, style);
     link_->attach(widget, id);

@@ -146,6 +146,16 @@ TEST_F(EndingWindows, WindowsMayDeleteTheirControlsAsTheyEnd) {
     EXPECT_FALSE(owner_.DestroyWindow());
 }
 
+TEST_F(EndingWindows, AWindowIsMadeOnceAndAnewAfterItsEnd) {
+    CEdit edit;
+    EXPECT_TRUE(edit.Create(kChild, CRect(0, 0, 9, 9), &top_, 4));
+    EXPECT_FALSE(edit.Create(kChild, CRect(0, 0, 9, 9), &top_, 5));
+    EXPECT_EQ(edit.GetDlgCtrlID(), 4);
+    EXPECT_TRUE(edit.DestroyWindow());
+    EXPECT_TRUE(edit.Create(kChild, CRect(0, 0, 9, 9), &top_, 5));
+    EXPECT_TRUE(edit.DestroyWindow());
+}
+
 TEST_F(EndingWindows, ListsWithoutAWindowFindNothing) {
     auto& lines = add<CListCtrl>(LVS_REPORT, 0);
     lines.InsertItem(0, L"");

@@ -29,7 +29,8 @@ public:
     CWnd(const CWnd&) = delete;
     CWnd& operator=(const CWnd&) = delete;
 
-    /// Makes the window. FALSE, without a window, when a WM_CREATE handler returns -1.
+    /// Makes the window. FALSE, without a window, when a WM_CREATE handler returns -1; FALSE, with nothing
+    /// changed, when there is one already.
     BOOL Create(const wchar_t* className, const wchar_t* text, DWORD style, const RECT& rectangle,
                 CWnd* parent, UINT id, CCreateContext* context = nullptr);
     /// WM_DESTROY goes to the window and to those in it; PostNcDestroy is the last that each hears. FALSE
