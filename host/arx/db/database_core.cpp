@@ -40,7 +40,7 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
 
 /// All are told before the first goes: their reactors may look at others, and so build more.
 void DatabaseCore::endObjects() {
-    for (std::size_t i = 0; i < objects_.size(); ++i) {
+    for (std::size_t i = 0; i < objects_.size(); ++i) { // NOLINT(modernize-loop-convert): it may grow.
         AcDbObject& ending = *objects_[i];
         ending.tellReactors([&ending](AcDbObjectReactor& r) { r.goodbye(&ending); });
         ending.transientReactors_.clear();

@@ -26,14 +26,14 @@ LPARAM packed(const QPoint& point) {
     return MAKELPARAM(point.x(), point.y());
 }
 
-bool askParents(CWnd* window, MSG& message) {
-    for (CWnd* asked = window; asked != nullptr;) {
-        CWnd* const above = asked->GetParent();
-        // Windows that end meanwhile keep their widgets until the key is handled.
-        const Dispatch dispatch(*asked, message.message, message.wParam, message.lParam);
-        if (asked->PreTranslateMessage(&message) != FALSE)
+/// Windows may end while they are asked.
+bool askParents(const CWnd& window, MSG& message) {
+    for (QPointer<QWidget> asked = window.widget(); CWnd* const owner = CWnd::fromWidget(asked);) {
+        const CWnd* const above = owner->GetParent();
+        const QPointer<QWidget> next = above != nullptr ? above->widget() : nullptr;
+        if (owner->PreTranslateMessage(&message) != FALSE)
             return true;
-        asked = above;
+        asked = next;
     }
     return false;
 }
@@ -163,7 +163,7 @@ bool WindowLink::onKey(const QKeyEvent& event, QWidget& receiver) {
     const QPointer<QWidget> alive = &receiver;
     const UINT key = virtualKey(event.key());
     MSG message{owner_.GetSafeHwnd(), WM_KEYDOWN, key, 0};
-    if (key != 0 && askParents(&owner_, message))
+    if (key != 0 && askParents(owner_, message))
         return true;
     if (alive == nullptr || widget_ == nullptr)
         return true;
