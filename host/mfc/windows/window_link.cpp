@@ -28,12 +28,13 @@ LPARAM packed(const QPoint& point) {
 
 /// Windows may end while they are asked.
 bool askParents(const CWnd& window, MSG& message) {
-    for (QPointer<QWidget> asked = window.widget(); CWnd* const owner = CWnd::fromWidget(asked);) {
+    QPointer<QWidget> asked = window.widget();
+    while (CWnd* const owner = CWnd::fromWidget(asked)) {
         const CWnd* const above = owner->GetParent();
         const QPointer<QWidget> next = above != nullptr ? above->widget() : nullptr;
         if (owner->PreTranslateMessage(&message) != FALSE)
             return true;
-        asked = next;
+        asked = next.data();
     }
     return false;
 }
