@@ -5,7 +5,6 @@
 #include <dbgroup.h>
 #include <zucomn/dbservices.h>
 
-#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -52,8 +51,8 @@ bool addReactor(AcDbObjectId entity, AcDbObjectId reactor) {
     return change<AcDbObject>(entity, [=](AcDbObject& o) { return o.addPersistentReactor(reactor); });
 }
 
-bool removeReactor(AcDbObjectId entity, AcDbObjectId reactor) {
-    return change<AcDbObject>(entity, [=](AcDbObject& o) { return o.removePersistentReactor(reactor); });
+bool removeReactors(AcDbObjectId entity, const std::unordered_set<AcDbObjectId>& reactors) {
+    return change<AcDbObject>(entity, [&](AcDbObject& o) { return o.removePersistentReactors(reactors); });
 }
 
 void auditSurplusReactors(AcDbObjectId entity, Audit& audit) {
@@ -86,11 +85,10 @@ public:
         auditSurplusReactors(entity, audit_);
         const std::vector<const Group*> listing = memberships_.groupsOf(entity);
         const std::vector<AcDbObjectId> named = reactorGroups(entity);
-        for (const AcDbObjectId id : named)
-            if (std::none_of(listing.begin(), listing.end(), [id](const Group* g) { return g->id == id; }))
-                auditUnlisted(entity, id);
+        auditUnlisted(entity, named, listing);
+        const std::unordered_set<AcDbObjectId> known(named.begin(), named.end());
         for (const Group* const group : listing)
-            if (std::find(named.begin(), named.end(), group->id) == named.end())
+            if (!known.contains(group->id))
                 audit_.add(entity, "is a member of group " + group->name + " without naming it",
                            [=] { return addReactor(entity, group->id); });
     }
@@ -101,14 +99,26 @@ public:
     }
 
 private:
-    void auditUnlisted(AcDbObjectId entity, AcDbObjectId group) {
+    void auditUnlisted(AcDbObjectId entity, const std::vector<AcDbObjectId>& named,
+                       const std::vector<const Group*>& listing) {
+        std::unordered_set<AcDbObjectId> unlisted(named.begin(), named.end());
+        for (const Group* const group : listing)
+            unlisted.erase(group->id);
+        // Taken away at once: entities may have any number of them.
+        const bool removed = audit_.isRepairing() && !unlisted.empty() && removeReactors(entity, unlisted);
+        for (const AcDbObjectId group : named)
+            if (unlisted.contains(group))
+                reportUnlisted(entity, group, removed);
+    }
+
+    void reportUnlisted(AcDbObjectId entity, AcDbObjectId group, bool removed) {
         const bool isStray = !memberships_.hasGroup(group);
         if (isStray && knownStrays_.insert(group).second)
             strays_.push_back(group);
         audit_.add(entity,
                    "names the group " + handleText(group) +
                        (isStray ? ", which is not in the group dictionary" : ", which doesn't list it"),
-                   [=] { return removeReactor(entity, group); });
+                   [removed] { return removed; });
     }
 
     Memberships memberships_;

@@ -38,26 +38,27 @@ AcDbDictionary::AcDbDictionary() {
     setIntegerTag(kMarker, 281, 1);
 }
 
-const AcDbDictionary::Index& AcDbDictionary::index() const {
+AcDbDictionary::Index& AcDbDictionary::index() const {
     if (indexVersion_ == tagVersion())
         return index_;
     index_ = {};
     const TagRange range = section(kMarker);
-    for (std::size_t i = range.first; i + 1 < range.last; ++i) {
-        if (tags()[i].code != 3 || !isPointer(tags()[i + 1].code))
+    for (std::size_t i = range.last; i-- > range.first;) {
+        if (i + 1 >= range.last || tags()[i].code != 3 || !isPointer(tags()[i + 1].code))
             continue;
         const std::wstring name = decoded(tags()[i].value);
-        index_.byName.emplace(zuhost::foldedName(name), i);
+        index_.byName.addBefore(zuhost::foldedName(name), i);
         if (const auto handle = zuhost::parseHandle(tags()[i + 1].value))
-            index_.byHandle.emplace(*handle, i);
-        index_.highestAnonymous = std::max(index_.highestAnonymous, anonymousNumber(name));
+            index_.byHandle.addBefore(*handle, i);
+        if (const int number = anonymousNumber(name); number > 0)
+            index_.anonymous.insert(number);
     }
     indexVersion_ = tagVersion();
     return index_;
 }
 
 AcDbObjectId AcDbDictionary::entryAt(std::size_t place) const {
-    const auto handle = zuhost::parseHandle(tags()[place + 1].value);
+    const auto handle = zuhost::parseHandle(laggingTags()[place + 1].value);
     return handle && core() != nullptr ? AcDbObjectId(core()->document->find(*handle)) : AcDbObjectId();
 }
 
@@ -65,9 +66,9 @@ Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* name, AcDbObjectId& id) con
     if (name == nullptr)
         return Acad::eInvalidInput;
     const auto found = index().byName.find(zuhost::foldedName(name));
-    if (found == index().byName.end())
+    if (!found)
         return Acad::eKeyNotFound;
-    const AcDbObjectId entry = entryAt(found->second);
+    const AcDbObjectId entry = entryAt(*found);
     if (entry.isNull())
         return Acad::eKeyNotFound;
     if (entry.isErased())
@@ -89,14 +90,14 @@ bool AcDbDictionary::has(const ACHAR* name) const {
 }
 
 bool AcDbDictionary::has(AcDbObjectId id) const {
-    return index().byHandle.contains(id.handle().value());
+    return index().byHandle.find(id.handle().value()).has_value();
 }
 
 Acad::ErrorStatus AcDbDictionary::nameAt(AcDbObjectId id, std::wstring& name) const {
     const auto found = index().byHandle.find(id.handle().value());
-    if (found == index().byHandle.end())
+    if (!found)
         return Acad::eKeyNotFound;
-    name = decoded(tags()[found->second].value);
+    name = decoded(laggingTags()[*found].value);
     return Acad::eOk;
 }
 
@@ -131,7 +132,7 @@ AcDbDictionaryIterator* AcDbDictionary::newIterator() const {
 }
 
 std::wstring AcDbDictionary::anonymousName() const {
-    return L"*A" + std::to_wstring(index().highestAnonymous + 1);
+    return L"*A" + std::to_wstring((index().anonymous.empty() ? 0 : *index().anonymous.rbegin()) + 1);
 }
 
 Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id) {
@@ -152,12 +153,13 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
         const Acad::ErrorStatus status = acdbOpenAcDbObject(old, replaced, AcDb::kForWrite);
         if (status != Acad::eOk)
             return status;
-        removeEntry(index().byName.at(zuhost::foldedName(key)));
+        assertWriteEnabled();
+        removeEntry(*index().byName.find(zuhost::foldedName(key)));
         old->erase();
         old->close();
-    } else if (const auto stale = index().byName.find(zuhost::foldedName(key));
-               stale != index().byName.end()) {
-        removeEntry(stale->second);
+    } else if (index().byName.find(zuhost::foldedName(key))) {
+        assertWriteEnabled();
+        removeEntry(*index().byName.find(zuhost::foldedName(key)));
     }
     assertWriteEnabled();
     if (object->database() == nullptr)
@@ -166,28 +168,68 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
         id = object->objectId();
     if (anonymous)
         group->setAnonymous();
-    const std::string handle = zuhost::formatHandle(id.handle().value());
-    changingTags().insert(section(kMarker).last, {{3, encoded(key)}, {350, handle}});
+    addEntry(key, id.handle().value());
     if (!object->hasPersistentReactor(objectId()) && object->isWriteEnabled())
         object->addPersistentReactor(objectId());
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbDictionary::removeEntry(std::size_t place) {
-    const Acad::ErrorStatus status = assertWriteEnabled();
-    if (status == Acad::eOk)
-        changingTags().erase({place, place + 2});
-    return status;
+void AcDbDictionary::addEntry(const std::wstring& name, std::uint64_t handle) {
+    const bool isIndexed = indexVersion_ == tagVersion() && gone_.empty() && !index_.byHandle.find(handle);
+    zuhost::TagList& records = changingTags();
+    const std::size_t place = section(kMarker).last;
+    records.insert(place, {{3, encoded(name)}, {350, zuhost::formatHandle(handle)}});
+    if (!isIndexed)
+        return;
+    index_.byName.addBefore(zuhost::foldedName(name), place);
+    index_.byHandle.addBefore(handle, place);
+    if (const int number = anonymousNumber(name); number > 0)
+        index_.anonymous.insert(number);
+    indexVersion_ = tagVersion();
+}
+
+// Taking out the records with each entry would move all behind them, again and again.
+void AcDbDictionary::removeEntry(std::size_t place) {
+    Index& known = index();
+    gone_.insert(place);
+    const std::wstring name = decoded(laggingTags()[place].value);
+    known.byName.leaveOut(zuhost::foldedName(name), gone_);
+    if (const auto handle = zuhost::parseHandle(laggingTags()[place + 1].value))
+        known.byHandle.leaveOut(*handle, gone_);
+    if (const auto number = known.anonymous.find(anonymousNumber(name)); number != known.anonymous.end())
+        known.anonymous.erase(number);
+    letTagsLag();
+    indexVersion_ = tagVersion();
+}
+
+void AcDbDictionary::bringUpToDate(zuhost::TagList& tags) const {
+    std::size_t place = 0;
+    tags.eraseIf(tags.all(), [&](const zuhost::Tag& /*tag*/) {
+        const std::size_t at = place++;
+        return gone_.contains(at) || (at > 0 && gone_.contains(at - 1));
+    });
+    gone_.clear();
+    indexVersion_ = tagVersion() - 1;
 }
 
 Acad::ErrorStatus AcDbDictionary::remove(const ACHAR* name) {
     if (name == nullptr)
         return Acad::eInvalidInput;
-    const auto found = index().byName.find(zuhost::foldedName(name));
-    return found == index().byName.end() ? Acad::eKeyNotFound : removeEntry(found->second);
+    const std::wstring key = zuhost::foldedName(name);
+    if (!index().byName.find(key))
+        return Acad::eKeyNotFound;
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status == Acad::eOk)
+        removeEntry(*index().byName.find(key));
+    return status;
 }
 
 Acad::ErrorStatus AcDbDictionary::remove(AcDbObjectId id) {
-    const auto found = index().byHandle.find(id.handle().value());
-    return found == index().byHandle.end() ? Acad::eKeyNotFound : removeEntry(found->second);
+    const std::uint64_t handle = id.handle().value();
+    if (!index().byHandle.find(handle))
+        return Acad::eKeyNotFound;
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status == Acad::eOk)
+        removeEntry(*index().byHandle.find(handle));
+    return status;
 }

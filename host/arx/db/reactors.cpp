@@ -41,6 +41,20 @@ void eraseEmptyGroup(TagList& tags) {
         tags.erase(group);
 }
 
+/// The records without those of the places, which ascend.
+TagList without(const TagList& tags, const std::vector<std::size_t>& places) {
+    TagList kept;
+    kept.reserve(tags.size());
+    for (std::size_t i = 0, next = 0; i < tags.size(); ++i) {
+        if (next < places.size() && places[next] == i)
+            ++next;
+        else
+            kept.add(tags[i].code, tags[i].value);
+    }
+    eraseEmptyGroup(kept);
+    return kept;
+}
+
 /// Places of entries that name no object of the drawing, or one for a second time.
 std::vector<std::size_t> surplusEntries(const TagList& tags, const zuhost::Document& document) {
     std::vector<std::size_t> places;
@@ -113,6 +127,24 @@ Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId reactor) {
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbObject::removePersistentReactors(const std::unordered_set<AcDbObjectId>& reactors) {
+    const Acad::ErrorStatus status = stub_ != nullptr ? assertWriteEnabled() : Acad::eNotInDatabase;
+    if (status != Acad::eOk)
+        return status;
+    std::unordered_set<std::uint64_t> handles;
+    for (const AcDbObjectId reactor : reactors)
+        handles.insert(reactor.handle().value());
+    std::vector<std::size_t> places;
+    const TagRange range = tags().applicationGroup(kGroup);
+    for (std::size_t i = range.first; i < range.last; ++i)
+        if (const auto handle = tags()[i].code == 330 ? zuhost::parseHandle(tags()[i].value) : std::nullopt;
+            handle && handles.contains(*handle))
+            places.push_back(i);
+    TagList kept = without(tags(), places);
+    changingTags() = std::move(kept);
+    return Acad::eOk;
+}
+
 std::vector<AcDbHandle> AcDbObject::surplusReactors() const {
     std::vector<AcDbHandle> surplus;
     if (stub_ != nullptr)
@@ -125,16 +157,7 @@ Acad::ErrorStatus AcDbObject::removeSurplusReactors() {
     const Acad::ErrorStatus status = stub_ != nullptr ? assertWriteEnabled() : Acad::eNotInDatabase;
     if (status != Acad::eOk)
         return status;
-    const std::vector<std::size_t> surplus = surplusEntries(tags(), *core()->document);
-    TagList kept;
-    kept.reserve(tags().size());
-    for (std::size_t i = 0, next = 0; i < tags().size(); ++i) {
-        if (next < surplus.size() && surplus[next] == i)
-            ++next;
-        else
-            kept.add(tags()[i].code, tags()[i].value);
-    }
-    eraseEmptyGroup(kept);
+    TagList kept = without(tags(), surplusEntries(tags(), *core()->document));
     changingTags() = std::move(kept);
     return Acad::eOk;
 }

@@ -88,6 +88,65 @@ TEST_F(Dictionaries, EntriesAreReplacedAndRemoved) {
     EXPECT_EQ(groups->numEntries(), 3U);
 }
 
+TEST_F(Dictionaries, RemovedEntriesAreMissedAtOnce) {
+    AcDbObjectId found;
+    EXPECT_EQ(groups->remove(L"*A3"), Acad::eOk);
+    EXPECT_EQ(groups->remove(L"*A1"), Acad::eOk);
+    EXPECT_EQ(groups->getAt(L"*A1", found), Acad::eKeyNotFound);
+    std::wstring name;
+    EXPECT_EQ(groups->nameAt(id(kFurniture), name), Acad::eOk);
+    EXPECT_EQ(name, L"家具");
+    auto* const group = new AcDbGroup;
+    EXPECT_EQ(groups->setAt(L"*", group, found), Acad::eOk);
+    EXPECT_EQ(group->getName(), L"*A3") << "the highest number that is left is 2";
+    group->close();
+    // An object under two names is found by the one that is left.
+    {
+        const AcDbObjectPointer<AcDbGroup> furniture(id(kFurniture), AcDb::kForWrite);
+        EXPECT_EQ(groups->setAt(L"棚", furniture, found), Acad::eOk);
+    }
+    EXPECT_EQ(groups->remove(id(kFurniture)), Acad::eOk);
+    EXPECT_EQ(groups->nameAt(id(kFurniture), name), Acad::eOk);
+    EXPECT_EQ(name, L"棚");
+    EXPECT_EQ(groups->remove(L"rtgr00007"), Acad::eOk);
+    EXPECT_EQ(groups->numEntries(), 3U);
+    EXPECT_EQ(groups->remove(id(kFurniture)), Acad::eOk);
+    EXPECT_FALSE(groups->has(id(kFurniture)));
+    groups.close();
+    const auto again = reopened();
+    EXPECT_EQ(names(*AcDbObjectPointer<AcDbDictionary>(again->groupDictionaryId())), (Names{L"*A2", L"*A3"}));
+}
+
+TEST_F(Dictionaries, RemovedEntriesComeBackStepByStep) {
+    const Names all = names(*groups);
+    for (const wchar_t* const name : {L"*A1", L"家具", L"*A2"}) {
+        drawing->startUndoRecord();
+        EXPECT_EQ(groups->remove(name), Acad::eOk);
+    }
+    drawing->startUndoRecord();
+    EXPECT_EQ(groups->remove(id(0x184)), Acad::eOk);
+    EXPECT_EQ(names(*groups), (Names{L"*A3"}));
+    groups.close();
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(drawing->undo(), Acad::eOk);
+    EXPECT_EQ(names(*AcDbObjectPointer<AcDbDictionary>(drawing->groupDictionaryId())), all);
+}
+
+// Takes minutes when the cost of each grows with the number of entries.
+TEST_F(Dictionaries, ManyEntriesComeAndGo) {
+    constexpr int kMany = 30000;
+    std::vector<AcDbObjectId> made(kMany);
+    for (AcDbObjectId& added : made) {
+        auto* const group = new AcDbGroup;
+        ASSERT_EQ(groups->setAt(L"*", group, added), Acad::eOk);
+        group->close();
+    }
+    EXPECT_EQ(groups->numEntries(), 5U + kMany);
+    for (const AcDbObjectId group : made)
+        ASSERT_EQ(groups->remove(group), Acad::eOk);
+    EXPECT_EQ(names(*groups), (Names{L"*A1", L"RTGR00007", L"*A2", L"家具", L"*A3"}));
+}
+
 TEST_F(Dictionaries, WrongEntriesAreRefused) {
     auto group = std::make_unique<AcDbGroup>();
     AcDbObjectId added;

@@ -2,7 +2,13 @@
 
 #include "dbmain.h"
 
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
 #include <unordered_map>
+#include <unordered_set>
+#include <vector>
 
 /// Goes through the entries of a dictionary in their order, erased objects left out.
 class AcDbDictionaryIterator {
@@ -57,17 +63,55 @@ public:
     [[nodiscard]] std::vector<std::wstring> danglingNames() const;
 
 private:
-    struct Index {
-        std::unordered_map<std::wstring, std::size_t>
-            byName; ///< Folded name to the place of its name record.
-        std::unordered_map<std::uint64_t, std::size_t> byHandle;
-        int highestAnonymous = 0;
+    void bringUpToDate(zuhost::TagList& tags) const override;
+
+    /// The places of the entries that have a key, in their order. Few keys have more than one.
+    template <typename Key>
+    class Places {
+    public:
+        /// For entries from the last to the first.
+        void addBefore(const Key& key, std::size_t place) {
+            const auto [entry, isNew] = first_.try_emplace(key, place);
+            if (isNew)
+                return;
+            next_.emplace(place, entry->second);
+            entry->second = place;
+        }
+        [[nodiscard]] std::optional<std::size_t> find(const Key& key) const {
+            const auto entry = first_.find(key);
+            return entry == first_.end() ? std::nullopt : std::optional(entry->second);
+        }
+        /// Leaves out those of the key that are gone.
+        void leaveOut(const Key& key, const std::unordered_set<std::size_t>& gone) {
+            const auto entry = first_.find(key);
+            while (entry != first_.end() && gone.contains(entry->second)) {
+                const auto next = next_.find(entry->second);
+                if (next == next_.end()) {
+                    first_.erase(entry);
+                    return;
+                }
+                entry->second = next->second;
+            }
+        }
+
+    private:
+        std::unordered_map<Key, std::size_t> first_;
+        std::unordered_map<std::size_t, std::size_t> next_; ///< From one place to the next with the same key.
     };
-    const Index& index() const;
+    struct Index {
+        Places<std::wstring> byName; ///< Folded name to the place of its name record.
+        Places<std::uint64_t> byHandle;
+        std::multiset<int> anonymous; ///< Numbers of anonymous names.
+    };
+    /// Kept up to date by the dictionary's own changes.
+    Index& index() const;
     [[nodiscard]] AcDbObjectId entryAt(std::size_t place) const;
     [[nodiscard]] std::wstring anonymousName() const;
-    Acad::ErrorStatus removeEntry(std::size_t place);
+    /// Of a place found after assertWriteEnabled, which may move the records.
+    void removeEntry(std::size_t place);
+    void addEntry(const std::wstring& name, std::uint64_t handle);
 
     mutable Index index_;
     mutable std::uint32_t indexVersion_ = ~std::uint32_t{0};
+    mutable std::unordered_set<std::size_t> gone_; ///< Places of entries that the records still show.
 };

@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <variant>
 #include <vector>
 
@@ -101,6 +102,8 @@ public:
     void removeReactor(AcDbObjectReactor* reactor) const;
     Acad::ErrorStatus addPersistentReactor(AcDbObjectId reactor);
     Acad::ErrorStatus removePersistentReactor(AcDbObjectId reactor);
+    /// Takes all entries of several away in one pass.
+    Acad::ErrorStatus removePersistentReactors(const std::unordered_set<AcDbObjectId>& reactors);
     [[nodiscard]] bool hasPersistentReactor(AcDbObjectId reactor) const;
     /// Persistent reactors in stored order, then transient ones; each entry is to be asked with
     /// acdbIsPersistentReactor. Null for an object that is in no database. Valid until the object changes.
@@ -141,6 +144,8 @@ protected:
     /// at.
     void letTagsLag();
     virtual void bringUpToDate(zuhost::TagList& /*tags*/) const {}
+    /// The records without such changes.
+    [[nodiscard]] const zuhost::TagList& laggingTags() const { return *tags_; }
 
     [[nodiscard]] zuhost::DatabaseCore* core() const;
     [[nodiscard]] std::wstring decoded(std::string_view value) const;
