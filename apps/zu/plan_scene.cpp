@@ -182,13 +182,15 @@ private:
     void addPolyline(const AcDbPolyline& polyline, const AcGeMatrix3d& toWorld, PlanRole role) {
         const AcGeMatrix3d plane = AcGeMatrix3d::planeToWorld(polyline.normal());
         const unsigned count = polyline.numVerts();
+        const unsigned corners = count + (polyline.isClosed() && count > 0 ? 1 : 0);
+        const double elevation = polyline.elevation();
         std::vector<AcGePoint3d> points;
-        for (unsigned i = 0; i < count + (polyline.isClosed() && count > 0 ? 1 : 0); ++i) {
+        for (unsigned i = 0; i < corners; ++i) {
             AcGePoint2d point;
             polyline.getPointAt(i % count, point);
             if (i > 0)
                 addBulge(points, polyline, i - 1, point);
-            points.emplace_back(point.x, point.y, polyline.elevation());
+            points.emplace_back(point.x, point.y, elevation);
         }
         for (AcGePoint3d& point : points)
             point.transformBy(plane);

@@ -135,11 +135,20 @@ AcDbPolyline::AcDbPolyline() {
 }
 
 unsigned int AcDbPolyline::numVerts() const {
+    return static_cast<unsigned int>(vertices().size() - 1);
+}
+
+const std::vector<std::size_t>& AcDbPolyline::vertices() const {
+    if (verticesVersion_ == tagVersion() && !vertices_.empty())
+        return vertices_;
+    vertices_.clear();
     const TagRange range = section(kPolyline);
-    unsigned int count = 0;
     for (std::size_t i = range.first; i < range.last; ++i)
-        count += tags()[i].code == 10 ? 1 : 0;
-    return count;
+        if (tags()[i].code == 10)
+            vertices_.push_back(i);
+    vertices_.push_back(range.last);
+    verticesVersion_ = tagVersion();
+    return vertices_;
 }
 
 bool AcDbPolyline::isClosed() const {
@@ -151,22 +160,15 @@ Acad::ErrorStatus AcDbPolyline::setClosed(bool closed) {
     return setIntegerTag(kPolyline, 70, closed ? flags | 1 : flags & ~std::int64_t{1});
 }
 
-namespace {
-
-/// The records of one vertex: from its first coordinate to the next vertex; empty when there is none.
-TagRange vertexRange(const TagList& tags, TagRange range, unsigned int index) {
-    std::size_t first = tags.find(10, range);
-    for (; index > 0 && first < range.last; --index)
-        first = tags.find(10, {first + 1, range.last});
-    if (first >= range.last)
-        return {range.last, range.last};
-    return {first, tags.find(10, {first + 1, range.last})};
+TagRange AcDbPolyline::vertexRange(unsigned int index) const {
+    const std::vector<std::size_t>& places = vertices();
+    if (index + std::size_t{1} >= places.size())
+        return {places.back(), places.back()};
+    return {places[index], places[index + std::size_t{1}]};
 }
 
-} // namespace
-
 Acad::ErrorStatus AcDbPolyline::getPointAt(unsigned int index, AcGePoint2d& point) const {
-    const TagRange vertex = vertexRange(tags(), section(kPolyline), index);
+    const TagRange vertex = vertexRange(index);
     if (vertex.empty())
         return Acad::eInvalidIndex;
     point = {tags().real(10, vertex).value_or(0.0), tags().real(20, vertex).value_or(0.0)};
@@ -174,7 +176,7 @@ Acad::ErrorStatus AcDbPolyline::getPointAt(unsigned int index, AcGePoint2d& poin
 }
 
 Acad::ErrorStatus AcDbPolyline::getBulgeAt(unsigned int index, double& bulge) const {
-    const TagRange vertex = vertexRange(tags(), section(kPolyline), index);
+    const TagRange vertex = vertexRange(index);
     if (vertex.empty())
         return Acad::eInvalidIndex;
     bulge = tags().real(42, vertex).value_or(0.0);
@@ -193,7 +195,7 @@ Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2
     vertex.setReal(20, point.y, vertex.all());
     if (bulge != 0.0)
         vertex.setReal(42, bulge, vertex.all());
-    const TagRange at = vertexRange(tags(), section(kPolyline), index);
+    const TagRange at = vertexRange(index);
     changingTags().insert(at.first, std::vector<zuhost::Tag>(vertex.begin(), vertex.end()));
     return setIntegerTag(kPolyline, 90, count + 1);
 }

@@ -77,6 +77,15 @@ public:
     Acad::ErrorStatus addVertexAt(unsigned int index, const AcGePoint2d& point, double bulge = 0.0);
     [[nodiscard]] AcGeVector3d normal() const;
     [[nodiscard]] double elevation() const;
+
+private:
+    /// Where the records of each vertex begin, and where those of the last one end.
+    [[nodiscard]] const std::vector<std::size_t>& vertices() const;
+    /// The records of one vertex: from its first coordinate to the next vertex; empty when there is none.
+    [[nodiscard]] zuhost::TagRange vertexRange(unsigned int index) const;
+
+    mutable std::vector<std::size_t> vertices_; ///< Empty before they were looked for.
+    mutable std::uint32_t verticesVersion_ = 0;
 };
 
 class AcDbText : public AcDbEntity {
