@@ -22,21 +22,49 @@ double connectionTolerance() {
     return ZuComn_GetGlobalScale() > 1.0 ? large : small;
 }
 
+bool isFinite(const ConnectionPoint& point) {
+    return std::isfinite(point.position.x) && std::isfinite(point.position.y);
+}
+
+/// The points of each element by place, each place once: a block may have any number of points at one place.
+std::vector<const ConnectionPoint*> distinctFinite(const std::vector<ConnectionPoint>& points) {
+    std::vector<const ConnectionPoint*> distinct;
+    for (const ConnectionPoint& point : points)
+        if (isFinite(point))
+            distinct.push_back(&point);
+    const auto isElsewhere = [](const ConnectionPoint* a, const ConnectionPoint* b) {
+        return a->element != b->element;
+    };
+    const auto isBefore = [](const ConnectionPoint* a, const ConnectionPoint* b) {
+        return std::tie(a->position.x, a->position.y) < std::tie(b->position.x, b->position.y);
+    };
+    for (auto first = distinct.begin(); first != distinct.end();) {
+        auto last = std::adjacent_find(first, distinct.end(), isElsewhere);
+        last = last == distinct.end() ? last : std::next(last);
+        std::sort(first, last, isBefore);
+        first = last;
+    }
+    const auto isSame = [](const ConnectionPoint* a, const ConnectionPoint* b) {
+        return a->element == b->element && a->position.x == b->position.x && a->position.y == b->position.y;
+    };
+    distinct.erase(std::unique(distinct.begin(), distinct.end(), isSame), distinct.end());
+    return distinct;
+}
+
 /// Points sorted by the square cells they lie in, as wide as the tolerance: what is near a point lies in its
 /// cell or in one beside it.
 class Cells {
 public:
     Cells(const std::vector<ConnectionPoint>& points, double tolerance)
         : tolerance_(tolerance), width_(tolerance > 0.0 ? tolerance : 1.0) {
-        for (const ConnectionPoint& point : points)
-            if (std::isfinite(point.position.x) && std::isfinite(point.position.y))
-                entries_.push_back({index(point.position.x), index(point.position.y), &point});
-        std::sort(entries_.begin(), entries_.end(), isBefore);
+        for (const ConnectionPoint* const point : distinctFinite(points))
+            entries_.push_back({index(point->position.x), index(point->position.y), point});
+        std::stable_sort(entries_.begin(), entries_.end(), isBefore);
     }
 
     [[nodiscard]] std::vector<AcDbObjectId> joinedTo(const ConnectionPoint& point) const {
         std::vector<AcDbObjectId> joined;
-        if (!std::isfinite(point.position.x) || !std::isfinite(point.position.y))
+        if (!isFinite(point))
             return joined;
         for (const double column : {-1.0, 0.0, 1.0})
             addColumn(index(point.position.x) + column, point, joined);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace zu {
 
@@ -10,6 +11,17 @@ namespace {
 /// A point that can't be measured hides the ones behind it: no later one is nearer than it.
 bool isMeasurable(const AcGePoint3d& point) {
     return !std::isnan(point.x) && !std::isnan(point.y);
+}
+
+/// What the grid is to hold of an element: a block may have any number of points at one place.
+Points distinctFinite(Points points) {
+    std::erase_if(points, [](const AcGePoint3d& p) { return !std::isfinite(p.x) || !std::isfinite(p.y); });
+    std::sort(points.begin(), points.end(), [](const AcGePoint3d& a, const AcGePoint3d& b) {
+        return std::tie(a.x, a.y) < std::tie(b.x, b.y);
+    });
+    const auto isSame = [](const AcGePoint3d& a, const AcGePoint3d& b) { return a.x == b.x && a.y == b.y; };
+    points.erase(std::unique(points.begin(), points.end(), isSame), points.end());
+    return points;
 }
 
 } // namespace
@@ -40,7 +52,7 @@ void CandidateIndex::place(int position) {
     }
     if (element.points.empty() || !isMeasurable(element.points.front()))
         return;
-    placed.points = element.points;
+    placed.points = distinctFinite(element.points);
     for (const AcGePoint3d& point : placed.points)
         grid_.add(point, position);
 }

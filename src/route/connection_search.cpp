@@ -41,6 +41,30 @@ Filter ofKind(int kindFilter) {
     };
 }
 
+/// Answers whether a list that grows holds an id. Few questions are answered by looking through it.
+class Contained {
+public:
+    explicit Contained(const AcDbObjectIdArray& list) : list_(list) {}
+
+    bool operator()(AcDbObjectId id) {
+        if (asked_ < kFew) {
+            ++asked_;
+            return list_.contains(id);
+        }
+        for (; taken_ < list_.length(); ++taken_)
+            ids_.insert(list_[taken_]);
+        return ids_.contains(id);
+    }
+
+private:
+    static constexpr int kFew = 16;
+
+    const AcDbObjectIdArray& list_;
+    std::unordered_set<AcDbObjectId> ids_;
+    int asked_ = 0;
+    int taken_ = 0;
+};
+
 class Search {
 public:
     Search(AcDbObjectId element, double distance, Filter filter)
@@ -76,11 +100,12 @@ public:
 private:
     void append(const CandidateIndex& index, std::span<const AcGePoint3d> tested, AcDbObjectIdArray& result,
                 int& count) {
+        Contained isKnown(result);
         for (const AcGePoint3d& point : tested) {
             for (const int position : index.near(zu::inPlan(point), distance_)) {
                 const AcDbObjectId candidate = index.candidates()[position];
                 if (candidate == element_ || !canBeRead(candidate) || !filter_(*indexes_, candidate) ||
-                    result.contains(candidate))
+                    isKnown(candidate))
                     continue;
                 result.append(candidate);
                 ++count;
