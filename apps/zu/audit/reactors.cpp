@@ -47,8 +47,8 @@ std::vector<AcDbObjectId> reactorGroups(AcDbObjectId entity) {
     return {groups.begin(), groups.end()};
 }
 
-bool addReactor(AcDbObjectId entity, AcDbObjectId reactor) {
-    return change<AcDbObject>(entity, [=](AcDbObject& o) { return o.addPersistentReactor(reactor); });
+bool addReactors(AcDbObjectId entity, const std::vector<AcDbObjectId>& reactors) {
+    return change<AcDbObject>(entity, [&](AcDbObject& o) { return o.addPersistentReactors(reactors); });
 }
 
 bool removeReactors(AcDbObjectId entity, const std::unordered_set<AcDbObjectId>& reactors) {
@@ -86,11 +86,7 @@ public:
         const std::vector<const Group*> listing = memberships_.groupsOf(entity);
         const std::vector<AcDbObjectId> named = reactorGroups(entity);
         auditUnlisted(entity, named, listing);
-        const std::unordered_set<AcDbObjectId> known(named.begin(), named.end());
-        for (const Group* const group : listing)
-            if (!known.contains(group->id))
-                audit_.add(entity, "is a member of group " + group->name + " without naming it",
-                           [=] { return addReactor(entity, group->id); });
+        auditUnnamed(entity, named, listing);
     }
 
     void auditStrays() {
@@ -99,16 +95,30 @@ public:
     }
 
 private:
+    // Reactors are changed at once: entities may have any number of them.
     void auditUnlisted(AcDbObjectId entity, const std::vector<AcDbObjectId>& named,
                        const std::vector<const Group*>& listing) {
         std::unordered_set<AcDbObjectId> unlisted(named.begin(), named.end());
         for (const Group* const group : listing)
             unlisted.erase(group->id);
-        // Taken away at once: entities may have any number of them.
         const bool removed = audit_.isRepairing() && !unlisted.empty() && removeReactors(entity, unlisted);
         for (const AcDbObjectId group : named)
             if (unlisted.contains(group))
                 reportUnlisted(entity, group, removed);
+    }
+
+    void auditUnnamed(AcDbObjectId entity, const std::vector<AcDbObjectId>& named,
+                      const std::vector<const Group*>& listing) {
+        const std::unordered_set<AcDbObjectId> known(named.begin(), named.end());
+        std::vector<AcDbObjectId> missing;
+        for (const Group* const group : listing)
+            if (!known.contains(group->id))
+                missing.push_back(group->id);
+        const bool added = audit_.isRepairing() && !missing.empty() && addReactors(entity, missing);
+        for (const Group* const group : listing)
+            if (!known.contains(group->id))
+                audit_.add(entity, "is a member of group " + group->name + " without naming it",
+                           [added] { return added; });
     }
 
     void reportUnlisted(AcDbObjectId entity, AcDbObjectId group, bool removed) {

@@ -35,6 +35,14 @@ std::size_t groupPlace(const TagList& tags) {
     return tags.size();
 }
 
+void addEntries(TagList& tags, const std::vector<zuhost::Tag>& entries) {
+    if (tags.applicationGroup(kGroup).empty()) {
+        const std::vector<zuhost::Tag> brackets{{102, "{ACAD_REACTORS"}, {102, "}"}};
+        tags.insert(groupPlace(tags), brackets);
+    }
+    tags.insert(tags.applicationGroup(kGroup).last - 1, entries);
+}
+
 void eraseEmptyGroup(TagList& tags) {
     const TagRange group = tags.applicationGroup(kGroup);
     if (group.last - group.first == 2)
@@ -104,13 +112,25 @@ Acad::ErrorStatus AcDbObject::addPersistentReactor(AcDbObjectId reactor) {
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;
-    TagList& records = changingTags();
-    if (records.applicationGroup(kGroup).empty()) {
-        const std::vector<zuhost::Tag> brackets{{102, "{ACAD_REACTORS"}, {102, "}"}};
-        records.insert(groupPlace(records), brackets);
-    }
-    records.insert(records.applicationGroup(kGroup).last - 1,
-                   {330, zuhost::formatHandle(reactor.handle().value())});
+    addEntries(changingTags(), {{330, zuhost::formatHandle(reactor.handle().value())}});
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::addPersistentReactors(const std::vector<AcDbObjectId>& reactors) {
+    const Acad::ErrorStatus status = stub_ != nullptr ? assertWriteEnabled() : Acad::eNotInDatabase;
+    if (status != Acad::eOk)
+        return status;
+    std::unordered_set<std::uint64_t> known;
+    const TagRange range = tags().applicationGroup(kGroup);
+    for (std::size_t i = range.first; i < range.last; ++i)
+        if (const auto handle = tags()[i].code == 330 ? zuhost::parseHandle(tags()[i].value) : std::nullopt)
+            known.insert(*handle);
+    std::vector<zuhost::Tag> added;
+    for (const AcDbObjectId reactor : reactors)
+        if (!reactor.isNull() && known.insert(reactor.handle().value()).second)
+            added.push_back({330, zuhost::formatHandle(reactor.handle().value())});
+    if (!added.empty())
+        addEntries(changingTags(), added);
     return Acad::eOk;
 }
 

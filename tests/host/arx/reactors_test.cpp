@@ -219,6 +219,30 @@ TEST_F(Reactors, PersistentReactorsComeFirstInStoredOrder) {
     EXPECT_EQ(handler->reactors()->length(), 3);
 }
 
+TEST_F(Reactors, PersistentReactorsChangeSeveralAtATime) {
+    const AcDbObjectPointer<AcDbObject> handler(id(kAirHandler), AcDb::kForWrite);
+    const auto handles = [&handler] {
+        std::vector<Adesk::UInt64> found;
+        for (const void* const entry : *handler->reactors())
+            found.push_back(acdbPersistentReactorObjectId(entry).handle().value());
+        return found;
+    };
+    using Handles = std::vector<Adesk::UInt64>;
+    EXPECT_EQ(
+        handler->addPersistentReactors({id(kSingle), id(0x184), AcDbObjectId(), id(kSingle), id(kDuct)}),
+        Acad::eOk);
+    EXPECT_EQ(handles(), (Handles{0x185, 0x184, kSupply, kSingle, kDuct}));
+    EXPECT_EQ(handler->removePersistentReactors({id(kSupply), id(0x185), id(kFurniture)}), Acad::eOk);
+    EXPECT_EQ(handles(), (Handles{0x184, kSingle, kDuct}));
+    EXPECT_EQ(handler->removePersistentReactors({id(kDuct), id(0x184), id(kSingle)}), Acad::eOk);
+    EXPECT_TRUE(handles().empty());
+    EXPECT_EQ(handler->addPersistentReactors({id(kDuct)}), Acad::eOk);
+    EXPECT_EQ(handles(), Handles{kDuct});
+    handler->downgradeOpen();
+    EXPECT_EQ(handler->addPersistentReactors({id(kSingle)}), Acad::eNotOpenForWrite);
+    EXPECT_EQ(handler->removePersistentReactors({id(kDuct)}), Acad::eNotOpenForWrite);
+}
+
 TEST_F(Reactors, UndoAndRedoAreTold) {
     drawing->startUndoRecord();
     const AcDbObjectId point = add(*drawing, new AcDbPoint);

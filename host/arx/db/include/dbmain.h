@@ -101,6 +101,8 @@ public:
     void addReactor(AcDbObjectReactor* reactor) const;
     void removeReactor(AcDbObjectReactor* reactor) const;
     Acad::ErrorStatus addPersistentReactor(AcDbObjectId reactor);
+    /// Adds those that are missing, in their order and in one pass.
+    Acad::ErrorStatus addPersistentReactors(const std::vector<AcDbObjectId>& reactors);
     Acad::ErrorStatus removePersistentReactor(AcDbObjectId reactor);
     /// Takes all entries of several away in one pass.
     Acad::ErrorStatus removePersistentReactors(const std::unordered_set<AcDbObjectId>& reactors);
