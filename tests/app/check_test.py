@@ -5,7 +5,7 @@ import tempfile
 import ezdxf
 
 from program import check, run, run_json, sample
-from records import Drawing, insert, places, record, xdata
+from records import Drawing, handle_of, insert, places, record, text, xdata
 
 SUPPLY, RETURN, SHELVES = "183", "184", "186"
 DUCT, BOOKSHELVES = "110", ("106", "108", "10A")
@@ -77,6 +77,15 @@ def wrong_data(d):
     d.at("114").extend([record(d.at("114")[0], 1001, "ZU_LINK"), record(d.at("114")[0], 1000, "2|x|")])
 
 
+def member_in_paper_space(d):
+    """What lies outside of model space is looked at where a group lists it."""
+    shelf = d.at("106")
+    layout = next(o for o in d.objects if text(o[0]) == "BLOCK_RECORD" and places(o, 2, "*Paper_Space"))
+    shelf[places(shelf, 330)[-1]][1] = handle_of(layout).encode()
+    insert(shelf, places(shelf, 100, "AcDbEntity")[0] + 1, 67, "1")
+    shelf.extend(record(shelf[0], *value) for value in 2 * [(1001, "ZU_LINK"), (1000, "2|x|")])
+
+
 def unregistered_application(d):
     d.objects.remove(next(o for o in d.objects if o[0][1].strip() == b"APPID" and places(o, 2, "ZU_LINK")))
 
@@ -109,6 +118,7 @@ CASES = [
                         ("11E", "names \"x\" as the number", NO)], {DUCT, "114", "118", "11A"}),
     (empty_records, [(DUCT, "attribute record is empty", YES), ("114", "link record is empty", YES)], {DUCT, "114"}),
     (wrong_data, [(DUCT, "link record holds values that are no texts", NO), ("114", "more than once", NO)], set()),
+    (member_in_paper_space, [("106", "more than once", NO)], set()),
     (unregistered_application, [("3", "application ZU_LINK is not registered", YES)], {None}),
     (two_on_one_place, [("178", "joins several elements: 17A, 17E", NO), ("17A", "joins several elements: 178, 17E", NO),
                         ("17C", "1 at 2435.3, 3565 joins nothing", NO), ("17E", "joins several elements: 178, 17A", NO),
