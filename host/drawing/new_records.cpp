@@ -35,8 +35,6 @@ void addTableHead(const DrawingState& state, const AcDbStub& stub, const Contain
     addMarker(state, tags, "AcDbSymbolTable");
     const auto isLive = [](const AcDbStub* member) { return !member->erased; };
     tags.add(70, std::to_string(std::count_if(table.members.begin(), table.members.end(), isLive)));
-    if (table.name == "DIMSTYLE")
-        addMarker(state, tags, "AcDbDimStyleTable");
 }
 
 void addBlockHead(const DrawingState& state, const AcDbStub& stub, const Container& block, TagList& tags) {
