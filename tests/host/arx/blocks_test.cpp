@@ -42,7 +42,16 @@ TEST_F(Blocks, NewBlockIsDefinedAndPlaced) {
     block->close();
     const AcDbObjectId placed = add(*drawing, new AcDbBlockReference({9, 9, 0}, definition));
 
-    const auto again = reopened();
+    const std::string bytes = drawing->dxfOutBytes(false);
+    const auto count = [&bytes](std::string_view text) {
+        int found = 0;
+        for (std::size_t at = bytes.find(text); at != std::string::npos; at = bytes.find(text, at + 1))
+            ++found;
+        return found;
+    };
+    EXPECT_EQ(count("\nENDBLK\n  5\n"), count("\nENDBLK\n")) << "each end of a block has a handle";
+    EXPECT_EQ(count("\nAcDbBlockEnd\n"), count("\nENDBLK\n"));
+    const auto again = readBytes(bytes);
     const AcDbObjectPointer<AcDbBlockTableRecord> read(blockId(*again, L"新部品"));
     ASSERT_EQ(read.openStatus(), Acad::eOk);
     EXPECT_EQ(read->origin().y, 6.0);

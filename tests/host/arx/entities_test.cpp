@@ -100,10 +100,10 @@ TEST_F(Entities, NewEntitiesSurviveSaving) {
     polyline->addVertexAt(0, {0, 0});
     polyline->addVertexAt(1, {10, 10}, 0.5);
     EXPECT_EQ(polyline->addVertexAt(9, {0, 0}), Acad::eInvalidIndex);
-    EXPECT_EQ(polyline->addVertexAt(1, {10, 0}, 1.0), Acad::eOk);
+    EXPECT_EQ(polyline->addVertexAt(1, {10, 4}, 1.0), Acad::eOk);
     polyline->setClosed(true);
     const AcDbObjectId line = add(*drawing, new AcDbLine({1, 2, 3}, {4, 5, 6}));
-    const AcDbObjectId arc = add(*drawing, new AcDbArc({1, 2, 0}, 5.0, 0.0, kQuarter));
+    const AcDbObjectId arc = add(*drawing, new AcDbArc({1, 2, 0}, 5.0, kQuarter, 2 * kQuarter));
     const AcDbObjectId circle = add(*drawing, new AcDbCircle({7, 8, 0}, 2.5));
     const AcDbObjectId point = add(*drawing, new AcDbPoint({0.1, 0.2, 0.3}));
     const AcDbObjectId text = add(*drawing, new AcDbText({5, 6, 0}, L"850㎥/h 能力", 250.0));
@@ -114,7 +114,8 @@ TEST_F(Entities, NewEntitiesSurviveSaving) {
     const auto again = reopened();
     const auto saved = [&again](AcDbObjectId was) { return idIn(*again, was.handle().value()); };
     expectPoint(AcDbObjectPointer<AcDbLine>(saved(line))->endPoint(), {4, 5, 6});
-    EXPECT_NEAR(AcDbObjectPointer<AcDbArc>(saved(arc))->endAngle(), kQuarter, 1e-12);
+    EXPECT_NEAR(AcDbObjectPointer<AcDbArc>(saved(arc))->startAngle(), kQuarter, 1e-12);
+    EXPECT_NEAR(AcDbObjectPointer<AcDbArc>(saved(arc))->endAngle(), 2 * kQuarter, 1e-12);
     EXPECT_DOUBLE_EQ(AcDbObjectPointer<AcDbCircle>(saved(circle))->radius(), 2.5);
     expectPoint(AcDbObjectPointer<AcDbPoint>(saved(point))->position(), {0.1, 0.2, 0.3});
     EXPECT_EQ(AcDbObjectPointer<AcDbText>(saved(text))->textString(), L"850㎥/h 能力");
@@ -126,7 +127,7 @@ TEST_F(Entities, NewEntitiesSurviveSaving) {
     EXPECT_EQ(read->getPointAt(1, corner), Acad::eOk);
     EXPECT_EQ(read->getBulgeAt(1, bulge), Acad::eOk);
     EXPECT_EQ(corner.x, 10.0);
-    EXPECT_EQ(corner.y, 0.0);
+    EXPECT_EQ(corner.y, 4.0);
     EXPECT_EQ(bulge, 1.0);
     EXPECT_EQ(read->getBulgeAt(3, bulge), Acad::eInvalidIndex);
     const AcDbObjectPointer<AcDbBlockReference> placed(saved(insert));

@@ -30,6 +30,9 @@ TEST_F(Groups, MembersComeInOrder) {
     const AcDbObjectPointer<AcDbGroup> furniture(id(kFurniture));
     EXPECT_EQ(furniture->getName(), L"家具");
     EXPECT_EQ(members(*furniture), (Handles{0x106, 0x108, 0x10A}));
+    AcDbObjectIdArray ids;
+    ids.append(id(kDuct));
+    EXPECT_EQ(furniture->allEntityIds(ids), 3U) << "what the list held is no member";
     EXPECT_TRUE(furniture->has(id(kShelf)));
     EXPECT_FALSE(furniture->has(id(kDuct)));
     const AcDbObjectPointer<AcDbGroup> supply(id(kSupply));
@@ -116,6 +119,7 @@ TEST_F(Groups, ErasedGroupLeavesItsMembersOnSaving) {
     erase(id(kFurniture));
     EXPECT_TRUE(knows(kShelf, kFurniture));
     const std::string saved = drawing->dxfOutBytes(false);
+    EXPECT_EQ(saved.find("  3\n家具\n"), std::string::npos) << "no entry is left behind";
     const auto again = readBytes(saved);
     const AcDbObjectPointer<AcDbObject> shelf(idIn(*again, kShelf));
     EXPECT_EQ(shelf->reactors()->length(), 0);

@@ -243,6 +243,12 @@ TEST_F(Reactors, PersistentReactorsChangeSeveralAtATime) {
     EXPECT_EQ(handler->removePersistentReactors({id(kDuct)}), Acad::eNotOpenForWrite);
 }
 
+TEST_F(Reactors, TheLastOneTakesItsListAlong) {
+    const AcDbObjectPointer<AcDbObject> shelf(id(kShelf), AcDb::kForWrite);
+    ASSERT_EQ(shelf->removePersistentReactor(id(kFurniture)), Acad::eOk);
+    EXPECT_EQ(drawing->dxfOutBytes(false).find("{ACAD_REACTORS\n102\n}"), std::string::npos);
+}
+
 TEST_F(Reactors, UndoAndRedoAreTold) {
     drawing->startUndoRecord();
     const AcDbObjectId point = add(*drawing, new AcDbPoint);

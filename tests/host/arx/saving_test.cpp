@@ -110,6 +110,19 @@ TEST_F(Saving, DatabaseWithoutADrawingTakesAndGivesNothing) {
     EXPECT_TRUE(empty.dxfOutBytes(false).empty());
 }
 
+TEST_F(Saving, ObjectsWithoutAnOwnerAreKept) {
+    auto* const group = new AcDbGroup(L"lone");
+    AcDbObjectId added;
+    ASSERT_EQ(drawing->addAcDbObject(added, group), Acad::eOk);
+    EXPECT_EQ(group->append(id(kDuct)), Acad::eOk);
+    EXPECT_EQ(drawing->addAcDbObject(added, group), Acad::eAlreadyInDb);
+    group->close();
+    const auto again = reopened();
+    const AcDbObjectPointer<AcDbGroup> kept(idIn(*again, added.handle().value()));
+    ASSERT_EQ(kept.openStatus(), Acad::eOk);
+    EXPECT_EQ(kept->numEntities(), 1U);
+}
+
 TEST_F(Saving, NewDrawingIsFilledSavedAndRead) {
     AcDbDatabase made;
     add(made, new AcDbText({0, 0, 0}, L"図面", 2.5));

@@ -134,3 +134,16 @@ TEST_F(SymbolTables, LinetypesAndStylesOfTheDrawing) {
     EXPECT_TRUE(styles->has(L"Standard"));
     styles->close();
 }
+
+TEST_F(SymbolTables, DashesOfALinetypeAreReadInOrder) {
+    std::string bytes = drawing->dxfOutBytes(false);
+    const std::string_view pattern = " 73\n0\n 40\n0.0\n";
+    const std::size_t at = bytes.find(pattern, bytes.find("Continuous"));
+    ASSERT_NE(at, std::string::npos);
+    bytes.replace(at, pattern.size(), " 73\n2\n 40\n0.75\n 49\n0.5\n 74\n0\n 49\n-0.25\n 74\n0\n");
+    const auto dashed = readBytes(bytes);
+    const AcDbObjectPointer<AcDbLinetypeTable> linetypes(dashed->linetypeTableId());
+    const AcDbObjectPointer<AcDbLinetypeTableRecord> record(find(*linetypes, L"Continuous"));
+    EXPECT_EQ(record->patternLength(), 0.75);
+    EXPECT_EQ(record->dashes(), (std::vector{0.5, -0.25}));
+}

@@ -35,10 +35,15 @@ public:
         add(1071).resval.rlong = value;
         return *this;
     }
-    ChainBuilder& bytes(short count) {
+    ChainBuilder& bytes(std::string_view values) {
         resbuf& item = add(1004);
-        item.resval.rbinary.clen = count;
-        item.resval.rbinary.buf = new char[static_cast<std::size_t>(std::max<short>(count, 1))]();
+        item.resval.rbinary.clen = static_cast<short>(values.size());
+        item.resval.rbinary.buf = new char[values.size()];
+        values.copy(item.resval.rbinary.buf, values.size());
+        return *this;
+    }
+    ChainBuilder& chunkOfNegativeLength() {
+        add(1004).resval.rbinary.clen = -1;
         return *this;
     }
     [[nodiscard]] const resbuf* get() const { return first_.get(); }
@@ -58,6 +63,12 @@ private:
     resbuf* last_ = nullptr;
 };
 
+constexpr std::string_view kBytes = "\x1A\xF0\x9B";
+
+std::string_view bytesOf(const resbuf& item) {
+    return {item.resval.rbinary.buf, static_cast<std::size_t>(item.resval.rbinary.clen)};
+}
+
 class ExtendedData : public SampleDrawing {
 protected:
     ExtendedData() { acdbHostApplicationServices()->setWorkingDatabase(drawing.get()); }
@@ -75,8 +86,9 @@ protected:
 TEST_F(ExtendedData, EveryKindOfValueSurvivesSaving) {
     ChainBuilder chain;
     chain.application(L"ZU_ATTR").text(1000, L"表示 850㎥/h").text(1002, L"{").point(1011, 1, 2.5, -3);
-    chain.text(1002, L"}").text(1003, L"SA-ダクト").bytes(3).text(1005, L"10C").real(1040, 0.1).integer(-7);
-    chain.longInteger(70000);
+    chain.text(1002, L"}").text(1003, L"SA-ダクト").bytes(kBytes).text(1005, L"10C");
+    chain.real(1040, 0.1).integer(-7);
+    chain.longInteger(70000).real(1042, 0.1).point(1013, 1, 2.5, -3);
     ASSERT_EQ(set(kShelf, chain), Acad::eOk);
     for (const bool binary : {false, true}) {
         const auto again = readBytes(drawing->dxfOutBytes(binary));
@@ -88,12 +100,12 @@ TEST_F(ExtendedData, EveryKindOfValueSurvivesSaving) {
             ASSERT_EQ(item->restype, given->restype);
             if (acutIsTextType(given->restype)) {
                 EXPECT_STREQ(item->resval.rstring, given->resval.rstring);
-            } else if (given->restype == 1011) {
+            } else if (given->restype == 1011 || given->restype == 1013) {
                 EXPECT_EQ(item->resval.rpoint[1], 2.5);
                 EXPECT_EQ(item->resval.rpoint[2], -3.0);
             } else if (given->restype == 1004) {
-                EXPECT_EQ(item->resval.rbinary.clen, 3);
-            } else if (given->restype == 1040) {
+                EXPECT_EQ(bytesOf(*item), kBytes);
+            } else if (given->restype == 1040 || given->restype == 1042) {
                 EXPECT_EQ(item->resval.rreal, 0.1);
             } else if (given->restype == 1071) {
                 EXPECT_EQ(item->resval.rlong, 70000);
@@ -103,6 +115,15 @@ TEST_F(ExtendedData, EveryKindOfValueSurvivesSaving) {
         }
         EXPECT_EQ(item, nullptr);
     }
+}
+
+TEST_F(ExtendedData, ChunksOfOtherProgramsMayHaveSmallDigits) {
+    ASSERT_EQ(set(kShelf, ChainBuilder().application(L"ZU_ATTR").bytes(kBytes)), Acad::eOk);
+    std::string bytes = drawing->dxfOutBytes(false);
+    const std::size_t at = bytes.find("1AF09B");
+    ASSERT_NE(at, std::string::npos);
+    bytes.replace(at, 6, "1af09b");
+    EXPECT_EQ(bytesOf(*get(*readBytes(bytes), kShelf, L"ZU_ATTR")->rbnext), kBytes);
 }
 
 TEST_F(ExtendedData, ApplicationsAreReplacedOneByOne) {
@@ -160,8 +181,8 @@ TEST_F(ExtendedData, WrongChainsChangeNothing) {
     cases[1].chain.text(1000, L"x").application(L"ZU_ATTR");
     cases[2].chain.application(L"ZU_ATTR").text(1, L"x");
     cases[3].chain.application(L"ZU_ATTR").real(1050, 1.0);
-    cases[4].chain.application(L"ZU_ATTR").bytes(128);
-    cases[5].chain.application(L"ZU_ATTR").bytes(-1);
+    cases[4].chain.application(L"ZU_ATTR").bytes(std::string(128, 'x'));
+    cases[5].chain.application(L"ZU_ATTR").chunkOfNegativeLength();
     cases[6].chain.application(L"ZU_LINK");
     for (int i = 0; i < 200; ++i)
         cases[6].chain.text(1000, std::wstring(80, L'x').c_str());
@@ -171,6 +192,7 @@ TEST_F(ExtendedData, WrongChainsChangeNothing) {
     EXPECT_EQ(AcDbObjectPointer<AcDbObject>(id(kDuct))->setXData(cases[0].chain.get()),
               Acad::eNotOpenForWrite);
     EXPECT_TRUE(drawing->dxfOutBytes(false) == before);
+    EXPECT_EQ(set(kDuct, ChainBuilder().application(L"ZU_ATTR").bytes(std::string(127, 'x'))), Acad::eOk);
 }
 
 TEST_F(ExtendedData, LimitHoldsForAllApplicationsTogether) {

@@ -95,10 +95,11 @@ TEST(RoundTrip, ObjectsWrittenFromTagsAreSpelledLikeTheirFile) {
 }
 
 TEST(RoundTrip, LongAndRareValuesSurviveTheBinaryForm) {
-    const std::string records =
-        "1 " + std::string(5000, 'x') + "|310 " + std::string(254, 'A') +
-        "|160 -9007199254740993|90 -2147483648|70 -32768|280 255|290 1|40 nan|40 -0.0|40 1E-300" +
-        "|1001 ACAD|1004 00FF|1004 " + std::string(508, '0') + "|1005 FFFFFFFFFFFFFFFF|1071 -1";
+    const std::string records = "1 " + std::string(5000, 'x') + "|310 " + std::string(254, 'A') +
+                                "|160 -9007199254740993|90 -2147483648|90 2147483647|70 -32768|70 32767|290 "
+                                "255|40 nan|40 -0.0|40 1E-300" +
+                                "|1001 ACAD|1004 00FF|1004 " + std::string(508, '0') +
+                                "|1005 FFFFFFFFFFFFFFFF|1071 -1";
     const auto document = opened(drawing("AC1032", "0 SECTION|2 ENTITIES|0 X|" + records + "|0 ENDSEC"));
     const auto binary = opened(document->bytes(DrawingForm::binary, nullptr));
     const auto back = opened(binary->bytes(DrawingForm::ascii, nullptr));
@@ -111,6 +112,18 @@ TEST(RoundTrip, LongAndRareValuesSurviveTheBinaryForm) {
                         : sameValue(before[i].code, before[i].value, after[i].value))
             << before[i].value << " / " << after[i].value;
     }
+}
+
+/// In the text form a line end would part a value from its own record.
+TEST(RoundTrip, LineEndsWithinValuesOfTheBinaryFormLeaveTheTextFormWhole) {
+    const auto document = opened(drawing("AC1032", "0 SECTION|2 ENTITIES|0 X|1 a1b2c|0 ENDSEC"));
+    std::string bytes = document->bytes(DrawingForm::binary, nullptr);
+    const std::size_t at = bytes.find("a1b2c");
+    ASSERT_NE(at, std::string::npos);
+    bytes.replace(at, 5, "a\nb\rc");
+    const auto back = opened(opened(bytes)->bytes(DrawingForm::ascii, nullptr));
+    const TagList tags = back->tags(*member(*back, "X"));
+    EXPECT_EQ(tags.text(1, tags.all()), "a^Jb^Mc");
 }
 
 /// What the binary form cannot hold is told; nothing is cut to fit.

@@ -92,7 +92,7 @@ TEST(Structure, OwnersFromR13AreNamedByTheFile) {
 0 SECTION|2 ENTITIES
 0 LINE|5 30|102 {ACAD_REACTORS|330 41|102 }|330 1F|100 AcDbEntity|8 0
 0 POINT|5 31|100 AcDbEntity|67 1|8 0
-0 CIRCLE|5 32|100 AcDbEntity|8 0|330 2F
+0 CIRCLE|5 32|5 33|330 1F|330 2F|100 AcDbEntity|8 0|330 2F
 0 ARC|5 FFFFFFFFFFFFFF00|330 ABCDEF|100 AcDbEntity|8 0|0 ENDSEC
 0 SECTION|2 OBJECTS|0 DICTIONARY|5 40|330 0|0 DICTIONARY|5 41|330 40|0 GROUP|5 42|330 99|0 ENDSEC)"));
     const auto ownerOf = [&](std::uint64_t handle) {
@@ -102,7 +102,7 @@ TEST(Structure, OwnersFromR13AreNamedByTheFile) {
     EXPECT_EQ(ownerOf(0x1F), 1U);
     EXPECT_EQ(ownerOf(0x30), 0x1FU); // not the one of the reactors
     EXPECT_EQ(ownerOf(0x31), 0x2FU); // none named: the record of paper space
-    EXPECT_EQ(ownerOf(0x32), 0x1FU); // what stands behind the first marker is no owner
+    EXPECT_EQ(ownerOf(0x32), 0x1FU); // what stands behind the first marker, or comes second, is no owner
     EXPECT_EQ(ownerOf(0xFFFFFFFFFFFFFF00), 0x1FU);
     EXPECT_EQ(ownerOf(0x23), 0x2FU);
     EXPECT_EQ(ownerOf(0x41), 0x40U);
