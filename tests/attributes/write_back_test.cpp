@@ -111,9 +111,10 @@ TEST_F(WriteBack, TellsOfHeightsThatAreNoNumbers) {
         const wchar_t* height;
         bool isTold;
     };
-    for (const Case& c : {Case{L"2700", false}, Case{L"+300", false}, Case{L" -1.5e2 ", false},
-                          Case{L"", false}, Case{L"FL+300", true}, Case{L"2,700", true},
-                          Case{L"２７００", true}, Case{L"-", true}, Case{L"nan", true}}) {
+    for (const Case& c :
+         {Case{L"2700", false}, Case{L"+300", false}, Case{L" -1.5e2 ", false}, Case{L"", false},
+          Case{L"FL+300", true}, Case{L"2,700", true}, Case{L"２７００", true}, Case{L"-", true},
+          Case{L"nan", true}, Case{L"1e999", true}}) {
         const AcDbObjectId id = element(L"S1|a|0|");
         const std::wstring height = L"S401|" + std::wstring(c.height) + L"|0|";
         TestDrawing::setTexts(id, L"ZU_ATTR", {L"2|A|B|", L"S1|a|0|", height.c_str()});

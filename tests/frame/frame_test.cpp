@@ -166,6 +166,8 @@ TEST(Frame, TextsFollowTheLanguage) {
     wchar_t buffer[5] = L"old";
     EXPECT_EQ(ZuComn_LoadString(ZuComn_GetResource(), 151, buffer, 4), 3);
     EXPECT_STREQ(buffer, L"ope");
+    EXPECT_EQ(ZuComn_LoadString(ZuComn_GetResource(), 151, buffer, 0), 0);
+    EXPECT_STREQ(buffer, L"ope") << "no room, nothing written";
     EXPECT_EQ(ZuComn_LoadString(ZuComn_GetResource(), 134, buffer, 4), 0);
     EXPECT_STREQ(buffer, L"");
     EXPECT_EQ(AfxGetResourceHandle(), nullptr) << "the framework's resource handle is restored";

@@ -75,6 +75,7 @@ TEST_F(LinkInfo, Merges) {
         {"x\r\ny|1\r\n", texts({L"x\ny", L"p\nq"}), texts({L"2", L"3"}), "x\r\ny|2\r\np\r\nq|3\r\n"},
         {"lost\nx\ny|1\nlast\n", texts({L"y"}), texts({L"2"}), "x\ny|1\ny|2\n"},
         {" A |1\nA|2\n", texts({L"A"}), texts({L"3"}), "A|3\nA|2\n"},
+        {"|x\nA|1\n", texts({L"A"}), texts({L"2"}), "|x\nA|2\n"},
         {"# c\nA|1\nEND\nB|2\n#\n", texts({L"A", L"B"}), texts({L"3", L"4"}),
          "# c\nA|1\nEND\nB|2\nA|3\nB|4\n"},
         {"\x83\x7C\x83\x93|1\n", texts({L"ポン"}), texts({L"表"}), "\x83\x7C\x83\x93|\x95\x5C\n"},
@@ -89,6 +90,13 @@ TEST_F(LinkInfo, Merges) {
          texts({L"A"}), texts({L"𠮷"}),
          std::string("\xFF\xFE"
                      "A\0|\0\x42\xD8\xB7\xDF\n\0",
+                     12)},
+        // UTF-16: a key that is a surrogate pair, and two characters that make a line feed between them.
+        {std::string("\xFF\xFE\x42\xD8\xB7\xDF|\0\x05\x0A\0\x4E\n\0", 14), texts({L"𠮷"}), texts({L"ਅ一"}),
+         std::string("\xFF\xFE\x42\xD8\xB7\xDF|\0\x05\x0A\0\x4E\n\0", 14)},
+        {std::string("\xFF\xFE\x05\x0A\0\x4E|\0x\0\n\0", 12), texts({L"ਅ一"}), texts({L"1"}),
+         std::string("\xFF\xFE\x05\x0A\0\x4E|\0"
+                     "1\0\n\0",
                      12)},
     };
     for (const auto& c : cases) {

@@ -126,6 +126,7 @@ TEST_F(ComboNumbers, AreKeptSortedInOneStyle) {
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.50", 99), -1);
     EXPECT_EQ(items(), (Fields{L"1", L"2.5", L"3"}));
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3", 99), 2);
+    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"1.0", 99), 0);
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.5", 99), 1);
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"10", 0), 3);
     EXPECT_EQ(items(), (Fields{L"1", L"2", L"3", L"10"}));

@@ -144,10 +144,12 @@ TEST_F(Groups, RepairLeavesOneGroupOfEachKind) {
     const AcDbObjectId back = element(L"2|");
     const AcDbObjectId nine = group(L"RTGR00009", {supply, tee});
     const AcDbObjectId four = group(L"RTGR00004", {supply, tee});
+    const AcDbObjectId six = group(L"RTGR00006", {supply, tee});
     const AcDbObjectId two = group(L"RTGR00002", {back, tee});
     const AcDbObjectId onlyTee = group(L"RTGR00001", {tee});
     EXPECT_EQ(RootComn_MakeGroup(TestDrawing::ids({tee}), TestDrawing::ids({four})), 0);
     EXPECT_EQ(members(nine), TestDrawing::ids({supply}));
+    EXPECT_EQ(members(six), TestDrawing::ids({supply}));
     EXPECT_TRUE(members(four).contains(tee));
     EXPECT_TRUE(members(two).contains(tee));
     EXPECT_EQ(members(onlyTee), TestDrawing::ids({tee})) << "of unknown kind";
