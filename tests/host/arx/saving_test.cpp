@@ -79,7 +79,7 @@ TEST_F(Saving, WhatAnErasedEntityOwnsGoesWithIt) {
     const auto saved = readBytes(edited->dxfOutBytes(false));
     for (const Adesk::UInt64 gone : {kDuct, Adesk::UInt64{0xF01}, Adesk::UInt64{0xF02}})
         EXPECT_FALSE(isThere(*saved, gone)) << gone;
-    for (const Adesk::UInt64 kept : {0xF03, 0xF04})
+    for (const Adesk::UInt64 kept : {0xF03U, 0xF04U})
         EXPECT_TRUE(isThere(*saved, kept)) << kept;
     erase(idIn(*edited, kDuct), false);
     EXPECT_TRUE(isThere(*readBytes(edited->dxfOutBytes(false)), 0xF02));
