@@ -207,14 +207,33 @@ std::wstring formatReal(const FormatArgument& argument, const Conversion& c) {
     return padded(digits, signOf(negative, c), c, c.zero);
 }
 
-/// With a precision a text needs no zero at its end.
-template <typename Character>
-std::basic_string_view<Character> wordsOf(const Character* text, int precision) {
+// With a precision a text needs no zero at its end.
+
+std::wstring_view wordsOf(const wchar_t* text, int precision) {
     if (precision < 0)
         return text;
     std::size_t size = 0;
-    while (size < static_cast<std::size_t>(precision) && text[size] != Character())
+    while (size < static_cast<std::size_t>(precision) && text[size] != L'\0')
         ++size;
+    return {text, size};
+}
+
+std::size_t utf8Length(char lead) {
+    const auto byte = static_cast<unsigned char>(lead);
+    return byte < 0xC0 ? 1 : byte < 0xE0 ? 2 : byte < 0xF0 ? 3 : 4;
+}
+
+/// The precision counts characters, not bytes.
+std::string_view wordsOf(const char* text, int precision) {
+    if (precision < 0)
+        return text;
+    std::size_t size = 0;
+    for (int count = 0; count < precision && text[size] != '\0'; ++count) {
+        const std::size_t end = size + utf8Length(text[size]);
+        ++size;
+        while (size < end && (static_cast<unsigned char>(text[size]) & 0xC0U) == 0x80U)
+            ++size;
+    }
     return {text, size};
 }
 

@@ -100,6 +100,8 @@ TEST(String, FormatsTypesAndWidths) {
     const std::vector<char> narrow{'c', 'd'};
     text.Format(L"%.2s%.*hs", unended.data(), 2, narrow.data());
     EXPECT_EQ(text, L"abcd") << "with a precision a text needs no end";
+    text.Format(L"%.2hs|%.9hs", "表示能", "\xE8\xA1");
+    EXPECT_EQ(text.Left(3), L"表示|") << "characters, not bytes";
     text.Format(L"");
     text.AppendFormat(L"[%5.1lf]", 2.25);
     EXPECT_EQ(text, L"[  2.2]");
