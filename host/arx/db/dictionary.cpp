@@ -147,19 +147,14 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
     auto* const group = AcDbGroup::cast(object);
     const bool anonymous = *name == L'*' && group != nullptr;
     const std::wstring key = anonymous ? anonymousName() : name;
-    AcDbObjectId replaced;
-    if (getAt(key.c_str(), replaced) == Acad::eOk) {
-        AcDbObject* old = nullptr;
-        const Acad::ErrorStatus status = acdbOpenAcDbObject(old, replaced, AcDb::kForWrite);
-        if (status != Acad::eOk)
-            return status;
-        assertWriteEnabled();
-        removeEntry(*index().byName.find(zuhost::foldedName(key)));
+    AcDbObject* old = nullptr;
+    const Acad::ErrorStatus status = getAt(key.c_str(), old, AcDb::kForWrite);
+    if (status != Acad::eOk && status != Acad::eKeyNotFound && status != Acad::eWasErased)
+        return status;
+    remove(key.c_str()); // Also an entry of what is not there any more.
+    if (old != nullptr) {
         old->erase();
         old->close();
-    } else if (index().byName.find(zuhost::foldedName(key))) {
-        assertWriteEnabled();
-        removeEntry(*index().byName.find(zuhost::foldedName(key)));
     }
     assertWriteEnabled();
     if (object->database() == nullptr)
@@ -212,24 +207,23 @@ void AcDbDictionary::bringUpToDate(zuhost::TagList& tags) const {
     indexVersion_ = tagVersion() - 1;
 }
 
-Acad::ErrorStatus AcDbDictionary::remove(const ACHAR* name) {
-    if (name == nullptr)
-        return Acad::eInvalidInput;
-    const std::wstring key = zuhost::foldedName(name);
-    if (!index().byName.find(key))
+/// The entry is looked up again once the change is noted, which may move it.
+template <typename Find>
+Acad::ErrorStatus AcDbDictionary::removeFound(const Find& find) {
+    if (!find())
         return Acad::eKeyNotFound;
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status == Acad::eOk)
-        removeEntry(*index().byName.find(key));
+        removeEntry(*find());
     return status;
 }
 
+Acad::ErrorStatus AcDbDictionary::remove(const ACHAR* name) {
+    if (name == nullptr)
+        return Acad::eInvalidInput;
+    return removeFound([&, key = zuhost::foldedName(name)] { return index().byName.find(key); });
+}
+
 Acad::ErrorStatus AcDbDictionary::remove(AcDbObjectId id) {
-    const std::uint64_t handle = id.handle().value();
-    if (!index().byHandle.find(handle))
-        return Acad::eKeyNotFound;
-    const Acad::ErrorStatus status = assertWriteEnabled();
-    if (status == Acad::eOk)
-        removeEntry(*index().byHandle.find(handle));
-    return status;
+    return removeFound([&, handle = id.handle().value()] { return index().byHandle.find(handle); });
 }

@@ -63,16 +63,28 @@ TagList without(const TagList& tags, const std::vector<std::size_t>& places) {
     return kept;
 }
 
+struct Entry {
+    std::size_t place;
+    std::uint64_t handle;
+};
+
+std::vector<Entry> entriesOf(const TagList& tags) {
+    std::vector<Entry> entries;
+    const TagRange range = tags.applicationGroup(kGroup);
+    for (std::size_t i = range.first; i < range.last; ++i)
+        if (const auto handle = tags[i].code == 330 ? zuhost::parseHandle(tags[i].value) : std::nullopt)
+            entries.push_back({i, *handle});
+    return entries;
+}
+
 /// Places of entries that name no object of the drawing, or one for a second time.
 std::vector<std::size_t> surplusEntries(const TagList& tags, const zuhost::Document& document) {
     std::vector<std::size_t> places;
     std::unordered_set<const AcDbStub*> seen;
-    const TagRange range = tags.applicationGroup(kGroup);
-    for (std::size_t i = range.first; i < range.last; ++i) {
-        const auto handle = tags[i].code == 330 ? zuhost::parseHandle(tags[i].value) : std::nullopt;
-        const AcDbStub* const named = handle ? document.find(*handle) : nullptr;
-        if (handle && (named == nullptr || !seen.insert(named).second))
-            places.push_back(i);
+    for (const Entry& entry : entriesOf(tags)) {
+        const AcDbStub* const named = document.find(entry.handle);
+        if (named == nullptr || !seen.insert(named).second)
+            places.push_back(entry.place);
     }
     return places;
 }
@@ -121,10 +133,8 @@ Acad::ErrorStatus AcDbObject::addPersistentReactors(const std::vector<AcDbObject
     if (status != Acad::eOk)
         return status;
     std::unordered_set<std::uint64_t> known;
-    const TagRange range = tags().applicationGroup(kGroup);
-    for (std::size_t i = range.first; i < range.last; ++i)
-        if (const auto handle = tags()[i].code == 330 ? zuhost::parseHandle(tags()[i].value) : std::nullopt)
-            known.insert(*handle);
+    for (const Entry& entry : entriesOf(tags()))
+        known.insert(entry.handle);
     std::vector<zuhost::Tag> added;
     for (const AcDbObjectId reactor : reactors)
         if (!reactor.isNull() && known.insert(reactor.handle().value()).second)
@@ -155,11 +165,9 @@ Acad::ErrorStatus AcDbObject::removePersistentReactors(const std::unordered_set<
     for (const AcDbObjectId reactor : reactors)
         handles.insert(reactor.handle().value());
     std::vector<std::size_t> places;
-    const TagRange range = tags().applicationGroup(kGroup);
-    for (std::size_t i = range.first; i < range.last; ++i)
-        if (const auto handle = tags()[i].code == 330 ? zuhost::parseHandle(tags()[i].value) : std::nullopt;
-            handle && handles.contains(*handle))
-            places.push_back(i);
+    for (const Entry& entry : entriesOf(tags()))
+        if (handles.contains(entry.handle))
+            places.push_back(entry.place);
     TagList kept = without(tags(), places);
     changingTags() = std::move(kept);
     return Acad::eOk;

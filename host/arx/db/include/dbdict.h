@@ -107,6 +107,8 @@ private:
     Index& index() const;
     [[nodiscard]] AcDbObjectId entryAt(std::size_t place) const;
     [[nodiscard]] std::wstring anonymousName() const;
+    template <typename Find>
+    Acad::ErrorStatus removeFound(const Find& find);
     /// Of a place found after assertWriteEnabled, which may move the records.
     void removeEntry(std::size_t place);
     void addEntry(const std::wstring& name, std::uint64_t handle);
