@@ -10,7 +10,7 @@ namespace zu::app {
 namespace {
 
 int groupNumber(const CString& name) {
-    const int marked = name.Find(L"RTGR");
+    const int marked = CString(name).MakeUpper().Find(L"RTGR");
     return _wtoi(marked >= 0 ? name.Mid(marked + 4, 5) : name.Mid(2));
 }
 

@@ -62,9 +62,11 @@ ZUCOMN_API int RootComn_GetNearPointToPoint(const AcGePoint3d& p, const AcGePoin
 ZUCOMN_API int RootComn_GetOriginPoint(const AcDbObjectId& element, AcGePoint3d& origin);
 ZUCOMN_API int RootComn_SetOriginPoint(const AcDbObjectId& element, const AcGePoint3d& origin);
 
-/// Heights from the attributes. Kind 0 (equipment): nothing else is written. Kind 4 ("RBS-"): from S401 to
-/// S401 + S304. Kind 3 (route lines) and 1: low and high are S401. Kind 2 (others with an S402 that is not
-/// 0): low and high are left as they were, on purpose. -1 when the element is no block reference.
+/// Heights from the attributes. Kind 0 (equipment, "KK-"): nothing else is written. Kind 4 ("RBS-"): from
+/// S401 to S401 + S304. Kind 3 ("RT-", "RTM-") and 1 (other elements): low and high are S401. Kind 2 (others
+/// with an S402 that is not 0): low and high are left as they were, on purpose. "KK-" counts in upper case
+/// only, so that existing blocks such as "kk-tank" keep their heights; the other prefixes ignore case. -1
+/// when the element is no block reference.
 ZUCOMN_API int RootComn_GetOBlockHeight(const AcDbObjectId& element, int& kind, double& low, double& high);
 
 /// Angle of the direction from b to a, in radians; the reversed order is intended.
@@ -195,7 +197,7 @@ ZUCOMN_API int RootComn_GetConnectBlock4(const AcArray<AcDbObjectId>& candidates
 /// first. Two points join within 20.0 at drawing scales above 1.0, else within the second tolerance; the
 /// large value is intended. `form` points to 1 for the full search code, to another value (or is null) for
 /// the short one. Mode 1 keeps candidates with the search code of the element, mode 2 those with another one,
-/// any other mode all.
+/// any other mode all. Search codes are case-sensitive; other prefixes of block names ignore case.
 ZUCOMN_API int RootComn_GetConnectBlock4EX(int mode, const AcArray<AcDbObjectId>& candidates,
                                            const AcDbObjectId& element, AcArray<AcDbObjectId>& result,
                                            int* count, const int* form);

@@ -178,7 +178,7 @@ int RootComn_GetConnectBlock(const AcDbObjectId& group, const AcDbObjectId& elem
 int RootComn_GetConnectBlock2(const AcDbObjectId& group, const AcDbObjectId& element,
                               AcArray<AcDbObjectId>& result, int* count, int /*unused*/) {
     setCount(count, 0);
-    if (!zu::blockNameOf(element).starts_with(L"RB"))
+    if (!zu::startsWithNoCase(zu::blockNameOf(element), L"RB"))
         return -1;
     AcDbObjectIdArray found;
     if (searchGroup(group, element, nullptr, found, nullptr, 0) != 0)

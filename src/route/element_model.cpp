@@ -64,13 +64,13 @@ int RootComn_GetOBlockHeight(const AcDbObjectId& element, int& kind, double& low
         return 0;
     }
     const double height = attributeNumber(element, L"S401");
-    if (name.starts_with(L"RBS-")) {
+    if (zu::startsWithNoCase(name, L"RBS-")) {
         kind = 4;
         low = height;
         high = height + attributeNumber(element, L"S304");
         return 0;
     }
-    const bool isLine = name.starts_with(L"RT-") || name.starts_with(L"RTM-");
+    const bool isLine = zu::startsWithNoCase(name, L"RT-") || zu::startsWithNoCase(name, L"RTM-");
     if (!isLine && attributeNumber(element, L"S402") != 0.0) {
         kind = 2;
         return 0;

@@ -70,7 +70,7 @@ bool isRouteGroupName(const CString& name) {
 }
 
 int groupNumber(const CString& name) {
-    const int named = name.Find(kNamedPrefix);
+    const int named = CString(name).MakeUpper().Find(kNamedPrefix);
     return _wtoi(named >= 0 ? name.Mid(named + 4, kNumberDigits) : name.Mid(2));
 }
 

@@ -104,7 +104,7 @@ protected:
 
     TestDrawing drawing;
     AcDbObjectId line = drawing.block(L"RT-1", {{0, 0, 0}, {1, 0, 0}});
-    AcDbObjectId fitting = drawing.block(L"RBL-1", {{0, 0, 0}});
+    AcDbObjectId fitting = drawing.block(L"rbl-1", {{0, 0, 0}});
     AcDbObjectId a = drawing.element(line, {0, 0, 0});
     AcDbObjectId b = drawing.element(line, {1, 0, 0});
     AcDbObjectId c = drawing.element(fitting, {2, 0, 0});

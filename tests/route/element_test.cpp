@@ -118,6 +118,19 @@ TEST(Element, OriginIsReadAndSetOnReferencesOnly) {
     EXPECT_EQ(RootComn_GetOriginPoint({}, origin), -1);
 }
 
+TEST(Element, HeightsGoByThePrefixInAnyCase) {
+    const TestDrawing drawing;
+    const std::pair<const wchar_t*, int> cases[] = {{L"KK-2", 0}, {L"kk-1", 1},  {L"Rbs-1", 4},
+                                                    {L"rt-1", 3}, {L"rtm-1", 3}, {L"rb-1", 1}};
+    for (const auto& [name, expected] : cases) {
+        int kind = -1;
+        double low = 0.0;
+        double high = 0.0;
+        EXPECT_EQ(RootComn_GetOBlockHeight(drawing.element(drawing.block(name, {}), {}), kind, low, high), 0);
+        EXPECT_EQ(kind, expected) << zuhost::toUtf8(name);
+    }
+}
+
 TEST(Directions, RunFromTheSecondPointToTheFirst) {
     EXPECT_DOUBLE_EQ(RootComn_Get2PointAngle({0, 1, 0}, {0, 0, 0}), 90.0);
     EXPECT_DOUBLE_EQ(RootComn_Get2PointAngle({0, 0, 0}, {0, 1, 0}), 270.0);

@@ -117,12 +117,12 @@ TEST_F(Groups, OfEqualNumbersTheFirstGivenSurvives) {
 TEST_F(Groups, AreRouteGroupsByTheStartOfTheirNames) {
     const AcDbObjectId a = element(L"1|");
     const AcDbObjectId b = element(L"1|");
-    const AcDbObjectId lower = group(L"rtgr00001", {a});
+    const AcDbObjectId lower = group(L"rtgr00003", {a});
     RootComn_MakeGroup(TestDrawing::ids({b}), TestDrawing::ids({lower}));
     EXPECT_EQ(members(lower), TestDrawing::ids({b, a}));
     const AcDbObjectId sixDigits = group(L"RTGR000015", {a});
     const AcDbObjectId two = group(L"RTGR00002", {b});
-    RootComn_MakeGroup(AcDbObjectIdArray(), TestDrawing::ids({two, sixDigits}));
+    RootComn_MakeGroup(AcDbObjectIdArray(), TestDrawing::ids({two, lower, sixDigits}));
     EXPECT_EQ(members(sixDigits), TestDrawing::ids({a, b})) << "five digits make its number";
 }
 
