@@ -11,7 +11,7 @@ install(TARGETS zuhost ZuComn EXPORT ZuComnTargets
 install(TARGETS zu RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 install(DIRECTORY include/zucomn DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-foreach(part mfc mfc/windows arx/base arx/db arxutil)
+foreach(part mfc mfc/windows arx/base arx/db arx/editor arxutil)
   install(DIRECTORY host/${part}/include/ DESTINATION ${ZU_HOST_INCLUDEDIR})
 endforeach()
 install(FILES src/resources/en.strings DESTINATION ${CMAKE_INSTALL_LIBDIR}/1033 RENAME ZuComn.strings)

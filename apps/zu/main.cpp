@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <rxdlinkr.h>
 #include <zucomn/frame.h>
+#include <zuhost/application.h>
 #include <zuhost/message_box.h>
 
 #include <exception>
@@ -35,6 +36,7 @@ void addCommands(CLI::App& program) {
 /// The library is started as the host starts it: through the dynamic linker. Commands never wait for a
 /// button.
 void startLibrary() {
+    zuhost::setApplication({"zu", L"ZuComn", "zucomn"});
     zuhost::setMessageBoxPresenter(&zuhost::printMessageBox);
     acrxDynamicLinker->loadModule(L"ZuComn.arx", false);
     ZuComn_SetResource();

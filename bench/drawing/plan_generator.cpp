@@ -1,7 +1,7 @@
 #include "plan_generator.h"
 
 #include "drawing/document.h"
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <fstream>
 #include <map>

@@ -1,8 +1,8 @@
 #include "limit.h"
 
-#include "drawing/plain_number.h"
-#include "drawing/records/find_byte.h"
-#include "drawing/records/record_reader.h"
+#include "dxf_records/find_byte.h"
+#include "dxf_records/plain_number.h"
+#include "dxf_records/record_reader.h"
 
 #include <charconv>
 #include <cstring>

@@ -1,6 +1,6 @@
 #include "part_generator.h"
 
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <bit>
 #include <cstdint>

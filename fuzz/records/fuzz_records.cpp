@@ -1,7 +1,7 @@
 // Any bytes as records of every form: records tile the input, end within it and stop at the first fault; the
 // numbers of a record round trip.
-#include "drawing/number_text.h"
-#include "drawing/records/record_reader.h"
+#include "dxf_records/number_text.h"
+#include "dxf_records/record_reader.h"
 
 #include <cmath>
 #include <cstdio>

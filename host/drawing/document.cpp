@@ -1,4 +1,4 @@
-#include "document.h"
+#include "drawing/document.h"
 
 #include "drawing_state.h"
 #include "empty_drawing.h"

@@ -1,11 +1,11 @@
 // Opening and saving drawings by name, and the forms they are saved in.
 
-#include "document.h"
+#include "drawing/document.h"
 
 #include "drawing_state.h"
 #include "drawing_writer.h"
+#include "dxf_records/record_reader.h"
 #include "record_output.h"
-#include "records/record_reader.h"
 
 #include "zuhost/atomic_file.h"
 #include "zuhost/paths.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document.h"
+#include "drawing/document.h"
 #include "drawing_text.h"
 #include "handle_index.h"
 #include "record_style.h"

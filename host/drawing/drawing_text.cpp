@@ -1,6 +1,6 @@
 #include "drawing_text.h"
 
-#include "records/text_escapes.h"
+#include "dxf_records/text_escapes.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "drawing_writer.h"
 
+#include "dxf_records/number_text.h"
 #include "new_records.h"
-#include "number_text.h"
 #include "tag_extraction.h"
 
 #include <algorithm>

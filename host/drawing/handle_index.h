@@ -1,6 +1,6 @@
 #pragma once
 
-#include "stub.h"
+#include "drawing/stub.h"
 
 #include <cstdint>
 #include <deque>

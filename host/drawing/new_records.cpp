@@ -1,6 +1,6 @@
 #include "new_records.h"
 
-#include "number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "record_source.h"
 
-#include "number_text.h"
+#include "dxf_records/number_text.h"
 #include "value_check.h"
 
 namespace zuhost {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drawing_state.h"
-#include "records/record_reader.h"
+#include "dxf_records/record_reader.h"
 
 namespace zuhost {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document.h"
+#include "drawing/document.h"
 
 namespace zuhost {
 

@@ -1,6 +1,6 @@
 #include "scanner.h"
 
-#include "number_text.h"
+#include "dxf_records/number_text.h"
 #include "record_source.h"
 #include "structure_scanner.h"
 #include "tag_extraction.h"

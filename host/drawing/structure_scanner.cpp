@@ -1,6 +1,6 @@
 #include "structure_scanner.h"
 
-#include "number_text.h"
+#include "dxf_records/number_text.h"
 #include "tag_extraction.h"
 
 #include <limits>

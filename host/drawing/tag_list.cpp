@@ -1,6 +1,6 @@
-#include "tag_list.h"
+#include "drawing/tag_list.h"
 
-#include "number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 #include "value_check.h"
 
-#include "number_text.h"
-#include "records/value_type.h"
+#include "dxf_records/number_text.h"
+#include "dxf_records/value_type.h"
 
 namespace zuhost {
 namespace {

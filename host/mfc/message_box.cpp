@@ -1,6 +1,6 @@
 #include "zuhost/message_box.h"
 
-#include "zuhost/desktop.h"
+#include "zuhost/application.h"
 #include "zuhost/text_codec.h"
 
 #include <iostream>
@@ -13,6 +13,11 @@ namespace {
 MessageBoxPresenter& presenter() {
     static MessageBoxPresenter current;
     return current;
+}
+
+DesktopMessageBox& desktopMessageBox() {
+    static DesktopMessageBox box = nullptr;
+    return box;
 }
 
 int firstButton(UINT style) {
@@ -32,6 +37,10 @@ MessageBoxPresenter setMessageBoxPresenter(MessageBoxPresenter wanted) {
     return std::exchange(presenter(), std::move(wanted));
 }
 
+void setDesktopMessageBox(DesktopMessageBox box) {
+    desktopMessageBox() = box;
+}
+
 MessageBoxObserver::MessageBoxObserver(int answer)
     : previous_(setMessageBoxPresenter([this, answer](const MessageBoxRequest& box) {
           boxes_.push_back(box);
@@ -49,9 +58,11 @@ int MessageBoxW(HWND /*owner*/, const wchar_t* text, const wchar_t* caption, UIN
                                         style};
     if (zuhost::presenter())
         return zuhost::presenter()(box);
-    return zuhost::hasDesktop() ? zuhost::showMessageBox(box) : zuhost::printMessageBox(box);
+    const zuhost::DesktopMessageBox desktop = zuhost::desktopMessageBox();
+    const std::optional<int> answer = desktop != nullptr ? desktop(box) : std::nullopt;
+    return answer ? *answer : zuhost::printMessageBox(box);
 }
 
 int AfxMessageBox(const wchar_t* text, UINT style, UINT /*helpId*/) {
-    return MessageBoxW(nullptr, text, L"ZuComn", style);
+    return MessageBoxW(nullptr, text, zuhost::application().title.c_str(), style);
 }

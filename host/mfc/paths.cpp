@@ -1,6 +1,6 @@
 #include "zuhost/paths.h"
 
-#include "character.h"
+#include "zuhost/character.h"
 #include "zuhost/text_codec.h"
 
 #include <algorithm>

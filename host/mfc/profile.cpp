@@ -1,6 +1,6 @@
 #include "zuhost/profile.h"
 
-#include "character.h"
+#include "zuhost/character.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "afxstr.h"
 
 #include "afx.h"
-#include "character.h"
+#include "zuhost/character.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "windows.h"
 
-#include "character.h"
+#include "zuhost/character.h"
 #include "zuhost/text_codec.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "entity_fields.h"
 #include "values.h"
 
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 namespace zu::dxf {
 

@@ -1,6 +1,6 @@
 #include "part_text.h"
 
-#include "drawing/records/text_escapes.h"
+#include "dxf_records/text_escapes.h"
 
 #include <algorithm>
 #include <optional>

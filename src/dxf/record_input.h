@@ -1,7 +1,7 @@
 #pragma once
 
-#include "drawing/records/record_reader.h"
-#include "drawing/records/take_record.h"
+#include "dxf_records/record_reader.h"
+#include "dxf_records/take_record.h"
 
 #include <afx.h>
 

@@ -1,6 +1,6 @@
 #include "values.h"
 
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <algorithm>
 #include <charconv>

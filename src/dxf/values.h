@@ -1,8 +1,8 @@
 #pragma once
 
-#include "drawing/plain_number.h"
-#include "drawing/records/record_reader.h"
-#include "drawing/records/take_record.h"
+#include "dxf_records/plain_number.h"
+#include "dxf_records/record_reader.h"
+#include "dxf_records/take_record.h"
 
 #include <cmath>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include <zucomn/dxf.h>
 
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <cmath>
 #include <string>

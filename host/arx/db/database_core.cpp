@@ -2,10 +2,10 @@
 
 #include "dbdict.h"
 #include "dbsymtb.h"
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 #include "object_factory.h"
 
-#include "../../mfc/character.h"
+#include "zuhost/character.h"
 
 #include <zuhost/text_codec.h>
 

@@ -2,7 +2,7 @@
 
 #include "database_core.h"
 #include "dbgroup.h"
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #include "database_core.h"
 #include "dbdict.h"
 #include "dbobjptr.h"
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <algorithm>
 #include <unordered_set>

@@ -1,7 +1,7 @@
 #include "dbid.h"
 
 #include "database_core.h"
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <zuhost/text_codec.h>
 

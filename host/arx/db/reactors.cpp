@@ -1,7 +1,7 @@
 #include "dbmain.h"
 
 #include "database_core.h"
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "database_core.h"
 
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <unordered_set>
 

@@ -3,8 +3,8 @@
 #include "database_core.h"
 #include "dbapserv.h"
 #include "dbsymtb.h"
-#include "drawing/number_text.h"
-#include "drawing/records/value_type.h"
+#include "dxf_records/number_text.h"
+#include "dxf_records/value_type.h"
 
 #include <algorithm>
 #include <map>

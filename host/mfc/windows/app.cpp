@@ -1,5 +1,6 @@
 #include "zuhost/windows/app.h"
 
+#include <zuhost/application.h>
 #include <zuhost/paths.h>
 
 #include <cstdlib>
@@ -19,7 +20,7 @@ std::wstring settingsFile() {
         folder = fs::path(home) / ".config";
     else
         return {};
-    return zuhost::hostPath((folder / "zucomn" / "windows.ini").string());
+    return zuhost::hostPath((folder / zuhost::application().settingsFolder / "windows.ini").string());
 }
 
 } // namespace

@@ -1,6 +1,9 @@
 #include "zuhost/desktop.h"
 
+#include "zuhost/application.h"
 #include "zuhost/atomic_file.h"
+#include "zuhost/progress.h"
+#include "zuhost/progress_window.h"
 #include "zuhost/windows/wnd.h"
 
 #include <QApplication>
@@ -33,12 +36,19 @@ bool namesDesktop(const QByteArray& platform) {
     return !platform.startsWith("offscreen") && !platform.startsWith("minimal");
 }
 
-struct Application {
+struct DesktopApplication {
     int count = 1;
-    char name[3] = "zu";
-    char* arguments[2] = {name, nullptr};
+    std::string name = zuhost::application().program;
+    char* arguments[2] = {name.data(), nullptr};
     QApplication application{count, arguments};
 };
+
+/// The parts below the windows reach the desktop through what is registered here.
+[[maybe_unused]] const bool registered = [] {
+    setDesktopMessageBox(&showMessageBox);
+    setDesktopProgress(&progressWindow);
+    return true;
+}();
 
 } // namespace
 
@@ -52,7 +62,7 @@ void ensureDesktop() {
     if (!namesDesktop(qgetenv(kPlatform)))
         QLoggingCategory::setFilterRules("default.warning=false");
     // Never destroyed: at the program's end the desktop's own parts are gone before it.
-    static const Application* const application = new Application;
+    static const DesktopApplication* const application = new DesktopApplication;
     static_cast<void>(application);
     if (!chosen)
         qunsetenv(kPlatform);

@@ -63,9 +63,7 @@ QString toQString(const std::wstring& text) {
     return QString::fromWCharArray(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-} // namespace
-
-int showMessageBox(const MessageBoxRequest& request) {
+int show(const MessageBoxRequest& request) {
     QMessageBox box(QApplication::activeWindow());
     box.setWindowTitle(toQString(request.caption));
     // Texts hold names of files and values of users, which are no markup.
@@ -74,6 +72,12 @@ int showMessageBox(const MessageBoxRequest& request) {
     box.setStandardButtons(buttonsOf(request.style));
     box.setIcon(iconOf(request.style));
     return answerOf(box.exec());
+}
+
+} // namespace
+
+std::optional<int> showMessageBox(const MessageBoxRequest& request) {
+    return hasDesktop() ? std::optional(show(request)) : std::nullopt;
 }
 
 } // namespace zuhost

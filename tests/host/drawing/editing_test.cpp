@@ -1,6 +1,6 @@
 #include "notation.h"
 
-#include "drawing/number_text.h"
+#include "dxf_records/number_text.h"
 
 #include <gtest/gtest.h>
 #include <map>

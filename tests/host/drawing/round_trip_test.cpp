@@ -1,7 +1,7 @@
 #include "notation.h"
 
-#include "drawing/number_text.h"
-#include "drawing/records/value_type.h"
+#include "dxf_records/number_text.h"
+#include "dxf_records/value_type.h"
 
 #include <gtest/gtest.h>
 

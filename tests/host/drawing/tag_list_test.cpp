@@ -1,7 +1,7 @@
 #include "notation.h"
 
-#include "drawing/number_text.h"
 #include "drawing/tag_list.h"
+#include "dxf_records/number_text.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "drawing/number_text.h"
-#include "drawing/records/record_reader.h"
-#include "drawing/records/text_escapes.h"
+#include "dxf_records/number_text.h"
+#include "dxf_records/record_reader.h"
+#include "dxf_records/text_escapes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "drawing/records/record_reader.h"
+#include "dxf_records/record_reader.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 #include "../windows.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,12 +18,17 @@ struct MessageBoxRequest {
 /// Shows a box and returns the button chosen.
 using MessageBoxPresenter = std::function<int(const MessageBoxRequest&)>;
 
-/// Sets how boxes are shown, and returns how they were until now. Empty, as at the start: on the desktop,
-/// where there is one, otherwise by printMessageBox.
+/// Sets how boxes are shown and returns the previous way. Empty, as at the start: on the desktop, where there
+/// is one, otherwise by printMessageBox.
 MessageBoxPresenter setMessageBoxPresenter(MessageBoxPresenter presenter);
 
 /// Prints a box as a line on standard error and takes its first button: for programs that must not wait.
 int printMessageBox(const MessageBoxRequest& box);
+
+/// Shows a box on the desktop; nullopt where there is none.
+using DesktopMessageBox = std::optional<int> (*)(const MessageBoxRequest&);
+/// Registered by the part of the host that owns the desktop.
+void setDesktopMessageBox(DesktopMessageBox box);
 
 /// Collects the boxes shown during its life instead of showing them.
 class MessageBoxObserver {
@@ -42,5 +48,5 @@ private:
 
 } // namespace zuhost
 
-/// As MessageBoxW, with the program's name as caption.
+/// As MessageBoxW, with the application's title (zuhost/application.h) as caption.
 int AfxMessageBox(const wchar_t* text, UINT style = MB_OK, UINT helpId = 0);

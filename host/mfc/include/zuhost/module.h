@@ -11,9 +11,9 @@ using ModuleEntry = int (*)(HINSTANCE instance, DWORD reason, void* reserved);
 /// the call.
 struct ModuleDeclaration {
     const void* anchor = nullptr; ///< An address within the module, by which the host knows it.
-    const char* name =
-        nullptr; ///< "ZuComn": used when the anchor lies in a program that holds the module's objects.
-    ModuleEntry entry = nullptr;   ///< Null when the module has none.
+    const char* name = nullptr;  ///< The module's name, used when the anchor lies in a program that holds the
+                                 ///< module's objects.
+    ModuleEntry entry = nullptr; ///< Null when the module has none.
     const char* strings = nullptr; ///< The built-in string table as UTF-8 text; null when it has none.
 };
 

@@ -16,8 +16,8 @@ void ensureDesktop();
 /// True where the user can see windows; makes the application object when the environment names a desktop.
 [[nodiscard]] bool hasDesktop();
 
-/// Shows a box and waits for its button. Needs a desktop.
-int showMessageBox(const MessageBoxRequest& request);
+/// Shows a box and waits for its button; nullopt without a desktop.
+std::optional<int> showMessageBox(const MessageBoxRequest& request);
 
 /// Runs the desktop until no window is shown any more, because all were closed or hidden.
 void runDesktop();

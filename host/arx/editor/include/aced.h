@@ -31,7 +31,7 @@ private:
     AcArray<AcEditorReactor*> reactors_;
 };
 
-// ---- the progress meter of the status bar; see zuhost/progress.h for who shows it
+// ---- the progress meter of the status bar; zuhost/progress.h says how it is shown
 
 /// Puts a meter in place of the status bar's text, from min to max; one that is there ends. 0, or -1 when the
 /// range is none.

@@ -3,7 +3,8 @@
 #include "accmd.h"
 #include "acdocman.h"
 #include "acutads.h"
-#include "database_core.h"
+#include "dbmain.h"
+#include "zuhost/undo.h"
 
 #include <zuhost/text_codec.h>
 
@@ -39,7 +40,7 @@ void go(const Direction& direction, int steps) {
             acutPrintf(L"%s", done == 0 ? direction.nothing : direction.everything);
             return;
         }
-        if (direction.stopsAtMarks && drawing->core().undo.atMark()) {
+        if (direction.stopsAtMarks && zuhost::isAtUndoMark(*drawing)) {
             acutPrintf(L"Mark encountered.\n");
             return;
         }
@@ -72,18 +73,18 @@ bool takeOtherOption() {
 
 void setGroup(bool open) {
     if (AcDbDatabase* const drawing = currentDrawing())
-        open ? drawing->core().undo.beginGroup() : drawing->core().undo.endGroup();
+        open ? zuhost::beginUndoGroup(*drawing) : zuhost::endUndoGroup(*drawing);
 }
 
 void setMark() {
     if (AcDbDatabase* const drawing = currentDrawing())
-        drawing->core().undo.mark();
+        zuhost::setUndoMark(*drawing);
 }
 
 void goToMark() {
     AcDbDatabase* const drawing = currentDrawing();
-    const bool marked = drawing != nullptr && drawing->core().undo.hasMark();
-    if (drawing == nullptr || !drawing->core().undo.undoToMark(drawing->core()))
+    const bool marked = drawing != nullptr && zuhost::hasUndoMark(*drawing);
+    if (drawing == nullptr || !zuhost::undoToMark(*drawing))
         acutPrintf(L"%s", kBack.nothing);
     else if (!marked)
         acutPrintf(L"%s", kBack.everything);

@@ -9,18 +9,26 @@ namespace zuhost {
 class ProgressPresenter {
 public:
     virtual ~ProgressPresenter() = default;
-    /// A job begins; the positions told later lie between first and last.
+    /// A job begins; its positions lie between first and last.
     virtual void start(const std::wstring& label, int first, int last) = 0;
     virtual void moveTo(int position) = 0;
     /// The job is over.
     virtual void restore() = 0;
 };
 
-/// Sets what shows the meter, and returns what did until now. Null, as at the start: a window of the desktop
-/// for programs that have shown windows, otherwise nothing. The presenter stays its maker's.
+/// Sets the presenter of the meter and returns the previous one. Null, as at the start: the desktop's, where
+/// there is one. The caller keeps ownership.
 ProgressPresenter* setProgressPresenter(ProgressPresenter* presenter);
 
-/// Collects what the meter is told during its life instead of showing it.
+/// The presenter in use; null when the meter is not shown.
+[[nodiscard]] ProgressPresenter* progressPresenter();
+
+/// Returns the desktop's presenter, null while the program has no windows.
+using DesktopProgress = ProgressPresenter* (*)();
+/// Registered by the part of the host that owns the desktop.
+void setDesktopProgress(DesktopProgress progress);
+
+/// Records the meter's calls during its life instead of showing them.
 class ProgressObserver : public ProgressPresenter {
 public:
     struct Job {

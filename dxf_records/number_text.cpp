@@ -1,6 +1,6 @@
-#include "number_text.h"
+#include "dxf_records/number_text.h"
 
-#include "plain_number.h"
+#include "dxf_records/plain_number.h"
 
 #include <array>
 #include <charconv>

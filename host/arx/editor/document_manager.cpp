@@ -1,8 +1,8 @@
 #include "acdocman.h"
 #include "aced.h"
 #include "acutads.h"
-#include "arx/db/undo_commands.h"
 #include "dbapserv.h"
+#include "undo_commands.h"
 
 #include <afx.h>
 

@@ -1,6 +1,6 @@
 #include "accmd.h"
 #include "aced.h"
-#include "arx/db/undo_commands.h"
+#include "undo_commands.h"
 
 #include <afxstr.h>
 

@@ -1,6 +1,6 @@
-#include "record_reader.h"
+#include "dxf_records/record_reader.h"
 
-#include "take_record.h"
+#include "dxf_records/take_record.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "text_escapes.h"
+#include "dxf_records/text_escapes.h"
 
 #include <charconv>
 
