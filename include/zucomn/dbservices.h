@@ -24,9 +24,9 @@ ZUCOMN_API void ZuComn_ExistenceGroupIdChecks(AcDbObjectId group);
 /// Removes every id of the array that is gone, from the array and from the group.
 ZUCOMN_API void ZuComn_ExistenceGroupIdChecks(AcDbObjectId group, AcArray<AcDbObjectId>& ids);
 
-/// Appends the groups that hold the element, in the order of the element's reactors. An erased element is
-/// looked at as well. 0, also when no group holds it; -1 when the element can't be opened or has no reactor
-/// list.
+/// Appends the groups that hold the element, each once, in the order of the element's reactors: those that it
+/// names as reactors, whether they list it or not. An erased element is looked at as well. 0, also when no
+/// group holds it; -1 when the element can't be opened or has no reactor list.
 ZUCOMN_API int ZuComn_GetGroupID(AcDbObjectId element, AcArray<AcDbObjectId>& groups);
 
 /// The group of the element that serves a link kind: the only one when there is just one, whatever its kind;

@@ -37,9 +37,9 @@ ZUCOMN_API void RuleComn_removeReplaceReactor(CReplaceReactor* reactor);
 /// elements a place in each group that held an old one (where the first old member stood), erases the old
 /// elements, and tells every reactor, for each old element in order, that it was replaced by the new ones. An
 /// id in both lists is kept, and nobody is told of it. 0; -1, with nothing changed and nobody told, when
-/// there is no old element or one of the ids can't be opened.
+/// there is no old element, or one of the ids or of their groups can't be opened.
 ZUCOMN_API int RuleComn_rootReplace(const AcArray<AcDbObjectId>& oldIds, const AcArray<AcDbObjectId>& newIds);
 
 /// Merges elements into one that stays: as RuleComn_rootReplace, but reactors are told of the end of each
-/// merged element only.
+/// merged element only, and the remaining one stays in the lowest-numbered of its route groups of a kind.
 ZUCOMN_API int RuleComn_rootMerge(const AcArray<AcDbObjectId>& mergedIds, AcDbObjectId remaining);

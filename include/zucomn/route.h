@@ -93,17 +93,24 @@ ZUCOMN_API int RootComn_PointRotation4(const AcGePoint3d& centre, double distanc
 // A route group is anonymous ("*A" and a number) or named "RTGR" and five digits. An element is in at most
 // one route group of each route kind (1 to 4); where it is in several, the repairs below keep it in the one
 // with the lowest number (the earlier of equal ones) and take it out of the others. A group that a repair
-// empties is deleted.
+// empties is deleted. A route group has the members that it lists: an element that names it as reactor
+// without being listed is none, and one that is listed or that names it twice counts once.
+//
+// Merges and repairs change everything or nothing: when an object that they would read or change is open
+// elsewhere, they return -1 and the drawing is as before.
 
 /// Ties elements into one route group. Of the existing groups those that are route groups by name count: with
 /// none, more than one element makes a new anonymous group; else the lowest-numbered one takes over the
 /// members of the others, which are deleted, and every element is put at its front. Last, elements of link
-/// kind 0 are repaired as above. Returns 0.
+/// kind 0 are repaired as above. Elements that are gone are skipped. 0, also when nothing was to be done; -1,
+/// with nothing changed, when one of the existing groups can't be opened (a group that is gone included), or
+/// something else that has to be changed is open elsewhere.
 ZUCOMN_API int RootComn_MakeGroup(const AcArray<AcDbObjectId>& elements,
                                   const AcArray<AcDbObjectId>& existingGroups);
 
 /// A new group in the group dictionary, described by its name; each element once, in order. "*" as name makes
-/// it anonymous. -1 and nothing created without elements or when the name is taken.
+/// it anonymous. -1 and nothing created without live elements, when one is open elsewhere, or when the name
+/// is taken.
 ZUCOMN_API int RootComn_CreateNewGroup(const CString& name, const AcArray<AcDbObjectId>& elements,
                                        AcDbObjectId& newGroup, bool selectable);
 ZUCOMN_API int RootComn_CreateNewGroup(const CString& name, const AcDbObjectId& element,
@@ -131,14 +138,16 @@ ZUCOMN_API int RootComn_GetGroupSize(const CString& groupName, int* size);
 ZUCOMN_API int RootComn_GetGroupSize(const AcDbObjectId& group, int* size);
 /// The group's name in the group dictionary; -1 when it has none.
 ZUCOMN_API int RootComn_GetGroupNameFromGroupOid(const AcDbObjectId& group, CString& name);
-/// Appends the members of the source to the target; those that it has already keep their places.
+/// Appends the live members of the source to the target; those that it has already keep their places. -1,
+/// with nothing changed, when a group can't be opened or a member is open elsewhere.
 ZUCOMN_API int RootComn_GroupMemberCopy(const AcDbObjectId& source, const AcDbObjectId& target);
 ZUCOMN_API int RootComn_GroupMemberCopy(const CString& source, const CString& target);
 
-/// Appends the groups of an element that pass the kind filter (0: all) with their names and route kinds, in
-/// the order of the element's reactors, and counts them. A group of kind 0 passes any filter and is listed
-/// with the filter as its kind. An element of link kind 0 is repaired first (RootComn_GetRootGroups3).
-/// `count` may be null; the last argument changes nothing.
+/// Appends the groups that list an element and pass the kind filter (0: all) with their names and route
+/// kinds, in the order of the element's reactors, and counts them. A group of kind 0 passes any filter and is
+/// listed with the filter as its kind. An element of link kind 0 is repaired first (RootComn_GetRootGroups3).
+/// -1, with nothing appended, when the element or one of its groups can't be opened. `count` may be null; the
+/// last argument changes nothing.
 ZUCOMN_API int RootComn_GetRootGroups5(const AcDbObjectId& element, int* count, AcArray<AcDbObjectId>& groups,
                                        CStringArray& names, CUIntArray& kinds, int kindFilter, int = 0);
 /// The same without the repair.
@@ -148,10 +157,11 @@ ZUCOMN_API int RootComn_GetRootGroups(const AcDbObjectId& element, int* count, A
 /// there is none. The element is repaired first unless the setting "GR_SPEED_UP" of section "環境設定" is 1.
 ZUCOMN_API AcDbObjectId RootComn_GetRootGroups2(const AcDbObjectId& element, int kind);
 /// Repairs the element's membership in the route groups of one route kind (0: of each). Nothing changes for
-/// other kinds. -1 when the element is gone.
+/// other kinds. -1, with nothing changed, when the element is gone or something to be changed can't be
+/// opened.
 ZUCOMN_API int RootComn_GetRootGroups3(const AcDbObjectId& element, int kind);
-/// Takes members that are gone out of the element's route groups, then repairs the element for each kind. -1
-/// when the element is gone.
+/// Takes members that are gone out of the element's route groups, then repairs the element for each kind. -1,
+/// with nothing changed, when the element is gone or something to be changed can't be opened.
 ZUCOMN_API int RootComn_GetRootGroups4(const AcDbObjectId& element);
 
 /// Gives the members of groups of unknown kind a route group. The first three arrays list groups of a known
@@ -159,7 +169,8 @@ ZUCOMN_API int RootComn_GetRootGroups4(const AcDbObjectId& element);
 /// `unknownCount` of them (more than there are counts as all). The target is the lowest-numbered known group
 /// of the kind (0: of any). Members of the unknown groups that are neither in a known group nor in another
 /// route group of the target's kind are put at the target's end, in order, and appended to `moved`; the
-/// unknown groups stay as they are. -1 when there is no target.
+/// unknown groups stay as they are. -1, with nothing changed, when there is no target, or when a group or a
+/// member to be moved can't be opened.
 /// The last argument changes nothing.
 ZUCOMN_API int RootComn_SetGroupToUnknownGroupMember(
     const AcDbObjectId& element, int kind, int knownCount, int unknownCount,

@@ -1,3 +1,5 @@
+#include "group_lookup.h"
+
 #include <zucomn/dbservices.h>
 #include <zucomn/strings.h>
 
@@ -8,26 +10,24 @@
 #include <windows.h>
 
 #include <memory>
+#include <unordered_set>
 
 namespace {
 
-bool isGroup(AcDbObjectId id) {
-    const AcDbObjectPointer<AcDbObject> object(id);
-    return object.openStatus() == Acad::eOk && object->isKindOf(AcDbGroup::desc());
-}
-
-/// The ids of the persistent reactors of an element; false when it can't be opened or has no reactor list.
-bool persistentReactors(AcDbObjectId element, AcArray<AcDbObjectId>& ids) {
+/// The ids of the persistent reactors of an element, each once; nullopt when it can't be opened or has no
+/// reactor list.
+std::optional<AcDbObjectIdArray> persistentReactors(AcDbObjectId element) {
     const AcDbObjectPointer<AcDbObject> object(element, AcDb::kForRead, true);
-    if (object.openStatus() != Acad::eOk)
-        return false;
-    const AcDbVoidPtrArray* const reactors = object->reactors();
+    const AcDbVoidPtrArray* const reactors = object.openStatus() == Acad::eOk ? object->reactors() : nullptr;
     if (reactors == nullptr)
-        return false;
+        return std::nullopt;
+    AcDbObjectIdArray ids;
+    std::unordered_set<AcDbObjectId> seen;
     for (const void* const reactor : *reactors)
-        if (const AcDbObjectId id = acdbPersistentReactorObjectId(reactor); !id.isNull())
+        if (const AcDbObjectId id = acdbPersistentReactorObjectId(reactor);
+            !id.isNull() && seen.insert(id).second)
             ids.append(id);
-    return true;
+    return ids;
 }
 
 /// Null for a group without members, and for what can't be opened as one.
@@ -52,13 +52,29 @@ bool servesLinkKind(AcDbObjectId group, int linkKind) {
 
 } // namespace
 
+std::optional<zu::ReactorGroups> zu::reactorGroups(AcDbObjectId element) {
+    const auto reactors = persistentReactors(element);
+    if (!reactors)
+        return std::nullopt;
+    ReactorGroups groups;
+    for (const AcDbObjectId id : *reactors) {
+        if (!id.objectClass()->isDerivedFrom(AcDbGroup::desc()))
+            continue;
+        const AcDbObjectPointer<AcDbGroup> group(id);
+        if (group.openStatus() == Acad::eOk)
+            groups.ids.append(id);
+        else if (group.openStatus() != Acad::eWasErased)
+            groups.isComplete = false;
+    }
+    return groups;
+}
+
 int ZuComn_GetGroupID(AcDbObjectId element, AcArray<AcDbObjectId>& groups) {
-    AcArray<AcDbObjectId> reactors;
-    if (!persistentReactors(element, reactors))
+    const auto found = zu::reactorGroups(element);
+    if (!found)
         return -1;
-    for (const AcDbObjectId id : reactors)
-        if (isGroup(id))
-            groups.append(id);
+    for (const AcDbObjectId id : found->ids)
+        groups.append(id);
     return 0;
 }
 

@@ -1,5 +1,6 @@
 #include "group_access.h"
 
+#include "connection_points.h"
 #include "element_code.h"
 
 #include <zucomn/frame.h>
@@ -42,17 +43,31 @@ std::optional<AcDbObjectIdArray> groupMembers(AcDbObjectId id) {
     return members;
 }
 
-AcDbObjectIdArray usableMembers(const AcDbObjectIdArray& ids, const AcDbDatabase* drawing) {
+std::optional<AcDbObjectIdArray> usableMembers(const AcDbObjectIdArray& ids, const AcDbDatabase* drawing) {
     std::unordered_set<AcDbObjectId> seen;
     AcDbObjectIdArray usable;
     for (const AcDbObjectId id : ids) {
         if (id.isNull() || id.database() != drawing || !seen.insert(id).second)
             continue;
         const AcDbEntityPointer entity(id, AcDb::kForWrite);
+        if (isPassing(entity.openStatus()))
+            return std::nullopt;
         if (entity.openStatus() == Acad::eOk)
             usable.append(id);
     }
     return usable;
+}
+
+bool canBeChanged(AcDbObjectId object) {
+    return AcDbObjectPointer<AcDbObject>(object, AcDb::kForWrite).openStatus() == Acad::eOk;
+}
+
+bool canBeDeleted(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbGroup> group(id, AcDb::kForWrite);
+    if (group.openStatus() != Acad::eOk)
+        return false;
+    // A group that is in no dictionary can't be deleted at all, and must not block changes.
+    return !isPassing(AcDbObjectPointer<AcDbObject>(group->ownerId(), AcDb::kForWrite).openStatus());
 }
 
 std::optional<CString> groupName(AcDbObjectId id) {

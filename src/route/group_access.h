@@ -13,9 +13,15 @@ namespace zu {
 /// Members in group order; nullopt when the group can't be opened.
 [[nodiscard]] std::optional<AcDbObjectIdArray> groupMembers(AcDbObjectId group);
 
-/// Those of the ids that can be members of a group of the drawing, each once: its live entities that nobody
-/// has open.
-[[nodiscard]] AcDbObjectIdArray usableMembers(const AcDbObjectIdArray& ids, const AcDbDatabase* drawing);
+/// Those of the ids that can be members of a group of the drawing, each once: its live entities. nullopt when
+/// one of these is open elsewhere, so that it can't become a member now.
+[[nodiscard]] std::optional<AcDbObjectIdArray> usableMembers(const AcDbObjectIdArray& ids,
+                                                             const AcDbDatabase* drawing);
+
+/// True when the object can be opened for write now.
+[[nodiscard]] bool canBeChanged(AcDbObjectId object);
+/// True when the group can be opened for write now, and nothing else holds its dictionary open.
+[[nodiscard]] bool canBeDeleted(AcDbObjectId group);
 
 /// The group's name in the group dictionary; nullopt when the group can't be opened or has none.
 [[nodiscard]] std::optional<CString> groupName(AcDbObjectId group);

@@ -38,15 +38,15 @@ int RootComn_GetNewGroupName(CString& name) {
 
 int RootComn_CreateNewGroup(const CString& name, const AcArray<AcDbObjectId>& elements,
                             AcDbObjectId& newGroup, bool selectable) {
-    const AcDbObjectIdArray members = zu::usableMembers(elements, ZuComn_getWorkDatabase());
-    if (members.isEmpty() || name.IsEmpty())
+    const auto members = zu::usableMembers(elements, ZuComn_getWorkDatabase());
+    if (!members || members->isEmpty() || name.IsEmpty())
         return -1;
     auto group = std::make_unique<AcDbGroup>(name, selectable);
     AcDbObjectId id;
     if (!enter(group, name, id))
         return -1;
     AcDbGroup* const entered = group.release();
-    entered->append(members);
+    entered->append(*members);
     entered->close();
     newGroup = id;
     return 0;
@@ -136,14 +136,13 @@ int RootComn_GetGroupNameFromGroupOid(const AcDbObjectId& group, CString& name) 
 
 int RootComn_GroupMemberCopy(const AcDbObjectId& source, const AcDbObjectId& target) {
     const auto members = zu::groupMembers(source);
-    const AcDbObjectPointer<AcDbGroup> group(target, AcDb::kForWrite);
-    if (!members || group.openStatus() != Acad::eOk)
+    if (!members || source.database() != target.database())
         return -1;
-    AcDbObjectIdArray live;
-    for (const AcDbObjectId member : *members)
-        if (!member.isErased())
-            live.append(member);
-    return report(group->append(live));
+    const auto live = zu::usableMembers(*members, target.database());
+    const AcDbObjectPointer<AcDbGroup> group(target, AcDb::kForWrite);
+    if (!live || group.openStatus() != Acad::eOk)
+        return -1;
+    return report(group->append(*live));
 }
 
 int RootComn_GroupMemberCopy(const CString& source, const CString& target) {

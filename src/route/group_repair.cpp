@@ -1,9 +1,14 @@
 #include "group_repair.h"
 
+#include "dbservices/group_lookup.h"
 #include "group_access.h"
 
-#include <zucomn/dbservices.h>
 #include <zucomn/route.h>
+
+#include <dbgroup.h>
+#include <dbobjptr.h>
+
+#include <algorithm>
 
 namespace zu {
 
@@ -15,18 +20,32 @@ constexpr bool isRouteKind(int kind) {
     return kind > 0 && kind <= kRouteKinds;
 }
 
-void takeOut(AcDbObjectId element, const ElementGroup& group) {
-    CString name;
-    int remaining = -1;
-    if (RootComn_DelGroupMember(group.id, element, name, &remaining) == 0 && remaining == 0)
-        RootComn_DelGroup(group.id);
+/// False for what a damaged drawing only names as the element's group.
+bool lists(AcDbObjectId id, AcDbObjectId element) {
+    const AcDbObjectPointer<AcDbGroup> group(id);
+    return group.openStatus() == Acad::eOk && group->has(element);
 }
 
-void settle(AcDbObjectId element, const std::vector<ElementGroup>& groups, int kind) {
+/// The groups of the kind that the element is to leave.
+void addSurplus(const std::vector<ElementGroup>& groups, int kind, AcDbObjectIdArray& surplus) {
     const ElementGroup* const kept = lowestNumbered(groups, kind);
     for (const ElementGroup& group : groups)
         if (&group != kept && group.kind == kind && isRouteGroupName(group.name))
-            takeOut(element, group);
+            surplus.append(group.id);
+}
+
+bool takeOut(AcDbObjectId element, const AcDbObjectIdArray& groups) {
+    if (groups.isEmpty())
+        return true;
+    if (!canBeChanged(element) || !std::all_of(groups.begin(), groups.end(), canBeDeleted))
+        return false;
+    for (const AcDbObjectId group : groups) {
+        CString name;
+        int remaining = -1;
+        if (RootComn_DelGroupMember(group, element, name, &remaining) == 0 && remaining == 0)
+            RootComn_DelGroup(group);
+    }
+    return true;
 }
 
 } // namespace
@@ -41,13 +60,14 @@ const ElementGroup& GroupReader::read(AcDbObjectId id) {
     return group;
 }
 
-std::vector<ElementGroup> GroupReader::groupsOf(AcDbObjectId element) {
-    AcDbObjectIdArray ids;
+std::optional<std::vector<ElementGroup>> GroupReader::groupsOf(AcDbObjectId element) {
+    const auto named = reactorGroups(element);
+    if (!named || !named->isComplete)
+        return std::nullopt;
     std::vector<ElementGroup> groups;
-    if (ZuComn_GetGroupID(element, ids) != 0)
-        return groups;
-    for (const AcDbObjectId id : ids)
-        groups.push_back(read(id));
+    for (const AcDbObjectId id : named->ids)
+        if (lists(id, element))
+            groups.push_back(read(id));
     return groups;
 }
 
@@ -65,20 +85,29 @@ const ElementGroup* lowestNumbered(const std::vector<ElementGroup>& groups, int 
     return lowest;
 }
 
-void settleMembership(AcDbObjectId element, int kind) {
-    if (isRouteKind(kind))
-        settle(element, GroupReader().groupsOf(element), kind);
+bool canBeRepaired(AcDbObjectId element) {
+    const auto groups = reactorGroups(element);
+    return groups && groups->isComplete && canBeChanged(element) &&
+           std::all_of(groups->ids.begin(), groups->ids.end(), canBeDeleted);
 }
 
-void settleMembership(AcDbObjectId element, GroupReader& reader) {
+bool repairMembership(AcDbObjectId element, int kind, GroupReader& reader) {
+    if (kind != 0 && !isRouteKind(kind))
+        return true;
+    const auto named = reactorGroups(element);
+    if (!named || !named->isComplete)
+        return false;
     // Most elements are in one group, whose kind need not be read.
-    AcDbObjectIdArray ids;
-    ZuComn_GetGroupID(element, ids);
-    if (ids.length() < 2)
-        return;
-    const std::vector<ElementGroup> groups = reader.groupsOf(element);
-    for (int kind = 1; kind <= kRouteKinds; ++kind)
-        settle(element, groups, kind);
+    if (named->ids.length() < 2)
+        return true;
+    const auto groups = reader.groupsOf(element);
+    if (!groups)
+        return false;
+    AcDbObjectIdArray surplus;
+    for (int each = 1; each <= kRouteKinds; ++each)
+        if (kind == 0 || kind == each)
+            addSurplus(*groups, each, surplus);
+    return takeOut(element, surplus);
 }
 
 } // namespace zu

@@ -1,11 +1,15 @@
 #include "group_access.h"
 #include "group_repair.h"
 
+#include <zucomn/frame.h>
 #include <zucomn/route.h>
 
 #include <dbgroup.h>
 #include <dbobjptr.h>
 
+#include <algorithm>
+#include <optional>
+#include <unordered_set>
 #include <vector>
 
 namespace {
@@ -18,11 +22,19 @@ struct Candidate {
     CString name;
 };
 
-std::vector<Candidate> routeGroups(const AcDbObjectIdArray& groups) {
+/// The route groups among the groups, each once; nullopt when one of the groups can't be opened.
+std::optional<std::vector<Candidate>> routeGroups(const AcDbObjectIdArray& groups) {
     std::vector<Candidate> candidates;
-    for (const AcDbObjectId id : groups)
-        if (const auto name = zu::groupName(id); name && zu::isRouteGroupName(*name))
-            candidates.push_back({id, *name});
+    std::unordered_set<AcDbObjectId> seen;
+    for (const AcDbObjectId id : groups) {
+        if (!seen.insert(id).second)
+            continue;
+        const AcDbObjectPointer<AcDbGroup> group(id);
+        if (group.openStatus() != Acad::eOk)
+            return std::nullopt;
+        if (const CString name(group->getName()); zu::isRouteGroupName(name))
+            candidates.push_back({id, name});
+    }
     return candidates;
 }
 
@@ -39,50 +51,79 @@ const Candidate& lowestNumbered(const std::vector<Candidate>& candidates) {
     return *lowest;
 }
 
-void mergeInto(const Candidate& target, const std::vector<Candidate>& candidates) {
-    for (const Candidate& candidate : candidates) {
-        if (candidate.name.CompareNoCase(target.name) == 0)
-            continue;
-        if (RootComn_GroupMemberCopy(candidate.id, target.id) == 0)
-            RootComn_DelGroup(candidate.id);
-    }
+/// The groups whose members the target takes over.
+AcDbObjectIdArray sourcesFor(const Candidate& target, const std::vector<Candidate>& candidates) {
+    AcDbObjectIdArray sources;
+    for (const Candidate& candidate : candidates)
+        if (candidate.name.CompareNoCase(target.name) != 0)
+            sources.append(candidate.id);
+    return sources;
+}
+
+bool canBeMerged(const AcDbObjectIdArray& sources, AcDbObjectId target) {
+    return zu::canBeChanged(target) &&
+           std::all_of(sources.begin(), sources.end(), [target](AcDbObjectId source) {
+               const auto members = zu::groupMembers(source);
+               return members && zu::usableMembers(*members, target.database()) && zu::canBeDeleted(source);
+           });
 }
 
 /// As if each were put at the front in turn, and so the last one first.
 void putInFront(AcDbObjectId target, const AcDbObjectIdArray& elements) {
-    const AcDbObjectIdArray usable = zu::usableMembers(elements, target.database());
     AcDbObjectIdArray reversed;
-    for (int i = usable.length() - 1; i >= 0; --i)
-        reversed.append(usable[i]);
+    for (int i = elements.length() - 1; i >= 0; --i)
+        reversed.append(elements[i]);
     const AcDbObjectPointer<AcDbGroup> group(target, AcDb::kForWrite);
     if (group.openStatus() == Acad::eOk)
         group->prepend(reversed);
 }
 
-void tie(const AcDbObjectIdArray& elements, const std::vector<Candidate>& candidates) {
-    if (candidates.empty()) {
-        CString name;
-        RootComn_GetNewGroupName(name);
-        AcDbObjectId created;
-        if (elements.length() > 1)
-            RootComn_CreateNewGroup(name, elements, created, false);
-        return;
+int createFor(const AcDbObjectIdArray& elements) {
+    CString name;
+    RootComn_GetNewGroupName(name);
+    AcDbObjectId created;
+    return RootComn_CreateNewGroup(name, elements, created, false);
+}
+
+/// Of link kind 0: such elements belong to routes of several kinds.
+AcDbObjectIdArray sharedElements(const AcDbObjectIdArray& elements) {
+    AcDbObjectIdArray shared;
+    for (const AcDbObjectId element : elements) {
+        int kind = -1;
+        RootComn_GetBlockRootKind(element, &kind);
+        if (kind == 0)
+            shared.append(element);
     }
-    const Candidate& target = lowestNumbered(candidates);
-    mergeInto(target, candidates);
-    putInFront(target.id, elements);
+    return shared;
 }
 
 } // namespace
 
 int RootComn_MakeGroup(const AcArray<AcDbObjectId>& elements, const AcArray<AcDbObjectId>& existingGroups) {
-    tie(elements, routeGroups(existingGroups));
-    zu::GroupReader reader;
-    for (const AcDbObjectId element : elements) {
-        int kind = -1;
-        RootComn_GetBlockRootKind(element, &kind);
-        if (kind == 0)
-            zu::settleMembership(element, reader);
+    const auto candidates = routeGroups(existingGroups);
+    if (!candidates)
+        return -1;
+    const AcDbObjectId target = candidates->empty() ? AcDbObjectId() : lowestNumbered(*candidates).id;
+    const auto usable =
+        zu::usableMembers(elements, target.isNull() ? ZuComn_getWorkDatabase() : target.database());
+    if (!usable)
+        return -1;
+    const AcDbObjectIdArray shared = sharedElements(*usable);
+    if (!std::all_of(shared.begin(), shared.end(), zu::canBeRepaired))
+        return -1;
+    if (!target.isNull()) {
+        const AcDbObjectIdArray sources = sourcesFor(lowestNumbered(*candidates), *candidates);
+        if (!canBeMerged(sources, target))
+            return -1;
+        for (const AcDbObjectId source : sources)
+            if (RootComn_GroupMemberCopy(source, target) == 0)
+                RootComn_DelGroup(source);
+        putInFront(target, *usable);
+    } else if (elements.length() > 1 && !usable->isEmpty() && createFor(*usable) != 0) {
+        return -1;
     }
+    zu::GroupReader reader;
+    for (const AcDbObjectId element : shared)
+        (void)zu::repairMembership(element, 0, reader);
     return 0;
 }

@@ -1,21 +1,23 @@
+#include "dbservices/group_lookup.h"
 #include "group_access.h"
 #include "replace_reactors.h"
 
-#include <zucomn/dbservices.h>
 #include <zucomn/replace_reactor.h>
+#include <zucomn/route.h>
 
 #include <dbents.h>
 #include <dbgroup.h>
 #include <dbobjptr.h>
 
 #include <algorithm>
+#include <optional>
 #include <unordered_set>
 
 namespace {
 
 using IdSet = std::unordered_set<AcDbObjectId>;
 
-bool canBeChanged(const AcDbObjectIdArray& ids) {
+bool areEntitiesToChange(const AcDbObjectIdArray& ids) {
     return std::all_of(ids.begin(), ids.end(), [](AcDbObjectId id) {
         const AcDbEntityPointer entity(id, AcDb::kForWrite);
         return entity.openStatus() == Acad::eOk;
@@ -32,18 +34,20 @@ AcDbObjectIdArray without(const AcDbObjectIdArray& ids, const AcDbObjectIdArray&
     return rest;
 }
 
-/// The groups that hold any of the elements, each once.
-AcDbObjectIdArray groupsOfAny(const AcDbObjectIdArray& elements) {
+/// The groups that any of the elements names as its own, each once; nullopt when one can't be changed now.
+std::optional<AcDbObjectIdArray> groupsToChange(const AcDbObjectIdArray& elements) {
     AcDbObjectIdArray groups;
     IdSet seen;
     for (const AcDbObjectId element : elements) {
-        AcDbObjectIdArray held;
-        ZuComn_GetGroupID(element, held);
-        for (const AcDbObjectId group : held)
+        const auto held = zu::reactorGroups(element);
+        if (!held || !held->isComplete)
+            return std::nullopt;
+        for (const AcDbObjectId group : held->ids)
             if (seen.insert(group).second)
                 groups.append(group);
     }
-    return groups;
+    const bool canChange = std::all_of(groups.begin(), groups.end(), zu::canBeDeleted);
+    return canChange ? std::optional(groups) : std::nullopt;
 }
 
 void replaceInGroup(AcDbObjectId groupId, const AcDbObjectIdArray& oldIds, const AcDbObjectIdArray& newIds) {
@@ -55,6 +59,8 @@ void replaceInGroup(AcDbObjectId groupId, const AcDbObjectIdArray& oldIds, const
     const IdSet leaving(oldIds.begin(), oldIds.end());
     const auto first = std::find_if(members.begin(), members.end(),
                                     [&](AcDbObjectId member) { return leaving.contains(member); });
+    if (first == members.end())
+        return;
     auto place = static_cast<Adesk::UInt32>(first - members.begin());
     for (const AcDbObjectId id : newIds)
         if (group->insertAt(place, id) == Acad::eOk)
@@ -71,16 +77,22 @@ void eraseAll(const AcDbObjectIdArray& ids) {
     }
 }
 
-/// Puts the new elements in the place of the old ones and erases these; false when one of them can't be
-/// changed.
-bool replace(const AcDbObjectIdArray& oldIds, const AcDbObjectIdArray& newIds, bool tellsErasure) {
-    if (oldIds.isEmpty() || !canBeChanged(oldIds) || !canBeChanged(newIds))
+/// Puts the new elements in the place of the old ones and erases these; false, with nothing changed, when one
+/// of them or of their groups can't be changed. A merge leaves the new elements in one route group of a kind.
+bool replace(const AcDbObjectIdArray& oldIds, const AcDbObjectIdArray& newIds, bool isMerge) {
+    if (oldIds.isEmpty() || !areEntitiesToChange(oldIds) || !areEntitiesToChange(newIds))
         return false;
     const AcDbObjectIdArray leaving = without(oldIds, newIds);
-    if (tellsErasure && leaving.contains(oldIds.first()))
+    const auto groups = groupsToChange(leaving);
+    if (!groups || (isMerge && !groupsToChange(newIds)))
+        return false;
+    if (!isMerge && leaving.contains(oldIds.first()))
         zu::tellErased(oldIds.first());
-    for (const AcDbObjectId group : groupsOfAny(leaving))
+    for (const AcDbObjectId group : *groups)
         replaceInGroup(group, leaving, newIds);
+    if (isMerge)
+        for (const AcDbObjectId id : newIds)
+            (void)RootComn_GetRootGroups3(id, 0);
     eraseAll(leaving);
     for (const AcDbObjectId id : leaving)
         zu::tellTerminated(id, newIds);
@@ -90,11 +102,11 @@ bool replace(const AcDbObjectIdArray& oldIds, const AcDbObjectIdArray& newIds, b
 } // namespace
 
 int RuleComn_rootReplace(const AcArray<AcDbObjectId>& oldIds, const AcArray<AcDbObjectId>& newIds) {
-    return replace(oldIds, newIds, true) ? 0 : -1;
+    return replace(oldIds, newIds, false) ? 0 : -1;
 }
 
 int RuleComn_rootMerge(const AcArray<AcDbObjectId>& mergedIds, AcDbObjectId remaining) {
     AcDbObjectIdArray newIds;
     newIds.append(remaining);
-    return replace(mergedIds, newIds, false) ? 0 : -1;
+    return replace(mergedIds, newIds, true) ? 0 : -1;
 }

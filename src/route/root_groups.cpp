@@ -10,6 +10,7 @@
 #include <dbobjptr.h>
 
 #include <algorithm>
+#include <optional>
 #include <unordered_set>
 
 namespace {
@@ -34,19 +35,44 @@ std::vector<zu::ElementGroup> knownGroupsOf(const AcArray<AcDbObjectId>& ids, co
     return groups;
 }
 
-std::unordered_set<AcDbObjectId> membersOf(const std::vector<zu::ElementGroup>& groups) {
-    std::unordered_set<AcDbObjectId> members;
-    for (const zu::ElementGroup& group : groups)
-        if (const auto ids = zu::groupMembers(group.id))
-            members.insert(ids->begin(), ids->end());
+/// The members of the groups, each once, in order; nullopt when a group can't be opened.
+std::optional<AcDbObjectIdArray> membersOf(const std::vector<zu::ElementGroup>& groups) {
+    std::unordered_set<AcDbObjectId> seen;
+    AcDbObjectIdArray members;
+    for (const zu::ElementGroup& group : groups) {
+        const auto ids = zu::groupMembers(group.id);
+        if (!ids)
+            return std::nullopt;
+        for (const AcDbObjectId id : *ids)
+            if (seen.insert(id).second)
+                members.append(id);
+    }
     return members;
 }
 
-bool isInRouteGroup(AcDbObjectId element, int kind, zu::GroupReader& reader) {
-    const std::vector<zu::ElementGroup> groups = reader.groupsOf(element);
+bool isInRouteGroup(const std::vector<zu::ElementGroup>& groups, int kind) {
     return std::any_of(groups.begin(), groups.end(), [kind](const zu::ElementGroup& group) {
         return group.kind == kind && zu::isRouteGroupName(group.name);
     });
+}
+
+/// Those of the candidates that are neither among the placed nor in a route group of the kind; nullopt when
+/// one of them or of its groups can't be opened.
+std::optional<AcDbObjectIdArray> withoutRoute(const AcDbObjectIdArray& candidates,
+                                              const AcDbObjectIdArray& placed, int kind) {
+    const std::unordered_set<AcDbObjectId> known(placed.begin(), placed.end());
+    zu::GroupReader reader;
+    AcDbObjectIdArray found;
+    for (const AcDbObjectId candidate : candidates) {
+        if (known.contains(candidate) || ZuComn_ExistenceIdCheck(candidate) != 0)
+            continue;
+        const auto groups = reader.groupsOf(candidate);
+        if (!groups)
+            return std::nullopt;
+        if (!isInRouteGroup(*groups, kind))
+            found.append(candidate);
+    }
+    return found;
 }
 
 } // namespace
@@ -55,10 +81,10 @@ int RootComn_GetRootGroups(const AcDbObjectId& element, int* count, AcArray<AcDb
                            CStringArray& names, CUIntArray& kinds, int kindFilter, int /*unused*/) {
     if (count != nullptr)
         *count = 0;
-    AcDbObjectIdArray held;
-    if (ZuComn_GetGroupID(element, held) != 0)
+    const auto held = zu::GroupReader().groupsOf(element);
+    if (!held)
         return -1;
-    for (const zu::ElementGroup& group : zu::GroupReader().groupsOf(element)) {
+    for (const zu::ElementGroup& group : *held) {
         if (group.kind != 0 && kindFilter != 0 && group.kind != kindFilter)
             continue;
         groups.append(group.id);
@@ -72,33 +98,35 @@ int RootComn_GetRootGroups(const AcDbObjectId& element, int* count, AcArray<AcDb
 
 int RootComn_GetRootGroups5(const AcDbObjectId& element, int* count, AcArray<AcDbObjectId>& groups,
                             CStringArray& names, CUIntArray& kinds, int kindFilter, int unused) {
-    if (linkKindOf(element) == 0)
-        RootComn_GetRootGroups3(element, 0);
+    if (count != nullptr)
+        *count = 0;
+    if (linkKindOf(element) == 0 && RootComn_GetRootGroups3(element, 0) != 0)
+        return -1;
     return RootComn_GetRootGroups(element, count, groups, names, kinds, kindFilter, unused);
 }
 
 AcDbObjectId RootComn_GetRootGroups2(const AcDbObjectId& element, int kind) {
     if (!skipsRepair())
         RootComn_GetRootGroups3(element, kind);
-    const std::vector<zu::ElementGroup> groups = zu::GroupReader().groupsOf(element);
-    const zu::ElementGroup* const lowest = zu::lowestNumbered(groups, kind);
+    const auto groups = zu::GroupReader().groupsOf(element);
+    const zu::ElementGroup* const lowest = groups ? zu::lowestNumbered(*groups, kind) : nullptr;
     return lowest != nullptr ? lowest->id : AcDbObjectId();
 }
 
 int RootComn_GetRootGroups3(const AcDbObjectId& element, int kind) {
     if (ZuComn_ExistenceIdCheck(element) != 0)
         return -1;
-    if (zu::GroupReader reader; kind == 0)
-        zu::settleMembership(element, reader);
-    else
-        zu::settleMembership(element, kind);
-    return 0;
+    zu::GroupReader reader;
+    return zu::repairMembership(element, kind, reader) ? 0 : -1;
 }
 
 int RootComn_GetRootGroups4(const AcDbObjectId& element) {
-    if (ZuComn_ExistenceIdCheck(element) != 0)
+    if (ZuComn_ExistenceIdCheck(element) != 0 || !zu::canBeRepaired(element))
         return -1;
-    for (const zu::ElementGroup& group : zu::GroupReader().groupsOf(element))
+    const auto groups = zu::GroupReader().groupsOf(element);
+    if (!groups)
+        return -1;
+    for (const zu::ElementGroup& group : *groups)
         if (zu::isRouteGroupName(group.name))
             ZuComn_ExistenceGroupIdChecks(group.id);
     return RootComn_GetRootGroups3(element, 0);
@@ -115,19 +143,15 @@ int RootComn_SetGroupToUnknownGroupMember(const AcDbObjectId& /*element*/, int k
     const zu::ElementGroup* const target = zu::lowestNumbered(known, kind);
     if (target == nullptr)
         return -1;
-    std::unordered_set<AcDbObjectId> placed = membersOf(known);
-    zu::GroupReader reader;
-    const AcDbObjectPointer<AcDbGroup> group(target->id, AcDb::kForWrite);
-    if (group.openStatus() != Acad::eOk)
+    const auto placed = membersOf(known);
+    const auto candidates = membersOf(unknown);
+    if (!placed || !candidates)
         return -1;
-    for (const zu::ElementGroup& source : unknown) {
-        const auto members = zu::groupMembers(source.id);
-        if (!members)
-            continue;
-        for (const AcDbObjectId member : *members)
-            if (placed.insert(member).second && !isInRouteGroup(member, target->kind, reader) &&
-                group->append(member) == Acad::eOk)
-                moved.append(member);
-    }
+    const auto homeless = withoutRoute(*candidates, *placed, target->kind);
+    const auto joining = homeless ? zu::usableMembers(*homeless, target->id.database()) : std::nullopt;
+    const AcDbObjectPointer<AcDbGroup> group(target->id, AcDb::kForWrite);
+    if (!joining || group.openStatus() != Acad::eOk || group->append(*joining) != Acad::eOk)
+        return -1;
+    moved.append(*joining);
     return 0;
 }

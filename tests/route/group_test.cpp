@@ -1,6 +1,7 @@
 #include "sample_settings.h"
 #include "test_drawing.h"
 
+#include <zucomn/dbservices.h>
 #include <zucomn/frame.h>
 #include <zucomn/route.h>
 
@@ -30,6 +31,11 @@ protected:
         CString text;
         RootComn_GetGroupNameFromGroupOid(id, text);
         return std::wstring(text.view());
+    }
+    static std::wstring handleText(AcDbObjectId id) {
+        ACHAR buffer[17];
+        id.handle().getIntoAsciiBuffer(buffer);
+        return buffer;
     }
     static bool isGone(AcDbObjectId id) {
         int size = 0;
@@ -254,6 +260,57 @@ TEST_F(Groups, MembersOfUnknownGroupsGetARoute) {
     EXPECT_EQ(run(1), 0);
     EXPECT_EQ(moved, TestDrawing::ids({cap})) << "the other one has a route group of the kind";
     EXPECT_EQ(members(route), TestDrawing::ids({duct, tee, cap}));
+}
+
+TEST_F(Groups, AnElementThatNamesItsGroupTwiceStaysInIt) {
+    const AcDbObjectId tee = element(L"0|");
+    const AcDbObjectId route = group(L"RTGR00001", {element(L"1|"), tee});
+    std::string records = drawing.database().dxfOutBytes(false);
+    const std::string entry = "330\r\n" + zuhost::toUtf8(handleText(route)) + "\r\n";
+    for (std::size_t at = records.find(entry); at != std::string::npos;
+         at = records.find(entry, at + 2 * entry.size()))
+        records.insert(at, entry);
+    ASSERT_NE(records.find(entry + entry), std::string::npos);
+    AcDbDatabase damaged(false);
+    ASSERT_EQ(damaged.dxfInBytes(records, L""), Acad::eOk);
+    AcDbObjectId twice;
+    ASSERT_EQ(damaged.getAcDbObjectId(twice, false, tee.handle()), Acad::eOk);
+    AcDbObjectIdArray groups;
+    EXPECT_EQ(ZuComn_GetGroupID(twice, groups), 0);
+    ASSERT_EQ(groups.length(), 1);
+    EXPECT_EQ(RootComn_GetRootGroups3(twice, 0), 0);
+    EXPECT_EQ(members(groups[0]).length(), 2);
+}
+
+TEST_F(Groups, AReactorAloneMakesNoMember) {
+    const AcDbObjectId tee = element(L"0|");
+    const AcDbObjectId stale = group(L"RTGR00001", {element(L"1|")});
+    const AcDbObjectId real = group(L"RTGR00002", {element(L"1|"), tee});
+    AcDbObjectPointer<AcDbObject>(tee, AcDb::kForWrite)->addPersistentReactor(stale);
+    EXPECT_EQ(RootComn_GetRootGroups2(tee, 1), real);
+    EXPECT_TRUE(members(real).contains(tee));
+}
+
+TEST_F(Groups, WhatIsOpenElsewhereStopsTheWholeChange) {
+    const AcDbObjectId tee = element(L"0|");
+    const AcDbObjectId duct = element(L"1|");
+    const AcDbObjectId one = group(L"RTGR00001", {element(L"1|"), tee});
+    const AcDbObjectId two = group(L"RTGR00002", {duct, tee});
+    const AcDbObjectId three = group(L"RTGR00003", {element(L"1|"), tee});
+    for (const AcDbObjectId open : {three, tee, two}) {
+        const AcDbObjectPointer<AcDbObject> busy(open, AcDb::kForRead);
+        EXPECT_EQ(RootComn_GetRootGroups3(tee, 1), -1);
+        EXPECT_EQ(RootComn_MakeGroup(TestDrawing::ids({tee}), TestDrawing::ids({one, two, three})), -1);
+        EXPECT_EQ(RootComn_GroupMemberCopy(three, two), open == three ? 0 : -1);
+        EXPECT_EQ(members(one).length() + members(three).length(), 4);
+    }
+    const AcDbObjectPointer<AcDbGroup> written(three, AcDb::kForWrite);
+    AcDbObjectIdArray groups;
+    CStringArray names;
+    CUIntArray kinds;
+    EXPECT_EQ(RootComn_GetRootGroups5(tee, nullptr, groups, names, kinds, 0), -1);
+    EXPECT_TRUE(groups.isEmpty());
+    EXPECT_TRUE(members(two).contains(tee));
 }
 
 TEST_F(Groups, DeadMembersAreTakenOutBeforeARepair) {

@@ -72,6 +72,23 @@ TEST_F(Replace, MergingKeepsTheRemainingElement) {
     EXPECT_TRUE(members().contains(c));
 }
 
+TEST_F(Replace, MergingLeavesOneRouteGroupOfAKind) {
+    for (const AcDbObjectId line : {a, b, c, x})
+        TestDrawing::setLink(line, L"1|");
+    AcDbObjectId other;
+    RootComn_CreateNewGroup(L"*", TestDrawing::ids({x, y}), other, false);
+    {
+        const AcDbObjectPointer<AcDbObject> busy(other, AcDb::kForRead);
+        EXPECT_EQ(RuleComn_rootMerge(TestDrawing::ids({a}), x), -1);
+        EXPECT_FALSE(a.isErased());
+    }
+    EXPECT_EQ(RuleComn_rootMerge(TestDrawing::ids({a}), x), 0);
+    EXPECT_EQ(members(), TestDrawing::ids({x, b, c}));
+    int size = 0;
+    EXPECT_EQ(RootComn_GetGroupSize(other, &size), 0);
+    EXPECT_EQ(size, 1) << "the lowest-numbered group keeps the line";
+}
+
 TEST_F(Replace, AnElementThatStaysIsNotToldOf) {
     Recorder recorder(log, L'1');
     RuleComn_addReplaceReactor(&recorder);
