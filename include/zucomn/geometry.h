@@ -114,26 +114,34 @@ ZUCOMN_API int Esg_inter_i2a(const Line* l, const Arcs* a, Point* p1, Point* p2)
 
 /// Two circles: 0 with n = 2 points, or n = 1 and p1 = p2 when they touch; otherwise n = 0, the points
 /// untouched: 1 for the same centre and radii within 0.01, 2 for the same centre, 3 when they don't meet.
-/// p1 has the smaller x; with centres at the same y, the smaller y.
+/// p1 has the smaller x; with centres at exactly the same y, the smaller y.
+///
+/// The points lie on both circles within 1e-15 of the sum of coordinates, distance and radii, in every
+/// direction. With h half the chord and t the angle of the centres' line with the x axis, the circles touch
+/// when 4 h^2 is within 0.00001 sin(t)^2 of 0, so the tolerance shrinks to rounding near the x axis: circles
+/// touch there when the gap is within about 4e-16 of their size. With centres at exactly the same y they
+/// don't meet when h^2 is below -0.00001, and touch when it is not above 0.
 ZUCOMN_API int Esg_inter_c2c(const Circle* a, const Circle* b, int* n, Point* p1, Point* p2);
 
 // ---- Tangents and fillets ----
-// Angles are taken by Esg_get_angle: a direction whose x part is at most 0.1 counts as vertical, and what is
-// built on it is off by as much.
+// Circles that touch two lines, and fillets, take angles by Esg_get_angle: a direction whose x part is at
+// most 0.1 counts as vertical, and what is built on it is off by as much. Directions within 1e-6 of the x
+// axis are off by up to 2e-8 radians, as those of Esg_line_vectle.
 
 /// The circles of radius r that touch two infinite lines, one in each of the four angles, into the array
 /// `out` of four. A centre counts when its distance from b fits r within 0.5, so with a small r (below about
 /// 0.5, and more as the lines come near a right angle) circles that miss both lines by less than that may
-/// stand in for right ones. Their number is not told and entries that are not needed stay untouched: fill the
-/// array before, with a radius of 0 say. 0, or 1 and 2 when a or b is degenerate, 3 for r <= 0, 4 for
-/// parallel lines, 5 when a line's ends are within 0.1, 6 for equal or opposite directions, 7 when two
+/// stand in for right ones. Their number is not returned and entries that are not needed stay untouched: fill
+/// the array before, with a radius of 0 for example. 0, or 1 and 2 when a or b is degenerate, 3 for r <= 0, 4
+/// for parallel lines, 5 when a line's ends are within 0.1, 6 for equal or opposite directions, 7 when two
 /// perpendiculars don't meet, 8 when a centre falls on its line. On 7 and 8 the circles found before have
 /// been written.
 ZUCOMN_API int Esg_tangentArc_l2l(const Line* a, const Line* b, double r, Circle* out);
 
 /// The lines that touch two circles, each from a to b, into the array `out` of four: first the outer ones,
 /// left and right of the direction from a to b; then, when the circles don't meet, the inner ones, leaving a
-/// on the left and on the right. n is 2 or 4. 0, or 1 when the centres are within 0.1, the radii add up to
+/// on the left and on the right. Their ends have the precision of Esg_inter_c2c in every direction, near the
+/// vertical too. n is 2 or 4. 0, or 1 when the centres are within 0.1, the radii add up to
 /// less than 0.01 or one circle lies inside the other.
 ZUCOMN_API int Esg_tangentLine_c2c(const Circle* a, const Circle* b, Line* out, int* n);
 
@@ -142,6 +150,13 @@ ZUCOMN_API int Esg_tangentLine_c2c(const Circle* a, const Circle* b, Line* out, 
 /// corner (within 0.01 degrees), else at the line's end, wherever that lies. A negative r isn't refused: it
 /// gives an arc with that r in the opposite corner. A pick on one of the lines, by Esg_judge_pside, chooses
 /// the wider corner beside it.
+///
+/// The arc's ends and the trimmed lines lie on the lines, except that a line within 1e-6 radians of the x
+/// axis is missed by up to 2e-8 of the distance from its start (0.02 at 1e6). The centre is as far from both
+/// lines as r says within 1e-12 r for radii up to 1e4, and 1e-10 r up to 1e6. It is not where the corner and
+/// an arc's end differ by at most 0.1 in x, so that the line counts as vertical: the centre is then off by up
+/// to 0.1 for corners of up to 90 degrees, and by up to 0.05 / cos(g / 2)^2 for a corner of g degrees above
+/// (0.2 at 120, 6.6 at 170), whatever the radius; by up to several r when the end is within 1 of the corner.
 ///
 /// 0, or 1 and 2 when a or b is degenerate or the pick's foot on it is the corner; 3 when r is exactly 0.0 or
 /// the foot on a is within 0.1 of the corner; 4 for parallel lines or the same with b; 5 and 7 when the arc

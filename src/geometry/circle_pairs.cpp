@@ -2,59 +2,84 @@
 
 #include "plane.h"
 
+#include <limits>
+
 namespace zu::plane {
 
 namespace {
 
 constexpr double kSameRadius = 0.01;
 constexpr double kTouching = 0.00001;
+/// A gap of this part of the circles' size may be due to rounding alone.
+constexpr double kRounding = 2.0 * std::numeric_limits<double>::epsilon();
 
 CircleIntersection none(Meeting meeting) {
     return {meeting, 0, {}, {}};
 }
 
-/// Centres on a horizontal: the points have the x of the radical line.
-CircleIntersection onHorizontal(const Circle& a, const Circle& b) {
-    const double x = (a.cx * a.cx - b.cx * b.cx - (a.r * a.r - b.r * b.r)) / (2.0 * (a.cx - b.cx));
-    const double square = a.r * a.r - (x - a.cx) * (x - a.cx);
-    if (square < -kTouching)
+/// Two circles seen from the first centre, which keeps the precision far from the origin.
+struct CirclePair {
+    Point centre;
+    Point unit;         ///< Direction to the second centre.
+    double foot;        ///< Distance of the chord through both points from the first centre.
+    double halfSquared; ///< Square of half the chord; negative when the circles don't meet.
+    bool touch;         ///< Whether they touch within rounding.
+
+    CirclePair(const Circle& a, const Circle& b) : centre{a.cx, a.cy} {
+        const double dx = b.cx - a.cx;
+        const double dy = b.cy - a.cy;
+        const double distance = std::sqrt(dx * dx + dy * dy);
+        unit = {dx / distance, dy / distance};
+        const double r1 = std::abs(a.r);
+        const double r2 = std::abs(b.r);
+        const double sum = r1 + r2;
+        const double ratio = (r1 - r2) / distance;
+        foot = (distance + ratio * sum) / 2.0;
+        // With c = distance * foot this is (r1^2 distance^2 - c^2) / distance^2. As a product it does not
+        // cancel for circles that nearly touch.
+        const double gap = sum - distance;
+        halfSquared = gap * (sum + distance) * ((1.0 - ratio) * (1.0 + ratio)) / 4.0;
+        touch = std::abs(gap) <= kRounding * (sum + distance) || std::abs(1.0 - std::abs(ratio)) <= kRounding;
+    }
+
+    /// The point at the foot, moved to the left of the direction.
+    [[nodiscard]] Point beside(double left) const {
+        return {centre.x + (foot * unit.x - left * unit.y), centre.y + (foot * unit.y + left * unit.x)};
+    }
+
+    [[nodiscard]] CircleIntersection atFoot() const { return {Meeting::Points, 1, beside(0.0), beside(0.0)}; }
+};
+
+/// Centres on a horizontal: the lower point comes first.
+CircleIntersection onHorizontal(const CirclePair& pair) {
+    if (pair.halfSquared < -kTouching)
         return none(Meeting::Apart);
-    if (square <= 0.0)
-        return {Meeting::Points, 1, {x, a.cy}, {x, a.cy}};
-    const double s = std::sqrt(square);
-    return {Meeting::Points, 2, {x, a.cy - s}, {x, a.cy + s}};
+    if (pair.halfSquared <= 0.0)
+        return pair.atFoot();
+    const double left = std::copysign(std::sqrt(pair.halfSquared), pair.unit.x);
+    return {Meeting::Points, 2, pair.beside(-left), pair.beside(left)};
 }
 
-/// Any other centres: the radical line y = k + m x put into the first circle gives a quadratic equation in x.
-CircleIntersection onSlope(const Circle& a, const Circle& b) {
-    const double dy = a.cy - b.cy;
-    const double m = -(a.cx - b.cx) / dy;
-    const double k =
-        (a.cy * a.cy - b.cy * b.cy + a.cx * a.cx - b.cx * b.cx - (a.r * a.r - b.r * b.r)) / (2.0 * dy);
-    const double qa = 1.0 + m * m;
-    const double qb = -2.0 * (a.cx - (k - a.cy) * m);
-    const double qc = (k - a.cy) * (k - a.cy) + a.cx * a.cx - a.r * a.r;
-    const double discriminant = qb * qb - 4.0 * qa * qc;
-    if (discriminant < -kTouching)
+/// Any other centres: the point with the smaller x comes first. The tolerance is on the discriminant of the
+/// equation for x, which is 4 halfSquared / unit.y^2.
+CircleIntersection onSlope(const CirclePair& pair) {
+    const double discriminant = 4.0 * pair.halfSquared;
+    const double touching = kTouching * pair.unit.y * pair.unit.y;
+    if (!pair.touch && discriminant < -touching)
         return none(Meeting::Apart);
-    if (discriminant < kTouching) {
-        const double x = -qb / (2.0 * qa);
-        const Point p{x, k + m * x};
-        return {Meeting::Points, 1, p, p};
-    }
-    const double s = std::sqrt(discriminant);
-    const double x1 = (-qb - s) / (2.0 * qa);
-    const double x2 = (s - qb) / (2.0 * qa);
-    return {Meeting::Points, 2, {x1, k + m * x1}, {x2, k + m * x2}};
+    if (pair.touch || discriminant < touching)
+        return pair.atFoot();
+    const double left = std::copysign(std::sqrt(pair.halfSquared), pair.unit.y);
+    return {Meeting::Points, 2, pair.beside(left), pair.beside(-left)};
 }
 
 } // namespace
 
 CircleIntersection intersection(const Circle& a, const Circle& b) {
     if (a.cy != b.cy)
-        return onSlope(a, b);
+        return onSlope({a, b});
     if (a.cx != b.cx)
-        return onHorizontal(a, b);
+        return onHorizontal({a, b});
     return none(std::abs(a.r - b.r) < kSameRadius ? Meeting::SameCircle : Meeting::Concentric);
 }
 

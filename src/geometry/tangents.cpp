@@ -1,7 +1,9 @@
 #include "circle_pairs.h"
 #include "plane.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 
 using namespace zu::plane;
 
@@ -11,6 +13,8 @@ constexpr double kNormalLength = 1000.0;
 constexpr double kRadiusMatch = 0.5;
 constexpr double kLeastRadii = 0.01;
 constexpr int kMostCircles = 4;
+/// Rounding may put circles that touch from inside slightly above 1.
+constexpr double kMostCosine = 1.0 + 2.0 * std::numeric_limits<double>::epsilon();
 
 /// A point where a circle may touch a line, and the line's perpendicular there.
 struct Touch {
@@ -35,13 +39,21 @@ Touches touchesOn(const Point& corner, double angle, double near, double far) {
     return {at(forward, near), at(backward, near), at(forward, far), at(backward, far)};
 }
 
-Line tangent(const Circle& a, const Circle& b, double angleAtA, double angleAtB) {
-    return between(moved({a.cx, a.cy}, unitAt(angleAtA), a.r), moved({b.cx, b.cy}, unitAt(angleAtB), b.r));
-}
+/// The unit vectors whose angle with another has a given cosine, to its left and to its right.
+struct Normals {
+    Point left;
+    Point right;
 
-Line tangent(const Circle& a, const Circle& b, double angle) {
-    const Point unit = unitAt(angle);
-    return between(moved({a.cx, a.cy}, unit, a.r), moved({b.cx, b.cy}, unit, b.r));
+    Normals(const Point& unit, double cosine) {
+        const double sine = std::sqrt(std::max(0.0, (1.0 - cosine) * (1.0 + cosine)));
+        left = {cosine * unit.x - sine * unit.y, cosine * unit.y + sine * unit.x};
+        right = {cosine * unit.x + sine * unit.y, cosine * unit.y - sine * unit.x};
+    }
+};
+
+/// The line from a's point in the direction of the normal to b's point at `radius` along it.
+Line tangent(const Circle& a, const Circle& b, const Point& normal, double radius) {
+    return between(moved({a.cx, a.cy}, normal, a.r), moved({b.cx, b.cy}, normal, radius));
 }
 
 } // namespace
@@ -97,27 +109,25 @@ int Esg_tangentLine_c2c(const Circle* a, const Circle* b, Line* out, int* n) {
     if (a->r + b->r < kLeastRadii)
         return 1;
     const Line centres{a->cx, a->cy, b->cx, b->cy};
-    const auto direction = angleInDegrees(start(centres), end(centres));
-    if (!direction)
+    if (!angleInDegrees(start(centres), end(centres)))
         return 1;
     const double distance = length(centres);
     const double outer = (a->r - b->r) / distance;
-    if (!(std::abs(outer) <= 1.0))
+    if (!(std::abs(outer) <= kMostCosine))
         return 1;
 
-    const double theta = toRadians(*direction);
-    const double phi = std::acos(outer);
-    out[0] = tangent(*a, *b, theta + phi);
-    out[1] = tangent(*a, *b, theta - phi);
+    const Point unit{(b->cx - a->cx) / distance, (b->cy - a->cy) / distance};
+    const Normals outward(unit, outer);
+    out[0] = tangent(*a, *b, outward.left, b->r);
+    out[1] = tangent(*a, *b, outward.right, b->r);
     *n = 2;
     // Circles that just meet may be found apart by rounding; they have no inner tangents all the same.
     const double inner = (a->r + b->r) / distance;
     if (intersection(*a, *b).meeting == Meeting::Points || !(std::abs(inner) <= 1.0))
         return 0;
-    const double atA = std::acos(inner);
-    const double atB = kPi - atA;
-    out[2] = tangent(*a, *b, theta + atA, theta - atB);
-    out[3] = tangent(*a, *b, theta - atA, theta + atB);
+    const Normals inward(unit, inner);
+    out[2] = tangent(*a, *b, inward.left, -b->r);
+    out[3] = tangent(*a, *b, inward.right, -b->r);
     *n = 4;
     return 0;
 }

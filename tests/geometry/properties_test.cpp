@@ -32,7 +32,6 @@ TEST_F(Properties, IntersectionsLieOnBothInputs) {
         const Line l = line();
         const Line m = line();
         const Circle c{number(-200, 200), number(-200, 200), number(50, 300)};
-        const Circle d{number(-200, 200), number(-200, 200), number(50, 300)};
         Point p{};
         Point q{};
         if (Esg_inter_l2l(&l, &m, &p) == 1) {
@@ -44,16 +43,10 @@ TEST_F(Properties, IntersectionsLieOnBothInputs) {
             EXPECT_NEAR(distance(p, {c.cx, c.cy}), c.r, 1e-8);
             EXPECT_LT(distance(l, q), 1e-8);
         }
-        int n = 0;
-        if (Esg_inter_c2c(&c, &d, &n, &p, &q) == 0 && n == 2) {
-            EXPECT_NEAR(distance(p, {c.cx, c.cy}), c.r, 1e-4);
-            EXPECT_NEAR(distance(q, {d.cx, d.cy}), d.r, 1e-4);
-            EXPECT_TRUE(c.cy == d.cy || p.x <= q.x);
-        }
     }
 }
 
-TEST_F(Properties, MirrorTwiceIsTheIdentityAndTangentsTouchBothCircles) {
+TEST_F(Properties, MirrorTwiceIsTheIdentity) {
     for (int i = 0; i < kRounds; ++i) {
         const Line axis = line();
         const Point p = point();
@@ -62,18 +55,62 @@ TEST_F(Properties, MirrorTwiceIsTheIdentityAndTangentsTouchBothCircles) {
         EXPECT_NEAR(distance(axis, p), distance(axis, q), 1e-9);
         Esg_mirror(&axis, 1, &q, &q);
         expectPoint(q, p);
+    }
+}
 
-        const Circle c{number(-500, -1), number(-500, 500), number(1, 300)};
-        const Circle d{number(1, 500), number(-500, 500), number(1, 300)};
-        Line out[4] = {};
+// Scenes in every direction or 1e-16 to 1e-2 off an axis, moved by up to 1e8.
+TEST_F(Properties, CirclePairsMeetAndTangentsTouchInAnyDirectionAndPlace) {
+    constexpr double kEpsilon = std::numeric_limits<double>::epsilon();
+    const auto decades = [&](double low, double high) { return std::pow(10.0, number(low, high)); };
+    for (int i = 0; i < 20 * kRounds; ++i) {
+        const double span = decades(0, 5);
+        const double turn = i % 2 != 0 ? number(0, 360) : 90 * std::floor(number(0, 4)) + decades(-16, -2);
+        const double t = turn * std::numbers::pi / 180;
+        const double offset = decades(0, 8);
+        const Circle c{number(-offset, offset), number(-offset, offset), span * decades(-2, 1)};
+        const Circle d{c.cx + span * std::cos(t), c.cy + span * std::sin(t), span * decades(-2, 1)};
+        // The centres as they are rounded.
+        const long double distance =
+            std::hypot(static_cast<long double>(d.cx) - c.cx, static_cast<long double>(d.cy) - c.cy);
+        const double tolerance = 2 * kEpsilon * (std::abs(c.cx) + std::abs(c.cy) + span + c.r + d.r);
+        const auto offCircle = [](const Circle& circle, const Point& p) {
+            return std::abs(static_cast<double>(std::hypot(static_cast<long double>(p.x) - circle.cx,
+                                                           static_cast<long double>(p.y) - circle.cy) -
+                                                circle.r));
+        };
+        const double slack = 1e-4 * span;
+        const bool nested = distance < std::abs(c.r - d.r) - slack;
+        const bool apart = distance > c.r + d.r + slack;
+        const bool meet = distance > std::abs(c.r - d.r) + slack && distance < c.r + d.r - slack;
         int n = 0;
-        if (Esg_tangentLine_c2c(&c, &d, out, &n) != 0)
+        Point p{};
+        Point q{};
+        const int code = Esg_inter_c2c(&c, &d, &n, &p, &q);
+        if (!nested && !apart && !meet)
             continue;
+        ASSERT_EQ(code, meet ? 0 : 3);
+        ASSERT_EQ(n, meet ? 2 : 0);
+        if (meet) {
+            for (const Circle& circle : {c, d})
+                ASSERT_LT(std::max(offCircle(circle, p), offCircle(circle, q)), tolerance);
+            ASSERT_TRUE(c.cy == d.cy ? p.y < q.y : p.x <= q.x);
+        }
+        Line out[4] = {};
+        ASSERT_EQ(Esg_tangentLine_c2c(&c, &d, out, &n), nested ? 1 : 0);
+        if (nested)
+            continue;
+        ASSERT_EQ(n, apart ? 4 : 2);
         for (int k = 0; k < n; ++k) {
-            if (distance(Point{out[k].x1, out[k].y1}, Point{out[k].x2, out[k].y2}) < 1.0)
-                continue;
-            EXPECT_NEAR(distance(out[k], {c.cx, c.cy}), c.r, 1e-6);
-            EXPECT_NEAR(distance(out[k], {d.cx, d.cy}), d.r, 1e-6);
+            const Line& l = out[k];
+            const Point ends[] = {{l.x1, l.y1}, {l.x2, l.y2}};
+            ASSERT_LT(std::max(offCircle(c, ends[0]), offCircle(d, ends[1])), tolerance);
+            // The line meets both radii at right angles.
+            for (int j = 0; j < 2; ++j) {
+                const Circle& circle = j == 0 ? c : d;
+                const double along =
+                    (l.x2 - l.x1) * (ends[j].x - circle.cx) + (l.y2 - l.y1) * (ends[j].y - circle.cy);
+                ASSERT_LT(std::abs(along), 4 * tolerance * (circle.r + std::hypot(l.x2 - l.x1, l.y2 - l.y1)));
+            }
         }
     }
 }
