@@ -1,11 +1,10 @@
 #include "attribute_rows.h"
+#include "command_line.h"
 #include "commands.h"
 #include "drawing_file.h"
 #include "failure.h"
 #include "output.h"
 #include "settings_file.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -38,9 +37,9 @@ void run(const Options& options) {
 
 } // namespace
 
-void addAttributesCommand(CLI::App& program) {
+void addAttributesCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand("attributes", "Show the attribute rows of an element");
+    Command* command = program.add_subcommand("attributes", "Show the attribute rows of an element");
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_option("HANDLE", options->handle, "The element's handle")->required();
     command->add_option("--settings", options->settings, "Master settings file, for the names of attributes");

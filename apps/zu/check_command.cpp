@@ -1,9 +1,8 @@
 #include "audit/audit.h"
+#include "command_line.h"
 #include "commands.h"
 #include "failure.h"
 #include "output.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <iostream>
@@ -58,9 +57,9 @@ void run(const Options& options) {
 
 } // namespace
 
-void addCheckCommand(CLI::App& program) {
+void addCheckCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand(
+    Command* command = program.add_subcommand(
         "check", "Audit the routes: groups, attribute and link records, connection points");
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_flag("--repair", options->repair, "Repair what can be repaired without losing anything");

@@ -1,25 +1,23 @@
 #pragma once
 
-namespace CLI {
-class App;
-}
-
 namespace zu::app {
 
+class Command;
+
 // Each adds one command of the program, with its options and what it does.
-void addElementsCommand(CLI::App& program);
-void addGroupsCommand(CLI::App& program);
-void addConnectedCommand(CLI::App& program);
-void addAttributesCommand(CLI::App& program);
-void addSetAttributeCommand(CLI::App& program);
-void addCheckCommand(CLI::App& program);
-void addSaveCommand(CLI::App& program);
-void addPartCommand(CLI::App& program);
-void addPartsListCommand(CLI::App& program);
-void addPlanCommand(CLI::App& program);
-void addLinkCommand(CLI::App& program);
-void addTableCommand(CLI::App& program);
-void addWindowCommand(CLI::App& program);
-void addDemoCommand(CLI::App& program);
+void addElementsCommand(Command& program);
+void addGroupsCommand(Command& program);
+void addConnectedCommand(Command& program);
+void addAttributesCommand(Command& program);
+void addSetAttributeCommand(Command& program);
+void addCheckCommand(Command& program);
+void addSaveCommand(Command& program);
+void addPartCommand(Command& program);
+void addPartsListCommand(Command& program);
+void addPlanCommand(Command& program);
+void addLinkCommand(Command& program);
+void addTableCommand(Command& program);
+void addWindowCommand(Command& program);
+void addDemoCommand(Command& program);
 
 } // namespace zu::app

@@ -1,9 +1,9 @@
+#include "command_line.h"
 #include "commands.h"
 #include "drawing_file.h"
 #include "failure.h"
 #include "output.h"
 
-#include <CLI/CLI.hpp>
 #include <zucomn/dbservices.h>
 #include <zucomn/route.h>
 
@@ -88,9 +88,9 @@ void run(const Options& options) {
 
 } // namespace
 
-void addConnectedCommand(CLI::App& program) {
+void addConnectedCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand("connected", "List the elements joined to an element");
+    Command* command = program.add_subcommand("connected", "List the elements joined to an element");
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_option("HANDLE", options->handle, "The element's handle");
     command->add_option("--group", options->group,

@@ -1,6 +1,7 @@
 #include "attribute_edit.h"
 #include "attribute_rows.h"
 #include "attribute_window.h"
+#include "command_line.h"
 #include "commands.h"
 #include "drawing_file.h"
 #include "element.h"
@@ -8,8 +9,6 @@
 #include "output.h"
 #include "plan_picture.h"
 #include "sample_settings.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <chrono>
@@ -194,9 +193,9 @@ void run(const Options& options) {
 
 } // namespace
 
-void addDemoCommand(CLI::App& program) {
+void addDemoCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand("demo", "The main job on the sample drawing");
+    Command* command = program.add_subcommand("demo", "The main job on the sample drawing");
     command->add_option("--samples", options->samples, "Folder of the samples")->capture_default_str();
     command->add_option("--output", options->output, "Folder for the results")->capture_default_str();
     command->callback([options] { run(*options); });

@@ -1,9 +1,8 @@
+#include "command_line.h"
 #include "commands.h"
 #include "drawing_file.h"
 #include "element.h"
 #include "output.h"
-
-#include <CLI/CLI.hpp>
 
 #include <iostream>
 #include <memory>
@@ -74,9 +73,9 @@ void run(const Options& options) {
 
 } // namespace
 
-void addElementsCommand(CLI::App& program) {
+void addElementsCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command =
+    Command* command =
         program.add_subcommand("elements", "List the block references of model space with what they are");
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_flag("--routes", options->routesOnly, "Only those whose block name has an element prefix");

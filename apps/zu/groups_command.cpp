@@ -1,9 +1,8 @@
+#include "command_line.h"
 #include "commands.h"
 #include "drawing_file.h"
 #include "group.h"
 #include "output.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -36,9 +35,9 @@ void run(const Options& options) {
 
 } // namespace
 
-void addGroupsCommand(CLI::App& program) {
+void addGroupsCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand("groups", "List the groups and their route kinds");
+    Command* command = program.add_subcommand("groups", "List the groups and their route kinds");
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_flag("--json", options->json, "As JSON");
     command->callback([options] { run(*options); });

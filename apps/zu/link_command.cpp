@@ -1,10 +1,10 @@
+#include "command_line.h"
 #include "commands.h"
 #include "failure.h"
 #include "output.h"
 #include "settings_file.h"
 #include "text.h"
 
-#include <CLI/CLI.hpp>
 #include <zucomn/link_info.h>
 #include <zucomn/tables.h>
 
@@ -79,19 +79,19 @@ void save(const Options& options) {
 
 } // namespace
 
-void addLinkCommand(CLI::App& program) {
+void addLinkCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* link = program.add_subcommand("link", "The link information file");
-    link->require_subcommand(1);
-    CLI::App* reading =
+    Command* link = program.add_subcommand("link", "The link information file");
+    link->require_subcommand();
+    Command* reading =
         link->add_subcommand("get", "Look keys up; one value a line, empty for a key that is not there");
     reading->add_option("FILE", options->file, "The file")->required();
     reading->add_option("KEY", options->keys, "Keys")->required();
     reading->add_flag("--json", options->json, "As JSON");
-    CLI::App* writing = link->add_subcommand("save", "Merge pairs into the file");
+    Command* writing = link->add_subcommand("save", "Merge pairs into the file");
     writing->add_option("FILE", options->file, "The file")->required();
     writing->add_option("PAIR", options->keys, "KEY=VALUE")->required();
-    for (CLI::App* command : {reading, writing})
+    for (Command* command : {reading, writing})
         command->add_option("--settings", options->settings,
                             "Master settings file, needed to save a file without \".\" in its path");
     reading->callback([options] { get(*options); });

@@ -1,3 +1,4 @@
+#include "command_line.h"
 #include "commands.h"
 #include "failure.h"
 
@@ -15,7 +16,7 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
-void addCommands(CLI::App& program) {
+void addCommands(zu::app::Command program) {
     using namespace zu::app;
     addElementsCommand(program);
     addGroupsCommand(program);
@@ -46,7 +47,7 @@ int run(int argc, char** argv) {
     CLI::App program("Checks and edits drawings of building services: elements, routes, attributes.", "zu");
     program.require_subcommand(1);
     program.set_help_all_flag("--help-all", "Help of every command");
-    addCommands(program);
+    addCommands(zu::app::Command(program));
     program.parse_complete_callback(&startLibrary);
     try {
         program.parse(argc, argv);

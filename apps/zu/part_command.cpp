@@ -1,3 +1,4 @@
+#include "command_line.h"
 #include "commands.h"
 #include "failure.h"
 #include "output.h"
@@ -5,7 +6,6 @@
 #include "part_previews.h"
 #include "text.h"
 
-#include <CLI/CLI.hpp>
 #include <zuhost/file_ops.h>
 #include <zuhost/paths.h>
 
@@ -123,9 +123,9 @@ void run(const Options& options) {
 
 } // namespace
 
-void addPartCommand(CLI::App& program) {
+void addPartCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command =
+    Command* command =
         program.add_subcommand("part", "Read a part drawing, ASCII or binary, or draw a folder of them");
     command->add_option("FILE", options->path, "The drawing; with --preview-dir the folder of drawings")
         ->required();
@@ -136,8 +136,7 @@ void addPartCommand(CLI::App& program) {
     command->add_option("--preview-dir", options->previewFolder,
                         "Draw a thumbnail of every drawing in the folder and its folders into this folder");
     command->add_flag("--dark", options->dark, "Draw on a dark background");
-    command->add_option("--size", options->size, "Width of the picture in pixels")
-        ->check(CLI::Range(16, 8192));
+    command->add_option("--size", options->size, "Width of the picture in pixels")->range(16, 8192);
     command->callback([options] { run(*options); });
 }
 

@@ -1,10 +1,10 @@
 #include "attribute_window.h"
+#include "command_line.h"
 #include "commands.h"
 #include "failure.h"
 #include "settings_file.h"
 #include "text.h"
 
-#include <CLI/CLI.hpp>
 #include <zucomn/parts_list_views.h>
 #include <zuhost/desktop.h>
 
@@ -48,9 +48,9 @@ void run(const Options& options) {
 
 } // namespace
 
-void addPartsListCommand(CLI::App& program) {
+void addPartsListCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand(
+    Command* command = program.add_subcommand(
         "parts-list", "Edit the attribute lines of a text file in the parts-list window");
     command->add_option("FILE", options->file, "The file")->required();
     command->add_option("--settings", options->settings, "Master settings file, for the names and choices");

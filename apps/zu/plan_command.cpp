@@ -1,8 +1,7 @@
+#include "command_line.h"
 #include "commands.h"
 #include "drawing_file.h"
 #include "plan_picture.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -23,15 +22,15 @@ void run(const Options& options) {
 
 } // namespace
 
-void addPlanCommand(CLI::App& program) {
+void addPlanCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand(
+    Command* command = program.add_subcommand(
         "plan", "Draw the plan: routes coloured by link kind, connection points marked");
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_option("-o,--output", options->output, "The picture, .png or .svg")->required();
     command->add_option("--width", options->width, "Width in pixels")
         ->capture_default_str()
-        ->check(CLI::Range(100, 20000));
+        ->range(100, 20000);
     command->callback([options] { run(*options); });
 }
 

@@ -1,7 +1,6 @@
+#include "command_line.h"
 #include "commands.h"
 #include "drawing_file.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -24,13 +23,13 @@ void run(const Options& options) {
 
 } // namespace
 
-void addSaveCommand(CLI::App& program) {
+void addSaveCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command =
+    Command* command =
         program.add_subcommand("save", "Open a drawing and save it unedited: a loss-free copy");
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_option("-o,--output", options->output, "Where to save")->required();
-    CLI::Option* binary = command->add_flag("--binary", options->binary, "As binary drawing");
+    CommandOption* binary = command->add_flag("--binary", options->binary, "As binary drawing");
     command->add_flag("--ascii", options->ascii, "As ASCII drawing")->excludes(binary);
     command->callback([options] { run(*options); });
 }

@@ -1,12 +1,11 @@
 #include "attribute_edit.h"
+#include "command_line.h"
 #include "commands.h"
 #include "drawing_file.h"
 #include "failure.h"
 #include "output.h"
 #include "settings_file.h"
 #include "text.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <iostream>
@@ -79,16 +78,15 @@ void run(const Options& options) {
 
 } // namespace
 
-void addSetAttributeCommand(CLI::App& program) {
+void addSetAttributeCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand(
+    Command* command = program.add_subcommand(
         "set-attribute", "Set one attribute on some or all elements that have it, and save");
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_option("KEY", options->key, "The attribute's id, such as S401")->required();
     command->add_option("VALUE", options->value, "The new value")->required();
     command->add_option("--handles", options->handles, "Only these elements, by handle, with commas between")
-        ->delimiter(',')
-        ->allow_extra_args(false);
+        ->delimited(',');
     command->add_option("--settings", options->settings,
                         "Master settings file; its parameter table says what may be edited");
     command->add_option("-o,--output", options->output, "Where to save")->required();

@@ -1,9 +1,9 @@
+#include "command_line.h"
 #include "commands.h"
 #include "failure.h"
 #include "output.h"
 #include "text.h"
 
-#include <CLI/CLI.hpp>
 #include <zucomn/tables.h>
 
 #include <iostream>
@@ -51,15 +51,15 @@ void run(const Options& options) {
 
 } // namespace
 
-void addTableCommand(CLI::App& program) {
+void addTableCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand("table", "Read a table file");
+    Command* command = program.add_subcommand("table", "Read a table file");
     command->add_option("FILE", options->file, "The file")->required();
     command->add_option("--columns", options->columns, "Columns to keep, such as 1,3");
     command->add_option("--separator", options->separator, "Character between fields")->capture_default_str();
     command->add_option("--skip", options->skip, "Lines to pass over first")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->not_negative();
     command->add_flag("--json", options->json, "As JSON");
     command->callback([options] { run(*options); });
 }

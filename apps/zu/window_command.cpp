@@ -1,13 +1,12 @@
 #include "attribute_rows.h"
 #include "attribute_window.h"
+#include "command_line.h"
 #include "commands.h"
 #include "drawing_file.h"
 #include "settings_file.h"
 #include "text.h"
 
 #include <zuhost/desktop.h>
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -81,9 +80,9 @@ void run(const Options& options) {
 
 } // namespace
 
-void addWindowCommand(CLI::App& program) {
+void addWindowCommand(Command& program) {
     auto options = std::make_shared<Options>();
-    CLI::App* command = program.add_subcommand("window", "Open the attribute window on elements");
+    Command* command = program.add_subcommand("window", "Open the attribute window on elements");
     command->add_option("DRAWING", options->drawing, "The drawing")->required();
     command->add_option("HANDLE", options->handles, "Elements to show (default: every one with attributes)");
     command->add_option("--settings", options->settings, "Master settings file");

@@ -1,0 +1,69 @@
+#include "command_line.h"
+
+#include <CLI/CLI.hpp>
+
+#include <utility>
+
+namespace zu::app {
+
+CommandOption* CommandOption::required() {
+    option_.required();
+    return this;
+}
+
+CommandOption* CommandOption::capture_default_str() {
+    option_.capture_default_str();
+    return this;
+}
+
+CommandOption* CommandOption::range(int least, int greatest) {
+    option_.check(CLI::Range(least, greatest));
+    return this;
+}
+
+CommandOption* CommandOption::not_negative() {
+    option_.check(CLI::NonNegativeNumber);
+    return this;
+}
+
+CommandOption* CommandOption::delimited(char separator) {
+    option_.delimiter(separator)->allow_extra_args(false);
+    return this;
+}
+
+CommandOption* CommandOption::excludes(const CommandOption* other) {
+    option_.excludes(&other->option_);
+    return this;
+}
+
+Command* Command::add_subcommand(const std::string& name, const std::string& description) {
+    return &commands_.emplace_back(*app_.add_subcommand(name, description));
+}
+
+void Command::require_subcommand() {
+    app_.require_subcommand(1);
+}
+
+CommandOption* Command::add_option(const std::string& name, std::string& value,
+                                   const std::string& description) {
+    return keep(app_.add_option(name, value, description));
+}
+
+CommandOption* Command::add_option(const std::string& name, std::vector<std::string>& values,
+                                   const std::string& description) {
+    return keep(app_.add_option(name, values, description));
+}
+
+CommandOption* Command::add_option(const std::string& name, int& value, const std::string& description) {
+    return keep(app_.add_option(name, value, description));
+}
+
+CommandOption* Command::add_flag(const std::string& name, bool& value, const std::string& description) {
+    return keep(app_.add_flag(name, value, description));
+}
+
+void Command::callback(std::function<void()> run) {
+    app_.callback(std::move(run));
+}
+
+} // namespace zu::app

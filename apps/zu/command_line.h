@@ -1,0 +1,59 @@
+#pragma once
+
+#include <functional>
+#include <list>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+class Option;
+} // namespace CLI
+
+namespace zu::app {
+
+/// One option or argument of a command.
+class CommandOption {
+public:
+    explicit CommandOption(CLI::Option& option) : option_(option) {}
+
+    CommandOption* required();
+    /// Shows the present value of its variable in the help.
+    CommandOption* capture_default_str();
+    CommandOption* range(int least, int greatest);
+    CommandOption* not_negative();
+    /// Splits values at a character; the option takes one argument each time it is given.
+    CommandOption* delimited(char separator);
+    CommandOption* excludes(const CommandOption* other);
+
+private:
+    CLI::Option& option_;
+};
+
+/// A command with its options, under the names of the command-line parser that does the work. Only the source
+/// of this class and main() include the parser: compiling its headers in every command took a third of the
+/// build. Options and subcommands live as long as their command; a variable given for a value must live until
+/// parsing ends.
+class Command {
+public:
+    explicit Command(CLI::App& app) : app_(app) {}
+
+    Command* add_subcommand(const std::string& name, const std::string& description);
+    void require_subcommand();
+    CommandOption* add_option(const std::string& name, std::string& value, const std::string& description);
+    CommandOption* add_option(const std::string& name, std::vector<std::string>& values,
+                              const std::string& description);
+    CommandOption* add_option(const std::string& name, int& value, const std::string& description);
+    CommandOption* add_flag(const std::string& name, bool& value, const std::string& description);
+    /// Sets what the command does once its arguments are parsed.
+    void callback(std::function<void()> run);
+
+private:
+    CommandOption* keep(CLI::Option* option) { return &options_.emplace_back(*option); }
+
+    CLI::App& app_;
+    std::list<Command> commands_;
+    std::list<CommandOption> options_;
+};
+
+} // namespace zu::app
