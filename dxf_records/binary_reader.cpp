@@ -14,15 +14,26 @@ unsigned byteAt(std::string_view bytes, std::size_t at) {
     return static_cast<unsigned char>(bytes[at]);
 }
 
-/// The first record is (0, "SECTION") or a comment (999). In words the byte after the code's first is its
-/// high half.
-CodeForm findForm(std::string_view bytes, std::size_t at) {
-    if (bytes.size() < at + 2)
-        return CodeForm::words;
-    const unsigned first = byteAt(bytes, at);
-    const unsigned second = byteAt(bytes, at + 1);
-    const bool words = (first == 0 && second == 0) || (first == 0xE7 && second == 0x03);
-    return words ? CodeForm::words : CodeForm::bytes;
+/// How well records read with group codes of a form: how many of the first ones make sense, a cut one
+/// included, and more than all of them when one begins a section.
+int fitOf(CodeForm form, std::string_view records) {
+    constexpr int kTried = 16;
+    BinaryReader reader(records, form);
+    Record record;
+    int good = 0;
+    while (good < kTried && reader.next(record) == ReadResult::record) {
+        if (record.code == 0 && record.value == "SECTION")
+            return kTried + 1;
+        if (record.code == 0 && record.value.empty())
+            return good;
+        ++good;
+    }
+    return reader.error().incomplete ? good + 1 : good;
+}
+
+CodeForm findForm(std::string_view records) {
+    return fitOf(CodeForm::words, records) >= fitOf(CodeForm::bytes, records) ? CodeForm::words
+                                                                              : CodeForm::bytes;
 }
 
 /// 280-289 included: stored in two bytes.
@@ -46,7 +57,8 @@ ValueType strictType(int code) {
 BinaryReader::BinaryReader(std::string_view bytes, CodeTable table) : bytes_(bytes), table_(table) {
     if (isBinaryDrawing(bytes_))
         at_ = std::min(kBinarySentinel.size(), bytes_.size());
-    form_ = findForm(bytes_, at_);
+    if (table_ == CodeTable::complete)
+        form_ = findForm(bytes_.substr(at_));
 }
 
 ReadResult BinaryReader::fail(std::size_t offset, std::string_view problem, bool incomplete) {

@@ -4,6 +4,7 @@
 #include "output.h"
 #include "part_json.h"
 #include "part_previews.h"
+#include "part_warnings.h"
 #include "text.h"
 
 #include <zuhost/file_ops.h>
@@ -80,27 +81,22 @@ void printBlocks(const CAcadDxf& part) {
 void checkReadable(const std::string& path) {
     const std::string file = zuhost::systemPath(wide(path).view());
     std::error_code unknown;
+    // What is read from a pipe to try it would be lost.
+    if (std::filesystem::is_fifo(file, unknown))
+        return;
     if (std::filesystem::is_other(file, unknown))
-        throw Failure(path + ": is a device or pipe");
+        throw Failure(path + ": is a device, not a file");
     zuhost::file_ops::File opened;
     if (const int error = opened.open(file, zuhost::file_ops::File::Mode::read))
         throw Failure(path + ": " + std::generic_category().message(error));
 }
 
-/// Of a drawing the first record begins a section or ends the file; a ".zuf" file has lines.
-bool beginsAsDrawing(const CAcadDxf& part, const CString& path) {
-    if (!part.GetZufLines().IsEmpty())
-        return true;
-    CAcadDxf reader;
-    return reader.Open(path) && reader.GetRecord() != 0 && reader.GetCode() == 0;
-}
-
 void readPart(const Options& options) {
     checkReadable(options.path);
-    const CString path = wide(options.path);
-    const CAcadDxf part(path, CAcadDxf::kWhite, tableOption(options));
-    if (!beginsAsDrawing(part, path))
+    const CAcadDxf part(wide(options.path), CAcadDxf::kWhite, tableOption(options));
+    if (!part.IsDrawing() && part.GetZufLines().IsEmpty())
         throw Failure(options.path + ": holds no part drawing");
+    printWarnings(options.path, part.GetFindings());
     if (!options.preview.empty())
         savePreview(part, options.preview, {.size = options.size, .dark = options.dark});
     if (options.json) {

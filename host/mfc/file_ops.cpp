@@ -32,7 +32,7 @@ int result(int returned) {
 int openFlags(File::Mode mode) {
     switch (mode) {
     case File::Mode::read:
-        return O_RDONLY;
+        return O_RDONLY | O_NONBLOCK;
     case File::Mode::createNew:
         return O_WRONLY | O_CREAT | O_EXCL;
     case File::Mode::replace:
@@ -89,6 +89,8 @@ int File::open(const std::string& path, Mode mode) {
     const int handle = ::open(path.c_str(), openFlags(mode) | O_CLOEXEC, 0666);
     if (handle < 0)
         return errno;
+    if (mode == Mode::read)
+        fcntl(handle, F_SETFL, fcntl(handle, F_GETFL) & ~O_NONBLOCK);
     if (isFolder(handle)) {
         ::close(handle);
         return EISDIR;

@@ -35,6 +35,20 @@ struct KeptArray {
     std::size_t count = 0;
     std::size_t capacity = 0;
 };
+
+/// A fault of a file that was read around.
+struct Finding {
+    std::uint64_t line = 0;   ///< Of the group code, from 1; 0 in binary files.
+    std::uint64_t offset = 0; ///< In bytes from the start of the file, of the value.
+    int code = 0;             ///< The group code; Findings::kNoCode where there is none.
+    std::string_view problem; ///< What is wrong and what was done about it, in English; a constant text.
+};
+
+struct Findings {
+    static constexpr int kNoCode = -1;
+    std::vector<Finding> kept; ///< The first ones, in the order of the file.
+    std::size_t count = 0;     ///< All of them.
+};
 } // namespace zu::dxf
 
 /// What an entity is; the object is of the class of the same name.
@@ -83,7 +97,7 @@ public:
     const EntType m_type;
     bool m_paper = false;                ///< In paper space (67).
     bool m_mirrored = false;             ///< Drawn on a plane seen from below (230 is -1).
-    short m_color = kByLayer;            ///< 62.
+    short m_color = kByLayer;            ///< 62; kByLayer for a number below 0 or above 256.
     short m_lineWeight = kWeightByLayer; ///< 370.
 
 protected:
@@ -304,7 +318,7 @@ class ZUCOMN_API CLayer : public CObject {
 public:
     CString m_name;
     CString m_linetype;
-    int m_color = 7; ///< 62; negative: the layer is off.
+    int m_color = 7; ///< 62 as the file says; negative: the layer is off.
     int m_flags = 0; ///< 70; 1 frozen.
     int m_lineWeight = CEnt::kWeightDefault;
 };
@@ -326,20 +340,24 @@ public:
 
 /// Reads a part drawing and holds it.
 ///
-/// A file that can't be opened reads as an empty drawing. Reading ends at the last complete record of a
-/// truncated file, at a group code that is no number, and at one that the table of a binary file doesn't
-/// know; what was read stays. Text is in the code page that $DWGCODEPAGE names (932 when it names none that
-/// is known), from R2007 on in UTF-8; "\U+XXXX" and "\M+nXXXX" are read as the characters they stand for. Of
-/// a text at most 512 characters are kept, in binary files 255. Binary files are read byte for byte, so that
-/// a binary file gives the same drawing as its ASCII twin.
+/// A file that can't be opened reads as an empty drawing; a pipe is read to its end, and one that nothing
+/// writes to is empty. Reading ends at the last complete record of a truncated file, at a group code that is
+/// no number, and at one that the table of a binary file doesn't know; what was read stays. Smaller faults
+/// are read around: GetFindings lists both. A number that other text follows counts by its leading part
+/// ("12abc" is 12), one that is missing or not finite is 0, a blank line in place of a group code is skipped.
+/// Text is in the code page that $DWGCODEPAGE names (932 when it names none that is known), from R2007 on in
+/// UTF-8; "\U+XXXX" and "\M+nXXXX" are read as the characters they stand for. Of a text at most 512
+/// characters are kept, in binary files 255. Binary files are read byte for byte, so that a binary file gives
+/// the same drawing as its ASCII twin.
 class ZUCOMN_API CAcadDxf : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(CAcadDxf);
 
     static constexpr int kWhite = 1;       ///< Colour option: the default colour is 7 instead of 1. Any other
                                            ///< number but 0 does the same.
-    static constexpr int kStrictTable = 1; ///< Table option: binary group codes beyond early part drawings
-                                           ///< end the reading.
+    static constexpr int kStrictTable = 1; ///< Table option: in binary files group codes have two bytes, and
+                                           ///< those beyond early part drawings end the reading. Otherwise
+                                           ///< the first records show whether codes have one byte or two.
     static constexpr int kNoEntities = 1;  ///< Drawing option: header, tables and blocks only.
 
     /// An empty drawing; LoadDxf fills it.
@@ -367,8 +385,14 @@ public:
     [[nodiscard]] const CObList& GetTables() const { return tables_; }     ///< CTable.
     [[nodiscard]] const CStringArray& GetZufLines() const { return zufLines_; }
     [[nodiscard]] int GetDefaultColor() const { return defaultColor_; }
+    /// What was wrong with the file so far.
+    [[nodiscard]] const zu::dxf::Findings& GetFindings() const;
+    /// True when the records that were loaded begin as a drawing's do, with group code 0.
+    [[nodiscard]] bool IsDrawing() const { return isDrawing_; }
     /// Look-ups by the layer's name, whatever its case. A layer that is not there has the default colour, the
     /// linetype "CONTINUOUS" and the default line weight.
+    /// The colour is the layer's number as the file says: negative while the layer is off, which leaves its
+    /// absolute value as the colour. 0 and absolute values above 255 are no colours.
     [[nodiscard]] int GetLyColor(const wchar_t* layer) const;
     [[nodiscard]] CString GetLinetype(const wchar_t* layer) const;
     [[nodiscard]] int GetLineWeight(const wchar_t* layer) const;
@@ -381,7 +405,7 @@ public:
     /// 0 when the file begins with the 18 characters of a binary drawing; 1 otherwise, or when it can't be
     /// opened.
     static int IsAscii(const wchar_t* path);
-    /// True when reading the file finds an entity of a kept type.
+    /// True when the file holds an entity of a kept type in its ENTITIES section; reads no further than that.
     static bool CheckEntities(const wchar_t* path);
 
     /// Begins to read a file or lines without loading anything: the next GetRecord reads the first record.
@@ -432,7 +456,12 @@ public:
 
 private:
     void clear();
+    void load();
+    bool isAtEndOf(std::string_view end) const;
     void skipTo(std::string_view end);
+    bool toSection(bool isFirst);
+    bool skipToKeptEntity();
+    CTable* readTableName();
     void loadEntities();
     void readHeaderVariable(std::string_view variable);
     bool readBlockFields(CBlock& block);
@@ -442,11 +471,13 @@ private:
     int tableOption_ = 0;
     int drawingOption_ = 0;
     int ascii_ = 1;
+    bool isDrawing_ = false;
     int version_ = 0;
     int defaultColor_ = 1;
     double minX_ = 0, minY_ = 0, maxX_ = 0, maxY_ = 0;
     CString path_;
-    std::unique_ptr<zu::dxf::RecordInput> input_;
+    std::unique_ptr<zu::dxf::RecordInput> input_; ///< Null before and after reading.
+    zu::dxf::Findings findings_;                  ///< Of the input that was read.
     std::shared_ptr<zu::dxf::PartMemory> memory_;
     CEntList layers_;
     CEntList blocks_;

@@ -79,6 +79,8 @@ CAcadDxf::~CAcadDxf() = default;
 
 void CAcadDxf::clear() {
     ascii_ = 1;
+    isDrawing_ = false;
+    findings_ = {};
     version_ = 0;
     defaultColor_ = 1;
     minX_ = minY_ = maxX_ = maxY_ = 0;
@@ -162,16 +164,24 @@ bool CAcadDxf::Open(const CStringArray& lines) {
 int CAcadDxf::LoadDxf(const wchar_t* path) {
     if (!Open(path))
         return 0;
-    LoadDxfData();
-    input_.reset();
+    load();
     return 1;
 }
 
 int CAcadDxf::LoadDxf(const CStringArray& lines) {
     Open(lines);
-    LoadDxfData();
-    input_.reset();
+    load();
     return 1;
+}
+
+void CAcadDxf::load() {
+    LoadDxfData();
+    findings_ = input_->findings();
+    input_.reset();
+}
+
+const zu::dxf::Findings& CAcadDxf::GetFindings() const {
+    return input_ != nullptr ? input_->findings() : findings_;
 }
 
 // ---- records
@@ -189,11 +199,11 @@ CString CAcadDxf::GetText() const {
 }
 
 double CAcadDxf::GetReal() const {
-    return input_ != nullptr ? zu::dxf::realOf(input_->record(), input_->isBinary()) : 0;
+    return input_ != nullptr ? zu::dxf::realOf(input_->record(), input_->isBinary()).number : 0;
 }
 
 int CAcadDxf::GetInteger() const {
-    return input_ != nullptr ? zu::dxf::integerOf(input_->record(), input_->isBinary()) : 0;
+    return input_ != nullptr ? zu::dxf::integerOf(input_->record(), input_->isBinary()).number : 0;
 }
 
 int CAcadDxf::ReadBinData(wchar_t* buffer, int count) {

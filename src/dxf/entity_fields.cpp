@@ -69,7 +69,7 @@ constexpr FieldRules with(FieldRules rules, std::initializer_list<Entry> entries
 
 struct EntityFields::Types {
     static constexpr FieldRules common =
-        with({}, {entry(5, FieldKind::handle), field(8, &CEnt::layer_), field(62, &CEnt::m_color),
+        with({}, {entry(5, FieldKind::handle), field(8, &CEnt::layer_), entry(62, FieldKind::color),
                   entry(67, FieldKind::paper), entry(230, FieldKind::mirrored),
                   field(370, &CEnt::m_lineWeight), entry(101, FieldKind::embedded)});
 

@@ -14,7 +14,8 @@ enum class FieldKind : std::uint8_t {
     none,
     real,
     integer,
-    shortInteger, ///< In a short.
+    shortInteger, ///< The nearest one that a short holds.
+    color,        ///< By layer when it is none.
     text,
     name, ///< Text that many entities share.
     handle,

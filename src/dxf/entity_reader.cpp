@@ -5,6 +5,9 @@
 
 #include "dxf_records/number_text.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace zu::dxf {
 
 namespace {
@@ -27,11 +30,12 @@ public:
         }
         last_ = at_;
         at_ = record.end;
+        ++count_;
         return true;
     }
     void makeCurrent() const {
         if (last_ != nullptr)
-            input_.setCurrent(Form::take(last_, end_));
+            input_.setCurrent(Form::take(last_, end_), count_);
     }
 
 private:
@@ -50,6 +54,7 @@ private:
     }
     void goTo(const Place& place) {
         last_ = nullptr;
+        count_ = 0;
         at_ = place.ahead.at;
         end_ = place.ahead.end;
     }
@@ -58,20 +63,26 @@ private:
     const char* last_ = nullptr; ///< Null when the input's current record is the last one.
     const char* at_ = nullptr;
     const char* end_ = nullptr;
+    std::uint64_t count_ = 0; ///< Of the records since the input's current one.
 };
 
 /// Takes records into the entity that is being read.
 template <typename Form>
 class EntityBuilder {
 public:
-    EntityBuilder(PartMemory& memory, CEntList& list) : memory_(memory), list_(list) {}
+    EntityBuilder(RecordInput& input, PartMemory& memory, CEntList& list)
+        : input_(input), memory_(memory), list_(list) {}
 
     void start(std::string_view typeName) {
         finish();
         const KeptType* const type = EntityFields::typeNamed(typeName);
         const bool isVertex = type != nullptr && type->type == EntType::vertex;
-        if (type == nullptr || (isVertex && polyline_ == nullptr))
+        if (type == nullptr)
             return;
+        if (isVertex && polyline_ == nullptr) {
+            input_.report(typeName.data(), 0, "the vertex belongs to no polyline and is skipped");
+            return;
+        }
         entity_ = type->make(memory_.arena);
         rules_ = &type->rules;
         if (type->type == EntType::polyline)
@@ -86,9 +97,9 @@ public:
         const FieldRule& rule = (*rules_)[place];
         present_ |= rule.bit;
         if (rule.kind == FieldKind::real)
-            entity_->*rule.real = Form::real(value);
+            entity_->*rule.real = real(code, value);
         else
-            takeOther(*entity_, rule, value);
+            takeOther(*entity_, rule, code, value);
     }
 
     /// What follows is taken by no entity; the last one knows which records were there.
@@ -100,16 +111,41 @@ public:
     }
 
 private:
-    void takeOther(CEnt& entity, const FieldRule& rule, std::string_view value) {
+    template <typename Number>
+    Number reported(int code, std::string_view value, const ReadNumber<Number>& read) {
+        if (!read.problem.empty()) [[unlikely]]
+            input_.report(value.data(), code, read.problem);
+        return read.number;
+    }
+    double real(int code, std::string_view value) { return reported(code, value, Form::real(value)); }
+    int integer(int code, std::string_view value) { return reported(code, value, Form::integer(value)); }
+
+    static short nearestShort(int number) {
+        using Limits = std::numeric_limits<short>;
+        return static_cast<short>(std::clamp<int>(number, Limits::min(), Limits::max()));
+    }
+
+    short color(int code, std::string_view value) {
+        const int number = integer(code, value);
+        if (number >= CEnt::kByBlock && number <= CEnt::kByLayer)
+            return static_cast<short>(number);
+        input_.report(value.data(), code, "there is no such colour: the layer's is used");
+        return CEnt::kByLayer;
+    }
+
+    void takeOther(CEnt& entity, const FieldRule& rule, int code, std::string_view value) {
         switch (rule.kind) {
         case FieldKind::none:
         case FieldKind::real:
             break;
         case FieldKind::integer:
-            entity.*rule.integer = Form::integer(value);
+            entity.*rule.integer = integer(code, value);
             break;
         case FieldKind::shortInteger:
-            entity.*rule.shortInteger = static_cast<short>(Form::integer(value));
+            entity.*rule.shortInteger = nearestShort(integer(code, value));
+            break;
+        case FieldKind::color:
+            entity.m_color = color(code, value);
             break;
         case FieldKind::text:
             entity.*rule.text = memory_.keep(value);
@@ -118,35 +154,35 @@ private:
             entity.*rule.name = &memory_.names.get(value, memory_.text);
             break;
         case FieldKind::handle:
-            takeHandle(entity, value, rule.bit);
+            takeHandle(entity, code, value, rule.bit);
             break;
         case FieldKind::paper:
-            entity.m_paper = Form::integer(value) != 0;
+            entity.m_paper = integer(code, value) != 0;
             break;
         case FieldKind::mirrored:
-            entity.m_mirrored = Form::real(value) < 0;
+            entity.m_mirrored = real(code, value) < 0;
             break;
         case FieldKind::part:
             memory_.append(EntityFields::partsOf(entity), {memory_.keep(value)});
             break;
         case FieldKind::pointX:
-            memory_.append(EntityFields::pointsOf(entity), {Form::real(value), 0, 0});
+            memory_.append(EntityFields::pointsOf(entity), {real(code, value), 0, 0});
             break;
         case FieldKind::pointY:
             if (CDblPoint* const point = lastPointOf(entity))
-                point->y = Form::real(value);
+                point->y = real(code, value);
             break;
         case FieldKind::pointBulge:
             if (CDblPoint* const point = lastPointOf(entity))
-                point->bulge = Form::real(value);
+                point->bulge = real(code, value);
             break;
         case FieldKind::pointStartWidth:
             if (CDblWidth* const width = lastWidthOf(entity))
-                width->start = Form::real(value);
+                width->start = real(code, value);
             break;
         case FieldKind::pointEndWidth:
             if (CDblWidth* const width = lastWidthOf(entity))
-                width->end = Form::real(value);
+                width->end = real(code, value);
             break;
         case FieldKind::embedded:
             finish();
@@ -168,11 +204,12 @@ private:
         return points > 0 ? widths.items + (points - 1) : nullptr;
     }
 
-    void takeHandle(CEnt& entity, std::string_view value, std::uint32_t bit) {
+    void takeHandle(CEnt& entity, int code, std::string_view value, std::uint32_t bit) {
         std::uint64_t handle = 0;
         if (!zuhost::parsePlainHandle(value, handle)) {
             const auto other = zuhost::parseHandle(value);
             if (!other) {
+                input_.report(value.data(), code, "the handle is no hexadecimal number and is ignored");
                 present_ &= ~bit;
                 return;
             }
@@ -181,6 +218,7 @@ private:
         EntityFields::setHandle(entity, handle);
     }
 
+    RecordInput& input_;
     PartMemory& memory_;
     CEntList& list_;
     CPline* polyline_ = nullptr;
@@ -192,7 +230,7 @@ private:
 template <typename Form>
 void readAll(RecordInput& input, PartMemory& memory, CEntList& list) {
     RecordRun<Form> records(input);
-    EntityBuilder<Form> builder(memory, list);
+    EntityBuilder<Form> builder(input, memory, list);
     builder.start(input.record().value);
     TakenRecord record;
     while (records.next(record)) {
@@ -208,6 +246,11 @@ void readAll(RecordInput& input, PartMemory& memory, CEntList& list) {
 }
 
 } // namespace
+
+bool isKeptEntity(std::string_view typeName) {
+    const KeptType* const type = EntityFields::typeNamed(typeName);
+    return type != nullptr && type->type != EntType::vertex;
+}
 
 void readEntities(RecordInput& input, PartMemory& memory, CEntList& list) {
     if (input.isBinary())

@@ -3,8 +3,11 @@
 #include "entity_reader.h"
 #include "part_memory.h"
 #include "record_input.h"
+#include "values.h"
 
 #include <string_view>
+
+using zu::dxf::RecordInput;
 
 namespace {
 
@@ -20,14 +23,25 @@ std::wstring folded(const CString& name) {
     return std::wstring(text.view());
 }
 
+template <typename Number>
+Number reported(RecordInput& input, const zu::dxf::ReadNumber<Number>& read) {
+    if (!read.problem.empty())
+        input.report(read.problem);
+    return read.number;
+}
+
+double reportedReal(RecordInput& input) {
+    return reported(input, zu::dxf::realOf(input.record(), input.isBinary()));
+}
+
+int reportedInteger(RecordInput& input) {
+    return reported(input, zu::dxf::integerOf(input.record(), input.isBinary()));
+}
+
 } // namespace
 
 void CAcadDxf::LoadDxfData() {
-    if (input_ == nullptr || Skip(0) == 0)
-        return;
-    while (at(0, "SECTION")) {
-        if (GetRecord() == 0 || GetCode() != 2)
-            return;
+    for (bool more = toSection(true); more; more = toSection(false)) {
         if (at(2, "HEADER"))
             LoadHeader();
         else if (at(2, "TABLES"))
@@ -38,16 +52,38 @@ void CAcadDxf::LoadDxfData() {
             loadEntities();
         else
             skipTo("ENDSEC");
-        // Some writers end the header twice.
-        do {
-            if (Skip(0) == 0)
-                return;
-        } while (at(0, "ENDSEC"));
     }
 }
 
+/// Reads on to the name of the next section; false when there is none.
+bool CAcadDxf::toSection(bool isFirst) {
+    if (input_ == nullptr || GetRecord() == 0)
+        return false;
+    if (isFirst)
+        isDrawing_ = GetCode() == 0;
+    // Some programs end the header twice.
+    while (GetCode() != 0 || (!isFirst && at(0, "ENDSEC")))
+        if (GetRecord() == 0)
+            return false;
+    if (!at(0, "SECTION")) {
+        if (!at(0, "EOF"))
+            input_->report("reading ends here: a section or the end of the file is expected");
+        return false;
+    }
+    if (GetRecord() == 0)
+        return false;
+    if (GetCode() != 2)
+        input_->report("reading ends here: the section has no name");
+    return GetCode() == 2;
+}
+
+/// A section may end before what is in it does.
+bool CAcadDxf::isAtEndOf(std::string_view end) const {
+    return at(0, end) || at(0, "ENDSEC");
+}
+
 void CAcadDxf::skipTo(std::string_view end) {
-    while (GetRecord() != 0 && !at(0, end)) {
+    while (GetRecord() != 0 && !isAtEndOf(end)) {
     }
 }
 
@@ -69,13 +105,13 @@ void CAcadDxf::LoadHeader() {
 void CAcadDxf::readHeaderVariable(std::string_view variable) {
     const int code = GetCode();
     if (variable == "$EXTMIN" && code == 10)
-        minX_ = GetReal();
+        minX_ = reportedReal(*input_);
     else if (variable == "$EXTMIN" && code == 20)
-        minY_ = GetReal();
+        minY_ = reportedReal(*input_);
     else if (variable == "$EXTMAX" && code == 10)
-        maxX_ = GetReal();
+        maxX_ = reportedReal(*input_);
     else if (variable == "$EXTMAX" && code == 20)
-        maxY_ = GetReal();
+        maxY_ = reportedReal(*input_);
     else if (variable == "$DWGCODEPAGE" && code == 3)
         memory_->text.setCodePage(trimmed(input_->record().value));
     else if (variable == "$ACADVER" && code == 1) {
@@ -88,21 +124,35 @@ void CAcadDxf::LoadTables() {
     while (GetRecord() != 0 && !at(0, "ENDSEC")) {
         if (!at(0, "TABLE"))
             continue;
-        if (GetRecord() == 0 || GetCode() != 2)
+        const CTable* const table = readTableName();
+        if (table != nullptr && table->m_name == L"LAYER")
+            LoadLayer();
+        else if (!isAtEndOf("ENDTAB"))
+            skipTo("ENDTAB");
+        if (at(0, "ENDSEC"))
             return;
+    }
+}
+
+/// The table of the current record with its name, which is then the current record; null when it has none.
+CTable* CAcadDxf::readTableName() {
+    for (bool isFirst = true; GetRecord() != 0 && GetCode() != 0; isFirst = false) {
+        if (GetCode() != 2)
+            continue;
+        if (!isFirst)
+            input_->report("the table doesn't begin with its name");
         auto* const table = new CTable;
         tables_.AddTail(table);
         table->m_name = GetText();
-        if (at(2, "LAYER"))
-            LoadLayer();
-        else
-            skipTo("ENDTAB");
+        return table;
     }
+    input_->report("the table has no name and is skipped");
+    return nullptr;
 }
 
 void CAcadDxf::LoadLayer() {
     CLayer* layer = nullptr;
-    while (GetRecord() != 0 && !at(0, "ENDTAB")) {
+    while (GetRecord() != 0 && !isAtEndOf("ENDTAB")) {
         const int code = GetCode();
         if (code == 0) {
             layer = at(0, "LAYER") ? new CLayer : nullptr;
@@ -116,11 +166,11 @@ void CAcadDxf::LoadLayer() {
         } else if (code == 6) {
             layer->m_linetype = GetText();
         } else if (code == 62) {
-            layer->m_color = GetInteger();
+            layer->m_color = reportedInteger(*input_);
         } else if (code == 70) {
-            layer->m_flags = GetInteger();
+            layer->m_flags = reportedInteger(*input_);
         } else if (code == 370) {
-            layer->m_lineWeight = GetInteger();
+            layer->m_lineWeight = reportedInteger(*input_);
         }
     }
 }
@@ -159,16 +209,16 @@ bool CAcadDxf::readBlockFields(CBlock& block) {
                 block.m_name = GetText();
             break;
         case 10:
-            block.m_x = GetReal();
+            block.m_x = reportedReal(*input_);
             break;
         case 20:
-            block.m_y = GetReal();
+            block.m_y = reportedReal(*input_);
             break;
         case 30:
-            block.m_z = GetReal();
+            block.m_z = reportedReal(*input_);
             break;
         case 70:
-            block.m_flags = GetInteger();
+            block.m_flags = reportedInteger(*input_);
             break;
         default:
             break;
@@ -186,7 +236,23 @@ void CAcadDxf::LoadEnt(CEntList& list) {
     zu::dxf::readEntities(*input_, *memory_, list);
 }
 
+/// Reads on to an entity that LoadEnt would keep; false, and at the end of the section, when there is none.
+bool CAcadDxf::skipToKeptEntity() {
+    while (GetRecord() != 0 && !isAtEndOf("ENDBLK"))
+        if (GetCode() == 0 && zu::dxf::isKeptEntity(input_->record().value))
+            return true;
+    return false;
+}
+
 bool CAcadDxf::CheckEntities(const wchar_t* path) {
-    const CAcadDxf part(path);
-    return part.GetEntities().IsEmpty() == FALSE;
+    CAcadDxf part;
+    if (!part.Open(path))
+        return false;
+    for (bool more = part.toSection(true); more; more = part.toSection(false)) {
+        if (!part.at(2, "ENTITIES"))
+            part.skipTo("ENDSEC");
+        else if (part.skipToKeptEntity())
+            return true;
+    }
+    return false;
 }

@@ -8,11 +8,24 @@ namespace zu::dxf {
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{64} * 1024;
+/// Devices without end have no line ends either: the buffer must not grow for ever.
+constexpr std::size_t kLongestRecord = std::size_t{64} * 1024 * 1024;
+/// A file that is no drawing at all has something wrong everywhere.
+constexpr std::size_t kMostKept = 50;
 
 /// An unreadable file ends where reading fails.
 std::size_t readFrom(CFile& file, char* target, std::size_t count) {
     try {
         return file.Read(target, static_cast<UINT>(count));
+    } catch (const CFileException&) {
+        return 0;
+    }
+}
+
+/// 0 for a pipe, which has no length.
+std::uint64_t lengthOf(CFile& file) {
+    try {
+        return file.GetLength();
     } catch (const CFileException&) {
         return 0;
     }
@@ -26,8 +39,9 @@ std::unique_ptr<RecordInput> RecordInput::open(const wchar_t* path, CodeTable ta
         file->Open(path, CFile::modeRead | CFile::shareDenyNone | CFile::typeBinary) == FALSE)
         return nullptr;
     std::unique_ptr<RecordInput> input(new RecordInput);
-    input->length_ = file->GetLength();
-    input->capacity_ = static_cast<std::size_t>(std::min<std::uint64_t>(input->length_ + 1, kBlock));
+    input->length_ = lengthOf(*file);
+    const bool isSmall = input->length_ > 0 && input->length_ < kBlock;
+    input->capacity_ = isSmall ? static_cast<std::size_t>(input->length_) + 1 : kBlock;
     input->file_ = std::move(file);
     input->table_ = table;
     input->buffer_ = std::make_unique_for_overwrite<char[]>(input->capacity_);
@@ -50,7 +64,7 @@ void RecordInput::start() {
     using namespace zuhost::dxf;
     const std::string_view bytes(buffer_.get(), size_);
     if (binary_) {
-        form_ = BinaryReader(bytes).codeForm();
+        form_ = BinaryReader(bytes, table_).codeForm();
         used_ = std::min(kBinarySentinel.size(), size_);
         usual_ = form_ == CodeForm::words && table_ == CodeTable::complete;
         return;
@@ -63,6 +77,10 @@ void RecordInput::start() {
 
 void RecordInput::refill() {
     const std::size_t kept = size_ - used_;
+    if (kept >= kLongestRecord) {
+        file_.reset();
+        return;
+    }
     if (kept == capacity_) {
         auto larger = std::make_unique_for_overwrite<char[]>(capacity_ * 2);
         std::copy_n(buffer_.get() + used_, kept, larger.get());
@@ -73,6 +91,7 @@ void RecordInput::refill() {
     }
     const std::size_t got = readFrom(*file_, buffer_.get() + kept, capacity_ - kept);
     size_ = kept + got;
+    dropped_ += used_;
     used_ = 0;
     if (got < capacity_ - kept)
         file_.reset();
@@ -85,7 +104,43 @@ RecordInput::Ahead RecordInput::ahead() const {
     return {at, usual_ ? std::max(at, end) : at};
 }
 
-void RecordInput::setCurrent(const TakenRecord& taken) {
+void RecordInput::add(std::uint64_t line, std::uint64_t offset, int code, std::string_view problem) {
+    if (findings_.kept.size() < kMostKept)
+        findings_.kept.push_back({line, offset, code, problem});
+    ++findings_.count;
+}
+
+void RecordInput::report(const char* place, int code, std::string_view problem) {
+    if (findings_.kept.size() == kMostKept) {
+        ++findings_.count;
+        return;
+    }
+    const char* const here = buffer_.get() + used_;
+    const char* const at = place != nullptr ? place : here;
+    const std::uint64_t offset = dropped_ + static_cast<std::uint64_t>(at - buffer_.get());
+    if (binary_) {
+        add(0, offset, code, problem);
+        return;
+    }
+    // The line of a value follows that of its group code.
+    const auto lines = [this](const char* from, const char* to) {
+        return static_cast<std::uint64_t>(std::count(from, to, lineEnd_));
+    };
+    add((at >= here ? line_ + lines(here, at) : line_ - lines(at, here)) - 1, offset, code, problem);
+}
+
+void RecordInput::reportEnd(std::string_view problem) {
+    if (hasEnded_)
+        return;
+    hasEnded_ = true;
+    const bool hasCode = binary_ && form_ == zuhost::dxf::CodeForm::words && size_ - used_ >= 2;
+    const auto byteAt = [this](std::size_t at) { return static_cast<unsigned char>(buffer_[at]); };
+    const int code = hasCode ? byteAt(used_) | byteAt(used_ + 1) << 8 : Findings::kNoCode;
+    add(binary_ ? 0 : line_, dropped_ + used_, code, problem);
+}
+
+void RecordInput::setCurrent(const TakenRecord& taken, std::uint64_t count) {
+    line_ += 2 * count;
     record_.code = taken.code;
     record_.value = taken.value;
     used_ = static_cast<std::size_t>(taken.end - buffer_.get());
@@ -101,31 +156,51 @@ bool RecordInput::takeUsual() {
     return true;
 }
 
-zuhost::dxf::ReadResult RecordInput::read(Record& record, bool& incomplete) const {
+zuhost::dxf::ReadResult RecordInput::read(Record& record, zuhost::dxf::RecordError& error) const {
     const std::string_view bytes(buffer_.get() + used_, size_ - used_);
     const auto next = [&](auto reader) {
         const zuhost::dxf::ReadResult result = reader.next(record);
-        incomplete = reader.error().incomplete;
+        error = reader.error();
         return result;
     };
     return binary_ ? next(zuhost::dxf::BinaryReader(bytes, form_, table_))
                    : next(zuhost::dxf::AsciiReader(bytes, lineEnd_));
 }
 
+bool RecordInput::skipBlankLine() {
+    const std::string_view bytes(buffer_.get() + used_, size_ - used_);
+    const std::size_t end = binary_ ? std::string_view::npos : bytes.find(lineEnd_);
+    if (end == std::string_view::npos || bytes.substr(0, end).find_first_not_of(" \t\r") < end)
+        return false;
+    used_ += end + 1;
+    ++line_;
+    return true;
+}
+
 bool RecordInput::takeOther() {
     using zuhost::dxf::ReadResult;
+    bool isAfterBlank = false;
     for (;;) {
+        while (skipBlankLine())
+            isAfterBlank = true;
         Record read;
-        bool incomplete = false;
-        const ReadResult result = this->read(read, incomplete);
+        zuhost::dxf::RecordError error;
+        const ReadResult result = this->read(read, error);
         if (result == ReadResult::record && (file_ == nullptr || used_ + read.end < size_)) {
+            if (isAfterBlank)
+                add(line_ - 1, dropped_ + used_, Findings::kNoCode,
+                    "a blank line before a group code is skipped");
             record_ = read;
             used_ += read.end;
+            line_ += 2;
             return true;
         }
         record_.value = {};
-        if (file_ == nullptr || (result == ReadResult::error && !incomplete))
+        if (file_ == nullptr || (result == ReadResult::error && !error.incomplete)) {
+            if (result == ReadResult::error)
+                reportEnd(error.problem);
             return false;
+        }
         refill();
     }
 }
@@ -142,7 +217,9 @@ std::size_t RecordInput::readBytes(char* target, std::size_t count) {
     std::size_t delivered = 0;
     while (delivered < count) {
         const std::size_t piece = std::min(count - delivered, size_ - used_);
-        std::copy_n(buffer_.get() + used_, piece, target + delivered);
+        const char* const start = buffer_.get() + used_;
+        std::copy_n(start, piece, target + delivered);
+        line_ += static_cast<std::uint64_t>(std::count(start, start + piece, lineEnd_));
         used_ += piece;
         delivered += piece;
         if (used_ < size_ || delivered == count)

@@ -11,19 +11,30 @@ namespace zu::dxf {
 
 using zuhost::dxf::TakenRecord;
 
-// How values lie in the records of either form. A value that is no finite number is 0; of an integer the
-// leading digits count.
+// How values lie in the records of either form. A number that other text follows counts by its leading part;
+// a value that is no finite number is 0.
+
+/// A number with what is wrong with its spelling: a constant text, empty for a good number.
+template <typename Number>
+struct ReadNumber {
+    Number number = 0;
+    std::string_view problem;
+};
+
+inline constexpr std::string_view kNotFinite = "the number is not finite: 0 is used";
 
 struct AsciiForm {
     static TakenRecord take(const char* at, const char* end) { return zuhost::dxf::takeAsciiRecord(at, end); }
-    static double real(std::string_view value) {
+    static ReadNumber<double> real(std::string_view value) {
         double number = 0;
-        return zuhost::parsePlainReal(value, number) ? number : otherReal(value);
+        if (zuhost::parsePlainReal(value, number))
+            return {number, {}};
+        return otherReal(value);
     }
-    static int integer(std::string_view value);
+    static ReadNumber<int> integer(std::string_view value);
 
 private:
-    static double otherReal(std::string_view value);
+    static ReadNumber<double> otherReal(std::string_view value);
 };
 
 struct BinaryForm {
@@ -31,16 +42,18 @@ struct BinaryForm {
         return zuhost::dxf::takeBinaryRecord(at, end);
     }
     /// Of a record whose group code means a real number.
-    static double real(std::string_view value) {
+    static ReadNumber<double> real(std::string_view value) {
         const double number = zuhost::dxf::realAt(value.data());
-        return std::isfinite(number) ? number : 0;
+        if (std::isfinite(number))
+            return {number, {}};
+        return {0, kNotFinite};
     }
     /// Of a record whose group code means an integer.
-    static int integer(std::string_view value);
+    static ReadNumber<int> integer(std::string_view value);
 };
 
-/// 0 for a record whose group code means something else.
-[[nodiscard]] double realOf(const zuhost::dxf::Record& record, bool binary);
-[[nodiscard]] int integerOf(const zuhost::dxf::Record& record, bool binary);
+/// 0 for a record whose group code means another kind of value.
+[[nodiscard]] ReadNumber<double> realOf(const zuhost::dxf::Record& record, bool binary);
+[[nodiscard]] ReadNumber<int> integerOf(const zuhost::dxf::Record& record, bool binary);
 
 } // namespace zu::dxf

@@ -1,8 +1,7 @@
 #include <zucomn/dxf.h>
 
-#include "dxf_records/number_text.h"
+#include "values.h"
 
-#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -15,8 +14,7 @@ double numberOf(const CString& text) {
     std::string digits;
     for (const wchar_t c : wide)
         digits += c > 0 && c < 0x80 ? static_cast<char>(c) : '?';
-    const double number = zuhost::parseReal(digits).value_or(0);
-    return std::isfinite(number) ? number : 0;
+    return zu::dxf::AsciiForm::real(digits).number;
 }
 
 /// The path with the three characters after its last point replaced.

@@ -1,9 +1,11 @@
 """Part drawings listed and drawn: sizes and places of pictures, and drawings that mean ill."""
+import json
 import os
 import struct
+import subprocess
 import tempfile
 
-from program import SAMPLES, check, run, run_json, sample
+from program import SAMPLES, ZU, check, run, run_json, sample
 
 
 def size_of_picture(path):
@@ -44,7 +46,18 @@ def check_foreign(folder):
         run("part", path, status=status)
 
 
+def check_faults():
+    """A drawing is read from a pipe; what was wrong with it is listed, up to a number."""
+    lines = "0\nSECTION\n2\nENTITIES\n0\nLINE\n" + "10\n12abc\n" * 60 + "0\nENDSEC\n0\nEOF\n"
+    done = subprocess.run([ZU, "part", "/dev/stdin", "--json"], input=lines, capture_output=True, text=True)
+    check(done.returncode == 0 and json.loads(done.stdout)["entities"][0]["p1"] == [12, 0], "a pipe is read")
+    warnings = done.stderr.splitlines()
+    check(warnings[0].startswith("/dev/stdin:7: warning: group code 10: "), "place of a fault")
+    check(len(warnings) == 51 and "10 more" in warnings[-1], "number of warnings")
+
+
 with tempfile.TemporaryDirectory() as folder:
+    check_faults()
     picture = os.path.join(folder, "fan.png")
     listing = run("part", sample("parts/binary/equip-fan.dxf"), "--preview", picture)
     check(listing.startswith("binary, version 1015, "), "form and version")

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
+#include <tuple>
 
 namespace zu::test {
 namespace {
@@ -117,6 +119,43 @@ TEST(Damaged, LongLinesAndLostStructure) {
         const PartFile file(c.bytes);
         EXPECT_EQ(countOf(CAcadDxf(file.path())), c.entities) << c.bytes.substr(0, 60);
     }
+}
+
+TEST(Damaged, FaultsAreReadAroundAndListed) {
+    std::string good; // More than a block of the reader, before the faults of entities.
+    for (int i = 0; i < 10000; ++i)
+        good += "0\nCIRCLE\n";
+    const std::string bytes =
+        "999\n \n0\nSECTION\n2\nTABLES\n0\nTABLE\n0\nENDTAB\n0\nTABLE\n5\n2\n2\nLAYER\n0\nLAYER\n2\nA\n"
+        "62\n-7x\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" +
+        good +
+        "\n \n0\nTEXT\n62\n65537\n10\n12abc\n20\nnan\n370\n99999\n0\nVERTEX\n0\nLINE\n10\n5\n70\n1\n62\n-1\n"
+        "0\nENDSEC\n0\nLINE\n";
+    for (const char end : {'\n', '\r'}) {
+        std::string text = bytes;
+        std::replace(text.begin(), text.end(), '\n', end);
+        const PartFile file(text);
+        const CAcadDxf part(file.path());
+        std::string places;
+        for (const dxf::Finding& finding : part.GetFindings().kept)
+            places += std::to_string(finding.line) + ":" + std::to_string(finding.code) + " ";
+        EXPECT_EQ(places, "9:0 15:2 21:62 20030:-1 20033:62 20035:10 20037:20 20041:0 20049:62 20053:0 ");
+        EXPECT_EQ(part.GetLyColor(L"a"), -7);
+        ASSERT_EQ(part.GetEntities().GetCount(), 10002);
+        const auto* const line = static_cast<const CEnt*>(part.GetEntities().GetTail());
+        POSITION last = part.GetEntities().GetTailPosition();
+        part.GetEntities().GetPrev(last);
+        const auto& odd = static_cast<const CText&>(*part.GetEntities().GetPrev(last));
+        EXPECT_EQ(std::tuple(odd.m_x, odd.m_y), std::tuple(12, 0));
+        EXPECT_EQ(std::tuple(odd.m_color, line->m_color, odd.m_lineWeight), std::tuple(256, 256, 32767));
+    }
+    std::string many = "0\nSECTION\n2\nENTITIES\n0\nLINE\n";
+    for (int i = 0; i < 1000; ++i)
+        many += "10\nx\n";
+    const PartFile file(many);
+    const CAcadDxf part(file.path());
+    EXPECT_EQ(part.GetFindings().count, 1000U);
+    EXPECT_EQ(part.GetFindings().kept.size(), 50U);
 }
 
 TEST(Damaged, LineEndsOfEveryKind) {

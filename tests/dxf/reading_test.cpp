@@ -44,7 +44,7 @@ TEST(Reading, FieldsOfDamagedAndOddEntities) {
                              {10, "5"},     {1, "not the text"}, {0, "POINT"}, {5, " 1f "},
                              {0, "POINT"},  {5, "1G"},           {0, "LINE"},  {5, "1234567890123456A"}}));
     ASSERT_EQ(list.size(), 6U);
-    EXPECT_EQ(list[0]["p1"], PlainJson({1.5, 0.0}));
+    EXPECT_EQ(list[0]["p1"], PlainJson({1.5, 2.0}));
     EXPECT_EQ(list[0]["color"], 3);
     EXPECT_EQ(list[0]["p2"], PlainJson({0.0, 0.0}));
     EXPECT_EQ(list[0]["handle"], nullptr);
@@ -123,6 +123,24 @@ TEST(Reading, StrictTableEndsAtOtherCodes) {
     const PlainJson strict = modelOf(CAcadDxf(file.path(), 0, CAcadDxf::kStrictTable))["entities"];
     ASSERT_EQ(strict.size(), 1U);
     EXPECT_EQ(strict[0]["layer"], "");
+}
+
+TEST(Reading, FirstRecordsShowTheWidthOfBinaryCodes) {
+    using namespace std::string_literals;
+    const std::string sentinel = binaryDrawing("").substr(0, 22);
+    struct Case {
+        std::string bytes;
+        int complete;
+        int strict;
+    };
+    const Case cases[] = {
+        {sentinel + "\0SECTION\0\2ENTITIES\0\0POINT\0\0ENDSEC\0"s, 1, 0},
+        {sentinel + binaryText(9, "first") + binaryDrawing(binaryText(0, "POINT")).substr(22), 1, 1}};
+    for (const Case& c : cases) {
+        const PartFile file(c.bytes);
+        EXPECT_EQ(CAcadDxf(file.path()).GetEntities().GetCount(), c.complete);
+        EXPECT_EQ(CAcadDxf(file.path(), 0, CAcadDxf::kStrictTable).GetEntities().GetCount(), c.strict);
+    }
 }
 
 TEST(Reading, RecordsOneByOne) {

@@ -76,7 +76,8 @@ enum class CodeTable {
 /// The records of a binary drawing in memory.
 class BinaryReader {
 public:
-    /// Bytes with or without the sentinel; the form of group codes is found out from the first record.
+    /// Bytes with or without the sentinel. With the complete table the form of group codes is found out from
+    /// the first records; with the strict one they have two bytes.
     explicit BinaryReader(std::string_view bytes, CodeTable table = CodeTable::complete);
     /// Bytes that start at any record, with group codes of a known form.
     BinaryReader(std::string_view bytes, CodeForm form, CodeTable table = CodeTable::complete)

@@ -46,7 +46,7 @@ private:
 class File {
 public:
     enum class Mode {
-        read,
+        read,      ///< Of a pipe too; one that nothing has opened for writing is empty.
         createNew, ///< Fails when the file is there.
         replace,   ///< Created, or emptied when it is there.
         append,
