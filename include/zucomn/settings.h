@@ -31,8 +31,8 @@ ZUCOMN_API int ZuComn_readConfig(wchar_t* buffer, const wchar_t* file, const wch
                                  const wchar_t* key);
 
 /// Writes a value to "ZuConfig.ini", adding section and key where they are missing; a null value deletes the
-/// key, a null key the section. The file argument is ignored. Nonzero on success; otherwise, as when the
-/// file's encoding can't hold the value, the file is as it was.
+/// key, a null key the section. The file argument is ignored. Nonzero on success; otherwise, as when a text
+/// holds a line end or the file's encoding can't hold the value, the file is as it was.
 ZUCOMN_API int ZuComn_writeConfig(const wchar_t* section, const wchar_t* key, const wchar_t* value,
                                   const wchar_t* file);
 

@@ -16,7 +16,8 @@ ZUCOMN_API int ZuComn_SeparateString(const wchar_t* text, CStringArray& fields, 
 ZUCOMN_API int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, const wchar_t* columns,
                                      const wchar_t* separator);
 
-/// Takes a path apart. Each buffer that is given must hold a path of MAX_PATH characters.
+/// Takes a path apart. Each buffer that is given must hold MAX_PATH characters; a longer part is cut to fit,
+/// its end left out, so that no path writes beyond the buffers.
 /// name: after the last "\\", empty without one. title: between the last "\\" and the last ".", empty when
 /// there is no such piece. extension: after the last "." of the whole path, wherever it lies; empty when
 /// there is none or it is the first character. directory: the first level + 1 components (the drive counts as
@@ -33,9 +34,10 @@ ZUCOMN_API double ZUComn_AngleAptitude(double degrees);
 
 /// A number as text with so many digits behind the point (negative: as the option "実数精度桁数" says),
 /// counted as significant digits beyond those of the whole part. A magnitude of at most 0.001 is written with
-/// at most so many places, zeros at the end left out; only from 17 places on as the others. Precision 0 gives
-/// the whole number, held within the range of int: cut off towards zero, or with the rounding flag, which
-/// matters here only, rounded with halves away from zero.
+/// at most so many places, zeros at the end left out; from 17 places on as the others; without a digit within
+/// the precision as zero with one place less ("0.00" for 3). Precision 0 gives the whole number, however
+/// large: cut off towards zero, or with the rounding flag, which matters here only, rounded with halves away
+/// from zero.
 ZUCOMN_API CString ZuComn_RealFormat(double value, int precision, int rounding);
 
 /// Adds a number to a combo box whose list is kept sorted and written in one style: mode 0 whole numbers, 1

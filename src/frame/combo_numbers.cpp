@@ -1,5 +1,6 @@
 #include "combo_numbers.h"
 
+#include "numbers.h"
 #include "zucomn/strings.h"
 
 #include <afxwin.h>
@@ -43,10 +44,11 @@ std::vector<CString> withNumber(const std::vector<CString>& items, const CString
         numbers.push_back(_wtof(item));
     numbers.push_back(_wtof(added));
     std::stable_sort(numbers.begin(), numbers.end());
+    const int precision = mode < 0 ? configuredPrecision() : 0;
     std::vector<CString> texts;
     texts.reserve(numbers.size());
     for (const double number : numbers)
-        texts.push_back(comboNumber(number, mode));
+        texts.push_back(mode < 0 ? ZuComn_RealFormat(number, precision, 1) : comboNumber(number, mode));
     return texts;
 }
 

@@ -1,28 +1,26 @@
+#include "numbers.h"
+
 #include "zucomn/settings.h"
 #include "zucomn/strings.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
-#include <limits>
+#include <string>
 
 namespace {
 
 constexpr double kSmall = 0.001;
 constexpr int kMostPlaces = 16;
 constexpr double kFullTurn = 360.0;
+constexpr int kMostDigits = 400;
 
-/// Towards zero, kept within the range of int.
-int truncated(double value) {
-    if (std::isnan(value))
-        return std::numeric_limits<int>::min();
-    constexpr double kLeast = std::numeric_limits<int>::min();
-    constexpr double kMost = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(value, kLeast, kMost));
-}
-
+/// Towards zero, without limit: a whole part may be longer than any integer type. Adding 0.0 keeps a negative
+/// zero from being written "-0".
 CString whole(double value) {
     CString text;
-    text.Format(L"%d", truncated(value));
+    text.Format(L"%.0f", std::trunc(value) + 0.0);
     return text;
 }
 
@@ -41,41 +39,39 @@ bool isSmall(double value) {
     return (value > 0.0 && value <= kSmall) || (value < 0.0 && value >= -kSmall);
 }
 
-/// Places behind the point that show `precision` digits of a small value without trailing zeros.
-int placesOf(double value, int precision) {
-    double fraction = std::abs(value) - std::floor(std::abs(value));
-    int leadingZeros = 0;
-    int digits = 0;
-    for (int i = 0; i < precision; ++i) {
-        fraction *= 10.0;
-        if (digits == 0 && truncated(fraction) == 0)
-            ++leadingZeros;
-        else
-            ++digits;
-    }
-    const CString shown = whole(fraction);
-    const int trailingZeros = shown.GetLength() - CString(shown).TrimRight(L'0').GetLength();
-    return digits - trailingZeros + leadingZeros;
+/// The digits behind the point of a magnitude below 1, in the shortest form that reads as the same number:
+/// multiplying by 10 instead would turn 0.0003 into 0.00029999...
+std::string decimalsOf(double magnitude) {
+    constexpr std::size_t kPoint = 2; // "0."
+    std::array<char, 400> buffer{};
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude, std::chars_format::fixed);
+    const std::string text(buffer.data(), end.ptr);
+    return text.size() > kPoint ? text.substr(kPoint) : std::string();
 }
 
 CString smallReal(double value, int precision, int significantDigits) {
-    const int places = placesOf(value, std::min(precision, 2 * kMostPlaces));
+    const std::string shown = decimalsOf(std::abs(value)).substr(0, static_cast<std::size_t>(precision));
+    const std::size_t last = shown.find_last_not_of('0');
+    // Without a digit within the precision, one of the zeros counts as a trailing one.
+    const int places = last != std::string::npos ? static_cast<int>(last) + 1 : precision - 1;
     if (places > kMostPlaces)
         return significant(value, significantDigits);
     if (places <= 0)
         return whole(value);
     CString text;
     text.Format(L"%0.*f", places, value);
-    return text;
-}
-
-int configuredPrecision() {
-    CString value;
-    ZuComn_readEnvConfig(value, L"実数精度桁数");
-    return _wtoi(value);
+    // Rounding the last place up may leave a zero there.
+    return last != std::string::npos ? text.TrimRight(L'0') : text;
 }
 
 } // namespace
+
+int zu::configuredPrecision() {
+    CString value;
+    ZuComn_readEnvConfig(value, L"実数精度桁数");
+    return std::max(_wtoi(value), 0);
+}
 
 double ZuComn_C4O5I(double value) {
     // Adding 0.0 turns a negative zero, which would be written "-0", into a positive one.
@@ -97,8 +93,8 @@ double ZUComn_AngleAptitude(double degrees) {
 
 CString ZuComn_RealFormat(double value, int precision, int rounding) {
     if (precision < 0)
-        precision = configuredPrecision();
-    const int digits = wholeDigits(value) + std::min(precision, 400);
+        precision = zu::configuredPrecision();
+    const int digits = wholeDigits(value) + std::min(precision, kMostDigits);
     if (precision == 0)
         return whole(rounding == 0 ? value : (value < 0.0 ? value - 0.5 : value + 0.5));
     return isSmall(value) ? smallReal(value, precision, digits) : significant(value, digits);

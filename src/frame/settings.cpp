@@ -89,6 +89,11 @@ CString olderValue(const Option& option) {
                                       : olderSeparator();
 }
 
+/// Such a text would make lines of its own in the file.
+bool holdsLineEnd(const wchar_t* text) {
+    return text != nullptr && std::wstring_view(text).find_first_of(L"\r\n") != std::wstring_view::npos;
+}
+
 } // namespace
 
 void ZuComn_SetIniFile(const CString& path) {
@@ -130,6 +135,8 @@ int ZuComn_readConfig(wchar_t* buffer, const wchar_t* file, const wchar_t* secti
 
 int ZuComn_writeConfig(const wchar_t* section, const wchar_t* key, const wchar_t* value,
                        const wchar_t* /*file*/) {
+    if (holdsLineEnd(section) || holdsLineEnd(key) || holdsLineEnd(value))
+        return FALSE;
     return WritePrivateProfileStringW(section, key, value, configurationFile());
 }
 

@@ -87,6 +87,8 @@ TEST_F(Settings, WritesAndCutsValues) {
     EXPECT_NE(ZuComn_writeConfig(L"環境設定", L"長い値", longValue, L"ignored"), 0);
     EXPECT_EQ(ZuComn_readConfig(L"", L"環境設定", L"長い値"), longValue.Left(511));
     EXPECT_EQ(ZuComn_writeConfig(L"環境設定", L"長い値", L"850㎥", L"ignored"), 0);
+    EXPECT_EQ(ZuComn_writeConfig(L"環境設定", L"長い値", L"a\n[b]", L"ignored"), 0);
+    EXPECT_EQ(ZuComn_writeConfig(L"環境設定", L"k\rl", L"a", L"ignored"), 0);
     EXPECT_EQ(ZuComn_readConfig(L"", L"環境設定", L"長い値"), longValue.Left(511));
 }
 

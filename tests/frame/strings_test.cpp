@@ -1,11 +1,14 @@
 #include "combo_numbers_fixture.h"
 #include "fields.h"
+#include "sample_settings.h"
 
 #include <zucomn/strings.h>
+#include <zuhost/file_ops.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -108,14 +111,29 @@ TEST(Numbers, RealFormat) {
         int precision;
         int rounding;
         const wchar_t* text;
-    } cases[] = {{12.3456, 2, 0, L"12.35"},   {-12.3456, 2, 0, L"-12.35"},
-                 {0.0, 3, 0, L"0"},           {2.5, 0, 0, L"2"},
-                 {2.5, 0, 1, L"3"},           {-2.5, 0, 1, L"-3"},
-                 {0.001, 3, 0, L"0.001"},     {0.00012, 5, 0, L"0.00012"},
-                 {-0.0005, 4, 0, L"-0.0005"}, {1234567.5, 1, 0, L"1234567.5"},
-                 {1e-9, 3, 0, L"0.00"},       {0.0003, 1, 0, L"0"},
-                 {-0.5, 2, 0, L"-0.5"},       {0.0005, 20, 0, L"0.000500000000000000010408"},
-                 {3e9, 0, 0, L"2147483647"},  {3e9, 1, 0, L"3000000000"}};
+    } cases[] = {{12.3456, 2, 0, L"12.35"},
+                 {-12.3456, 2, 0, L"-12.35"},
+                 {0.0, 3, 0, L"0"},
+                 {2.5, 0, 0, L"2"},
+                 {2.5, 0, 1, L"3"},
+                 {-2.5, 0, 1, L"-3"},
+                 {0.001, 3, 0, L"0.001"},
+                 {0.00012, 5, 0, L"0.00012"},
+                 {-0.0005, 4, 0, L"-0.0005"},
+                 {1234567.5, 1, 0, L"1234567.5"},
+                 {1e-9, 3, 0, L"0.00"},
+                 {0.0003, 1, 0, L"0"},
+                 {-0.5, 2, 0, L"-0.5"},
+                 {0.0005, 20, 0, L"0.0005"},
+                 {0.0003, 5, 0, L"0.0003"},
+                 {0.000199, 5, 0, L"0.0002"},
+                 {0.00012345678901234567, 20, 0, L"0.000123456789012345671298"},
+                 {-2.5e9, 0, 0, L"-2500000000"},
+                 {2.5e9, 0, 1, L"2500000000"},
+                 {1e20, 0, 0, L"100000000000000000000"},
+                 {2500000000000.25, 2, 0, L"2500000000000.25"},
+                 {-0.3, 0, 0, L"0"},
+                 {3e9, 1, 0, L"3000000000"}};
     for (const auto& c : cases)
         EXPECT_STREQ(ZuComn_RealFormat(c.value, c.precision, c.rounding), c.text)
             << c.value << ' ' << c.precision;
@@ -136,6 +154,19 @@ TEST_F(ComboNumbers, AreKeptSortedInOneStyle) {
     EXPECT_EQ(items(), (Fields{L"0.25", L"1", L"2", L"2.3", L"3", L"10"}));
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3.7", -1), -1); // no precision is configured
     EXPECT_EQ(items(), (Fields{L"0", L"1", L"2", L"2", L"3", L"4", L"10"}));
+    // The settings are read as often for many numbers as for few.
+    const zuhost::file_ops::FailAt never(std::numeric_limits<std::uint64_t>::max());
+    const SampleSettings settings;
+    const auto readings = [&] {
+        const std::uint64_t before = never.count();
+        ZuComn_ComboBoxAdd(box, std::to_wstring(before).c_str(), -1);
+        return never.count() - before;
+    };
+    const std::uint64_t few = readings();
+    EXPECT_GT(few, 0U);
+    for (int i = 100; i < 150; ++i)
+        box.AddString(std::to_wstring(i).c_str());
+    EXPECT_EQ(readings(), few);
 }
 
 } // namespace
