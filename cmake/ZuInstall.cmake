@@ -14,7 +14,6 @@ install(DIRECTORY include/zucomn DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 foreach(part mfc mfc/windows arx/base arx/db arx/editor arxutil)
   install(DIRECTORY host/${part}/include/ DESTINATION ${ZU_HOST_INCLUDEDIR})
 endforeach()
-install(FILES src/resources/en.strings DESTINATION ${CMAKE_INSTALL_LIBDIR}/1033 RENAME ZuComn.strings)
 
 install(EXPORT ZuComnTargets NAMESPACE ZuComn:: DESTINATION ${ZU_CMAKEDIR})
 configure_package_config_file(cmake/ZuComnConfig.cmake.in ZuComnConfig.cmake INSTALL_DESTINATION ${ZU_CMAKEDIR})
