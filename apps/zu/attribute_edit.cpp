@@ -1,78 +1,33 @@
 #include "attribute_edit.h"
 
+#include "drawing_file.h"
 #include "text.h"
 
-#include <arxutil.h>
-#include <dbents.h>
-#include <dbobjptr.h>
-#include <dbsymtb.h>
-#include <zucomn/attributes.h>
+#include <afxcoll.h>
 #include <zucomn/frame.h>
+#include <zucomn/model/attributes.h>
 #include <zucomn/settings.h>
 #include <zucomn/tables.h>
 
 namespace zu::app {
 
-namespace {
-
-constexpr const wchar_t* kApplication = L"ZU_ATTR";
-
-/// Empty when the element's layer is not locked.
-std::string lockedLayer(AcDbObjectId id) {
-    const AcDbObjectPointer<AcDbEntity> entity(id);
-    if (entity.openStatus() != Acad::eOk)
-        return {};
-    const AcDbObjectPointer<AcDbLayerTableRecord> layer(entity->layerId());
-    return layer.openStatus() == Acad::eOk && layer->isLocked() ? narrow(layer->name()) : std::string();
-}
-
-CString searchKey(const std::string& key) {
-    const CString text = wide(key);
-    return text.Right(1) == L"|" ? text : text + L"|";
-}
-
-enum class Outcome { changed, noAttribute, failed };
-
-Outcome setAttribute(AcDbObjectId id, const CString& key, const CString& value) {
-    CStringArray record;
-    ApiComn_extractAttributesArrayID(id, kApplication, record);
-    const int place = CAttributeData::FindAtt(&record, key);
-    if (place < 0)
-        return Outcome::noAttribute;
-    // What no "|" ends would be dropped.
-    if (record[place].Find(L'|', key.GetLength()) < 0)
-        record[place] += L"|";
-    CAttributeData::SetAtAtt(&record, key, value);
-    return ApiComn_appendAttributesArray(id, kApplication, record) == 0 ? Outcome::changed : Outcome::failed;
-}
-
-bool hasAttribute(AcDbObjectId id, const CString& key) {
-    CStringArray record;
-    ApiComn_extractAttributesArrayID(id, kApplication, record);
-    return CAttributeData::FindAtt(&record, key) >= 0;
-}
-
-} // namespace
-
 AttributeEdit editAttribute(const std::vector<AcDbObjectId>& elements, const std::string& key,
                             const std::string& value, bool askedByName) {
+    const zucomn::AttributeValue wanted{std::wstring(wide(key).SpanExcluding(L"|").view()),
+                                        std::wstring(wide(value).view())};
     AttributeEdit edit;
-    const CString search = searchKey(key);
-    for (const AcDbObjectId id : elements) {
-        if (!hasAttribute(id, search)) {
+    for (const zucomn::EditedElement& edited : zucomn::editAttributes(elements, {&wanted, 1})) {
+        const std::string handle = handleText(edited.element);
+        if (!edited.hasAttribute) {
             if (askedByName)
-                edit.skipped.push_back({id, "no attribute " + key});
-            continue;
+                edit.skipped.push_back({handle, "no attribute " + key});
+        } else if (edited.outcome == zucomn::EditOutcome::lockedLayer) {
+            edit.skipped.push_back({handle, "layer " + narrow(edited.layer) + " is locked"});
+        } else if (edited.outcome == zucomn::EditOutcome::failed) {
+            edit.skipped.push_back({handle, "its attributes can't be written"});
+        } else {
+            edit.changed.push_back(handle);
         }
-        const std::string layer = lockedLayer(id);
-        if (!layer.empty()) {
-            edit.skipped.push_back({id, "layer " + layer + " is locked"});
-            continue;
-        }
-        if (setAttribute(id, search, wide(value)) == Outcome::changed)
-            edit.changed.push_back(id);
-        else
-            edit.skipped.push_back({id, "its attributes can't be written"});
     }
     return edit;
 }

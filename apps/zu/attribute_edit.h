@@ -8,18 +8,18 @@
 namespace zu::app {
 
 struct SkippedElement {
-    AcDbObjectId id;
+    std::string handle;
     std::string why;
 };
 
+/// The outcome of an edit by handles. Elements that had the value already count as changed.
 struct AttributeEdit {
-    std::vector<AcDbObjectId> changed;
+    std::vector<std::string> changed;
     std::vector<SkippedElement> skipped;
 };
 
-/// Sets one attribute of each element that has it. Elements on locked layers, and those whose record can't be
-/// written, are skipped; elements without the attribute are passed over, or skipped where they were asked for
-/// by name.
+/// Sets one attribute of each element that has it. Elements without the attribute are skipped where they were
+/// asked for by name, otherwise left out.
 [[nodiscard]] AttributeEdit editAttribute(const std::vector<AcDbObjectId>& elements, const std::string& key,
                                           const std::string& value, bool askedByName);
 

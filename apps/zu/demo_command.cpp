@@ -105,7 +105,7 @@ AttributeEdit editAll(const std::vector<Element>& elements) {
     AttributeEdit edit = editAttribute(ids, kKey, kNewValue, false);
     step.say(edit.changed.size(), " elements changed");
     for (const SkippedElement& skipped : edit.skipped)
-        step.say("skipped ", handleText(skipped.id), ": ", skipped.why);
+        step.say("skipped ", skipped.handle, ": ", skipped.why);
     return edit;
 }
 
@@ -116,11 +116,11 @@ void saveDrawing(DrawingFile& drawing, const std::string& path) {
 }
 
 /// The saved drawing must hold the new value where it was written, and the old one everywhere else.
-void checkSaved(const std::string& path, const AttributeEdit& edit, const std::vector<std::string>& changed) {
+void checkSaved(const std::string& path, const AttributeEdit& edit) {
     const Step step(6, "Open what was saved and compare");
     const DrawingFile saved(path);
     std::size_t found = 0;
-    for (const std::string& handle : changed)
+    for (const std::string& handle : edit.changed)
         for (const auto& row : readAttributeRows(saved.find(handle)))
             found += row[3] == kKey && row[4] == kNewValue ? 1 : 0;
     if (found != edit.changed.size())
@@ -176,11 +176,8 @@ void run(const Options& options) {
     const std::vector<Element> elements = listElements(*drawing);
     showAttributes(elements);
     const AttributeEdit edit = editAll(elements);
-    std::vector<std::string> changed;
-    for (const AcDbObjectId id : edit.changed)
-        changed.push_back(handleText(id));
     saveDrawing(*drawing, result);
-    checkSaved(result, edit, changed);
+    checkSaved(result, edit);
     drawPicture(*drawing, (fs::path(options.output) / "office-floor-plan.png").string());
     drawWindow(elements, sample.string(), (fs::path(options.output) / "attribute-window.png").string());
     std::cout << "\nDone. The results are in " << fs::absolute(options.output).lexically_normal().string()

@@ -38,19 +38,16 @@ std::vector<AcDbObjectId> targets(const DrawingFile& drawing, const Options& opt
 }
 
 void print(const AttributeEdit& edit, bool asJson) {
-    Json changed = Json::array();
-    for (const AcDbObjectId id : edit.changed)
-        changed.push_back(handleText(id));
-    Json skipped = Json::array();
-    for (const SkippedElement& element : edit.skipped)
-        skipped.push_back({{"handle", handleText(element.id)}, {"why", element.why}});
     if (asJson) {
-        printJson({{"changed", changed}, {"skipped", skipped}});
+        Json skipped = Json::array();
+        for (const SkippedElement& element : edit.skipped)
+            skipped.push_back({{"handle", element.handle}, {"why", element.why}});
+        printJson({{"changed", edit.changed}, {"skipped", skipped}});
         return;
     }
     std::cout << edit.changed.size() << " elements changed\n";
     for (const SkippedElement& element : edit.skipped)
-        std::cout << "skipped " << handleText(element.id) << ": " << element.why << '\n';
+        std::cout << "skipped " << element.handle << ": " << element.why << '\n';
 }
 
 void requireStorable(const std::string& value) {

@@ -2,7 +2,7 @@
 // process of its own that has just opened the drawing.
 #include "elements.h"
 
-#include "attributes/model/write_back.h"
+#include "attributes/views/apply.h"
 #include "own_process.h"
 
 #include <arxutil.h>

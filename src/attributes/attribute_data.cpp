@@ -15,12 +15,6 @@ namespace {
 /// Makes the class known by its name as soon as the library is loaded.
 [[maybe_unused]] const AcRxClass* const registeredClass = CAttributeData::desc();
 
-} // namespace
-
-namespace {
-
-constexpr const wchar_t* kApplication = L"ZU_ATTR";
-
 bool clearsInMode(int mode) {
     return mode == 0 || mode == 2;
 }
@@ -110,7 +104,7 @@ int CAttributeData::GetExtensionElementData(AcDbObjectId entity, CStringArray& o
     const AcDbObjectPointer<AcDbObject> object(entity, AcDb::kForRead, true);
     if (object.openStatus() != Acad::eOk)
         return -1;
-    return ApiComn_extractAttributesArray(object.object(), kApplication, out) != 0 ? 1 : 0;
+    return ApiComn_extractAttributesArray(object.object(), zu::kAttributeApplication, out) != 0 ? 1 : 0;
 }
 
 CString CAttributeData::GetValueAttID(AcDbObjectId entity, const wchar_t* key) {
@@ -119,7 +113,7 @@ CString CAttributeData::GetValueAttID(AcDbObjectId entity, const wchar_t* key) {
 }
 
 int CAttributeData::SetAttributeData(AcDbObjectId entity, const CStringArray& list) {
-    return ApiComn_appendAttributesArray(entity, kApplication, list);
+    return ApiComn_appendAttributesArray(entity, zu::kAttributeApplication, list);
 }
 
 int CAttributeData::WriteData(const CPtrArray& tables, CPtrArray& out) {

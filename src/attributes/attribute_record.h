@@ -8,6 +8,9 @@
 
 namespace zu {
 
+/// The application of extended data that holds the record.
+inline constexpr const wchar_t* kAttributeApplication = L"ZU_ATTR";
+
 /// Number of columns of a row, and of its stored fields (columns 3 to 8).
 inline constexpr int kRowColumns = 9;
 inline constexpr int kFirstStoredColumn = 3;

@@ -4,16 +4,26 @@
 #include <zucomn/settings.h>
 #include <zucomn/tables.h>
 
+#include <optional>
+
 namespace zu {
 
 namespace {
 
-void readIfEmpty(CPtrArray& table, const CString& folder, const wchar_t* file) {
-    if (!table.IsEmpty())
-        return;
+constexpr const wchar_t* kParameters = L"属性IDパラメータ.csv";
+constexpr const wchar_t* kTitles = L"属性IDタイトル.csv";
+
+/// The standard-parts folder of the settings.
+std::optional<CString> tableFolder() {
+    CString folder;
+    return ZuComn_GetEnv(folder, ZUCE_INIFILE, L"環境設定", L"標準部品") == 0 ? std::optional(folder)
+                                                                              : std::nullopt;
+}
+
+bool read(CPtrArray& table, const CString& folder, const wchar_t* file) {
     CString path;
     path.Format(L"%s\\%s", folder, file);
-    ZuComn_ReadConfigFile(path, table, 0, nullptr, L"|", 0);
+    return ZuComn_ReadConfigFile(path, table, 0, nullptr, L"|", 0) == 0;
 }
 
 } // namespace
@@ -37,12 +47,16 @@ void AttributeTables::clear() {
 
 void AttributeTables::readMissing() {
     triedFor_ = ZUCE_INIFILE;
-    const bool isComplete = !titles_.IsEmpty() && !parameters_.IsEmpty();
-    CString folder;
-    if (isComplete || ZuComn_GetEnv(folder, ZUCE_INIFILE, L"環境設定", L"標準部品") != 0)
-        return;
-    readIfEmpty(parameters_, folder, L"属性IDパラメータ.csv");
-    readIfEmpty(titles_, folder, L"属性IDタイトル.csv");
+    const std::optional<CString> folder = tableFolder();
+    if (folder && parameters_.IsEmpty())
+        read(parameters_, *folder, kParameters);
+    if (folder && titles_.IsEmpty())
+        read(titles_, *folder, kTitles);
+}
+
+bool AttributeTables::readParameters(CPtrArray& records) {
+    const std::optional<CString> folder = tableFolder();
+    return folder && read(records, *folder, kParameters);
 }
 
 } // namespace zu

@@ -23,6 +23,10 @@ public:
     [[nodiscard]] const CPtrArray& titles() const { return titles_; }
     [[nodiscard]] const CPtrArray& parameters() const { return parameters_; }
 
+    /// Reads the parameter table anew into `records`, which the caller frees with ZuComn_RemoveAllFree.
+    /// False, with `records` untouched, when the settings name no folder or the file can't be read.
+    static bool readParameters(CPtrArray& records);
+
     /// Empties both tables, so that they are read again.
     void clear();
 

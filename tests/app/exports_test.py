@@ -1,12 +1,13 @@
-"""The exported set of the library is exactly what its public headers declare."""
+"""The exported set of the library is exactly what its public headers declare: the names of the interface, and namespace
+zucomn by the headers in model/."""
 import glob
 import re
 import subprocess
 import sys
 
 library, headers = sys.argv[1:3]
-functions, variables, classes = set(), set(), set()
-for path in glob.glob(headers + "/*.h"):
+functions, variables, classes, modern = set(), set(), set(), set()
+for path in glob.glob(headers + "/**/*.h", recursive=True):
     with open(path, encoding="utf-8") as f:
         text = re.sub(r"//[^\n]*", "", f.read())
     text = re.sub(r"#[^\n]*", "", text)
@@ -14,26 +15,32 @@ for path in glob.glob(headers + "/*.h"):
     for declaration in re.findall(r"(?<!class )(?<!struct )\bZUCOMN_API\b([^;{]*)", text):
         call = re.search(r"(\w+)\s*\(", declaration)
         name = call.group(1) if call else declaration.split()[-1]
-        (functions if call else variables).add(name)
+        if "/model/" in path:
+            modern.add("zucomn::" + name)
+        else:
+            (functions if call else variables).add(name)
 
 listed = subprocess.run(["nm", "-D", "--defined-only", "-C", library], capture_output=True, text=True, check=True).stdout
 exported = {line.split(" ", 2)[2] for line in listed.splitlines()}
-exported_functions, exported_variables, strange = set(), set(), []
+exported_functions, exported_variables, exported_modern, strange = set(), set(), set(), []
 for symbol in exported:
-    name = re.split(r"[(\[]", symbol)[0]
+    name = re.split(r"[(\[]", symbol)[0].split(" ")[-1] if " for " not in symbol else symbol
     described = re.fullmatch(r"(?:vtable|typeinfo|typeinfo name) for (\w+)", symbol)
     if described and described.group(1) in classes or name.split("::")[0] in classes:
         continue
     if symbol.startswith(("non-virtual thunk", "virtual thunk", "guard variable")) and any(c in symbol for c in classes):
         continue
-    if name in functions:
+    if name in modern:
+        exported_modern.add(name)
+    elif name in functions:
         exported_functions.add(name)
     elif name in variables:
         exported_variables.add(name)
     elif name != "acrxEntryPoint":
         strange.append(symbol)
 
-missing = sorted((functions - exported_functions) | (variables - exported_variables))
+missing = sorted((functions - exported_functions) | (variables - exported_variables) | (modern - exported_modern))
 if missing or strange or "acrxEntryPoint" not in exported:
     sys.exit("declared but not exported: %s\nexported but not declared: %s" % (missing, sorted(strange)[:20]))
-print("%d functions, %d variables, %d classes: exported as declared" % (len(functions), len(variables), len(classes)))
+print("interface: %d functions, %d variables, %d classes; zucomn: %d functions; exported as declared"
+      % (len(functions), len(variables), len(classes), len(modern)))

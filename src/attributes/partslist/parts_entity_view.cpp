@@ -1,9 +1,9 @@
 #include <zucomn/parts_list_views.h>
 
 #include "attributes/model/field_rules.h"
-#include "attributes/model/write_back.h"
 #include "attributes/partslist/attribute_lines.h"
 #include "attributes/partslist/lines_file.h"
+#include "attributes/views/apply.h"
 #include "attributes/views/attribute_pane.h"
 #include "attributes/views/entity_list.h"
 #include "frame/library_text.h"
@@ -278,7 +278,7 @@ bool CUPEntView::GetAttIDCode(CString& code, const CPtrArray& table, const CStri
 }
 
 int CUPEntView::layerLockState(AcDbObjectId entity) {
-    return zu::tellLockedLayer(entity) ? 1 : 0;
+    return zu::warnWhenLocked(entity) ? 1 : 0;
 }
 
 // ---- commands

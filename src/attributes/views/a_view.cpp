@@ -1,5 +1,5 @@
 #include "attributes/model/field_rules.h"
-#include "attributes/model/write_back.h"
+#include "attributes/views/apply.h"
 #include "attributes/views/attribute_pane.h"
 #include "frame/module_state.h"
 
@@ -83,7 +83,7 @@ bool CAView::IsUpdateEnable(const CString& text) {
 
 int CAView::layerLockState(AcDbObjectId entity) {
     const zu::ResourceScope scope;
-    return zu::tellLockedLayer(entity) ? 1 : 0;
+    return zu::warnWhenLocked(entity) ? 1 : 0;
 }
 
 void CAView::OnSelected() {

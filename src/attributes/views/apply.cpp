@@ -1,29 +1,72 @@
-#include "attributes/model/write_back.h"
-#include "attributes/views/attribute_pane.h"
-#include "frame/module_state.h"
+#include "attributes/views/apply.h"
 
-#include <zucomn/frame.h>
-#include <zucomn/settings.h>
+#include "attributes/attribute_tables.h"
+#include "attributes/model/edit_elements.h"
+#include "attributes/model/layer_locks.h"
+#include "attributes/views/attribute_pane.h"
+#include "frame/library_text.h"
+#include "frame/module_state.h"
+#include "frame/resource_ids.h"
+
+#include <acutads.h>
+#include <afxwin.h>
+#include <arxutil.h>
 #include <zucomn/tables.h>
+
+#include <algorithm>
+
+using zucomn::EditedElement;
+using zucomn::EditOutcome;
 
 namespace zu {
 
-bool readParameters(CPtrArray& records) {
-    CString folder;
-    if (ZuComn_GetEnv(folder, ZUCE_INIFILE, L"環境設定", L"標準部品") != 0)
-        return false;
-    CString path;
-    path.Format(L"%s\\%s", folder, L"属性IDパラメータ.csv");
-    return ZuComn_ReadConfigFile(path, records, 0, nullptr, L"|", 0) == 0;
+namespace {
+
+constexpr const wchar_t* kUpdateSections = L"ZU_ATTREDIT_SEC3D";
+
+void warnOfLock(const CString& layer) {
+    CString message = libraryText(text::kLayerLocked);
+    message.Replace(L"%s", layer);
+    AfxMessageBox(message, MB_OK | MB_ICONSTOP);
 }
 
-int applyToEntities(const AttributePane& pane, std::span<const AcDbObjectId> entities) {
+void report(const std::vector<EditedElement>& edited) {
+    for (const EditedElement& element : edited)
+        if (element.outcome == EditOutcome::lockedLayer)
+            warnOfLock(CString(element.layer));
+    const auto unplaced = std::count_if(edited.begin(), edited.end(),
+                                        [](const EditedElement& element) { return element.isUnplaced; });
+    if (unplaced > 0)
+        acutPrintf(libraryText(text::kHeightsNotNumbers) + L"\n", static_cast<int>(unplaced));
+}
+
+} // namespace
+
+bool warnWhenLocked(AcDbObjectId element) {
+    const CString layer = LayerLocks().lockedLayer(element);
+    if (!layer.IsEmpty())
+        warnOfLock(layer);
+    return !layer.IsEmpty();
+}
+
+int writeBack(std::span<const AcDbObjectId> elements, std::span<const ShownItem> items,
+              const ParameterIndex& parameters) {
+    const ResourceScope scope;
+    const std::vector<EditedElement> edited = editElements(elements, writableItems(items, parameters));
+    report(edited);
+    ApiComn_sendCommand(kUpdateSections, 1, 0, 1);
+    return static_cast<int>(std::count_if(edited.begin(), edited.end(), [](const EditedElement& element) {
+        return element.outcome == EditOutcome::changed;
+    }));
+}
+
+int applyToEntities(const AttributePane& pane, std::span<const AcDbObjectId> elements) {
     const ResourceScope scope;
     CPtrArray records;
-    const bool hasParameters = readParameters(records);
+    const bool hasParameters = AttributeTables::readParameters(records);
     const ParameterIndex parameters(records);
     ZuComn_RemoveAllFree(records);
-    return hasParameters ? writeBack(entities, pane.items(), parameters) : 0;
+    return hasParameters ? writeBack(elements, pane.items(), parameters) : 0;
 }
 
 } // namespace zu

@@ -3,7 +3,6 @@
 #include "attributes/attribute_rows.h"
 #include "attributes/attribute_tables.h"
 #include "attributes/model/field_rules.h"
-#include "attributes/model/write_back.h"
 #include "attributes/views/entity_attributes.h"
 #include "frame/library_text.h"
 #include "frame/module_state.h"

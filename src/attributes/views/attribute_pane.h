@@ -45,11 +45,4 @@ private:
 /// Orders attribute ids as people do: letters first, then the number in them. Below, at or above 0.
 [[nodiscard]] int compareIds(const CString& left, const CString& right);
 
-/// The parameter table as the settings' file has it now. False when it can't be read.
-bool readParameters(CPtrArray& records);
-
-/// Writes the pane's values to the entities, as far as the parameter table can be read; returns how many
-/// changed.
-int applyToEntities(const AttributePane& pane, std::span<const AcDbObjectId> entities);
-
 } // namespace zu

@@ -1,4 +1,5 @@
 #include "attributes/model/field_rules.h"
+#include "attributes/views/apply.h"
 #include "attributes/views/attribute_pane.h"
 #include "attributes/views/entity_list.h"
 #include "frame/library_text.h"

@@ -16,7 +16,7 @@ std::vector<ShownItem> shownItemsOf(std::span<const AcDbObjectId> entities) {
     std::vector<const CStringArray*> found;
     for (const AcDbObjectId entity : entities) {
         CStringArray& list = lists.emplace_back();
-        if (ApiComn_extractAttributesArrayID(entity, L"ZU_ATTR", list) == 0)
+        if (ApiComn_extractAttributesArrayID(entity, kAttributeApplication, list) == 0)
             found.push_back(&list);
         progress.advance();
     }

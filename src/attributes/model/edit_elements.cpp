@@ -1,0 +1,132 @@
+#include "attributes/model/edit_elements.h"
+
+#include "attributes/attribute_record.h"
+#include "attributes/model/layer_locks.h"
+#include "attributes/model/progress_scope.h"
+#include "frame/resource_ids.h"
+
+#include <arxutil.h>
+#include <dbmain.h>
+#include <zucomn/attributes.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <set>
+
+using zucomn::EditedElement;
+using zucomn::EditOutcome;
+
+namespace zu {
+
+namespace {
+
+constexpr const wchar_t* kMountingHeight = L"S401";
+
+/// Makes one undo step of each drawing of what is changed in it during the scope.
+class UndoStep {
+public:
+    explicit UndoStep(std::span<const AcDbObjectId> elements) {
+        for (const AcDbObjectId id : elements)
+            if (AcDbDatabase* const drawing = id.database())
+                drawings_.insert(drawing);
+        begin();
+    }
+    ~UndoStep() { begin(); } // later changes belong to another step
+    UndoStep(const UndoStep&) = delete;
+    UndoStep& operator=(const UndoStep&) = delete;
+
+private:
+    void begin() const {
+        for (AcDbDatabase* const drawing : drawings_)
+            drawing->startUndoRecord();
+    }
+
+    std::set<AcDbDatabase*> drawings_;
+};
+
+bool isNumber(const CString& text) {
+    std::string digits;
+    for (const wchar_t c : text.view())
+        digits += static_cast<char32_t>(c) < 0x80 ? static_cast<char>(c) : '?';
+    const char* const first = digits.data() + (digits.starts_with('+') ? 1 : 0);
+    const char* const last = digits.data() + digits.size();
+    double number = 0.0;
+    const auto [end, error] = std::from_chars(first, last, number);
+    return error == std::errc() && end == last && std::isfinite(number);
+}
+
+/// A record without a mounting height is all right.
+bool canBePlaced(const CStringArray& record) {
+    const CString height = CAttributeData::GetValueAtt(&record, kMountingHeight).Trim();
+    return height.IsEmpty() || isNumber(height);
+}
+
+bool hasAnyOf(const CStringArray& record, std::span<const ShownItem> values) {
+    return std::any_of(values.begin(), values.end(), [&](const ShownItem& item) {
+        return CAttributeData::FindAtt(&record, item.key) >= 0;
+    });
+}
+
+EditedElement edit(AcDbObjectId element, std::span<const ShownItem> values, const CString& lockedLayer) {
+    CStringArray record;
+    const bool isRead = ApiComn_extractAttributesArrayID(element, kAttributeApplication, record) == 0;
+    EditedElement edited{element, EditOutcome::noAttribute, isRead && hasAnyOf(record, values), false,
+                         std::wstring(lockedLayer.view())};
+    if (!lockedLayer.IsEmpty()) {
+        edited.outcome = EditOutcome::lockedLayer;
+    } else if (edited.hasAttribute) {
+        if (!applyItems(record, values)) {
+            edited.outcome = EditOutcome::unchanged;
+        } else if (ApiComn_appendAttributesArray(element, kAttributeApplication, record) != 0) {
+            edited.outcome = EditOutcome::failed;
+        } else {
+            edited.outcome = EditOutcome::changed;
+            edited.isUnplaced = !canBePlaced(record);
+        }
+    }
+    return edited;
+}
+
+} // namespace
+
+std::vector<EditedElement> editElements(std::span<const AcDbObjectId> elements,
+                                        std::span<const ShownItem> values) {
+    const UndoStep step(elements);
+    ProgressScope progress(text::kWritingAttributes, elements.size());
+    LayerLocks locks;
+    std::vector<EditedElement> edited;
+    edited.reserve(elements.size());
+    for (const AcDbObjectId element : elements) {
+        edited.push_back(edit(element, values, locks.lockedLayer(element)));
+        progress.advance();
+    }
+    return edited;
+}
+
+} // namespace zu
+
+std::vector<EditedElement> zucomn::editAttributes(std::span<const AcDbObjectId> elements,
+                                                  std::span<const AttributeValue> values) {
+    std::vector<zu::ShownItem> items;
+    for (const AttributeValue& value : values)
+        items.push_back({CString(value.id) + L"|", CString(value.value)});
+    return zu::editElements(elements, items);
+}
+
+std::vector<zucomn::AttributeRow> zucomn::readAttributes(AcDbObjectId element) {
+    std::vector<AttributeRow> rows;
+    CStringArray list;
+    if (ApiComn_extractAttributesArrayID(element, zu::kAttributeApplication, list) != 0)
+        return rows;
+    const auto record = zu::decodeRecord(list);
+    if (!record)
+        return rows;
+    const auto text = [](const CString& field) { return std::wstring(field.view()); };
+    for (const zu::ItemFields& item : record->items) {
+        AttributeRow& row = rows.emplace_back(AttributeRow{text(record->first), text(record->second),
+                                                           text(CAttributeData::GetItemName(item[0]))});
+        std::transform(item.begin(), item.end(), row.begin() + zu::kFirstStoredColumn, text);
+    }
+    return rows;
+}
