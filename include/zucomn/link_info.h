@@ -14,20 +14,25 @@
 /// False, with nothing appended, when the file is missing or holds no records.
 ZUCOMN_API bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys, CStringArray& values);
 
-/// Merges pairs into the file: records with one of the keys are written anew in their place, the other pairs
-/// follow at the end. Of a key given twice the first pair counts. There have to be as many values as keys.
+/// Merges pairs into the file: records with one of the keys are replaced in their place, the other pairs
+/// follow the last record, before a line "END". Of a key given twice the first pair counts. There have to be
+/// as many values as keys.
 ///
-/// Every line counts here, comments and what follows "END" too: a line without "|" is taken for one of the
-/// key of the next record, which then has another key. Only the last of several such lines stays, and none
-/// that no record follows. Records that don't change keep their bytes, blank lines go. A new file is in code
-/// page 932, an old one keeps its encoding. The old file stays as the backup: the path with "bak" behind its
-/// last ".", for a path without "." "LinkInfo.lif" in the system folder.
+/// Refuses all pairs when one could not be read back: no key holds "|", more than one line end, a line that
+/// begins with "#", a line end after nothing or after "END" (in any case), or white space at the start or end
+/// of a line; no value holds "|" or a line end; neither holds the characters 0x0D, 0x1A and NUL. A key whose
+/// characters the file's encoding reads back as others is refused too.
+///
+/// A line without "|" is taken for one of the key of the next record. Only the last of several such lines
+/// stays, and none that no record follows. Records that don't change, comments and everything from "END" on
+/// keep their bytes; blank lines are dropped. A new file is in code page 932, an old one keeps its encoding.
+/// The old file stays as the backup: the path with "bak" after its last ".", for a path without "."
+/// "LinkInfo.lif" in the system folder. Components of the path are separated by "\\" or "/".
 ///
 /// True when the new file is in place. At any moment the path holds the whole old file or the whole new one;
-/// a link there is followed, and the access rights stay. When only the last step fails, that is told in a
-/// message box, and the backup and the temporary file ("__Temp.tmp" in the same folder, or "LinkInfo.tmp" in
-/// the system folder for a bare name) stay. Any other failure leaves the old file, without a message; so does
-/// a character that the file's encoding can't hold, and a line of more than 16 MiB in the old or the new
-/// file.
+/// a link there is followed, and the access rights stay. When only the last step fails, a message box says
+/// so, and the backup and the temporary file ("__Temp.tmp" in the same folder, or "LinkInfo.tmp" in the
+/// system folder for a bare name) stay. Any other failure leaves the old file, without a message; so does a
+/// character that the file's encoding can't hold, and a line of more than 16 MiB in the old or the new file.
 ZUCOMN_API bool ZuComn_SaveLinkInfo(const wchar_t* path, const CStringArray& keys,
                                     const CStringArray& values);

@@ -24,4 +24,8 @@ bool ColumnSelection::lists(int number) const {
     return std::find(numbers_->begin(), numbers_->end(), number) != numbers_->end();
 }
 
+bool endsTable(std::wstring_view line) {
+    return line.size() == 3 && _wcsicmp(std::wstring(line).c_str(), L"END") == 0;
+}
+
 } // namespace zu

@@ -7,7 +7,7 @@
 
 namespace zu {
 
-/// Which fields of a line are kept, told by a text of decimal numbers parted by commas.
+/// Which fields of a line are kept, as a text of decimal numbers separated by commas says.
 class ColumnSelection {
 public:
     /// Null keeps every field.
@@ -24,6 +24,14 @@ private:
     while (!text.empty() && text.back() == L' ')
         text.remove_suffix(1);
     return text;
+}
+
+/// "END" in any case, alone in its line without the line end, ends a table.
+[[nodiscard]] bool endsTable(std::wstring_view line);
+
+/// Lines whose first character is "#" are comments.
+[[nodiscard]] inline bool isComment(std::wstring_view line) {
+    return line.starts_with(L'#');
 }
 
 /// Gives each kept field of the line, without trailing spaces, to `take`. Fields are numbered from 1; the

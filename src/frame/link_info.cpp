@@ -50,13 +50,13 @@ struct WorkingNames {
 
 /// False when a name lies in the system folder and the settings name none.
 bool findNames(const CString& path, WorkingNames& names) {
-    const int separator = path.ReverseFind(L'\\');
+    const int separator = std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/'));
     const int point = path.ReverseFind(L'.');
     CString system;
     if (!ZuComn_GetSystemPath(system) && (separator < 0 || point < 0))
         return false;
     if (separator >= 0)
-        names.temporary = path.Left(separator) + L"\\__Temp.tmp";
+        names.temporary = path.Left(separator + 1) + L"__Temp.tmp";
     else
         names.temporary.Format(L"%s\\LinkInfo.tmp", system);
     if (point >= 0)
@@ -109,13 +109,13 @@ bool writeTemporary(const CString& temporary, const CString& path, const std::ve
             return true;
         }
     } catch (const CFileException&) {
-        // Told by the result; the file being created is given up below.
+        // Reported by the result; the file being created is discarded below.
     }
     file.Abort();
     return false;
 }
 
-void tellFailedSave(DWORD error) {
+void showFailedSave(DWORD error) {
     CString message;
     message.Format(zu::libraryText(zu::text::kSaveFailed), static_cast<int>(error));
     AfxMessageBox(message, MB_OK | MB_ICONSTOP);
@@ -129,7 +129,7 @@ bool putInPlace(const WorkingNames& names, const CString& path) {
         CopyFileW(path, names.backup, FALSE);
     }
     if (!CopyFileW(names.temporary, path, FALSE)) {
-        tellFailedSave(GetLastError());
+        showFailedSave(GetLastError());
         return false;
     }
     DeleteFileW(names.temporary);
@@ -156,7 +156,11 @@ bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys, CStringAr
 
 bool ZuComn_SaveLinkInfo(const wchar_t* path, const CStringArray& keys, const CStringArray& values) {
     const CString target(path);
+    if (values.GetSize() < keys.GetSize())
+        return false;
     const std::vector<zu::LinkPair> pairs = pairsOf(keys, values);
+    if (!std::all_of(pairs.begin(), pairs.end(), zu::isReadable))
+        return false;
     WorkingNames names;
     if (target.IsEmpty() || !findNames(target, names) || names.temporary.CompareNoCase(target) == 0)
         return false;

@@ -6,6 +6,7 @@
 #include <afxstr.h>
 
 #include <unordered_map>
+#include <utility>
 
 namespace zu {
 
@@ -15,6 +16,16 @@ constexpr char kEndOfText = 0x1A;
 /// Bytes; a longer line couldn't be read again.
 constexpr std::size_t kLongestLine = std::size_t{1} << 24U;
 constexpr wchar_t kSeparator = L'|';
+
+std::wstring_view withoutLineEnd(std::wstring_view line) {
+    if (line.ends_with(L'\n'))
+        line.remove_suffix(line.ends_with(L"\r\n") ? 2 : 1);
+    return line;
+}
+
+bool isTrimmed(std::wstring_view text) {
+    return CString(text).Trim().view() == text;
+}
 
 class Merge {
 public:
@@ -26,13 +37,19 @@ public:
             file_ = file_.substr(0, file_.find(kEndOfText));
         // Half a character at the end would shift all that follows it.
         file_.remove_suffix(file_.size() % encoding_.lineFeed().size());
+        if (encoding_.lineFeed().size() == 1)
+            rest_ = file.substr(file_.size());
         crlf_ = endsLinesWithReturn();
     }
 
     std::optional<std::string> run() {
         result_ = encoding_.mark();
-        if (!mergeLines() || !writePending())
+        if (!mergeLines())
             return std::nullopt;
+        result_ += heldComments_;
+        if (!writePending())
+            return std::nullopt;
+        result_ += rest_;
         return std::move(result_);
     }
 
@@ -49,42 +66,62 @@ private:
     bool mergeLines() {
         for (std::size_t at = encoding_.mark().size(); at < file_.size();) {
             const std::size_t end = encoding_.endOfLine(file_, at);
-            if (!mergeLine(file_.substr(at, end - at)))
+            const std::string_view bytes = file_.substr(at, end - at);
+            const auto line = bytes.size() <= kLongestLine ? encoding_.decode(bytes) : std::nullopt;
+            if (!line)
+                return false;
+            if (endsTable(withoutLineEnd(*line))) {
+                rest_ = {file_.data() + at, file_.size() - at + rest_.size()};
+                return true;
+            }
+            if (!mergeLine(*line, bytes))
                 return false;
             at = end;
         }
         return true;
     }
 
-    bool mergeLine(std::string_view bytes) {
-        if (bytes.size() > kLongestLine)
-            return false;
-        const auto decoded = encoding_.decode(bytes);
-        if (!decoded)
-            return false;
-        CString line(*decoded);
+    bool mergeLine(const std::wstring& text, std::string_view bytes) {
+        if (isComment(text)) {
+            (heldText_.empty() ? result_ : heldComments_) += withLineEnd(bytes);
+            return true;
+        }
+        CString line(text);
         line.Trim();
         if (line.IsEmpty())
             return true;
         if (line.Find(kSeparator) < 0) {
+            result_ += std::exchange(heldComments_, {});
             heldText_ = std::wstring(line.view()) + L'\n';
             heldBytes_ = bytes;
             return true;
         }
         const std::wstring_view field = line.view().substr(0, line.view().find(kSeparator));
         const auto match = pending_.find(heldText_.append(withoutTrailingSpaces(field)));
-        const bool written = match != pending_.end() ? writePair(pairs_[match->second]) : keep(bytes);
-        if (match != pending_.end())
-            pending_.erase(match);
         heldText_.clear();
-        heldBytes_ = {};
-        return written;
+        if (match == pending_.end()) {
+            keep(bytes);
+            return true;
+        }
+        result_ += std::exchange(heldComments_, {});
+        const std::size_t pair = match->second;
+        pending_.erase(match);
+        return writePair(pairs_[pair]);
     }
 
-    bool keep(std::string_view bytes) {
+    void keep(std::string_view bytes) {
         result_ += heldBytes_;
-        result_ += bytes;
-        return bytes.ends_with(encoding_.lineFeed()) || write(L"\n");
+        result_ += std::exchange(heldComments_, {});
+        result_ += withLineEnd(bytes);
+        heldBytes_ = {};
+    }
+
+    /// The file's last line may lack its line end.
+    [[nodiscard]] std::string withLineEnd(std::string_view bytes) const {
+        std::string line(bytes);
+        if (!bytes.ends_with(encoding_.lineFeed()))
+            line += encoding_.encode(crlf_ ? L"\r\n" : L"\n").value_or("\n");
+        return line;
     }
 
     bool writePending() {
@@ -94,7 +131,11 @@ private:
         return true;
     }
 
-    bool writePair(const LinkPair& pair) { return write(pair.key + kSeparator + pair.value + L'\n'); }
+    bool writePair(const LinkPair& pair) {
+        // Some encodings take several characters for one and read it back as only one of them.
+        const auto key = encoding_.encode(pair.key);
+        return key && encoding_.decode(*key) == pair.key && write(pair.key + kSeparator + pair.value + L'\n');
+    }
 
     bool write(const std::wstring& text) {
         CString lines(text);
@@ -114,10 +155,26 @@ private:
     std::unordered_map<std::wstring, std::size_t> pending_;
     std::wstring heldText_;
     std::string_view heldBytes_;
+    std::string heldComments_; ///< Between a held line and its record.
+    std::string_view rest_;    ///< What is not read: from a line "END" or kEndOfText on.
     std::string result_;
 };
 
 } // namespace
+
+bool isReadable(const LinkPair& pair) {
+    if (pair.value.find_first_of(std::wstring_view(L"|\r\n\x1A\0", 5)) != std::wstring::npos ||
+        pair.key.find_first_of(std::wstring_view(L"|\r\x1A\0", 4)) != std::wstring::npos)
+        return false;
+    const std::wstring_view key(pair.key);
+    const std::size_t feed = key.find(L'\n');
+    const std::wstring_view last = feed == std::wstring_view::npos ? key : key.substr(feed + 1);
+    if (last.find(L'\n') != std::wstring_view::npos || isComment(last) || !isTrimmed(last))
+        return false;
+    const std::wstring_view first = key.substr(0, feed == std::wstring_view::npos ? 0 : feed);
+    return feed == std::wstring_view::npos ||
+           (!first.empty() && !isComment(first) && !endsTable(first) && isTrimmed(first));
+}
 
 std::optional<std::string> mergeLinks(std::string_view file, const std::vector<LinkPair>& pairs) {
     return Merge(file, pairs).run();

@@ -23,10 +23,6 @@ wchar_t separatorOf(const wchar_t* given) {
     return ZuComn_GetEnv(value, ZUCE_INIFILE, section, key) == 0 && !value.IsEmpty() ? value.GetAt(0) : L'\0';
 }
 
-bool endsTable(const CString& line) {
-    return line.GetLength() == 3 && line.CompareNoCase(L"END") == 0;
-}
-
 /// Takes the fields of a table one after the other.
 class FieldList {
 public:
@@ -90,9 +86,9 @@ template <typename List>
 std::unique_ptr<Part<List>> readPart(CTextBlock& block, const Format& format) {
     auto part = std::make_unique<Part<List>>();
     for (CString line; !part->endsTable && block.ReadString(line) != FALSE;) {
-        part->endsTable = endsTable(line);
+        part->endsTable = zu::endsTable(line.view());
         const std::wstring_view data = zu::withoutTrailingSpaces(line.view());
-        if (part->endsTable || data.empty() || data.front() == L'#')
+        if (part->endsTable || data.empty() || zu::isComment(data))
             continue;
         part->list.startRecord();
         zu::splitLine(data, format.separator, format.columns,

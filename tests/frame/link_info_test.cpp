@@ -76,8 +76,10 @@ TEST_F(LinkInfo, Merges) {
         {"lost\nx\ny|1\nlast\n", texts({L"y"}), texts({L"2"}), "x\ny|1\ny|2\n"},
         {" A |1\nA|2\n", texts({L"A"}), texts({L"3"}), "A|3\nA|2\n"},
         {"|x\nA|1\n", texts({L"A"}), texts({L"2"}), "|x\nA|2\n"},
-        {"# c\nA|1\nEND\nB|2\n#\n", texts({L"A", L"B"}), texts({L"3", L"4"}),
-         "# c\nA|1\nEND\nB|2\nA|3\nB|4\n"},
+        {"# c\nA|1\nEND\nB|2\n#\n", texts({L"A", L"B"}), texts({L"3", L"4"}), "# c\nA|3\nB|4\nEND\nB|2\n#\n"},
+        {"A|1\x1A|2", texts({L"B"}), texts({L"3"}), "A|1\r\nB|3\r\n\x1A|2"},
+        {"x\n# c\ny|1\nlost\n# d\nz|1\nheld\n# e\nend", texts({L"x\ny", L"z", L"w"}),
+         texts({L"2", L"3", L"4"}), "# c\nx\ny|2\nlost\n# d\nz|1\n# e\nz|3\nw|4\nend"},
         {"\x83\x7C\x83\x93|1\n", texts({L"ポン"}), texts({L"表"}), "\x83\x7C\x83\x93|\x95\x5C\n"},
         {"\xEF\xBB\xBF"
          "A|1\n",
@@ -124,7 +126,10 @@ TEST_F(LinkInfo, AHugeLineIsRefused) {
 
 TEST_F(LinkInfo, ReadsWhatItWrites) {
     EXPECT_EQ(value(L"A"), L"(unread)");
-    ASSERT_TRUE(ZuComn_SaveLinkInfo(path(), texts({L"x\ny", L"A", L""}), texts({L"1", L"2", L"3"})));
+    ASSERT_TRUE(ZuComn_SaveLinkInfo(CString(folder_.wide("links.lif")), texts({L"x\ny", L"A", L"", L"END"}),
+                                    texts({L"1", L"2", L"3", L"4"})))
+        << "a path with /";
+    EXPECT_EQ(value(L"END"), L"4");
     EXPECT_FALSE(exists("links.bak")) << "the first save has nothing to back up";
     EXPECT_EQ(value(L"x\ny"), L"1");
     EXPECT_EQ(value(L"y"), L"");
@@ -183,6 +188,14 @@ TEST_F(LinkInfo, WhatCannotBeSavedLeavesTheFile) {
     EXPECT_FALSE(ZuComn_SaveLinkInfo(path("__Temp.tmp"), texts({L"A"}), texts({L"1"})));
     std::filesystem::create_directory(folder_.path() / "folder.lif");
     EXPECT_FALSE(ZuComn_SaveLinkInfo(path("folder.lif"), texts({L"A"}), texts({L"1"})));
+    const std::pair<const wchar_t*, const wchar_t*> unreadable[] = {
+        {L"a|b", L"1"},     {L"#a", L"1"},      {L"x\n#a", L"1"}, {L"#x\na", L"1"}, {L"End\na", L"1"},
+        {L"\na", L"1"},     {L"x\ny\nz", L"1"}, {L" a", L"1"},    {L"x \na", L"1"}, {L"a\rb", L"1"},
+        {L"a\x301C", L"1"}, {L"a", L"1|2"},     {L"a", L"1\n2"},  {L"a", L"1\r2"},  {L"a", L"1\x1A"}};
+    for (const auto& [key, text] : unreadable)
+        EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), texts({L"B", key}), texts({L"2", text})))
+            << zuhost::toUtf8(key);
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), texts({L"A", L"B"}), texts({L"1"})));
     EXPECT_EQ(read("links.lif"), "A|1\n");
     EXPECT_FALSE(exists("links.bak"));
     EXPECT_FALSE(exists("__Temp.tmp"));
