@@ -4,14 +4,14 @@
 #include "output.h"
 #include "settings_file.h"
 #include "text.h"
+#include "text_file_warning.h"
 
 #include <zucomn/link_info.h>
+#include <zucomn/model/text_files.h>
 #include <zucomn/tables.h>
 
 #include <iostream>
 #include <memory>
-#include <set>
-#include <string_view>
 
 namespace zu::app {
 
@@ -26,6 +26,7 @@ struct Options {
 
 void get(const Options& options) {
     const SettingsFile settings(options.settings);
+    warnOfUnmarkedUtf8(options.file);
     CStringArray keys;
     CStringArray values;
     for (const std::string& key : options.keys)
@@ -41,22 +42,6 @@ void get(const Options& options) {
         std::cout << value << '\n';
 }
 
-/// A save takes comments and what follows "END" for records, a look-up does not: so a pair may be in the file
-/// and yet not be found.
-void tellHiddenPairs(const CString& file, const CStringArray& keys, const CStringArray& values) {
-    CStringArray found;
-    ZuComn_GetLinkInfo(file, keys, found);
-    std::set<std::wstring_view> told;
-    for (int i = 0; i < keys.GetSize(); ++i) {
-        CString value = values[i];
-        const bool isFound = i < found.GetSize() && found[i] == value.TrimRight(L' ');
-        if (told.insert(keys[i].view()).second && !isFound)
-            std::cerr << "zu: " << narrow(keys[i].view()) << ": saved, but a look-up finds \""
-                      << (i < found.GetSize() ? narrow(found[i].view()) : "") << "\"\n";
-    }
-}
-
-/// A key may hold line ends, a value neither "|" nor line ends.
 void save(const Options& options) {
     const SettingsFile settings(options.settings);
     CStringArray keys;
@@ -65,16 +50,21 @@ void save(const Options& options) {
         const std::size_t equals = pair.find('=');
         if (equals == std::string::npos)
             throw WrongUsage(pair + ": a pair is written KEY=VALUE");
-        if (pair.find('|') != std::string::npos || pair.find('\n', equals) != std::string::npos)
-            throw WrongUsage(pair + ": a record can't hold \"|\", nor a value a line end");
         keys.Add(wide(pair.substr(0, equals)));
         values.Add(wide(pair.substr(equals + 1)));
+        if (!zucomn::isLinkPair(keys[keys.GetSize() - 1], values[values.GetSize() - 1]))
+            throw WrongUsage(pair +
+                             ": could not be read back; a key has at most one line end, no \"|\", no \"#\" "
+                             "or blank at the start of a line and no first line \"END\", a value no \"|\" "
+                             "and no line end");
     }
+    warnOfUnmarkedUtf8(options.file);
     // With its folder, so that backup and temporary file lie beside it.
     const CString file = fullPath(options.file);
     if (!ZuComn_SaveLinkInfo(file, keys, values))
-        throw Failure(options.file + ": can't be saved");
-    tellHiddenPairs(file, keys, values);
+        throw Failure(options.file +
+                      ": can't be saved; see that the folder can be written and that the file's "
+                      "encoding, code page 932 for a new file, can hold the pairs");
 }
 
 } // namespace

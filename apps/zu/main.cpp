@@ -1,6 +1,7 @@
 #include "command_line.h"
 #include "commands.h"
 #include "failure.h"
+#include "language.h"
 
 #include <CLI/CLI.hpp>
 #include <rxdlinkr.h>
@@ -40,6 +41,7 @@ void startLibrary() {
     zuhost::setApplication({"zu", L"ZuComn", "zucomn"});
     zuhost::setMessageBoxPresenter(&zuhost::printMessageBox);
     acrxDynamicLinker->loadModule(L"ZuComn.arx", false);
+    zu::app::chooseLanguage();
     ZuComn_SetResource();
 }
 

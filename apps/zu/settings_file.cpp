@@ -2,6 +2,7 @@
 
 #include "failure.h"
 #include "text.h"
+#include "text_file_warning.h"
 
 #include <zucomn/settings.h>
 #include <zucomn/tables.h>
@@ -14,6 +15,10 @@ SettingsFile::SettingsFile(const std::string& path) {
     if (ZuComn_findFile(wide(path)) == 0)
         throw Failure(path + ": can't read the settings");
     ZuComn_SetIniFile(wide(path));
+    warnOfUnmarkedUtf8(path);
+    CString folder;
+    if (ZuComn_GetSystemPath(folder))
+        warnOfUnmarkedUtf8(narrow((folder + L"\\ZuConfig.ini").view()));
 }
 
 SettingsFile::~SettingsFile() {

@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "output.h"
 #include "text.h"
+#include "text_file_warning.h"
 
 #include <zucomn/tables.h>
 
@@ -25,6 +26,7 @@ struct Options {
 void run(const Options& options) {
     if (options.separator.empty())
         throw WrongUsage("--separator needs a character");
+    warnOfUnmarkedUtf8(options.file);
     const CString columns = wide(options.columns);
     CPtrArray records;
     const int result = ZuComn_ReadConfigFile(wide(options.file), records, options.skip,

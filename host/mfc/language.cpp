@@ -1,4 +1,4 @@
-#include "windows.h"
+#include "zuhost/language.h"
 
 #include <algorithm>
 #include <array>
@@ -42,21 +42,34 @@ std::string_view variable(const char* name) {
     return value != nullptr ? value : "";
 }
 
-LANGID environmentLanguage(std::string_view category) {
-    for (const std::string_view locale : {variable("LC_ALL"), category, variable("LANG")})
+/// Empty when none is set.
+std::string_view environmentLocale() {
+    for (const std::string_view locale : {variable("LC_ALL"), variable("LC_MESSAGES"), variable("LANG")})
         if (!locale.empty())
-            return languageOf(locale);
-    return 0;
+            return locale;
+    return {};
 }
+
+LANGID chosenLanguage = 0;
 
 } // namespace
 
+void zuhost::setUserLanguage(LANGID id) {
+    chosenLanguage = id;
+}
+
+bool zuhost::environmentNamesLanguage() {
+    const std::string_view locale = environmentLocale();
+    const std::string_view name = locale.substr(0, locale.find_first_of(".@"));
+    return !name.empty() && name != "C" && name != "POSIX";
+}
+
 LANGID GetUserDefaultUILanguage() {
-    return environmentLanguage(variable("LC_MESSAGES"));
+    return chosenLanguage != 0 ? chosenLanguage : languageOf(environmentLocale());
 }
 
 LANGID GetUserDefaultLangID() {
-    return environmentLanguage(variable("LC_MESSAGES"));
+    return GetUserDefaultUILanguage();
 }
 
 BOOL GetVersionExW(OSVERSIONINFOW* version) {

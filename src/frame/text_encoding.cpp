@@ -38,7 +38,7 @@ std::optional<std::string> toCodePage(UINT codePage, std::wstring_view text) {
         return std::nullopt;
     const auto count = static_cast<int>(text.size());
     BOOL replaced = FALSE;
-    // The platform takes no such pointer for UTF-8, which can hold everything.
+    // The platform rejects this pointer for UTF-8, which can hold every character.
     BOOL* const asked = codePage == CP_UTF8 ? nullptr : &replaced;
     const int size = WideCharToMultiByte(codePage, 0, text.data(), count, nullptr, 0, nullptr, asked);
     if (size <= 0 || replaced)
@@ -88,7 +88,34 @@ std::string toUtf16(std::wstring_view text) {
     return bytes;
 }
 
+/// Whether bytes have the form of code page 932: single bytes, and pairs that begin with a lead byte.
+bool isCodePage932(std::string_view bytes) {
+    const auto within = [](unsigned char c, int first, int last) { return c >= first && c <= last; };
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        const auto c = static_cast<unsigned char>(bytes[at]);
+        if (c < 0x80 || within(c, 0xA1, 0xDF))
+            continue;
+        const auto next = static_cast<unsigned char>(++at < bytes.size() ? bytes[at] : '\0');
+        if (!(within(c, 0x81, 0x9F) || within(c, 0xE0, 0xFC)) || !within(next, 0x40, 0xFC) || next == 0x7F)
+            return false;
+    }
+    return true;
+}
+
 } // namespace
+
+bool isUnmarkedUtf8(std::string_view bytes) {
+    if (!TextEncoding::of(bytes).mark().empty())
+        return false;
+    const auto text = fromCodePage(CP_UTF8, bytes);
+    if (!text || toCodePage(CP_UTF8, *text) != bytes)
+        return false;
+    // Characters of two bytes in UTF-8 may be half-width katakana in code page 932; those of three, as all
+    // Japanese has, would be rare kanji next to half-width katakana.
+    const bool hasThreeBytes =
+        std::any_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) >= 0xE0; });
+    return hasThreeBytes || !isCodePage932(bytes);
+}
 
 TextEncoding TextEncoding::of(std::string_view bytes) {
     if (bytes.starts_with(kUtf8Mark))
@@ -121,7 +148,7 @@ std::optional<std::string> TextEncoding::encode(std::wstring_view text) const {
 std::size_t TextEncoding::endOfLine(std::string_view bytes, std::size_t from) const {
     const std::string_view feed = lineFeed();
     std::size_t at = bytes.find(feed, from);
-    // Half of one character and half of the next are no line feed.
+    // The second half of one character and the first of the next may look like a line feed.
     while (at != std::string_view::npos && (at - from) % feed.size() != 0)
         at = bytes.find(feed, at + 1);
     return at == std::string_view::npos ? bytes.size() : at + feed.size();

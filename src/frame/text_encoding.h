@@ -6,8 +6,8 @@
 
 namespace zu {
 
-/// How the bytes of a text file are read and written, told by the mark at its start. For those who have to
-/// keep the bytes of lines; who only reads lines uses CStdioFile.
+/// How the bytes of a text file are read and written, by the mark at its start. For code that preserves the
+/// bytes of lines; CStdioFile is enough to read lines.
 class TextEncoding {
 public:
     static TextEncoding of(std::string_view bytes);
@@ -20,7 +20,7 @@ public:
     /// Nullopt when a character can't be held.
     [[nodiscard]] std::optional<std::string> encode(std::wstring_view text) const;
 
-    /// Where the line that starts at `from` ends, behind its line feed.
+    /// Where the line that starts at `from` ends, after its line feed.
     [[nodiscard]] std::size_t endOfLine(std::string_view bytes, std::size_t from) const;
 
 private:
@@ -29,5 +29,8 @@ private:
 
     Kind kind_;
 };
+
+/// Whether bytes without a mark are likely to be UTF-8: valid as such, and hardly a text in code page 932.
+[[nodiscard]] bool isUnmarkedUtf8(std::string_view bytes);
 
 } // namespace zu

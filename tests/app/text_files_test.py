@@ -33,12 +33,31 @@ def check_links(folder):
     check(run("link", "get", path, "EQUIP", "nowhere") == "送風機 FAN-1\n\n", "one value a line, empty without a record")
     check(save(path, "空調機\nAHU-1=b  ", "PLAN-3F=x=y", "new=1", "new=2") == "", "nothing to tell")
     check(run_json("link", "get", path, "PLAN-3F", "空調機\nAHU-1", "new") == ["x=y", "b", "1"], "saved pairs")
-    check("#key" in save(path, "#key=1"), "a pair that can't be looked up is told")
-    for wrong in ("no pair", "a|b=c", "a=b\nc"):
+    for wrong in ("no pair", "a|b=c", "a=b\nc", "#key=1", "END\nkey=1"):
         run("link", "save", path, wrong, status=2)
     run("link", "get", os.path.join(folder, "missing"), "A", status=1)
+
+
+def said(language, *arguments):
+    """What the program says on its standard error in a language."""
+    return subprocess.run([ZU, *arguments], capture_output=True, text=True, env={**os.environ, "LC_ALL": language}).stderr
+
+
+def check_messages(folder):
+    """Texts that are likely to be UTF-8 without a mark are warned of, languages without texts are not."""
+    path = os.path.join(folder, "utf8.csv")
+    for text, encoding, warned in (("a|弁", "utf-8", True), ("a|Ö1", "utf-8", True), ("a|弁", "cp932", False),
+                                   ("a|ﾄｱ", "cp932", False), ("a|弁", "utf-8-sig", False), ("a|b", "utf-8", False)):
+        for arguments in (("table", path), ("link", "get", path, "a"), ("link", "save", path, "a=1"), ("link", "get", path, "a", "--settings", path)):
+            with open(path, "wb") as f:
+                f.write(text.encode(encoding) + b"\n")
+            check((path + ": warning: " in said("C.UTF-8", *arguments)) == warned, "%s of %s in %s" % (arguments[0], text, encoding))
+    for language in ("de_DE.UTF-8", "el_GR.UTF-8", "en_GB.UTF-8", "ja_JP.UTF-8", "C"):
+        for arguments in (("--help",), ("table", path), ("elements", sample("drawings/office-floor.dxf"))):
+            check(said(language, *arguments) == "", "no word about the language %s: %s" % (language, arguments[0]))
 
 
 with tempfile.TemporaryDirectory() as folder:
     check_tables(folder)
     check_links(folder)
+    check_messages(folder)

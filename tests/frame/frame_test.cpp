@@ -9,6 +9,7 @@
 #include <rxdlinkr.h>
 #include <rxmfcapi.h>
 #include <zuhost/command_line.h>
+#include <zuhost/language.h>
 #include <zuhost/paths.h>
 
 #include <gtest/gtest.h>
@@ -216,6 +217,12 @@ TEST(Frame, MissingLanguageModuleIsToldOnce) {
     EXPECT_TRUE(said.starts_with(L"Resource dll load failed.\n path = ")) << "once, before anything else";
     EXPECT_TRUE(said.ends_with(L"\\1031\\ZuComn.dll\n"));
     EXPECT_EQ(fileMessage(1, 2).substr(0, 5), L"ファイルの");
+    const std::size_t length = said.size();
+    zuhost::setUserLanguage(1033);
+    ZuComn_SetResource();
+    zuhost::setUserLanguage(0);
+    EXPECT_EQ(fileMessage(1, 2).substr(0, 9), L"File open");
+    EXPECT_EQ(observer.text().size(), length) << "a program may choose a language that has texts";
 }
 
 TEST(Frame, WorkDatabaseIsTheHostsUnlessSet) {
