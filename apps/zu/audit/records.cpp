@@ -30,7 +30,12 @@ struct ChainDeleter {
 struct Record {
     int count = 0; ///< How often the application stands there.
     bool hasOtherValues = false;
+    bool hasLaterValues = false; ///< Values where the application stands again.
     std::vector<CString> texts;
+
+    [[nodiscard]] bool hasText() const {
+        return std::any_of(texts.begin(), texts.end(), [](const CString& text) { return !text.IsEmpty(); });
+    }
 };
 
 Record readRecord(const resbuf* chain, const wchar_t* application) {
@@ -45,6 +50,8 @@ Record readRecord(const resbuf* chain, const wchar_t* application) {
                 record.texts.emplace_back(item->resval.rstring);
             else
                 record.hasOtherValues = true;
+        } else if (isOurs) {
+            record.hasLaterValues |= item->restype != kText || *item->resval.rstring != L'\0';
         }
     }
     return record;
@@ -109,14 +116,14 @@ public:
 
     /// False when nothing more can be said of the record.
     bool checkForm(const std::string& name) {
-        if (record_.count > 1)
+        const bool isEmpty = !record_.hasText() && !record_.hasOtherValues && !record_.hasLaterValues;
+        if (record_.count > 1 && !isEmpty)
             note(name + " is there more than once; only the first counts");
         if (record_.hasOtherValues)
             note(name + " holds values that are no texts");
-        if (!std::all_of(record_.texts.begin(), record_.texts.end(),
-                         [](const CString& text) { return text.IsEmpty(); }))
+        if (record_.hasText())
             return true;
-        faults_.push_back({name + " is empty", !record_.hasOtherValues});
+        faults_.push_back({name + " is empty", isEmpty});
         record_.texts.clear();
         return false;
     }

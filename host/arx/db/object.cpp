@@ -1,6 +1,7 @@
 #include "dbmain.h"
 
 #include "database_core.h"
+#include "reactor_records.h"
 
 #include <zuhost/text_codec.h>
 
@@ -144,6 +145,8 @@ void AcDbObject::letTagsLag() {
 
 void AcDbObject::catchUp() const {
     tagsLag_ = false;
+    if (reactorIndex_)
+        reactorIndex_->apply(*tags_);
     bringUpToDate(*tags_);
 }
 

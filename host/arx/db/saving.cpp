@@ -1,6 +1,7 @@
 #include "database_core.h"
 
 #include "dxf_records/number_text.h"
+#include "reactor_records.h"
 
 #include <unordered_set>
 
@@ -15,10 +16,17 @@ bool names(const Tag& tag, const Handles& erased) {
     return handle && erased.contains(*handle);
 }
 
-void withoutPointers(TagList& tags, TagRange range, int code, const Handles& erased) {
-    for (std::size_t i = range.last; i-- > range.first;)
-        if (tags[i].code == code && names(tags[i], erased))
-            tags.erase({i, i + 1});
+void withoutReactors(TagList& tags, const Handles& erased) {
+    std::vector<std::size_t> places;
+    for (const ReactorEntry& entry : reactorEntries(tags))
+        if (erased.contains(entry.handle))
+            places.push_back(entry.place);
+    eraseReactorEntries(tags, places);
+}
+
+void withoutMembers(TagList& tags, const Handles& erased) {
+    tags.eraseIf(tags.subclass("AcDbGroup"),
+                 [&](const Tag& tag) { return tag.code == 340 && names(tag, erased); });
 }
 
 bool isDictionary(const std::string& type) {
@@ -126,10 +134,10 @@ void DatabaseCore::collectReferencesToErased() {
                     addFiltered(document->find(*handle));
     }
     for (auto& [stub, tags] : filtered_) {
-        withoutPointers(tags, tags.applicationGroup("ACAD_REACTORS"), 330, erased);
+        withoutReactors(tags, erased);
         const std::string& type = document->typeName(*stub);
         if (type == "GROUP")
-            withoutPointers(tags, tags.subclass("AcDbGroup"), 340, erased);
+            withoutMembers(tags, erased);
         else if (isDictionary(type))
             withoutEntries(tags, erased);
     }

@@ -212,12 +212,18 @@ std::size_t sizeWith(const TagList& tags, const std::vector<TagList>& replacemen
 }
 
 void replace(TagList& tags, TagList replacement, const zuhost::Document& document) {
-    const TagRange old = tags.extendedData(replacement[0].value);
+    const std::string name = replacement[0].value;
+    // Damaged objects name an application several times; only the first counts, the others are kept with it.
+    if (replacement.size() == 1) {
+        for (TagRange all = tags.extendedData(name); !all.empty(); all = tags.extendedData(name))
+            tags.erase(all);
+        return;
+    }
+    const TagRange old = tags.extendedData(name);
     keepSpelling(tags, old, replacement, document);
     const std::size_t place = old.empty() ? tags.size() : old.first;
     tags.erase(old);
-    if (replacement.size() > 1)
-        tags.insert(place, std::move(replacement));
+    tags.insert(place, std::move(replacement));
 }
 
 } // namespace

@@ -26,6 +26,7 @@ class AcDbTextStyleTable;
 
 namespace zuhost {
 class Document;
+class ReactorIndex;
 class TagList;
 struct DatabaseCore;
 struct DocumentError;
@@ -186,11 +187,16 @@ private:
                 tell(*reactor);
     }
     void catchUp() const;
+    /// The index of the persistent reactors; null for an object that has few.
+    zuhost::ReactorIndex* reactorIndex() const;
+    template <typename Change>
+    Acad::ErrorStatus changeReactors(Change change);
 
     AcDbStub* stub_ = nullptr;
     std::unique_ptr<zuhost::TagList> tags_;
     mutable std::vector<AcDbObjectReactor*> transientReactors_;
     mutable AcDbVoidPtrArray reactorList_;
+    mutable std::unique_ptr<zuhost::ReactorIndex> reactorIndex_;
     std::uint32_t tagVersion_ = 0;
     std::uint32_t notedStep_ = 0; ///< The undo step that holds the object's state before it.
     std::uint16_t readers_ = 0;
