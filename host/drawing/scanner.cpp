@@ -92,7 +92,7 @@ void readHeader(DrawingState& state) {
 }
 
 /// Checks and completes the handles; nullopt when they are unique.
-std::optional<DocumentError> readHandles(DrawingState& state) {
+std::optional<DocumentError> readHandles(DrawingState& state, std::uint64_t greatestReference) {
     if (const AcDbStub* repeated = state.handles.build(state.stubs)) {
         const std::string handle = formatHandle(repeated->handle);
         return errorAt(state, repeated->offset,
@@ -100,6 +100,8 @@ std::optional<DocumentError> readHandles(DrawingState& state) {
     }
     if (const auto seed = parseHandle(variable(state.header, "$HANDSEED", 5)))
         state.handles.raiseNext(*seed);
+    // A new object must not become what a dangling reference names.
+    state.handles.raiseNext(greatestReference + 1);
     state.writesHandles = state.version >= firstVersionWithHandles ||
                           std::any_of(state.stubs.begin(), state.stubs.end(),
                                       [](const AcDbStub& stub) { return stub.handle != 0; });
@@ -128,7 +130,7 @@ std::optional<DocumentError> scanDrawing(DrawingState& state) {
         return error;
     state.stubsOfFile = state.stubs.size();
     readHeader(state);
-    if (auto error = readHandles(state))
+    if (auto error = readHandles(state, scanner.greatestReference()))
         return error;
     resolveOwners(state, scanner.ownerHints());
     return std::nullopt;

@@ -1,8 +1,10 @@
 #include "structure_scanner.h"
 
 #include "dxf_records/number_text.h"
+#include "dxf_records/value_type.h"
 #include "tag_extraction.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace zuhost {
@@ -259,6 +261,7 @@ bool StructureScanner::scanFacts(int handleCode, Facts& facts) {
 /// Handle and owner stand before the first subclass marker, and outside of application groups. The handle
 /// comes first; a later record of the same code means something else.
 bool StructureScanner::noteFact(int handleCode, Facts& facts) {
+    noteReference();
     switch (record_.code) {
     case 5:
     case 105:
@@ -289,6 +292,15 @@ bool StructureScanner::noteFact(int handleCode, Facts& facts) {
     default:
         return true;
     }
+}
+
+void StructureScanner::noteReference() {
+    // Such handles are no drawing's own, and would leave no room above them.
+    constexpr std::uint64_t kImplausible = std::uint64_t{1} << 60U;
+    if (record_.code < 320 || dxf::valueType(record_.code) != dxf::ValueType::handle)
+        return;
+    if (const auto handle = parseHandle(record_.value); handle && *handle < kImplausible)
+        greatestReference_ = std::max(greatestReference_, *handle);
 }
 
 bool StructureScanner::next() {

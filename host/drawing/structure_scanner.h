@@ -18,6 +18,8 @@ public:
     [[nodiscard]] std::uint64_t faultOffset() const { return faultOffset_; }
     [[nodiscard]] const std::wstring& fault() const { return fault_; }
     [[nodiscard]] const std::vector<OwnerHint>& ownerHints() const { return hints_; }
+    /// The greatest handle that an object names, whether the drawing has it or not.
+    [[nodiscard]] std::uint64_t greatestReference() const { return greatestReference_; }
 
 private:
     /// What of an object's records matters here.
@@ -41,6 +43,7 @@ private:
     AcDbStub* scanObject(std::string* name = nullptr);
     bool scanFacts(int handleCode, Facts& facts);
     bool noteFact(int handleCode, Facts& facts);
+    void noteReference();
     bool scanMember(Container& container);
     void joinToParent(AcDbStub& stub);
 
@@ -57,6 +60,7 @@ private:
     bool inHead_ = false;  ///< Before the first subclass marker of an object.
     bool inGroup_ = false; ///< Within an application group.
     std::vector<OwnerHint> hints_;
+    std::uint64_t greatestReference_ = 0;
     AcDbStub* parent_ = nullptr; ///< The POLYLINE or INSERT whose vertices or attributes may follow.
     std::wstring context_;       ///< What is being read, for messages.
     std::uint64_t faultOffset_ = 0;

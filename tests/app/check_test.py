@@ -1,10 +1,12 @@
 """Audits of damaged drawings: each fault is found, what can be repaired is, and nothing else changes."""
 import os
+import random
+import subprocess
 import tempfile
 
 import ezdxf
 
-from program import check, run, run_json, sample
+from program import ZU, check, run, run_json, sample
 from records import Drawing, handle_of, insert, places, record, text, xdata
 
 SUPPLY, RETURN, SHELVES = "183", "184", "186"
@@ -96,6 +98,35 @@ def two_on_one_place(d):
         d.at("17E")[places(d.at("17E"), code)[0]] = d.at("17A")[places(d.at("17A"), code)[0]]
 
 
+def hard_to_repair(d):
+    """Two groups of reactors, a value of extended data among them, two empty records of one application, and an
+    entity without a handle whose own would be the next one, which a group names."""
+    for handle in (DUCT, "114"):
+        place = places(d.at(handle), 102)[0]
+        d.at(handle)[place:place] = [list(r) for r in d.at(handle)[place:place + 3]] + [list(d.at(handle)[place + 2])]
+    insert(d.at("114"), places(d.at("114"), 330, SUPPLY)[0], 1071, "7")
+    d.at("118").append(record(d.at("118")[0], 1001, "ZU_LINK"))
+    first, last = xdata(d.at("118"), "ZU_LINK")
+    del d.at("118")[first:last]
+    seed = places(d.objects[0], 9, "$HANDSEED")[0] + 1
+    insert(d.at(SUPPLY), members(d, SUPPLY)[0], 340, text(d.objects[0][seed]))
+    del d.at("11A")[places(d.at("11A"), 5)[0]]
+
+
+def random_damage(seed):
+    """Changes some of the records that groups and memberships are made of."""
+    def damage(d):
+        rnd = random.Random(seed)
+        objects = [o for o in d.objects if text(o[0]) in ("GROUP", "INSERT", "DICTIONARY", "APPID")]
+        for _ in range(6):
+            o = rnd.choice(objects)
+            i = rnd.choice(places(o, 330) + places(o, 340) + places(o, 102) + places(o, 1000) + places(o, 1001))
+            code, value = rnd.choice((330, 340, 102, 290, 1000, 1001, 1071)), text(rnd.choice(rnd.choice(objects)))
+            rnd.choice((lambda: o.insert(i, list(o[i])), lambda: o.pop(i), lambda: insert(o, i, code, text(o[i])),
+                        lambda: insert(o, i, int(o[i][0]), value), lambda: o.extend(map(list, o[i:i + 4]))))()
+    return damage
+
+
 NO, YES = False, True
 # What is damaged; what is found beside the sample's own faults (handle, part of the problem, repaired); what the
 # repair changes.
@@ -161,6 +192,19 @@ def audit(damage, wanted, changes, own, folder, base):
         check(not ezdxf.readfile(repaired).audit().errors, where + ": sound for another reader")
 
 
+def repair_twice(damage, folder, base):
+    """True when the damaged drawing could be opened; nothing is left to be repaired a second time."""
+    damaged, once, twice = (os.path.join(folder, name + ".dxf") for name in ("damaged", "once", "twice"))
+    drawing = Drawing(base)
+    damage(drawing)
+    drawing.save(damaged)
+    if subprocess.run([ZU, "check", damaged, "--repair", "-o", once], capture_output=True).returncode != 0:
+        return False
+    again = [f for f in run_json("check", once, "--repair", "-o", twice) if f["repaired"]]
+    check(not again, "repaired again: %r" % again)
+    return True
+
+
 with tempfile.TemporaryDirectory() as folder:
     for name in ("office-floor", "office-floor-932"):
         base = os.path.join(folder, name + ".dxf")
@@ -174,6 +218,9 @@ with tempfile.TemporaryDirectory() as folder:
         if name == "office-floor":
             for damage, wanted, changes in CASES:
                 audit(damage, wanted, changes, own, folder, base)
+            check(repair_twice(hard_to_repair, folder, base), "a drawing that is hard to repair opens")
+            opened = sum(repair_twice(random_damage(seed), folder, base) for seed in range(40))
+            check(opened > 10, "only %d damaged drawings could be opened" % opened)
     check("11 problems" in run("check", sample("drawings/office-floor.dxf")), "a plain listing")
     run("check", base, "--repair", status=2)
     run("check", base, "-o", base, status=2)

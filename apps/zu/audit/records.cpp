@@ -17,6 +17,7 @@ namespace {
 constexpr const wchar_t* kAttributes = L"ZU_ATTR";
 constexpr const wchar_t* kLink = L"ZU_LINK";
 constexpr short kApplicationName = 1001;
+constexpr short kComment = 999;
 constexpr short kText = 1000;
 constexpr std::size_t kHeaderFields = 3;
 constexpr std::size_t kItemFields = 6;
@@ -41,12 +42,15 @@ struct Record {
 Record readRecord(const resbuf* chain, const wchar_t* application) {
     Record record;
     bool isOurs = false;
+    bool isBroken = false;
     for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
         if (item->restype == kApplicationName) {
             isOurs = CString(item->resval.rstring).CompareNoCase(application) == 0;
             record.count += isOurs ? 1 : 0;
         } else if (isOurs && record.count == 1) {
-            if (item->restype == kText)
+            // A value that can't stand in extended data ends the record for its readers.
+            isBroken |= item->restype < kComment;
+            if (item->restype == kText && !isBroken)
                 record.texts.emplace_back(item->resval.rstring);
             else
                 record.hasOtherValues = true;
