@@ -1,5 +1,7 @@
 #include "attribute_tables.h"
 
+#include "state/library_state.h"
+
 #include <zucomn/frame.h>
 #include <zucomn/settings.h>
 #include <zucomn/tables.h>
@@ -29,7 +31,7 @@ bool read(CPtrArray& table, const CString& folder, const wchar_t* file) {
 } // namespace
 
 AttributeTables& AttributeTables::instance() {
-    static AttributeTables tables;
+    AttributeTables& tables = *state().attributeTables;
     if (tables.triedFor_ != ZUCE_INIFILE)
         tables.readMissing();
     return tables;

@@ -16,6 +16,7 @@ public:
     /// kept until the library goes.
     void readMissing();
 
+    AttributeTables() = default;
     ~AttributeTables();
     AttributeTables(const AttributeTables&) = delete;
     AttributeTables& operator=(const AttributeTables&) = delete;
@@ -31,8 +32,6 @@ public:
     void clear();
 
 private:
-    AttributeTables() = default;
-
     CPtrArray titles_;
     CPtrArray parameters_;
     CString triedFor_; ///< The settings file with which reading was tried last.

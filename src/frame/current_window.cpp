@@ -1,5 +1,7 @@
 #include "zucomn/frame.h"
 
+#include "reset.h"
+
 #include <afxwin.h>
 #include <rxmfcapi.h>
 
@@ -14,6 +16,11 @@ UINT close_Msg2 = 0;
 UINT close_wParam2 = 0;
 LPARAM close_lParam2 = 0;
 CString close_SendCommand;
+
+void zu::resetCurrentWindows() {
+    ZuComn_SetCurrentWindow(nullptr, false, 0, 0, 0);
+    ZuComn_SetCurrentWindow2(nullptr, false, 0, 0, 0);
+}
 
 void ZuComn_SetSendCueCommand(const CString& command) {
     close_SendCommand = command;

@@ -1,16 +1,10 @@
 #include "zucomn/frame.h"
 
+#include "reset.h"
+#include "state/library_state.h"
+
 #include <dbapserv.h>
 #include <summinfo.h>
-
-namespace {
-
-double globalScale = 1.0;
-double pointTolerance = 0.1;
-double vectorTolerance = 0.1;
-AcDbDatabase* workDatabase = nullptr;
-
-} // namespace
 
 int gblComn_acedUpdateDisplay = 1;
 bool gblComn_withConnectHeight = false;
@@ -20,40 +14,50 @@ AcDb::LineWeight gblComn_kikiLineWeight = AcDb::kLnWt000;
 AcDb::LineWeight gblComn_SlenderLineWeight = AcDb::kLnWt000;
 CString sVelmoraOptions;
 
+void zu::resetDrawingVariables() {
+    gblComn_acedUpdateDisplay = 1;
+    gblComn_withConnectHeight = false;
+    for (AcDb::LineWeight* const weight :
+         {&gblComn_lineWeight, &gblComn_ductLineWeight, &gblComn_kikiLineWeight, &gblComn_SlenderLineWeight})
+        *weight = AcDb::kLnWt000;
+    sVelmoraOptions.Empty();
+}
+
 void ZuComn_SetScale(double scale) {
-    globalScale = scale;
+    zu::state().scale = scale;
 }
 
 double ZuComn_GetGlobalScale() {
-    return globalScale;
+    return zu::state().scale;
 }
 
 int ZuComn_GetScale(double* scale) {
     if (scale != nullptr)
-        *scale = globalScale;
+        *scale = zu::state().scale;
     return 0;
 }
 
 void ZuComn_setTolerance(double point, double vector) {
     if (point >= 0.0)
-        pointTolerance = point;
+        zu::state().pointTolerance = point;
     if (vector >= 0.0)
-        vectorTolerance = vector;
+        zu::state().vectorTolerance = vector;
 }
 
 void ZuComn_getTolerance(double* point, double* vector) {
     if (point != nullptr)
-        *point = pointTolerance;
+        *point = zu::state().pointTolerance;
     if (vector != nullptr)
-        *vector = vectorTolerance;
+        *vector = zu::state().vectorTolerance;
 }
 
 void ZuComn_workDatabase(AcDbDatabase* database) {
-    workDatabase = database;
+    zu::state().workDatabase = database;
 }
 
 AcDbDatabase* ZuComn_getWorkDatabase() {
-    return workDatabase != nullptr ? workDatabase : acdbHostApplicationServices()->workingDatabase();
+    AcDbDatabase* const chosen = zu::state().workDatabase;
+    return chosen != nullptr ? chosen : acdbHostApplicationServices()->workingDatabase();
 }
 
 int ZuComn_GetCustomVar(const wchar_t* name, CString& value) {

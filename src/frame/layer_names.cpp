@@ -1,7 +1,10 @@
 #include "layer_names.h"
 
 #include "library_text.h"
+#include "reset.h"
 #include "zucomn/frame.h"
+
+#include <vector>
 
 CString ZUCONECT_LAYER = L"_ZU_CONNECT";
 CString ZULENGTH_LAYER = L"_ZU_LENGTH";
@@ -64,7 +67,23 @@ const NamedLayer kLayers[] = {
     {&ZUOTHERS_LAYER, 131},      {&DXF_STANDPIPE_LAYER, 132},  {&ZURTSIGN_LAYER, 210},
 };
 
+/// The names that the variables begin with.
+std::vector<CString> defaultNames() {
+    std::vector<CString> names;
+    for (const NamedLayer& layer : kLayers)
+        names.push_back(*layer.name);
+    return names;
+}
+
+const std::vector<CString> kDefaultNames = defaultNames();
+
 } // namespace
+
+void zu::resetLayerNames() {
+    auto name = kDefaultNames.begin();
+    for (const NamedLayer& layer : kLayers)
+        *layer.name = *name++;
+}
 
 void zu::reloadLayerNames() {
     for (const NamedLayer& layer : kLayers)

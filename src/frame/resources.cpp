@@ -3,6 +3,7 @@
 #include "layer_names.h"
 #include "library_text.h"
 #include "module_state.h"
+#include "state/library_state.h"
 #include "user_language.h"
 
 #include <acutads.h>
@@ -14,9 +15,6 @@
 namespace {
 
 constexpr LANGID kJapanese = 0x0411;
-
-HINSTANCE languageModule = nullptr; ///< Null: the library's own texts.
-LANGID language = 0;
 
 /// Paths may be longer than MAX_PATH.
 std::wstring ownPath() {
@@ -42,20 +40,20 @@ CString languageModulePath(LANGID id) {
 
 void loadLanguageModule() {
     zu::freeLanguageModule();
-    if (language == 0 || language == kJapanese)
+    if (zu::state().language == 0 || zu::state().language == kJapanese)
         return;
-    const CString path = languageModulePath(language);
-    languageModule = LoadLibraryW(path);
-    if (languageModule == nullptr)
+    const CString path = languageModulePath(zu::state().language);
+    zu::state().languageModule = LoadLibraryW(path);
+    if (zu::state().languageModule == nullptr)
         acutPrintf(L"Resource dll load failed.\n path = %s\n", path);
 }
 
 } // namespace
 
 void zu::freeLanguageModule() {
-    if (languageModule != nullptr)
-        FreeLibrary(languageModule);
-    languageModule = nullptr;
+    if (zu::state().languageModule != nullptr)
+        FreeLibrary(zu::state().languageModule);
+    zu::state().languageModule = nullptr;
 }
 
 zu::ResourceScope::ResourceScope() : previous_(AfxGetResourceHandle()) {
@@ -74,15 +72,15 @@ CString zu::libraryText(unsigned id) {
 }
 
 HINSTANCE ZuComn_GetResource() {
-    return languageModule != nullptr ? languageModule : zu::moduleInstance();
+    return zu::state().languageModule != nullptr ? zu::state().languageModule : zu::moduleInstance();
 }
 
 LANGID ZuComn_GetResourceLanguage() {
-    return language;
+    return zu::state().language;
 }
 
 void ZuComn_SetResource() {
-    language = zu::userLanguage();
+    zu::state().language = zu::userLanguage();
     loadLanguageModule();
     zu::reloadLayerNames();
 }

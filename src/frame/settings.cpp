@@ -1,6 +1,7 @@
 #include "zucomn/settings.h"
 
 #include "library_text.h"
+#include "reset.h"
 #include "resource_ids.h"
 #include "zucomn/frame.h"
 
@@ -9,6 +10,10 @@
 #include <string_view>
 
 CString ZUCE_INIFILE;
+
+void zu::resetSettings() {
+    ZUCE_INIFILE.Empty();
+}
 
 namespace {
 

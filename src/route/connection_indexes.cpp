@@ -1,6 +1,7 @@
 #include "connection_indexes.h"
 
 #include "group_access.h"
+#include "state/library_state.h"
 
 #include <dbgroup.h>
 #include <dbobjptr.h>
@@ -17,7 +18,7 @@ bool canBeOpened(AcDbObjectId group) {
 } // namespace
 
 ConnectionIndexes& ConnectionIndexes::of(AcDbDatabase& database) {
-    static std::unordered_map<const AcDbDatabase*, std::unique_ptr<ConnectionIndexes>> all;
+    auto& all = state().connectionIndexes;
     std::erase_if(all, [](const auto& entry) { return entry.second->cache_.isClosed(); });
     std::unique_ptr<ConnectionIndexes>& indexes = all[&database];
     if (!indexes)

@@ -1,6 +1,7 @@
 #include <zucomn/replace_reactor.h>
 
 #include "replace_reactors.h"
+#include "state/library_state.h"
 
 ACRX_CONS_DEFINE_MEMBERS(CReplaceReactor, AcRxObject)
 
@@ -27,8 +28,7 @@ void CReplaceReactor::terminated(AcDbObjectId /*id*/, AcArray<AcDbObjectId> /*ne
 namespace {
 
 AcArray<CReplaceReactor*>& registered() {
-    static AcArray<CReplaceReactor*> reactors;
-    return reactors;
+    return zu::state().replaceReactors;
 }
 
 /// A reactor may register and remove reactors while it is told: those removed are not told any more, new ones

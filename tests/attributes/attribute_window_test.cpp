@@ -1,4 +1,3 @@
-#include "attributes/attribute_tables.h"
 #include "attributes/views/attribute_pane.h"
 #include "attributes/views/entity_list.h"
 #include "sample_settings.h"
@@ -8,6 +7,7 @@
 #include <dbobjptr.h>
 #include <zucomn/attributes.h>
 #include <zucomn/frame.h>
+#include <zucomn/model/library.h>
 #include <zucomn/views.h>
 #include <zuhost/desktop.h>
 #include <zuhost/message_box.h>
@@ -331,7 +331,7 @@ TEST(AttributeFrames, TwinsHoldTheirOwnPanes) {
 }
 
 TEST(AttributeFrames, ShowKeysWithoutSettings) {
-    zu::AttributeTables::instance().clear();
+    zucomn::resetLibrary();
     OfficeFloor drawing;
     auto* const frame = new CAttFrameWnd;
     ASSERT_TRUE(frame->Create(nullptr, L"属性"));
@@ -347,7 +347,7 @@ TEST(AttributeFrames, ShowKeysWithoutSettings) {
 }
 
 TEST(AttributeFrames, ReadTablesThatWereMissingBefore) {
-    zu::AttributeTables::instance().clear();
+    zucomn::resetLibrary();
     const SampleSettings settings;
     const std::filesystem::path titles = settings.folder().path() / "system" / "属性IDタイトル.csv";
     std::filesystem::rename(titles, titles.string() + ".old");

@@ -1,6 +1,7 @@
 #include "temporary_folder.h"
 
 #include <zucomn/frame.h>
+#include <zucomn/model/library.h>
 #include <zucomn/settings.h>
 
 #include <afxdllx.h>
@@ -94,15 +95,19 @@ TEST(Frame, ScaleAndTolerances) {
     double scale = 0;
     EXPECT_EQ(ZuComn_GetScale(&scale), 0);
     EXPECT_EQ(scale, 50.0);
-    ZuComn_SetScale(1.0);
     double point = 0;
     double vector = 0;
     ZuComn_setTolerance(0.0, -1.0);
     ZuComn_getTolerance(&point, &vector);
     EXPECT_EQ(point, 0.0);
     EXPECT_EQ(vector, 0.1);
-    ZuComn_setTolerance(0.1, 0.1);
     ZuComn_getTolerance(nullptr, nullptr);
+    ZUCONECT_LAYER = L"other";
+    zucomn::resetLibrary();
+    ZuComn_getTolerance(&point, &vector);
+    EXPECT_EQ(point, 0.1);
+    EXPECT_EQ(ZuComn_GetGlobalScale(), 1.0);
+    EXPECT_EQ(ZUCONECT_LAYER, L"_ZU_CONNECT");
 }
 
 TEST(Frame, WindowRecords) {
@@ -207,7 +212,7 @@ TEST(Frame, LanguageModulesMayRenameSectionsAndKeys) {
     ZuComn_SetIniFile(CString(folder.wide("m.ini")));
     EXPECT_EQ(gblComn_lineWeight, 70);
     EXPECT_EQ(gblComn_kikiLineWeight, 50) << "a name that the module lacks is the built-in one";
-    ZuComn_SetIniFile(L"");
+    zucomn::resetLibrary();
 }
 
 TEST(Frame, MissingLanguageModuleIsToldOnce) {

@@ -125,7 +125,6 @@ TEST_F(Joined, AtTheToleranceAndNotBeyond) {
     EXPECT_EQ(search(b), TestDrawing::ids({c})) << "a tolerance of nothing joins equal points";
     ZuComn_setTolerance(0.1, 1e9);
     EXPECT_EQ(search(a), TestDrawing::ids({b, c}));
-    ZuComn_setTolerance(0.1, 0.1);
 }
 
 TEST_F(Joined, FilterPassesKindZeroButNotMissing) {
@@ -208,7 +207,6 @@ TEST_F(Joined, TheExtendedFormReachesFarAtLargeScales) {
     EXPECT_EQ(found, TestDrawing::ids({a, far})) << "the element's own code";
     EXPECT_EQ(RootComn_GetConnectBlock4EX(2, all, b, found, &count, nullptr), 0);
     EXPECT_EQ(found, TestDrawing::ids({c}));
-    ZuComn_SetScale(1.0);
 }
 
 TEST_F(Joined, TheNextDrawingStartsAnew) {

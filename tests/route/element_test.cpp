@@ -97,8 +97,6 @@ TEST(Element, NearPointsPreferTheFirstAndNumbersTheLast) {
     ZuComn_setTolerance(2.0, 0.1);
     EXPECT_EQ(RootComn_GetConnectPointNo(element, {6.5, 0, 0}, count), 2)
         << "the first tolerance above scale 1";
-    ZuComn_SetScale(1.0);
-    ZuComn_setTolerance(0.1, 0.1);
     const AcDbObjectId bare = drawing.element(drawing.block(L"RT-2", {}), {});
     EXPECT_EQ(RootComn_GetNearConnectPoint(bare, {}, nearest, &distance), -1);
 }

@@ -2,6 +2,7 @@
 
 #include "temporary_folder.h"
 
+#include <zucomn/model/library.h>
 #include <zucomn/settings.h>
 
 #include <filesystem>
@@ -20,7 +21,7 @@ public:
         folder_.write("system/master.ini", text);
         ZuComn_SetIniFile(CString(folder_.wide("system/master.ini")));
     }
-    ~SampleSettings() { ZuComn_SetIniFile(L""); }
+    ~SampleSettings() { zucomn::resetLibrary(); }
     SampleSettings(const SampleSettings&) = delete;
     SampleSettings& operator=(const SampleSettings&) = delete;
 

@@ -6,6 +6,7 @@
 #include <dbgroup.h>
 #include <dbobjptr.h>
 #include <dbsymtb.h>
+#include <zucomn/model/library.h>
 #include <zuhost/text_codec.h>
 
 #include <gtest/gtest.h>
@@ -15,7 +16,8 @@
 #include <string>
 #include <vector>
 
-/// A drawing that is the working database for its life, and short ways to put things into it.
+/// A drawing that is the working database for its life, and short ways to put things into it. At its end the
+/// library is reset, so that no test leaves a scale, a tolerance or a reactor to the next.
 class TestDrawing {
 public:
     /// An empty drawing with the connection layer.
@@ -29,7 +31,10 @@ public:
         const std::wstring path = zuhost::fromUtf8(std::string(ZU_SAMPLES) + "/drawings/" + sample);
         EXPECT_EQ(database_->dxfIn(path.c_str()), Acad::eOk) << zuhost::toUtf8(database_->lastErrorText());
     }
-    ~TestDrawing() { acdbHostApplicationServices()->setWorkingDatabase(nullptr); }
+    ~TestDrawing() {
+        acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+        zucomn::resetLibrary();
+    }
     TestDrawing(const TestDrawing&) = delete;
     TestDrawing& operator=(const TestDrawing&) = delete;
 

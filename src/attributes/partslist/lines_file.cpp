@@ -1,6 +1,7 @@
 #include "attributes/partslist/lines_file.h"
 
 #include "attributes/partslist/attribute_lines.h"
+#include "state/library_state.h"
 
 #include <afx.h>
 
@@ -9,8 +10,6 @@ namespace zu {
 namespace {
 
 constexpr const wchar_t* kRouteAttributes = L"\\RootAttr.dat";
-
-bool routeMode = false;
 
 bool write(const CString& path, const CString& text) {
     CStdioFile file;
@@ -35,11 +34,11 @@ bool isRouteAttributeFile(const CString& path) {
 }
 
 bool routeAttributeMode() {
-    return routeMode;
+    return state().routeAttributeMode;
 }
 
 void setRouteAttributeMode(bool on) {
-    routeMode = on;
+    state().routeAttributeMode = on;
 }
 
 bool readLines(const CString& path, CStringArray& lines) {
