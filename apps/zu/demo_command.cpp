@@ -131,11 +131,12 @@ void checkSaved(const std::string& path, const AttributeEdit& edit) {
 
 void drawPicture(DrawingFile& drawing, const std::string& path) {
     const Step step(7, "Draw the plan");
-    const PlanScene scene = makePlanScene(drawing);
+    const PlanScene scene(drawing);
     drawPlan(scene, path, 1600);
+    const std::vector<PlanJoint> joints = scene.findJoints();
     const auto joined =
-        std::count_if(scene.joints.begin(), scene.joints.end(), [](const PlanJoint& j) { return j.joined; });
-    step.say(path, ": ", scene.joints.size(), " connection points, ", joined, " joined");
+        std::count_if(joints.begin(), joints.end(), [](const PlanJoint& j) { return j.joined; });
+    step.say(path, ": ", joints.size(), " connection points, ", joined, " joined");
 }
 
 /// The first few elements of the main route and a pipe, all selected: shows shared, various and greyed

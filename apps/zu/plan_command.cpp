@@ -17,7 +17,7 @@ struct Options {
 
 void run(const Options& options) {
     DrawingFile drawing(options.drawing);
-    drawPlan(makePlanScene(drawing), options.output, options.width);
+    drawPlan(PlanScene(drawing), options.output, options.width);
 }
 
 } // namespace

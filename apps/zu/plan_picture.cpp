@@ -15,6 +15,8 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <set>
+#include <span>
 
 namespace zu::app {
 
@@ -23,7 +25,12 @@ namespace {
 constexpr const char* kFont = "IPAexGothic";
 constexpr double kMargin = 0.03;
 constexpr int kLegendLine = 22;
+constexpr int kTallest = 4; ///< Widths.
+// What can be drawn in a minute, and what an .svg file of some hundred megabytes holds.
+constexpr std::uint64_t kMostInPng = 80'000'000;
+constexpr std::uint64_t kMostInSvg = 15'000'000;
 constexpr double kSmallestText = 11.0;
+constexpr double kLargestText = 500.0;
 constexpr double kLabelGap = 3.0;
 constexpr double kJoinedRadius = 2.0;
 constexpr double kDanglingRadius = 4.5;
@@ -59,23 +66,56 @@ constexpr std::pair<PlanRole, const char*> kLegend[] = {
     {PlanRole::kind4, "link kind 4"}, {PlanRole::equipment, "equipment"}, {PlanRole::kindUnknown, "other"},
 };
 
-/// Where the plan lies and how it comes onto the picture.
+/// The area and the roles of what a plan shows.
+class PlanMeasure : public PlanCanvas {
+public:
+    void addStroke(std::span<const AcGePoint2d> points, PlanRole role) override {
+        roles_.insert(role);
+        for (const AcGePoint2d& point : points)
+            add(point);
+    }
+    void addText(const PlanText& text) override { add(text.position); }
+    void add(const AcGePoint2d& point) {
+        left_ = std::min(left_, point.x);
+        right_ = std::max(right_, point.x);
+        bottom_ = std::min(bottom_, point.y);
+        top_ = std::max(top_, point.y);
+    }
+
+    [[nodiscard]] QRectF area() const {
+        return left_ > right_ ? QRectF(0.0, 0.0, 1.0, 1.0)
+                              : QRectF(QPointF(left_, bottom_), QPointF(right_, top_));
+    }
+    [[nodiscard]] const std::set<PlanRole>& roles() const { return roles_; }
+
+private:
+    double left_ = std::numeric_limits<double>::max();
+    double right_ = std::numeric_limits<double>::lowest();
+    double bottom_ = std::numeric_limits<double>::max();
+    double top_ = std::numeric_limits<double>::lowest();
+    std::set<PlanRole> roles_;
+};
+
+/// What is painted.
+struct Plan {
+    const PlanScene& scene;
+    std::uint64_t most;
+    PlanMeasure measure;
+    std::vector<PlanJoint> joints;
+};
+
+/// Where the plan lies on the picture.
 class Sheet {
 public:
-    Sheet(const PlanScene& scene, int width) : width_(width) {
-        for (const PlanStroke& stroke : scene.strokes)
-            for (const AcGePoint2d& point : stroke.points)
-                add(point);
-        for (const PlanText& text : scene.texts)
-            add(text.position);
-        for (const PlanJoint& joint : scene.joints)
-            add(joint.position);
-        if (left_ > right_)
-            left_ = bottom_ = 0.0, right_ = top_ = 1.0;
-        const double margin = kMargin * std::max(right_ - left_, top_ - bottom_);
-        left_ -= margin, right_ += margin, bottom_ -= margin, top_ += margin;
-        scale_ = width_ / std::max(right_ - left_, 1e-9);
-        height_ = std::clamp(static_cast<int>((top_ - bottom_) * scale_), 100, 4 * width_) + 2 * kLegendLine;
+    Sheet(const QRectF& area, int width) : width_(width) {
+        const double margin = kMargin * std::max(area.width(), area.height());
+        left_ = area.left() - margin;
+        top_ = area.bottom() + margin;
+        const double across = std::max(area.width() + 2.0 * margin, 1e-9);
+        const double high = area.height() + 2.0 * margin;
+        const int tallest = kTallest * width_;
+        scale_ = std::min(width_ / across, tallest / std::max(high, 1e-9));
+        height_ = std::clamp(static_cast<int>(high * scale_), 100, tallest) + 2 * kLegendLine;
     }
 
     [[nodiscard]] QSize size() const { return {width_, height_}; }
@@ -85,57 +125,56 @@ public:
     }
 
 private:
-    void add(const AcGePoint2d& point) {
-        if (!std::isfinite(point.x) || !std::isfinite(point.y))
-            return;
-        left_ = std::min(left_, point.x);
-        right_ = std::max(right_, point.x);
-        bottom_ = std::min(bottom_, point.y);
-        top_ = std::max(top_, point.y);
-    }
-
-    double left_ = std::numeric_limits<double>::max();
-    double right_ = std::numeric_limits<double>::lowest();
-    double bottom_ = std::numeric_limits<double>::max();
-    double top_ = std::numeric_limits<double>::lowest();
+    double left_;
+    double top_;
     double scale_ = 1.0;
     int width_;
     int height_ = 0;
 };
 
-class PlanPainter {
+/// Paints in passes: texts cover strokes.
+class PlanPainter : public PlanCanvas {
 public:
     PlanPainter(QPainter& painter, const Sheet& sheet) : painter_(painter), sheet_(sheet) {}
 
-    void paint(const PlanScene& scene) {
+    void paint(const Plan& plan) {
         painter_.setRenderHint(QPainter::Antialiasing);
         painter_.fillRect(QRect(QPoint(0, 0), sheet_.size()), Qt::white);
-        for (const PlanStroke& stroke : scene.strokes)
-            paintStroke(stroke);
-        for (const PlanText& text : scene.texts)
-            paintText(text);
+        for (const bool texts : {false, true}) {
+            paintsTexts_ = texts;
+            plan.scene.show(*this, plan.most);
+        }
         for (const bool joined : {true, false})
-            for (const PlanJoint& joint : scene.joints)
+            for (const PlanJoint& joint : plan.joints)
                 if (joint.joined == joined)
                     paintMark(sheet_.place(joint.position), joined);
-        paintLegend(scene);
+        paintLegend(plan.measure.roles());
+    }
+
+    void addStroke(std::span<const AcGePoint2d> points, PlanRole role) override {
+        if (!paintsTexts_)
+            paintStroke(points, role);
+    }
+    void addText(const PlanText& text) override {
+        if (paintsTexts_)
+            paintText(text);
     }
 
 private:
-    void paintStroke(const PlanStroke& stroke) {
-        QPolygonF line;
-        for (const AcGePoint2d& point : stroke.points)
-            line << sheet_.place(point);
-        painter_.setPen(QPen(colourOf(stroke.role), stroke.role == PlanRole::background ? 1.0 : 1.6));
+    void paintStroke(std::span<const AcGePoint2d> points, PlanRole role) {
+        line_.clear();
+        for (const AcGePoint2d& point : points)
+            line_ << sheet_.place(point);
+        painter_.setPen(QPen(colourOf(role), role == PlanRole::background ? 1.0 : 1.6));
         painter_.setBrush(Qt::NoBrush);
-        painter_.drawPolyline(line);
+        painter_.drawPolyline(line_);
     }
 
     /// Upright enough to be read, whatever way its block is turned, and on a ground that covers lines.
     void paintText(const PlanText& text) {
         const double size = std::max(text.height * sheet_.scale(), kSmallestText);
         QFont font(kFont);
-        font.setPixelSize(std::clamp(static_cast<int>(std::lround(size)), 1, 500));
+        font.setPixelSize(static_cast<int>(std::lround(std::min(size, kLargestText))));
         const QString words = QString::fromStdString(text.text);
         const double width = QFontMetricsF(font).horizontalAdvance(words);
         painter_.save();
@@ -174,7 +213,7 @@ private:
         painter_.drawEllipse(place, radius, radius);
     }
 
-    void paintLegend(const PlanScene& scene) {
+    void paintLegend(const std::set<PlanRole>& roles) {
         QFont font(kFont);
         font.setPixelSize(14);
         painter_.setFont(font);
@@ -186,8 +225,7 @@ private:
             x += 30.0 + QFontMetricsF(font).horizontalAdvance(words) + 24.0;
         };
         for (const auto& [role, words] : kLegend) {
-            if (std::none_of(scene.strokes.begin(), scene.strokes.end(),
-                             [shown = role](const PlanStroke& s) { return s.role == shown; }))
+            if (!roles.contains(role))
                 continue;
             painter_.setPen(QPen(colourOf(role), 3.0));
             painter_.drawLine(QPointF(x, y), QPointF(x + 24.0, y));
@@ -201,20 +239,22 @@ private:
 
     QPainter& painter_;
     const Sheet& sheet_;
+    QPolygonF line_;
+    bool paintsTexts_ = false;
 };
 
 /// Empty when the picture is too large.
-QByteArray asPng(const PlanScene& scene, const Sheet& sheet) {
+QByteArray asPng(const Plan& plan, const Sheet& sheet) {
     QImage image(sheet.size(), QImage::Format_RGB32);
     QPainter painter;
     if (image.isNull() || !painter.begin(&image))
         return {};
-    PlanPainter(painter, sheet).paint(scene);
+    PlanPainter(painter, sheet).paint(plan);
     painter.end();
     return pngOf(image);
 }
 
-QByteArray asSvg(const PlanScene& scene, const Sheet& sheet) {
+QByteArray asSvg(const Plan& plan, const Sheet& sheet) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -224,7 +264,7 @@ QByteArray asSvg(const PlanScene& scene, const Sheet& sheet) {
     generator.setViewBox(QRect(QPoint(0, 0), sheet.size()));
     generator.setTitle("Plan");
     QPainter painter(&generator);
-    PlanPainter(painter, sheet).paint(scene);
+    PlanPainter(painter, sheet).paint(plan);
     painter.end();
     return bytes;
 }
@@ -237,11 +277,16 @@ void drawPlan(const PlanScene& scene, const std::string& file, int width) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     zuhost::ensureDesktop();
     const QString name = QString::fromStdString(file);
-    const Sheet sheet(scene, width);
     const bool svg = name.endsWith(".svg", Qt::CaseInsensitive);
     if (!svg && !name.endsWith(".png", Qt::CaseInsensitive))
         throw WrongUsage(file + ": a plan is drawn into a .png or .svg file");
-    const QByteArray bytes = svg ? asSvg(scene, sheet) : asPng(scene, sheet);
+    Plan plan{scene, svg ? kMostInSvg : kMostInPng, {}, {}};
+    scene.show(plan.measure, plan.most);
+    plan.joints = scene.findJoints();
+    for (const PlanJoint& joint : plan.joints)
+        plan.measure.add(joint.position);
+    const Sheet sheet(plan.measure.area(), width);
+    const QByteArray bytes = svg ? asSvg(plan, sheet) : asPng(plan, sheet);
     if (bytes.isEmpty())
         throw Failure(file + ": a picture of " + std::to_string(sheet.size().width()) + " x " +
                       std::to_string(sheet.size().height()) +

@@ -10,11 +10,13 @@
 #include <dbobjptr.h>
 #include <dbsymtb.h>
 #include <zucomn/frame.h>
+#include <zucomn/route.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
 #include <numbers>
-#include <span>
 #include <unordered_map>
 
 namespace zu::app {
@@ -22,15 +24,21 @@ namespace zu::app {
 namespace {
 
 constexpr std::size_t kDeepestNesting = 16;
-/// Few blocks that hold each other many times would make more than can ever be drawn.
-constexpr int kMostNested = 2'000'000;
+// What takes as long as a point.
+constexpr std::uint64_t kPointsPerEntity = 10;
+constexpr std::uint64_t kPointsPerLetter = 20;
+constexpr double kFarthest = 1e12;
 constexpr int kEquipment = 0;
+constexpr int kNoElement = 100;
 constexpr double kLineHeight = 1.4;
 constexpr double kChord = std::numbers::pi / 24.0;
 constexpr double kTurn = 2.0 * std::numbers::pi;
 
-PlanRole roleOf(const Element& element) {
-    switch (element.linkKind) {
+/// Of a block reference with an element code.
+PlanRole roleOf(AcDbObjectId id, int code) {
+    int linkKind = -1;
+    RootComn_GetBlockRootKind(id, &linkKind);
+    switch (linkKind) {
     case 1:
         return PlanRole::kind1;
     case 2:
@@ -42,9 +50,9 @@ PlanRole roleOf(const Element& element) {
     default:
         break;
     }
-    if (!element.isRouteElement())
+    if (code == kNoElement)
         return PlanRole::background;
-    return element.code == kEquipment ? PlanRole::equipment : PlanRole::kindUnknown;
+    return code == kEquipment ? PlanRole::equipment : PlanRole::kindUnknown;
 }
 
 /// The block's name without the prefix that makes it equipment.
@@ -82,18 +90,46 @@ private:
     std::unordered_map<AcDbObjectId, bool> shown_;
 };
 
+bool isNear(const AcGePoint2d& point) {
+    return std::abs(point.x) < kFarthest && std::abs(point.y) < kFarthest;
+}
+
+double finite(double value) {
+    return std::isfinite(value) ? value : 0.0;
+}
+
+/// Stops at a number of points: few blocks that hold each other many times would go on for ever.
+class PlanLimit {
+public:
+    explicit PlanLimit(std::uint64_t most) : most_(most), left_(most) {}
+
+    void take(std::uint64_t points) {
+        if (points > left_)
+            throw Failure(
+                "the plan has more than " + std::to_string(most_ / 1'000'000) +
+                " million points to draw: look for blocks that hold very many references to others");
+        left_ -= points;
+    }
+
+private:
+    std::uint64_t most_;
+    std::uint64_t left_;
+};
+
+/// Produces the strokes and texts of entities.
 class SceneBuilder {
 public:
-    explicit SceneBuilder(PlanScene& scene) : scene_(scene) {}
+    SceneBuilder(PlanCanvas& canvas, std::uint64_t most) : canvas_(canvas), limit_(most) {}
 
     void addEntity(AcDbObjectId id, const AcGeMatrix3d& toWorld, PlanRole role,
                    AcDbObjectId referenceLayer = {}) {
+        limit_.take(kPointsPerEntity);
         const AcDbObjectPointer<AcDbEntity> entity(id);
         if (entity.openStatus() != Acad::eOk || !entity->isVisible() ||
             !layers_.shows(*entity.object(), referenceLayer))
             return;
         if (const auto* line = AcDbLine::cast(entity))
-            addPoints({line->startPoint(), line->endPoint()}, toWorld, role);
+            addPoints(std::array{line->startPoint(), line->endPoint()}, toWorld, role);
         else if (const auto* circle = AcDbCircle::cast(entity))
             addArc(circle->center(), circle->radius(), 0.0, kTurn, circle->normal(), toWorld, role);
         else if (const auto* arc = AcDbArc::cast(entity))
@@ -110,31 +146,33 @@ public:
     }
 
     /// Equipment whose block has no text gets its name, on the side where routes don't join.
-    void addEquipment(const Element& element, PlanRole role) {
-        const std::size_t firstStroke = scene_.strokes.size();
-        const std::size_t firstText = scene_.texts.size();
-        addEntity(element.id, AcGeMatrix3d::kIdentity, role);
-        const std::span strokes = std::span(scene_.strokes).subspan(firstStroke);
-        if (strokes.empty() || scene_.texts.size() > firstText)
+    void addEquipment(const PlanScene::Item& item, const PlanScene::Equipment& equipment) {
+        box_ = {};
+        textCount_ = 0;
+        addEntity(item.id, AcGeMatrix3d::kIdentity, item.role);
+        if (box_.isEmpty() || textCount_ > 0)
             return;
-        AcGePoint2d low = strokes.front().points.front();
-        AcGePoint2d high = low;
-        for (const PlanStroke& stroke : strokes) {
-            for (const AcGePoint2d& point : stroke.points) {
-                low = {std::min(low.x, point.x), std::min(low.y, point.y)};
-                high = {std::max(high.x, point.x), std::max(high.y, point.y)};
-            }
-        }
-        double lean = 0.0;
-        for (const AcGePoint3d& point : element.connectionPoints)
-            lean += point.y - (low.y + high.y) / 2.0;
-        const bool isAbove = lean < 0.0;
-        const AcGePoint2d place((low.x + high.x) / 2.0, isAbove ? high.y : low.y);
+        const bool isAbove =
+            equipment.hasConnections && equipment.connectionY < (box_.low.y + box_.high.y) / 2.0;
+        const AcGePoint2d place((box_.low.x + box_.high.x) / 2.0, isAbove ? box_.high.y : box_.low.y);
         const PlanAnchor anchor = isAbove ? PlanAnchor::above : PlanAnchor::below;
-        scene_.texts.push_back({equipmentName(element.block), place, 0.0, 0.0, false, anchor, role});
+        addText({equipment.name, place, 0.0, 0.0, false, anchor, item.role});
     }
 
 private:
+    /// Holds what it was extended by.
+    struct Box {
+        static constexpr double kNone = std::numeric_limits<double>::infinity();
+        AcGePoint2d low{kNone, kNone};
+        AcGePoint2d high{-kNone, -kNone};
+
+        [[nodiscard]] bool isEmpty() const { return low.x > high.x; }
+        void extend(const AcGePoint2d& point) {
+            low = {std::min(low.x, point.x), std::min(low.y, point.y)};
+            high = {std::max(high.x, point.x), std::max(high.y, point.y)};
+        }
+    };
+
     void addReference(const AcDbBlockReference& reference, const AcGeMatrix3d& toWorld, PlanRole role,
                       AcDbObjectId layer) {
         const AcDbObjectId blockId = reference.blockTableRecord();
@@ -145,38 +183,42 @@ private:
         around_.push_back(blockId);
         const AcGeMatrix3d inner =
             toWorld * reference.blockTransform() * AcGeMatrix3d::translation(-block->origin().asVector());
-        for (const AcDbObjectId id : block->entityIds()) {
-            if (++nested_ > kMostNested)
-                throw Failure("the blocks of the drawing hold too much for a plan");
+        for (const AcDbObjectId id : block->entityIds())
             addEntity(id, inner, role, layer);
-        }
         around_.pop_back();
     }
 
-    void addPoints(const std::vector<AcGePoint3d>& points, const AcGeMatrix3d& toWorld, PlanRole role) {
-        if (points.empty())
+    /// A stroke with a point that is not near is left out.
+    void addPoints(std::span<const AcGePoint3d> points, const AcGeMatrix3d& toWorld, PlanRole role) {
+        limit_.take(points.size());
+        stroke_.clear();
+        for (const AcGePoint3d& point : points) {
+            stroke_.push_back((toWorld * point).convert2d());
+            if (!isNear(stroke_.back()))
+                return;
+        }
+        if (stroke_.empty())
             return;
-        PlanStroke stroke;
-        stroke.role = role;
-        for (const AcGePoint3d& point : points)
-            stroke.points.push_back((toWorld * point).convert2d());
-        scene_.strokes.push_back(std::move(stroke));
+        for (const AcGePoint2d& point : stroke_)
+            box_.extend(point);
+        canvas_.addStroke(stroke_, role);
     }
 
     void addArc(const AcGePoint3d& centre, double radius, double start, double end,
                 const AcGeVector3d& normal, const AcGeMatrix3d& toWorld, PlanRole role) {
-        const double sweep = end > start ? end - start : end - start + kTurn;
-        if (!std::isfinite(sweep) || sweep > 2.0 * kTurn)
+        const double turned = std::fmod(end - start, kTurn);
+        const double sweep = turned > 0.0 ? turned : turned + kTurn;
+        if (!std::isfinite(sweep))
             return;
         const AcGeMatrix3d plane = AcGeMatrix3d::planeToWorld(normal);
         const int chords = std::max(1, static_cast<int>(std::ceil(sweep / kChord)));
-        std::vector<AcGePoint3d> points;
+        points_.clear();
         for (int i = 0; i <= chords; ++i) {
             const double angle = start + sweep * i / chords;
-            points.push_back(centre +
-                             plane * AcGeVector3d(radius * std::cos(angle), radius * std::sin(angle), 0.0));
+            points_.push_back(centre +
+                              plane * AcGeVector3d(radius * std::cos(angle), radius * std::sin(angle), 0.0));
         }
-        addPoints(points, toWorld, role);
+        addPoints(points_, toWorld, role);
     }
 
     void addPolyline(const AcDbPolyline& polyline, const AcGeMatrix3d& toWorld, PlanRole role) {
@@ -184,17 +226,15 @@ private:
         const unsigned count = polyline.numVerts();
         const unsigned corners = count + (polyline.isClosed() && count > 0 ? 1 : 0);
         const double elevation = polyline.elevation();
-        std::vector<AcGePoint3d> points;
+        points_.clear();
         for (unsigned i = 0; i < corners; ++i) {
             AcGePoint2d point;
             polyline.getPointAt(i % count, point);
             if (i > 0)
-                addBulge(points, polyline, i - 1, point);
-            points.emplace_back(point.x, point.y, elevation);
+                addBulge(points_, polyline, i - 1, point);
+            points_.emplace_back(point.x, point.y, elevation);
         }
-        for (AcGePoint3d& point : points)
-            point.transformBy(plane);
-        addPoints(points, toWorld, role);
+        addPoints(points_, toWorld * plane, role);
     }
 
     /// The chords of an arc segment: its bulge is the tangent of a quarter of its angle.
@@ -240,19 +280,56 @@ private:
              PlanAnchor anchor, const AcGeMatrix3d& toWorld, PlanRole role) {
         const AcGeVector3d along = toWorld * AcGeVector3d(std::cos(rotation), std::sin(rotation), 0);
         const AcGeVector3d up = toWorld * AcGeVector3d(-std::sin(rotation), std::cos(rotation), 0);
-        scene_.texts.push_back({text.toStdString(), (toWorld * position).convert2d(), up.length() * height,
-                                std::atan2(along.y, along.x), along.x * up.y - along.y * up.x < 0.0, anchor,
-                                role});
+        addText({text.toStdString(), (toWorld * position).convert2d(), finite(up.length() * height),
+                 finite(std::atan2(along.y, along.x)), along.x * up.y - along.y * up.x < 0.0, anchor, role});
+    }
+
+    void addText(const PlanText& text) {
+        limit_.take(kPointsPerLetter * (text.text.size() + 1));
+        if (!isNear(text.position))
+            return;
+        ++textCount_;
+        canvas_.addText(text);
     }
 
     ShownLayers layers_;
-    PlanScene& scene_;
+    PlanCanvas& canvas_;
+    PlanLimit limit_;
     std::vector<AcDbObjectId> around_; ///< The blocks about what is being added.
-    int nested_ = 0;                   ///< What was added from blocks so far.
+    std::vector<AcGePoint3d> points_;  ///< Of the entity that is being added,
+    std::vector<AcGePoint2d> stroke_;  ///< and in place.
+    Box box_;                          ///< Of the strokes of an equipment.
+    std::size_t textCount_ = 0;
 };
 
-std::vector<PlanJoint> findJoints(const std::vector<AcDbObjectId>& elements) {
-    const std::vector<ConnectionPoint> points = connectionPoints(elements);
+PlanScene::Equipment readEquipment(AcDbObjectId id) {
+    const Element element = readElement(id);
+    PlanScene::Equipment equipment{equipmentName(element.block), 0.0, !element.connectionPoints.empty()};
+    const auto count = static_cast<double>(element.connectionPoints.size());
+    for (const AcGePoint3d& point : element.connectionPoints)
+        equipment.connectionY += point.y / count;
+    return equipment;
+}
+
+} // namespace
+
+PlanScene::PlanScene(DrawingFile& drawing) : elements_(drawing.references()) {
+    for (const AcDbObjectId id : drawing.entities()) {
+        Item& item = items_.emplace_back(id);
+        if (!id.objectClass()->isDerivedFrom(AcDbBlockReference::desc()))
+            continue;
+        int code = kNoElement;
+        ZuComn_GetBlockElementCode(id, code);
+        item.role = roleOf(id, code);
+        if (code != kEquipment)
+            continue;
+        item.equipment = equipment_.size();
+        equipment_.push_back(readEquipment(id));
+    }
+}
+
+std::vector<PlanJoint> PlanScene::findJoints() const {
+    const std::vector<ConnectionPoint> points = connectionPoints(elements_);
     const std::vector<std::vector<AcDbObjectId>> joined = joinedElements(points);
     std::vector<PlanJoint> joints;
     joints.reserve(points.size());
@@ -261,24 +338,14 @@ std::vector<PlanJoint> findJoints(const std::vector<AcDbObjectId>& elements) {
     return joints;
 }
 
-} // namespace
-
-PlanScene makePlanScene(DrawingFile& drawing) {
-    PlanScene scene;
-    SceneBuilder builder(scene);
-    for (const AcDbObjectId id : drawing.entities()) {
-        if (!id.objectClass()->isDerivedFrom(AcDbBlockReference::desc())) {
-            builder.addEntity(id, AcGeMatrix3d::kIdentity, PlanRole::background);
-            continue;
-        }
-        const Element element = readElement(id);
-        if (element.code == kEquipment)
-            builder.addEquipment(element, roleOf(element));
+void PlanScene::show(PlanCanvas& canvas, std::uint64_t most) const {
+    SceneBuilder builder(canvas, most);
+    for (const Item& item : items_) {
+        if (item.equipment)
+            builder.addEquipment(item, equipment_[*item.equipment]);
         else
-            builder.addEntity(id, AcGeMatrix3d::kIdentity, roleOf(element));
+            builder.addEntity(item.id, AcGeMatrix3d::kIdentity, item.role);
     }
-    scene.joints = findJoints(drawing.references());
-    return scene;
 }
 
 } // namespace zu::app

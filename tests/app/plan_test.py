@@ -1,5 +1,6 @@
 """The plan as a picture: colours by link kind, marks of connection points, names."""
 import os
+import resource
 import struct
 import tempfile
 import xml.etree.ElementTree as xml
@@ -37,15 +38,20 @@ with tempfile.TemporaryDirectory() as folder:
         head = f.read(24)
     check(head.startswith(b"\x89PNG") and struct.unpack(">I", head[16:20])[0] == 900, "as wide as asked")
     run("plan", drawing, "-o", os.path.join(folder, "plan.txt"), status=2)
-    for names, status in (("AA", 0), ("ABCDEFGHIJKL", 1)):
+    # Blocks that hold themselves, or very many others; the last ones a polyline. An arc and a text without measure.
+    for names, points, status in (("AA", 2, 0), ("ABCDEFGHIJKL", 2, 1), ("ABCDEF", 2000, 1)):
         nested = os.path.join(folder, "nested.dxf")
         document = ezdxf.new()
         blocks = [document.blocks.new(name) for name in sorted(set(names))]
         for block, inner in zip(blocks, names[1:]):
-            block.add_line((0, 0), (1, 1))
+            block.add_lwpolyline([(k % 7, k) for k in range(points)])
             for _ in range(10):
                 block.add_blockref(inner, (0, 0))
         document.modelspace().add_blockref("A", (0, 0))
+        document.modelspace().add_arc((0, 0), 5, -1e300, 1e300)
+        document.modelspace().add_text("huge", height=1e308)
         document.saveas(nested)
-        run("plan", nested, "-o", picture, status=status)
+        run("plan", nested, "-o", file, status=status)
+    check(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss < 800000, "memory does not follow what blocks repeat")
+    run("plan", drawing, "-o", os.path.join(folder, "missing", "plan.svg"), status=1)
 print("the plan shows what it should")
