@@ -6,8 +6,16 @@
 
 #include <zucomn/settings.h>
 #include <zucomn/tables.h>
+#include <zuhost/paths.h>
 
 namespace zu::app {
+
+namespace {
+
+/// The files that the library reads from the system folder.
+constexpr const wchar_t* kSystemFiles[] = {L"ZuConfig.ini", L"属性IDパラメータ.csv", L"属性IDタイトル.csv"};
+
+} // namespace
 
 SettingsFile::SettingsFile(const std::string& path) {
     if (path.empty())
@@ -18,7 +26,8 @@ SettingsFile::SettingsFile(const std::string& path) {
     warnOfUnmarkedUtf8(path);
     CString folder;
     if (ZuComn_GetSystemPath(folder))
-        warnOfUnmarkedUtf8(narrow((folder + L"\\ZuConfig.ini").view()));
+        for (const wchar_t* const name : kSystemFiles)
+            warnOfUnmarkedUtf8(zuhost::systemPath((folder + L"\\" + name).view()));
 }
 
 SettingsFile::~SettingsFile() {

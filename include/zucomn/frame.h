@@ -17,8 +17,8 @@ class CWnd;
 
 /// Chooses the language module by the user's language, loads it from the folder named by the decimal language
 /// id beside the library, and reloads the layer names from it. For Japanese, or no language, the library's
-/// own texts are used. When the module can't be loaded, the command line says so and the library's own texts
-/// are used. The module is freed when the library is unloaded; layer names keep their texts.
+/// own texts are used. When the module can't be loaded, the command line shows its path and the library's own
+/// texts are used. The module is freed when the library is unloaded; layer names keep their texts.
 ///
 /// On this host a language module is a UTF-8 file "1033/ZuComn.strings" of lines `id = "text"`. What it lacks
 /// or has empty the library takes from its own texts: names of layers, and of sections and keys of settings,
@@ -34,7 +34,7 @@ ZUCOMN_API int ZuComn_LoadString(HINSTANCE module, UINT id, wchar_t* buffer, int
 
 /// The module that texts come from: the language module; the library itself when none is loaded.
 ZUCOMN_API HINSTANCE ZuComn_GetResource();
-/// The id of the user's language as ZuComn_SetResource found it; 0 before, and when nothing tells one.
+/// Returns the id of the user's language as ZuComn_SetResource found it; 0 before, or when it is unknown.
 ZUCOMN_API LANGID ZuComn_GetResourceLanguage();
 
 // ---- drawing scale, tolerances, database
@@ -67,14 +67,14 @@ ZUCOMN_API int ZuComn_GetEnableAnnoScale();
 
 /// Does nothing and returns 0: no box appears.
 ZUCOMN_API int ZuComn_ErrorBox(const wchar_t* text, const wchar_t* caption, UINT style);
-/// Tells the user in a box with the stop icon why a file operation failed. Operation: 1 open, 2 write, 3
+/// Shows in a box with the stop icon why a file operation failed. Operation: 1 open, 2 write, 3
 /// close; cause: a CFileException cause.
 ZUCOMN_API void ZuComn_FileErrorMsg(int operation, int cause);
 
 // ---- the window that a command uses
 //
 // The product's modules read the records; the library only fills and clears them. It does not own the
-// windows: who destroys one clears its record first.
+// windows: clear the record before destroying a window.
 
 /// Stores the text in `close_SendCommand`.
 ZUCOMN_API void ZuComn_SetSendCueCommand(const CString& command);

@@ -10,8 +10,8 @@
 //
 // Both are profile files of the platform: "[SECTION]", "KEY=VALUE", comments after ";". Names are compared
 // ignoring the case of ASCII letters, white space around names and values does not count, a value in quotes
-// is read without them, and of a name that stands twice the first counts. They are in code page 932 unless a
-// byte-order mark tells UTF-8 or UTF-16 (little endian); a file that is written keeps its encoding and all
+// is read without them, and the first of two equal names counts. They are in code page 932 unless a
+// byte-order mark says UTF-8 or UTF-16 (little endian); a file that is written keeps its encoding and all
 // its other lines.
 
 /// Names the master settings file and reads the line weights from it (0 where missing).

@@ -7,12 +7,12 @@
 class CComboBox;
 
 /// Cuts a text at every separator into fields trimmed of white space on both sides; the list is emptied
-/// first. A text without the separator is one field as it stands. Number of fields.
+/// first. A text without the separator is one field, not trimmed. Returns the number of fields.
 ZUCOMN_API int ZuComn_SeparateString(const wchar_t* text, CStringArray& fields, wchar_t separator);
 
 /// Cuts a text at the first character of `separator` into fields numbered from 1 and keeps those that the
-/// column list (decimal numbers parted by commas; null: all) names, trimmed of trailing spaces; the list is
-/// emptied first. 0 when a field was stored, else -1; without a text or a separator nothing is stored.
+/// column list (decimal numbers separated by commas; null: all) names, trimmed of trailing spaces; the list
+/// is emptied first. 0 when a field was stored, else -1; without a text or a separator nothing is stored.
 ZUCOMN_API int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, const wchar_t* columns,
                                      const wchar_t* separator);
 
@@ -25,19 +25,20 @@ ZUCOMN_API int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, 
 ZUCOMN_API void ZuComn_ExtractFileName(wchar_t* directory, wchar_t* name, wchar_t* title, wchar_t* extension,
                                        const wchar_t* path, int level);
 
-/// The product's rounding to a whole number: 0.5 is added to values from 0 on, 0.4 taken off negative ones,
-/// and the rest cut off towards zero. So -2.5 gives -2.
+/// Rounds to a whole number as the product does: adds 0.5 to values from 0 on, subtracts 0.4 from negative
+/// ones, and truncates towards zero. So -2.5 gives -2.
 ZUCOMN_API double ZuComn_C4O5I(double value);
 
-/// An angle in degrees brought into [0, 360) by at most 100 steps of 360; unchanged when that is not enough.
+/// Returns an angle in degrees brought into [0, 360) by at most 100 steps of 360; unchanged when that is not
+/// enough.
 ZUCOMN_API double ZUComn_AngleAptitude(double degrees);
 
-/// A number as text with so many digits behind the point (negative: as the option "実数精度桁数" says),
-/// counted as significant digits beyond those of the whole part. A magnitude of at most 0.001 is written with
-/// at most so many places, zeros at the end left out; from 17 places on as the others; without a digit within
-/// the precision as zero with one place less ("0.00" for 3). Precision 0 gives the whole number, however
-/// large: cut off towards zero, or with the rounding flag, which matters here only, rounded with halves away
-/// from zero.
+/// Returns a number as text with `precision` digits after the point (negative: as the option "実数精度桁数"
+/// says), counted as significant digits beyond those of the whole part. A magnitude of at most 0.001 is
+/// written with at most `precision` places, zeros at the end left out; from 17 places on as the others;
+/// without a digit within the precision as zero with one place less ("0.00" for 3). Precision 0 gives the
+/// whole number, however large: cut off towards zero, or with the rounding flag, which matters here only,
+/// rounded with halves away from zero.
 ZUCOMN_API CString ZuComn_RealFormat(double value, int precision, int rounding);
 
 /// Adds a number to a combo box whose list is kept sorted and written in one style: mode 0 whole numbers, 1

@@ -4,17 +4,17 @@
 
 #include <afxcoll.h>
 
-// Table files: one record a line, fields parted by a separator character. "#" begins a comment line, "END"
-// ends the table. Trailing spaces of lines and fields don't count. Files are in code page 932 unless a mark
-// says UTF-8 or UTF-16 LE.
+// Table files: one record a line, fields separated by one character. "#" begins a comment line, "END" ends
+// the table. Trailing spaces of lines and fields don't count. Files are in code page 932 unless a byte-order
+// mark says UTF-8 or UTF-16 (little endian).
 //
-// A file that fails while it is read, or holds a line of more than 16 MiB, gives an empty list; what comes
-// after the table's end doesn't count. Equal fields may share their characters until one of them is changed.
-// Files of more than 256 KiB are read by up to eight threads, which end before the call does.
+// A file that fails while it is read, or holds a line of more than 16 MiB, gives an empty list; what follows
+// the table's end doesn't count. Equal fields may share their characters until one of them is changed. Files
+// of more than 256 KiB are read by up to eight threads, which end before the call returns.
 //
-// `skip` lines are passed over first. `columns` lists the fields to keep (decimal numbers parted by commas;
-// null: all). The first character of `separator` parts the fields; null: that of the settings. Without one,
-// or when the file can't be opened, the list stays as it was. The last argument is not used.
+// The first `skip` lines are ignored. `columns` lists the fields to keep (decimal numbers separated by
+// commas; null: all). The first character of `separator` separates the fields; null: that of the settings.
+// Without one, or when the file can't be opened, the list stays as it was. The last argument is not used.
 
 /// Appends the kept fields of all records one after the other; the list is emptied once the file is open.
 /// 0 when a field was stored, else -1.

@@ -13,18 +13,18 @@
 
 namespace zu {
 
-/// Reads a text file block by block, the blocks of a large one at the same time by several threads.
+/// Reads a text file block by block; several threads process the blocks of a large file.
 template <typename Result>
 class BlockReader {
 public:
-    /// Makes something of a block's lines, away from other threads' objects.
+    /// Processes a block's lines; must not touch objects of other threads.
     using Read = std::function<Result(CTextBlock block)>;
 
-    /// For the lines of the file that were not read yet.
+    /// Reads on from the file's current line.
     BlockReader(CStdioFile& file, Read read) : file_(file), read_(std::move(read)) {}
 
-    /// What became of the next block, in the order of the file; nullopt at its end. Throws what reading the
-    /// file or the block threw, in its place.
+    /// Returns the result of the next block, in file order; nullopt at the end. Rethrows in that order what
+    /// reading the file or processing the block threw.
     std::optional<Result> next() {
         do
             start();
@@ -52,21 +52,21 @@ private:
                 blocks_.back().wait();
             blockSize_ = std::min(blockSize_ + blockSize_ / 16, kLargeBlock);
         } catch (const CFileException&) {
-            // Who reads in order may not get as far.
+            // Reports the error in file order; the table may end earlier.
             complete_ = true;
             std::promise<Result> failure;
             failure.set_exception(std::current_exception());
             blocks_.push_back(failure.get_future());
         }
     }
-    /// The last block, often the only one, is read by this thread; so are all where there is but one, or
-    /// where the system gives no more.
+    /// This thread processes the last block, often the only one, and every block where the system offers no
+    /// other thread.
     [[nodiscard]] std::launch policy() const {
         const bool here = complete_ || threads_ <= 1;
         return here ? std::launch::deferred : std::launch::async | std::launch::deferred;
     }
 
-    // To start a thread takes as long as reading some 50 KB.
+    // Starting a thread costs as much as reading about 50 KB.
     static constexpr UINT kSmallBlock = 1U << 18U;
     static constexpr UINT kLargeBlock = 1U << 20U;
     static constexpr unsigned kMostThreads = 8;
@@ -75,7 +75,7 @@ private:
     Read read_;
     UINT blockSize_ = kSmallBlock;
     unsigned threads_ = std::min(std::thread::hardware_concurrency(), kMostThreads);
-    std::deque<std::future<Result>> blocks_; ///< Last, so that no thread outlives what it uses.
+    std::deque<std::future<Result>> blocks_; ///< After what the threads use, so that they end first.
     bool complete_ = false;
 };
 

@@ -4,7 +4,8 @@
 
 namespace zu {
 
-/// A text of the library in the user's language; one that the language module lacks is the built-in one.
+/// Returns a text of the library in the user's language, or the built-in one where the language module lacks
+/// it.
 [[nodiscard]] CString libraryText(unsigned id);
 
 } // namespace zu

@@ -34,8 +34,8 @@ private:
     return line.starts_with(L'#');
 }
 
-/// Gives each kept field of the line, without trailing spaces, to `take`. Fields are numbered from 1; the
-/// line has one more than separators.
+/// Calls `take` for each kept field of the line, without trailing spaces. Fields are numbered from 1; a line
+/// has one field more than separators.
 template <typename Take>
 void splitLine(std::wstring_view line, wchar_t separator, const ColumnSelection& columns, Take take) {
     for (int number = 1;; ++number) {

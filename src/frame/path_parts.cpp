@@ -52,7 +52,7 @@ void put(std::wstring_view text, wchar_t* buffer) {
 
 void ZuComn_ExtractFileName(wchar_t* directory, wchar_t* name, wchar_t* title, wchar_t* extension,
                             const wchar_t* path, int level) {
-    // A copy: a caller may give the path's own buffer for an output.
+    // A copy: an output may be the buffer of the path.
     const CString whole(path);
     const PathParts parts = takeApart(whole.view(), level);
     put(parts.directory, directory);

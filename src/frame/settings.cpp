@@ -41,7 +41,7 @@ constexpr std::array<Option, 10> kKnownOptions{{
     {L"寸法尺度設定", L"DIMSCALE"},
 }};
 
-/// Every read goes through here: "error" stands for a missing value.
+/// The only place that reads a value: "error" stands for a missing one.
 bool readValue(const wchar_t* file, const wchar_t* section, const wchar_t* key, CString& value) {
     wchar_t buffer[kValueSize] = {};
     GetPrivateProfileStringW(section, key, kMissing, buffer, kValueSize, file);

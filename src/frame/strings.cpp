@@ -20,7 +20,7 @@ int ZuComn_SeparateString(const wchar_t* text, CStringArray& fields, wchar_t sep
 
 int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, const wchar_t* columns,
                           const wchar_t* separator) {
-    // Copies: a caller may give one of the fields that go.
+    // A copy: the text may be one of the fields that are removed.
     const CString whole(text);
     const wchar_t parting = separator != nullptr ? *separator : L'\0';
     const zu::ColumnSelection selection(columns);

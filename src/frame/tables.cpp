@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Null when neither the caller nor the settings name one.
+/// Returns NUL when neither the caller nor the settings name a separator.
 wchar_t separatorOf(const wchar_t* given) {
     if (given != nullptr)
         return *given;
@@ -23,7 +23,7 @@ wchar_t separatorOf(const wchar_t* given) {
     return ZuComn_GetEnv(value, ZUCE_INIFILE, section, key) == 0 && !value.IsEmpty() ? value.GetAt(0) : L'\0';
 }
 
-/// Takes the fields of a table one after the other.
+/// Collects the fields of a table in one list.
 class FieldList {
 public:
     using Kept = CStringArray;
@@ -41,7 +41,7 @@ private:
     CStringPool pool_;
 };
 
-/// Takes them record by record.
+/// Collects the fields of a table in one list for each record.
 class RecordList {
 public:
     using Kept = CPtrArray;
@@ -52,7 +52,7 @@ public:
     ~RecordList() { ZuComn_RemoveAllFree(records_); }
 
     void startRecord() {
-        // Most records of a table have as many fields as the one before.
+        // Most records of a table have as many fields as their predecessor.
         auto record = pool_.MakeArray(current_ != nullptr ? current_->GetSize() : 0);
         current_ = record.get();
         records_.Add(static_cast<CObject*>(record.release()));
@@ -70,7 +70,7 @@ private:
     CStringPool pool_;
 };
 
-/// What a table's lines look like and which of their fields are kept.
+/// How lines are split, and which of their fields are kept.
 struct Format {
     wchar_t separator;
     zu::ColumnSelection columns;

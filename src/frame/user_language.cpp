@@ -23,7 +23,7 @@ struct ResourceLanguages {
 
 BOOL noteLanguage(HMODULE /*module*/, const wchar_t* /*type*/, const wchar_t* /*name*/, WORD language,
                   LPARAM parameter) {
-    // The interface hands the caller's pointer through as a number.
+    // The interface passes the caller's pointer as a number.
     // NOLINTNEXTLINE(performance-no-int-to-ptr)
     auto& languages = *reinterpret_cast<ResourceLanguages*>(parameter);
     ++languages.count;
@@ -42,7 +42,7 @@ bool isHongKongEdition() {
     return edition;
 }
 
-/// The language of the system's own library tells the system's edition.
+/// The language of the system's own library is that of the system's edition.
 LANGID systemLibraryLanguage() {
     const HMODULE library = LoadLibraryW(L"ntdll.dll");
     if (library == nullptr)

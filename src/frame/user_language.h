@@ -4,7 +4,7 @@
 
 namespace zu {
 
-/// The language id of the user's interface; 0 when nothing tells one.
+/// Returns the language id of the user's interface; 0 when it is unknown.
 [[nodiscard]] LANGID userLanguage();
 
 } // namespace zu

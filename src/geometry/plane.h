@@ -5,8 +5,8 @@
 #include <cmath>
 #include <optional>
 
-// The steps that the operations share. An operation takes the direction of each of its lines once and hands
-// it on, since a direction costs more trigonometry than everything else.
+// The steps that the operations share. An operation computes the direction of each of its lines once and
+// passes it on: a direction costs more trigonometry than everything else.
 namespace zu::plane {
 
 inline constexpr double kPi = 3.141592653589793;

@@ -40,7 +40,8 @@ def check_links(folder):
 
 def said(language, *arguments):
     """What the program says on its standard error in a language."""
-    return subprocess.run([ZU, *arguments], capture_output=True, text=True, env={**os.environ, "LC_ALL": language}).stderr
+    environment = {**os.environ, "LC_ALL": language}
+    return subprocess.run([ZU, *arguments], capture_output=True, text=True, env=environment).stderr
 
 
 def check_messages(folder):
@@ -48,7 +49,8 @@ def check_messages(folder):
     path = os.path.join(folder, "utf8.csv")
     for text, encoding, warned in (("a|弁", "utf-8", True), ("a|Ö1", "utf-8", True), ("a|弁", "cp932", False),
                                    ("a|ﾄｱ", "cp932", False), ("a|弁", "utf-8-sig", False), ("a|b", "utf-8", False)):
-        for arguments in (("table", path), ("link", "get", path, "a"), ("link", "save", path, "a=1"), ("link", "get", path, "a", "--settings", path)):
+        for arguments in (("table", path), ("link", "get", path, "a"), ("link", "save", path, "a=1"),
+                          ("link", "get", sample("system/LinkInfo.lif"), "EQUIP", "--settings", path)):
             with open(path, "wb") as f:
                 f.write(text.encode(encoding) + b"\n")
             check((path + ": warning: " in said("C.UTF-8", *arguments)) == warned, "%s of %s in %s" % (arguments[0], text, encoding))
