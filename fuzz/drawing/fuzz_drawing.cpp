@@ -1,20 +1,16 @@
 // Opens any bytes as a drawing; what opens must save to the same bytes, and to a drawing that opens again,
 // also through the other form and written from tags.
+#include "../support/require.h"
+
 #include "drawing/document.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 using namespace zuhost;
 
-namespace {
+using zu::fuzz::require;
 
-void require(bool condition, const char* what) {
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
+namespace {
 
 std::unique_ptr<Document> open(const std::string& bytes) {
     auto result = Document::open(bytes, L"fuzz", nullptr);

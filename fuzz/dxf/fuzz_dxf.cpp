@@ -1,22 +1,16 @@
 // Any bytes as a part drawing, ASCII or binary, by both tables; comments before an ASCII drawing change
 // nothing, and the strict table never reads more than the complete one.
-#include "memory_file.h"
+#include "../support/memory_file.h"
+#include "../support/require.h"
 
 #include <zucomn/dxf.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
-namespace {
+using zu::fuzz::require;
 
-void require(bool condition, const char* what) {
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
+namespace {
 
 int countOf(const CAcadDxf& part) {
     int count = part.GetEntities().GetCount() + part.GetLayers().GetCount();

@@ -1,5 +1,6 @@
 // Draws any bytes as a part drawing.
-#include "memory_file.h"
+#include "../support/memory_file.h"
+
 #include "part_picture.h"
 
 #include <QGuiApplication>

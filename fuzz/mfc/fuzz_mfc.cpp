@@ -1,25 +1,20 @@
 // Any bytes as a profile file and as a string table. Nothing is lost by reading and writing; a value that is
 // set is read back, also from the bytes written, and changes no other line; texts of a table round trip.
+#include "../support/require.h"
+
 #include <zuhost/profile.h>
 #include <zuhost/string_table.h>
 
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 
 using zuhost::Profile;
 using zuhost::StringTable;
 
-namespace {
+using zu::fuzz::require;
 
-void require(bool condition, const char* what) {
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
+namespace {
 
 /// A text that a profile file can say in every encoding: no marks of the file's grammar, no outer spaces.
 std::wstring plainText(FuzzedDataProvider& input) {

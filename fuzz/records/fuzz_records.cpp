@@ -1,22 +1,17 @@
 // Any bytes as records of every form: records tile the input, end within it and stop at the first fault; the
 // numbers of a record round trip.
+#include "../support/require.h"
+
 #include "dxf_records/number_text.h"
 #include "dxf_records/record_reader.h"
 
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 using namespace zuhost;
 
-namespace {
+using zu::fuzz::require;
 
-void require(bool condition, const char* what) {
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
+namespace {
 
 void checkNumber(std::string_view text) {
     const auto number = parseReal(text);

@@ -1,6 +1,7 @@
 // Any bytes as a table file and as a link information file: both readers agree on the records, and what a
 // save wrote is read back.
-#include "../dxf/memory_file.h"
+#include "../support/memory_file.h"
+#include "../support/require.h"
 
 #include "frame/link_merge.h"
 #include "frame/text_encoding.h"
@@ -8,19 +9,12 @@
 #include <zucomn/link_info.h>
 #include <zucomn/tables.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
-namespace {
+using zu::fuzz::require;
 
-void require(bool condition, const char* what) {
-    if (condition)
-        return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
+namespace {
 
 int fieldsInRecords(const CPtrArray& records) {
     int count = 0;

@@ -1,0 +1,181 @@
+// What follows the opening of a drawing: list, search, audit, draw, edit, repair, save, reopen. Showing a
+// drawing changes nothing, what was saved opens, and a second repair repairs nothing.
+#include "../support/memory_file.h"
+#include "../support/program.h"
+#include "../support/require.h"
+
+#include "audit/audit.h"
+#include "drawing_file.h"
+#include "element.h"
+#include "failure.h"
+#include "group.h"
+#include "joints.h"
+#include "plan_picture.h"
+#include "plan_scene.h"
+#include "text.h"
+
+#include <dbents.h>
+#include <dbobjptr.h>
+#include <zucomn/dbservices.h>
+#include <zucomn/model/attributes.h>
+#include <zucomn/route.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace zu::fuzz {
+
+namespace {
+
+constexpr int kPictureWidth = 64;
+/// A search in a group looks at all of its members: without a limit large groups cost their square.
+constexpr std::size_t kSearches = 64;
+
+using Ids = std::vector<AcDbObjectId>;
+
+/// No value: the drawing is refused.
+std::unique_ptr<app::DrawingFile> open(const CString& file) {
+    try {
+        return std::make_unique<app::DrawingFile>(app::narrow(file.view()));
+    } catch (const app::Failure&) {
+        return nullptr;
+    }
+}
+
+void search(AcDbObjectId element) {
+    AcArray<AcDbObjectId> groups;
+    AcArray<AcDbObjectId> found;
+    ZuComn_GetGroupID(element, groups);
+    for (const AcDbObjectId group : groups)
+        RootComn_GetConnectBlock(group, element, found, nullptr, 0);
+}
+
+void list(const app::DrawingFile& drawing) {
+    const Ids references = drawing.references();
+    for (const AcDbObjectId id : references)
+        (void)app::readElement(id);
+    for (const AcDbObjectId id : drawing.groups())
+        (void)app::readGroup(id);
+    (void)app::joinedElements(app::connectionPoints(references));
+    for (std::size_t i = 0; i < std::min(references.size(), kSearches); ++i)
+        search(references[i]);
+}
+
+void draw(app::DrawingFile& drawing) {
+    try {
+        const app::PlanScene scene = app::makePlanScene(drawing);
+        app::drawPlan(scene, "/dev/null/plan.png", kPictureWidth);
+    } catch (const app::Failure&) {
+        // The scene is too large, or, always, the picture's place can't be written.
+    }
+}
+
+void requireOpens(app::DrawingFile& drawing) {
+    const bool binary = drawing.database().isBinary();
+    AcDbDatabase again(false);
+    const bool opens = again.dxfInBytes(drawing.database().dxfOutBytes(binary), L"saved") == Acad::eOk;
+    if (!opens)
+        std::fprintf(stderr, "%ls\n", again.lastErrorText().c_str());
+    require(opens, "what was saved does not open");
+}
+
+void show(const CString& file, std::string_view bytes) {
+    const auto drawing = open(file);
+    if (!drawing)
+        return;
+    list(*drawing);
+    (void)app::auditRoutes(*drawing, false);
+    draw(*drawing);
+    const std::string saved = drawing->database().dxfOutBytes(drawing->database().isBinary());
+    // Faults that were mended on the way in are mended in the file, too.
+    if (drawing->database().warnings().empty())
+        require(saved == bytes, "an unedited drawing was changed");
+}
+
+void editGroups(const Ids& references, const Ids& groups) {
+    AcArray<AcDbObjectId> elements;
+    for (const AcDbObjectId id : references)
+        elements.append(id);
+    if (!groups.empty() && !references.empty()) {
+        RootComn_AddGroupMember(groups.front(), references.back());
+        RootComn_DelGroupMember(groups.back(), references.front());
+        RootComn_GroupMemberCopy(groups.front(), groups.back());
+    }
+    AcDbObjectId made;
+    RootComn_CreateNewGroup(L"*", elements, made, true);
+    for (std::size_t i = 0; i < groups.size(); i += 2)
+        RootComn_DelGroup(groups[i]);
+}
+
+void editElements(const Ids& references) {
+    const std::array<zucomn::AttributeValue, 2> values = {{{L"S401", L"2500"}, {L"S501", L"給気"}}};
+    (void)zucomn::editAttributes(references, values);
+    for (std::size_t i = 0; i < references.size(); i += 3) {
+        RootComn_SetOriginPoint(references[i], AcGePoint3d(1.0, 2.0, 3.0));
+        const AcDbObjectPointer<AcDbEntity> entity(references[i], AcDb::kForWrite);
+        if (entity.openStatus() == Acad::eOk && i % 2 != 0)
+            entity->erase();
+    }
+}
+
+void edit(const CString& file) {
+    const auto drawing = open(file);
+    if (!drawing)
+        return;
+    drawing->database().startUndoRecord();
+    const Ids references = drawing->references();
+    editElements(references);
+    editGroups(references, drawing->groups());
+    requireOpens(*drawing);
+    list(*drawing);
+    while (drawing->database().undo() == Acad::eOk) {
+    }
+    requireOpens(*drawing);
+}
+
+std::ptrdiff_t repairsOf(app::DrawingFile& drawing) {
+    const std::vector<app::Finding> findings = app::auditRoutes(drawing, true);
+    return std::count_if(findings.begin(), findings.end(), [](const app::Finding& finding) {
+        if (finding.repaired)
+            std::fprintf(stderr, "%s: %s\n", finding.handle.c_str(), finding.problem.c_str());
+        return finding.repaired;
+    });
+}
+
+void repair(const MemoryFile& memory, const CString& file) {
+    const auto drawing = open(file);
+    if (!drawing)
+        return;
+    (void)app::auditRoutes(*drawing, true);
+    const std::string saved = drawing->database().dxfOutBytes(drawing->database().isBinary());
+    const auto again = open(memory.fill(saved));
+    require(again != nullptr, "a repaired drawing does not open");
+    require(repairsOf(*again) == 0, "a second repair repaired something");
+}
+
+} // namespace
+
+} // namespace zu::fuzz
+
+/// The font library keeps its tables until the end.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig";
+}
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    zu::fuzz::startProgram();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const zu::fuzz::MemoryFile memory;
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const CString file = memory.fill(bytes);
+    zu::fuzz::show(file, bytes);
+    zu::fuzz::edit(file);
+    zu::fuzz::repair(memory, file);
+    return 0;
+}
