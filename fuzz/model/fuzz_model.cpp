@@ -22,7 +22,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -31,6 +33,8 @@ namespace zu::fuzz {
 namespace {
 
 constexpr int kPictureWidth = 64;
+/// Pictures of more would take most of the time.
+constexpr std::uint64_t kPointsDrawn = 20000;
 /// A search in a group looks at all of its members: without a limit large groups cost their square.
 constexpr std::size_t kSearches = 64;
 
@@ -64,12 +68,20 @@ void list(const app::DrawingFile& drawing) {
         search(references[i]);
 }
 
+class EmptyCanvas : public app::PlanCanvas {
+public:
+    void addStroke(std::span<const AcGePoint2d>, app::PlanRole) override {}
+    void addText(const app::PlanText&) override {}
+};
+
 void draw(app::DrawingFile& drawing) {
     try {
-        const app::PlanScene scene = app::makePlanScene(drawing);
+        const app::PlanScene scene(drawing);
+        EmptyCanvas canvas;
+        scene.show(canvas, kPointsDrawn);
         app::drawPlan(scene, "/dev/null/plan.png", kPictureWidth);
     } catch (const app::Failure&) {
-        // The scene is too large, or, always, the picture's place can't be written.
+        // The plan shows too much, or, always, the picture's place can't be written.
     }
 }
 
