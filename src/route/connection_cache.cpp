@@ -69,7 +69,7 @@ void ConnectionCache::changed(const AcDbObject& object) {
         forgetAll();
 }
 
-const Read<Points>& ConnectionCache::definition(AcDbObjectId block) {
+const Read<DefinitionPoints>& ConnectionCache::definition(AcDbObjectId block) {
     const auto [entry, isNew] = definitions_.try_emplace(block);
     if (isNew || isPassing(entry->second.status))
         entry->second = definitionPoints(block, layer_);
@@ -82,11 +82,11 @@ CachedElement ConnectionCache::read(AcDbObjectId id) {
     result.status = reference.openStatus();
     if (result.status != Acad::eOk)
         return result;
-    const Read<Points>& local = definition(reference->blockTableRecord());
+    const Read<DefinitionPoints>& local = definition(reference->blockTableRecord());
     result.status = local.status;
     const AcGeMatrix3d transform = reference->blockTransform();
-    for (const AcGePoint3d& point : local.value)
-        result.points.push_back(planPoint(point, transform));
+    for (const DefinitionPoint& point : local.value)
+        result.points.push_back(planPoint(point.position, transform));
     RootComn_GetBlockRootKind(id, &result.linkKind);
     return result;
 }

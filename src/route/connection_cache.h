@@ -33,6 +33,8 @@ public:
 
     /// Valid until the next change of the drawing, and until the next call for one that can't be read now.
     const CachedElement& element(AcDbObjectId id);
+    /// The connection points of a block definition; valid until the next change of the drawing.
+    const Read<DefinitionPoints>& definition(AcDbObjectId block);
 
     /// Elements that changed since they were last asked for, oldest first.
     [[nodiscard]] const std::vector<AcDbObjectId>& changedElements() const { return changedElements_; }
@@ -57,12 +59,11 @@ private:
     void changed(const AcDbObject& object);
     void forgetAll();
     [[nodiscard]] CachedElement read(AcDbObjectId id);
-    const Read<Points>& definition(AcDbObjectId block);
 
     AcDbDatabase* database_;
     std::wstring layer_;
     std::unordered_map<AcDbObjectId, CachedElement> elements_;
-    std::unordered_map<AcDbObjectId, Read<Points>> definitions_;
+    std::unordered_map<AcDbObjectId, Read<DefinitionPoints>> definitions_;
     std::unordered_map<AcDbObjectId, std::uint64_t> groupVersions_;
     std::vector<AcDbObjectId> changedElements_;
     std::uint64_t generation_ = 0;

@@ -15,6 +15,10 @@ public:
     explicit ConnectionIndexes(AcDbDatabase& database) : cache_(database) {}
 
     [[nodiscard]] const CachedElement& element(AcDbObjectId id) { return cache_.element(id); }
+    /// The points of a block definition on the connection layer, as they were when it was last read.
+    [[nodiscard]] const Read<DefinitionPoints>& definition(AcDbObjectId block) {
+        return cache_.definition(block);
+    }
 
     /// The index over the members of a group; null when the group can't be opened.
     const CandidateIndex* ofGroup(AcDbObjectId group, double distance);

@@ -1,5 +1,7 @@
 #include "connection_points.h"
 
+#include "connection_indexes.h"
+
 #include <zucomn/frame.h>
 #include <zucomn/route.h>
 
@@ -26,11 +28,31 @@ CString coordinateText(double value) {
     return CString(std::wstring(digits.data(), end));
 }
 
+/// The points where a reference puts them.
+Read<Points> placed(const Read<DefinitionPoints>& definition, const AcDbBlockReference& reference) {
+    Read<Points> points{definition.status, {}};
+    const AcGeMatrix3d transform = reference.blockTransform();
+    for (const DefinitionPoint& point : definition.value)
+        points.value.push_back(planPoint(point.position, transform));
+    return points;
+}
+
+/// Whether a definition with these points can be read at this moment.
+Acad::ErrorStatus statusOf(AcDbObjectId block, const DefinitionPoints& points) {
+    const Acad::ErrorStatus status = AcDbObjectPointer<AcDbBlockTableRecord>(block).openStatus();
+    if (status != Acad::eOk)
+        return status;
+    for (const DefinitionPoint& point : points)
+        if (const auto open = AcDbObjectPointer<AcDbPoint>(point.id).openStatus(); isPassing(open))
+            return open;
+    return Acad::eOk;
+}
+
 } // namespace
 
-Read<Points> definitionPoints(AcDbObjectId block, std::wstring_view layer) {
+Read<DefinitionPoints> definitionPoints(AcDbObjectId block, std::wstring_view layer) {
     const AcDbObjectPointer<AcDbBlockTableRecord> definition(block);
-    Read<Points> result{definition.openStatus(), {}};
+    Read<DefinitionPoints> result{definition.openStatus(), {}};
     if (!result)
         return result;
     const std::wstring wanted(layer);
@@ -42,7 +64,7 @@ Read<Points> definitionPoints(AcDbObjectId block, std::wstring_view layer) {
         if (isPassing(point.openStatus()))
             return {point.openStatus(), {}};
         if (point.openStatus() == Acad::eOk && isOnLayer(*point.object(), wanted))
-            result.value.push_back(point->position() - AcGeVector3d(origin.x, origin.y, 0.0));
+            result.value.push_back({id, point->position() - AcGeVector3d(origin.x, origin.y, 0.0)});
     }
     return result;
 }
@@ -55,11 +77,13 @@ Read<Points> connectionPoints(AcDbObjectId element, std::wstring_view layer) {
     const AcDbObjectPointer<AcDbBlockReference> reference(element);
     if (reference.openStatus() != Acad::eOk)
         return {reference.openStatus(), {}};
-    Read<Points> points = definitionPoints(reference->blockTableRecord(), layer);
-    const AcGeMatrix3d transform = reference->blockTransform();
-    for (AcGePoint3d& point : points.value)
-        point = planPoint(point, transform);
-    return points;
+    const AcDbObjectId block = reference->blockTableRecord();
+    if (block.isNull() || layer != connectionLayer())
+        return placed(definitionPoints(block, layer), *reference.object());
+    // A definition may have any number of entities, and any number of references.
+    const Read<DefinitionPoints>& known = ConnectionIndexes::of(*block.database()).definition(block);
+    const Acad::ErrorStatus now = statusOf(block, known.value);
+    return now == Acad::eOk ? placed(known, *reference.object()) : Read<Points>{now, {}};
 }
 
 std::wstring connectionLayer() {

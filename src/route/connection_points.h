@@ -30,8 +30,15 @@ struct Read {
            status == Acad::eAtMaxReaders;
 }
 
-/// The points of a block definition on a layer, taken from its base point in X and Y.
-[[nodiscard]] Read<Points> definitionPoints(AcDbObjectId block, std::wstring_view layer);
+/// A point of a block definition, taken from its base point in X and Y.
+struct DefinitionPoint {
+    AcDbObjectId id;
+    AcGePoint3d position;
+};
+using DefinitionPoints = std::vector<DefinitionPoint>;
+
+/// The points of a block definition on a layer.
+[[nodiscard]] Read<DefinitionPoints> definitionPoints(AcDbObjectId block, std::wstring_view layer);
 
 /// A point of a definition where a reference puts it, in plan.
 [[nodiscard]] AcGePoint3d planPoint(const AcGePoint3d& local, const AcGeMatrix3d& transform);

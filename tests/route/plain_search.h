@@ -3,12 +3,19 @@
 #include <zucomn/frame.h>
 #include <zucomn/route.h>
 
+inline double distanceInPlan(const AcGePoint3d& a, const AcGePoint3d& b) {
+    return AcGePoint3d(a.x, a.y, 0.0).distanceTo(AcGePoint3d(b.x, b.y, 0.0));
+}
+
 /// The rule of the connection search, told step by step without any index: the reference that searches are
 /// compared with.
 inline int plainConnectBlock(const AcDbObjectIdArray& candidates, AcDbObjectId element,
                              const AcGePoint3d* given, AcDbObjectIdArray& result, int kindFilter) {
+    // Another case of the layer's name has the definitions read anew.
+    CString layer = ZUCONECT_LAYER;
+    layer.MakeLower();
     AcArray<AcGePoint3d> points;
-    if (ZuComn_GetConnectPoint(element, points) != 0)
+    if (ZuComn_GetConnectPoint(element, points, layer) != 0)
         return -1;
     if (given != nullptr) {
         points.removeAll();
@@ -20,11 +27,15 @@ inline int plainConnectBlock(const AcDbObjectIdArray& candidates, AcDbObjectId e
     const double tolerance = ZuComn_GetGlobalScale() > 1.0 ? large : small;
     for (const AcGePoint3d& point : points) {
         for (const AcDbObjectId candidate : candidates) {
-            AcGePoint3d nearest;
-            double distance = 0.0;
-            if (candidate == element ||
-                RootComn_GetNearConnectPoint(candidate, point, nearest, &distance) != 0 ||
-                !(tolerance >= distance))
+            AcArray<AcGePoint3d> own;
+            ZuComn_GetConnectPoint(candidate, own, layer);
+            if (candidate == element || own.isEmpty())
+                continue;
+            double least = distanceInPlan(own.first(), point);
+            for (const AcGePoint3d& other : own)
+                if (const double distance = distanceInPlan(other, point); distance < least)
+                    least = distance;
+            if (!(tolerance >= least))
                 continue;
             int kind = -1;
             RootComn_GetBlockRootKind(candidate, &kind);
