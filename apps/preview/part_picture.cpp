@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace zu::preview {
 
@@ -16,15 +17,6 @@ namespace {
 QRectF united(const QRectF& a, const QRectF& b) {
     return {QPointF(std::min(a.left(), b.left()), std::min(a.top(), b.top())),
             QPointF(std::max(a.right(), b.right()), std::max(a.bottom(), b.bottom()))};
-}
-
-QRectF boxOf(const std::vector<Shape>& shapes) {
-    if (shapes.empty())
-        return {};
-    QRectF box = shapes.front().path.boundingRect();
-    for (const Shape& shape : shapes)
-        box = united(box, shape.path.boundingRect());
-    return box;
 }
 
 /// Headers are often left behind by later changes: one that cuts away a good part of the drawing, or holds
@@ -38,14 +30,13 @@ bool isGoodFor(const QRectF& header, const QRectF& drawn) {
            (header.width() < drawn.width() * kTooMuch || header.height() < drawn.height() * kTooMuch);
 }
 
-QRectF extentsOf(const CAcadDxf& part, const std::vector<Shape>& shapes) {
+QRectF extentsOf(const CAcadDxf& part, const QRectF& drawn) {
     double minX = 0;
     double minY = 0;
     double maxX = 0;
     double maxY = 0;
     part.GetSave(minX, minY, maxX, maxY);
     const QRectF header(QPointF(minX, minY), QPointF(maxX, maxY));
-    const QRectF drawn = boxOf(shapes);
     return isGoodFor(header, drawn) ? header : drawn;
 }
 
@@ -91,17 +82,23 @@ void paint(QPainter& painter, const Shape& shape, const QTransform& toPicture, b
 } // namespace
 
 QImage pictureOf(const CAcadDxf& part, const PictureOptions& options) {
+    std::optional<QRectF> box;
+    const bool isWhole = forEachShape(part, [&box](const Shape& shape) {
+        const QRectF own = shape.path.boundingRect();
+        box = box ? united(*box, own) : own;
+    });
+    if (!isWhole)
+        return {};
     QImage image(options.size, QImage::Format_RGB32);
     image.fill(options.dark ? QColor(0x1F, 0x24, 0x2B) : QColor(Qt::white));
-    const std::vector<Shape> shapes = shapesOf(part);
-    if (shapes.empty())
+    if (!box)
         return image;
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QTransform toPicture = fitInto(options.size, extentsOf(part, shapes));
-    for (const Shape& shape : shapes)
-        paint(painter, shape, toPicture, options.dark);
-    return image;
+    const QTransform toPicture = fitInto(options.size, extentsOf(part, *box));
+    const bool isPainted =
+        forEachShape(part, [&](const Shape& shape) { paint(painter, shape, toPicture, options.dark); });
+    return isPainted ? image : QImage();
 }
 
 } // namespace zu::preview

@@ -13,7 +13,8 @@ struct PictureOptions {
 };
 
 /// A part drawing as a picture: the extents of its header, where those are good, else of what is drawn,
-/// fitted into the picture. Needs a QGuiApplication, for the fonts.
+/// fitted into the picture. Null when the drawing holds more than can be drawn. Needs a QGuiApplication, for
+/// the fonts.
 [[nodiscard]] QImage pictureOf(const CAcadDxf& part, const PictureOptions& options);
 
 } // namespace zu::preview

@@ -16,12 +16,14 @@ namespace zu::preview {
 namespace {
 
 constexpr int kDeepestNesting = 16;
-constexpr int kMostEntities = 200000;
-// As many corners and control points of paths count as an entity, so that a long one that is shown many times
-// doesn't fill the memory.
+constexpr int kMostEntities = 1'500'000;
+/// As many corners and control points of paths count as an entity: a long one takes longer to draw.
 constexpr int kElementsPerEntity = 20;
+/// Corners and control points of the looks that are kept.
+constexpr int kMostKnown = 1'000'000;
 constexpr double kFarthest = 1e12;
 constexpr int kForeground = 7;
+constexpr int kNoColor = 256;
 constexpr int kFrozen = 1;
 
 /// What a block's entities take from the reference to the block.
@@ -95,14 +97,16 @@ Look polylineLook(const CPline& polyline) {
     return polylineLook(points, widths, polyline.m_flags);
 }
 
-class ShapeCollector {
+class ShapeProducer {
 public:
-    explicit ShapeCollector(const CAcadDxf& part) : part_(part) {}
+    ShapeProducer(const CAcadDxf& part, const std::function<void(const Shape&)>& draw)
+        : part_(part), draw_(draw) {}
 
-    std::vector<Shape> collect() {
+    /// False when there was more than may be drawn.
+    bool run() {
         Context top;
         addEntities(part_.GetEntities(), top);
-        return std::move(shapes_);
+        return left_ > 0;
     }
 
 private:
@@ -143,7 +147,7 @@ private:
         default:
             break;
         }
-        if (own.depth > 0)
+        if (own.depth > 0 && known_ < kMostKnown)
             add(knownLookOf(entity), shape, own.transform);
         else
             add(lookOf(entity), shape, own.transform);
@@ -152,8 +156,10 @@ private:
     /// Those of blocks are made once, however often their blocks are shown.
     const Look& knownLookOf(const CEnt& entity) {
         const auto [place, isNew] = looks_.try_emplace(&entity);
-        if (isNew)
+        if (isNew) {
             place->second = lookOf(entity);
+            known_ += place->second.lines.elementCount() + place->second.areas.elementCount();
+        }
         return place->second;
     }
 
@@ -212,10 +218,12 @@ private:
         left_ -= shape.path.elementCount() / kElementsPerEntity;
         shape.path = transform.map(shape.path);
         if (isReal(shape.path.boundingRect()))
-            shapes_.push_back(std::move(shape));
+            draw_(shape);
     }
 
     void addInsert(const CInsert& insert, const Context& own) {
+        if (part_.FindBlock(insert.GetBlock()) == nullptr)
+            return;
         const int columns = std::max(insert.m_columns, 1);
         const int rows = std::max(insert.m_rows, 1);
         QTransform place = own.transform;
@@ -272,7 +280,7 @@ private:
         if (!isNew)
             return place->second;
         LayerStyle& style = place->second;
-        style.color = std::abs(part_.GetLyColor(name));
+        style.color = std::abs(std::clamp(part_.GetLyColor(name), -kNoColor, kNoColor));
         style.lineWeight = part_.GetLineWeight(name);
         style.style = penStyle(part_.GetLinetype(name));
         const CLayer* const layer = part_.FindLayer(name);
@@ -281,16 +289,17 @@ private:
     }
 
     const CAcadDxf& part_;
-    std::vector<Shape> shapes_;
+    const std::function<void(const Shape&)>& draw_;
     std::unordered_map<std::wstring, LayerStyle> styles_;
     std::unordered_map<const CEnt*, Look> looks_;
+    int known_ = 0;
     int left_ = kMostEntities;
 };
 
 } // namespace
 
-std::vector<Shape> shapesOf(const CAcadDxf& part) {
-    return ShapeCollector(part).collect();
+bool forEachShape(const CAcadDxf& part, const std::function<void(const Shape&)>& draw) {
+    return ShapeProducer(part, draw).run();
 }
 
 } // namespace zu::preview

@@ -2,7 +2,7 @@
 
 #include <QPainterPath>
 
-#include <vector>
+#include <functional>
 #include <zucomn/dxf.h>
 
 namespace zu::preview {
@@ -18,9 +18,10 @@ struct Shape {
     Qt::PenStyle style = Qt::SolidLine;
 };
 
-/// What a part drawing shows in model space, block references and dimensions resolved. Layers that are off or
-/// frozen are left out. The number of shapes, their size as a whole and the depth of nesting are bounded,
-/// whatever the drawing says.
-[[nodiscard]] std::vector<Shape> shapesOf(const CAcadDxf& part);
+/// Calls `draw` with each shape that a part drawing shows in model space, with block references and
+/// dimensions resolved; layers that are off or frozen are left out. The shapes are the same ones each time.
+/// False, and the rest is left out, where they are more than 1,500,000 entities; as many points as twenty
+/// count as one.
+[[nodiscard]] bool forEachShape(const CAcadDxf& part, const std::function<void(const Shape&)>& draw);
 
 } // namespace zu::preview

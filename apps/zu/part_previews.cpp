@@ -38,9 +38,13 @@ void startGraphics() {
     static_cast<void>(application);
 }
 
-void draw(const CAcadDxf& part, const fs::path& file, int width, bool dark) {
-    savePicture(pngOf(preview::pictureOf(part, {.size = {width, width * 3 / 4}, .dark = dark})),
-                file.string());
+/// False, and no file is written, when the drawing holds too much.
+bool draw(const CAcadDxf& part, const fs::path& file, int width, bool dark) {
+    const QImage picture = preview::pictureOf(part, {.size = {width, width * 3 / 4}, .dark = dark});
+    if (picture.isNull())
+        return false;
+    savePicture(pngOf(picture), file.string());
+    return true;
 }
 
 bool isDrawing(const fs::path& path) {
@@ -75,7 +79,9 @@ void showProgress(std::size_t done, std::size_t all) {
 
 void savePreview(const CAcadDxf& part, const std::string& file, PreviewOptions options) {
     startGraphics();
-    draw(part, file, options.size > 0 ? options.size : kPictureWidth, options.dark);
+    if (!draw(part, file, options.size > 0 ? options.size : kPictureWidth, options.dark))
+        throw Failure(file + ": the drawing holds too much for a picture: look for blocks that are repeated "
+                             "very often");
 }
 
 void savePreviews(const std::string& folder, const std::string& pictureFolder, PreviewOptions options,
@@ -84,6 +90,7 @@ void savePreviews(const std::string& folder, const std::string& pictureFolder, P
     const std::vector<fs::path> drawings = drawingsIn(folder);
     const int width = options.size > 0 ? options.size : kThumbnailWidth;
     std::vector<fs::path> empty;
+    std::vector<fs::path> tooLarge;
     for (std::size_t i = 0; i < drawings.size(); ++i) {
         const CAcadDxf part(wide(drawings[i].string()), CAcadDxf::kWhite, tableOption);
         if (part.GetEntities().IsEmpty() != FALSE)
@@ -91,12 +98,15 @@ void savePreviews(const std::string& folder, const std::string& pictureFolder, P
         fs::path picture = fs::path(pictureFolder) / fs::relative(drawings[i], folder);
         picture += ".png";
         fs::create_directories(picture.parent_path());
-        draw(part, picture, width, options.dark);
+        if (!draw(part, picture, width, options.dark))
+            tooLarge.push_back(drawings[i]);
         showProgress(i + 1, drawings.size());
     }
     for (const fs::path& path : empty)
         std::cerr << path.string() << ": holds nothing to draw\n";
-    std::cout << drawings.size() << " pictures\n";
+    for (const fs::path& path : tooLarge)
+        std::cerr << path.string() << ": holds too much for a picture\n";
+    std::cout << drawings.size() - tooLarge.size() << " pictures\n";
 }
 
 } // namespace zu::app
