@@ -13,7 +13,7 @@ namespace zu::app {
 namespace {
 
 struct Options {
-    std::string drawing;
+    DrawingSource drawing;
     std::string handle;
     std::string settings;
     bool json = false;
@@ -40,7 +40,7 @@ void run(const Options& options) {
 void addAttributesCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand("attributes", "Show the attribute rows of an element");
-    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    addDrawing(*command, options->drawing);
     command->add_option("HANDLE", options->handle, "The element's handle")->required();
     command->add_option("--settings", options->settings, "Master settings file, for the names of attributes");
     command->add_flag("--json", options->json, "As JSON: an array of rows of nine columns");

@@ -13,7 +13,7 @@ namespace zu::app {
 namespace {
 
 struct Options {
-    std::string drawing;
+    DrawingSource drawing;
     std::string output;
     bool repair = false;
     bool json = false;
@@ -61,7 +61,7 @@ void addCheckCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand(
         "check", "Audit the routes: groups, attribute and link records, connection points");
-    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    addDrawing(*command, options->drawing);
     command->add_flag("--repair", options->repair, "Repair what can be repaired without losing anything");
     command->add_option("-o,--output", options->output, "Where to save the repaired drawing");
     command->add_flag("--json", options->json, "As JSON");

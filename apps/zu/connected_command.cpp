@@ -15,7 +15,7 @@ namespace zu::app {
 namespace {
 
 struct Options {
-    std::string drawing;
+    DrawingSource drawing;
     std::string handle;
     std::string group;
     int kind = 0;
@@ -91,7 +91,7 @@ void run(const Options& options) {
 void addConnectedCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand("connected", "List the elements joined to an element");
-    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    addDrawing(*command, options->drawing);
     command->add_option("HANDLE", options->handle, "The element's handle");
     command->add_option("--group", options->group,
                         "Search this group, by name or handle; else each group of the element");

@@ -60,7 +60,7 @@ private:
 
 std::unique_ptr<DrawingFile> openDrawing(const std::string& path) {
     const Step step(1, "Open the drawing");
-    auto drawing = std::make_unique<DrawingFile>(path);
+    auto drawing = std::make_unique<DrawingFile>(DrawingSource{path});
     step.say(path, ": ", fs::file_size(path) / 1024, " KB, ", drawing->database().approxNumObjects(),
              " objects");
     return drawing;
@@ -118,7 +118,7 @@ void saveDrawing(DrawingFile& drawing, const std::string& path) {
 /// The saved drawing must hold the new value where it was written, and the old one everywhere else.
 void checkSaved(const std::string& path, const AttributeEdit& edit) {
     const Step step(6, "Open what was saved and compare");
-    const DrawingFile saved(path);
+    const DrawingFile saved({path});
     std::size_t found = 0;
     for (const std::string& handle : edit.changed)
         for (const auto& row : readAttributeRows(saved.find(handle)))

@@ -1,5 +1,6 @@
 #include "drawing_file.h"
 
+#include "command_line.h"
 #include "failure.h"
 #include "group.h"
 #include "text.h"
@@ -36,11 +37,16 @@ AcDbObjectId findByHandle(const AcDbDatabase& database, const std::string& handl
 
 } // namespace
 
-DrawingFile::DrawingFile(const std::string& path) : database_(std::make_unique<AcDbDatabase>(false)) {
-    if (database_->dxfIn(wide(path)) != Acad::eOk)
+void addDrawing(Command& command, DrawingSource& source) {
+    command.add_option("DRAWING", source.path, "The drawing")->required();
+    command.add_flag("--strict", source.strict, "Refuse a drawing that would open with warnings");
+}
+
+DrawingFile::DrawingFile(const DrawingSource& source) : database_(std::make_unique<AcDbDatabase>(false)) {
+    if (database_->dxfIn(wide(source.path), source.strict) != Acad::eOk)
         throw Failure(narrow(database_->lastErrorText()));
     for (const std::wstring& warning : database_->warnings())
-        std::cerr << "zu: " << narrow(warning) << '\n';
+        std::cerr << narrow(warning) << '\n';
     acdbHostApplicationServices()->setWorkingDatabase(database_.get());
 }
 

@@ -10,11 +10,23 @@
 
 namespace zu::app {
 
+class Command;
+
+/// Where a command reads its drawing, and how.
+struct DrawingSource {
+    std::string path;
+    bool strict = false; ///< Refuse what would open with a warning.
+};
+
+/// Adds the argument DRAWING and the option --strict.
+void addDrawing(Command& command, DrawingSource& source);
+
 /// One drawing for the run of the program: opened, made the working database, closed at the end.
 class DrawingFile {
 public:
-    /// Throws Failure with file, line and problem when the drawing can't be opened.
-    explicit DrawingFile(const std::string& path);
+    /// Prints the drawing's faults as warnings. Throws Failure with file, line and problem when the drawing
+    /// can't be opened.
+    explicit DrawingFile(const DrawingSource& source);
     ~DrawingFile();
     DrawingFile(const DrawingFile&) = delete;
     DrawingFile& operator=(const DrawingFile&) = delete;

@@ -12,7 +12,7 @@ namespace zu::app {
 namespace {
 
 struct Options {
-    std::string drawing;
+    DrawingSource drawing;
     bool routesOnly = false;
     bool json = false;
 };
@@ -77,7 +77,7 @@ void addElementsCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command =
         program.add_subcommand("elements", "List the block references of model space with what they are");
-    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    addDrawing(*command, options->drawing);
     command->add_flag("--routes", options->routesOnly, "Only those whose block name has an element prefix");
     command->add_flag("--json", options->json, "As JSON");
     command->callback([options] { run(*options); });

@@ -11,7 +11,7 @@ namespace zu::app {
 namespace {
 
 struct Options {
-    std::string drawing;
+    DrawingSource drawing;
     bool json = false;
 };
 
@@ -38,7 +38,7 @@ void run(const Options& options) {
 void addGroupsCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand("groups", "List the groups and their route kinds");
-    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    addDrawing(*command, options->drawing);
     command->add_flag("--json", options->json, "As JSON");
     command->callback([options] { run(*options); });
 }

@@ -10,7 +10,7 @@ namespace zu::app {
 namespace {
 
 struct Options {
-    std::string drawing;
+    DrawingSource drawing;
     std::string output;
     int width = 1600;
 };
@@ -26,7 +26,7 @@ void addPlanCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand(
         "plan", "Draw the plan: routes coloured by link kind, connection points marked");
-    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    addDrawing(*command, options->drawing);
     command->add_option("-o,--output", options->output, "The picture, .png or .svg")->required();
     command->add_option("--width", options->width, "Width in pixels")
         ->capture_default_str()

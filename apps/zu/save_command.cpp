@@ -9,7 +9,7 @@ namespace zu::app {
 namespace {
 
 struct Options {
-    std::string drawing;
+    DrawingSource drawing;
     std::string output;
     bool binary = false;
     bool ascii = false;
@@ -27,7 +27,7 @@ void addSaveCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command =
         program.add_subcommand("save", "Open a drawing and save it unedited: a loss-free copy");
-    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    addDrawing(*command, options->drawing);
     command->add_option("-o,--output", options->output, "Where to save")->required();
     CommandOption* binary = command->add_flag("--binary", options->binary, "As binary drawing");
     command->add_flag("--ascii", options->ascii, "As ASCII drawing")->excludes(binary);

@@ -16,7 +16,7 @@ namespace zu::app {
 namespace {
 
 struct Options {
-    std::string drawing;
+    DrawingSource drawing;
     std::string key;
     std::string value;
     std::vector<std::string> handles;
@@ -79,7 +79,7 @@ void addSetAttributeCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand(
         "set-attribute", "Set one attribute on some or all elements that have it, and save");
-    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    addDrawing(*command, options->drawing);
     command->add_option("KEY", options->key, "The attribute's id, such as S401")->required();
     command->add_option("VALUE", options->value, "The new value")->required();
     command->add_option("--handles", options->handles, "Only these elements, by handle, with commas between")

@@ -15,7 +15,7 @@ namespace zu::app {
 namespace {
 
 struct Options {
-    std::string drawing;
+    DrawingSource drawing;
     std::vector<std::string> handles;
     std::string settings;
     std::string output;
@@ -61,15 +61,15 @@ void letEdit(DrawingFile& drawing, const Options& options) {
     zuhost::runDesktop();
     if (!options.output.empty())
         drawing.save(options.output);
-    else if (watch.changed() && wantsToSave(options.drawing))
-        drawing.save(options.drawing);
+    else if (watch.changed() && wantsToSave(options.drawing.path))
+        drawing.save(options.drawing.path);
 }
 
 void run(const Options& options) {
     const SettingsFile settings(options.settings);
     DrawingFile drawing(options.drawing);
     preparePictures(options.screenshot);
-    CAttFrameWnd& window = openAttributeWindow(entitiesOf(drawing, options.handles), options.drawing);
+    CAttFrameWnd& window = openAttributeWindow(entitiesOf(drawing, options.handles), options.drawing.path);
     if (!options.screenshot.empty()) {
         closeWithPicture(window, options.screenshot);
         return;
@@ -83,7 +83,7 @@ void run(const Options& options) {
 void addWindowCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand("window", "Open the attribute window on elements");
-    command->add_option("DRAWING", options->drawing, "The drawing")->required();
+    addDrawing(*command, options->drawing);
     command->add_option("HANDLE", options->handles, "Elements to show (default: every one with attributes)");
     command->add_option("--settings", options->settings, "Master settings file");
     command->add_option("-o,--output", options->output,

@@ -101,7 +101,7 @@ AcDbStub* Document::find(std::uint64_t handle) const {
 }
 
 TagList Document::tags(const AcDbStub& stub) const {
-    return stub.length != 0 ? bufferTags(*state_, stub)
+    return stub.length != 0 ? objectTags(*state_, stub)
                             : firstRecords(*state_, stub, framedBy(*state_, stub));
 }
 

@@ -52,12 +52,13 @@ std::wstring write(const DrawingState& state, DrawingForm form, const Document::
 
 } // namespace
 
-std::wstring DocumentError::message() const {
+std::wstring DocumentError::message(std::wstring_view label) const {
+    std::wstring text = file;
     if (line != 0)
-        return file + L":" + std::to_wstring(line) + L": " + problem;
-    if (offset != 0)
-        return file + L": byte " + std::to_wstring(offset) + L": " + problem;
-    return file + L": " + problem;
+        text += L":" + std::to_wstring(line);
+    else if (offset != 0)
+        text += L": byte " + std::to_wstring(offset);
+    return (text += L": ").append(label) + problem;
 }
 
 Document::OpenResult Document::openFile(const std::wstring& file, AcDbDatabase* database) {

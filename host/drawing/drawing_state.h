@@ -39,7 +39,8 @@ struct DrawingState {
     std::deque<AcDbStub> stubs; ///< A deque, so that they never move.
     std::size_t stubsOfFile = 0;
     HandleIndex handles;
-    bool writesHandles = true; ///< False for drawings before R13 whose objects have none.
+    bool replacesHandles = false; ///< Some stubs do.
+    bool writesHandles = true;    ///< False for drawings before R13 whose objects have none.
     std::list<Container> containers;
     std::vector<SectionFrame> sections;
     std::vector<AcDbStub*> spaceless; ///< Entities of model space when the file doesn't spell out its block.

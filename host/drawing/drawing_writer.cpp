@@ -50,8 +50,6 @@ bool addsObjects(const DrawingState& state) {
 /// The header with a seed above every handle.
 TagList withSeed(const DrawingState& state) {
     TagList header = state.header;
-    if (!state.writesHandles || !addsObjects(state))
-        return header;
     for (std::size_t i = 0; i + 1 < header.size(); ++i) {
         if (header[i].code != 9 || header[i].value != "$HANDSEED" || header[i + 1].code != 5)
             continue;
@@ -75,7 +73,10 @@ DrawingWriter::DrawingWriter(const DrawingState& state, const Document::TagSourc
 
 void DrawingWriter::run(Span content) {
     done_ = content.begin;
-    headerPending_ = state_.headerChanged || addsObjects(state_);
+    const bool addsHandles = addsObjects(state_);
+    replacesHandles_ = state_.replacesHandles && (output_.converts() || addsHandles || isEdited());
+    raisesSeed_ = state_.writesHandles && (addsHandles || replacesHandles_);
+    headerPending_ = state_.headerChanged || raisesSeed_;
     for (const Container& container : state_.containers)
         writeContainer(container);
     closeSection();
@@ -89,7 +90,7 @@ void DrawingWriter::writeContainer(const Container& container) {
     }
     closeSection();
     if (isErased(container)) {
-        replace({container.head->offset, spanOf(*container.tail).end});
+        replace({container.head->offset, container.tail ? spanOf(*container.tail).end : container.end});
         return;
     }
     writeHead(container);
@@ -123,7 +124,7 @@ void DrawingWriter::writeHead(const Container& container) {
         return;
     }
     // The number of entries is a hint, but readers may size by it.
-    TagList head = tagsOf(*container.head) ? *tagsOf(*container.head) : bufferTags(state_, *container.head);
+    TagList head = tagsOf(*container.head) ? *tagsOf(*container.head) : objectTags(state_, *container.head);
     const auto live = static_cast<std::int64_t>(liveMembers(container));
     if (head.integer(70, head.all()).value_or(live) < live)
         head.setInteger(70, live, head.all());
@@ -163,10 +164,11 @@ void DrawingWriter::writeMembers(const Container& container) {
 
 void DrawingWriter::writeObject(const AcDbStub& stub) {
     const TagList* tags = tagsOf(stub);
-    if (!tags)
+    const bool replacesHandle = replacesHandles_ && stub.replacesHandle;
+    if (!tags && !replacesHandle)
         return; // Part of the next stretch that is copied.
     replace(spanOf(stub));
-    output_.records(*tags);
+    output_.records(tags ? *tags : objectTags(state_, stub));
 }
 
 void DrawingWriter::writeNew(const AcDbStub& stub, const Container* container) {
@@ -193,7 +195,7 @@ void DrawingWriter::closeSection() {
 
 void DrawingWriter::writeHeader() {
     headerPending_ = false;
-    const TagList header = withSeed(state_);
+    const TagList header = raisesSeed_ ? withSeed(state_) : state_.header;
     if (header == state_.header && !state_.headerChanged)
         return;
     const bool hasSection = state_.section("HEADER") != nullptr;
@@ -219,6 +221,13 @@ void DrawingWriter::copyUpTo(std::uint64_t offset) {
 void DrawingWriter::replace(Span span) {
     copyUpTo(span.begin);
     done_ = std::max(done_, span.end);
+}
+
+bool DrawingWriter::isEdited() const {
+    return state_.headerChanged ||
+           std::any_of(state_.stubs.begin(), state_.stubs.end(), [this](const AcDbStub& stub) {
+               return !isNew(stub) && (stub.erased || tagsOf(stub));
+           });
 }
 
 const TagList* DrawingWriter::tagsOf(const AcDbStub& stub) const {

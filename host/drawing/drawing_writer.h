@@ -23,6 +23,8 @@ private:
     void openSection(const Container& container);
     void closeSection();
     void writeHeader();
+    /// Whether objects of the file or the header are written otherwise than they stand there.
+    [[nodiscard]] bool isEdited() const;
 
     void copyUpTo(std::uint64_t offset);
     void replace(Span span);
@@ -33,6 +35,8 @@ private:
     RecordOutput& output_;
     std::uint64_t done_ = 0; ///< All of the buffer before it is written or left out.
     bool headerPending_ = false;
+    bool raisesSeed_ = false;
+    bool replacesHandles_ = false;
     bool sectionOpen_ = false;
     Container::Kind openKind_ = Container::Kind::objects;
 };

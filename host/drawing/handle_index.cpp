@@ -6,34 +6,34 @@ namespace zuhost {
 namespace {
 
 constexpr auto byHandle = [](const auto& a, const auto& b) { return a.handle < b.handle; };
+constexpr auto byHandleAndPlace = [](const auto& a, const auto& b) {
+    return a.handle != b.handle ? a.handle < b.handle : a.stub->offset < b.stub->offset;
+};
 
 } // namespace
 
 void HandleIndex::sort() {
     if (!std::is_sorted(entries_.begin(), entries_.end(), byHandle))
-        std::sort(entries_.begin(), entries_.end(), byHandle);
+        std::sort(entries_.begin(), entries_.end(), byHandleAndPlace);
 }
 
-const AcDbStub* HandleIndex::build(std::deque<AcDbStub>& stubs) {
+std::vector<AcDbStub*> HandleIndex::build(std::deque<AcDbStub>& stubs) {
     entries_.clear();
     entries_.reserve(stubs.size());
     for (AcDbStub& stub : stubs)
         if (stub.handle != 0)
             entries_.push_back({stub.handle, &stub});
     sort();
-
-    const AcDbStub* repeated = nullptr;
-    for (std::size_t i = 1; i < entries_.size(); ++i) {
-        if (entries_[i].handle != entries_[i - 1].handle)
-            continue;
-        // Sorting may have swapped the two.
-        const AcDbStub* later = std::max(entries_[i].stub, entries_[i - 1].stub,
-                                         [](auto* a, auto* b) { return a->offset < b->offset; });
-        if (!repeated || later->offset < repeated->offset)
-            repeated = later;
-    }
     if (!entries_.empty())
         raiseNext(entries_.back().handle + 1);
+
+    std::vector<AcDbStub*> repeated;
+    for (std::size_t i = 1; i < entries_.size(); ++i)
+        if (entries_[i].handle == entries_[i - 1].handle)
+            repeated.push_back(entries_[i].stub);
+    const auto sameHandle = [](const Entry& a, const Entry& b) { return a.handle == b.handle; };
+    entries_.erase(std::unique(entries_.begin(), entries_.end(), sameHandle), entries_.end());
+    std::sort(repeated.begin(), repeated.end(), [](auto* a, auto* b) { return a->offset < b->offset; });
     return repeated;
 }
 
@@ -43,7 +43,7 @@ void HandleIndex::completeHandles(std::deque<AcDbStub>& stubs) {
         if (stub.handle != 0)
             continue;
         stub.handle = takeNext();
-        stub.handleIsOurs = true;
+        stub.handleIsOurs = !stub.replacesHandle;
         completed.push_back({stub.handle, &stub});
     }
     entries_.insert(entries_.end(), completed.begin(), completed.end());

@@ -12,11 +12,11 @@ namespace zuhost {
 /// sorting costs little, nothing depends on how they are spread, and an entry takes 16 bytes.
 class HandleIndex {
 public:
-    /// Takes in all stubs that have a handle. Null when no handle occurs twice, else the first stub, in file
-    /// order, whose handle was given before.
-    const AcDbStub* build(std::deque<AcDbStub>& stubs);
+    /// Adds all stubs that have a handle, except those whose handle an earlier one has: returns them, in file
+    /// order.
+    std::vector<AcDbStub*> build(std::deque<AcDbStub>& stubs);
 
-    /// Gives each stub without a handle one of ours, above all others.
+    /// Assigns new handles above the highest one in the file to the stubs without one.
     void completeHandles(std::deque<AcDbStub>& stubs);
 
     [[nodiscard]] AcDbStub* find(std::uint64_t handle) const;

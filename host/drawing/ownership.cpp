@@ -49,7 +49,7 @@ private:
     }
 
     void addRecord(AcDbStub* record) {
-        const TagList tags = bufferTags(state_, *record);
+        const TagList tags = objectTags(state_, *record);
         if (const auto name = tags.text(2, tags.all()))
             records_.emplace(upperCase(*name), record);
     }
@@ -114,7 +114,7 @@ private:
             owner = blocks_.of(block);
             block.head->owner = owner == block.head ? nullptr : owner;
         }
-        if (!block.tail->owner)
+        if (block.tail && !block.tail->owner)
             block.tail->owner = block.head->owner;
         for (AcDbStub* member : block.members)
             if (!member->owner)

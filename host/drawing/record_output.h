@@ -17,6 +17,9 @@ public:
     /// Output in the style; stretches are copied when that is the buffer's own, else converted.
     RecordOutput(const DrawingState& state, const RecordStyle& style, ByteSink sink);
 
+    /// Whether the buffer's records change their form.
+    [[nodiscard]] bool converts() const { return !sameForm_; }
+
     /// Records of the buffer.
     void copy(Span span);
     /// One record, its value as in a TagList.

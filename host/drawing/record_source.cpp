@@ -37,19 +37,14 @@ RecordSource::RecordSource(const DrawingState& state, Span span)
     : reader_(makeReader(state, span)), buffer_(state.bytes.data()), start_(span.begin) {}
 
 ReadResult RecordSource::next(dxf::Record& record) {
-    if (auto* ascii = std::get_if<dxf::AsciiReader>(&reader_)) {
-        const ReadResult result = ascii->next(record);
-        if (result == ReadResult::record)
-            return isReadable(record.code, record.value) ? moved(record) : failAtValue(record);
-        return result == ReadResult::end ? result : failAtReader(ascii->error());
-    }
-    auto& binary = std::get<dxf::BinaryReader>(reader_);
-    const ReadResult result = binary.next(record);
-    if (result == ReadResult::record) {
-        const bool text = dxf::valueType(record.code) == ValueType::handle;
-        return !text || isReadable(record.code, record.value) ? moved(record) : failAtValue(record);
-    }
-    return result == ReadResult::end ? result : failAtReader(binary.error());
+    return std::visit(
+        [&](auto& reader) {
+            const ReadResult result = reader.next(record);
+            if (result == ReadResult::record)
+                return moved(record);
+            return result == ReadResult::end ? result : failAtReader(reader.error());
+        },
+        reader_);
 }
 
 /// From the stretch into the buffer.
@@ -65,16 +60,17 @@ ReadResult RecordSource::failAtReader(const dxf::RecordError& error) {
     return ReadResult::error;
 }
 
-ReadResult RecordSource::failAtValue(const dxf::Record& record) {
-    const bool ascii = std::holds_alternative<dxf::AsciiReader>(reader_);
-    faultOffset_ = ascii ? static_cast<std::uint64_t>(record.value.data() - buffer_) : start_ + record.offset;
-    fault_ = L"group code " + std::to_wstring(record.code) + L": " + quoted(record.value) + L" is not " +
-             valueName(record.code);
-    return ReadResult::error;
+bool RecordSource::isReadable(const dxf::Record& record) const {
+    const bool isText = isAscii() || dxf::valueType(record.code) == ValueType::handle;
+    return !isText || zuhost::isReadable(record.code, record.value);
+}
+
+std::uint64_t RecordSource::valueOffset(const dxf::Record& record) const {
+    return isAscii() ? static_cast<std::uint64_t>(record.value.data() - buffer_) : record.offset;
 }
 
 std::string_view RecordSource::value(const dxf::Record& record, std::string& scratch) const {
-    if (std::holds_alternative<dxf::AsciiReader>(reader_))
+    if (isAscii())
         return record.value;
     switch (dxf::valueType(record.code)) {
     case ValueType::real:

@@ -72,7 +72,7 @@ std::string_view variable(const TagList& header, std::string_view name, int code
     return {};
 }
 
-void readHeader(DrawingState& state) {
+void readHeader(DrawingState& state, WarningLog& log) {
     if (!state.section("HEADER")) {
         const std::uint64_t start = state.sections.empty() ? state.eof : state.sections.front().span.begin;
         state.headerSpan = {start, start};
@@ -86,36 +86,42 @@ void readHeader(DrawingState& state) {
     bool known = true;
     state.encoding = DrawingText::of(state.version, codePage, known);
     if (!known)
-        state.warnings.push_back(
-            errorAt(state, state.headerSpan.begin,
-                    L"unknown code page " + quoted(codePage) + L", read as code page 932"));
+        log.add(unknownCodePage, state.headerSpan.begin,
+                [&] { return L"unknown code page " + quoted(codePage) + L", read as code page 932"; });
 }
 
-/// Checks and completes the handles; nullopt when they are unique.
-std::optional<DocumentError> readHandles(DrawingState& state, std::uint64_t greatestReference) {
-    if (const AcDbStub* repeated = state.handles.build(state.stubs)) {
-        const std::string handle = formatHandle(repeated->handle);
-        return errorAt(state, repeated->offset,
-                       L"handle " + std::wstring(handle.begin(), handle.end()) + L" occurs a second time");
+/// Completes the handles. Of objects with the same one the first keeps it.
+void readHandles(DrawingState& state, std::uint64_t greatestReference, WarningLog& log) {
+    state.writesHandles = state.version >= firstVersionWithHandles ||
+                          std::any_of(state.stubs.begin(), state.stubs.end(),
+                                      [](const AcDbStub& stub) { return stub.handle != 0; });
+    for (AcDbStub& stub : state.stubs)
+        stub.replacesHandle = stub.replacesHandle && state.writesHandles;
+    const std::vector<AcDbStub*> repeated = state.handles.build(state.stubs);
+    for (AcDbStub* stub : repeated) {
+        log.add(repeatedHandle, stub->offset, [&] {
+            const std::string handle = formatHandle(stub->handle);
+            return L"handle " + std::wstring(handle.begin(), handle.end()) +
+                   L" occurs a second time; the object gets a new one when the drawing is changed";
+        });
+        stub->handle = 0;
+        stub->replacesHandle = true;
     }
     if (const auto seed = parseHandle(variable(state.header, "$HANDSEED", 5)))
         state.handles.raiseNext(*seed);
     // A new object must not become what a dangling reference names.
     state.handles.raiseNext(greatestReference + 1);
-    state.writesHandles = state.version >= firstVersionWithHandles ||
-                          std::any_of(state.stubs.begin(), state.stubs.end(),
-                                      [](const AcDbStub& stub) { return stub.handle != 0; });
     state.handles.completeHandles(state.stubs);
-    return std::nullopt;
+    state.replacesHandles = std::any_of(state.stubs.begin(), state.stubs.end(),
+                                        [](const AcDbStub& stub) { return stub.replacesHandle; });
 }
 
 /// Blank lines may follow the EOF record, and the end mark of old systems.
-std::optional<DocumentError> checkRest(const DrawingState& state) {
+void checkRest(const DrawingState& state, WarningLog& log) {
     const std::size_t more =
         state.bytes.find_first_not_of(std::string_view("\r\n \t\x1A\0", 6), state.content.end);
-    if (more == std::string::npos)
-        return std::nullopt;
-    return errorAt(state, more, L"data behind the EOF record");
+    if (more != std::string::npos)
+        log.add(dataBehindEnd, more, [] { return L"data behind the EOF record is not read"; });
 }
 
 } // namespace
@@ -123,16 +129,16 @@ std::optional<DocumentError> checkRest(const DrawingState& state) {
 std::optional<DocumentError> scanDrawing(DrawingState& state) {
     noteStyle(state);
     RecordSource source(state, {state.content.begin, state.bytes.size()});
-    StructureScanner scanner(state, source);
+    WarningLog log;
+    StructureScanner scanner(state, source, log);
     if (!scanner.run())
         return errorAt(state, scanner.faultOffset(), scanner.fault());
-    if (auto error = checkRest(state))
-        return error;
+    checkRest(state, log);
     state.stubsOfFile = state.stubs.size();
-    readHeader(state);
-    if (auto error = readHandles(state, scanner.greatestReference()))
-        return error;
+    readHeader(state, log);
+    readHandles(state, scanner.greatestReference(), log);
     resolveOwners(state, scanner.ownerHints());
+    state.warnings = log.warnings(state);
     return std::nullopt;
 }
 

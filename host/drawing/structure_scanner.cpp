@@ -2,7 +2,7 @@
 
 #include "dxf_records/number_text.h"
 #include "dxf_records/value_type.h"
-#include "tag_extraction.h"
+#include "value_check.h"
 
 #include <algorithm>
 #include <limits>
@@ -12,6 +12,7 @@ namespace {
 
 constexpr int typeCode = 0;
 constexpr int nameCode = 2;
+constexpr int variableCode = 9;
 constexpr int paperCode = 67;
 constexpr int subclassCode = 100;
 constexpr int groupCode = 102;
@@ -27,36 +28,38 @@ bool isKnownSection(std::string_view name) {
     return false;
 }
 
-bool isFrame(std::string_view type) {
-    for (const std::string_view frame : {"SECTION", "ENDSEC", "EOF", "TABLE", "ENDTAB", "BLOCK", "ENDBLK"})
-        if (type == frame)
-            return true;
-    return false;
+constexpr std::string_view frames[] = {"SECTION", "ENDSEC", "EOF", "TABLE", "ENDTAB", "BLOCK", "ENDBLK"};
+
+/// Frames are recognized in lower case too.
+bool sameFrame(std::string_view type, std::string_view frame) {
+    const auto sameLetter = [](char a, char b) { return a == b || (a >= 'a' && a - 'a' + 'A' == b); };
+    return type.size() == frame.size() && std::equal(type.begin(), type.end(), frame.begin(), sameLetter);
+}
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t");
+    return first == std::string_view::npos ? std::string_view()
+                                           : text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
 } // namespace
 
-StructureScanner::StructureScanner(DrawingState& state, RecordSource& source)
-    : state_(state), source_(source) {}
+StructureScanner::StructureScanner(DrawingState& state, RecordSource& source, WarningLog& log)
+    : state_(state), source_(source), log_(log) {}
 
 bool StructureScanner::run() {
     return nextBesidesComments() && scanSections();
 }
 
 bool StructureScanner::scanSections() {
-    while (true) {
-        if (record_.code != typeCode)
-            return fail(L"a record outside of any section");
-        if (at("EOF")) {
-            state_.eof = record_.offset;
-            state_.content.end = record_.end;
-            return true;
-        }
-        if (!at("SECTION"))
-            return fail(L"SECTION or EOF expected, not " + quoted(record_.value));
-        if (!scanSection() || !nextBesidesComments())
+    while (!at("EOF")) {
+        const bool good = at("SECTION") ? scanSection() && nextBesidesComments() : skipRun(L"sections");
+        if (!good)
             return false;
     }
+    state_.eof = record_.offset;
+    state_.content.end = record_.end;
+    return true;
 }
 
 /// From the SECTION record to the ENDSEC record.
@@ -65,56 +68,70 @@ bool StructureScanner::scanSection() {
     context_ = L"a section";
     if (!nextBesidesComments())
         return false;
-    if (record_.code != nameCode)
-        return fail(L"a section without a name");
-    const std::string name(record_.value);
-    if (isKnownSection(name) && state_.section(name))
-        return fail(L"a second section " + quoted(name));
-    context_ = L"the section " + quoted(name);
-    if (!nextBesidesComments() || !scanSectionNamed(name))
+    std::string name;
+    if (record_.code == nameCode) {
+        name = record_.value;
+        context_ = L"the section " + quoted(name);
+        if (!nextBesidesComments())
+            return false;
+    } else {
+        warn(unnamedSection, begin, L"a section without a name; its records are not read");
+    }
+    const bool isRepeated = isKnownSection(name) && state_.section(name);
+    if (isRepeated)
+        warn(repeatedSection, begin, L"a second section " + quoted(name));
+    const bool isRead = isKnownSection(name) && !(isRepeated && name == "HEADER");
+    if ((isRead && !scanSectionNamed(name)) || !scanSectionEnd())
         return false;
-    if (!at("ENDSEC"))
-        return fail(quoted(record_.value) + L" within " + context_ + L", ENDSEC expected");
     state_.sections.push_back({name, {begin, record_.offset}});
     context_.clear();
     return true;
 }
 
-bool StructureScanner::scanSectionNamed(std::string_view name) {
-    if (name == "HEADER") {
-        return scanHeader();
+/// To the ENDSEC record. Passes over the records of sections that hold no objects, or whose meaning is not
+/// known.
+bool StructureScanner::scanSectionEnd() {
+    while (!at("ENDSEC")) {
+        if (atSectionEnd())
+            return fail(quoted(record_.value) + L" within " + context_ + L", ENDSEC expected");
+        if (!next())
+            return false;
     }
+    return true;
+}
+
+bool StructureScanner::scanSectionNamed(std::string_view name) {
+    if (name == "HEADER")
+        return scanHeader();
     if (name == "TABLES")
         return scanTables();
     if (name == "BLOCKS")
         return scanBlocks();
     if (name == "ENTITIES")
         return scanObjects(Container::Kind::entities);
-    if (name == "OBJECTS")
-        return scanObjects(Container::Kind::objects);
-    return scanRest();
+    return name != "OBJECTS" || scanObjects(Container::Kind::objects);
 }
 
 /// The records are kept as tags besides: there are few, and what asks for them asks for many.
 bool StructureScanner::scanHeader() {
     const std::uint64_t begin = record_.offset;
-    if (record_.code != typeCode && record_.code != 9)
-        return fail(L"a header value without the name of a variable");
+    if (record_.code != typeCode && record_.code != variableCode)
+        warn(recordOutside, begin, L"a header value without the name of a variable");
     while (record_.code != typeCode)
         if (!next())
             return false;
     state_.headerSpan = {begin, record_.offset};
-    return true;
+    return atSectionEnd() || skipRun(L"the header variables");
 }
 
 bool StructureScanner::scanTables() {
-    while (record_.code == typeCode && at("TABLE"))
-        if (!scanTable())
+    while (!atSectionEnd())
+        if (!(at("TABLE") ? scanTable() : skipRun(L"tables")))
             return false;
-    return record_.code == typeCode || fail(L"a record outside of any table");
+    return true;
 }
 
-/// From the TABLE record behind the ENDTAB record.
+/// From the TABLE record behind the ENDTAB record, or to the record that stands in its place.
 bool StructureScanner::scanTable() {
     const std::uint64_t begin = record_.offset;
     Container table;
@@ -123,25 +140,28 @@ bool StructureScanner::scanTable() {
     if (!table.head)
         return false;
     if (table.name.empty())
-        return failAt(begin, L"a table without a name");
+        warn(unnamedTable, begin, L"a table without a name");
     context_ = L"the table " + quoted(table.name);
-    while (!at("ENDTAB"))
+    while (!at("ENDTAB") && !at("TABLE") && !atSectionEnd())
         if (!scanMember(table))
             return false;
     table.end = record_.offset;
+    const bool isClosed = at("ENDTAB");
+    if (!isClosed)
+        warn(openTable, begin, context_ + L" is not closed");
     context_ = L"the section \"TABLES\"";
     state_.containers.push_back(std::move(table));
-    return nextBesidesComments();
+    return !isClosed || nextBesidesComments();
 }
 
 bool StructureScanner::scanBlocks() {
-    while (record_.code == typeCode && at("BLOCK"))
-        if (!scanBlock())
+    while (!atSectionEnd())
+        if (!(at("BLOCK") ? scanBlock() : skipRun(L"blocks")))
             return false;
-    return record_.code == typeCode || fail(L"a record outside of any block");
+    return true;
 }
 
-/// From the BLOCK record behind the records of its ENDBLK.
+/// From the BLOCK record behind the records of its ENDBLK, or to the record that stands in its place.
 bool StructureScanner::scanBlock() {
     const std::uint64_t begin = record_.offset;
     Container block;
@@ -150,26 +170,27 @@ bool StructureScanner::scanBlock() {
     if (!block.head)
         return false;
     if (block.name.empty())
-        return failAt(begin, L"a block without a name");
+        warn(unnamedBlock, begin, L"a block without a name");
     context_ = L"the block " + quoted(block.name);
     parent_ = nullptr;
-    while (!at("ENDBLK"))
+    while (!at("ENDBLK") && !at("BLOCK") && !atSectionEnd())
         if (!scanMember(block))
             return false;
     block.end = record_.offset;
-    block.tail = scanObject();
+    if (!at("ENDBLK"))
+        warn(openBlock, begin, context_ + L" is not closed");
+    else if (block.tail = scanObject(); !block.tail)
+        return false;
     context_ = L"the section \"BLOCKS\"";
     state_.containers.push_back(std::move(block));
-    return state_.containers.back().tail != nullptr;
+    return true;
 }
 
 bool StructureScanner::scanObjects(Container::Kind kind) {
     Container container;
     container.kind = kind;
-    if (record_.code != typeCode)
-        return fail(L"a record outside of any object");
     parent_ = nullptr;
-    while (!at("ENDSEC"))
+    while (!atSectionEnd())
         if (!scanMember(container))
             return false;
     container.end = record_.offset;
@@ -177,20 +198,36 @@ bool StructureScanner::scanObjects(Container::Kind kind) {
     return true;
 }
 
-/// Sections that hold no objects, or whose meaning is not known.
-bool StructureScanner::scanRest() {
-    while (record_.code != typeCode || !at("ENDSEC")) {
-        if (record_.code == typeCode && (at("SECTION") || at("EOF")))
-            return fail(quoted(record_.value) + L" within " + context_ + L", ENDSEC expected");
+/// Passes over records and objects where none belong, up to the next frame.
+bool StructureScanner::skipRun(const wchar_t* place) {
+    warnOfStray(place);
+    do {
         if (!next())
             return false;
-    }
+    } while (!atFrame());
     return true;
 }
 
+/// Passes over records that belong to no object, up to the next object.
+bool StructureScanner::skipObject() {
+    warnOfStray(L"objects");
+    do {
+        if (!next())
+            return false;
+    } while (record_.code != typeCode);
+    return true;
+}
+
+void StructureScanner::warnOfStray(const wchar_t* place) {
+    log_.add(recordOutside, source_.valueOffset(record_), [&] {
+        const std::wstring what = record_.code == typeCode ? quoted(record_.value) : L"a record";
+        return what + L" outside of " + place + L" is not read";
+    });
+}
+
 bool StructureScanner::scanMember(Container& container) {
-    if (isFrame(record_.value))
-        return fail(quoted(record_.value) + L" within " + context_ + L", which is not closed");
+    if (record_.code != typeCode || atFrame())
+        return skipObject();
     AcDbStub* stub = scanObject();
     if (!stub)
         return false;
@@ -219,14 +256,14 @@ void StructureScanner::joinToParent(AcDbStub& stub) {
 /// From a type record to the next one. Null after a fault.
 AcDbStub* StructureScanner::scanObject(std::string* name) {
     const std::uint64_t begin = record_.offset;
-    const auto type = state_.types.number(record_.value);
-    if (record_.value.empty() || !type) {
-        fail(type ? L"an object without a type" : L"too many types of objects");
-        return nullptr;
-    }
-    const std::string& typeName = state_.types.name(*type);
+    const auto type = state_.types.number(type_);
+    if (type_.empty())
+        warn(untypedObject, begin, L"an object without a type");
+    if (!type)
+        warn(tooManyTypes, begin,
+             L"more than 65535 types of objects; type " + quoted(type_) + L" is not read");
     Facts facts;
-    if (!scanFacts(typeName == "DIMSTYLE" ? 105 : 5, facts))
+    if (!scanFacts(type_ == "DIMSTYLE" ? 105 : 5, facts))
         return nullptr;
     const std::uint64_t length = record_.offset - begin;
     if (length > std::numeric_limits<std::uint32_t>::max()) {
@@ -238,7 +275,8 @@ AcDbStub* StructureScanner::scanObject(std::string* name) {
     stub.database = state_.database;
     stub.offset = begin;
     stub.length = static_cast<std::uint32_t>(length);
-    stub.type = *type;
+    stub.type = type.value_or(0);
+    stub.replacesHandle = facts.unreadableHandle;
     hints_.push_back(facts.owner);
     if (name)
         *name = facts.name;
@@ -252,45 +290,48 @@ bool StructureScanner::scanFacts(int handleCode, Facts& facts) {
     while (next()) {
         if (record_.code == typeCode)
             return true;
-        if (!noteFact(handleCode, facts))
-            return false;
+        noteFact(handleCode, facts);
     }
     return false;
 }
 
 /// Handle and owner stand before the first subclass marker, and outside of application groups. The handle
 /// comes first; a later record of the same code means something else.
-bool StructureScanner::noteFact(int handleCode, Facts& facts) {
+void StructureScanner::noteFact(int handleCode, Facts& facts) {
     noteReference();
     switch (record_.code) {
     case 5:
     case 105:
         if (!inHead_ || inGroup_ || record_.code != handleCode || facts.handle != 0)
-            return true;
+            return;
         if (const auto handle = parseHandle(record_.value)) {
             facts.handle = *handle;
-            return true;
+            facts.unreadableHandle = facts.unreadableHandle && facts.handle == 0;
+        } else {
+            facts.unreadableHandle = true;
+            if (record_.code == 5) // Its values are not checked: in a DIMSTYLE it is a name.
+                warnOfValue();
         }
-        return fail(L"not a handle: " + quoted(record_.value));
+        return;
     case nameCode:
         if (facts.name.empty())
             facts.name = record_.value;
-        return true;
+        return;
     case paperCode:
         facts.owner.inPaperSpace = source_.value(record_, scratch_).find('1') != std::string_view::npos;
-        return true;
+        return;
     case subclassCode:
         inHead_ = false;
-        return true;
+        return;
     case groupCode:
         inGroup_ = record_.value.starts_with('{');
-        return true;
+        return;
     case ownerCode:
         if (inHead_ && !inGroup_ && facts.owner.handle == 0)
             facts.owner.handle = parseHandle(record_.value).value_or(0);
-        return true;
+        return;
     default:
-        return true;
+        return;
     }
 }
 
@@ -306,6 +347,10 @@ void StructureScanner::noteReference() {
 bool StructureScanner::next() {
     switch (source_.next(record_)) {
     case dxf::ReadResult::record:
+        if (record_.code == typeCode)
+            type_ = trimmed(record_.value);
+        else if (!source_.isReadable(record_))
+            warnOfValue();
         return true;
     case dxf::ReadResult::end:
         return failAt(state_.bytes.size(), context_.empty() ? L"the file ends without an EOF record"
@@ -324,11 +369,32 @@ bool StructureScanner::nextBesidesComments() {
     return true;
 }
 
+bool StructureScanner::at(std::string_view type) const {
+    return record_.code == typeCode && sameFrame(type_, type);
+}
+
+bool StructureScanner::atFrame() const {
+    return std::any_of(std::begin(frames), std::end(frames), [this](auto frame) { return at(frame); });
+}
+
+bool StructureScanner::atSectionEnd() const {
+    return at("ENDSEC") || at("SECTION") || at("EOF");
+}
+
+void StructureScanner::warn(Fault fault, std::uint64_t offset, const std::wstring& problem) {
+    log_.add(fault, offset, [&] { return problem; });
+}
+
+void StructureScanner::warnOfValue() {
+    log_.add(record_.code, source_.valueOffset(record_), [this] {
+        return L"group code " + std::to_wstring(record_.code) + L": " + quoted(record_.value) + L" is not " +
+               valueName(record_.code);
+    });
+}
+
 /// At the text that is the matter, which in ASCII drawings stands on another line than its group code.
 bool StructureScanner::fail(std::wstring problem) {
-    const bool ascii = state_.style.form == DrawingForm::ascii;
-    const auto textOffset = static_cast<std::uint64_t>(record_.value.data() - state_.bytes.data());
-    return failAt(ascii ? textOffset : record_.offset, std::move(problem));
+    return failAt(source_.valueOffset(record_), std::move(problem));
 }
 
 bool StructureScanner::failAt(std::uint64_t offset, std::wstring problem) {

@@ -3,16 +3,18 @@
 #include "drawing_state.h"
 #include "ownership.h"
 #include "record_source.h"
+#include "warning_log.h"
 
 namespace zuhost {
 
 /// Reads the structure of a drawing in one pass: sections, tables, blocks and objects; each object's handle,
-/// owner and place. Throws nothing; the first fault ends the scan.
+/// owner and place. What makes the structure unreadable ends the scan, other faults are logged. Records that
+/// stand where none belong are no objects: they are part of the stretches that are preserved verbatim.
 class StructureScanner {
 public:
-    StructureScanner(DrawingState& state, RecordSource& source);
+    StructureScanner(DrawingState& state, RecordSource& source, WarningLog& log);
 
-    /// False at the first fault, then see `faultOffset` and `fault`.
+    /// False when the structure is unreadable, then see `faultOffset` and `fault`.
     [[nodiscard]] bool run();
 
     [[nodiscard]] std::uint64_t faultOffset() const { return faultOffset_; }
@@ -25,6 +27,7 @@ private:
     /// What of an object's records matters here.
     struct Facts {
         std::uint64_t handle = 0;
+        bool unreadableHandle = false;
         OwnerHint owner;
         std::string_view name; ///< Code 2.
     };
@@ -32,30 +35,39 @@ private:
     bool scanSections();
     bool scanSection();
     bool scanSectionNamed(std::string_view name);
+    bool scanSectionEnd();
     bool scanHeader();
     bool scanTables();
     bool scanTable();
     bool scanBlocks();
     bool scanBlock();
     bool scanObjects(Container::Kind kind);
-    bool scanRest();
+    bool skipRun(const wchar_t* place);
+    bool skipObject();
+    void warnOfStray(const wchar_t* place);
 
     AcDbStub* scanObject(std::string* name = nullptr);
     bool scanFacts(int handleCode, Facts& facts);
-    bool noteFact(int handleCode, Facts& facts);
+    void noteFact(int handleCode, Facts& facts);
     void noteReference();
     bool scanMember(Container& container);
     void joinToParent(AcDbStub& stub);
 
     bool next();
     bool nextBesidesComments();
-    [[nodiscard]] bool at(std::string_view type) const { return record_.value == type; }
+    [[nodiscard]] bool at(std::string_view type) const;
+    [[nodiscard]] bool atFrame() const;
+    [[nodiscard]] bool atSectionEnd() const;
+    void warn(Fault fault, std::uint64_t offset, const std::wstring& problem);
+    void warnOfValue();
     bool fail(std::wstring problem);
     bool failAt(std::uint64_t offset, std::wstring problem);
 
     DrawingState& state_;
     RecordSource& source_;
+    WarningLog& log_;
     dxf::Record record_;
+    std::string_view type_; ///< Of a record with group code 0, without blanks around it.
     std::string scratch_;
     bool inHead_ = false;  ///< Before the first subclass marker of an object.
     bool inGroup_ = false; ///< Within an application group.

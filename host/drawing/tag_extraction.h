@@ -7,9 +7,7 @@ namespace zuhost {
 /// The records of a stretch of the buffer, which must have been scanned without error.
 [[nodiscard]] TagList bufferTags(const DrawingState& state, Span span);
 
-/// The records of an object as they stand in the buffer.
-[[nodiscard]] inline TagList bufferTags(const DrawingState& state, const AcDbStub& stub) {
-    return bufferTags(state, {stub.offset, stub.offset + stub.length});
-}
+/// The records of an object of the file, with the handle that it is written with.
+[[nodiscard]] TagList objectTags(const DrawingState& state, const AcDbStub& stub);
 
 } // namespace zuhost

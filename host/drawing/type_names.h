@@ -10,7 +10,8 @@
 
 namespace zuhost {
 
-/// The types of a drawing's objects ("LINE", "DICTIONARY"), each kept once and known by a small number.
+/// The types of a drawing's objects ("LINE", "DICTIONARY"), each kept once and known by a small number. The
+/// empty type has the number 0.
 class TypeNames {
 public:
     /// Number of the type; nullopt when there are more types than a stub can number.
@@ -31,8 +32,8 @@ public:
     [[nodiscard]] const std::string& name(std::uint16_t number) const { return names_[number]; }
 
 private:
-    std::deque<std::string> names_; ///< A deque, so that references to names stay good.
-    std::unordered_map<std::string, std::uint16_t> numbers_;
+    std::deque<std::string> names_{""}; ///< A deque, so that references to names stay good.
+    std::unordered_map<std::string, std::uint16_t> numbers_{{"", 0}};
     std::uint16_t lastUsed_ = 0; ///< Objects of one type come in runs.
 };
 

@@ -28,8 +28,8 @@ AcDbDatabase::~AcDbDatabase() {
         services->setWorkingDatabase(nullptr);
 }
 
-Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path) {
-    const Acad::ErrorStatus status = take(Document::openFile(path, this));
+Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path, bool strict) {
+    const Acad::ErrorStatus status = take(Document::openFile(path, this), strict);
     std::error_code unknown;
     const bool isMissing =
         status == Acad::eFileAccessErr && !std::filesystem::exists(zuhost::systemPath(path), unknown);
@@ -37,11 +37,16 @@ Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path) {
 }
 
 Acad::ErrorStatus AcDbDatabase::dxfInBytes(std::string bytes, const ACHAR* name) {
-    return take(Document::open(std::move(bytes), name, this));
+    return take(Document::open(std::move(bytes), name, this), false);
 }
 
-Acad::ErrorStatus AcDbDatabase::take(std::variant<std::unique_ptr<Document>, DocumentError> opened) {
-    if (const auto* error = std::get_if<DocumentError>(&opened)) {
+Acad::ErrorStatus AcDbDatabase::take(std::variant<std::unique_ptr<Document>, DocumentError> opened,
+                                     bool strict) {
+    const auto* error = std::get_if<DocumentError>(&opened);
+    if (strict && !error)
+        if (const auto& warnings = std::get<std::unique_ptr<Document>>(opened)->warnings(); !warnings.empty())
+            error = &warnings.front();
+    if (error) {
         lastError_ = error->message();
         return error->line == 0 && error->offset == 0 ? Acad::eFileAccessErr : Acad::eBadDxfFile;
     }
@@ -87,7 +92,7 @@ std::vector<std::wstring> AcDbDatabase::warnings() const {
     std::vector<std::wstring> texts;
     if (core_->document)
         for (const DocumentError& warning : core_->document->warnings())
-            texts.push_back(warning.message());
+            texts.push_back(warning.message(L"warning: "));
     return texts;
 }
 

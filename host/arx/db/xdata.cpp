@@ -240,8 +240,9 @@ resbuf* AcDbObject::xData(const ACHAR* application) const {
             range = tags().extendedData(*name);
     }
     ChainWriter chain(*core()->document);
+    // Other group codes are damage: a chain could not hold their values.
     for (std::size_t at = range.first; at < range.last;)
-        at = chain.add(tags(), at);
+        at = isValueCode(tags()[at].code) ? chain.add(tags(), at) : at + 1;
     return chain.first();
 }
 

@@ -281,8 +281,9 @@ public:
     AcDbDatabase& operator=(const AcDbDatabase&) = delete;
 
     /// Fills the database from a DXF file, ASCII or binary. eFileNotFound, eFileAccessErr or eBadDxfFile,
-    /// with file, line and problem in lastErrorText; the database is then as it was.
-    Acad::ErrorStatus dxfIn(const ACHAR* path);
+    /// with file, line and problem in lastErrorText; the database is then as it was. `strict` makes the first
+    /// warning an error.
+    Acad::ErrorStatus dxfIn(const ACHAR* path, bool strict = false);
     /// The same from bytes in memory; `name` is for messages.
     Acad::ErrorStatus dxfInBytes(std::string bytes, const ACHAR* name);
     /// Saves as DXF in the form it was read in (or the given one), replacing the file as a whole.
@@ -294,7 +295,8 @@ public:
     [[nodiscard]] bool isBinary() const;
     /// "FILE:LINE: PROBLEM" of the last failure.
     [[nodiscard]] const std::wstring& lastErrorText() const;
-    /// Faults met when opening that were no reason to refuse the drawing.
+    /// "FILE:LINE: warning: PROBLEM" of each fault that did not keep the drawing from opening, limited in
+    /// number.
     [[nodiscard]] std::vector<std::wstring> warnings() const;
     /// The number of $ACADVER: 1009 for R12 ... 1032 for R2018.
     [[nodiscard]] int originalFileVersion() const;
@@ -351,7 +353,8 @@ public:
     [[nodiscard]] zuhost::DatabaseCore& core() const { return *core_; }
 
 private:
-    Acad::ErrorStatus take(std::variant<std::unique_ptr<zuhost::Document>, zuhost::DocumentError> opened);
+    Acad::ErrorStatus take(std::variant<std::unique_ptr<zuhost::Document>, zuhost::DocumentError> opened,
+                           bool strict);
 
     std::unique_ptr<zuhost::DatabaseCore> core_;
     std::wstring lastError_;

@@ -22,8 +22,9 @@ struct DocumentError {
     std::uint64_t offset = 0;
     std::wstring problem;
 
-    /// "FILE:LINE: PROBLEM", or "FILE: byte OFFSET: PROBLEM" for binary drawings.
-    [[nodiscard]] std::wstring message() const;
+    /// "FILE:LINE: PROBLEM", or "FILE: byte OFFSET: PROBLEM" for binary drawings. The label stands before the
+    /// problem ("warning: ").
+    [[nodiscard]] std::wstring message(std::wstring_view label = {}) const;
 };
 
 enum class DrawingForm { ascii, binary };
@@ -32,7 +33,7 @@ struct DrawingState;
 
 /// A run of objects with one owner, in file order: a symbol table, a block with its entities, the ENTITIES
 /// section, the OBJECTS section. `head` is the TABLE or BLOCK record, `tail` the ENDBLK; null where there is
-/// none.
+/// none. A damaged file may lack the ENDBLK.
 struct Container {
     enum class Kind { table, block, entities, objects };
 
@@ -57,8 +58,9 @@ public:
     using OpenResult = std::variant<std::unique_ptr<Document>, DocumentError>;
 
     /// Scans the bytes (which the document keeps) and makes a stub for each object, all with `database` as
-    /// theirs. Checks every group code and number, the nesting of sections, tables and blocks, that handles
-    /// are unique and that the file ends where it should. `file` is for messages only.
+    /// theirs. Fails when the structure is unreadable: a group code that is no integer, sections that do not
+    /// nest, a file that is cut off. Every other fault is a warning, its records are preserved verbatim, and
+    /// an unreadable value counts as missing. `file` is for messages only.
     static OpenResult open(std::string bytes, const std::wstring& file, AcDbDatabase* database);
 
     /// Reads the named file and opens it.
@@ -81,7 +83,7 @@ public:
     [[nodiscard]] std::wstring decode(std::string_view value) const;
     [[nodiscard]] std::string encode(std::wstring_view text) const;
 
-    /// Faults that were no reason to refuse the drawing (unknown code page name ...), for the user.
+    /// Faults that did not keep the drawing from opening, in file order and limited in number, for the user.
     [[nodiscard]] const std::vector<DocumentError>& warnings() const;
 
     // ---- objects
@@ -121,7 +123,9 @@ public:
     using TagSource = std::function<const TagList*(const AcDbStub&)>;
 
     /// Writes the drawing to the file, atomically. Erased objects are left out; $HANDSEED is raised above
-    /// every handle when objects were added. Nullopt on success; on failure the old file is untouched.
+    /// every handle when objects were added. An unchanged drawing keeps its bytes; otherwise objects whose
+    /// handle was taken or unreadable get their new one. Nullopt on success; on failure the old file is
+    /// untouched.
     std::optional<DocumentError> save(const std::wstring& file, DrawingForm form,
                                       const TagSource& tags) const;
 

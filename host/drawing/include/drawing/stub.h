@@ -19,4 +19,7 @@ struct AcDbStub {
     bool erased = false;
     bool changed = false;      ///< Differs from its records in the buffer (always true for new objects).
     bool handleIsOurs = false; ///< The drawing gave it no handle (before R13): not written when saving.
+    /// Its records hold a handle that an earlier object has or that is unreadable; `handle` takes its place
+    /// when the drawing is written for a change elsewhere or in the other form.
+    bool replacesHandle = false;
 };
