@@ -7,6 +7,7 @@
 #include "tag_extraction.h"
 
 #include <algorithm>
+#include <new>
 
 namespace zuhost {
 namespace {
@@ -62,9 +63,13 @@ Document::OpenResult Document::open(std::string bytes, const std::wstring& file,
     state->bytes = std::move(bytes);
     state->file = file;
     state->database = database;
-    if (auto error = scanDrawing(*state))
-        return std::move(*error);
-    return std::unique_ptr<Document>(new Document(std::move(state)));
+    try {
+        if (auto error = scanDrawing(*state))
+            return std::move(*error);
+        return std::unique_ptr<Document>(new Document(std::move(state)));
+    } catch (const std::bad_alloc&) {
+        return DocumentError{file, 0, 0, L"not enough memory to open the drawing"};
+    }
 }
 
 std::unique_ptr<Document> Document::createEmpty(AcDbDatabase* database) {

@@ -10,12 +10,11 @@
 #include "zuhost/atomic_file.h"
 #include "zuhost/paths.h"
 
+#include <cerrno>
 #include <system_error>
 
 namespace zuhost {
 namespace {
-
-constexpr int firstVersionWithLongCodes = 1012;
 
 /// The file's own style in its own form, else the usual one of the other form.
 RecordStyle styleFor(const DrawingState& state, DrawingForm form) {
@@ -23,7 +22,7 @@ RecordStyle styleFor(const DrawingState& state, DrawingForm form) {
         return state.style;
     RecordStyle style;
     style.form = form;
-    style.byteCodes = form == DrawingForm::binary && state.version < firstVersionWithLongCodes;
+    style.byteCodes = form == DrawingForm::binary && state.shortCodesInBinary;
     return style;
 }
 
@@ -35,6 +34,8 @@ DocumentError fileError(const std::wstring& file, std::wstring problem) {
 }
 
 DocumentError systemError(const std::wstring& file, int number) {
+    if (number == EFBIG)
+        return fileError(file, L"endless or too large for a device or pipe; save the data to a file first");
     return fileError(file, fromUtf8(std::generic_category().message(number)));
 }
 

@@ -33,6 +33,7 @@ struct DrawingState {
     std::uint64_t eof = 0; ///< Where the EOF record begins.
     int version = 1009;    ///< Number of $ACADVER.
     DrawingText encoding;
+    bool shortCodesInBinary = true; ///< Group codes of one byte when the drawing is written in binary form.
     std::vector<DocumentError> warnings;
 
     TypeNames types;

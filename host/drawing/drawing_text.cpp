@@ -141,6 +141,26 @@ std::wstring DrawingText::decode(std::string_view value) const {
     return dxf::withoutEscapes(text, decodePair);
 }
 
+std::string DrawingText::withLineEnds(std::string_view value) const {
+    std::string result;
+    std::size_t done = 0;
+    for (std::size_t caret = value.find('^'); caret != std::string_view::npos && caret + 1 < value.size();
+         caret = value.find('^', done)) {
+        result += value.substr(done, caret - done);
+        // The byte may be the second one of a character.
+        const bool isCaret = codec_.decode(value.substr(done, caret + 1 - done)).ends_with(L'^');
+        const char next = value[caret + 1];
+        const bool isLineEnd = isCaret && (next == 'J' || next == 'M');
+        const std::size_t length = isCaret && (next == '^' || isLineEnd) ? 2 : 1;
+        if (isLineEnd)
+            result += next == 'J' ? '\n' : '\r';
+        else
+            result += value.substr(caret, length);
+        done = caret + length;
+    }
+    return result += value.substr(done);
+}
+
 std::string DrawingText::encode(std::wstring_view text) const {
     if (std::all_of(text.begin(), text.end(), isPlain))
         return {text.begin(), text.end()};

@@ -23,6 +23,9 @@ public:
 
     [[nodiscard]] std::wstring decode(std::string_view value) const;
 
+    /// The value with "^J" and "^M" replaced by the line ends that they stand for.
+    [[nodiscard]] std::string withLineEnds(std::string_view value) const;
+
     /// Never fails: what the encoding lacks is written as "\U+XXXX".
     [[nodiscard]] std::string encode(std::wstring_view text) const;
 

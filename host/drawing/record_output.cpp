@@ -19,6 +19,16 @@ void RecordOutput::copy(Span span) {
         convert(span);
 }
 
+/// A value as the other form holds it: only binary drawings have line ends within texts.
+std::string_view RecordOutput::converted(int code, std::string_view value, std::string& scratch) const {
+    const dxf::ValueType type = dxf::valueType(code);
+    const bool isText = type == dxf::ValueType::text || type == dxf::ValueType::handle;
+    const bool toBinary = converts() && state_.style.form == DrawingForm::ascii;
+    if (!toBinary || !isText || value.find('^') == std::string_view::npos)
+        return value;
+    return scratch = state_.encoding.withLineEnds(value);
+}
+
 void RecordOutput::convert(Span span) {
     RecordSource source(state_, span);
     std::string scratch;
@@ -29,7 +39,8 @@ void RecordOutput::convert(Span span) {
 void RecordOutput::record(int code, std::string_view value) {
     if (!fault_.empty())
         return;
-    if (!speller_.append(pending_, code, value)) {
+    std::string scratch;
+    if (!speller_.append(pending_, code, converted(code, value, scratch))) {
         fault_ = L"the form cannot hold " + quoted(value) + L" as the value of group code " +
                  std::to_wstring(code);
     }

@@ -34,6 +34,7 @@ public:
 
 private:
     void convert(Span span);
+    [[nodiscard]] std::string_view converted(int code, std::string_view value, std::string& scratch) const;
     void flush();
 
     const DrawingState& state_;

@@ -59,13 +59,12 @@ bool appendChunk(std::string& bytes, std::string_view digits) {
     return true;
 }
 
-std::string withoutLineEnds(int code, std::string_view value) {
-    const bool text = dxf::valueType(code) == dxf::ValueType::text;
+std::string withoutLineEnds(std::string_view value) {
     std::string result;
     for (const char c : value) {
         if (c != '\r' && c != '\n')
             result += c;
-        else if (text)
+        else
             result += c == '\n' ? "^J" : "^M";
     }
     return result;
@@ -103,7 +102,7 @@ bool RecordSpeller::append(std::string& bytes, int code, std::string_view value)
     return true;
 }
 
-/// A line end within a value would break the file: texts have it in caret notation, other values lose it.
+/// A line end within a value would break the file, so it is written in caret notation.
 void RecordSpeller::appendAscii(std::string& bytes, int code, std::string_view value) const {
     std::array<char, 12> digits{};
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), code);
@@ -111,7 +110,7 @@ void RecordSpeller::appendAscii(std::string& bytes, int code, std::string_view v
     bytes.append(size < style_.codeWidth ? style_.codeWidth - size : 0, ' ');
     bytes.append(digits.data(), size) += style_.lineEnd;
     const bool plain = value.find_first_of("\r\n") == std::string_view::npos;
-    (plain ? bytes += value : bytes += withoutLineEnds(code, value)) += style_.lineEnd;
+    (plain ? bytes += value : bytes += withoutLineEnds(value)) += style_.lineEnd;
 }
 
 bool RecordSpeller::appendBinary(std::string& bytes, int code, std::string_view value) const {

@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr int firstVersionWithHandles = 1012;
+constexpr std::string_view lastVersionWithShortCodes = "AC1009";
 
 std::string_view lineEndOf(std::string_view records) {
     const std::size_t newline = records.find('\n');
@@ -82,6 +83,9 @@ void readHeader(DrawingState& state, WarningLog& log) {
     if (version.starts_with("AC"))
         state.version = static_cast<int>(
             std::clamp<std::int64_t>(parseInteger(version.substr(2)).value_or(state.version), 0, 9999));
+    // Readers decide by this text, and take a drawing without it for one of R12.
+    state.shortCodesInBinary =
+        version.substr(0, lastVersionWithShortCodes.size()) <= lastVersionWithShortCodes;
     const std::string_view codePage = variable(state.header, "$DWGCODEPAGE", 3);
     bool known = true;
     state.encoding = DrawingText::of(state.version, codePage, known);

@@ -2,6 +2,8 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <new>
+#include <stdexcept>
 
 namespace zuhost {
 
@@ -11,6 +13,8 @@ namespace fs = std::filesystem;
 using file_ops::File;
 
 constexpr std::size_t kBuffer = std::size_t{1} << 20U;
+/// Of a device, a pipe or a file that grows while it is read: it may have no end.
+constexpr std::size_t kMostUnexpected = std::size_t{1} << 29U;
 constexpr int kNameAttempts = 1000;
 constexpr int kMostLinks = 40;
 
@@ -49,7 +53,7 @@ int writable(const std::string& path) {
 
 } // namespace
 
-std::variant<std::string, int> readWholeFile(const std::string& path) {
+std::variant<std::string, int> readWholeFile(const std::string& path) try {
     File file;
     if (const int error = file.open(path, File::Mode::read))
         return error;
@@ -66,10 +70,16 @@ std::variant<std::string, int> readWholeFile(const std::string& path) {
         filled += count;
         if (filled < bytes.size())
             break;
+        if (filled >= kMostUnexpected && (sizeError || filled > 2 * expected))
+            return EFBIG;
         bytes.resize(bytes.size() * 2);
     }
     bytes.resize(filled);
     return bytes;
+} catch (const std::bad_alloc&) {
+    return ENOMEM;
+} catch (const std::length_error&) {
+    return ENOMEM;
 }
 
 AtomicFile::AtomicFile(const std::string& path, const std::string& model) : target_(behindLinks(path)) {

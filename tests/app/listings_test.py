@@ -1,5 +1,7 @@
 """What the listings say of the sample drawings, against results worked out by a separate program."""
+import resource
 import subprocess
+import tempfile
 
 from program import ZU, check, expected, run, run_json, sample
 
@@ -73,3 +75,24 @@ table = sample("system/ZuConfig.ini")
 run("table", table, "--separator", "", status=2)
 run("table", table, "--skip", "-1", status=2)
 print("listings agree")
+
+
+def failure(*arguments, memory=resource.RLIM_INFINITY):
+    """Standard error of a command that must fail."""
+    limit = lambda: resource.setrlimit(resource.RLIMIT_AS, (memory, memory))
+    done = subprocess.run([ZU, *arguments], capture_output=True, text=True, preexec_fn=limit)
+    check(done.returncode == 1, "status %d of %r" % (done.returncode, arguments))
+    return done.stderr
+
+
+# Faults are warnings, and errors on request.
+with tempfile.NamedTemporaryFile("w", suffix=".dxf") as file:
+    file.write("0\nSECTION\n2\nENTITIES\n0\nMLINE\n340\nStandard\n0\nENDSEC\n0\nEOF\n")
+    file.flush()
+    problem = 'group code 340: "Standard" is not a handle\n'
+    done = subprocess.run([ZU, "elements", file.name], capture_output=True, text=True)
+    check((done.returncode, done.stderr) == (0, file.name + ":8: warning: " + problem), "a warning")
+    check(failure("elements", "--strict", file.name) == "zu: " + file.name + ":8: " + problem, "--strict")
+    file.truncate(1 << 32)
+    check("zu: " + file.name + ": " in failure("groups", file.name, memory=1 << 31), "memory names the file")
+check("/dev/zero: endless" in failure("groups", "/dev/zero"), "a device without an end")

@@ -117,13 +117,18 @@ TEST_F(ExtendedData, EveryKindOfValueSurvivesSaving) {
     }
 }
 
+/// And records that belong elsewhere may stand among them.
 TEST_F(ExtendedData, ChunksOfOtherProgramsMayHaveSmallDigits) {
     ASSERT_EQ(set(kShelf, ChainBuilder().application(L"ZU_ATTR").bytes(kBytes)), Acad::eOk);
     std::string bytes = drawing->dxfOutBytes(false);
     const std::size_t at = bytes.find("1AF09B");
     ASSERT_NE(at, std::string::npos);
-    bytes.replace(at, 6, "1af09b");
-    EXPECT_EQ(bytesOf(*get(*readBytes(bytes), kShelf, L"ZU_ATTR")->rbnext), kBytes);
+    bytes.replace(at, 6, "1af09b\n310\nFF");
+    const auto again = readBytes(bytes);
+    EXPECT_EQ(bytesOf(*get(*again, kShelf, L"ZU_ATTR")->rbnext), kBytes);
+    const Chain all = get(*again, kShelf, nullptr);
+    for (const resbuf* item = all.get(); item != nullptr; item = item->rbnext)
+        EXPECT_NE(item->restype, 310);
 }
 
 TEST_F(ExtendedData, ApplicationsAreReplacedOneByOne) {

@@ -114,9 +114,11 @@ TEST(RoundTrip, LongAndRareValuesSurviveTheBinaryForm) {
     }
 }
 
-/// In the text form a line end would part a value from its own record.
-TEST(RoundTrip, LineEndsWithinValuesOfTheBinaryFormLeaveTheTextFormWhole) {
-    const auto document = opened(drawing("AC1032", "0 SECTION|2 ENTITIES|0 X|1 a1b2c|0 ENDSEC"));
+/// In the text form a line end would separate a value from its own record. The last byte of "タ" is that of
+/// "^".
+TEST(RoundTrip, LineEndsWithinTextsOfTheBinaryFormReturn) {
+    const auto document =
+        opened(drawing("AC1015", "0 SECTION|2 ENTITIES|0 X|1 a1b2c|1 ^^J^|1 \x83\x5EJ^J|0 ENDSEC"));
     std::string bytes = document->bytes(DrawingForm::binary, nullptr);
     const std::size_t at = bytes.find("a1b2c");
     ASSERT_NE(at, std::string::npos);
@@ -124,6 +126,9 @@ TEST(RoundTrip, LineEndsWithinValuesOfTheBinaryFormLeaveTheTextFormWhole) {
     const auto back = opened(opened(bytes)->bytes(DrawingForm::ascii, nullptr));
     const TagList tags = back->tags(*member(*back, "X"));
     EXPECT_EQ(tags.text(1, tags.all()), "a^Jb^Mc");
+    const auto again = opened(back->bytes(DrawingForm::binary, nullptr));
+    EXPECT_EQ(again->tags(*member(*again, "X")),
+              TagList({{0, "X"}, {1, "a\nb\rc"}, {1, "^^J^"}, {1, "\x83\x5EJ\n"}}));
 }
 
 /// What the binary form cannot hold is told; nothing is cut to fit.

@@ -141,4 +141,10 @@ TEST(Structure, BinaryDrawingsBeforeR13HaveShortGroupCodes) {
     EXPECT_EQ(again->form(), DrawingForm::binary);
     EXPECT_EQ(saved(*again), binary);
     EXPECT_EQ(again->objectCount(), ascii->objectCount());
+    // As others read them: by the text of $ACADVER, and one of R12 without it.
+    const auto firstCode = [](const std::string& bytes) {
+        return opened(bytes)->bytes(DrawingForm::binary, nullptr).substr(22, 3);
+    };
+    EXPECT_EQ(firstCode(dxf("0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF")), std::string("\0SE", 3));
+    EXPECT_EQ(firstCode(drawing("AC10XX", "")), std::string("\0\0S", 3));
 }
