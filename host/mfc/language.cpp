@@ -88,6 +88,6 @@ LONG RegQueryValueW(HKEY /*key*/, const wchar_t* /*subKey*/, wchar_t* /*value*/,
 }
 
 BOOL EnumResourceLanguagesW(HMODULE /*module*/, const wchar_t* /*type*/, const wchar_t* /*name*/,
-                            ENUMRESLANGPROCW /*told*/, LPARAM /*parameter*/) {
+                            ENUMRESLANGPROCW /*callback*/, LPARAM /*parameter*/) {
     return FALSE;
 }

@@ -21,7 +21,8 @@ ZUCOMN_API bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys
 /// Refuses all pairs when one could not be read back: no key holds "|", more than one line end, a line that
 /// begins with "#", a line end after nothing or after "END" (in any case), or white space at the start or end
 /// of a line; no value holds "|" or a line end; neither holds the characters 0x0D, 0x1A and NUL. A key whose
-/// characters the file's encoding reads back as others is refused too.
+/// characters the file's encoding reads back as others is refused too; a value is saved and reads back with
+/// those (in code page 932 the wave dash U+301C as U+FF5E).
 ///
 /// A line without "|" is taken for one of the key of the next record. Only the last of several such lines
 /// stays, and none that no record follows. Records that don't change, comments and everything from "END" on
