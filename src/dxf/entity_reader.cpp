@@ -30,7 +30,7 @@ public:
         }
         last_ = at_;
         at_ = record.end;
-        ++count_;
+        count_ += Form::kHasLines ? 1 : 0;
         return true;
     }
     void makeCurrent() const {
@@ -112,13 +112,21 @@ public:
 
 private:
     template <typename Number>
-    Number reported(int code, std::string_view value, const ReadNumber<Number>& read) {
-        if (!read.problem.empty()) [[unlikely]]
+    [[gnu::noinline]] Number reported(int code, std::string_view value, const ReadNumber<Number>& read) {
+        if (!read.problem.empty())
             input_.report(value.data(), code, read.problem);
         return read.number;
     }
-    double real(int code, std::string_view value) { return reported(code, value, Form::real(value)); }
-    int integer(int code, std::string_view value) { return reported(code, value, Form::integer(value)); }
+    double real(int code, std::string_view value) {
+        double number = 0;
+        if (Form::plainReal(value, number)) [[likely]]
+            return number;
+        return reported(code, value, Form::real(value));
+    }
+    int integer(int code, std::string_view value) {
+        const ReadNumber<int> read = Form::integer(value);
+        return read.problem.empty() ? read.number : reported(code, value, read);
+    }
 
     static short nearestShort(int number) {
         using Limits = std::numeric_limits<short>;

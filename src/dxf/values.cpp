@@ -32,7 +32,7 @@ std::string_view withoutStart(std::string_view text) {
 
 } // namespace
 
-ReadNumber<double> AsciiForm::otherReal(std::string_view value) {
+ReadNumber<double> AsciiForm::real(std::string_view value) {
     if (const auto number = zuhost::parseReal(value))
         return {std::isfinite(*number) ? *number : 0,
                 std::isfinite(*number) ? std::string_view() : kNotFinite};
@@ -60,6 +60,13 @@ ReadNumber<int> AsciiForm::integer(std::string_view value) {
     if (std::string_view(end, last).find_first_not_of(" \t\r") != std::string_view::npos)
         read.problem = kOtherText;
     return read;
+}
+
+ReadNumber<double> BinaryForm::real(std::string_view value) {
+    double number = 0;
+    if (plainReal(value, number))
+        return {number, {}};
+    return {0, kNotFinite};
 }
 
 ReadNumber<int> BinaryForm::integer(std::string_view value) {

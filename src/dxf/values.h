@@ -25,29 +25,26 @@ inline constexpr std::string_view kNotFinite = "the number is not finite: 0 is u
 
 struct AsciiForm {
     static TakenRecord take(const char* at, const char* end) { return zuhost::dxf::takeAsciiRecord(at, end); }
-    static ReadNumber<double> real(std::string_view value) {
-        double number = 0;
-        if (zuhost::parsePlainReal(value, number))
-            return {number, {}};
-        return otherReal(value);
+    static constexpr bool kHasLines = true;
+    /// Nearly every number; false for others.
+    static bool plainReal(std::string_view value, double& number) {
+        return zuhost::parsePlainReal(value, number);
     }
+    static ReadNumber<double> real(std::string_view value);
     static ReadNumber<int> integer(std::string_view value);
-
-private:
-    static ReadNumber<double> otherReal(std::string_view value);
 };
 
 struct BinaryForm {
     static TakenRecord take(const char* at, const char* end) {
         return zuhost::dxf::takeBinaryRecord(at, end);
     }
-    /// Of a record whose group code means a real number.
-    static ReadNumber<double> real(std::string_view value) {
-        const double number = zuhost::dxf::realAt(value.data());
-        if (std::isfinite(number))
-            return {number, {}};
-        return {0, kNotFinite};
+    static constexpr bool kHasLines = false;
+    // Of a record whose group code means a real number.
+    static bool plainReal(std::string_view value, double& number) {
+        number = zuhost::dxf::realAt(value.data());
+        return std::isfinite(number);
     }
+    static ReadNumber<double> real(std::string_view value);
     /// Of a record whose group code means an integer.
     static ReadNumber<int> integer(std::string_view value);
 };
