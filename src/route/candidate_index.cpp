@@ -53,14 +53,12 @@ void CandidateIndex::place(int position) {
     if (element.points.empty() || !isMeasurable(element.points.front()))
         return;
     placed.points = distinctFinite(element.points);
-    for (const AcGePoint3d& point : placed.points)
-        grid_.add(point, position);
+    grid_.add(placed.points, position);
 }
 
 void CandidateIndex::takeOut(int position) {
     Placed& placed = placed_[static_cast<std::size_t>(position)];
-    for (const AcGePoint3d& point : placed.points)
-        grid_.remove(point, position);
+    grid_.remove(placed.points, position);
     placed.points.clear();
 }
 
@@ -78,11 +76,16 @@ void CandidateIndex::update() {
     }
 }
 
-std::vector<int> CandidateIndex::near(const AcGePoint3d& point, double distance) const {
+std::vector<int> CandidateIndex::near(const AcGePoint3d& point, double distance,
+                                      std::unordered_set<int>& seen) const {
     std::vector<int> positions;
-    grid_.find(point, distance, positions);
+    const auto isSeen = [&seen](int position) { return seen.contains(position); };
+    grid_.visit(point, distance, isSeen, [&](int position) {
+        seen.insert(position);
+        positions.push_back(position);
+        return true;
+    });
     std::sort(positions.begin(), positions.end());
-    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
     return positions;
 }
 

@@ -3,6 +3,8 @@
 #include "connection_cache.h"
 #include "point_grid.h"
 
+#include <unordered_set>
+
 namespace zu {
 
 /// The connection points of a list of candidates by place, brought up to date before each search.
@@ -18,8 +20,10 @@ public:
     /// Follows the changes of elements since the last call.
     void update();
 
-    /// The positions, ascending and each once, of the candidates with a connection point within the distance.
-    [[nodiscard]] std::vector<int> near(const AcGePoint3d& point, double distance) const;
+    /// The positions, ascending, of the candidates with a connection point within the distance that were not
+    /// seen before; they are seen then.
+    [[nodiscard]] std::vector<int> near(const AcGePoint3d& point, double distance,
+                                        std::unordered_set<int>& seen) const;
 
 private:
     struct Placed {

@@ -101,8 +101,9 @@ private:
     void append(const CandidateIndex& index, std::span<const AcGePoint3d> tested, AcDbObjectIdArray& result,
                 int& count) {
         Contained isKnown(result);
+        std::unordered_set<int> seen;
         for (const AcGePoint3d& point : tested) {
-            for (const int position : index.near(zu::inPlan(point), distance_)) {
+            for (const int position : index.near(zu::inPlan(point), distance_, seen)) {
                 const AcDbObjectId candidate = index.candidates()[position];
                 if (candidate == element_ || !canBeRead(candidate) || !filter_(*indexes_, candidate) ||
                     isKnown(candidate))

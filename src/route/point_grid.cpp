@@ -12,6 +12,8 @@ namespace {
 /// Cells are larger than the distance, so that a search mostly meets one cell only.
 constexpr double kCellsPerDistance = 16.0;
 constexpr double kLeastCell = 1e-3;
+/// More points of one owner are kept as clusters.
+constexpr std::size_t kFewPoints = 8;
 
 bool isFinite(const AcGePoint3d& point) {
     return std::isfinite(point.x) && std::isfinite(point.y);
@@ -50,9 +52,36 @@ double PointGrid::index(double coordinate) const {
     return std::floor(coordinate / cellSize_) + 0.0; // no negative zero: equal cells have equal bits
 }
 
-void PointGrid::add(const AcGePoint3d& point, int owner) {
-    if (!isFinite(point))
+/// The points by cell; those that are not finite are left out.
+std::vector<PointGrid::Run> PointGrid::runs(const std::vector<AcGePoint3d>& points) const {
+    std::vector<Run> runs;
+    std::unordered_map<Cell, std::size_t, CellHash> places;
+    for (const AcGePoint3d& point : points) {
+        if (!isFinite(point))
+            continue;
+        const auto [place, isNew] = places.try_emplace(cellOf(point), runs.size());
+        if (isNew)
+            runs.emplace_back(place->first, std::vector<AcGePoint3d>());
+        runs[place->second].second.push_back(point);
+    }
+    return runs;
+}
+
+void PointGrid::add(const std::vector<AcGePoint3d>& points, int owner) {
+    if (points.size() <= kFewPoints) {
+        for (const AcGePoint3d& point : points)
+            if (isFinite(point))
+                addEntry(cellOf(point), point, owner, kEnd);
         return;
+    }
+    for (Run& run : runs(points)) {
+        const AcGePoint3d first = run.second.front();
+        clusters_.emplace(nextCluster_, std::move(run.second));
+        addEntry(run.first, first, owner, nextCluster_++);
+    }
+}
+
+void PointGrid::addEntry(const Cell& at, const AcGePoint3d& point, int owner, std::int32_t cluster) {
     std::int32_t place = free_;
     if (place != kEnd) {
         free_ = entries_[static_cast<std::size_t>(place)].next;
@@ -60,34 +89,42 @@ void PointGrid::add(const AcGePoint3d& point, int owner) {
         place = static_cast<std::int32_t>(entries_.size());
         entries_.emplace_back();
     }
-    const auto [cell, isNew] = cells_.try_emplace(cellOf(point), kEnd);
-    entries_[static_cast<std::size_t>(place)] = {point, owner, cell->second};
+    const auto [cell, isNew] = cells_.try_emplace(at, kEnd);
+    entries_[static_cast<std::size_t>(place)] = {point, owner, cluster, cell->second};
     cell->second = place;
 }
 
-void PointGrid::remove(const AcGePoint3d& point, int owner) {
-    const auto cell = isFinite(point) ? cells_.find(cellOf(point)) : cells_.end();
+void PointGrid::remove(const std::vector<AcGePoint3d>& points, int owner) {
+    for (const Run& run : runs(points))
+        removeOwner(run.first, owner);
+}
+
+void PointGrid::removeOwner(const Cell& at, int owner) {
+    const auto cell = cells_.find(at);
     if (cell == cells_.end())
         return;
     std::int32_t* link = &cell->second;
     while (*link != kEnd) {
         Entry& entry = entries_[static_cast<std::size_t>(*link)];
-        if (entry.owner == owner && entry.point == point) {
-            const std::int32_t place = *link;
-            *link = entry.next;
-            entry.next = free_;
-            free_ = place;
-            break;
+        if (entry.owner != owner) {
+            link = &entry.next;
+            continue;
         }
-        link = &entry.next;
+        const std::int32_t place = *link;
+        clusters_.erase(entry.cluster);
+        *link = entry.next;
+        entry.next = free_;
+        free_ = place;
     }
     if (cell->second == kEnd)
         cells_.erase(cell);
 }
 
-void PointGrid::find(const AcGePoint3d& centre, double distance, std::vector<int>& owners) const {
+std::array<std::int32_t, 9> PointGrid::chainsNear(const AcGePoint3d& centre, double distance) const {
+    std::array<std::int32_t, 9> chains{};
+    chains.fill(kEnd);
     if (!isFinite(centre))
-        return;
+        return chains;
     const auto indices = [&](double coordinate) {
         // A little more than the distance, for the rounding of measured distances.
         const double reach = distance * (1.0 + 1e-9) + std::abs(coordinate) * 1e-15;
@@ -99,24 +136,14 @@ void PointGrid::find(const AcGePoint3d& centre, double distance, std::vector<int
     };
     const Indices columns = indices(centre.x);
     const Indices rows = indices(centre.y);
+    std::size_t count = 0;
     for (int i = 0; i < columns.count; ++i)
         for (int k = 0; k < rows.count; ++k)
-            findInCell(
-                {columns.values[static_cast<std::size_t>(i)], rows.values[static_cast<std::size_t>(k)]},
-                centre, distance, owners);
-}
-
-void PointGrid::findInCell(const Cell& cell, const AcGePoint3d& centre, double distance,
-                           std::vector<int>& owners) const {
-    const auto found = cells_.find(cell);
-    if (found == cells_.end())
-        return;
-    for (std::int32_t at = found->second; at != kEnd;) {
-        const Entry& entry = entries_[static_cast<std::size_t>(at)];
-        if (distance >= entry.point.distanceTo(centre))
-            owners.push_back(entry.owner);
-        at = entry.next;
-    }
+            if (const auto cell = cells_.find(
+                    {columns.values[static_cast<std::size_t>(i)], rows.values[static_cast<std::size_t>(k)]});
+                cell != cells_.end())
+                chains[count++] = cell->second;
+    return chains;
 }
 
 } // namespace zu

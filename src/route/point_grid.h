@@ -1,26 +1,43 @@
 #pragma once
 
+#include "point_cluster.h"
+
 #include <gepnt3d.h>
 
+#include <array>
 #include <cstdint>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace zu {
 
-/// Plan points by place, each with the number of what it belongs to. Points are found by distance at a cost
-/// that does not grow with their number, as long as they do not crowd within the distance.
+/// Plan points by place, each with the number of the owner that it belongs to. Owners are found by distance
+/// at a cost that does not grow with the number of points; many points of one owner at one place cost about
+/// as much as one.
 class PointGrid {
 public:
     /// A grid for searches up to the given distance.
     explicit PointGrid(double greatestDistance);
 
-    /// Points that are not finite lie nowhere and are not kept.
-    void add(const AcGePoint3d& point, int owner);
-    void remove(const AcGePoint3d& point, int owner);
+    /// Adds all points of an owner. Points that are not finite lie nowhere and are not kept.
+    void add(const std::vector<AcGePoint3d>& points, int owner);
+    /// Removes what was added for the owner at these points.
+    void remove(const std::vector<AcGePoint3d>& points, int owner);
 
-    /// Appends the owner of each point within the distance, one for each such point, in no order.
-    void find(const AcGePoint3d& centre, double distance, std::vector<int>& owners) const;
+    /// Calls `take` with the owner of points within the distance, in no order and an owner several times,
+    /// until it returns false. Owners for which `skips` returns true are passed over.
+    template <typename Skips, typename Take>
+    void visit(const AcGePoint3d& centre, double distance, Skips skips, Take take) const {
+        for (const std::int32_t first : chainsNear(centre, distance)) {
+            for (std::int32_t at = first; at != kEnd;) {
+                const Entry& entry = entries_[static_cast<std::size_t>(at)];
+                if (!skips(entry.owner) && isWithin(entry, centre, distance) && !take(entry.owner))
+                    return;
+                at = entry.next;
+            }
+        }
+    }
 
 private:
     struct Cell {
@@ -34,19 +51,30 @@ private:
     struct Entry {
         AcGePoint3d point;
         int owner;
-        std::int32_t next; ///< In the same cell, or in the chain of free entries.
+        std::int32_t cluster; ///< Stands for many points of the owner; kEnd for the one point.
+        std::int32_t next;    ///< In the same cell, or in the chain of free entries.
     };
     static constexpr std::int32_t kEnd = -1;
 
     [[nodiscard]] double index(double coordinate) const;
     [[nodiscard]] Cell cellOf(const AcGePoint3d& point) const { return {index(point.x), index(point.y)}; }
-    void findInCell(const Cell& cell, const AcGePoint3d& centre, double distance,
-                    std::vector<int>& owners) const;
+    using Run = std::pair<Cell, std::vector<AcGePoint3d>>;
+    [[nodiscard]] std::vector<Run> runs(const std::vector<AcGePoint3d>& points) const;
+    void addEntry(const Cell& cell, const AcGePoint3d& point, int owner, std::int32_t cluster);
+    void removeOwner(const Cell& cell, int owner);
+    /// First entries of the cells that the distance around the centre meets; the others are kEnd.
+    [[nodiscard]] std::array<std::int32_t, 9> chainsNear(const AcGePoint3d& centre, double distance) const;
+    [[nodiscard]] bool isWithin(const Entry& entry, const AcGePoint3d& centre, double distance) const {
+        return entry.cluster == kEnd ? distance >= entry.point.distanceTo(centre)
+                                     : clusters_.at(entry.cluster).hasWithin(centre, distance);
+    }
 
     double cellSize_;
     std::unordered_map<Cell, std::int32_t, CellHash> cells_; ///< First entry of each cell.
     std::vector<Entry> entries_;
     std::int32_t free_ = kEnd;
+    std::unordered_map<std::int32_t, PointCluster> clusters_;
+    std::int32_t nextCluster_ = 0;
 };
 
 } // namespace zu
