@@ -2,7 +2,6 @@
 
 #include "element.h"
 #include "failure.h"
-#include "joints.h"
 
 #include "plain_text.h"
 
@@ -10,6 +9,7 @@
 #include <dbobjptr.h>
 #include <dbsymtb.h>
 #include <zucomn/frame.h>
+#include <zucomn/model/joints.h>
 #include <zucomn/route.h>
 
 #include <algorithm>
@@ -329,8 +329,8 @@ PlanScene::PlanScene(DrawingFile& drawing) : elements_(drawing.references()) {
 }
 
 std::vector<PlanJoint> PlanScene::findJoints() const {
-    const std::vector<ConnectionPoint> points = connectionPoints(elements_);
-    const std::vector<std::vector<AcDbObjectId>> joined = joinedElements(points);
+    const std::vector<zucomn::ConnectionPoint> points = zucomn::connectionPoints(elements_);
+    const std::vector<std::vector<AcDbObjectId>> joined = zucomn::joinedElements(points);
     std::vector<PlanJoint> joints;
     joints.reserve(points.size());
     for (std::size_t i = 0; i < points.size(); ++i)

@@ -1,12 +1,13 @@
 #include "audit.h"
-#include "joints.h"
 #include "output.h"
+
+#include <zucomn/model/joints.h>
 
 namespace zu::app {
 
 namespace {
 
-std::string placeText(const ConnectionPoint& point) {
+std::string placeText(const zucomn::ConnectionPoint& point) {
     return "connection point " + std::to_string(point.number) + " at " + shortNumber(point.position.x) +
            ", " + shortNumber(point.position.y);
 }
@@ -14,8 +15,8 @@ std::string placeText(const ConnectionPoint& point) {
 } // namespace
 
 void auditConnectionPoints(const DrawingFile& drawing, Audit& audit) {
-    const std::vector<ConnectionPoint> points = connectionPoints(drawing.references());
-    const std::vector<std::vector<AcDbObjectId>> joined = joinedElements(points);
+    const std::vector<zucomn::ConnectionPoint> points = zucomn::connectionPoints(drawing.references());
+    const std::vector<std::vector<AcDbObjectId>> joined = zucomn::joinedElements(points);
     for (std::size_t i = 0; i < points.size(); ++i) {
         const std::vector<AcDbObjectId>& others = joined[i];
         if (others.empty())
