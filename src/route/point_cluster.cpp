@@ -5,8 +5,19 @@
 
 namespace zu {
 
+double PointCluster::Box::distanceTo(const AcGePoint3d& point) const {
+    return std::hypot(std::max({left - point.x, point.x - right, 0.0}),
+                      std::max({bottom - point.y, point.y - top, 0.0}));
+}
+
 PointCluster::PointCluster(std::vector<AcGePoint3d> points) : points_(std::move(points)) {
     split(0, points_.size(), true);
+    if (points_.empty())
+        return;
+    box_ = {points_[0].x, points_[0].x, points_[0].y, points_[0].y};
+    for (const AcGePoint3d& point : points_)
+        box_ = {std::min(box_.left, point.x), std::max(box_.right, point.x), std::min(box_.bottom, point.y),
+                std::max(box_.top, point.y)};
 }
 
 void PointCluster::split(std::size_t first, std::size_t last, bool byColumn) {
@@ -21,24 +32,24 @@ void PointCluster::split(std::size_t first, std::size_t last, bool byColumn) {
     split(middle + 1, last, !byColumn);
 }
 
-bool PointCluster::hasWithin(std::size_t first, std::size_t last, bool byColumn, const AcGePoint3d& centre,
-                             double distance) const {
-    if (first == last)
+bool PointCluster::hasWithin(std::size_t first, std::size_t last, bool byColumn, Box box,
+                             const AcGePoint3d& centre, double distance) const {
+    // A little more than the distance, for the rounding of measured distances.
+    if (first == last || box.distanceTo(centre) > distance * (1.0 + 1e-9))
         return false;
     const std::size_t middle = first + (last - first) / 2;
     const AcGePoint3d& point = points_[middle];
     if (distance >= point.distanceTo(centre))
         return true;
-    const double offset = byColumn ? centre.x - point.x : centre.y - point.y;
-    // The nearer half first. A little more than the distance, for the rounding of measured distances.
-    const bool isBelow = offset < 0.0;
-    const auto searchHalf = [&](bool lower) {
-        return lower ? hasWithin(first, middle, !byColumn, centre, distance)
-                     : hasWithin(middle + 1, last, !byColumn, centre, distance);
-    };
-    if (searchHalf(isBelow))
-        return true;
-    return std::abs(offset) <= distance * (1.0 + 1e-9) && searchHalf(!isBelow);
+    Box lower = box;
+    Box upper = box;
+    (byColumn ? lower.right : lower.top) = byColumn ? point.x : point.y;
+    (byColumn ? upper.left : upper.bottom) = byColumn ? point.x : point.y;
+    const auto searchLower = [&] { return hasWithin(first, middle, !byColumn, lower, centre, distance); };
+    const auto searchUpper = [&] { return hasWithin(middle + 1, last, !byColumn, upper, centre, distance); };
+    // The nearer half first.
+    const bool isBelow = byColumn ? centre.x < point.x : centre.y < point.y;
+    return isBelow ? searchLower() || searchUpper() : searchUpper() || searchLower();
 }
 
 } // namespace zu
