@@ -83,7 +83,7 @@ protected:
         frame.ShowWindow(SW_SHOW);
         frame.widget()->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(frame.widget()));
-        zuhost::settleDesktop();
+        zuhost::processPendingEvents();
     }
 
     /// Rows of the property list: 0 is the first heading.
@@ -152,7 +152,7 @@ TEST_F(FrameTest, GroupsFoldAndTheirSelectionIsShown) {
 
     lines().SetFocus();
     QTest::keyClick(lines().widget(), Qt::Key_Down);
-    zuhost::settleDesktop();
+    zuhost::processPendingEvents();
     EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 1);
     QTest::keyClick(lines().widget(), Qt::Key_Left);
     QTest::keyClick(lines().widget(), Qt::Key_Left);
@@ -161,7 +161,7 @@ TEST_F(FrameTest, GroupsFoldAndTheirSelectionIsShown) {
     QTest::keyClick(lines().widget(), Qt::Key_Right);
     EXPECT_EQ(linesShown(), (Lines{L"RT-D300 (2)", L"RT-P50 (1)", L" 168"}));
     lines().SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
-    zuhost::settleDesktop();
+    zuhost::processPendingEvents();
     EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 3);
     EXPECT_EQ(shown(L"S501|"), L"*各種*");
 
@@ -186,7 +186,7 @@ TEST_F(FrameTest, ButtonWritesWhatWasChangedAsOneUndoStep) {
     QTest::keyClick(box, Qt::Key_F4);
     QTest::keyClick(box->view(), Qt::Key_Down);
     QTest::keyClick(box->view(), Qt::Key_Return);
-    zuhost::settleDesktop();
+    zuhost::processPendingEvents();
     EXPECT_FALSE(properties().IsEditing());
     EXPECT_EQ(shown(L"S302|"), L"400");
     EXPECT_EQ(drawing_.value(kDuct, L"S302"), L"300");
@@ -293,7 +293,7 @@ TEST_F(FrameTest, TextsThatAreCutOffHaveTips) {
     QApplication::sendEvent(surface, &help);
     EXPECT_EQ(QToolTip::text(), "");
     frame_.MoveWindow(0, 0, 210, 300);
-    zuhost::settleDesktop();
+    zuhost::processPendingEvents();
     QApplication::sendEvent(surface, &help);
     EXPECT_EQ(QToolTip::text(), "サイズ");
 }
@@ -399,7 +399,7 @@ TEST_F(AViewTest, WritesAChosenValueToAllThatAreNotLocked) {
     const zuhost::MessageBoxObserver observer;
     QTest::keyClick(box->view(), Qt::Key_End);
     QTest::keyClick(box->view(), Qt::Key_Return);
-    zuhost::settleDesktop();
+    zuhost::processPendingEvents();
     ASSERT_EQ(observer.boxes().size(), 1U);
     EXPECT_EQ(observer.boxes()[0].text, L"画層 機器-固定 がﾛｯｸされています、確認してください。");
     EXPECT_EQ(observer.boxes()[0].style & 0xF0U, MB_ICONSTOP);

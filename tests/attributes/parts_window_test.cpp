@@ -79,11 +79,11 @@ protected:
         ASSERT_TRUE(list().GetItemRect(index, &place));
         QTest::mouseClick(list().clientWidget(), Qt::LeftButton, modifiers,
                           QPoint(60, (place.top + place.bottom) / 2));
-        zuhost::settleDesktop();
+        zuhost::processPendingEvents();
     }
     void press(int button) {
         QTest::mouseClick(left().GetDlgItem(button)->widget(), Qt::LeftButton);
-        zuhost::settleDesktop();
+        zuhost::processPendingEvents();
     }
     QWidget* editor() {
         if (auto* const box = properties().clientWidget()->findChild<QComboBox*>())
@@ -122,7 +122,7 @@ TEST_F(PartsWindow, ControlsStandAsTheyShould) {
         EXPECT_EQ(left().GetDlgItem(button.id)->widget()->geometry(), button.place);
     }
     frame_.MoveWindow(0, 0, 500, 300);
-    zuhost::settleDesktop();
+    zuhost::processPendingEvents();
     const QRect pane = left().widget()->rect();
     EXPECT_EQ(list().widget()->geometry(), QRect(0, 70, pane.width(), pane.height() - 70));
     EXPECT_EQ(properties().GetDlgCtrlID(), 3002);

@@ -23,26 +23,26 @@ bool hasItem(const QComboBox* list, int index) {
     return list != nullptr && index >= 0 && index < list->count();
 }
 
-/// Tells when its list opens and closes.
-class Box : public QComboBox {
+/// Notifies when its list opens and closes; Qt has no signals for it.
+class NotifyingComboBox : public QComboBox {
 public:
-    using Tell = void (*)(const QWidget* box, UINT code);
+    using Notify = void (*)(const QWidget* box, UINT code);
 
-    Box(QWidget* parent, Tell tell) : QComboBox(parent), tell_(tell) {}
+    NotifyingComboBox(QWidget* parent, Notify notify) : QComboBox(parent), notify_(notify) {}
 
     void showPopup() override {
-        tell_(this, CBN_DROPDOWN);
+        notify_(this, CBN_DROPDOWN);
         QComboBox::showPopup();
     }
     void hidePopup() override {
         const bool wasOpen = view()->isVisible();
         QComboBox::hidePopup();
         if (wasOpen)
-            tell_(this, CBN_CLOSEUP);
+            notify_(this, CBN_CLOSEUP);
     }
 
 private:
-    Tell tell_;
+    Notify notify_;
 };
 
 } // namespace
@@ -52,10 +52,10 @@ BOOL CComboBox::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id
 }
 
 QWidget* CComboBox::makeWidget(QWidget* parent, DWORD style) {
-    auto* const made = new Box(parent, &CComboBox::notifyParentOf);
+    auto* const made = new NotifyingComboBox(parent, &CComboBox::notifyParentOf);
     made->setEditable((style & CBS_DROPDOWNLIST) == CBS_DROPDOWN);
     made->setInsertPolicy(QComboBox::NoInsert);
-    made->setPlaceholderText(QStringLiteral(" ")); // Without one the desktop would select the first item.
+    made->setPlaceholderText(QStringLiteral(" ")); // Without it Qt selects the first item inserted.
     QObject::connect(made, &QComboBox::activated, made, [made](int) {
         notifyParentOf(made, CBN_SELENDOK);
         notifyParentOf(made, CBN_SELCHANGE);
@@ -148,9 +148,9 @@ void CComboBox::SetEditSel(int start, int end) {
     zuhost::selectText(box(*this) != nullptr ? box(*this)->lineEdit() : nullptr, start, end);
 }
 
-void CComboBox::OnKillFocus(CWnd* winner) {
-    CWnd::OnKillFocus(winner);
-    // The box's own list may have the focus.
+void CComboBox::OnKillFocus(CWnd* newFocus) {
+    CWnd::OnKillFocus(newFocus);
+    // The focus may have moved to the box's own list.
     if (GetDroppedState() == FALSE)
         notifyParent(CBN_KILLFOCUS);
 }

@@ -22,7 +22,7 @@ namespace {
 
 constexpr const char* kPlatform = "QT_QPA_PLATFORM";
 
-/// The platforms to try, by the environment; the last is always there.
+/// Returns the Qt platforms to try, in order; the last one is always available.
 QByteArray platforms() {
     QByteArray names;
     if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
@@ -43,7 +43,7 @@ struct DesktopApplication {
     QApplication application{count, arguments};
 };
 
-/// The parts below the windows reach the desktop through what is registered here.
+/// The layers below the windows show message boxes and progress through these functions.
 [[maybe_unused]] const bool registered = [] {
     setDesktopMessageBox(&showMessageBox);
     setDesktopProgress(&progressWindow);
@@ -58,10 +58,10 @@ void ensureDesktop() {
     const bool chosen = qEnvironmentVariableIsSet(kPlatform);
     if (!chosen)
         qputenv(kPlatform, platforms());
-    // Without a screen nobody needs Qt's remarks on what the desktop lacks.
+    // Without a screen, Qt's warnings about missing desktop features are noise.
     if (!namesDesktop(qgetenv(kPlatform)))
         QLoggingCategory::setFilterRules("default.warning=false");
-    // Never destroyed: at the program's end the desktop's own parts are gone before it.
+    // Never destroyed: at exit Qt's own static objects, which it needs, may be destroyed before it.
     static const DesktopApplication* const application = new DesktopApplication;
     static_cast<void>(application);
     if (!chosen)
@@ -90,7 +90,7 @@ void runDesktop() {
     }
 }
 
-void settleDesktop() {
+void processPendingEvents() {
     ensureDesktop();
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
@@ -100,7 +100,7 @@ void settleDesktop() {
 bool savePicture(const CWnd& window, const std::string& path) {
     if (window.widget() == nullptr)
         return false;
-    settleDesktop();
+    processPendingEvents();
     const QString name = QString::fromStdString(path);
     QByteArray bytes;
     QBuffer buffer(&bytes);

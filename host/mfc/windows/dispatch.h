@@ -6,7 +6,7 @@ class CWnd;
 
 namespace zuhost {
 
-/// A message that is being handled. Messages handled within each other form a chain.
+/// A message that is being handled. Nested messages form a chain.
 class Dispatch {
 public:
     Dispatch(CWnd& window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -14,14 +14,14 @@ public:
     Dispatch(const Dispatch&) = delete;
     Dispatch& operator=(const Dispatch&) = delete;
 
-    /// The innermost one; null when none is handled.
+    /// Returns the innermost message; null when none is being handled.
     [[nodiscard]] static Dispatch* current();
 
     CWnd& window;
     const UINT message;
     const WPARAM wParam;
     const LPARAM lParam;
-    bool goesOn = false; ///< The desktop shall do what it does without a handler.
+    bool runsDefault = false; ///< The desktop's default handling follows.
 
 private:
     Dispatch* outer_;

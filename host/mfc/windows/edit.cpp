@@ -32,7 +32,7 @@ BOOL CEdit::SetReadOnly(BOOL readOnly) {
     return TRUE;
 }
 
-void CEdit::OnKillFocus(CWnd* winner) {
-    CWnd::OnKillFocus(winner);
+void CEdit::OnKillFocus(CWnd* newFocus) {
+    CWnd::OnKillFocus(newFocus);
     notifyParent(EN_KILLFOCUS);
 }

@@ -6,12 +6,12 @@
 
 namespace zuhost {
 
-/// A character with the case of ASCII letters dropped.
+/// Returns the character, ASCII letters in lower case.
 inline QChar folded(QChar character) {
     return character >= QChar(u'A') && character <= QChar(u'Z') ? character.toLower() : character;
 }
 
-/// Looks for beginnings with the case of ASCII letters ignored only.
+/// Returns true when the text begins with `start`; ignores the case of ASCII letters only.
 inline bool beginsWith(const QString& text, const QString& start) {
     return text.size() >= start.size() &&
            std::equal(start.begin(), start.end(), text.begin(),
@@ -22,8 +22,8 @@ inline bool equals(const QString& left, const QString& right) {
     return left.compare(right, Qt::CaseInsensitive) == 0;
 }
 
-/// Index of the first item behind `after`, going round at the end, that matches a text; -1 when there is
-/// none, as for an empty text.
+/// Returns the index of the first item after `after`, wrapping at the end, that matches the text; -1 when
+/// there is none. An empty text matches no item.
 template <typename TextAt, typename Matches>
 int findText(int count, int after, const QString& text, TextAt textAt, Matches matches) {
     const int first = after < 0 || after >= count ? 0 : after + 1;

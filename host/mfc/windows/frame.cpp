@@ -60,7 +60,8 @@ void CFrameWnd::InitialUpdateFrame(CDocument* /*document*/, BOOL makeVisible) {
     const QPointer<QWidget> own = widget();
     if (own == nullptr)
         return;
-    // What a view ends keeps its widget until all are told.
+    // During a dispatch, widgets of destroyed windows are deleted later: views may destroy others in the
+    // list.
     const zuhost::Dispatch dispatch(*this, WM_INITIALUPDATE, 0, 0);
     for (QWidget* const inner : own->findChildren<QWidget*>())
         if (CWnd* const window = fromWidget(inner);

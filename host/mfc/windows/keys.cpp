@@ -22,7 +22,7 @@ constexpr std::array kKeys{
     Key{Qt::Key_Shift, VK_SHIFT},    Key{Qt::Key_Control, VK_CONTROL}, Key{Qt::Key_Alt, VK_MENU},
 };
 
-Qt::KeyboardModifiers modifiersNow;
+Qt::KeyboardModifiers lastModifiers;
 
 Qt::KeyboardModifier modifierOf(int key) {
     switch (static_cast<UINT>(key)) {
@@ -52,13 +52,13 @@ UINT virtualKey(int qtKey) {
 }
 
 void rememberModifiers(Qt::KeyboardModifiers modifiers) {
-    modifiersNow = modifiers;
+    lastModifiers = modifiers;
 }
 
 } // namespace zuhost
 
 std::int16_t GetKeyState(int key) {
     const Qt::KeyboardModifier modifier = zuhost::modifierOf(key);
-    return modifier != Qt::NoModifier && (zuhost::modifiersNow & modifier) != 0 ? std::int16_t{-1}
-                                                                                : std::int16_t{0};
+    return modifier != Qt::NoModifier && (zuhost::lastModifiers & modifier) != 0 ? std::int16_t{-1}
+                                                                                 : std::int16_t{0};
 }

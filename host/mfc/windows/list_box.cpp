@@ -21,7 +21,7 @@ QListWidgetItem* itemOf(const CWnd& window, int index) {
     return list(window) != nullptr ? list(window)->item(index) : nullptr;
 }
 
-/// Lets the list box draw its rows.
+/// Has the list box draw its rows.
 class OwnerDelegate : public QAbstractItemDelegate {
 public:
     OwnerDelegate(CListBox& owner, QObject* parent) : QAbstractItemDelegate(parent), owner_(owner) {}
@@ -45,7 +45,7 @@ private:
 
 struct CListBox::Rows {
     int height = 0;
-    bool changing = false; ///< The program, not the user, changes the selection.
+    bool changing = false; ///< Set while the program, not the user, changes the selection.
 };
 
 CListBox::CListBox() : rows_(std::make_unique<Rows>()) {}

@@ -13,13 +13,13 @@ IMPLEMENT_DYNCREATE(CListCtrl, CWnd)
 
 namespace {
 
-QItemSelection linesOf(const QAbstractItemModel& model, int first, int last) {
+QItemSelection selectionOf(const QAbstractItemModel& model, int first, int last) {
     return {model.index(first, 0), model.index(last, std::max(model.columnCount() - 1, 0))};
 }
 
-/// A line with the selected ones that it joins: lines that are selected one by one would else stay as many
-/// ranges, and every change costs time for each.
-QItemSelection runAround(const QItemSelectionModel& selection, int row) {
+/// Returns a line together with the selected ranges that it touches. Qt never merges ranges, and every change
+/// of the selection takes time for each.
+QItemSelection mergedWithNeighbours(const QItemSelectionModel& selection, int row) {
     int first = row;
     int last = row;
     for (const QItemSelectionRange& range : selection.selection()) {
@@ -28,12 +28,25 @@ QItemSelection runAround(const QItemSelectionModel& selection, int row) {
         if (range.top() <= row + 1 && row <= range.bottom())
             last = range.bottom();
     }
-    return linesOf(*selection.model(), first, last);
+    return selectionOf(*selection.model(), first, last);
+}
+
+void configure(QTreeView& view, DWORD style) {
+    view.setRootIsDecorated(false);
+    view.setItemsExpandable(false);
+    view.setUniformRowHeights(true);
+    view.setAllColumnsShowFocus(true);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setSelectionMode((style & LVS_SINGLESEL) != 0 ? QAbstractItemView::SingleSelection
+                                                       : QAbstractItemView::ExtendedSelection);
+    view.header()->setSectionsClickable((style & LVS_NOSORTHEADER) == 0);
+    view.header()->setStretchLastSection(false);
+    view.header()->setSectionsMovable(false);
 }
 
 } // namespace
 
-/// A view whose lines the list control may draw.
+/// A view whose lines are drawn by the list control when it is owner-drawn.
 class ReportView : public QTreeView {
 public:
     ReportView(CListCtrl& owner, QWidget* parent, bool ownerDrawn)
@@ -67,7 +80,42 @@ struct CListCtrl::Parts {
         return (selection()->isRowSelected(index, {}) ? LVIS_SELECTED : 0U) |
                (view->currentIndex().row() == index ? LVIS_FOCUSED : 0U);
     }
+
+    // A handler may delete the control while its view still emits signals: the view is asked for it each
+    // time.
+
+    /// Sends LVN_ITEMCHANGED for each line of the ranges.
+    static void notifyStates(const QWidget* view, const QItemSelection& ranges, UINT before, UINT now);
+    static void notifyClick(const QWidget* view, int index, UINT code);
 };
+
+void CListCtrl::Parts::notifyStates(const QWidget* view, const QItemSelection& ranges, UINT before,
+                                    UINT now) {
+    for (const QItemSelectionRange& range : ranges)
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            auto* const list = static_cast<CListCtrl*>(fromWidget(view));
+            if (list == nullptr)
+                return;
+            NMLISTVIEW change;
+            change.hdr.code = LVN_ITEMCHANGED;
+            change.iItem = row;
+            change.uOldState = before;
+            change.uNewState = now;
+            change.uChanged = LVIF_STATE;
+            change.lParam = static_cast<LPARAM>(list->GetItemData(row));
+            list->notifyParent(change.hdr);
+        }
+}
+
+void CListCtrl::Parts::notifyClick(const QWidget* view, int index, UINT code) {
+    auto* const list = static_cast<CListCtrl*>(fromWidget(view));
+    if (list == nullptr)
+        return;
+    NMLISTVIEW click;
+    click.hdr.code = code;
+    click.iItem = index;
+    list->notifyParent(click.hdr);
+}
 
 CListCtrl::CListCtrl() : parts_(std::make_unique<Parts>()) {}
 
@@ -81,52 +129,20 @@ BOOL CListCtrl::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id
 
 QWidget* CListCtrl::makeWidget(QWidget* parent, DWORD style) {
     auto* const made = new ReportView(*this, parent, (style & LVS_OWNERDRAWFIXED) != 0);
-    made->setRootIsDecorated(false);
-    made->setItemsExpandable(false);
-    made->setUniformRowHeights(true);
-    made->setAllColumnsShowFocus(true);
-    made->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    made->setSelectionMode((style & LVS_SINGLESEL) != 0 ? QAbstractItemView::SingleSelection
-                                                        : QAbstractItemView::ExtendedSelection);
-    made->header()->setSectionsClickable((style & LVS_NOSORTHEADER) == 0);
-    made->header()->setStretchLastSection(false);
-    made->header()->setSectionsMovable(false);
+    configure(*made, style);
     if ((style & LVS_OWNERDRAWFIXED) != 0)
         parts_->model.setLineHeight(zuhost::ownRowHeight(*this, *made));
     made->setModel(&parts_->model);
     parts_->view = made;
-    const auto tell = [this, made](int index, UINT before, UINT now) {
-        if (fromWidget(made) == nullptr)
-            return;
-        NMLISTVIEW change;
-        change.hdr.code = LVN_ITEMCHANGED;
-        change.iItem = index;
-        change.uOldState = before;
-        change.uNewState = now;
-        change.uChanged = LVIF_STATE;
-        change.lParam = static_cast<LPARAM>(GetItemData(index));
-        notifyParent(change.hdr);
-    };
     QObject::connect(made->selectionModel(), &QItemSelectionModel::selectionChanged, made,
-                     [tell](const QItemSelection& selected, const QItemSelection& deselected) {
-                         for (const QItemSelectionRange& range : deselected)
-                             for (int row = range.top(); row <= range.bottom(); ++row)
-                                 tell(row, LVIS_SELECTED, 0);
-                         for (const QItemSelectionRange& range : selected)
-                             for (int row = range.top(); row <= range.bottom(); ++row)
-                                 tell(row, 0, LVIS_SELECTED);
+                     [made](const QItemSelection& selected, const QItemSelection& deselected) {
+                         Parts::notifyStates(made, deselected, LVIS_SELECTED, 0);
+                         Parts::notifyStates(made, selected, 0, LVIS_SELECTED);
                      });
-    const auto plain = [this, made](UINT code, const QModelIndex& index) {
-        if (fromWidget(made) == nullptr)
-            return;
-        NMLISTVIEW what;
-        what.hdr.code = code;
-        what.iItem = index.row();
-        notifyParent(what.hdr);
-    };
-    QObject::connect(made, &QTreeView::clicked, made, [plain](const QModelIndex& i) { plain(NM_CLICK, i); });
+    QObject::connect(made, &QTreeView::clicked, made,
+                     [made](const QModelIndex& index) { Parts::notifyClick(made, index.row(), NM_CLICK); });
     QObject::connect(made, &QTreeView::doubleClicked, made,
-                     [plain](const QModelIndex& i) { plain(NM_DBLCLK, i); });
+                     [made](const QModelIndex& index) { Parts::notifyClick(made, index.row(), NM_DBLCLK); });
     return made;
 }
 
@@ -243,9 +259,10 @@ BOOL CListCtrl::SetItemState(int index, UINT state, UINT mask) {
     if ((mask & state & LVIS_FOCUSED) != 0)
         parts_->selection()->setCurrentIndex(parts_->model.index(index, 0), QItemSelectionModel::NoUpdate);
     if ((mask & state & LVIS_SELECTED) != 0)
-        parts_->selection()->select(runAround(*parts_->selection(), index), QItemSelectionModel::Select);
+        parts_->selection()->select(mergedWithNeighbours(*parts_->selection(), index),
+                                    QItemSelectionModel::Select);
     else if ((mask & LVIS_SELECTED) != 0)
-        parts_->selection()->select(linesOf(parts_->model, index, index), QItemSelectionModel::Deselect);
+        parts_->selection()->select(selectionOf(parts_->model, index, index), QItemSelectionModel::Deselect);
     return TRUE;
 }
 

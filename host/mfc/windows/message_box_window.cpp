@@ -1,5 +1,7 @@
 #include "zuhost/desktop.h"
 
+#include "qt_text.h"
+
 #include <QApplication>
 #include <QMessageBox>
 
@@ -59,16 +61,12 @@ int answerOf(int button) {
     }
 }
 
-QString toQString(const std::wstring& text) {
-    return QString::fromWCharArray(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 int show(const MessageBoxRequest& request) {
     QMessageBox box(QApplication::activeWindow());
-    box.setWindowTitle(toQString(request.caption));
-    // Texts hold names of files and values of users, which are no markup.
+    box.setWindowTitle(toQt(request.caption));
+    // File names and user values in the text must not be read as markup.
     box.setTextFormat(Qt::PlainText);
-    box.setText(toQString(request.text));
+    box.setText(toQt(request.text));
     box.setStandardButtons(buttonsOf(request.style));
     box.setIcon(iconOf(request.style));
     return answerOf(box.exec());

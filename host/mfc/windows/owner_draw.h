@@ -7,7 +7,7 @@
 
 namespace zuhost {
 
-/// Lets a list draw one of its rows itself.
+/// Has an owner-drawn list draw one of its rows.
 template <typename List>
 void drawOwnRow(List& list, QPainter& painter, const QRect& row, int index, UINT state) {
     DRAWITEMSTRUCT draw;
@@ -24,7 +24,7 @@ void drawOwnRow(List& list, QPainter& painter, const QRect& row, int index, UINT
     painter.restore();
 }
 
-/// The height that a list wants for the rows that it draws.
+/// Returns the row height that an owner-drawn list asks for, by default that of the widget's font.
 template <typename List>
 int ownRowHeight(List& list, const QWidget& widget) {
     MEASUREITEMSTRUCT measure;

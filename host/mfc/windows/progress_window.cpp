@@ -1,5 +1,6 @@
 #include "zuhost/progress_window.h"
 
+#include "qt_text.h"
 #include "zuhost/progress.h"
 
 #include <QApplication>
@@ -16,15 +17,11 @@ namespace zuhost {
 
 namespace {
 
-constexpr qint64 kPatience = 500; ///< Milliseconds before the window appears.
-constexpr qint64 kRefresh = 50;   ///< Milliseconds between two pictures of it.
+constexpr qint64 kDelay = 500;  ///< Milliseconds before the window appears.
+constexpr qint64 kRefresh = 50; ///< Milliseconds between redraws.
 constexpr int kWidth = 320;
 
-QString toQString(const std::wstring& text) {
-    return QString::fromWCharArray(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-/// Stays until the job is over: neither Escape nor its frame closes it.
+/// Stays open until the job ends: neither Escape nor the window frame closes it.
 class ProgressDialog : public QDialog {
 public:
     ProgressDialog(const QString& label, int first, int last)
@@ -53,7 +50,7 @@ class ProgressWindow : public ProgressPresenter {
 public:
     void start(const std::wstring& label, int first, int last) override {
         restore();
-        label_ = toQString(label);
+        label_ = toQt(label);
         first_ = first;
         last_ = last;
         sinceStart_.start();
@@ -61,23 +58,22 @@ public:
 
     void moveTo(int position) override {
         if (dialog_ == nullptr) {
-            if (sinceStart_.elapsed() < kPatience)
+            if (sinceStart_.elapsed() < kDelay)
                 return;
             dialog_ = std::make_unique<ProgressDialog>(label_, first_, last_);
             dialog_->show();
-        } else if (sincePicture_.elapsed() < kRefresh) {
+        } else if (sinceRedraw_.elapsed() < kRefresh) {
             return;
         }
         dialog_->moveTo(position);
         draw();
-        sincePicture_.start();
+        sinceRedraw_.start();
     }
 
     void restore() override { dialog_.reset(); }
 
 private:
-    /// Lets the window be drawn, and nothing else happen that could begin work in the midst of the job: what
-    /// the user does and what timers start comes later.
+    /// Redraws the window. User input and timers are not processed: they could start work during the job.
     static void draw() {
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
                                         QEventLoop::ExcludeSocketNotifiers | QEventLoop::X11ExcludeTimers);
@@ -87,7 +83,7 @@ private:
     int first_ = 0;
     int last_ = 0;
     QElapsedTimer sinceStart_;
-    QElapsedTimer sincePicture_;
+    QElapsedTimer sinceRedraw_;
     std::unique_ptr<ProgressDialog> dialog_;
 };
 
@@ -96,7 +92,7 @@ private:
 ProgressPresenter* progressWindow() {
     if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
         return nullptr;
-    // Never destroyed: at the program's end the desktop's own parts are gone before it.
+    // Never destroyed: at exit Qt's own static objects, which it needs, may be destroyed before it.
     static auto* const window = new ProgressWindow;
     return window;
 }

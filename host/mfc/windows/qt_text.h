@@ -4,10 +4,16 @@
 
 #include <QString>
 
+#include <string>
+
 namespace zuhost {
 
 inline QString toQt(const wchar_t* text) {
     return text != nullptr ? QString::fromWCharArray(text) : QString();
+}
+
+inline QString toQt(const std::wstring& text) {
+    return QString::fromStdWString(text);
 }
 
 inline CString fromQt(const QString& text) {

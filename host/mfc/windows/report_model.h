@@ -31,7 +31,7 @@ public:
     void clearLines();
     void setText(int row, int column, const QString& text);
 
-    /// Of every line; 0: as the view has it.
+    /// Sets the height of every line; 0 leaves it to the view.
     void setLineHeight(int height) { lineHeight_ = height; }
 
     [[nodiscard]] bool hasLine(int row) const { return row >= 0 && row < rowCount(); }

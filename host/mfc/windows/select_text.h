@@ -6,7 +6,8 @@
 
 namespace zuhost {
 
-/// Selects characters of a line of text: up to the end when `end` is negative, none when `start` is.
+/// Selects the characters from `start` up to `end`, exclusive: to the end of the text when `end` is negative,
+/// none when `start` is.
 inline void selectText(QLineEdit* line, int start, int end) {
     if (line == nullptr)
         return;

@@ -8,6 +8,9 @@ IMPLEMENT_DYNCREATE(CSplitterWnd, CWnd)
 
 namespace {
 
+/// In a row or a column; also the distance of the identifiers of two rows.
+constexpr int kMaxPanes = 16;
+
 QSplitter* splitter(const CWnd& window) {
     return static_cast<QSplitter*>(window.widget());
 }
@@ -24,8 +27,7 @@ QWidget* CSplitterWnd::makeWidget(QWidget* parent, DWORD /*style*/) {
 }
 
 BOOL CSplitterWnd::CreateStatic(CWnd* parent, int rows, int columns, DWORD style, UINT id) {
-    constexpr int kMost = 16;
-    if (rows < 1 || columns < 1 || (rows > 1 && columns > 1) || rows > kMost || columns > kMost)
+    if (rows < 1 || columns < 1 || (rows > 1 && columns > 1) || rows > kMaxPanes || columns > kMaxPanes)
         return FALSE;
     rows_ = rows;
     columns_ = columns;
@@ -44,8 +46,7 @@ CWnd* CSplitterWnd::GetPane(int row, int column) const {
 }
 
 int CSplitterWnd::IdFromRowCol(int row, int column) const {
-    constexpr int kRow = 16;
-    return static_cast<int>(AFX_IDW_PANE_FIRST) + row * kRow + column;
+    return static_cast<int>(AFX_IDW_PANE_FIRST) + row * kMaxPanes + column;
 }
 
 BOOL CSplitterWnd::CreateView(int row, int column, const CRuntimeClass* viewClass, SIZE size,
@@ -78,12 +79,12 @@ void CSplitterWnd::SetColumnInfo(int column, int ideal, int minimum) {
 }
 
 void CSplitterWnd::GetColumnInfo(int column, int& ideal, int& minimum) const {
-    const Pane& asked = const_cast<CSplitterWnd*>(this)->pane(0, column);
-    ideal = asked.window != nullptr ? asked.window->widget()->width() : asked.ideal;
-    minimum = asked.minimum;
+    const Pane& info = const_cast<CSplitterWnd*>(this)->pane(0, column);
+    ideal = info.window != nullptr ? info.window->widget()->width() : info.ideal;
+    minimum = info.minimum;
 }
 
-/// The last pane takes what the others leave.
+/// The last pane takes the space that the others leave.
 void CSplitterWnd::RecalcLayout() {
     if (splitter(*this) == nullptr || splitter(*this)->count() != static_cast<int>(panes_.size()))
         return;

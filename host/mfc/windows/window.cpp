@@ -12,11 +12,37 @@
 
 IMPLEMENT_DYNAMIC(CWnd, CObject)
 
+namespace {
+
+using Widgets = std::vector<QPointer<QWidget>>;
+
+/// Returns the widgets of the windows within a widget, outer ones first. The pointers become null when a
+/// handler deletes a window.
+Widgets widgetsIn(const QWidget& widget) {
+    Widgets widgets;
+    for (QWidget* const inner : widget.findChildren<QWidget*>())
+        if (CWnd::fromWidget(inner) != nullptr)
+            widgets.emplace_back(inner);
+    return widgets;
+}
+
+/// Deletes a widget; deferred during a dispatch, because its own event may be the one being handled.
+void deleteWidget(QWidget* widget) {
+    if (zuhost::Dispatch::current() == nullptr) {
+        delete widget;
+        return;
+    }
+    widget->hide();
+    widget->deleteLater();
+}
+
+} // namespace
+
 CWnd::CWnd() : link_(std::make_unique<zuhost::WindowLink>(*this)) {}
 
 CWnd::~CWnd() {
     destroy(false);
-    // One of the link's own functions may be calling the handler that deletes the window.
+    // The handler that deletes the window may have been called by the link, which must outlive the call.
     if (zuhost::Dispatch::current() != nullptr)
         link_.release()->deleteLater();
 }
@@ -53,47 +79,22 @@ QWidget* CWnd::makeWidget(QWidget* parent, DWORD /*style*/) {
 }
 
 BOOL CWnd::DestroyWindow() {
-    if (widget() == nullptr || !link_->startEnd())
+    if (widget() == nullptr || !link_->beginDestruction())
         return FALSE;
     destroy(true);
     return TRUE;
 }
 
-namespace {
-
-using Widgets = std::vector<QPointer<QWidget>>;
-
-/// Those of the windows within a widget, the outer ones first. They may go while they are gone through.
-Widgets widgetsIn(const QWidget& widget) {
-    Widgets widgets;
-    for (QWidget* const inner : widget.findChildren<QWidget*>())
-        if (CWnd::fromWidget(inner) != nullptr)
-            widgets.emplace_back(inner);
-    return widgets;
-}
-
-/// A widget whose event is being handled has to outlive it.
-void remove(QWidget* widget) {
-    if (zuhost::Dispatch::current() == nullptr) {
-        delete widget;
-        return;
-    }
-    widget->hide();
-    widget->deleteLater();
-}
-
-} // namespace
-
-void CWnd::destroy(bool tellSelf) {
+void CWnd::destroy(bool notifySelf) {
     const QPointer<QWidget> root = widget();
     if (root == nullptr)
         return;
-    if (tellSelf)
+    if (notifySelf)
         SendMessage(WM_DESTROY);
     if (root == nullptr)
         return;
     for (const QPointer<QWidget>& inner : widgetsIn(*root))
-        if (CWnd* const window = fromWidget(inner); window != nullptr && window->link_->startEnd())
+        if (CWnd* const window = fromWidget(inner); window != nullptr && window->link_->beginDestruction())
             window->SendMessage(WM_DESTROY);
     if (fromWidget(root) != this)
         return; // A handler has deleted the window.
@@ -106,8 +107,8 @@ void CWnd::destroy(bool tellSelf) {
         }
     }
     link_->detach();
-    remove(root.data());
-    if (tellSelf)
+    deleteWidget(root.data());
+    if (notifySelf)
         PostNcDestroy();
 }
 
@@ -120,7 +121,8 @@ QWidget* CWnd::clientWidget() const {
 }
 
 CWnd* CWnd::fromWidget(const QWidget* widget) {
-    return widget != nullptr ? static_cast<CWnd*>(widget->property("zuOwner").value<void*>()) : nullptr;
+    return widget != nullptr ? static_cast<CWnd*>(widget->property(zuhost::kOwnerProperty).value<void*>())
+                             : nullptr;
 }
 
 HWND CWnd::GetSafeHwnd() const {
@@ -194,7 +196,7 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) 
     if (message == WM_CLOSE)
         DestroyWindow();
     else if (zuhost::Dispatch* const now = zuhost::Dispatch::current(); now != nullptr)
-        now->goesOn = true;
+        now->runsDefault = true;
     return 0;
 }
 
@@ -266,7 +268,7 @@ std::intptr_t CWnd::OnToolHitTest(CPoint /*point*/, TOOLINFO* /*tool*/) const {
 
 void CWnd::paint(CDC& /*dc*/) {}
 
-// ---- what handlers hand on to
+// ---- default handlers
 
 int CWnd::OnCreate(LPCREATESTRUCT /*create*/) {
     return static_cast<int>(Default());
@@ -274,10 +276,10 @@ int CWnd::OnCreate(LPCREATESTRUCT /*create*/) {
 void CWnd::OnSize(UINT /*type*/, int /*width*/, int /*height*/) {
     Default();
 }
-void CWnd::OnSetFocus(CWnd* /*loser*/) {
+void CWnd::OnSetFocus(CWnd* /*oldFocus*/) {
     Default();
 }
-void CWnd::OnKillFocus(CWnd* /*winner*/) {
+void CWnd::OnKillFocus(CWnd* /*newFocus*/) {
     Default();
 }
 void CWnd::OnKeyDown(UINT /*key*/, UINT /*repeat*/, UINT /*flags*/) {

@@ -20,31 +20,30 @@ namespace zuhost {
 
 namespace {
 
-constexpr const char* kOwner = "zuOwner";
-
 LPARAM packed(const QPoint& point) {
     return MAKELPARAM(point.x(), point.y());
 }
 
-/// Windows may end while they are asked.
-bool askParents(const CWnd& window, MSG& message) {
-    QPointer<QWidget> asked = window.widget();
-    while (CWnd* const owner = CWnd::fromWidget(asked)) {
+/// Calls PreTranslateMessage of the window and its parents until one consumes the message. A call may destroy
+/// any of them.
+bool preTranslate(const CWnd& window, MSG& message) {
+    QPointer<QWidget> current = window.widget();
+    while (CWnd* const owner = CWnd::fromWidget(current)) {
         const CWnd* const above = owner->GetParent();
         const QPointer<QWidget> next = above != nullptr ? above->widget() : nullptr;
         if (owner->PreTranslateMessage(&message) != FALSE)
             return true;
-        asked = next.data();
+        current = next.data();
     }
     return false;
 }
 
-/// A window keeps the focus while its own list or menu is open, or another program is in front.
+/// Returns false while the window's own list or menu is open or another program is active: the focus returns.
 bool isLost(const QFocusEvent& event) {
     return event.reason() != Qt::PopupFocusReason && event.reason() != Qt::ActiveWindowFocusReason;
 }
 
-/// A message on its way.
+/// A message queued by PostMessage.
 struct PostedMessage : QEvent {
     PostedMessage(UINT number, WPARAM first, LPARAM second)
         : QEvent(QEvent::User), message(number), wParam(first), lParam(second) {}
@@ -69,8 +68,8 @@ void WindowLink::customEvent(QEvent* event) {
 void WindowLink::attach(QWidget* widget, UINT id) {
     widget_ = widget;
     id_ = id;
-    ending_ = false;
-    widget->setProperty(kOwner, QVariant::fromValue(static_cast<void*>(&owner_)));
+    isBeingDestroyed_ = false;
+    widget->setProperty(kOwnerProperty, QVariant::fromValue(static_cast<void*>(&owner_)));
     widget->installEventFilter(this);
     if (client() != widget)
         client()->installEventFilter(this);
@@ -79,7 +78,7 @@ void WindowLink::attach(QWidget* widget, UINT id) {
 void WindowLink::detach() {
     if (widget_ == nullptr)
         return;
-    widget_->setProperty(kOwner, QVariant());
+    widget_->setProperty(kOwnerProperty, QVariant());
     client()->removeEventFilter(this);
     widget_->removeEventFilter(this);
     widget_ = nullptr;
@@ -90,11 +89,11 @@ QWidget* WindowLink::client() const {
     return area != nullptr ? area->viewport() : widget_.data();
 }
 
-/// True when a handler took the message and the desktop shall do nothing more.
+/// Returns true when a handler consumed the message: the desktop's default handling is skipped.
 bool WindowLink::send(UINT message, WPARAM wParam, LPARAM lParam) {
     Dispatch dispatch(owner_, message, wParam, lParam);
     owner_.WindowProc(message, wParam, lParam);
-    return !dispatch.goesOn;
+    return !dispatch.runsDefault;
 }
 
 bool WindowLink::eventFilter(QObject* watched, QEvent* event) {
@@ -158,13 +157,14 @@ bool WindowLink::onMouse(UINT message, const QMouseEvent& event) {
     return send(message, 0, packed(event.position().toPoint()));
 }
 
-/// Unlike the desktop's own events, a key that nobody takes is not offered to the windows above.
+/// Sends the key to the receiver's widget itself: Qt would propagate an unhandled one to the parents, which
+/// have seen it in PreTranslateMessage.
 bool WindowLink::onKey(const QKeyEvent& event, QWidget& receiver) {
     rememberModifiers(event.modifiers());
     const QPointer<QWidget> alive = &receiver;
     const UINT key = virtualKey(event.key());
     MSG message{owner_.GetSafeHwnd(), WM_KEYDOWN, key, 0};
-    if (key != 0 && askParents(owner_, message))
+    if (key != 0 && preTranslate(owner_, message))
         return true;
     if (alive == nullptr || widget_ == nullptr)
         return true;

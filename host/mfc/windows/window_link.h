@@ -14,22 +14,26 @@ class QHelpEvent;
 
 namespace zuhost {
 
-/// The way between a window and its widget: turns the events of the desktop into messages.
+/// The property of a widget that holds the window that owns it.
+inline constexpr const char* kOwnerProperty = "zuOwner";
+
+/// Connects a window with its widget: translates desktop events into messages.
 class WindowLink : public QObject {
 public:
     explicit WindowLink(CWnd& owner) : owner_(owner) {}
 
     void attach(QWidget* widget, UINT id);
-    /// False when the window's end has begun before: a handler of WM_DESTROY may ask for it again.
-    bool startEnd() { return !std::exchange(ending_, true); }
-    /// The widget is told of no more.
+    /// Marks the window as being destroyed. False when it already is: a handler of WM_DESTROY may call
+    /// DestroyWindow again.
+    bool beginDestruction() { return !std::exchange(isBeingDestroyed_, true); }
+    /// Ends the connection: the window receives no further events of the widget.
     void detach();
 
     [[nodiscard]] QWidget* widget() const { return widget_.data(); }
     [[nodiscard]] QWidget* client() const;
     [[nodiscard]] UINT id() const { return id_; }
 
-    /// Sends a message once the desktop is idle.
+    /// Queues a message; the event loop sends it.
     void post(UINT message, WPARAM wParam, LPARAM lParam);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -49,11 +53,12 @@ private:
     CWnd& owner_;
     QPointer<QWidget> widget_;
     UINT id_ = 0;
-    bool ending_ = false;
+    bool isBeingDestroyed_ = false;
 };
 
-/// The platform's number of a key; 0 for keys without one.
+/// Returns the VK_ number of a key; 0 for keys without one.
 [[nodiscard]] UINT virtualKey(int qtKey);
+/// Stores the modifiers of the latest event for GetKeyState.
 void rememberModifiers(Qt::KeyboardModifiers modifiers);
 
 } // namespace zuhost

@@ -9,7 +9,7 @@
 #include <QFrame>
 #include <QLineEdit>
 
-// How a window looks and where it is. Every function does nothing while there is no window.
+// A window's appearance, position and focus. Every function does nothing while there is no window.
 
 BOOL CWnd::IsWindowVisible() const {
     return widget() != nullptr && widget()->isVisible() ? TRUE : FALSE;

@@ -8,10 +8,10 @@
 
 namespace {
 
-/// Finds texts in the list as recorded for its kind of list. Lists that sort themselves are none of this
-/// host's.
+/// Compares searches with those recorded for this kind of list. Records of sorted lists are skipped: this
+/// host has none.
 template <typename List>
-void findsAsRecorded(List& list, const std::string& kind) {
+void expectRecordedSearches(List& list, const std::string& kind) {
     const nlohmann::json recorded = recordedCases("misc.json");
     for (const nlohmann::json& item : recorded["list_items"])
         list.AddString(zuhost::fromUtf8(item.get<std::string>()).c_str());
@@ -29,10 +29,10 @@ TEST(Lists, FindAsRecorded) {
     frame.Create(nullptr, L"図面");
     CComboBox combo;
     combo.Create(CBS_DROPDOWNLIST | WS_CHILD, RECT{0, 0, 200, 24}, &frame, 1);
-    findsAsRecorded(combo, "CB");
+    expectRecordedSearches(combo, "CB");
     CListBox list;
     list.Create(WS_CHILD, RECT{0, 0, 200, 240}, &frame, 2);
-    findsAsRecorded(list, "LB");
+    expectRecordedSearches(list, "LB");
 }
 
 } // namespace

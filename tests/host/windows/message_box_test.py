@@ -1,4 +1,4 @@
-"""A message box on a real desktop, an X server of its own, answered by real keys; and where there is no desktop."""
+"""Shows message boxes on an X server of its own, answered by key presses, and without a desktop."""
 import subprocess
 import sys
 
@@ -26,7 +26,7 @@ def visible_box(desktop, program):
 
 
 def answers_keys(desktop):
-    """The box shows with text and buttons, and each key leaves it by its button."""
+    """Each box has room for its text, and each key presses the expected button."""
     for style, key, answer in ((OK | STOP, "Return", ID_OK), (YES_NO, "Return", ID_YES), (YES_NO, "Escape", ID_NO),
                                (YES_NO_CANCEL, "Escape", ID_CANCEL)):
         program = start(style, DISPLAY=desktop.display)
@@ -37,12 +37,12 @@ def answers_keys(desktop):
         desktop.xdotool("key", key)
         out, err = program.communicate(timeout=PATIENCE)
         check(program.returncode == 0 and int(out) == answer, "%s answers %d: %s%s" % (key, answer, out, err))
-        check("配管" not in err, "what the desktop shows is not printed too")
+        check("配管" not in err, "a box that is shown is not printed")
 
 
 def prints_a_line(**variables):
     out, err = start(YES_NO, **variables).communicate(timeout=PATIENCE)
-    check(int(out) == ID_YES, "the first button is taken: " + out)
+    check(int(out) == ID_YES, "the first button is returned: " + out)
     check(err.endswith(LINE), "a line on standard error: " + err)
     return err
 
@@ -51,9 +51,10 @@ def main():
     with Desktop() as desktop:
         check(len(desktop.display) > 1, "an X server starts")
         answers_keys(desktop)
-        check(prints_a_line(DISPLAY=desktop.display, QT_QPA_PLATFORM="offscreen") == LINE, "nothing but the line")
-    check(prints_a_line() == LINE, "nothing but the line")
-    # The server is gone: a desktop that does not answer is none.
+        check(prints_a_line(DISPLAY=desktop.display, QT_QPA_PLATFORM="offscreen") == LINE,
+              "prints only the line when off-screen")
+    check(prints_a_line() == LINE, "prints only the line without a desktop")
+    # The server has ended: a desktop that does not answer counts as none.
     prints_a_line(DISPLAY=desktop.display)
 
 

@@ -31,7 +31,7 @@ protected:
 
 } // namespace
 
-TEST_F(Progress, AppearsForLongJobsOnlyAndGoesAtTheirEnd) {
+TEST_F(Progress, AppearsForLongJobsOnlyAndClosesAtTheirEnd) {
     ASSERT_EQ(acedSetStatusBarProgressMeter(L"書き込み", 0, 10), 0);
     EXPECT_EQ(acedSetStatusBarProgressMeterPos(1), 0);
     EXPECT_EQ(bar(), nullptr);
@@ -41,7 +41,7 @@ TEST_F(Progress, AppearsForLongJobsOnlyAndGoesAtTheirEnd) {
     EXPECT_TRUE(bar()->isVisible());
     EXPECT_EQ(bar()->value(), 4);
     acedSetStatusBarProgressMeterPos(5);
-    EXPECT_EQ(bar()->value(), 4) << "drawn again too soon";
+    EXPECT_EQ(bar()->value(), 4) << "redrawn too soon";
     std::this_thread::sleep_for(60ms);
     acedSetStatusBarProgressMeterPos(99);
     EXPECT_EQ(bar()->value(), 10);
@@ -53,23 +53,23 @@ TEST_F(Progress, AppearsForLongJobsOnlyAndGoesAtTheirEnd) {
     EXPECT_EQ(bar(), nullptr);
 }
 
-TEST_F(Progress, NothingElseHappensWhileItIsDrawn) {
-    int happened = 0;
+TEST_F(Progress, DrawingProcessesNoOtherEvents) {
+    int ticks = 0;
     QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, [&happened] { ++happened; });
+    QObject::connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
     timer.start(0);
     acedSetStatusBarProgressMeter(L"", 0, 10);
     std::this_thread::sleep_for(520ms);
     acedSetStatusBarProgressMeterPos(1);
     ASSERT_NE(bar(), nullptr);
     EXPECT_EQ(QApplication::activeModalWidget(), bar()->window());
-    EXPECT_EQ(happened, 0);
+    EXPECT_EQ(ticks, 0);
     acedRestoreStatusBar();
     QApplication::processEvents();
-    EXPECT_GT(happened, 0);
+    EXPECT_GT(ticks, 0);
 }
 
-TEST_F(Progress, MeterIsToldWhoeverShowsIt) {
+TEST_F(Progress, ObserversRecordTheMeterCalls) {
     const zuhost::ProgressObserver observer;
     EXPECT_EQ(acedSetStatusBarProgressMeterPos(1), -1);
     EXPECT_EQ(acedSetStatusBarProgressMeter(L"", 5, 4), -1);

@@ -1,4 +1,4 @@
-// Shows a message box before any window exists, and prints which button it was left by.
+// Shows a message box before any window exists and prints the number of the button pressed.
 #include <windows.h>
 
 #include <cstdlib>

@@ -20,8 +20,8 @@
 
 namespace {
 
-/// What happened, in order.
-std::vector<std::wstring> heard;
+/// The calls and messages received, in order.
+std::vector<std::wstring> received;
 
 class Sheet : public CView {
     DECLARE_DYNCREATE(Sheet)
@@ -35,15 +35,15 @@ public:
 
 protected:
     void OnDraw(CDC* dc) override { dc->FillSolidRect(CRect(110, 0, 120, 9), RGB(1, 2, 3)); }
-    void OnInitialUpdate() override { heard.emplace_back(L"initial update"); }
+    void OnInitialUpdate() override { received.emplace_back(L"initial update"); }
     void PostNcDestroy() override {
-        heard.emplace_back(L"view gone");
+        received.emplace_back(L"view gone");
         CView::PostNcDestroy();
     }
     BOOL PreTranslateMessage(MSG* message) override {
         if (message->wParam != VK_F2)
             return FALSE;
-        heard.emplace_back(L"F2");
+        received.emplace_back(L"F2");
         return TRUE;
     }
     int OnCreate(LPCREATESTRUCT create) {
@@ -57,18 +57,18 @@ protected:
         return 0;
     }
     void OnDestroy() {
-        heard.emplace_back(L"view destroyed");
+        received.emplace_back(L"view destroyed");
         CView::OnDestroy();
     }
-    void onButton() { heard.emplace_back(L"button"); }
-    void onSelection() { heard.push_back(L"row " + std::to_wstring(list.GetCurSel())); }
-    void onEdited() { heard.emplace_back(L"edited"); }
+    void onButton() { received.emplace_back(L"button"); }
+    void onSelection() { received.push_back(L"row " + std::to_wstring(list.GetCurSel())); }
+    void onEdited() { received.emplace_back(L"edited"); }
     void onLine(NMHDR* header, LRESULT* /*result*/) {
         const auto& change = *reinterpret_cast<const NMLISTVIEW*>(header);
-        heard.push_back((change.uNewState != 0 ? L"+" : L"-") + std::to_wstring(change.iItem));
+        received.push_back((change.uNewState != 0 ? L"+" : L"-") + std::to_wstring(change.iItem));
     }
     void OnLButtonDown(UINT flags, CPoint point) {
-        heard.push_back(std::to_wstring(point.x) + L"," + std::to_wstring(point.y));
+        received.push_back(std::to_wstring(point.x) + L"," + std::to_wstring(point.y));
         CView::OnLButtonDown(flags, point);
     }
     DECLARE_MESSAGE_MAP()
@@ -99,7 +99,7 @@ protected:
                    : FALSE;
     }
     void PostNcDestroy() override {
-        heard.emplace_back(L"frame gone");
+        received.emplace_back(L"frame gone");
         CFrameWnd::PostNcDestroy();
     }
 };
@@ -110,23 +110,23 @@ protected:
         Sheet::fails = false;
         EXPECT_TRUE(frame_.Create(nullptr, L"図面", WS_OVERLAPPEDWINDOW, CRect(0, 0, 600, 400)));
         frame_.ShowWindow(SW_SHOW);
-        zuhost::settleDesktop();
-        heard.clear();
+        zuhost::processPendingEvents();
+        received.clear();
     }
     ~Windows() override {
-        if (!isGone_)
+        if (!isDestroyed_)
             frame_.DestroyWindow();
     }
 
     Sheet& left() { return *static_cast<Sheet*>(frame_.splitter.GetPane(0, 0)); }
 
     SplitFrame& frame_;
-    bool isGone_ = false;
+    bool isDestroyed_ = false;
 };
 
-using Heard = std::vector<std::wstring>;
+using Received = std::vector<std::wstring>;
 
-TEST_F(Windows, SplitFramesHoldTheirViewsAndEndWithThem) {
+TEST_F(Windows, SplitFramesDestroyTheirViewsWithThemselves) {
     EXPECT_EQ(frame_.splitter.GetParent(), &frame_);
     EXPECT_EQ(left().GetParentFrame(), &frame_);
     EXPECT_EQ(left().GetDlgItem(4), &left().button);
@@ -134,17 +134,17 @@ TEST_F(Windows, SplitFramesHoldTheirViewsAndEndWithThem) {
     EXPECT_THROW(static_cast<void>(frame_.splitter.GetPane(0, 2)), CInvalidArgException);
     EXPECT_FALSE(frame_.splitter.CreateView(0, 1, RUNTIME_CLASS(Sheet), CSize(1, 1), nullptr));
     frame_.InitialUpdateFrame(nullptr, TRUE);
-    isGone_ = true;
+    isDestroyed_ = true;
     frame_.widget()->close();
-    EXPECT_EQ(heard, (Heard{L"initial update", L"initial update", L"view destroyed", L"view destroyed",
-                            L"view gone", L"view gone", L"frame gone"}));
+    EXPECT_EQ(received, (Received{L"initial update", L"initial update", L"view destroyed", L"view destroyed",
+                                  L"view gone", L"view gone", L"frame gone"}));
 }
 
-TEST_F(Windows, FrameIsNotMadeWhenAViewCantBe) {
+TEST_F(Windows, FrameCreationFailsWithAView) {
     Sheet::fails = true;
     auto* const frame = new SplitFrame;
     EXPECT_FALSE(frame->Create(nullptr, L"x"));
-    EXPECT_EQ(heard.back(), L"frame gone");
+    EXPECT_EQ(received.back(), L"frame gone");
 }
 
 TEST_F(Windows, EventsReachMessageMaps) {
@@ -161,11 +161,11 @@ TEST_F(Windows, EventsReachMessageMaps) {
     EXPECT_EQ(view.list.GetCurSel(), 0);
     EXPECT_EQ(view.list.DeleteString(0), 1);
     EXPECT_EQ(view.list.GetCurSel(), LB_ERR) << "the selected row is gone";
-    EXPECT_EQ(heard, (Heard{L"120,30", L"button", L"edited", L"F2", L"row 1"}));
+    EXPECT_EQ(received, (Received{L"120,30", L"button", L"edited", L"F2", L"row 1"}));
     EXPECT_EQ(view.widget()->grab().toImage().pixelColor(112, 2), QColor(1, 2, 3));
 }
 
-TEST_F(Windows, TextsAreSelectedInPart) {
+TEST_F(Windows, SetSelLimitsTheSelectionToTheText) {
     CEdit& edit = left().edit;
     edit.SetWindowText(L"abcd");
     const auto* const line = static_cast<QLineEdit*>(edit.widget());
@@ -180,7 +180,7 @@ TEST_F(Windows, TextsAreSelectedInPart) {
     }
 }
 
-TEST_F(Windows, ListsOfLinesTellEachChangeOfState) {
+TEST_F(Windows, ListControlsNotifyEveryChangeOfState) {
     CListCtrl& lines = left().lines;
     EXPECT_EQ(lines.InsertColumn(0, L"名称", LVCFMT_LEFT, 150), 0);
     EXPECT_EQ(lines.InsertColumn(1, L"画層", LVCFMT_LEFT, 150), 1);
@@ -194,7 +194,7 @@ TEST_F(Windows, ListsOfLinesTellEachChangeOfState) {
     lines.SetItemState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     QTest::keyClick(lines.widget(), Qt::Key_Down);
     lines.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
-    EXPECT_EQ(heard, (Heard{L"+1", L"-1", L"+2", L"+0", L"+1"}));
+    EXPECT_EQ(received, (Received{L"+1", L"-1", L"+2", L"+0", L"+1"}));
     EXPECT_EQ(lines.GetSelectedCount(), 3U);
     EXPECT_EQ(lines.GetNextItem(0, LVNI_SELECTED), 1);
     EXPECT_EQ(lines.GetNextItem(-1, LVNI_FOCUSED), 2);
@@ -203,7 +203,7 @@ TEST_F(Windows, ListsOfLinesTellEachChangeOfState) {
     EXPECT_FALSE(lines.DeleteItem(2));
 }
 
-TEST_F(Windows, LinesSelectedOneByOneAreOneRun) {
+TEST_F(Windows, AdjacentSelectedLinesMergeIntoOneRange) {
     CListCtrl& lines = left().lines;
     lines.InsertColumn(0, L"名称", LVCFMT_LEFT, 150);
     for (int i = 0; i < 5; ++i)
@@ -213,11 +213,11 @@ TEST_F(Windows, LinesSelectedOneByOneAreOneRun) {
     const auto* const view = static_cast<QAbstractItemView*>(lines.widget());
     EXPECT_EQ(view->selectionModel()->selection().size(), 2) << "0 to 2, and 4";
     lines.SetItemState(1, 0, LVIS_SELECTED);
-    EXPECT_EQ(heard, (Heard{L"+0", L"+2", L"+1", L"+4", L"-1"}));
+    EXPECT_EQ(received, (Received{L"+0", L"+2", L"+1", L"+4", L"-1"}));
 }
 
-/// Draws its rows and has a tip for each.
-class Drawn : public CListBox {
+/// An owner-drawn list with a tool tip for each row.
+class OwnerDrawnList : public CListBox {
 public:
     void DrawItem(LPDRAWITEMSTRUCT draw) override {
         CDC dc = CDC::FromHandle(draw->hDC);
@@ -238,12 +238,12 @@ protected:
     }
 };
 
-TEST_F(Windows, ListBoxesDrawTheirRowsAndTellTips) {
-    Drawn list;
+TEST_F(Windows, ListBoxesDrawTheirRowsAndShowToolTips) {
+    OwnerDrawnList list;
     list.Create(WS_CHILD | WS_VISIBLE | LBS_OWNERDRAWFIXED, CRect(0, 0, 120, 200), &left(), 9);
     list.AddString(L"1");
     list.AddString(L"2");
-    zuhost::settleDesktop();
+    zuhost::processPendingEvents();
     CRect second;
     EXPECT_EQ(list.GetItemRect(1, &second), 0);
     EXPECT_EQ(second.top, 30);
@@ -256,7 +256,7 @@ TEST_F(Windows, ListBoxesDrawTheirRowsAndTellTips) {
     EXPECT_EQ(QToolTip::text(), "b");
 }
 
-TEST_F(Windows, ComboBoxFollowsKeys) {
+TEST_F(Windows, ComboBoxesSelectByKeyAndFindTexts) {
     CComboBox box;
     box.Create(CBS_DROPDOWNLIST | WS_CHILD | WS_VISIBLE, CRect(10, 20, 210, 44), &left(), 7);
     for (const wchar_t* text : {L"Supply", L"還気", L"排気"})
@@ -276,7 +276,7 @@ TEST_F(Windows, ComboBoxFollowsKeys) {
     EXPECT_EQ(box.DeleteString(1), 2);
     EXPECT_EQ(box.GetCurSel(), CB_ERR) << "the selected item is gone";
     EXPECT_EQ(box.SetCurSel(5), CB_ERR);
-    isGone_ = true;
+    isDestroyed_ = true;
     frame_.DestroyWindow();
     EXPECT_EQ(box.GetSafeHwnd(), nullptr);
     EXPECT_EQ(box.GetCount(), CB_ERR);
@@ -290,8 +290,8 @@ TEST_F(Windows, DesktopRunsUntilNoWindowIsShown) {
     frame_.ShowWindow(SW_SHOW);
     QMetaObject::invokeMethod(frame_.widget(), "close", Qt::QueuedConnection);
     zuhost::runDesktop();
-    isGone_ = true;
-    EXPECT_EQ(heard.back(), L"frame gone");
+    isDestroyed_ = true;
+    EXPECT_EQ(received.back(), L"frame gone");
 }
 
 TEST_F(Windows, DesktopKeepsTheDecimalPoint) {
@@ -300,7 +300,7 @@ TEST_F(Windows, DesktopKeepsTheDecimalPoint) {
     EXPECT_EQ(std::strtod("1.5", nullptr), 1.5);
 }
 
-TEST(WindowSettings, AreKept) {
+TEST(WindowSettings, AreReadBack) {
     const TemporaryFolder folder;
     setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);
     EXPECT_EQ(AfxGetApp()->GetProfileInt(L"AttributeWindow", L"NameWidth", 120), 120U);

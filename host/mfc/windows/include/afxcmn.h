@@ -4,8 +4,8 @@
 #include "commctrl.h"
 
 /// A list of lines in columns. Lines may be indented; with LVS_OWNERDRAWFIXED the class draws them itself.
-/// Several lines may be selected unless the style says LVS_SINGLESEL. Each change of a line's state is told
-/// to the parent with LVN_ITEMCHANGED, whoever changed it.
+/// Several lines may be selected unless the style has LVS_SINGLESEL. LVN_ITEMCHANGED notifies the parent of
+/// every selection or deselection of a line, by the user or by the program.
 class CListCtrl : public CWnd {
     DECLARE_DYNCREATE(CListCtrl)
 
@@ -14,14 +14,14 @@ public:
     ~CListCtrl() override;
     BOOL Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id);
 
-    /// Index of the new column.
+    /// Returns the index of the new column; -1 on failure.
     int InsertColumn(int index, const wchar_t* heading, int format = LVCFMT_LEFT, int width = 100,
                      int subItem = -1);
     [[nodiscard]] int GetColumnCount() const;
     [[nodiscard]] int GetColumnWidth(int column) const;
     BOOL SetColumnWidth(int column, int width);
 
-    /// Index of the new line; -1 on failure.
+    /// Returns the index of the new line; -1 on failure.
     int InsertItem(int index, const wchar_t* text);
     int InsertItem(const LVITEM* item);
     BOOL DeleteItem(int index);
@@ -33,15 +33,16 @@ public:
     [[nodiscard]] std::uintptr_t GetItemData(int index) const;
     [[nodiscard]] int GetItemIndent(int index) const;
 
-    /// Sets those states of the mask; index -1 means all lines.
+    /// Sets the states in `mask` to their values in `state`. LVIS_FOCUSED can only be set. Index -1 selects
+    /// or deselects all lines.
     BOOL SetItemState(int index, UINT state, UINT mask);
     [[nodiscard]] UINT GetItemState(int index, UINT mask) const;
-    /// The first line behind `after` that has all the states; -1 when there is none.
+    /// Returns the first line after `after` that has all states in `flags`; -1 when there is none.
     [[nodiscard]] int GetNextItem(int after, int flags) const;
     [[nodiscard]] UINT GetSelectedCount() const;
     BOOL EnsureVisible(int index, BOOL partlyWillDo);
     BOOL GetItemRect(int index, RECT* rectangle) const;
-    /// The line at the point; -1 when there is none.
+    /// Returns the line at the point; -1 when there is none.
     [[nodiscard]] int HitTest(CPoint point) const;
 
     virtual void DrawItem(LPDRAWITEMSTRUCT draw);

@@ -2,7 +2,7 @@
 
 #include "afxwin.h"
 
-/// A window that is split into one row or one column of panes, with bars between them that the user drags.
+/// A window split into one row or one column of panes, with bars between them that the user can drag.
 class CSplitterWnd : public CWnd {
     DECLARE_DYNCREATE(CSplitterWnd)
 
@@ -10,13 +10,14 @@ public:
     CSplitterWnd();
     ~CSplitterWnd() override;
 
-    /// FALSE unless there is one row or one column.
+    /// FALSE unless there is one row or one column, of at most 16 panes, or when the window can't be created.
     BOOL CreateStatic(CWnd* parent, int rows, int columns, DWORD style = WS_CHILD | WS_VISIBLE,
                       UINT id = AFX_IDW_PANE_FIRST);
-    /// Makes the window of a pane; panes are made in order. FALSE when there is no such pane, it has its
-    /// window, or that window can't be made.
+    /// Creates the window of a pane; panes are created in order. FALSE when the pane is out of order or has a
+    /// window, or when the window can't be created.
+    /// Throws CInvalidArgException when there is no such pane, as do all functions that take a pane.
     BOOL CreateView(int row, int column, const CRuntimeClass* viewClass, SIZE size, CCreateContext* context);
-    /// Throws the framework's invalid-argument exception when there is no such pane; null while it is empty.
+    /// Returns the pane's window; null while it is empty.
     [[nodiscard]] CWnd* GetPane(int row, int column) const;
     [[nodiscard]] int GetRowCount() const { return rows_; }
     [[nodiscard]] int GetColumnCount() const { return columns_; }

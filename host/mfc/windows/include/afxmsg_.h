@@ -7,20 +7,20 @@
 
 class CWnd;
 
-// Message maps: which member functions of a window class handle which messages. A class declares its map with
-// DECLARE_MESSAGE_MAP and defines it between BEGIN_MESSAGE_MAP and END_MESSAGE_MAP; messages that it doesn't
-// handle go to its base class.
+// Message maps list the member functions of a window class that handle messages. A class declares its map
+// with DECLARE_MESSAGE_MAP and defines it between BEGIN_MESSAGE_MAP and END_MESSAGE_MAP; messages without an
+// entry go to the base class.
 
 struct AFX_MSGMAP_ENTRY {
     UINT message;
-    UINT code; ///< Of a WM_COMMAND or WM_NOTIFY.
-    UINT id;   ///< Of the control.
+    UINT code; ///< The notification code of a WM_COMMAND or WM_NOTIFY, else 0.
+    UINT id;   ///< The control's identifier with such a code, else 0.
     LRESULT (*handler)(CWnd& window, WPARAM wParam, LPARAM lParam);
 };
 
 struct AFX_MSGMAP {
     const AFX_MSGMAP* (*base)();
-    const AFX_MSGMAP_ENTRY* entries; ///< The last one has no handler.
+    const AFX_MSGMAP_ENTRY* entries; ///< An entry without a handler ends them.
 };
 
 namespace zuhost::handler {
@@ -80,7 +80,7 @@ LRESULT windowAndPoint(CWnd& window, WPARAM, LPARAM lParam) {
     return 0;
 }
 
-/// Focus that other windows give or take is not told by window.
+/// Passes null for the other window: the host doesn't know which one loses or receives the focus.
 template <auto Method>
 LRESULT focus(CWnd& window, WPARAM, LPARAM) {
     call<Method>(window, static_cast<CWnd*>(nullptr));

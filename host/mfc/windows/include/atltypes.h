@@ -21,7 +21,7 @@ public:
     explicit CPoint(const POINT& point) : POINT(point) {}
 };
 
-/// Right and bottom lie outside.
+/// The right and bottom edges are exclusive.
 class CRect : public RECT {
 public:
     CRect() = default;

@@ -43,7 +43,7 @@ inline constexpr UINT NM_RETURN = 0U - 4U;
 inline constexpr UINT LVN_ITEMCHANGED = 0U - 101U;
 inline constexpr UINT LVN_KEYDOWN = 0U - 155U;
 
-/// With LVN_ITEMCHANGED.
+/// Carried by LVN_ITEMCHANGED, NM_CLICK and NM_DBLCLK; the latter two set `iItem` only.
 struct NMLISTVIEW {
     NMHDR hdr;
     int iItem = -1;

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-// Windows, messages and styles, under the platform's own names. Sizes and places are in logical pixels: the
-// desktop scales them to the screen.
+// Windows, messages and styles, under the platform's own names. Sizes and positions are in logical pixels:
+// the desktop scales them to the screen.
 
 // ---- messages
 
@@ -60,7 +60,7 @@ inline constexpr int SW_HIDE = 0;
 inline constexpr int SW_SHOWNORMAL = 1;
 inline constexpr int SW_SHOW = 5;
 
-/// The object that a message's parameter points to.
+/// Returns the object that a message's parameter points to.
 template <typename Object>
 Object* objectOf(LPARAM parameter) {
     return reinterpret_cast<Object*>(parameter); // NOLINT(performance-no-int-to-ptr): the interface's way.
@@ -84,7 +84,7 @@ inline constexpr UINT CBN_SELENDOK = 9;
 inline constexpr int CB_ERR = -1;
 inline constexpr int LB_ERR = -1;
 
-/// What a control tells its parent with WM_NOTIFY.
+/// The start of every notification that a control sends to its parent with WM_NOTIFY.
 struct NMHDR {
     HWND hwndFrom = nullptr;
     std::uintptr_t idFrom = 0;
@@ -116,7 +116,8 @@ inline constexpr UINT VK_F1 = 0x70;
 inline constexpr UINT VK_F2 = 0x71;
 inline constexpr UINT VK_F4 = 0x73;
 
-/// Negative while the key is held down; known for VK_SHIFT, VK_CONTROL and VK_MENU.
+/// Returns a negative value if the key was held down at the last mouse or key event. Only VK_SHIFT,
+/// VK_CONTROL and VK_MENU are tracked; other keys give 0.
 std::int16_t GetKeyState(int key);
 
 // ---- structures that messages carry
@@ -129,7 +130,7 @@ struct MSG {
 };
 
 struct CREATESTRUCTW {
-    void* lpCreateParams = nullptr; ///< The CCreateContext, may be null.
+    void* lpCreateParams = nullptr; ///< The CCreateContext; may be null.
     HWND hwndParent = nullptr;
     LONG cy = 0;
     LONG cx = 0;
@@ -148,7 +149,7 @@ inline constexpr UINT ODS_SELECTED = 0x0001;
 inline constexpr UINT ODS_DISABLED = 0x0004;
 inline constexpr UINT ODS_FOCUS = 0x0010;
 
-/// A row that its control draws itself.
+/// The row that an owner-drawn control has to draw.
 struct DRAWITEMSTRUCT {
     UINT CtlID = 0;
     UINT itemID = 0;
@@ -189,20 +190,21 @@ inline constexpr int COLOR_BTNFACE = 15;
 inline constexpr int COLOR_BTNSHADOW = 16;
 inline constexpr int COLOR_GRAYTEXT = 17;
 inline constexpr int COLOR_BTNTEXT = 18;
-/// A colour of the desktop's palette as it is now, light or dark.
+/// Returns a colour of the desktop's current palette, light or dark.
 COLORREF GetSysColor(int index);
 
 struct HICON__;
 using HCURSOR = HICON__*;
 inline const wchar_t* const IDC_ARROW = L"#32512";
 inline const wchar_t* const IDC_SIZEWE = L"#32644";
-/// A cursor of the desktop (null instance); null for names that the host doesn't know.
+/// Returns a cursor of the desktop; null for names other than the above. The instance is ignored.
 HCURSOR LoadCursorW(HINSTANCE instance, const wchar_t* name);
-/// The cursor's form over the window that handles a message now, until it is set again.
+/// Sets the cursor over the window that is handling a message, until the next call. Returns the cursor; null
+/// when it is null or no window is handling a message.
 HCURSOR SetCursor(HCURSOR cursor);
 
 inline constexpr int DEFAULT_GUI_FONT = 17;
-/// The desktop's font for controls; null for other objects.
+/// Returns the desktop's font for controls as a CFont; null for other objects.
 void* GetStockObject(int index);
 
 inline constexpr WORD LOWORD(std::uintptr_t value) {

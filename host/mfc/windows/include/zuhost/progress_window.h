@@ -4,8 +4,8 @@ namespace zuhost {
 
 class ProgressPresenter;
 
-/// The window that shows how far a job is, once it has lasted half a second. It keeps the user out of the
-/// other windows: keys and clicks wait until the job is over. Null while the program has no windows.
+/// Returns the window that shows a job's progress; null while the program has no desktop application object.
+/// It appears once the job has lasted half a second and is modal: keys and clicks wait until the job ends.
 ProgressPresenter* progressWindow();
 
 } // namespace zuhost

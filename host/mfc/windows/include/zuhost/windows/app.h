@@ -3,9 +3,10 @@
 #include <afxstr.h>
 #include <windows.h>
 
-/// The program that the windows are in, as far as it remembers their user's settings: in a profile file
-/// "windows.ini" in the application's folder (zuhost/application.h) of the user's configuration folder
-/// ($XDG_CONFIG_HOME, else ~/.config).
+/// The application: gives access to the user's settings, which are stored in the profile file "windows.ini"
+/// in the application's folder (zuhost/application.h) of the user's configuration folder ($XDG_CONFIG_HOME,
+/// else
+/// ~/.config).
 class CWinApp {
 public:
     [[nodiscard]] CString GetProfileString(const wchar_t* section, const wchar_t* entry,

@@ -12,7 +12,7 @@ protected:
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
 };
 
-/// A line of text to edit. Enter and Escape are left to the parents' PreTranslateMessage.
+/// A single-line text field. The parents handle Enter and Escape in PreTranslateMessage.
 class CEdit : public CWnd {
     DECLARE_DYNCREATE(CEdit)
 
@@ -24,12 +24,12 @@ public:
 
 protected:
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
-    void OnKillFocus(CWnd* winner);
+    void OnKillFocus(CWnd* newFocus);
     DECLARE_MESSAGE_MAP()
 };
 
-/// A list of texts, of which one is selected. With LBS_OWNERDRAWFIXED the class draws the rows itself. Only
-/// what the user does is told to the parent.
+/// A list of texts with at most one selected. With LBS_OWNERDRAWFIXED the class draws the rows itself. The
+/// parent is notified of changes by the user only.
 class CListBox : public CWnd {
     DECLARE_DYNCREATE(CListBox)
 
@@ -40,14 +40,16 @@ public:
 
     [[nodiscard]] int GetCount() const;
     int AddString(const wchar_t* text);
-    /// Index of the new item; LB_ERR for an index beyond the end, -1 appends.
+    /// Returns the index of the new item; LB_ERR for an index past the end. Index -1 appends.
     int InsertString(int index, const wchar_t* text);
-    /// How many items are left; LB_ERR for one that is not there. Without the selected one none is selected.
+    /// Returns the number of items left; LB_ERR when there is no such item. Deleting the selected item leaves
+    /// none selected.
     int DeleteString(UINT index);
     void ResetContent();
     int GetText(int index, CString& text) const;
-    /// The first item behind `after` (going round at the end) that equals the text, case ignored; LB_ERR when
-    /// there is none. FindString takes items that begin with it, the case of ASCII letters ignored.
+    /// Returns the first item after `after`, wrapping at the end, that equals the text, ignoring case; LB_ERR
+    /// when there is none. FindString matches items that begin with the text, ignoring the case of ASCII
+    /// letters only.
     [[nodiscard]] int FindStringExact(int after, const wchar_t* text) const;
     [[nodiscard]] int FindString(int after, const wchar_t* text) const;
     [[nodiscard]] std::uintptr_t GetItemData(int index) const;
@@ -73,8 +75,7 @@ private:
     std::unique_ptr<Rows> rows_;
 };
 
-/// A list to choose a text from, which may be typed in with CBS_DROPDOWN. Texts are searched for without
-/// regard to case.
+/// A drop-down list of texts. With CBS_DROPDOWN a text can also be typed in.
 class CComboBox : public CWnd {
     DECLARE_DYNCREATE(CComboBox)
 
@@ -82,28 +83,31 @@ public:
     BOOL Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id);
 
     [[nodiscard]] int GetCount() const;
-    /// Characters of the item's text; CB_ERR for an item that is not there.
+    /// Returns the length of the item's text in characters; CB_ERR when there is no such item.
     [[nodiscard]] int GetLBTextLen(int index) const;
     int GetLBText(int index, CString& text) const;
-    /// Index of the new item.
+    /// Returns the index of the new item.
     int AddString(const wchar_t* text);
+    /// Returns the index of the new item; CB_ERR for an index past the end. Index -1 appends.
     int InsertString(int index, const wchar_t* text);
-    /// How many items are left; CB_ERR for one that is not there. Without the selected one none is selected.
+    /// Returns the number of items left; CB_ERR when there is no such item. Deleting the selected item leaves
+    /// none selected.
     int DeleteString(UINT index);
     void ResetContent();
-    /// The first item behind `after` (going round at the end) that equals the text; CB_ERR when there is
-    /// none. FindString takes items that begin with it, the case of ASCII letters ignored.
+    /// Returns the first item after `after`, wrapping at the end, that equals the text, ignoring case; CB_ERR
+    /// when there is none. FindString matches items that begin with the text, ignoring the case of ASCII
+    /// letters only.
     [[nodiscard]] int FindStringExact(int after, const wchar_t* text) const;
     [[nodiscard]] int FindString(int after, const wchar_t* text) const;
     [[nodiscard]] int GetCurSel() const;
     int SetCurSel(int index);
     void ShowDropDown(BOOL show = TRUE);
     [[nodiscard]] BOOL GetDroppedState() const;
-    /// (0, -1) selects all of the text that may be typed in.
+    /// Selects in the text field of CBS_DROPDOWN; (0, -1) selects all.
     void SetEditSel(int start, int end);
 
 protected:
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
-    void OnKillFocus(CWnd* winner);
+    void OnKillFocus(CWnd* newFocus);
     DECLARE_MESSAGE_MAP()
 };

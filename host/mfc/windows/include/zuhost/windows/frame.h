@@ -9,19 +9,19 @@ class CFrameWnd;
 inline constexpr UINT AFX_IDW_PANE_FIRST = 0xE900;
 inline constexpr DWORD AFX_WS_DEFAULT_VIEW = WS_CHILD | WS_VISIBLE | WS_BORDER;
 
-/// What a frame hands down while it makes the windows in it.
+/// Passed to the windows that a frame creates in itself.
 struct CCreateContext {
     const CRuntimeClass* m_pNewViewClass = nullptr;
     CFrameWnd* m_pCurrentFrame = nullptr;
 };
 
-/// A top window. Made with new; deletes itself when its window is destroyed.
+/// A top-level window. Created with new; deletes itself when its window is destroyed.
 class CFrameWnd : public CWnd {
     DECLARE_DYNCREATE(CFrameWnd)
 
 public:
     CFrameWnd() = default;
-    static const RECT rectDefault; ///< A place that the desktop chooses.
+    static const RECT rectDefault; ///< Leaves position and size to the desktop.
 
     BOOL Create(const wchar_t* className, const wchar_t* title, DWORD style = WS_OVERLAPPEDWINDOW,
                 const RECT& rectangle = rectDefault, CWnd* parent = nullptr,
@@ -34,7 +34,8 @@ public:
 
 protected:
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
-    /// Makes the windows in the frame; FALSE ends the frame's creation. Makes the context's view, if any.
+    /// Creates the windows in the frame, by default the context's view if any. FALSE cancels the frame's
+    /// creation.
     virtual BOOL OnCreateClient(LPCREATESTRUCT create, CCreateContext* context);
     void PostNcDestroy() override;
 
@@ -47,7 +48,8 @@ class CMDIFrameWnd : public CFrameWnd {
     DECLARE_DYNCREATE(CMDIFrameWnd)
 };
 
-/// A window that shows something in a frame. Made dynamically; deletes itself when its window is destroyed.
+/// A window that shows content in a frame. Created through its runtime class; deletes itself when its window
+/// is destroyed.
 class CView : public CWnd {
     DECLARE_DYNAMIC(CView)
 
@@ -55,7 +57,7 @@ protected:
     CView() = default;
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
     virtual void OnDraw(CDC* dc) = 0;
-    /// Called once the frame's windows are there.
+    /// Called when all windows of the frame exist.
     virtual void OnInitialUpdate() {}
     void paint(CDC& dc) override { OnDraw(&dc); }
     void PostNcDestroy() override;

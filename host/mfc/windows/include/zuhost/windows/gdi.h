@@ -18,7 +18,7 @@ inline constexpr LONG FW_NORMAL = 400;
 inline constexpr LONG FW_BOLD = 700;
 
 struct LOGFONTW {
-    LONG lfHeight = 0; ///< In pixels, negative for the characters alone; 0: that of the desktop's font.
+    LONG lfHeight = 0; ///< In pixels, the sign is ignored; 0 for the height of the desktop's font.
     LONG lfWeight = FW_NORMAL;
     wchar_t lfFaceName[32] = {};
 };
@@ -49,12 +49,12 @@ inline constexpr UINT DT_SINGLELINE = 0x0020;
 inline constexpr UINT DT_NOPREFIX = 0x0800;
 inline constexpr UINT DT_END_ELLIPSIS = 0x8000;
 
-/// Draws while a window is painted.
+/// Draws on a window while it is painted.
 class CDC {
 public:
     explicit CDC(QPainter& painter) : painter_(&painter) {}
 
-    /// The context of a DRAWITEMSTRUCT.
+    /// Returns the context of a DRAWITEMSTRUCT.
     [[nodiscard]] static CDC FromHandle(HDC dc);
     [[nodiscard]] HDC GetSafeHdc() const { return reinterpret_cast<HDC>(painter_); }
 
@@ -62,10 +62,11 @@ public:
     void DrawFocusRect(const RECT& rectangle);
     COLORREF SetTextColor(COLORREF color);
     void SelectObject(const CFont* font);
-    /// Draws a line of text within the rectangle; with DT_END_ELLIPSIS what does not fit ends in "...".
+    /// Draws a line of text in the rectangle and returns its height; DT_END_ELLIPSIS shortens a text that
+    /// does not fit and ends it in "...".
     int DrawText(const CString& text, const RECT& rectangle, UINT format);
     [[nodiscard]] CSize GetTextExtent(const CString& text) const;
-    /// Fills with the text's colour.
+    /// Fills the polygon with the text's colour.
     void Polygon(const POINT* points, int count);
 
 private:
@@ -73,7 +74,7 @@ private:
     COLORREF textColor_ = 0;
 };
 
-/// For measuring text in a window's font outside its drawing; what is drawn doesn't show.
+/// Measures text in a window's font outside painting; drawing on it has no visible effect.
 class CClientDC : public CDC {
 public:
     explicit CClientDC(const CWnd* window);

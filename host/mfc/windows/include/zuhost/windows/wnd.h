@@ -16,10 +16,10 @@ namespace zuhost {
 class WindowLink;
 }
 
-/// A window: the thin owner of a widget of the desktop, which is made when the window is created and goes
-/// with the object, or with its parent's window, whichever goes first. What happens on the desktop reaches
-/// the window as messages, which its message map hands to member functions; a handler that calls its base
-/// class's leaves the rest to the desktop.
+/// A window: a thin owner of a widget of the desktop. The widget is made when the window is created, and
+/// destroyed with the object or with the parent's window, whichever comes first. Events of the desktop reach
+/// the window as messages, which its message map dispatches to member functions; a handler that calls the one
+/// of its base class adds the desktop's default handling.
 class CWnd : public CObject {
     DECLARE_DYNAMIC(CWnd)
 
@@ -29,33 +29,34 @@ public:
     CWnd(const CWnd&) = delete;
     CWnd& operator=(const CWnd&) = delete;
 
-    /// Makes the window. FALSE, without a window, when a WM_CREATE handler returns -1; FALSE, with nothing
-    /// changed, when there is one already.
+    /// Creates the window. FALSE when a WM_CREATE handler returns -1: the window is destroyed. FALSE with
+    /// nothing changed when there is a window already.
     BOOL Create(const wchar_t* className, const wchar_t* text, DWORD style, const RECT& rectangle,
                 CWnd* parent, UINT id, CCreateContext* context = nullptr);
-    /// WM_DESTROY goes to the window and to those in it; PostNcDestroy is the last that each hears. FALSE
-    /// when there is no window.
+    /// Sends WM_DESTROY to the window and to those in it; PostNcDestroy is the last call that each receives.
+    /// FALSE when there is no window or its destruction has begun.
     virtual BOOL DestroyWindow();
 
     /// Null while there is no window.
     [[nodiscard]] HWND GetSafeHwnd() const;
     [[nodiscard]] static CWnd* FromHandle(HWND window);
     [[nodiscard]] CWnd* GetParent() const;
-    /// The nearest frame above the window; null when there is none.
+    /// Returns the innermost frame that contains the window; null when there is none.
     [[nodiscard]] CFrameWnd* GetParentFrame() const;
     [[nodiscard]] int GetDlgCtrlID() const;
-    /// The window's child with the identifier; null when there is none.
+    /// Returns the window's child with the identifier; null when there is none.
     [[nodiscard]] CWnd* GetDlgItem(int id) const;
 
     [[nodiscard]] BOOL IsWindowVisible() const;
-    /// Nonzero when the window was visible before.
+    /// Returns nonzero when the window was visible before.
     BOOL ShowWindow(int command);
     [[nodiscard]] BOOL IsWindowEnabled() const;
+    /// Returns nonzero when the window was disabled before.
     BOOL EnableWindow(BOOL enable = TRUE);
 
     void SetWindowText(const wchar_t* text);
     void GetWindowText(CString& text) const;
-    /// Null: the desktop's font.
+    /// Null sets the desktop's font.
     void SetFont(const CFont* font, BOOL redraw = TRUE);
 
     void MoveWindow(int x, int y, int width, int height, BOOL redraw = TRUE);
@@ -65,41 +66,42 @@ public:
     void Invalidate(BOOL erase = TRUE);
     void InvalidateRect(const RECT* rectangle, BOOL erase = TRUE);
     void UpdateWindow();
-    /// While redrawing is off, changes don't show.
+    /// While redrawing is off, the window is not repainted.
     void SetRedraw(BOOL redraw = TRUE);
-    /// WS_EX_CLIENTEDGE gives a sunken edge where the window can have one.
+    /// WS_EX_CLIENTEDGE adds or removes a sunken edge. FALSE for windows that can't have one.
     BOOL ModifyStyleEx(DWORD remove, DWORD add, UINT flags = 0);
 
     CWnd* SetFocus();
     [[nodiscard]] static CWnd* GetFocus();
 
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-    /// Sent when the desktop is idle, unless the window is gone by then.
+    /// Queues a message; it is dropped if the window is destroyed before. FALSE when there is no window.
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
-    /// Asked for every key before it reaches the window with the focus, from that window upwards; TRUE takes
-    /// it.
+    /// Called for every key before the window with the focus receives it, first on that window, then on its
+    /// parents; TRUE consumes the key.
     virtual BOOL PreTranslateMessage(MSG* message);
 
     [[nodiscard]] QWidget* widget() const;
-    /// Where the window's own drawing and its children are; differs from the widget in lists that scroll.
+    /// Returns the widget that the window draws on and that holds its children: the viewport in lists that
+    /// scroll, else the window's widget.
     [[nodiscard]] QWidget* clientWidget() const;
-    /// The window that owns the widget; null for widgets of others.
+    /// Returns the window that owns the widget; null when there is none.
     static CWnd* fromWidget(const QWidget* widget);
 
 protected:
-    /// The widget for the window, without its place and text.
+    /// Returns a new widget for the window; the caller sets its position and text.
     [[nodiscard]] virtual QWidget* makeWidget(QWidget* parent, DWORD style);
 
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
-    /// What the base classes' handlers do: the message that is handled now goes on to the desktop.
+    /// Passes the message that is being handled to DefWindowProc; the handlers of the base classes call it.
     LRESULT Default();
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
     virtual void PostNcDestroy() {}
-    /// Which part of the window has a tool tip at the point: its number, with the part's rectangle and text
-    /// (from malloc) in `tool`; -1 when there is none.
+    /// Returns the number of the window's part at the point that has a tool tip, and its rectangle and text
+    /// (allocated by malloc) in `tool`; -1 when there is none.
     virtual std::intptr_t OnToolHitTest(CPoint point, TOOLINFO* tool) const;
     virtual void paint(CDC& dc);
 
@@ -112,8 +114,8 @@ protected:
     void OnCancelMode() { Default(); }
     void OnSysColorChange() { Default(); }
     void OnSize(UINT type, int width, int height);
-    void OnSetFocus(CWnd* loser);
-    void OnKillFocus(CWnd* winner);
+    void OnSetFocus(CWnd* oldFocus);
+    void OnKillFocus(CWnd* newFocus);
     void OnKeyDown(UINT key, UINT repeat, UINT flags);
     void OnChar(UINT character, UINT repeat, UINT flags);
     void OnMouseMove(UINT flags, CPoint point);
@@ -122,18 +124,18 @@ protected:
     void OnLButtonDblClk(UINT flags, CPoint point);
     void OnContextMenu(CWnd* window, CPoint point);
 
-    /// Tells the parent of a control what happened to it.
+    /// Notifies the parent of a control with WM_COMMAND or WM_NOTIFY.
     void notifyParent(UINT code);
     LRESULT notifyParent(NMHDR& header);
-    /// The same for what the control's widget tells: the parent may have ended the control, and the widget
-    /// still be at work.
+    /// For signals of a control's widget: does nothing when the control is already destroyed, as the parent
+    /// may have done while handling an earlier signal.
     static void notifyParentOf(const QWidget* widget, UINT code);
 
 private:
     friend class zuhost::WindowLink;
 
     const AFX_MSGMAP_ENTRY* findHandler(UINT message, UINT code, UINT id) const;
-    void destroy(bool tellSelf);
+    void destroy(bool notifySelf);
 
     std::unique_ptr<zuhost::WindowLink> link_;
 };

@@ -11,21 +11,21 @@
 #include <memory>
 #include <vector>
 
-// Windows that end while they, or the windows around them, are handling a message.
+// Windows that are destroyed while they or their parents handle a message.
 
 namespace {
 
-/// Deletes its control when it is told of something.
+/// Deletes its control when it receives a given notification.
 class Owner : public CWnd {
 public:
     std::unique_ptr<CWnd> control;
-    std::vector<UINT> told;
-    UINT endsAt = 0;
+    std::vector<UINT> received;
+    UINT deletesAt = 0;
 
 protected:
-    BOOL OnCommand(WPARAM wParam, LPARAM /*lParam*/) override { return hear(HIWORD(wParam)); }
+    BOOL OnCommand(WPARAM wParam, LPARAM /*lParam*/) override { return receive(HIWORD(wParam)); }
     BOOL OnNotify(WPARAM /*wParam*/, LPARAM lParam, LRESULT* /*result*/) override {
-        return hear(objectOf<const NMHDR>(lParam)->code);
+        return receive(objectOf<const NMHDR>(lParam)->code);
     }
     void OnDestroy() {
         CWnd::OnDestroy();
@@ -35,9 +35,9 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    BOOL hear(UINT code) {
-        told.push_back(code);
-        if (code == endsAt)
+    BOOL receive(UINT code) {
+        received.push_back(code);
+        if (code == deletesAt)
             control.reset();
         return TRUE;
     }
@@ -47,38 +47,38 @@ BEGIN_MESSAGE_MAP(Owner, CWnd)
 ON_WM_DESTROY()
 END_MESSAGE_MAP()
 
-class EndingWindows : public ::testing::Test {
+class WindowDestruction : public ::testing::Test {
 protected:
     static constexpr DWORD kChild = WS_CHILD | WS_VISIBLE;
 
-    EndingWindows() {
+    WindowDestruction() {
         top_.Create(nullptr, L"", WS_VISIBLE, CRect(0, 0, 300, 200), nullptr, 0);
         owner_.Create(nullptr, L"", kChild, CRect(0, 0, 300, 200), &top_, 1);
     }
-    ~EndingWindows() override { zuhost::settleDesktop(); }
+    ~WindowDestruction() override { zuhost::processPendingEvents(); }
 
     template <typename Control>
-    Control& add(DWORD style, UINT endsAt) {
+    Control& add(DWORD style, UINT deletesAt) {
         auto control = std::make_unique<Control>();
         Control& added = *control;
         added.Create(kChild | style, CRect(0, 0, 100, 24), &owner_, 2);
         owner_.control = std::move(control);
-        owner_.endsAt = endsAt;
+        owner_.deletesAt = deletesAt;
         return added;
     }
 
-    using Told = std::vector<UINT>;
+    using Codes = std::vector<UINT>;
 
     CWnd top_;
     Owner owner_;
 };
 
-TEST_F(EndingWindows, ParentsMayDeleteTheControlThatTellsThem) {
+TEST_F(WindowDestruction, ParentsMayDeleteTheControlThatNotifiesThem) {
     auto& box = add<CComboBox>(CBS_DROPDOWNLIST, CBN_SELENDOK);
     box.AddString(L"1");
     box.AddString(L"2");
     QTest::keyClick(box.widget(), Qt::Key_Down);
-    EXPECT_EQ(owner_.told, Told{CBN_SELENDOK});
+    EXPECT_EQ(owner_.received, Codes{CBN_SELENDOK});
     EXPECT_EQ(owner_.GetDlgItem(2), nullptr);
 
     auto& edit = add<CEdit>(0, EN_KILLFOCUS);
@@ -86,20 +86,20 @@ TEST_F(EndingWindows, ParentsMayDeleteTheControlThatTellsThem) {
     QApplication::sendEvent(edit.widget(), &lost);
     EXPECT_EQ(owner_.control, nullptr);
 
-    owner_.told.clear();
+    owner_.received.clear();
     auto& lines = add<CListCtrl>(LVS_REPORT, LVN_ITEMCHANGED);
     lines.InsertColumn(0, L"", LVCFMT_LEFT, 50);
     for (int i = 0; i < 3; ++i)
         lines.InsertItem(i, L"");
     QTest::keyClick(lines.widget(), Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(owner_.told, Told{LVN_ITEMCHANGED});
+    EXPECT_EQ(owner_.received, Codes{LVN_ITEMCHANGED});
 }
 
-/// Deletes itself for Escape and Return, as they arrive and before.
-class Leaving : public CEdit {
+/// Deletes itself in a handler of Escape or of a size, and on Return in PreTranslateMessage.
+class SelfDeletingEdit : public CEdit {
 public:
-    static inline int gone = 0;
-    ~Leaving() override { ++gone; }
+    static inline int deleted = 0;
+    ~SelfDeletingEdit() override { ++deleted; }
 
 protected:
     BOOL PreTranslateMessage(MSG* message) override {
@@ -120,25 +120,25 @@ protected:
     DECLARE_MESSAGE_MAP()
 };
 
-BEGIN_MESSAGE_MAP(Leaving, CEdit)
+BEGIN_MESSAGE_MAP(SelfDeletingEdit, CEdit)
 ON_WM_KEYDOWN()
 ON_WM_SIZE()
 END_MESSAGE_MAP()
 
-TEST_F(EndingWindows, HandlersMayDeleteTheirWindow) {
+TEST_F(WindowDestruction, HandlersMayDeleteTheirWindow) {
     const auto make = [this]() -> CWnd& {
-        auto* const edit = new Leaving;
+        auto* const edit = new SelfDeletingEdit;
         edit->Create(kChild, CRect(0, 0, 100, 24), &owner_, 3);
         return *edit;
     };
-    Leaving::gone = 0;
+    SelfDeletingEdit::deleted = 0;
     QTest::keyClick(make().widget(), Qt::Key_Escape);
     QTest::keyClick(make().widget(), Qt::Key_Return);
     make().MoveWindow(0, 0, 1, 24);
-    EXPECT_EQ(Leaving::gone, 3);
+    EXPECT_EQ(SelfDeletingEdit::deleted, 3);
 }
 
-TEST_F(EndingWindows, WindowsMayDeleteTheirControlsAsTheyEnd) {
+TEST_F(WindowDestruction, WindowsMayDeleteTheirControlsWhenDestroyed) {
     auto& lines = add<CListCtrl>(LVS_REPORT, 0);
     lines.InsertItem(0, L"");
     EXPECT_TRUE(top_.DestroyWindow());
@@ -146,7 +146,7 @@ TEST_F(EndingWindows, WindowsMayDeleteTheirControlsAsTheyEnd) {
     EXPECT_FALSE(owner_.DestroyWindow());
 }
 
-TEST_F(EndingWindows, AWindowIsMadeOnceAndAnewAfterItsEnd) {
+TEST_F(WindowDestruction, WindowsCanBeCreatedAgainOnlyAfterDestruction) {
     CEdit edit;
     EXPECT_TRUE(edit.Create(kChild, CRect(0, 0, 9, 9), &top_, 4));
     EXPECT_FALSE(edit.Create(kChild, CRect(0, 0, 9, 9), &top_, 5));
@@ -156,7 +156,7 @@ TEST_F(EndingWindows, AWindowIsMadeOnceAndAnewAfterItsEnd) {
     EXPECT_TRUE(edit.DestroyWindow());
 }
 
-TEST_F(EndingWindows, ListsWithoutAWindowFindNothing) {
+TEST_F(WindowDestruction, ListsWithoutAWindowFindNothing) {
     auto& lines = add<CListCtrl>(LVS_REPORT, 0);
     lines.InsertItem(0, L"");
     EXPECT_TRUE(lines.DestroyWindow());
