@@ -8,6 +8,9 @@
 #include <zucomn/tables.h>
 #include <zuhost/paths.h>
 
+#include <filesystem>
+#include <system_error>
+
 namespace zu::app {
 
 namespace {
@@ -22,6 +25,10 @@ SettingsFile::SettingsFile(const std::string& path) {
         return;
     if (ZuComn_findFile(wide(path)) == 0)
         throw Failure(path + ": can't read the settings");
+    // Settings are read again for each value.
+    std::error_code unknown;
+    if (std::filesystem::is_other(std::filesystem::status(path, unknown)))
+        throw Failure(path + ": is a device or pipe, not a file");
     ZuComn_SetIniFile(wide(path));
     warnOfUnmarkedUtf8(path);
     CString folder;

@@ -14,7 +14,7 @@ using file_ops::File;
 
 constexpr std::size_t kBuffer = std::size_t{1} << 20U;
 /// Of a device, a pipe or a file that grows while it is read: it may have no end.
-constexpr std::size_t kMostUnexpected = std::size_t{1} << 29U;
+constexpr std::size_t kMostUnexpected = std::size_t{1} << 27U;
 constexpr int kNameAttempts = 1000;
 constexpr int kMostLinks = 40;
 

@@ -96,3 +96,4 @@ with tempfile.NamedTemporaryFile("w", suffix=".dxf") as file:
     file.truncate(1 << 32)
     check("zu: " + file.name + ": " in failure("groups", file.name, memory=1 << 31), "memory names the file")
 check("/dev/zero: endless" in failure("groups", "/dev/zero"), "a device without an end")
+check("/dev/zero: is a device" in failure("attributes", "--settings", "/dev/zero", "x", "1"), "settings")

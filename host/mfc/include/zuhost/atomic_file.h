@@ -9,7 +9,7 @@
 namespace zuhost {
 
 /// Returns the whole contents of a file, or the system's error number: EFBIG for a device or pipe that has no
-/// end within 512 MB, ENOMEM when memory is short.
+/// end within 128 MB, ENOMEM when memory is short.
 [[nodiscard]] std::variant<std::string, int> readWholeFile(const std::string& path);
 
 /// Replaces a file as a whole: what is written goes into a temporary file in the same folder, and only
