@@ -3,6 +3,8 @@
 
 #include <dbsymtb.h>
 
+#include <random>
+
 namespace {
 
 /// Compares the search with its plain form for every element.
@@ -15,6 +17,31 @@ void expectEqualEverywhere(const RandomNetwork& network, int kindFilter) {
         EXPECT_EQ(RootComn_GetConnectBlock(network.group, element, found, &count, kindFilter), status);
         EXPECT_EQ(found, expected) << "element " << element.handle().value() << ", filter " << kindFilter;
         EXPECT_EQ(count, expected.length());
+    }
+}
+
+TEST(Crowds, AreSearchedByTheRule) {
+    const TestDrawing drawing;
+    std::mt19937 random(1);
+    const auto offset = [&random] { return static_cast<double>(random() % 1000) / 2000.0; };
+    AcDbObjectIdArray elements;
+    for (const int size : {1, 3, 9, 40, 400}) {
+        std::vector<AcGePoint3d> points;
+        for (int i = 0; i < size; ++i)
+            points.emplace_back(offset(), size == 40 ? 0.0 : offset(), 0.0);
+        const AcDbObjectId block = drawing.block((L"RT-" + std::to_wstring(size)).c_str(), points);
+        for (int i = 0; i < 4; ++i)
+            elements.append(drawing.element(block, {2.0 * offset(), 2.0 * offset(), 0.0}));
+    }
+    for (int round = 0; round < 2; ++round) {
+        for (const AcDbObjectId element : elements) {
+            AcDbObjectIdArray found;
+            AcDbObjectIdArray expected;
+            RootComn_GetConnectBlock4(elements, element, found, 0);
+            plainConnectBlock(elements, element, nullptr, expected, 0);
+            EXPECT_EQ(found, expected) << element.handle().value();
+        }
+        RootComn_SetOriginPoint(elements.last(), {0.8, 0.8, 0.0});
     }
 }
 
