@@ -8,121 +8,131 @@
 class AcDbDatabase;
 class CWnd;
 
-// The library's frame: its language module, the state that the product's modules share, messages.
+// The library's frame: the language module, the process-wide state that the product's modules share,
+// messages.
 //
-// The state is process-wide, has no lock and is used on the host's main thread only. Until ZuComn_SetResource
-// runs, layer names have their built-in defaults and texts come from the library itself (Japanese).
+// The state is not locked: use it on the host's main thread only. Until ZuComn_SetResource runs, layer names
+// have their built-in defaults and texts come from the library itself (Japanese).
 
 // ---- texts
 
-/// Chooses the language module by the user's language, loads it from the folder named by the decimal language
-/// id beside the library, and reloads the layer names from it. For Japanese, or no language, the library's
-/// own texts are used. When the module can't be loaded, the command line shows its path and the library's own
-/// texts are used. The module is freed when the library is unloaded; layer names keep their texts.
+/// Loads the language module of the user's language and reloads the layer names from it.
 ///
-/// On this host a language module is a UTF-8 file "1033/ZuComn.strings" of lines `id = "text"`. What it lacks
-/// or has empty the library takes from its own texts: names of layers, and of sections and keys of settings,
-/// need not be in it.
+/// The module is searched in the folder beside the library that is named by the decimal language id. No
+/// module is loaded for Japanese or an unknown language. When the module cannot be loaded, the library
+/// reports its path on the command line. In these cases all texts come from the library itself. The module is
+/// released when the library is unloaded; the layer names stay valid.
+///
+/// On this host a language module is a UTF-8 file such as "1033/ZuComn.strings" with lines `id = "text"`.
+/// Missing and empty texts are taken from the library, so a module can omit the names of layers and of
+/// sections and keys of settings files.
 ZUCOMN_API void ZuComn_SetResource();
 
-/// Loads a text of a module (null: the library itself), and of no other. The text is emptied first. Nonzero
-/// when there is such a text.
+/// Loads a text from the given module only; a null module means the library itself. Empties `text` first.
+/// Returns 1 on success, 0 when the module has no such text.
 ZUCOMN_API int ZuComn_LoadString(HINSTANCE module, UINT id, CString& text);
-/// The same into a buffer of `length` characters, with the handle exactly as given: null is the program. The
-/// characters loaded, without the NUL; what does not fit is cut off.
+/// Loads a text into a buffer of `length` characters, truncated to fit and terminated by NUL. The handle is
+/// used as given: here a null module means the program. Returns the number of characters without the NUL; 0
+/// with an empty buffer when the module has no such text.
 ZUCOMN_API int ZuComn_LoadString(HINSTANCE module, UINT id, wchar_t* buffer, int length);
 
-/// The module that texts come from: the language module; the library itself when none is loaded.
+/// Returns the module that texts come from: the language module, or the library itself when none is loaded.
 ZUCOMN_API HINSTANCE ZuComn_GetResource();
-/// Returns the id of the user's language as ZuComn_SetResource found it; 0 before, or when it is unknown.
+/// Returns the language id that ZuComn_SetResource found; 0 before that call and for an unknown language.
 ZUCOMN_API LANGID ZuComn_GetResourceLanguage();
 
 // ---- drawing scale, tolerances, database
 
-/// Sets the drawing scale factor (1.0 at start). Any value is taken.
+/// Sets the drawing scale factor, initially 1.0. The value is not checked.
 ZUCOMN_API void ZuComn_SetScale(double scale);
+/// Returns the drawing scale factor.
 ZUCOMN_API double ZuComn_GetGlobalScale();
-/// Writes the scale if the pointer is not null. Always 0.
+/// Stores the drawing scale factor in `*scale` unless the pointer is null. Always returns 0.
 ZUCOMN_API int ZuComn_GetScale(double* scale);
 
-/// Sets the two connection tolerances in drawing units (both 0.1 at start): the first for scales above 1.0,
-/// the second for others. A negative value leaves its tolerance as it is.
+/// Sets the connection tolerances in drawing units, both initially 0.1: `point` applies at scales above 1.0,
+/// `vector` at all other scales. A negative value leaves its tolerance unchanged.
 ZUCOMN_API void ZuComn_setTolerance(double point, double vector);
-/// Writes each tolerance whose pointer is not null.
+/// Stores the connection tolerances in drawing units; null pointers are skipped.
 ZUCOMN_API void ZuComn_getTolerance(double* point, double* vector);
 
-/// Sets the database that the library works on; null for the host's working database. The caller keeps it.
+/// Sets the database that the library works on; null selects the host's working database. The caller keeps
+/// ownership and resets the pointer before deleting the database.
 ZUCOMN_API void ZuComn_workDatabase(AcDbDatabase* database);
-/// The database set, else the host's working database; null when there is neither.
+/// Returns the database set by ZuComn_workDatabase, else the host's working database; null without either.
 ZUCOMN_API AcDbDatabase* ZuComn_getWorkDatabase();
 
-/// Value of a custom variable of the working database. 0, or -1 with the text untouched when there is none.
+/// Reads a custom variable of the working database. Returns 0 on success, -1 with `value` untouched when the
+/// variable or the database is missing.
 ZUCOMN_API int ZuComn_GetCustomVar(const wchar_t* name, CString& value);
-/// Sets a custom variable of the working database, adding it where needed. 0, or -1 without a database.
+/// Sets a custom variable of the working database and adds it if necessary. Returns 0 on success, -1 without
+/// a database or when the variable cannot be stored.
 ZUCOMN_API int ZuComn_SetCustomVar(const wchar_t* name, const wchar_t* value);
-/// The decimal value of the custom variable "ZUANNO"; 0 when it is missing.
+/// Returns the custom variable "ZUANNO" as a decimal integer; 0 when it is missing.
 ZUCOMN_API int ZuComn_GetEnableAnnoScale();
 
 // ---- messages
 
-/// Does nothing and returns 0: no box appears.
+/// Kept for compatibility: shows no message box and returns 0.
 ZUCOMN_API int ZuComn_ErrorBox(const wchar_t* text, const wchar_t* caption, UINT style);
-/// Shows in a box with the stop icon why a file operation failed. Operation: 1 open, 2 write, 3
-/// close; cause: a CFileException cause.
+/// Shows a message box with the stop icon that names the failed file operation and the reason. `operation` is
+/// 1 for open, 2 for write, 3 for close; `cause` is a CFileException cause.
 ZUCOMN_API void ZuComn_FileErrorMsg(int operation, int cause);
 
-// ---- the window that a command uses
+// ---- the windows of the running command
 //
-// The product's modules read the records; the library only fills and clears them. It does not own the
-// windows: clear the record before destroying a window.
+// Two records that the product's modules read; the library only sets and clears them. It does not own the
+// windows: clear a record before destroying its window.
 
-/// Stores the text in `close_SendCommand`.
+/// Stores a command text in `close_SendCommand`.
 ZUCOMN_API void ZuComn_SetSendCueCommand(const CString& command);
 /// Empties `close_SendCommand`.
 ZUCOMN_API void ZuComn_ClearSendCueCommand();
-/// Fills the first window record and empties `close_SendCommand`.
+/// Sets the first window record and empties `close_SendCommand`.
 ZUCOMN_API void ZuComn_SetCurrentWindow(CWnd* window, bool hide, UINT message, UINT wParam, LPARAM lParam);
-/// Fills the second window record; `close_SendCommand` stays as it is.
+/// Sets the second window record; `close_SendCommand` is unchanged.
 ZUCOMN_API void ZuComn_SetCurrentWindow2(CWnd* window, bool hide, UINT message, UINT wParam, LPARAM lParam);
-/// Clears the first record's window, with `both` the second's too, and empties `close_SendCommand`.
+/// Sets the window of the first record, and with `both` that of the second record, to null. The other members
+/// are unchanged. Empties `close_SendCommand`.
 ZUCOMN_API void ZuceComn_ClearCurrentWindow(bool both);
-/// Applies the show command to the window's parent frame (to the window itself under the host's main frame or
-/// none), if that is visible. Nothing for null or a window without a handle.
+/// Applies a show command (SW_...) to the window's parent frame if that is visible. A window without a parent
+/// frame, or directly below the host's main frame, is shown or hidden itself. Does nothing for a null pointer
+/// or a window without a handle.
 ZUCOMN_API void ZuComn_ShowWindow(CWnd* window, int command);
 
-/// The first record: the window, whether it is to be hidden, and the message that closes it.
+/// First record: the window, whether to hide it, and the message that closes it.
 ZUCOMN_API extern CWnd* close_pLastWnd;
 ZUCOMN_API extern bool close_bDoHide;
 ZUCOMN_API extern UINT close_Msg;
 ZUCOMN_API extern UINT close_wParam;
 ZUCOMN_API extern LPARAM close_lParam;
-/// The second record, for another window.
+/// Second record, with the same members.
 ZUCOMN_API extern CWnd* close_pLastWnd2;
 ZUCOMN_API extern bool close_bDoHide2;
 ZUCOMN_API extern UINT close_Msg2;
 ZUCOMN_API extern UINT close_wParam2;
 ZUCOMN_API extern LPARAM close_lParam2;
-/// A command text queued for the host.
+/// Command text that is queued for the host.
 ZUCOMN_API extern CString close_SendCommand;
 
 // ---- options of the product
 
-/// Nonzero: switching annotation scaling refreshes the display.
+/// Nonzero, the default, to refresh the display when annotation scaling is switched.
 ZUCOMN_API extern int gblComn_acedUpdateDisplay;
-/// Option of the route network.
+/// Option of the route network for connection heights, initially false. The library does not read it.
 ZUCOMN_API extern bool gblComn_withConnectHeight;
-/// Line weights of routes, ducts, equipment and extra-fine lines in hundredths of a millimetre (negative: by
-/// layer, by block, default), set by ZuComn_SetIniFile; 0 at start.
+/// Line weights of routes, ducts, equipment and extra-fine lines in hundredths of a millimetre; negative
+/// values mean by layer, by block and default. Initially 0, set by ZuComn_SetIniFile.
 ZUCOMN_API extern AcDb::LineWeight gblComn_lineWeight;
 ZUCOMN_API extern AcDb::LineWeight gblComn_ductLineWeight;
 ZUCOMN_API extern AcDb::LineWeight gblComn_kikiLineWeight;
 ZUCOMN_API extern AcDb::LineWeight gblComn_SlenderLineWeight;
 /// Full path of the master settings file; empty until ZuComn_SetIniFile.
 ZUCOMN_API extern CString ZUCE_INIFILE;
-/// Kept for the product's other modules.
+/// Option text of the product's other modules, initially empty. The library does not read it.
 ZUCOMN_API extern CString sVelmoraOptions;
 
-// ---- layer names: part of the drawings, whatever the user's language
+// ---- layer names: part of the drawings, so language modules do not translate them
 
 ZUCOMN_API extern CString ZUCONECT_LAYER;       ///< connection marks
 ZUCOMN_API extern CString ZULENGTH_LAYER;       ///< length marks

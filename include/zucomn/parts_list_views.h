@@ -15,13 +15,13 @@ namespace zu {
 class AttributePane;
 }
 
-// The parts-list window: attribute lines held in a text file, edited and saved as a whole. On the left the
-// parts that the lines describe with their lines beneath, on the right the values of what is selected there.
+// The parts-list window: edits the attribute lines of a text file, which is saved as a whole. The left pane
+// lists the parts with their lines, the right pane shows the values of the selected lines.
 //
-// A line is laid out as the item strings of an attribute record: six fields that each end in "|", the first
-// the attribute id, the second the value. A part ends before the line whose attribute id it already has.
+// A line has the form of an item string of an attribute record: six fields that each end in "|"; the first is
+// the attribute id, the second the value. A part ends before a line whose attribute id it already contains.
 
-/// The window's frame: two panes, side by side. The Escape key hides it without saving.
+/// The frame of the parts-list window, with two panes. The Escape key hides it without saving.
 class ZUCOMN_API CUPAttFrameWnd : public CFrameWnd {
     DECLARE_DYNCREATE(CUPAttFrameWnd)
 
@@ -29,13 +29,13 @@ public:
     CUPAttFrameWnd();
     ~CUPAttFrameWnd() override;
 
-    /// The panes; null until the frame is created.
+    /// The panes, which belong to the frame; null before the frame is created.
     [[nodiscard]] CUPEntView* GetLeftPane() const;
     [[nodiscard]] CUPAttView* GetRightPane() const;
 
     BOOL PreTranslateMessage(MSG* message) override;
     BOOL DestroyWindow() override;
-    /// Destroys the window and all in it.
+    /// Destroys the window with its panes.
     BOOL FrameDestroyWindow();
 
 protected:
@@ -50,76 +50,78 @@ private:
     CSplitterWnd m_splitter;
 };
 
-/// The left pane: the list of parts and lines below three buttons. It holds the lines.
+/// The left pane: the list of parts and lines, and three buttons above it. It holds the lines.
 ///
-/// "属性修正" puts the values of the right pane into the lines of what is selected, "属性確定" does that and
-/// saves, "戻る" goes back; the last two hand over to the host by a command of its own.
+/// "属性修正" copies the values of the right pane into the selected lines. "属性確定" also saves the file and
+/// sends the confirm command to the host; "戻る" sends the back command.
 class ZUCOMN_API CUPEntView : public CView {
     DECLARE_DYNCREATE(CUPEntView)
 
 public:
-    /// Reads the lines of a file, which is from now on the file in hand, and shows them; sets route-attribute
-    /// mode by the path. 0, or -1 with nothing changed when the file can't be read.
+    /// Reads the lines of a file, shows them and sets the file path, see SetFilePath. Returns 0 on success,
+    /// -1 with nothing changed when the file cannot be read.
     int ReadCSVFile(const wchar_t* path);
-    /// The file that the lines are saved to; sets route-attribute mode by the path. An empty path is saved
-    /// nowhere.
+    /// Sets the path that the lines are saved to, and route-attribute mode by this path. With an empty path
+    /// the lines are not saved.
     void SetFilePath(const wchar_t* path);
     [[nodiscard]] CString GetFilePath() const;
-    /// The commands that the host runs after "属性確定" and after "戻る"; empty for none.
+    /// Sets the commands that are sent to the host after "属性確定" and after "戻る"; empty for none.
     void SetCommands(const wchar_t* confirm, const wchar_t* back);
-    /// A number of the caller's own; 0 at start.
+    /// Sets a number for the caller's own use, initially 0.
     void SetFlag(int flag);
     [[nodiscard]] int GetFlag() const;
-    /// True while the library handles route attributes: the last file named or saved lies in a path with
-    /// "\RootAttr.dat". There is one such mode for the whole library.
+    /// Returns true in route-attribute mode: when the path set or saved last contains "\RootAttr.dat". The
+    /// mode is one switch for the whole library.
     [[nodiscard]] static bool IsRouteAttributeMode();
 
-    /// Takes the lines over and shows them, the first part selected.
+    /// Copies the lines and shows them, with the first part selected.
     void AddListView(const CStringArray& lines);
-    /// Shows the lines in hand anew.
+    /// Refills the list from the current lines.
     void AddListView();
     [[nodiscard]] const CStringArray& GetLines() const;
-    /// Fills the right pane with the values of the lines that are selected.
+    /// Fills the right pane with the values of the selected lines.
     void DataDisp();
 
-    /// The first selected line that begins with the key (the whole line). 0, or -1 with `out` untouched.
+    /// Copies the first selected line that begins with the key. Returns 0, or -1 with `out` untouched when
+    /// there is none.
     int GetAtAtt(const wchar_t* key, CString& out) const;
-    /// Replaces the value of that line. 0, or -1 when there is none or the value holds "|" or a line end.
+    /// Replaces the value of the first selected line that begins with the key. Returns 0, or -1 with the
+    /// lines unchanged when there is none or the value contains "|" or a line end.
     int SetAtAtt(const wchar_t* key, const wchar_t* value);
-    /// Brings every line to its full six fields: missing ones are added at the end, empty ones are kept,
-    /// those beyond the sixth are left out. Files whose lines stand joined with nothing between are taken
-    /// apart again by this number of fields.
+    /// Brings each line to exactly six fields: appends missing fields, keeps empty ones, removes those after
+    /// the sixth. A file whose lines are joined without line ends is split by this number of fields.
     static void SetAtAtt3Space(CStringArray& lines);
 
-    /// Adds a row of the list to the selection or takes it out.
+    /// Selects a row of the list.
     void SSAdd(int row);
+    /// Deselects a row of the list.
     void SSDel(int row);
-    /// Selects the lines beneath a part instead of the part's own row.
+    /// Expands a part and selects its lines instead of the part's own row.
     void SelectChild(int row);
 
-    /// The n-th field, counted from 1, of a "|"-separated text; empty for n below 1, the text behind the last
-    /// "|" when fewer than n fields end in "|".
+    /// Returns field n, counted from 1, of a "|"-separated text: empty for n < 1, the text after the last "|"
+    /// when fewer than n fields end in "|".
     [[nodiscard]] static CString GetAttDetails(const CString& text, int n);
-    /// True when the fourth field begins with "1".
+    /// Returns true when the fourth field of the text begins with "1".
     [[nodiscard]] static bool IsUpdateEnable(const CString& text);
-    /// Column 1 of the first record whose columns 0 and 2 equal the texts, case ignored. False, with `code`
-    /// untouched, when there is none.
+    /// Copies column 1 of the first record (CStringArray) whose columns 0 and 2 equal `first` and `third`,
+    /// ignoring case. Returns false with `code` untouched when there is none.
     static bool GetAttIDCode(CString& code, const CPtrArray& table, const CString& first,
                              const CString& third);
-    /// Nonzero when the entity's layer is locked, after telling the user.
+    /// Returns nonzero when the entity's layer is locked, after a message box with the layer's name; else 0.
     static int layerLockState(AcDbObjectId entity);
 
-    /// Saves the lines, brought to six fields, as the whole file; with a line end after each in
-    /// route-attribute mode, otherwise with nothing between them. When something can't be written, or a
-    /// character not be held by the file's encoding, the user is told, and the old file and the lines stay as
-    /// they were.
+    /// Brings the lines to six fields and writes them as the whole file: with a line end after each in
+    /// route-attribute mode, else joined without line ends. Shows a message box, with the old file and the
+    /// lines unchanged, when the file cannot be written or its encoding cannot represent a character.
     void SaveCSVFile();
-    /// "属性修正": puts the values of the right pane into the selected lines.
+    /// "属性修正": copies the values of the right pane into the selected lines.
     void OnUpdateAttributes();
-    /// "属性確定": as above, saves, sends the first command and in route-attribute mode hides the frame.
+    /// "属性確定": copies the values as above, saves and sends the confirm command; hides the frame in
+    /// route-attribute mode. Does nothing when the edited value cannot be accepted.
     void OnUpdateAttributes2();
-    /// "戻る": saves unless in route-attribute mode, sends the second command and in route-attribute mode
-    /// hides the frame.
+    /// "戻る": saves unless in route-attribute mode and sends the back command; hides the frame in
+    /// route-attribute mode.
     void OnUpdateAttributes3();
 
 protected:
@@ -135,32 +137,34 @@ protected:
 
 private:
     [[nodiscard]] CUPAttView* rightPane() const;
-    void showLines();
-    bool takeValues();
-    void handOver(const CString& command);
+    void refreshLines();
+    bool acceptValues();
+    void sendToHost(const CString& command);
 
     struct Parts;
     std::unique_ptr<Parts> m_parts;
 };
 
-/// The right pane: the property list (control 3002) of the attribute window, filled from lines in hand.
+/// The right pane: the property list (control 3002) of the attribute window, filled from attribute lines.
 class ZUCOMN_API CUPAttView : public CView {
     DECLARE_DYNCREATE(CUPAttView)
 
 public:
-    /// Shows the values of all the lines; those of ids that several parts have with different values as
-    /// "*各種*". `keys` (may be null) receives the keys of the items, in the order shown.
+    /// Shows the values of the lines; values of an id that differ among the parts are shown as "*各種*".
+    /// Appends the keys of the items to `keys`, which may be null, in display order.
     void AddListView(const CStringArray& lines, CStringArray* keys);
-    /// Appends key (the attribute id and "|") and value of the selected row. 0, or -1 with nothing appended
-    /// when no row is selected, or one without key or value.
+    /// Appends the key (the attribute id and "|") and the value of the selected row. Returns 0, or -1 with
+    /// nothing appended when no row is selected or its key or value is empty.
     int GetAttSel(CStringArray& keys, CStringArray& values);
-    /// Appends key and value of every item, in the order shown.
+    /// Appends the keys and values of all items in display order.
     void GetAttAll(CStringArray& keys, CStringArray& values);
-    /// Appends the lines of AddListView with the values that the list has now.
+    /// Appends the lines of AddListView with the current values of the list.
     void GetAttAllData(CStringArray& lines);
-    /// Orders items by attribute id: letters first, then the number. Below, at or above 0.
+    /// Compares items by attribute id, whose digits compare as numbers. Returns a value below, equal to or
+    /// above 0.
     static int SortCompare(const CPropertyItem& left, const CPropertyItem& right);
 
+    /// Returns the pane that implements the view; for the library's own use.
     [[nodiscard]] zu::AttributePane& pane() { return *m_pane; }
 
 protected:

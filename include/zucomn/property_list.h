@@ -7,30 +7,31 @@
 #include <set>
 #include <vector>
 
-// The property list of the attribute windows: categories that collapse, below them items with a name and a
-// value. The manager holds what is shown, the control shows it and lets the user edit it in place.
+// The property list of the attribute windows: collapsible categories of items with a name and a value. The
+// manager holds the items; the control displays them and edits values in place.
 
 /// An item of the property list.
 struct CPropertyItem {
     CString key;  ///< The attribute id and "|".
-    CString name; ///< What the user sees.
+    CString name; ///< Display name.
     CString value;
-    std::vector<CString> choices; ///< Values that are offered.
-    bool editable = false;        ///< Items that aren't are shown greyed.
-    bool freeText = false;        ///< Values other than the choices may be typed in.
-    int type = 0;                 ///< kChoiceItem when it offers choices.
-    bool changed = false;         ///< The user has changed the value since the list was filled.
+    std::vector<CString> choices; ///< Values offered in the drop-down list.
+    bool editable = false;        ///< Items that cannot be edited are greyed.
+    bool freeText = false;        ///< The user may type values other than the choices.
+    int type = 0;                 ///< kChoiceItem when the item has choices, else 0.
+    bool changed = false;         ///< The value was changed after the item was added.
 
     static constexpr int kChoiceItem = 9;
 };
 
-/// The categories and items of a property list. Items are counted through all categories, in the order shown.
+/// The categories and items of a property list. Item indexes run from 0 through all categories in display
+/// order. An index out of range throws the framework's invalid-argument exception, except where stated.
 class ZUCOMN_API CMyAdaptablePropertyItemManager {
 public:
-    /// A line of the list: the heading of a category, or an item of it.
+    /// A row of the list: the heading of a category, or one of its items.
     struct Row {
         int category = 0;
-        int item = -1; ///< -1: the heading.
+        int item = -1; ///< -1 for the heading.
     };
 
     CMyAdaptablePropertyItemManager();
@@ -38,11 +39,11 @@ public:
     CMyAdaptablePropertyItemManager(const CMyAdaptablePropertyItemManager&) = delete;
     CMyAdaptablePropertyItemManager& operator=(const CMyAdaptablePropertyItemManager&) = delete;
 
-    /// Removes categories and items. A category of the same name that comes again is collapsed if it was.
+    /// Removes all categories and items. Collapsed categories are remembered by name for later additions.
     void Clear();
-    /// Index of the new category.
+    /// Appends a category and returns its index.
     int AddCategory(const CString& name);
-    /// Adds an item at the end of the last category.
+    /// Appends an item to the last category; throws when there is none.
     void AddItem(const CPropertyItem& item);
 
     [[nodiscard]] const CString& GetCategoryName(int category) const;
@@ -51,12 +52,13 @@ public:
 
     [[nodiscard]] int GetItemCount() const;
     [[nodiscard]] const CPropertyItem& GetItem(int item) const;
-    /// Index of the item with the key; -1 when there is none.
+    /// Returns the index of the first item with the key; -1 when there is none.
     [[nodiscard]] int FindItem(const CString& key) const;
-    /// False when there is no such item or it has the value already.
+    /// Sets an item's value and marks the item as changed. Returns false when there is no such item or it
+    /// already has the value.
     bool SetValue(int item, const CString& value);
 
-    /// What is shown: the headings of categories with items, and the items of those that are expanded.
+    /// Returns the visible rows: the headings of non-empty categories and the items of expanded ones.
     [[nodiscard]] const std::vector<Row>& GetRows() const;
 
 private:
@@ -64,7 +66,7 @@ private:
         CString name;
         int firstItem = 0;
     };
-    void layOut();
+    void rebuildRows();
 
     std::vector<Category> m_categories;
     std::vector<CPropertyItem> m_items;
@@ -72,16 +74,16 @@ private:
     std::set<CString> m_collapsed;
 };
 
-/// Told to the parent with WM_COMMAND when the user has changed a value.
+/// Notification code, sent to the parent by WM_COMMAND, after the user changed a value.
 inline constexpr UINT PLN_VALUECHANGED = 0x0600;
 
-/// The list box that shows a manager's rows: names and values with a bar between them that the user drags
-/// (its place is remembered), headings that collapse, editing in place.
+/// Owner-drawn list box that displays a manager's rows: names and values with a divider between them that the
+/// user drags (its position is saved in the user's profile), collapsible headings, editing in place.
 ///
-/// Keys: up and down move, also out of an editor; left and right, space and Enter collapse and expand a
-/// heading; Enter, F2 or typing edits a value; Enter and Tab take what was edited, Tab and Shift+Tab go on to
-/// the next or previous value, Escape gives it up; F4 or Alt+Down opens the choices. Texts that are cut off
-/// have tool tips.
+/// Keys: Up and Down move the selection, also from an open editor. Left, Right, Space and Enter collapse and
+/// expand a heading. Enter, F2 or typing starts editing. In an editor, Enter and Tab accept the value, Tab
+/// and Shift+Tab continue with the next or previous editable value, Escape cancels; F4 or Alt+Down opens the
+/// choices. Truncated texts have tool tips.
 class ZUCOMN_API CPropertyListCtrl : public CListBox {
     DECLARE_DYNCREATE(CPropertyListCtrl)
 
@@ -90,21 +92,23 @@ public:
     ~CPropertyListCtrl() override;
     BOOL Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id);
 
-    /// The manager stays the caller's and outlives the control's window.
+    /// Sets the manager and refreshes the list. The caller keeps ownership; the manager must outlive the
+    /// control's window. Null empties the list.
     void SetManager(CMyAdaptablePropertyItemManager* manager);
-    /// Shows the manager's rows as they are now; the selected item stays selected, an open editor is given
-    /// up.
+    /// Reloads the manager's rows. Keeps the selection and cancels an open editor.
     void Refresh();
 
-    /// The selected item; -1 when none is, or a heading.
+    /// Returns the index of the selected item; -1 when nothing or a heading is selected.
     [[nodiscard]] int GetSelectedItem() const;
+    /// Selects the row of an item; does nothing when the item is not visible.
     void SelectItem(int item);
 
-    /// Opens the editor on the selected item. False when it can't be edited.
+    /// Opens the editor on the selected item. Returns false when the item cannot be edited, or when another
+    /// editor cannot be closed.
     bool BeginEdit();
-    /// Closes the editor. Accepted values that differ are put into the manager and told to the parent; a
-    /// value with "|" is refused with a message, and the editor stays open. True when no editor is open
-    /// afterwards.
+    /// Closes the editor. With `accept`, a changed value is stored in the manager and the parent is notified
+    /// by PLN_VALUECHANGED; a value that contains "|" shows a message and leaves the editor open. Returns
+    /// true when no editor is open afterwards.
     bool EndEdit(bool accept);
     [[nodiscard]] bool IsEditing() const;
 
@@ -112,7 +116,7 @@ public:
     void MeasureItem(LPMEASUREITEMSTRUCT measure) override;
     BOOL PreTranslateMessage(MSG* message) override;
 
-    /// Where the values begin, from the left.
+    /// Returns the position of the divider in pixels from the left edge.
     [[nodiscard]] int GetDivider() const;
 
 protected:
@@ -133,13 +137,17 @@ protected:
 private:
     using Row = CMyAdaptablePropertyItemManager::Row;
 
+    // Posted messages: the combo box changes its list only after its notification returns.
+    static constexpr UINT kPicked = WM_APP;
+    static constexpr UINT kClosedUp = WM_APP + 1;
+
     [[nodiscard]] const Row* rowAt(int index) const;
     [[nodiscard]] const CPropertyItem* itemAt(int index) const;
     [[nodiscard]] bool isOnDivider(CPoint point) const;
     [[nodiscard]] CRect valueCell(int index) const;
     void drawHeading(CDC& dc, const CRect& row, const Row& heading, bool selected) const;
     void drawProperty(CDC& dc, const CRect& row, const CPropertyItem& item, bool selected) const;
-    void setDivider(int place);
+    void setDivider(int position);
     void setExpanded(int index, bool expanded);
     void placeEditor();
     void openEditor(int index, const CPropertyItem& item);
@@ -155,7 +163,7 @@ private:
     CEdit m_text;
     CFont m_headingFont;
     int m_editedItem = -1;
-    int m_divider = 0; ///< 0: not set by the user.
+    int m_divider = 0; ///< Pixels from the left; 0 until the user moves it.
     bool m_isDragging = false;
     bool m_isClosing = false;
     bool m_isDropped = false;

@@ -4,31 +4,34 @@
 
 #include <afxcoll.h>
 
-// Table files: one record a line, fields separated by one character. "#" begins a comment line, "END" ends
-// the table. Trailing spaces of lines and fields don't count. Files are in code page 932 unless a byte-order
-// mark says UTF-8 or UTF-16 (little endian).
+// Table files: one record per line, fields separated by a separator character. Lines that begin with "#" are
+// comments, a line "END" (in any case) ends the table; later lines are ignored. Blank lines, and trailing
+// spaces of lines and fields, are ignored. Files are in code page 932 unless a byte-order mark specifies
+// UTF-8 or UTF-16 (little endian).
 //
-// A file that fails while it is read, or holds a line of more than 16 MiB, gives an empty list; what follows
-// the table's end doesn't count. Equal fields may share their characters until one of them is changed. Files
-// of more than 256 KiB are read by up to eight threads, which end before the call returns.
+// A read error, and a line of more than 16 MiB, yield an empty list. Equal fields may share their characters
+// until one of them is changed. Files of more than 256 KiB are parsed by up to eight threads, which end
+// before the call returns.
 //
-// The first `skip` lines are ignored. `columns` lists the fields to keep (decimal numbers separated by
-// commas; null: all). The first character of `separator` separates the fields; null: that of the settings.
-// Without one, or when the file can't be opened, the list stays as it was. The last argument is not used.
+// The readers take these arguments: `skip`, the number of lines to skip first; `columns`, the numbers of the
+// fields to keep (decimal, from 1, separated by commas; null: all); `separator`, whose first character
+// separates the fields (null: the separator of the settings). The last argument is ignored. Without a
+// separator, or when the file cannot be opened, the list is untouched.
 
-/// Appends the kept fields of all records one after the other; the list is emptied once the file is open.
-/// 0 when a field was stored, else -1.
+/// Reads a table file into one list: the kept fields of all records, one after another. The list is emptied
+/// once the file is open. Returns 0 when at least one field was stored, else -1.
 ZUCOMN_API int ZuComn_ReadConfigFile(const wchar_t* path, CStringArray& fields, int skip,
                                      const wchar_t* columns, const wchar_t* separator, int unused = 0);
 
-/// Adds a new CStringArray for each record, also for one without kept fields; free them with
-/// ZuComn_RemoveAllFree. The list is emptied (its elements not freed) once the file is open. 0 when a record
-/// was stored, else -1.
+/// Reads a table file into a list of records, each a new CStringArray that the caller frees with
+/// ZuComn_RemoveAllFree; records without kept fields are included. The list is emptied once the file is open,
+/// without deleting its elements. Returns 0 when at least one record was stored, else -1.
 ZUCOMN_API int ZuComn_ReadConfigFile(const wchar_t* path, CPtrArray& records, int skip,
                                      const wchar_t* columns, const wchar_t* separator, int unused = 0);
 
-/// Deletes every element (a CObject, such as the record lists above) that is not null and empties the list.
+/// Deletes all elements of a list and empties it. Elements are CObject pointers, such as the records above,
+/// or null.
 ZUCOMN_API void ZuComn_RemoveAllFree(CPtrArray& list);
 
-/// 1 when the file can be opened for reading, else 0.
+/// Returns 1 when the file can be opened for reading, else 0.
 ZUCOMN_API int ZuComn_findFile(const wchar_t* path);

@@ -18,42 +18,48 @@ class CEntView;
 class CEntView_ZU;
 class CAttView_ZU;
 
-// The attribute window: a frame with the entities whose attributes are edited on the left and their
-// attributes on the right. Frames are made with new and Create, views by their frame; all delete themselves
-// with their windows. The classes with _ZU behave as those without.
+// The attribute window: a frame with a list of entities on the left and the attributes of the selected ones
+// on the right. Create frames with new and Create; a frame creates its views. Frames and views delete
+// themselves with their windows. The _ZU classes behave like those without the suffix.
 
-/// Shows attributes as a property list (control 3002) with the categories "共通" and "一般" and keeps the
-/// values that the user picks; what becomes of them is others' business.
+/// Shows attributes as a property list (control 3002) in which the user edits values. The view does not write
+/// them back; see CEntView::OnUpdateAttributes.
 ///
-/// Items stand in the category "共通" when every entity shown has them, else in "一般", ordered by attribute
-/// id; strings without an id and an id's second occurrence in one record are left out. An item can be edited
-/// when the parameter table marks its id so, others are greyed. It offers the texts of the parameter table
-/// for its id, an item whose value begins with "E" those of all kinds but "A" and "P", one that begins with
-/// "A" or "P" those of all kinds but "E"; "S501" offers all. An empty text among them, or none at all, lets
-/// the user type a value. The tables are read when the first view is made, missing ones with each later view;
-/// without settings or tables the list has neither names nor choices.
+/// Items that all shown entities have are in the category "共通", the others in "一般", sorted by attribute
+/// id. Strings without an id and repeated ids of one record are skipped.
+///
+/// An item is editable when the parameter table marks its id so; others are greyed. The table also lists the
+/// texts that an item offers: all of its id, except that an item whose value begins with "E" is not offered
+/// texts of kind "A" or "P", and one whose value begins with "A" or "P" none of kind "E". "S501" is offered
+/// all kinds. The user may type any value when an offered text is empty or none is offered.
+///
+/// The title and parameter tables are read when the first view is created, and again for each later view
+/// while they are missing. Without them items have neither names nor choices.
 class ZUCOMN_API CAttView : public CView {
     DECLARE_DYNCREATE(CAttView)
 
 public:
-    /// Shows an entity's attributes. `keys` (may be null) receives the keys of the items, in the order shown.
+    /// Shows an entity's attributes and appends the keys of the items to `keys`, which may be null, in
+    /// display order.
     void AddListView(AcDbObjectId entity, CStringArray* keys);
-    /// Shows the attributes of several entities; a value that is not the same on all that have the item is
-    /// "*各種*". Entities without attributes are passed over.
+    /// Shows the attributes of several entities; values that differ among them are shown as "*各種*".
+    /// Entities without attributes are skipped.
     void AddListView(const AcArray<AcDbObjectId>& entities, CStringArray* keys);
-    /// Shows the attribute file of a part, see CAttributeData::ReadData.
+    /// Shows the attribute file of a part, see CAttributeData::ReadData; an empty list when there is none.
     void AddGrid(const wchar_t* partFile, CStringArray* keys);
 
-    /// Appends key (the attribute id and "|") and value of the selected row. 0, or -1 with nothing appended
-    /// when no row is selected, or one without key or value.
+    /// Appends the key (the attribute id and "|") and the value of the selected row. Returns 0, or -1 with
+    /// nothing appended when no row is selected or its key or value is empty.
     int GetAttSel(CStringArray& keys, CStringArray& values);
-    /// Appends key and value of every item, in the order shown.
+    /// Appends the keys and values of all items in display order.
     void GetAttAll(CStringArray& keys, CStringArray& values);
-    /// Sets the value of the item with the key, given without "|"; nothing happens when there is none.
+    /// Sets the value of the item with the key, given without "|"; does nothing when there is none.
     void SetValue(const wchar_t* key, const wchar_t* value);
-    /// Orders items by attribute id: letters first, then the number. Below, at or above 0.
+    /// Compares items by attribute id, whose digits compare as numbers. Returns a value below, equal to or
+    /// above 0.
     static int SortCompare(const CPropertyItem& left, const CPropertyItem& right);
 
+    /// Returns the pane that implements the view; for the library's own use.
     [[nodiscard]] zu::AttributePane& pane() { return *m_pane; }
 
 protected:
@@ -69,6 +75,7 @@ private:
     std::unique_ptr<zu::AttributePane> m_pane;
 };
 
+/// Behaves as CAttView.
 class ZUCOMN_API CAttView_ZU : public CAttView {
     DECLARE_DYNCREATE(CAttView_ZU)
 
@@ -77,9 +84,9 @@ protected:
     ~CAttView_ZU() override;
 };
 
-/// Several entities under one title in the entity view.
+/// A group of entities under one title in the entity view.
 struct CEntityGroup {
-    /// A line of the group: the texts of its columns (the first is what the line shows) and its entity.
+    /// A row of the group: the texts of its columns, of which there is at least one, and its entity.
     struct Row {
         std::shared_ptr<CStringArray> columns;
         AcDbObjectId entity;
@@ -88,41 +95,40 @@ struct CEntityGroup {
     std::vector<Row> rows;
 };
 
-/// Lists entities in groups: a line for each group, its rows beneath it (control 3003), and above them the
-/// button "修正／一括修正" (control 3001), which writes the values of the attribute view to the selected
+/// A list of entities in groups (control 3003): one line per group with a line per row below it. The button
+/// "修正／一括修正" (control 3001) above the list writes the values of the attribute view to the selected
 /// entities.
 ///
-/// The lines of a group fold away with its own; only the first group is unfolded at first. The attribute view
-/// shows the entities of all selected lines at once, a group's line standing for all of its rows.
+/// Groups collapse and expand; initially only the first is expanded. The attribute view shows the entities of
+/// all selected lines together; the line of a group stands for all of its rows.
 class ZUCOMN_API CEntView : public CView {
     DECLARE_DYNCREATE(CEntView)
 
 public:
-    /// Takes the groups to show; AddListView then shows them.
+    /// Sets the groups to show and empties the list; call AddListView to fill it.
     void SetGroups(std::vector<CEntityGroup> groups);
-    /// Shows entities: block references with the same block form a group, titled with the block's name and
-    /// their number, other entities one by the name of their class; each row shows the handle and the layer.
-    /// Entities that can't be opened are left out.
+    /// Shows entities in groups: block references by block, other entities by class. The title is that name
+    /// with the number of rows; each row shows handle and layer. Entities that cannot be opened are skipped.
     void SetEntities(const AcArray<AcDbObjectId>& entities);
 
-    /// Fills the list from the groups. Throws the framework's invalid-argument exception for a row without a
-    /// column.
+    /// Fills the list from the groups and selects the first one. Throws the framework's invalid-argument
+    /// exception for a row without columns.
     void AddListView();
-    /// Fills the attribute view anew from the selected lines.
+    /// Refills the attribute view from the selected lines.
     void Synchronise();
-    /// The entities of the selected lines, each once, in the order of the list.
+    /// Returns the entities of the selected rows in list order, each row once.
     [[nodiscard]] AcArray<AcDbObjectId> GetSelectedEntities() const;
-    /// Writes the attribute view's values to the selected entities, one undo step, and shows what they have
-    /// now. See CAView::OnUpdateAttributes.
+    /// Writes the attribute view's values to the selected entities, see CAView::OnUpdateAttributes, and
+    /// refreshes the attribute view. Does nothing when the edited value cannot be accepted.
     void OnUpdateAttributes();
 
-    /// The n-th field, counted from 1, of a "|"-separated text. Empty for n below 1; the text behind the last
-    /// "|" when fewer than n fields end in "|".
+    /// Returns field n, counted from 1, of a "|"-separated text: empty for n < 1, the text after the last "|"
+    /// when fewer than n fields end in "|".
     static CString GetAttDetails(const CString& text, int n);
-    /// True when the fourth field of the text begins with "1".
+    /// Returns true when the fourth field of the text begins with "1".
     static bool IsUpdateEnable(const CString& text);
-    /// Column 1 of the first record (CStringArray) whose columns 0 and 2 equal the texts, case ignored.
-    /// False, with `code` untouched, when there is none.
+    /// Copies column 1 of the first record (CStringArray) whose columns 0 and 2 equal `first` and `third`,
+    /// ignoring case. Returns false with `code` untouched when there is none.
     static bool GetAttIDCode(CString& code, const CPtrArray& table, const CString& first,
                              const CString& third);
 
@@ -143,6 +149,7 @@ private:
     bool m_synchronises = false;
 };
 
+/// Behaves as CEntView.
 class ZUCOMN_API CEntView_ZU : public CEntView {
     DECLARE_DYNCREATE(CEntView_ZU)
 
@@ -151,8 +158,8 @@ protected:
     ~CEntView_ZU() override;
 };
 
-/// The attribute window. Ctrl+Z and Ctrl+Y run the host's undo and redo commands and show what the entities
-/// have then; while a value is edited they are the editor's.
+/// The frame of the attribute window. Ctrl+Z and Ctrl+Y run the host's undo and redo commands and refresh the
+/// attribute view; an open editor handles these keys itself.
 class ZUCOMN_API CAttFrameWnd : public CFrameWnd {
     DECLARE_DYNCREATE(CAttFrameWnd)
 
@@ -160,6 +167,7 @@ public:
     CAttFrameWnd();
     ~CAttFrameWnd() override;
 
+    /// The views of the frame, valid once it is created.
     [[nodiscard]] CEntView* GetLeftPane() const;
     [[nodiscard]] CAttView* GetRightPane() const;
 
@@ -173,6 +181,7 @@ protected:
     CSplitterWnd m_splitter;
 };
 
+/// Behaves as CAttFrameWnd, with the _ZU views.
 class ZUCOMN_API CAttFrameWnd_ZU : public CAttFrameWnd {
     DECLARE_DYNCREATE(CAttFrameWnd_ZU)
 
@@ -188,38 +197,40 @@ protected:
     [[nodiscard]] const CRuntimeClass* rightClass() const override;
 };
 
-/// Edits the attributes of one or several entities in a property list (control 3002): each value that the
-/// user changes is written to all of them at once.
+/// A property list (control 3002) that edits the attributes of one or several entities: each value that the
+/// user changes is written to all of them immediately.
 class ZUCOMN_API CAView : public CView {
     DECLARE_DYNCREATE(CAView)
 
 public:
-    /// As CAttView; the entities become the ones to write to.
+    /// Shows the attributes as CAttView does; OnUpdateAttributes then writes to these entities.
     void AddListView(AcDbObjectId entity, CStringArray* keys);
     void AddListView(const AcArray<AcDbObjectId>& entities, CStringArray* keys);
-    /// As CAttView; there is then no entity to write to.
+    /// Shows a part as CAttView does; OnUpdateAttributes then writes to no entity.
     void AddGrid(const wchar_t* partFile, CStringArray* keys);
+    /// These functions work as those of CAttView.
     int GetAttSel(CStringArray& keys, CStringArray& values);
     void GetAttAll(CStringArray& keys, CStringArray& values);
     void SetValue(const wchar_t* key, const wchar_t* value);
     static int SortCompare(const CPropertyItem& left, const CPropertyItem& right);
 
-    /// As CEntView.
+    /// These functions work as those of CEntView.
     static CString GetAttDetails(const CString& text, int n);
     static bool GetAttIDCode(CString& code, const CPtrArray& table, const CString& first,
                              const CString& third);
     static bool IsUpdateEnable(const CString& text);
 
-    /// Opens the choices of the selected item when it has any; a value picked that differs is written. 1.
+    /// Opens the editor of the selected item when the item offers choices. Returns 1.
     long OnSelChangeList(WPARAM wParam, LPARAM lParam);
-    /// Writes the values of the list to the "ZU_ATTR" record of every entity, as one undo step, and sends
-    /// "ZU_ATTREDIT_SEC3D" to the host. Passed over are entities that can't be opened or are on locked layers
-    /// (the user is told of each), items that an entity lacks or that may not be edited, the value "*各種*".
-    /// Nothing is written when settings or parameter table can't be read. How many of the changed entities
-    /// have a mounting height, the value "S401", that is no number is told on the command line: section
-    /// drawings can't place those.
+    /// Writes the values of the list to the "ZU_ATTR" records of all entities as one undo step, then sends
+    /// the command "ZU_ATTREDIT_SEC3D" to the host, which updates dependent section drawings.
+    ///
+    /// Skips entities that cannot be opened or are on a locked layer (a message box names the layer), items
+    /// that an entity lacks or that are not editable, and the value "*各種*". Writes nothing when the
+    /// settings or the parameter table cannot be read. Reports on the command line how many changed entities
+    /// have a mounting height ("S401") that is not a number, because section drawings cannot place them.
     void OnUpdateAttributes();
-    /// Nonzero when the entity's layer is locked; the user is then told its name.
+    /// Returns nonzero when the entity's layer is locked, after a message box with the layer's name; else 0.
     static int layerLockState(AcDbObjectId entity);
 
 protected:

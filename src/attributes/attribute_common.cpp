@@ -49,13 +49,13 @@ int CAttributeData::AddCommon(CPtrArray& common) {
 void CAttributeData::AddCommonData(CPtrArray& common, const CPtrArray& table) {
     for (int i = common.GetUpperBound(); i >= 0; --i) {
         CStringArray& row = zu::stringsAt(common, i);
-        const int place = AddCommonDataSearch(table, row[zu::kIdColumn]);
-        if (place < 0) {
+        const int index = AddCommonDataSearch(table, row[zu::kIdColumn]);
+        if (index < 0) {
             delete &row;
             common.RemoveAt(i);
             continue;
         }
-        if (!(zu::stringsAt(table, place)[zu::kValueColumn] == row[zu::kValueColumn]))
+        if (!(zu::stringsAt(table, index)[zu::kValueColumn] == row[zu::kValueColumn]))
             row[zu::kValueColumn] = zu::kVarious;
     }
 }
@@ -67,8 +67,8 @@ void CAttributeData::SetCommonData(const CPtrArray& common) {
             continue;
         for (int entity = 0; entity < m_entities.GetSize(); ++entity) {
             const CPtrArray& table = zu::tableAt(m_entities, entity);
-            if (const int place = CommonItemSearch(table, item[zu::kIdColumn]); place >= 0)
-                zu::stringsAt(table, place)[zu::kValueColumn] = item[zu::kValueColumn];
+            if (const int index = CommonItemSearch(table, item[zu::kIdColumn]); index >= 0)
+                zu::stringsAt(table, index)[zu::kValueColumn] = item[zu::kValueColumn];
         }
     }
 }

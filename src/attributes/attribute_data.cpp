@@ -12,7 +12,7 @@ ACRX_CONS_DEFINE_MEMBERS(CAttributeData, AcRxObject)
 
 namespace {
 
-/// Makes the class known by its name as soon as the library is loaded.
+/// Registers the class when the library is loaded, so that it is found by name.
 [[maybe_unused]] const AcRxClass* const registeredClass = CAttributeData::desc();
 
 bool clearsInMode(int mode) {

@@ -26,8 +26,8 @@ std::string dumpLine(const CStringArray& row) {
     return bytes.empty() ? encoded(line, CP_UTF8) : bytes;
 }
 
-/// Rewrites the number after the key, up to the next blank; adds both when the text lacks the key.
-void putNumber(CString& text, const wchar_t* key, double value) {
+/// Replaces the text between the key and the next blank by a number; appends both when the key is missing.
+void replaceNumber(CString& text, const wchar_t* key, double value) {
     CString number;
     number.Format(L"%5.2f", value);
     number.TrimLeft();
@@ -56,7 +56,7 @@ void CAttributeData::TestCPtrArrayDisp2(const CPtrArray& table) {
         file.Write(lines.data(), static_cast<UINT>(lines.size()));
         file.Close();
     } catch (const CFileException&) {
-        // A dump is an aid only: whoever asked for it must not be stopped by it.
+        // The dump is a debugging aid: a failure must not stop the caller.
         return;
     }
 }
@@ -78,6 +78,6 @@ int CAttributeData::GettoolTipData(const CString& text, const wchar_t* key, CStr
 }
 
 void CAttributeData::toolTipStrUpDate(CString& text, double width, double height) {
-    putNumber(text, L"W=", width);
-    putNumber(text, L"H=", height);
+    replaceNumber(text, L"W=", width);
+    replaceNumber(text, L"H=", height);
 }

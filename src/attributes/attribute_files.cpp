@@ -4,10 +4,10 @@
 #include "frame/line_splitter.h"
 
 #include <zucomn/frame.h>
+#include <zucomn/settings.h>
 #include <zucomn/tables.h>
 
 #include <algorithm>
-#include <array>
 #include <memory>
 
 namespace {
@@ -22,16 +22,16 @@ CString fileName(const CString& path) {
     return path.Mid(lastSeparator(path) + 1);
 }
 
-bool endsWith(const CString& text, const wchar_t* ending) {
-    return text.Right(4).CompareNoCase(ending) == 0;
+bool hasExtension(const CString& path, const wchar_t* extension) {
+    return path.Right(4).CompareNoCase(extension) == 0;
 }
 
 bool isDigit(wchar_t c) {
     return c >= L'0' && c <= L'9';
 }
 
-/// Where "-NN." begins that marks one of several drawings of a part; -1 when nothing does.
-int variantMark(const CString& name) {
+/// Returns the index of the suffix "-NN." that numbers the drawings of one part; -1 when there is none.
+int variantSuffix(const CString& name) {
     for (int dash = name.Find(L'-'); dash >= 0; dash = name.Find(L'-', dash + 1))
         if (dash + 3 < name.GetLength() && isDigit(name[dash + 1]) && isDigit(name[dash + 2]) &&
             name[dash + 3] == L'.')
@@ -39,32 +39,47 @@ int variantMark(const CString& name) {
     return -1;
 }
 
-CString withoutEnding(const CString& name) {
+CString withoutExtension(const CString& name) {
     const int dot = name.ReverseFind(L'.');
     return dot < 0 ? name : name.Left(dot);
 }
 
 CString baseName(const CString& name) {
-    const int mark = endsWith(name, L".dxf") ? variantMark(name) : -1;
-    return mark < 0 ? withoutEnding(name) : name.Left(mark);
+    const int suffix = hasExtension(name, L".dxf") ? variantSuffix(name) : -1;
+    return suffix < 0 ? withoutExtension(name) : name.Left(suffix);
 }
 
-/// The path of another file in the same folder.
-CString beside(const CString& path, const CString& name) {
+CString inFolderOf(const CString& path, const CString& name) {
     const int separator = lastSeparator(path);
     return separator < 0 ? name : path.Left(separator) + L"\\" + name;
+}
+
+/// Returns the attribute file, or a file of its name in the part folders of the settings; empty when there is
+/// none.
+CString findAttributeFile(const CString& path) {
+    if (ZuComn_findFile(path) != 0)
+        return path;
+    for (const wchar_t* const key : {L"経路部品", L"標準部品"}) {
+        CString folder;
+        if (ZuComn_GetEnv(folder, ZUCE_INIFILE, kSettingsSection, key) != 0 || folder.IsEmpty())
+            continue;
+        CString candidate = folder + L"\\" + fileName(path);
+        if (ZuComn_findFile(candidate) != 0)
+            return candidate;
+    }
+    return {};
 }
 
 } // namespace
 
 CString CAttributeData::GetCsvFileName(const CString& partFile) {
-    if (endsWith(partFile, L".csv") || endsWith(partFile, L".csw"))
+    if (hasExtension(partFile, L".csv") || hasExtension(partFile, L".csw"))
         return partFile;
-    return beside(partFile, baseName(fileName(partFile)) + L".csv");
+    return inFolderOf(partFile, baseName(fileName(partFile)) + L".csv");
 }
 
 CString CAttributeData::GetPartsName(const CString& partFile) {
-    return withoutEnding(fileName(GetCsvFileName(partFile)));
+    return withoutExtension(fileName(GetCsvFileName(partFile)));
 }
 
 int CAttributeData::findFile(const wchar_t* path) {
@@ -77,15 +92,13 @@ bool CAttributeData::checkIndex(const wchar_t* columns, int column) {
 
 int CAttributeData::GetEnv(CString& destination, int kind, const wchar_t* iniFile, const wchar_t* section,
                            const wchar_t* key) {
-    std::array<wchar_t, 512> buffer{};
-    GetPrivateProfileStringW(section, key, L"error", buffer.data(), static_cast<DWORD>(buffer.size()),
-                             iniFile);
-    if (_wcsicmp(buffer.data(), L"error") == 0)
+    CString value;
+    if (ZuComn_GetEnv(value, iniFile, section, key) != 0)
         return -1;
     if (kind == 0)
-        destination = buffer.data();
+        destination = value;
     else
-        destination.Format(L"%5.2f", _wtof(buffer.data()));
+        destination.Format(L"%5.2f", _wtof(value));
     return 0;
 }
 
@@ -98,28 +111,8 @@ int CAttributeData::ReadConfigFile(const wchar_t* path, CPtrArray& rows, int lin
     return 0;
 }
 
-namespace {
-
-/// The attribute file itself, or one of its name in the folders of parts; empty when there is none.
-CString findAttributeFile(const CString& path, int (*isThere)(const wchar_t*),
-                          int (*setting)(CString&, int, const wchar_t*, const wchar_t*, const wchar_t*)) {
-    if (isThere(path) != 0)
-        return path;
-    for (const wchar_t* const key : {L"経路部品", L"標準部品"}) {
-        CString folder;
-        if (setting(folder, 0, ZUCE_INIFILE, kSettingsSection, key) != 0 || folder.IsEmpty())
-            continue;
-        CString candidate = folder + L"\\" + fileName(path);
-        if (isThere(candidate) != 0)
-            return candidate;
-    }
-    return {};
-}
-
-} // namespace
-
 int CAttributeData::AttributeFileReadData(const CString& partFile) {
-    const CString path = findAttributeFile(GetCsvFileName(partFile), &findFile, &GetEnv);
+    const CString path = findAttributeFile(GetCsvFileName(partFile));
     CPtrArray lines;
     if (path.IsEmpty() || ReadConfigFile(path, lines, 0, nullptr, L"|", 0) != 0) {
         DeleteCPtrArray1(lines);

@@ -5,11 +5,11 @@
 
 namespace {
 
-CString columnOr(const CStringArray& record, int column) {
+CString columnOrEmpty(const CStringArray& record, int column) {
     return column < record.GetSize() ? record[column] : CString();
 }
 
-bool isOf(const CStringArray& record, const wchar_t* attributeId) {
+bool hasId(const CStringArray& record, const wchar_t* attributeId) {
     return !record.IsEmpty() && record[0] == attributeId;
 }
 
@@ -24,8 +24,8 @@ bool contains(const CStringArray& texts, const CString& text) {
 
 CString CAttributeData::GetItemName(const CPtrArray& titles, const wchar_t* attributeId) {
     for (int i = 0; i < titles.GetSize(); ++i)
-        if (const CStringArray& record = zu::stringsAt(titles, i); isOf(record, attributeId))
-            return columnOr(record, 1);
+        if (const CStringArray& record = zu::stringsAt(titles, i); hasId(record, attributeId))
+            return columnOrEmpty(record, 1);
     return {};
 }
 
@@ -37,7 +37,7 @@ int CAttributeData::GetItemParameter(const CPtrArray& parameters, const wchar_t*
                                      CPtrArray& records) {
     const int before = records.GetSize();
     for (int i = 0; i < parameters.GetSize(); ++i)
-        if (isOf(zu::stringsAt(parameters, i), attributeId))
+        if (hasId(zu::stringsAt(parameters, i), attributeId))
             records.Add(parameters[i]);
     return records.GetSize() - before;
 }
@@ -53,8 +53,9 @@ int CAttributeData::GetItemParameter2(const wchar_t* attributeId, const wchar_t*
     const int before = texts.GetSize();
     for (int i = 0; i < records.GetSize(); ++i) {
         const CStringArray& record = zu::stringsAt(records, i);
-        const CString text = columnOr(record, zu::kParameterText);
-        if ((wanted.IsEmpty() || columnOr(record, zu::kParameterKind) == wanted) && !contains(texts, text))
+        const CString text = columnOrEmpty(record, zu::kParameterText);
+        if ((wanted.IsEmpty() || columnOrEmpty(record, zu::kParameterKind) == wanted) &&
+            !contains(texts, text))
             texts.Add(text);
     }
     return texts.GetSize() - before;

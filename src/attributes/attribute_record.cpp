@@ -12,7 +12,7 @@ CString trimmed(CString text) {
     return text.Trim();
 }
 
-CString fieldOr(const std::vector<CString>& fields, std::size_t index) {
+CString fieldOrEmpty(const std::vector<CString>& fields, std::size_t index) {
     return index < fields.size() ? fields[index] : CString();
 }
 
@@ -51,12 +51,12 @@ std::optional<AttributeRecord> decodeRecord(const CStringArray& strings) {
     if (strings.IsEmpty())
         return std::nullopt;
     const std::vector<CString> header = splitAtBars(strings[0]);
-    AttributeRecord record{fieldOr(header, 1), fieldOr(header, 2), {}};
+    AttributeRecord record{fieldOrEmpty(header, 1), fieldOrEmpty(header, 2), {}};
     for (int i = 1; i < strings.GetSize(); ++i) {
         const std::vector<CString> fields = splitAtBars(strings[i]);
         ItemFields& item = record.items.emplace_back();
         for (std::size_t column = 0; column < item.size(); ++column)
-            item[column] = fieldOr(fields, column);
+            item[column] = fieldOrEmpty(fields, column);
     }
     return record;
 }

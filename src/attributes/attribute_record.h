@@ -8,33 +8,33 @@
 
 namespace zu {
 
-/// The application of extended data that holds the record.
+/// Application name of the extended data that stores the attribute record.
 inline constexpr const wchar_t* kAttributeApplication = L"ZU_ATTR";
 
-/// Number of columns of a row, and of its stored fields (columns 3 to 8).
+/// A row has nine columns; columns 3 to 8 are its stored fields.
 inline constexpr int kRowColumns = 9;
 inline constexpr int kFirstStoredColumn = 3;
 inline constexpr int kStoredFields = 6;
 
-/// Values of one item as stored.
+/// The stored fields of one item.
 using ItemFields = std::array<CString, kStoredFields>;
 
-/// A record taken apart: the two values of the entity, and its items.
+/// A decoded record: the two values of the entity and its items.
 struct AttributeRecord {
     CString first;
     CString second;
     std::vector<ItemFields> items;
 };
 
-/// The texts between separators; one more than there are separators.
+/// Splits a text at every "|"; returns one field more than there are separators.
 [[nodiscard]] std::vector<CString> splitAtBars(const CString& text);
 
-/// The strings of a record: the header with the number of items, then one for each item; values are trimmed.
-/// No strings for a record without items.
+/// Returns the strings of a record: the header with the number of items, then one string per item. Values are
+/// trimmed. A record without items has no strings.
 [[nodiscard]] std::vector<CString> encodeRecord(const AttributeRecord& record);
 
-/// Takes strings apart, whatever the header's count says; fields that are missing are empty, more than six
-/// are left out. Nullopt without strings.
+/// Parses the strings of a record. The strings present count, not the number in the header. Missing fields
+/// are empty; fields after the sixth are ignored. Returns nullopt for an empty list.
 [[nodiscard]] std::optional<AttributeRecord> decodeRecord(const CStringArray& strings);
 
 } // namespace zu

@@ -15,7 +15,7 @@ namespace {
 constexpr const wchar_t* kParameters = L"属性IDパラメータ.csv";
 constexpr const wchar_t* kTitles = L"属性IDタイトル.csv";
 
-/// The standard-parts folder of the settings.
+/// Returns the standard-parts folder of the settings; nullopt when they name none.
 std::optional<CString> tableFolder() {
     CString folder;
     return ZuComn_GetEnv(folder, ZUCE_INIFILE, L"環境設定", L"標準部品") == 0 ? std::optional(folder)
@@ -32,23 +32,18 @@ bool read(CPtrArray& table, const CString& folder, const wchar_t* file) {
 
 AttributeTables& AttributeTables::instance() {
     AttributeTables& tables = *state().attributeTables;
-    if (tables.triedFor_ != ZUCE_INIFILE)
+    if (tables.settingsFile_ != ZUCE_INIFILE)
         tables.readMissing();
     return tables;
 }
 
 AttributeTables::~AttributeTables() {
-    clear();
-}
-
-void AttributeTables::clear() {
     ZuComn_RemoveAllFree(titles_);
     ZuComn_RemoveAllFree(parameters_);
-    triedFor_.Empty();
 }
 
 void AttributeTables::readMissing() {
-    triedFor_ = ZUCE_INIFILE;
+    settingsFile_ = ZUCE_INIFILE;
     const std::optional<CString> folder = tableFolder();
     if (folder && parameters_.IsEmpty())
         read(parameters_, *folder, kParameters);

@@ -4,16 +4,16 @@
 
 namespace zu {
 
-/// The library's tables of attribute ids: records (CStringArray) of the title table (id, display name) and of
-/// the parameter table (id, kind letter, text offered, editable).
+/// The library's title table (records of attribute id and display name) and parameter table (attribute id,
+/// kind letter, offered text, editable). Records are CStringArray objects.
 class AttributeTables {
 public:
-    /// The one copy of the library. Reads the missing tables when they are asked for the first time with a
-    /// settings file.
+    /// Returns the library's instance. Reads missing tables when the settings file has changed since the last
+    /// attempt.
     static AttributeTables& instance();
 
-    /// Reads a table that is still empty from the standard-parts folder of the settings file; what is read is
-    /// kept until the library goes.
+    /// Reads the tables that are still empty from the standard-parts folder of the settings. Loaded tables
+    /// are kept until the library is reset or unloaded.
     void readMissing();
 
     AttributeTables() = default;
@@ -24,17 +24,14 @@ public:
     [[nodiscard]] const CPtrArray& titles() const { return titles_; }
     [[nodiscard]] const CPtrArray& parameters() const { return parameters_; }
 
-    /// Reads the parameter table anew into `records`, which the caller frees with ZuComn_RemoveAllFree.
-    /// False, with `records` untouched, when the settings name no folder or the file can't be read.
+    /// Reads the current parameter table from its file; the caller frees `records` with ZuComn_RemoveAllFree.
+    /// Returns false when the settings name no folder or the file cannot be read or has no records.
     static bool readParameters(CPtrArray& records);
-
-    /// Empties both tables, so that they are read again.
-    void clear();
 
 private:
     CPtrArray titles_;
     CPtrArray parameters_;
-    CString triedFor_; ///< The settings file with which reading was tried last.
+    CString settingsFile_; ///< The settings file of the last attempt to read the tables.
 };
 
 } // namespace zu

@@ -1,4 +1,4 @@
-#include "state/library_state.h"
+#include "library_state.h"
 
 #include "attributes/attribute_tables.h"
 #include "frame/module_state.h"

@@ -1,9 +1,9 @@
-#include "attributes/model/edit_elements.h"
+#include "edit_elements.h"
 
 #include "attributes/attribute_record.h"
-#include "attributes/model/layer_locks.h"
-#include "attributes/model/progress_scope.h"
 #include "frame/resource_ids.h"
+#include "layer_locks.h"
+#include "progress_scope.h"
 
 #include <arxutil.h>
 #include <dbmain.h>
@@ -23,7 +23,7 @@ namespace {
 
 constexpr const wchar_t* kMountingHeight = L"S401";
 
-/// Makes one undo step of each drawing of what is changed in it during the scope.
+/// Groups the changes made during its lifetime into one undo step per drawing.
 class UndoStep {
 public:
     explicit UndoStep(std::span<const AcDbObjectId> elements) {
@@ -32,7 +32,7 @@ public:
                 drawings_.insert(drawing);
         begin();
     }
-    ~UndoStep() { begin(); } // later changes belong to another step
+    ~UndoStep() { begin(); } // so that later changes form another step
     UndoStep(const UndoStep&) = delete;
     UndoStep& operator=(const UndoStep&) = delete;
 
@@ -56,7 +56,7 @@ bool isNumber(const CString& text) {
     return error == std::errc() && end == last && std::isfinite(number);
 }
 
-/// A record without a mounting height is all right.
+/// Returns true unless the record has a mounting height that is not a number.
 bool canBePlaced(const CStringArray& record) {
     const CString height = CAttributeData::GetValueAtt(&record, kMountingHeight).Trim();
     return height.IsEmpty() || isNumber(height);

@@ -1,4 +1,4 @@
-#include "attributes/model/field_rules.h"
+#include "field_rules.h"
 
 #include "attributes/attribute_rows.h"
 

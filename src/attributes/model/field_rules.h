@@ -6,17 +6,17 @@
 
 namespace zu {
 
-/// The n-th field, counted from 1, of a "|"-separated text. Empty for n below 1; the text behind the last "|"
+/// Returns field n, counted from 1, of a "|"-separated text: empty for n < 1, the text after the last "|"
 /// when fewer than n fields end in "|".
 [[nodiscard]] CString attributeField(const CString& text, int n);
-/// The same within the text.
+/// Returns the field as a view into the text.
 [[nodiscard]] std::wstring_view attributeFieldIn(std::wstring_view text, int n);
 
-/// True when the fourth field begins with "1".
+/// Returns true when the fourth field begins with "1".
 [[nodiscard]] bool isEditable(const CString& text);
 
-/// Column 1 of the first record whose columns 0 and 2 equal the texts, case ignored. False, with `code`
-/// untouched, when there is none; records without these columns are passed over.
+/// Copies column 1 of the first record whose columns 0 and 2 equal `first` and `third`, ignoring case.
+/// Records of fewer than three columns are skipped. Returns false with `code` untouched when there is none.
 bool findIdCode(CString& code, const CPtrArray& table, const CString& first, const CString& third);
 
 } // namespace zu

@@ -1,4 +1,4 @@
-#include "attributes/model/layer_locks.h"
+#include "layer_locks.h"
 
 #include <dbents.h>
 #include <dbobjptr.h>
@@ -13,7 +13,7 @@ AcDbObjectId layerOf(AcDbObjectId id) {
     return entity.openStatus() == Acad::eOk ? entity->layerId() : AcDbObjectId();
 }
 
-CString nameWhenLocked(AcDbObjectId id) {
+CString nameIfLocked(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbLayerTableRecord> layer(id);
     return layer.openStatus() == Acad::eOk && layer->isLocked() ? CString(layer->name().c_str()) : CString();
 }
@@ -23,7 +23,7 @@ CString nameWhenLocked(AcDbObjectId id) {
 const CString& LayerLocks::lockedLayer(AcDbObjectId entity) {
     const auto [entry, isNew] = names_.try_emplace(layerOf(entity));
     if (isNew)
-        entry->second = nameWhenLocked(entry->first);
+        entry->second = nameIfLocked(entry->first);
     return entry->second;
 }
 

@@ -7,16 +7,16 @@
 
 namespace zu {
 
-/// Which layers are locked, each asked once for all its entities. To be made anew for each job: it does not
-/// learn of later changes.
+/// Caches which layers are locked, so that a batch of entities opens each layer once. Create one per batch:
+/// the cache does not follow later changes.
 class LayerLocks {
 public:
-    /// The name of the entity's layer when that is locked, else empty; also for an entity that can't be
-    /// opened.
+    /// Returns the name of the entity's layer if that is locked; else, and for an entity that cannot be
+    /// opened, an empty text.
     [[nodiscard]] const CString& lockedLayer(AcDbObjectId entity);
 
 private:
-    std::map<AcDbObjectId, CString> names_; ///< By layer; empty for those not locked.
+    std::map<AcDbObjectId, CString> names_; ///< By layer; empty for unlocked layers.
 };
 
 } // namespace zu

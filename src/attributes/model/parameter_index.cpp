@@ -1,4 +1,4 @@
-#include "attributes/model/parameter_index.h"
+#include "parameter_index.h"
 
 #include "attributes/attribute_rows.h"
 
@@ -9,7 +9,7 @@ namespace zu {
 namespace {
 
 constexpr int kEditableColumn = 3;
-constexpr const wchar_t* kOffersAllKinds = L"S501";
+constexpr const wchar_t* kIdOfAllKinds = L"S501";
 
 std::wstring keyOf(const CString& text) {
     return {static_cast<const wchar_t*>(text)};
@@ -19,14 +19,14 @@ wchar_t firstLetter(const CString& text) {
     return text.IsEmpty() ? L'\0' : text[0];
 }
 
-bool isPart(wchar_t kind) {
+bool isPartKind(wchar_t kind) {
     return kind == L'A' || kind == L'P';
 }
 
-bool goTogether(wchar_t item, wchar_t candidate) {
+bool areCompatible(wchar_t item, wchar_t candidate) {
     if (item == L'E')
-        return !isPart(candidate);
-    return !isPart(item) || candidate != L'E';
+        return !isPartKind(candidate);
+    return !isPartKind(item) || candidate != L'E';
 }
 
 } // namespace
@@ -54,10 +54,10 @@ std::vector<CString> ParameterIndex::choices(const CString& attributeId, const C
     const Entry* const entry = find(attributeId);
     if (entry == nullptr)
         return texts;
-    const bool offersAll = attributeId == kOffersAllKinds;
+    const bool offersAllKinds = attributeId == kIdOfAllKinds;
     const wchar_t kind = firstLetter(value);
     for (const Candidate& candidate : entry->candidates) {
-        const bool offered = offersAll || goTogether(kind, candidate.kind);
+        const bool offered = offersAllKinds || areCompatible(kind, candidate.kind);
         if (offered && std::find(texts.begin(), texts.end(), candidate.text) == texts.end())
             texts.push_back(candidate.text);
     }

@@ -8,18 +8,18 @@
 
 namespace zu {
 
-/// The parameter table by attribute id: which values an item offers and whether it may be edited. Copies what
-/// it needs, so that it outlives the table.
+/// Index of the parameter table by attribute id: the texts that an item offers and whether it is editable. It
+/// does not refer to the table after construction.
 class ParameterIndex {
 public:
     explicit ParameterIndex(const CPtrArray& parameters);
 
-    /// The texts offered for an item, in the table's order, each once. An item whose value begins with "E"
-    /// is offered nothing of the kinds "A" and "P", one that begins with "A" or "P" nothing of the kind "E";
-    /// "S501" is offered everything of its id.
+    /// Returns the texts offered for an item, in table order without duplicates. An item whose value begins
+    /// with "E" is not offered texts of kind "A" or "P", one whose value begins with "A" or "P" none of kind
+    /// "E". "S501" is offered all texts of its id.
     [[nodiscard]] std::vector<CString> choices(const CString& attributeId, const CString& value) const;
 
-    /// True when a record of the id is marked editable; false for ids that the table lacks.
+    /// Returns true when a record of the id is marked editable.
     [[nodiscard]] bool editable(const CString& attributeId) const;
 
 private:

@@ -1,4 +1,4 @@
-#include "attributes/model/progress_scope.h"
+#include "progress_scope.h"
 
 #include "frame/library_text.h"
 
@@ -8,12 +8,12 @@ namespace zu {
 
 namespace {
 
-constexpr int kWhole = 100;
+constexpr int kMaximum = 100;
 
 } // namespace
 
 ProgressScope::ProgressScope(unsigned label, std::size_t steps) : steps_(steps) {
-    acedSetStatusBarProgressMeter(libraryText(label), 0, kWhole);
+    acedSetStatusBarProgressMeter(libraryText(label), 0, kMaximum);
 }
 
 ProgressScope::~ProgressScope() {
@@ -22,7 +22,7 @@ ProgressScope::~ProgressScope() {
 
 void ProgressScope::advance() {
     ++done_;
-    const std::size_t percent = steps_ > 0 ? done_ * kWhole / steps_ : kWhole;
+    const std::size_t percent = steps_ > 0 ? done_ * kMaximum / steps_ : kMaximum;
     if (percent == percent_)
         return;
     percent_ = percent;

@@ -4,17 +4,17 @@
 
 namespace zu {
 
-/// The host's progress meter for a job of many equal steps: there for the scope's life, and gone on every way
-/// out of it. The meter is moved for each hundredth of the job only.
+/// Shows the host's progress meter for a job of equal steps and restores the status bar on destruction. The
+/// meter advances in whole per cents only, so that updates cost little in long jobs.
 class ProgressScope {
 public:
-    /// `label` is the id of a text of the library.
+    /// `label` is the id of a library text.
     ProgressScope(unsigned label, std::size_t steps);
     ~ProgressScope();
     ProgressScope(const ProgressScope&) = delete;
     ProgressScope& operator=(const ProgressScope&) = delete;
 
-    /// One more step is done.
+    /// Counts one completed step.
     void advance();
 
 private:

@@ -1,7 +1,7 @@
-#include "attributes/model/shown_items.h"
+#include "shown_items.h"
 
 #include "attributes/attribute_rows.h"
-#include "attributes/model/field_rules.h"
+#include "field_rules.h"
 #include "frame/line_splitter.h"
 
 #include <zucomn/attributes.h>
@@ -13,13 +13,13 @@ namespace zu {
 
 namespace {
 
-/// Blanks at the end of a value don't count.
-std::wstring_view valueIn(const CString& text) {
+/// Returns the value field without trailing blanks.
+std::wstring_view valueOf(const CString& text) {
     return withoutTrailingSpaces(attributeFieldIn(text.view(), 2));
 }
 
 struct Occurrence {
-    std::size_t place = 0;
+    std::size_t index = 0;
     std::size_t entities = 0;
     std::size_t lastEntity = 0;
 };
@@ -35,7 +35,7 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
             const std::wstring_view id = attributeFieldIn(list[i].view(), 1);
             if (id.empty())
                 continue;
-            const std::wstring_view value = valueIn(list[i]);
+            const std::wstring_view value = valueOf(list[i]);
             const auto found = byId.find(id);
             if (found == byId.end()) {
                 byId.emplace(id, Occurrence{items.size(), 1, entity});
@@ -47,12 +47,12 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
                 continue;
             occurrence.lastEntity = entity;
             ++occurrence.entities;
-            if (ShownItem& item = items[occurrence.place]; item.value.view() != value)
+            if (ShownItem& item = items[occurrence.index]; item.value.view() != value)
                 item.value = kVarious;
         }
     }
     for (const auto& [id, occurrence] : byId)
-        items[occurrence.place].shared = occurrence.entities == lists.size();
+        items[occurrence.index].shared = occurrence.entities == lists.size();
     return items;
 }
 
@@ -68,12 +68,12 @@ std::vector<ShownItem> writableItems(std::span<const ShownItem> items, const Par
 bool applyItems(CStringArray& list, std::span<const ShownItem> writable) {
     bool changed = false;
     for (const ShownItem& item : writable) {
-        const int place = CAttributeData::FindAtt(&list, item.key);
-        if (place < 0 || valueIn(list[place]) == item.value.view())
+        const int index = CAttributeData::FindAtt(&list, item.key);
+        if (index < 0 || valueOf(list[index]) == item.value.view())
             continue;
-        // What no "|" ends would be dropped.
-        if (list[place].Find(L'|', item.key.GetLength()) < 0)
-            list[place] += L'|';
+        // SetAtAtt removes a last field that does not end in "|".
+        if (list[index].Find(L'|', item.key.GetLength()) < 0)
+            list[index] += L'|';
         changed = CAttributeData::SetAtAtt(&list, item.key, item.value) == 0 || changed;
     }
     return changed;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "attributes/model/parameter_index.h"
+#include "parameter_index.h"
 
 #include <span>
 
@@ -10,21 +10,20 @@ namespace zu {
 struct ShownItem {
     CString key; ///< The attribute id and "|".
     CString value;
-    bool shared = true; ///< All entities have it: category "共通", else "一般".
+    bool shared = true; ///< All entities have the item: category "共通", else "一般".
 };
 
-/// The items of raw attribute lists, in the order in which they first occur; a value that is not the same on
-/// all entities that have the item is "*各種*". Headers and strings without an id are left out, and so is an
-/// id's second occurrence in one list, which no look-up reaches. Blanks at the end of values are left out.
-/// Takes time linear in the strings, times the logarithm of the different ids.
+/// Returns the items of raw attribute lists in order of first occurrence. Values that differ among the
+/// entities become "*各種*"; trailing blanks of values are removed. Skips headers, strings without an id and
+/// repeated ids of one list, which no look-up finds. Takes O(n log k) time for n strings with k distinct ids.
 [[nodiscard]] std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists);
 
-/// The items of the property list that may be written: without such that may not be edited, whose value is
-/// "*各種*", or whose value holds "|", which a record can't keep.
+/// Returns the items that can be written to records: the editable ones whose value is not "*各種*" and does
+/// not contain "|", which would break the record.
 [[nodiscard]] std::vector<ShownItem> writableItems(std::span<const ShownItem> items,
                                                    const ParameterIndex& parameters);
 
-/// Puts the values of writable items into a raw list; items that the list lacks are passed over. True when a
+/// Writes the values of the items into a raw list, skipping items that the list lacks. Returns true when a
 /// string changed.
 bool applyItems(CStringArray& list, std::span<const ShownItem> writable);
 

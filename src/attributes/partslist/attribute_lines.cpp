@@ -1,4 +1,4 @@
-#include "attributes/partslist/attribute_lines.h"
+#include "attribute_lines.h"
 
 #include "attributes/attribute_record.h"
 #include "attributes/attribute_rows.h"
@@ -27,7 +27,7 @@ CString itemText(std::span<const CString> fields) {
     return text;
 }
 
-/// The fields of a line; what no "|" ends counts only when it is not blank.
+/// Splits a line into fields. Text after the last "|" counts as a field unless it is blank.
 std::vector<CString> fieldsOf(const CString& line) {
     std::vector<CString> fields = splitAtBars(line);
     if (CString(fields.back()).Trim().IsEmpty())
@@ -37,13 +37,13 @@ std::vector<CString> fieldsOf(const CString& line) {
 
 void appendItemsOfLine(const CString& line, CStringArray& lines) {
     const std::vector<CString> fields = fieldsOf(line);
-    for (std::size_t at = 0; at < fields.size(); at += kStoredFields)
-        lines.Add(itemText(std::span(fields).subspan(at)));
+    for (std::size_t first = 0; first < fields.size(); first += kStoredFields)
+        lines.Add(itemText(std::span(fields).subspan(first)));
 }
 
-/// By attribute id, what the property list puts into the lines.
-std::map<std::wstring, CString> valuesToSet(std::span<const ShownItem> items,
-                                            const ParameterIndex& parameters) {
+/// Returns the values to write into the lines, by attribute id.
+std::map<std::wstring, CString> valuesToWrite(std::span<const ShownItem> items,
+                                              const ParameterIndex& parameters) {
     std::map<std::wstring, CString> values;
     for (const ShownItem& item : items) {
         const CString id = attributeField(item.key, 1);
@@ -103,7 +103,7 @@ std::vector<LineRange> partsOf(const CStringArray& lines) {
 std::vector<ShownItem> shownItemsOf(const CStringArray& lines) {
     std::vector<CStringArray> records;
     for (const LineRange& part : partsOf(lines)) {
-        records.emplace_back().Add(CString()); // In the place of a record's header.
+        records.emplace_back().Add(CString()); // stands for the header of a record
         for (int i = part.first; i < part.first + part.count; ++i)
             records.back().Add(lines[i]);
     }
@@ -115,7 +115,7 @@ std::vector<ShownItem> shownItemsOf(const CStringArray& lines) {
 }
 
 void applyToLines(CStringArray& lines, std::span<const ShownItem> items, const ParameterIndex& parameters) {
-    const auto values = valuesToSet(items, parameters);
+    const auto values = valuesToWrite(items, parameters);
     for (int i = 0; i < lines.GetSize(); ++i) {
         const auto value = values.find(static_cast<const wchar_t*>(attributeField(lines[i], 1)));
         if (value != values.end() && attributeField(lines[i], 2) != value->second)

@@ -1,6 +1,6 @@
-#include "attributes/partslist/lines_file.h"
+#include "lines_file.h"
 
-#include "attributes/partslist/attribute_lines.h"
+#include "attribute_lines.h"
 #include "state/library_state.h"
 
 #include <afx.h>
@@ -9,7 +9,7 @@ namespace zu {
 
 namespace {
 
-constexpr const wchar_t* kRouteAttributes = L"\\RootAttr.dat";
+constexpr const wchar_t* kRouteAttributeFile = L"\\RootAttr.dat";
 
 bool write(const CString& path, const CString& text) {
     CStdioFile file;
@@ -28,9 +28,9 @@ bool write(const CString& path, const CString& text) {
 } // namespace
 
 bool isRouteAttributeFile(const CString& path) {
-    CString parted = path;
-    parted.Replace(L'/', L'\\');
-    return parted.Find(kRouteAttributes) >= 0;
+    CString normalised = path;
+    normalised.Replace(L'/', L'\\');
+    return normalised.Find(kRouteAttributeFile) >= 0;
 }
 
 bool routeAttributeMode() {

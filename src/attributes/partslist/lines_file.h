@@ -4,20 +4,20 @@
 
 namespace zu {
 
-/// True for a file of route attributes: its path contains "\RootAttr.dat" ("/" parts a path as "\" does).
+/// Returns true for a file of route attributes: the path contains "\RootAttr.dat" or "/RootAttr.dat".
 [[nodiscard]] bool isRouteAttributeFile(const CString& path);
 
-/// Route-attribute mode: the library's one switch for the file in hand. False at start.
+/// Route-attribute mode, one switch for the whole library; initially false.
 [[nodiscard]] bool routeAttributeMode();
 void setRouteAttributeMode(bool on);
 
-/// Reads the attribute lines of a file. False, with `lines` untouched, when it can't be read.
+/// Reads the attribute lines of a file. Returns false with `lines` untouched when it cannot be read.
 bool readLines(const CString& path, CStringArray& lines);
 
-/// Sets route-attribute mode by the path and replaces the file as a whole by the lines, which are padded to
-/// their six fields. In route-attribute mode each line ends with a line end; otherwise nothing stands between
-/// them. A new file is in code page 932, an old one keeps its encoding. False when something can't be
-/// written, or a character not be held by the encoding: file and lines are then as they were.
+/// Sets route-attribute mode by the path, pads the lines to six fields and replaces the whole file by them:
+/// with a line end after each line in route-attribute mode, else joined without line ends. A new file is in
+/// code page 932; an existing one keeps its encoding. Returns false, with file and lines unchanged, when the
+/// file cannot be written or its encoding cannot represent a character.
 bool saveLines(const CString& path, CStringArray& lines);
 
 } // namespace zu

@@ -1,7 +1,7 @@
 #include <zucomn/parts_list_views.h>
 
+#include "attribute_lines.h"
 #include "attributes/attribute_tables.h"
-#include "attributes/partslist/attribute_lines.h"
 #include "attributes/views/attribute_pane.h"
 #include "frame/module_state.h"
 

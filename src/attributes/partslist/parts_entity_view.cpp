@@ -1,14 +1,14 @@
 #include <zucomn/parts_list_views.h>
 
+#include "attribute_lines.h"
 #include "attributes/model/field_rules.h"
-#include "attributes/partslist/attribute_lines.h"
-#include "attributes/partslist/lines_file.h"
 #include "attributes/views/apply.h"
 #include "attributes/views/attribute_pane.h"
 #include "attributes/views/entity_list.h"
 #include "frame/library_text.h"
 #include "frame/module_state.h"
 #include "frame/resource_ids.h"
+#include "lines_file.h"
 
 #include <arxutil.h>
 #include <zucomn/frame.h>
@@ -21,10 +21,10 @@ constexpr UINT kModify = 3001;
 constexpr UINT kConfirm = 3006;
 constexpr UINT kBack = 3007;
 constexpr int kButtonsBottom = 70;
-constexpr UINT kShowSelection = WM_APP + 1; ///< Posted once for all the lines that a selection changes.
+constexpr UINT kShowSelection = WM_APP + 1; ///< Posted once for all lines that a selection changes.
 constexpr zu::EntityList::Column kColumns[] = {{zu::text::kItem, 90}, {zu::text::kValue, 56}};
 
-CString nameOf(const CString& path) {
+CString fileName(const CString& path) {
     return path.Mid(std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/')) + 1);
 }
 
@@ -37,12 +37,12 @@ struct CUPEntView::Parts {
     zu::EntityList list;
     CStringArray lines;
     std::vector<zu::LineRange> ranges;
-    std::vector<int> shown; ///< The lines whose values the right pane has.
+    std::vector<int> shown; ///< Indexes of the lines that the right pane shows.
     CString path;
     CString confirmCommand;
     CString backCommand;
     int flag = 0;
-    bool isShowDue = false;
+    bool isShowPending = false;
 
     [[nodiscard]] std::vector<int> selectedLines() const;
     [[nodiscard]] int findSelected(const wchar_t* key) const;
@@ -66,9 +66,9 @@ int CUPEntView::Parts::findSelected(const wchar_t* key) const {
     return -1;
 }
 
-/// A file with one part is that part.
+/// A file with a single part gives the part its name.
 CString CUPEntView::Parts::title(std::size_t part) const {
-    CString file = nameOf(path);
+    CString file = fileName(path);
     if (ranges.size() == 1 && !file.IsEmpty())
         return file;
     CString text;
@@ -138,13 +138,13 @@ void CUPEntView::OnDraw(CDC* /*dc*/) {}
 
 void CUPEntView::OnItemchanged(NMHDR* header, LRESULT* result) {
     const auto& change = *reinterpret_cast<const NMLISTVIEW*>(header);
-    if ((change.uChanged & LVIF_STATE) != 0 && !m_parts->isShowDue)
-        m_parts->isShowDue = PostMessage(kShowSelection) != FALSE;
+    if ((change.uChanged & LVIF_STATE) != 0 && !m_parts->isShowPending)
+        m_parts->isShowPending = PostMessage(kShowSelection) != FALSE;
     *result = 1;
 }
 
 LRESULT CUPEntView::onShowSelection(WPARAM /*wParam*/, LPARAM /*lParam*/) {
-    if (m_parts->isShowDue)
+    if (m_parts->isShowPending)
         DataDisp();
     return 0;
 }
@@ -220,7 +220,7 @@ void CUPEntView::SelectChild(int row) {
 
 void CUPEntView::DataDisp() {
     Parts& parts = *m_parts;
-    parts.isShowDue = false;
+    parts.isShowPending = false;
     parts.shown = parts.selectedLines();
     CStringArray lines;
     for (const int line : parts.shown)
@@ -249,12 +249,12 @@ int CUPEntView::SetAtAtt(const wchar_t* key, const wchar_t* value) {
     if (line < 0 || !zu::canHold(value))
         return -1;
     m_parts->lines[line] = zu::withValue(m_parts->lines[line], value);
-    showLines();
+    refreshLines();
     return 0;
 }
 
-/// The list stays as it is unfolded and selected.
-void CUPEntView::showLines() {
+/// Keeps the selection and expansion of the list.
+void CUPEntView::refreshLines() {
     m_parts->list.updateTexts(m_parts->groups());
     DataDisp();
 }
@@ -278,7 +278,7 @@ bool CUPEntView::GetAttIDCode(CString& code, const CPtrArray& table, const CStri
 }
 
 int CUPEntView::layerLockState(AcDbObjectId entity) {
-    return zu::warnWhenLocked(entity) ? 1 : 0;
+    return zu::warnIfLocked(entity) ? 1 : 0;
 }
 
 // ---- commands
@@ -291,10 +291,11 @@ void CUPEntView::SaveCSVFile() {
     AfxMessageBox(message, MB_OK | MB_ICONSTOP);
 }
 
-/// False when the value that is being edited can't be taken.
-bool CUPEntView::takeValues() {
+/// Copies the values of the right pane into the lines shown there. Returns false when the edited value cannot
+/// be accepted.
+bool CUPEntView::acceptValues() {
     CUPAttView* const right = rightPane();
-    if (right == nullptr || m_parts->isShowDue)
+    if (right == nullptr || m_parts->isShowPending)
         return true;
     if (!right->pane().list().EndEdit(true))
         return false;
@@ -302,28 +303,28 @@ bool CUPEntView::takeValues() {
     right->GetAttAllData(changed);
     for (int i = 0; i < std::min(changed.GetSize(), static_cast<int>(m_parts->shown.size())); ++i)
         m_parts->lines[m_parts->shown[static_cast<std::size_t>(i)]] = changed[i];
-    showLines();
+    refreshLines();
     return true;
 }
 
 void CUPEntView::OnUpdateAttributes() {
-    takeValues();
+    acceptValues();
 }
 
 void CUPEntView::OnUpdateAttributes2() {
-    if (!takeValues())
+    if (!acceptValues())
         return;
     SaveCSVFile();
-    handOver(m_parts->confirmCommand);
+    sendToHost(m_parts->confirmCommand);
 }
 
 void CUPEntView::OnUpdateAttributes3() {
     if (!zu::routeAttributeMode())
         SaveCSVFile();
-    handOver(m_parts->backCommand);
+    sendToHost(m_parts->backCommand);
 }
 
-void CUPEntView::handOver(const CString& command) {
+void CUPEntView::sendToHost(const CString& command) {
     if (!command.IsEmpty())
         ApiComn_sendCommand(command, 0, 0, 1);
     if (zu::routeAttributeMode())

@@ -1,6 +1,6 @@
+#include "apply.h"
+#include "attribute_pane.h"
 #include "attributes/model/field_rules.h"
-#include "attributes/views/apply.h"
-#include "attributes/views/attribute_pane.h"
 #include "frame/module_state.h"
 
 #include <zucomn/views.h>
@@ -13,14 +13,6 @@ ON_WM_SIZE()
 ON_LBN_SELCHANGE(zu::kPropertyListId, OnSelected)
 ON_CONTROL(PLN_VALUECHANGED, zu::kPropertyListId, OnUpdateAttributes)
 END_MESSAGE_MAP()
-
-namespace {
-
-std::span<const AcDbObjectId> spanOf(const AcArray<AcDbObjectId>& ids) {
-    return {ids.asArrayPtr(), static_cast<std::size_t>(ids.length())};
-}
-
-} // namespace
 
 CAView::CAView() : m_pane(std::make_unique<zu::AttributePane>()) {}
 CAView::~CAView() = default;
@@ -45,7 +37,7 @@ void CAView::AddListView(AcDbObjectId entity, CStringArray* keys) {
 
 void CAView::AddListView(const AcArray<AcDbObjectId>& entities, CStringArray* keys) {
     m_entities = entities;
-    m_pane->showEntities(spanOf(m_entities), keys);
+    m_pane->showEntities(zu::spanOf(m_entities), keys);
 }
 
 void CAView::AddGrid(const wchar_t* partFile, CStringArray* keys) {
@@ -83,7 +75,7 @@ bool CAView::IsUpdateEnable(const CString& text) {
 
 int CAView::layerLockState(AcDbObjectId entity) {
     const zu::ResourceScope scope;
-    return zu::warnWhenLocked(entity) ? 1 : 0;
+    return zu::warnIfLocked(entity) ? 1 : 0;
 }
 
 void CAView::OnSelected() {
@@ -98,7 +90,7 @@ long CAView::OnSelChangeList(WPARAM /*wParam*/, LPARAM /*lParam*/) {
 }
 
 void CAView::OnUpdateAttributes() {
-    zu::applyToEntities(*m_pane, spanOf(m_entities));
+    zu::applyToEntities(*m_pane, zu::spanOf(m_entities));
     if (!m_entities.isEmpty())
-        m_pane->showEntities(spanOf(m_entities), nullptr);
+        m_pane->showEntities(zu::spanOf(m_entities), nullptr);
 }

@@ -1,9 +1,9 @@
-#include "attributes/views/apply.h"
+#include "apply.h"
 
+#include "attribute_pane.h"
 #include "attributes/attribute_tables.h"
 #include "attributes/model/edit_elements.h"
 #include "attributes/model/layer_locks.h"
-#include "attributes/views/attribute_pane.h"
 #include "frame/library_text.h"
 #include "frame/module_state.h"
 #include "frame/resource_ids.h"
@@ -24,7 +24,7 @@ namespace {
 
 constexpr const wchar_t* kUpdateSections = L"ZU_ATTREDIT_SEC3D";
 
-void warnOfLock(const CString& layer) {
+void warnAboutLock(const CString& layer) {
     CString message = libraryText(text::kLayerLocked);
     message.Replace(L"%s", layer);
     AfxMessageBox(message, MB_OK | MB_ICONSTOP);
@@ -33,7 +33,7 @@ void warnOfLock(const CString& layer) {
 void report(const std::vector<EditedElement>& edited) {
     for (const EditedElement& element : edited)
         if (element.outcome == EditOutcome::lockedLayer)
-            warnOfLock(CString(element.layer));
+            warnAboutLock(CString(element.layer));
     const auto unplaced = std::count_if(edited.begin(), edited.end(),
                                         [](const EditedElement& element) { return element.isUnplaced; });
     if (unplaced > 0)
@@ -42,10 +42,10 @@ void report(const std::vector<EditedElement>& edited) {
 
 } // namespace
 
-bool warnWhenLocked(AcDbObjectId element) {
+bool warnIfLocked(AcDbObjectId element) {
     const CString layer = LayerLocks().lockedLayer(element);
     if (!layer.IsEmpty())
-        warnOfLock(layer);
+        warnAboutLock(layer);
     return !layer.IsEmpty();
 }
 

@@ -8,19 +8,19 @@ namespace zu {
 
 class AttributePane;
 
-/// Shows the user the name of the element's layer when that is locked; true then. False for an element that
-/// can't be opened.
-bool warnWhenLocked(AcDbObjectId element);
+/// Shows a message box with the name of the element's layer if that is locked. Returns true if it is locked,
+/// false otherwise and for an element that cannot be opened.
+bool warnIfLocked(AcDbObjectId element);
 
-/// Writes those values of a property list that may be written to the elements and reports the outcome: a
-/// message box for each element on a locked layer, a line on the command line with the number of changed
-/// elements whose mounting height ("S401") is no number. Sends the host the command that updates dependent
-/// section drawings. Returns the number of changed elements.
+/// Writes the writable values of a property list to the elements, then sends the host the command that
+/// updates dependent section drawings. Shows a message box for each element on a locked layer, and reports on
+/// the command line how many changed elements have a mounting height ("S401") that is not a number. Returns
+/// the number of changed elements.
 int writeBack(std::span<const AcDbObjectId> elements, std::span<const ShownItem> items,
               const ParameterIndex& parameters);
 
-/// Writes the pane's values back by the parameter table as its file is now; without the table nothing is
-/// written. Returns the number of changed elements.
+/// Writes the pane's values to the elements, using the parameter table as its file is now; without the table
+/// it writes nothing. Returns the number of changed elements.
 int applyToEntities(const AttributePane& pane, std::span<const AcDbObjectId> elements);
 
 } // namespace zu

@@ -1,4 +1,4 @@
-#include "attributes/views/attribute_pane.h"
+#include "attribute_pane.h"
 
 #include <arxutil.h>
 #include <zucomn/views.h>

@@ -1,4 +1,4 @@
-#include "attributes/views/attribute_pane.h"
+#include "attribute_pane.h"
 #include "frame/module_state.h"
 
 #include <zucomn/views.h>
@@ -34,7 +34,7 @@ void CAttView::AddListView(AcDbObjectId entity, CStringArray* keys) {
 }
 
 void CAttView::AddListView(const AcArray<AcDbObjectId>& entities, CStringArray* keys) {
-    m_pane->showEntities({entities.asArrayPtr(), static_cast<std::size_t>(entities.length())}, keys);
+    m_pane->showEntities(zu::spanOf(entities), keys);
 }
 
 void CAttView::AddGrid(const wchar_t* partFile, CStringArray* keys) {

@@ -1,9 +1,9 @@
-#include "attributes/views/attribute_pane.h"
+#include "attribute_pane.h"
 
 #include "attributes/attribute_rows.h"
 #include "attributes/attribute_tables.h"
 #include "attributes/model/field_rules.h"
-#include "attributes/views/entity_attributes.h"
+#include "entity_attributes.h"
 #include "frame/library_text.h"
 #include "frame/module_state.h"
 #include "frame/resource_ids.h"
@@ -16,7 +16,7 @@ namespace zu {
 
 namespace {
 
-/// An offered text that is empty stands for free entry; so does having nothing to offer.
+/// An empty offered text allows free text, as does an item without offered texts.
 CPropertyItem propertyOf(const ShownItem& shown, const ParameterIndex& parameters) {
     const CString id = attributeField(shown.key, 1);
     CPropertyItem item;
@@ -35,7 +35,7 @@ CPropertyItem propertyOf(const ShownItem& shown, const ParameterIndex& parameter
     return item;
 }
 
-bool comesFirst(const ShownItem& left, const ShownItem& right) {
+bool precedes(const ShownItem& left, const ShownItem& right) {
     if (left.shared != right.shared)
         return left.shared;
     return compareIds(attributeField(left.key, 1), attributeField(right.key, 1)) < 0;
@@ -45,12 +45,12 @@ bool isDigit(wchar_t character) {
     return character >= L'0' && character <= L'9';
 }
 
-/// The number that begins at a place, which moves behind it.
-long long numberAt(const CString& text, int& place) {
-    constexpr long long kMost = 1'000'000'000'000;
+/// Parses the number at a position and advances the position past it.
+long long parseNumber(const CString& text, int& position) {
+    constexpr long long kMaximum = 1'000'000'000'000;
     long long number = 0;
-    for (; place < text.GetLength() && isDigit(text[place]); ++place)
-        number = std::min(number * 10 + (text[place] - L'0'), kMost);
+    for (; position < text.GetLength() && isDigit(text[position]); ++position)
+        number = std::min(number * 10 + (text[position] - L'0'), kMaximum);
     return number;
 }
 
@@ -61,8 +61,8 @@ int compareIds(const CString& left, const CString& right) {
     int r = 0;
     while (l < left.GetLength() && r < right.GetLength()) {
         if (isDigit(left[l]) && isDigit(right[r])) {
-            const long long first = numberAt(left, l);
-            const long long second = numberAt(right, r);
+            const long long first = parseNumber(left, l);
+            const long long second = parseNumber(right, r);
             if (first != second)
                 return first < second ? -1 : 1;
         } else if (left[l] != right[r]) {
@@ -91,16 +91,12 @@ void AttributePane::resize(int width, int height) {
         list_.MoveWindow(0, 0, width, height);
 }
 
-void AttributePane::clear() {
-    show({}, nullptr);
-}
-
 void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys) {
     const int before = list_.GetSelectedItem();
     const CString selectedKey = before >= 0 ? manager_.GetItem(before).key : CString();
     const ParameterIndex parameters(AttributeTables::instance().parameters());
     std::vector<ShownItem> ordered(items.begin(), items.end());
-    std::stable_sort(ordered.begin(), ordered.end(), comesFirst);
+    std::stable_sort(ordered.begin(), ordered.end(), precedes);
     list_.EndEdit(false);
     manager_.Clear();
     const ResourceScope scope;

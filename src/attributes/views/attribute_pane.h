@@ -6,32 +6,35 @@
 #include <dbid.h>
 #include <zucomn/property_list.h>
 
+#include <span>
+
 namespace zu {
 
-/// The identifier of the property list in every view.
+/// Control identifier of the property list in all views.
 inline constexpr UINT kPropertyListId = 3002;
 
-/// The property list of an attribute view with what it shows: the one implementation behind the views.
+/// The property list of an attribute view and its items; shared by all attribute views.
 class AttributePane {
 public:
-    /// Makes the list in the view and reads the library's tables unless they are there. False when the list
-    /// can't be made.
+    /// Creates the list in the view and reads the library's tables that are missing. Returns false when the
+    /// list cannot be created.
     bool create(CWnd& view);
     void resize(int width, int height);
 
-    void clear();
-    /// Shows the items, ordered by attribute id within "共通" and "一般"; `keys` (may be null) receives their
-    /// keys in that order.
+    /// Shows the items, sorted by attribute id within "共通" and "一般"; appends their keys in this order to
+    /// `keys`, which may be null.
     void show(std::span<const ShownItem> items, CStringArray* keys);
-    /// Shows the attributes of entities; those without a record are passed over.
+    /// Shows the attributes of entities; those without a record are skipped.
     void showEntities(std::span<const AcDbObjectId> entities, CStringArray* keys);
-    /// Shows the attribute file of a part; nothing when it has none.
+    /// Shows the attribute file of a part; an empty list when there is none.
     void showPart(const wchar_t* partFile, CStringArray* keys);
 
+    /// See CAttView::GetAttSel and CAttView::GetAttAll.
     int selected(CStringArray& keys, CStringArray& values) const;
     void all(CStringArray& keys, CStringArray& values) const;
+    /// Sets the value of the item with the key, given without "|".
     void setValue(const wchar_t* key, const wchar_t* value);
-    /// The values as they stand in the list, for writing back.
+    /// Returns the items with their current values.
     [[nodiscard]] std::vector<ShownItem> items() const;
 
     [[nodiscard]] CPropertyListCtrl& list() { return list_; }
@@ -42,7 +45,11 @@ private:
     CPropertyListCtrl list_;
 };
 
-/// Orders attribute ids as people do: letters first, then the number in them. Below, at or above 0.
+/// Compares attribute ids; runs of digits compare as numbers. Returns a value below, equal to or above 0.
 [[nodiscard]] int compareIds(const CString& left, const CString& right);
+
+[[nodiscard]] inline std::span<const AcDbObjectId> spanOf(const AcArray<AcDbObjectId>& ids) {
+    return {ids.asArrayPtr(), static_cast<std::size_t>(ids.length())};
+}
 
 } // namespace zu

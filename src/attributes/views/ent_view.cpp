@@ -1,7 +1,7 @@
+#include "apply.h"
+#include "attribute_pane.h"
 #include "attributes/model/field_rules.h"
-#include "attributes/views/apply.h"
-#include "attributes/views/attribute_pane.h"
-#include "attributes/views/entity_list.h"
+#include "entity_list.h"
 #include "frame/library_text.h"
 #include "frame/module_state.h"
 #include "frame/resource_ids.h"
@@ -19,15 +19,11 @@ constexpr int kButtonHeight = 23;
 constexpr UINT kSynchronise = WM_APP;
 constexpr zu::EntityList::Column kColumns[] = {{zu::text::kElement}, {zu::text::kLayer}};
 
-/// The attribute view beside an entity view; null outside an attribute window.
-CAttView* attributesBeside(const CWnd& view) {
+/// Returns the attribute view in the frame of an entity view; null outside an attribute window.
+CAttView* attributeViewOf(const CWnd& view) {
     const CFrameWnd* const frame = view.GetParentFrame();
     const bool isAttributeWindow = frame != nullptr && frame->IsKindOf(RUNTIME_CLASS(CAttFrameWnd)) != FALSE;
     return isAttributeWindow ? static_cast<const CAttFrameWnd*>(frame)->GetRightPane() : nullptr;
-}
-
-std::span<const AcDbObjectId> spanOf(const AcArray<AcDbObjectId>& ids) {
-    return {ids.asArrayPtr(), static_cast<std::size_t>(ids.length())};
 }
 
 } // namespace
@@ -81,7 +77,7 @@ AcArray<AcDbObjectId> CEntView::GetSelectedEntities() const {
     return m_list->selectedEntities();
 }
 
-/// A change of the selection comes line by line; the attribute view follows once for all of them.
+/// Selecting several lines notifies once per line; the attribute view is refilled once, by a posted message.
 void CEntView::OnItemchanged(NMHDR* header, LRESULT* result) {
     const auto& change = *reinterpret_cast<const NMLISTVIEW*>(header);
     if ((change.uChanged & LVIF_STATE) != 0 && !m_synchronises)
@@ -97,17 +93,17 @@ LRESULT CEntView::OnSynchronise(WPARAM /*wParam*/, LPARAM /*lParam*/) {
 
 void CEntView::Synchronise() {
     m_synchronises = false;
-    if (CAttView* const attributes = attributesBeside(*this); attributes != nullptr)
+    if (CAttView* const attributes = attributeViewOf(*this); attributes != nullptr)
         attributes->AddListView(GetSelectedEntities(), nullptr);
 }
 
 void CEntView::OnUpdateAttributes() {
     if (m_synchronises)
-        Synchronise(); // the values that are shown yet are those of other entities
-    CAttView* const attributes = attributesBeside(*this);
+        Synchronise(); // the attribute view still shows the previous selection
+    CAttView* const attributes = attributeViewOf(*this);
     if (attributes == nullptr || !attributes->pane().list().EndEdit(true))
         return;
-    zu::applyToEntities(attributes->pane(), spanOf(GetSelectedEntities()));
+    zu::applyToEntities(attributes->pane(), zu::spanOf(GetSelectedEntities()));
     Synchronise();
 }
 

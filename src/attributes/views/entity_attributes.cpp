@@ -1,4 +1,4 @@
-#include "attributes/views/entity_attributes.h"
+#include "entity_attributes.h"
 
 #include "attributes/attribute_record.h"
 #include "attributes/model/progress_scope.h"

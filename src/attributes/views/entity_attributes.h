@@ -8,8 +8,8 @@
 
 namespace zu {
 
-/// The items of entities' "ZU_ATTR" records; entities without one are passed over. Shows the host's progress
-/// meter while it reads many.
+/// Returns the items of the entities' attribute records; entities without one are skipped. Shows the host's
+/// progress meter meanwhile.
 [[nodiscard]] std::vector<ShownItem> shownItemsOf(std::span<const AcDbObjectId> entities);
 
 } // namespace zu

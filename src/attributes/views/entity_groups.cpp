@@ -1,4 +1,4 @@
-#include "attributes/views/entity_list.h"
+#include "entity_list.h"
 
 #include <dbents.h>
 #include <dbobjptr.h>
@@ -11,7 +11,7 @@ namespace zu {
 
 namespace {
 
-/// The name of a block reference's block, else that of the entity's class.
+/// Returns the block name of a block reference, or the class name of any other entity.
 CString kindOf(const AcDbEntity& entity) {
     const AcDbBlockReference* const reference = AcDbBlockReference::cast(&entity);
     if (reference == nullptr)
@@ -40,16 +40,16 @@ CEntityGroup::Row rowOf(const AcDbEntity& entity, AcDbObjectId id) {
 
 std::vector<CEntityGroup> groupsOf(const AcArray<AcDbObjectId>& entities) {
     std::vector<CEntityGroup> groups;
-    std::map<CString, std::size_t> places;
+    std::map<CString, std::size_t> indexes;
     for (const AcDbObjectId id : entities) {
         const AcDbObjectPointer<AcDbEntity> entity(id);
         if (entity.openStatus() != Acad::eOk)
             continue;
         const CString kind = kindOf(*entity);
-        const auto [place, isNew] = places.emplace(kind, groups.size());
+        const auto [index, isNew] = indexes.emplace(kind, groups.size());
         if (isNew)
             groups.push_back({kind, {}});
-        groups[place->second].rows.push_back(rowOf(*entity, id));
+        groups[index->second].rows.push_back(rowOf(*entity, id));
     }
     for (CEntityGroup& group : groups)
         group.title += L" (" + CString(std::to_wstring(group.rows.size()).c_str()) + L")";

@@ -1,6 +1,6 @@
-#include "attributes/views/entity_list.h"
+#include "entity_list.h"
 
-#include "attributes/views/expander.h"
+#include "expander.h"
 #include "frame/library_text.h"
 
 #include <set>
@@ -105,12 +105,12 @@ int EntityList::parentOf(int index) const {
     return index;
 }
 
-std::vector<EntityList::Place> EntityList::selectedRows() const {
-    std::vector<Place> places;
-    std::set<Place> seen;
+std::vector<EntityList::RowIndex> EntityList::selectedRows() const {
+    std::vector<RowIndex> rows;
+    std::set<RowIndex> seen;
     const auto add = [&](std::size_t group, std::size_t row) {
         if (seen.emplace(group, row).second)
-            places.emplace_back(group, row);
+            rows.emplace_back(group, row);
     };
     for (int index = GetNextItem(-1, LVNI_SELECTED); index >= 0; index = GetNextItem(index, LVNI_SELECTED)) {
         const Line& line = *lineAt(index);
@@ -120,7 +120,7 @@ std::vector<EntityList::Place> EntityList::selectedRows() const {
             for (std::size_t row = 0; row < groups_[line.group].rows.size(); ++row)
                 add(line.group, row);
     }
-    return places;
+    return rows;
 }
 
 AcArray<AcDbObjectId> EntityList::selectedEntities() const {
@@ -140,15 +140,15 @@ void EntityList::selectRowsBelow(int index) {
         SetItemState(index + row, LVIS_SELECTED, LVIS_SELECTED);
 }
 
-// ---- folding
+// ---- collapsing and expanding
 
 void EntityList::OnLButtonDown(UINT flags, CPoint point) {
     const int index = HitTest(point);
     const Line* const line = lineAt(index);
     CRect row;
-    const bool isMark = line != nullptr && line->kind == Line::kParent && GetItemRect(index, &row) != FALSE &&
-                        point.x < row.left + kExpanderWidth;
-    if (isMark)
+    const bool isExpander = line != nullptr && line->kind == Line::kParent &&
+                            GetItemRect(index, &row) != FALSE && point.x < row.left + kExpanderWidth;
+    if (isExpander)
         setExpanded(index, !line->isExpanded);
     else
         CListCtrl::OnLButtonDown(flags, point);
@@ -165,11 +165,11 @@ void EntityList::OnKeyDown(UINT key, UINT repeat, UINT flags) {
     const int index = GetNextItem(-1, LVNI_FOCUSED);
     const Line* const line = lineAt(index);
     const bool isParent = line != nullptr && line->kind == Line::kParent;
-    const bool folds = key == VK_LEFT || key == VK_SUBTRACT;
-    const bool unfolds = key == VK_RIGHT || key == VK_ADD;
-    if (isParent && (folds || unfolds)) {
-        setExpanded(index, unfolds);
-    } else if (line != nullptr && folds) {
+    const bool collapses = key == VK_LEFT || key == VK_SUBTRACT;
+    const bool expands = key == VK_RIGHT || key == VK_ADD;
+    if (isParent && (collapses || expands)) {
+        setExpanded(index, expands);
+    } else if (line != nullptr && collapses) {
         SetItemState(-1, 0, LVIS_SELECTED);
         SetItemState(parentOf(index), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     } else {

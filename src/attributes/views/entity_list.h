@@ -8,34 +8,35 @@
 
 namespace zu {
 
-/// The two-level list of the entity view: a line for each group, and one for each row of the groups that are
-/// unfolded.
+/// The two-level list of the entity view: one line per group, and one per row of the expanded groups.
 class EntityList : public CListCtrl {
 public:
     static constexpr UINT kId = 3003;
 
     struct Column {
-        unsigned title = 0; ///< Id of the text.
+        unsigned title = 0; ///< Id of a library text.
         int width = 150;
     };
-    /// The list in a view.
+    /// Creates the list in a view. Returns false when that fails.
     bool create(CWnd& view, std::span<const Column> columns);
 
+    /// Sets the groups and empties the list.
     void setGroups(std::vector<CEntityGroup> groups);
-    /// Fills the list anew: the first group unfolded and selected. Throws the framework's invalid-argument
+    /// Fills the list, with the first group expanded and selected. Throws the framework's invalid-argument
     /// exception for a row without a column.
     void fill();
 
-    /// Shows other texts of the same groups and rows; what is unfolded and selected stays so.
+    /// Replaces the texts of the rows and keeps selection and expansion. The groups must have the same sizes
+    /// as before.
     void updateTexts(std::vector<CEntityGroup> groups);
-    /// Unfolds a group and selects the lines of its rows instead of its own.
+    /// Expands a group and selects the lines of its rows instead of its own line.
     void selectRowsBelow(int index);
 
-    /// A group and one of its rows.
-    using Place = std::pair<std::size_t, std::size_t>;
-    /// The rows of the selected lines, each once, in the order of the list; a group's line stands for all of
+    /// The indexes of a group and of one of its rows.
+    using RowIndex = std::pair<std::size_t, std::size_t>;
+    /// Returns the rows of the selected lines in list order, each once; the line of a group stands for all of
     /// its rows.
-    [[nodiscard]] std::vector<Place> selectedRows() const;
+    [[nodiscard]] std::vector<RowIndex> selectedRows() const;
     [[nodiscard]] AcArray<AcDbObjectId> selectedEntities() const;
 
     void DrawItem(LPDRAWITEMSTRUCT draw) override;
@@ -48,7 +49,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    /// What a line of the list refers to.
+    /// The group or row that a line of the list displays.
     struct Line {
         static constexpr int kParent = 7;
         int kind = 0; ///< kParent for the line of a group.
@@ -56,7 +57,7 @@ private:
         std::size_t row = 0;
         bool isExpanded = false;
     };
-    /// The lines of a group, those of its rows once it was unfolded.
+    /// The line of a group and, after its first expansion, the lines of its rows.
     struct GroupLines {
         Line parent;
         std::vector<Line> rows;
@@ -70,11 +71,11 @@ private:
     [[nodiscard]] int parentOf(int index) const;
 
     std::vector<CEntityGroup> groups_;
-    std::vector<GroupLines> lines_; ///< By group; the list refers to them.
+    std::vector<GroupLines> lines_; ///< By group. List items point to these lines.
     COLORREF highlight_ = 0;
 };
 
-/// Groups for the entity view: entities by their block, or by their class.
+/// Groups entities for the entity view by block, or by class if they are no block references.
 [[nodiscard]] std::vector<CEntityGroup> groupsOf(const AcArray<AcDbObjectId>& entities);
 
 } // namespace zu

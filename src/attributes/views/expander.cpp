@@ -1,18 +1,18 @@
-#include "attributes/views/expander.h"
+#include "expander.h"
 
 #include <array>
 
 namespace zu {
 
 void drawExpander(CDC& dc, const CRect& place, bool expanded, COLORREF color) {
-    constexpr int kHalf = 4;
+    constexpr int kHalfSize = 4;
     const CPoint middle((place.left + place.right) / 2, (place.top + place.bottom) / 2);
-    const std::array<POINT, 3> down{POINT{middle.x - kHalf, middle.y - kHalf / 2},
-                                    POINT{middle.x + kHalf, middle.y - kHalf / 2},
-                                    POINT{middle.x, middle.y + kHalf / 2 + 1}};
-    const std::array<POINT, 3> right{POINT{middle.x - kHalf / 2, middle.y - kHalf},
-                                     POINT{middle.x + kHalf / 2 + 1, middle.y},
-                                     POINT{middle.x - kHalf / 2, middle.y + kHalf}};
+    const std::array<POINT, 3> down{POINT{middle.x - kHalfSize, middle.y - kHalfSize / 2},
+                                    POINT{middle.x + kHalfSize, middle.y - kHalfSize / 2},
+                                    POINT{middle.x, middle.y + kHalfSize / 2 + 1}};
+    const std::array<POINT, 3> right{POINT{middle.x - kHalfSize / 2, middle.y - kHalfSize},
+                                     POINT{middle.x + kHalfSize / 2 + 1, middle.y},
+                                     POINT{middle.x - kHalfSize / 2, middle.y + kHalfSize}};
     dc.SetTextColor(color);
     dc.Polygon(expanded ? down.data() : right.data(), static_cast<int>(down.size()));
 }

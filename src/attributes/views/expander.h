@@ -4,14 +4,14 @@
 
 namespace zu {
 
-/// Width of the place that a triangle takes at the beginning of a line.
+/// Width of the area for the triangle at the start of a line, in pixels.
 inline constexpr int kExpanderWidth = 18;
 
-/// The triangle of a line that collapses, in the middle of the rectangle: pointing down when it is expanded,
-/// to the right when not.
+/// Draws the triangle of a collapsible line, centred in the rectangle: pointing down when the line is
+/// expanded, right when it is collapsed.
 void drawExpander(CDC& dc, const CRect& place, bool expanded, COLORREF color);
 
-/// A colour between two of the desktop's; `share` hundredths are the second's.
+/// Mixes two colours; `share` is the percentage of the second.
 [[nodiscard]] COLORREF mixed(COLORREF first, COLORREF second, unsigned share);
 
 } // namespace zu

@@ -49,7 +49,7 @@ void CMyAdaptablePropertyItemManager::SetExpanded(int category, bool expanded) {
         m_collapsed.erase(GetCategoryName(category));
     else
         m_collapsed.insert(GetCategoryName(category));
-    layOut();
+    rebuildRows();
 }
 
 int CMyAdaptablePropertyItemManager::GetItemCount() const {
@@ -80,7 +80,7 @@ const std::vector<CMyAdaptablePropertyItemManager::Row>& CMyAdaptablePropertyIte
     return m_rows;
 }
 
-void CMyAdaptablePropertyItemManager::layOut() {
+void CMyAdaptablePropertyItemManager::rebuildRows() {
     m_rows.clear();
     for (int category = 0; category < static_cast<int>(m_categories.size()); ++category) {
         const bool isLast = category + 1 == static_cast<int>(m_categories.size());

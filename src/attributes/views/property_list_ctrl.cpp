@@ -1,4 +1,4 @@
-#include "attributes/views/expander.h"
+#include "expander.h"
 
 #include <zucomn/property_list.h>
 
@@ -14,16 +14,16 @@ ON_WM_MOUSEMOVE()
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONUP()
 ON_WM_LBUTTONDBLCLK()
-ON_MESSAGE(WM_APP, OnPicked)
-ON_MESSAGE(WM_APP + 1, OnClosedUp)
+ON_MESSAGE(kPicked, OnPicked)
+ON_MESSAGE(kClosedUp, OnClosedUp)
 END_MESSAGE_MAP()
 
 namespace {
 
-constexpr const wchar_t* kSettings = L"PropertyList";
-constexpr const wchar_t* kDividerSetting = L"Divider";
-constexpr int kGrip = 3;
-constexpr int kLeastCell = 40;
+constexpr const wchar_t* kProfileSection = L"PropertyList";
+constexpr const wchar_t* kDividerEntry = L"Divider";
+constexpr int kGripWidth = 3;
+constexpr int kMinimumCellWidth = 40;
 
 } // namespace
 
@@ -38,7 +38,7 @@ BOOL CPropertyListCtrl::Create(DWORD style, const RECT& rectangle, CWnd* parent,
     m_headingFont.GetLogFont(&font);
     font.lfWeight = FW_BOLD;
     m_headingFont.CreateFontIndirect(&font);
-    m_divider = static_cast<int>(AfxGetApp()->GetProfileInt(kSettings, kDividerSetting, 0));
+    m_divider = static_cast<int>(AfxGetApp()->GetProfileInt(kProfileSection, kDividerEntry, 0));
     return CListBox::Create(style, rectangle, parent, id);
 }
 
@@ -67,9 +67,9 @@ void CPropertyListCtrl::Refresh() {
 }
 
 const CPropertyListCtrl::Row* CPropertyListCtrl::rowAt(int index) const {
-    const bool isThere =
+    const bool isValid =
         m_manager != nullptr && index >= 0 && index < static_cast<int>(m_manager->GetRows().size());
-    return isThere ? &m_manager->GetRows()[static_cast<std::size_t>(index)] : nullptr;
+    return isValid ? &m_manager->GetRows()[static_cast<std::size_t>(index)] : nullptr;
 }
 
 const CPropertyItem* CPropertyListCtrl::itemAt(int index) const {
@@ -88,18 +88,19 @@ void CPropertyListCtrl::SelectItem(int item) {
             SetCurSel(index);
 }
 
-// ---- the bar between names and values
+// ---- divider between names and values
 
 int CPropertyListCtrl::GetDivider() const {
     CRect client;
     GetClientRect(&client);
     const int wanted = m_divider > 0 ? m_divider : client.Width() * 9 / 20;
-    return std::clamp(wanted, std::min(kLeastCell, client.Width()),
-                      std::max(client.Width() - kLeastCell, std::min(kLeastCell, client.Width())));
+    return std::clamp(
+        wanted, std::min(kMinimumCellWidth, client.Width()),
+        std::max(client.Width() - kMinimumCellWidth, std::min(kMinimumCellWidth, client.Width())));
 }
 
-void CPropertyListCtrl::setDivider(int place) {
-    m_divider = std::max(place, kLeastCell);
+void CPropertyListCtrl::setDivider(int position) {
+    m_divider = std::max(position, kMinimumCellWidth);
     placeEditor();
     Invalidate();
 }
@@ -107,7 +108,7 @@ void CPropertyListCtrl::setDivider(int place) {
 bool CPropertyListCtrl::isOnDivider(CPoint point) const {
     BOOL outside = FALSE;
     const int index = static_cast<int>(ItemFromPoint(point, outside));
-    return outside == FALSE && itemAt(index) != nullptr && std::abs(point.x - GetDivider()) <= kGrip;
+    return outside == FALSE && itemAt(index) != nullptr && std::abs(point.x - GetDivider()) <= kGripWidth;
 }
 
 void CPropertyListCtrl::OnSize(UINT type, int width, int height) {
@@ -144,7 +145,7 @@ void CPropertyListCtrl::OnLButtonDown(UINT flags, CPoint point) {
 void CPropertyListCtrl::OnLButtonUp(UINT flags, CPoint point) {
     if (m_isDragging) {
         m_isDragging = false;
-        AfxGetApp()->WriteProfileInt(kSettings, kDividerSetting, m_divider);
+        AfxGetApp()->WriteProfileInt(kProfileSection, kDividerEntry, m_divider);
         return;
     }
     CListBox::OnLButtonUp(flags, point);
@@ -191,7 +192,7 @@ void CPropertyListCtrl::OnKeyDown(UINT key, UINT repeat, UINT flags) {
         CListBox::OnKeyDown(key, repeat, flags);
 }
 
-/// Typing begins to edit where free text is allowed, with the character typed.
+/// Typing opens the editor. Where free text is allowed, the character replaces the value.
 void CPropertyListCtrl::OnChar(UINT character, UINT /*repeat*/, UINT /*flags*/) {
     const CPropertyItem* const item = itemAt(GetCurSel());
     if (item == nullptr || !item->editable || GetKeyState(VK_CONTROL) < 0 || !BeginEdit())

@@ -1,4 +1,4 @@
-#include "attributes/views/expander.h"
+#include "expander.h"
 
 #include <zucomn/property_list.h>
 
@@ -79,7 +79,7 @@ CRect CPropertyListCtrl::valueCell(int index) const {
     return cell;
 }
 
-/// Tells the whole text of a cell that is too narrow for it.
+/// Provides a tool tip with the full text of a cell that truncates it.
 std::intptr_t CPropertyListCtrl::OnToolHitTest(CPoint point, TOOLINFO* tool) const {
     BOOL outside = FALSE;
     const int index = static_cast<int>(ItemFromPoint(point, outside));

@@ -9,15 +9,14 @@ namespace {
 
 constexpr UINT kChoicesId = 1;
 constexpr UINT kTextId = 2;
-constexpr UINT kPicked = WM_APP;
-constexpr UINT kClosedUp = WM_APP + 1;
 
-void refuseBar() {
+void showBarRejected() {
     AfxMessageBox(zu::libraryText(zu::text::kNoBarInValues), MB_OK | MB_ICONSTOP);
 }
 
-/// -1 for a value that is no choice. The box's own search would take one that differs in case.
-int placeOf(const CString& value, const std::vector<CString>& choices) {
+/// Returns the index of the value among the choices; -1 when there is none. The combo box's own search
+/// ignores case.
+int choiceIndex(const CString& value, const std::vector<CString>& choices) {
     const auto found = std::find(choices.begin(), choices.end(), value);
     return found != choices.end() ? static_cast<int>(found - choices.begin()) : -1;
 }
@@ -56,7 +55,7 @@ void CPropertyListCtrl::openEditor(int index, const CPropertyItem& item) {
                          kChoicesId);
         for (const CString& choice : item.choices)
             m_choices.AddString(choice);
-        m_choices.SetCurSel(placeOf(item.value, item.choices));
+        m_choices.SetCurSel(choiceIndex(item.value, item.choices));
     }
     editor()->SetWindowText(item.value);
     editor()->SetFocus();
@@ -98,12 +97,12 @@ bool CPropertyListCtrl::EndEdit(bool accept) {
     if (!IsEditing() || m_isClosing)
         return !IsEditing();
     const CString value = editedText();
-    // A list that shows no choice has nothing to give.
+    // A drop-down list without a selected choice has no value.
     const bool isChosen = m_choices.GetSafeHwnd() == nullptr || m_manager->GetItem(m_editedItem).freeText ||
                           m_choices.GetCurSel() >= 0;
     if (accept && isChosen && value.Find(L'|') >= 0) {
         m_isClosing = true;
-        refuseBar();
+        showBarRejected();
         m_isClosing = false;
         editor()->SetFocus();
         return false;
@@ -117,7 +116,7 @@ bool CPropertyListCtrl::EndEdit(bool accept) {
     return true;
 }
 
-// ---- the editor's keys and notifications
+// ---- keys and notifications of the editor
 
 BOOL CPropertyListCtrl::PreTranslateMessage(MSG* message) {
     const bool isEditorKey =
@@ -153,7 +152,7 @@ bool CPropertyListCtrl::onEditorKey(UINT key) {
     }
 }
 
-/// Goes on to the next value that can be edited; stays where it is at the end.
+/// Opens the editor of the nearest editable item in the direction of `step`, if there is one.
 void CPropertyListCtrl::editNeighbour(int step) {
     if (!EndEdit(true))
         return;
@@ -181,7 +180,7 @@ BOOL CPropertyListCtrl::OnCommand(WPARAM wParam, LPARAM lParam) {
     return TRUE;
 }
 
-/// What is picked from the open list is taken at once; moving in the closed one is not yet a choice.
+/// Picking from the open drop-down list accepts the value; arrow keys in the closed list do not.
 LRESULT CPropertyListCtrl::OnPicked(WPARAM /*wParam*/, LPARAM /*lParam*/) {
     EndEdit(true);
     return 0;
