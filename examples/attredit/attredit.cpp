@@ -1,4 +1,5 @@
-// A module of the CAD host that edits an attribute of every element of a drawing, and watches replacements.
+// An application module of the CAD host: its command raises all elements of a drawing, and its reactor
+// reports replaced route elements.
 #include <zucomn/attributes.h>
 #include <zucomn/frame.h>
 #include <zucomn/replace_reactor.h>
@@ -26,11 +27,11 @@ constexpr const wchar_t* kGroup = L"ATTREDIT";
 constexpr const wchar_t* kRecord = L"ZU_ATTR";
 constexpr const wchar_t* kHeight = L"S401";
 
-/// Tells on the command line what was replaced by what.
-class Watch final : public CReplaceReactor {
+/// Reports replaced route elements on the command line. Registered for the lifetime of the object.
+class ReplacementReporter final : public CReplaceReactor {
 public:
-    Watch() { RuleComn_addReplaceReactor(this); }
-    ~Watch() override { RuleComn_removeReplaceReactor(this); }
+    ReplacementReporter() { RuleComn_addReplaceReactor(this); }
+    ~ReplacementReporter() override { RuleComn_removeReplaceReactor(this); }
 
     void erase(AcDbObjectId id) override { acutPrintf(L"attredit: %llX goes\n", id.handle().value()); }
     void terminated(AcDbObjectId id, AcArray<AcDbObjectId> newIds) override {
@@ -41,7 +42,7 @@ public:
     }
 };
 
-std::unique_ptr<Watch> watch;
+std::unique_ptr<ReplacementReporter> reporter;
 
 std::vector<AcDbObjectId> entitiesOfModelSpace() {
     AcDbDatabase* const database = ZuComn_getWorkDatabase();
@@ -55,7 +56,7 @@ std::vector<AcDbObjectId> entitiesOfModelSpace() {
     return record.openStatus() == Acad::eOk ? record->entityIds() : std::vector<AcDbObjectId>();
 }
 
-/// Raises an element by 100. False when it has no height or can't be changed.
+/// Raises an element by 100 drawing units. Returns false when it has no height or cannot be changed.
 bool raise(AcDbObjectId element) {
     CAttributeData attributes;
     CStringArray record;
@@ -68,7 +69,7 @@ bool raise(AcDbObjectId element) {
     return ApiComn_appendAttributesArray(element, kRecord, record) == 0;
 }
 
-/// The command ATTREDIT_RAISE.
+/// Implements the command ATTREDIT_RAISE.
 void raiseAll() {
     int raised = 0;
     for (const AcDbObjectId element : entitiesOfModelSpace())
@@ -88,10 +89,10 @@ AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) {
         acrxDynamicLinker->unlockApplication(packet);
         acrxDynamicLinker->registerAppMDIAware(packet);
         acedRegCmds->addCommand(kGroup, L"ATTREDIT_RAISE", L"ATTREDIT_RAISE", ACRX_CMD_MODAL, raiseAll);
-        watch = std::make_unique<Watch>();
+        reporter = std::make_unique<ReplacementReporter>();
         break;
     case AcRx::kUnloadAppMsg:
-        watch.reset();
+        reporter.reset();
         acedRegCmds->removeGroup(kGroup);
         break;
     default:

@@ -1,5 +1,5 @@
-// Stands in for a host's session: loads the module, opens a drawing, runs the module's command, replaces an
-// element and saves.
+// Runs a module as a session of the host would: opens a drawing, loads the module, runs its command, replaces
+// an element by a neighbour and saves the drawing.
 //   run_attredit MODULE DRAWING HANDLE OUT
 #include <zucomn/dbservices.h>
 #include <zucomn/replace_reactor.h>
@@ -23,8 +23,9 @@ int fail(std::wstring_view why) {
     return 1;
 }
 
-/// The first element joined to another in one of its groups.
-AcDbObjectId joinedTo(AcDbObjectId element) {
+/// Returns the first element that is connected to the given one in one of its groups; null when there is
+/// none.
+AcDbObjectId connectedTo(AcDbObjectId element) {
     AcArray<AcDbObjectId> groups;
     ZuComn_GetGroupID(element, groups);
     for (const AcDbObjectId group : groups) {
@@ -43,20 +44,20 @@ int run(const std::wstring& module, const std::wstring& file, const std::wstring
         return fail(database.lastErrorText());
     acdbHostApplicationServices()->setWorkingDatabase(&database);
     if (!acrxLoadModule(module.c_str(), true))
-        return 1;
+        return fail(L"cannot load the module " + module);
     ApiComn_sendCommand(L"ATTREDIT_RAISE", 0, 1, 1);
 
     AcDbObjectId element;
     database.getAcDbObjectId(element, false, AcDbHandle(handle.c_str()));
-    const AcDbObjectId neighbour = joinedTo(element);
+    const AcDbObjectId neighbour = connectedTo(element);
     if (neighbour.isNull())
-        return fail(L"no element is joined to " + handle);
-    AcArray<AcDbObjectId> merged;
-    merged.append(element);
-    AcArray<AcDbObjectId> remaining;
-    remaining.append(neighbour);
-    if (RuleComn_rootReplace(merged, remaining) != 0)
-        return fail(L"the element can't be replaced");
+        return fail(L"element " + handle + L" is connected to no other element; choose another handle");
+    AcArray<AcDbObjectId> replaced;
+    replaced.append(element);
+    AcArray<AcDbObjectId> replacement;
+    replacement.append(neighbour);
+    if (RuleComn_rootReplace(replaced, replacement) != 0)
+        return fail(L"element " + handle + L" cannot be replaced: it or one of its groups is open");
 
     const bool isUnloaded = acrxUnloadModule(module.c_str());
     if (database.dxfOut(out.c_str()) != Acad::eOk)

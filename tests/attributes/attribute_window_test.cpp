@@ -34,7 +34,7 @@ std::wstring text(const CString& value) {
     return static_cast<const wchar_t*>(value);
 }
 
-/// The office floor of the samples as working database.
+/// Loads the office-floor sample as the working database.
 class OfficeFloor {
 public:
     OfficeFloor() {
@@ -66,7 +66,7 @@ private:
     AcDbDatabase database_{false, true};
 };
 
-// Handles of the drawing: straight ducts, a pipe, and an air handler on a locked layer.
+// Handles in the drawing: two straight ducts, a pipe, and an air handler on a locked layer.
 constexpr Adesk::UInt64 kDuct = 0x110;
 constexpr Adesk::UInt64 kSecondDuct = 0x114;
 constexpr Adesk::UInt64 kPipe = 0x168;
@@ -86,7 +86,7 @@ protected:
         zuhost::processPendingEvents();
     }
 
-    /// Rows of the property list: 0 is the first heading.
+    /// Clicks a row of the property list; row 0 is the first heading.
     static void click(CPropertyListCtrl& list, int row, bool onValue) {
         CRect place;
         ASSERT_EQ(list.GetItemRect(row, &place), 0);
@@ -105,7 +105,7 @@ protected:
     OfficeFloor drawing_;
 };
 
-/// The window with the entity view.
+/// The attribute window with its entity view.
 class FrameTest : public AttributeWindow {
 protected:
     FrameTest() : frame_(*new CAttFrameWnd) {
@@ -117,7 +117,7 @@ protected:
     CPropertyListCtrl& properties() { return frame_.GetRightPane()->pane().list(); }
     CListCtrl& lines() { return *static_cast<CListCtrl*>(frame_.GetLeftPane()->GetDlgItem(3003)); }
 
-    std::vector<std::wstring> linesShown() {
+    std::vector<std::wstring> listedLines() {
         std::vector<std::wstring> shown;
         shown.reserve(static_cast<std::size_t>(lines().GetItemCount()));
         for (int i = 0; i < lines().GetItemCount(); ++i)
@@ -145,9 +145,9 @@ protected:
 
 using Lines = std::vector<std::wstring>;
 
-TEST_F(FrameTest, GroupsFoldAndTheirSelectionIsShown) {
+TEST_F(FrameTest, GroupsCollapseAndTheSelectionIsShown) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kPipe, kSecondDuct}));
-    EXPECT_EQ(linesShown(), (Lines{L"RT-D300 (2)", L" 110", L" 114", L"RT-P50 (1)"}));
+    EXPECT_EQ(listedLines(), (Lines{L"RT-D300 (2)", L" 110", L" 114", L"RT-P50 (1)"}));
     EXPECT_EQ(shown(L"S302|"), L"300");
 
     lines().SetFocus();
@@ -156,28 +156,28 @@ TEST_F(FrameTest, GroupsFoldAndTheirSelectionIsShown) {
     EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 1);
     QTest::keyClick(lines().widget(), Qt::Key_Left);
     QTest::keyClick(lines().widget(), Qt::Key_Left);
-    EXPECT_EQ(linesShown(), (Lines{L"RT-D300 (2)", L"RT-P50 (1)"}));
+    EXPECT_EQ(listedLines(), (Lines{L"RT-D300 (2)", L"RT-P50 (1)"}));
     QTest::keyClick(lines().widget(), Qt::Key_Down);
     QTest::keyClick(lines().widget(), Qt::Key_Right);
-    EXPECT_EQ(linesShown(), (Lines{L"RT-D300 (2)", L"RT-P50 (1)", L" 168"}));
+    EXPECT_EQ(listedLines(), (Lines{L"RT-D300 (2)", L"RT-P50 (1)", L" 168"}));
     lines().SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
     zuhost::processPendingEvents();
     EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 3);
     EXPECT_EQ(shown(L"S501|"), L"*各種*");
 
     frame_.GetLeftPane()->SetEntities({});
-    EXPECT_EQ(linesShown(), Lines{});
+    EXPECT_EQ(listedLines(), Lines{});
     EXPECT_EQ(shown(L"S302|"), L"(none)");
 }
 
-TEST_F(FrameTest, RowsWithoutColumnsAreRefused) {
+TEST_F(FrameTest, RejectsRowsWithoutColumns) {
     std::vector<CEntityGroup> groups(1);
     groups[0].rows.push_back({std::make_shared<CStringArray>(), AcDbObjectId()});
     frame_.GetLeftPane()->SetGroups(std::move(groups));
     EXPECT_THROW(frame_.GetLeftPane()->AddListView(), CInvalidArgException);
 }
 
-TEST_F(FrameTest, ButtonWritesWhatWasChangedAsOneUndoStep) {
+TEST_F(FrameTest, ButtonWritesChangesAsOneUndoStep) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kSecondDuct}));
     click(properties(), 1, true);
     auto* const box = qobject_cast<QComboBox*>(editor(properties()));
@@ -202,7 +202,7 @@ TEST_F(FrameTest, ButtonWritesWhatWasChangedAsOneUndoStep) {
     EXPECT_EQ(drawing_.value(kSecondDuct, L"S302"), L"400");
 }
 
-TEST_F(FrameTest, ValuesOfOneSelectionAreNotWrittenToTheNext) {
+TEST_F(FrameTest, DoesNotWriteValuesOfThePreviousSelection) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kPipe}));
     const std::wstring height = drawing_.value(kPipe, L"S401");
     frame_.GetRightPane()->SetValue(L"S401", L"1");
@@ -225,7 +225,7 @@ TEST_F(FrameTest, KeysEditInPlace) {
     QTest::keyClick(list.widget(), Qt::Key_Space);
     EXPECT_EQ(list.GetCount(), rows);
 
-    // The size offers a list, the next item takes any text: its offer is empty.
+    // The size item has choices; the next item has none and accepts any text.
     QTest::keyClick(list.widget(), Qt::Key_Down);
     QTest::keyClick(list.widget(), Qt::Key_F2);
     QTest::keyClick(editor(list), Qt::Key_Escape);
@@ -239,7 +239,7 @@ TEST_F(FrameTest, KeysEditInPlace) {
     EXPECT_EQ(frame_.GetRightPane()->GetAttSel(keys, values), 0);
     EXPECT_EQ(text(keys[0]), L"S304|");
 
-    // Typing begins with the character typed; the bar is refused with a text, and the editor stays.
+    // Typing replaces the value. A value with "|" shows a message, and the editor stays open.
     QTest::keyClicks(list.widget(), "9");
     QTest::keyClicks(editor(list), "0|");
     {
@@ -260,7 +260,7 @@ TEST_F(FrameTest, KeysEditInPlace) {
     EXPECT_EQ(list.GetSelectedItem(), 2);
 }
 
-TEST_F(FrameTest, ItemsThatMayNotBeEditedStayClosed) {
+TEST_F(FrameTest, OnlyEditableItemsOpenAnEditor) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
     for (int row = 1; row < properties().GetCount(); ++row) {
         click(properties(), row, true);
@@ -271,7 +271,7 @@ TEST_F(FrameTest, ItemsThatMayNotBeEditedStayClosed) {
     }
 }
 
-TEST_F(FrameTest, BarBetweenNamesAndValuesIsRemembered) {
+TEST_F(FrameTest, SavesTheDividerPosition) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
     QWidget* const surface = properties().clientWidget();
     const int y = 30;
@@ -284,7 +284,7 @@ TEST_F(FrameTest, BarBetweenNamesAndValuesIsRemembered) {
     EXPECT_EQ(AfxGetApp()->GetProfileInt(L"PropertyList", L"Divider", 0), static_cast<UINT>(before - 60));
 }
 
-TEST_F(FrameTest, TextsThatAreCutOffHaveTips) {
+TEST_F(FrameTest, TruncatedTextsHaveToolTips) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
     const QPoint name(25, 30);
     QWidget* const surface = properties().clientWidget();
@@ -298,7 +298,7 @@ TEST_F(FrameTest, TextsThatAreCutOffHaveTips) {
     EXPECT_EQ(QToolTip::text(), "サイズ");
 }
 
-TEST_F(FrameTest, ValuesAreSetByKeyAndPartsShown) {
+TEST_F(FrameTest, SetsValuesByKeyAndShowsParts) {
     CAttView& view = *frame_.GetRightPane();
     CStringArray keys;
     view.AddListView(drawing_.find(kDuct), &keys);
@@ -316,12 +316,12 @@ TEST_F(FrameTest, ValuesAreSetByKeyAndPartsShown) {
     view.AddGrid(CString(settings_.folder().wide("parts/pipe.csv")), nullptr);
     click(properties(), 1, true);
     ASSERT_TRUE(properties().EndEdit(true));
-    EXPECT_EQ(shown(L"S303|"), L"25a") << "not the choice 25A while none was chosen";
+    EXPECT_EQ(shown(L"S303|"), L"25a") << "the choice 25A was not selected";
     view.AddGrid(L"missing.dxf", nullptr);
     EXPECT_EQ(view.pane().manager().GetItemCount(), 0);
 }
 
-TEST(AttributeFrames, TwinsHoldTheirOwnPanes) {
+TEST(AttributeFrames, ZuFrameHasZuViews) {
     auto* const frame = new CAttFrameWnd_ZU;
     ASSERT_TRUE(frame->Create(nullptr, L"属性"));
     EXPECT_TRUE(frame->GetLeftPane()->IsKindOf(RUNTIME_CLASS(CEntView_ZU)));
@@ -330,7 +330,7 @@ TEST(AttributeFrames, TwinsHoldTheirOwnPanes) {
     frame->DestroyWindow();
 }
 
-TEST(AttributeFrames, ShowKeysWithoutSettings) {
+TEST(AttributeFrames, ShowAttributeIdsWithoutSettings) {
     zucomn::resetLibrary();
     OfficeFloor drawing;
     auto* const frame = new CAttFrameWnd;
@@ -346,7 +346,7 @@ TEST(AttributeFrames, ShowKeysWithoutSettings) {
     frame->DestroyWindow();
 }
 
-TEST(AttributeFrames, ReadTablesThatWereMissingBefore) {
+TEST(AttributeFrames, ReadMissingTablesAgain) {
     zucomn::resetLibrary();
     const SampleSettings settings;
     const std::filesystem::path titles = settings.folder().path() / "system" / "属性IDタイトル.csv";
@@ -360,10 +360,10 @@ TEST(AttributeFrames, ReadTablesThatWereMissingBefore) {
             std::filesystem::rename(titles.string() + ".old", titles);
     }
     std::filesystem::remove(titles);
-    EXPECT_EQ(text(CAttributeData::GetItemName(L"S302")), L"サイズ") << "kept";
+    EXPECT_EQ(text(CAttributeData::GetItemName(L"S302")), L"サイズ") << "loaded tables are kept";
 }
 
-/// The view that writes at once, alone in a frame.
+/// A view that writes changes immediately, in a frame of its own.
 class AViewTest : public AttributeWindow {
 protected:
     AViewTest() : frame_(*new CFrameWnd) {
@@ -381,7 +381,7 @@ protected:
     CPropertyListCtrl* list_ = nullptr;
 };
 
-TEST_F(AViewTest, WritesAChosenValueToAllThatAreNotLocked) {
+TEST_F(AViewTest, WritesAChosenValueToUnlockedEntities) {
     view_->AddListView(drawing_.find({kDuct, kPipe, kLockedAirHandler}), nullptr);
     CStringArray keys;
     CStringArray values;
@@ -411,7 +411,7 @@ TEST_F(AViewTest, WritesAChosenValueToAllThatAreNotLocked) {
     EXPECT_NE(zuhost::pendingInput().find(L"ZU_ATTREDIT_SEC3D"), std::wstring::npos);
 }
 
-TEST_F(AViewTest, KeepsWhatIsChangedInAPartsAttributes) {
+TEST_F(AViewTest, KeepsChangedValuesOfAPart) {
     view_->AddListView(drawing_.find(kDuct), nullptr);
     const std::wstring height = drawing_.value(kDuct, L"S401");
     view_->AddGrid(CString(settings_.folder().wide("parts/fitting-01.dxf")), nullptr);

@@ -31,7 +31,7 @@ private:
     CPtrArray table_;
 };
 
-TEST_F(Model, FieldsAreCountedFromOne) {
+TEST_F(Model, NumbersFieldsFromOne) {
     struct Case {
         const wchar_t* text;
         int n;
@@ -46,7 +46,7 @@ TEST_F(Model, FieldsAreCountedFromOne) {
         EXPECT_FALSE(zu::isEditable(text));
 }
 
-TEST_F(Model, IdCodeIgnoresCaseAndKeepsTheOutputWhenMissing) {
+TEST_F(Model, FindsIdCodesIgnoringCase) {
     const CPtrArray& records = table({{L"short"}, {L"Aa", L"1", L"x"}, {L"aA", L"2", L"Y"}});
     CString code(L"kept");
     EXPECT_FALSE(zu::findIdCode(code, records, L"aa", L"z"));
@@ -80,7 +80,7 @@ TEST_F(Model, ChoicesDependOnTheKindOfTheItem) {
     EXPECT_FALSE(index.editable(L"S501") || index.editable(L"S2") || index.editable(L"S9"));
 }
 
-TEST_F(Model, SeveralEntitiesShareItems) {
+TEST_F(Model, MergesItemsOfSeveralEntities) {
     const CStringArray* const lists[] = {
         &strings({L"3|A|B|", L"S1|x|0|0|1|1|", L"S2|same |", L"S2|unreachable|"}),
         &strings({L"3|A|B|", L"S2|same|", L"S3|only  ", L"", L"S1|y|"})};
@@ -92,7 +92,7 @@ TEST_F(Model, SeveralEntitiesShareItems) {
     EXPECT_TRUE(zu::shownItems({}).empty());
 }
 
-TEST_F(Model, OnlyEditableAndMeantValuesAreWritten) {
+TEST_F(Model, WritesOnlyEditableRepresentableValues) {
     const zu::ParameterIndex index(table({{L"S1", L"", L"x", L"1"},
                                           {L"S2", L"", L"x", L"0"},
                                           {L"S3", L"", L"x", L"1"},
@@ -110,7 +110,7 @@ TEST_F(Model, OnlyEditableAndMeantValuesAreWritten) {
     int place = 0;
     for (const wchar_t* text : expected)
         EXPECT_TRUE(list[place++] == text) << place;
-    EXPECT_FALSE(zu::applyItems(list, zu::writableItems(items, index))) << "nothing is left to change";
+    EXPECT_FALSE(zu::applyItems(list, zu::writableItems(items, index))) << "already applied";
 }
 
 } // namespace

@@ -23,7 +23,7 @@ Texts textsOf(const CStringArray& lines) {
     return {lines.GetData(), lines.GetData() + lines.GetSize()};
 }
 
-TEST(PartsList, ItemsEndWithTheirSixthFieldOrALineEnd) {
+TEST(PartsList, ItemsEndAfterTheSixthFieldOrALineEnd) {
     const struct {
         const wchar_t* text;
         Texts lines;
@@ -44,7 +44,7 @@ TEST(PartsList, ItemsEndWithTheirSixthFieldOrALineEnd) {
     EXPECT_EQ(zu::paddedLine(L"a||c"), L"a||c||||");
 }
 
-TEST(PartsList, APartEndsBeforeAnIdThatItHas) {
+TEST(PartsList, RepeatedIdStartsAPart) {
     const auto sizesOf = [](std::initializer_list<const wchar_t*> list) {
         std::vector<int> sizes;
         int next = 0;
@@ -60,7 +60,7 @@ TEST(PartsList, APartEndsBeforeAnIdThatItHas) {
     EXPECT_EQ(sizesOf({L"A|", L"B|", L"A|", L"A|", L"C|"}), std::vector<int>({2, 1, 2}));
 }
 
-TEST(PartsList, ValuesGoIntoTheLines) {
+TEST(PartsList, WritesEditableValuesIntoLines) {
     const CStringArray editable = linesOf({L"A", L"", L"x", L"1"});
     const CStringArray fixed = linesOf({L"B", L"", L"x", L"0"});
     CPtrArray table;
@@ -77,15 +77,15 @@ TEST(PartsList, ValuesGoIntoTheLines) {
     const Texts before = {L"A|3", L"B|4|||||", L"A|1|p|||6|"};
     EXPECT_EQ(after(L"A|", L"新"), Texts({L"A|新|||||", L"B|4|||||", L"A|新|p|||6|"}));
     EXPECT_EQ(after(L"A|", L""), Texts({L"A||||||", L"B|4|||||", L"A||p|||6|"}));
-    EXPECT_EQ(after(L"A|", L"3")[0], L"A|3") << "as it is";
-    EXPECT_EQ(after(L"B|", L"5"), before) << "not to be edited";
-    EXPECT_EQ(after(L"C|", L"5"), before) << "not known";
+    EXPECT_EQ(after(L"A|", L"3")[0], L"A|3") << "unchanged value";
+    EXPECT_EQ(after(L"B|", L"5"), before) << "not editable";
+    EXPECT_EQ(after(L"C|", L"5"), before) << "unknown id";
     EXPECT_EQ(after(L"A|", L"*各種*"), before);
     EXPECT_EQ(after(L"A|", L"x|y"), before);
     EXPECT_EQ(after(L"A|", L"x\ny"), before);
 }
 
-TEST(PartsList, PartsAreShownTogether) {
+TEST(PartsList, MergesItemsOfSeveralParts) {
     std::wstring text;
     for (const zu::ShownItem& item :
          zu::shownItemsOf(linesOf({L"A|1|", L"B|2|", L"|x|", L"A|3|", L"B|2|", L"C|4|"})))
@@ -109,7 +109,7 @@ protected:
     TemporaryFolder folder_;
 };
 
-TEST_F(LinesFile, OnlyRouteAttributesHaveLineEnds) {
+TEST_F(LinesFile, WritesLineEndsForRouteAttributesOnly) {
     const CStringArray lines = linesOf({L"S1|値", L"S2||E||5|1|"});
     save("RootAttr.dat", lines);
     EXPECT_TRUE(zu::routeAttributeMode());
@@ -119,14 +119,14 @@ TEST_F(LinesFile, OnlyRouteAttributesHaveLineEnds) {
     EXPECT_EQ(read("parts.txt"), "S1|\x92\x6C|||||S2||E||5|1|");
     folder_.write("parts.txt", "\xEF\xBB\xBF");
     save("parts.txt", linesOf({L"𠮷"}));
-    EXPECT_EQ(read("parts.txt"), "\xEF\xBB\xBF𠮷||||||") << "an old file keeps its encoding";
+    EXPECT_EQ(read("parts.txt"), "\xEF\xBB\xBF𠮷||||||") << "an existing file keeps its encoding";
 
     EXPECT_TRUE(zu::isRouteAttributeFile(L"C:\\a\\RootAttr.dat"));
     EXPECT_TRUE(zu::isRouteAttributeFile(L"/a/RootAttr.dat"));
     EXPECT_FALSE(zu::isRouteAttributeFile(L"C:\\a\\MyRootAttr.dat"));
 }
 
-TEST_F(LinesFile, TheSampleComesBackAsItWas) {
+TEST_F(LinesFile, SampleRoundTrips) {
     CStringArray lines;
     ASSERT_TRUE(zu::readLines(ZU_SAMPLES L"/system/RootAttr.dat", lines));
     ASSERT_EQ(lines.GetSize(), 4);
@@ -142,11 +142,11 @@ TEST_F(LinesFile, TheSampleComesBackAsItWas) {
     EXPECT_EQ(joined.GetSize(), 4);
 }
 
-TEST_F(LinesFile, AFailedSaveLeavesFileAndLines) {
+TEST_F(LinesFile, FailedSaveKeepsFileAndLines) {
     folder_.write("parts.txt", "old");
     save("missing/parts.txt", linesOf({L"A|1"}), false);
     save("parts.txt", linesOf({L"A|𠮷"}), false);
-    EXPECT_EQ(read("parts.txt"), "old") << "a character that the encoding lacks";
+    EXPECT_EQ(read("parts.txt"), "old") << "the encoding cannot represent the character";
 
     const std::string mark = "\xEF\xBB\xBF";
     folder_.write("parts.txt", mark + "old");

@@ -53,7 +53,7 @@ protected:
     }
     [[nodiscard]] std::wstring line(int index) { return std::wstring(left().GetLines()[index].view()); }
 
-    /// All texts of the list; a part's line in brackets.
+    /// Returns all texts of the list, with the lines of parts in brackets.
     std::wstring listed() {
         std::wstring texts;
         for (int i = 0; i < list().GetItemCount(); ++i) {
@@ -90,7 +90,7 @@ protected:
             return box;
         return properties().clientWidget()->findChild<QLineEdit*>();
     }
-    /// Opens the editor on the item of a row (0 is the first heading).
+    /// Opens the editor on the item of a row; row 0 is the first heading.
     void beginEdit(int row) {
         properties().SetFocus();
         properties().SetCurSel(row);
@@ -107,7 +107,7 @@ protected:
     CUPAttFrameWnd& frame_;
 };
 
-TEST_F(PartsWindow, ControlsStandAsTheyShould) {
+TEST_F(PartsWindow, LaysOutItsControls) {
     const struct {
         int id;
         const wchar_t* caption;
@@ -128,7 +128,7 @@ TEST_F(PartsWindow, ControlsStandAsTheyShould) {
     EXPECT_EQ(properties().GetDlgCtrlID(), 3002);
 }
 
-TEST_F(PartsWindow, SelectionShowsPartsAndLines) {
+TEST_F(PartsWindow, ShowsSelectedPartsAndLines) {
     open("parts.txt", kTwoParts);
     EXPECT_EQ(listed(), L"[要素 1]取付高=2700 用途=A [要素 2]");
     EXPECT_EQ(shown(), L"S401|2700 S501|A ");
@@ -155,11 +155,11 @@ TEST_F(PartsWindow, SelectionShowsPartsAndLines) {
     EXPECT_EQ(left().GetAtAtt(L"S9|", found), -1);
 }
 
-TEST_F(PartsWindow, ButtonsPutValuesIntoTheLinesAndSave) {
+TEST_F(PartsWindow, ButtonsCopyValuesAndSave) {
     open("parts.txt", kTwoParts);
     clickLine(3);
     choose(1, 0);
-    EXPECT_EQ(line(2), L"S401|2400|A||1|1|") << "not before the button is pressed";
+    EXPECT_EQ(line(2), L"S401|2400|A||1|1|") << "written only by the button";
     press(kModify);
     EXPECT_EQ(line(2), L"S401|2700|A||1|1|") << saved("parts.txt");
     EXPECT_EQ(line(0), L"S401|2700|E||1|1|");
@@ -178,7 +178,7 @@ TEST_F(PartsWindow, ButtonsPutValuesIntoTheLinesAndSave) {
     EXPECT_TRUE(frame_.IsWindowVisible());
 }
 
-TEST_F(PartsWindow, NothingIsSavedWhileAValueIsRefused) {
+TEST_F(PartsWindow, DoesNotSaveWhileAValueIsRejected) {
     open("parts.txt", "S701|");
     beginEdit(1);
     QTest::keyClicks(editor(), "a|b");
@@ -191,7 +191,7 @@ TEST_F(PartsWindow, NothingIsSavedWhileAValueIsRefused) {
     properties().EndEdit(false);
 }
 
-TEST_F(PartsWindow, RouteAttributesAreSavedByOneButtonOnly) {
+TEST_F(PartsWindow, OnlyConfirmSavesRouteAttributes) {
     open("RootAttr.dat", "S401|2700|E|");
     left().SetAtAtt(L"S401|", L"2400");
     press(kBack);
@@ -205,7 +205,7 @@ TEST_F(PartsWindow, RouteAttributesAreSavedByOneButtonOnly) {
     EXPECT_FALSE(frame_.IsWindowVisible());
 }
 
-TEST_F(PartsWindow, EscapeEndsTheEditorThenHidesWithoutSaving) {
+TEST_F(PartsWindow, EscapeClosesTheEditorThenHidesTheFrame) {
     open("parts.txt", kTwoParts);
     left().SetAtAtt(L"S501|", L"E");
     beginEdit(1);
@@ -217,7 +217,7 @@ TEST_F(PartsWindow, EscapeEndsTheEditorThenHidesWithoutSaving) {
     EXPECT_EQ(saved("parts.txt"), kTwoParts);
 }
 
-TEST_F(PartsWindow, AFailedSaveIsToldAndLosesNothing) {
+TEST_F(PartsWindow, FailedSaveShowsAMessageAndKeepsTheLines) {
     open("parts.txt", "S401|2700");
     left().SetAtAtt(L"S401|", L"𠮷");
     const zuhost::MessageBoxObserver observer;
@@ -230,7 +230,7 @@ TEST_F(PartsWindow, AFailedSaveIsToldAndLosesNothing) {
     EXPECT_EQ(line(0), L"S401|𠮷|||||");
 
     EXPECT_EQ(left().ReadCSVFile(L"missing\\parts.txt"), -1);
-    EXPECT_EQ(line(0), L"S401|𠮷|||||") << "what can't be read leaves what is there";
+    EXPECT_EQ(line(0), L"S401|𠮷|||||") << "a failed read keeps the lines";
     left().SetFilePath(L"");
     left().SaveCSVFile();
     EXPECT_EQ(observer.boxes().size(), 1U);

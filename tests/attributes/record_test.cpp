@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Reaches what is protected.
+/// Makes protected members accessible.
 class Attributes : public CAttributeData {
 public:
     using CAttributeData::AddCommon;
@@ -42,7 +42,7 @@ Texts row(const CPtrArray& entities, int table, int index) {
     return textsOf(zu::stringsAt(zu::tableAt(entities, table), index));
 }
 
-TEST(AttributeRecord, DecodesWhatIsThereNotWhatTheHeaderCounts) {
+TEST(AttributeRecord, DecodesAllStringsWhateverTheHeaderCount) {
     const std::pair<Texts, std::vector<Texts>> cases[] = {
         {{L"1|A|B|", L"K|v|E|n|1|1|"}, {{L"A", L"B", L"", L"K", L"v", L"E", L"n", L"1", L"1"}}},
         {{L"99999999|A|B|"}, {}},
@@ -67,7 +67,7 @@ TEST(AttributeRecord, DecodesWhatIsThereNotWhatTheHeaderCounts) {
     EXPECT_TRUE(data.GetEntityList().IsEmpty());
 }
 
-TEST(AttributeRecord, EncodesTrimmedAndBack) {
+TEST(AttributeRecord, EncodesTrimmedValues) {
     Attributes data;
     CStringArray list;
     fill(list, {L"7| A |B\t|", L" K |v v| E|n|1|1|", L"L||||||"});
@@ -85,7 +85,7 @@ TEST(AttributeRecord, EncodesTrimmedAndBack) {
     EXPECT_THROW(Attributes::SetAttributeDataArray1(table, encoded), CInvalidArgException);
 }
 
-TEST(AttributeRecord, LookUpsFindByStart) {
+TEST(AttributeRecord, LookUpsMatchPrefixes) {
     CStringArray list;
     fill(list, {L"3|A|B|", L"S401|2700|E|", L"S4|x|", L"K|old|x|tail", L"bare"});
     EXPECT_EQ(CAttributeData::FindAtt(&list, L"S4"), 1);
@@ -101,11 +101,11 @@ TEST(AttributeRecord, LookUpsFindByStart) {
     EXPECT_EQ(out, L"S401");
     EXPECT_EQ(CAttributeData::GetAtt(&list, L"bare", out), 0);
     EXPECT_EQ(out, L"bare");
-    EXPECT_EQ(CAttributeData::GetValueAtt(&list, L"S4"), L"x") << "the whole key";
+    EXPECT_EQ(CAttributeData::GetValueAtt(&list, L"S4"), L"x") << "matches whole keys only";
     EXPECT_EQ(CAttributeData::GetValueAtt(&list, L"S401|"), L"2700");
     EXPECT_EQ(CAttributeData::GetValueAtt(&list, L"bare"), L"");
     EXPECT_EQ(CAttributeData::SetAtAtt(&list, L"K", L"new"), 0);
-    EXPECT_EQ(list[3], L"K|new|x|") << "the tail goes";
+    EXPECT_EQ(list[3], L"K|new|x|") << "removes the unterminated tail";
     EXPECT_EQ(CAttributeData::SetAtAtt(&list, L"Q", L"new"), -1);
     EXPECT_EQ(CAttributeData::GettoolTipData(L"W=100 H=50", L"W=", out), 0);
     EXPECT_EQ(out, L"100");
@@ -116,7 +116,7 @@ TEST(AttributeRecord, LookUpsFindByStart) {
     EXPECT_EQ(tip, L"duct W=2.50 x H=300.00");
 }
 
-TEST(AttributeFiles, BelongToPartsByName) {
+TEST(AttributeFiles, AreNamedAfterParts) {
     const std::pair<const wchar_t*, const wchar_t*> cases[] = {
         {L"C:\\p\\pipe-01.dxf", L"C:\\p\\pipe.csv"},
         {L"C:\\p\\pipe-02.DXF", L"C:\\p\\pipe.csv"},
@@ -144,14 +144,14 @@ TEST(AttributeFiles, AreReadWithNamesFromTheTitleTable) {
     CAttributeData data;
     EXPECT_EQ(data.ReadData(CString(settings.folder().wide("parts/fitting-02.dxf")), 0), 0);
     EXPECT_EQ(data.ReadData2(CString(L"Z:\\elsewhere\\fitting-01.dxf"), 1), 0)
-        << "found among the route parts";
+        << "found in the route-parts folder";
     EXPECT_EQ(data.ReadData(CString(L"none-01.dxf"), 1), -1);
     const CPtrArray& read = data.GetEntityList();
     ASSERT_EQ(read.GetSize(), 2);
     ASSERT_EQ(zu::tableAt(read, 0).GetSize(), 7);
     EXPECT_EQ(row(read, 0, 0),
               (Texts{L"fitting", L"", L"取付高", L"S401", L"2700", L"E", L"取付高", L"1", L"1"}));
-    EXPECT_EQ(row(read, 0, 5)[4], L"亜鉛鉄板") << "blanks at the end go";
+    EXPECT_EQ(row(read, 0, 5)[4], L"亜鉛鉄板") << "trailing blanks are removed";
     EXPECT_EQ(row(read, 1, 6)[3], L"S602");
     CPtrArray parameters;
     EXPECT_EQ(CAttributeData::GetItemParameter(L"S302", parameters), 4);
@@ -185,7 +185,7 @@ TEST(AttributeFiles, SkipLinesAndKeepColumns) {
     EXPECT_EQ(value, L" 3.14");
 }
 
-TEST(AttributeData, GoesToEntitiesAndBack) {
+TEST(AttributeData, RoundTripsThroughEntities) {
     const TestDrawing drawing;
     const AcDbObjectId block = drawing.block(L"RT-1", {});
     const AcDbObjectId entity = drawing.element(block, {});
@@ -195,7 +195,7 @@ TEST(AttributeData, GoesToEntitiesAndBack) {
     fill(list, {L"2|A|B|", L"S401|100|E|h|1|1|", L"S501|給気㎥|A|u|2|1|"});
     EXPECT_EQ(data.SetAttributeData(entity, list), 0);
     EXPECT_EQ(data.ReadData(TestDrawing::ids({bare, entity, entity})), 0);
-    EXPECT_EQ(data.GetEntityList().GetSize(), 2) << "no table without a record";
+    EXPECT_EQ(data.GetEntityList().GetSize(), 2) << "an entity without a record adds no table";
     EXPECT_EQ(data.GetValueAttID(entity, L"S501"), L"給気㎥");
     EXPECT_EQ(data.GetValueAttID(bare, L"S501"), L"");
     CPtrArray raw;
@@ -210,11 +210,11 @@ TEST(AttributeData, GoesToEntitiesAndBack) {
     EXPECT_EQ(data.GetExtensionElementData(bare, read), 1);
     EXPECT_EQ(data.GetExtensionElementData({}, read), -1);
     TestDrawing::erase(entity);
-    EXPECT_EQ(data.GetExtensionElementData(entity, read), 0) << "erased entities are read too";
+    EXPECT_EQ(data.GetExtensionElementData(entity, read), 0) << "erased entities are accepted";
     EXPECT_EQ(data.SetAttributeData(entity, list), -1);
 }
 
-TEST(AttributeData, TooLargeRecordsLeaveTheEntityAsItWas) {
+TEST(AttributeData, RejectsTooLargeRecords) {
     const TestDrawing drawing;
     const AcDbObjectId entity = drawing.element(drawing.block(L"RT-1", {}), {});
     Attributes data;
@@ -230,7 +230,7 @@ TEST(AttributeData, TooLargeRecordsLeaveTheEntityAsItWas) {
     EXPECT_EQ(textsOf(read), textsOf(list));
 }
 
-TEST(AttributeData, SharedItemsKeepWhatAllHave) {
+TEST(AttributeData, SharedItemsAreThoseOfAllTables) {
     Attributes data;
     for (const wchar_t* const height : {L"K|100|||||", L"K|200|||||"}) {
         CStringArray list;
@@ -245,7 +245,7 @@ TEST(AttributeData, SharedItemsKeepWhatAllHave) {
     EXPECT_FALSE(data.CheckCommon(L"X"));
     zu::stringsAt(common, 1)[4] = L"new";
     data.SetCommonData(common);
-    EXPECT_EQ(row(data.GetEntityList(), 0, 0)[4], L"100") << "what differs stays";
+    EXPECT_EQ(row(data.GetEntityList(), 0, 0)[4], L"100") << "values that differ are kept";
     EXPECT_EQ(row(data.GetEntityList(), 1, 0)[4], L"200");
     EXPECT_EQ(row(data.GetEntityList(), 1, 1)[4], L"new");
     Attributes::DeleteCPtrArray1(common);

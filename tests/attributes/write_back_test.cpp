@@ -42,7 +42,7 @@ protected:
 
     ~WriteBack() override { zuhost::clearPendingInput(); }
 
-    static std::wstring type(const wchar_t* command) {
+    static std::wstring run(const wchar_t* command) {
         const zuhost::CommandLineObserver printed;
         ApiComn_sendCommand(command, 0, 1, 1);
         return printed.text();
@@ -68,7 +68,7 @@ protected:
     CPtrArray table_;
 };
 
-TEST_F(WriteBack, ChangesAllButLockedEntitiesInOneUndoStep) {
+TEST_F(WriteBack, ChangesUnlockedEntitiesInOneUndoStep) {
     const AcDbObjectId ids[] = {element(L"S1|a|0|"), element(L"S1|b|0|", L"固定"), element(L"S1|c|0|"),
                                 AcDbObjectId()};
     const std::vector<zu::ShownItem> items = {{L"S1|", L"新"}};
@@ -87,7 +87,7 @@ TEST_F(WriteBack, ChangesAllButLockedEntitiesInOneUndoStep) {
     EXPECT_EQ(attribute(ids[2]), L"S1|c|0|");
 }
 
-TEST_F(WriteBack, IsOneStepOfTheHostsUndoCommands) {
+TEST_F(WriteBack, HostUndoRevertsItInOneStep) {
     const AcDbObjectId ids[] = {element(L"S1|a|0|"), element(L"S1|b|0|")};
     const AcDbObjectId other = element(L"S1|c|0|");
     const std::vector<zu::ShownItem> items = {{L"S1|", L"新"}};
@@ -95,21 +95,21 @@ TEST_F(WriteBack, IsOneStepOfTheHostsUndoCommands) {
     EXPECT_EQ(zuhost::pendingInput(), L"ZU_ATTREDIT_SEC3D\n");
     zuhost::clearPendingInput();
     TestDrawing::erase(other);
-    type(L"U");
+    run(L"U");
     EXPECT_FALSE(other.isErased());
     EXPECT_EQ(attribute(ids[0]), L"S1|新|0|");
-    type(L"U");
+    run(L"U");
     EXPECT_EQ(attribute(ids[0]), L"S1|a|0|");
     EXPECT_EQ(attribute(ids[1]), L"S1|b|0|");
-    type(L"MREDO 2");
+    run(L"MREDO 2");
     EXPECT_EQ(attribute(ids[1]), L"S1|新|0|");
     EXPECT_TRUE(other.isErased());
 }
 
-TEST_F(WriteBack, TellsOfHeightsThatAreNoNumbers) {
+TEST_F(WriteBack, ReportsHeightsThatAreNotNumbers) {
     struct Case {
         const wchar_t* height;
-        bool isTold;
+        bool isReported;
     };
     for (const Case& c :
          {Case{L"2700", false}, Case{L"+300", false}, Case{L" -1.5e2 ", false}, Case{L"", false},
@@ -123,18 +123,19 @@ TEST_F(WriteBack, TellsOfHeightsThatAreNoNumbers) {
         const HINSTANCE before = AfxGetResourceHandle();
         EXPECT_EQ(zu::writeBack({&id, 1}, items, zu::ParameterIndex(table_)), 1);
         EXPECT_EQ(AfxGetResourceHandle(), before);
-        EXPECT_EQ(printed.text(), c.isTold ? L"取付高が数値でない要素: 1\n" : L"") << zuhost::toUtf8(height);
+        EXPECT_EQ(printed.text(), c.isReported ? L"取付高が数値でない要素: 1\n" : L"")
+            << zuhost::toUtf8(height);
     }
 }
 
-TEST_F(WriteBack, ProgressIsShownInHundredthsAndAlwaysEnds) {
+TEST_F(WriteBack, ProgressAdvancesInPerCentsAndAlwaysEnds) {
     for (const std::size_t steps : {0U, 1U, 3U, 100U, 2500U}) {
         const zuhost::ProgressObserver observer;
         try {
             zu::ProgressScope progress(zu::text::kWritingAttributes, steps);
             for (std::size_t i = 0; i < steps; ++i)
                 progress.advance();
-            throw std::runtime_error("failure in the midst");
+            throw std::runtime_error("failure during the job");
         } catch (const std::runtime_error&) {
             ASSERT_EQ(observer.jobs().size(), 1U);
         }

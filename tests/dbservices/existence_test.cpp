@@ -25,7 +25,7 @@ protected:
         EXPECT_EQ(RootComn_CreateNewGroup(L"*", TestDrawing::ids(members), id, false), 0);
         return id;
     }
-    /// Gives the element a link record of a number alone.
+    /// Writes a link record that contains a number but no text.
     static void setLinkNumber(AcDbObjectId id) {
         const AcDbObjectPointer<AcDbObject> object(id, AcDb::kForWrite);
         const std::unique_ptr<resbuf, decltype(&acutRelRb)> chain(acutNewRb(1001), &acutRelRb);
@@ -43,7 +43,7 @@ protected:
     AcDbObjectId block = drawing.block(L"RT-1", {});
 };
 
-TEST_F(Existence, TellsWhatIsGone) {
+TEST_F(Existence, DetectsErasedAndMissingObjects) {
     const AcDbObjectId live = element();
     const AcDbObjectId gone = dead();
     EXPECT_EQ(ZuComn_ExistenceIdCheck(live), 0);
@@ -53,7 +53,7 @@ TEST_F(Existence, TellsWhatIsGone) {
     EXPECT_EQ(ZuComn_ExistenceIdCheck(gone), 0);
 }
 
-TEST_F(Existence, ListsKeepTheLiveInOrder) {
+TEST_F(Existence, ListsKeepLiveIdsInOrder) {
     const AcDbObjectId a = element();
     const AcDbObjectId b = element();
     const AcDbObjectId gone = dead();
@@ -62,7 +62,7 @@ TEST_F(Existence, ListsKeepTheLiveInOrder) {
     EXPECT_EQ(ids, TestDrawing::ids({a, b, a}));
 }
 
-TEST_F(Existence, GroupsLoseTheirDeadMembers) {
+TEST_F(Existence, RemovesDeadMembersFromGroups) {
     const AcDbObjectId a = element();
     const AcDbObjectId b = element();
     const AcDbObjectId c = element();
@@ -82,7 +82,7 @@ TEST_F(Existence, GroupsLoseTheirDeadMembers) {
     ZuComn_ExistenceGroupIdChecks(AcDbObjectId());
 }
 
-TEST_F(Existence, GroupsOfAnElementAreAppended) {
+TEST_F(Existence, AppendsGroupsOfAnElement) {
     const AcDbObjectId a = element();
     const AcDbObjectId loose = element();
     const AcDbObjectId first = group({a});
@@ -94,11 +94,11 @@ TEST_F(Existence, GroupsOfAnElementAreAppended) {
     EXPECT_EQ(ZuComn_GetGroupID(AcDbObjectId(), groups), -1);
     TestDrawing::erase(a);
     groups.removeAll();
-    EXPECT_EQ(ZuComn_GetGroupID(a, groups), 0) << "an erased element is looked at too";
+    EXPECT_EQ(ZuComn_GetGroupID(a, groups), 0) << "erased elements are accepted";
     EXPECT_EQ(groups.length(), 2);
 }
 
-TEST_F(Existence, LinkKindChoosesAmongSeveralGroupsOnly) {
+TEST_F(Existence, LinkKindSelectsAmongSeveralGroups) {
     const AcDbObjectId two = element(L"2|x|");
     const AcDbObjectId three = element(L"3|x|");
     const AcDbObjectId bare = element();
@@ -111,9 +111,10 @@ TEST_F(Existence, LinkKindChoosesAmongSeveralGroupsOnly) {
     EXPECT_EQ(ZuComn_GetGroupID(tee, 4), AcDbObjectId());
     EXPECT_EQ(ZuComn_GetGroupID(AcDbObjectId(), 3), AcDbObjectId());
     TestDrawing::setLink(two, L"");
-    EXPECT_THROW(ZuComn_GetGroupID(tee, 3), CInvalidArgException) << "an empty record is a corrupt element";
+    EXPECT_THROW(ZuComn_GetGroupID(tee, 3), CInvalidArgException)
+        << "an element with an empty record is corrupt";
     setLinkNumber(two);
-    EXPECT_THROW(ZuComn_GetGroupID(tee, 3), CInvalidArgException) << "and so is one without texts";
+    EXPECT_THROW(ZuComn_GetGroupID(tee, 3), CInvalidArgException) << "so is one whose record has no text";
     TestDrawing::setTexts(two, L"ZU_LINK", {L"|2|"});
     EXPECT_EQ(ZuComn_GetGroupID(tee, 0), ofTwo) << "an empty first field counts as 0";
 }
