@@ -17,7 +17,7 @@ struct ChainDeleter {
 };
 using Chain = std::unique_ptr<resbuf, ChainDeleter>;
 
-/// Builds a chain from its start, or goes on with one.
+/// Appends items to a new or an existing chain.
 class ChainBuilder {
 public:
     explicit ChainBuilder(Chain chain) : chain_(std::move(chain)) {
@@ -42,7 +42,7 @@ private:
     resbuf* last_ = nullptr;
 };
 
-bool makeKnown(const AcDbObject& object, const wchar_t* application) {
+bool registerApplication(const AcDbObject& object, const wchar_t* application) {
     AcDbDatabase* const database = object.database();
     if (database == nullptr)
         return true;
@@ -50,7 +50,7 @@ bool makeKnown(const AcDbObject& object, const wchar_t* application) {
     return status == Acad::eOk || status == Acad::eDuplicateRecordName || status == Acad::eDuplicateKey;
 }
 
-/// The application's data, or its bare name when it has none.
+/// Returns the application's data; only the application's name when the object has none.
 ChainBuilder dataOf(const AcDbObject& object, const wchar_t* application) {
     ChainBuilder data{Chain(object.xData(application))};
     if (data.chain() == nullptr)
@@ -69,7 +69,8 @@ void setText(resbuf& item, const CString& text) {
     acutNewString(text, item.resval.rstring);
 }
 
-/// Gives the text items of the chain the texts in order; returns how many were placed. Surplus items go.
+/// Replaces the text items of the chain by the texts, in order, and removes surplus text items. Returns the
+/// number of texts placed.
 int placeTexts(resbuf* chain, const CStringArray& texts) {
     int placed = 0;
     for (resbuf* before = chain; before != nullptr && before->rbnext != nullptr;) {
@@ -93,7 +94,8 @@ int ApiComn_appendAttributes(AcDbObject* object, const wchar_t* application, int
                              const wchar_t* text) {
     if (object == nullptr || application == nullptr || text == nullptr || itemKind != APICOMN_TEXT_ITEM)
         return -1;
-    if (!object->isWriteEnabled() || (registering == APICOMN_REGISTER && !makeKnown(*object, application)))
+    if (!object->isWriteEnabled() ||
+        (registering == APICOMN_REGISTER && !registerApplication(*object, application)))
         return -1;
     ChainBuilder data = dataOf(*object, application);
     data.addText(kText, text);
@@ -102,7 +104,7 @@ int ApiComn_appendAttributes(AcDbObject* object, const wchar_t* application, int
 
 int ApiComn_appendAttributesArray(AcDbObject* object, const wchar_t* application, const CStringArray& texts) {
     if (object == nullptr || application == nullptr || !object->isWriteEnabled() ||
-        !makeKnown(*object, application))
+        !registerApplication(*object, application))
         return -1;
     ChainBuilder data = dataOf(*object, application);
     const int placed = placeTexts(data.chain(), texts);

@@ -27,7 +27,7 @@ struct Application {
 };
 
 std::list<Application>& applications() {
-    // Never destroyed: modules may ask for it while the process ends.
+    // Never destroyed: modules may use it during process exit.
     static auto* const list = new std::list<Application>;
     return *list;
 }
@@ -37,7 +37,7 @@ std::wstring_view fileName(std::wstring_view path) {
     return separator == std::wstring_view::npos ? path : path.substr(separator + 1);
 }
 
-/// "DIR\\libX.so" -> "x": modules are known by this name.
+/// Returns the name that identifies a module: "DIR\\libX.so" -> "x".
 std::wstring moduleName(std::wstring_view path) {
     std::wstring_view name = fileName(path);
     name = name.substr(0, name.rfind(L'.'));
@@ -62,7 +62,7 @@ Application* findByPacket(const void* packet) {
     return found == applications().end() ? nullptr : &*found;
 }
 
-void forget(const Application& application) {
+void removeApplication(const Application& application) {
     applications().remove_if([&](const Application& a) { return &a == &application; });
 }
 
@@ -130,10 +130,11 @@ bool AcRxDynamicLinker::loadModule(const ACHAR* file, bool print, bool /*asComma
     if (start(application))
         return true;
     const bool isApplication = application.entry != nullptr;
-    forget(application);
+    removeApplication(application);
     FreeLibrary(module);
     return fail(file, print,
-                isApplication ? L"the module's start failed" : L"not an application module: no entry point");
+                isApplication ? L"the module's entry point returned an error"
+                              : L"not an application module: no entry point");
 }
 
 bool AcRxDynamicLinker::unloadModule(const ACHAR* file, bool /*asCommand*/) {
@@ -142,7 +143,7 @@ bool AcRxDynamicLinker::unloadModule(const ACHAR* file, bool /*asCommand*/) {
         return false;
     application->entry(AcRx::kUnloadAppMsg, application);
     const HMODULE module = application->module;
-    forget(*application);
+    removeApplication(*application);
     FreeLibrary(module);
     return true;
 }

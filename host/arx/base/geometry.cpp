@@ -3,6 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+AcGeMatrix3d about(const AcGePoint3d& centre, const AcGeMatrix3d& transform) {
+    const AcGeVector3d offset = centre.asVector();
+    return AcGeMatrix3d::translation(offset) * transform * AcGeMatrix3d::translation(-offset);
+}
+
+} // namespace
+
 const AcGeVector3d AcGeVector3d::kIdentity(0, 0, 0);
 const AcGeVector3d AcGeVector3d::kXAxis(1, 0, 0);
 const AcGeVector3d AcGeVector3d::kYAxis(0, 1, 0);
@@ -43,15 +52,6 @@ AcGePoint3d& AcGePoint3d::scaleBy(double factor, const AcGePoint3d& centre) {
     return *this = centre + (*this - centre) * factor;
 }
 
-namespace {
-
-AcGeMatrix3d about(const AcGePoint3d& centre, const AcGeMatrix3d& map) {
-    const AcGeVector3d offset = centre.asVector();
-    return AcGeMatrix3d::translation(offset) * map * AcGeMatrix3d::translation(-offset);
-}
-
-} // namespace
-
 AcGeMatrix3d AcGeMatrix3d::operator*(const AcGeMatrix3d& right) const {
     AcGeMatrix3d product;
     for (int row = 0; row < 4; ++row) {
@@ -87,7 +87,7 @@ AcGeMatrix3d AcGeMatrix3d::inverse() const {
     AcGeVector3d y;
     AcGeVector3d z;
     getCoordSystem(origin, x, y, z);
-    // The rows of the inverse are the cross products of the axes over the determinant.
+    // The rows of the inverse are the cross products of the axes divided by the determinant.
     const AcGeVector3d rows[] = {y.crossProduct(z) / size, z.crossProduct(x) / size,
                                  x.crossProduct(y) / size};
     AcGeMatrix3d result;

@@ -6,14 +6,14 @@
 
 namespace {
 
-bool isChunk(short type) {
+bool isBinaryType(short type) {
     return type == 1004 || (type >= 310 && type <= 319);
 }
 
 void release(resbuf* item) {
     if (acutIsTextType(item->restype))
         acutDelString(item->resval.rstring);
-    else if (isChunk(item->restype))
+    else if (isBinaryType(item->restype))
         delete[] item->resval.rbinary.buf;
     delete item;
 }

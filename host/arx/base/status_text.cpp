@@ -1,117 +1,86 @@
 #include "adesk.h"
 
+#include <array>
+#include <cstddef>
+
+namespace {
+
+struct StatusText {
+    Acad::ErrorStatus status;
+    const ACHAR* text;
+};
+
+/// In the order of the statuses: a status is the index of its text.
+constexpr std::array kTexts{
+    StatusText{Acad::eOk, L"eOk"},
+    StatusText{Acad::eNotImplementedYet, L"eNotImplementedYet"},
+    StatusText{Acad::eNotApplicable, L"eNotApplicable"},
+    StatusText{Acad::eInvalidInput, L"eInvalidInput"},
+    StatusText{Acad::eAmbiguousInput, L"eAmbiguousInput"},
+    StatusText{Acad::eOutOfMemory, L"eOutOfMemory"},
+    StatusText{Acad::eNoInterface, L"eNoInterface"},
+    StatusText{Acad::eInvalidKey, L"eInvalidKey"},
+    StatusText{Acad::eNullObjectPointer, L"eNullObjectPointer"},
+    StatusText{Acad::eNullHandle, L"eNullHandle"},
+    StatusText{Acad::eNullObjectId, L"eNullObjectId"},
+    StatusText{Acad::eInvalidObjectId, L"eInvalidObjectId"},
+    StatusText{Acad::eUnknownHandle, L"eUnknownHandle"},
+    StatusText{Acad::eHandleExists, L"eHandleExists"},
+    StatusText{Acad::eHandleInUse, L"eHandleInUse"},
+    StatusText{Acad::eWasErased, L"eWasErased"},
+    StatusText{Acad::ePermanentlyErased, L"ePermanentlyErased"},
+    StatusText{Acad::eWasOpenForRead, L"eWasOpenForRead"},
+    StatusText{Acad::eWasOpenForWrite, L"eWasOpenForWrite"},
+    StatusText{Acad::eWasOpenForUndo, L"eWasOpenForUndo"},
+    StatusText{Acad::eWasOpenForNotify, L"eWasOpenForNotify"},
+    StatusText{Acad::eWasNotifying, L"eWasNotifying"},
+    StatusText{Acad::eAtMaxReaders, L"eAtMaxReaders"},
+    StatusText{Acad::eIsReading, L"eIsReading"},
+    StatusText{Acad::eIsWriting, L"eIsWriting"},
+    StatusText{Acad::eNotOpenForRead, L"eNotOpenForRead"},
+    StatusText{Acad::eNotOpenForWrite, L"eNotOpenForWrite"},
+    StatusText{Acad::eNotThatKindOfClass, L"eNotThatKindOfClass"},
+    StatusText{Acad::eWrongObjectType, L"eWrongObjectType"},
+    StatusText{Acad::eNoDatabase, L"eNoDatabase"},
+    StatusText{Acad::eNotInDatabase, L"eNotInDatabase"},
+    StatusText{Acad::eAlreadyInDb, L"eAlreadyInDb"},
+    StatusText{Acad::eAlreadyInGroup, L"eAlreadyInGroup"},
+    StatusText{Acad::eNotInGroup, L"eNotInGroup"},
+    StatusText{Acad::eWrongDatabase, L"eWrongDatabase"},
+    StatusText{Acad::eNotInBlock, L"eNotInBlock"},
+    StatusText{Acad::eKeyNotFound, L"eKeyNotFound"},
+    StatusText{Acad::eDuplicateKey, L"eDuplicateKey"},
+    StatusText{Acad::eDuplicateRecordName, L"eDuplicateRecordName"},
+    StatusText{Acad::eInvalidIndex, L"eInvalidIndex"},
+    StatusText{Acad::eInvalidOwnerObject, L"eInvalidOwnerObject"},
+    StatusText{Acad::eNoOwner, L"eNoOwner"},
+    StatusText{Acad::eOwnerNotSet, L"eOwnerNotSet"},
+    StatusText{Acad::eOnLockedLayer, L"eOnLockedLayer"},
+    StatusText{Acad::eCannotBeErasedByCaller, L"eCannotBeErasedByCaller"},
+    StatusText{Acad::eXdataSizeExceeded, L"eXdataSizeExceeded"},
+    StatusText{Acad::eRegappIdNotFound, L"eRegappIdNotFound"},
+    StatusText{Acad::eBadDxfSequence, L"eBadDxfSequence"},
+    StatusText{Acad::eFileNotFound, L"eFileNotFound"},
+    StatusText{Acad::eFileAccessErr, L"eFileAccessErr"},
+    StatusText{Acad::eFilerError, L"eFilerError"},
+    StatusText{Acad::eBadDxfFile, L"eBadDxfFile"},
+    StatusText{Acad::eUndoOperationNotAvailable, L"eUndoOperationNotAvailable"},
+    StatusText{Acad::eDegenerateGeometry, L"eDegenerateGeometry"},
+    StatusText{Acad::eNotFound, L"eNotFound"},
+};
+
+static_assert(
+    [] {
+        for (std::size_t i = 0; i < kTexts.size(); ++i)
+            if (kTexts[i].status != static_cast<Acad::ErrorStatus>(i))
+                return false;
+        return kTexts.size() == std::size_t{Acad::eNotFound} + 1;
+    }(),
+    "every status has its text, in order");
+
+} // namespace
+
 const ACHAR* acadErrorStatusText(Acad::ErrorStatus status) {
-    switch (status) {
-    case Acad::eOk:
-        return L"eOk";
-    case Acad::eNotImplementedYet:
-        return L"eNotImplementedYet";
-    case Acad::eNotApplicable:
-        return L"eNotApplicable";
-    case Acad::eInvalidInput:
-        return L"eInvalidInput";
-    case Acad::eAmbiguousInput:
-        return L"eAmbiguousInput";
-    case Acad::eOutOfMemory:
-        return L"eOutOfMemory";
-    case Acad::eNoInterface:
-        return L"eNoInterface";
-    case Acad::eInvalidKey:
-        return L"eInvalidKey";
-    case Acad::eNullObjectPointer:
-        return L"eNullObjectPointer";
-    case Acad::eNullHandle:
-        return L"eNullHandle";
-    case Acad::eNullObjectId:
-        return L"eNullObjectId";
-    case Acad::eInvalidObjectId:
-        return L"eInvalidObjectId";
-    case Acad::eUnknownHandle:
-        return L"eUnknownHandle";
-    case Acad::eHandleExists:
-        return L"eHandleExists";
-    case Acad::eHandleInUse:
-        return L"eHandleInUse";
-    case Acad::eWasErased:
-        return L"eWasErased";
-    case Acad::ePermanentlyErased:
-        return L"ePermanentlyErased";
-    case Acad::eWasOpenForRead:
-        return L"eWasOpenForRead";
-    case Acad::eWasOpenForWrite:
-        return L"eWasOpenForWrite";
-    case Acad::eWasOpenForUndo:
-        return L"eWasOpenForUndo";
-    case Acad::eWasOpenForNotify:
-        return L"eWasOpenForNotify";
-    case Acad::eWasNotifying:
-        return L"eWasNotifying";
-    case Acad::eAtMaxReaders:
-        return L"eAtMaxReaders";
-    case Acad::eIsReading:
-        return L"eIsReading";
-    case Acad::eIsWriting:
-        return L"eIsWriting";
-    case Acad::eNotOpenForRead:
-        return L"eNotOpenForRead";
-    case Acad::eNotOpenForWrite:
-        return L"eNotOpenForWrite";
-    case Acad::eNotThatKindOfClass:
-        return L"eNotThatKindOfClass";
-    case Acad::eWrongObjectType:
-        return L"eWrongObjectType";
-    case Acad::eNoDatabase:
-        return L"eNoDatabase";
-    case Acad::eNotInDatabase:
-        return L"eNotInDatabase";
-    case Acad::eAlreadyInDb:
-        return L"eAlreadyInDb";
-    case Acad::eAlreadyInGroup:
-        return L"eAlreadyInGroup";
-    case Acad::eNotInGroup:
-        return L"eNotInGroup";
-    case Acad::eWrongDatabase:
-        return L"eWrongDatabase";
-    case Acad::eNotInBlock:
-        return L"eNotInBlock";
-    case Acad::eKeyNotFound:
-        return L"eKeyNotFound";
-    case Acad::eDuplicateKey:
-        return L"eDuplicateKey";
-    case Acad::eDuplicateRecordName:
-        return L"eDuplicateRecordName";
-    case Acad::eInvalidIndex:
-        return L"eInvalidIndex";
-    case Acad::eInvalidOwnerObject:
-        return L"eInvalidOwnerObject";
-    case Acad::eNoOwner:
-        return L"eNoOwner";
-    case Acad::eOwnerNotSet:
-        return L"eOwnerNotSet";
-    case Acad::eOnLockedLayer:
-        return L"eOnLockedLayer";
-    case Acad::eCannotBeErasedByCaller:
-        return L"eCannotBeErasedByCaller";
-    case Acad::eXdataSizeExceeded:
-        return L"eXdataSizeExceeded";
-    case Acad::eRegappIdNotFound:
-        return L"eRegappIdNotFound";
-    case Acad::eBadDxfSequence:
-        return L"eBadDxfSequence";
-    case Acad::eFileNotFound:
-        return L"eFileNotFound";
-    case Acad::eFileAccessErr:
-        return L"eFileAccessErr";
-    case Acad::eFilerError:
-        return L"eFilerError";
-    case Acad::eBadDxfFile:
-        return L"eBadDxfFile";
-    case Acad::eUndoOperationNotAvailable:
-        return L"eUndoOperationNotAvailable";
-    case Acad::eDegenerateGeometry:
-        return L"eDegenerateGeometry";
-    case Acad::eNotFound:
-        return L"eNotFound";
-    }
-    return L"unknown status";
+    const auto index = static_cast<std::size_t>(status);
+    return index < kTexts.size() ? kTexts[index].text : L"unknown status";
 }

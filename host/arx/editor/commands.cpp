@@ -22,7 +22,7 @@ struct Command {
 };
 
 std::vector<Command>& commands() {
-    // Never destroyed: modules take their commands away while the process ends.
+    // Never destroyed: modules remove their commands during process exit.
     static auto* const list = new std::vector<Command>;
     return *list;
 }

@@ -18,7 +18,7 @@ std::wstring& input() {
     return *text;
 }
 
-/// The next word of the queue, behind blanks; empty when there is none left.
+/// Returns the next word of the input, after removing the blanks before it; empty at the end.
 std::wstring nextWord() {
     constexpr const wchar_t* kBlanks = L" \t\r\n";
     std::wstring& text = input();
@@ -33,14 +33,15 @@ std::wstring takeWord() {
 }
 
 template <typename Notification>
-void tell(Notification notification) {
-    const AcArray<AcEditorReactor*> told = acedEditor->reactors();
-    for (AcEditorReactor* const reactor : told)
+void notifyReactors(Notification notification) {
+    // A copy: a reactor may remove itself or others.
+    const AcArray<AcEditorReactor*> registered = acedEditor->reactors();
+    for (AcEditorReactor* const reactor : registered)
         if (acedEditor->reactors().contains(reactor))
             notification(*reactor);
 }
 
-/// "'_.name" -> "_NAME": what marks a command as transparent or built-in doesn't count here.
+/// "'_.name" -> "_NAME": ignores the marks of transparent and built-in commands.
 CString commandName(const std::wstring& word) {
     CString name{std::wstring_view(word)};
     name.Remove(L'\'');
@@ -50,15 +51,15 @@ CString commandName(const std::wstring& word) {
 
 void run(AcRxFunctionPtr function, const wchar_t* name) {
     const zuhost::CommandUndoStep step;
-    tell([name](AcEditorReactor& reactor) { reactor.commandWillStart(name); });
+    notifyReactors([name](AcEditorReactor& reactor) { reactor.commandWillStart(name); });
     try {
         function();
     } catch (const CException& exception) {
         acutPrintf(L"%s: %s\n", name, exception.GetErrorText());
-        tell([name](AcEditorReactor& reactor) { reactor.commandFailed(name); });
+        notifyReactors([name](AcEditorReactor& reactor) { reactor.commandFailed(name); });
         return;
     }
-    tell([name](AcEditorReactor& reactor) { reactor.commandEnded(name); });
+    notifyReactors([name](AcEditorReactor& reactor) { reactor.commandEnded(name); });
 }
 
 } // namespace
@@ -105,7 +106,7 @@ int zuhost::runPendingCommands() {
             continue;
         }
         acutPrintf(L"Unknown command \"%s\".\n", shown);
-        tell([shown](AcEditorReactor& reactor) { reactor.unknownCommand(shown); });
+        notifyReactors([shown](AcEditorReactor& reactor) { reactor.unknownCommand(shown); });
     }
     return count;
 }

@@ -13,7 +13,7 @@ struct Range {
     int last;
 };
 
-/// The range of the job that the meter shows.
+/// The range of the meter; empty while there is none.
 std::optional<Range>& shownRange() {
     static std::optional<Range> range;
     return range;

@@ -16,20 +16,20 @@ constexpr const wchar_t* kGroup = L"HOST_UNDO";
 
 struct Direction {
     Acad::ErrorStatus (AcDbDatabase::*step)();
-    const wchar_t* nothing;
-    const wchar_t* everything;
+    const wchar_t* noSteps;        ///< Printed when the first step fails.
+    const wchar_t* noFurtherSteps; ///< Printed when a later one fails.
     bool stopsAtMarks;
 };
 
-constexpr Direction kBack{&AcDbDatabase::undo, L"Nothing to undo.\n", L"Everything has been undone.\n", true};
-constexpr Direction kForth{&AcDbDatabase::redo, L"Nothing to redo.\n", L"Everything has been redone.\n",
-                           false};
+constexpr Direction kUndo{&AcDbDatabase::undo, L"Nothing to undo.\n", L"Everything has been undone.\n", true};
+constexpr Direction kRedo{&AcDbDatabase::redo, L"Nothing to redo.\n", L"Everything has been redone.\n",
+                          false};
 
 AcDbDatabase* currentDrawing() {
     return acDocManager->curDocument()->database();
 }
 
-void go(const Direction& direction, int steps) {
+void runSteps(const Direction& direction, int steps) {
     AcDbDatabase* const drawing = currentDrawing();
     if (steps < 1) {
         acutPrintf(L"The number of steps must be 1 or more.\n");
@@ -37,7 +37,7 @@ void go(const Direction& direction, int steps) {
     }
     for (int done = 0; done < steps; ++done) {
         if (drawing == nullptr || (drawing->*direction.step)() != Acad::eOk) {
-            acutPrintf(L"%s", done == 0 ? direction.nothing : direction.everything);
+            acutPrintf(L"%s", done == 0 ? direction.noSteps : direction.noFurtherSteps);
             return;
         }
         if (direction.stopsAtMarks && zuhost::isAtUndoMark(*drawing)) {
@@ -47,8 +47,8 @@ void go(const Direction& direction, int steps) {
     }
 }
 
-/// The word that follows as a number of steps; 1 when it is none.
-int stepsAsked() {
+/// Consumes the next word if it is a number and returns it; otherwise returns 1.
+int takeStepCount() {
     const std::string word = zuhost::toUtf8(zuhost::pendingWord());
     int number = 0;
     const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
@@ -58,16 +58,16 @@ int stepsAsked() {
     return number;
 }
 
-/// An option by its name or the part of it that must be given.
-bool takeOption(std::wstring_view name, std::size_t least) {
+/// Consumes the next word if it is the option's name or an abbreviation of at least `minLength` characters.
+bool takeOption(std::wstring_view name, std::size_t minLength) {
     const std::wstring word = zuhost::pendingWord();
-    if (word.size() < least || !name.starts_with(word))
+    if (word.size() < minLength || !name.starts_with(word))
         return false;
     zuhost::takePendingWord();
     return true;
 }
 
-bool takeOtherOption() {
+bool takeUnsupportedOption() {
     return takeOption(L"AUTO", 1) || takeOption(L"CONTROL", 1);
 }
 
@@ -81,19 +81,19 @@ void setMark() {
         zuhost::setUndoMark(*drawing);
 }
 
-void goToMark() {
+void undoToLastMark() {
     AcDbDatabase* const drawing = currentDrawing();
     const bool marked = drawing != nullptr && zuhost::hasUndoMark(*drawing);
     if (drawing == nullptr || !zuhost::undoToMark(*drawing))
-        acutPrintf(L"%s", kBack.nothing);
+        acutPrintf(L"%s", kUndo.noSteps);
     else if (!marked)
-        acutPrintf(L"%s", kBack.everything);
+        acutPrintf(L"%s", kUndo.noFurtherSteps);
 }
 
 void undoOne() {
-    go(kBack, 1);
+    runSteps(kUndo, 1);
 }
-void undoSeveral() {
+void undoCommand() {
     if (takeOption(L"BEGIN", 2))
         setGroup(true);
     else if (takeOption(L"END", 1))
@@ -101,17 +101,17 @@ void undoSeveral() {
     else if (takeOption(L"MARK", 1))
         setMark();
     else if (takeOption(L"BACK", 1))
-        goToMark();
-    else if (takeOtherOption())
+        undoToLastMark();
+    else if (takeUnsupportedOption())
         acutPrintf(L"This option of UNDO is not supported.\n");
     else
-        go(kBack, stepsAsked());
+        runSteps(kUndo, takeStepCount());
 }
 void redoOne() {
-    go(kForth, 1);
+    runSteps(kRedo, 1);
 }
-void redoSeveral() {
-    go(kForth, stepsAsked());
+void redoMultiple() {
+    runSteps(kRedo, takeStepCount());
 }
 
 int& runningCommands() {
@@ -130,9 +130,9 @@ namespace zuhost {
 
 void addUndoCommands(AcEdCommandStack& stack) {
     stack.addCommand(kGroup, L"U", nullptr, ACRX_CMD_MODAL, undoOne);
-    stack.addCommand(kGroup, L"UNDO", nullptr, ACRX_CMD_MODAL, undoSeveral);
+    stack.addCommand(kGroup, L"UNDO", nullptr, ACRX_CMD_MODAL, undoCommand);
     stack.addCommand(kGroup, L"REDO", nullptr, ACRX_CMD_MODAL, redoOne);
-    stack.addCommand(kGroup, L"MREDO", nullptr, ACRX_CMD_MODAL, redoSeveral);
+    stack.addCommand(kGroup, L"MREDO", nullptr, ACRX_CMD_MODAL, redoMultiple);
 }
 
 CommandUndoStep::CommandUndoStep() {
@@ -142,7 +142,7 @@ CommandUndoStep::CommandUndoStep() {
 
 CommandUndoStep::~CommandUndoStep() {
     if (--runningCommands() == 0)
-        startStep(); // what is changed after the command is no part of it
+        startStep(); // later changes are not part of the command's step
 }
 
 } // namespace zuhost

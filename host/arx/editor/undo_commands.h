@@ -4,16 +4,16 @@ class AcEdCommandStack;
 
 namespace zuhost {
 
-/// Registers the host's own commands U, UNDO, REDO and MREDO. They work on the current document's drawing.
-/// UNDO and MREDO take the number of steps from the word after them, 1 when it is no number. "UNDO BEGIN" and
-/// "UNDO END" make one step of the commands between them; an undo ends the group as well. "UNDO MARK"
-/// marks how far the work has come, "UNDO BACK" takes back all since the last mark, which goes, or
-/// everything; other undos stop where they reach a mark, the next one passes it. The control of undo
-/// recording (AUTO, CONTROL) is not supported.
+/// Registers the commands U, UNDO, REDO and MREDO, which work on the current document's drawing. UNDO and
+/// MREDO read the number of steps from the next word, 1 if it is not a number. "UNDO BEGIN" and "UNDO END"
+/// group the commands between them into one step; an undo ends the group as well. "UNDO MARK" marks the
+/// current state; "UNDO BACK" undoes everything since the last mark and removes the mark, or undoes
+/// everything without one. Other undos stop at a mark; the next one continues past it. UNDO AUTO and UNDO
+/// CONTROL are not supported.
 void addUndoCommands(AcEdCommandStack& stack);
 
-/// The life of a running command: what it changes in the current document's drawing is one undo step. A
-/// command that runs within another one belongs to that one's step.
+/// Lives while a command runs: its changes of the current document's drawing become one undo step. A nested
+/// command belongs to the step of the outer one.
 class CommandUndoStep {
 public:
     CommandUndoStep();

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The edits run as commands; they share one drawing of a fixture.
+/// The drawing of the fixture: commands are plain functions and have no other access to it.
 AcDbDatabase* edited = nullptr;
 
 AcDbObjectId duct() {
@@ -59,7 +59,7 @@ protected:
         acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     }
 
-    /// What the commands print.
+    /// Runs the commands and returns what they print.
     std::wstring type(const wchar_t* commands) const {
         const zuhost::CommandLineObserver printed;
         acDocManager->sendStringToExecute(acDocManager->curDocument(), commands);
@@ -67,7 +67,7 @@ protected:
         return printed.text();
     }
 
-    /// "x" for an erased duct, else its colour; then "+" for each entity that the drawing did not have.
+    /// Returns "x" for an erased duct, else its colour; then "+" for each entity added to the drawing.
     [[nodiscard]] std::string state() const {
         const AcDbObjectPointer<AcDbEntity> entity(duct(), AcDb::kForRead, true);
         std::string text = entity->isErased() ? "x" : std::to_string(entity->colorIndex() % 256);
@@ -91,7 +91,7 @@ private:
 
 } // namespace
 
-TEST_F(UndoCommands, TakeStepsBackAndDoThemAgain) {
+TEST_F(UndoCommands, UndoAndRedoSteps) {
     const std::wstring noUndo = L"Nothing to undo.\n";
     const std::wstring noRedo = L"Nothing to redo.\n";
     struct Case {
@@ -138,7 +138,7 @@ TEST_F(UndoCommands, TakeStepsBackAndDoThemAgain) {
     }
 }
 
-TEST_F(UndoCommands, StepsAreWholeCommandsAndWhatIsChangedBetweenThem) {
+TEST_F(UndoCommands, StepsAreOuterCommandsAndTheChangesBetweenCommands) {
     type(L"PAINT2\n");
     EXPECT_EQ(state(), "2");
     type(L"U\n");

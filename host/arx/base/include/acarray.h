@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-/// The host's growing array. Positions out of range are ignored by removal and moved into range by insertion;
-/// reading is the caller's care, as in the interface, except that the standard container checks it in debug
-/// builds.
+/// A growing array. Removal ignores positions out of range; insertion clamps them. Reading out of range is
+/// undefined; only checked builds of the standard library detect it.
 template <typename T>
 class AcArray {
 public:
@@ -31,7 +30,7 @@ public:
     [[nodiscard]] T& last() { return items_.back(); }
     [[nodiscard]] const T& last() const { return items_.back(); }
 
-    /// Index of the new element.
+    /// Returns the index of the new element.
     int append(T value) {
         items_.push_back(std::move(value));
         return length() - 1;
@@ -61,7 +60,7 @@ public:
     }
 
     [[nodiscard]] bool contains(const T& value, int start = 0) const { return findFrom(value, start) >= 0; }
-    /// Index of the first equal element; -1 when there is none.
+    /// Returns the index of the first equal element; -1 when there is none.
     [[nodiscard]] int find(const T& value) const { return findFrom(value, 0); }
     [[nodiscard]] int findFrom(const T& value, int start) const {
         const auto from = items_.begin() + std::clamp(start, 0, length());

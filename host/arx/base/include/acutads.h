@@ -4,8 +4,8 @@
 
 #include <afxstr.h>
 
-/// Prints on the host's command line; see zuhost/command_line.h for where that is. The arguments are checked
-/// against the format as those of CString::Format. Returns the number of characters printed.
+/// Prints on the host's command line (zuhost/command_line.h). The arguments are checked against the format as
+/// in CString::Format. Returns the number of characters printed.
 template <typename... Arguments>
 int acutPrintf(const wchar_t* format, const Arguments&... arguments) {
     CString text;

@@ -45,7 +45,7 @@ struct AcRx {
     enum AppRetCode { kRetOK = 0, kRetError = 3 };
 };
 
-/// Results of operations on the drawing database. Only their names count, not their values.
+/// Results of operations on the drawing database. Their numeric values carry no meaning.
 struct Acad {
     enum ErrorStatus {
         eOk = 0,
@@ -106,5 +106,5 @@ struct Acad {
     };
 };
 
-/// A short English text for a status, for messages.
+/// Returns the name of a status, for messages.
 const ACHAR* acadErrorStatusText(Acad::ErrorStatus status);

@@ -14,7 +14,7 @@ inline constexpr short RTSTR = 5005;
 inline constexpr short RTSHORT = 5003;
 inline constexpr short RTLONG = 5010;
 
-/// One item of a chain of typed values.
+/// An item of a linked list ("chain") of typed values.
 struct resbuf {
     resbuf* rbnext = nullptr;
     short restype = 0; ///< A group code, or one of the RT codes.
@@ -33,18 +33,19 @@ struct resbuf {
     } resval{};
 };
 
-/// A new item with the type; freed with acutRelRb.
+/// Returns a new item of the type; the caller frees it with acutRelRb.
 resbuf* acutNewRb(int type);
-/// Frees the whole chain and what its items own.
+/// Frees the item, those after it and what they own.
 int acutRelRb(resbuf* chain);
-/// A copy of the text for `resval.rstring`; freed by acutRelRb or acutDelString. RTERROR, and null, for null.
+/// Copies the text for `resval.rstring`; acutRelRb or acutDelString frees the copy. RTERROR and a null copy
+/// for a null text.
 int acutNewString(const ACHAR* text, ACHAR*& copy);
 void acutDelString(ACHAR*& text);
 
-/// True for the group codes whose values are texts in a chain.
+/// Returns true for the types whose value is `resval.rstring`.
 bool acutIsTextType(short type);
 
-/// Angle in radians, 0 to 2 pi, of the direction from one point to the other in the XY plane.
+/// Returns the angle in radians, 0 to 2 pi, of the direction from one point to the other in the XY plane.
 ads_real acutAngle(const ads_point from, const ads_point to);
-/// Distance of two points in space.
+/// Returns the distance between two points in space.
 ads_real acutDistance(const ads_point a, const ads_point b);

@@ -3,7 +3,7 @@
 #include "gepnt3d.h"
 #include "gescl3d.h"
 
-/// An affine map of space: `entry[row][column]`, applied to column vectors.
+/// An affine transformation of space: `entry[row][column]`, applied to column vectors.
 class AcGeMatrix3d {
 public:
     double entry[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
@@ -19,25 +19,25 @@ public:
     }
     bool operator==(const AcGeMatrix3d& other) const;
 
-    /// The inverse map; a singular matrix gives the identity.
+    /// Returns the inverse; the identity for a singular matrix.
     [[nodiscard]] AcGeMatrix3d inverse() const;
     AcGeMatrix3d& invert() { return *this = inverse(); }
     [[nodiscard]] double det() const;
 
     static AcGeMatrix3d translation(const AcGeVector3d& by);
-    /// Turns by an angle in radians about an axis through `centre`.
+    /// Rotates by an angle in radians about an axis through `centre`.
     static AcGeMatrix3d rotation(double angle, const AcGeVector3d& axis,
                                  const AcGePoint3d& centre = AcGePoint3d::kOrigin);
     static AcGeMatrix3d scaling(double factor, const AcGePoint3d& centre = AcGePoint3d::kOrigin);
     static AcGeMatrix3d scaling(const AcGeScale3d& factors, const AcGePoint3d& centre = AcGePoint3d::kOrigin);
-    /// Mirrors at the plane through `point` with the given normal.
+    /// Mirrors across the plane through `point` with the given normal.
     static AcGeMatrix3d mirroring(const AcGePoint3d& point, const AcGeVector3d& normal);
-    /// From the coordinate system of a plane with the given normal (the arbitrary axis rule of drawings) to
-    /// the world.
+    /// Maps the coordinate system of a plane with the given normal (by the arbitrary axis algorithm of
+    /// drawings) to the world.
     static AcGeMatrix3d planeToWorld(const AcGeVector3d& normal);
     static AcGeMatrix3d worldToPlane(const AcGeVector3d& normal) { return planeToWorld(normal).inverse(); }
 
-    /// The columns are the axes; the last is the origin.
+    /// Sets the first three columns to the axes and the last to the origin.
     AcGeMatrix3d& setCoordSystem(const AcGePoint3d& origin, const AcGeVector3d& xAxis,
                                  const AcGeVector3d& yAxis, const AcGeVector3d& zAxis);
     void getCoordSystem(AcGePoint3d& origin, AcGeVector3d& xAxis, AcGeVector3d& yAxis,

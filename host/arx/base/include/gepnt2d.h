@@ -2,7 +2,7 @@
 
 #include "gevec2d.h"
 
-/// A point of the plane, in drawing units.
+/// A point in the plane, in drawing units.
 class AcGePoint2d {
 public:
     double x = 0.0;

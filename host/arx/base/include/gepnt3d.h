@@ -30,7 +30,7 @@ public:
     [[nodiscard]] constexpr AcGePoint2d convert2d() const { return {x, y}; }
     [[nodiscard]] double distanceTo(const AcGePoint3d& p) const { return (*this - p).length(); }
 
-    /// Turns by an angle in radians about an axis through `centre`.
+    /// Rotates by an angle in radians about an axis through `centre`.
     AcGePoint3d& rotateBy(double angle, const AcGeVector3d& axis, const AcGePoint3d& centre = kOrigin);
     AcGePoint3d& transformBy(const AcGeMatrix3d& matrix);
     AcGePoint3d& scaleBy(double factor, const AcGePoint3d& centre = kOrigin);

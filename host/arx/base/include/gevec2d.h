@@ -16,6 +16,6 @@ public:
     constexpr AcGeVector2d operator*(double s) const { return {x * s, y * s}; }
     constexpr bool operator==(const AcGeVector2d&) const = default;
     [[nodiscard]] double length() const { return std::hypot(x, y); }
-    /// Angle from the x axis in radians, in (-pi, pi].
+    /// Returns the angle from the x axis in radians, in [-pi, pi].
     [[nodiscard]] double angle() const { return std::atan2(y, x); }
 };

@@ -38,14 +38,14 @@ public:
     }
     [[nodiscard]] double length() const;
     [[nodiscard]] constexpr double lengthSqrd() const { return dotProduct(*this); }
-    /// A vector of length 1; a zero vector stays as it is.
+    /// Returns the vector scaled to length 1; a zero vector is returned unchanged.
     [[nodiscard]] AcGeVector3d normal() const;
     AcGeVector3d& normalize() { return *this = normal(); }
-    /// Angle in radians, 0 to pi.
+    /// Returns the angle between the vectors in radians, 0 to pi.
     [[nodiscard]] double angleTo(const AcGeVector3d& v) const;
     [[nodiscard]] bool isZeroLength() const { return length() < 1e-10; }
 
-    /// Turns by an angle in radians about an axis through the origin.
+    /// Rotates by an angle in radians about an axis through the origin.
     AcGeVector3d& rotateBy(double angle, const AcGeVector3d& axis);
     AcGeVector3d& transformBy(const AcGeMatrix3d& matrix);
 };

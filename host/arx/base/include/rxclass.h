@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// Run-time description of a class: its name, its parent and how to make an object of it.
+/// Run-time description of a class: its name, its parent and a function that creates an object.
 class AcRxClass : public AcRxObject {
 public:
     using Creator = AcRxObject* (*)();
@@ -15,7 +15,7 @@ public:
     [[nodiscard]] const wchar_t* name() const { return name_.c_str(); }
     [[nodiscard]] AcRxClass* myParent() const { return parent_; }
     [[nodiscard]] bool isDerivedFrom(const AcRxClass* other) const;
-    /// A new object owned by the caller; null for classes that can't be created.
+    /// Returns a new object owned by the caller; null for classes that can't be created.
     [[nodiscard]] AcRxObject* create() const { return creator_ != nullptr ? creator_() : nullptr; }
 
     AcRxClass* isA() const override;
@@ -27,12 +27,11 @@ private:
     Creator creator_;
 };
 
-/// Registers a class under its name, or returns the one that is registered already. It lives as long as the
-/// host.
+/// Registers a class under its name, or returns the one already registered. It lives as long as the host.
 AcRxClass* newAcRxClass(const wchar_t* name, AcRxClass* parent, AcRxClass::Creator creator = nullptr);
 
-/// The registered class; null when there is none of that name.
+/// Returns the class registered under the name; null when there is none.
 AcRxClass* acrxFindAcRxClass(const wchar_t* name);
 
-/// Nothing to do here: a class knows its parent from its registration on.
+/// Does nothing: a class knows its parent as soon as it is registered.
 inline void acrxBuildClassHierarchy() {}

@@ -3,34 +3,36 @@
 #include "rxclass.h"
 #include "zuhost/service.h"
 
-/// Loads application modules and keeps track of them.
+/// Loads and unloads application modules.
 ///
-/// A module is a shared library with an `acrxEntryPoint`. Loading runs its attach, then its entry point with
-/// kInitAppMsg; unloading sends kUnloadAppMsg and runs its detach. The packet that comes with both messages
-/// names the application to the members below.
+/// A module is a shared library with an `acrxEntryPoint`. Loading runs its attach function, then its entry
+/// point with kInitAppMsg; unloading sends kUnloadAppMsg, then runs its detach function. Both messages carry
+/// a packet that identifies the application to the members below.
 class AcRxDynamicLinker : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcRxDynamicLinker);
 
-    /// Loads a module. "X.arx" and "X.dll" stand for X.arx, X.so or libX.so in the folder given; a bare name
-    /// is also looked for beside the program and beside the host. True when it is loaded already. False when
-    /// there is no such module, it has no entry point, or its entry point returned kRetError; with `print`
-    /// the reason is told on the command line.
+    /// Loads a module; does nothing when it is loaded already. "X.arx" and "X.dll" also stand for X.so and
+    /// libX.so; a name without a folder is searched for in the current folder, the program's and the host's.
+    /// False when there is no such module, it has no entry point, or its entry point returned kRetError; with
+    /// `print` the reason is printed on the command line.
     virtual bool loadModule(const ACHAR* file, bool print, bool asCommand = false);
-    /// False for a module that is not loaded or that is locked.
+    /// False for a module that is not loaded or is locked.
     virtual bool unloadModule(const ACHAR* file, bool asCommand = false);
 
-    /// An application is locked until it unlocks itself in its kInitAppMsg. False for an unknown application.
+    /// An application is locked, and can't be unloaded, until it unlocks itself, usually on kInitAppMsg.
+    /// False for an unknown application.
     virtual bool unlockApplication(void* application) const;
     virtual bool lockApplication(void* application) const;
     [[nodiscard]] virtual bool isApplicationLocked(const ACHAR* name) const;
 
-    /// An application that works with several open drawings says so in its kInitAppMsg.
+    /// An application that supports several open drawings registers on kInitAppMsg. False for an unknown
+    /// application.
     virtual bool registerAppMDIAware(void* application) const;
     virtual bool registerAppNotMDIAware(void* application) const;
     [[nodiscard]] virtual bool isAppMDIAware(const ACHAR* name) const;
 
-    /// True when the module of that name (folder and ending don't count) is loaded.
+    /// Returns true when the module is loaded; ignores the name's folder and extension.
     [[nodiscard]] bool isModuleLoaded(const ACHAR* file) const;
 };
 

@@ -4,8 +4,8 @@
 
 class AcRxClass;
 
-/// Root of the host's classes with run-time identity. The order of the virtual members is part of the
-/// interface.
+/// Root of the host's classes with run-time type information. The order of the virtual members is part of the
+/// binary interface.
 class AcRxObject {
 public:
     virtual ~AcRxObject() = default;
@@ -14,16 +14,16 @@ public:
     static AcRxClass* desc();
     static AcRxObject* cast(const AcRxObject* object);
 
-    /// A copy owned by the caller; null for classes that can't be copied.
+    /// Returns a copy owned by the caller; null for classes that can't be copied.
     virtual AcRxObject* clone() const { return nullptr; }
     virtual Acad::ErrorStatus copyFrom(const AcRxObject* /*other*/) { return Acad::eNotImplementedYet; }
     virtual bool isEqualTo(const AcRxObject* other) const { return this == other; }
     virtual AcRx::Ordering comparedTo(const AcRxObject* other) const;
 
-    /// True when the object is of the class or one derived from it.
+    /// Returns true when the object is of the class or one derived from it.
     bool isKindOf(const AcRxClass* aClass) const;
 
-    /// The protocol extension of the object's class for the given class; null when there is none.
+    /// Returns the protocol extension of the object's class for the given class; null when there is none.
     AcRxObject* queryX(const AcRxClass* protocol) const { return subQueryX(protocol); }
 
 protected:
@@ -36,7 +36,7 @@ protected:
     virtual AcRxObject* subQueryX(const AcRxClass* protocol) const;
 };
 
-/// Declares the run-time members of a class; ACRX_DEFINE_MEMBERS defines them once in a source file.
+/// Declares the run-time type members of a class; one of the macros below defines them in a source file.
 #define ACRX_DECLARE_MEMBERS(CLASS_NAME)                                                                     \
     AcRxClass* isA() const override;                                                                         \
     static AcRxClass* gpDesc;                                                                                \
@@ -44,7 +44,8 @@ protected:
     static CLASS_NAME* cast(const AcRxObject* object);                                                       \
     static void rxInit()
 
-/// Registers the class on first use of its description.
+/// Defines the members; the class is registered on the first call of desc(). CREATE makes an object, or is
+/// null.
 #define ACRX_DEFINE_MEMBERS_WITH(CLASS_NAME, PARENT_CLASS, CREATE)                                           \
     AcRxClass* CLASS_NAME::gpDesc = nullptr;                                                                 \
     AcRxClass* CLASS_NAME::desc() {                                                                          \

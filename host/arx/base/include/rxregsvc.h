@@ -2,7 +2,8 @@
 
 #include "rxdlinkr.h"
 
-/// As the dynamic linker's members.
+// Shorthands for the dynamic linker's members.
+
 inline bool acrxLoadModule(const ACHAR* file, bool print, bool asCommand = false) {
     return acrxDynamicLinker->loadModule(file, print, asCommand);
 }

@@ -7,12 +7,12 @@
 
 class AcDbDatabase;
 
-/// The host's window on the working database; there is one.
+/// The host's only document, which shows the working database.
 class AcApDocument : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcApDocument);
 
-    /// The working database; null without one. It stays its maker's.
+    /// Returns the working database, not owned; null without one.
     [[nodiscard]] AcDbDatabase* database() const;
 };
 
@@ -23,8 +23,8 @@ public:
     [[nodiscard]] virtual AcApDocument* curDocument() const;
     [[nodiscard]] AcApDocument* mdiActiveDocument() const { return curDocument(); }
 
-    /// Queues text as if the user typed it; a blank or a line end ends a command's name. It runs when the
-    /// host is idle: see zuhost::runPendingCommands. eNullObjectPointer without a document or text.
+    /// Queues text as if the user had typed it; a blank or a line end terminates a command's name.
+    /// zuhost::runPendingCommands runs it. eNullObjectPointer for a null document or text.
     virtual Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const ACHAR* text,
                                                   bool activate = true, bool wrapUpInactive = false,
                                                   bool echo = true);
@@ -34,19 +34,18 @@ namespace zuhost {
 
 AcApDocManager& documentManager();
 
-/// What was sent and has not run yet.
+/// Returns the text that was sent and has not run yet.
 const std::wstring& pendingInput();
 void clearPendingInput();
 
-/// Runs the commands that were sent, also those that they send themselves, in order; returns how many were
-/// run. What a command changes in the current document's drawing is one undo step. Names that nobody
-/// registered are told to the editor reactors and on the command line. An exception of the framework ends its
-/// command only and is told as well.
+/// Runs the commands that were sent, and those that they send themselves, in order; returns their number. The
+/// changes of a command are one undo step. Unknown names and commands left by a CException are printed on the
+/// command line and reported to the editor reactors; the commands after them still run.
 int runPendingCommands();
 
-/// The next word of what was sent, upper case and without the marks of commands and options ("_", "."); empty
-/// when there is none. A running command that takes it for its answer takes it off; any other word is the
-/// next command.
+/// Returns the next word that was sent, in upper case and without the prefixes "'", "_" and "."; empty when
+/// there is none. A running command that uses it as its input removes it with takePendingWord; otherwise it
+/// is the next command.
 std::wstring pendingWord();
 void takePendingWord();
 

@@ -4,24 +4,24 @@
 #include "accmd.h"
 #include "rxmfcapi.h"
 
-/// Told of the commands that run. Names are upper case.
+/// Notified of the commands that run. Names are in upper case.
 class AcEditorReactor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcEditorReactor);
 
     virtual void commandWillStart(const ACHAR* /*command*/) {}
     virtual void commandEnded(const ACHAR* /*command*/) {}
-    /// The command was left by an exception.
+    /// The command threw an exception.
     virtual void commandFailed(const ACHAR* /*command*/) {}
     virtual void unknownCommand(const ACHAR* /*command*/) {}
 };
 
-/// The host's command loop as far as reactors see it.
+/// The command loop's reactors.
 class AcEditor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcEditor);
 
-    /// The reactor stays its maker's, who removes it before its end.
+    /// The reactor stays owned by the caller, which removes it before destroying it.
     virtual void addReactor(AcEditorReactor* reactor);
     virtual void removeReactor(AcEditorReactor* reactor);
 
@@ -31,14 +31,14 @@ private:
     AcArray<AcEditorReactor*> reactors_;
 };
 
-// ---- the progress meter of the status bar; zuhost/progress.h says how it is shown
+// ---- the progress meter of the status bar; zuhost/progress.h defines how it is shown
 
-/// Puts a meter in place of the status bar's text, from min to max; one that is there ends. 0, or -1 when the
-/// range is none.
+/// Replaces the status bar's text by a meter from `min` to `max`; a meter in use ends first. Returns 0; -1
+/// when `max` is less than `min`.
 int acedSetStatusBarProgressMeter(const ACHAR* label, int min, int max);
-/// Moves the meter; positions outside its range count as its ends. 0, or -1 without a meter.
+/// Moves the meter; clamps positions to its range. Returns 0; -1 without a meter.
 int acedSetStatusBarProgressMeterPos(int position);
-/// Ends the meter, if there is one.
+/// Ends the meter, if any.
 void acedRestoreStatusBar();
 
 namespace zuhost {

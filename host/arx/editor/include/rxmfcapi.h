@@ -2,10 +2,10 @@
 
 class CMDIFrameWnd;
 
-/// The host's main frame; null on a headless run.
+/// Returns the host's main frame; null in headless programs.
 CMDIFrameWnd* acedGetAcadFrame();
 
 namespace zuhost {
-/// Makes a frame the host's main frame (null: none again). The frame stays its maker's.
+/// Sets the host's main frame, which stays owned by the caller; null for none.
 void setMainFrame(CMDIFrameWnd* frame);
 } // namespace zuhost

@@ -30,7 +30,7 @@ TEST(RunTimeClasses, KnowTheirNamesAndParents) {
     EXPECT_EQ(made->clone(), nullptr);
 }
 
-TEST(Arrays, ForgiveIndicesOutOfRange) {
+TEST(Arrays, ClampOrIgnoreIndicesOutOfRange) {
     AcArray<int> array;
     for (const int value : {1, 2, 3, 2})
         array.append(value);
@@ -67,10 +67,10 @@ TEST(Geometry, MatricesComposeAndInvert) {
     EXPECT_LT((AcGeMatrix3d::planeToWorld({0, 0, -1}) * AcGePoint3d(1, 2, 3)).distanceTo({-1, 2, -3}), 1e-12);
 }
 
-class Listener : public AcEditorReactor {
+class RecordingReactor : public AcEditorReactor {
 public:
-    Listener() { acedEditor->addReactor(this); }
-    ~Listener() override { acedEditor->removeReactor(this); }
+    RecordingReactor() { acedEditor->addReactor(this); }
+    ~RecordingReactor() override { acedEditor->removeReactor(this); }
     void commandWillStart(const ACHAR* name) override { log += L"start " + std::wstring(name) + L";"; }
     void commandEnded(const ACHAR* name) override { log += L"end " + std::wstring(name) + L";"; }
     void commandFailed(const ACHAR* name) override { log += L"fail " + std::wstring(name) + L";"; }
@@ -88,7 +88,7 @@ void sending() {
 
 TEST(Commands, RunInTheOrderSent) {
     CommandLineObserver printed;
-    Listener listener;
+    RecordingReactor reactor;
     EXPECT_EQ(acedRegCmds->addCommand(L"G", L"ZU_FAIL", nullptr, ACRX_CMD_MODAL, failing), Acad::eOk);
     EXPECT_EQ(acedRegCmds->addCommand(L"g", L"zu_fail", nullptr, ACRX_CMD_MODAL, failing),
               Acad::eDuplicateKey);
@@ -99,10 +99,10 @@ TEST(Commands, RunInTheOrderSent) {
     EXPECT_EQ(ApiComn_sendCommand(L"'_.ZU_FAIL", 1, 0, 1), 0);
     EXPECT_EQ(ApiComn_sendCommand(L"", 0, 0, 1), -1);
     EXPECT_EQ(zuhost::pendingInput(), L"'_.ZU_FAIL\n_zu_send\nzu_send\n");
-    EXPECT_TRUE(listener.log.empty()) << "nothing runs before the host is idle";
+    EXPECT_TRUE(reactor.log.empty()) << "nothing runs before the host is idle";
     EXPECT_EQ(zuhost::runPendingCommands(), 3);
-    EXPECT_EQ(listener.log, L"start ZU_FAIL;fail ZU_FAIL;start ZU_SEND;end ZU_SEND;unknown ZU_SEND;"
-                            L"start ZU_FAIL;fail ZU_FAIL;");
+    EXPECT_EQ(reactor.log, L"start ZU_FAIL;fail ZU_FAIL;start ZU_SEND;end ZU_SEND;unknown ZU_SEND;"
+                           L"start ZU_FAIL;fail ZU_FAIL;");
     EXPECT_NE(printed.text().find(L"Unknown command \"ZU_SEND\""), std::wstring::npos);
     EXPECT_EQ(acedRegCmds->lookup(L"送信"), &sending);
     EXPECT_EQ(acedRegCmds->removeCmd(L"G", L"ZU_FAIL"), Acad::eOk);
@@ -113,9 +113,10 @@ TEST(Commands, RunInTheOrderSent) {
 
 TEST(Modules, AreAttachedStartedAndUnloaded) {
     CommandLineObserver printed;
-    ASSERT_TRUE(acrxLoadModule(ZU_TEST_MODULES "\\zu_test_module.arx", true)) << "named as in the interface";
+    ASSERT_TRUE(acrxLoadModule(ZU_TEST_MODULES "\\zu_test_module.arx", true))
+        << ".arx stands for a shared library";
     EXPECT_EQ(printed.text(), L"attach init ");
-    EXPECT_TRUE(acrxLoadModule(L"ZU_TEST_MODULE.dll", true)) << "loaded already";
+    EXPECT_TRUE(acrxLoadModule(L"ZU_TEST_MODULE.dll", true)) << "already loaded";
     EXPECT_TRUE(acrxDynamicLinker->isAppMDIAware(L"zu_test_module"));
     ApiComn_sendCommand(L"_ZU_TEST", 0, 1, 1);
     EXPECT_TRUE(acrxUnloadModule(L"zu_test_module.arx"));
@@ -124,7 +125,7 @@ TEST(Modules, AreAttachedStartedAndUnloaded) {
     EXPECT_EQ(acedRegCmds->lookup(L"_ZU_TEST"), nullptr);
 }
 
-TEST(Modules, RefuseWhatCanNotBeLoaded) {
+TEST(Modules, FailToLoadWithAReason) {
     CommandLineObserver printed;
     EXPECT_FALSE(acrxLoadModule(L"no_such_module.arx", true));
     EXPECT_NE(printed.text().find(L"no_such_module.arx"), std::wstring::npos);
@@ -133,7 +134,7 @@ TEST(Modules, RefuseWhatCanNotBeLoaded) {
     EXPECT_NE(printed.text().find(L"attach init detach "), std::wstring::npos);
     EXPECT_TRUE(acrxLoadModule(ZU_TEST_MODULES "\\zu_test_locked.arx", true));
     EXPECT_TRUE(acrxDynamicLinker->isApplicationLocked(L"zu_test_locked"));
-    EXPECT_FALSE(acrxUnloadModule(L"zu_test_locked")) << "it did not unlock itself";
+    EXPECT_FALSE(acrxUnloadModule(L"zu_test_locked")) << "the module did not unlock itself";
     EXPECT_FALSE(acrxDynamicLinker->unlockApplication(nullptr));
 }
 

@@ -6,16 +6,16 @@
 
 namespace zuhost {
 
-/// Takes what is printed on the command line.
+/// Receives the text printed on the command line.
 using CommandLineSink = std::function<void(std::wstring_view)>;
 
-/// Sets where command-line output goes, and returns where it went until now. Empty, as at the start, means
-/// standard error: a headless program keeps its standard output to itself.
+/// Sets the receiver of command-line output and returns the previous one. An empty one, as at the start,
+/// writes to standard error: standard output is reserved for the results of headless programs.
 CommandLineSink setCommandLineSink(CommandLineSink sink);
 
 void printToCommandLine(std::wstring_view text);
 
-/// Collects what is printed during its life instead of showing it.
+/// Captures the command-line output during its lifetime instead of showing it.
 class CommandLineObserver {
 public:
     CommandLineObserver();

@@ -2,8 +2,8 @@
 
 namespace zuhost {
 
-/// Stands for a service of the host under its interface name, used like a pointer. The service is made on
-/// first use, so that it is there for the static objects of modules too, and it lives as long as the process.
+/// A pointer-like constant for a service of the host. The service is created on first use, so that static
+/// objects of modules can use it, and lives as long as the process.
 template <typename T, T& (*get)()>
 class Service {
 public:

@@ -1,4 +1,4 @@
-// A module of the host for the tests: it notes what happens to it on the command line.
+// A test module, which prints each event of its life on the command line.
 #include <accmd.h>
 #include <acutads.h>
 #include <rxregsvc.h>
