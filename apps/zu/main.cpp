@@ -1,7 +1,7 @@
 #include "command_line.h"
-#include "commands.h"
+#include "commands/commands.h"
 #include "failure.h"
-#include "language.h"
+#include "model/language.h"
 
 #include <CLI/CLI.hpp>
 #include <rxdlinkr.h>

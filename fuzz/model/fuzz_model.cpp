@@ -4,14 +4,14 @@
 #include "../support/program.h"
 #include "../support/require.h"
 
-#include "audit/audit.h"
-#include "drawing_file.h"
-#include "element.h"
 #include "failure.h"
-#include "group.h"
-#include "joints.h"
-#include "plan_picture.h"
-#include "plan_scene.h"
+#include "model/audit/audit.h"
+#include "model/drawing_file.h"
+#include "model/element.h"
+#include "model/group.h"
+#include "model/joints.h"
+#include "plan/plan_picture.h"
+#include "plan/plan_scene.h"
 #include "text.h"
 
 #include <dbents.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "part_json.h"
+#include "report/part_json.h"
 #include "temporary_folder.h"
 
 #include <zuhost/paths.h>

@@ -1,0 +1,65 @@
+#include "commands/attribute_window.h"
+
+#include "failure.h"
+#include "text.h"
+
+#include <afxcmn.h>
+#include <zucomn/frame.h>
+#include <zuhost/desktop.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace zu::app {
+
+namespace {
+
+constexpr unsigned kTitle = 5006;
+constexpr int kLeft = 80;
+constexpr int kTop = 60;
+constexpr int kWidth = 600;
+constexpr int kHeight = 400;
+
+} // namespace
+
+void preparePictures(const std::string& picture) {
+    constexpr int kKeepWhatIsSet = 0;
+    if (!picture.empty())
+        setenv("QT_QPA_PLATFORM", "offscreen", kKeepWhatIsSet);
+}
+
+CAttFrameWnd& openAttributeWindow(const AcArray<AcDbObjectId>& entities, const std::string& drawing) {
+    CString title;
+    ZuComn_LoadString(ZuComn_GetResource(), kTitle, title);
+    title += L" - " + CString(wide(std::filesystem::path(drawing).filename().string()));
+    auto* const window = new CAttFrameWnd;
+    if (window->Create(nullptr, title, WS_OVERLAPPEDWINDOW,
+                       CRect(kLeft, kTop, kLeft + kWidth, kTop + kHeight)) == FALSE)
+        throw Failure("the attribute window can't be made");
+    window->GetLeftPane()->SetEntities(entities);
+    window->ShowWindow(SW_SHOW);
+    return *window;
+}
+
+void showToUser(CFrameWnd& window) {
+    if (!zuhost::hasDesktop()) {
+        window.DestroyWindow();
+        throw Failure("there is no desktop to show a window on; --screenshot draws it into a file");
+    }
+    zuhost::setMessageBoxPresenter({});
+}
+
+void selectAll(const CAttFrameWnd& window) {
+    constexpr int kLines = 3003;
+    static_cast<CListCtrl*>(window.GetLeftPane()->GetDlgItem(kLines))
+        ->SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+}
+
+void closeWithPicture(CFrameWnd& window, const std::string& picture) {
+    const bool saved = zuhost::savePicture(window, picture);
+    window.DestroyWindow();
+    if (!saved)
+        throw Failure(picture + ": can't write the picture");
+}
+
+} // namespace zu::app

@@ -1,0 +1,50 @@
+#include "command_line.h"
+#include "commands/commands.h"
+#include "failure.h"
+#include "model/attribute_rows.h"
+#include "model/drawing_file.h"
+#include "model/settings_file.h"
+#include "report/output.h"
+
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    DrawingSource drawing;
+    std::string handle;
+    std::string settings;
+    bool json = false;
+};
+
+void run(const Options& options) {
+    const SettingsFile settings(options.settings);
+    const DrawingFile drawing(options.drawing);
+    const AttributeRows rows = readAttributeRows(drawing.find(options.handle));
+    if (rows.empty() && !options.json)
+        throw Failure("object " + options.handle + " has no attributes");
+    if (options.json) {
+        printJson(Json(rows));
+        return;
+    }
+    TextTable table({"id", "name", "value", "kind", "label", "no", "flag"});
+    for (const auto& row : rows)
+        table.addRow({row[3], row[2], row[4], row[5], row[6], row[7], row[8]});
+    table.print();
+}
+
+} // namespace
+
+void addAttributesCommand(Command& program) {
+    auto options = std::make_shared<Options>();
+    Command* command = program.add_subcommand("attributes", "Show the attribute rows of an element");
+    addDrawing(*command, options->drawing);
+    command->add_option("HANDLE", options->handle, "The element's handle")->required();
+    command->add_option("--settings", options->settings, "Master settings file, for the names of attributes");
+    command->add_flag("--json", options->json, "As JSON: an array of rows of nine columns");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

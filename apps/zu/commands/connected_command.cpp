@@ -1,0 +1,104 @@
+#include "command_line.h"
+#include "commands/commands.h"
+#include "failure.h"
+#include "model/drawing_file.h"
+#include "report/output.h"
+
+#include <zucomn/dbservices.h>
+#include <zucomn/route.h>
+
+#include <iostream>
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    DrawingSource drawing;
+    std::string handle;
+    std::string group;
+    int kind = 0;
+    bool all = false;
+    bool json = false;
+};
+
+/// Searches the group named, else (null) those of the element.
+AcArray<AcDbObjectId> connectedTo(AcDbObjectId element, AcDbObjectId named, int kind) {
+    AcArray<AcDbObjectId> groups;
+    if (named.isNull())
+        ZuComn_GetGroupID(element, groups);
+    else
+        groups.append(named);
+    AcArray<AcDbObjectId> found;
+    for (const AcDbObjectId group : groups)
+        RootComn_GetConnectBlock(group, element, found, nullptr, kind);
+    return found;
+}
+
+void runOne(const DrawingFile& drawing, const Options& options, AcDbObjectId group) {
+    const AcDbObjectId element = drawing.find(options.handle);
+    AcArray<AcGePoint3d> points;
+    if (ZuComn_GetConnectPoint(element, points) != 0)
+        throw Failure("object " + options.handle + " has no connection points that can be read");
+    const AcArray<AcDbObjectId> found = connectedTo(element, group, options.kind);
+    if (options.json) {
+        printJson(Json(handleTexts(found)));
+        return;
+    }
+    for (const std::string& handle : handleTexts(found))
+        std::cout << handle << '\n';
+}
+
+/// Every member of the group (without one: every block reference).
+std::vector<AcDbObjectId> everyElement(const DrawingFile& drawing, AcDbObjectId group) {
+    if (group.isNull())
+        return drawing.references();
+    AcArray<AcDbObjectId> members;
+    RootComn_GetGroupMember(group, members);
+    return {members.begin(), members.end()};
+}
+
+void runAll(const DrawingFile& drawing, const Options& options, AcDbObjectId group) {
+    Json object = Json::object();
+    // Each handle comes once; to enter one by its key would search all before it.
+    auto& entries = object.get_ref<Json::object_t&>();
+    for (const AcDbObjectId element : everyElement(drawing, group)) {
+        entries.emplace_back(handleText(element), handleTexts(connectedTo(element, group, options.kind)));
+    }
+    if (options.json) {
+        printJson(object);
+        return;
+    }
+    for (const auto& [handle, joined] : object.items()) {
+        std::cout << handle << ':';
+        for (const auto& other : joined)
+            std::cout << ' ' << other.get<std::string>();
+        std::cout << '\n';
+    }
+}
+
+void run(const Options& options) {
+    if (options.all == !options.handle.empty())
+        throw WrongUsage("name an element's handle, or --all");
+    const DrawingFile drawing(options.drawing);
+    const AcDbObjectId group = options.group.empty() ? AcDbObjectId() : drawing.findGroup(options.group);
+    options.all ? runAll(drawing, options, group) : runOne(drawing, options, group);
+}
+
+} // namespace
+
+void addConnectedCommand(Command& program) {
+    auto options = std::make_shared<Options>();
+    Command* command = program.add_subcommand("connected", "List the elements joined to an element");
+    addDrawing(*command, options->drawing);
+    command->add_option("HANDLE", options->handle, "The element's handle");
+    command->add_option("--group", options->group,
+                        "Search this group, by name or handle; else each group of the element");
+    command->add_option("--kind", options->kind, "Only elements of this link kind (and kind 0)");
+    command->add_flag("--all", options->all, "Every member of the group instead of one element");
+    command->add_flag("--json", options->json, "As JSON");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

@@ -1,0 +1,86 @@
+#include "command_line.h"
+#include "commands/commands.h"
+#include "model/drawing_file.h"
+#include "model/element.h"
+#include "report/output.h"
+
+#include <iostream>
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    DrawingSource drawing;
+    bool routesOnly = false;
+    bool json = false;
+};
+
+std::vector<Element> readElements(const DrawingFile& drawing, bool routesOnly) {
+    std::vector<Element> elements;
+    for (const AcDbObjectId id : drawing.references()) {
+        Element element = readElement(id);
+        if (!routesOnly || element.isRouteElement())
+            elements.push_back(std::move(element));
+    }
+    return elements;
+}
+
+Json toJson(const Element& element) {
+    Json points = Json::array();
+    for (const AcGePoint3d& point : element.connectionPoints)
+        points.push_back({point.x, point.y});
+    return {{"handle", element.handle},
+            {"block", element.block},
+            {"code", element.code},
+            {"link_kind", element.linkKind},
+            {"layer", element.layer},
+            {"locked", element.locked},
+            {"origin", {element.origin.x, element.origin.y, element.origin.z}},
+            {"connection_points", points},
+            {"groups", element.groups}};
+}
+
+void printTable(const std::vector<Element>& elements) {
+    TextTable table({"handle", "block", "what", "kind", "layer", "origin", "points", "groups"});
+    for (const Element& e : elements) {
+        std::string groups;
+        for (const std::string& group : e.groups)
+            groups += (groups.empty() ? "" : " ") + group;
+        table.addRow(
+            {e.handle, e.block, elementCodeName(e.code), std::to_string(e.linkKind),
+             e.locked ? e.layer + " (locked)" : e.layer,
+             shortNumber(e.origin.x) + ", " + shortNumber(e.origin.y) + ", " + shortNumber(e.origin.z),
+             std::to_string(e.connectionPoints.size()), groups});
+    }
+    table.print();
+    std::cout << elements.size() << " elements\n";
+}
+
+void run(const Options& options) {
+    const DrawingFile drawing(options.drawing);
+    const std::vector<Element> elements = readElements(drawing, options.routesOnly);
+    if (!options.json) {
+        printTable(elements);
+        return;
+    }
+    Json array = Json::array();
+    for (const Element& element : elements)
+        array.push_back(toJson(element));
+    printJson(array);
+}
+
+} // namespace
+
+void addElementsCommand(Command& program) {
+    auto options = std::make_shared<Options>();
+    Command* command =
+        program.add_subcommand("elements", "List the block references of model space with what they are");
+    addDrawing(*command, options->drawing);
+    command->add_flag("--routes", options->routesOnly, "Only those whose block name has an element prefix");
+    command->add_flag("--json", options->json, "As JSON");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

@@ -1,0 +1,139 @@
+#include "command_line.h"
+#include "commands/commands.h"
+#include "failure.h"
+#include "plan/part_previews.h"
+#include "report/output.h"
+#include "report/part_json.h"
+#include "report/part_warnings.h"
+#include "text.h"
+
+#include <zuhost/file_ops.h>
+#include <zuhost/paths.h>
+
+#include <filesystem>
+#include <iostream>
+#include <map>
+#include <memory>
+#include <system_error>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    std::string path;
+    bool strict = false;
+    bool json = false;
+    std::string preview;
+    std::string previewFolder;
+    bool dark = false;
+    int size = 0;
+};
+
+int tableOption(const Options& options) {
+    return options.strict ? CAcadDxf::kStrictTable : 0;
+}
+
+void printSummary(const CAcadDxf& part) {
+    double minX = 0;
+    double minY = 0;
+    double maxX = 0;
+    double maxY = 0;
+    part.GetSave(minX, minY, maxX, maxY);
+    std::cout << (part.GetAsciiFlag() != 0 ? "ASCII" : "binary") << ", version " << part.GetVersion()
+              << ", extents " << shortNumber(minX) << ", " << shortNumber(minY) << " to " << shortNumber(maxX)
+              << ", " << shortNumber(maxY) << "\n\n";
+}
+
+void printEntities(const CAcadDxf& part) {
+    std::map<std::string, int> counts;
+    for (POSITION at = part.GetEntities().GetHeadPosition(); at != nullptr;)
+        ++counts[narrow(static_cast<const CEnt&>(*part.GetEntities().GetNext(at)).GetTypeName())];
+    TextTable table({"entity", "count"});
+    for (const auto& [type, count] : counts)
+        table.addRow({type, std::to_string(count)});
+    table.print();
+    std::cout << part.GetEntities().GetCount() << " entities\n\n";
+}
+
+void printLayers(const CAcadDxf& part) {
+    TextTable table({"layer", "colour", "linetype", "flags"});
+    for (POSITION at = part.GetLayers().GetHeadPosition(); at != nullptr;) {
+        const auto& layer = static_cast<const CLayer&>(*part.GetLayers().GetNext(at));
+        table.addRow({narrow(layer.m_name.view()), std::to_string(layer.m_color),
+                      narrow(layer.m_linetype.view()), std::to_string(layer.m_flags)});
+    }
+    table.print();
+    std::cout << part.GetLayers().GetCount() << " layers\n\n";
+}
+
+void printBlocks(const CAcadDxf& part) {
+    TextTable table({"block", "base", "entities"});
+    for (POSITION at = part.GetBlocks().GetHeadPosition(); at != nullptr;) {
+        const auto& block = static_cast<const CBlock&>(*part.GetBlocks().GetNext(at));
+        table.addRow({narrow(block.m_name.view()), shortNumber(block.m_x) + ", " + shortNumber(block.m_y),
+                      std::to_string(block.m_entities.GetCount())});
+    }
+    table.print();
+    std::cout << part.GetBlocks().GetCount() << " blocks\n";
+}
+
+void checkReadable(const std::string& path) {
+    const std::string file = zuhost::systemPath(wide(path).view());
+    std::error_code unknown;
+    // What is read from a pipe to try it would be lost.
+    if (std::filesystem::is_fifo(file, unknown))
+        return;
+    if (std::filesystem::is_other(file, unknown))
+        throw Failure(path + ": is a device, not a file");
+    zuhost::file_ops::File opened;
+    if (const int error = opened.open(file, zuhost::file_ops::File::Mode::read))
+        throw Failure(path + ": " + std::generic_category().message(error));
+}
+
+void readPart(const Options& options) {
+    checkReadable(options.path);
+    const CAcadDxf part(wide(options.path), CAcadDxf::kWhite, tableOption(options));
+    if (!part.IsDrawing() && part.GetZufLines().IsEmpty())
+        throw Failure(options.path + ": holds no part drawing");
+    printWarnings(options.path, part.GetFindings());
+    if (!options.preview.empty())
+        savePreview(part, options.preview, {.size = options.size, .dark = options.dark});
+    if (options.json) {
+        std::cout << partToJson(part).dump() << '\n';
+        return;
+    }
+    printSummary(part);
+    printEntities(part);
+    printLayers(part);
+    printBlocks(part);
+}
+
+void run(const Options& options) {
+    if (options.previewFolder.empty())
+        readPart(options);
+    else
+        savePreviews(options.path, options.previewFolder, {.size = options.size, .dark = options.dark},
+                     tableOption(options));
+}
+
+} // namespace
+
+void addPartCommand(Command& program) {
+    auto options = std::make_shared<Options>();
+    Command* command =
+        program.add_subcommand("part", "Read a part drawing, ASCII or binary, or draw a folder of them");
+    command->add_option("FILE", options->path, "The drawing; with --preview-dir the folder of drawings")
+        ->required();
+    command->add_flag("--strict", options->strict,
+                      "Read binary drawings by the table of early part drawings");
+    command->add_flag("--json", options->json, "As JSON");
+    command->add_option("--preview", options->preview, "Draw it into this PNG file");
+    command->add_option("--preview-dir", options->previewFolder,
+                        "Draw a thumbnail of every drawing in the folder and its folders into this folder");
+    command->add_flag("--dark", options->dark, "Draw on a dark background");
+    command->add_option("--size", options->size, "Width of the picture in pixels")->range(16, 8192);
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

@@ -1,0 +1,37 @@
+#include "command_line.h"
+#include "commands/commands.h"
+#include "model/drawing_file.h"
+
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    DrawingSource drawing;
+    std::string output;
+    bool binary = false;
+    bool ascii = false;
+};
+
+void run(const Options& options) {
+    DrawingFile drawing(options.drawing);
+    const bool binary = options.binary || (drawing.database().isBinary() && !options.ascii);
+    drawing.save(options.output, binary);
+}
+
+} // namespace
+
+void addSaveCommand(Command& program) {
+    auto options = std::make_shared<Options>();
+    Command* command =
+        program.add_subcommand("save", "Open a drawing and save it unedited: a loss-free copy");
+    addDrawing(*command, options->drawing);
+    command->add_option("-o,--output", options->output, "Where to save")->required();
+    CommandOption* binary = command->add_flag("--binary", options->binary, "As binary drawing");
+    command->add_flag("--ascii", options->ascii, "As ASCII drawing")->excludes(binary);
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

@@ -1,0 +1,94 @@
+#include "command_line.h"
+#include "commands/commands.h"
+#include "failure.h"
+#include "model/attribute_edit.h"
+#include "model/drawing_file.h"
+#include "model/settings_file.h"
+#include "report/output.h"
+#include "text.h"
+
+#include <algorithm>
+#include <iostream>
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    DrawingSource drawing;
+    std::string key;
+    std::string value;
+    std::vector<std::string> handles;
+    std::string settings;
+    std::string output;
+    bool json = false;
+};
+
+std::vector<AcDbObjectId> targets(const DrawingFile& drawing, const Options& options) {
+    if (options.handles.empty())
+        return drawing.references();
+    std::vector<AcDbObjectId> ids;
+    for (const std::string& handle : options.handles) {
+        const AcDbObjectId id = drawing.find(handle);
+        if (std::find(ids.begin(), ids.end(), id) == ids.end())
+            ids.push_back(id);
+    }
+    return ids;
+}
+
+void print(const AttributeEdit& edit, bool asJson) {
+    if (asJson) {
+        Json skipped = Json::array();
+        for (const SkippedElement& element : edit.skipped)
+            skipped.push_back({{"handle", element.handle}, {"why", element.why}});
+        printJson({{"changed", edit.changed}, {"skipped", skipped}});
+        return;
+    }
+    std::cout << edit.changed.size() << " elements changed\n";
+    for (const SkippedElement& element : edit.skipped)
+        std::cout << "skipped " << element.handle << ": " << element.why << '\n';
+}
+
+void requireStorable(const std::string& value) {
+    if (value.find('|') != std::string::npos)
+        throw WrongUsage("a value can't hold \"|\": the record parts its fields with it");
+    if (value.find_first_of("\r\n") != std::string::npos)
+        throw WrongUsage("a value can't hold a line end");
+    if (narrow(wide(value).view()) != value)
+        throw WrongUsage("the value is no UTF-8 text");
+}
+
+void run(const Options& options) {
+    requireStorable(options.value);
+    const SettingsFile settings(options.settings);
+    if (!options.settings.empty() && !mayEditAttribute(options.key))
+        throw Failure("attribute " + options.key + " may not be edited, says the parameter table");
+    DrawingFile drawing(options.drawing);
+    const AttributeEdit edit =
+        editAttribute(targets(drawing, options), options.key, options.value, !options.handles.empty());
+    if (edit.changed.empty() && edit.skipped.empty())
+        throw Failure("no element has an attribute " + options.key);
+    drawing.save(options.output);
+    print(edit, options.json);
+}
+
+} // namespace
+
+void addSetAttributeCommand(Command& program) {
+    auto options = std::make_shared<Options>();
+    Command* command = program.add_subcommand(
+        "set-attribute", "Set one attribute on some or all elements that have it, and save");
+    addDrawing(*command, options->drawing);
+    command->add_option("KEY", options->key, "The attribute's id, such as S401")->required();
+    command->add_option("VALUE", options->value, "The new value")->required();
+    command->add_option("--handles", options->handles, "Only these elements, by handle, with commas between")
+        ->delimited(',');
+    command->add_option("--settings", options->settings,
+                        "Master settings file; its parameter table says what may be edited");
+    command->add_option("-o,--output", options->output, "Where to save")->required();
+    command->add_flag("--json", options->json, "As JSON");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

@@ -1,0 +1,69 @@
+#include "command_line.h"
+#include "commands/commands.h"
+#include "failure.h"
+#include "report/output.h"
+#include "report/text_file_warning.h"
+#include "text.h"
+
+#include <zucomn/tables.h>
+
+#include <iostream>
+#include <memory>
+#include <utility>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    std::string file;
+    std::string columns;
+    std::string separator = "|";
+    int skip = 0;
+    bool json = false;
+};
+
+void run(const Options& options) {
+    if (options.separator.empty())
+        throw WrongUsage("--separator needs a character");
+    warnOfUnmarkedUtf8(options.file);
+    const CString columns = wide(options.columns);
+    CPtrArray records;
+    const int result = ZuComn_ReadConfigFile(wide(options.file), records, options.skip,
+                                             options.columns.empty() ? nullptr : columns.GetString(),
+                                             wide(options.separator), 0);
+    Json array = Json::array();
+    for (int i = 0; i < records.GetSize(); ++i)
+        array.push_back(narrow(*static_cast<const CStringArray*>(static_cast<CObject*>(records[i]))));
+    ZuComn_RemoveAllFree(records);
+    if (result != 0)
+        throw Failure(options.file +
+                      (ZuComn_findFile(wide(options.file)) ? ": holds no records" : ": can't be read"));
+    if (options.json) {
+        printJson(array);
+        return;
+    }
+    for (const auto& record : array) {
+        const char* between = "";
+        for (const auto& field : record)
+            std::cout << std::exchange(between, "  ") << field.get<std::string>();
+        std::cout << '\n';
+    }
+}
+
+} // namespace
+
+void addTableCommand(Command& program) {
+    auto options = std::make_shared<Options>();
+    Command* command = program.add_subcommand("table", "Read a table file");
+    command->add_option("FILE", options->file, "The file")->required();
+    command->add_option("--columns", options->columns, "Columns to keep, such as 1,3");
+    command->add_option("--separator", options->separator, "Character between fields")->capture_default_str();
+    command->add_option("--skip", options->skip, "Lines to pass over first")
+        ->capture_default_str()
+        ->not_negative();
+    command->add_flag("--json", options->json, "As JSON");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

@@ -1,0 +1,95 @@
+#include "command_line.h"
+#include "commands/attribute_window.h"
+#include "commands/commands.h"
+#include "model/attribute_rows.h"
+#include "model/drawing_file.h"
+#include "model/settings_file.h"
+#include "text.h"
+
+#include <zuhost/desktop.h>
+
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+struct Options {
+    DrawingSource drawing;
+    std::vector<std::string> handles;
+    std::string settings;
+    std::string output;
+    std::string screenshot;
+};
+
+AcArray<AcDbObjectId> entitiesOf(const DrawingFile& drawing, const std::vector<std::string>& handles) {
+    AcArray<AcDbObjectId> entities;
+    for (const std::string& handle : handles)
+        entities.append(drawing.find(handle));
+    if (!handles.empty())
+        return entities;
+    for (const AcDbObjectId id : drawing.references())
+        if (!readAttributeRows(id).empty())
+            entities.append(id);
+    return entities;
+}
+
+/// Notes whether the drawing changes.
+class ChangeWatch : public AcDbDatabaseReactor {
+public:
+    explicit ChangeWatch(AcDbDatabase& database) : database_(database) { database_.addReactor(this); }
+    ~ChangeWatch() override { database_.removeReactor(this); }
+    ChangeWatch(const ChangeWatch&) = delete;
+    ChangeWatch& operator=(const ChangeWatch&) = delete;
+
+    void objectModified(const AcDbDatabase* /*database*/, const AcDbObject* /*object*/) override {
+        changed_ = true;
+    }
+    [[nodiscard]] bool changed() const { return changed_; }
+
+private:
+    AcDbDatabase& database_;
+    bool changed_ = false;
+};
+
+bool wantsToSave(const std::string& drawing) {
+    return AfxMessageBox(wide("Save the changes to " + drawing + "?"), MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
+void letEdit(DrawingFile& drawing, const Options& options) {
+    const ChangeWatch watch(drawing.database());
+    zuhost::runDesktop();
+    if (!options.output.empty())
+        drawing.save(options.output);
+    else if (watch.changed() && wantsToSave(options.drawing.path))
+        drawing.save(options.drawing.path);
+}
+
+void run(const Options& options) {
+    const SettingsFile settings(options.settings);
+    DrawingFile drawing(options.drawing);
+    preparePictures(options.screenshot);
+    CAttFrameWnd& window = openAttributeWindow(entitiesOf(drawing, options.handles), options.drawing.path);
+    if (!options.screenshot.empty()) {
+        closeWithPicture(window, options.screenshot);
+        return;
+    }
+    showToUser(window);
+    letEdit(drawing, options);
+}
+
+} // namespace
+
+void addWindowCommand(Command& program) {
+    auto options = std::make_shared<Options>();
+    Command* command = program.add_subcommand("window", "Open the attribute window on elements");
+    addDrawing(*command, options->drawing);
+    command->add_option("HANDLE", options->handles, "Elements to show (default: every one with attributes)");
+    command->add_option("--settings", options->settings, "Master settings file");
+    command->add_option("-o,--output", options->output,
+                        "Save the drawing here when the window is closed (default: ask)");
+    command->add_option("--screenshot", options->screenshot, "Draw the window into a .png file instead");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

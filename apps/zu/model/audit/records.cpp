@@ -1,0 +1,270 @@
+#include "model/audit/audit.h"
+#include "text.h"
+
+#include <adslib.h>
+#include <arxutil.h>
+#include <dbobjptr.h>
+#include <dbsymtb.h>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+
+namespace zu::app {
+
+namespace {
+
+constexpr const wchar_t* kAttributes = L"ZU_ATTR";
+constexpr const wchar_t* kLink = L"ZU_LINK";
+constexpr short kApplicationName = 1001;
+constexpr short kComment = 999;
+constexpr short kText = 1000;
+constexpr std::size_t kHeaderFields = 3;
+constexpr std::size_t kItemFields = 6;
+constexpr const char* kHeader = "header of the attribute record";
+
+struct ChainDeleter {
+    void operator()(resbuf* chain) const { acutRelRb(chain); }
+};
+
+/// What an entity holds of an application.
+struct Record {
+    int count = 0; ///< How often the application stands there.
+    bool hasOtherValues = false;
+    bool hasLaterValues = false; ///< Values where the application stands again.
+    std::vector<CString> texts;
+
+    [[nodiscard]] bool hasText() const {
+        return std::any_of(texts.begin(), texts.end(), [](const CString& text) { return !text.IsEmpty(); });
+    }
+};
+
+Record readRecord(const resbuf* chain, const wchar_t* application) {
+    Record record;
+    bool isOurs = false;
+    bool isBroken = false;
+    for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
+        if (item->restype == kApplicationName) {
+            isOurs = CString(item->resval.rstring).CompareNoCase(application) == 0;
+            record.count += isOurs ? 1 : 0;
+        } else if (isOurs && record.count == 1) {
+            // A value that can't stand in extended data ends the record for its readers.
+            isBroken |= item->restype < kComment;
+            if (item->restype == kText && !isBroken)
+                record.texts.emplace_back(item->resval.rstring);
+            else
+                record.hasOtherValues = true;
+        } else if (isOurs) {
+            record.hasLaterValues |= item->restype != kText || *item->resval.rstring != L'\0';
+        }
+    }
+    return record;
+}
+
+/// The fields of a text that are each ended by a bar, and what stands behind the last one.
+struct Fields {
+    std::vector<CString> ended;
+    CString rest;
+};
+
+Fields split(const CString& text) {
+    Fields fields;
+    int start = 0;
+    for (int bar = text.Find(L'|'); bar >= 0; bar = text.Find(L'|', start)) {
+        fields.ended.push_back(text.Mid(start, bar - start));
+        start = bar + 1;
+    }
+    fields.rest = text.Mid(start);
+    return fields;
+}
+
+CString join(const std::vector<CString>& fields) {
+    CString text;
+    for (const CString& field : fields)
+        text += field + L"|";
+    return text;
+}
+
+/// The text with so many fields, all ended; nullopt when a field with a value would have to go.
+std::optional<CString> withFields(const CString& text, std::size_t count) {
+    Fields fields = split(text);
+    if (!fields.rest.IsEmpty())
+        fields.ended.push_back(fields.rest);
+    while (fields.ended.size() > count && CString(fields.ended.back()).Trim().IsEmpty())
+        fields.ended.pop_back();
+    if (fields.ended.size() > count)
+        return std::nullopt;
+    fields.ended.resize(count);
+    return join(fields.ended);
+}
+
+std::string fieldsProblem(const std::string& what, const CString& text, std::size_t wanted) {
+    const Fields fields = split(text);
+    if (!fields.rest.IsEmpty())
+        return what + " has a field that no bar ends: " + narrow(text.view());
+    return what + " has " + std::to_string(fields.ended.size()) + " fields instead of " +
+           std::to_string(wanted) + ": " + narrow(text.view());
+}
+
+bool isCount(const CString& field) {
+    const std::wstring_view digits = field.view();
+    return !digits.empty() && digits.size() < 10 &&
+           std::all_of(digits.begin(), digits.end(), [](wchar_t c) { return c >= L'0' && c <= L'9'; });
+}
+
+/// The faults of one entity's record. Its texts are mended where they can be, stored once and then reported.
+class RecordAudit {
+public:
+    RecordAudit(AcDbObjectId entity, const wchar_t* application, Record record)
+        : entity_(entity), application_(application), record_(std::move(record)) {}
+
+    /// False when nothing more can be said of the record.
+    bool checkForm(const std::string& name) {
+        const bool isEmpty = !record_.hasText() && !record_.hasOtherValues && !record_.hasLaterValues;
+        if (record_.count > 1 && !isEmpty)
+            note(name + " is there more than once; only the first counts");
+        if (record_.hasOtherValues)
+            note(name + " holds values that are no texts");
+        if (record_.hasText())
+            return true;
+        faults_.push_back({name + " is empty", isEmpty});
+        record_.texts.clear();
+        return false;
+    }
+
+    void checkAttributes() {
+        for (std::size_t i = 1; i < record_.texts.size(); ++i)
+            checkItem(i);
+        checkHeader();
+    }
+
+    void checkLinkKind() {
+        const std::wstring_view text = record_.texts.front().view();
+        if (text.size() < 2 || text[0] < L'0' || text[0] > L'6' || text[1] != L'|')
+            note("link record doesn't begin with a link kind (0 to 6): " + narrow(text));
+    }
+
+    void report(Audit& audit) const {
+        const bool isMended =
+            std::any_of(faults_.begin(), faults_.end(), [](const Fault& f) { return f.mended; });
+        const bool isStored = audit.isRepairing() && isMended && store();
+        for (const Fault& fault : faults_)
+            audit.add(entity_, fault.problem, [&] { return fault.mended && isStored; });
+    }
+
+private:
+    struct Fault {
+        std::string problem;
+        bool mended;
+    };
+
+    void note(std::string problem) { faults_.push_back({std::move(problem), false}); }
+    void mend(std::string problem, std::size_t place, const CString& text) {
+        record_.texts[place] = text;
+        faults_.push_back({std::move(problem), true});
+    }
+
+    void checkItem(std::size_t place) {
+        const CString text = record_.texts[place];
+        const std::optional<CString> mended = withFields(text, kItemFields);
+        if (mended == text)
+            return;
+        const std::string problem =
+            fieldsProblem("item " + std::to_string(place) + " of the attribute record", text, kItemFields);
+        mended ? mend(problem, place, *mended) : note(problem);
+    }
+
+    void checkHeader() {
+        const CString text = record_.texts.front();
+        const std::optional<CString> mended = withFields(text, kHeaderFields);
+        if (!mended)
+            return note(fieldsProblem(kHeader, text, kHeaderFields));
+        CString items;
+        items.Format(L"%d", static_cast<int>(record_.texts.size() - 1));
+        Fields header = split(*mended);
+        CString& count = header.ended.front();
+        if (*mended != text) {
+            if (count.IsEmpty())
+                count = items;
+            mend(fieldsProblem(kHeader, text, kHeaderFields), 0, join(header.ended));
+        }
+        if (CString(count).Trim() == items)
+            return;
+        const std::string problem = "attribute record names \"" + narrow(count.view()) +
+                                    "\" as the number of its items and has " + narrow(items.view());
+        if (!isCount(count) && !count.IsEmpty())
+            return note(problem);
+        count = items;
+        mend(problem, 0, join(header.ended));
+    }
+
+    [[nodiscard]] bool store() const {
+        CStringArray texts;
+        for (const CString& text : record_.texts)
+            texts.Add(text);
+        return ApiComn_appendAttributesArray(entity_, application_, texts) == 0;
+    }
+
+    AcDbObjectId entity_;
+    const wchar_t* application_;
+    Record record_;
+    std::vector<Fault> faults_;
+};
+
+struct Found {
+    bool attributes = false;
+    bool link = false;
+};
+
+Found auditEntity(AcDbObjectId entity, Audit& audit) {
+    Record attributes;
+    Record link;
+    if (const AcDbObjectPointer<AcDbObject> object(entity); object.openStatus() == Acad::eOk) {
+        const std::unique_ptr<resbuf, ChainDeleter> chain(object->xData());
+        attributes = readRecord(chain.get(), kAttributes);
+        link = readRecord(chain.get(), kLink);
+    }
+    const Found found{attributes.count > 0, link.count > 0};
+    if (found.attributes) {
+        RecordAudit record(entity, kAttributes, std::move(attributes));
+        if (record.checkForm("attribute record"))
+            record.checkAttributes();
+        record.report(audit);
+    }
+    if (found.link) {
+        RecordAudit record(entity, kLink, std::move(link));
+        if (record.checkForm("link record"))
+            record.checkLinkKind();
+        record.report(audit);
+    }
+    return found;
+}
+
+void auditRegistration(AcDbDatabase& database, const wchar_t* application, Audit& audit) {
+    AcDbRegAppTable* table = nullptr;
+    if (database.getSymbolTable(table) != Acad::eOk)
+        return;
+    const bool isKnown = table->has(application);
+    table->close();
+    if (!isKnown)
+        audit.add(database.regAppTableId(),
+                  std::string("application ") + narrow(application) + " is not registered",
+                  [&] { return acdbRegApp(&database, application) == Acad::eOk; });
+}
+
+} // namespace
+
+void auditRecords(DrawingFile& drawing, const std::vector<AcDbObjectId>& entities, Audit& audit) {
+    Found any;
+    for (const AcDbObjectId entity : entities) {
+        const Found found = auditEntity(entity, audit);
+        any.attributes |= found.attributes;
+        any.link |= found.link;
+    }
+    if (any.attributes)
+        auditRegistration(drawing.database(), kAttributes, audit);
+    if (any.link)
+        auditRegistration(drawing.database(), kLink, audit);
+}
+
+} // namespace zu::app
