@@ -9,7 +9,6 @@
 #include "model/drawing_file.h"
 #include "model/element.h"
 #include "model/group.h"
-#include "model/joints.h"
 #include "plan/plan_picture.h"
 #include "plan/plan_scene.h"
 #include "text.h"
@@ -18,6 +17,7 @@
 #include <dbobjptr.h>
 #include <zucomn/dbservices.h>
 #include <zucomn/model/attributes.h>
+#include <zucomn/model/joints.h>
 #include <zucomn/route.h>
 
 #include <algorithm>
@@ -43,7 +43,7 @@ using Ids = std::vector<AcDbObjectId>;
 /// No value: the drawing is refused.
 std::unique_ptr<app::DrawingFile> open(const CString& file) {
     try {
-        return std::make_unique<app::DrawingFile>(app::narrow(file.view()));
+        return std::make_unique<app::DrawingFile>(app::DrawingSource{app::narrow(file.view())});
     } catch (const app::Failure&) {
         return nullptr;
     }
@@ -63,7 +63,7 @@ void list(const app::DrawingFile& drawing) {
         (void)app::readElement(id);
     for (const AcDbObjectId id : drawing.groups())
         (void)app::readGroup(id);
-    (void)app::joinedElements(app::connectionPoints(references));
+    (void)zucomn::joinedElements(zucomn::connectionPoints(references));
     for (std::size_t i = 0; i < std::min(references.size(), kSearches); ++i)
         search(references[i]);
 }

@@ -146,7 +146,10 @@ TEST_F(LinesFile, FailedSaveKeepsFileAndLines) {
     folder_.write("parts.txt", "old");
     save("missing/parts.txt", linesOf({L"A|1"}), false);
     save("parts.txt", linesOf({L"A|𠮷"}), false);
-    EXPECT_EQ(read("parts.txt"), "old") << "the encoding cannot represent the character";
+    CStringArray withNull;
+    withNull.Add(CString(std::wstring_view(L"A\0|1", 4)));
+    save("parts.txt", withNull, false);
+    EXPECT_EQ(read("parts.txt"), "old") << "the encoding cannot represent a character, and a null character";
 
     const std::string mark = "\xEF\xBB\xBF";
     folder_.write("parts.txt", mark + "old");

@@ -315,7 +315,8 @@ PlanScene::Equipment readEquipment(AcDbObjectId id) {
 
 PlanScene::PlanScene(DrawingFile& drawing) : elements_(drawing.references()) {
     for (const AcDbObjectId id : drawing.entities()) {
-        Item& item = items_.emplace_back(id);
+        Item& item = items_.emplace_back();
+        item.id = id;
         if (!id.objectClass()->isDerivedFrom(AcDbBlockReference::desc()))
             continue;
         int code = kNoElement;

@@ -5,6 +5,8 @@
 
 #include <afx.h>
 
+#include <string_view>
+
 namespace zu {
 
 namespace {
@@ -61,7 +63,9 @@ bool saveLines(const CString& path, CStringArray& lines) {
     CStringArray padded;
     for (int i = 0; i < lines.GetSize(); ++i)
         padded.Add(paddedLine(lines[i]));
-    if (!write(path, joinedLines(padded, routeAttributeMode())))
+    const CString text = joinedLines(padded, routeAttributeMode());
+    // The file's interface writes up to the first null character: the rest would be lost.
+    if (text.view().find(L'\0') != std::wstring_view::npos || !write(path, text))
         return false;
     lines.Copy(padded);
     return true;

@@ -17,7 +17,7 @@ bool readLines(const CString& path, CStringArray& lines);
 /// Sets route-attribute mode by the path, pads the lines to six fields and replaces the whole file by them:
 /// with a line end after each line in route-attribute mode, else joined without line ends. A new file is in
 /// code page 932; an existing one keeps its encoding. Returns false, with file and lines unchanged, when the
-/// file cannot be written or its encoding cannot represent a character.
+/// file cannot be written, its encoding cannot represent a character, or a line holds a null character.
 bool saveLines(const CString& path, CStringArray& lines);
 
 } // namespace zu
