@@ -4,36 +4,37 @@
 
 #include <afxcoll.h>
 
-// The link information file: pairs of a key and a value, one "key|value" a line, usually "LinkInfo.lif" in
-// the system folder. A key may contain line ends and then takes several lines; a value holds no "|" and no
-// line end. Trailing spaces of keys and values don't count when reading. The file is read as a table file is
-// (see tables.h): "#" begins a comment line, "END" ends it.
+// The link information file: pairs of a key and a value, usually "LinkInfo.lif" in the system folder. A
+// record is one line "key|value"; a key that contains line ends takes several lines. Values contain neither
+// "|" nor line ends. Trailing spaces of keys and values are ignored. Files are read as table files are, see
+// tables.h: lines that begin with "#" are comments, a line "END" ends the records.
 
-/// Appends the value of each key, in the order of the keys: empty for a key that is not there, the first one
-/// for a key that is there several times. Of the lines of a long key in the file only the last two count.
-/// False, with nothing appended, when the file is missing or holds no records.
+/// Appends the value of each key in order: an empty text for a missing key, the first value of a repeated
+/// one. Only the last two lines of a key in the file count. Returns true on success, false with nothing
+/// appended when the file is missing or has no records.
 ZUCOMN_API bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys, CStringArray& values);
 
-/// Merges pairs into the file: records with one of the keys are replaced in their place, the other pairs
-/// follow the last record, before a line "END". Of a key given twice the first pair counts. There have to be
-/// as many values as keys.
+/// Merges pairs into the file. Records with one of the keys are replaced in place; new pairs are inserted
+/// after the last record, before a line "END". The first pair of a repeated key counts. There must be
+/// at least as many values as keys.
 ///
-/// Refuses all pairs when one could not be read back: no key holds "|", more than one line end, a line that
-/// begins with "#", a line end after nothing or after "END" (in any case), or white space at the start or end
-/// of a line; no value holds "|" or a line end; neither holds the characters 0x0D, 0x1A and NUL. A key whose
-/// characters the file's encoding reads back as others is refused too; a value is saved and reads back with
-/// those (in code page 932 the wave dash U+301C as U+FF5E).
+/// All pairs are rejected when one could not be read back. A key must not contain "|", more than one line
+/// end, a line that begins with "#", a line end at its start or after "END" (in any case), or white space at
+/// the start or end of a line. A value must not contain "|" or a line end. Neither may contain the characters
+/// 0x0D, 0x1A and NUL. Some encodings convert characters to equivalent ones, such as the wave dash U+301C to
+/// U+FF5E in code page 932: such keys are rejected, such values are saved with the equivalent characters.
 ///
-/// A line without "|" is taken for one of the key of the next record. Only the last of several such lines
-/// stays, and none that no record follows. Records that don't change, comments and everything from "END" on
-/// keep their bytes; blank lines are dropped. A new file is in code page 932, an old one keeps its encoding.
-/// The old file stays as the backup: the path with "bak" after its last ".", for a path without "."
-/// "LinkInfo.lif" in the system folder. Components of the path are separated by "\\" or "/".
+/// A line without "|" belongs to the key of the next record. Of several such lines only the last is kept, and
+/// none at the end of the file. Unchanged records, comments, and everything from "END" on are preserved
+/// verbatim; blank lines are removed. A new file is in code page 932; an existing one keeps its encoding. The
+/// previous file is kept as a backup: the path with "bak" after its last ".", or "LinkInfo.lif" in the system
+/// folder for a path without ".". Components of the path are separated by "\\" or "/".
 ///
-/// True when the new file is in place. At any moment the path holds the whole old file or the whole new one;
-/// a link there is followed, and the access rights stay. When only the last step fails, a message box says
-/// so, and the backup and the temporary file ("__Temp.tmp" in the same folder, or "LinkInfo.tmp" in the
-/// system folder for a bare name) stay. Any other failure leaves the old file, without a message; so does a
-/// character that the file's encoding can't hold, and a line of more than 16 MiB in the old or the new file.
+/// Returns true when the new file is in place. At any moment the path holds either the complete old or the
+/// complete new file. Symbolic links are followed and access rights preserved. When only the last step fails,
+/// a message box reports it, and the backup and the temporary file remain ("__Temp.tmp" in the same folder,
+/// "LinkInfo.tmp" in the system folder for a path without a folder). All other failures leave the old file
+/// unchanged and show no message, among them characters that the file's encoding cannot represent and lines
+/// of more than 16 MiB.
 ZUCOMN_API bool ZuComn_SaveLinkInfo(const wchar_t* path, const CStringArray& keys,
                                     const CStringArray& values);
