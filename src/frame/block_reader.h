@@ -17,14 +17,14 @@ namespace zu {
 template <typename Result>
 class BlockReader {
 public:
-    /// Processes a block's lines; must not touch objects of other threads.
+    /// Processes the lines of a block; must not access objects of other threads.
     using Read = std::function<Result(CTextBlock block)>;
 
-    /// Reads on from the file's current line.
+    /// Starts at the file's current line.
     BlockReader(CStdioFile& file, Read read) : file_(file), read_(std::move(read)) {}
 
-    /// Returns the result of the next block, in file order; nullopt at the end. Rethrows in that order what
-    /// reading the file or processing the block threw.
+    /// Returns the result of the next block, in file order; nullopt at the end. Rethrows exceptions of
+    /// reading the file and of processing a block in the same order.
     std::optional<Result> next() {
         do
             start();
@@ -59,8 +59,8 @@ private:
             blocks_.push_back(failure.get_future());
         }
     }
-    /// This thread processes the last block, often the only one, and every block where the system offers no
-    /// other thread.
+    /// Defers to the calling thread the last block, often the only one, and every block when the system has
+    /// one hardware thread.
     [[nodiscard]] std::launch policy() const {
         const bool here = complete_ || threads_ <= 1;
         return here ? std::launch::deferred : std::launch::async | std::launch::deferred;
@@ -75,7 +75,7 @@ private:
     Read read_;
     UINT blockSize_ = kSmallBlock;
     unsigned threads_ = std::min(std::thread::hardware_concurrency(), kMostThreads);
-    std::deque<std::future<Result>> blocks_; ///< After what the threads use, so that they end first.
+    std::deque<std::future<Result>> blocks_; ///< Waits for its threads; declared after the members they use.
     bool complete_ = false;
 };
 

@@ -6,10 +6,10 @@
 
 namespace zu {
 
-/// A number in the style of a combo box's mode; see ZuComn_ComboBoxAdd.
+/// Formats a number as the mode of a combo box requires; see ZuComn_ComboBoxAdd.
 [[nodiscard]] CString comboNumber(double value, int mode);
 
-/// The texts of a list with one number more: sorted ascending, all written in the mode's style.
+/// Returns the numbers of a list and one more, sorted ascending and formatted as the mode requires.
 [[nodiscard]] std::vector<CString> withNumber(const std::vector<CString>& items, const CString& added,
                                               int mode);
 

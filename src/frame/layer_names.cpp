@@ -67,7 +67,7 @@ const NamedLayer kLayers[] = {
     {&ZUOTHERS_LAYER, 131},      {&DXF_STANDPIPE_LAYER, 132},  {&ZURTSIGN_LAYER, 210},
 };
 
-/// The names that the variables begin with.
+/// Returns the initial values of the variables.
 std::vector<CString> defaultNames() {
     std::vector<CString> names;
     for (const NamedLayer& layer : kLayers)

@@ -7,10 +7,10 @@
 
 namespace zu {
 
-/// Which fields of a line are kept, as a text of decimal numbers separated by commas says.
+/// Selects fields of a line by their numbers, a text of decimal numbers separated by commas.
 class ColumnSelection {
 public:
-    /// Null keeps every field.
+    /// A null pointer selects every field.
     explicit ColumnSelection(const wchar_t* columns);
     [[nodiscard]] bool keeps(int number) const { return !numbers_ || lists(number); }
 
@@ -26,10 +26,10 @@ private:
     return text;
 }
 
-/// "END" in any case, alone in its line without the line end, ends a table.
+/// Returns whether a line, given without its line end, is "END" in any case, which ends a table.
 [[nodiscard]] bool endsTable(std::wstring_view line);
 
-/// Lines whose first character is "#" are comments.
+/// Returns whether the line's first character is "#".
 [[nodiscard]] inline bool isComment(std::wstring_view line) {
     return line.starts_with(L'#');
 }

@@ -48,7 +48,7 @@ struct WorkingNames {
     CString backup;
 };
 
-/// False when a name lies in the system folder and the settings name none.
+/// Returns false when a name belongs in the system folder but the settings name no system folder.
 bool findNames(const CString& path, WorkingNames& names) {
     const int separator = std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/'));
     const int point = path.ReverseFind(L'.');
@@ -80,9 +80,9 @@ std::string readAll(CFile& file) {
     }
 }
 
-/// Empty when there is no such file. A file that is there but can't be read throws: its records would be
-/// lost.
-std::string readOld(const CString& path) {
+/// Returns an empty text when the file does not exist. Throws when an existing file cannot be read: saving
+/// would otherwise lose its records.
+std::string readExisting(const CString& path) {
     CFile file;
     CFileException error;
     if (file.Open(path, CFile::modeRead | CFile::shareDenyNone, &error))
@@ -104,7 +104,7 @@ bool writeTemporary(const CString& temporary, const CString& path, const std::ve
     if (!file.Open(temporary, CFile::modeCreate | CFile::modeWrite | CFile::shareDenyWrite))
         return false;
     try {
-        if (const auto merged = zu::mergeLinks(readOld(path), pairs)) {
+        if (const auto merged = zu::mergeLinks(readExisting(path), pairs)) {
             writeAll(file, *merged);
             return true;
         }
@@ -121,9 +121,10 @@ void showFailedSave(DWORD error) {
     AfxMessageBox(message, MB_OK | MB_ICONSTOP);
 }
 
-bool putInPlace(const WorkingNames& names, const CString& path) {
-    // A file that is its own backup must not be deleted before the new one is there. The backup is a copy and
-    // not the renamed file: the path always holds one, stays the link that it may be, and keeps its rights.
+bool replaceTarget(const WorkingNames& names, const CString& path) {
+    // A target that is its own backup must not be deleted before the new file exists. The backup is a copy,
+    // not the renamed target, so that the path always names a file and keeps its symbolic link and
+    // permissions.
     if (names.backup.CompareNoCase(path) != 0) {
         DeleteFileW(names.backup);
         CopyFileW(path, names.backup, FALSE);
@@ -146,7 +147,7 @@ bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys, CStringAr
     }
     const ValuesByKey found = valuesOf(records);
     ZuComn_RemoveAllFree(records);
-    const int count = keys.GetSize(); // Both may be the same list.
+    const int count = keys.GetSize(); // `keys` and `values` may be the same array.
     for (int i = 0; i < count; ++i) {
         const auto value = found.find(std::wstring(keys[i].view()));
         values.Add(value != found.end() ? value->second : CString());
@@ -165,5 +166,5 @@ bool ZuComn_SaveLinkInfo(const wchar_t* path, const CStringArray& keys, const CS
     if (target.IsEmpty() || !findNames(target, names) || names.temporary.CompareNoCase(target) == 0)
         return false;
     DeleteFileW(names.temporary);
-    return writeTemporary(names.temporary, target, pairs) && putInPlace(names, target);
+    return writeTemporary(names.temporary, target, pairs) && replaceTarget(names, target);
 }

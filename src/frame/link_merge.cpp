@@ -13,7 +13,7 @@ namespace zu {
 namespace {
 
 constexpr char kEndOfText = 0x1A;
-/// Bytes; a longer line couldn't be read again.
+/// In bytes; reading a table rejects longer lines.
 constexpr std::size_t kLongestLine = std::size_t{1} << 24U;
 constexpr wchar_t kSeparator = L'|';
 
@@ -35,7 +35,7 @@ public:
             pending_.emplace(pairs[i].key, i);
         if (encoding_.lineFeed().size() == 1)
             file_ = file_.substr(0, file_.find(kEndOfText));
-        // Half a character at the end would shift all that follows it.
+        // Half a UTF-16 unit at the end would misalign everything appended after it.
         file_.remove_suffix(file_.size() % encoding_.lineFeed().size());
         if (encoding_.lineFeed().size() == 1)
             rest_ = file.substr(file_.size());
@@ -54,7 +54,7 @@ public:
     }
 
 private:
-    /// New records end their lines as the file's first line does.
+    /// Returns whether new records end in CR LF: when the first line does, or has no line end.
     bool endsLinesWithReturn() const {
         const std::size_t end = encoding_.endOfLine(file_, encoding_.mark().size());
         const std::size_t feed = encoding_.lineFeed().size();
@@ -132,7 +132,8 @@ private:
     }
 
     bool writePair(const LinkPair& pair) {
-        // Some encodings take several characters for one and read it back as only one of them.
+        // A code page may map several characters to the same bytes, which read back as one of them: a look-up
+        // would not find a key with another.
         const auto key = encoding_.encode(pair.key);
         return key && encoding_.decode(*key) == pair.key && write(pair.key + kSeparator + pair.value + L'\n');
     }
@@ -156,7 +157,7 @@ private:
     std::wstring heldText_;
     std::string_view heldBytes_;
     std::string heldComments_; ///< Between a held line and its record.
-    std::string_view rest_;    ///< What is not read: from a line "END" or kEndOfText on.
+    std::string_view rest_;    ///< From a line "END" or kEndOfText to the end; preserved verbatim.
     std::string result_;
 };
 

@@ -12,15 +12,15 @@ struct LinkPair {
     std::wstring value;
 };
 
-/// Whether a look-up finds the pair once it is saved: see ZuComn_SaveLinkInfo for what makes a pair unfit.
+/// Returns whether a look-up finds the pair after it is saved; ZuComn_SaveLinkInfo lists what it rejects.
 [[nodiscard]] bool isReadable(const LinkPair& pair);
 
 /// Returns the bytes of a link information file with readable pairs, whose keys differ, merged into it. A
 /// matching record is replaced in its place, other records keep their bytes; pairs without a record follow
 /// the last record, before a line "END". A line without "|" belongs to the next line with one; blank lines
 /// and lines that no record follows are dropped. Comments, and everything from "END" on, are preserved
-/// verbatim. Nullopt when the file's encoding can't hold a character or reads one of a key back as another,
-/// or a line or a new record is longer than lines of tables may be.
+/// verbatim. Returns nullopt when the file's encoding cannot represent a character or reads one of a key back
+/// as another, or when a line or a new record exceeds the length limit of table lines.
 [[nodiscard]] std::optional<std::string> mergeLinks(std::string_view file,
                                                     const std::vector<LinkPair>& pairs);
 

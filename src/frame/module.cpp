@@ -15,7 +15,7 @@ void attach(HINSTANCE module) {
     instance = module;
     if (extension.bInitialized || !AfxInitExtensionModule(extension, module))
         return;
-    // The resource chain owns it.
+    // Owned by the resource chain.
     new CDynLinkLibrary(extension);
     InitAcUiDLL();
 }

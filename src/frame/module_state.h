@@ -4,13 +4,13 @@
 
 namespace zu {
 
-/// The library's own module, known from its attach on.
+/// Returns the library's own module; null before it is attached.
 [[nodiscard]] HINSTANCE moduleInstance();
 
-/// Frees the language module when there is one; texts then come from the library itself.
+/// Frees the language module, if any; texts then come from the library itself.
 void freeLanguageModule();
 
-/// Makes the module that texts come from the framework's current one for a scope.
+/// Sets the framework's resource handle to ZuComn_GetResource() and restores it at the end of a scope.
 class ResourceScope {
 public:
     ResourceScope();

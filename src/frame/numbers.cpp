@@ -16,8 +16,8 @@ constexpr int kMostPlaces = 16;
 constexpr double kFullTurn = 360.0;
 constexpr int kMostDigits = 400;
 
-/// Towards zero, without limit: a whole part may be longer than any integer type. Adding 0.0 keeps a negative
-/// zero from being written "-0".
+/// Truncates towards zero. Formats a double because the whole part may exceed every integer type. Adding 0.0
+/// turns a negative zero, which would be written "-0", into a positive one.
 CString whole(double value) {
     CString text;
     text.Format(L"%.0f", std::trunc(value) + 0.0);
@@ -39,8 +39,8 @@ bool isSmall(double value) {
     return (value > 0.0 && value <= kSmall) || (value < 0.0 && value >= -kSmall);
 }
 
-/// The digits behind the point of a magnitude below 1, in the shortest form that reads as the same number:
-/// multiplying by 10 instead would turn 0.0003 into 0.00029999...
+/// Returns the digits after the decimal point of a magnitude below 1, in the shortest form that reads back as
+/// the same number: repeated multiplication by 10 would turn 0.0003 into 0.00029999...
 std::string decimalsOf(double magnitude) {
     constexpr std::size_t kPoint = 2; // "0."
     std::array<char, 400> buffer{};
@@ -53,7 +53,7 @@ std::string decimalsOf(double magnitude) {
 CString smallReal(double value, int precision, int significantDigits) {
     const std::string shown = decimalsOf(std::abs(value)).substr(0, static_cast<std::size_t>(precision));
     const std::size_t last = shown.find_last_not_of('0');
-    // Without a digit within the precision, one of the zeros counts as a trailing one.
+    // When every digit within the precision is zero, one of them is dropped as a trailing zero.
     const int places = last != std::string::npos ? static_cast<int>(last) + 1 : precision - 1;
     if (places > kMostPlaces)
         return significant(value, significantDigits);
@@ -61,7 +61,7 @@ CString smallReal(double value, int precision, int significantDigits) {
         return whole(value);
     CString text;
     text.Format(L"%0.*f", places, value);
-    // Rounding the last place up may leave a zero there.
+    // Rounding up may leave a zero in the last place.
     return last != std::string::npos ? text.TrimRight(L'0') : text;
 }
 

@@ -2,7 +2,7 @@
 
 namespace zu {
 
-/// The number of digits behind the point that the settings ask for; 0 when they don't say.
+/// Returns the number of decimal places set in the configuration; 0 when it is not set.
 [[nodiscard]] int configuredPrecision();
 
 } // namespace zu

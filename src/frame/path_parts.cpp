@@ -26,7 +26,7 @@ std::wstring_view leadingComponents(std::wstring_view path, int level) {
     return path.substr(0, end == 0 ? 0 : end - 1);
 }
 
-PathParts takeApart(std::wstring_view path, int level) {
+PathParts splitPath(std::wstring_view path, int level) {
     PathParts parts;
     const std::size_t separator = path.rfind(L'\\');
     const std::size_t point = path.rfind(L'.');
@@ -40,7 +40,7 @@ PathParts takeApart(std::wstring_view path, int level) {
     return parts;
 }
 
-void put(std::wstring_view text, wchar_t* buffer) {
+void copyTo(std::wstring_view text, wchar_t* buffer) {
     if (buffer == nullptr)
         return;
     const std::size_t count = std::min(text.size(), MAX_PATH - 1);
@@ -52,11 +52,11 @@ void put(std::wstring_view text, wchar_t* buffer) {
 
 void ZuComn_ExtractFileName(wchar_t* directory, wchar_t* name, wchar_t* title, wchar_t* extension,
                             const wchar_t* path, int level) {
-    // A copy: an output may be the buffer of the path.
+    // Copied because an output may be the buffer of the path.
     const CString whole(path);
-    const PathParts parts = takeApart(whole.view(), level);
-    put(parts.directory, directory);
-    put(parts.name, name);
-    put(parts.title, title);
-    put(parts.extension, extension);
+    const PathParts parts = splitPath(whole.view(), level);
+    copyTo(parts.directory, directory);
+    copyTo(parts.name, name);
+    copyTo(parts.title, title);
+    copyTo(parts.extension, extension);
 }

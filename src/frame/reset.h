@@ -2,7 +2,7 @@
 
 namespace zu {
 
-// Give the exported variables of the frame their defaults again.
+// Restore the defaults of the variables that this folder exports.
 void resetLayerNames();
 void resetCurrentWindows();
 void resetDrawingVariables();

@@ -16,7 +16,7 @@ namespace {
 
 constexpr LANGID kJapanese = 0x0411;
 
-/// Paths may be longer than MAX_PATH.
+/// Grows the buffer as needed: paths may exceed MAX_PATH.
 std::wstring ownPath() {
     std::wstring path(MAX_PATH, L'\0');
     DWORD length = 0;

@@ -25,7 +25,7 @@ constexpr std::wstring_view kSeparatorOption = L"属性値区切り記号";
 
 struct Option {
     std::wstring_view key;
-    const wchar_t* olderKey; ///< In the options of the master file; null: composed of two.
+    const wchar_t* olderKey; ///< In the options section of the master file; null: see olderSeparator.
 };
 
 constexpr std::array<Option, 10> kKnownOptions{{
@@ -41,7 +41,7 @@ constexpr std::array<Option, 10> kKnownOptions{{
     {L"寸法尺度設定", L"DIMSCALE"},
 }};
 
-/// The only place that reads a value: "error" stands for a missing one.
+/// Returns false for a missing value. "error" stands for one, so a stored "error" counts as missing, too.
 bool readValue(const wchar_t* file, const wchar_t* section, const wchar_t* key, CString& value) {
     wchar_t buffer[kValueSize] = {};
     GetPrivateProfileStringW(section, key, kMissing, buffer, kValueSize, file);
@@ -69,7 +69,7 @@ AcDb::LineWeight lineWeight(UINT keyId) {
     return static_cast<AcDb::LineWeight>(_wtoi(value));
 }
 
-/// "\"/\",1" -> "/,1": the separator may stand in quotes.
+/// Removes quotes around the separator: "\"/\",1" becomes "/,1".
 CString withoutQuotes(const CString& value) {
     const int comma = value.ReverseFind(L',');
     if (comma < 0)
@@ -94,8 +94,8 @@ CString olderValue(const Option& option) {
                                       : olderSeparator();
 }
 
-/// Such a text would make lines of its own in the file.
-bool holdsLineEnd(const wchar_t* text) {
+/// A line end would start another line of the file.
+bool containsLineEnd(const wchar_t* text) {
     return text != nullptr && std::wstring_view(text).find_first_of(L"\r\n") != std::wstring_view::npos;
 }
 
@@ -103,7 +103,7 @@ bool holdsLineEnd(const wchar_t* text) {
 
 void ZuComn_SetIniFile(const CString& path) {
     ZUCE_INIFILE = path;
-    // Ducts have no key of their own: they share that of routes.
+    // Ducts share the key of routes.
     gblComn_lineWeight = lineWeight(zu::text::kRouteLineWeight);
     gblComn_ductLineWeight = lineWeight(zu::text::kRouteLineWeight);
     gblComn_kikiLineWeight = lineWeight(zu::text::kEquipmentLineWeight);
@@ -140,17 +140,17 @@ int ZuComn_readConfig(wchar_t* buffer, const wchar_t* file, const wchar_t* secti
 
 int ZuComn_writeConfig(const wchar_t* section, const wchar_t* key, const wchar_t* value,
                        const wchar_t* /*file*/) {
-    if (holdsLineEnd(section) || holdsLineEnd(key) || holdsLineEnd(value))
+    if (containsLineEnd(section) || containsLineEnd(key) || containsLineEnd(value))
         return FALSE;
     return WritePrivateProfileStringW(section, key, value, configurationFile());
 }
 
 int ZuComn_readEnvConfig(CString& value, const wchar_t* key) {
-    // A copy: a caller may give the output's own text as the key.
-    const CString asked(key);
-    value = valueOrEmpty(configurationFile(), kEnvironment, asked);
+    // Copied because the key may be the text of `value`.
+    const CString name(key);
+    value = valueOrEmpty(configurationFile(), kEnvironment, name);
     const auto option = std::find_if(kKnownOptions.begin(), kKnownOptions.end(),
-                                     [&asked](const Option& known) { return known.key == asked.view(); });
+                                     [&name](const Option& known) { return known.key == name.view(); });
     if (option == kKnownOptions.end())
         return 0;
     if (value.IsEmpty()) {

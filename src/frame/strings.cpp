@@ -20,14 +20,14 @@ int ZuComn_SeparateString(const wchar_t* text, CStringArray& fields, wchar_t sep
 
 int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, const wchar_t* columns,
                           const wchar_t* separator) {
-    // A copy: the text may be one of the fields that are removed.
+    // Copied because the text may be one of the fields removed below.
     const CString whole(text);
-    const wchar_t parting = separator != nullptr ? *separator : L'\0';
+    const wchar_t delimiter = separator != nullptr ? *separator : L'\0';
     const zu::ColumnSelection selection(columns);
     fields.RemoveAll();
-    if (whole.IsEmpty() || parting == L'\0')
+    if (whole.IsEmpty() || delimiter == L'\0')
         return -1;
-    zu::splitLine(whole.view(), parting, selection,
+    zu::splitLine(whole.view(), delimiter, selection,
                   [&fields](std::wstring_view field) { fields.Add(CString(field)); });
     return fields.IsEmpty() ? -1 : 0;
 }

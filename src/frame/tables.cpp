@@ -34,7 +34,7 @@ public:
         for (int i = 0; i < fields_.GetSize(); ++i)
             fields.Add(std::move(fields_[i]));
     }
-    static void giveUp(Kept& fields) { fields.RemoveAll(); }
+    static void discard(Kept& fields) { fields.RemoveAll(); }
 
 private:
     CStringArray fields_;
@@ -62,7 +62,7 @@ public:
         records.Append(records_);
         records_.RemoveAll();
     }
-    static void giveUp(Kept& records) { ZuComn_RemoveAllFree(records); }
+    static void discard(Kept& records) { ZuComn_RemoveAllFree(records); }
 
 private:
     CPtrArray records_;
@@ -131,7 +131,7 @@ int readTable(const wchar_t* path, typename List::Kept& kept, int skip, const wc
             readParts<List>(file, format, kept);
         return kept.IsEmpty() ? -1 : 0;
     } catch (const CFileException&) {
-        List::giveUp(kept);
+        List::discard(kept);
         return -1;
     }
 }

@@ -24,7 +24,7 @@ std::optional<std::wstring> fromCodePage(UINT codePage, std::string_view bytes) 
     if (!fits(bytes.size()))
         return std::nullopt;
     const auto count = static_cast<int>(bytes.size());
-    // In none of the code pages does a byte become more than one wide character.
+    // No code page decodes a byte to more than one wide character.
     std::wstring text(bytes.size(), L'\0');
     const int size = MultiByteToWideChar(codePage, 0, bytes.data(), count, text.data(), count);
     text.resize(static_cast<std::size_t>(std::max(size, 0)));
@@ -38,9 +38,9 @@ std::optional<std::string> toCodePage(UINT codePage, std::wstring_view text) {
         return std::nullopt;
     const auto count = static_cast<int>(text.size());
     BOOL replaced = FALSE;
-    // The platform rejects this pointer for UTF-8, which can hold every character.
-    BOOL* const asked = codePage == CP_UTF8 ? nullptr : &replaced;
-    const int size = WideCharToMultiByte(codePage, 0, text.data(), count, nullptr, 0, nullptr, asked);
+    // The platform rejects this pointer for UTF-8, which represents every character.
+    BOOL* const replacedFlag = codePage == CP_UTF8 ? nullptr : &replaced;
+    const int size = WideCharToMultiByte(codePage, 0, text.data(), count, nullptr, 0, nullptr, replacedFlag);
     if (size <= 0 || replaced)
         return std::nullopt;
     std::string bytes(static_cast<std::size_t>(size), '\0');
@@ -88,7 +88,7 @@ std::string toUtf16(std::wstring_view text) {
     return bytes;
 }
 
-/// Whether bytes have the form of code page 932: single bytes, and pairs that begin with a lead byte.
+/// Returns whether bytes are well-formed code page 932: single bytes, and pairs that begin with a lead byte.
 bool isCodePage932(std::string_view bytes) {
     const auto within = [](unsigned char c, int first, int last) { return c >= first && c <= last; };
     for (std::size_t at = 0; at < bytes.size(); ++at) {
@@ -110,8 +110,8 @@ bool isUnmarkedUtf8(std::string_view bytes) {
     const auto text = fromCodePage(CP_UTF8, bytes);
     if (!text || toCodePage(CP_UTF8, *text) != bytes)
         return false;
-    // Characters of two bytes in UTF-8 may be half-width katakana in code page 932; those of three, as all
-    // Japanese has, would be rare kanji next to half-width katakana.
+    // Two-byte sequences of UTF-8 may be half-width katakana in code page 932. Three-byte sequences, which
+    // all Japanese text has, would be rare kanji next to half-width katakana.
     const bool hasThreeBytes =
         std::any_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) >= 0xE0; });
     return hasThreeBytes || !isCodePage932(bytes);
@@ -148,7 +148,7 @@ std::optional<std::string> TextEncoding::encode(std::wstring_view text) const {
 std::size_t TextEncoding::endOfLine(std::string_view bytes, std::size_t from) const {
     const std::string_view feed = lineFeed();
     std::size_t at = bytes.find(feed, from);
-    // The second half of one character and the first of the next may look like a line feed.
+    // In UTF-16 the second byte of a unit and the first byte of the next may look like a line feed.
     while (at != std::string_view::npos && (at - from) % feed.size() != 0)
         at = bytes.find(feed, at + 1);
     return at == std::string_view::npos ? bytes.size() : at + feed.size();

@@ -6,8 +6,8 @@
 
 namespace zu {
 
-/// How the bytes of a text file are read and written, by the mark at its start. For code that preserves the
-/// bytes of lines; CStdioFile is enough to read lines.
+/// The encoding of a text file, chosen by the byte-order mark at its start. For code that preserves the bytes
+/// of lines; CStdioFile is enough to read lines.
 class TextEncoding {
 public:
     static TextEncoding of(std::string_view bytes);
@@ -15,12 +15,13 @@ public:
     [[nodiscard]] std::string_view mark() const;
     [[nodiscard]] std::string_view lineFeed() const;
 
-    /// Text of bytes without the mark; nullopt for more than the platform converts in one piece.
+    /// Decodes bytes without the mark; returns nullopt when there are more than the platform converts at
+    /// once.
     [[nodiscard]] std::optional<std::wstring> decode(std::string_view bytes) const;
-    /// Nullopt when a character can't be held.
+    /// Returns nullopt when the encoding cannot represent a character.
     [[nodiscard]] std::optional<std::string> encode(std::wstring_view text) const;
 
-    /// Where the line that starts at `from` ends, after its line feed.
+    /// Returns the position after the line feed of the line that starts at `from`, or the end of the bytes.
     [[nodiscard]] std::size_t endOfLine(std::string_view bytes, std::size_t from) const;
 
 private:
@@ -30,7 +31,7 @@ private:
     Kind kind_;
 };
 
-/// Whether bytes without a mark are likely to be UTF-8: valid as such, and hardly a text in code page 932.
+/// Returns whether bytes without a mark are probably UTF-8: valid UTF-8, and unlikely as code page 932.
 [[nodiscard]] bool isUnmarkedUtf8(std::string_view bytes);
 
 } // namespace zu

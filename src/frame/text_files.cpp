@@ -15,7 +15,7 @@ bool zucomn::isUnmarkedUtf8(const wchar_t* path) {
     try {
         std::string bytes(kMostBytes, '\0');
         bytes.resize(file.Read(bytes.data(), kMostBytes));
-        // Whole lines, so that no character is cut.
+        // Whole lines only: the limit may split a character.
         if (bytes.size() == kMostBytes)
             bytes.resize(bytes.rfind('\n') + 1);
         return zu::isUnmarkedUtf8(bytes);

@@ -21,8 +21,8 @@ struct ResourceLanguages {
     LANGID last = 0;
 };
 
-BOOL noteLanguage(HMODULE /*module*/, const wchar_t* /*type*/, const wchar_t* /*name*/, WORD language,
-                  LPARAM parameter) {
+BOOL collectLanguage(HMODULE /*module*/, const wchar_t* /*type*/, const wchar_t* /*name*/, WORD language,
+                     LPARAM parameter) {
     // The interface passes the caller's pointer as a number.
     // NOLINTNEXTLINE(performance-no-int-to-ptr)
     auto& languages = *reinterpret_cast<ResourceLanguages*>(parameter);
@@ -42,13 +42,14 @@ bool isHongKongEdition() {
     return edition;
 }
 
-/// The language of the system's own library is that of the system's edition.
+/// Returns the language of a system library's resources, which is that of the system's edition.
 LANGID systemLibraryLanguage() {
     const HMODULE library = LoadLibraryW(L"ntdll.dll");
     if (library == nullptr)
         return 0;
     ResourceLanguages languages;
-    EnumResourceLanguagesW(library, RT_VERSION, L"#1", &noteLanguage, reinterpret_cast<LPARAM>(&languages));
+    EnumResourceLanguagesW(library, RT_VERSION, L"#1", &collectLanguage,
+                           reinterpret_cast<LPARAM>(&languages));
     FreeLibrary(library);
     if (languages.count < 1 || languages.count > 2)
         return 0;

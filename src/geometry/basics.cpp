@@ -38,7 +38,7 @@ void Esg_project_p2l(const Point* p, const Line* line, Point* foot) {
 }
 
 int Esg_parallel_line(const Line* line, const Point* side_pt, double dist, Line* out) {
-    // Only a degenerate line lacks direction or length, so that 3 and 4 don't come up.
+    // Results 3 and 4 cannot occur: only a degenerate line has no direction or length.
     const auto base = directed(*line);
     if (!base)
         return 1;

@@ -10,14 +10,14 @@ namespace {
 
 constexpr double kSameRadius = 0.01;
 constexpr double kTouching = 0.00001;
-/// A gap of this part of the circles' size may be due to rounding alone.
+/// Relative to the circles' size; a gap up to this may be due to rounding alone.
 constexpr double kRounding = 2.0 * std::numeric_limits<double>::epsilon();
 
 CircleIntersection none(Meeting meeting) {
     return {meeting, 0, {}, {}};
 }
 
-/// Two circles seen from the first centre, which keeps the precision far from the origin.
+/// Two circles relative to the first centre, which preserves precision far from the origin.
 struct CirclePair {
     Point centre;
     Point unit;         ///< Direction to the second centre.
@@ -42,7 +42,7 @@ struct CirclePair {
         touch = std::abs(gap) <= kRounding * (sum + distance) || std::abs(1.0 - std::abs(ratio)) <= kRounding;
     }
 
-    /// The point at the foot, moved to the left of the direction.
+    /// Returns the foot, moved to the left of the direction.
     [[nodiscard]] Point beside(double left) const {
         return {centre.x + (foot * unit.x - left * unit.y), centre.y + (foot * unit.y + left * unit.x)};
     }
@@ -50,7 +50,7 @@ struct CirclePair {
     [[nodiscard]] CircleIntersection atFoot() const { return {Meeting::Points, 1, beside(0.0), beside(0.0)}; }
 };
 
-/// Centres on a horizontal: the lower point comes first.
+/// Centres of equal y: the lower point comes first.
 CircleIntersection onHorizontal(const CirclePair& pair) {
     if (pair.halfSquared < -kTouching)
         return none(Meeting::Apart);
@@ -60,8 +60,8 @@ CircleIntersection onHorizontal(const CirclePair& pair) {
     return {Meeting::Points, 2, pair.beside(-left), pair.beside(left)};
 }
 
-/// Any other centres: the point with the smaller x comes first. The tolerance is on the discriminant of the
-/// equation for x, which is 4 halfSquared / unit.y^2.
+/// Any other centres: the point with the smaller x comes first. The tolerance applies to the discriminant of
+/// the equation for x, which is 4 halfSquared / unit.y^2.
 CircleIntersection onSlope(const CirclePair& pair) {
     const double discriminant = 4.0 * pair.halfSquared;
     const double touching = kTouching * pair.unit.y * pair.unit.y;

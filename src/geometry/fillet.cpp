@@ -26,7 +26,7 @@ std::optional<DirectedLine> normalAt(const Point& p, double angle) {
     return directed(between(p, moved(p, unitAt(toRadians(angle + 90.0)), kNormalLength)));
 }
 
-/// The arc's start and end: of the two sweeps between the angles the one under 180 degrees.
+/// Returns the start and end angles of the arc between two angles whose sweep is less than 180 degrees.
 std::pair<double, double> smallerSweep(double first, double second) {
     if (first > second) {
         const double sweep = 360.0 - first + second;
@@ -35,8 +35,84 @@ std::pair<double, double> smallerSweep(double first, double second) {
     return second - first < 180.0 ? std::pair(first, second) : std::pair(second, first);
 }
 
-/// The line from where it touches the arc, which lies at an angle from the corner, to its start when that
-/// lies beyond in this direction, else to its end. Nothing when it touches within 0.1 of its start.
+/// Returns the line from its tangent point to its start when that lies at `angle`, the direction from the
+/// corner to the tangent point, else to its end. Returns nullopt for a tangent point within 0.1 of the start.
+/// The corner that the pick lies in: the intersection of the lines and the rays along its sides.
+struct Corner {
+    Point point;
+    Ray rayA;
+    Ray rayB;
+};
+
+struct TangentPoint {
+    Point point;
+    double angle; ///< Direction from the corner.
+};
+
+// The functions below return 0 or the result of Esg_fillet_l2l for the step that fails.
+
+int findCorner(const Point& pick, const DirectedLine& a, const DirectedLine& b, Corner& found) {
+    const auto corner = intersection(ImplicitLine(a), ImplicitLine(b));
+    if (!corner)
+        return 4;
+    const Point footA = footOn(a, pick);
+    const Point footB = footOn(b, pick);
+    const auto towardsA = directed(between(*corner, footA));
+    if (!towardsA)
+        return 1;
+    const auto towardsB = directed(between(*corner, footB));
+    if (!towardsB)
+        return 2;
+    const auto alphaA = angleInDegrees(*corner, footA);
+    if (!alphaA)
+        return 3;
+    const auto alphaB = angleInDegrees(*corner, footB);
+    if (!alphaB)
+        return 4;
+    found = {*corner, {towardsA->unit, *alphaA}, {towardsB->unit, *alphaB}};
+    // At an obtuse corner a foot may fall on the line's other half, beyond the corner.
+    if (sideOf(*towardsB, pick) != sideOf(*towardsB, footA))
+        found.rayA.reverse();
+    if (sideOf(*towardsA, pick) != sideOf(*towardsA, footB))
+        found.rayB.reverse();
+    return 0;
+}
+
+int fitArc(const Corner& corner, double r, TangentPoint& a, TangentPoint& b, Arcs& arc) {
+    const double turn = std::abs(corner.rayA.angle - corner.rayB.angle);
+    const double opening = turn > 180.0 ? 360.0 - turn : turn;
+    const double distance = r / std::tan(toRadians(opening / 2.0));
+    const Point touchA = moved(corner.point, corner.rayA.unit, distance);
+    const Point touchB = moved(corner.point, corner.rayB.unit, distance);
+
+    const auto angleA = angleInDegrees(corner.point, touchA);
+    if (!angleA)
+        return 5;
+    const auto normalA = normalAt(touchA, *angleA);
+    if (!normalA)
+        return 6;
+    const auto angleB = angleInDegrees(corner.point, touchB);
+    if (!angleB)
+        return 7;
+    const auto normalB = normalAt(touchB, *angleB);
+    if (!normalB)
+        return 8;
+    const auto centre = intersection(ImplicitLine(*normalA), ImplicitLine(*normalB));
+    if (!centre)
+        return 9;
+    const auto gammaA = angleInDegrees(*centre, touchA);
+    if (!gammaA)
+        return 10;
+    const auto gammaB = angleInDegrees(*centre, touchB);
+    if (!gammaB)
+        return 11;
+    const auto [first, last] = smallerSweep(*gammaA, *gammaB);
+    arc = {centre->x, centre->y, r, first, last};
+    a = {touchA, *angleA};
+    b = {touchB, *angleB};
+    return 0;
+}
+
 std::optional<Line> trimmed(const Line& line, const Point& touch, double angle) {
     const auto toStart = angleInDegrees(touch, start(line));
     if (!toStart)
@@ -56,68 +132,20 @@ int Esg_fillet_l2l(const Point* pick, const Line* a, const Line* b, double r, Ar
         return 2;
     if (r == 0.0)
         return 3;
-    const auto corner = intersection(ImplicitLine(*lineA), ImplicitLine(*lineB));
-    if (!corner)
-        return 4;
+    Corner corner{};
+    if (const int failed = findCorner(*pick, *lineA, *lineB, corner); failed != 0)
+        return failed;
+    TangentPoint touchA{};
+    TangentPoint touchB{};
+    if (const int failed = fitArc(corner, r, touchA, touchB, *arc); failed != 0)
+        return failed;
 
-    const Point footA = footOn(*lineA, *pick);
-    const Point footB = footOn(*lineB, *pick);
-    const auto towardsA = directed(between(*corner, footA));
-    if (!towardsA)
-        return 1;
-    const auto towardsB = directed(between(*corner, footB));
-    if (!towardsB)
-        return 2;
-    const auto alphaA = angleInDegrees(*corner, footA);
-    if (!alphaA)
-        return 3;
-    const auto alphaB = angleInDegrees(*corner, footB);
-    if (!alphaB)
-        return 4;
-    // In a wide corner the foot may fall on the line's other half, beyond the corner.
-    Ray rayA{towardsA->unit, *alphaA};
-    if (sideOf(*towardsB, *pick) != sideOf(*towardsB, footA))
-        rayA.reverse();
-    Ray rayB{towardsB->unit, *alphaB};
-    if (sideOf(*towardsA, *pick) != sideOf(*towardsA, footB))
-        rayB.reverse();
-
-    const double turn = std::abs(rayA.angle - rayB.angle);
-    const double opening = turn > 180.0 ? 360.0 - turn : turn;
-    const double distance = r / std::tan(toRadians(opening / 2.0));
-    const Point touchA = moved(*corner, rayA.unit, distance);
-    const Point touchB = moved(*corner, rayB.unit, distance);
-
-    const auto angleA = angleInDegrees(*corner, touchA);
-    if (!angleA)
-        return 5;
-    const auto normalA = normalAt(touchA, *angleA);
-    if (!normalA)
-        return 6;
-    const auto angleB = angleInDegrees(*corner, touchB);
-    if (!angleB)
-        return 7;
-    const auto normalB = normalAt(touchB, *angleB);
-    if (!normalB)
-        return 8;
-    const auto centre = intersection(ImplicitLine(*normalA), ImplicitLine(*normalB));
-    if (!centre)
-        return 9;
-    const auto gammaA = angleInDegrees(*centre, touchA);
-    if (!gammaA)
-        return 10;
-    const auto gammaB = angleInDegrees(*centre, touchB);
-    if (!gammaB)
-        return 11;
-    const auto [first, last] = smallerSweep(*gammaA, *gammaB);
-    *arc = {centre->x, centre->y, r, first, last};
-
-    // The directions of the lines and of the tangent points are known by now, so that 12 to 15 don't come up.
-    const auto trimmedA = trimmed(*a, touchA, *angleA);
+    // Results 12 to 15 cannot occur: the directions of the lines and to the tangent points exist.
+    const auto trimmedA = trimmed(*a, touchA.point, touchA.angle);
     if (!trimmedA)
         return 16;
     *out_a = *trimmedA;
-    const auto trimmedB = trimmed(*b, touchB, *angleB);
+    const auto trimmedB = trimmed(*b, touchB.point, touchB.angle);
     if (!trimmedB)
         return 17;
     *out_b = *trimmedB;

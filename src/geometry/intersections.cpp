@@ -11,12 +11,12 @@ constexpr int kTwoPoints = 1;
 constexpr int kOnePoint = 2;
 constexpr Point kOrigin{0.0, 0.0};
 
-/// What is still taken as touching, on the difference of squared radius and squared distance.
+/// Tolerance for touching, on the difference of squared radius and squared distance.
 double touchTolerance(double r) {
     return r >= 1.0 ? r * 0.001 * r * 0.1 : r * 0.0015 * r * 0.01;
 }
 
-/// Whether a point lies in the arc's sweep; a point at the centre counts as at 0 degrees.
+/// Returns whether a point lies in the arc's sweep; a point at the centre counts as at 0 degrees.
 bool isInSweep(const Arcs& arc, const Point& p) {
     const auto once = [](double angle) { return angle >= 360.0 ? angle - 360.0 : angle; };
     const double first = once(arc.sang);

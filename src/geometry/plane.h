@@ -6,7 +6,7 @@
 #include <optional>
 
 // The steps that the operations share. An operation computes the direction of each of its lines once and
-// passes it on: a direction costs more trigonometry than everything else.
+// passes it on: the trigonometry of a direction dominates the cost.
 namespace zu::plane {
 
 inline constexpr double kPi = 3.141592653589793;
@@ -29,7 +29,7 @@ inline Point unitAt(double angle) {
     return {std::cos(angle), std::sin(angle)};
 }
 
-/// The point at a distance from another in the direction of a unit vector.
+/// Returns the point at a distance from another in the direction of a unit vector.
 inline Point moved(const Point& p, const Point& unit, double distance) {
     return {p.x + distance * unit.x, p.y + distance * unit.y};
 }
@@ -87,7 +87,7 @@ inline double angleInRadians(const Line& line, double length) {
     return line.y1 > line.y2 ? 2.0 * kPi - angle : angle;
 }
 
-/// Nothing for a degenerate line.
+/// Returns nullopt for a degenerate line.
 inline std::optional<DirectedLine> directed(const Line& line) {
     if (isDegenerate(line))
         return std::nullopt;
@@ -95,7 +95,7 @@ inline std::optional<DirectedLine> directed(const Line& line) {
     return DirectedLine{start(line), unitAt(angleInRadians(line, lineLength)), lineLength};
 }
 
-/// 1 left of the line, -1 right of it, 0 on it.
+/// Returns 1 for a point left of the line, -1 right of it, 0 on it.
 inline int sideOf(const DirectedLine& line, const Point& p) {
     const Point d = line.vector();
     const double cross = (p.y - line.start.y) * d.x - (p.x - line.start.x) * d.y;
@@ -124,7 +124,7 @@ struct ImplicitLine {
         : a(-line.vector().y), b(line.vector().x), c(a * line.start.x + b * line.start.y) {}
 };
 
-/// Nothing when the lines are parallel.
+/// Returns nullopt for parallel lines.
 inline std::optional<Point> intersection(const ImplicitLine& l, const ImplicitLine& m) {
     const double det = l.a * m.b - m.a * l.b;
     if (std::abs(det) <= kParallel)

@@ -13,7 +13,7 @@ constexpr double kNormalLength = 1000.0;
 constexpr double kRadiusMatch = 0.5;
 constexpr double kLeastRadii = 0.01;
 constexpr int kMostCircles = 4;
-/// Rounding may put circles that touch from inside slightly above 1.
+/// Rounding may give slightly more than 1 for circles that touch from inside.
 constexpr double kMostCosine = 1.0 + 2.0 * std::numeric_limits<double>::epsilon();
 
 /// A point where a circle may touch a line, and the line's perpendicular there.
@@ -22,7 +22,7 @@ struct Touch {
     std::optional<ImplicitLine> normal;
 };
 
-/// Two touching points on either side of the corner for each of two distances.
+/// The tangent points on either side of the corner, for each of two distances from it.
 using Touches = std::array<Touch, 4>;
 
 Touches touchesOn(const Point& corner, double angle, double near, double far) {
@@ -39,7 +39,32 @@ Touches touchesOn(const Point& corner, double angle, double near, double far) {
     return {at(forward, near), at(backward, near), at(forward, far), at(backward, far)};
 }
 
-/// The unit vectors whose angle with another has a given cosine, to its left and to its right.
+/// Stores in `out` up to four circles whose centre, the intersection of two normals, is about `r` from the
+/// touching points; returns the result of Esg_tangentArc_l2l.
+int findCircles(const Touches& onA, const Touches& onB, double r, Circle* out) {
+    int count = 0;
+    for (std::size_t i = 0; i < onA.size(); ++i) {
+        const std::size_t firstOfPair = i / 2 * 2;
+        for (std::size_t j = firstOfPair; j < firstOfPair + 2; ++j) {
+            if (!onA[i].normal || !onB[j].normal)
+                return 7;
+            const auto centre = intersection(*onA[i].normal, *onB[j].normal);
+            if (!centre)
+                return 7;
+            const Line radius = between(onB[j].p, *centre);
+            if (isDegenerate(radius))
+                return 8;
+            if (!(std::abs(length(radius) - r) < kRadiusMatch))
+                continue;
+            out[count] = {centre->x, centre->y, r};
+            if (++count == kMostCircles)
+                return 0;
+        }
+    }
+    return 0;
+}
+
+/// The unit vectors to the left and right of another whose angle with it has a given cosine.
 struct Normals {
     Point left;
     Point right;
@@ -51,7 +76,7 @@ struct Normals {
     }
 };
 
-/// The line from a's point in the direction of the normal to b's point at `radius` along it.
+/// Returns the line from a's centre moved by its radius along the normal to b's centre moved by `radius`.
 Line tangent(const Circle& a, const Circle& b, const Point& normal, double radius) {
     return between(moved({a.cx, a.cy}, normal, a.r), moved({b.cx, b.cy}, normal, radius));
 }
@@ -81,28 +106,7 @@ int Esg_tangentArc_l2l(const Line* a, const Line* b, double r, Circle* out) {
 
     const double near = r / std::tan(toRadians(delta / 2.0));
     const double far = r / std::tan(toRadians((180.0 - delta) / 2.0));
-    const Touches onA = touchesOn(*corner, *alpha, near, far);
-    const Touches onB = touchesOn(*corner, *beta, near, far);
-    int count = 0;
-    for (std::size_t i = 0; i < onA.size(); ++i) {
-        const std::size_t firstOfPair = i / 2 * 2;
-        for (std::size_t j = firstOfPair; j < firstOfPair + 2; ++j) {
-            if (!onA[i].normal || !onB[j].normal)
-                return 7;
-            const auto centre = intersection(*onA[i].normal, *onB[j].normal);
-            if (!centre)
-                return 7;
-            const Line radius = between(onB[j].p, *centre);
-            if (isDegenerate(radius))
-                return 8;
-            if (!(std::abs(length(radius) - r) < kRadiusMatch))
-                continue;
-            out[count] = {centre->x, centre->y, r};
-            if (++count == kMostCircles)
-                return 0;
-        }
-    }
-    return 0;
+    return findCircles(touchesOn(*corner, *alpha, near, far), touchesOn(*corner, *beta, near, far), r, out);
 }
 
 int Esg_tangentLine_c2c(const Circle* a, const Circle* b, Line* out, int* n) {
@@ -121,7 +125,7 @@ int Esg_tangentLine_c2c(const Circle* a, const Circle* b, Line* out, int* n) {
     out[0] = tangent(*a, *b, outward.left, b->r);
     out[1] = tangent(*a, *b, outward.right, b->r);
     *n = 2;
-    // Circles that just meet may be found apart by rounding; they have no inner tangents all the same.
+    // Circles that touch within the tolerance have no inner tangents, even where rounding leaves a gap.
     const double inner = (a->r + b->r) / distance;
     if (intersection(*a, *b).meeting == Meeting::Points || !(std::abs(inner) <= 1.0))
         return 0;

@@ -4,8 +4,8 @@
 
 using namespace zu::plane;
 
-// In both loops the two coordinates are computed alike, so that the compiler handles a point as one vector.
-// No point depends on another, so working in place is as fast.
+// Both loops compute x and y by the same operations, so that the compiler handles a point as one vector.
+// No point depends on another: working in place is as fast.
 
 void Esg_mirror(const Line* axis, int count, const Point* src, Point* dst) {
     if (count <= 0)

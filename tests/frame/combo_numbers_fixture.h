@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// A combo box to be filled with numbers.
+/// Provides a combo box to fill with numbers.
 class ComboNumbers : public testing::Test {
 protected:
     void SetUp() override { box.Create(CBS_DROPDOWNLIST, {0, 0, 100, 20}, nullptr, 1); }

@@ -24,7 +24,7 @@
 
 namespace {
 
-/// Sets the environment's language for a test and chooses texts by it.
+/// Sets the language of the environment and of the library's texts for a scope.
 class Language {
 public:
     explicit Language(const char* locale) {
@@ -37,8 +37,8 @@ public:
     }
 };
 
-/// A language module beside the library, for a language that none comes with. Tests run at the same time:
-/// each takes a language of its own.
+/// A language module beside the library, for a language that the product lacks. Tests run concurrently, so
+/// each uses a different language.
 class LanguageModule {
 public:
     LanguageModule(const char* languageId, const std::string& texts) {
@@ -167,7 +167,7 @@ TEST(Frame, TextsFollowTheLanguage) {
     CString text;
     EXPECT_EQ(ZuComn_LoadString(nullptr, 134, text), 1);
     EXPECT_EQ(text, L"環境設定");
-    EXPECT_EQ(ZuComn_LoadString(ZuComn_GetResource(), 134, text), 0) << "only the given module is asked";
+    EXPECT_EQ(ZuComn_LoadString(ZuComn_GetResource(), 134, text), 0) << "searches only the given module";
     EXPECT_EQ(text, L"");
     wchar_t buffer[5] = L"old";
     EXPECT_EQ(ZuComn_LoadString(ZuComn_GetResource(), 151, buffer, 4), 3);
@@ -181,26 +181,26 @@ TEST(Frame, TextsFollowTheLanguage) {
 
 TEST(Frame, LayerNamesComeFromTheLanguageModule) {
     const std::vector<CString> builtIn = layerNames();
-    const auto isLeftOut = [](const LayerName& layer) { return layer.textId == 103 || layer.textId == 110; };
+    const auto isMissing = [](const LayerName& layer) { return layer.textId == 103 || layer.textId == 110; };
     std::string texts = "103 = \"\"\n";
     for (const LayerName& layer : kLayers)
-        if (!isLeftOut(layer))
+        if (!isMissing(layer))
             texts += std::to_string(layer.textId) + " = \"calque " + std::to_string(layer.textId) + "\"\n";
     const LanguageModule module("1036", texts);
     {
         const Language french("fr_FR.UTF-8");
         for (std::size_t i = 0; i < builtIn.size(); ++i) {
             const std::wstring own = L"calque " + std::to_wstring(kLayers[i].textId);
-            EXPECT_EQ(kLayers[i].name, isLeftOut(kLayers[i]) ? builtIn[i] : CString(own))
+            EXPECT_EQ(kLayers[i].name, isMissing(kLayers[i]) ? builtIn[i] : CString(own))
                 << kLayers[i].textId;
         }
-        const HINSTANCE given = ZuComn_GetResource();
+        const HINSTANCE loaded = ZuComn_GetResource();
         EXPECT_TRUE(acrxDynamicLinker->loadModule(L"ZuComn.arx", false));
         EXPECT_TRUE(acrxDynamicLinker->unloadModule(L"ZuComn.arx"));
-        EXPECT_NE(ZuComn_GetResource(), given) << "freed with the library";
-        EXPECT_EQ(ZUCONECT_LAYER, L"calque 101") << "names stay as they were given";
+        EXPECT_NE(ZuComn_GetResource(), loaded) << "freed with the library";
+        EXPECT_EQ(ZUCONECT_LAYER, L"calque 101") << "names keep their last values";
     }
-    EXPECT_EQ(layerNames(), builtIn) << "the library's own texts are the names built in";
+    EXPECT_EQ(layerNames(), builtIn) << "the library's own texts are the built-in names";
 }
 
 TEST(Frame, LanguageModulesMayRenameSectionsAndKeys) {
@@ -211,18 +211,18 @@ TEST(Frame, LanguageModulesMayRenameSectionsAndKeys) {
     const Language spanish("es_ES.UTF-8");
     ZuComn_SetIniFile(CString(folder.wide("m.ini")));
     EXPECT_EQ(gblComn_lineWeight, 70);
-    EXPECT_EQ(gblComn_kikiLineWeight, 50) << "a name that the module lacks is the built-in one";
+    EXPECT_EQ(gblComn_kikiLineWeight, 50) << "falls back to the built-in name when the module lacks it";
     zucomn::resetLibrary();
 }
 
-TEST(Frame, MissingLanguageModuleIsToldOnce) {
+TEST(Frame, MissingLanguageModuleIsReportedOnce) {
     const zuhost::CommandLineObserver observer;
     const Language german("de_DE.UTF-8");
-    const std::wstring& said = observer.text();
-    EXPECT_TRUE(said.starts_with(L"Resource dll load failed.\n path = ")) << "once, before anything else";
-    EXPECT_TRUE(said.ends_with(L"\\1031\\ZuComn.dll\n"));
+    const std::wstring& printed = observer.text();
+    EXPECT_TRUE(printed.starts_with(L"Resource dll load failed.\n path = ")) << "once, before anything else";
+    EXPECT_TRUE(printed.ends_with(L"\\1031\\ZuComn.dll\n"));
     EXPECT_EQ(fileMessage(1, 2).substr(0, 5), L"ファイルの");
-    const std::size_t length = said.size();
+    const std::size_t length = printed.size();
     zuhost::setUserLanguage(1033);
     ZuComn_SetResource();
     zuhost::setUserLanguage(0);

@@ -30,7 +30,7 @@ CStringArray texts(std::initializer_list<const wchar_t*> list) {
     return array;
 }
 
-/// A folder whose files are named as the product does.
+/// Provides a folder and paths in the platform's form.
 class LinkInfo : public testing::Test {
 protected:
     [[nodiscard]] CString path(std::string_view name = "links.lif") const {
@@ -52,8 +52,8 @@ protected:
         return ZuComn_SaveLinkInfo(path(), texts({L"A", L"B"}), texts({L"new", L"2"}));
     }
 
-    /// What an ended run left would cost the next one operations.
-    void startAgain() const {
+    /// Removes the files of the previous run, which would add operations to the next one.
+    void restart() const {
         for (const auto& left : std::filesystem::directory_iterator(folder_.path()))
             std::filesystem::remove(left);
         folder_.write("links.lif", kOld);
@@ -93,7 +93,7 @@ TEST_F(LinkInfo, Merges) {
          std::string("\xFF\xFE"
                      "A\0|\0\x42\xD8\xB7\xDF\n\0",
                      12)},
-        // UTF-16: a key that is a surrogate pair, and two characters that make a line feed between them.
+        // UTF-16: a surrogate pair as key, and adjacent bytes of two characters that look like a line feed.
         {std::string("\xFF\xFE\x42\xD8\xB7\xDF|\0\x05\x0A\0\x4E\n\0", 14), texts({L"𠮷"}), texts({L"ਅ一"}),
          std::string("\xFF\xFE\x42\xD8\xB7\xDF|\0\x05\x0A\0\x4E\n\0", 14)},
         {std::string("\xFF\xFE\x05\x0A\0\x4E|\0x\0\n\0", 12), texts({L"ਅ一"}), texts({L"1"}),
@@ -110,7 +110,7 @@ TEST_F(LinkInfo, Merges) {
     }
 }
 
-TEST_F(LinkInfo, AHugeLineIsRefused) {
+TEST_F(LinkInfo, RejectsLinesOverTheLimit) {
     const std::filesystem::path file = folder_.write("links.lif", "A|1\nB|2");
     constexpr int kSize = 20'000'000;
     std::filesystem::resize_file(file, kSize);
@@ -152,7 +152,7 @@ TEST_F(LinkInfo, LooksUpRecords) {
         const wchar_t* key;
         const wchar_t* value;
     } cases[] = {
-        {"x\ny\nz|1\n", L"y\nz", L"1"}, // of a long key the last two lines count
+        {"x\ny\nz|1\n", L"y\nz", L"1"}, // only the last two lines of a key count
         {"x\ny\nz|1\n", L"x\ny\nz", L""},
         {"x\n# c\n\ny|1\n", L"x\ny", L"1"},
         {"x\nB|0\nA|1\n", L"A", L"1"},
@@ -180,7 +180,7 @@ TEST_F(LinkInfo, ReadsTheSample) {
     }
 }
 
-TEST_F(LinkInfo, WhatCannotBeSavedLeavesTheFile) {
+TEST_F(LinkInfo, RejectedPairsLeaveTheFileUntouched) {
     folder_.write("links.lif", "A|1\n");
     EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), texts({L"A"}), texts({L"𠮷"}))) << "not in the code page";
     EXPECT_FALSE(ZuComn_SaveLinkInfo(L"bare", texts({L"A"}), texts({L"1"}))) << "no system folder";
@@ -211,13 +211,13 @@ TEST_F(LinkInfo, NamesWithoutExtensionAreBackedUpInTheSystemFolder) {
     EXPECT_EQ(TemporaryFolder::read(settings.folder().file("system/LinkInfo.lif")), "A|1\n");
 }
 
-// Each operation of the file layer fails in turn, once or from then on.
+// Each file operation fails in turn, alone or with all that follow.
 TEST_F(LinkInfo, NoFailureLosesTheFile) {
     for (const bool fromThenOn : {false, true}) {
         bool clean = false;
         for (std::uint64_t n = 1; !clean; ++n) {
             ASSERT_LT(n, 100U);
-            startAgain();
+            restart();
             const zuhost::MessageBoxObserver observer;
             bool saved = false;
             {
@@ -241,10 +241,10 @@ TEST_F(LinkInfo, NoFailureLosesTheFile) {
     }
 }
 
-TEST_F(LinkInfo, SavingFollowsLinksAndKeepsRights) {
+TEST_F(LinkInfo, SavingFollowsLinksAndKeepsPermissions) {
     namespace fs = std::filesystem;
-    const auto privately = fs::perms::owner_read | fs::perms::owner_write;
-    fs::permissions(folder_.write("real", kOld), privately);
+    const auto ownerOnly = fs::perms::owner_read | fs::perms::owner_write;
+    fs::permissions(folder_.write("real", kOld), ownerOnly);
     fs::create_symlink("real", folder_.file("links.lif"));
     ASSERT_TRUE(save());
     EXPECT_EQ(read("real"), kNew);
@@ -252,15 +252,15 @@ TEST_F(LinkInfo, SavingFollowsLinksAndKeepsRights) {
     EXPECT_TRUE(fs::is_symlink(folder_.file("links.lif")));
     EXPECT_FALSE(fs::is_symlink(folder_.file("links.bak")));
     for (const char* const name : {"real", "links.bak"})
-        EXPECT_EQ(fs::status(folder_.file(name)).permissions(), privately) << name;
+        EXPECT_EQ(fs::status(folder_.file(name)).permissions(), ownerOnly) << name;
 }
 
-// The process ends before each operation in turn.
+// The process is ended before each file operation in turn.
 TEST_F(LinkInfo, NoKillLosesTheFile) {
     bool finished = false;
     for (int n = 1; !finished; ++n) {
         ASSERT_LT(n, 100);
-        startAgain();
+        restart();
         const pid_t child = fork();
         if (child == 0) {
             int count = 0;
@@ -279,7 +279,7 @@ TEST_F(LinkInfo, NoKillLosesTheFile) {
     }
 }
 
-// With a look-up that walks the file for every key this takes minutes.
+// A look-up that scans the file for every key would take minutes.
 TEST_F(LinkInfo, CostGrowsWithFileAndKeys) {
     std::string file;
     for (int i = 0; i < 100'000; ++i)

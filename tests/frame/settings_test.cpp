@@ -45,16 +45,17 @@ TEST_F(Settings, OptionsFallBackToTheOlderKeys) {
         CString value = L"before";
         EXPECT_EQ(ZuComn_readEnvConfig(value, wide(key).c_str()), result[0].get<int>()) << key;
         EXPECT_EQ(narrow(value), result[1].get<std::string>()) << key;
-        CString asked(wide(key));
-        EXPECT_EQ(ZuComn_readEnvConfig(asked, asked), result[0].get<int>()) << "its own key: " << key;
-        EXPECT_EQ(asked, value) << "its own key: " << key;
+        CString keyAndValue(wide(key));
+        EXPECT_EQ(ZuComn_readEnvConfig(keyAndValue, keyAndValue), result[0].get<int>())
+            << "its own key: " << key;
+        EXPECT_EQ(keyAndValue, value) << "its own key: " << key;
     }
     CString value = L"before";
     EXPECT_EQ(ZuComn_readEnvConfig(value, nullptr), 0);
     EXPECT_EQ(value, L"");
 }
 
-TEST_F(Settings, MissingValuesLeaveTheOutput) {
+TEST_F(Settings, MissingValuesLeaveTheOutputUntouched) {
     for (const auto& [key, result] :
          wanted["readConfig 環境設定 (result, value or null when unchanged)"].items()) {
         CString value = L"before";
@@ -82,7 +83,7 @@ TEST_F(Settings, ComposesTheOlderSeparator) {
     EXPECT_EQ(value, L"");
 }
 
-TEST_F(Settings, WritesAndCutsValues) {
+TEST_F(Settings, WritesAndTruncatesValues) {
     const CString longValue(std::wstring(600, L'長'));
     EXPECT_NE(ZuComn_writeConfig(L"環境設定", L"長い値", longValue, L"ignored"), 0);
     EXPECT_EQ(ZuComn_readConfig(L"", L"環境設定", L"長い値"), longValue.Left(511));
@@ -92,7 +93,7 @@ TEST_F(Settings, WritesAndCutsValues) {
     EXPECT_EQ(ZuComn_readConfig(L"", L"環境設定", L"長い値"), longValue.Left(511));
 }
 
-TEST_F(Settings, TablesOfTheSampleSystem) {
+TEST_F(Settings, ReadsTablesOfTheSampleSystem) {
     const struct {
         const char* name;
         const char* key;
@@ -118,7 +119,7 @@ TEST_F(Settings, TablesOfTheSampleSystem) {
     }
 }
 
-TEST(SettingsWithoutFiles, GiveTheMissingResult) {
+TEST(SettingsWithoutFiles, ReadAsMissing) {
     ZuComn_SetIniFile(L"/nowhere/master.ini");
     CString value = L"before";
     EXPECT_FALSE(ZuComn_GetSystemPath(value));

@@ -47,8 +47,8 @@ TEST(Strings, Split) {
     }
 }
 
-// So long that a text that is given up early is soon written over.
-TEST(Strings, AFieldIsCutInItsOwnList) {
+// Long texts: their memory is soon reused if the input is freed too early.
+TEST(Strings, SplitsAFieldIntoItsOwnList) {
     const Fields pieces{std::wstring(100, L'a'), std::wstring(100, L'b'), std::wstring(100, L'c')};
     const std::wstring whole = pieces[0] + L"|" + pieces[1] + L"|" + pieces[2];
     CStringArray fields;
@@ -99,10 +99,10 @@ TEST(Numbers, RoundingAndAngles) {
     }
     const struct {
         double angle;
-        double brought;
+        double normalized;
     } angles[] = {{-30, 330}, {720, 0}, {1.0e6, 1.0e6}, {359.5, 359.5}, {-36000, 0}};
     for (const auto& c : angles)
-        EXPECT_EQ(ZUComn_AngleAptitude(c.angle), c.brought) << c.angle;
+        EXPECT_EQ(ZUComn_AngleAptitude(c.angle), c.normalized) << c.angle;
 }
 
 TEST(Numbers, RealFormat) {
@@ -139,7 +139,7 @@ TEST(Numbers, RealFormat) {
             << c.value << ' ' << c.precision;
 }
 
-TEST_F(ComboNumbers, AreKeptSortedInOneStyle) {
+TEST_F(ComboNumbers, AreSortedAndFormattedAlike) {
     fill({L"1", L"3"});
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.50", 99), -1);
     EXPECT_EQ(items(), (Fields{L"1", L"2.5", L"3"}));
@@ -154,7 +154,7 @@ TEST_F(ComboNumbers, AreKeptSortedInOneStyle) {
     EXPECT_EQ(items(), (Fields{L"0.25", L"1", L"2", L"2.3", L"3", L"10"}));
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3.7", -1), -1); // no precision is configured
     EXPECT_EQ(items(), (Fields{L"0", L"1", L"2", L"2", L"3", L"4", L"10"}));
-    // The settings are read as often for many numbers as for few.
+    // The number of items does not change how often the settings are read.
     const zuhost::file_ops::FailAt never(std::numeric_limits<std::uint64_t>::max());
     const SampleSettings settings;
     const auto readings = [&] {

@@ -75,7 +75,7 @@ TEST(Tables, RecordsWithoutKeptFieldsAreStored) {
     ZuComn_RemoveAllFree(records);
 }
 
-TEST(Tables, WhatCannotBeReadLeavesTheOutput) {
+TEST(Tables, MissingFilesLeaveTheOutputUntouched) {
     const TemporaryFolder folder;
     CStringArray fields;
     fields.Add(L"before");
@@ -86,7 +86,7 @@ TEST(Tables, WhatCannotBeReadLeavesTheOutput) {
     EXPECT_EQ(ZuComn_findFile(folder.wide("missing.csv").c_str()), 0);
 }
 
-/// Records of a table with more lines than one thread reads, each with its number.
+/// Returns numbered records, enough of which make a table that several threads read.
 std::string manyRecords(int count) {
     std::string bytes;
     for (int i = 0; i < count; ++i)
@@ -114,7 +114,7 @@ TEST(Tables, RecordsOfALargeFileKeepTheirOrder) {
     ZuComn_RemoveAllFree(records);
 }
 
-TEST(Tables, WhatFollowsTheEndOfALargeTableMayFail) {
+TEST(Tables, IgnoresErrorsAfterTheEndOfALargeTable) {
     const TemporaryFolder folder;
     const std::filesystem::path file = folder.write("t.csv", manyRecords(30'000) + "END\n");
     std::filesystem::resize_file(file, 40'000'000); // a line that is too long
@@ -123,8 +123,8 @@ TEST(Tables, WhatFollowsTheEndOfALargeTableMayFail) {
     EXPECT_EQ(fields.GetSize(), 30'000);
 }
 
-// A line over the limit is a hole in the file, so that it takes no room on the disk.
-TEST(Tables, WhatFailsWhileItIsReadGivesAnEmptyList) {
+// The line over the limit is a hole in a sparse file and takes no disk space.
+TEST(Tables, ReadErrorsEmptyTheList) {
     const TemporaryFolder folder;
     const std::filesystem::path file = folder.write("t.csv", manyRecords(30'000) + "#");
     const std::wstring path = folder.wide("t.csv");
@@ -146,7 +146,7 @@ TEST(Tables, WhatFailsWhileItIsReadGivesAnEmptyList) {
     EXPECT_TRUE(fails());
 }
 
-TEST(Tables, FoldersAndFilesWithoutRightsAreMissing) {
+TEST(Tables, FoldersAndUnreadableFilesCountAsMissing) {
     const TemporaryFolder folder;
     folder.write("t.csv", "a|b\n");
     const auto expectMissing = [](const std::wstring& path) {

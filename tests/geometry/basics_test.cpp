@@ -8,7 +8,7 @@ namespace {
 constexpr double kPi = 3.141592653589793;
 constexpr Point kOrigin{0.0, 0.0};
 
-TEST(Basics, AngleSnapsNearTheVerticalAndKeepsHairlineNegatives) {
+TEST(Basics, AngleSnapsNearTheVerticalAndKeepsSmallNegativeAngles) {
     const struct {
         Point to;
         int code;
@@ -79,7 +79,7 @@ TEST(Basics, DegenerateLinesLeaveOutputsUntouchedOrFallBack) {
     expectPoint(unit, p);
 }
 
-TEST(Basics, SideBandIsOnTheCrossProduct) {
+TEST(Basics, SideToleranceAppliesToTheCrossProduct) {
     const struct {
         Line line;
         Point p;
@@ -96,7 +96,7 @@ TEST(Basics, SideBandIsOnTheCrossProduct) {
     }
 }
 
-TEST(Basics, SegmentReachesHalfTheToleranceBeyondItsEnds) {
+TEST(Basics, SegmentExtendsHalfTheToleranceBeyondItsEnds) {
     const Line segment{0, 0, 10, 0};
     const struct {
         Point p;
@@ -124,7 +124,7 @@ TEST(Basics, ParallelLineGoesToThePickedSideAndRightOfPointsOnTheLine) {
     }
 }
 
-TEST(Basics, WholeArraysGiveTheSameBitsAsSinglePointsAlsoInPlace) {
+TEST(Basics, ArraysGiveTheSameBitsAsSinglePointsAlsoInPlace) {
     std::vector<Point> points(103);
     for (int i = 0; i < 103; ++i)
         points[static_cast<std::size_t>(i)] = {std::sin(i) * 1e4, std::cos(i * 7) * 1e-3};

@@ -89,9 +89,14 @@ TEST(Intersections, LineAndArc) {
         {"the ends are in the sweep", {-20, 0, 20, 0}, {0, 0, 10, 0, 180}, 1, {-10, 0}, {10, 0}},
         {"the ends of a sweep through 0", {-20, 0, 20, 0}, {0, 0, 10, 180, 0}, 1, {-10, 0}, {10, 0}},
         {"0 to 360 is 0 to 0", {-20, 0, 20, 0}, {0, 0, 10, 0, 360}, 2, {10, 0}, {0, 0}},
-        {"full turns are taken off once", {-20, 0, 20, 0}, {0, 0, 10, 530, 550}, 2, {-10, 0}, {0, 0}},
+        {"one full turn is subtracted", {-20, 0, 20, 0}, {0, 0, 10, 530, 550}, 2, {-10, 0}, {0, 0}},
         {"negative angles stay", {-20, 0, 20, 0}, {0, 0, 10, -190, -170}, 0, {0, 0}, {0, 0}},
-        {"a tiny arc is seen at 0 degrees", {-1, 0, 1, 0}, {0, 0, 0.05, 90, 270}, 0, {0, 0}, {0, 0}},
+        {"points of a tiny arc count as at 0 degrees",
+         {-1, 0, 1, 0},
+         {0, 0, 0.05, 90, 270},
+         0,
+         {0, 0},
+         {0, 0}},
     };
     check(Esg_inter_l2a, cases);
 }
@@ -99,7 +104,7 @@ TEST(Intersections, LineAndArc) {
 TEST(Intersections, SegmentsKeepThePointsOnThem) {
     const CurveCase cases[] = {
         {"both", {-20, 0, 20, 0}, {0, 0, 10, 0, 359}, 1, {-10, 0}, {10, 0}},
-        {"first, the other left behind", {-20, 0, 0, 0}, {0, 0, 10, 0, 359}, 2, {-10, 0}, {10, 0}},
+        {"first, p2 unchanged", {-20, 0, 0, 0}, {0, 0, 10, 0, 359}, 2, {-10, 0}, {10, 0}},
         {"second, moved to p1", {0, 0, 20, 0}, {0, 0, 10, 0, 359}, 2, {10, 0}, {10, 0}},
         {"neither", {-5, 0, 5, 0}, {0, 0, 10, 0, 359}, 0, {-10, 0}, {10, 0}},
         {"touching beyond the end", {1, 10, 3, 10}, {0, 0, 10, 0, 359}, 0, {0, 10}, {0, 0}},
@@ -133,14 +138,14 @@ TEST(Intersections, CirclePairs) {
         {"barely apart", {0, 0, 5}, {0, 10.00000045, 5}, 0, 1, {0, 5.000000225}, {0, 5.000000225}},
         {"apart", {0, 0, 5}, {0, 10.00000055, 5}, 3, 0, kUntouched, kUntouched},
         {"barely meeting", {0, 0, 5}, {0, 9.9999995, 5}, 0, 1, {0, 4.99999975}, {0, 4.99999975}},
-        {"a hair off a horizontal",
+        {"slightly off a horizontal",
          {0, 0, 30},
          {30, 1e-9, 20},
          0,
          2,
          {70 / 3.0, 18.8561808316},
          {70 / 3.0, -18.8561808316}},
-        {"touching a hair off it", {-0.3, 0, 0.1}, {0, 1e-9, 0.2}, 0, 1, {-0.2, 0}, {-0.2, 0}},
+        {"touching slightly off it", {-0.3, 0, 0.1}, {0, 1e-9, 0.2}, 0, 1, {-0.2, 0}, {-0.2, 0}},
         {"same", {1, 2, 5}, {1, 2, 5.0099}, 1, 0, kUntouched, kUntouched},
         {"concentric", {1, 2, 5}, {1, 2, 5.0101}, 2, 0, kUntouched, kUntouched},
     };

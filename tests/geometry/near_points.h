@@ -9,5 +9,5 @@ inline void expectPoint(const Point& actual, const Point& expected, double toler
     EXPECT_NEAR(actual.y, expected.y, tolerance);
 }
 
-/// What outputs hold before a call, to see that they are untouched.
+/// Initial value of outputs, to check that a call leaves them untouched.
 inline constexpr Point kUntouched{-77.0, 78.0};

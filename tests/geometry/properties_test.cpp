@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Random input away from the vertical, where directions snap.
+/// Generates random input away from the vertical, where angles snap.
 class Properties : public testing::Test {
 protected:
     static constexpr int kRounds = 2000;
@@ -58,7 +58,7 @@ TEST_F(Properties, MirrorTwiceIsTheIdentity) {
     }
 }
 
-// Scenes in every direction or 1e-16 to 1e-2 off an axis, moved by up to 1e8.
+// Circles in every direction, or 1e-16 to 1e-2 degrees off an axis, moved by up to 1e8.
 TEST_F(Properties, CirclePairsMeetAndTangentsTouchInAnyDirectionAndPlace) {
     constexpr double kEpsilon = std::numeric_limits<double>::epsilon();
     const auto decades = [&](double low, double high) { return std::pow(10.0, number(low, high)); };
@@ -69,7 +69,7 @@ TEST_F(Properties, CirclePairsMeetAndTangentsTouchInAnyDirectionAndPlace) {
         const double offset = decades(0, 8);
         const Circle c{number(-offset, offset), number(-offset, offset), span * decades(-2, 1)};
         const Circle d{c.cx + span * std::cos(t), c.cy + span * std::sin(t), span * decades(-2, 1)};
-        // The centres as they are rounded.
+        // The distance of the rounded centres.
         const long double distance =
             std::hypot(static_cast<long double>(d.cx) - c.cx, static_cast<long double>(d.cy) - c.cy);
         const double tolerance = 2 * kEpsilon * (std::abs(c.cx) + std::abs(c.cy) + span + c.r + d.r);
@@ -153,7 +153,7 @@ TEST_F(Properties, FilletsTouchBothLinesInThePickedCornerWhateverTheOrderOfLines
     }
 }
 
-TEST_F(Properties, AnyNumbersGiveOnlyDocumentedCodes) {
+TEST_F(Properties, ExtremeNumbersGiveOnlyDocumentedCodes) {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     const double specials[] = {0,      1,      -3,        1e15,       -1e15,       1e308,
                                1e-170, 5e-324, kInfinity, -kInfinity, std::nan("")};

@@ -18,7 +18,7 @@ TEST(TangentArcs, CirclesInTheOrderOfTheTouchingPoints) {
         {kXAxis, {0, 0, 5, 5 * h}, 1, {{h, 1}, {-h, -1}, {1 / h, -1}, {-1 / h, 1}}},
         {kXAxis, {0, 0, -5, -5 * h}, 1, {{h, 1}, {-h, -1}, {1 / h, -1}, {-1 / h, 1}}},
         {{0, 0, 5, 5 * h}, {0, 0, -5, 0}, 1, {{-1 / h, 1}, {1 / h, -1}, {h, 1}, {-h, -1}}},
-        // Small radii, where centres at a third or at three times the distance count too.
+        // At small radii, centres at a third or at three times the distance are also within 0.5.
         {kXAxis,
          {0, 0, 5, 5 * h},
          0.26,
@@ -159,7 +159,7 @@ TEST(Fillets, APickOnOneOfTheLinesChoosesTheWiderCorner) {
 }
 
 TEST(Fillets, ATrimmedLineEndsAtItsStartWhenThatLiesInTheRaysDirectionWithinAHundredthDegree) {
-    // Less than 0.1 wide beyond the arc, so that the line is taken as vertical there, but not before it.
+    // Beyond the arc the line spans less than 0.1 in x and counts as vertical; before the arc it does not.
     const struct { double slope, endY; } cases[] = {{1.7e-4, 1500}, {1.8e-4, -1000}};
     for (const auto& c : cases) {
         const Line a{1500 * c.slope, 1500, -1000 * c.slope, -1000};
@@ -172,7 +172,7 @@ TEST(Fillets, ATrimmedLineEndsAtItsStartWhenThatLiesInTheRaysDirectionWithinAHun
     }
 }
 
-TEST(Fillets, FailuresTellTheStepAndKeepWhatComesAfterIt) {
+TEST(Fillets, ResultsNameTheFailedStepAndLaterOutputsStayUntouched) {
     const struct {
         const char* name;
         Point pick;
