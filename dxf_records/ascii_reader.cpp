@@ -1,6 +1,6 @@
 #include "dxf_records/record_reader.h"
 
-#include "dxf_records/take_record.h"
+#include "dxf_records/scan_record.h"
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ constexpr bool isBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r';
 }
 
-/// A group code: a small decimal number with blanks around it.
+/// Parses a group code, a decimal number of up to five digits with blanks around it.
 bool parseCode(std::string_view line, int& code) {
     std::size_t at = 0;
     while (at < line.size() && isBlank(line[at]))
@@ -42,7 +42,7 @@ AsciiReader::AsciiReader(std::string_view bytes) : AsciiReader(bytes, lineEndOf(
         at_ = kByteOrderMark.size();
 }
 
-bool AsciiReader::takeLine(std::string_view& line) {
+bool AsciiReader::readLine(std::string_view& line) {
     if (at_ >= bytes_.size())
         return false;
     const char* const start = bytes_.data() + at_;
@@ -56,12 +56,12 @@ bool AsciiReader::takeLine(std::string_view& line) {
 }
 
 ReadResult AsciiReader::failAtCode(std::size_t offset, std::string_view line) {
-    // Blank lines and the end mark of old systems may follow the last record.
+    // Blank lines and Ctrl-Z, the end mark of old systems, may follow the last record.
     const bool onlyRemains = line.find_first_not_of(" \t\x1a") == std::string_view::npos &&
                              bytes_.find_first_not_of(" \t\r\n\x1a", at_) == std::string_view::npos;
     if (onlyRemains)
         return ReadResult::end;
-    return fail(offset, line_, "the group code is no number", at_ == bytes_.size());
+    return fail(offset, line_, "the group code is not a number", at_ == bytes_.size());
 }
 
 ReadResult AsciiReader::fail(std::size_t offset, std::uint64_t line, std::string_view problem,
@@ -71,16 +71,16 @@ ReadResult AsciiReader::fail(std::size_t offset, std::uint64_t line, std::string
     return ReadResult::error;
 }
 
-bool AsciiReader::takeUsual(Record& record) {
+bool AsciiReader::nextFast(Record& record) {
     if (lineEnd_ != '\n')
         return false;
     const char* const start = bytes_.data();
-    const TakenRecord taken = takeAsciiRecord(start + at_, start + bytes_.size());
-    if (taken.end == nullptr)
+    const ScannedRecord scanned = scanAsciiRecord(start + at_, start + bytes_.size());
+    if (scanned.end == nullptr)
         return false;
     const std::size_t offset = at_;
-    at_ = static_cast<std::size_t>(taken.end - start);
-    record = {taken.code, taken.value, offset, at_, line_ + 1};
+    at_ = static_cast<std::size_t>(scanned.end - start);
+    record = {scanned.code, scanned.value, offset, at_, line_ + 1};
     line_ += 2;
     return true;
 }
@@ -89,15 +89,15 @@ ReadResult AsciiReader::next(Record& record) {
     const std::size_t offset = at_;
     if (offset >= bytes_.size())
         return ReadResult::end;
-    if (takeUsual(record))
+    if (nextFast(record))
         return ReadResult::record;
     std::string_view codeLine;
     std::string_view value;
     int code = 0;
-    if (!takeLine(codeLine) || !parseCode(codeLine, code))
+    if (!readLine(codeLine) || !parseCode(codeLine, code))
         return failAtCode(offset, codeLine);
     const std::uint64_t line = line_;
-    if (!takeLine(value))
+    if (!readLine(value))
         return fail(offset, line, "the file ends between a group code and its value", true);
     record = {code, value, offset, at_, line};
     return ReadResult::record;

@@ -1,6 +1,6 @@
 #include "dxf_records/record_reader.h"
 
-#include "dxf_records/take_record.h"
+#include "dxf_records/scan_record.h"
 
 #include <algorithm>
 
@@ -14,16 +14,16 @@ unsigned byteAt(std::string_view bytes, std::size_t at) {
     return static_cast<unsigned char>(bytes[at]);
 }
 
-/// How well records read with group codes of a form: how many of the first ones make sense, a cut one
-/// included, and more than all of them when one begins a section.
+/// Returns how many of the first records are plausible when group codes are read in a form, a truncated one
+/// included; more than all of them when one begins a section.
 int fitOf(CodeForm form, std::string_view records) {
-    constexpr int kTried = 16;
+    constexpr int kSample = 16;
     BinaryReader reader(records, form);
     Record record;
     int good = 0;
-    while (good < kTried && reader.next(record) == ReadResult::record) {
+    while (good < kSample && reader.next(record) == ReadResult::record) {
         if (record.code == 0 && record.value == "SECTION")
-            return kTried + 1;
+            return kSample + 1;
         if (record.code == 0 && record.value.empty())
             return good;
         ++good;
@@ -36,7 +36,7 @@ CodeForm findForm(std::string_view records) {
                                                                               : CodeForm::bytes;
 }
 
-/// 280-289 included: stored in two bytes.
+/// The types of CodeTable::strict; 240-299 include 280-289 of two bytes.
 ValueType strictType(int code) {
     const auto in = [code](int first, int last) { return code >= first && code <= last; };
     if (code == 1004)
@@ -67,7 +67,7 @@ ReadResult BinaryReader::fail(std::size_t offset, std::string_view problem, bool
     return ReadResult::error;
 }
 
-bool BinaryReader::takeCode(int& code) {
+bool BinaryReader::readCode(int& code) {
     const std::size_t left = bytes_.size() - at_;
     if (form_ == CodeForm::bytes && left >= 1 && byteAt(bytes_, at_) != kEscape) {
         code = static_cast<int>(byteAt(bytes_, at_++));
@@ -86,11 +86,11 @@ ValueType BinaryReader::typeOf(int code) const {
     return table_ == CodeTable::strict ? strictType(code) : valueType(code);
 }
 
-ReadResult BinaryReader::takeValue(ValueType type, Record& record) {
+ReadResult BinaryReader::readValue(ValueType type, Record& record) {
     std::size_t size = fixedSize(type);
     std::size_t terminator = 0;
     if (type == ValueType::none)
-        return fail(record.offset, "the group code is not known", false);
+        return fail(record.offset, "the group code is unknown", false);
     if (type == ValueType::chunk) {
         if (at_ >= bytes_.size())
             return fail(record.offset, "the file ends within a value", true);
@@ -110,29 +110,29 @@ ReadResult BinaryReader::takeValue(ValueType type, Record& record) {
     return ReadResult::record;
 }
 
-bool BinaryReader::takeUsual(Record& record) {
+bool BinaryReader::nextFast(Record& record) {
     if (form_ != CodeForm::words || table_ != CodeTable::complete)
         return false;
     const char* const start = bytes_.data();
-    const TakenRecord taken = takeBinaryRecord(start + at_, start + bytes_.size());
-    if (taken.end == nullptr)
+    const ScannedRecord scanned = scanBinaryRecord(start + at_, start + bytes_.size());
+    if (scanned.end == nullptr)
         return false;
     const std::size_t offset = at_;
-    at_ = static_cast<std::size_t>(taken.end - start);
-    record = {taken.code, taken.value, offset, at_, 0};
+    at_ = static_cast<std::size_t>(scanned.end - start);
+    record = {scanned.code, scanned.value, offset, at_, 0};
     return true;
 }
 
 ReadResult BinaryReader::next(Record& record) {
     if (at_ >= bytes_.size())
         return ReadResult::end;
-    if (takeUsual(record))
+    if (nextFast(record))
         return ReadResult::record;
     Record read;
     read.offset = at_;
-    if (!takeCode(read.code))
+    if (!readCode(read.code))
         return fail(read.offset, "the file ends within a group code", true);
-    const ReadResult result = takeValue(typeOf(read.code), read);
+    const ReadResult result = readValue(typeOf(read.code), read);
     if (result == ReadResult::record)
         record = read;
     return result;

@@ -34,7 +34,7 @@ std::string lowerCase(std::string_view text) {
     return lower;
 }
 
-/// "1.#IND", "1.#QNAN0", "-1.#INF00" of older C libraries.
+/// Parses "1.#IND", "1.#QNAN0" and "1.#INF00" of older C libraries.
 std::optional<double> parseOldSpecial(std::string_view digits) {
     if (!digits.starts_with("1.#"))
         return std::nullopt;
@@ -46,7 +46,7 @@ std::optional<double> parseOldSpecial(std::string_view digits) {
     return std::nullopt;
 }
 
-/// "1.0E 20" is 1.0E+20.
+/// Returns "1.0E+20" for "1.0E 20".
 std::optional<std::string> exponentWithPlus(std::string_view text) {
     const std::size_t exponent = text.find_first_of("eE");
     if (exponent == std::string_view::npos || exponent + 1 >= text.size() || text[exponent + 1] != ' ')
@@ -81,8 +81,8 @@ std::optional<double> parseReal(std::string_view text) {
         return plain;
     if (const auto value = parsePlain(number))
         return value;
-    if (const auto mended = exponentWithPlus(number))
-        return parsePlain(*mended);
+    if (const auto repaired = exponentWithPlus(number))
+        return parsePlain(*repaired);
     const bool negative = number.front() == '-';
     const auto special = parseOldSpecial(negative ? number.substr(1) : number);
     return special && negative ? std::optional(-*special) : special;

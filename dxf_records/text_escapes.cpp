@@ -10,7 +10,7 @@ struct NamedPage {
     int number;
 };
 
-constexpr NamedPage namedPages[] = {
+constexpr NamedPage kNamedPages[] = {
     {"GB2312", 936},      {"BIG5", 950},        {"KSC5601", 949},     {"JOHAB", 1361},
     {"ASCII", 1252},      {"MACINTOSH", 10000}, {"MAC-ROMAN", 10000}, {"ISO8859-1", 28591},
     {"ISO8859-2", 28592}, {"ISO8859-3", 28593}, {"ISO8859-4", 28594}, {"ISO8859-5", 28595},
@@ -29,7 +29,7 @@ std::string upperCase(std::string_view text) {
 
 std::optional<int> codePageNumber(std::string_view name) {
     const std::string upper = upperCase(name);
-    for (const NamedPage& page : namedPages)
+    for (const NamedPage& page : kNamedPages)
         if (upper == page.name)
             return page.number;
     std::string_view digits = upper;
@@ -60,7 +60,7 @@ std::optional<unsigned> fourHexDigits(std::wstring_view text, std::size_t at) {
 
 namespace {
 
-/// A character as UTF-16 where wchar_t has 16 bits.
+/// Appends a character, as UTF-16 where wchar_t has 16 bits.
 void appendCodePoint(std::wstring& text, char32_t codePoint) {
     if (sizeof(wchar_t) > 2 || codePoint < 0x10000) {
         text += static_cast<wchar_t>(codePoint);
@@ -70,8 +70,8 @@ void appendCodePoint(std::wstring& text, char32_t codePoint) {
     text += static_cast<wchar_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FF));
 }
 
-/// Reads the escapes of decoded text. Decoding comes first: in code page 932 the second byte of a character
-/// may be that of "\\" or "^".
+/// Replaces the escapes of text that is already decoded: in code page 932 the second byte of a character may
+/// be that of "\\" or "^".
 class EscapeReader {
 public:
     EscapeReader(std::wstring_view text, PairDecoder decodePair) : text_(text), decodePair_(decodePair) {}
@@ -104,7 +104,8 @@ private:
             }
         }
         if (codePoint >= 0xD800 && codePoint < 0xE000)
-            result_ += static_cast<wchar_t>(codePoint); // Half a pair: kept, so that encoding gives it back.
+            result_ +=
+                static_cast<wchar_t>(codePoint); // A lone surrogate is kept so that it can be written back.
         else
             appendCodePoint(result_, codePoint);
         return true;

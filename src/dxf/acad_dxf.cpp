@@ -14,11 +14,11 @@ ACRX_NO_CONS_DEFINE_MEMBERS(CAcadDxf, AcRxObject)
 namespace {
 
 constexpr int kMarkLength = 18;
-// Characters of a text that are kept.
+// Longest texts kept, in characters.
 constexpr std::size_t kAsciiLimit = 512;
 constexpr std::size_t kBinaryLimit = 255;
 
-/// Names of layers and blocks are equal whatever their case.
+/// Returns the key of a layer or block name, which ignores case.
 std::wstring folded(const wchar_t* name) {
     CString text(name);
     text.MakeUpper();
@@ -29,7 +29,7 @@ bool hasZufExtension(const CString& path) {
     return path.Right(4).CompareNoCase(L".zuf") == 0;
 }
 
-/// The lines as one text of records. A line end within a line would shift what follows.
+/// Joins the lines to one text of records. A line end within a line would misalign all following records.
 std::string joined(const CStringArray& lines) {
     std::string text;
     std::string bytes;
@@ -49,8 +49,8 @@ std::string joined(const CStringArray& lines) {
 
 template <typename Object>
 const Object* found(const std::unordered_map<std::wstring, const Object*>& index, const wchar_t* name) {
-    const auto place = index.find(folded(name));
-    return place == index.end() ? nullptr : place->second;
+    const auto position = index.find(folded(name));
+    return position == index.end() ? nullptr : position->second;
 }
 
 } // namespace

@@ -8,12 +8,12 @@ namespace zu::dxf {
 namespace {
 
 constexpr std::size_t kFirstBlock = std::size_t{32} * 1024;
-constexpr std::size_t kMuch = std::size_t{384} * 1024;
+constexpr std::size_t kLargeThreshold = std::size_t{384} * 1024;
 constexpr std::size_t kLargeBlock = std::size_t{2} * 1024 * 1024;
 
-/// As much again as there is, in few steps to blocks of large pages.
+/// Doubles the memory, then switches to blocks of the size of a large page.
 std::size_t nextBlock(std::size_t allocated, std::size_t expected) {
-    return std::max(allocated, expected) < kMuch ? std::max(allocated, kFirstBlock) : kLargeBlock;
+    return std::max(allocated, expected) < kLargeThreshold ? std::max(allocated, kFirstBlock) : kLargeBlock;
 }
 
 } // namespace
@@ -25,7 +25,7 @@ Arena::~Arena() {
 
 void Arena::addBlock(std::size_t size) {
     if (size == 0)
-        throw std::bad_alloc(); // So large that rounding it up came round.
+        throw std::bad_alloc(); // Rounding up overflowed.
     const std::size_t block = std::max(nextBlock(allocated_, expected_) - sizeof(CPlex), size);
     CPlex* const created = CPlex::Create(blocks_, block, 1);
     next_ = static_cast<std::byte*>(created->data());

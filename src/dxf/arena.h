@@ -7,7 +7,7 @@
 
 namespace zu::dxf {
 
-/// Memory for what lives as long as its drawing: given out piece by piece, freed as a whole.
+/// Allocates objects that live as long as their drawing; frees them all at once.
 class Arena {
 public:
     Arena() = default;
@@ -15,10 +15,10 @@ public:
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
 
-    /// Tells before the first piece about how much will be wanted.
+    /// Sets the approximate total size; called before the first allocation.
     void expect(std::size_t size) { expected_ = size; }
 
-    /// Good for any object that needs no more than the alignment of a pointer. Throws std::bad_alloc.
+    /// Allocates memory for any object whose alignment is at most eight. Throws std::bad_alloc.
     void* allocate(std::size_t size) {
         const std::size_t whole = (size + kAlignment - 1) / kAlignment * kAlignment;
         if (whole > left_ || whole < size)
@@ -28,7 +28,7 @@ public:
         next_ += whole;
         return start;
     }
-    /// Lengthens the piece that ends at `end`; false when something lies behind it.
+    /// Extends the allocation that ends at `end`; returns false unless it is the last one and there is room.
     bool extend(const void* end, std::size_t size) {
         if (end != next_ || size > left_ || size % kAlignment != 0)
             return false;

@@ -61,7 +61,7 @@ CEnt* make(Arena& arena) {
 
 constexpr FieldRules with(FieldRules rules, std::initializer_list<Entry> entries) {
     for (const Entry& e : entries)
-        rules[rulePlace(e.code)] = e.rule;
+        rules[ruleIndex(e.code)] = e.rule;
     return rules;
 }
 
@@ -114,7 +114,7 @@ struct EntityFields::Types {
               field(44, &CInsert::m_columnSpacing), field(45, &CInsert::m_rowSpacing),
               field(50, &CInsert::m_rotation), field(70, &CInsert::m_columns), field(71, &CInsert::m_rows)})};
 
-    /// What a text and a text of several lines have in common.
+    /// The fields that TEXT and MTEXT share.
     template <typename Text>
     static constexpr FieldRules writing = with(common, {field(1, &Text::text_), field(7, &Text::style_),
                                                         field(10, &Text::m_x), field(20, &Text::m_y),
@@ -153,39 +153,39 @@ struct EntityFields::Types {
         Named{"PLINE", &polyline},     Named{"POINT", &point},           Named{"ELLIPSE", &ellipse},
         Named{"DIMENSION", &dimension}};
 
-    static constexpr std::size_t kPlaces = 32;
+    static constexpr std::size_t kSlots = 32;
 
-    static constexpr std::size_t placeOf(std::string_view name) {
+    static constexpr std::size_t slotOf(std::string_view name) {
         const auto byte = [](char c) { return static_cast<unsigned char>(c); };
-        return (name.size() * 9 + byte(name.front()) + byte(name.back())) % kPlaces;
+        return (name.size() * 9 + byte(name.front()) + byte(name.back())) % kSlots;
     }
 };
 
 namespace {
 
-/// Each name at its own place.
-constexpr auto kTypesByPlace = [] {
-    std::array<EntityFields::Types::Named, EntityFields::Types::kPlaces> types{};
+/// A perfect hash table: every name has a slot of its own.
+constexpr auto kTypesBySlot = [] {
+    std::array<EntityFields::Types::Named, EntityFields::Types::kSlots> types{};
     for (const auto& type : EntityFields::Types::named)
-        types[EntityFields::Types::placeOf(type.name)] = type;
+        types[EntityFields::Types::slotOf(type.name)] = type;
     return types;
 }();
 
 static_assert(
     [] {
         for (const auto& type : EntityFields::Types::named)
-            if (kTypesByPlace[EntityFields::Types::placeOf(type.name)].name != type.name)
+            if (kTypesBySlot[EntityFields::Types::slotOf(type.name)].name != type.name)
                 return false;
         return true;
     }(),
-    "two names have one place");
+    "two names share a slot");
 
 } // namespace
 
 const KeptType* EntityFields::typeNamed(std::string_view name) {
     if (name.empty())
         return nullptr;
-    const Types::Named& found = kTypesByPlace[Types::placeOf(name)];
+    const Types::Named& found = kTypesBySlot[Types::slotOf(name)];
     return equalBytes(found.name, name) ? found.type : nullptr;
 }
 

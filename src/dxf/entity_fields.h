@@ -9,31 +9,31 @@
 
 namespace zu::dxf {
 
-/// What the record of a group code is to an entity.
+/// How an entity uses the record of a group code.
 enum class FieldKind : std::uint8_t {
     none,
     real,
     integer,
-    shortInteger, ///< The nearest one that a short holds.
-    color,        ///< By layer when it is none.
+    shortInteger, ///< Clamped to the range of short.
+    color,        ///< By layer when the number is no colour.
     text,
-    name, ///< Text that many entities share.
+    name, ///< Text shared by many entities.
     handle,
     paper,
     mirrored,
-    part,       ///< Piece of a long text.
-    pointX,     ///< Begins a vertex.
-    pointY,     ///< Of the last vertex,
-    pointBulge, ///< its bulge,
+    part,   ///< Piece of a long text.
+    pointX, ///< Starts a vertex; the next four belong to the last vertex.
+    pointY,
+    pointBulge,
     pointStartWidth,
-    pointEndWidth, ///< and its widths.
-    embedded,      ///< What follows is another object's data, under the same group codes.
+    pointEndWidth,
+    embedded, ///< The records that follow are the data of an embedded object with the same group codes.
 };
 
-/// Where the record of a group code goes.
+/// The member of an entity that stores the record of a group code.
 struct FieldRule {
     FieldKind kind = FieldKind::none;
-    std::uint32_t bit = 0; ///< By which the entity remembers the record.
+    std::uint32_t bit = 0; ///< Set in the entity when the record was present.
     union {
         double CEnt::*real = nullptr;
         int CEnt::*integer;
@@ -43,37 +43,38 @@ struct FieldRule {
     };
 };
 
-/// The group codes that entities keep or heed.
-inline constexpr std::array kHeededCodes{1,  2,  3,  4,  5,  7,  8,  10, 11, 20, 21, 40,  41,  42,
-                                         43, 44, 45, 50, 51, 62, 67, 70, 71, 72, 73, 101, 230, 370};
-inline constexpr int kLastHeededCode = kHeededCodes.back();
+/// The group codes that entities store or interpret.
+inline constexpr std::array kSupportedCodes{1,  2,  3,  4,  5,  7,  8,  10, 11, 20, 21, 40,  41,  42,
+                                            43, 44, 45, 50, 51, 62, 67, 70, 71, 72, 73, 101, 230, 370};
+inline constexpr int kLastSupportedCode = kSupportedCodes.back();
 
-/// Places of rules by group code: 0 of what is not heeded, else 1 and so on in the order of the codes.
-inline constexpr auto kRulePlaces = [] {
-    std::array<std::uint8_t, kLastHeededCode + 1> places{};
-    std::uint8_t place = 0;
-    for (const int code : kHeededCodes)
-        places[static_cast<std::size_t>(code)] = ++place;
-    return places;
+/// Indexes of rules by group code: 0 for unsupported group codes, then from 1 in the order of the codes.
+inline constexpr auto kRuleIndexes = [] {
+    std::array<std::uint8_t, kLastSupportedCode + 1> indexes{};
+    std::uint8_t index = 0;
+    for (const int code : kSupportedCodes)
+        indexes[static_cast<std::size_t>(code)] = ++index;
+    return indexes;
 }();
 
-inline constexpr std::size_t rulePlace(int code) {
-    return static_cast<unsigned>(code) <= kLastHeededCode ? kRulePlaces[static_cast<std::size_t>(code)] : 0;
+inline constexpr std::size_t ruleIndex(int code) {
+    return static_cast<unsigned>(code) <= kLastSupportedCode ? kRuleIndexes[static_cast<std::size_t>(code)]
+                                                             : 0;
 }
 
-/// The rules of one type by their places.
-using FieldRules = std::array<FieldRule, kHeededCodes.size() + 1>;
+/// The rules of one type by their indexes.
+using FieldRules = std::array<FieldRule, kSupportedCodes.size() + 1>;
 
-/// A type of entity that is kept.
+/// A type of entity that drawings keep.
 struct KeptType {
     EntType type;
     CEnt* (*make)(Arena& arena);
     FieldRules rules;
 };
 
-/// The way into the entities' own members.
+/// Grants readers access to the private members of entities.
 struct EntityFields {
-    /// Null when entities of that name are not kept.
+    /// Returns null when entities of that type name are not kept.
     static const KeptType* typeNamed(std::string_view name);
 
     static void addPresent(CEnt& entity, std::uint32_t bits) { entity.present_ |= bits; }
@@ -85,11 +86,11 @@ struct EntityFields {
     struct Types;
 };
 
-/// By which an entity remembers that there was a record of that group code; 0 where none does.
+/// Returns the bit that records the presence of a group code in an entity; 0 for unsupported codes.
 constexpr std::uint32_t presenceBit(int code) {
-    static_assert(kHeededCodes.size() <= 32);
-    const std::size_t place = rulePlace(code);
-    return place > 0 ? std::uint32_t{1} << (place - 1) : 0;
+    static_assert(kSupportedCodes.size() <= 32);
+    const std::size_t index = ruleIndex(code);
+    return index > 0 ? std::uint32_t{1} << (index - 1) : 0;
 }
 
 } // namespace zu::dxf

@@ -12,15 +12,15 @@ namespace zu::dxf {
 
 namespace {
 
-/// The records of an input one after the other. It goes on without the input as long as records are of the
-/// usual kind, and remembers no more than where the last one began, so that all it holds can be in registers.
+/// Reads the records of an input in order. Bypasses the input while the fast path applies, and keeps only the
+/// start of the last record, so that its whole state fits in registers.
 template <typename Form>
 class RecordRun {
 public:
     explicit RecordRun(RecordInput& input) : input_(input) { goTo(placeOf(input, true)); }
 
-    bool next(TakenRecord& record) {
-        record = Form::take(at_, end_);
+    bool next(ScannedRecord& record) {
+        record = Form::scan(at_, end_);
         if (record.end == nullptr) [[unlikely]] {
             makeCurrent();
             const Place place = advance(input_);
@@ -35,14 +35,14 @@ public:
     }
     void makeCurrent() const {
         if (last_ != nullptr)
-            input_.setCurrent(Form::take(last_, end_), count_);
+            input_.setCurrent(Form::scan(last_, end_), count_);
     }
 
 private:
     struct Place {
         bool good;
         RecordInput::Ahead ahead;
-        TakenRecord record;
+        ScannedRecord record;
     };
     static Place placeOf(const RecordInput& input, bool good) {
         const RecordInput::Ahead ahead = input.ahead();
@@ -63,10 +63,10 @@ private:
     const char* last_ = nullptr; ///< Null when the input's current record is the last one.
     const char* at_ = nullptr;
     const char* end_ = nullptr;
-    std::uint64_t count_ = 0; ///< Of the records since the input's current one.
+    std::uint64_t count_ = 0; ///< Number of records since the input's current one.
 };
 
-/// Takes records into the entity that is being read.
+/// Builds entities from their records and adds them to a list.
 template <typename Form>
 class EntityBuilder {
 public:
@@ -90,19 +90,19 @@ public:
         (isVertex ? polyline_->m_vertices : list_).AddTail(entity_);
     }
 
-    void take(int code, std::string_view value) {
-        const std::size_t place = rulePlace(code);
-        if (place == 0 || entity_ == nullptr)
+    void add(int code, std::string_view value) {
+        const std::size_t index = ruleIndex(code);
+        if (index == 0 || entity_ == nullptr)
             return;
-        const FieldRule& rule = (*rules_)[place];
+        const FieldRule& rule = (*rules_)[index];
         present_ |= rule.bit;
         if (rule.kind == FieldKind::real)
             entity_->*rule.real = real(code, value);
         else
-            takeOther(*entity_, rule, code, value);
+            addOther(*entity_, rule, code, value);
     }
 
-    /// What follows is taken by no entity; the last one knows which records were there.
+    /// Completes the current entity with the set of records it had; ignores records up to the next start().
     void finish() {
         if (entity_ != nullptr)
             EntityFields::addPresent(*entity_, present_);
@@ -137,11 +137,11 @@ private:
         const int number = integer(code, value);
         if (number >= CEnt::kByBlock && number <= CEnt::kByLayer)
             return static_cast<short>(number);
-        input_.report(value.data(), code, "there is no such colour: the layer's is used");
+        input_.report(value.data(), code, "the colour number is invalid: the layer's colour is used");
         return CEnt::kByLayer;
     }
 
-    void takeOther(CEnt& entity, const FieldRule& rule, int code, std::string_view value) {
+    void addOther(CEnt& entity, const FieldRule& rule, int code, std::string_view value) {
         switch (rule.kind) {
         case FieldKind::none:
         case FieldKind::real:
@@ -162,7 +162,7 @@ private:
             entity.*rule.name = &memory_.names.get(value, memory_.text);
             break;
         case FieldKind::handle:
-            takeHandle(entity, code, value, rule.bit);
+            addHandle(entity, code, value, rule.bit);
             break;
         case FieldKind::paper:
             entity.m_paper = integer(code, value) != 0;
@@ -203,7 +203,8 @@ private:
         return points.count > 0 ? points.items + (points.count - 1) : nullptr;
     }
 
-    /// Most polylines have no widths: they are made up to the last vertex when it gets one.
+    /// Returns the width of the last vertex. Most polylines have none: the array grows to the number of
+    /// vertices when a vertex gets a width.
     CDblWidth* lastWidthOf(CEnt& polyline) {
         const std::size_t points = EntityFields::pointsOf(polyline).count;
         KeptArray<CDblWidth>& widths = EntityFields::widthsOf(polyline);
@@ -212,12 +213,12 @@ private:
         return points > 0 ? widths.items + (points - 1) : nullptr;
     }
 
-    void takeHandle(CEnt& entity, int code, std::string_view value, std::uint32_t bit) {
+    void addHandle(CEnt& entity, int code, std::string_view value, std::uint32_t bit) {
         std::uint64_t handle = 0;
         if (!zuhost::parsePlainHandle(value, handle)) {
             const auto other = zuhost::parseHandle(value);
             if (!other) {
-                input_.report(value.data(), code, "the handle is no hexadecimal number and is ignored");
+                input_.report(value.data(), code, "the handle is not a hexadecimal number and is ignored");
                 present_ &= ~bit;
                 return;
             }
@@ -240,10 +241,10 @@ void readAll(RecordInput& input, PartMemory& memory, CEntList& list) {
     RecordRun<Form> records(input);
     EntityBuilder<Form> builder(input, memory, list);
     builder.start(input.record().value);
-    TakenRecord record;
+    ScannedRecord record;
     while (records.next(record)) {
         if (record.code != 0)
-            builder.take(record.code, record.value);
+            builder.add(record.code, record.value);
         else if (record.value == "ENDSEC" || record.value == "ENDBLK")
             break;
         else

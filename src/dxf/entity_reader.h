@@ -7,12 +7,11 @@
 
 namespace zu::dxf {
 
-/// Reads entities into a list, from the current record (the type of the first, no end) up to the end of the
-/// section or block, which is then the current record.
-/// Reports what was wrong with their records.
+/// Reads entities into a list, from the current record (the type of the first entity, not an end) up to the
+/// end of the section or block, which is then the current record. Reports faults of records to the input.
 void readEntities(RecordInput& input, PartMemory& memory, CEntList& list);
 
-/// Whether entities of that type are kept wherever they stand: vertices are not.
+/// Returns whether entities of that type are kept wherever they occur; vertices are kept only in polylines.
 [[nodiscard]] bool isKeptEntity(std::string_view typeName);
 
 } // namespace zu::dxf

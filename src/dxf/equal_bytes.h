@@ -24,8 +24,7 @@ bool equalEnds(const char* a, const char* b, std::size_t size) {
 
 } // namespace detail
 
-/// Equality of texts that are mostly short: those of 4 to 16 bytes are compared as two words, which may
-/// overlap.
+/// Compares texts that are mostly short: those of 4 to 16 bytes as two words, which may overlap.
 inline bool equalBytes(std::string_view a, std::string_view b) {
     const std::size_t size = a.size();
     if (size != b.size())

@@ -11,7 +11,7 @@ using zu::dxf::RecordInput;
 
 namespace {
 
-/// Blanks may follow a name in ASCII files.
+/// Removes the blanks that may follow a name in ASCII files.
 std::string_view trimmed(std::string_view name) {
     const std::size_t last = name.find_last_not_of(" \t");
     return last == std::string_view::npos ? std::string_view() : name.substr(0, last + 1);
@@ -55,19 +55,19 @@ void CAcadDxf::LoadDxfData() {
     }
 }
 
-/// Reads on to the name of the next section; false when there is none.
+/// Skips to the name of the next section; returns false when there is none.
 bool CAcadDxf::toSection(bool isFirst) {
     if (input_ == nullptr || GetRecord() == 0)
         return false;
     if (isFirst)
         isDrawing_ = GetCode() == 0;
-    // Some programs end the header twice.
+    // Some programs write the end of the header twice.
     while (GetCode() != 0 || (!isFirst && at(0, "ENDSEC")))
         if (GetRecord() == 0)
             return false;
     if (!at(0, "SECTION")) {
         if (!at(0, "EOF"))
-            input_->report("reading ends here: a section or the end of the file is expected");
+            input_->report("reading ends here: expected a section or the end of the file");
         return false;
     }
     if (GetRecord() == 0)
@@ -77,7 +77,7 @@ bool CAcadDxf::toSection(bool isFirst) {
     return GetCode() == 2;
 }
 
-/// A section may end before what is in it does.
+/// Returns whether the current record is an end; a section may end before the table or block in it does.
 bool CAcadDxf::isAtEndOf(std::string_view end) const {
     return at(0, end) || at(0, "ENDSEC");
 }
@@ -134,7 +134,7 @@ void CAcadDxf::LoadTables() {
     }
 }
 
-/// The table of the current record with its name, which is then the current record; null when it has none.
+/// Reads up to the name of the table that starts at the current record; returns null when it has none.
 CTable* CAcadDxf::readTableName() {
     for (bool isFirst = true; GetRecord() != 0 && GetCode() != 0; isFirst = false) {
         if (GetCode() != 2)
@@ -236,7 +236,7 @@ void CAcadDxf::LoadEnt(CEntList& list) {
     zu::dxf::readEntities(*input_, *memory_, list);
 }
 
-/// Reads on to an entity that LoadEnt would keep; false, and at the end of the section, when there is none.
+/// Skips to an entity that LoadEnt would keep; returns false at the end of the section when there is none.
 bool CAcadDxf::skipToKeptEntity() {
     while (GetRecord() != 0 && !isAtEndOf("ENDBLK"))
         if (GetCode() == 0 && zu::dxf::isKeptEntity(input_->record().value))

@@ -12,7 +12,7 @@
 
 namespace zu::dxf {
 
-/// A text of an entity as the file spells it; its bytes follow. It is decoded when it is asked for.
+/// A text of an entity as in the file; its bytes follow this header. Decoded on access.
 struct KeptText {
     const PartText* form;
     std::size_t size;
@@ -25,7 +25,7 @@ struct KeptPart {
     const KeptText* text;
 };
 
-/// What the entities of a drawing refer to, and they themselves.
+/// Owns the entities of a drawing and the texts and names they refer to.
 struct PartMemory {
     Arena arena;
     PartText text;

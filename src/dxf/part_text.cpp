@@ -18,7 +18,7 @@ bool isAscii(std::string_view bytes) {
 }
 
 std::optional<std::wstring> decodeBytes(UINT page, std::string_view bytes) {
-    // No page needs more wide characters than bytes.
+    // No code page decodes to more wide characters than bytes.
     std::wstring text(bytes.size(), L'\0');
     const auto size = static_cast<int>(bytes.size());
     const int length = MultiByteToWideChar(page, 0, bytes.data(), size, text.data(), size);
@@ -32,10 +32,10 @@ std::optional<std::wstring> decodePair(std::size_t page, std::string_view bytes)
     return decodeBytes(static_cast<UINT>(zuhost::dxf::kMultiBytePages[page]), bytes);
 }
 
-/// Records are spelled in ASCII, so that a page that lacks it can't be a drawing's.
+/// Returns whether the system has a code page and it extends ASCII, in which the records are written.
 bool isKnown(UINT page) {
-    constexpr std::string_view kSome = "09AZaz {}\\^_";
-    return decodeBytes(page, kSome) == std::wstring(kSome.begin(), kSome.end());
+    constexpr std::string_view kSample = "09AZaz {}\\^_";
+    return decodeBytes(page, kSample) == std::wstring(kSample.begin(), kSample.end());
 }
 
 } // namespace
@@ -63,11 +63,11 @@ CString PartText::decode(std::string_view bytes) const {
 }
 
 const CString& NamePool::find(std::string_view bytes, const PartText& text) {
-    const auto [place, isNew] = names_.try_emplace(std::string(bytes));
+    const auto [position, isNew] = names_.try_emplace(std::string(bytes));
     if (isNew)
-        place->second = text.decode(bytes);
-    recent_[placeOf(bytes)] = {place->first, &place->second};
-    return place->second;
+        position->second = text.decode(bytes);
+    recent_[slotOf(bytes)] = {position->first, &position->second};
+    return position->second;
 }
 
 } // namespace zu::dxf

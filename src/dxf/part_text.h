@@ -12,23 +12,23 @@
 
 namespace zu::dxf {
 
-/// How a part drawing holds text.
+/// Decodes the text of a part drawing.
 class PartText {
 public:
-    /// The version is $ACADVER's number. From R2007 on, and with a byte-order mark, text is UTF-8 whatever
-    /// the page.
+    /// The version is the number of $ACADVER. From R2007 on, and with a byte-order mark, text is UTF-8
+    /// whatever the code page.
     void setVersion(int version) { version_ = version; }
     void setMark(bool mark) { mark_ = mark; }
     void setCodePage(std::string_view name);
-    /// Text that is UTF-8 whatever the header says.
+    /// Text is UTF-8 whatever the header says.
     void setUtf8() { mark_ = true; }
 
-    /// Characters of a text that are kept.
+    /// Sets the number of characters that are kept of a text.
     void setLimit(std::size_t limit) { limit_ = limit; }
 
-    /// Without the characters beyond the limit; escapes are replaced by what they stand for.
+    /// Decodes a text, replaces its escapes and cuts it at the limit.
     [[nodiscard]] CString decode(std::string_view bytes) const;
-    /// No more of the text than decoding looks at.
+    /// Returns the leading part of the text that decoding uses.
     [[nodiscard]] std::string_view part(std::string_view bytes) const {
         return bytes.substr(0, limit_ * kBytesPerCharacter);
     }
@@ -45,11 +45,11 @@ private:
     std::size_t limit_ = 512; ///< In characters.
 };
 
-/// Each name of a drawing once. References stay good as long as the pool.
+/// Stores each name of a drawing once. References stay valid as long as the pool.
 class NamePool {
 public:
     const CString& get(std::string_view bytes, const PartText& text) {
-        const Known& recent = recent_[placeOf(bytes)];
+        const Known& recent = recent_[slotOf(bytes)];
         return recent.name != nullptr && equalBytes(recent.bytes, bytes) ? *recent.name : find(bytes, text);
     }
 
@@ -60,7 +60,7 @@ private:
     };
     static constexpr std::size_t kRecent = 64;
 
-    static std::size_t placeOf(std::string_view bytes) {
+    static std::size_t slotOf(std::string_view bytes) {
         if (bytes.empty())
             return 0;
         const auto at = [&](std::size_t i) { return std::size_t{static_cast<unsigned char>(bytes[i])}; };
@@ -69,7 +69,7 @@ private:
     const CString& find(std::string_view bytes, const PartText& text);
 
     std::unordered_map<std::string, CString> names_;
-    std::array<Known, kRecent> recent_{}; ///< Few names are met again and again.
+    std::array<Known, kRecent> recent_{}; ///< A few names make up most look-ups.
 };
 
 } // namespace zu::dxf

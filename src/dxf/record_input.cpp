@@ -8,12 +8,12 @@ namespace zu::dxf {
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{64} * 1024;
-/// Devices without end have no line ends either: the buffer must not grow for ever.
+/// Limits the buffer: endless devices may never deliver a line end.
 constexpr std::size_t kLongestRecord = std::size_t{64} * 1024 * 1024;
-/// A file that is no drawing at all has something wrong everywhere.
-constexpr std::size_t kMostKept = 50;
+/// Limits the findings of a file that is not a drawing, where every record is faulty.
+constexpr std::size_t kMaxFindings = 50;
 
-/// An unreadable file ends where reading fails.
+/// A read error counts as the end of the file.
 std::size_t readFrom(CFile& file, char* target, std::size_t count) {
     try {
         return file.Read(target, static_cast<UINT>(count));
@@ -66,13 +66,13 @@ void RecordInput::start() {
     if (binary_) {
         form_ = BinaryReader(bytes, table_).codeForm();
         used_ = std::min(kBinarySentinel.size(), size_);
-        usual_ = form_ == CodeForm::words && table_ == CodeTable::complete;
+        hasFastPath_ = form_ == CodeForm::words && table_ == CodeTable::complete;
         return;
     }
     marked_ = bytes.starts_with(kByteOrderMark);
     used_ = marked_ ? kByteOrderMark.size() : 0;
     lineEnd_ = lineEndOf(bytes);
-    usual_ = lineEnd_ == '\n';
+    hasFastPath_ = lineEnd_ == '\n';
 }
 
 void RecordInput::refill() {
@@ -99,19 +99,19 @@ void RecordInput::refill() {
 
 RecordInput::Ahead RecordInput::ahead() const {
     const char* const at = buffer_.get() + used_;
-    // What ends with the buffer may go on in the file.
+    // A record that ends with the buffer may continue in the file.
     const char* const end = buffer_.get() + size_ - (file_ != nullptr ? 1 : 0);
-    return {at, usual_ ? std::max(at, end) : at};
+    return {at, hasFastPath_ ? std::max(at, end) : at};
 }
 
 void RecordInput::add(std::uint64_t line, std::uint64_t offset, int code, std::string_view problem) {
-    if (findings_.kept.size() < kMostKept)
+    if (findings_.kept.size() < kMaxFindings)
         findings_.kept.push_back({line, offset, code, problem});
     ++findings_.count;
 }
 
 void RecordInput::report(const char* place, int code, std::string_view problem) {
-    if (findings_.kept.size() == kMostKept) {
+    if (findings_.kept.size() == kMaxFindings) {
         ++findings_.count;
         return;
     }
@@ -122,7 +122,7 @@ void RecordInput::report(const char* place, int code, std::string_view problem) 
         add(0, offset, code, problem);
         return;
     }
-    // The line of a value follows that of its group code.
+    // The group code's line precedes that of the value.
     const auto lines = [this](const char* from, const char* to) {
         return static_cast<std::uint64_t>(std::count(from, to, lineEnd_));
     };
@@ -139,20 +139,20 @@ void RecordInput::reportEnd(std::string_view problem) {
     add(binary_ ? 0 : line_, dropped_ + used_, code, problem);
 }
 
-void RecordInput::setCurrent(const TakenRecord& taken, std::uint64_t count) {
+void RecordInput::setCurrent(const ScannedRecord& scanned, std::uint64_t count) {
     line_ += 2 * count;
-    record_.code = taken.code;
-    record_.value = taken.value;
-    used_ = static_cast<std::size_t>(taken.end - buffer_.get());
+    record_.code = scanned.code;
+    record_.value = scanned.value;
+    used_ = static_cast<std::size_t>(scanned.end - buffer_.get());
 }
 
-bool RecordInput::takeUsual() {
+bool RecordInput::nextFast() {
     const auto [at, end] = ahead();
-    const TakenRecord taken =
-        binary_ ? zuhost::dxf::takeBinaryRecord(at, end) : zuhost::dxf::takeAsciiRecord(at, end);
-    if (taken.end == nullptr)
+    const ScannedRecord scanned =
+        binary_ ? zuhost::dxf::scanBinaryRecord(at, end) : zuhost::dxf::scanAsciiRecord(at, end);
+    if (scanned.end == nullptr)
         return false;
-    setCurrent(taken);
+    setCurrent(scanned);
     return true;
 }
 
@@ -177,7 +177,7 @@ bool RecordInput::skipBlankLine() {
     return true;
 }
 
-bool RecordInput::takeOther() {
+bool RecordInput::nextSlow() {
     using zuhost::dxf::ReadResult;
     bool isAfterBlank = false;
     for (;;) {
@@ -207,7 +207,7 @@ bool RecordInput::takeOther() {
 
 bool RecordInput::next() {
     do {
-        if (!takeUsual() && !takeOther())
+        if (!nextFast() && !nextSlow())
             return false;
     } while (record_.code == zuhost::dxf::kComment);
     return true;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dxf_records/record_reader.h"
-#include "dxf_records/take_record.h"
+#include "dxf_records/scan_record.h"
 
 #include <zucomn/dxf.h>
 
@@ -12,44 +12,46 @@ namespace zu::dxf {
 
 using zuhost::dxf::CodeTable;
 using zuhost::dxf::Record;
-using zuhost::dxf::TakenRecord;
+using zuhost::dxf::ScannedRecord;
 
-/// The records of a drawing, read from a file in blocks or from text in memory; comments are passed over.
+/// Reads the records of a drawing from a file in blocks or from text in memory; skips comments.
 class RecordInput {
 public:
-    /// Null when the file can't be opened.
+    /// Returns null when the file cannot be opened.
     static std::unique_ptr<RecordInput> open(const wchar_t* path, CodeTable table);
     static std::unique_ptr<RecordInput> fromText(std::string text);
 
-    /// False at the end and where the file is unreadable, which is reported; the record then keeps its code,
-    /// but not its value. Blank lines in place of a group code are skipped and reported.
+    /// Reads the next record. Returns false at the end and at the first unreadable record, which is reported;
+    /// the current record then keeps its code but not its value. Blank lines before a group code are skipped
+    /// and reported.
     bool next();
-    /// Its value is good until the next call.
+    /// Returns the current record; its value is valid until the next call.
     [[nodiscard]] const Record& record() const { return record_; }
     [[nodiscard]] bool isBinary() const { return binary_; }
-    [[nodiscard]] std::uint64_t length() const { return length_; } ///< Of the file; 0 for text in memory.
-    /// A byte-order mark says UTF-8.
+    /// Returns the length of the file; 0 for text in memory and pipes.
+    [[nodiscard]] std::uint64_t length() const { return length_; }
+    /// Returns whether the drawing begins with the byte-order mark of UTF-8.
     [[nodiscard]] bool hasMark() const { return marked_; }
 
-    /// Copies the bytes after the current record, as many as there are; they are then used up.
+    /// Reads up to `count` bytes after the current record and returns their number.
     std::size_t readBytes(char* target, std::size_t count);
 
-    /// Adds a finding about a record between the start of the buffer and its end, by a place in its value.
+    /// Adds a finding about a record in the buffer; `place` points into its value.
     void report(const char* place, int code, std::string_view problem);
     /// Adds a finding about the current record.
     void report(std::string_view problem) { report(record_.value.data(), record_.code, problem); }
     [[nodiscard]] const Findings& findings() const { return findings_; }
 
-    // For a reader that takes records itself as long as they are of the usual kind.
+    // For a reader that scans records itself while the fast path applies.
 
-    /// The bytes after the current record, as far as such records can lie in them.
+    /// The bytes after the current record that such a reader may scan.
     struct Ahead {
         const char* at;
         const char* end;
     };
     [[nodiscard]] Ahead ahead() const;
-    /// Makes a record that was taken there the current one; it is the last of `count` records.
-    void setCurrent(const TakenRecord& taken, std::uint64_t count = 1);
+    /// Makes a record scanned there the current one; it is the last of `count` scanned records.
+    void setCurrent(const ScannedRecord& scanned, std::uint64_t count = 1);
 
 private:
     RecordInput() = default;
@@ -57,9 +59,9 @@ private:
     void start();
     /// Moves the bytes after the current record to the front and fills the rest of the buffer.
     void refill();
-    bool takeUsual();
-    bool takeOther();
-    /// Returns whether there was one.
+    bool nextFast();
+    bool nextSlow();
+    /// Returns whether it skipped a blank line.
     bool skipBlankLine();
     void add(std::uint64_t line, std::uint64_t offset, int code, std::string_view problem);
     void reportEnd(std::string_view problem);
@@ -72,12 +74,12 @@ private:
     std::size_t capacity_ = 0;
     std::size_t size_ = 0;
     std::size_t used_ = 0;      ///< End of the current record.
-    std::uint64_t line_ = 1;    ///< Of an ASCII file, at that end.
+    std::uint64_t line_ = 1;    ///< Line of an ASCII file at that end.
     std::uint64_t dropped_ = 0; ///< Bytes of the file before the buffer.
     bool binary_ = false;
     bool marked_ = false;
-    bool hasEnded_ = false; ///< At a fault that has been reported.
-    bool usual_ = false;    ///< Records can be of the usual kind.
+    bool hasEnded_ = false;    ///< Reading ended at a fault, which has been reported.
+    bool hasFastPath_ = false; ///< The fast path applies to this form of drawing.
     zuhost::dxf::CodeForm form_ = zuhost::dxf::CodeForm::words;
     char lineEnd_ = '\n';
     Record record_;

@@ -12,7 +12,7 @@ namespace {
 
 using zuhost::dxf::ValueType;
 
-constexpr std::string_view kNoNumber = "no number is given: 0 is used";
+constexpr std::string_view kNoNumber = "the number is missing: 0 is used";
 constexpr std::string_view kOtherText = "other text follows the number and is ignored";
 constexpr std::string_view kTooLarge = "the number is too large: the nearest possible one is used";
 
@@ -22,7 +22,7 @@ ReadNumber<int> narrowed(std::int64_t value) {
     return {static_cast<int>(nearest), nearest == value ? std::string_view() : kTooLarge};
 }
 
-/// The text from the first character that can belong to a number.
+/// Removes leading blanks and a plus sign.
 std::string_view withoutStart(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
     if (text.starts_with('+'))
@@ -74,7 +74,7 @@ ReadNumber<int> BinaryForm::integer(std::string_view value) {
 }
 
 ReadNumber<double> realOf(const zuhost::dxf::Record& record, bool binary) {
-    // The record has no value once reading has ended.
+    // After the end of reading the record has no value.
     if (record.value.empty() || zuhost::dxf::valueType(record.code) != ValueType::real)
         return {};
     return binary ? BinaryForm::real(record.value) : AsciiForm::real(record.value);

@@ -2,19 +2,19 @@
 
 #include "dxf_records/plain_number.h"
 #include "dxf_records/record_reader.h"
-#include "dxf_records/take_record.h"
+#include "dxf_records/scan_record.h"
 
 #include <cmath>
 #include <string_view>
 
 namespace zu::dxf {
 
-using zuhost::dxf::TakenRecord;
+using zuhost::dxf::ScannedRecord;
 
-// How values lie in the records of either form. A number that other text follows counts by its leading part;
-// a value that is no finite number is 0.
+// How ASCII and binary records store values. A number followed by other text is read up to that text; a value
+// that is not a finite number is read as 0.
 
-/// A number with what is wrong with its spelling: a constant text, empty for a good number.
+/// A number and the problem of its record: a constant text, empty for a valid number.
 template <typename Number>
 struct ReadNumber {
     Number number = 0;
@@ -24,9 +24,11 @@ struct ReadNumber {
 inline constexpr std::string_view kNotFinite = "the number is not finite: 0 is used";
 
 struct AsciiForm {
-    static TakenRecord take(const char* at, const char* end) { return zuhost::dxf::takeAsciiRecord(at, end); }
+    static ScannedRecord scan(const char* at, const char* end) {
+        return zuhost::dxf::scanAsciiRecord(at, end);
+    }
     static constexpr bool kHasLines = true;
-    /// Nearly every number; false for others.
+    /// Parses nearly every number; returns false for the others.
     static bool plainReal(std::string_view value, double& number) {
         return zuhost::parsePlainReal(value, number);
     }
@@ -35,21 +37,21 @@ struct AsciiForm {
 };
 
 struct BinaryForm {
-    static TakenRecord take(const char* at, const char* end) {
-        return zuhost::dxf::takeBinaryRecord(at, end);
+    static ScannedRecord scan(const char* at, const char* end) {
+        return zuhost::dxf::scanBinaryRecord(at, end);
     }
     static constexpr bool kHasLines = false;
-    // Of a record whose group code means a real number.
+    /// For records whose group code denotes a real number.
     static bool plainReal(std::string_view value, double& number) {
         number = zuhost::dxf::realAt(value.data());
         return std::isfinite(number);
     }
     static ReadNumber<double> real(std::string_view value);
-    /// Of a record whose group code means an integer.
+    /// For records whose group code denotes an integer.
     static ReadNumber<int> integer(std::string_view value);
 };
 
-/// 0 for a record whose group code means another kind of value.
+/// Returns 0 for a record whose group code denotes another type of value.
 [[nodiscard]] ReadNumber<double> realOf(const zuhost::dxf::Record& record, bool binary);
 [[nodiscard]] ReadNumber<int> integerOf(const zuhost::dxf::Record& record, bool binary);
 

@@ -17,7 +17,7 @@ double numberOf(const CString& text) {
     return zu::dxf::AsciiForm::real(digits).number;
 }
 
-/// The path with the three characters after its last point replaced.
+/// Returns the path with the three characters after its last point replaced.
 CString withExtension(CString path, const wchar_t* extension) {
     const int point = path.ReverseFind(L'.');
     if (point < 0)
@@ -75,7 +75,7 @@ int CAcadDxf::GetRecordMember(int n, const CString& line, CString& member) {
             at = std::min(text.find_first_not_of(L' ', at), text.size());
     }
     const bool found = at != std::wstring_view::npos;
-    // The line itself may be where the member goes.
+    // `member` may be `line`: assign it last.
     member = found ? CString(text.substr(at, text.find(L' ', at) - at)) : CString();
     return found ? 0 : -1;
 }

@@ -1,4 +1,4 @@
-// Cut, overlong and deep input: what was complete is kept.
+// Truncated, overlong and damaged input: every complete record is kept.
 #include "part_files.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ std::size_t countOf(const CAcadDxf& part) {
     return count + static_cast<std::size_t>(part.GetEntities().GetCount());
 }
 
-TEST(Damaged, CutAtEveryByte) {
+TEST(Damaged, TruncatedAtEveryByte) {
     for (const char* name : {"fitting-02.dxf", "binary/fitting-02.dxf"}) {
         SCOPED_TRACE(name);
         const std::string bytes = readBytes(sample(name));
@@ -37,7 +37,7 @@ TEST(Damaged, CutAtEveryByte) {
     }
 }
 
-// Records of growing length meet every position at the ends of the reader's blocks.
+// With values of varying length, records cross the reader's block boundaries at every position.
 constexpr int kTexts = 10000;
 
 std::string valueOf(int i) {
@@ -56,7 +56,7 @@ void expectTexts(const std::string& bytes) {
     }
 }
 
-TEST(Damaged, RecordsAcrossBlocksOfTheFile) {
+TEST(Damaged, RecordsCrossBlockBoundaries) {
     for (const char* end : {"\n", "\r\n", "\r"}) {
         std::string bytes;
         const auto add = [&](std::initializer_list<std::string> lines) {
@@ -96,7 +96,7 @@ TEST(Damaged, PolylineOfManyPoints) {
     EXPECT_EQ(static_cast<const CAcPoint&>(*part.GetEntities().GetTail()).m_x, 7);
 }
 
-TEST(Damaged, LongLinesAndLostStructure) {
+TEST(Damaged, LongLinesAndBrokenStructure) {
     const std::string longLine(3'000'000, 'z');
     const std::string start = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n";
     struct Case {
@@ -105,14 +105,14 @@ TEST(Damaged, LongLinesAndLostStructure) {
     };
     const Case cases[] = {
         {start + longLine + "\n0\nPOINT\n0\nENDSEC\n", 2},
-        {start + "a\n" + longLine + "\nvalue\n0\nPOINT\n", 1},   // a group code that is no number
+        {start + "a\n" + longLine + "\nvalue\n0\nPOINT\n", 1},   // a group code that is not a number
         {start + "a\n0\nLINE\n10", 2},                           // ends between code and value
         {"0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\na\n0\nLINE\n", 1}, // no end of block or section
         {"0\nSECTION\n2\nHEADER\n0\nENDSEC\n9\n$DIMASZ\n40\n1\n0\nENDSEC\n" + start + "a\n",
          1},                                                                // ended twice
-        {"0\nSECTION\n2\nHEADER\n0\nENDSEC\n0\nLINE\n" + start + "a\n", 0}, // something between sections
+        {"0\nSECTION\n2\nHEADER\n0\nENDSEC\n0\nLINE\n" + start + "a\n", 0}, // an entity between sections
         {"0\nSECTION\n0\nLINE\n", 0},                                       // a section without a name
-        {"0\nLINE\n0\nSECTION\n2\nENTITIES\n0\nLINE\n", 0}, // something before the first section
+        {"0\nLINE\n0\nSECTION\n2\nENTITIES\n0\nLINE\n", 0}, // an entity before the first section
         {"0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n90\n2000000000\n20\n1\n42\n1\n10\n1\n", 1},
     };
     for (const Case& c : cases) {
@@ -121,8 +121,8 @@ TEST(Damaged, LongLinesAndLostStructure) {
     }
 }
 
-TEST(Damaged, FaultsAreReadAroundAndListed) {
-    std::string good; // More than a block of the reader, before the faults of entities.
+TEST(Damaged, FaultsAreSkippedAndListed) {
+    std::string good; // Longer than a block of the reader, before the faulty entities.
     for (int i = 0; i < 10000; ++i)
         good += "0\nCIRCLE\n";
     const std::string bytes =

@@ -1,4 +1,4 @@
-// Finding a part's files, and the ".zuf" file beside a drawing.
+// Locating the files of a part, and the ".zuf" file beside a drawing.
 #include "part_files.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ std::array<double, 4> extentsOf(const CAcadDxf& part) {
     return values;
 }
 
-TEST(Files, FormIsToldByEighteenCharacters) {
+TEST(Files, FirstEighteenCharactersIdentifyBinaryDrawings) {
     struct Case {
         std::string bytes;
         int ascii;
@@ -42,14 +42,14 @@ TEST(Files, MissingFileIsAnEmptyDrawing) {
     EXPECT_FALSE(CAcadDxf::CheckEntities(L"no\\such\\part.dxf"));
 }
 
-TEST(Files, CheckEntitiesLooksForKeptTypes) {
+TEST(Files, CheckEntitiesFindsOnlyKeptTypes) {
     EXPECT_TRUE(CAcadDxf::CheckEntities(hostPath(sample("fitting-01.dxf"))));
     EXPECT_TRUE(CAcadDxf::CheckEntities(hostPath(sample("binary/fitting-01.dxf"))));
     const PartFile unknown("0\nSECTION\n2\nENTITIES\n0\nSPLINE\n0\nENDSEC\n0\nLINE\n0\nEOF\n");
     EXPECT_FALSE(CAcadDxf::CheckEntities(unknown.path()));
 }
 
-TEST(Files, PipesAreReadAsFarAsNeeded) {
+TEST(Files, CheckEntitiesStopsReadingAtTheFirstKeptEntity) {
     const TemporaryFolder folder;
     const std::string path = folder.file("pipe");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
@@ -58,7 +58,7 @@ TEST(Files, PipesAreReadAsFarAsNeeded) {
     std::string bytes = "0\nSECTION\n2\nENTITIES\n0\nLINE\n";
     bytes.resize(std::size_t{64} * 1024, '\n');
     ASSERT_EQ(write(pipe, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-    // Reading beyond what was written would wait for ever.
+    // Reading past the written bytes would block forever.
     EXPECT_TRUE(CAcadDxf::CheckEntities(hostPath(path)));
     close(pipe);
 }
@@ -122,7 +122,7 @@ TEST(Files, ZufLinesAndExtents) {
     EXPECT_EQ(part.GetZufLines()[5], L"T 10 60 5 30 ｴﾙﾎﾞ 90°");
     EXPECT_EQ(extentsOf(part), (std::array<double, 4>{0, 0, 100, 50}));
 
-    // Beside the drawing that was read.
+    // Next to the drawing that was read.
     CAcadDxf drawing(hostPath(sample("fitting-01.dxf")));
     EXPECT_TRUE(drawing.LoadZufData());
     EXPECT_EQ(extentsOf(drawing), (std::array<double, 4>{0, 0, 100, 50}));

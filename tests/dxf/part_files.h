@@ -12,7 +12,7 @@
 
 namespace zu::test {
 
-/// Objects are compared without regard to the order of their keys.
+/// Compares objects regardless of the order of their keys.
 using PlainJson = nlohmann::json;
 
 inline std::string readBytes(const std::filesystem::path& path) {
@@ -48,7 +48,7 @@ inline std::string binaryDrawing(const std::string& records) {
            binaryText(2, "ENTITIES") + records + binaryText(0, "ENDSEC") + binaryText(0, "EOF");
 }
 
-/// A file in a folder of its own, gone at the end.
+/// A temporary file in a folder of its own.
 class PartFile {
 public:
     explicit PartFile(const std::string& bytes, const std::string& name = "part.dxf")

@@ -15,7 +15,7 @@ CStringArray linesOf(std::initializer_list<const wchar_t*> lines) {
     return array;
 }
 
-/// The records as an ASCII drawing.
+/// Returns the records in ASCII form.
 std::string ascii(std::initializer_list<std::pair<int, const char*>> records) {
     std::string bytes;
     for (const auto& [code, value] : records)
@@ -32,9 +32,8 @@ PlainJson entitiesOf(const std::string& bytes) {
     return modelOf(CAcadDxf(file.path()))["entities"];
 }
 
-TEST(Reading, FieldsOfDamagedAndOddEntities) {
-    // A group of its own before the first entity, a vertex without a polyline, unknown types, an embedded
-    // object.
+TEST(Reading, FieldsOfDamagedAndUnusualEntities) {
+    // A record before the first entity, a vertex without a polyline, unknown types, an embedded object.
     const PlainJson list =
         entitiesOf(entities({{8, "before"}, {0, "VERTEX"},       {10, "1"},    {0, "line"},
                              {10, "1"},     {0, "LINE"},         {10, "+1.5"}, {20, " 2,5"},
@@ -102,7 +101,7 @@ TEST(Reading, TextByCodePageVersionAndMark) {
     EXPECT_EQ(entitiesOf("\xEF\xBB\xBF" + entities({{0, "TEXT"}, {8, "外形"}}))[0]["layer"], "外形");
 }
 
-TEST(Reading, TextsAreCutToTheirLimit) {
+TEST(Reading, TextsAreTruncatedToTheirLimit) {
     const std::string text(700, 'x');
     EXPECT_EQ(entitiesOf(entities({{0, "TEXT"}, {1, text.c_str()}}))[0]["text"], text.substr(0, 512));
     const std::string records = binaryText(0, "TEXT") + binaryText(1, text) + binaryText(8, "after");
@@ -111,7 +110,7 @@ TEST(Reading, TextsAreCutToTheirLimit) {
     EXPECT_EQ(list[0]["layer"], "after");
 }
 
-TEST(Reading, StrictTableEndsAtOtherCodes) {
+TEST(Reading, StrictTableStopsAtOtherCodes) {
     std::string extra;
     append(extra, 370, 2);
     append(extra, 25, 2);
@@ -125,7 +124,7 @@ TEST(Reading, StrictTableEndsAtOtherCodes) {
     EXPECT_EQ(strict[0]["layer"], "");
 }
 
-TEST(Reading, FirstRecordsShowTheWidthOfBinaryCodes) {
+TEST(Reading, FirstRecordsDetermineTheWidthOfBinaryCodes) {
     using namespace std::string_literals;
     const std::string sentinel = binaryDrawing("").substr(0, 22);
     struct Case {
@@ -158,13 +157,13 @@ TEST(Reading, RecordsOneByOne) {
     EXPECT_EQ(reader.GetReal(), 0);
     ASSERT_EQ(reader.Skip(1), 1);
     EXPECT_EQ(reader.GetText(), L"外形");
-    // Skip leaves the current record even when it is the one that is wanted.
+    // Skip moves past the current record even when it matches.
     EXPECT_EQ(reader.Skip(1, L"b"), 1);
     EXPECT_EQ(reader.Skip(0), 0);
     EXPECT_EQ(reader.GetRecord(), 0);
 }
 
-TEST(Reading, NothingIsLeftOfARecordAfterTheEnd) {
+TEST(Reading, RecordsHaveNoValueAfterTheEnd) {
     std::string real;
     append(real, 40, 2);
     append(real, std::bit_cast<std::uint64_t>(2.5), 8);
@@ -197,8 +196,8 @@ TEST(Reading, EntitiesOutliveTheirDrawing) {
     EXPECT_EQ(static_cast<const CMtext&>(*list.GetHead()).GetText(), L"first");
 }
 
-/// What no listing shows is kept too, for those who put parts into drawings.
-TEST(Reading, FieldsOfFullyDescribedEntities) {
+/// Fields that no listing shows are kept for modules that insert parts into drawings.
+TEST(Reading, FieldsThatNoListingShows) {
     const PartFile file(
         entities({{0, "LWPOLYLINE"}, {10, "0"},  {10, "1"}, {40, "2"},        {41, "3"},    {10, "2"},
                   {0, "POLYLINE"},   {40, "1"},  {41, "2"}, {71, "3"},        {72, "4"},    {73, "5"},
@@ -228,7 +227,7 @@ TEST(Reading, FieldsOfFullyDescribedEntities) {
     EXPECT_EQ(static_cast<const CAcPoint&>(next()).m_angle, 15);
 }
 
-TEST(Reading, BinaryBytesComeInOrder) {
+TEST(Reading, BinaryDataIsReadInOrder) {
     const std::string bytes = readBytes(sample("binary/fitting-01.dxf"));
     CAcadDxf reader;
     ASSERT_TRUE(reader.Open(hostPath(sample("binary/fitting-01.dxf"))));

@@ -1,4 +1,4 @@
-// The samples' drawings against values worked out by another program.
+// Compares the sample drawings with values computed by another program.
 #include "part_files.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ void forEachEntity(PlainJson& model, Change change) {
             change(entity);
 }
 
-/// The expected model in the form that the program prints, which leaves out widths and counts.
+/// Returns the expected model in the form that `zu part` prints, without widths and counts.
 PlainJson expectedModel(const PlainJson& drawing) {
     PlainJson model = drawing.at("model");
     model.erase("counts");
@@ -36,7 +36,7 @@ PlainJson expectedModel(const PlainJson& drawing) {
     return model;
 }
 
-/// Binary drawings of the samples hold no line weights.
+/// Returns the model of the binary twin: binary sample drawings have no line weights.
 PlainJson asBinary(PlainJson model) {
     model["ascii"] = 0;
     forEachEntity(model, [](PlainJson& entity) { entity["lineweight"] = nullptr; });
@@ -79,7 +79,7 @@ TEST(Samples, VertexWidthsAreKept) {
     FAIL() << "no polyline";
 }
 
-/// Binary drawings of another writer, with all the group codes that newer versions have.
+/// Reads binary drawings of another writer, with the group codes of newer versions.
 TEST(Samples, BinaryDrawingsOfAnotherWriter) {
     for (const PlainJson& drawing : expectedDrawings()) {
         const std::string name = drawing.at("file");

@@ -1,4 +1,4 @@
-// What part drawings show: curves, transforms, colours, bounds.
+// Shapes of part drawings: curves, transforms, colours, limits.
 #include "color_table.h"
 #include "part_files.h"
 #include "part_picture.h"
@@ -22,15 +22,15 @@ std::string ascii(Records records) {
     return bytes;
 }
 
-/// Letters come from the application's fonts.
+/// Text outlines need the fonts of an application.
 void startGraphics() {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     static int count = 0;
     static const QGuiApplication application(count, nullptr);
 }
 
-/// Layers A (red, heavy) and OFF, block B with base (1, 1): a line on layer 0 by block, a circle on layer A
-/// by layer.
+/// Layers A (red, heavy) and OFF; block B with base (1, 1): a line on layer 0 coloured by block, a circle on
+/// layer A coloured by layer; block SELF, which refers to itself.
 const std::string kStart =
     ascii({{0, "SECTION"}, {2, "TABLES"},  {0, "TABLE"},   {2, "LAYER"},   {0, "LAYER"}, {2, "A"},
            {62, "1"},      {370, "70"},    {0, "LAYER"},   {2, "OFF"},     {62, "-3"},   {0, "ENDTAB"},
@@ -66,18 +66,18 @@ TEST(Shapes, BoxesOfCurves) {
         double box[4];
     };
     const Case cases[] = {
-        // Through 0 degrees, and a quarter that isn't.
+        // A sweep through 0 degrees, and a quarter that starts there.
         {{{0, "ARC"}, {40, "2"}, {50, "270"}, {51, "90"}}, {0, -2, 2, 2}},
         {{{0, "ARC"}, {40, "2"}, {50, "0"}, {51, "90"}}, {0, 0, 2, 2}},
-        // Seen from below: mirrored at the y axis.
+        // Seen from below: mirrored about the y axis.
         {{{0, "ARC"}, {40, "2"}, {50, "0"}, {51, "90"}, {230, "-1"}}, {-2, 0, 0, 2}},
-        // Half circles to the right (1) and to the left (-1) of the way, and straight.
+        // Half circles to the right (1) and to the left (-1) of the direction, and a straight segment.
         {{{0, "LWPOLYLINE"}, {10, "0"}, {20, "0"}, {42, "1"}, {10, "4"}, {20, "0"}}, {0, -2, 4, 0}},
         {{{0, "LWPOLYLINE"}, {10, "0"}, {20, "0"}, {42, "-1"}, {10, "4"}, {20, "0"}}, {0, 0, 4, 2}},
         {{{0, "LWPOLYLINE"}, {70, "1"}, {10, "0"}, {20, "0"}, {10, "4"}, {20, "0"}, {42, "1"}}, {0, 0, 4, 2}},
         {{{0, "POLYLINE"}, {0, "VERTEX"}, {10, "1"}, {0, "VERTEX"}, {10, "5"}, {20, "2"}, {0, "SEQEND"}},
          {1, 0, 5, 2}},
-        // Upper half of a standing ellipse is its left half.
+        // The first half of an ellipse whose major axis points up is its left half.
         {{{0, "ELLIPSE"}, {11, "0"}, {21, "4"}, {40, "0.5"}, {41, "0"}, {42, "3.14159265358979"}},
          {-2, -4, 0, 4}},
     };
@@ -95,7 +95,7 @@ TEST(Shapes, WideSegmentsAreFilled) {
     };
     const Case cases[] = {
         {{{0, "LWPOLYLINE"}, {43, "2"}, {10, "0"}, {20, "0"}, {10, "4"}, {20, "0"}}, {0, -1, 4, 1}},
-        // Only the second segment, which narrows upwards.
+        // Only the second segment is wide; it narrows upwards.
         {{{0, "LWPOLYLINE"},
           {10, "0"},
           {20, "0"},
@@ -106,10 +106,10 @@ TEST(Shapes, WideSegmentsAreFilled) {
           {10, "4"},
           {20, "3"}},
          {3, 0, 5, 3}},
-        // A half circle to the right of the way, which widens.
+        // A half circle to the right of the direction, which widens.
         {{{0, "LWPOLYLINE"}, {10, "0"}, {20, "0"}, {40, "0"}, {41, "2"}, {42, "1"}, {10, "4"}, {20, "0"}},
          {-0.0245, -2.52, 5, 0}},
-        // The polyline's widths, but for the vertex that has its own; back to the start.
+        // A closed polyline with default widths, and a vertex with its own.
         {{{0, "POLYLINE"},
           {40, "2"},
           {41, "2"},
@@ -134,7 +134,7 @@ TEST(Shapes, WideSegmentsAreFilled) {
         EXPECT_EQ(shapes[1].kind, ShapeKind::fill);
         expectBox(shapes[1].path, c.box[0], c.box[1], c.box[2], c.box[3]);
     }
-    // Where segments overlap they don't leave a hole.
+    // Overlapping segments leave no hole.
     const auto corner = shapesIn(
         {{0, "LWPOLYLINE"}, {43, "2"}, {10, "0"}, {20, "0"}, {10, "4"}, {20, "0"}, {10, "4"}, {20, "4"}});
     EXPECT_TRUE(corner.at(1).path.contains(QPointF(3.5, 0.5)));
@@ -143,7 +143,7 @@ TEST(Shapes, WideSegmentsAreFilled) {
 TEST(Shapes, ReferencesPlaceTheirBlocks) {
     const auto mirrored = shapesIn({{0, "INSERT"}, {2, "b"}, {10, "10"}, {20, "20"}, {41, "-2"}, {50, "90"}});
     ASSERT_EQ(mirrored.size(), 2U);
-    // The line from the base two to the right: mirrored to the left, doubled, turned to below.
+    // The line of length two to the right of the base: mirrored to the left, doubled, rotated to point down.
     expectBox(mirrored[0].path, 10, 16, 10, 20);
 
     const auto grid = shapesIn({{0, "INSERT"}, {2, "B"}, {70, "3"}, {71, "2"}, {44, "10"}, {45, "-5"}});
@@ -181,14 +181,14 @@ TEST(Shapes, ColoursAndWeightsByLayerAndBlock) {
     EXPECT_EQ(shapes[3].lineWeight, 25);
 }
 
-TEST(Shapes, AbsurdDrawingsAreBounded) {
+TEST(Shapes, ExcessiveDrawingsAreRejected) {
     EXPECT_LT(shapesIn({{0, "INSERT"}, {2, "SELF"}}).size(), 200001U);
     const auto nothing = [](const Shape&) {};
     EXPECT_FALSE(
         drawEach({{0, "INSERT"}, {2, "B"}, {70, "2000000000"}, {71, "2000000000"}, {44, "1"}}, nothing));
     EXPECT_EQ(shapesIn({{0, "INSERT"}, {2, "missing"}, {70, "32767"}, {71, "32767"}}).size(), 0U);
     EXPECT_EQ(shapesIn({{0, "CIRCLE"}, {40, "1e300"}, {0, "LINE"}, {10, "1e200"}}).size(), 0U);
-    // A long polyline shown very often.
+    // A long polyline in a very large array.
     std::string bytes = ascii({{0, "SECTION"}, {2, "BLOCKS"}, {0, "BLOCK"}, {2, "LONG"}, {0, "LWPOLYLINE"}});
     for (int i = 0; i < 10000; ++i)
         bytes += ascii({{10, i % 2 == 0 ? "0" : "1"}, {20, "0"}});
@@ -231,17 +231,17 @@ TEST(Shapes, PictureShowsTheDrawing) {
         const QImage image = pictureOf(part, {.size = {400, 300}, .dark = dark});
         const QColor background = image.pixelColor(1, 1);
         EXPECT_EQ(background.lightness() < 128, dark);
-        // The outline (1200 by 600) takes the width; its middle is the middle of the picture.
+        // The outline (1200 by 600) fills the width, centred in the picture.
         const double scale = (400 - 2 * 12) / 1200.0;
         const QColor edge = image.pixelColor(200 - static_cast<int>(600 * scale), 150);
         EXPECT_NE(edge, background);
         EXPECT_EQ(image.pixelColor(200, 150 - static_cast<int>(300 * scale) - 8), background);
-        // The blue spoke goes down to the left.
+        // The blue spoke points down and to the left.
         const QColor spoke =
             image.pixelColor(200 - static_cast<int>(45 * scale), 150 + static_cast<int>(78 * scale));
         EXPECT_GT(spoke.blue(), spoke.red());
     }
-    // Nothing but a point, far from the origin, is in the middle.
+    // A single point far from the origin is drawn in the middle.
     const PartFile point(
         ascii({{0, "SECTION"}, {2, "ENTITIES"}, {0, "POINT"}, {10, "-5000.3"}, {20, "2e6"}}));
     const QImage dot = pictureOf(CAcadDxf(point.path()), {.size = {40, 30}});

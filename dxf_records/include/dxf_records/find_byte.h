@@ -10,8 +10,8 @@
 
 namespace zuhost::dxf {
 
-/// The first such byte in [at, end), or `end`. Lines and texts of records are short, so that their first
-/// bytes are looked at in place before the library's search is worth its call.
+/// Returns the first such byte in [at, end), or `end`. Lines and texts of records are mostly short: searching
+/// their first bytes inline avoids the call of the library's search.
 inline const char* findByte(const char* at, const char* end, char wanted) {
 #ifdef __SSE2__
     constexpr std::ptrdiff_t kStep = sizeof(__m128i);

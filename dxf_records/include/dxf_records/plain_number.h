@@ -33,9 +33,9 @@ inline constexpr auto kHexDigits = [] {
 
 } // namespace detail
 
-/// Nearly every number of a drawing: "12.5", "-300". False, and the value untouched, for any other text,
-/// which may yet be a number. Up to 2^53 the digits are a double without rounding, as are the powers of ten,
-/// so that their quotient is rounded once, as it must be.
+/// Fast path for nearly every number of a drawing: "12.5", "-300". Returns false and leaves the value
+/// untouched for any other text, which parseReal may still accept. Digits up to 2^53 and the powers of ten
+/// are exact as doubles, so that their quotient is rounded once, correctly.
 inline bool parsePlainReal(std::string_view text, double& value) {
     constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53U;
     constexpr std::ptrdiff_t kMostDigits = 18;
@@ -66,7 +66,8 @@ inline bool parsePlainReal(std::string_view text, double& value) {
     return true;
 }
 
-/// One to sixteen hexadecimal digits and nothing else; false, and the value untouched, for any other text.
+/// Parses one to sixteen hexadecimal digits without blanks. Returns false and leaves the value untouched for
+/// any other text.
 inline bool parsePlainHandle(std::string_view text, std::uint64_t& value) {
     constexpr std::size_t kMostDigits = 16;
     if (text.empty() || text.size() > kMostDigits)

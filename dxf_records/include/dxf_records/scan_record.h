@@ -11,19 +11,19 @@
 
 namespace zuhost::dxf {
 
-// The usual record, taken without a word about what may be wrong with another: AsciiReader and BinaryReader
-// look closer at those. Comments are not of the usual kind.
+// Fast path for well-formed records; AsciiReader and BinaryReader read and diagnose the rest. Comments are
+// left to them, too.
 
 inline constexpr int kComment = 999;
 
-struct TakenRecord {
-    const char* end = nullptr; ///< First byte after the record; null when it is not of the usual kind.
+struct ScannedRecord {
+    const char* end = nullptr; ///< First byte after the record; null when the fast path does not apply.
     int code = 0;
-    std::string_view value; ///< As Record's.
+    std::string_view value; ///< As in Record.
 };
 
-/// Blanks, up to four digits and LF or CR LF, then a whole line that ends alike.
-inline TakenRecord takeAsciiRecord(const char* at, const char* end) {
+/// Scans blanks, up to four digits and a line end, then a line with its end, each LF or CR LF.
+inline ScannedRecord scanAsciiRecord(const char* at, const char* end) {
     constexpr std::ptrdiff_t kMostDigits = 4;
     while (at != end && *at == ' ')
         ++at;
@@ -46,16 +46,16 @@ inline TakenRecord takeAsciiRecord(const char* at, const char* end) {
 
 namespace detail {
 
-/// How a binary value tells its length: 1 to 8 bytes by its group code, else one of these.
-inline constexpr std::uint8_t kUpToZero = 0;
-inline constexpr std::uint8_t kUnusual = 0xFF;
+/// The size of a binary value is 1 to 8 bytes by its group code, or one of these.
+inline constexpr std::uint8_t kZeroTerminated = 0;
+inline constexpr std::uint8_t kNoFastPath = 0xFF;
 
 constexpr std::uint8_t sizeOf(int code) {
     const ValueType type = valueType(code);
     if (const std::size_t size = fixedSize(type); size != 0)
         return static_cast<std::uint8_t>(size);
     const bool isText = type == ValueType::text || type == ValueType::handle;
-    return isText && code != kComment ? kUpToZero : kUnusual;
+    return isText && code != kComment ? kZeroTerminated : kNoFastPath;
 }
 
 inline constexpr auto kSizes = [] {
@@ -67,8 +67,8 @@ inline constexpr auto kSizes = [] {
 
 } // namespace detail
 
-/// A group code of two bytes with a number or a text.
-inline TakenRecord takeBinaryRecord(const char* at, const char* end) {
+/// Scans a group code of two bytes with a number or a text.
+inline ScannedRecord scanBinaryRecord(const char* at, const char* end) {
     constexpr std::ptrdiff_t kLongest = 10;
     if (end - at < kLongest)
         return {};
@@ -77,15 +77,15 @@ inline TakenRecord takeBinaryRecord(const char* at, const char* end) {
         return {};
     const char* const value = at + 2;
     const std::size_t size = detail::kSizes[static_cast<std::size_t>(code)];
-    if (size == 8) // Alone, so that the next record is not waited for.
+    if (size == 8) // A constant length, so that the next record does not depend on a table look-up.
         return {value + 8, code, {value, 8}};
-    if (size == detail::kUpToZero) {
+    if (size == detail::kZeroTerminated) {
         const char* const zero = findByte(value, end, '\0');
         if (zero == end)
             return {};
         return {zero + 1, code, {value, static_cast<std::size_t>(zero - value)}};
     }
-    if (size == detail::kUnusual)
+    if (size == detail::kNoFastPath)
         return {};
     return {value + size, code, {value, size}};
 }

@@ -6,7 +6,7 @@
 
 namespace zuhost::dxf {
 
-/// What the value of a record is, which follows from its group code alone.
+/// The type of a record's value, determined by its group code alone.
 enum class ValueType : std::uint8_t {
     text,
     handle, ///< Text of hexadecimal digits.
@@ -16,7 +16,7 @@ enum class ValueType : std::uint8_t {
     int64,
     boolean, ///< One byte in binary drawings.
     chunk,   ///< Bytes; hexadecimal text in ASCII drawings, a length byte and the bytes in binary ones.
-    none     ///< A group code that the table doesn't know.
+    none     ///< A group code that is not in the table.
 };
 
 struct CodeRange {
@@ -25,7 +25,7 @@ struct CodeRange {
     ValueType type;
 };
 
-/// The complete table of the format. The first range that holds a code counts.
+/// The complete table of the format. The first range that contains a code applies.
 inline constexpr std::array kCodeRanges{
     CodeRange{5, 5, ValueType::handle},      CodeRange{105, 105, ValueType::handle},
     CodeRange{310, 319, ValueType::chunk},   CodeRange{1004, 1004, ValueType::chunk},
@@ -79,7 +79,7 @@ constexpr bool isInteger(ValueType type) {
            type == ValueType::boolean;
 }
 
-/// Bytes of a value in binary drawings; 0 where the value itself tells its length.
+/// Returns the size in bytes of a value in binary drawings; 0 for values of variable length.
 constexpr std::size_t fixedSize(ValueType type) {
     switch (type) {
     case ValueType::real:

@@ -45,7 +45,7 @@ TEST(Numbers, RealsRoundTrip) {
         const double scale = std::pow(10.0, static_cast<double>(random() % 30) - 15.0);
         const double value = (static_cast<double>(random() % 2000001) - 1e6) * scale;
         EXPECT_EQ(parseReal(formatReal(value)), value);
-        // Decimal places as drawings round to.
+        // Numbers rounded to decimal places, as in drawings.
         char text[64];
         std::snprintf(text, sizeof text, "%.*f", static_cast<int>(random() % 17), value);
         EXPECT_EQ(parseReal(text), std::strtod(text, nullptr)) << text;

@@ -16,7 +16,7 @@ Records readAll(Reader reader, RecordError* error = nullptr) {
     std::size_t end = 0;
     ReadResult result = reader.next(record);
     for (; result == ReadResult::record; result = reader.next(record)) {
-        // Records lie one behind the other, without gaps.
+        // Records are adjacent.
         EXPECT_TRUE(records.empty() || record.offset == end);
         end = record.end;
         records.emplace_back(record.code, record.value);
@@ -41,7 +41,7 @@ TEST(AsciiReader, LineEndsBlanksAndRemains) {
 }
 
 TEST(AsciiReader, ValuesOfEveryLength) {
-    // The search for line ends goes by sixteen bytes, then by the library.
+    // findByte searches sixteen bytes at a time, then calls the library.
     for (std::size_t length = 0; length < 100; ++length) {
         const std::string value(length, '\x8A');
         for (const char* end : {"\n", "\r\n"}) {
@@ -93,7 +93,7 @@ TEST(BinaryReader, ValuesByGroupCode) {
         int code;
         std::size_t size;
     };
-    // 280 is two bytes, 290 one, 160 eight; 1004 and 310 carry their length.
+    // Values of 280 have two bytes, of 290 one, of 160 eight; 1004 and 310 store their length.
     const Case cases[] = {{10, 8},  {59, 8},  {60, 2},  {90, 4},  {140, 8},  {149, 8},  {160, 8},
                           {170, 2}, {280, 2}, {290, 1}, {370, 2}, {390, 0},  {420, 4},  {460, 8},
                           {481, 0}, {450, 4}, {400, 2}, {430, 0}, {1010, 8}, {1070, 2}, {1071, 4}};
@@ -121,7 +121,7 @@ TEST(BinaryReader, OneByteCodes) {
     EXPECT_EQ(readAll(reader), (Records{{0, "SECTION"}, {2, "HEADER"}, {1000, "app"}, {70, code(0xFFFE)}}));
 }
 
-TEST(BinaryReader, StrictTableKnowsFewerCodes) {
+TEST(BinaryReader, StrictTableHasFewerCodes) {
     const std::string zero(1, '\0');
     for (const int unknown : {101, 110, 148, 160, 310 + 60, 390, 420, 470, 999}) {
         const std::string file = joined({kSentinel, code(0), "A", zero, code(unknown), "11111111", zero});
@@ -136,7 +136,7 @@ TEST(BinaryReader, StrictTableKnowsFewerCodes) {
               (Records{{0, "A"}, {290, code(1)}, {310, "0A"}}));
 }
 
-TEST(BinaryReader, CutAnywhereIsIncomplete) {
+TEST(BinaryReader, TruncatedRecordsAreIncomplete) {
     const std::string zero(1, '\0');
     const std::string file = kSentinel + code(0) + "A" + zero + code(1004) +
                              "\x02"
