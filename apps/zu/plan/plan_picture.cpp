@@ -115,7 +115,10 @@ public:
         const double high = area.height() + 2.0 * margin;
         const int tallest = kTallest * width_;
         scale_ = std::min(width_ / across, tallest / std::max(high, 1e-9));
-        height_ = std::clamp(static_cast<int>(high * scale_), 100, tallest) + 2 * kLegendLine;
+        const double rows = high * scale_;
+        // Written so that NaN gives the least height.
+        const double shown = rows > 100.0 ? std::min<double>(rows, tallest) : 100.0;
+        height_ = static_cast<int>(shown) + 2 * kLegendLine;
     }
 
     [[nodiscard]] QSize size() const { return {width_, height_}; }
