@@ -13,7 +13,7 @@ constexpr std::string_view kMarker = "AcDbBlockReference";
 constexpr std::string_view kRepeatedMarker = "AcDbMInsertBlock";
 constexpr double kDegree = std::numbers::pi / 180.0;
 
-/// References repeated in rows and columns have a marker of their own.
+/// Returns the class marker: references repeated in rows and columns have a different one.
 std::string_view markerOf(const zuhost::TagList& tags) {
     return tags.subclass(kMarker).empty() && !tags.subclass(kRepeatedMarker).empty() ? kRepeatedMarker
                                                                                      : kMarker;

@@ -17,7 +17,7 @@ bool isSpaceName(const std::wstring& name) {
            folded == L"$MODEL_SPACE" || folded == L"$PAPER_SPACE";
 }
 
-/// Entities whose owner is the block; vertices and attributes have an entity as their owner.
+/// Appends the entities that the block owns; vertices and attributes are owned by an entity.
 void addOwned(const std::vector<AcDbStub*>& members, const AcDbStub* owner, bool skipErased,
               std::vector<AcDbObjectId>& found) {
     for (AcDbStub* member : members)
@@ -60,7 +60,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
         return opened;
     const Acad::ErrorStatus set = static_cast<AcDbBlockTableRecord*>(head)->setPointTag(kBegin, 10, origin);
     head->close();
-    changingTags(); // what was derived from the block's base point is derived anew
+    changingTags(); // invalidates values cached for the record: the base point is not in its own records
     return set;
 }
 
@@ -98,8 +98,8 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
         return Acad::eNotInDatabase;
     AcDbStub* const self = objectId();
     Container* const block = core()->blockContainer(*self);
-    // What stands in the ENTITIES section belongs to model space and the present sheet; other sheets keep
-    // theirs in their blocks.
+    // The ENTITIES section holds model space and the current layout; other layouts have their entities in
+    // their blocks.
     const bool inEntities = self == core()->modelSpace();
     Container& target =
         inEntities || block == nullptr ? core()->document->container(Container::Kind::entities) : *block;

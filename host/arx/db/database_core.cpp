@@ -25,7 +25,7 @@ DatabaseCore::~DatabaseCore() = default;
 
 void DatabaseCore::reset(std::unique_ptr<Document> opened) {
     undo.clear();
-    endObjects(); // while their stubs are there
+    destroyObjects(); // before the document destroys their stubs
     document = std::move(opened);
     blocks_.clear();
     names_.clear();
@@ -38,12 +38,13 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
     }
 }
 
-/// All are told before the first goes: their reactors may look at others, and so build more.
-void DatabaseCore::endObjects() {
-    for (std::size_t i = 0; i < objects_.size(); ++i) { // NOLINT(modernize-loop-convert): it may grow.
-        AcDbObject& ending = *objects_[i];
-        ending.tellReactors([&ending](AcDbObjectReactor& r) { r.goodbye(&ending); });
-        ending.transientReactors_.clear();
+/// Notifies all reactors before destroying any object: a reactor may open others.
+void DatabaseCore::destroyObjects() {
+    for (std::size_t i = 0; i < objects_.size();
+         ++i) { // NOLINT(modernize-loop-convert): reactors can add objects.
+        AcDbObject& object = *objects_[i];
+        object.tellReactors([&object](AcDbObjectReactor& r) { r.goodbye(&object); });
+        object.transientReactors_.clear();
     }
     objects_.clear();
 }
@@ -68,7 +69,8 @@ AcRxClass* DatabaseCore::classOf(const AcDbStub& stub) {
 
 namespace {
 
-/// Without a drawing the texts of an object are UTF-8; the drawing has its own encoding and escapes.
+/// Converts the texts of an object that was outside a drawing from UTF-8 to the drawing's encoding and
+/// escapes.
 void encodeTexts(TagList& tags, const Document& document) {
     const auto isPlain = [](char c) { return c >= ' ' && c <= '~' && c != '\\' && c != '^'; };
     for (Tag& tag : tags)
@@ -100,18 +102,18 @@ AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbS
     object->writing_ = true;
     object->modified_ = true;
     object->appended_ = true;
-    undo.note(*stub, tags, UndoLog::Kind::appended);
+    undo.record(*stub, tags, UndoLog::Kind::appended);
     return {stub};
 }
 
-// ---- the drawing's own objects
+// ---- objects with a fixed role in the drawing
 
 AcDbStub* DatabaseCore::tableHead(std::string_view table) {
     if (!document)
         return nullptr;
     if (const auto found = tables_.find(table); found != tables_.end())
         return found->second;
-    // Drawings before R13 list their blocks nowhere: there the table is one of our own.
+    // Drawings before R13 have no table of block records: the document adds one that is not saved.
     return tables_.emplace(std::string(table), document->container(Container::Kind::table, table).head)
         .first->second;
 }
@@ -183,7 +185,7 @@ std::vector<AcDbStub*> DatabaseCore::records(const AcDbStub& table) {
             found = container.members;
     if (&table != tableHead("BLOCK_RECORD"))
         return found;
-    // Blocks without a record stand for themselves.
+    // A block without a record is its own record.
     for (const Container& container : document->containers())
         if (container.kind == Container::Kind::block && container.head != nullptr &&
             container.head->owner == nullptr)
@@ -195,10 +197,10 @@ const DatabaseCore::NameIndex& DatabaseCore::names(const AcDbStub& table) {
     const auto [entry, isNew] = names_.try_emplace(&table);
     if (isNew) {
         for (AcDbStub* record : records(table)) {
-            const TagList* const known = record->object != nullptr ? &record->object->tags() : nullptr;
-            const TagList tags = known != nullptr ? TagList() : document->tags(*record);
-            const TagList& read = known != nullptr ? *known : tags;
-            const auto name = read.text(2, {0, read.extendedDataStart()});
+            const TagList* const built = record->object != nullptr ? &record->object->tags() : nullptr;
+            const TagList stored = built != nullptr ? TagList() : document->tags(*record);
+            const TagList& tags = built != nullptr ? *built : stored;
+            const auto name = tags.text(2, {0, tags.extendedDataStart()});
             if (name)
                 entry->second[foldedName(document->decode(*name))].push_back(record);
         }
@@ -211,7 +213,7 @@ AcDbStub* DatabaseCore::findRecord(const AcDbStub& table, std::wstring_view name
     std::wstring key = foldedName(name);
     auto found = index.find(key);
     if (found == index.end() && key.ends_with(L"_SPACE") && key.front() == L'*') {
-        key.front() = L'$'; // as drawings before R13 spell it
+        key.front() = L'$'; // the name in drawings before R13
         found = index.find(key);
     }
     if (found == index.end())
@@ -222,39 +224,39 @@ AcDbStub* DatabaseCore::findRecord(const AcDbStub& table, std::wstring_view name
     return erasedToo ? found->second.front() : nullptr;
 }
 
-// ---- told by objects
+// ---- notifications
 
 namespace {
 
-template <typename Told>
-void tellAll(const std::vector<AcDbDatabaseReactor*>& reactors, Told told) {
-    // A copy: a reactor may take itself, or others, off the list.
+template <typename Notification>
+void notifyAll(const std::vector<AcDbDatabaseReactor*>& reactors, Notification notification) {
+    // Iterates over a copy: a reactor may remove itself or others.
     for (AcDbDatabaseReactor* reactor : std::vector(reactors))
         if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end())
-            told(*reactor);
+            notification(*reactor);
 }
 
 } // namespace
 
 void DatabaseCore::goodbye() {
-    tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.goodbye(&self); });
-    endObjects();
+    notifyAll(reactors, [&](AcDbDatabaseReactor& r) { r.goodbye(&self); });
+    destroyObjects();
 }
 
 void DatabaseCore::openedForModify(const AcDbObject& object) {
-    tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectOpenedForModify(&self, &object); });
+    notifyAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectOpenedForModify(&self, &object); });
 }
 
 void DatabaseCore::appended(const AcDbObject& object) {
-    tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectAppended(&self, &object); });
+    notifyAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectAppended(&self, &object); });
 }
 
 void DatabaseCore::modified(const AcDbObject& object) {
-    tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectModified(&self, &object); });
+    notifyAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectModified(&self, &object); });
 }
 
 void DatabaseCore::erased(const AcDbObject& object, bool erasing) {
-    tellAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectErased(&self, &object, erasing); });
+    notifyAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectErased(&self, &object, erasing); });
 }
 
 void DatabaseCore::restore(AcDbStub& stub, TagList tags, bool erased, UndoLog::Kind kind, bool undoing) {
@@ -264,9 +266,9 @@ void DatabaseCore::restore(AcDbStub& stub, TagList tags, bool erased, UndoLog::K
     stub.erased = erased;
     stub.changed = true;
     if (stub.owner != nullptr)
-        forgetNames(stub.owner);
+        invalidateNames(stub.owner);
     if (kind == UndoLog::Kind::appended) {
-        tellAll(reactors, [&](AcDbDatabaseReactor& r) {
+        notifyAll(reactors, [&](AcDbDatabaseReactor& r) {
             undoing ? r.objectUnAppended(&self, &target) : r.objectReAppended(&self, &target);
         });
         target.tellReactors(

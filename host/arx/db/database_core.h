@@ -12,10 +12,10 @@
 
 namespace zuhost {
 
-/// Names are compared in this form.
+/// Returns the form in which names are compared: in upper case.
 [[nodiscard]] std::wstring foldedName(std::wstring_view name);
 
-/// What a database knows beyond its document: the objects built so far, indexes, reactors, undo.
+/// The state of a database beside its document: the objects built so far, indexes, reactors, undo log.
 struct DatabaseCore {
     explicit DatabaseCore(AcDbDatabase& database);
     ~DatabaseCore();
@@ -27,54 +27,56 @@ struct DatabaseCore {
     std::vector<AcDbDatabaseReactor*> reactors;
     UndoLog undo;
 
-    /// Takes over an opened document.
+    /// Replaces the document. Destroys the objects of the previous one and clears the undo log.
     void reset(std::unique_ptr<Document> opened);
 
-    /// The object of the stub, built from its records when nobody opened it before.
+    /// Returns the stub's object; builds it from its records on first use.
     AcDbObject& object(AcDbStub& stub);
-    /// Opens the object in the mode; the rules of acdbOpenAcDbObject.
+    /// Opens the stub's object, even if erased, by the rules of acdbOpenAcDbObject.
     Acad::ErrorStatus open(AcDbStub& stub, AcDb::OpenMode mode, AcDbObject*& opened);
-    /// The class that objects of the stub are of.
+    /// Returns the class of the stub's object without building it.
     AcRxClass* classOf(const AcDbStub& stub);
 
-    /// Puts a new object into the container and leaves it open for write. `named` dictionaries and tables
-    /// enter it themselves.
+    /// Adds a new object to the container, takes ownership of it and leaves it open for write. The caller
+    /// adds its entry to a dictionary or table.
     AcDbObjectId adopt(AcDbObject* object, Container& container, AcDbStub* owner);
 
-    // ---- the drawing's own objects; null when it lacks them
+    // ---- objects with a fixed role in the drawing; null when it lacks them
     [[nodiscard]] AcDbStub* tableHead(std::string_view table);
     [[nodiscard]] AcDbStub* rootDictionary() const;
     [[nodiscard]] AcDbStub* groupDictionary();
     AcDbStub* makeGroupDictionary();
     [[nodiscard]] AcDbStub* modelSpace();
 
-    /// Block record (in drawings before R13 the BLOCK) to the container of its entities.
+    /// Returns the container of a block's entities, by the block record or, in drawings before R13, the
+    /// BLOCK; null when there is none.
     [[nodiscard]] Container* blockContainer(const AcDbStub& record);
-    void forgetBlocks() { blocks_.clear(); }
+    void invalidateBlocks() { blocks_.clear(); }
 
-    /// Record of a table by name. Indexes are built on first use and follow appended, renamed and erased
-    /// records.
+    /// Returns the table's record with the name, an erased one only with `erasedToo` and if no other has the
+    /// name; null when there is none. The index of names is built on first use; invalidateNames discards it
+    /// after a record is added or renamed.
     [[nodiscard]] AcDbStub* findRecord(const AcDbStub& table, std::wstring_view name, bool erasedToo);
     [[nodiscard]] std::vector<AcDbStub*> records(const AcDbStub& table);
-    void forgetNames(const AcDbStub* table) { names_.erase(table); }
+    void invalidateNames(const AcDbStub* table) { names_.erase(table); }
 
-    /// The database is about to go: tells it, and ends its objects.
+    /// Notifies the reactors of the database's end and destroys its objects.
     void goodbye();
 
-    // ---- told by objects
+    // ---- called by objects: notify the database's reactors
     void openedForModify(const AcDbObject& object);
     void appended(const AcDbObject& object);
     void modified(const AcDbObject& object);
     void erased(const AcDbObject& object, bool erasing);
 
-    /// Puts an object back into a state of the undo log.
+    /// Restores an object to a state of the undo log and notifies the reactors.
     void restore(AcDbStub& stub, TagList tags, bool erased, UndoLog::Kind kind, bool undoing);
 
     // ---- saving
     [[nodiscard]] Document::TagSource savedTags();
 
 private:
-    void endObjects();
+    void destroyObjects();
 
     using NameIndex = std::unordered_map<std::wstring, std::vector<AcDbStub*>>;
 
@@ -91,7 +93,8 @@ private:
     AcDbStub* groups_ = nullptr;
     AcDbStub* modelSpace_ = nullptr;
     std::unordered_map<const AcDbStub*, TagList>
-        filtered_; ///< While saving: records without references to erased objects; none for what goes too.
+        filtered_; ///< While saving: records without references to erased objects; empty for objects that
+                   ///< are dropped with their owner.
 };
 
 } // namespace zuhost

@@ -18,7 +18,7 @@ bool isPointer(int code) {
     return code == 350 || code == 360;
 }
 
-/// The number of "*A12", 0 for other names.
+/// Returns the number in an anonymous name, 12 for "*A12"; 0 for other names.
 int anonymousNumber(std::wstring_view name) {
     if (name.size() < 3 || name[0] != L'*' || (name[1] != L'A' && name[1] != L'a'))
         return 0;
@@ -47,9 +47,9 @@ AcDbDictionary::Index& AcDbDictionary::index() const {
         if (i + 1 >= range.last || tags()[i].code != 3 || !isPointer(tags()[i + 1].code))
             continue;
         const std::wstring name = decoded(tags()[i].value);
-        index_.byName.addBefore(zuhost::foldedName(name), i);
+        index_.byName.addFront(zuhost::foldedName(name), i);
         if (const auto handle = zuhost::parseHandle(tags()[i + 1].value))
-            index_.byHandle.addBefore(*handle, i);
+            index_.byHandle.addFront(*handle, i);
         if (const int number = anonymousNumber(name); number > 0)
             index_.anonymous.insert(number);
     }
@@ -151,7 +151,7 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
     const Acad::ErrorStatus status = getAt(key.c_str(), old, AcDb::kForWrite);
     if (status != Acad::eOk && status != Acad::eKeyNotFound && status != Acad::eWasErased)
         return status;
-    remove(key.c_str()); // Also an entry of what is not there any more.
+    remove(key.c_str()); // also an entry whose object is erased or missing
     if (old != nullptr) {
         old->erase();
         old->close();
@@ -170,27 +170,27 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
 }
 
 void AcDbDictionary::addEntry(const std::wstring& name, std::uint64_t handle) {
-    const bool isIndexed = indexVersion_ == tagVersion() && gone_.empty() && !index_.byHandle.find(handle);
+    const bool isIndexed = indexVersion_ == tagVersion() && removed_.empty() && !index_.byHandle.find(handle);
     zuhost::TagList& records = changingTags();
     const std::size_t place = section(kMarker).last;
     records.insert(place, {{3, encoded(name)}, {350, zuhost::formatHandle(handle)}});
     if (!isIndexed)
         return;
-    index_.byName.addBefore(zuhost::foldedName(name), place);
-    index_.byHandle.addBefore(handle, place);
+    index_.byName.addFront(zuhost::foldedName(name), place);
+    index_.byHandle.addFront(handle, place);
     if (const int number = anonymousNumber(name); number > 0)
         index_.anonymous.insert(number);
     indexVersion_ = tagVersion();
 }
 
-// Taking out the records with each entry would move all behind them, again and again.
+// Removing the records is deferred: each removal would move all records after it.
 void AcDbDictionary::removeEntry(std::size_t place) {
     Index& known = index();
-    gone_.insert(place);
+    removed_.insert(place);
     const std::wstring name = decoded(laggingTags()[place].value);
-    known.byName.leaveOut(zuhost::foldedName(name), gone_);
+    known.byName.drop(zuhost::foldedName(name), removed_);
     if (const auto handle = zuhost::parseHandle(laggingTags()[place + 1].value))
-        known.byHandle.leaveOut(*handle, gone_);
+        known.byHandle.drop(*handle, removed_);
     if (const auto number = known.anonymous.find(anonymousNumber(name)); number != known.anonymous.end())
         known.anonymous.erase(number);
     letTagsLag();
@@ -201,13 +201,13 @@ void AcDbDictionary::bringUpToDate(zuhost::TagList& tags) const {
     std::size_t place = 0;
     tags.eraseIf(tags.all(), [&](const zuhost::Tag& /*tag*/) {
         const std::size_t at = place++;
-        return gone_.contains(at) || (at > 0 && gone_.contains(at - 1));
+        return removed_.contains(at) || (at > 0 && removed_.contains(at - 1));
     });
-    gone_.clear();
+    removed_.clear();
     indexVersion_ = tagVersion() - 1;
 }
 
-/// The entry is looked up again once the change is noted, which may move it.
+/// Looks the entry up again after assertWriteEnabled, which can move the records.
 template <typename Find>
 Acad::ErrorStatus AcDbDictionary::removeFound(const Find& find) {
     if (!find())

@@ -215,7 +215,7 @@ AcDbText::AcDbText(const AcGePoint3d& position, const ACHAR* text, double height
     setPointTag(kText, 10, position);
     setRealTag(kText, 40, height);
     setTextString(text);
-    changingTags().add(100, std::string(kText)); // the vertical alignment has a section of its own
+    changingTags().add(100, std::string(kText)); // a second section, for the vertical alignment
 }
 
 std::wstring AcDbText::textString() const {
@@ -244,7 +244,7 @@ int AcDbText::horizontalMode() const {
 }
 
 int AcDbText::verticalMode() const {
-    // It stands behind the second marker of the same name.
+    // It is in the second section of the same name, which section() does not return.
     return static_cast<int>(tags().integer(73, {0, tags().extendedDataStart()}).value_or(0));
 }
 

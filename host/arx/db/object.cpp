@@ -88,7 +88,7 @@ Acad::ErrorStatus AcDbObject::setIntegerTag(std::string_view marker, int code, s
 
 Acad::ErrorStatus AcDbObject::setTextTag(std::string_view marker, int code, std::wstring_view text) {
     const Acad::ErrorStatus status = assertWriteEnabled();
-    // An equal text keeps the way it is spelled.
+    // An equal text keeps its encoding in the records.
     if (status == Acad::eOk && (!tags().text(code, section(marker)) || textTag(marker, code) != text))
         changingTags().setText(code, encoded(text), section(marker));
     return status;
@@ -99,7 +99,7 @@ Acad::ErrorStatus AcDbObject::setPointTag(std::string_view marker, int code, con
     if (status != Acad::eOk)
         return status;
     TagList& records = changingTags();
-    // Each number is looked up anew: adding one moves the end of the section.
+    // The section is looked up for each number: adding a record moves its end.
     records.setReal(code, point.x, section(marker));
     records.setReal(code + 10, point.y, section(marker));
     records.setReal(code + 20, point.z, section(marker));
@@ -120,7 +120,7 @@ Acad::ErrorStatus AcDbObject::assertWriteEnabled() {
     zuhost::UndoLog& undo = core()->undo;
     if (notedStep_ != undo.step()) {
         notedStep_ = undo.step();
-        undo.note(*stub_, tags(), zuhost::UndoLog::Kind::changed);
+        undo.record(*stub_, tags(), zuhost::UndoLog::Kind::changed);
     }
     if (!modified_) {
         modified_ = true;

@@ -34,7 +34,7 @@ constexpr std::array kTypes{
     TypeClass{"STYLE", &AcDbTextStyleTableRecord::desc},
     TypeClass{"APPID", &AcDbRegAppTableRecord::desc},
     TypeClass{"BLOCK_RECORD", &AcDbBlockTableRecord::desc},
-    // Before R13 the BLOCK is the block's record; later it is not opened by itself.
+    // Before R13 the BLOCK is the block's record; in later versions it is opened through its record only.
     TypeClass{"BLOCK", &AcDbBlockTableRecord::desc},
     TypeClass{"ACDBDICTIONARYWDFLT", &AcDbDictionary::desc},
 };
@@ -45,7 +45,7 @@ constexpr std::array kTables{
     TypeClass{"APPID", &AcDbRegAppTable::desc},
 };
 
-/// Entities of drawings that have no class markers (before R13).
+/// Entity types, for drawings before R13, which have no class markers.
 constexpr std::array<std::string_view, 10> kOldEntities{
     "POLYLINE", "VERTEX", "SEQEND", "ATTRIB", "ATTDEF", "SOLID", "TRACE", "3DFACE", "SHAPE", "DIMENSION"};
 

@@ -8,9 +8,10 @@
 
 namespace zuhost {
 
-/// Makes objects of the class that belongs to records.
+/// Selects the class of an object by the type and content of its records.
 class ObjectBuilder {
 public:
+    /// Returns a new object of the class; the records are not copied into it.
     static std::unique_ptr<AcDbObject> build(const std::string& type, const TagList& tags);
     static AcRxClass* classOf(const std::string& type, const TagList& tags);
 };

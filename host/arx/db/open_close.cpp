@@ -71,7 +71,8 @@ Acad::ErrorStatus AcDbObject::downgradeOpen() {
     return Acad::eOk;
 }
 
-/// Tells of what was done in the opening that ends; reactors may open the object again.
+/// Notifies reactors of the changes made while the object was open. They may open it again, so the flags are
+/// reset first.
 void AcDbObject::notifyClosed() {
     const bool wasAppended = std::exchange(appended_, false);
     const bool wasModified = std::exchange(modified_, false);

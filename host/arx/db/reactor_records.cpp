@@ -15,7 +15,7 @@ constexpr std::string_view kOpening = "{ACAD_REACTORS";
 
 struct ReactorGroup {
     std::size_t opening;
-    std::size_t end; ///< Of the closing bracket, or of what stands in its place.
+    std::size_t end; ///< Index of the closing bracket, or of the record at which an unclosed group ends.
     bool closed;
 };
 
@@ -35,7 +35,7 @@ std::vector<ReactorGroup> reactorGroups(const TagList& tags) {
     return groups;
 }
 
-/// The group stands after the handle, before everything else.
+/// Returns the index for a new group: after the handle, before all other records.
 std::size_t placeForGroup(const TagList& tags) {
     for (std::size_t i = 1; i < tags.size(); ++i)
         if (tags[i].code != 5 && tags[i].code != 105)
@@ -82,9 +82,9 @@ void eraseReactorEntries(TagList& tags, const std::vector<std::size_t>& places) 
     const Tag* const first = &tags[0];
     auto next = places.begin();
     tags.eraseIf({places.front(), places.back() + 1}, [&](const Tag& tag) {
-        const bool goes = next != places.end() && static_cast<std::size_t>(&tag - first) == *next;
-        next += goes ? 1 : 0;
-        return goes;
+        const bool isErased = next != places.end() && static_cast<std::size_t>(&tag - first) == *next;
+        next += isErased ? 1 : 0;
+        return isErased;
     });
     eraseEmptyGroups(tags);
 }
@@ -97,30 +97,30 @@ ReactorIndex::ReactorIndex(const std::vector<ReactorEntry>& entries, std::uint32
 
 void ReactorIndex::add(std::uint64_t handle) {
     if (present_.insert(handle).second)
-        arrived_.emplace(handle, order_++);
+        added_.emplace(handle, order_++);
 }
 
 void ReactorIndex::remove(std::uint64_t handle) {
     present_.erase(handle);
-    if (arrived_.erase(handle) == 0)
-        departed_.insert(handle);
+    if (added_.erase(handle) == 0)
+        removed_.insert(handle);
 }
 
 void ReactorIndex::apply(TagList& tags) {
     std::vector<std::size_t> places;
     for (const ReactorEntry& entry : reactorEntries(tags))
-        if (departed_.contains(entry.handle))
+        if (removed_.contains(entry.handle))
             places.push_back(entry.place);
     eraseReactorEntries(tags, places);
-    std::vector<std::uint64_t> added;
-    for (const auto& [handle, order] : arrived_)
-        added.push_back(handle);
-    std::sort(added.begin(), added.end(),
-              [this](std::uint64_t a, std::uint64_t b) { return arrived_.at(a) < arrived_.at(b); });
-    if (!added.empty())
-        addReactorEntries(tags, added);
-    departed_.clear();
-    arrived_.clear();
+    std::vector<std::uint64_t> handles;
+    for (const auto& [handle, order] : added_)
+        handles.push_back(handle);
+    std::sort(handles.begin(), handles.end(),
+              [this](std::uint64_t a, std::uint64_t b) { return added_.at(a) < added_.at(b); });
+    if (!handles.empty())
+        addReactorEntries(tags, handles);
+    removed_.clear();
+    added_.clear();
 }
 
 } // namespace zuhost

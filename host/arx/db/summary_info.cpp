@@ -18,8 +18,7 @@ bool isCustom(const TagList& header, std::size_t at) {
     return isVariable(header, at, kKey) || isVariable(header, at, kValue);
 }
 
-/// Where custom variables stand: at those that are there, else behind the last of the drawing's own
-/// properties.
+/// Returns the index for the custom variables: that of the first one, else the end of the header.
 std::size_t customPlace(const TagList& header) {
     for (std::size_t i = 0; i < header.size(); ++i)
         if (isCustom(header, i))

@@ -46,7 +46,7 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
     }
     const Acad::ErrorStatus status = setTextTag({}, 2, name);
     if (status == Acad::eOk && table != nullptr)
-        core()->forgetNames(table);
+        core()->invalidateNames(table);
     return status;
 }
 
@@ -112,9 +112,9 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
                         table);
     if (AcDbBlockTableRecord::cast(record) != nullptr) {
         database.document->appendBlock(database.document->encode(name), id);
-        database.forgetBlocks();
+        database.invalidateBlocks();
     }
-    database.forgetNames(table);
+    database.invalidateNames(table);
     return Acad::eOk;
 }
 

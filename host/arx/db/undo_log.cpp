@@ -25,7 +25,7 @@ void UndoLog::endGroup() {
 void UndoLog::newStep() {
     ++step_;
     stepOpen_ = false;
-    noted_.clear();
+    recorded_.clear();
 }
 
 void UndoLog::clear() {
@@ -59,21 +59,21 @@ bool UndoLog::undoToMark(DatabaseCore& core) {
     return true;
 }
 
-void UndoLog::note(AcDbStub& stub, const TagList& tags, Kind kind) {
-    if (disabled_ || !noted_.insert(&stub).second)
+void UndoLog::record(AcDbStub& stub, const TagList& tags, Kind kind) {
+    if (disabled_ || !recorded_.insert(&stub).second)
         return;
     if (!stepOpen_)
         undo_.emplace_back();
     stepOpen_ = true;
     redo_.clear();
-    // Taking an addition back is erasing, whatever else happened to the object in the step.
+    // Undoing an addition erases the object, whatever else changed in the step.
     undo_.back().push_back({&stub, tags, kind == Kind::appended || stub.erased, kind});
 }
 
 bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing) {
     if (from.empty())
         return false;
-    endGroup(); // what follows is not part of the step that is played
+    endGroup(); // later changes must not join the step that is played
     Step step = std::move(from.back());
     from.pop_back();
     Step opposite;

@@ -11,40 +11,39 @@ namespace zuhost {
 
 struct DatabaseCore;
 
-/// What has to be put back to take steps of work back: before each first change of an object in a step its
-/// records and whether it was erased.
+/// For each step, the records and the erased flag of every object before its first change.
 class UndoLog {
 public:
     enum class Kind { changed, appended };
 
-    /// Begins a step, unless a group is open. One without changes leaves no trace.
+    /// Begins a step, unless a group is open. Steps without changes are not stored.
     void startStep();
-    /// Makes one step of all up to the end of the group.
+    /// Begins a group: all changes up to its end form one step.
     void beginGroup();
     void endGroup();
-    /// Number of the present step, by which objects know whether they were noted in it.
+    /// Returns the number of the current step; objects compare it to know whether they are recorded in it.
     [[nodiscard]] std::uint32_t step() const { return step_; }
     void disable(bool disabled) {
         disabled_ = disabled;
-        ++step_; // what changed meanwhile was not noted
+        ++step_; // objects changed meanwhile were not recorded and must be when they change again
     }
     [[nodiscard]] bool enabled() const { return !disabled_; }
     void clear();
 
-    /// Notes the state of an object before it changes; only the first note of an object in a step counts.
-    void note(AcDbStub& stub, const TagList& tags, Kind kind);
+    /// Records the state of an object before it changes; ignores all but the object's first change in a step.
+    void record(AcDbStub& stub, const TagList& tags, Kind kind);
 
-    /// False when there is nothing to take back (or do again).
+    /// Both return false when there is no step to undo or redo.
     bool undo(DatabaseCore& core);
     bool redo(DatabaseCore& core) { return play(core, redo_, undo_, false); }
 
-    /// Marks how far the work has come. A mark goes when work before it is taken back.
+    /// Marks the current state. Undoing a step before the mark removes the mark.
     void mark();
     [[nodiscard]] bool hasMark() const { return !marks_.empty(); }
-    /// True when all work since the last mark is taken back.
+    /// Returns true when no step is left after the last mark.
     [[nodiscard]] bool atMark() const { return hasMark() && marks_.back() == undo_.size(); }
-    /// Takes the work since the last mark back, and the mark away; all work where there is no mark. False
-    /// when there is neither.
+    /// Undoes all steps after the last mark and removes the mark; without a mark undoes all steps. False when
+    /// there is neither a mark nor a step.
     bool undoToMark(DatabaseCore& core);
 
 private:
@@ -62,8 +61,8 @@ private:
 
     std::vector<Step> undo_;
     std::vector<Step> redo_;
-    std::vector<std::size_t> marks_;      ///< Numbers of steps that were there.
-    std::unordered_set<AcDbStub*> noted_; ///< The objects of the present step.
+    std::vector<std::size_t> marks_;         ///< For each mark, the number of steps before it.
+    std::unordered_set<AcDbStub*> recorded_; ///< The objects of the current step.
     std::uint32_t step_ = 1;
     bool stepOpen_ = false;
     bool grouped_ = false;

@@ -6,7 +6,7 @@
 struct AcDb {
     enum OpenMode { kForRead = 0, kForWrite = 1, kForNotify = 2 };
 
-    /// Hundredths of a millimetre, or one of the negative codes.
+    /// In hundredths of a millimetre; negative values are codes.
     enum LineWeight : int {
         kLnWt000 = 0,
         kLnWt005 = 5,

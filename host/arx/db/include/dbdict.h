@@ -10,7 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
-/// Goes through the entries of a dictionary in their order, erased objects left out.
+/// Iterates over the entries of a dictionary in their order; skips erased objects.
 class AcDbDictionaryIterator {
 public:
     struct Entry {
@@ -31,46 +31,47 @@ private:
     std::size_t at_ = 0;
 };
 
-/// Objects by name; names are compared without regard to case, entries keep their order.
+/// Maps names to objects. Names are compared ignoring case; entries keep their order.
 class AcDbDictionary : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDictionary);
     AcDbDictionary();
 
-    /// eKeyNotFound when there is no such entry, eWasErased when its object is erased, eInvalidInput for
-    /// null.
+    /// eKeyNotFound when there is no such entry, eWasErased when its object is erased, eInvalidInput for a
+    /// null name.
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id) const;
-    /// Opens the object; the caller closes it.
+    /// As above, and opens the object; the caller closes it.
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbObject*& object, AcDb::OpenMode mode) const;
     [[nodiscard]] bool has(const ACHAR* name) const;
     [[nodiscard]] bool has(AcDbObjectId id) const;
-    /// Name of the object's entry; eKeyNotFound when it has none.
+    /// Returns the name of the object's entry; eKeyNotFound when it has none.
     Acad::ErrorStatus nameAt(AcDbObjectId id, std::wstring& name) const;
     [[nodiscard]] Adesk::UInt32 numEntries() const;
 
-    /// Enters an object under the name; one that is in no database yet is taken over and left open for write.
-    /// An object under that name is replaced and erased. In the group dictionary a name that begins with "*"
-    /// stands for the next free anonymous name "*A1", "*A2" ...
+    /// Adds an entry. An object in no database yet becomes owned by this one and stays open for write. An
+    /// entry with the same name is replaced and its object erased. For a group, a name that begins with "*"
+    /// stands for the next anonymous name "*A1", "*A2" ...
     Acad::ErrorStatus setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id);
-    /// Takes the entry out; the object itself stays.
+    /// Removes the entry but does not erase the object.
     Acad::ErrorStatus remove(const ACHAR* name);
     Acad::ErrorStatus remove(AcDbObjectId id);
 
     /// The caller deletes the iterator.
     [[nodiscard]] AcDbDictionaryIterator* newIterator() const;
     [[nodiscard]] std::vector<AcDbDictionaryIterator::Entry> entries() const;
-    /// Names of entries, as damaged drawings have them, whose object is not in the drawing.
+    /// Returns the names of entries whose object is not in the drawing, as damaged drawings have them.
     [[nodiscard]] std::vector<std::wstring> danglingNames() const;
 
 private:
     void bringUpToDate(zuhost::TagList& tags) const override;
 
-    /// The places of the entries that have a key, in their order. Few keys have more than one.
+    /// The places of entries by key, in order: the first in one map, any further ones as a chain in the
+    /// other, because few keys have more than one.
     template <typename Key>
     class Places {
     public:
-        /// For entries from the last to the first.
-        void addBefore(const Key& key, std::size_t place) {
+        /// Adds a place before the key's other places; entries are indexed from the last to the first.
+        void addFront(const Key& key, std::size_t place) {
             const auto [entry, isNew] = first_.try_emplace(key, place);
             if (isNew)
                 return;
@@ -81,10 +82,10 @@ private:
             const auto entry = first_.find(key);
             return entry == first_.end() ? std::nullopt : std::optional(entry->second);
         }
-        /// Leaves out those of the key that are gone.
-        void leaveOut(const Key& key, const std::unordered_set<std::size_t>& gone) {
+        /// Drops the key's first places as long as they are removed ones.
+        void drop(const Key& key, const std::unordered_set<std::size_t>& removed) {
             const auto entry = first_.find(key);
-            while (entry != first_.end() && gone.contains(entry->second)) {
+            while (entry != first_.end() && removed.contains(entry->second)) {
                 const auto next = next_.find(entry->second);
                 if (next == next_.end()) {
                     first_.erase(entry);
@@ -96,24 +97,26 @@ private:
 
     private:
         std::unordered_map<Key, std::size_t> first_;
-        std::unordered_map<std::size_t, std::size_t> next_; ///< From one place to the next with the same key.
+        std::unordered_map<std::size_t, std::size_t>
+            next_; ///< Maps a place to the next one with the same key.
     };
     struct Index {
-        Places<std::wstring> byName; ///< Folded name to the place of its name record.
+        Places<std::wstring> byName; ///< Folded names to the places of their name records.
         Places<std::uint64_t> byHandle;
         std::multiset<int> anonymous; ///< Numbers of anonymous names.
     };
-    /// Kept up to date by the dictionary's own changes.
+    /// Built on first use; changes by the dictionary update it, others rebuild it.
     Index& index() const;
     [[nodiscard]] AcDbObjectId entryAt(std::size_t place) const;
     [[nodiscard]] std::wstring anonymousName() const;
     template <typename Find>
     Acad::ErrorStatus removeFound(const Find& find);
-    /// Of a place found after assertWriteEnabled, which may move the records.
+    /// The place must be found after assertWriteEnabled, which can move the records.
     void removeEntry(std::size_t place);
     void addEntry(const std::wstring& name, std::uint64_t handle);
 
     mutable Index index_;
     mutable std::uint32_t indexVersion_ = ~std::uint32_t{0};
-    mutable std::unordered_set<std::size_t> gone_; ///< Places of entries that the records still show.
+    mutable std::unordered_set<std::size_t>
+        removed_; ///< Places of removed entries that are still in the records.
 };

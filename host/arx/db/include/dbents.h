@@ -2,7 +2,6 @@
 
 #include "dbmain.h"
 
-/// A point.
 class AcDbPoint : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbPoint);
@@ -71,7 +70,7 @@ public:
     [[nodiscard]] unsigned int numVerts() const;
     [[nodiscard]] bool isClosed() const;
     Acad::ErrorStatus setClosed(bool closed);
-    /// Points of the polyline's plane. eInvalidIndex for a vertex that is not there.
+    /// In the coordinates of the polyline's plane. eInvalidIndex when there is no such vertex.
     Acad::ErrorStatus getPointAt(unsigned int index, AcGePoint2d& point) const;
     Acad::ErrorStatus getBulgeAt(unsigned int index, double& bulge) const;
     Acad::ErrorStatus addVertexAt(unsigned int index, const AcGePoint2d& point, double bulge = 0.0);
@@ -79,12 +78,12 @@ public:
     [[nodiscard]] double elevation() const;
 
 private:
-    /// Where the records of each vertex begin, and where those of the last one end.
+    /// Returns the index of each vertex's first record, then the end of the last vertex's records.
     [[nodiscard]] const std::vector<std::size_t>& vertices() const;
-    /// The records of one vertex: from its first coordinate to the next vertex; empty when there is none.
+    /// Returns the range of a vertex's records, up to the next vertex; empty when there is no such vertex.
     [[nodiscard]] zuhost::TagRange vertexRange(unsigned int index) const;
 
-    mutable std::vector<std::size_t> vertices_; ///< Empty before they were looked for.
+    mutable std::vector<std::size_t> vertices_; ///< Empty until first used.
     mutable std::uint32_t verticesVersion_ = 0;
 };
 
@@ -98,13 +97,13 @@ public:
     Acad::ErrorStatus setTextString(const ACHAR* text);
     /// In world coordinates.
     [[nodiscard]] AcGePoint3d position() const;
-    /// The point that other than left-aligned texts are aligned to, in world coordinates.
+    /// The alignment point of texts that are not left-aligned, in world coordinates; position() when missing.
     [[nodiscard]] AcGePoint3d alignmentPoint() const;
     [[nodiscard]] double height() const;
     /// In radians.
     [[nodiscard]] double rotation() const;
     [[nodiscard]] double widthFactor() const;
-    /// Group code 72 and 73 of the format.
+    /// The values of group codes 72 and 73.
     [[nodiscard]] int horizontalMode() const;
     [[nodiscard]] int verticalMode() const;
     [[nodiscard]] AcGeVector3d normal() const;
@@ -115,26 +114,26 @@ public:
     ACRX_DECLARE_MEMBERS(AcDbMText);
     AcDbMText();
 
-    /// The text with its format codes, the pieces joined.
+    /// Returns the text with its formatting codes, all parts joined.
     [[nodiscard]] std::wstring contents() const;
     [[nodiscard]] AcGePoint3d location() const;
     [[nodiscard]] double textHeight() const;
-    /// 1 to 9, by rows from the top left.
+    /// 1 to 9, row by row from the top left.
     [[nodiscard]] int attachment() const;
     /// In radians.
     [[nodiscard]] double rotation() const;
 };
 
-/// A block placed in a drawing.
+/// An insertion of a block.
 class AcDbBlockReference : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbBlockReference);
     AcDbBlockReference();
     AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord);
 
-    /// The block's definition; null when the drawing lacks it.
+    /// Returns the block's definition; null when the drawing lacks it.
     [[nodiscard]] AcDbObjectId blockTableRecord() const;
-    /// Name of the definition, by value.
+    /// Returns the name of the definition, even if the drawing lacks it.
     [[nodiscard]] std::wstring blockName() const;
     Acad::ErrorStatus setBlockTableRecord(AcDbObjectId block);
     /// The insertion point in world coordinates.
@@ -146,8 +145,8 @@ public:
     [[nodiscard]] double rotation() const;
     Acad::ErrorStatus setRotation(double angle);
     [[nodiscard]] AcGeVector3d normal() const;
-    /// From the definition's coordinates, taken from its base point, to the world: scaled, turned, put into
-    /// the plane of the normal, moved to the position.
+    /// Maps the definition's coordinates, relative to its base point, to the world: scales, rotates,
+    /// transforms from the plane of the normal, moves to the position.
     [[nodiscard]] AcGeMatrix3d blockTransform() const;
 
 private:

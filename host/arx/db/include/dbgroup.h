@@ -8,8 +8,8 @@
 
 class AcDbGroup;
 
-/// Goes through the members of a group in order, each once, reading no further than it is asked to. The group
-/// stays open, and is not changed, as long as it is in use.
+/// Iterates over the members of a group in order, each once, and reads the records only as far as needed. The
+/// group must stay open and unchanged while the iterator is in use.
 class AcDbGroupIterator {
 public:
     explicit AcDbGroupIterator(const AcDbGroup& group);
@@ -37,51 +37,52 @@ public:
     Acad::ErrorStatus setDescription(const ACHAR* description);
     [[nodiscard]] bool isSelectable() const;
     Acad::ErrorStatus setSelectable(bool selectable);
-    /// True when the host gave the group its name.
+    /// Returns true when the group's name was generated.
     [[nodiscard]] bool isAnonymous() const;
     Acad::ErrorStatus setAnonymous();
-    /// Name in the group dictionary; empty when the group is in none.
+    /// Returns the group's name in its dictionary; empty when it is in none.
     [[nodiscard]] std::wstring getName() const;
 
-    /// Each member once, in order; erased members are still listed (they may come back).
+    /// Returns each member once, in order, including erased members, which can be restored.
     Adesk::UInt32 allEntityIds(AcDbObjectIdArray& ids) const;
     [[nodiscard]] Adesk::UInt32 numEntities() const;
     /// The caller deletes the iterator.
     [[nodiscard]] AcDbGroupIterator* newIterator() const;
     [[nodiscard]] bool has(AcDbObjectId id) const;
 
-    /// eAlreadyInGroup for a member. Members must not be open for read or write elsewhere.
+    /// eAlreadyInGroup for a member. The entity must not be open.
     Acad::ErrorStatus append(AcDbObjectId id);
     Acad::ErrorStatus prepend(AcDbObjectId id);
-    /// Those of the list that are no members yet, each once and in the order of the list; ends with the first
-    /// that can't be one.
+    /// Adds those of the list that are not members yet, each once, in the order of the list. Stops at the
+    /// first that can't be added and returns its error.
     Acad::ErrorStatus append(const AcDbObjectIdArray& ids);
     Acad::ErrorStatus prepend(const AcDbObjectIdArray& ids);
-    /// Before the member with the index, counted from 0; at the end for their number. eInvalidIndex beyond
-    /// it.
+    /// Inserts before the member with the index, counted from 0; appends for the number of members.
+    /// eInvalidIndex for greater indices.
     Acad::ErrorStatus insertAt(Adesk::UInt32 index, AcDbObjectId id);
-    /// eNotInGroup for one that is no member.
+    /// eNotInGroup when it is not a member.
     Acad::ErrorStatus remove(AcDbObjectId id);
     Acad::ErrorStatus clear();
 
-    /// Entries beside the members, as damaged drawings have them, in order: of objects that are not in the
-    /// drawing, and repeated ones.
+    /// Returns the entries that are not members, in order: those of objects that are not in the drawing, and
+    /// repeated ones. Only damaged drawings have any.
     [[nodiscard]] std::vector<AcDbHandle> surplusEntries() const;
     Acad::ErrorStatus removeSurplusEntries();
 
 private:
     friend class AcDbGroupIterator;
     /// Places of members by handle: 0 for those in the records, negative for new ones before them, positive
-    /// for new ones behind them.
+    /// for new ones after them.
     using Members = std::unordered_map<std::uint64_t, std::int64_t>;
     void bringUpToDate(zuhost::TagList& tags) const override;
-    /// Kept up to date by the group's own changes.
+    /// Built on first use; changes by the group update it, others rebuild it.
     Members& members() const;
-    /// The member that the record names for the first time; null for other records and surplus entries.
+    /// Returns the member that the record refers to; null for other records, for members already in `seen`
+    /// and for objects that are not in the drawing.
     AcDbStub* memberOf(const zuhost::Tag& record, std::unordered_set<const AcDbStub*>& seen) const;
     /// Checks a new member and makes the group its reactor.
     Acad::ErrorStatus admit(AcDbObjectId id);
-    /// Those of the list that are no members yet.
+    /// Admits those of the list that are not members yet.
     Acad::ErrorStatus admitAll(const AcDbObjectIdArray& ids, std::vector<AcDbObjectId>& admitted);
     void leave(AcDbObjectId id) const;
     void enterFirst(AcDbObjectId admitted);
@@ -91,8 +92,8 @@ private:
     void letRecordsLag();
 
     mutable Members members_;
-    /// Handles that the records don't list yet, by place.
+    /// Handles by place that are not in the records yet.
     mutable std::map<std::int64_t, std::uint64_t> arrived_;
-    mutable std::unordered_set<std::uint64_t> departed_; ///< Handles that the records still list.
+    mutable std::unordered_set<std::uint64_t> departed_; ///< Removed handles that are still in the records.
     mutable std::uint32_t membersVersion_ = ~std::uint32_t{0};
 };

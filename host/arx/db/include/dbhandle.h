@@ -4,18 +4,18 @@
 
 #include <compare>
 
-/// The number by which a drawing names an object for good; 0 names none.
+/// The permanent number of an object in its drawing; 0 is the null handle.
 class AcDbHandle {
 public:
     constexpr AcDbHandle() = default;
     constexpr explicit AcDbHandle(Adesk::UInt64 value) : value_(value) {}
-    /// From hexadecimal digits; anything else gives 0.
+    /// Parses hexadecimal digits; anything else gives 0.
     explicit AcDbHandle(const ACHAR* text);
 
     [[nodiscard]] constexpr bool isNull() const { return value_ == 0; }
     [[nodiscard]] constexpr Adesk::UInt64 value() const { return value_; }
     constexpr operator Adesk::UInt64() const { return value_; }
-    /// Upper-case hexadecimal digits; the buffer holds at least 17 characters.
+    /// Writes upper-case hexadecimal digits; the buffer must hold at least 17 characters.
     bool getIntoAsciiBuffer(ACHAR* buffer) const;
 
 private:

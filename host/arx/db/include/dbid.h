@@ -10,7 +10,8 @@ struct AcDbStub;
 class AcDbDatabase;
 class AcRxClass;
 
-/// Names an object of an open drawing. Valid as long as the drawing is open, also when the object is erased.
+/// Identifies an object of an open drawing. Valid as long as the drawing is open, even if the object is
+/// erased.
 class AcDbObjectId {
 public:
     static const AcDbObjectId kNull;
@@ -27,7 +28,7 @@ public:
     [[nodiscard]] bool isErased() const;
     [[nodiscard]] AcDbHandle handle() const;
     [[nodiscard]] AcDbDatabase* database() const;
-    /// The object's class, without opening it; null for the null id.
+    /// Returns the object's class without opening the object; null for the null id.
     [[nodiscard]] AcRxClass* objectClass() const;
 
     constexpr operator AcDbStub*() const { return stub_; }

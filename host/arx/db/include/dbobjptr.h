@@ -2,7 +2,7 @@
 
 #include "dbmain.h"
 
-/// Holds an object open for a scope: opened by the constructor or `open`, closed by the destructor.
+/// Keeps an object open for a scope: the constructor or `open` opens it, the destructor closes it.
 template <typename T>
 class AcDbObjectPointer {
 public:

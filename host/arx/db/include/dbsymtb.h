@@ -7,10 +7,10 @@ class AcDbSymbolTableRecord : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbSymbolTableRecord);
 
-    /// The name, valid until the record changes.
+    /// Returns the name, which stays valid until the next call or the object's end.
     Acad::ErrorStatus getName(const ACHAR*& name) const;
     [[nodiscard]] std::wstring name() const;
-    /// eDuplicateRecordName when the table has the name already.
+    /// eDuplicateRecordName when another record of the table has the name.
     Acad::ErrorStatus setName(const ACHAR* name);
 
 protected:
@@ -21,7 +21,7 @@ private:
     mutable std::wstring name_;
 };
 
-/// Goes through the entries of a symbol table in their order.
+/// Iterates over the records of a symbol table in their order.
 class AcDbSymbolTableIterator {
 public:
     explicit AcDbSymbolTableIterator(std::vector<AcDbObjectId> ids, bool skipErased = true);
@@ -39,7 +39,7 @@ private:
     bool skipErased_;
 };
 
-/// A table of named records. Names are compared without regard to case.
+/// A table of named records. Names are compared ignoring case.
 class AcDbSymbolTable : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbSymbolTable);
@@ -50,8 +50,8 @@ public:
         return getIdAt(name, id, getErased);
     }
     [[nodiscard]] bool has(const ACHAR* name) const;
-    /// The table takes the record over and leaves it open for write. eDuplicateRecordName when the name is
-    /// taken.
+    /// Adds the record, takes ownership of it and leaves it open for write. eDuplicateRecordName when the
+    /// name is in use.
     Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
     /// The caller deletes the iterator.
     Acad::ErrorStatus newIterator(AcDbSymbolTableIterator*& iterator, bool atBeginning = true,
@@ -62,7 +62,7 @@ protected:
     AcDbSymbolTable() = default;
 
 private:
-    /// Name of the table in drawings: "LAYER" ...
+    /// Returns the table's name in drawings, as "LAYER".
     [[nodiscard]] std::string tableName() const;
 };
 
@@ -76,7 +76,7 @@ public:
     [[nodiscard]] bool isFrozen() const;
     Acad::ErrorStatus setIsFrozen(bool frozen);
     [[nodiscard]] bool isOff() const;
-    /// 1 to 255; eInvalidInput for others.
+    /// 1 to 255; setting others returns eInvalidInput.
     [[nodiscard]] Adesk::UInt16 colorIndex() const;
     Acad::ErrorStatus setColorIndex(Adesk::UInt16 index);
     [[nodiscard]] std::wstring linetypeName() const;
@@ -114,7 +114,7 @@ public:
     AcDbRegAppTableRecord();
 };
 
-/// Goes through the entities of a block in drawing order.
+/// Iterates over the entities of a block in drawing order.
 class AcDbBlockTableRecordIterator {
 public:
     explicit AcDbBlockTableRecordIterator(std::vector<AcDbObjectId> ids) : ids_(std::move(ids)) {}
@@ -139,18 +139,18 @@ public:
     [[nodiscard]] AcGePoint3d origin() const;
     Acad::ErrorStatus setOrigin(const AcGePoint3d& origin);
     [[nodiscard]] bool isLayout() const;
-    /// The block takes the entity over and leaves it open for write.
+    /// Appends the entity, takes ownership of it and leaves it open for write.
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
-    /// The caller deletes the iterator. Erased entities are left out unless asked for.
+    /// The caller deletes the iterator.
     Acad::ErrorStatus newIterator(AcDbBlockTableRecordIterator*& iterator, bool atBeginning = true,
                                   bool skipDeleted = true) const;
-    /// The block's entities in drawing order; vertices and attributes belong to their entities and are not
-    /// listed.
+    /// Returns the block's entities in drawing order, without vertices and attributes, which belong to their
+    /// entities.
     [[nodiscard]] std::vector<AcDbObjectId> entityIds(bool skipErased = true) const;
 };
 
-/// Name of model space in the block table.
+/// Names of model and paper space in the block table.
 inline constexpr const ACHAR* ACDB_MODEL_SPACE = L"*Model_Space";
 inline constexpr const ACHAR* ACDB_PAPER_SPACE = L"*Paper_Space";
 
@@ -159,7 +159,7 @@ template <typename Record>
 class AcDbTypedSymbolTable : public AcDbSymbolTable {
 public:
     using AcDbSymbolTable::getAt;
-    /// Opens the record; the caller closes it.
+    /// As above, and opens the record; the caller closes it.
     Acad::ErrorStatus getAt(const ACHAR* name, Record*& record, AcDb::OpenMode mode,
                             bool openErased = false) const {
         record = nullptr;

@@ -2,20 +2,20 @@
 
 class AcDbDatabase;
 
-/// Undo groups and marks of a database, for the editor's commands; single steps are AcDbDatabase's own.
+/// Undo groups and marks of a database, for the editor's commands; AcDbDatabase undoes single steps.
 namespace zuhost {
 
-/// Makes one undo step of everything up to the end of the group.
+/// Begins a group: all changes up to its end form one undo step.
 void beginUndoGroup(AcDbDatabase& database);
 void endUndoGroup(AcDbDatabase& database);
 
-/// Marks the present state. Undoing work from before a mark removes the mark.
+/// Marks the current state. Undoing a step before the mark removes the mark.
 void setUndoMark(AcDbDatabase& database);
 [[nodiscard]] bool hasUndoMark(const AcDbDatabase& database);
-/// True when all work since the last mark is undone.
+/// Returns true when no step is left after the last mark.
 [[nodiscard]] bool isAtUndoMark(const AcDbDatabase& database);
-/// Undoes the work since the last mark and removes the mark; without a mark undoes everything. False when
-/// there is neither a mark nor work.
+/// Undoes all steps after the last mark and removes the mark; without a mark undoes all steps. False when
+/// there is neither a mark nor a step.
 bool undoToMark(AcDbDatabase& database);
 
 } // namespace zuhost
