@@ -10,7 +10,7 @@ TEST_F(Blocks, EntitiesAreListedInOrder) {
     const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
     EXPECT_TRUE(space->isLayout());
     const auto ids = space->entityIds();
-    // Ends of attribute sequences belong to their references.
+    // Attributes and their SEQEND belong to their references and are not listed.
     for (const AcDbObjectId entity : ids)
         EXPECT_EQ(entity.objectClass()->isDerivedFrom(AcDbEntity::desc()), true);
     erase(id(kDuct));
@@ -25,7 +25,7 @@ TEST_F(Blocks, EntitiesAreListedInOrder) {
     EXPECT_EQ(first, ids.front());
 }
 
-TEST_F(Blocks, NewBlockIsDefinedAndPlaced) {
+TEST_F(Blocks, NewBlocksAreSavedWithTheirReferences) {
     AcDbBlockTable* blocks = nullptr;
     ASSERT_EQ(drawing->getBlockTable(blocks, AcDb::kForWrite), Acad::eOk);
     auto* const block = new AcDbBlockTableRecord;
@@ -49,7 +49,7 @@ TEST_F(Blocks, NewBlockIsDefinedAndPlaced) {
             ++found;
         return found;
     };
-    EXPECT_EQ(count("\nENDBLK\n  5\n"), count("\nENDBLK\n")) << "each end of a block has a handle";
+    EXPECT_EQ(count("\nENDBLK\n  5\n"), count("\nENDBLK\n")) << "every ENDBLK has a handle";
     EXPECT_EQ(count("\nAcDbBlockEnd\n"), count("\nENDBLK\n"));
     const auto again = readBytes(bytes);
     const AcDbObjectPointer<AcDbBlockTableRecord> read(blockId(*again, L"新部品"));
@@ -72,7 +72,7 @@ TEST_F(Blocks, ErasedBlockIsNotSaved) {
     EXPECT_EQ(before->entityIds().size(), after->entityIds().size());
 }
 
-TEST_F(Blocks, ModelSpaceMustBeOpenForWriteToGrow) {
+TEST_F(Blocks, AppendingNeedsABlockOpenForWrite) {
     const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
     auto point = std::make_unique<AcDbPoint>();
     EXPECT_EQ(space->appendAcDbEntity(point.get()), Acad::eNotOpenForWrite);

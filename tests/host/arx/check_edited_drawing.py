@@ -1,4 +1,4 @@
-"""Edits drawings and checks with ezdxf that what was edited differs, and nothing else.
+"""Edits drawings and checks with ezdxf that exactly the edited objects differ.
 
 check_edited_drawing.py EDITED_DRAWING FOLDER
 """
@@ -12,8 +12,8 @@ import tempfile
 import ezdxf
 
 
-def described(entity):
-    """Attributes, extended data and reactors of an object."""
+def describe(entity):
+    """Returns the attributes, extended data and reactors of an object."""
     xdata = entity.xdata.data if entity.xdata else {}
     return {
         "type": entity.dxftype(),
@@ -24,19 +24,19 @@ def described(entity):
 
 
 def objects(document):
-    # ezdxf makes ends of attribute sequences of its own.
+    # ezdxf adds SEQEND entities that are not in the file.
     entities = document.entitydb.items()
-    return {handle: described(entity) for handle, entity in entities if entity.dxftype() != "SEQEND"}
+    return {handle: describe(entity) for handle, entity in entities if entity.dxftype() != "SEQEND"}
 
 
 def members(document):
-    # ezdxf keeps them in an order of its own, another one at every start.
+    # ezdxf does not preserve the order of members.
     return {name: {entity.dxf.handle for entity in group} for name, group in document.groups}
 
 
 def check_objects(before, after):
-    gone = before.keys() - after.keys()
-    assert gone == {"106", "187"}, gone
+    removed = before.keys() - after.keys()
+    assert removed == {"106", "187"}, removed
     new = sorted(after[handle]["type"] for handle in after.keys() - before.keys())
     assert new == sorted(["APPID", "ARC", "BLOCK", "BLOCK_RECORD", "ENDBLK", "GROUP", "INSERT", "LAYER",
                           "LINE", "LWPOLYLINE", "TEXT"]), new

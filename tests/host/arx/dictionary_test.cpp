@@ -45,7 +45,7 @@ TEST_F(Dictionaries, IteratorsStayAtTheirEnd) {
     EXPECT_TRUE(entries->objectId().isNull());
 }
 
-TEST_F(Dictionaries, AnonymousGroupsGetTheNextName) {
+TEST_F(Dictionaries, AnonymousGroupsGetTheNextNumber) {
     AcDbObjectId added;
     auto* const group = new AcDbGroup(L"説明", false);
     EXPECT_EQ(groups->setAt(L"*", group, added), Acad::eOk);
@@ -88,7 +88,7 @@ TEST_F(Dictionaries, EntriesAreReplacedAndRemoved) {
     EXPECT_EQ(groups->numEntries(), 3U);
 }
 
-TEST_F(Dictionaries, RemovedEntriesAreMissedAtOnce) {
+TEST_F(Dictionaries, RemovedEntriesAreNoLongerFound) {
     AcDbObjectId found;
     EXPECT_EQ(groups->remove(L"*A3"), Acad::eOk);
     EXPECT_EQ(groups->remove(L"*A1"), Acad::eOk);
@@ -98,9 +98,9 @@ TEST_F(Dictionaries, RemovedEntriesAreMissedAtOnce) {
     EXPECT_EQ(name, L"家具");
     auto* const group = new AcDbGroup;
     EXPECT_EQ(groups->setAt(L"*", group, found), Acad::eOk);
-    EXPECT_EQ(group->getName(), L"*A3") << "the highest number that is left is 2";
+    EXPECT_EQ(group->getName(), L"*A3") << "the highest number in use is 2";
     group->close();
-    // An object under two names is found by the one that is left.
+    // An object with two entries is found by the remaining one.
     {
         const AcDbObjectPointer<AcDbGroup> furniture(id(kFurniture), AcDb::kForWrite);
         EXPECT_EQ(groups->setAt(L"棚", furniture, found), Acad::eOk);
@@ -117,7 +117,7 @@ TEST_F(Dictionaries, RemovedEntriesAreMissedAtOnce) {
     EXPECT_EQ(names(*AcDbObjectPointer<AcDbDictionary>(again->groupDictionaryId())), (Names{L"*A2", L"*A3"}));
 }
 
-TEST_F(Dictionaries, RemovedEntriesComeBackStepByStep) {
+TEST_F(Dictionaries, UndoRestoresRemovedEntriesStepByStep) {
     const Names all = names(*groups);
     for (const wchar_t* const name : {L"*A1", L"家具", L"*A2"}) {
         drawing->startUndoRecord();
@@ -132,8 +132,8 @@ TEST_F(Dictionaries, RemovedEntriesComeBackStepByStep) {
     EXPECT_EQ(names(*AcDbObjectPointer<AcDbDictionary>(drawing->groupDictionaryId())), all);
 }
 
-// Takes minutes when the cost of each grows with the number of entries.
-TEST_F(Dictionaries, ManyEntriesComeAndGo) {
+// Takes minutes if the cost of a change grows with the number of entries.
+TEST_F(Dictionaries, ManyEntriesAreAddedAndRemovedInLinearTime) {
     constexpr int kMany = 30000;
     std::vector<AcDbObjectId> made(kMany);
     for (AcDbObjectId& added : made) {
@@ -147,7 +147,7 @@ TEST_F(Dictionaries, ManyEntriesComeAndGo) {
     EXPECT_EQ(names(*groups), (Names{L"*A1", L"RTGR00007", L"*A2", L"家具", L"*A3"}));
 }
 
-TEST_F(Dictionaries, WrongEntriesAreRefused) {
+TEST_F(Dictionaries, InvalidEntriesAreRejected) {
     auto group = std::make_unique<AcDbGroup>();
     AcDbObjectId added;
     EXPECT_EQ(groups->setAt(L"", group.get(), added), Acad::eInvalidInput);
@@ -170,7 +170,7 @@ TEST_F(Dictionaries, WrongEntriesAreRefused) {
     EXPECT_EQ(foreign->numEntries(), 0U);
 }
 
-TEST_F(Dictionaries, ErasedObjectsAreNoEntriesUntilTheyComeBack) {
+TEST_F(Dictionaries, EntriesOfErasedObjectsAreHidden) {
     erase(id(kFurniture));
     AcDbObjectId found;
     EXPECT_EQ(groups->getAt(L"家具", found), Acad::eWasErased);

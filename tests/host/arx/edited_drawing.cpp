@@ -1,4 +1,4 @@
-// Edits a drawing in a known way: edited_drawing FROM TO [-b]. The check beside it says what must be found.
+// Applies fixed edits to a drawing: edited_drawing FROM TO [-b]. check_edited_drawing.py verifies the result.
 
 #include "dbdict.h"
 #include "dbents.h"

@@ -13,7 +13,7 @@ void expectPoint(const AcGePoint3d& found, const AcGePoint3d& expected) {
     EXPECT_NEAR(found.z, expected.z, 1e-9);
 }
 
-/// A drawing without a frame, of one block and the entities given ("code value" per line).
+/// Returns a minimal drawing with the given entities: "code value" records separated by "|".
 std::string drawingOf(const std::string& entities) {
     std::string text =
         "0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|0 ENDSEC|0 SECTION|2 TABLES|0 TABLE|2 BLOCK_RECORD|"
@@ -34,7 +34,7 @@ std::string drawingOf(const std::string& entities) {
 
 } // namespace
 
-TEST_F(Entities, MirroredReferenceIsPlaced) {
+TEST_F(Entities, MirroredReferencesAreRead) {
     const AcDbObjectPointer<AcDbBlockReference> branch(id(kBranch));
     EXPECT_EQ(branch->layerName(), L"SA-ダクト");
     EXPECT_EQ(branch->blockName(), L"RBT-D300-200");
@@ -46,12 +46,12 @@ TEST_F(Entities, MirroredReferenceIsPlaced) {
     EXPECT_LT(branch->blockTransform().det(), 0.0);
 }
 
-TEST_F(Entities, TransformTakesScaleTurnAndPlane) {
+TEST_F(Entities, TransformsCombineScaleRotationAndPlane) {
     struct Case {
         AcGeScale3d scale;
         double rotation;
         const char* normal;
-        AcGePoint3d expected; ///< Of (1, 2, 3), inserted at (100, 0, 0) of the plane.
+        AcGePoint3d expected; ///< The image of (1, 2, 3), inserted at (100, 0, 0) in the plane.
     };
     const Case cases[] = {
         {{1, 1, 1}, 0, "", {101, 2, 3}},
@@ -71,7 +71,7 @@ TEST_F(Entities, TransformTakesScaleTurnAndPlane) {
         const AcDbObjectPointer<AcDbBlockReference> insert(idIn(*database, 0x10), AcDb::kForWrite);
         ASSERT_EQ(insert.openStatus(), Acad::eOk);
         expectPoint(insert->blockTransform() * AcGePoint3d(1, 2, 3), c.expected);
-        // Positions are world points, whatever the plane.
+        // Positions are in world coordinates for every plane.
         const AcGePoint3d moved(7, 8, 9);
         insert->setPosition(moved);
         expectPoint(insert->position(), moved);
@@ -79,7 +79,7 @@ TEST_F(Entities, TransformTakesScaleTurnAndPlane) {
     }
 }
 
-TEST_F(Entities, RepeatedReferenceKeepsItsRowsAndColumns) {
+TEST_F(Entities, RepeatedReferencesKeepTheirRowsAndColumns) {
     const auto database = readBytes(drawingOf("0 INSERT|5 10|330 2|100 AcDbEntity|8 0|100 AcDbMInsertBlock|"
                                               "2 *Model_Space|10 4|20 5|30 0|70 3|71 2|44 10|45 20"));
     {
@@ -136,7 +136,7 @@ TEST_F(Entities, NewEntitiesSurviveSaving) {
     EXPECT_EQ(placed->ownerId(), blockId(*again, ACDB_MODEL_SPACE));
 }
 
-TEST_F(Entities, PropertiesOfAllEntities) {
+TEST_F(Entities, CommonPropertiesAreReadAndSet) {
     const AcDbObjectPointer<AcDbEntity> duct(id(kDuct), AcDb::kForWrite);
     EXPECT_EQ(duct->setLayer(L"no such layer"), Acad::eKeyNotFound);
     EXPECT_EQ(duct->layerName(), L"SA-ダクト");

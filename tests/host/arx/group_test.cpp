@@ -16,7 +16,7 @@ protected:
         return handles;
     }
 
-    [[nodiscard]] bool knows(Adesk::UInt64 entity, Adesk::UInt64 group) const {
+    [[nodiscard]] bool hasReactor(Adesk::UInt64 entity, Adesk::UInt64 group) const {
         return AcDbObjectPointer<AcDbObject>(id(entity), AcDb::kForRead, true)
             ->hasPersistentReactor(id(group));
     }
@@ -26,13 +26,13 @@ using Handles = std::vector<Adesk::UInt64>;
 
 } // namespace
 
-TEST_F(Groups, MembersComeInOrder) {
+TEST_F(Groups, MembersAreListedInOrder) {
     const AcDbObjectPointer<AcDbGroup> furniture(id(kFurniture));
     EXPECT_EQ(furniture->getName(), L"家具");
     EXPECT_EQ(members(*furniture), (Handles{0x106, 0x108, 0x10A}));
     AcDbObjectIdArray ids;
     ids.append(id(kDuct));
-    EXPECT_EQ(furniture->allEntityIds(ids), 3U) << "what the list held is no member";
+    EXPECT_EQ(furniture->allEntityIds(ids), 3U) << "the list is emptied first";
     EXPECT_TRUE(furniture->has(id(kShelf)));
     EXPECT_FALSE(furniture->has(id(kDuct)));
     const AcDbObjectPointer<AcDbGroup> supply(id(kSupply));
@@ -44,7 +44,7 @@ TEST_F(Groups, MembersComeInOrder) {
     EXPECT_TRUE(supply->isAnonymous());
 }
 
-TEST_F(Groups, MembersAreEnteredWhereAsked) {
+TEST_F(Groups, MembersAreInsertedAtTheirPlaces) {
     AcDbObjectPointer<AcDbGroup> group(id(kSingle), AcDb::kForWrite);
     EXPECT_EQ(group->append(id(kDuct)), Acad::eOk);
     EXPECT_EQ(group->prepend(id(kShelf)), Acad::eOk);
@@ -56,8 +56,8 @@ TEST_F(Groups, MembersAreEnteredWhereAsked) {
     const Handles expected{kShelf, kAirHandler, kBranch, kDuct, 0x110};
     EXPECT_EQ(members(*group), expected);
     for (const Adesk::UInt64 member : expected)
-        EXPECT_TRUE(knows(member, kSingle)) << member;
-    EXPECT_FALSE(knows(0x112, kSingle));
+        EXPECT_TRUE(hasReactor(member, kSingle)) << member;
+    EXPECT_FALSE(hasReactor(0x112, kSingle));
     group.close();
     const auto again = reopened();
     const AcDbObjectPointer<AcDbGroup> read(idIn(*again, kSingle));
@@ -65,7 +65,7 @@ TEST_F(Groups, MembersAreEnteredWhereAsked) {
     EXPECT_TRUE(AcDbObjectPointer<AcDbObject>(idIn(*again, kShelf))->hasPersistentReactor(read->objectId()));
 }
 
-TEST_F(Groups, ListsAreEnteredAtOnceAndMembersLeave) {
+TEST_F(Groups, ListsAreAddedAndMembersRemoved) {
     const AcDbObjectPointer<AcDbGroup> group(id(kSingle), AcDb::kForWrite);
     AcDbObjectIdArray ids;
     for (const Adesk::UInt64 handle : {kDuct, kBranch, kDuct, kShelf})
@@ -76,18 +76,18 @@ TEST_F(Groups, ListsAreEnteredAtOnceAndMembersLeave) {
     EXPECT_EQ(group->remove(id(kDuct)), Acad::eNotInGroup);
     EXPECT_FALSE(group->has(id(kDuct)));
     EXPECT_TRUE(group->has(id(kShelf)));
-    EXPECT_FALSE(knows(kDuct, kSingle));
-    EXPECT_TRUE(knows(kDuct, kSupply));
+    EXPECT_FALSE(hasReactor(kDuct, kSingle));
+    EXPECT_TRUE(hasReactor(kDuct, kSupply));
     EXPECT_EQ(group->clear(), Acad::eOk);
     EXPECT_EQ(group->numEntities(), 0U);
     EXPECT_EQ(group->append(id(kShelf)), Acad::eOk);
     EXPECT_EQ(group->prepend(ids), Acad::eOk);
     EXPECT_EQ(members(*group), (Handles{kDuct, kBranch, kShelf}));
     EXPECT_EQ(group->clear(), Acad::eOk);
-    EXPECT_FALSE(knows(kBranch, kSingle));
+    EXPECT_FALSE(hasReactor(kBranch, kSingle));
 }
 
-TEST_F(Groups, OpenMembersAndClosedGroupsAreRefused) {
+TEST_F(Groups, OpenMembersAndGroupsOpenForReadAreRejected) {
     const AcDbObjectPointer<AcDbGroup> group(id(kSingle));
     EXPECT_EQ(group->append(id(kDuct)), Acad::eNotOpenForWrite);
     EXPECT_EQ(group->remove(id(kBranch)), Acad::eNotOpenForWrite);
@@ -115,24 +115,24 @@ TEST_F(Groups, ErasedMembersStayUntilSaved) {
               (Handles{0x106, 0x108, 0x10A}));
 }
 
-TEST_F(Groups, ErasedGroupLeavesItsMembersOnSaving) {
+TEST_F(Groups, ErasedGroupsAreNoReactorsAfterSaving) {
     erase(id(kFurniture));
-    EXPECT_TRUE(knows(kShelf, kFurniture));
+    EXPECT_TRUE(hasReactor(kShelf, kFurniture));
     const std::string saved = drawing->dxfOutBytes(false);
-    EXPECT_EQ(saved.find("  3\n家具\n"), std::string::npos) << "no entry is left behind";
+    EXPECT_EQ(saved.find("  3\n家具\n"), std::string::npos) << "the dictionary entry is dropped";
     const auto again = readBytes(saved);
     const AcDbObjectPointer<AcDbObject> shelf(idIn(*again, kShelf));
     EXPECT_EQ(shelf->reactors()->length(), 0);
     AcDbObjectId found;
     EXPECT_EQ(AcDbObjectPointer<AcDbDictionary>(again->groupDictionaryId())->getAt(L"家具", found),
               Acad::eKeyNotFound);
-    // Bringing it back restores everything.
+    // Unerasing the group restores all references to it.
     erase(id(kFurniture), false);
     EXPECT_EQ(members(*AcDbObjectPointer<AcDbGroup>(idIn(*reopened(), kFurniture))),
               (Handles{0x106, 0x108, 0x10A}));
 }
 
-TEST_F(Groups, RecordsFollowTheMembers) {
+TEST_F(Groups, RandomChangesReachTheRecords) {
     std::mt19937 random(7);
     const auto below = [&](std::size_t count) {
         return std::uniform_int_distribution<std::size_t>(0, count - 1)(random);
@@ -170,6 +170,6 @@ TEST_F(Groups, RecordsFollowTheMembers) {
         }
     }
     for (const Adesk::UInt64 handle : pool)
-        EXPECT_EQ(knows(handle, kSupply),
+        EXPECT_EQ(hasReactor(handle, kSupply),
                   std::find(expected.begin(), expected.end(), handle) != expected.end());
 }

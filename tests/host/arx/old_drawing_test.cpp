@@ -2,7 +2,7 @@
 
 namespace {
 
-/// A drawing from before handles, owners and class markers.
+/// Returns a drawing of a version without handles, owners and class markers.
 std::string oldDrawing() {
     const std::string records =
         "0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|0 ENDSEC|0 SECTION|2 TABLES|0 TABLE|2 LAYER|70 2|0 LAYER|2 "
@@ -47,7 +47,7 @@ TEST_F(OldDrawing, BlocksAreFoundWithoutRecords) {
     EXPECT_EQ(layer->colorIndex(), 3);
 }
 
-TEST_F(OldDrawing, ModelSpaceIsThere) {
+TEST_F(OldDrawing, ModelSpaceHoldsTheEntities) {
     const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
     ASSERT_EQ(space.openStatus(), Acad::eOk);
     const auto ids = space->entityIds();
@@ -57,7 +57,7 @@ TEST_F(OldDrawing, ModelSpaceIsThere) {
     EXPECT_EQ(insert->position().y, 6.0);
 }
 
-TEST_F(OldDrawing, LookingChangesNothing) {
+TEST_F(OldDrawing, ReadingChangesNothing) {
     for (const AcDbObjectId table :
          {drawing->blockTableId(), drawing->layerTableId(), drawing->regAppTableId(),
           drawing->linetypeTableId(), drawing->textStyleTableId()})
@@ -67,7 +67,7 @@ TEST_F(OldDrawing, LookingChangesNothing) {
     EXPECT_TRUE(drawing->dxfOutBytes(false) == oldDrawing());
 }
 
-TEST_F(OldDrawing, ErasingTakesWhatBelongsToTheEntity) {
+TEST_F(OldDrawing, ErasingAnEntityDropsItsSubentities) {
     std::vector<AcDbObjectId> ids;
     {
         const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));

@@ -10,7 +10,7 @@ constexpr int kNotOpen = -1;
 
 } // namespace
 
-TEST_F(OpenClose, WhatIsOpenDecidesWhatMayBeOpened) {
+TEST_F(OpenClose, OpenModesExcludeEachOther) {
     struct Case {
         int first;
         AcDb::OpenMode second;
@@ -38,13 +38,13 @@ TEST_F(OpenClose, WhatIsOpenDecidesWhatMayBeOpened) {
     }
 }
 
-TEST_F(OpenClose, WrongIdsAndClassesAreRefused) {
+TEST_F(OpenClose, InvalidIdsAndClassesAreRejected) {
     AcDbObject* object = nullptr;
     EXPECT_EQ(acdbOpenAcDbObject(object, AcDbObjectId::kNull, AcDb::kForRead), Acad::eNullObjectId);
     AcDbLine* line = nullptr;
     EXPECT_EQ(acdbOpenObject(line, id(kDuct)), Acad::eNotThatKindOfClass);
     EXPECT_EQ(line, nullptr);
-    // The failed opening left nothing open.
+    // The failed call left the object closed.
     const AcDbObjectPointer<AcDbBlockReference> duct(id(kDuct), AcDb::kForWrite);
     EXPECT_EQ(duct.openStatus(), Acad::eOk);
     AcDbObjectId none;
@@ -63,7 +63,7 @@ TEST_F(OpenClose, ReadersAreCountedUpToTheirLimit) {
     EXPECT_EQ(readers.front()->close(), Acad::eNotOpenForRead);
 }
 
-TEST_F(OpenClose, OpeningsAreRaisedAndLowered) {
+TEST_F(OpenClose, OpenModeIsUpgradedAndDowngraded) {
     AcDbObjectPointer<AcDbBlockReference> duct(id(kDuct));
     EXPECT_EQ(duct->setRotation(1.0), Acad::eNotOpenForWrite);
     EXPECT_EQ(duct->erase(), Acad::eNotOpenForWrite);
@@ -82,7 +82,7 @@ TEST_F(OpenClose, OpeningsAreRaisedAndLowered) {
     EXPECT_EQ(drawing->originalFileVersion(), 1032);
 }
 
-TEST_F(OpenClose, ErasedObjectsOpenOnlyWhenAskedFor) {
+TEST_F(OpenClose, ErasedObjectsOpenOnRequestOnly) {
     erase(id(kDuct));
     EXPECT_TRUE(id(kDuct).isErased());
     AcDbObject* object = nullptr;
@@ -107,7 +107,7 @@ TEST_F(OpenClose, ClassesAreKnownWithoutOpening) {
     EXPECT_EQ(AcDbHandle(L"10c").value(), kAirHandler);
 }
 
-TEST_F(OpenClose, FailedOpeningLeavesTheDrawingAsItWas) {
+TEST_F(OpenClose, FailedReadingLeavesTheDrawingUnchanged) {
     EXPECT_EQ(drawing->dxfIn(L"/no/such/folder/drawing.dxf"), Acad::eFileNotFound);
     EXPECT_NE(drawing->lastErrorText().find(L"drawing.dxf"), std::wstring::npos);
     EXPECT_EQ(drawing->dxfInBytes("  0\nSECTION\n  2\nENTITIES\n  x\nLINE\n", L"bad.dxf"), Acad::eBadDxfFile);

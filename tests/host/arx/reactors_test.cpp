@@ -2,65 +2,66 @@
 
 namespace {
 
-/// Writes down what it is told.
-class Witness : public AcDbDatabaseReactor {
+/// Records the notifications of a database.
+class RecordingReactor : public AcDbDatabaseReactor {
 public:
-    explicit Witness(AcDbDatabase& database) : database_(&database) { database.addReactor(this); }
-    ~Witness() override {
+    explicit RecordingReactor(AcDbDatabase& database) : database_(&database) { database.addReactor(this); }
+    ~RecordingReactor() override {
         if (database_ != nullptr)
             database_->removeReactor(this);
     }
 
-    void objectAppended(const AcDbDatabase*, const AcDbObject* o) override { note("append", o); }
-    void objectUnAppended(const AcDbDatabase*, const AcDbObject* o) override { note("unappend", o); }
-    void objectReAppended(const AcDbDatabase*, const AcDbObject* o) override { note("reappend", o); }
-    void objectOpenedForModify(const AcDbDatabase*, const AcDbObject* o) override { note("open", o); }
+    void objectAppended(const AcDbDatabase*, const AcDbObject* o) override { record("append", o); }
+    void objectUnAppended(const AcDbDatabase*, const AcDbObject* o) override { record("unappend", o); }
+    void objectReAppended(const AcDbDatabase*, const AcDbObject* o) override { record("reappend", o); }
+    void objectOpenedForModify(const AcDbDatabase*, const AcDbObject* o) override { record("open", o); }
     void objectModified(const AcDbDatabase*, const AcDbObject* o) override {
-        note("modify", o);
-        // Nothing is open any more when reactors are told.
+        record("modify", o);
+        // The object must be closed when its reactors are notified.
         AcDbObject* again = nullptr;
         readable_ = acdbOpenAcDbObject(again, o->objectId(), AcDb::kForRead, true) == Acad::eOk;
         if (again != nullptr)
             again->close();
     }
     void objectErased(const AcDbDatabase*, const AcDbObject* o, bool erased) override {
-        note(erased ? "erase" : "unerase", o);
+        record(erased ? "erase" : "unerase", o);
     }
     void goodbye(const AcDbDatabase*) override { database_ = nullptr; }
 
-    [[nodiscard]] std::string told() { return std::exchange(told_, {}); }
+    /// Returns the notifications since the last call.
+    [[nodiscard]] std::string take() { return std::exchange(log_, {}); }
     [[nodiscard]] bool readable() const { return readable_; }
-    [[nodiscard]] bool isAlone() const { return database_ == nullptr; }
+    [[nodiscard]] bool isOrphaned() const { return database_ == nullptr; }
 
 private:
-    void note(const char* what, const AcDbObject* object) {
+    void record(const char* what, const AcDbObject* object) {
         ACHAR digits[17];
         object->getAcDbHandle().getIntoAsciiBuffer(digits);
-        told_ += what;
-        told_ += ' ';
+        log_ += what;
+        log_ += ' ';
         for (const ACHAR* digit = digits; *digit != L'\0'; ++digit)
-            told_ += static_cast<char>(*digit);
-        told_ += '|';
+            log_ += static_cast<char>(*digit);
+        log_ += '|';
     }
 
     AcDbDatabase* database_;
-    std::string told_;
+    std::string log_;
     bool readable_ = false;
 };
 
-class Observer : public AcDbObjectReactor {
+class ObjectReactor : public AcDbObjectReactor {
 public:
-    void openedForModify(const AcDbObject*) override { told += "open|"; }
-    void modified(const AcDbObject*) override { told += "modify|"; }
-    void erased(const AcDbObject*, bool erasing) override { told += erasing ? "erase|" : "unerase|"; }
-    void unappended(const AcDbObject*) override { told += "unappend|"; }
-    void reappended(const AcDbObject*) override { told += "reappend|"; }
+    void openedForModify(const AcDbObject*) override { log += "open|"; }
+    void modified(const AcDbObject*) override { log += "modify|"; }
+    void erased(const AcDbObject*, bool erasing) override { log += erasing ? "erase|" : "unerase|"; }
+    void unappended(const AcDbObject*) override { log += "unappend|"; }
+    void reappended(const AcDbObject*) override { log += "reappend|"; }
     void goodbye(const AcDbObject* object) override {
-        told += "bye|";
+        log += "bye|";
         last = object->objectId().handle().value();
     }
 
-    std::string told;
+    std::string log;
     Adesk::UInt64 last = 0;
 };
 
@@ -68,63 +69,64 @@ using Reactors = SampleDrawing;
 
 } // namespace
 
-TEST_F(Reactors, DatabaseReactorsAreToldWhenObjectsClose) {
-    Witness witness(*drawing);
+TEST_F(Reactors, DatabaseReactorsAreNotifiedWhenObjectsClose) {
+    RecordingReactor reactor(*drawing);
     {
         const AcDbObjectPointer<AcDbEntity> duct(id(kDuct), AcDb::kForWrite);
-        EXPECT_EQ(witness.told(), "");
+        EXPECT_EQ(reactor.take(), "");
         duct->setColorIndex(1);
         duct->setColorIndex(2);
-        EXPECT_EQ(witness.told(), "open 114|");
+        EXPECT_EQ(reactor.take(), "open 114|");
     }
-    EXPECT_EQ(witness.told(), "modify 114|");
-    EXPECT_TRUE(witness.readable());
-    // Neither reading nor an opening without change tells anybody.
+    EXPECT_EQ(reactor.take(), "modify 114|");
+    EXPECT_TRUE(reactor.readable());
+    // Reading, or opening for write without a change, sends no notification.
     EXPECT_EQ(AcDbObjectPointer<AcDbEntity>(id(kDuct))->colorIndex(), 2);
     { const AcDbObjectPointer<AcDbEntity> unchanged(id(kDuct), AcDb::kForWrite); }
-    EXPECT_EQ(witness.told(), "");
+    EXPECT_EQ(reactor.take(), "");
     erase(id(kDuct));
-    EXPECT_EQ(witness.told(), "open 114|modify 114|erase 114|");
+    EXPECT_EQ(reactor.take(), "open 114|modify 114|erase 114|");
     erase(id(kDuct), false);
-    EXPECT_EQ(witness.told(), "open 114|modify 114|unerase 114|");
+    EXPECT_EQ(reactor.take(), "open 114|modify 114|unerase 114|");
 }
 
-TEST_F(Reactors, AdditionsAreToldOnce) {
-    Witness witness(*drawing);
+TEST_F(Reactors, AppendedObjectsAreReportedOnce) {
+    RecordingReactor reactor(*drawing);
     const AcDbObjectId point = add(*drawing, new AcDbPoint);
-    const std::string told = witness.told();
-    EXPECT_EQ(told.find("append"), 0U) << told;
-    EXPECT_EQ(told.find("modify"), std::string::npos) << told;
-    drawing->removeReactor(&witness);
+    const std::string added = reactor.take();
+    EXPECT_EQ(added.find("append"), 0U) << added;
+    EXPECT_EQ(added.find("modify"), std::string::npos) << added;
+    drawing->removeReactor(&reactor);
     erase(point);
-    EXPECT_EQ(witness.told(), "");
+    EXPECT_EQ(reactor.take(), "");
 }
 
-TEST_F(Reactors, DatabaseTellsItsEnd) {
+TEST_F(Reactors, DatabasesNotifyOfTheirEnd) {
     auto other = std::make_unique<AcDbDatabase>();
-    Witness witness(*other);
+    RecordingReactor reactor(*other);
     other.reset();
-    EXPECT_TRUE(witness.isAlone());
+    EXPECT_TRUE(reactor.isOrphaned());
 }
 
-/// Deletes another one when it is told of a change.
-class Heir : public Witness {
+/// Deletes another reactor when notified of a change or of the database's end.
+class DeletingReactor : public RecordingReactor {
 public:
-    Heir(AcDbDatabase& database, std::unique_ptr<Witness>& other) : Witness(database), other_(other) {}
+    DeletingReactor(AcDbDatabase& database, std::unique_ptr<RecordingReactor>& other)
+        : RecordingReactor(database), other_(other) {}
     void objectModified(const AcDbDatabase*, const AcDbObject*) override { other_.reset(); }
     void goodbye(const AcDbDatabase* database) override {
         other_.reset();
-        Witness::goodbye(database);
+        RecordingReactor::goodbye(database);
     }
 
 private:
-    std::unique_ptr<Witness>& other_;
+    std::unique_ptr<RecordingReactor>& other_;
 };
 
-TEST_F(Reactors, MayTakeOthersOffTheList) {
-    std::unique_ptr<Witness> other;
-    const Heir heir(*drawing, other);
-    other = std::make_unique<Witness>(*drawing);
+TEST_F(Reactors, OfADatabaseMayRemoveOthers) {
+    std::unique_ptr<RecordingReactor> other;
+    const DeletingReactor heir(*drawing, other);
+    other = std::make_unique<RecordingReactor>(*drawing);
     drawing->addReactor(other.get());
     drawing->addReactor(nullptr);
     {
@@ -136,20 +138,20 @@ TEST_F(Reactors, MayTakeOthersOffTheList) {
     EXPECT_EQ(other, nullptr);
 
     auto ending = std::make_unique<AcDbDatabase>();
-    const Heir last(*ending, other);
-    other = std::make_unique<Witness>(*ending);
+    const DeletingReactor last(*ending, other);
+    other = std::make_unique<RecordingReactor>(*ending);
     ending.reset();
     EXPECT_EQ(other, nullptr);
-    EXPECT_TRUE(last.isAlone());
+    EXPECT_TRUE(last.isOrphaned());
 }
 
-TEST_F(Reactors, OfAnObjectMayTakeOthersOffTheList) {
-    struct Remover : Observer {
+TEST_F(Reactors, OfAnObjectMayRemoveOthers) {
+    struct Remover : ObjectReactor {
         void modified(const AcDbObject* object) override {
             object->removeReactor(other.get());
             other.reset();
         }
-        std::unique_ptr<Observer> other = std::make_unique<Observer>();
+        std::unique_ptr<ObjectReactor> other = std::make_unique<ObjectReactor>();
     };
     Remover remover;
     const AcDbObjectPointer<AcDbEntity> duct(id(kDuct), AcDb::kForWrite);
@@ -161,28 +163,28 @@ TEST_F(Reactors, OfAnObjectMayTakeOthersOffTheList) {
     duct->removeReactor(&remover);
 }
 
-TEST_F(Reactors, TransientReactorsAreToldOfTheirObject) {
-    Observer observer;
+TEST_F(Reactors, TransientReactorsAreNotifiedOfTheirObject) {
+    ObjectReactor objectReactor;
     {
         const AcDbObjectPointer<AcDbEntity> duct(id(kDuct), AcDb::kForWrite);
-        duct->addReactor(&observer);
-        duct->addReactor(&observer);
+        duct->addReactor(&objectReactor);
+        duct->addReactor(&objectReactor);
         duct->setColorIndex(5);
     }
-    EXPECT_EQ(observer.told, "open|modify|");
+    EXPECT_EQ(objectReactor.log, "open|modify|");
     erase(id(kDuct));
-    EXPECT_EQ(observer.told, "open|modify|open|modify|erase|");
-    observer.told.clear();
-    // An object ends with its drawing, and can still be asked who it was.
+    EXPECT_EQ(objectReactor.log, "open|modify|open|modify|erase|");
+    objectReactor.log.clear();
+    // Objects are destroyed with their drawing; their handle is still valid in goodbye.
     EXPECT_EQ(drawing->dxfIn(samplePath(L"office-floor-932.dxf").c_str()), Acad::eOk);
-    EXPECT_EQ(observer.told, "bye|");
-    EXPECT_EQ(observer.last, kDuct);
+    EXPECT_EQ(objectReactor.log, "bye|");
+    EXPECT_EQ(objectReactor.last, kDuct);
 }
 
-TEST_F(Reactors, ObjectsAreThereUntilTheLastIsToldOfTheirEnd) {
-    struct Curious : Observer {
+TEST_F(Reactors, OtherObjectsCanStillBeOpenedInGoodbye) {
+    struct LayerReader : ObjectReactor {
         void goodbye(const AcDbObject* object) override {
-            Observer::goodbye(object);
+            ObjectReactor::goodbye(object);
             const AcDbObjectPointer<AcDbLayerTableRecord> layer(AcDbEntity::cast(object)->layerId());
             isLocked = layer.openStatus() == Acad::eOk && layer->isLocked();
         }
@@ -190,17 +192,17 @@ TEST_F(Reactors, ObjectsAreThereUntilTheLastIsToldOfTheirEnd) {
     };
     for (const AcDbObjectId layer : AcDbObjectPointer<AcDbLayerTable>(drawing->layerTableId())->recordIds())
         AcDbObjectPointer<AcDbLayerTableRecord>(layer, AcDb::kForWrite)->setIsLocked(true);
-    Curious curious;
-    AcDbObjectPointer<AcDbEntity>(id(kDuct))->addReactor(&curious);
+    LayerReader reader;
+    AcDbObjectPointer<AcDbEntity>(id(kDuct))->addReactor(&reader);
     EXPECT_EQ(drawing->dxfIn(samplePath(L"office-floor-932.dxf").c_str()), Acad::eOk);
-    EXPECT_EQ(curious.told, "bye|");
-    EXPECT_TRUE(curious.isLocked);
+    EXPECT_EQ(reader.log, "bye|");
+    EXPECT_TRUE(reader.isLocked);
 }
 
-TEST_F(Reactors, PersistentReactorsComeFirstInStoredOrder) {
-    Observer observer;
+TEST_F(Reactors, PersistentReactorsAreListedFirstInStoredOrder) {
+    ObjectReactor objectReactor;
     const AcDbObjectPointer<AcDbObject> handler(id(kAirHandler), AcDb::kForWrite);
-    handler->addReactor(&observer);
+    handler->addReactor(&objectReactor);
     EXPECT_EQ(handler->addPersistentReactor(id(kSingle)), Acad::eOk);
     EXPECT_EQ(handler->addPersistentReactor(id(kSingle)), Acad::eOk);
     EXPECT_EQ(handler->addPersistentReactor(AcDbObjectId::kNull), Acad::eNullObjectId);
@@ -213,7 +215,7 @@ TEST_F(Reactors, PersistentReactorsComeFirstInStoredOrder) {
     }
     EXPECT_FALSE(acdbIsPersistentReactor(list->at(4)));
     EXPECT_TRUE(acdbPersistentReactorObjectId(list->at(4)).isNull());
-    handler->removeReactor(&observer);
+    handler->removeReactor(&objectReactor);
     EXPECT_EQ(handler->removePersistentReactor(id(0x184)), Acad::eOk);
     EXPECT_EQ(handler->removePersistentReactor(id(0x184)), Acad::eKeyNotFound);
     EXPECT_EQ(handler->reactors()->length(), 3);
@@ -243,33 +245,33 @@ TEST_F(Reactors, PersistentReactorsChangeSeveralAtATime) {
     EXPECT_EQ(handler->removePersistentReactors({id(kDuct)}), Acad::eNotOpenForWrite);
 }
 
-TEST_F(Reactors, TheLastOneTakesItsListAlong) {
+TEST_F(Reactors, RemovingTheLastOneRemovesItsGroup) {
     const AcDbObjectPointer<AcDbObject> shelf(id(kShelf), AcDb::kForWrite);
     ASSERT_EQ(shelf->removePersistentReactor(id(kFurniture)), Acad::eOk);
     EXPECT_EQ(drawing->dxfOutBytes(false).find("{ACAD_REACTORS\n102\n}"), std::string::npos);
 }
 
-TEST_F(Reactors, UndoAndRedoAreTold) {
+TEST_F(Reactors, UndoAndRedoNotify) {
     drawing->startUndoRecord();
     const AcDbObjectId point = add(*drawing, new AcDbPoint);
     erase(id(kDuct));
     ACHAR digits[17];
     point.handle().getIntoAsciiBuffer(digits);
     const std::string name(digits, digits + std::char_traits<ACHAR>::length(digits));
-    Witness witness(*drawing);
-    Observer ofPoint;
-    Observer ofDuct;
+    RecordingReactor reactor(*drawing);
+    ObjectReactor ofPoint;
+    ObjectReactor ofDuct;
     AcDbObjectPointer<AcDbObject>(point)->addReactor(&ofPoint);
     AcDbObjectPointer<AcDbObject>(id(kDuct), AcDb::kForRead, true)->addReactor(&ofDuct);
     ASSERT_EQ(drawing->undo(), Acad::eOk);
-    const std::string undone = witness.told();
+    const std::string undone = reactor.take();
     EXPECT_NE(undone.find("unappend " + name + "|"), std::string::npos) << undone;
     EXPECT_NE(undone.find("modify 114|unerase 114|"), std::string::npos) << undone;
     ASSERT_EQ(drawing->redo(), Acad::eOk);
-    const std::string redone = witness.told();
+    const std::string redone = reactor.take();
     EXPECT_NE(redone.find("reappend " + name + "|"), std::string::npos) << redone;
     EXPECT_NE(redone.find("modify 114|erase 114|"), std::string::npos) << redone;
-    EXPECT_EQ(ofPoint.told, "unappend|reappend|");
-    EXPECT_EQ(ofDuct.told, "modify|unerase|modify|erase|");
-    drawing.reset(); // before those that it tells of its end
+    EXPECT_EQ(ofPoint.log, "unappend|reappend|");
+    EXPECT_EQ(ofDuct.log, "modify|unerase|modify|erase|");
+    drawing.reset(); // before the reactors that it notifies
 }

@@ -11,7 +11,7 @@
 #include <memory>
 #include <string>
 
-/// The small office floor, and helpers that read well in tests.
+/// Fixture with the drawing of a small office floor and helpers to read and edit it.
 class SampleDrawing : public testing::Test {
 protected:
     static constexpr Adesk::UInt64 kAirHandler = 0x10C; ///< In groups, on the locked layer.
@@ -47,7 +47,7 @@ protected:
         return found;
     }
 
-    /// Saves and opens again.
+    /// Saves the drawing to memory and opens the result.
     [[nodiscard]] std::unique_ptr<AcDbDatabase> reopened() const {
         return readBytes(drawing->dxfOutBytes(false));
     }
@@ -59,7 +59,7 @@ protected:
         return found;
     }
 
-    /// Puts an entity into model space and closes it.
+    /// Appends an entity to model space and closes it.
     static AcDbObjectId add(AcDbDatabase& database, AcDbEntity* entity) {
         const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(database, ACDB_MODEL_SPACE),
                                                             AcDb::kForWrite);

@@ -8,7 +8,7 @@ namespace {
 
 class Saving : public SampleDrawing {
 protected:
-    /// Looks at everything there is.
+    /// Opens every record and entity for write without changing it; returns their number.
     static std::size_t visitAll(AcDbDatabase& database) {
         std::size_t visited = 0;
         for (const AcDbObjectId table :
@@ -39,7 +39,7 @@ protected:
 
 } // namespace
 
-TEST_F(Saving, LookingChangesNothing) {
+TEST_F(Saving, OpeningChangesNothing) {
     for (const ACHAR* name : {L"office-floor.dxf", L"office-floor-932.dxf"}) {
         const auto database = read(samplePath(name));
         EXPECT_GT(visitAll(*database), 200U);
@@ -49,7 +49,7 @@ TEST_F(Saving, LookingChangesNothing) {
     }
 }
 
-TEST_F(Saving, OldFileStaysWhenSavingFails) {
+TEST_F(Saving, FailedSavingKeepsTheOldFile) {
     const TemporaryFolder folder;
     const std::wstring path = folder.wide("copy.dxf");
     ASSERT_EQ(drawing->dxfOut(path.c_str()), Acad::eOk);
@@ -60,7 +60,7 @@ TEST_F(Saving, OldFileStaysWhenSavingFails) {
     EXPECT_TRUE(read(path)->isBinary());
 }
 
-TEST_F(Saving, WhatAnErasedEntityOwnsGoesWithIt) {
+TEST_F(Saving, ObjectsOwnedByAnErasedEntityAreDropped) {
     std::string bytes = drawing->dxfOutBytes(false);
     const std::string duct = "INSERT\n  5\n114\n";
     ASSERT_NE(bytes.find(duct), std::string::npos);
@@ -101,7 +101,7 @@ TEST_F(Saving, AttributesOfErasedReferencesLeaveTheirGroups) {
     EXPECT_TRUE(group->surplusEntries().empty());
 }
 
-TEST_F(Saving, DatabaseWithoutADrawingTakesAndGivesNothing) {
+TEST_F(Saving, DatabaseWithoutADrawingIsRejected) {
     AcDbDatabase empty(false);
     AcDbObjectId id;
     AcDbGroup group;
@@ -123,7 +123,7 @@ TEST_F(Saving, ObjectsWithoutAnOwnerAreKept) {
     EXPECT_EQ(kept->numEntities(), 1U);
 }
 
-TEST_F(Saving, NewDrawingIsFilledSavedAndRead) {
+TEST_F(Saving, NewDrawingsAreSavedAndReadBack) {
     AcDbDatabase made;
     add(made, new AcDbText({0, 0, 0}, L"図面", 2.5));
     AcDbDictionary* groups = nullptr;
@@ -140,7 +140,7 @@ TEST_F(Saving, NewDrawingIsFilledSavedAndRead) {
     EXPECT_EQ(AcDbObjectPointer<AcDbGroup>(idIn(*again, added.handle().value()))->description(), L"first");
 }
 
-TEST_F(Saving, CodePageCharactersSurvive) {
+TEST_F(Saving, CharactersOutsideTheCodePageSurvive) {
     const auto database = read(samplePath(L"office-floor-932.dxf"));
     const AcDbObjectId text = add(*database, new AcDbText({0, 0, 0}, L"表能ソ 850㎥ é", 100.0));
     const auto again = readBytes(database->dxfOutBytes(false));
@@ -176,6 +176,6 @@ TEST_F(Saving, AccessToManyReferencesIsCheap) {
     const double perOpening = spent.count() / (static_cast<double>(ids.size()) * kRounds);
     RecordProperty("nanosecondsPerOpening", static_cast<int>(perOpening));
     EXPECT_DOUBLE_EQ(sum, kRounds * (20'000.0 * 19'999.0 / 2.0 + 20'000.0));
-    // Far above what it takes, also under sanitizers; work that grows with the drawing would take more.
+    // Well above the cost even under sanitizers, well below a cost that grows with the drawing.
     EXPECT_LT(perOpening, 50'000.0);
 }

@@ -12,7 +12,7 @@ AcDbObjectId find(const AcDbSymbolTable& table, const ACHAR* name) {
 
 } // namespace
 
-TEST_F(SymbolTables, NamesAreFoundWhateverTheirCase) {
+TEST_F(SymbolTables, NamesAreFoundIgnoringCase) {
     const AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
     EXPECT_EQ(layers->recordIds().size(), 29U);
     EXPECT_EQ(find(*layers, L"_zu_connect"), find(*layers, L"_ZU_CONNECT"));
@@ -25,7 +25,7 @@ TEST_F(SymbolTables, NamesAreFoundWhateverTheirCase) {
     EXPECT_TRUE(none.isNull());
 }
 
-TEST_F(SymbolTables, LayerStatesAreReadAndKept) {
+TEST_F(SymbolTables, LayerStatesAreReadAndSaved) {
     AcDbLayerTableRecord* layer = nullptr;
     {
         const AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
@@ -77,7 +77,7 @@ TEST_F(SymbolTables, RecordsAreAddedOnce) {
     EXPECT_EQ(record->ownerId(), again->layerTableId());
 }
 
-TEST_F(SymbolTables, ErasedRecordsGiveTheirNamesFree) {
+TEST_F(SymbolTables, NamesOfErasedRecordsCanBeReused) {
     AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
     const AcDbObjectId old = find(*layers, L"_ZU_HIDE");
     erase(old);

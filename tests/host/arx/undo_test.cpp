@@ -16,13 +16,13 @@ protected:
 
 } // namespace
 
-TEST_F(Undo, StepsAreTakenBackAndDoneAgain) {
+TEST_F(Undo, StepsAreUndoneAndRedone) {
     EXPECT_EQ(drawing->undo(), Acad::eUndoOperationNotAvailable);
     drawing->startUndoRecord();
     setColor(kDuct, 1);
     setColor(kShelf, 1);
     drawing->startUndoRecord();
-    drawing->startUndoRecord(); // an empty step leaves no trace
+    drawing->startUndoRecord(); // the empty step before it is not stored
     setColor(kDuct, 2);
     setColor(kDuct, 3);
     EXPECT_EQ(drawing->undo(), Acad::eOk);
@@ -38,17 +38,17 @@ TEST_F(Undo, StepsAreTakenBackAndDoneAgain) {
     EXPECT_EQ(color(kShelf), 1);
 }
 
-TEST_F(Undo, WorkAfterAnUndoCanBeUndoneToo) {
+TEST_F(Undo, ChangesAfterAnUndoFormANewStep) {
     drawing->startUndoRecord();
     setColor(kDuct, 1);
     ASSERT_EQ(drawing->undo(), Acad::eOk);
-    setColor(kDuct, 2); // without a new step being begun
+    setColor(kDuct, 2); // without startUndoRecord
     EXPECT_EQ(drawing->redo(), Acad::eUndoOperationNotAvailable);
     EXPECT_EQ(drawing->undo(), Acad::eOk);
     EXPECT_EQ(color(kDuct), 256);
 }
 
-TEST_F(Undo, ObjectOpenOverTwoStepsIsRestoredToEach) {
+TEST_F(Undo, ObjectsOpenDuringTwoStepsAreRestoredToEach) {
     drawing->startUndoRecord();
     AcDbObjectPointer<AcDbEntity> duct(id(kDuct), AcDb::kForWrite);
     duct->setColorIndex(1);
@@ -61,7 +61,7 @@ TEST_F(Undo, ObjectOpenOverTwoStepsIsRestoredToEach) {
     EXPECT_EQ(color(kDuct), 256);
 }
 
-TEST_F(Undo, DrawingIsTheSameAgain) {
+TEST_F(Undo, UndoRestoresTheSavedBytes) {
     const std::string original = saved();
     drawing->startUndoRecord();
     add(*drawing, new AcDbLine({0, 0, 0}, {1, 1, 0}));
@@ -85,7 +85,7 @@ TEST_F(Undo, DrawingIsTheSameAgain) {
     EXPECT_TRUE(saved() == edited);
 }
 
-TEST_F(Undo, NewBlockIsTakenBackWithItsContent) {
+TEST_F(Undo, NewBlocksAreUndoneWithTheirEntities) {
     const std::string original = saved();
     drawing->startUndoRecord();
     AcDbBlockTable* blocks = nullptr;
@@ -105,7 +105,7 @@ TEST_F(Undo, NewBlockIsTakenBackWithItsContent) {
     EXPECT_FALSE(blockId(*reopened(), L"NEW").isNull());
 }
 
-TEST_F(Undo, GroupDictionaryThatWasTakenBackIsMadeAgain) {
+TEST_F(Undo, ErasedGroupDictionaryIsCreatedAgain) {
     erase(drawing->groupDictionaryId());
     EXPECT_TRUE(drawing->groupDictionaryId().isNull());
     AcDbDictionary* groups = nullptr;

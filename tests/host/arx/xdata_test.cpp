@@ -8,7 +8,7 @@ struct ChainDeleter {
 };
 using Chain = std::unique_ptr<resbuf, ChainDeleter>;
 
-/// Builds chains in order.
+/// Appends items to a new chain.
 class ChainBuilder {
 public:
     ChainBuilder& text(short type, const ACHAR* value) {
@@ -83,7 +83,7 @@ protected:
 
 } // namespace
 
-TEST_F(ExtendedData, EveryKindOfValueSurvivesSaving) {
+TEST_F(ExtendedData, EveryTypeOfValueSurvivesSaving) {
     ChainBuilder chain;
     chain.application(L"ZU_ATTR").text(1000, L"表示 850㎥/h").text(1002, L"{").point(1011, 1, 2.5, -3);
     chain.text(1002, L"}").text(1003, L"SA-ダクト").bytes(kBytes).text(1005, L"10C");
@@ -117,8 +117,7 @@ TEST_F(ExtendedData, EveryKindOfValueSurvivesSaving) {
     }
 }
 
-/// And records that belong elsewhere may stand among them.
-TEST_F(ExtendedData, ChunksOfOtherProgramsMayHaveSmallDigits) {
+TEST_F(ExtendedData, LowerCaseChunksAreReadAndForeignCodesSkipped) {
     ASSERT_EQ(set(kShelf, ChainBuilder().application(L"ZU_ATTR").bytes(kBytes)), Acad::eOk);
     std::string bytes = drawing->dxfOutBytes(false);
     const std::size_t at = bytes.find("1AF09B");
@@ -140,7 +139,7 @@ TEST_F(ExtendedData, ApplicationsAreReplacedOneByOne) {
     EXPECT_STREQ(attributes->rbnext->resval.rstring, L"new");
     EXPECT_EQ(attributes->rbnext->rbnext, nullptr);
     EXPECT_STREQ(get(*drawing, kDuct, L"ZU_LINK")->rbnext->resval.rstring, links->rbnext->resval.rstring);
-    // A bare name takes the application's data away.
+    // A name without values removes the application's data.
     ASSERT_EQ(set(kDuct, ChainBuilder().application(L"ZU_ATTR")), Acad::eOk);
     EXPECT_EQ(get(*drawing, kDuct, L"ZU_ATTR"), nullptr);
     const Chain rest = get(*drawing, kDuct, nullptr);
@@ -163,7 +162,7 @@ TEST_F(ExtendedData, ApplicationsMustBeRegistered) {
     EXPECT_EQ(applications->recordIds().size(), 6U);
 }
 
-TEST_F(ExtendedData, NamesOfApplicationsAreOneWhateverTheirCase) {
+TEST_F(ExtendedData, NamesOfApplicationsAreComparedIgnoringCase) {
     ASSERT_EQ(set(kDuct, ChainBuilder().application(L"zu_attr").text(1000, L"new")), Acad::eOk);
     const Chain read = get(*drawing, kDuct, L"Zu_Attr");
     ASSERT_NE(read, nullptr);
@@ -171,7 +170,7 @@ TEST_F(ExtendedData, NamesOfApplicationsAreOneWhateverTheirCase) {
     EXPECT_STREQ(read->rbnext->resval.rstring, L"new");
 }
 
-TEST_F(ExtendedData, WrongChainsChangeNothing) {
+TEST_F(ExtendedData, InvalidChainsChangeNothing) {
     struct Case {
         const char* what;
         ChainBuilder chain;
