@@ -468,11 +468,17 @@ public:
     int Skip(int code, const wchar_t* name = nullptr);
 
     // These functions load what follows the current record. The last record read becomes the current record.
+    /// Loads all sections.
     void LoadDxfData();
+    /// Loads the HEADER section.
     void LoadHeader();
+    /// Loads the TABLES section.
     void LoadTables();
+    /// Loads the LAYER table.
     void LoadLayer();
+    /// Loads the BLOCKS section.
     void LoadBlocks();
+    /// Loads entities into a list, up to the end of the section or block.
     void LoadEnt(CEntList& list);
 
     // ---- ".zuf" files
@@ -487,8 +493,9 @@ public:
     /// fewer than n runs.
     static int GetRecordMember(int n, const CString& line, CString& member);
 
-    // Delete the objects, which are CObject pointers, and empty the array.
+    /// Deletes the elements, which are CObject pointers, and empties the array.
     static void FreePtrArray(CPtrArray& objects);
+    /// Does the same for an array of objects.
     static void FreePtrArray2(CObArray& objects);
 
 private:

@@ -64,11 +64,13 @@ public:
     /// Sets the path that the lines are saved to, and route-attribute mode by this path. With an empty path
     /// the lines are not saved.
     void SetFilePath(const wchar_t* path);
+    /// Returns the path that the lines are saved to.
     [[nodiscard]] CString GetFilePath() const;
     /// Sets the commands that are sent to the host after "属性確定" and after "戻る"; empty for none.
     void SetCommands(const wchar_t* confirm, const wchar_t* back);
     /// Sets a number for the caller's own use, initially 0.
     void SetFlag(int flag);
+    /// Returns the number set by SetFlag.
     [[nodiscard]] int GetFlag() const;
     /// Returns true in route-attribute mode: when the path set or saved last contains "\RootAttr.dat". The
     /// mode is one switch for the whole library.
@@ -78,6 +80,7 @@ public:
     void AddListView(const CStringArray& lines);
     /// Refills the list from the current lines.
     void AddListView();
+    /// Returns the current lines. The view keeps ownership.
     [[nodiscard]] const CStringArray& GetLines() const;
     /// Fills the right pane with the values of the selected lines.
     void DataDisp();
@@ -113,7 +116,8 @@ public:
 
     /// Brings the lines to six fields and writes them as the whole file: with a line end after each in
     /// route-attribute mode, else joined without line ends. Shows a message box, with the old file and the
-    /// lines unchanged, when the file cannot be written or its encoding cannot represent a character.
+    /// lines unchanged, when the file cannot be written, its encoding cannot represent a character, or a
+    /// line contains a null character.
     void SaveCSVFile();
     /// "属性修正": copies the values of the right pane into the selected lines.
     void OnUpdateAttributes();

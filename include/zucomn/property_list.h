@@ -46,11 +46,16 @@ public:
     /// Appends an item to the last category; throws when there is none.
     void AddItem(const CPropertyItem& item);
 
+    /// Returns the name of a category.
     [[nodiscard]] const CString& GetCategoryName(int category) const;
+    /// Returns true when the items of a category are visible.
     [[nodiscard]] bool IsExpanded(int category) const;
+    /// Expands or collapses a category.
     void SetExpanded(int category, bool expanded);
 
+    /// Returns the number of items in all categories.
     [[nodiscard]] int GetItemCount() const;
+    /// Returns an item; valid until the items change.
     [[nodiscard]] const CPropertyItem& GetItem(int item) const;
     /// Returns the index of the first item with the key; -1 when there is none.
     [[nodiscard]] int FindItem(const CString& key) const;
@@ -90,6 +95,8 @@ class ZUCOMN_API CPropertyListCtrl : public CListBox {
 public:
     CPropertyListCtrl();
     ~CPropertyListCtrl() override;
+    /// Creates the control with LBS_OWNERDRAWFIXED among the styles, and restores the position of the
+    /// divider.
     BOOL Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id);
 
     /// Sets the manager and refreshes the list. The caller keeps ownership; the manager must outlive the
@@ -110,6 +117,7 @@ public:
     /// by PLN_VALUECHANGED; a value that contains "|" shows a message and leaves the editor open. Returns
     /// true when no editor is open afterwards.
     bool EndEdit(bool accept);
+    /// Returns true while an editor is open.
     [[nodiscard]] bool IsEditing() const;
 
     void DrawItem(LPDRAWITEMSTRUCT draw) override;
@@ -137,7 +145,8 @@ protected:
 private:
     using Row = CMyAdaptablePropertyItemManager::Row;
 
-    // Posted messages: the combo box changes its list only after its notification returns.
+    // Posted messages: accepting a value destroys the combo box that sends the notification, and the list
+    // closes before the combo box reports the picked item.
     static constexpr UINT kPicked = WM_APP;
     static constexpr UINT kClosedUp = WM_APP + 1;
 

@@ -36,6 +36,7 @@ ZUCOMN_API int RootComn_GetBlockRootKind(const AcDbObjectId& element, int* kind)
 /// a link record counts as -1. Returns 0 for kinds 1 to 4, else -1 with the last kind read in `*kind`.
 /// Returns -1 with `*kind` untouched when the group cannot be opened or is empty.
 ZUCOMN_API int RootComn_GetRootKind(const AcDbObjectId& group, int* kind);
+/// Does the same for a group given by name.
 ZUCOMN_API int RootComn_GetRootKind(const CString& groupName, int* kind);
 /// Works as RootComn_GetRootKind, but takes the first kind above 0 and also returns 0 for kind 0.
 ZUCOMN_API int RootComn_GetRootKind2(const AcDbObjectId& group, int* kind);
@@ -123,6 +124,7 @@ ZUCOMN_API int RootComn_MakeGroup(const AcArray<AcDbObjectId>& elements,
 /// live elements, one of them is open elsewhere, or the name is in use or empty.
 ZUCOMN_API int RootComn_CreateNewGroup(const CString& name, const AcArray<AcDbObjectId>& elements,
                                        AcDbObjectId& newGroup, bool selectable);
+/// Creates a group with one element in the same way.
 ZUCOMN_API int RootComn_CreateNewGroup(const CString& name, const AcDbObjectId& element,
                                        AcDbObjectId& newGroup, bool selectable);
 /// Stores "*", the name that makes new route groups anonymous. Returns 0.
@@ -130,22 +132,26 @@ ZUCOMN_API int RootComn_GetNewGroupName(CString& name);
 
 /// Inserts the element at the front of the group. An element that is a member already keeps its position.
 ZUCOMN_API int RootComn_AddGroupMember(const CString& groupName, const AcDbObjectId& element);
+/// Does the same for a group given by id.
 ZUCOMN_API int RootComn_AddGroupMember(const AcDbObjectId& group, const AcDbObjectId& element);
 /// Removes the element from the group. Returns -1 when it is no member.
 ZUCOMN_API int RootComn_DelGroupMember(const AcDbObjectId& group, const AcDbObjectId& element);
 /// Removes the element from the group and stores the group's name and the number of remaining members.
 ZUCOMN_API int RootComn_DelGroupMember(const AcDbObjectId& group, const AcDbObjectId& element, CString& name,
                                        int* remaining);
+/// Does the same for a group given by name.
 ZUCOMN_API int RootComn_DelGroupMember(const CString& groupName, const AcDbObjectId& element, CString& name,
                                        int* remaining);
 /// Deletes the group; its members stay in the drawing.
 ZUCOMN_API int RootComn_DelGroup(const CString& groupName);
+/// Does the same for a group given by id.
 ZUCOMN_API int RootComn_DelGroup(const AcDbObjectId& group);
 
 /// Replaces `members` by the ids of all members in group order.
 ZUCOMN_API int RootComn_GetGroupMember(const AcDbObjectId& group, AcArray<AcDbObjectId>& members);
 /// Stores the number of members.
 ZUCOMN_API int RootComn_GetGroupSize(const CString& groupName, int* size);
+/// Does the same for a group given by id.
 ZUCOMN_API int RootComn_GetGroupSize(const AcDbObjectId& group, int* size);
 /// Stores the group's name in the group dictionary. Returns -1 when it has none.
 ZUCOMN_API int RootComn_GetGroupNameFromGroupOid(const AcDbObjectId& group, CString& name);
@@ -153,6 +159,7 @@ ZUCOMN_API int RootComn_GetGroupNameFromGroupOid(const AcDbObjectId& group, CStr
 /// positions. Returns -1, with the target unchanged, when the groups are in different drawings, one of them
 /// cannot be opened or a member is open elsewhere.
 ZUCOMN_API int RootComn_GroupMemberCopy(const AcDbObjectId& source, const AcDbObjectId& target);
+/// Does the same for groups given by name.
 ZUCOMN_API int RootComn_GroupMemberCopy(const CString& source, const CString& target);
 
 /// Appends the groups that list an element and pass the kind filter (0: all), with their names and route

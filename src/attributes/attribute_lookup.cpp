@@ -4,12 +4,10 @@
 
 namespace {
 
-constexpr wchar_t kBar = L'|';
-
-CString withBar(const wchar_t* key) {
+CString withSeparator(const wchar_t* key) {
     CString text(key);
-    if (text.IsEmpty() || text.GetAt(text.GetLength() - 1) != kBar)
-        text += kBar;
+    if (text.IsEmpty() || text.GetAt(text.GetLength() - 1) != zu::kFieldSeparator)
+        text += zu::kFieldSeparator;
     return text;
 }
 
@@ -35,26 +33,26 @@ int CAttributeData::GetAtt(const CStringArray* list, const wchar_t* key, CString
     const int index = FindAtt(list, key);
     if (index < 0)
         return -1;
-    out = zu::splitAtBars((*list)[index]).front();
+    out = zu::splitFields((*list)[index]).front();
     return 0;
 }
 
 CString CAttributeData::GetValueAtt(const CStringArray* list, const wchar_t* key) {
-    const CString wanted = withBar(key);
+    const CString wanted = withSeparator(key);
     CString found;
     if (GetAtAtt(list, wanted, found) != 0)
         return {};
-    return zu::splitAtBars(found.Mid(wanted.GetLength())).front();
+    return zu::splitFields(found.Mid(wanted.GetLength())).front();
 }
 
 int CAttributeData::SetAtAtt(CStringArray* list, const wchar_t* key, const wchar_t* value) {
     const int index = FindAtt(list, key);
     if (index < 0)
         return -1;
-    const std::vector<CString> fields = zu::splitAtBars((*list)[index]);
+    const std::vector<CString> fields = zu::splitFields((*list)[index]);
     CString changed;
     for (std::size_t i = 0; i + 1 < fields.size(); ++i)
-        changed += (i == 1 ? CString(value) : fields[i]) + kBar;
+        changed += (i == 1 ? CString(value) : fields[i]) + zu::kFieldSeparator;
     list->SetAt(index, changed);
     return 0;
 }

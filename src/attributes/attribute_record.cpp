@@ -6,8 +6,6 @@ namespace zu {
 
 namespace {
 
-constexpr wchar_t kBar = L'|';
-
 CString trimmed(CString text) {
     return text.Trim();
 }
@@ -19,18 +17,18 @@ CString fieldOrEmpty(const std::vector<CString>& fields, std::size_t index) {
 CString encodeItem(const ItemFields& fields) {
     CString text;
     for (const CString& field : fields)
-        text += trimmed(field) + kBar;
+        text += trimmed(field) + kFieldSeparator;
     return text;
 }
 
 } // namespace
 
-std::vector<CString> splitAtBars(const CString& text) {
+std::vector<CString> splitFields(const CString& text) {
     std::vector<CString> fields;
     int start = 0;
-    for (int bar = text.Find(kBar); bar >= 0; bar = text.Find(kBar, start)) {
-        fields.push_back(text.Mid(start, bar - start));
-        start = bar + 1;
+    for (int end = text.Find(kFieldSeparator); end >= 0; end = text.Find(kFieldSeparator, start)) {
+        fields.push_back(text.Mid(start, end - start));
+        start = end + 1;
     }
     fields.push_back(text.Mid(start));
     return fields;
@@ -41,7 +39,7 @@ std::vector<CString> encodeRecord(const AttributeRecord& record) {
         return {};
     CString header;
     header.Format(L"%d|", static_cast<int>(record.items.size()));
-    header += trimmed(record.first) + kBar + trimmed(record.second) + kBar;
+    header += trimmed(record.first) + kFieldSeparator + trimmed(record.second) + kFieldSeparator;
     std::vector<CString> strings{header};
     std::transform(record.items.begin(), record.items.end(), std::back_inserter(strings), encodeItem);
     return strings;
@@ -50,10 +48,10 @@ std::vector<CString> encodeRecord(const AttributeRecord& record) {
 std::optional<AttributeRecord> decodeRecord(const CStringArray& strings) {
     if (strings.IsEmpty())
         return std::nullopt;
-    const std::vector<CString> header = splitAtBars(strings[0]);
+    const std::vector<CString> header = splitFields(strings[0]);
     AttributeRecord record{fieldOrEmpty(header, 1), fieldOrEmpty(header, 2), {}};
     for (int i = 1; i < strings.GetSize(); ++i) {
-        const std::vector<CString> fields = splitAtBars(strings[i]);
+        const std::vector<CString> fields = splitFields(strings[i]);
         ItemFields& item = record.items.emplace_back();
         for (std::size_t column = 0; column < item.size(); ++column)
             item[column] = fieldOrEmpty(fields, column);

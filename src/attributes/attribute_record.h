@@ -11,6 +11,9 @@ namespace zu {
 /// Application name of the extended data that stores the attribute record.
 inline constexpr const wchar_t* kAttributeApplication = L"ZU_ATTR";
 
+/// Separates the fields of the record's strings and of attribute files.
+inline constexpr wchar_t kFieldSeparator = L'|';
+
 /// A row has nine columns; columns 3 to 8 are its stored fields.
 inline constexpr int kRowColumns = 9;
 inline constexpr int kFirstStoredColumn = 3;
@@ -26,8 +29,8 @@ struct AttributeRecord {
     std::vector<ItemFields> items;
 };
 
-/// Splits a text at every "|"; returns one field more than there are separators.
-[[nodiscard]] std::vector<CString> splitAtBars(const CString& text);
+/// Splits a text at every separator; returns one field more than there are separators.
+[[nodiscard]] std::vector<CString> splitFields(const CString& text);
 
 /// Returns the strings of a record: the header with the number of items, then one string per item. Values are
 /// trimmed. A record without items has no strings.

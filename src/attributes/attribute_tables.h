@@ -8,8 +8,8 @@ namespace zu {
 /// kind letter, offered text, editable). Records are CStringArray objects.
 class AttributeTables {
 public:
-    /// Returns the library's instance. Reads missing tables when the settings file has changed since the last
-    /// attempt.
+    /// Returns the library's instance. Reads missing tables when the path of the settings file has changed
+    /// since the last attempt.
     static AttributeTables& instance();
 
     /// Reads the tables that are still empty from the standard-parts folder of the settings. Loaded tables

@@ -213,7 +213,7 @@ TEST_F(FrameTest, DoesNotWriteValuesOfThePreviousSelection) {
     EXPECT_EQ(shown(L"S401|"), height);
 }
 
-TEST_F(FrameTest, KeysEditInPlace) {
+TEST_F(FrameTest, KeysCollapseHeadingsAndMoveTheEditor) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
     CPropertyListCtrl& list = properties();
     list.SetFocus();
@@ -238,8 +238,13 @@ TEST_F(FrameTest, KeysEditInPlace) {
     CStringArray values;
     EXPECT_EQ(frame_.GetRightPane()->GetAttSel(keys, values), 0);
     EXPECT_EQ(text(keys[0]), L"S304|");
+}
 
-    // Typing replaces the value. A value with "|" shows a message, and the editor stays open.
+TEST_F(FrameTest, TypingReplacesTheValueAndRejectsTheSeparator) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
+    CPropertyListCtrl& list = properties();
+    list.SetFocus();
+    list.SelectItem(1);
     QTest::keyClicks(list.widget(), "9");
     QTest::keyClicks(editor(list), "0|");
     {

@@ -11,40 +11,43 @@
 
 namespace zucomn {
 
-/// A row of an element's attribute record: two values of the element, the attribute's display name, its id,
-/// its value, its kind, its label, its number and its mark.
+/// A row of an element's attribute record: the two values of the element, then the attribute's display name,
+/// id, value, kind, label, number and mark.
 using AttributeRow = std::array<std::wstring, 9>;
 
-/// Returns the rows of an element, in stored order; none for an element without a record.
+/// Returns the rows of an element in stored order; an empty vector for an element without a record.
 [[nodiscard]] ZUCOMN_API std::vector<AttributeRow> readAttributes(AcDbObjectId element);
 
-/// A value to be written under an attribute id ("S401"). A value must not contain "|": it separates the
-/// fields of a record.
+/// A value to write under an attribute id such as "S401". It must not contain "|", which separates the fields
+/// of a record.
 struct AttributeValue {
     std::wstring id;
     std::wstring value;
 };
 
+/// The outcome of an edit for one element.
 enum class EditOutcome {
     changed,
-    unchanged,   ///< It has these values already.
-    noAttribute, ///< It has none of the attributes.
-    lockedLayer, ///< Its layer is locked.
-    failed,      ///< Its record can't be written.
+    unchanged,   ///< The element has these values already.
+    noAttribute, ///< The element has none of the attributes.
+    lockedLayer, ///< The element's layer is locked.
+    failed,      ///< The record cannot be written.
 };
 
+/// What an edit did to an element.
 struct EditedElement {
     AcDbObjectId element;
     EditOutcome outcome = EditOutcome::failed;
-    bool hasAttribute = false; ///< It has one of the attributes, whatever the outcome.
-    bool isUnplaced =
-        false;          ///< Changed, and its mounting height ("S401") is no number: sections can't place it.
-    std::wstring layer; ///< The name of the locked layer.
+    bool hasAttribute = false; ///< The element has one of the attributes, whatever the outcome.
+    /// The element was changed, and its mounting height ("S401") is not a number, so that section drawings
+    /// cannot place it.
+    bool isUnplaced = false;
+    std::wstring layer; ///< Name of the locked layer.
 };
 
-/// Writes the values into the record of every element that has the attributes, as one undo step of each
-/// drawing. Nothing is shown but the progress meter. Returns what happened to each element, in order; what
-/// was not changed is untouched. The time grows with the number of elements.
+/// Writes the values to the records of all elements that have the attributes, as one undo step per drawing.
+/// Shows the progress meter but no message. Returns the outcome for each element in order; elements that are
+/// not changed are untouched. The time is proportional to the number of elements.
 ZUCOMN_API std::vector<EditedElement> editAttributes(std::span<const AcDbObjectId> elements,
                                                      std::span<const AttributeValue> values);
 

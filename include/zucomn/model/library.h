@@ -4,10 +4,10 @@
 
 namespace zucomn {
 
-/// Gives every process-wide value of the library its default, as in a library just loaded: language, settings
-/// file, layer names, scale, tolerances, working database, windows, tables read, replace reactors, indexes of
-/// the connection search. Windows of the library must be closed before. Meant for tests and for programs that
-/// start anew.
+/// Resets all process-wide values of the library to their state after loading: language, settings file, layer
+/// names, scale, tolerances, working database, window records, tables, replace reactors, indexes of the
+/// connection search. Close the library's windows first. For tests, and for programs that restart their
+/// session.
 ZUCOMN_API void resetLibrary();
 
 } // namespace zucomn

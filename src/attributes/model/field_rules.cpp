@@ -12,10 +12,10 @@ std::wstring_view attributeFieldIn(std::wstring_view text, int n) {
     if (n < 1)
         return {};
     for (int field = 1;; ++field) {
-        const std::size_t bar = text.find(L'|');
-        if (field == n || bar == std::wstring_view::npos)
-            return text.substr(0, bar);
-        text.remove_prefix(bar + 1);
+        const std::size_t end = text.find(kFieldSeparator);
+        if (field == n || end == std::wstring_view::npos)
+            return text.substr(0, end);
+        text.remove_prefix(end + 1);
     }
 }
 

@@ -59,7 +59,7 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
 std::vector<ShownItem> writableItems(std::span<const ShownItem> items, const ParameterIndex& parameters) {
     std::vector<ShownItem> writable;
     std::copy_if(items.begin(), items.end(), std::back_inserter(writable), [&](const ShownItem& item) {
-        return item.value != kVarious && item.value.Find(L'|') < 0 &&
+        return item.value != kVarious && item.value.Find(kFieldSeparator) < 0 &&
                parameters.editable(attributeField(item.key, 1));
     });
     return writable;
@@ -72,8 +72,8 @@ bool applyItems(CStringArray& list, std::span<const ShownItem> writable) {
         if (index < 0 || valueOf(list[index]) == item.value.view())
             continue;
         // SetAtAtt removes a last field that does not end in "|".
-        if (list[index].Find(L'|', item.key.GetLength()) < 0)
-            list[index] += L'|';
+        if (list[index].Find(kFieldSeparator, item.key.GetLength()) < 0)
+            list[index] += kFieldSeparator;
         changed = CAttributeData::SetAtAtt(&list, item.key, item.value) == 0 || changed;
     }
     return changed;

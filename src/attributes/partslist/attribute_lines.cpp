@@ -13,7 +13,6 @@ namespace zu {
 
 namespace {
 
-constexpr wchar_t kBar = L'|';
 constexpr int kLabelField = 4;
 constexpr const wchar_t* kLineEnds = L"\r\n";
 
@@ -22,14 +21,14 @@ CString itemText(std::span<const CString> fields) {
     for (std::size_t i = 0; i < kStoredFields; ++i) {
         if (i < fields.size())
             text += fields[i];
-        text += kBar;
+        text += kFieldSeparator;
     }
     return text;
 }
 
 /// Splits a line into fields. Text after the last "|" counts as a field unless it is blank.
 std::vector<CString> fieldsOf(const CString& line) {
-    std::vector<CString> fields = splitAtBars(line);
+    std::vector<CString> fields = splitFields(line);
     if (CString(fields.back()).Trim().IsEmpty())
         fields.pop_back();
     return fields;
