@@ -13,13 +13,13 @@ namespace fs = std::filesystem;
 using file_ops::File;
 
 constexpr std::size_t kBuffer = std::size_t{1} << 20U;
-/// Of a device, a pipe or a file that grows while it is read: it may have no end.
+/// Limits the bytes of a device, a pipe or a growing file, which may have no end.
 constexpr std::size_t kMostUnexpected = std::size_t{1} << 27U;
 constexpr int kNameAttempts = 1000;
 constexpr int kMostLinks = 40;
 
-/// A link may name a file that is yet to be made.
-std::string behindLinks(const std::string& path) {
+/// Resolves symbolic links; the file they name need not exist.
+std::string resolveLinks(const std::string& path) {
     std::error_code error;
     fs::path named = path;
     for (int followed = 0; followed < kMostLinks && fs::is_symlink(fs::symlink_status(named, error));
@@ -39,8 +39,9 @@ bool exists(const std::string& path) {
     return fs::exists(path, error);
 }
 
-/// Renaming would replace a file that nobody may write, and a device or pipe, so that is asked for first.
-int writable(const std::string& path) {
+/// Returns 0 when the file may be replaced. Must be checked first: renaming would replace even a read-only
+/// file, a device or a pipe.
+int replaceError(const std::string& path) {
     std::error_code unknown;
     const fs::file_status status = fs::status(path, unknown);
     if (!fs::exists(status))
@@ -82,8 +83,8 @@ std::variant<std::string, int> readWholeFile(const std::string& path) try {
     return ENOMEM;
 }
 
-AtomicFile::AtomicFile(const std::string& path, const std::string& model) : target_(behindLinks(path)) {
-    error_ = writable(target_);
+AtomicFile::AtomicFile(const std::string& path, const std::string& model) : target_(resolveLinks(path)) {
+    error_ = replaceError(target_);
     if (error_ == 0)
         open(exists(target_) ? target_ : model);
 }
@@ -101,7 +102,7 @@ void AtomicFile::open(const std::string& rightsOf) {
     }
     if (error_ != 0)
         temporary_.clear();
-    else if (!rightsOf.empty()) // before anything is in it
+    else if (!rightsOf.empty()) // while the file is still empty
         error_ = file_ops::copyMode(rightsOf, temporary_);
 }
 
@@ -136,7 +137,7 @@ int AtomicFile::commit() {
         return error_;
     }
     done_ = true;
-    // The new file is in place; that a folder can't be synced is no reason to report a failed save.
+    // The new file is in place: a folder that cannot be synced does not make the save fail.
     file_ops::syncFolder(folderOf(target_));
     return 0;
 }

@@ -13,14 +13,14 @@ using zuhost::fileExceptionCauseOf;
 using zuhost::file_ops::File;
 
 struct CFile::Handle {
-    File file;                            ///< For everything but creating.
-    std::unique_ptr<AtomicFile> creation; ///< For creating.
+    File file;                            ///< Open unless the file is being created.
+    std::unique_ptr<AtomicFile> creation; ///< Null unless the file is being created.
     ULONGLONG written = 0;
 };
 
 namespace {
 
-/// A name that is not there fails for its folder before it fails for itself.
+/// Returns the error for a missing file: that of its folder if the folder is missing, too.
 int folderError(const std::string& path) {
     const std::filesystem::path folder = std::filesystem::path(path).parent_path();
     std::error_code error;
@@ -64,7 +64,7 @@ CFile::~CFile() {
     try {
         CFile::Close();
     } catch (const CFileException&) {
-        // As the interface has it: who wants to know calls Close.
+        // Destructors do not throw; callers that need the result call Close.
         handle_.reset();
     }
 }
@@ -94,7 +94,7 @@ BOOL CFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
 
 void CFile::fail(int systemError) {
     if (handle_ != nullptr && handle_->creation != nullptr)
-        handle_->creation->giveUp(systemError);
+        handle_->creation->setError(systemError);
     SetLastError(zuhost::lastErrorOf(systemError));
     AfxThrowFileException(fileExceptionCauseOf(systemError), static_cast<LONG>(GetLastError()), path_);
 }

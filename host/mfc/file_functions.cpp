@@ -18,7 +18,7 @@ bool exists(const std::string& path) {
     return std::filesystem::exists(path, error);
 }
 
-BOOL answer(int systemError) {
+BOOL resultOf(int systemError) {
     if (systemError == 0)
         return TRUE;
     SetLastError(zuhost::lastErrorOf(systemError));
@@ -37,7 +37,7 @@ int copy(const std::string& from, const std::string& to, bool failIfExists) {
 } // namespace
 
 BOOL CopyFileW(const wchar_t* from, const wchar_t* to, BOOL failIfExists) {
-    return answer(copy(systemPath(from), systemPath(to), failIfExists != FALSE));
+    return resultOf(copy(systemPath(from), systemPath(to), failIfExists != FALSE));
 }
 
 BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
@@ -46,9 +46,9 @@ BOOL MoveFileW(const wchar_t* from, const wchar_t* to) {
         SetLastError(ERROR_ALREADY_EXISTS);
         return FALSE;
     }
-    return answer(zuhost::file_ops::rename(systemPath(from), target));
+    return resultOf(zuhost::file_ops::rename(systemPath(from), target));
 }
 
 BOOL DeleteFileW(const wchar_t* path) {
-    return answer(zuhost::file_ops::remove(systemPath(path)));
+    return resultOf(zuhost::file_ops::remove(systemPath(path)));
 }

@@ -13,7 +13,7 @@ namespace zuhost::file_ops {
 
 namespace {
 
-/// One call of the system never moves more than this; larger ones are refused by some file systems.
+/// Limits the bytes of one system call; some file systems reject larger ones.
 constexpr std::size_t kLargestTransfer = std::size_t{1} << 30U;
 
 Interceptor& interceptor() {
@@ -140,7 +140,7 @@ int File::seek(std::int64_t offset, int origin, std::int64_t& position) {
 int File::sync() {
     if (const int error = intercepted(Operation::sync, path_))
         return error;
-    // Pipes and the like can't be synced and need not be.
+    // Pipes and devices cannot be synced and need not be.
     const int error = result(::fsync(handle_));
     return error == EINVAL || error == EROFS ? 0 : error;
 }

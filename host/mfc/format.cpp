@@ -23,8 +23,7 @@ struct Conversion {
     int width = 0;
     int precision = -1;
     wchar_t type = L'\0';
-    bool wideInteger = false; ///< "ll", "I64": otherwise integers are cut to 32 bits as the platform does.
-    bool narrowText = false;  ///< "h" or the swapped letter: only decides how %c and %s read narrow text.
+    bool wideInteger = false; ///< "ll", "I64"; other integers are truncated to 32 bits as on the platform.
 };
 
 class Arguments {
@@ -48,18 +47,18 @@ private:
     std::size_t at_ = 0;
 };
 
-/// Of ASCII.
+/// Widens ASCII text.
 std::wstring widen(std::string_view text) {
     return {text.begin(), text.end()};
 }
 
-class Reader {
+class FormatReader {
 public:
-    Reader(std::wstring_view text, std::size_t at) : text_(text), at_(at) {}
+    FormatReader(std::wstring_view text, std::size_t at) : text_(text), at_(at) {}
 
     [[nodiscard]] bool atEnd() const { return at_ >= text_.size(); }
     [[nodiscard]] std::size_t position() const { return at_; }
-    wchar_t take() { return atEnd() ? L'\0' : text_[at_++]; }
+    wchar_t next() { return atEnd() ? L'\0' : text_[at_++]; }
     bool accept(std::wstring_view piece) {
         if (text_.substr(at_, piece.size()) != piece)
             return false;
@@ -78,7 +77,7 @@ private:
     std::size_t at_;
 };
 
-void readFlags(Reader& reader, Conversion& c) {
+void readFlags(FormatReader& reader, Conversion& c) {
     while (true) {
         if (reader.accept(L"-"))
             c.left = true;
@@ -95,17 +94,17 @@ void readFlags(Reader& reader, Conversion& c) {
     }
 }
 
-void readSize(Reader& reader, Conversion& c) {
+void readSize(FormatReader& reader, Conversion& c) {
     if (reader.accept(L"I64") || reader.accept(L"ll") || reader.accept(L"j") || reader.accept(L"z") ||
         reader.accept(L"t"))
         c.wideInteger = true;
-    else if (reader.accept(L"hh") || reader.accept(L"h"))
-        c.narrowText = true;
-    else if (!reader.accept(L"I32") && !reader.accept(L"l") && !reader.accept(L"w"))
-        reader.accept(L"L");
+    else
+        for (const wchar_t* const size : {L"hh", L"h", L"I32", L"l", L"w", L"L"})
+            if (reader.accept(size))
+                return;
 }
 
-Conversion readConversion(Reader& reader, Arguments& arguments) {
+Conversion readConversion(FormatReader& reader, Arguments& arguments) {
     Conversion c;
     readFlags(reader, c);
     c.width = reader.accept(L"*") ? arguments.nextNumber() : reader.number();
@@ -116,7 +115,7 @@ Conversion readConversion(Reader& reader, Arguments& arguments) {
     if (reader.accept(L"."))
         c.precision = reader.accept(L"*") ? arguments.nextNumber() : reader.number();
     readSize(reader, c);
-    c.type = reader.take();
+    c.type = reader.next();
     return c;
 }
 
@@ -181,7 +180,7 @@ std::wstring formatUnsigned(const FormatArgument& argument, const Conversion& c)
     return padded(integerDigits(value, base, upper, c.precision), prefix, c, c.zero && c.precision < 0);
 }
 
-/// %g with '#' keeps trailing zeros; to_chars has no such form, and nobody here asks for it.
+/// Ignores '#': to_chars has no form of %g that keeps trailing zeros.
 std::string realDigits(double magnitude, wchar_t type, int precision) {
     const auto form = type == L'f' || type == L'F'   ? std::chars_format::fixed
                       : type == L'e' || type == L'E' ? std::chars_format::scientific
@@ -207,9 +206,9 @@ std::wstring formatReal(const FormatArgument& argument, const Conversion& c) {
     return padded(digits, signOf(negative, c), c, c.zero);
 }
 
-// With a precision a text needs no zero at its end.
+// With a precision the text need not be zero-terminated.
 
-std::wstring_view wordsOf(const wchar_t* text, int precision) {
+std::wstring_view textOf(const wchar_t* text, int precision) {
     if (precision < 0)
         return text;
     std::size_t size = 0;
@@ -224,7 +223,7 @@ std::size_t utf8Length(char lead) {
 }
 
 /// The precision counts characters, not bytes.
-std::string_view wordsOf(const char* text, int precision) {
+std::string_view textOf(const char* text, int precision) {
     if (precision < 0)
         return text;
     std::size_t size = 0;
@@ -237,14 +236,14 @@ std::string_view wordsOf(const char* text, int precision) {
     return {text, size};
 }
 
-std::wstring formatWords(const FormatArgument& argument, const Conversion& c) {
+std::wstring formatString(const FormatArgument& argument, const Conversion& c) {
     std::wstring text = L"(null)";
     if (const auto* wide = std::get_if<const wchar_t*>(&argument)) {
         if (*wide != nullptr)
-            text = wordsOf(*wide, c.precision);
+            text = textOf(*wide, c.precision);
     } else if (const auto* narrow = std::get_if<const char*>(&argument)) {
         if (*narrow != nullptr)
-            text = fromUtf8(wordsOf(*narrow, c.precision));
+            text = fromUtf8(textOf(*narrow, c.precision));
     } else {
         return {};
     }
@@ -277,7 +276,7 @@ std::wstring formatOne(const FormatArgument& argument, const Conversion& c) {
         return formatReal(argument, c);
     case L's':
     case L'S':
-        return formatWords(argument, c);
+        return formatString(argument, c);
     case L'c':
     case L'C':
         return formatCharacter(argument, c);
@@ -297,7 +296,7 @@ std::wstring formatText(std::wstring_view format, std::span<const FormatArgument
         result.append(format.substr(at, percent - at));
         if (percent == format.size())
             break;
-        Reader reader(format, percent + 1);
+        FormatReader reader(format, percent + 1);
         if (reader.accept(L"%")) {
             result += L'%';
         } else {

@@ -12,7 +12,7 @@ struct Language {
     LANGID id;
 };
 
-/// The longer names first, so that a country with a language id of its own is found before its language.
+/// Names with a country come first, so that they are found before their language alone.
 constexpr std::array kLanguages{
     Language{"zh_CN", 0x0804}, Language{"zh_HK", 0x0C04}, Language{"zh_SG", 0x1004},
     Language{"zh_TW", 0x0404}, Language{"en_GB", 0x0809}, Language{"en_AU", 0x0C09},
@@ -42,7 +42,7 @@ std::string_view variable(const char* name) {
     return value != nullptr ? value : "";
 }
 
-/// Empty when none is set.
+/// Returns an empty text when no locale is set.
 std::string_view environmentLocale() {
     for (const std::string_view locale : {variable("LC_ALL"), variable("LC_MESSAGES"), variable("LANG")})
         if (!locale.empty())

@@ -17,7 +17,8 @@ namespace {
 namespace fs = std::filesystem;
 
 std::list<HINSTANCE__>& modules() {
-    // Never destroyed: modules leave it when they are unloaded, which may be after the host's own end.
+    // Never destroyed: modules may be unloaded, and removed from the list, after the host's static
+    // destructors.
     static auto* const list = new std::list<HINSTANCE__>;
     return *list;
 }
@@ -29,7 +30,7 @@ HINSTANCE findByPath(const std::string& path) {
     return nullptr;
 }
 
-void forget(HINSTANCE module) {
+void removeModule(HINSTANCE module) {
     modules().remove_if([module](const HINSTANCE__& m) { return &m == module; });
 }
 
@@ -39,7 +40,7 @@ std::string canonical(const std::string& path) {
     return error ? path : real.string();
 }
 
-/// "libZuComn.so.1.0.0" -> "ZuComn.dll"
+/// Returns "ZuComn.dll" for "libZuComn.so.1.0.0".
 std::string hostName(const std::string& file) {
     std::string stem = file.substr(0, file.find(".so"));
     if (const std::size_t texts = stem.rfind(".strings"); texts != std::string::npos)
@@ -62,7 +63,7 @@ std::string pathOfAddress(const void* address) {
                                                                     : std::string();
 }
 
-/// The file that a module's name stands for; empty when there is none.
+/// Returns the file of a module by its path in the platform's form; empty when there is none.
 std::string moduleFile(const std::wstring& path) {
     const fs::path given = zuhost::systemPath(path);
     const std::string stem = given.stem().string();
@@ -120,7 +121,7 @@ namespace zuhost {
 
 ModuleRegistration::ModuleRegistration(const ModuleDeclaration& declaration) {
     const std::string path = pathOfAddress(declaration.anchor);
-    // A program that holds the module's objects itself is a module of its own name in the same file.
+    // Module objects that are linked into the program form a module with its own name in the program's file.
     const bool inProgram = path == canonical("/proc/self/exe");
     const HINSTANCE known = inProgram ? nullptr : findByPath(path);
     instance_ = known != nullptr ? known : add(path);
@@ -137,7 +138,7 @@ ModuleRegistration::ModuleRegistration(const ModuleDeclaration& declaration) {
 ModuleRegistration::~ModuleRegistration() {
     if (instance_->entry != nullptr)
         instance_->entry(instance_, DLL_PROCESS_DETACH, nullptr);
-    forget(instance_);
+    removeModule(instance_);
 }
 
 } // namespace zuhost
@@ -163,9 +164,10 @@ BOOL FreeLibrary(HMODULE module) {
     --known->loads;
     void* const library = known->library;
     if (library == nullptr && known->loads == 0)
-        forget(module);
+        removeModule(module);
     else if (library != nullptr)
-        dlclose(library); // its registration takes it off the list when this was the last
+        dlclose(
+            library); // the last one destroys the ModuleRegistration, which removes the module from the list
     return TRUE;
 }
 

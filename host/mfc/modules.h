@@ -5,13 +5,13 @@
 
 #include <string>
 
-/// A loaded module: what an HINSTANCE points to.
+/// A loaded module; an HINSTANCE points to it.
 struct HINSTANCE__ {
-    std::string path;        ///< Of the file, as the system knows it.
-    std::string name;        ///< Host-shaped: "ZuComn.dll".
-    void* library = nullptr; ///< Of dlopen; null for the program and for modules of texts only.
+    std::string path;        ///< The file's path in the system's form.
+    std::string name;        ///< File name in the platform's form: "ZuComn.dll".
+    void* library = nullptr; ///< Handle of dlopen; null for the program and for modules of texts only.
     int (*entry)(HINSTANCE, DWORD, void*) = nullptr;
     zuhost::StringTable strings;
-    int loads = 0;         ///< How often LoadLibraryW gave it out.
-    bool declared = false; ///< Told us of itself when it was loaded.
+    int loads = 0;         ///< Calls of LoadLibraryW without a FreeLibrary.
+    bool declared = false; ///< Registered by ModuleRegistration.
 };

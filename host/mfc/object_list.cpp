@@ -8,7 +8,7 @@ struct CObList::Node {
 
 namespace {
 
-/// As many nodes again as there are, in few steps to blocks of large pages.
+/// Returns the nodes of the next block: doubles their number, then uses blocks of the size of a large page.
 int nextBlock(int allocated, std::size_t nodeSize) {
     constexpr int kFirst = 4;
     constexpr std::size_t kManyBytes = std::size_t{384} * 1024;

@@ -12,19 +12,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool isThere(const fs::path& path) {
+bool entryExists(const fs::path& path) {
     std::error_code error;
     return fs::symlink_status(path, error).type() != fs::file_type::not_found;
 }
 
-bool sameButForCase(std::wstring_view a, std::wstring_view b) {
+bool equalIgnoringCase(std::wstring_view a, std::wstring_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](wchar_t x, wchar_t y) { return toLower(x) == toLower(y); });
 }
 
-/// The entry of the folder whose name differs from `name` in case only; `name` itself when there is none.
+/// Returns the folder's entry whose name differs from `name` in case only; `name` itself when there is none.
 std::string nameInFolder(const fs::path& folder, const std::string& name) {
-    if (isThere(folder / name))
+    if (entryExists(folder / name))
         return name;
     const std::wstring wanted = fromUtf8(name);
     std::string best;
@@ -32,7 +32,7 @@ std::string nameInFolder(const fs::path& folder, const std::string& name) {
     for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
          entry.increment(error)) {
         const std::string candidate = entry->path().filename().string();
-        if (sameButForCase(fromUtf8(candidate), wanted) && (best.empty() || candidate < best))
+        if (equalIgnoringCase(fromUtf8(candidate), wanted) && (best.empty() || candidate < best))
             best = candidate;
     }
     return best.empty() ? name : best;
@@ -50,8 +50,8 @@ std::string withSlashes(std::wstring_view path) {
     return slashed;
 }
 
-/// Spaces and dots at the end are no part of a name.
-std::string withoutEnd(const std::string& path) {
+/// Removes trailing spaces and dots, which the platform does not store in names.
+std::string withoutTrailingDots(const std::string& path) {
     const std::size_t length = path.find_last_not_of(" .") + 1;
     return length == 0 || path[length - 1] == '/' ? path : path.substr(0, length);
 }
@@ -60,10 +60,10 @@ std::string withoutEnd(const std::string& path) {
 
 std::string systemPath(std::wstring_view path) {
     std::string slashed = withSlashes(path);
-    if (slashed.empty() || slashed.find('\0') != std::string::npos || isThere(slashed))
+    if (slashed.empty() || slashed.find('\0') != std::string::npos || entryExists(slashed))
         return slashed;
     fs::path found;
-    for (const fs::path& component : fs::path(withoutEnd(slashed))) {
+    for (const fs::path& component : fs::path(withoutTrailingDots(slashed))) {
         const std::string name = component.string();
         found /= component.has_root_directory() || isSpecial(name) ? name : nameInFolder(found, name);
     }

@@ -10,13 +10,13 @@ namespace {
 
 constexpr std::size_t kLargePage = std::size_t{2} << 20U;
 
-/// Null when there is no memory.
+/// Returns null when there is no memory.
 void* mapped(std::size_t bytes) {
     void* const start = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     return start != MAP_FAILED ? start : nullptr;
 }
 
-/// Whole pages from the start of a large page on; null when there is no memory.
+/// Returns memory that starts at a large page; null when there is no memory.
 void* largePages(std::size_t bytes) {
     auto* const start = static_cast<std::byte*>(mapped(bytes + kLargePage));
     if (start == nullptr)
@@ -27,7 +27,7 @@ void* largePages(std::size_t bytes) {
         munmap(start, before);
     munmap(start + before + bytes, kLargePage - before);
 #ifdef MADV_HUGEPAGE
-    madvise(start + before, bytes, MADV_HUGEPAGE); // Where it fails, small pages serve.
+    madvise(start + before, bytes, MADV_HUGEPAGE); // On failure small pages are used.
 #endif
     return start + before;
 }

@@ -8,7 +8,7 @@ namespace zuhost {
 
 namespace {
 
-/// White space of profile files; the old end mark of text files counts as such.
+/// White space of profile files; includes Ctrl-Z, the old end mark of text files.
 constexpr bool isBlank(wchar_t c) {
     return c == L' ' || (c >= 0x09 && c <= 0x0D) || c == 0x1A;
 }
@@ -26,12 +26,12 @@ std::wstring_view trimmed(std::wstring_view text) {
     return trimmed(text, isBlank);
 }
 
-/// Names that are asked for lose spaces only.
-std::wstring_view asked(std::wstring_view name) {
+/// Trims a name passed by a caller, which loses spaces only.
+std::wstring_view trimmedName(std::wstring_view name) {
     return trimmed(name, [](wchar_t c) { return c == L' '; });
 }
 
-/// A NUL ends a text.
+/// Returns the text before its first NUL.
 std::wstring_view untilNul(std::wstring_view text) {
     return text.substr(0, text.find(L'\0'));
 }
@@ -41,7 +41,7 @@ bool sameName(std::wstring_view a, std::wstring_view b) {
                       [](wchar_t x, wchar_t y) { return toLower(x) == toLower(y); });
 }
 
-/// The length of the line at the start of the bytes, its end included: LF, CR LF, CR.
+/// Returns the length of the first line, including its end: LF, CR LF or CR.
 std::size_t lineLength(std::string_view bytes, std::size_t unit) {
     const auto at = [&](std::size_t i, char c) {
         return i + unit <= bytes.size() && bytes[i] == c && (unit == 1 || bytes[i + 1] == '\0');
@@ -88,7 +88,7 @@ Profile::Line Profile::parsed(std::string bytes) const {
 
 std::optional<Profile::Range> Profile::find(std::wstring_view section) const {
     for (std::size_t i = 0; i < lines_.size(); ++i) {
-        if (lines_[i].kind != Line::Kind::section || !sameName(lines_[i].name, asked(section)))
+        if (lines_[i].kind != Line::Kind::section || !sameName(lines_[i].name, trimmedName(section)))
             continue;
         std::size_t end = i + 1;
         while (end < lines_.size() && lines_[end].kind != Line::Kind::section)
@@ -100,7 +100,7 @@ std::optional<Profile::Range> Profile::find(std::wstring_view section) const {
 
 std::optional<std::size_t> Profile::findKey(Range range, std::wstring_view key) const {
     for (std::size_t i = range.heading + 1; i < range.end; ++i)
-        if (isKey(lines_[i].kind) && sameName(lines_[i].name, asked(key)))
+        if (isKey(lines_[i].kind) && sameName(lines_[i].name, trimmedName(key)))
             return i;
     return std::nullopt;
 }
@@ -136,7 +136,7 @@ std::optional<Profile::Line> Profile::newLine(const std::wstring& text) const {
 
 void Profile::completeLastLine() {
     const std::string ending = encoding_.encode(L"\r\n").value_or("\r\n");
-    // Half a character at the end of the file would put all that follows out of step.
+    // Half a UTF-16 unit at the end of the file would misalign everything appended after it.
     if (!lines_.empty() && encoding_.kind == TextEncoding::Kind::utf16LittleEndian &&
         lines_.back().bytes.size() % 2 != 0)
         lines_.back().bytes.pop_back();
@@ -163,7 +163,7 @@ bool Profile::set(std::wstring_view section, std::wstring_view key, std::wstring
     const auto range = find(section);
     const std::size_t found = range ? findKey(*range, key).value_or(lines_.size()) : lines_.size();
     const bool known = found < lines_.size();
-    const std::wstring name = known ? lines_[found].name : std::wstring(asked(key));
+    const std::wstring name = known ? lines_[found].name : std::wstring(trimmedName(key));
     auto line = newLine(name + L'=' + std::wstring(value));
     if (!line)
         return false;
@@ -175,7 +175,7 @@ bool Profile::set(std::wstring_view section, std::wstring_view key, std::wstring
         insertKey(*range, std::move(*line));
         return true;
     }
-    auto heading = newLine(L'[' + std::wstring(asked(section)) + L']');
+    auto heading = newLine(L'[' + std::wstring(trimmedName(section)) + L']');
     if (!heading)
         return false;
     completeLastLine();

@@ -39,7 +39,8 @@ DWORD copyFallback(const wchar_t* fallback, wchar_t* buffer, DWORD size) {
     return copyText(withoutQuotes(text), buffer, size);
 }
 
-/// Names parted by NUL with another one at the end. What does not fit is cut off, the two last NULs kept.
+/// Copies names separated by NUL, with another NUL at the end. Truncates what does not fit, with two final
+/// NULs.
 DWORD copyNames(const std::vector<std::wstring>& names, wchar_t* buffer, DWORD size) {
     if (buffer == nullptr || size < 2)
         return copyText({}, buffer, size);
@@ -52,7 +53,7 @@ DWORD copyNames(const std::vector<std::wstring>& names, wchar_t* buffer, DWORD s
     return static_cast<DWORD>(count);
 }
 
-/// 0, or why no profile can have the name.
+/// Returns the reason why no profile can have the name; 0 when there is none.
 int nameError(const wchar_t* file) {
     if (orEmpty(file).empty())
         return EACCES;

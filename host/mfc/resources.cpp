@@ -10,7 +10,7 @@ namespace {
 
 struct ResourceState {
     HINSTANCE current = nullptr;
-    std::vector<CDynLinkLibrary*> chain; ///< The last added is asked first.
+    std::vector<CDynLinkLibrary*> chain; ///< Searched from the last one added.
 };
 
 ResourceState& state() {
@@ -18,7 +18,7 @@ ResourceState& state() {
     return resources;
 }
 
-/// Null when there is none; an empty text is none.
+/// Returns null when the text is missing or empty.
 const std::wstring* textOf(HINSTANCE instance, UINT id) {
     const std::wstring* const text = instance != nullptr ? instance->strings.find(id) : nullptr;
     return text != nullptr && !text->empty() ? text : nullptr;

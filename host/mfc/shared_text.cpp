@@ -34,7 +34,7 @@ void SharedText::append(std::wstring_view piece) {
         return;
     const std::size_t before = size();
     const std::size_t whole = before + piece.size();
-    // The piece may be a part of this text, so the old buffer stays until it is copied.
+    // The piece may be part of this text: keep the old buffer until it is copied.
     const SharedText old =
         ownsRoom(whole) ? SharedText() : std::exchange(*this, copyWithRoom(whole + before / 2));
     std::wmemmove(characters_ + before, piece.data(), piece.size());

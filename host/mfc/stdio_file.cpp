@@ -16,13 +16,13 @@ using zuhost::TextEncoding;
 struct CStdioFile::Text {
     TextEncoding encoding;
     std::optional<TextBlocks> blocks;
-    CTextBlock block; ///< That is being read.
+    CTextBlock block; ///< The block being read.
     bool markWritten = false;
 };
 
 namespace {
 
-/// The encoding of the file that is there; 0 or the system's error number.
+/// Detects the encoding of an existing file; returns 0 or the system's error number.
 int findEncoding(const std::string& path, TextEncoding& encoding) {
     zuhost::file_ops::File file;
     int error = file.open(path, zuhost::file_ops::File::Mode::read);
@@ -98,7 +98,7 @@ BOOL CStdioFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
 void CStdioFile::readLinesFrom(ULONGLONG position) {
     std::optional<TextEncoding> encoding;
     if (position > 0) {
-        // Only the start of a file tells its encoding.
+        // The byte-order mark is at the start of the file.
         char start[3] = {};
         CFile::Seek(0, begin);
         encoding = TextEncoding::of({start, Read(start, sizeof start)});

@@ -20,7 +20,8 @@ int indexOrNone(std::size_t position) {
     return position == kNone ? -1 : static_cast<int>(position);
 }
 
-/// How many characters of each kind lie at the ends.
+// Return the number of characters to trim at an end.
+
 template <typename Trimmed>
 std::size_t countLeft(std::wstring_view text, Trimmed trimmed) {
     return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), trimmed) - text.begin());

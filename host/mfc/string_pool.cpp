@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Lies in a pool, its first elements right behind it.
+/// An array in the memory of a pool, followed by its first elements.
 class PooledArray final : public CStringArray {
 public:
     static std::unique_ptr<CStringArray> make(zuhost::TextPool& pool, int room) {

@@ -10,7 +10,7 @@ namespace {
 constexpr std::string_view kWideLineFeed("\n\0", 2);
 constexpr char kControlZ = 0x1A;
 
-// Half of one character and half of the next are no line feed.
+// In UTF-16, bytes of two adjacent characters may look like a line feed.
 bool isLineFeed(std::string_view bytes, std::size_t at, std::size_t unit) {
     return unit == 1 || (at % 2 == 0 && bytes.substr(at, 2) == kWideLineFeed);
 }
@@ -22,7 +22,7 @@ std::size_t firstLineFeed(std::string_view bytes, std::size_t unit) {
     return at;
 }
 
-/// Bytes up to and with the last line feed; 0 when there is none.
+/// Returns the number of bytes up to and including the last line feed; 0 when there is none.
 std::size_t sizeOfWholeLines(std::string_view bytes, std::size_t unit) {
     for (std::size_t at = bytes.rfind('\n'); at != std::string_view::npos; at = bytes.rfind('\n', at - 1)) {
         if (isLineFeed(bytes, at, unit))
@@ -81,7 +81,7 @@ bool TextBlocks::next(TextBlock& block, std::size_t size) {
         block.reserve(block.room_ * 2);
         readInto(block);
     }
-    // A block holds less than another line that is too long.
+    // Lines after the first are shorter than the limit: a block ends before another one that is too long.
     checkLength(std::min(firstLineFeed(block.left(), encoding_->unit()), block.left().size()));
     block.encoding_ = *encoding_;
     block.last_ = complete_;

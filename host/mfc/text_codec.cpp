@@ -19,7 +19,7 @@ constexpr int kUtf8 = 65001;
 constexpr int kJapanese = 932;
 constexpr char32_t kNone = 0xFFFFFFFF;
 
-/// One direction of a converter of the C library, one character at a time.
+/// One direction of a converter of the C library; converts one character at a time.
 class Converter {
 public:
     Converter(const char* to, const std::string& from) : handle_(iconv_open(to, from.c_str())) {}
@@ -30,10 +30,10 @@ public:
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
 
-    /// The library marks a converter that it doesn't have by the address -1.
+    /// iconv_open returns the address -1 for an unknown converter.
     [[nodiscard]] bool valid() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
 
-    /// Converts the whole input, or gives nothing.
+    /// Converts the whole input; returns an empty text on failure.
     std::string convert(std::string_view input) const {
         std::array<char, 32> output{};
         char* in = const_cast<char*>(input.data());
@@ -43,7 +43,7 @@ public:
         iconv(handle_, nullptr, nullptr, nullptr, nullptr);
         if (iconv(handle_, &in, &inLeft, &out, &outLeft) != 0 || inLeft != 0)
             return {};
-        // Some converters hold a character back until they see what follows.
+        // Flush: some converters hold a character back until they see the next.
         if (iconv(handle_, nullptr, nullptr, &out, &outLeft) != 0)
             return {};
         return {output.data(), output.size() - outLeft};
@@ -85,7 +85,7 @@ struct Alternative {
     char32_t sameAs;
 };
 
-/// What other converters make of the same bytes of code page 932.
+/// Characters that other converters map to the same bytes of code page 932.
 constexpr std::array<Alternative, 8> kJapaneseAlternatives{{{0x301C, 0xFF5E},
                                                             {0x2212, 0xFF0D},
                                                             {0x2016, 0x2225},
@@ -95,13 +95,13 @@ constexpr std::array<Alternative, 8> kJapaneseAlternatives{{{0x301C, 0xFF5E},
                                                             {0x00AC, 0xFFE2},
                                                             {0x00A6, 0xFFE4}}};
 
-/// Single bytes that the platform keeps although they are no characters of the code page.
+/// Single bytes that the platform maps although the code page does not define them.
 constexpr std::array<Alternative, 5> kJapaneseSingles{
     {{0x80, 0x80}, {0xA0, 0xF8F0}, {0xFD, 0xF8F1}, {0xFE, 0xF8F2}, {0xFF, 0xF8F3}}};
 
 } // namespace
 
-/// A code page as two tables, filled once from the C library's converter.
+/// The tables of a code page, filled once from the C library's converter.
 class TextCodec::Tables {
 public:
     static std::shared_ptr<const Tables> make(int codePage);
@@ -184,7 +184,7 @@ void TextCodec::Tables::fillEncoding(const Converter& fromWide) {
 }
 
 void TextCodec::Tables::addJapanese() {
-    // These lead a pair also where no pair with them is a character.
+    // These bytes lead a pair even when no pair with them is defined.
     for (std::size_t lead = 0x81; lead <= 0xFC; ++lead)
         if ((lead <= 0x9F || lead >= 0xE0) && pairs_[lead].empty())
             pairs_[lead].assign(256, kNone);
@@ -203,7 +203,7 @@ std::size_t TextCodec::Tables::decode(std::string_view bytes, wchar_t* text) con
     };
     wchar_t* out = text;
     for (std::size_t at = 0; at < bytes.size();) {
-        // By far the most bytes, and alike in every page.
+        // Fast path for ASCII: most of the text, and the same in every code page.
         const std::size_t plain = widenAscii(bytes.substr(at), out);
         out += plain;
         at += plain;

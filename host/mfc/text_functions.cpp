@@ -13,7 +13,7 @@
 
 namespace {
 
-/// First characters of the runs of decimal digits that the platform's number reader knows.
+/// The zeros of the decimal digits that the platform's number parser accepts.
 constexpr std::array<wchar_t, 18> kZeros{0x0030, 0x0660, 0x06F0, 0x0966, 0x09E6, 0x0A66,
                                          0x0AE6, 0x0B66, 0x0C66, 0x0CE6, 0x0D66, 0x0E50,
                                          0x0ED0, 0x0F20, 0x1040, 0x17E0, 0x1810, 0xFF10};
@@ -26,10 +26,10 @@ int digitValue(wchar_t c) {
 }
 
 std::wstring_view withoutSpaces(const wchar_t* text) {
-    std::wstring_view left(text != nullptr ? text : L"");
-    while (!left.empty() && zuhost::isSpace(left.front()))
-        left.remove_prefix(1);
-    return left;
+    std::wstring_view rest(text != nullptr ? text : L"");
+    while (!rest.empty() && zuhost::isSpace(rest.front()))
+        rest.remove_prefix(1);
+    return rest;
 }
 
 std::string narrow(std::wstring_view text) {
@@ -42,8 +42,8 @@ std::string narrow(std::wstring_view text) {
     return ascii;
 }
 
-/// Whether a number that double can't hold is too small rather than too large, by the place of its first
-/// significant digit.
+/// Returns whether a number beyond the range of double is too small rather than too large, by the position of
+/// its first significant digit.
 bool isBelowOne(std::string_view number, bool hexadecimal) {
     const std::size_t mark = std::min(number.find_first_of(hexadecimal ? "pP" : "eE"), number.size());
     const std::string_view digits = number.substr(0, mark);
@@ -62,13 +62,13 @@ bool isBelowOne(std::string_view number, bool hexadecimal) {
 } // namespace
 
 int _wtoi(const wchar_t* text) {
-    std::wstring_view left = withoutSpaces(text);
-    const bool negative = left.starts_with(L'-');
-    if (negative || left.starts_with(L'+'))
-        left.remove_prefix(1);
+    std::wstring_view rest = withoutSpaces(text);
+    const bool negative = rest.starts_with(L'-');
+    if (negative || rest.starts_with(L'+'))
+        rest.remove_prefix(1);
     constexpr std::int64_t kLimit = std::int64_t{std::numeric_limits<int>::max()} + 1;
     std::int64_t value = 0;
-    for (const wchar_t c : left) {
+    for (const wchar_t c : rest) {
         const int digit = digitValue(c);
         if (digit < 0)
             break;
@@ -114,24 +114,24 @@ int _wcsicmp(const wchar_t* left, const wchar_t* right) {
 }
 
 void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name, wchar_t* extension) {
-    const auto put = [](std::wstring_view piece, wchar_t* buffer) {
+    const auto copyTo = [](std::wstring_view piece, wchar_t* buffer) {
         if (buffer == nullptr)
             return;
         const std::size_t count = std::min(piece.size(), MAX_PATH - 1);
         std::copy_n(piece.begin(), count, buffer);
         buffer[count] = L'\0';
     };
-    std::wstring_view left(path);
-    const std::size_t driveLength = left.size() > 1 && left[1] == L':' ? 2 : 0;
-    put(left.substr(0, driveLength), drive);
-    left.remove_prefix(driveLength);
-    const std::size_t separator = left.find_last_of(L"\\/");
+    std::wstring_view rest(path);
+    const std::size_t driveLength = rest.size() > 1 && rest[1] == L':' ? 2 : 0;
+    copyTo(rest.substr(0, driveLength), drive);
+    rest.remove_prefix(driveLength);
+    const std::size_t separator = rest.find_last_of(L"\\/");
     const std::size_t folderLength = separator == std::wstring_view::npos ? 0 : separator + 1;
-    put(left.substr(0, folderLength), folder);
-    left.remove_prefix(folderLength);
-    const std::size_t point = std::min(left.rfind(L'.'), left.size());
-    put(left.substr(0, point), name);
-    put(left.substr(point), extension);
+    copyTo(rest.substr(0, folderLength), folder);
+    rest.remove_prefix(folderLength);
+    const std::size_t point = std::min(rest.rfind(L'.'), rest.size());
+    copyTo(rest.substr(0, point), name);
+    copyTo(rest.substr(point), extension);
 }
 
 int MultiByteToWideChar(UINT codePage, DWORD /*flags*/, const char* bytes, int count, wchar_t* text,

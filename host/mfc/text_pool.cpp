@@ -7,14 +7,15 @@ namespace zuhost {
 
 namespace {
 
-/// A text that is kept keeps its buffer, so a small table gets a small one.
+/// Every live text keeps its whole buffer, so the first buffer is small.
 constexpr std::size_t kFirstCells = 4000;
 constexpr std::size_t kMostCells = 1'000'000;
 constexpr std::size_t kLongestPooled = 500;
-/// A pool owns its buffer this often while it makes texts, and gives up what was not needed at once.
+/// The pool takes this many references to its buffer in advance, hands one to each text without an atomic
+/// operation, and releases the rest at once.
 constexpr std::uint32_t kPoolOwners = 1U << 30U;
 
-/// A number made of a few of the characters; equal texts have the same.
+/// Returns a hash of a few of the characters.
 std::uint32_t mix(std::wstring_view text) {
     const auto at = [text](std::size_t i) { return static_cast<std::uint32_t>(text[i]); };
     const std::size_t last = text.size() - 1;
@@ -22,7 +23,7 @@ std::uint32_t mix(std::wstring_view text) {
     return (mixed + static_cast<std::uint32_t>(last)) * 2654435769U;
 }
 
-// Fields are short: what the library's functions prepare for long texts would take longer than the work.
+// Plain loops, because fields are short: the set-up of the library's functions would cost more than the work.
 
 bool isEqual(std::wstring_view left, std::wstring_view right) {
     std::size_t i = 0;

@@ -37,7 +37,7 @@ void appendUtf8(std::string& bytes, char32_t c) {
     }
 }
 
-/// Length of the well-formed character at the start, 0 when there is none.
+/// Decodes the character at the start; returns its length in bytes, 0 when it is malformed.
 std::size_t decodeUtf8(std::string_view bytes, char32_t& c) {
     const auto byte = [&bytes](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
     const unsigned lead = byte(0);

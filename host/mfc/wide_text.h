@@ -6,7 +6,7 @@
 
 namespace zuhost {
 
-/// Widens the ASCII characters at the start of the bytes; returns how many there are.
+/// Widens the ASCII characters at the start of the bytes; returns their number.
 inline std::size_t widenAscii(std::string_view bytes, wchar_t* out) {
     constexpr std::uint64_t kNoAscii = 0x8080808080808080U;
     std::size_t at = 0;
@@ -22,7 +22,7 @@ inline std::size_t widenAscii(std::string_view bytes, wchar_t* out) {
     return at;
 }
 
-/// Writes a character, as a surrogate pair where wchar_t is too small for it; returns the place behind it.
+/// Writes a character, as a surrogate pair where wchar_t is too small; returns the position after it.
 inline wchar_t* putCodePoint(wchar_t* out, char32_t codePoint) {
     if (sizeof(wchar_t) == 2 && codePoint > 0xFFFF) {
         *out++ = static_cast<wchar_t>(0xD800 + ((codePoint - 0x10000) >> 10));

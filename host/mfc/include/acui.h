@@ -1,4 +1,4 @@
 #pragma once
 
-/// Initialises the host's library of dialogs and controls; here it needs no preparation.
+/// Initialises the host's library of dialogs and controls, which needs no preparation here.
 inline void InitAcUiDLL() {}

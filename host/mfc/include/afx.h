@@ -17,7 +17,7 @@ struct CRuntimeClass {
     CObject* (*m_pfnCreateObject)();
     const CRuntimeClass* m_pBaseClass;
 
-    /// A new object, owned by the caller; null when the class can't be created dynamically.
+    /// Returns a new object, owned by the caller; null when the class cannot be created dynamically.
     [[nodiscard]] CObject* CreateObject() const {
         return m_pfnCreateObject != nullptr ? m_pfnCreateObject() : nullptr;
     }
@@ -77,7 +77,7 @@ public:
     [[nodiscard]] CString GetErrorText() const override { return L"An invalid argument was encountered."; }
 };
 
-/// An operation of a file failed; `m_cause` says why in the framework's own numbers.
+/// A failed file operation; `m_cause` is the reason as one of the framework's numbers.
 class CFileException : public CException {
 public:
     enum Cause : int {
@@ -106,11 +106,11 @@ public:
     CString m_strFileName;
 };
 
-/// A file as bytes.
+/// A file of bytes.
 ///
-/// A file that is created (modeCreate without modeNoTruncate) is written beside its place and put there by
-/// Close as a whole, so that a failed or interrupted write leaves the old file; it is written from start to
-/// end, without seeking. Paths may hold "\\" or "/" and are found whatever their case.
+/// A created file (modeCreate without modeNoTruncate) is written to a temporary file, which Close moves to
+/// the path: a failed or interrupted write leaves the old file intact. It is written from start to end,
+/// without seeking. Paths may contain "\\" or "/"; their case is ignored.
 class CFile : public CObject {
 public:
     enum OpenFlags : UINT {
@@ -131,20 +131,20 @@ public:
     enum SeekPosition : UINT { begin = 0, current = 1, end = 2 };
 
     CFile();
-    /// Throws CFileException when the file can't be opened.
+    /// Throws CFileException when the file cannot be opened.
     CFile(const wchar_t* path, UINT flags);
     ~CFile() override;
     CFile(const CFile&) = delete;
     CFile& operator=(const CFile&) = delete;
 
-    /// FALSE when the file can't be opened; the reason goes to `error` when one is given.
+    /// Returns FALSE when the file cannot be opened, and stores the reason in `error` if it is not null.
     virtual BOOL Open(const wchar_t* path, UINT flags, CFileException* error = nullptr);
 
-    /// Bytes read, fewer than asked at the end of the file. Throws CFileException.
+    /// Returns the number of bytes read, fewer than `count` at the end of the file. Throws CFileException.
     UINT Read(void* buffer, UINT count);
     /// Throws CFileException.
     void Write(const void* buffer, UINT count);
-    /// The new position. Throws CFileException.
+    /// Returns the new position. Throws CFileException.
     virtual ULONGLONG Seek(std::int64_t offset, UINT from);
     ULONGLONG SeekToEnd() { return Seek(0, end); }
     void SeekToBegin() { Seek(0, begin); }
@@ -152,10 +152,10 @@ public:
     [[nodiscard]] ULONGLONG GetPosition();
     [[nodiscard]] CString GetFilePath() const { return path_; }
 
-    /// Puts a created file in place. Throws CFileException when something could not be written; the old file
-    /// is then as it was.
+    /// Moves a created file to its path. Throws CFileException when something could not be written; the old
+    /// file is then unchanged.
     virtual void Close();
-    /// Closes without an exception; a file being created is given up.
+    /// Closes without throwing; discards a file being created.
     virtual void Abort();
 
     /// Each throws CFileException.
@@ -163,7 +163,7 @@ public:
     static void Rename(const wchar_t* from, const wchar_t* to);
 
 protected:
-    /// Throws the file exception for an error number of the system; a file being created is given up.
+    /// Throws the file exception for an error number of the system; discards a file being created.
     [[noreturn]] void fail(int systemError);
 
 private:
@@ -172,7 +172,7 @@ private:
     CString path_;
 };
 
-/// Some of a text file's lines. It does not need the file, so that blocks may be read at the same time, each
+/// Some of a text file's lines. Independent of the file, so that blocks may be processed concurrently, each
 /// by one thread.
 class CTextBlock {
 public:
@@ -181,9 +181,9 @@ public:
     CTextBlock& operator=(CTextBlock&& other) noexcept;
     ~CTextBlock();
 
-    /// As CStdioFile::ReadString; FALSE behind the last line.
+    /// Like CStdioFile::ReadString; returns FALSE after the last line.
     BOOL ReadString(CString& line);
-    /// The file is known to end with this block.
+    /// Returns whether the file is known to end with this block.
     [[nodiscard]] BOOL IsLast() const;
 
 private:
@@ -192,29 +192,29 @@ private:
     std::unique_ptr<zuhost::TextBlock> lines_;
 };
 
-/// A file as lines of text.
+/// A file of lines of text.
 ///
-/// Read: Japanese code page 932 unless a byte-order mark says UTF-8 or UTF-16 LE; a line ends at LF or CR LF,
-/// the text at the first Ctrl-Z. Written: in the encoding of the file that is replaced (932 for a new one),
-/// LF as CR LF. A character that the encoding can't hold is a failure (CFileException, cause
-/// genericException), never replaced.
+/// Reads Japanese code page 932, or UTF-8 or UTF-16 LE with a byte-order mark; a line ends in LF or CR LF,
+/// the text at the first Ctrl-Z. Writes in the encoding of the file it replaces (932 for a new file), LF as
+/// CR LF. A character that the encoding cannot represent is an error (CFileException, cause genericException)
+/// and is never replaced.
 class CStdioFile : public CFile {
 public:
     CStdioFile();
-    /// Throws CFileException when the file can't be opened.
+    /// Throws CFileException when the file cannot be opened.
     CStdioFile(const wchar_t* path, UINT flags);
     ~CStdioFile() override;
 
     BOOL Open(const wchar_t* path, UINT flags, CFileException* error = nullptr) override;
 
-    /// The next line is read from the new position on; what was read ahead of lines counts as read.
+    /// Lines are read from the new position on. The current position is after the bytes read ahead.
     ULONGLONG Seek(std::int64_t offset, UINT from) override;
 
-    /// The next line without its line end; FALSE at the end of the file. A line of more than 16 MiB (2^24
-    /// bytes) throws CFileException, as does a failed read. Bytes read ahead are not seen by Read.
+    /// Reads the next line, without its line end; returns FALSE at the end of the file. Throws CFileException
+    /// for a failed read or a line of more than 16 MiB (2^24 bytes). Read does not return bytes read ahead.
     BOOL ReadString(CString& line);
-    /// The next lines, about `size` bytes of them, to be read from the block; FALSE at the end of the file.
-    /// Throws like ReadString.
+    /// Reads the next lines, about `size` bytes, into the block; returns FALSE at the end of the file. Throws
+    /// like ReadString.
     BOOL ReadBlock(CTextBlock& block, UINT size);
     /// Throws CFileException.
     void WriteString(const wchar_t* text);

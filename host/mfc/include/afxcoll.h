@@ -11,8 +11,8 @@
 
 namespace zuhost {
 
-/// Common form of the framework's arrays: by index from 0, growing on demand. Access out of range throws the
-/// invalid-argument exception; so does a negative size.
+/// Base of the framework's arrays: indexed from 0, growing on demand. Access out of range and a negative size
+/// throw the invalid-argument exception.
 template <typename Element>
 class FrameworkArray : public CObject {
 public:
@@ -21,7 +21,7 @@ public:
     [[nodiscard]] bool IsEmpty() const { return GetSize() == 0; }
     [[nodiscard]] int GetUpperBound() const { return GetSize() - 1; }
 
-    /// `growBy`, when positive, is how many elements more there will be room for.
+    /// A positive `growBy` reserves room for that many more elements.
     void SetSize(int size, int growBy = -1) {
         if (size < 0 || growBy > std::numeric_limits<int>::max() - size)
             AfxThrowInvalidArgException();
@@ -58,7 +58,7 @@ public:
     }
     void Copy(const FrameworkArray& other) { items_ = other.items_; }
 
-    /// Inserts `count` copies; an index beyond the end first fills up to it with default elements.
+    /// Inserts `count` copies; for an index beyond the end, first fills the gap with default elements.
     void InsertAt(int index, const Element& element, int count = 1) {
         if (index < 0 || count < 0)
             AfxThrowInvalidArgException();
@@ -75,7 +75,7 @@ public:
 
 protected:
     FrameworkArray() = default;
-    /// With a place for the first elements; see ElementList.
+    /// Uses external memory for the first elements; see ElementList.
     FrameworkArray(void* place, int room) : items_(place, room) {}
 
 private:
@@ -104,23 +104,23 @@ class CObArray : public zuhost::FrameworkArray<CObject*> {};
 class CUIntArray : public zuhost::FrameworkArray<UINT> {};
 class CDWordArray : public zuhost::FrameworkArray<DWORD> {};
 
-/// Makes texts and lists of texts that are kept in great number, such as the records of a table, without an
-/// allocation for each. They need not outlive the pool, nor it them.
+/// Creates texts and lists of texts for large numbers of them, such as the records of a table, without an
+/// allocation for each. Their lifetimes are independent of the pool's.
 class CStringPool {
 public:
     [[nodiscard]] CString Make(std::wstring_view text) { return CString(pool_.make(text)); }
-    /// An empty list with room for so many texts; it grows on demand.
+    /// Returns an empty list with room for that many texts; it grows on demand.
     [[nodiscard]] std::unique_ptr<CStringArray> MakeArray(int room);
 
 private:
     zuhost::TextPool pool_;
 };
 
-/// A place in a list; null is the end.
+/// A position in a list; null is the end.
 using POSITION = zuhost::FrameworkPosition*;
 
-/// A doubly linked list of object pointers; it does not own the objects. Its nodes lie in blocks that it
-/// frees when it is emptied.
+/// A doubly linked list of object pointers; it does not own the objects. Allocates its nodes in blocks, which
+/// it frees when it becomes empty.
 class CObList : public CObject {
 public:
     CObList() = default;
@@ -132,7 +132,7 @@ public:
     [[nodiscard]] int GetSize() const { return count_; }
     [[nodiscard]] BOOL IsEmpty() const { return count_ == 0 ? TRUE : FALSE; }
 
-    /// Head and tail of an empty list throw the invalid-argument exception.
+    /// The head and the tail of an empty list throw the invalid-argument exception.
     [[nodiscard]] CObject* GetHead() const;
     [[nodiscard]] CObject* GetTail() const;
     CObject* RemoveHead();
@@ -143,7 +143,7 @@ public:
 
     [[nodiscard]] POSITION GetHeadPosition() const;
     [[nodiscard]] POSITION GetTailPosition() const;
-    /// The object at the place, which moves on (null after the last).
+    /// Returns the object at the position and advances it (null after the last).
     CObject* GetNext(POSITION& position) const;
     CObject* GetPrev(POSITION& position) const;
     [[nodiscard]] CObject* GetAt(POSITION position) const;
@@ -152,7 +152,7 @@ public:
     POSITION InsertBefore(POSITION position, CObject* object);
     POSITION InsertAfter(POSITION position, CObject* object);
 
-    /// First place of the object after `startAfter`; null when absent.
+    /// Returns the first position of the object after `startAfter`; null when absent.
     [[nodiscard]] POSITION Find(CObject* object, POSITION startAfter = nullptr) const;
     [[nodiscard]] POSITION FindIndex(int index) const;
 
@@ -166,10 +166,10 @@ private:
 
     Node* head_ = nullptr;
     Node* tail_ = nullptr;
-    Node* free_ = nullptr;    ///< Chain of given back nodes.
+    Node* free_ = nullptr;    ///< Chain of freed nodes.
     CPlex* blocks_ = nullptr; ///< The newest first.
-    Node* fresh_ = nullptr;   ///< First node of the newest block that was never given out.
-    int unused_ = 0;          ///< How many there are from it on.
+    Node* fresh_ = nullptr;   ///< First node of the newest block that was never used.
+    int unused_ = 0;          ///< Number of such nodes.
     int allocated_ = 0;       ///< Nodes of all blocks.
     int count_ = 0;
 };

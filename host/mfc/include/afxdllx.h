@@ -9,13 +9,13 @@ struct AFX_EXTENSION_MODULE {
     HMODULE hResource = nullptr;
 };
 
-/// Fills the state for a module; FALSE for a null module.
+/// Initialises the state for a module; returns FALSE for a null module.
 BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE module);
-/// Takes the module out of the resource chain and marks the state uninitialised.
+/// Removes the module from the resource chain and resets the state.
 void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all = FALSE);
 
-/// A module in the chain in which resources are looked up. The chain owns it: it is deleted with
-/// AfxTermExtensionModule, or when the host ends.
+/// A module in the chain that is searched for resources. Owned by the chain: deleted by
+/// AfxTermExtensionModule, or at the end of the host.
 class CDynLinkLibrary {
 public:
     explicit CDynLinkLibrary(AFX_EXTENSION_MODULE& state);
@@ -31,11 +31,11 @@ private:
     HMODULE resource_;
 };
 
-/// The module whose resources are loaded when none is named; null is the program.
+/// Returns the module whose resources are loaded by default; null for the program.
 HINSTANCE AfxGetResourceHandle();
 void AfxSetResourceHandle(HINSTANCE instance);
-/// The program.
+/// Returns the program.
 HINSTANCE AfxGetInstanceHandle();
-/// The module of the chain, from the current resource handle on, that has the text; the current one when none
-/// has.
+/// Returns the first module with the text: the current resource handle, then the chain; the current resource
+/// handle when none has it.
 HINSTANCE AfxFindStringResourceHandle(UINT id);

@@ -15,7 +15,7 @@
 
 namespace zuhost {
 
-/// One argument of CString::Format, its kind kept, so that a wrong conversion can't read foreign memory.
+/// One argument of CString::Format with its type, so that a wrong conversion cannot read foreign memory.
 using FormatArgument =
     std::variant<std::int64_t, std::uint64_t, double, const wchar_t*, const char*, const void*>;
 
@@ -27,9 +27,9 @@ std::wstring formatText(std::wstring_view format, std::span<const FormatArgument
 
 class CString;
 
-/// Wide text by value, in the manner of the host framework: copies are cheap, they share their characters
-/// until one is changed. Indices and lengths count wide characters. Out-of-range positions given to Mid,
-/// Left, Right, Insert and Delete are moved into range; GetAt and SetAt throw the invalid-argument exception.
+/// The host framework's wide text, a value type: copies are cheap and share their characters until one is
+/// changed. Indices and lengths count wide characters. Mid, Left, Right, Insert and Delete clamp positions
+/// that are out of range; GetAt and SetAt throw the invalid-argument exception.
 class CString {
 public:
     using XCHAR = wchar_t;
@@ -51,7 +51,7 @@ public:
 
     operator const wchar_t*() const { return text_.c_str(); }
     [[nodiscard]] const wchar_t* GetString() const { return text_.c_str(); }
-    /// The text as the standard library knows it.
+    /// Returns a view of the text, valid until its next change.
     [[nodiscard]] std::wstring_view view() const { return text_.view(); }
 
     [[nodiscard]] int GetLength() const { return static_cast<int>(text_.size()); }
@@ -74,7 +74,7 @@ public:
     [[nodiscard]] CString SpanIncluding(const wchar_t* characters) const;
     [[nodiscard]] CString SpanExcluding(const wchar_t* characters) const;
 
-    /// Index of the first occurrence at or after `start`; -1 when there is none.
+    /// Returns the index of the first occurrence at or after `start`; -1 when there is none.
     [[nodiscard]] int Find(const wchar_t* text, int start = 0) const;
     [[nodiscard]] int Find(wchar_t character, int start = 0) const;
     [[nodiscard]] int ReverseFind(wchar_t character) const;
@@ -102,12 +102,12 @@ public:
     CString& MakeLower();
     CString& MakeReverse();
 
-    /// Less than, equal to or greater than zero, by character codes; NoCase folds as the platform's C locale
-    /// does.
+    /// Returns less than, equal to or greater than zero, by character codes; CompareNoCase ignores the case
+    /// of ASCII letters, as the platform does in its C locale.
     [[nodiscard]] int Compare(const wchar_t* text) const;
     [[nodiscard]] int CompareNoCase(const wchar_t* text) const;
 
-    /// The next piece at or after `start` that holds none of the separators; `start` moves behind it and is
+    /// Returns the next piece at or after `start` without separators; advances `start` past it, or sets it to
     /// -1 when no piece is left.
     CString Tokenize(const wchar_t* separators, int& start) const;
 
@@ -128,12 +128,12 @@ public:
         *this += piece;
     }
 
-    /// Loads the resource string; FALSE and the text untouched when the module has none of that id.
+    /// Loads a resource string; returns FALSE and leaves the text untouched when the module lacks the id.
     BOOL LoadString(UINT id);
     BOOL LoadString(HINSTANCE instance, UINT id);
 
-    /// A buffer of at least `length` characters for a caller that fills it, valid until ReleaseBuffer, which
-    /// makes the given number of them the text (negative: those before the first zero).
+    /// Returns a buffer of at least `length` characters to fill, valid until ReleaseBuffer, which makes that
+    /// many characters the text (negative: those before the first zero).
     wchar_t* GetBuffer(int length = 0) {
         return text_.own(static_cast<std::size_t>(std::max(length, GetLength())));
     }
@@ -182,7 +182,7 @@ inline bool operator==(const CString& left, const CString& right) {
 inline bool operator==(const CString& left, const wchar_t* right) {
     return left.Compare(right) == 0;
 }
-// Without all of them the remaining ones would compare addresses.
+// Every combination is needed: a missing one would compare addresses.
 inline auto operator<=>(const CString& left, const CString& right) {
     return left.view() <=> right.view();
 }

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// The part of the platform's base interface that the host's users need, under its own names.
+// The part of the platform's base interface that modules use, under the platform's names.
 
 using BOOL = int;
 using BYTE = unsigned char;
@@ -77,23 +77,23 @@ void SetLastError(DWORD error);
 
 // ---- text
 
-/// Decimal value of the leading number, full-width digits included; 0 when there is none, cut to the range of
-/// int.
+/// Returns the decimal value of the leading number, full-width digits included, clamped to the range of int;
+/// 0 when there is none.
 int _wtoi(const wchar_t* text);
-/// Value of the leading number; 0 when there is none.
+/// Returns the value of the leading number; 0 when there is none.
 double _wtof(const wchar_t* text);
 /// Compares ignoring the case of ASCII letters.
 int _wcsicmp(const wchar_t* left, const wchar_t* right);
 int _wcsnicmp(const wchar_t* left, const wchar_t* right, std::size_t count);
-/// Takes a path apart; null buffers are passed over, others hold MAX_PATH characters.
+/// Splits a path; null buffers are skipped, others have room for MAX_PATH characters.
 void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name, wchar_t* extension);
 
 inline constexpr UINT CP_ACP = 0;
 inline constexpr UINT CP_UTF8 = 65001;
-/// Text of a code page (CP_ACP: 932). Returns the characters written, or needed when `size` is 0; 0 on
-/// failure.
+/// Decodes a code page (CP_ACP: 932). Returns the number of characters written, or needed when `size` is 0; 0
+/// on failure.
 int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int count, wchar_t* text, int size);
-/// Bytes of a text. Fails with 0 when a character has no place in the code page.
+/// Encodes a text. Returns 0 when the code page cannot represent a character.
 int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int count, char* bytes, int size,
                         const char* defaultCharacter, BOOL* usedDefault);
 
@@ -105,8 +105,8 @@ BOOL DeleteFileW(const wchar_t* path);
 
 // ---- profile files
 
-/// Reads a value, or the names of sections or keys (null section or key) parted by NUL. Returns the
-/// characters written.
+/// Reads a value, or the names of sections or keys (null section or key) separated by NUL. Returns the number
+/// of characters written.
 DWORD GetPrivateProfileStringW(const wchar_t* section, const wchar_t* key, const wchar_t* fallback,
                                wchar_t* buffer, DWORD size, const wchar_t* file);
 UINT GetPrivateProfileIntW(const wchar_t* section, const wchar_t* key, int fallback, const wchar_t* file);
@@ -123,10 +123,10 @@ HMODULE LoadLibraryW(const wchar_t* path);
 /// Runs the module's detach when it was loaded for the last time.
 BOOL FreeLibrary(HMODULE module);
 void* GetProcAddress(HMODULE module, const char* name);
-/// The module's path in the interface's form: "...\\NAME.dll" for libNAME.so. Null names the program.
+/// Returns the module's path in the platform's form: "...\\NAME.dll" for libNAME.so. Null is the program.
 DWORD GetModuleFileNameW(HMODULE module, wchar_t* buffer, DWORD size);
-/// A text of the module; returns its length cut to the buffer, 0 when there is none (the buffer is then
-/// empty).
+/// Copies a text of the module, truncated to the buffer. Returns its length; 0 and an empty buffer when the
+/// module lacks it.
 int LoadStringW(HINSTANCE instance, UINT id, wchar_t* buffer, int size);
 
 inline constexpr DWORD DLL_PROCESS_DETACH = 0;
@@ -146,9 +146,9 @@ struct OSVERSIONINFOW {
     DWORD dwPlatformId = 0;
     wchar_t szCSDVersion[128] = {};
 };
-/// The version of the platform that the host stands in for: NT family, 10.0.
+/// Returns the version of the platform that the host emulates: NT family, 10.0.
 BOOL GetVersionExW(OSVERSIONINFOW* version);
-/// The language of the environment's locale (LC_ALL, LC_MESSAGES, LANG); 0 for "C" and "POSIX".
+/// Returns the language of the environment's locale (LC_ALL, LC_MESSAGES, LANG); 0 for "C" and "POSIX".
 LANGID GetUserDefaultUILanguage();
 LANGID GetUserDefaultLangID();
 
@@ -169,18 +169,18 @@ inline constexpr int IDOK = 1;
 inline constexpr int IDCANCEL = 2;
 inline constexpr int IDYES = 6;
 inline constexpr int IDNO = 7;
-/// Shows a box on the desktop; on a headless run a line on standard error, answered with the first button.
+/// Shows a box on the desktop; without one, prints it on standard error and returns its first button.
 int MessageBoxW(HWND owner, const wchar_t* text, const wchar_t* caption, UINT style);
 
-// ---- what old versions of the platform told their language by; nothing of it is there on this host
+// ---- language detection of old platform versions; none of it exists on this host
 
 inline const HKEY HKEY_CURRENT_USER = nullptr;
 inline constexpr LONG REG_SZ = 1;
-/// The default value of a key of the registry. There is none: ERROR_FILE_NOT_FOUND.
+/// Reads the default value of a registry key. There is no registry: returns ERROR_FILE_NOT_FOUND.
 LONG RegQueryValueW(HKEY key, const wchar_t* subKey, wchar_t* value, LONG* size);
 using ENUMRESLANGPROCW = BOOL (*)(HMODULE module, const wchar_t* type, const wchar_t* name, WORD language,
                                   LPARAM parameter);
 inline const wchar_t* const RT_VERSION = L"#16";
-/// The languages of a resource. Modules of this host have no version resources: FALSE.
+/// Enumerates the languages of a resource. Modules of this host have no version resources: returns FALSE.
 BOOL EnumResourceLanguagesW(HMODULE module, const wchar_t* type, const wchar_t* name, ENUMRESLANGPROCW told,
                             LPARAM parameter);

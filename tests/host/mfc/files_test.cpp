@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(Paths, FindNamesWhateverTheirCase) {
+TEST(Paths, AreFoundIgnoringCase) {
     const TemporaryFolder folder;
     fs::create_directories(folder.path() / "System" / "表能");
     folder.write("System/ZuConfig.ini", "x");
@@ -51,13 +51,13 @@ TEST(AtomicFile, AnyFailureLeavesTheOldFile) {
             }
             EXPECT_EQ(TemporaryFolder::read(path), error == 0 ? "new" : "old")
                 << "failure at operation " << n;
-            // A temporary file may only stay behind when removing it fails as well.
+            // The temporary file may remain only when removing it fails, too.
             EXPECT_TRUE(filesIn(folder) == 1 || fromThenOn) << "failure at operation " << n;
         }
     }
 }
 
-TEST(AtomicFile, KillingTheProcessLeavesOneOfTheTwo) {
+TEST(AtomicFile, KillingTheProcessLeavesTheOldOrTheNewFile) {
     for (int n = 1; n <= 12; ++n) {
         const TemporaryFolder folder;
         const std::string path = folder.write("f", std::string(100, 'o'));
@@ -80,7 +80,7 @@ TEST(AtomicFile, KillingTheProcessLeavesOneOfTheTwo) {
     }
 }
 
-TEST(AtomicFile, FollowsLinksAndKeepsRights) {
+TEST(AtomicFile, FollowsLinksAndKeepsPermissions) {
     const TemporaryFolder folder;
     const std::string target = folder.write("target", "old");
     chmod(target.c_str(), 0640);
@@ -97,7 +97,7 @@ TEST(AtomicFile, FollowsLinksAndKeepsRights) {
     EXPECT_EQ(TemporaryFolder::read(folder.file("made")), "new");
 }
 
-TEST(AtomicFile, RefusesPipesAndDevices) {
+TEST(AtomicFile, RejectsPipesAndDevices) {
     const TemporaryFolder folder;
     const std::string pipe = folder.file("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
@@ -128,7 +128,7 @@ TEST(StdioFile, ReadsLinesInTheFilesEncoding) {
     }
 }
 
-TEST(StdioFile, LinesAreReadFromWhereItWasSoughtTo) {
+TEST(StdioFile, ReadsLinesFromTheSoughtPosition) {
     const TemporaryFolder folder;
     folder.write("t", "\xEF\xBB\xBF㎥\r\n表\r\n");
     CStdioFile file(folder.wide("t").c_str(), CFile::modeRead | CFile::typeText);
@@ -142,10 +142,10 @@ TEST(StdioFile, LinesAreReadFromWhereItWasSoughtTo) {
     EXPECT_EQ(line, L"㎥");
     EXPECT_EQ(file.GetLength(), 13U);
     EXPECT_TRUE(file.ReadString(line));
-    EXPECT_EQ(line, L"表") << "asking for the length moves nothing";
+    EXPECT_EQ(line, L"表") << "GetLength keeps the position";
 }
 
-TEST(StdioFile, BlocksGoOnWhereTheLinesEnd) {
+TEST(StdioFile, BlocksContinueAfterTheLinesRead) {
     const TemporaryFolder folder;
     std::string bytes = "\xFF\xFE";
     std::vector<std::wstring> wanted;
@@ -192,8 +192,7 @@ TEST(StdioFile, WritesInTheEncodingOfTheOldFile) {
     EXPECT_EQ(TemporaryFolder::read(folder.file("t")), "\xEF\xBB\xBF㎥\r\n");
 }
 
-/// Saves by way of `save`, which tells whether it succeeded, with each of its file operations failing in
-/// turn.
+/// Calls `save`, which returns whether it succeeded, with each of its file operations failing in turn.
 void expectWholeOrUntouched(const std::string& wanted, const std::function<bool(const std::wstring&)>& save) {
     const std::string old = "[A]\r\nk=1\r\n";
     bool saved = false;
@@ -227,7 +226,7 @@ TEST(Saving, ProfilesAndTextFilesAreWholeOrUntouched) {
     });
 }
 
-TEST(File, TellsWhyItFails) {
+TEST(File, ReportsTheCauseOfAFailure) {
     const TemporaryFolder folder;
     const struct {
         std::wstring path;

@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The sample module's library under another name in a folder of its own.
+/// A copy of the sample module's library in a folder of its own.
 class SampleModule {
 public:
     SampleModule() { fs::copy_file(ZU_SAMPLE_MODULE, folder_.file("libSample.so")); }
@@ -47,7 +47,7 @@ TEST(Modules, AttachOnceAndDetachWithTheLastHandle) {
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
 }
 
-TEST(Modules, TellTheirNameInTheHostsForm) {
+TEST(Modules, ReturnTheirNameInThePlatformsForm) {
     const SampleModule sample;
     const HMODULE module = sample.load();
     ASSERT_NE(module, nullptr);
@@ -57,7 +57,7 @@ TEST(Modules, TellTheirNameInTheHostsForm) {
     EXPECT_TRUE(fileName(nullptr).ends_with(L"\\test_mfc.exe"));
     wchar_t buffer[4];
     EXPECT_EQ(GetModuleFileNameW(module, buffer, 4), 4U);
-    EXPECT_EQ(name.substr(0, 3), buffer) << "what does not fit is cut off";
+    EXPECT_EQ(name.substr(0, 3), buffer) << "the name is truncated to the buffer";
     FreeLibrary(module);
 }
 
@@ -77,13 +77,12 @@ TEST(Modules, TextsAreLookedUpAlongTheChain) {
     AfxSetResourceHandle(language);
     EXPECT_TRUE(text.LoadString(1));
     EXPECT_EQ(text, L"translated");
-    EXPECT_TRUE(text.LoadString(2))
-        << "what the language lacks or has empty is found further on in the chain";
+    EXPECT_TRUE(text.LoadString(2)) << "a missing or empty text is found later in the chain";
     EXPECT_EQ(AfxFindStringResourceHandle(2), module);
     EXPECT_EQ(AfxFindStringResourceHandle(3), language);
     AfxSetResourceHandle(before);
     FreeLibrary(module);
-    EXPECT_FALSE(text.LoadString(2)) << "an unloaded module has left the chain";
+    EXPECT_FALSE(text.LoadString(2)) << "an unloaded module is no longer in the chain";
     FreeLibrary(language);
 }
 

@@ -13,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
 
-/// Goes to a folder and back.
+/// Changes the current folder for a scope.
 class CurrentFolder {
 public:
     explicit CurrentFolder(const fs::path& folder) { fs::current_path(folder); }
@@ -25,13 +25,13 @@ private:
     fs::path before_ = fs::current_path();
 };
 
-/// Here the platform has no folder and no profile of its own, and no devices named like files; a name longer
-/// than the file system takes is refused by the write already.
-bool isOtherHere(const std::string& name) {
+/// Cases that differ on this host, which has no system folder, no default profile and no devices named like
+/// files; names that are too long for the file system already fail to be written.
+bool differsHere(const std::string& name) {
     return name == "null" || name == "device" || name == "longer than 260";
 }
 
-/// The path of a case, its drive X: moved into the folder.
+/// Returns the path of a case with drive X: replaced by the folder.
 std::wstring movedInto(const TemporaryFolder& folder, const std::string& given) {
     std::wstring path = zuhost::fromUtf8(given);
     const std::size_t drive = path.find(L"X:");
@@ -52,9 +52,9 @@ TEST(ProfilePaths, NameFilesAsRecorded) {
     const json all = recordedCases("misc.json");
     for (const json& recorded : all["profile_paths"]) {
         const std::string name = recorded[0];
-        if (isOtherHere(name))
+        if (differsHere(name))
             continue;
-        if (name == "leading backslash") { // tests keep out of the root
+        if (name == "leading backslash") { // tests do not write to the root folder
             EXPECT_EQ(zuhost::systemPath(zuhost::fromUtf8(recorded[1].get<std::string>())), "/PfBare5.ini");
             continue;
         }
@@ -77,7 +77,7 @@ TEST(ProfilePaths, NameFilesAsRecorded) {
             EXPECT_EQ(found, "") << name;
             continue;
         }
-        // "where: name"; what stands in the platform's folder there stands in the current one here.
+        // "where: name". Files in the platform's system folder are in the current folder here.
         const std::string place = recorded[6][0];
         EXPECT_EQ(found.filename(), place.substr(place.find(": ") + 2)) << name;
         EXPECT_EQ(found.parent_path().filename() == "dir", place.starts_with("where the path says")) << name;

@@ -28,18 +28,18 @@ const wchar_t* orNull(const std::optional<std::wstring>& text) {
     return text ? text->c_str() : nullptr;
 }
 
-/// UTF-8 with its mark is read as UTF-8, although the real platform doesn't: users want it so.
+/// Unlike the platform, the host reads UTF-8 with a byte-order mark as UTF-8, as users expect.
 bool marksUtf8(const std::string& bytes) {
     return bytes.starts_with("\xEF\xBB\xBF");
 }
 
-/// Headings that the recording reads otherwise than the real platform: "[]", or without "]".
+/// Headings that the recording parses differently from the real platform: "[]", or without "]".
 bool hasOddHeading(const std::string& bytes) {
     return bytes.find("[]") != std::string::npos || bytes.find("[B\r") != std::string::npos ||
            bytes.starts_with("; c\r\nx=0");
 }
 
-/// Only spaces are taken off the names asked for.
+/// Names passed by callers lose spaces only.
 bool hasTabAtAnEnd(const std::optional<std::wstring>& name) {
     return name && !name->empty() && (name->front() == L'\t' || name->back() == L'\t');
 }
@@ -100,8 +100,8 @@ TEST(Profile, ReadsAsRecorded) {
     }
 }
 
-/// The recording re-formatted files where the real platform changes one line. What a file says is compared
-/// there, not how it is spelled.
+/// Returns the contents of a profile without its formatting: the recording reformats files where the real
+/// platform changes one line.
 std::string meaning(const std::string& bytes) {
     const zuhost::Profile profile(bytes);
     std::wstring text;
@@ -113,8 +113,8 @@ std::string meaning(const std::string& bytes) {
     return zuhost::toUtf8(text);
 }
 
-/// Denies what the recorded rights deny; those of the system would not bind an administrator, as whom the
-/// tests may run.
+/// Denies the operations that the recorded permissions deny: real permissions would not apply to tests run by
+/// an administrator.
 int denied(const json& recorded, zuhost::file_ops::Operation operation) {
     const std::string name = recorded["name"];
     const bool binds = name.starts_with("read-only: ");
@@ -145,7 +145,7 @@ TEST(Profile, WritesAsRecorded) {
             const std::string before = TemporaryFolder::read(file.path());
             const BOOL result =
                 WritePrivateProfileStringW(orNull(section), orNull(key), orNull(value), file.wide().c_str());
-            // What the file can't hold is refused here, and replaced there.
+            // The host rejects text that the file's encoding cannot represent; the recording replaces it.
             const bool refused = !fits(write, file.bytes());
             allFit = allFit && !refused;
             EXPECT_EQ(result, refused ? FALSE : wanted[i].get<BOOL>()) << recorded["name"];
@@ -155,7 +155,7 @@ TEST(Profile, WritesAsRecorded) {
             EXPECT_TRUE(!refused || TemporaryFolder::read(file.path()) == before) << recorded["name"];
         }
         const json after = expected.value("after", json());
-        // Both forms of the wave dash and its like are kept here.
+        // The host keeps both forms of the wave dash and similar characters.
         const bool kept = recorded["name"].get<std::string>().starts_with("code page: ") &&
                           fromBase64(after.is_string() ? after : json("")).find('?') != std::string::npos;
         if (!after.is_string() || !allFit || kept || marksUtf8(file.bytes()))
@@ -181,20 +181,20 @@ TEST(Profile, ReadsIntegersAsRecorded) {
     }
 }
 
-TEST(Profile, DropsHalfACharacterAtTheEndOfAFile) {
+TEST(Profile, DropsAnIncompleteUnitAtTheEndOfAFile) {
     zuhost::Profile profile(std::string_view("\xFF\xFE[\0A\0]\0\n\0x", 11));
     EXPECT_TRUE(profile.set(L"A", L"k", L"1"));
     EXPECT_EQ(zuhost::Profile(profile.bytes()).value(L"A", L"k"), L"1");
 }
 
-TEST(Profile, WritesUtf8WhereTheMarkSaysSo) {
+TEST(Profile, WritesUtf8ToFilesWithItsMark) {
     const TemporaryFolder folder;
     const std::string path = folder.write("p.ini", "\xEF\xBB\xBF[A]\r\nk=1\r\n");
     EXPECT_TRUE(WritePrivateProfileStringW(L"A", L"k", L"850㎥/h", folder.wide("p.ini").c_str()));
     EXPECT_EQ(TemporaryFolder::read(path), "\xEF\xBB\xBF[A]\r\nk=850㎥/h\r\n");
 }
 
-TEST(Profile, RefusesWhatTheFileCannotHold) {
+TEST(Profile, RejectsTextThatTheEncodingCannotRepresent) {
     const TemporaryFolder folder;
     const std::string path = folder.write("p.ini", "[A]\r\nk=1\r\n");
     EXPECT_FALSE(WritePrivateProfileStringW(L"A", L"k", L"850㎥/h", folder.wide("p.ini").c_str()));

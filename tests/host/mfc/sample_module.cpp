@@ -1,4 +1,4 @@
-// A module of the host, which records how it was attached and detached.
+// A module that records its attach and detach in the environment.
 #include <afxdllx.h>
 
 #include <cstdlib>
@@ -7,8 +7,8 @@
 namespace {
 
 AFX_EXTENSION_MODULE extension;
-/// Must be there before attach and until after detach.
-const std::string greeting = "a text too long for the small buffer of a string";
+/// Must be constructed before attach and destroyed after detach.
+const std::string kGreeting = "a text too long for the small buffer of a string";
 
 } // namespace
 
@@ -16,7 +16,7 @@ extern "C" __attribute__((visibility("hidden"))) int DllMain(HINSTANCE instance,
     if (reason == DLL_PROCESS_ATTACH) {
         AfxInitExtensionModule(extension, instance);
         new CDynLinkLibrary(extension); // owned by the chain
-        setenv("ZU_SAMPLE_MODULE", greeting.c_str(), 1);
+        setenv("ZU_SAMPLE_MODULE", kGreeting.c_str(), 1);
     } else {
         AfxTermExtensionModule(extension);
         unsetenv("ZU_SAMPLE_MODULE");

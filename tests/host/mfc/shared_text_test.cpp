@@ -37,7 +37,7 @@ TEST(SharedText, CopiesShareUntilOneIsChanged) {
     for (const CString* const original : {&own, &pooled}) {
         for (std::size_t i = 0; i < std::size(changes); ++i) {
             CString copy = *original;
-            ASSERT_EQ(copy.GetString(), original->GetString()) << "a copy costs no memory";
+            ASSERT_EQ(copy.GetString(), original->GetString()) << "a copy shares the characters";
             changes[i](copy);
             EXPECT_NE(copy, *original) << i;
             EXPECT_EQ(*original, L"abcdef") << i;
@@ -55,7 +55,7 @@ TEST(SharedText, BuffersAreFilledInPlace) {
     EXPECT_EQ(text.GetString(), buffer);
     text.GetBuffer(5)[4] = L'e';
     text.ReleaseBuffer(99);
-    EXPECT_EQ(text, L"abcde") << "no more than there is room for";
+    EXPECT_EQ(text, L"abcde") << "limited to the size of the buffer";
     const CString copy = text;
     text.ReleaseBuffer(99);
     EXPECT_EQ(text, copy);
@@ -122,7 +122,7 @@ TEST(StringPool, TextsAndListsOutliveItAndEachOther) {
     EXPECT_EQ(copied[4], L"20");
 }
 
-TEST(StringPool, ListsChangeAsOthersDo) {
+TEST(StringPool, ListsChangeLikeOthers) {
     CStringPool pool;
     const std::unique_ptr<CStringArray> list = pool.MakeArray(2);
     for (const wchar_t* const text : {L"a", L"b", L"c", L"d"})

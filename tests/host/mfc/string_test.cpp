@@ -26,9 +26,8 @@ int sign(int value) {
 }
 
 double number(const json& text) {
-    const std::string spelled = text.get<std::string>();
-    return spelled == "nan" ? std::numeric_limits<double>::quiet_NaN()
-                            : std::strtod(spelled.c_str(), nullptr);
+    const std::string digits = text.get<std::string>();
+    return digits == "nan" ? std::numeric_limits<double>::quiet_NaN() : std::strtod(digits.c_str(), nullptr);
 }
 
 TEST(String, Pieces) {
@@ -86,9 +85,9 @@ TEST(String, FormatsTypesAndWidths) {
     text.Format(L"%*d|%.2s|%6.2f|%-8.1e|%g|%u", 4, 1, L"xyz", 3.14159, 12345.678, 0.0001, 3000000000U);
     EXPECT_EQ(text, L"   1|xy|  3.14|1.2e+04 |0.0001|3000000000");
     text.Format(L"%d %s %d", 1);
-    EXPECT_EQ(text, L"1  ") << "what has no argument prints nothing";
+    EXPECT_EQ(text, L"1  ") << "a conversion without an argument prints nothing";
     text.Format(L"%s", 42);
-    EXPECT_EQ(text, L"") << "an argument of another kind is not read as a text";
+    EXPECT_EQ(text, L"") << "an argument of another type is not read as a text";
     text.Format(L"%I64d|%.3d|%+.2e|%08.3f|%#X|% d|%-*s|", -1LL << 40U, 7, -0.00012345, -3.14159, 255, 5, -4,
                 L"ab");
     EXPECT_EQ(text, L"-1099511627776|007|-1.23e-04|-003.142|0XFF| 5|ab  |");
@@ -99,9 +98,9 @@ TEST(String, FormatsTypesAndWidths) {
     const std::vector<wchar_t> unended{L'a', L'b'};
     const std::vector<char> narrow{'c', 'd'};
     text.Format(L"%.2s%.*hs", unended.data(), 2, narrow.data());
-    EXPECT_EQ(text, L"abcd") << "with a precision a text needs no end";
+    EXPECT_EQ(text, L"abcd") << "with a precision the text need not be terminated";
     text.Format(L"%.2hs|%.9hs", "表示能", "\xE8\xA1");
-    EXPECT_EQ(text.Left(3), L"表示|") << "characters, not bytes";
+    EXPECT_EQ(text.Left(3), L"表示|") << "the precision counts characters, not bytes";
     text.Format(L"");
     text.AppendFormat(L"[%5.1lf]", 2.25);
     EXPECT_EQ(text, L"[  2.2]");
@@ -109,7 +108,7 @@ TEST(String, FormatsTypesAndWidths) {
 
 TEST(String, FormatsRealsAsRecorded) {
     const json recorded = recordedCases("misc.json");
-    // Exact ties are rounded to even, as the real platform does today and the recording did not.
+    // Exact ties round to even, as on current versions of the platform but not in the recording.
     const auto wanted = [&recorded](const json& c, std::size_t column) {
         for (const json& tie : recorded["printf_ties"])
             if (tie[0] == c[0] && tie[1] == c[1] && tie[2] == c[column])
@@ -216,8 +215,8 @@ TEST(Codec, Japanese932AsRecorded) {
     for (const json& c : recorded["wide_to_cp932"]) {
         const auto bytes = codec->encode(wide(c[0]).view());
         const std::string wanted = bytesOf(c[1]);
-        // What fits exactly is written as recorded; replacements and best fits are refused, or kept where two
-        // forms of one character are taken.
+        // Exact mappings are as recorded. Best-fit mappings are rejected, or preserved where both forms of a
+        // character are accepted.
         if (bytes && codec->decode(wanted) == wide(c[0]).view())
             EXPECT_EQ(*bytes, wanted) << c[0];
         else
@@ -227,7 +226,7 @@ TEST(Codec, Japanese932AsRecorded) {
     EXPECT_FALSE(codec->encode(L"😀"));
 }
 
-TEST(Codec, PlatformFunctionsTellSizesAndRefuse) {
+TEST(Codec, PlatformFunctionsReturnSizesAndErrors) {
     wchar_t text[8];
     EXPECT_EQ(MultiByteToWideChar(932, 0, "\x95\x5C\x94\x5C", -1, nullptr, 0), 3);
     EXPECT_EQ(MultiByteToWideChar(932, 0, "\x95\x5C\x94\x5C", -1, text, 8), 3);
@@ -243,7 +242,7 @@ TEST(Codec, PlatformFunctionsTellSizesAndRefuse) {
     EXPECT_EQ(GetLastError(), ERROR_NO_UNICODE_TRANSLATION);
 }
 
-/// One wchar_t or two: the compiler's own texts are the measure.
+/// One wchar_t or two, as in the compiler's own literals.
 TEST(Codec, CharactersBeyondTheFirstPlane) {
     const std::wstring text = L"𠮷野😀";
     const std::string utf16("\x42\xD8\xB7\xDF\xCE\x91\x3D\xD8\x00\xDE", 10);
@@ -259,7 +258,7 @@ TEST(Codec, CharactersBeyondTheFirstPlane) {
     EXPECT_EQ(zuhost::nextCodePoint(text, at), U'野');
 }
 
-TEST(Codec, Utf8KeepsWhatItCan) {
+TEST(Codec, Utf8ReplacesOnlyMalformedBytes) {
     EXPECT_EQ(zuhost::toUtf8(zuhost::fromUtf8("表😀a")), "表😀a");
     EXPECT_EQ(zuhost::toUtf8(zuhost::fromUtf8("a\xFF\xC0\x80z\xE8\xA1")), "a\uFFFD\uFFFD\uFFFDz\uFFFD\uFFFD");
     EXPECT_FALSE(zuhost::TextCodec().encode(std::wstring(1, static_cast<wchar_t>(0xD800))));
@@ -315,7 +314,7 @@ TEST(Lists, KeepTheirOrder) {
     EXPECT_EQ(list.RemoveTail(), a);
     EXPECT_TRUE(list.IsEmpty());
 
-    // Places that were given back are used again; long lists keep their order over all blocks.
+    // Freed nodes are reused; long lists keep their order across blocks.
     std::deque<CObject*> expected;
     for (int i = 0; i < 200000; ++i) {
         expected.push_back(i % 3 == 0 ? a : b);

@@ -12,7 +12,7 @@ namespace {
 using zuhost::TextBlock;
 using zuhost::TextBlocks;
 
-/// Gives out the bytes as a file does.
+/// Returns a source that reads the bytes like a file.
 TextBlocks::Source sourceOf(std::string bytes) {
     return [bytes = std::move(bytes), at = std::size_t{0}](char* place, std::size_t size) mutable {
         const std::size_t count = bytes.copy(place, size, at);
@@ -30,7 +30,7 @@ std::string encoded(const std::string& ascii, std::size_t unit) {
     return bytes;
 }
 
-/// Reads block after block.
+/// Reads the lines of consecutive blocks.
 class Lines {
 public:
     explicit Lines(TextBlocks::Source source) : blocks_(std::move(source)) {}
@@ -47,7 +47,7 @@ private:
     TextBlock block_;
 };
 
-TEST(TextBlocks, EveryLineOfALongTextIsWhole) {
+TEST(TextBlocks, LinesOfALongTextAreComplete) {
     std::mt19937 random(7);
     for (const std::string mark : {"", "\xEF\xBB\xBF", "\xFF\xFE"}) {
         const std::size_t unit = mark == "\xFF\xFE" ? 2 : 1;
@@ -77,7 +77,7 @@ TEST(TextBlocks, ControlZEndsTheText) {
     }
 }
 
-TEST(TextBlocks, ALineHasALimit) {
+TEST(TextBlocks, RejectsLinesOverTheLimit) {
     const std::string longest(TextBlocks::kLongestLine, 'x');
     Lines lines(sourceOf("a\n" + longest + "\n"));
     EXPECT_EQ(lines.next(), "a");

@@ -4,14 +4,14 @@
 
 namespace zuhost {
 
-/// The program that the host runs in, as users see it.
+/// Names of the program that the host runs in.
 struct Application {
-    std::string program = "zuhost";        ///< What the desktop calls its windows' owner.
+    std::string program = "zuhost";        ///< Name of the application for the desktop.
     std::wstring title;                    ///< Caption of AfxMessageBox.
-    std::string settingsFolder = "zuhost"; ///< Of CWinApp's profile, in the user's configuration folder.
+    std::string settingsFolder = "zuhost"; ///< For CWinApp's profile, in the user's configuration folder.
 };
 
-/// Set by the program before it shows anything.
+/// Sets the names; the program calls it before it shows a window or a message box.
 void setApplication(Application application);
 [[nodiscard]] const Application& application();
 

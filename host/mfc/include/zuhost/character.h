@@ -2,14 +2,14 @@
 
 namespace zuhost {
 
-/// White space as the platform's wide functions see it.
+/// Returns whether the platform's wide functions treat a character as white space.
 constexpr bool isSpace(wchar_t c) {
     return c == L' ' || (c >= 0x09 && c <= 0x0D) || c == 0x85 || c == 0xA0 || c == 0x1680 ||
            (c >= 0x2000 && c <= 0x200A) || c == 0x2028 || c == 0x2029 || c == 0x202F || c == 0x205F ||
            c == 0x3000;
 }
 
-// Case as in the platform's C locale, which is the one in force: only ASCII letters fold.
+// Case conversion of the platform's C locale: only ASCII letters change.
 constexpr wchar_t toUpper(wchar_t c) {
     return c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - 32) : c;
 }

@@ -11,13 +11,13 @@
 
 namespace zuhost {
 
-/// The elements of an array, one after the other, in memory of their own or, while they fit, in a place that
-/// was given. Small, since there are arrays by the million; not moved, since the place stays where it is.
+/// The elements of an array, contiguous in own memory or, while they fit, in external memory given to the
+/// constructor. Small, because there may be millions of arrays. Not movable: it may point into its owner.
 template <typename Element>
 class ElementList {
 public:
     ElementList() = default;
-    /// Uninitialised memory for so many elements, which outlives the list.
+    /// Uses uninitialised memory for that many elements, which must outlive the list.
     ElementList(void* place, int room)
         : items_(static_cast<Element*>(place)), room_(static_cast<unsigned>(room) & kRoomMask), placed_(1) {}
     ElementList(const ElementList& other) { append(other.begin(), other.end()); }
@@ -39,7 +39,7 @@ public:
     [[nodiscard]] const Element* begin() const { return items_; }
     [[nodiscard]] const Element* end() const { return items_ + size_; }
 
-    /// Room for so many more, and for as many again as there are, so that adding often costs little.
+    /// Reserves room for that many more elements, at least doubling the size so that adding stays cheap.
     void makeRoom(int more) {
         if (more > room() - size_)
             grow(more);
@@ -64,19 +64,19 @@ public:
             moveTo(size_);
     }
 
-    /// By value: it may be an element of this list.
+    /// Takes the element by value because it may be one of this list.
     void add(Element element) {
         makeRoom(1);
         std::construct_at(end(), std::move(element));
         ++size_;
     }
-    /// Of another list, or of room that is there.
+    /// Elements of this list may be appended only when there is room for them.
     void append(const Element* first, const Element* last) {
         reserve(size_ + static_cast<int>(last - first));
         std::uninitialized_copy(first, last, end());
         size_ += static_cast<int>(last - first);
     }
-    /// By value like `add`; an index beyond the end first makes the list so long.
+    /// Takes the element by value like `add`. For an index beyond the end, first extends the list to it.
     void insert(int index, int count, Element element) {
         resize(std::max(index, size_));
         if (count == 0)
@@ -107,7 +107,7 @@ private:
         const std::size_t bytes = std::max<std::size_t>(static_cast<std::size_t>(room) * kSize, 1);
         room_ = static_cast<unsigned>(room) & kRoomMask;
         if constexpr (std::is_trivially_copyable_v<Element>) {
-            // The system moves the pages of a long list without touching them.
+            // For a long list the system remaps the pages instead of copying them.
             if (placed_ == 0) {
                 items_ = static_cast<Element*>(allocated(std::realloc(items_, bytes)));
                 return;
@@ -135,7 +135,7 @@ private:
     Element* items_ = nullptr;
     int size_ = 0;
     unsigned room_ : 31 = 0;
-    unsigned placed_ : 1 = 0; ///< The memory is the given place.
+    unsigned placed_ : 1 = 0; ///< The memory is external.
 };
 
 } // namespace zuhost

@@ -8,17 +8,17 @@
 
 namespace zuhost {
 
-/// The only place that calls the system's file functions. Every call is counted, so that tests can make the
-/// n-th one fail or stop the process at it. Paths are UTF-8 with "/" here; see paths.h for those of users.
-/// Results: 0 on success, otherwise the system's error number.
+/// The only code that calls the system's file functions. Tests can intercept every call, to make the n-th one
+/// fail or to end the process at it. Paths are UTF-8 with "/"; paths.h converts the paths of the interface.
+/// Functions return 0 on success, otherwise the system's error number.
 namespace file_ops {
 
 enum class Operation { open, openToWrite, read, write, sync, close, rename, remove, copyMode, makeFolder };
 
-/// Asked before each operation; a number other than 0 makes it fail with that error without being done.
+/// Called before each operation; a result other than 0 makes the operation fail with that error.
 using Interceptor = std::function<int(Operation operation, const std::string& path)>;
 
-/// Sets the interceptor for the life of the object and restores the one before.
+/// Sets the interceptor for the lifetime of the object and restores the previous one.
 class Interception {
 public:
     explicit Interception(Interceptor interceptor);
@@ -34,7 +34,7 @@ private:
 class FailAt {
 public:
     explicit FailAt(std::uint64_t n, bool fromThenOn = false);
-    /// Operations seen so far.
+    /// Returns the number of operations so far.
     [[nodiscard]] std::uint64_t count() const;
 
 private:
@@ -42,15 +42,15 @@ private:
     Interception interception_;
 };
 
-/// An open file; closed when it goes, at the latest.
+/// An open file, closed by its destructor.
 class File {
 public:
     enum class Mode {
-        read,      ///< Of a pipe too; one that nothing has opened for writing is empty.
-        createNew, ///< Fails when the file is there.
-        replace,   ///< Created, or emptied when it is there.
+        read,      ///< Also for pipes; a pipe without a writer reads as empty.
+        createNew, ///< Fails when the file exists.
+        replace,   ///< Creates the file or truncates an existing one.
         append,
-        update ///< Read and write; the file has to be there.
+        update ///< Reads and writes; the file must exist.
     };
 
     File() = default;
@@ -62,9 +62,9 @@ public:
 
     int open(const std::string& path, Mode mode);
     [[nodiscard]] bool isOpen() const { return handle_ >= 0; }
-    /// Reads up to `size` bytes; `done` receives how many (0 at the end).
+    /// Reads up to `size` bytes and stores their number in `done` (0 at the end).
     int read(char* buffer, std::size_t size, std::size_t& done);
-    /// Writes all of it, or fails.
+    /// Writes all bytes, or fails.
     int write(std::string_view bytes);
     int seek(std::int64_t offset, int origin, std::int64_t& position);
     int sync();
@@ -77,9 +77,9 @@ private:
 
 int rename(const std::string& from, const std::string& to);
 int remove(const std::string& path);
-/// Gives `to` the access rights of `from`.
+/// Copies the permissions of `from` to `to`.
 int copyMode(const std::string& from, const std::string& to);
-/// Makes what was renamed in the folder last through a power cut.
+/// Syncs a folder, so that renames in it survive a power failure.
 int syncFolder(const std::string& folder);
 
 } // namespace file_ops

@@ -4,10 +4,10 @@
 
 namespace zuhost {
 
-/// Makes a language the user's for this process, instead of the environment's. 0 for the environment's again.
+/// Sets the user's language for this process; 0 restores the environment's.
 void setUserLanguage(LANGID id);
 
-/// True when the environment names a language, known to the host or not; "C" and "POSIX" are none.
+/// Returns whether the environment names a language, known to the host or not; not for "C" and "POSIX".
 [[nodiscard]] bool environmentNamesLanguage();
 
 } // namespace zuhost

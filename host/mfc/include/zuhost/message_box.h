@@ -18,19 +18,19 @@ struct MessageBoxRequest {
 /// Shows a box and returns the button chosen.
 using MessageBoxPresenter = std::function<int(const MessageBoxRequest&)>;
 
-/// Sets how boxes are shown and returns the previous way. Empty, as at the start: on the desktop, where there
-/// is one, otherwise by printMessageBox.
+/// Sets the presenter of message boxes and returns the previous one. Empty, the initial value: shows boxes on
+/// the desktop if there is one, otherwise calls printMessageBox.
 MessageBoxPresenter setMessageBoxPresenter(MessageBoxPresenter presenter);
 
-/// Prints a box as a line on standard error and takes its first button: for programs that must not wait.
+/// Prints a box as a line on standard error and returns its first button: for programs that must not wait.
 int printMessageBox(const MessageBoxRequest& box);
 
-/// Shows a box on the desktop; nullopt where there is none.
+/// Shows a box on the desktop; returns nullopt when there is none.
 using DesktopMessageBox = std::optional<int> (*)(const MessageBoxRequest&);
-/// Registered by the part of the host that owns the desktop.
+/// Called by the part of the host that owns the desktop.
 void setDesktopMessageBox(DesktopMessageBox box);
 
-/// Collects the boxes shown during its life instead of showing them.
+/// Records message boxes during its lifetime instead of showing them.
 class MessageBoxObserver {
 public:
     /// `answer` is what each box returns.

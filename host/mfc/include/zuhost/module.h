@@ -7,17 +7,17 @@ namespace zuhost {
 /// A module's DllMain.
 using ModuleEntry = int (*)(HINSTANCE instance, DWORD reason, void* reserved);
 
-/// What a shared library tells the host of itself when it is loaded; see cmake/ZuModule.cmake, which writes
-/// the call.
+/// Describes a shared library to the host when it is loaded; cmake/ZuModule.cmake generates the code that
+/// registers it.
 struct ModuleDeclaration {
-    const void* anchor = nullptr; ///< An address within the module, by which the host knows it.
-    const char* name = nullptr;  ///< The module's name, used when the anchor lies in a program that holds the
-                                 ///< module's objects.
-    ModuleEntry entry = nullptr; ///< Null when the module has none.
+    const void* anchor = nullptr;  ///< An address within the module, which identifies its file.
+    const char* name = nullptr;    ///< The module's name, used when the anchor lies in a program that the
+                                   ///< module's objects are linked into.
+    ModuleEntry entry = nullptr;   ///< Null when the module has none.
     const char* strings = nullptr; ///< The built-in string table as UTF-8 text; null when it has none.
 };
 
-/// Makes the declared module known for its life and runs its attach and detach.
+/// Registers the declared module for its lifetime and runs its attach and detach.
 class ModuleRegistration {
 public:
     explicit ModuleRegistration(const ModuleDeclaration& declaration);

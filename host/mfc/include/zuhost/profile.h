@@ -9,12 +9,12 @@
 
 namespace zuhost {
 
-/// A profile (initialisation) file in memory: sections "[NAME]", keys "NAME=VALUE", comments ";". Every line
-/// keeps its bytes until it is changed itself.
+/// A profile (initialisation) file in memory: sections "[NAME]", keys "NAME=VALUE", comments ";". Unchanged
+/// lines are preserved verbatim.
 ///
-/// Names are compared ignoring the case of ASCII letters. White space around names and values does not count,
-/// and a value in a pair of double or single quotes is read without them. Where a section or key stands
-/// twice, the first counts.
+/// Names are compared ignoring the case of ASCII letters. White space around names and values is ignored.
+/// Quotes around a value are part of it here; the platform's functions remove them. Of duplicate sections or
+/// keys the first applies.
 class Profile {
 public:
     Profile() = default;
@@ -24,12 +24,12 @@ public:
     [[nodiscard]] std::vector<std::wstring> sections() const;
     [[nodiscard]] std::vector<std::wstring> keys(std::wstring_view section) const;
 
-    /// Sets a value, adding key and section where they are missing. False, with nothing changed, when the
-    /// file's encoding can't hold the text.
+    /// Sets a value, adding missing keys and sections. Returns false and changes nothing when the file's
+    /// encoding cannot represent the text.
     bool set(std::wstring_view section, std::wstring_view key, std::wstring_view value);
-    /// Takes out the key's line.
+    /// Removes the key's line.
     void remove(std::wstring_view section, std::wstring_view key);
-    /// Takes out the section's heading and keys; comments stay.
+    /// Removes the section's heading and keys; comments stay.
     void removeSection(std::wstring_view section);
 
     [[nodiscard]] std::string bytes() const;

@@ -9,26 +9,26 @@ namespace zuhost {
 class ProgressPresenter {
 public:
     virtual ~ProgressPresenter() = default;
-    /// A job begins; its positions lie between first and last.
+    /// Starts a job whose positions lie between first and last.
     virtual void start(const std::wstring& label, int first, int last) = 0;
     virtual void moveTo(int position) = 0;
-    /// The job is over.
+    /// Ends the job.
     virtual void restore() = 0;
 };
 
-/// Sets the presenter of the meter and returns the previous one. Null, as at the start: the desktop's, where
-/// there is one. The caller keeps ownership.
+/// Sets the presenter of the meter and returns the previous one. Null, the initial value: uses the desktop's,
+/// if there is one. The caller keeps ownership.
 ProgressPresenter* setProgressPresenter(ProgressPresenter* presenter);
 
-/// The presenter in use; null when the meter is not shown.
+/// Returns the current presenter; null when the meter is not shown.
 [[nodiscard]] ProgressPresenter* progressPresenter();
 
-/// Returns the desktop's presenter, null while the program has no windows.
+/// Returns the desktop's presenter; null while the program has no windows.
 using DesktopProgress = ProgressPresenter* (*)();
-/// Registered by the part of the host that owns the desktop.
+/// Called by the part of the host that owns the desktop.
 void setDesktopProgress(DesktopProgress progress);
 
-/// Records the meter's calls during its life instead of showing them.
+/// Records the meter's calls during its lifetime instead of showing them.
 class ProgressObserver : public ProgressPresenter {
 public:
     struct Job {

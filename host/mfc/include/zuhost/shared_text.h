@@ -10,10 +10,10 @@
 
 namespace zuhost {
 
-/// Wide text by value, ended by a zero. Copies share one buffer until one of them is changed. Copies of a
-/// text may be used by several threads, each of them by one at a time.
+/// Zero-terminated wide text, a value type. Copies share one buffer until one of them is changed. Different
+/// threads may use different copies of a text at the same time.
 ///
-/// The object is one pointer to the characters. Before them lie their number and the way to the buffer.
+/// The object is one pointer to the characters. A header before them has their number and locates the buffer.
 class SharedText {
 public:
     SharedText() = default;
@@ -39,20 +39,20 @@ public:
     [[nodiscard]] std::size_t size() const { return characters_ != nullptr ? header()->size : 0; }
     [[nodiscard]] std::wstring_view view() const { return {c_str(), size()}; }
 
-    /// The characters in a buffer of their own with room for so many; valid until the next change.
+    /// Returns the characters in an unshared buffer with room for that many; valid until the next change.
     [[nodiscard]] wchar_t* own(std::size_t room) {
         if (!ownsRoom(room))
             *this = copyWithRoom(room);
         return characters_;
     }
-    /// How many characters the buffer has room for.
+    /// Returns the number of characters that the buffer has room for.
     [[nodiscard]] std::size_t room() const {
         if (characters_ == nullptr)
             return 0;
         const std::size_t cells = buffer()->cells - header()->cells;
         return (cells * sizeof(Cell) - sizeof(Header)) / sizeof(wchar_t) - 1;
     }
-    /// Makes the first characters of the buffer, no more than it has room for, the text.
+    /// Sets the text to the first `size` characters of the buffer; `size` is at most room().
     void setSize(std::size_t size) {
         if (ownsRoom(size)) {
             header()->size = static_cast<std::uint32_t>(size);
@@ -69,13 +69,13 @@ private:
 
     struct Header {
         std::uint32_t size;
-        std::uint32_t cells; ///< Between the start of the buffer's data and the header.
+        std::uint32_t cells; ///< Number between the start of the buffer's data and the header.
     };
-    /// Texts are laid out in cells.
+    /// Unit of allocation in a buffer.
     using Cell = std::uint32_t;
     struct Buffer {
         std::atomic<std::uint32_t> owners;
-        std::uint32_t cells; ///< That follow in memory.
+        std::uint32_t cells; ///< Number of cells that follow in memory.
 
         Cell* data() { return reinterpret_cast<Cell*>(this + 1); }
     };
@@ -84,16 +84,16 @@ private:
     static Buffer* allocate(std::size_t cells, std::uint32_t owners);
     static void free(Buffer* buffer);
     static void release(Buffer* buffer, std::uint32_t owners) {
-        // The last owner needs no atomic change: nobody else is left to make one.
+        // The last owner needs no atomic decrement: no other thread can access the count.
         if (buffer->owners.load(std::memory_order_acquire) == owners ||
             buffer->owners.fetch_sub(owners, std::memory_order_acq_rel) == owners)
             free(buffer);
     }
-    /// Cells of a text with its header and final zero.
+    /// Returns the number of cells for a text with its header and final zero.
     static constexpr std::size_t cellsFor(std::size_t size) {
         return (sizeof(Header) + (size + 1) * sizeof(wchar_t) + sizeof(Cell) - 1) / sizeof(Cell);
     }
-    /// Puts a header for a text of that size into the buffer; gives where its characters go.
+    /// Constructs a header for a text of that size in the buffer; returns the address for its characters.
     static wchar_t* place(Buffer* buffer, Cell* where, std::size_t size) {
         auto* const header = new (where)
             Header{static_cast<std::uint32_t>(size), static_cast<std::uint32_t>(where - buffer->data())};
@@ -110,12 +110,12 @@ private:
     }
     [[nodiscard]] SharedText copyWithRoom(std::size_t room) const;
 
-    wchar_t* characters_ = nullptr; ///< Null, or as many as the header says and a zero.
+    wchar_t* characters_ = nullptr; ///< Null for an empty text; otherwise zero-terminated, after a header.
 };
 
-/// Makes texts, and room for what holds them, that are kept in great number. They lie in a few shared
-/// buffers, each of which lives as long as one of its pieces; equal texts that follow each other closely are
-/// often one.
+/// Allocates texts, and memory for their containers, in large numbers. They share a few buffers, each of
+/// which lives as long as any text in it. Equal texts created shortly after each other often share their
+/// characters.
 class TextPool {
 public:
     TextPool() = default;
@@ -125,7 +125,7 @@ public:
 
     [[nodiscard]] SharedText make(std::wstring_view text);
 
-    /// Memory for anything small and aligned like a pointer; `release` gives it back.
+    /// Allocates memory for a small object with the alignment of a pointer; `release` frees it.
     [[nodiscard]] void* allocate(std::size_t size);
     static void release(void* memory);
 
@@ -147,7 +147,7 @@ private:
     SharedText::Cell* end_ = nullptr;
     std::size_t nextCells_ = 0;
     std::uint32_t made_ = 0;
-    std::array<Recent, 256> recent_{}; ///< Texts of the buffer by a few of their characters.
+    std::array<Recent, 256> recent_{}; ///< Recent texts of the buffer, by a hash of a few characters.
 };
 
 } // namespace zuhost

@@ -7,18 +7,18 @@
 
 namespace zuhost {
 
-/// Texts by id, written in UTF-8 as lines `id = "text"`, with \n, \t, \" and \\ in the text, blank lines and
-/// lines that begin with "#" between them. A byte-order mark in front does not count.
+/// Texts by id, stored in UTF-8 as lines `id = "text"` with the escapes \n, \t, \" and \\. Blank lines, lines
+/// that begin with "#" and a byte-order mark are ignored.
 class StringTable {
 public:
-    /// Lines that are no entries are left out; `firstBadLine` (counted from 1) receives the first of them, or
-    /// 0.
+    /// Skips malformed lines; stores the number of the first one, counted from 1, in `firstBadLine`, or 0
+    /// when there is none.
     static StringTable parse(std::string_view utf8, std::size_t* firstBadLine = nullptr);
 
-    /// Nullptr when there is no text of that id.
+    /// Returns null when there is no text with that id.
     [[nodiscard]] const std::wstring* find(unsigned id) const;
     [[nodiscard]] const std::map<unsigned, std::wstring>& texts() const { return texts_; }
-    /// The table in the form that `parse` reads.
+    /// Returns the table in the form that `parse` reads.
     [[nodiscard]] std::string format() const;
 
 private:
