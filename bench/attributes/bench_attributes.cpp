@@ -1,5 +1,5 @@
-// Reading, showing and writing back the attributes of 1,000, 10,000 and 100,000 elements, each task in a
-// process of its own that has just opened the drawing.
+// Reads, shows and writes back the attributes of 1,000, 10,000 and 100,000 elements. Each task runs in its
+// own process on a drawing that was just opened.
 #include "elements.h"
 
 #include "attributes/views/apply.h"
@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The parameter table lets every attribute be edited.
+/// Returns a parameter table in which every attribute is editable.
 zu::ParameterIndex parameters() {
     std::deque<CStringArray> records;
     CPtrArray table;
@@ -33,7 +33,7 @@ zu::ParameterIndex parameters() {
     return zu::ParameterIndex(table);
 }
 
-/// What the property list holds once the user has edited one attribute of twenty.
+/// Returns the items of the property list after the user has edited one attribute of twenty.
 std::vector<zu::ShownItem> edit() {
     std::vector<zu::ShownItem> items;
     for (int i = 1; i <= kAttributes; ++i) {

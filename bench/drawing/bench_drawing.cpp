@@ -1,5 +1,5 @@
-// Opening and saving whole drawings of 1, 10 and 100 MB, next to dxflib merely reading the same file. Each
-// task runs in a process of its own, so that its peak memory is its own as well.
+// Opens and saves whole drawings of 1, 10 and 100 MB, compared with dxflib only reading the same file. Each
+// task runs in its own process, so that its peak memory can be measured.
 #include "own_process.h"
 #include "plan_generator.h"
 
@@ -29,33 +29,33 @@ constexpr std::uint64_t kTinyBytes = 10000;
 
 struct Measure {
     double seconds = 0;
-    double peakBytes = 0; ///< Most memory at any time, beyond what the process took before.
+    double peakBytes = 0; ///< Peak memory beyond what the process used before the task.
 };
 
-/// Does something with the drawing of that path, and times itself; nothing else counts.
+/// Processes the drawing at a path and returns the seconds of the measured part.
 using Task = std::function<double(const std::string&)>;
 
-/// A number of bytes that the system tells about this process: "VmRSS" now, "VmHWM" at its highest.
+/// Returns the memory of this process in bytes: "VmRSS" is the current value, "VmHWM" the peak.
 double memory(const std::string& name) {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);)
         if (line.starts_with(name + ":"))
             return std::stod(line.substr(name.size() + 1)) * 1024;
-    throw std::runtime_error("the system does not tell " + name);
+    throw std::runtime_error("/proc/self/status does not list " + name);
 }
 
-/// From now on the highest is counted anew.
-void forgetPeak() {
+/// Resets "VmHWM".
+void resetPeak() {
     malloc_trim(0);
     std::ofstream("/proc/self/clear_refs") << "5";
 }
 
-/// The task in a process of its own. A drawing of a few objects is worked on before: what a process takes for
-/// pages of libraries, whatever the drawing, is in place then.
+/// Runs the task in its own process, first on a drawing of a few objects: the pages of libraries are then
+/// loaded and do not count.
 Measure runInChild(const Task& task, const std::string& path, const std::string& tinyPath) {
     return inOwnProcess([&] {
         task(tinyPath);
-        forgetPeak();
+        resetPeak();
         Measure measure;
         const double before = memory("VmRSS");
         measure.seconds = task(path);
@@ -80,30 +80,30 @@ double readWithDxflib(const std::string& path) {
     });
 }
 
-double openIt(const std::string& path) {
+double openDocument(const std::string& path) {
     std::unique_ptr<Document> document;
     return timed([&] { document = openDrawing(path); });
 }
 
-/// Opens as a database, as programs do; with `everyObject` builds all its objects too.
+/// Opens the drawing as a database; with `everyObject` also builds all its objects.
 double openDatabase(const std::string& path, bool everyObject) {
     AcDbDatabase database(false);
     return timed([&] {
         if (database.dxfIn(hostPath(path).c_str()) != Acad::eOk)
             throw std::runtime_error("cannot open " + path);
         AcDbObjectId id;
-        for (Adesk::UInt64 handle = firstPlanHandle;
+        for (Adesk::UInt64 handle = kFirstPlanHandle;
              everyObject && database.getAcDbObjectId(id, false, AcDbHandle(handle)) == Acad::eOk; ++handle)
             if (AcDbObjectPointer<AcDbObject>(id).openStatus() != Acad::eOk)
                 throw std::runtime_error("an object does not open");
     });
 }
 
-double saveIt(const std::string& path, DrawingForm form, bool changed) {
+double saveDocument(const std::string& path, DrawingForm form, bool changed) {
     const auto document = openDrawing(path);
     const Container& entities = document->container(Container::Kind::entities);
     TagList tags;
-    // One object of a hundred is written from its tags.
+    // One object in a hundred is written from its tags.
     std::uint64_t count = 0;
     const auto source = [&](const AcDbStub& stub) -> const TagList* {
         if (!changed || ++count % 100 != 0)
@@ -125,7 +125,7 @@ void print(const char* what, const Measure& measure, double bytes) {
                 bytes / measure.seconds / 1e6, measure.peakBytes / bytes);
 }
 
-/// A drawing of about so many bytes. It is written by another process, whose memory does not count.
+/// Writes a drawing of about that size in another process, whose memory does not count; returns its path.
 std::string writtenPlan(const fs::path& folder, std::uint64_t bytes) {
     std::string path = folder / (std::to_string(bytes) + ".dxf");
     const pid_t child = fork();
@@ -141,7 +141,7 @@ void benchmark(const fs::path& folder, std::uint64_t megabytes) {
     const std::string path = writtenPlan(folder, megabytes * 1000000);
     const std::string tinyPath = writtenPlan(folder, kTinyBytes);
     const auto bytes = static_cast<double>(fs::file_size(path));
-    // The quickest of some runs, with the most memory of any.
+    // Reports the fastest run and the highest peak memory of all runs.
     const auto measured = [&](const char* what, int runs, const Task& task) {
         Measure best = runInChild(task, path, tinyPath);
         for (int i = 1; i < runs; ++i) {
@@ -155,17 +155,17 @@ void benchmark(const fs::path& folder, std::uint64_t megabytes) {
     const int runs = megabytes < 100 ? 7 : 5;
     std::printf("%llu MB (%.0f bytes)\n", static_cast<unsigned long long>(megabytes), bytes);
     const double dxflib = measured("dxflib reads", megabytes < 100 ? 3 : 1, readWithDxflib);
-    const double open = measured("open", runs, openIt);
+    const double open = measured("open", runs, openDocument);
     measured("open as a database", runs, [](const std::string& file) { return openDatabase(file, false); });
     measured("... and every object of it", 3,
              [](const std::string& file) { return openDatabase(file, true); });
     const double save = measured("save unedited", runs, [](const std::string& file) {
-        return saveIt(file, DrawingForm::ascii, false);
+        return saveDocument(file, DrawingForm::ascii, false);
     });
     measured("save, 1 of 100 changed", runs,
-             [](const std::string& file) { return saveIt(file, DrawingForm::ascii, true); });
+             [](const std::string& file) { return saveDocument(file, DrawingForm::ascii, true); });
     measured("save as binary", runs,
-             [](const std::string& file) { return saveIt(file, DrawingForm::binary, false); });
+             [](const std::string& file) { return saveDocument(file, DrawingForm::binary, false); });
     std::printf("  open is %.1f times as fast as dxflib; save takes %.2f of open\n", dxflib / open,
                 save / open);
     fs::remove(path);
@@ -174,7 +174,7 @@ void benchmark(const fs::path& folder, std::uint64_t megabytes) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // dxflib converts numbers by the locale; "C" is what it expects.
+    // dxflib converts numbers by the locale and expects "C", the default.
     const fs::path folder =
         fs::path(argc > 1 ? argv[1] : ".") / ("bench-drawing-" + std::to_string(getpid()));
     fs::create_directories(folder);

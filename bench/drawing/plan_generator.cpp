@@ -14,21 +14,21 @@ using namespace zuhost;
 
 namespace {
 
-constexpr const char* symbolName = "ZU-VAV";
-constexpr const char* applicationName = "ZU_ATTRIBUTES";
-constexpr int groupSize = 20;
+constexpr const char* kSymbolName = "ZU-VAV";
+constexpr const char* kApplicationName = "ZU_ATTRIBUTES";
+constexpr int kGroupSize = 20;
 
-/// Spells records as drawings do.
-class Records {
+/// Formats records as in ASCII drawings.
+class RecordWriter {
 public:
-    Records& add(int code, std::string_view value) {
+    RecordWriter& add(int code, std::string_view value) {
         const std::string digits = std::to_string(code);
         text_.append(digits.size() < 3 ? 3 - digits.size() : 0, ' ').append(digits).append("\r\n");
         text_.append(value).append("\r\n");
         return *this;
     }
-    Records& add(int code, double value) { return add(code, formatReal(value)); }
-    Records& handle(int code, std::uint64_t value) { return add(code, formatHandle(value)); }
+    RecordWriter& add(int code, double value) { return add(code, formatReal(value)); }
+    RecordWriter& handle(int code, std::uint64_t value) { return add(code, formatHandle(value)); }
     std::string take() { return std::exchange(text_, {}); }
 
 private:
@@ -40,11 +40,11 @@ public:
     Plan(std::ofstream& out, std::uint64_t modelSpace, std::uint64_t groupDictionary)
         : out_(out), modelSpace_(modelSpace), groupDictionary_(groupDictionary) {}
 
-    /// One group of references with what stands around them.
+    /// Writes a group of block references with the lines, texts and the polyline around them.
     void room() {
         const std::uint64_t group = next_++;
         std::vector<std::uint64_t> members;
-        for (int i = 0; i < groupSize; ++i) {
+        for (int i = 0; i < kGroupSize; ++i) {
             members.push_back(reference(group));
             for (int k = 0; k < 4; ++k)
                 line();
@@ -53,7 +53,7 @@ public:
         polyline();
         out_ << records_.take();
         groups_ += groupRecords(group, members);
-        Records entry;
+        RecordWriter entry;
         entry.add(3, "*A" + std::to_string(++groupCount_)).handle(350, group);
         dictionaryEntries_ += entry.take();
     }
@@ -81,9 +81,9 @@ private:
 
     std::uint64_t reference(std::uint64_t group) {
         const std::uint64_t handle = begin("INSERT", "0", group);
-        records_.add(100, "AcDbBlockReference").add(2, symbolName);
+        records_.add(100, "AcDbBlockReference").add(2, kSymbolName);
         point(10);
-        records_.add(41, 1.5).add(50, coordinate() / 1000).add(1001, applicationName);
+        records_.add(41, 1.5).add(50, coordinate() / 1000).add(1001, kApplicationName);
         for (const char* value : {"機器記号|VAV-2F-01|1", "風量|850|2", "静圧|120.5|3", "系統|AC-201|4"})
             records_.add(1000, value);
         records_.add(1070, "2").add(1040, coordinate());
@@ -112,7 +112,7 @@ private:
     }
 
     std::string groupRecords(std::uint64_t group, const std::vector<std::uint64_t>& members) const {
-        Records records;
+        RecordWriter records;
         records.add(0, "GROUP").handle(5, group).add(102, "{ACAD_REACTORS").handle(330, groupDictionary_);
         records.add(102, "}").handle(330, groupDictionary_).add(100, "AcDbGroup").add(300, "");
         records.add(70, "1").add(71, "1");
@@ -124,8 +124,8 @@ private:
     std::ofstream& out_;
     std::uint64_t modelSpace_;
     std::uint64_t groupDictionary_;
-    std::uint64_t next_ = firstPlanHandle;
-    Records records_;
+    std::uint64_t next_ = kFirstPlanHandle;
+    RecordWriter records_;
     std::string groups_;
     std::string dictionaryEntries_;
     int groupCount_ = 0;
@@ -133,8 +133,8 @@ private:
     std::uniform_real_distribution<double> position_{0, 90000};
 };
 
-/// The empty drawing with the application, the symbol's block and a high seed.
-std::string frame() {
+/// Returns an empty drawing with the application, the symbol's block and a handle seed above all handles.
+std::string emptyDrawing() {
     const auto document = Document::createEmpty(nullptr);
     std::map<const AcDbStub*, TagList> tags;
     const auto entry = [&](const char* table, const char* type, const char* name) {
@@ -148,8 +148,8 @@ std::string frame() {
         records.add(70, "0");
         return stub;
     };
-    entry("APPID", "APPID", applicationName);
-    document->appendBlock(symbolName, entry("BLOCK_RECORD", "BLOCK_RECORD", symbolName));
+    entry("APPID", "APPID", kApplicationName);
+    document->appendBlock(kSymbolName, entry("BLOCK_RECORD", "BLOCK_RECORD", kSymbolName));
     TagList header = document->header();
     const std::size_t seed = header.find(5, header.all());
     header[seed].value = "FFFFFFF";
@@ -163,7 +163,7 @@ std::string frame() {
 } // namespace
 
 void writePlan(const std::string& path, std::uint64_t bytes) {
-    const std::string text = frame();
+    const std::string text = emptyDrawing();
     const std::size_t entities = text.find("ENTITIES\r\n") + 10;
     const std::size_t dictionary = text.find("  0\r\n", text.find("DICTIONARY\r\n  5\r\nD\r\n"));
     const std::size_t objectsEnd = text.rfind("  0\r\nENDSEC");

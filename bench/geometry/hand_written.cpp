@@ -8,7 +8,7 @@ namespace {
 
 constexpr double kPi = 3.141592653589793;
 
-/// Unit vector and length of a line that is not degenerate.
+/// Unit vector and length of a non-degenerate line.
 void unitOf(double x1, double y1, double x2, double y2, double& ux, double& uy, double& length) {
     length = std::sqrt((x2 - x1) * (x2 - x1) + (y2 - y1) * (y2 - y1));
     double a;

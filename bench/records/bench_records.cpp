@@ -1,5 +1,5 @@
-// Reading part drawings of 1, 10 and 100 MB, ASCII and binary, and a folder of 3,000 small ones, next to
-// dxflib and to the least that any reader has to do.
+// Reads part drawings of 1, 10 and 100 MB, ASCII and binary, and a folder of 3,000 small ones, compared with
+// dxflib and with the minimum work of any reader.
 #include "limit.h"
 #include "measure.h"
 #include "part_generator.h"
@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::size_t kFolderFiles = 3000;
 constexpr std::size_t kSmallFile = 12000;
-constexpr std::size_t kTinyFile = 600; ///< What it takes beside the entities.
+constexpr std::size_t kTinyFile = 600; ///< Measures the cost of a file apart from its entities.
 
 Held readPart(const std::string& path) {
     auto part = std::make_shared<CAcadDxf>(CString(zuhost::hostPath(path)));
@@ -39,7 +39,7 @@ Held readWithDxflib(const std::string& path) {
     return nullptr;
 }
 
-Held touchLimit(const std::string& path) {
+Held measureLimit(const std::string& path) {
     [[maybe_unused]] const volatile double sum = readLimit(path);
     return nullptr;
 }
@@ -63,7 +63,7 @@ void compare(const fs::path& folder, std::size_t megabytes, bool binary) {
     const auto bytes = static_cast<double>(fs::file_size(path));
     const int runs = megabytes < 100 ? 20 : 7;
     std::printf("%zu MB %s\n", megabytes, binary ? "binary" : "ASCII");
-    const Measure limit = measure(runs, [&] { return touchLimit(path); });
+    const Measure limit = measure(runs, [&] { return measureLimit(path); });
     const Measure part = measure(runs, [&] { return readPart(path); });
     print("limit", limit, bytes);
     print("CAcadDxf", part, bytes);
@@ -91,7 +91,7 @@ void compareFolder(const fs::path& folder, std::size_t fileSize) {
         });
     };
     const Measure opening = overAll([](const std::string& path) { std::ifstream(path, std::ios::binary); });
-    const Measure limit = overAll(touchLimit);
+    const Measure limit = overAll(measureLimit);
     const Measure part = overAll(readPart);
     const Measure dxflib = overAll(readWithDxflib);
     const auto each = [](const Measure& all) { return all.seconds * 1e6 / kFolderFiles; };
@@ -100,12 +100,12 @@ void compareFolder(const fs::path& folder, std::size_t fileSize) {
         kFolderFiles, bytes.size(), each(opening), each(limit), each(part), each(dxflib));
 }
 
-/// What a program does once, finding its libraries' functions among it, is no part of reading.
-void readOnce(const fs::path& folder) {
+/// Reads each form once, so that one-time work such as resolving library symbols is not measured.
+void warmUp(const fs::path& folder) {
     const std::string path = folder / "first.dxf";
     for (const bool binary : {true, false}) {
         writeFile(path, makePart(kSmallFile, binary));
-        touchLimit(path);
+        measureLimit(path);
         readPart(path);
     }
     readWithDxflib(path);
@@ -117,7 +117,7 @@ int main(int argc, char** argv) {
     const fs::path folder =
         fs::path(argc > 1 ? argv[1] : ".") / ("bench-records-" + std::to_string(getpid()));
     fs::create_directories(folder);
-    readOnce(folder);
+    warmUp(folder);
     for (const bool binary : {false, true})
         for (const std::size_t megabytes : {1U, 10U, 100U})
             compare(folder, megabytes, binary);

@@ -18,7 +18,7 @@ namespace {
 
 using zuhost::dxf::ValueType;
 
-/// A file's bytes in memory, read by the system as they are touched.
+/// Maps a file into memory.
 class Mapping {
 public:
     explicit Mapping(const std::string& path) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// The least that a reader of drawings has to do: maps the file, finds the end of each line (binary: of each
-/// record), converts each number, all by the quickest code there is here. Returns the sum of the numbers, so
-/// that nothing can be left out.
+/// The minimum work of a reader of drawings: maps the file, finds the end of each line (binary: of each
+/// record) and converts each number, by the fastest code of this project. Returns the sum of the numbers, so
+/// that the compiler cannot omit any work.
 double readLimit(const std::string& path);

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Writes records in either form.
+/// Writes records in ASCII or binary form.
 class RecordWriter {
 public:
     explicit RecordWriter(bool binary) : binary_(binary) {
@@ -72,7 +72,7 @@ public:
     }
 
 private:
-    /// Coordinates to four places, as drawn on a grid or computed.
+    /// Returns a coordinate with four decimal places.
     double coordinate() {
         return static_cast<double>(static_cast<int>(random_() % 200000000) - 100000000) / 10000;
     }
@@ -84,11 +84,11 @@ private:
     }
 
     void start(std::string_view type, std::string_view subclass) {
-        static constexpr std::string_view layers[] = {"0", "OUTLINE", "CENTER", "TEXT"};
+        static constexpr std::string_view kLayers[] = {"0", "OUTLINE", "CENTER", "TEXT"};
         out_.text(0, type);
         out_.text(5, zuhost::formatHandle(handle_++));
         out_.text(100, "AcDbEntity");
-        out_.text(8, layers[random_() % 4]);
+        out_.text(8, kLayers[random_() % 4]);
         if (random_() % 4 == 0)
             out_.integer(62, static_cast<int>(random_() % 7));
         out_.text(100, subclass);

@@ -30,15 +30,15 @@ void report(benchmark::State& state, std::size_t joins) {
     state.SetComplexityN(state.range(0));
 }
 
-/// Every element of the group asked for its joined ones; with `isFirst` the library knows nothing of the
-/// group yet.
+/// Searches the elements connected to each element of the group; with `isFirst` the library has not indexed
+/// the group yet.
 void search(benchmark::State& state, bool isFirst) {
     const Network& drawn = network(static_cast<int>(state.range(0)));
     std::size_t joins = 0;
     for (auto _ : state) {
         if (isFirst) {
             state.PauseTiming();
-            // Any change of the group makes the library read it anew.
+            // Any change of the group makes the library index it again.
             RootComn_DelGroupMember(drawn.group, drawn.elements.last());
             RootComn_AddGroupMember(drawn.group, drawn.elements.last());
             state.ResumeTiming();
@@ -72,7 +72,7 @@ void searchOfNewDrawing(benchmark::State& state) {
     report(state, joins);
 }
 
-/// One element moved before each search.
+/// Moves one element before each search.
 void searchAfterEdits(benchmark::State& state) {
     const Network& drawn = network(static_cast<int>(state.range(0)));
     std::size_t joins = 0;
@@ -91,7 +91,7 @@ void searchAfterEdits(benchmark::State& state) {
     report(state, joins);
 }
 
-/// Every member taken out of its group, one by one, and a route made of them again in the same group.
+/// Removes every member from its group, one by one, and adds all of them back in one call.
 void regroup(benchmark::State& state) {
     const Network& drawn = network(static_cast<int>(state.range(0)));
     AcDbObjectIdArray groups;
@@ -104,7 +104,7 @@ void regroup(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 
-/// The same, but each put back alone.
+/// Removes every member from its group and adds each back in its own call.
 void regroupOneByOne(benchmark::State& state) {
     const Network& drawn = network(static_cast<int>(state.range(0)));
     for (auto _ : state) {
@@ -116,7 +116,7 @@ void regroupOneByOne(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 
-/// The route groups of every element.
+/// Lists the route groups of every element.
 void listGroups(benchmark::State& state) {
     const Network& drawn = network(static_cast<int>(state.range(0)));
     CStringArray link;
@@ -136,19 +136,19 @@ void listGroups(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 
-/// The rule told step by step; measured for a share of the elements, since all of them cost the square.
+/// Applies the rule literally. Measures a few elements only: the cost of all elements is quadratic.
 void plainSearch(benchmark::State& state) {
     const Network& drawn = network(static_cast<int>(state.range(0)));
-    constexpr int kAsked = 10;
+    constexpr int kSearches = 10;
     for (auto _ : state) {
-        for (int i = 0; i < kAsked; ++i) {
+        for (int i = 0; i < kSearches; ++i) {
             AcDbObjectIdArray found;
             plainConnectBlock(drawn.elements, drawn.elements[i * 7], nullptr, found, 0);
             benchmark::DoNotOptimize(found.length());
         }
     }
     state.counters["whole group, s"] =
-        benchmark::Counter(static_cast<double>(kAsked) / static_cast<double>(state.range(0)),
+        benchmark::Counter(static_cast<double>(kSearches) / static_cast<double>(state.range(0)),
                            benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
@@ -165,8 +165,8 @@ struct Cloud {
     }
 };
 
-/// A kd-tree over the bare points, built and asked for each point's neighbours.
-void bareKdTree(benchmark::State& state) {
+/// Builds a kd-tree over the points and searches each point's neighbours.
+void kdTreeOfPoints(benchmark::State& state) {
     const Cloud cloud{network(static_cast<int>(state.range(0))).points()};
     using Tree = nanoflann::KDTreeSingleIndexAdaptor<nanoflann::L2_Simple_Adaptor<double, Cloud>, Cloud, 2,
                                                      std::uint32_t>;
@@ -177,16 +177,16 @@ void bareKdTree(benchmark::State& state) {
         tree.buildIndex();
         std::vector<std::pair<std::uint32_t, double>> near;
         for (const Network::Point& point : cloud.points) {
-            const double asked[] = {point.place.x, point.place.y};
+            const double centre[] = {point.place.x, point.place.y};
             near.clear();
-            tree.radiusSearch(asked, kTolerance * kTolerance, near, {});
+            tree.radiusSearch(centre, kTolerance * kTolerance, near, {});
             joins += near.size() - 1;
         }
     }
     report(state, joins);
 }
 
-void bareRTree(benchmark::State& state) {
+void rTreeOfPoints(benchmark::State& state) {
     namespace bg = boost::geometry;
     using Place = bg::model::d2::point_xy<double>;
     using Entry = std::pair<Place, int>;
@@ -223,7 +223,7 @@ BENCHMARK(searchAfterEdits)->Apply(sizes)->Complexity();
 BENCHMARK(regroup)->Apply(sizes)->Complexity();
 BENCHMARK(regroupOneByOne)->Apply(sizes)->Complexity();
 BENCHMARK(listGroups)->Apply(sizes)->Complexity();
-BENCHMARK(bareKdTree)->Apply(sizes)->Complexity();
-BENCHMARK(bareRTree)->Apply(sizes)->Complexity();
+BENCHMARK(kdTreeOfPoints)->Apply(sizes)->Complexity();
+BENCHMARK(rTreeOfPoints)->Apply(sizes)->Complexity();
 BENCHMARK(plainSearch)->Apply(sizes)->Iterations(1);
 BENCHMARK_MAIN();

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kTrack = 100; ///< Elements in one run.
+constexpr int kTrack = 100; ///< Elements per run.
 constexpr double kLength = 500.0;
 constexpr double kTrackDistance = 1000.0;
 

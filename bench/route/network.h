@@ -7,8 +7,8 @@
 #include <memory>
 #include <vector>
 
-/// A drawing with one route group: runs of lines on parallel tracks, with tees and elbows between them, 2.5
-/// connection points an element.
+/// A drawing with one route group: runs of lines and tees on parallel tracks, with 2.5 connection points per
+/// element on average.
 struct Network {
     explicit Network(int size);
     ~Network();

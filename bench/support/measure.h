@@ -3,16 +3,16 @@
 #include <functional>
 #include <memory>
 
-/// What a task holds when it is done; it is given back when its time has been taken.
+/// The memory that a task keeps; released after its time has been measured.
 using Held = std::shared_ptr<const void>;
 using Task = std::function<Held()>;
 
 struct Measure {
-    double firstSeconds = 0; ///< Of the first run, on memory new to the process.
-    double seconds = 0;      ///< Of the quickest run.
-    double peakBytes = 0;    ///< Most memory in the first run, beyond the program's own.
-    double keptBytes = 0;    ///< Memory after the first run, beyond what was before.
+    double firstSeconds = 0; ///< Time of the first run, which uses memory that is new to the process.
+    double seconds = 0;      ///< Time of the fastest run.
+    double peakBytes = 0;    ///< Peak memory of the first run, beyond the process's own.
+    double keptBytes = 0;    ///< Memory kept after the first run.
 };
 
-/// Runs a task some times in a process of its own, so that its memory is its own.
+/// Runs a task several times in its own process, so that its memory can be measured.
 Measure measure(int runs, const Task& task);

@@ -6,7 +6,7 @@
 #include <type_traits>
 #include <unistd.h>
 
-/// Seconds that the work takes.
+/// Returns the seconds that the work takes.
 template <typename Work>
 double timed(const Work& work) {
     const auto start = std::chrono::steady_clock::now();
@@ -14,7 +14,7 @@ double timed(const Work& work) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-/// What the task returns, run in a process of its own, so that its memory is its own. Throws
+/// Runs the task in its own process, so that its memory can be measured, and returns its result. Throws
 /// std::runtime_error when the task fails.
 template <typename Task>
 auto inOwnProcess(const Task& task) {
@@ -27,10 +27,10 @@ auto inOwnProcess(const Task& task) {
     if (child == 0) {
         const Result result = [&]() noexcept {
             return task();
-        }(); // the caller's handlers are not the child's
+        }(); // an exception must not unwind into the caller's handlers in the child
         _exit(write(ends[1], &result, sizeof result) == sizeof result ? 0 : 1);
     }
-    close(ends[1]); // so that a child that fails ends the pipe
+    close(ends[1]); // otherwise read() would block when the child fails
     Result result;
     const ssize_t got = read(ends[0], &result, sizeof result);
     close(ends[0]);

@@ -1,5 +1,5 @@
-// Reads table files of 1 and 100 MB with the library and in two plain ways: getline, decode and split, which
-// gives the same texts, and getline and split of bytes, which leaves them undecoded.
+// Reads table files of 1 and 100 MB with the library and in two simple ways: getline, decode and split, which
+// gives the same texts, and getline and split of bytes, which does not decode them.
 #include "measure.h"
 
 #include <zucomn/tables.h>
@@ -17,10 +17,10 @@
 
 namespace {
 
-constexpr std::size_t kMega = 1'000'000;
+constexpr std::size_t kMegabyte = 1'000'000;
 
 void writeTable(const std::string& path, std::size_t size) {
-    // "ポンプ", whose first character has the separator's byte, in code page 932.
+    // "ポンプ" in code page 932: the second byte of its first character is that of "|".
     const std::string name = "\x83\x7C\x83\x93\x83\x76";
     std::ofstream file(path, std::ios::binary);
     std::size_t written = 0;
@@ -58,9 +58,9 @@ void split(const Text& line, typename Text::value_type separator, std::vector<Te
     }
 }
 
-/// `decode` gives the text of a line of bytes.
+/// Reads with getline; `decode` returns the text of a line of bytes.
 template <typename Text, typename Decode>
-Held readPlainly(const std::string& path, Decode decode, std::size_t fields, const Text& last) {
+Held readLines(const std::string& path, Decode decode, std::size_t fields, const Text& last) {
     const auto records = std::make_shared<std::vector<std::vector<Text>>>();
     std::ifstream file(path, std::ios::binary);
     for (std::string bytes; std::getline(file, bytes);) {
@@ -74,18 +74,18 @@ Held readPlainly(const std::string& path, Decode decode, std::size_t fields, con
 
 Held readAndDecode(const std::string& path) {
     static const auto codec = zuhost::TextCodec::forCodePage(932).value();
-    return readPlainly<std::wstring>(
+    return readLines<std::wstring>(
         path, [](const std::string& bytes) { return codec.decode(bytes); }, 5, L"ポンプ");
 }
 
-/// Quick, but it cuts the name at the byte that looks like a separator.
+/// Fast but wrong: splits the name at a byte that looks like a separator.
 Held readBytes(const std::string& path) {
-    return readPlainly<std::string>(
+    return readLines<std::string>(
         path, [](const std::string& bytes) -> const std::string& { return bytes; }, 7, "\x83\x93\x83\x76");
 }
 
 void compare(const std::string& path, std::size_t megabytes) {
-    writeTable(path, megabytes * kMega);
+    writeTable(path, megabytes * kMegabyte);
     const auto size = static_cast<double>(std::filesystem::file_size(path));
     const struct {
         const char* name;
