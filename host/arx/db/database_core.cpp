@@ -5,13 +5,33 @@
 #include "dxf_records/number_text.h"
 #include "object_factory.h"
 
-#include "zuhost/character.h"
-
+#include <zuhost/character.h>
 #include <zuhost/text_codec.h>
 
 #include <algorithm>
 
 namespace zuhost {
+
+namespace {
+
+/// Converts the texts of an object that was outside a drawing from UTF-8 to the drawing's encoding and
+/// escapes.
+void encodeTexts(TagList& tags, const Document& document) {
+    const auto isPlain = [](char c) { return c >= ' ' && c <= '~' && c != '\\' && c != '^'; };
+    for (Tag& tag : tags)
+        if (!std::all_of(tag.value.begin(), tag.value.end(), isPlain))
+            tag.value = document.encode(fromUtf8(tag.value));
+}
+
+template <typename Notification>
+void notifyAll(const std::vector<AcDbDatabaseReactor*>& reactors, Notification notification) {
+    // Iterates over a copy: a reactor may remove itself or others.
+    for (AcDbDatabaseReactor* reactor : std::vector(reactors))
+        if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end())
+            notification(*reactor);
+}
+
+} // namespace
 
 std::wstring foldedName(std::wstring_view name) {
     std::wstring folded(name);
@@ -66,19 +86,6 @@ AcRxClass* DatabaseCore::classOf(const AcDbStub& stub) {
         return stub.object->isA();
     return ObjectBuilder::classOf(document->typeName(stub), document->tags(stub));
 }
-
-namespace {
-
-/// Converts the texts of an object that was outside a drawing from UTF-8 to the drawing's encoding and
-/// escapes.
-void encodeTexts(TagList& tags, const Document& document) {
-    const auto isPlain = [](char c) { return c >= ' ' && c <= '~' && c != '\\' && c != '^'; };
-    for (Tag& tag : tags)
-        if (!std::all_of(tag.value.begin(), tag.value.end(), isPlain))
-            tag.value = document.encode(fromUtf8(tag.value));
-}
-
-} // namespace
 
 AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbStub* owner) {
     const std::string type(object->tags_->text(0, object->tags_->all()).value_or(""));
@@ -225,18 +232,6 @@ AcDbStub* DatabaseCore::findRecord(const AcDbStub& table, std::wstring_view name
 }
 
 // ---- notifications
-
-namespace {
-
-template <typename Notification>
-void notifyAll(const std::vector<AcDbDatabaseReactor*>& reactors, Notification notification) {
-    // Iterates over a copy: a reactor may remove itself or others.
-    for (AcDbDatabaseReactor* reactor : std::vector(reactors))
-        if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end())
-            notification(*reactor);
-}
-
-} // namespace
 
 void DatabaseCore::goodbye() {
     notifyAll(reactors, [&](AcDbDatabaseReactor& r) { r.goodbye(&self); });

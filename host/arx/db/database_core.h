@@ -92,9 +92,9 @@ private:
     std::map<std::string, AcDbStub*, std::less<>> tables_;
     AcDbStub* groups_ = nullptr;
     AcDbStub* modelSpace_ = nullptr;
-    std::unordered_map<const AcDbStub*, TagList>
-        filtered_; ///< While saving: records without references to erased objects; empty for objects that
-                   ///< are dropped with their owner.
+    /// While saving: records without references to erased objects; empty for objects dropped with their
+    /// owner.
+    std::unordered_map<const AcDbStub*, TagList> filtered_;
 };
 
 } // namespace zuhost

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <drawing/tag_list.h>
+#include "drawing/tag_list.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,10 +1,11 @@
 #include "zuhost/desktop.h"
 
-#include "zuhost/application.h"
-#include "zuhost/atomic_file.h"
-#include "zuhost/progress.h"
 #include "zuhost/progress_window.h"
 #include "zuhost/windows/wnd.h"
+
+#include <zuhost/application.h>
+#include <zuhost/atomic_file.h>
+#include <zuhost/progress.h>
 
 #include <QApplication>
 #include <QBuffer>

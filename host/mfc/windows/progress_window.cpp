@@ -1,7 +1,8 @@
 #include "zuhost/progress_window.h"
 
 #include "qt_text.h"
-#include "zuhost/progress.h"
+
+#include <zuhost/progress.h>
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -78,8 +78,8 @@ TEST_F(OldDrawing, ErasingAnEntityDropsItsSubentities) {
     erase(ids[0]);
     erase(ids[1]);
     const std::string saved = drawing->dxfOutBytes(false);
-    for (const char* gone : {"ATTRIB", "SEQEND", "VERTEX", "INSERT"})
-        EXPECT_EQ(saved.find(gone), std::string::npos) << gone;
+    for (const char* removed : {"ATTRIB", "SEQEND", "VERTEX", "INSERT"})
+        EXPECT_EQ(saved.find(removed), std::string::npos) << removed;
     EXPECT_NE(saved.find("LINE"), std::string::npos);
 }
 

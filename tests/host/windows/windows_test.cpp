@@ -37,7 +37,7 @@ protected:
     void OnDraw(CDC* dc) override { dc->FillSolidRect(CRect(110, 0, 120, 9), RGB(1, 2, 3)); }
     void OnInitialUpdate() override { received.emplace_back(L"initial update"); }
     void PostNcDestroy() override {
-        received.emplace_back(L"view gone");
+        received.emplace_back(L"view end");
         CView::PostNcDestroy();
     }
     BOOL PreTranslateMessage(MSG* message) override {
@@ -99,7 +99,7 @@ protected:
                    : FALSE;
     }
     void PostNcDestroy() override {
-        received.emplace_back(L"frame gone");
+        received.emplace_back(L"frame end");
         CFrameWnd::PostNcDestroy();
     }
 };
@@ -137,14 +137,14 @@ TEST_F(Windows, SplitFramesDestroyTheirViewsWithThemselves) {
     isDestroyed_ = true;
     frame_.widget()->close();
     EXPECT_EQ(received, (Received{L"initial update", L"initial update", L"view destroyed", L"view destroyed",
-                                  L"view gone", L"view gone", L"frame gone"}));
+                                  L"view end", L"view end", L"frame end"}));
 }
 
 TEST_F(Windows, FrameCreationFailsWithAView) {
     Sheet::fails = true;
     auto* const frame = new SplitFrame;
     EXPECT_FALSE(frame->Create(nullptr, L"x"));
-    EXPECT_EQ(received.back(), L"frame gone");
+    EXPECT_EQ(received.back(), L"frame end");
 }
 
 TEST_F(Windows, EventsReachMessageMaps) {
@@ -160,7 +160,7 @@ TEST_F(Windows, EventsReachMessageMaps) {
     EXPECT_EQ(view.list.DeleteString(0), 2);
     EXPECT_EQ(view.list.GetCurSel(), 0);
     EXPECT_EQ(view.list.DeleteString(0), 1);
-    EXPECT_EQ(view.list.GetCurSel(), LB_ERR) << "the selected row is gone";
+    EXPECT_EQ(view.list.GetCurSel(), LB_ERR) << "the selected row was deleted";
     EXPECT_EQ(received, (Received{L"120,30", L"button", L"edited", L"F2", L"row 1"}));
     EXPECT_EQ(view.widget()->grab().toImage().pixelColor(112, 2), QColor(1, 2, 3));
 }
@@ -274,7 +274,7 @@ TEST_F(Windows, ComboBoxesSelectByKeyAndFindTexts) {
     EXPECT_EQ(box.GetLBText(3, text), CB_ERR);
     EXPECT_EQ(box.InsertString(9, L"x"), CB_ERR);
     EXPECT_EQ(box.DeleteString(1), 2);
-    EXPECT_EQ(box.GetCurSel(), CB_ERR) << "the selected item is gone";
+    EXPECT_EQ(box.GetCurSel(), CB_ERR) << "the selected item was deleted";
     EXPECT_EQ(box.SetCurSel(5), CB_ERR);
     isDestroyed_ = true;
     frame_.DestroyWindow();
@@ -291,7 +291,7 @@ TEST_F(Windows, DesktopRunsUntilNoWindowIsShown) {
     QMetaObject::invokeMethod(frame_.widget(), "close", Qt::QueuedConnection);
     zuhost::runDesktop();
     isDestroyed_ = true;
-    EXPECT_EQ(received.back(), L"frame gone");
+    EXPECT_EQ(received.back(), L"frame end");
 }
 
 TEST_F(Windows, DesktopKeepsTheDecimalPoint) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zuhost/message_box.h"
+#include <zuhost/message_box.h>
 
 #include <string>
 
