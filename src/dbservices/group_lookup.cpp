@@ -1,5 +1,7 @@
 #include "group_lookup.h"
 
+#include "route/link_record.h"
+
 #include <zucomn/dbservices.h>
 #include <zucomn/strings.h>
 
@@ -43,7 +45,7 @@ AcDbObjectId firstMember(AcDbObjectId id) {
 bool servesLinkKind(AcDbObjectId group, int linkKind) {
     const AcDbObjectId first = firstMember(group);
     CStringArray record;
-    if (ApiComn_extractAttributesArrayID(first, L"ZU_LINK", record) != 0)
+    if (ApiComn_extractAttributesArrayID(first, zu::kLinkApplication, record) != 0)
         return false;
     CStringArray fields;
     ZuComn_GetSplitString(record[0], fields, nullptr, L"|");

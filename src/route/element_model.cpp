@@ -1,5 +1,6 @@
 #include "connection_points.h"
 #include "element_code.h"
+#include "link_record.h"
 
 #include <zucomn/attributes.h>
 #include <zucomn/route.h>
@@ -12,12 +13,6 @@ namespace {
 
 double attributeNumber(AcDbObjectId element, const wchar_t* key) {
     return _wtof(CAttributeData().GetValueAttID(element, key));
-}
-
-/// Link kind of the first string of a link record; -1 for anything but one digit 0 to 6 before the first bar.
-int linkKind(std::wstring_view text) {
-    const bool isKind = text.size() >= 2 && text[0] >= L'0' && text[0] <= L'6' && text[1] == L'|';
-    return isKind ? text[0] - L'0' : -1;
 }
 
 } // namespace
@@ -34,8 +29,8 @@ int RootComn_GetBlockRootKind(const AcDbObjectId& element, int* kind) {
     if (kind == nullptr)
         return 0;
     CStringArray record;
-    ApiComn_extractAttributesArrayID(element, L"ZU_LINK", record);
-    *kind = record.IsEmpty() ? -1 : linkKind(record[0].view());
+    ApiComn_extractAttributesArrayID(element, zu::kLinkApplication, record);
+    *kind = record.IsEmpty() ? -1 : zu::linkKind(record[0].view());
     return 0;
 }
 

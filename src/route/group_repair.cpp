@@ -2,6 +2,7 @@
 
 #include "dbservices/group_lookup.h"
 #include "group_access.h"
+#include "route_kinds.h"
 
 #include <zucomn/route.h>
 
@@ -13,12 +14,6 @@
 namespace zu {
 
 namespace {
-
-constexpr int kRouteKinds = 4;
-
-constexpr bool isRouteKind(int kind) {
-    return kind > 0 && kind <= kRouteKinds;
-}
 
 /// False for what a damaged drawing only names as the element's group.
 bool lists(AcDbObjectId id, AcDbObjectId element) {
@@ -104,9 +99,9 @@ bool repairMembership(AcDbObjectId element, int kind, GroupReader& reader) {
     if (!groups)
         return false;
     AcDbObjectIdArray surplus;
-    for (int each = 1; each <= kRouteKinds; ++each)
-        if (kind == 0 || kind == each)
-            addSurplus(*groups, each, surplus);
+    for (const RouteKindRow& each : kRouteKinds)
+        if (kind == 0 || kind == each.number)
+            addSurplus(*groups, each.number, surplus);
     return takeOut(element, surplus);
 }
 

@@ -1,5 +1,8 @@
+#include "frame/library_text.h"
 #include "group_access.h"
+#include "route_kinds.h"
 
+#include <zucomn/model/elements.h>
 #include <zucomn/route.h>
 
 #include <dbgroup.h>
@@ -9,8 +12,6 @@
 #include <optional>
 
 namespace {
-
-constexpr int kLastRouteKind = 4;
 
 /// Link kind of the members in order up to the first that `stops`; nullopt for a group without members.
 template <typename Stops>
@@ -30,18 +31,18 @@ std::optional<int> firstKind(AcDbObjectId id, Stops stops) {
     return kind;
 }
 
-int store(std::optional<int> read, int* kind, int least) {
+int store(std::optional<int> read, int* kind, bool takesUnknown) {
     if (!read)
         return -1;
     if (kind != nullptr)
         *kind = *read;
-    return *read >= least && *read <= kLastRouteKind ? 0 : -1;
+    return zu::isRouteKind(*read) || (takesUnknown && *read == 0) ? 0 : -1;
 }
 
 } // namespace
 
 int RootComn_GetRootKind(const AcDbObjectId& group, int* kind) {
-    return store(firstKind(group, [](int k) { return k != 0; }), kind, 1);
+    return store(firstKind(group, [](int k) { return k != 0; }), kind, false);
 }
 
 int RootComn_GetRootKind(const CString& groupName, int* kind) {
@@ -49,5 +50,16 @@ int RootComn_GetRootKind(const CString& groupName, int* kind) {
 }
 
 int RootComn_GetRootKind2(const AcDbObjectId& group, int* kind) {
-    return store(firstKind(group, [](int k) { return k > 0; }), kind, 0);
+    return store(firstKind(group, [](int k) { return k > 0; }), kind, true);
+}
+
+std::vector<zucomn::RouteKind> zucomn::routeKinds() {
+    std::vector<RouteKind> kinds;
+    for (const zu::RouteKindRow& row : zu::kRouteKinds)
+        kinds.push_back({row.number, std::wstring(zu::libraryText(row.name).view()), row.colour});
+    return kinds;
+}
+
+bool zucomn::isRouteKind(int linkKind) {
+    return zu::isRouteKind(linkKind);
 }

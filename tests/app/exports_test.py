@@ -15,7 +15,7 @@ for path in glob.glob(headers + "/**/*.h", recursive=True):
     for declaration in re.findall(r"(?<!class )(?<!struct )\bZUCOMN_API\b([^;{]*)", text):
         call = re.search(r"(\w+)\s*\(", declaration)
         name = call.group(1) if call else declaration.split()[-1]
-        if "/model/" in path:
+        if "/zucomn/model/" in path:
             modern.add("zucomn::" + name)
         else:
             (functions if call else variables).add(name)

@@ -2,6 +2,7 @@
 
 #include <dbid.h>
 #include <gepnt3d.h>
+#include <zucomn/model/elements.h>
 
 #include <string>
 #include <vector>
@@ -13,7 +14,7 @@ struct Element {
     AcDbObjectId id;
     std::string handle;
     std::string block;
-    int code = 100;
+    int code = zucomn::kNoElement;
     int linkKind = -1;
     std::string layer;
     bool locked = false;
@@ -22,7 +23,7 @@ struct Element {
     std::vector<std::string> groups;
 
     /// True when the block's name has an element prefix (equipment, route line, fitting).
-    [[nodiscard]] bool isRouteElement() const { return code != 100; }
+    [[nodiscard]] bool isRouteElement() const { return code != zucomn::kNoElement; }
 };
 
 /// Reads a block reference; throws Failure when the object is none.

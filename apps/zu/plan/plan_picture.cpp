@@ -3,7 +3,9 @@
 #include "failure.h"
 #include "plan/picture_file.h"
 
+#include <zucomn/model/elements.h>
 #include <zuhost/desktop.h>
+#include <zuhost/language.h>
 
 #include <QBuffer>
 #include <QFontMetricsF>
@@ -17,6 +19,7 @@
 #include <numbers>
 #include <set>
 #include <span>
+#include <vector>
 
 namespace zu::app {
 
@@ -41,30 +44,25 @@ const QColor kTextGround(0xff, 0xff, 0xff, 0xd0);
 /// Texts that run down or up are left as they are.
 constexpr double kNearlyUpright = 1e-6;
 
-QColor colourOf(PlanRole role) {
-    switch (role) {
-    case PlanRole::background:
-        return {0x9a, 0xa0, 0xa6};
-    case PlanRole::equipment:
-        return {0x7b, 0x1f, 0xa2};
-    case PlanRole::kindUnknown:
-        return {0x5d, 0x40, 0x37};
-    case PlanRole::kind1:
-        return {0x15, 0x65, 0xc0};
-    case PlanRole::kind2:
-        return {0xc6, 0x28, 0x28};
-    case PlanRole::kind3:
-        return {0x2e, 0x7d, 0x32};
-    case PlanRole::kind4:
-        return {0xef, 0x6c, 0x00};
-    }
-    return Qt::black;
-}
-
-constexpr std::pair<PlanRole, const char*> kLegend[] = {
-    {PlanRole::kind1, "link kind 1"}, {PlanRole::kind2, "link kind 2"},   {PlanRole::kind3, "link kind 3"},
-    {PlanRole::kind4, "link kind 4"}, {PlanRole::equipment, "equipment"}, {PlanRole::kindUnknown, "other"},
+struct RoleStyle {
+    PlanRole role;
+    QColor colour;
+    QString legend; ///< Empty for the background.
 };
+
+/// The route kinds in their order, then what belongs to none, as the legend lists them.
+std::vector<RoleStyle> roleStyles() {
+    const bool hasLanguage = zuhost::environmentNamesLanguage();
+    std::vector<RoleStyle> styles;
+    for (const zucomn::RouteKind& kind : zucomn::routeKinds())
+        styles.push_back(
+            {PlanRole{kind.number}, QColor(kind.colour),
+             hasLanguage ? QString::fromStdWString(kind.name) : QString("link kind %1").arg(kind.number)});
+    styles.push_back({PlanRole::equipment, {0x7b, 0x1f, 0xa2}, "equipment"});
+    styles.push_back({PlanRole::kindUnknown, {0x5d, 0x40, 0x37}, "other"});
+    styles.push_back({PlanRole::background, {0x9a, 0xa0, 0xa6}, {}});
+    return styles;
+}
 
 /// The area and the roles of what a plan shows.
 class PlanMeasure : public PlanCanvas {
@@ -164,6 +162,12 @@ public:
     }
 
 private:
+    [[nodiscard]] const QColor& colourOf(PlanRole role) const {
+        return std::find_if(styles_.begin(), styles_.end(),
+                            [role](const RoleStyle& s) { return s.role == role; })
+            ->colour;
+    }
+
     void paintStroke(std::span<const AcGePoint2d> points, PlanRole role) {
         line_.clear();
         for (const AcGePoint2d& point : points)
@@ -227,12 +231,12 @@ private:
             painter_.drawText(QPointF(x + 30.0, y + 5.0), words);
             x += 30.0 + QFontMetricsF(font).horizontalAdvance(words) + 24.0;
         };
-        for (const auto& [role, words] : kLegend) {
-            if (!roles.contains(role))
+        for (const RoleStyle& style : styles_) {
+            if (style.legend.isEmpty() || !roles.contains(style.role))
                 continue;
-            painter_.setPen(QPen(colourOf(role), 3.0));
+            painter_.setPen(QPen(style.colour, 3.0));
             painter_.drawLine(QPointF(x, y), QPointF(x + 24.0, y));
-            label(words);
+            label(style.legend);
         }
         paintMark(QPointF(x + 12.0, y), true);
         label("joined");
@@ -242,6 +246,7 @@ private:
 
     QPainter& painter_;
     const Sheet& sheet_;
+    const std::vector<RoleStyle> styles_ = roleStyles();
     QPolygonF line_;
     bool paintsTexts_ = false;
 };

@@ -9,6 +9,7 @@
 #include <dbobjptr.h>
 #include <dbsymtb.h>
 #include <zucomn/frame.h>
+#include <zucomn/model/elements.h>
 #include <zucomn/model/joints.h>
 #include <zucomn/route.h>
 
@@ -28,8 +29,6 @@ constexpr std::size_t kDeepestNesting = 16;
 constexpr std::uint64_t kPointsPerEntity = 10;
 constexpr std::uint64_t kPointsPerLetter = 20;
 constexpr double kFarthest = 1e12;
-constexpr int kEquipment = 0;
-constexpr int kNoElement = 100;
 constexpr double kLineHeight = 1.4;
 constexpr double kChord = std::numbers::pi / 24.0;
 constexpr double kTurn = 2.0 * std::numbers::pi;
@@ -38,21 +37,11 @@ constexpr double kTurn = 2.0 * std::numbers::pi;
 PlanRole roleOf(AcDbObjectId id, int code) {
     int linkKind = -1;
     RootComn_GetBlockRootKind(id, &linkKind);
-    switch (linkKind) {
-    case 1:
-        return PlanRole::kind1;
-    case 2:
-        return PlanRole::kind2;
-    case 3:
-        return PlanRole::kind3;
-    case 4:
-        return PlanRole::kind4;
-    default:
-        break;
-    }
-    if (code == kNoElement)
+    if (zucomn::isRouteKind(linkKind))
+        return PlanRole{linkKind};
+    if (code == zucomn::kNoElement)
         return PlanRole::background;
-    return code == kEquipment ? PlanRole::equipment : PlanRole::kindUnknown;
+    return code == zucomn::kEquipment ? PlanRole::equipment : PlanRole::kindUnknown;
 }
 
 /// The block's name without the prefix that makes it equipment.
@@ -319,10 +308,10 @@ PlanScene::PlanScene(DrawingFile& drawing) : elements_(drawing.references()) {
         item.id = id;
         if (!id.objectClass()->isDerivedFrom(AcDbBlockReference::desc()))
             continue;
-        int code = kNoElement;
+        int code = zucomn::kNoElement;
         ZuComn_GetBlockElementCode(id, code);
         item.role = roleOf(id, code);
-        if (code != kEquipment)
+        if (code != zucomn::kEquipment)
             continue;
         item.equipment = equipment_.size();
         equipment_.push_back(readEquipment(id));

@@ -12,8 +12,8 @@
 
 namespace zu::app {
 
-/// What a stroke or text of the plan belongs to, which decides its colour.
-enum class PlanRole { background, equipment, kindUnknown, kind1, kind2, kind3, kind4 };
+/// What a stroke or text of the plan belongs to, which decides its colour. Other values are route kinds.
+enum class PlanRole : int { background = -3, equipment = -2, kindUnknown = -1 };
 
 /// Where a text lies about its position.
 enum class PlanAnchor { bottomLeft, middle, above, below };

@@ -1,6 +1,7 @@
 #include "model/audit/audit.h"
 #include "model/group.h"
 
+#include <zucomn/model/elements.h>
 #include <zucomn/route.h>
 
 #include <algorithm>
@@ -11,8 +12,6 @@
 namespace zu::app {
 
 namespace {
-
-constexpr int kRouteKinds = 4;
 
 /// A route group that loses members. Its kind is that of the first member that has one.
 class ShrinkingGroup {
@@ -97,7 +96,7 @@ private:
     bool settle(AcDbObjectId element) {
         std::map<int, Groups> byKind;
         for (ShrinkingGroup* const group : groupsOf_.at(element))
-            if (group->has(element) && group->kind() > 0 && group->kind() <= kRouteKinds)
+            if (group->has(element) && zucomn::isRouteKind(group->kind()))
                 byKind[group->kind()].push_back(group);
         bool settled = false;
         for (const auto& [kind, groups] : byKind) {
