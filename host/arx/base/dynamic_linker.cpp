@@ -87,7 +87,7 @@ HMODULE loadLibrary(const std::wstring& path) {
     if (fileName(path) == path)
         candidates = {L".\\" + path, folderOfProgram() + path, folderOfHost() + path};
     for (const std::wstring& candidate : candidates)
-        if (const HMODULE module = LoadLibraryW(candidate.c_str()); module != nullptr)
+        if (const HMODULE module = LoadLibraryW(candidate.c_str()))
             return module;
     return nullptr;
 }

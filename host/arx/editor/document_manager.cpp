@@ -100,7 +100,7 @@ int zuhost::runPendingCommands() {
     for (std::wstring word = takeWord(); !word.empty(); word = takeWord()) {
         const CString name = commandName(word);
         const wchar_t* const shown = name.GetString() + (name.Find(L'_') == 0 ? 1 : 0);
-        if (const AcRxFunctionPtr function = acedRegCmds->lookup(name); function != nullptr) {
+        if (const AcRxFunctionPtr function = acedRegCmds->lookup(name)) {
             run(function, shown);
             ++count;
             continue;

@@ -60,8 +60,7 @@ void CFrameWnd::InitialUpdateFrame(CDocument* /*document*/, BOOL makeVisible) {
     const QPointer<QWidget> own = widget();
     if (own == nullptr)
         return;
-    // During a dispatch, widgets of destroyed windows are deleted later: views may destroy others in the
-    // list.
+    // The dispatch defers the deletion of widgets: a view may destroy others in the list.
     const zuhost::Dispatch dispatch(*this, WM_INITIALUPDATE, 0, 0);
     for (QWidget* const inner : own->findChildren<QWidget*>())
         if (CWnd* const window = fromWidget(inner);

@@ -81,8 +81,7 @@ struct CListCtrl::Parts {
                (view->currentIndex().row() == index ? LVIS_FOCUSED : 0U);
     }
 
-    // A handler may delete the control while its view still emits signals: the view is asked for it each
-    // time.
+    // A handler may delete the control while its view still emits signals: each call looks the control up.
 
     /// Sends LVN_ITEMCHANGED for each line of the ranges.
     static void notifyStates(const QWidget* view, const QItemSelection& ranges, UINT before, UINT now);

@@ -101,7 +101,7 @@ void CWnd::destroy(bool notifySelf) {
     Widgets widgets = widgetsIn(*root);
     std::reverse(widgets.begin(), widgets.end());
     for (const QPointer<QWidget>& inner : widgets) {
-        if (CWnd* const window = fromWidget(inner); window != nullptr) {
+        if (CWnd* const window = fromWidget(inner)) {
             window->link_->detach();
             window->PostNcDestroy();
         }
@@ -136,7 +136,7 @@ CWnd* CWnd::FromHandle(HWND window) {
 CWnd* CWnd::GetParent() const {
     for (const QWidget* above = widget() != nullptr ? widget()->parentWidget() : nullptr; above != nullptr;
          above = above->parentWidget())
-        if (CWnd* const owner = fromWidget(above); owner != nullptr)
+        if (CWnd* const owner = fromWidget(above))
             return owner;
     return nullptr;
 }
@@ -195,7 +195,7 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) {
     if (message == WM_CLOSE)
         DestroyWindow();
-    else if (zuhost::Dispatch* const now = zuhost::Dispatch::current(); now != nullptr)
+    else if (zuhost::Dispatch* const now = zuhost::Dispatch::current())
         now->runsDefault = true;
     return 0;
 }
@@ -243,13 +243,13 @@ const AFX_MSGMAP_ENTRY* CWnd::findHandler(UINT message, UINT code, UINT id) cons
 }
 
 void CWnd::notifyParent(UINT code) {
-    if (CWnd* const parent = GetParent(); parent != nullptr)
+    if (CWnd* const parent = GetParent())
         parent->SendMessage(WM_COMMAND, MAKEWPARAM(link_->id(), code),
                             reinterpret_cast<LPARAM>(GetSafeHwnd()));
 }
 
 void CWnd::notifyParentOf(const QWidget* widget, UINT code) {
-    if (CWnd* const window = fromWidget(widget); window != nullptr)
+    if (CWnd* const window = fromWidget(widget))
         window->notifyParent(code);
 }
 

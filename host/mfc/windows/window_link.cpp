@@ -38,7 +38,8 @@ bool preTranslate(const CWnd& window, MSG& message) {
     return false;
 }
 
-/// Returns false while the window's own list or menu is open or another program is active: the focus returns.
+/// Returns false if the focus will return: the window's own list or menu is open, or another program is
+/// active.
 bool isLost(const QFocusEvent& event) {
     return event.reason() != Qt::PopupFocusReason && event.reason() != Qt::ActiveWindowFocusReason;
 }

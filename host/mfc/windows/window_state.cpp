@@ -74,7 +74,7 @@ void CWnd::MoveWindow(const RECT& rectangle, BOOL redraw) {
 
 void CWnd::GetClientRect(RECT* rectangle) const {
     *rectangle = RECT{};
-    if (const QWidget* const client = clientWidget(); client != nullptr)
+    if (const QWidget* const client = clientWidget())
         *rectangle = {0, 0, client->width(), client->height()};
 }
 

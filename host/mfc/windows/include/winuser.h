@@ -84,7 +84,7 @@ inline constexpr UINT CBN_SELENDOK = 9;
 inline constexpr int CB_ERR = -1;
 inline constexpr int LB_ERR = -1;
 
-/// The start of every notification that a control sends to its parent with WM_NOTIFY.
+/// The header of every notification that a control sends to its parent with WM_NOTIFY.
 struct NMHDR {
     HWND hwndFrom = nullptr;
     std::uintptr_t idFrom = 0;

@@ -13,8 +13,7 @@ namespace zuhost {
 /// decimal separator stays a point, whatever the desktop's language.
 void ensureDesktop();
 
-/// Returns true when the user can see windows. Creates the application object if the environment names a
-/// desktop.
+/// Returns true if the user can see windows. Creates the application object if a desktop is configured.
 [[nodiscard]] bool hasDesktop();
 
 /// Shows a message box and returns the number of the button pressed; nullopt without a desktop.

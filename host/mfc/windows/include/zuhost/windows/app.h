@@ -5,8 +5,7 @@
 
 /// The application: gives access to the user's settings, which are stored in the profile file "windows.ini"
 /// in the application's folder (zuhost/application.h) of the user's configuration folder ($XDG_CONFIG_HOME,
-/// else
-/// ~/.config).
+/// else ~/.config).
 class CWinApp {
 public:
     [[nodiscard]] CString GetProfileString(const wchar_t* section, const wchar_t* entry,
