@@ -3,6 +3,8 @@
 #include "dxf_records/scan_record.h"
 
 #include <algorithm>
+#include <compare>
+#include <optional>
 
 namespace zuhost::dxf {
 
@@ -14,21 +16,36 @@ unsigned byteAt(std::string_view bytes, std::size_t at) {
     return static_cast<unsigned char>(bytes[at]);
 }
 
-/// Returns how many of the first records are plausible when group codes are read in a form, a truncated one
-/// included; more than all of them when one begins a section.
-int fitOf(CodeForm form, std::string_view records) {
-    constexpr int kSample = 16;
+/// Types of objects are printable; a reading in the wrong form finds empty ones.
+bool isPlausibleType(std::string_view type) {
+    return !type.empty() && type.front() > ' ';
+}
+
+/// How well bytes read with group codes of a form.
+struct Fit {
+    bool isReadable = false;   ///< Records lead to a section or to the end, at which one may be cut.
+    std::size_t plausible = 0; ///< Bytes before the first implausible type or error.
+
+    auto operator<=>(const Fit&) const = default;
+};
+
+/// Returns at the first section unless an implausible type precedes it: records before it can be damaged.
+Fit fitOf(CodeForm form, std::string_view records) {
     BinaryReader reader(records, form);
+    std::optional<std::size_t> implausible;
     Record record;
-    int good = 0;
-    while (good < kSample && reader.next(record) == ReadResult::record) {
-        if (record.code == 0 && record.value == "SECTION")
-            return kSample + 1;
-        if (record.code == 0 && record.value.empty())
-            return good;
-        ++good;
+    ReadResult result = reader.next(record);
+    for (; result == ReadResult::record; result = reader.next(record)) {
+        if (record.code != 0 || implausible)
+            continue;
+        if (record.value == "SECTION")
+            return {true, records.size()};
+        if (!isPlausibleType(record.value))
+            implausible = record.offset;
     }
-    return reader.error().incomplete ? good + 1 : good;
+    const bool isCut = reader.error().incomplete;
+    const std::size_t read = result == ReadResult::end || isCut ? records.size() : reader.error().offset;
+    return {result == ReadResult::end || (isCut && !implausible), implausible.value_or(read)};
 }
 
 CodeForm findForm(std::string_view records) {

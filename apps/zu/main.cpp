@@ -11,6 +11,7 @@
 
 #include <exception>
 #include <iostream>
+#include <new>
 
 namespace {
 
@@ -45,6 +46,15 @@ void startLibrary() {
     ZuComn_SetResource();
 }
 
+/// The drawing that the command line names, followed by ": "; empty when it names none.
+std::string drawingPrefix(const CLI::App& program) {
+    const CLI::App* command = &program;
+    while (!command->get_subcommands().empty())
+        command = command->get_subcommands().front();
+    const CLI::Option* drawing = command->get_option_no_throw("DRAWING");
+    return drawing != nullptr && drawing->count() > 0 ? drawing->as<std::string>() + ": " : "";
+}
+
 int run(int argc, char** argv) {
     CLI::App program("Checks and edits drawings of building services: elements, routes, attributes.", "zu");
     program.require_subcommand(1);
@@ -62,6 +72,8 @@ int run(int argc, char** argv) {
         return kWrongUsage;
     } catch (const CLI::ParseError& error) {
         return program.exit(error) == 0 ? 0 : kWrongUsage;
+    } catch (const std::bad_alloc&) {
+        throw zu::app::Failure(drawingPrefix(program) + "not enough memory");
     }
 }
 

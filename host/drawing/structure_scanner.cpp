@@ -53,7 +53,7 @@ bool StructureScanner::run() {
 
 bool StructureScanner::scanSections() {
     while (!at("EOF")) {
-        const bool good = at("SECTION") ? scanSection() && nextBesidesComments() : skipRun(L"sections");
+        const bool good = at("SECTION") || atSectionName() ? scanSection() : skipToSection();
         if (!good)
             return false;
     }
@@ -62,12 +62,17 @@ bool StructureScanner::scanSections() {
     return true;
 }
 
-/// From the SECTION record to the ENDSEC record.
+/// From the SECTION record, or the name without one, behind the ENDSEC record, or to the record that stands
+/// in its place.
 bool StructureScanner::scanSection() {
     const std::uint64_t begin = record_.offset;
     context_ = L"a section";
-    if (!nextBesidesComments())
-        return false;
+    if (at("SECTION")) {
+        if (!nextBesidesComments())
+            return false;
+    } else {
+        warn(headlessSection, begin, L"the section " + quoted(record_.value) + L" has no SECTION record");
+    }
     std::string name;
     if (record_.code == nameCode) {
         name = record_.value;
@@ -81,23 +86,17 @@ bool StructureScanner::scanSection() {
     if (isRepeated)
         warn(repeatedSection, begin, L"a second section " + quoted(name));
     const bool isRead = isKnownSection(name) && !(isRepeated && name == "HEADER");
-    if ((isRead && !scanSectionNamed(name)) || !scanSectionEnd())
+    if (isRead && !scanSectionNamed(name))
         return false;
-    state_.sections.push_back({name, {begin, record_.offset}});
-    context_.clear();
-    return true;
-}
-
-/// To the ENDSEC record. Passes over the records of sections that hold no objects, or whose meaning is not
-/// known.
-bool StructureScanner::scanSectionEnd() {
-    while (!at("ENDSEC")) {
-        if (atSectionEnd())
-            return fail(quoted(record_.value) + L" within " + context_ + L", ENDSEC expected");
+    while (!atSectionEnd()) // Sections that hold no objects, or whose meaning is not known.
         if (!next())
             return false;
-    }
-    return true;
+    state_.sections.push_back({name, {begin, record_.offset}});
+    const bool isClosed = at("ENDSEC");
+    if (!isClosed)
+        warn(openSection, begin, context_ + L" is not closed");
+    context_.clear();
+    return !isClosed || nextBesidesComments();
 }
 
 bool StructureScanner::scanSectionNamed(std::string_view name) {
@@ -195,6 +194,19 @@ bool StructureScanner::scanObjects(Container::Kind kind) {
             return false;
     container.end = record_.offset;
     state_.containers.push_back(std::move(container));
+    return true;
+}
+
+/// Skips records between sections. The name of a section there, at the start or after a type, is all that a
+/// damaged SECTION record left; after other records it belongs to a stray object.
+bool StructureScanner::skipToSection() {
+    warnOfStray(L"sections");
+    bool isFirst = false;
+    do {
+        isFirst = record_.code == typeCode;
+        if (!next())
+            return false;
+    } while (!atFrame() && !(isFirst && atSectionName()));
     return true;
 }
 
@@ -377,6 +389,10 @@ bool StructureScanner::atFrame() const {
     return std::any_of(std::begin(frames), std::end(frames), [this](auto frame) { return at(frame); });
 }
 
+bool StructureScanner::atSectionName() const {
+    return record_.code == nameCode && isKnownSection(record_.value);
+}
+
 bool StructureScanner::atSectionEnd() const {
     return at("ENDSEC") || at("SECTION") || at("EOF");
 }
@@ -390,11 +406,6 @@ void StructureScanner::warnOfValue() {
         return L"group code " + std::to_wstring(record_.code) + L": " + quoted(record_.value) + L" is not " +
                valueName(record_.code);
     });
-}
-
-/// At the text that is the matter, which in ASCII drawings stands on another line than its group code.
-bool StructureScanner::fail(std::wstring problem) {
-    return failAt(source_.valueOffset(record_), std::move(problem));
 }
 
 bool StructureScanner::failAt(std::uint64_t offset, std::wstring problem) {

@@ -35,13 +35,13 @@ private:
     bool scanSections();
     bool scanSection();
     bool scanSectionNamed(std::string_view name);
-    bool scanSectionEnd();
     bool scanHeader();
     bool scanTables();
     bool scanTable();
     bool scanBlocks();
     bool scanBlock();
     bool scanObjects(Container::Kind kind);
+    bool skipToSection();
     bool skipRun(const wchar_t* place);
     bool skipObject();
     void warnOfStray(const wchar_t* place);
@@ -57,10 +57,10 @@ private:
     bool nextBesidesComments();
     [[nodiscard]] bool at(std::string_view type) const;
     [[nodiscard]] bool atFrame() const;
+    [[nodiscard]] bool atSectionName() const;
     [[nodiscard]] bool atSectionEnd() const;
     void warn(Fault fault, std::uint64_t offset, const std::wstring& problem);
     void warnOfValue();
-    bool fail(std::wstring problem);
     bool failAt(std::uint64_t offset, std::wstring problem);
 
     DrawingState& state_;

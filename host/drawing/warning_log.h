@@ -13,6 +13,8 @@ enum Fault : int {
     recordOutside,
     unnamedSection,
     repeatedSection,
+    headlessSection,
+    openSection,
     unnamedTable,
     openTable,
     unnamedBlock,

@@ -3,12 +3,15 @@
 compare_with_ezdxf.py DRAWING_COPY SAMPLES
 """
 
+import collections
+import io
 import pathlib
 import subprocess
 import sys
 import tempfile
 
 import ezdxf
+import ezdxf.recover
 from ezdxf.lldxf.tagger import ascii_tags_loader, binary_tags_loader
 from ezdxf.lldxf.types import DXFBinaryTag, cast_tag_value
 
@@ -69,6 +72,54 @@ def compare(original, copy):
     assert audit(before) == audit(after), "audit differs"
 
 
+# What is replaced in a small drawing (its first occurrence), and by what.
+DAMAGES = {
+    "ENDSEC missing": ("  0\nENDSEC\n  0\nSECTION\n  2\nTABLES", "  0\nSECTION\n  2\nTABLES"),
+    "ENDSEC missing at the end": ("  0\nENDSEC\n  0\nEOF", "  0\nEOF"),
+    "ENDSEC misspelt": ("ENDSEC\n  0\nSECTION\n  2\nOBJECTS", "ENDSE\n  0\nSECTION\n  2\nOBJECTS"),
+    "SECTION missing": ("  0\nSECTION\n  2\nENTITIES", "  2\nENTITIES"),
+    "ENDSEC twice": ("  0\nENDSEC\n", "  0\nENDSEC\n  0\nENDSEC\n"),
+    "ENDTAB missing": ("  0\nENDTAB\n", ""),
+    "ENDBLK misspelt": ("ENDBLK", "ENDBL"),
+    "record between sections": ("  0\nSECTION\n  2\nBLOCKS", "  8\n0\n  0\nSECTION\n  2\nBLOCKS"),
+    "handle that is none": ("LINE\n  5\n", "LINE\n  5\nX"),
+    "number that is none": (" 11\n1.0\n", " 11\n1,0\n"),
+    "data behind EOF": ("EOF\n", "EOF\n  0\nLINE\n"),
+}
+
+
+def small_drawing():
+    document, text = ezdxf.new("R2000"), io.StringIO()
+    document.blocks.new("B").add_circle((0, 0), 1)
+    document.modelspace().add_line((0, 0), (1, 1))
+    document.modelspace().add_blockref("B", (1, 1))
+    document.write(text)
+    return text.getvalue()
+
+
+def types_found(path):
+    try:
+        document = ezdxf.readfile(path)
+    except (ezdxf.DXFError, ValueError):
+        document = ezdxf.recover.readfile(path)[0]
+    return collections.Counter(entity.dxftype() for entity in document.entitydb.values())
+
+
+def compare_damaged(tool, folder):
+    """What ezdxf reads of a damaged drawing is read, and written in both forms."""
+    damaged, binary, back = (pathlib.Path(folder, name) for name in ("damaged.dxf", "binary.dxf", "back.dxf"))
+    for damage, (old, new) in DAMAGES.items():
+        whole = small_drawing()
+        assert old in whole, damage
+        damaged.write_text(whole.replace(old, new, 1))
+        options = [] if "number" in damage else ["-b"]  # Binary drawings hold no other text for a number.
+        subprocess.run([tool, *options, damaged, binary], check=True)
+        subprocess.run([tool, "-a", binary, back], check=True)
+        lost = types_found(damaged) - types_found(back)
+        assert not lost, f"{damage}: {lost}"
+        print("no fewer:", damage)
+
+
 def main():
     tool, samples = sys.argv[1], pathlib.Path(sys.argv[2])
     drawings = sorted(samples.rglob("*.dxf"))
@@ -85,6 +136,7 @@ def main():
             subprocess.run([tool, "-b" if binary else "-a", copy, back], check=True)
             compare(drawing, back)
             print("same:", drawing.relative_to(samples))
+        compare_damaged(tool, folder)
         subprocess.run([tool, "-e", copy], check=True)
         assert audit(ezdxf.readfile(copy)) == [], "the empty drawing has faults"
 

@@ -25,10 +25,6 @@ const Damage unreadable[] = {
     {"cut behind a group code", "0\nSECTION\n2\nENTITIES\n0\n", 5, L"group code"},
     {"cut within a block", dxf("0 SECTION|2 BLOCKS|0 BLOCK|2 A|0 LINE"), 11, L"ends within the block \"A\""},
     {"word as a group code", "0\nSECTION\n2\nENTITIES\n0\nLINE\nlayer\n0\n", 7, L"group code"},
-    {"section in a section", dxf("0 SECTION|2 ENTITIES|0 LINE|8 0|0 SECTION|2 OBJECTS|0 EOF"), 10,
-     L"\"SECTION\" within the section \"ENTITIES\""},
-    {"EOF in a section", dxf("0 SECTION|2 XYZ|0 THING|0 EOF"), 8, L"within the section \"XYZ\""},
-    {"EOF in a block", dxf("0 SECTION|2 BLOCKS|0 BLOCK|2 A|0 EOF"), 10, L"within the section \"BLOCKS\""},
 };
 
 const Damage mended[] = {
@@ -45,6 +41,12 @@ const Damage mended[] = {
     {"two sections of a name", dxf("0 SECTION|2 ENTITIES|0 ENDSEC|0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF"), 7,
      L"second section"},
     {"two headers", dxf("0 SECTION|2 HEADER|0 ENDSEC|0 SECTION|2 HEADER|9 $X|0 ENDSEC|0 EOF"), 7, L"second"},
+    {"section in a section", dxf("0 SECTION|2 ENTITIES|0 LINE|8 0|0 SECTION|2 OBJECTS|0 ENDSEC|0 EOF"), 1,
+     L"the section \"ENTITIES\" is not closed"},
+    {"EOF in a section", dxf("0 SECTION|2 XYZ|0 THING|0 EOF"), 1, L"the section \"XYZ\" is not closed"},
+    {"EOF in a block", dxf("0 SECTION|2 BLOCKS|0 BLOCK|2 A|0 EOF"), 1, L"\"BLOCKS\" is not closed"},
+    {"section without SECTION", dxf("0 SECTIOM|2 ENTITIES|0 LINE|8 0|0 ENDSEC|0 EOF"), 2, L"\"SECTIOM\" out"},
+    {"section name alone", dxf("2 ENTITIES|0 LINE|8 0|0 ENDSEC|0 EOF"), 1, L"\"ENTITIES\" has no SECTION"},
     {"section without a name", dxf("0 SECTION|0 ENDSEC|0 EOF"), 1, L"without a name"},
     {"record between sections", dxf("0 SECTION|2 ENTITIES|0 ENDSEC|8 0|0 EOF"), 8, L"outside of sections"},
     {"object between sections", dxf("0 LINE|8 0|0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF"), 2,

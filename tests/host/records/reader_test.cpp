@@ -119,6 +119,8 @@ TEST(BinaryReader, OneByteCodes) {
     BinaryReader reader(file);
     EXPECT_EQ(reader.codeForm(), CodeForm::bytes);
     EXPECT_EQ(readAll(reader), (Records{{0, "SECTION"}, {2, "HEADER"}, {1000, "app"}, {70, code(0xFFFE)}}));
+    const std::string stray = joined({kSentinel, zero, zero, zero, "ENDSEC", zero, zero, "EOF", zero});
+    EXPECT_EQ(readAll(BinaryReader(stray)), (Records{{0, ""}, {0, "ENDSEC"}, {0, "EOF"}}));
 }
 
 TEST(BinaryReader, StrictTableHasFewerCodes) {

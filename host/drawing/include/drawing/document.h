@@ -58,9 +58,9 @@ public:
     using OpenResult = std::variant<std::unique_ptr<Document>, DocumentError>;
 
     /// Scans the bytes (which the document keeps) and makes a stub for each object, all with `database` as
-    /// theirs. Fails when the structure is unreadable: a group code that is no integer, sections that do not
-    /// nest, a file that is cut off. Every other fault is a warning, its records are preserved verbatim, and
-    /// an unreadable value counts as missing. `file` is for messages only.
+    /// theirs. Fails when the structure is unreadable: a group code that is no integer, a file that is cut
+    /// off. Every other fault is a warning, its records are preserved verbatim, and an unreadable value
+    /// counts as missing. `file` is for messages only.
     static OpenResult open(std::string bytes, const std::wstring& file, AcDbDatabase* database);
 
     /// Reads the named file and opens it.
