@@ -1,8 +1,10 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "model/drawing_file.h"
-#include "model/group.h"
 #include "report/output.h"
+#include "text.h"
+
+#include <zucomn/model/groups.h>
 
 #include <memory>
 
@@ -20,15 +22,16 @@ void run(const Options& options) {
     Json array = Json::array();
     TextTable table({"handle", "name", "number", "kind", "members"});
     for (const AcDbObjectId id : drawing.groups()) {
-        const Group group = readGroup(id);
+        const zucomn::Group group = zucomn::readGroup(id).value_or(zucomn::Group());
         const std::string handle = handleText(id);
+        const std::string name = narrow(group.name);
         array.push_back({{"handle", handle},
-                         {"name", group.name},
+                         {"name", name},
                          {"number", group.number},
                          {"kind", group.kind},
                          {"members", handleTexts(group.members)}});
-        table.addRow({handle, group.name, std::to_string(group.number), std::to_string(group.kind),
-                      std::to_string(group.members.length())});
+        table.addRow({handle, name, std::to_string(group.number), std::to_string(group.kind),
+                      std::to_string(group.members.size())});
     }
     options.json ? printJson(array) : table.print();
 }

@@ -2,15 +2,12 @@
 
 #include "command_line.h"
 #include "failure.h"
-#include "model/group.h"
 #include "text.h"
 
 #include <dbapserv.h>
-#include <dbdict.h>
-#include <dbents.h>
-#include <dbobjptr.h>
-#include <dbsymtb.h>
 
+#include <zucomn/model/elements.h>
+#include <zucomn/model/groups.h>
 #include <zucomn/route.h>
 
 #include <charconv>
@@ -62,36 +59,15 @@ AcDbObjectId DrawingFile::find(const std::string& handle) const {
 }
 
 std::vector<AcDbObjectId> DrawingFile::entities() const {
-    AcDbBlockTable* blocks = nullptr;
-    if (database_->getSymbolTable(blocks) != Acad::eOk)
-        return {};
-    AcDbObjectId spaceId;
-    blocks->getAt(ACDB_MODEL_SPACE, spaceId);
-    blocks->close();
-    const AcDbObjectPointer<AcDbBlockTableRecord> space(spaceId);
-    if (space.openStatus() != Acad::eOk)
-        return {};
-    return space->entityIds();
+    return zucomn::modelSpaceEntities(*database_);
 }
 
 std::vector<AcDbObjectId> DrawingFile::references() const {
-    std::vector<AcDbObjectId> found;
-    for (const AcDbObjectId id : entities())
-        if (id.objectClass()->isDerivedFrom(AcDbBlockReference::desc()))
-            found.push_back(id);
-    return found;
+    return zucomn::modelSpaceReferences(*database_);
 }
 
 std::vector<AcDbObjectId> DrawingFile::groups() const {
-    AcDbDictionary* dictionary = nullptr;
-    if (database_->getGroupDictionary(dictionary) != Acad::eOk)
-        return {};
-    std::vector<AcDbObjectId> found;
-    for (const auto& entry : dictionary->entries())
-        if (isGroup(entry.id))
-            found.push_back(entry.id);
-    dictionary->close();
-    return found;
+    return zucomn::groupsOf(*database_);
 }
 
 AcDbObjectId DrawingFile::findGroup(const std::string& nameOrHandle) const {
@@ -125,7 +101,7 @@ std::string handleText(AcDbHandle handle) {
     return narrow(buffer);
 }
 
-std::vector<std::string> handleTexts(const AcArray<AcDbObjectId>& ids) {
+std::vector<std::string> handleTexts(std::span<const AcDbObjectId> ids) {
     std::vector<std::string> texts;
     for (const AcDbObjectId id : ids)
         texts.push_back(handleText(id));

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <acarray.h>
 #include <dbid.h>
 #include <dbmain.h>
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -62,6 +62,6 @@ private:
 [[nodiscard]] std::string handleText(AcDbHandle handle);
 
 /// Handles of several objects.
-[[nodiscard]] std::vector<std::string> handleTexts(const AcArray<AcDbObjectId>& ids);
+[[nodiscard]] std::vector<std::string> handleTexts(std::span<const AcDbObjectId> ids);
 
 } // namespace zu::app

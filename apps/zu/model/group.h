@@ -1,9 +1,9 @@
 #pragma once
 
-#include <acarray.h>
 #include <dbid.h>
 
 #include <string>
+#include <vector>
 
 namespace zu::app {
 
@@ -13,10 +13,8 @@ struct Group {
     std::string name;
     int number = 0; ///< By which route groups are ranked: what follows "RTGR" (five digits) or "*A".
     int kind = 0;   ///< Its route kind; 0 when unknown, -1 without any.
-    AcArray<AcDbObjectId> members;
-
-    /// True for "*A..." and "RTGR...".
-    [[nodiscard]] bool isRouteGroup() const;
+    bool isRouteGroup = false; ///< "*A..." or "RTGR...".
+    std::vector<AcDbObjectId> members;
 };
 
 /// True when the object is a group; the group dictionary of a damaged drawing may hold others.

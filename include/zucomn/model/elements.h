@@ -2,9 +2,15 @@
 
 #include "../export.h"
 
+#include <dbid.h>
+#include <gepnt3d.h>
+
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
+
+class AcDbDatabase;
 
 namespace zucomn {
 
@@ -28,5 +34,27 @@ struct RouteKind {
 
 /// True when groups of elements with the link kind are routes.
 [[nodiscard]] ZUCOMN_API bool isRouteKind(int linkKind);
+
+/// What a block reference is in the product.
+struct Element {
+    AcDbObjectId id;
+    std::wstring block;      ///< The name of its block.
+    int code = kNoElement;   ///< See ZuComn_GetBlockElementCode.
+    int linkKind = -1;       ///< See RootComn_GetBlockRootKind.
+    std::wstring layer;      ///< The name of its layer.
+    bool isOnLocked = false; ///< Its layer is locked, so that edits skip it.
+    AcGePoint3d origin;
+    std::vector<AcGePoint3d> connectionPoints; ///< In plan (Z is 0); none when one can't be read.
+    std::vector<AcDbObjectId> groups;          ///< See ZuComn_GetGroupID.
+};
+
+/// Returns nullopt when the object is no block reference or can't be opened.
+[[nodiscard]] ZUCOMN_API std::optional<Element> readElement(AcDbObjectId id);
+
+/// Returns the entities of the drawing's model space, in drawing order; none when it can't be opened.
+[[nodiscard]] ZUCOMN_API std::vector<AcDbObjectId> modelSpaceEntities(const AcDbDatabase& drawing);
+
+/// Returns the block references among the entities of model space.
+[[nodiscard]] ZUCOMN_API std::vector<AcDbObjectId> modelSpaceReferences(const AcDbDatabase& drawing);
 
 } // namespace zucomn

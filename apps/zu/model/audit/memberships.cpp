@@ -37,8 +37,7 @@ public:
 
 private:
     void findKind() {
-        while (decisive_ < kinds_.size() &&
-               (kinds_[decisive_] <= 0 || !has(group_.members[static_cast<int>(decisive_)])))
+        while (decisive_ < kinds_.size() && (kinds_[decisive_] <= 0 || !has(group_.members[decisive_])))
             ++decisive_;
     }
 
@@ -52,7 +51,7 @@ class MembershipAudit {
 public:
     MembershipAudit(const DrawingFile& drawing, Audit& audit) : audit_(audit) {
         for (const AcDbObjectId id : drawing.groups())
-            if (Group group = readGroup(id); group.isRouteGroup())
+            if (Group group = readGroup(id); group.isRouteGroup)
                 groups_.emplace_back(std::move(group));
         // Those without a kind come last: they settle among the groups as the others leave them.
         collectMembers([](int kind) { return kind > 0; });
@@ -74,9 +73,9 @@ private:
     template <typename Takes>
     void collectMembers(Takes takes) {
         for (ShrinkingGroup& group : groups_) {
-            const AcArray<AcDbObjectId>& members = group.group().members;
-            for (int i = 0; i < members.length(); ++i) {
-                if (!takes(group.kindOfMember(static_cast<std::size_t>(i))))
+            const std::vector<AcDbObjectId>& members = group.group().members;
+            for (std::size_t i = 0; i < members.size(); ++i) {
+                if (!takes(group.kindOfMember(i)))
                     continue;
                 Groups& of = groupsOf_[members[i]];
                 if (of.empty())

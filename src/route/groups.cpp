@@ -1,0 +1,36 @@
+#include <zucomn/model/groups.h>
+
+#include "group_access.h"
+
+#include <zucomn/route.h>
+
+#include <dbdict.h>
+#include <dbgroup.h>
+#include <dbmain.h>
+#include <dbobjptr.h>
+
+namespace zucomn {
+
+std::optional<Group> readGroup(AcDbObjectId id) {
+    const auto members = zu::groupMembers(id);
+    if (!members)
+        return std::nullopt;
+    const CString name = zu::groupName(id).value_or(CString());
+    Group group{id, std::wstring(name.view()), zu::groupNumber(name), 0, zu::isRouteGroupName(name), {}};
+    RootComn_GetRootKind2(id, &group.kind);
+    group.members.assign(members->begin(), members->end());
+    return group;
+}
+
+std::vector<AcDbObjectId> groupsOf(const AcDbDatabase& drawing) {
+    const AcDbObjectPointer<AcDbDictionary> dictionary(drawing.groupDictionaryId());
+    if (dictionary.openStatus() != Acad::eOk)
+        return {};
+    std::vector<AcDbObjectId> groups;
+    for (const auto& entry : dictionary->entries())
+        if (entry.id.objectClass()->isDerivedFrom(AcDbGroup::desc()))
+            groups.push_back(entry.id);
+    return groups;
+}
+
+} // namespace zucomn
