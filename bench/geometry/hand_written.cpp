@@ -1,12 +1,14 @@
 #include "hand_written.h"
 
 #include <cmath>
+#include <limits>
 
 namespace hand {
 
 namespace {
 
 constexpr double kPi = 3.141592653589793;
+constexpr double kRounding = 2.0 * std::numeric_limits<double>::epsilon();
 
 /// Unit vector and length of a non-degenerate line.
 void unitOf(double x1, double y1, double x2, double y2, double& ux, double& uy, double& length) {
@@ -98,69 +100,65 @@ int lineCircle(const Line& l, const Circle& c, Point& p1, Point& p2) {
 
 int circleCircle(const Circle& a, const Circle& b, int& n, Point& p1, Point& p2) {
     n = 0;
-    if (a.cy == b.cy) {
-        if (a.cx == b.cx)
-            return std::fabs(a.r - b.r) < 0.01 ? 1 : 2;
-        const double x = (a.cx * a.cx - b.cx * b.cx - (a.r * a.r - b.r * b.r)) / (2.0 * (a.cx - b.cx));
-        const double q = a.r * a.r - (x - a.cx) * (x - a.cx);
-        if (q < -0.00001)
-            return 3;
-        const double s = q > 0.0 ? std::sqrt(q) : 0.0;
-        p1 = {x, a.cy - s};
-        p2 = {x, a.cy + s};
-        n = q > 0.0 ? 2 : 1;
-        return 0;
-    }
-    const double m = -(a.cx - b.cx) / (a.cy - b.cy);
-    const double k = (a.cy * a.cy - b.cy * b.cy + a.cx * a.cx - b.cx * b.cx - (a.r * a.r - b.r * b.r)) /
-                     (2.0 * (a.cy - b.cy));
-    const double qa = 1.0 + m * m;
-    const double qb = -2.0 * (a.cx - (k - a.cy) * m);
-    const double qc = (k - a.cy) * (k - a.cy) + a.cx * a.cx - a.r * a.r;
-    const double disc = qb * qb - 4.0 * qa * qc;
-    if (disc < -0.00001)
+    if (a.cy == b.cy && a.cx == b.cx)
+        return std::fabs(a.r - b.r) < 0.01 ? 1 : 2;
+    const double dx = b.cx - a.cx;
+    const double dy = b.cy - a.cy;
+    const double d = std::sqrt(dx * dx + dy * dy);
+    const double ux = dx / d;
+    const double uy = dy / d;
+    const double sum = std::fabs(a.r) + std::fabs(b.r);
+    const double ratio = (std::fabs(a.r) - std::fabs(b.r)) / d;
+    const double foot = (d + ratio * sum) / 2.0;
+    const double gap = sum - d;
+    const double square = gap * (sum + d) * ((1.0 - ratio) * (1.0 + ratio)) / 4.0;
+    const bool level = a.cy == b.cy;
+    const bool touch =
+        std::fabs(gap) <= kRounding * (sum + d) || std::fabs(1.0 - std::fabs(ratio)) <= kRounding;
+    const double low = level ? -0.00001 : -0.00001 * uy * uy;
+    const double scaled = level ? square : 4.0 * square;
+    if ((level || !touch) && scaled < low)
         return 3;
-    if (disc < 0.00001) {
-        p1.x = p2.x = -qb / (2.0 * qa);
-        p1.y = p2.y = k + m * p1.x;
+    if (level ? square <= 0.0 : touch || scaled < -low) {
+        p1 = p2 = {a.cx + foot * ux, a.cy + foot * uy};
         n = 1;
         return 0;
     }
-    const double s = std::sqrt(disc);
-    p1.x = (-qb - s) / (2.0 * qa);
-    p1.y = k + m * p1.x;
-    p2.x = (s - qb) / (2.0 * qa);
-    p2.y = k + m * p2.x;
+    const double s = level ? -std::copysign(std::sqrt(square), ux) : std::copysign(std::sqrt(square), uy);
+    p1 = {a.cx + (foot * ux - s * uy), a.cy + (foot * uy + s * ux)};
+    p2 = {a.cx + (foot * ux + s * uy), a.cy + (foot * uy - s * ux)};
     n = 2;
     return 0;
 }
 
 int tangentLines(const Circle& a, const Circle& b, Line* out, int& n) {
-    double degrees;
-    if (a.r + b.r < 0.01 || !angleOf(a.cx, a.cy, b.cx, b.cy, degrees))
+    const double dx = b.cx - a.cx;
+    const double dy = b.cy - a.cy;
+    if (a.r + b.r < 0.01 || (std::fabs(dx) <= 0.1 && std::fabs(dy) <= 0.1))
         return 1;
-    const double l = std::sqrt((b.cx - a.cx) * (b.cx - a.cx) + (b.cy - a.cy) * (b.cy - a.cy));
-    const double theta = degrees * kPi / 180.0;
-    const double phi = std::acos((a.r - b.r) / l);
-    for (int i = 0; i < 2; ++i) {
-        const double t = i == 0 ? theta + phi : theta - phi;
-        const double c = std::cos(t);
-        const double s = std::sin(t);
-        out[i] = {a.cx + a.r * c, a.cy + a.r * s, b.cx + b.r * c, b.cy + b.r * s};
-    }
+    const double d = std::sqrt(dx * dx + dy * dy);
+    const double ux = dx / d;
+    const double uy = dy / d;
+    const double outer = (a.r - b.r) / d;
+    if (!(std::fabs(outer) <= 1.0 + kRounding))
+        return 1;
     n = 2;
     int meet;
     Point p1, p2;
-    if (circleCircle(a, b, meet, p1, p2) == 0)
-        return 0;
-    const double psi = std::acos((a.r + b.r) / l);
-    for (int i = 0; i < 2; ++i) {
-        const double t = i == 0 ? theta + psi : theta - psi;
-        const double w = i == 0 ? theta - (kPi - psi) : theta + (kPi - psi);
-        out[2 + i] = {a.cx + a.r * std::cos(t), a.cy + a.r * std::sin(t), b.cx + b.r * std::cos(w),
-                      b.cy + b.r * std::sin(w)};
+    const double inner = (a.r + b.r) / d;
+    if (circleCircle(a, b, meet, p1, p2) != 0 && std::fabs(inner) <= 1.0)
+        n = 4;
+    for (int i = 0; i < n; i += 2) {
+        const double c = i == 0 ? outer : inner;
+        const double s = std::sqrt(std::fmax(0.0, (1.0 - c) * (1.0 + c)));
+        const double r = i == 0 ? b.r : -b.r;
+        const double lx = c * ux - s * uy;
+        const double ly = c * uy + s * ux;
+        const double rx = c * ux + s * uy;
+        const double ry = c * uy - s * ux;
+        out[i] = {a.cx + a.r * lx, a.cy + a.r * ly, b.cx + r * lx, b.cy + r * ly};
+        out[i + 1] = {a.cx + a.r * rx, a.cy + a.r * ry, b.cx + r * rx, b.cy + r * ry};
     }
-    n = 4;
     return 0;
 }
 

@@ -114,6 +114,16 @@ private:
         out_.text(2, "ENTITIES");
     }
 
+    void writePolyline() {
+        start("LWPOLYLINE", "AcDbPolyline");
+        out_.integer(90, 6, 4);
+        out_.integer(70, 1);
+        for (int i = 0; i < 6; ++i) {
+            out_.real(10, coordinate());
+            out_.real(20, coordinate());
+        }
+    }
+
     void writeEntity(int kind) {
         switch (kind) {
         case 0:
@@ -130,13 +140,7 @@ private:
             out_.real(40, 7.25);
             break;
         case 2:
-            start("LWPOLYLINE", "AcDbPolyline");
-            out_.integer(90, 6, 4);
-            out_.integer(70, 1);
-            for (int i = 0; i < 6; ++i) {
-                out_.real(10, coordinate());
-                out_.real(20, coordinate());
-            }
+            writePolyline();
             break;
         case 3:
             start("TEXT", "AcDbText");

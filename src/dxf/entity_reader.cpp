@@ -177,25 +177,28 @@ private:
             memory_.append(EntityFields::pointsOf(entity), {real(code, value), 0, 0});
             break;
         case FieldKind::pointY:
-            if (CDblPoint* const point = lastPointOf(entity))
-                point->y = real(code, value);
+            setReal(lastPointOf(entity), &CDblPoint::y, code, value);
             break;
         case FieldKind::pointBulge:
-            if (CDblPoint* const point = lastPointOf(entity))
-                point->bulge = real(code, value);
+            setReal(lastPointOf(entity), &CDblPoint::bulge, code, value);
             break;
         case FieldKind::pointStartWidth:
-            if (CDblWidth* const width = lastWidthOf(entity))
-                width->start = real(code, value);
+            setReal(lastWidthOf(entity), &CDblWidth::start, code, value);
             break;
         case FieldKind::pointEndWidth:
-            if (CDblWidth* const width = lastWidthOf(entity))
-                width->end = real(code, value);
+            setReal(lastWidthOf(entity), &CDblWidth::end, code, value);
             break;
         case FieldKind::embedded:
             finish();
             break;
         }
+    }
+
+    /// Ignores the value when there is no vertex yet.
+    template <typename Item>
+    void setReal(Item* item, double Item::*member, int code, std::string_view value) {
+        if (item != nullptr)
+            item->*member = real(code, value);
     }
 
     static CDblPoint* lastPointOf(CEnt& polyline) {

@@ -1,7 +1,8 @@
 #include "combo_numbers.h"
 
 #include "numbers.h"
-#include "zucomn/strings.h"
+
+#include <zucomn/strings.h>
 
 #include <afxwin.h>
 

@@ -1,4 +1,4 @@
-#include "zucomn/frame.h"
+#include <zucomn/frame.h>
 
 #include "reset.h"
 #include "state/library_state.h"

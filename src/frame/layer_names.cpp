@@ -2,7 +2,8 @@
 
 #include "library_text.h"
 #include "reset.h"
-#include "zucomn/frame.h"
+
+#include <zucomn/frame.h>
 
 #include <vector>
 

@@ -1,10 +1,11 @@
-#include "zucomn/link_info.h"
+#include <zucomn/link_info.h>
 
 #include "library_text.h"
 #include "link_merge.h"
 #include "resource_ids.h"
-#include "zucomn/settings.h"
-#include "zucomn/tables.h"
+
+#include <zucomn/settings.h>
+#include <zucomn/tables.h>
 
 #include <afxwin.h>
 

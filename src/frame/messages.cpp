@@ -1,4 +1,4 @@
-#include "zucomn/frame.h"
+#include <zucomn/frame.h>
 
 #include "library_text.h"
 #include "resource_ids.h"

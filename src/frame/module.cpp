@@ -1,6 +1,6 @@
 #include "module_state.h"
 
-#include "zucomn/export.h"
+#include <zucomn/export.h>
 
 #include <acui.h>
 #include <afxdllx.h>

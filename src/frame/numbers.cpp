@@ -1,7 +1,7 @@
 #include "numbers.h"
 
-#include "zucomn/settings.h"
-#include "zucomn/strings.h"
+#include <zucomn/settings.h>
+#include <zucomn/strings.h>
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "zucomn/strings.h"
+#include <zucomn/strings.h>
 
 #include <algorithm>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "zucomn/frame.h"
+#include <zucomn/frame.h>
 
 #include "layer_names.h"
 #include "library_text.h"

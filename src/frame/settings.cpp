@@ -1,9 +1,10 @@
-#include "zucomn/settings.h"
+#include <zucomn/settings.h>
 
 #include "library_text.h"
 #include "reset.h"
 #include "resource_ids.h"
-#include "zucomn/frame.h"
+
+#include <zucomn/frame.h>
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "zucomn/strings.h"
+#include <zucomn/strings.h>
 
 #include "line_splitter.h"
 

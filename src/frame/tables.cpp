@@ -1,12 +1,13 @@
-#include "zucomn/tables.h"
+#include <zucomn/tables.h>
 
 #include "block_reader.h"
 #include "library_text.h"
 #include "line_splitter.h"
 #include "module_state.h"
 #include "resource_ids.h"
-#include "zucomn/frame.h"
-#include "zucomn/settings.h"
+
+#include <zucomn/frame.h>
+#include <zucomn/settings.h>
 
 #include <memory>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "zucomn/model/text_files.h"
+#include <zucomn/model/text_files.h>
 
 #include "link_merge.h"
 #include "text_encoding.h"

@@ -35,9 +35,7 @@ std::pair<double, double> smallerSweep(double first, double second) {
     return second - first < 180.0 ? std::pair(first, second) : std::pair(second, first);
 }
 
-/// Returns the line from its tangent point to its start when that lies at `angle`, the direction from the
-/// corner to the tangent point, else to its end. Returns nullopt for a tangent point within 0.1 of the start.
-/// The corner that the pick lies in: the intersection of the lines and the rays along its sides.
+/// The corner that contains the pick: the intersection of the lines, and the rays along its sides.
 struct Corner {
     Point point;
     Ray rayA;
@@ -113,6 +111,8 @@ int fitArc(const Corner& corner, double r, TangentPoint& a, TangentPoint& b, Arc
     return 0;
 }
 
+/// Returns the line from its tangent point to its start when that lies at `angle`, the direction from the
+/// corner to the tangent point, else to its end. Returns nullopt for a tangent point within 0.1 of the start.
 std::optional<Line> trimmed(const Line& line, const Point& touch, double angle) {
     const auto toStart = angleInDegrees(touch, start(line));
     if (!toStart)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zucomn/geometry.h"
+#include <zucomn/geometry.h>
 
 #include <cmath>
 #include <optional>

@@ -152,14 +152,16 @@ TEST_F(ComboNumbers, AreSortedAndFormattedAlike) {
     EXPECT_EQ(items().front(), L"0.25");
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.26", 1), -1);
     EXPECT_EQ(items(), (Fields{L"0.25", L"1", L"2", L"2.3", L"3", L"10"}));
-    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3.7", -1), -1); // no precision is configured
+    const SampleSettings settings; // without a configured precision
+    settings.folder().write("system/ZuConfig.ini", "");
+    WritePrivateProfileStringW(L"ｵﾌﾟｼｮﾝ", L"REALACCURACY", nullptr, settings.system("master.ini").c_str());
+    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3.7", -1), -1);
     EXPECT_EQ(items(), (Fields{L"0", L"1", L"2", L"2", L"3", L"4", L"10"}));
     // The number of items does not change how often the settings are read.
     const zuhost::file_ops::FailAt never(std::numeric_limits<std::uint64_t>::max());
-    const SampleSettings settings;
     const auto readings = [&] {
         const std::uint64_t before = never.count();
-        ZuComn_ComboBoxAdd(box, std::to_wstring(before).c_str(), -1);
+        ZuComn_ComboBoxAdd(box, std::to_wstring(1000 + before).c_str(), -1);
         return never.count() - before;
     };
     const std::uint64_t few = readings();
