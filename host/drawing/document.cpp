@@ -1,13 +1,17 @@
 #include "drawing/document.h"
 
-#include "drawing_state.h"
+#include "drawing_parser.h"
+#include "drawing_writer.h"
+#include "dxf_records/record_reader.h"
 #include "empty_drawing.h"
-#include "new_records.h"
-#include "scanner.h"
-#include "tag_extraction.h"
+#include "object_tags.h"
+#include "zuhost/atomic_file.h"
+#include "zuhost/paths.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <new>
+#include <system_error>
 
 namespace zuhost {
 namespace {
@@ -47,12 +51,56 @@ AcDbStub* newStub(DrawingState& state, std::string_view typeName, AcDbStub* owne
     stub.owner = owner;
     stub.type = state.types.number(typeName).value_or(0);
     stub.changed = true;
-    stub.handleIsOurs = !state.writesHandles;
+    stub.hasInternalHandle = !state.writesHandles;
     state.handles.add(stub);
     return &stub;
 }
 
+/// The file's own style in its own form, else the usual one of the other form.
+RecordStyle styleFor(const DrawingState& state, DrawingForm form) {
+    if (form == state.style.form)
+        return state.style;
+    RecordStyle style;
+    style.form = form;
+    style.byteCodes = form == DrawingForm::binary && state.shortCodesInBinary;
+    return style;
+}
+
+DocumentError fileError(const std::wstring& file, std::wstring problem) {
+    DocumentError error;
+    error.file = file;
+    error.problem = std::move(problem);
+    return error;
+}
+
+DocumentError systemError(const std::wstring& file, int number) {
+    if (number == EFBIG)
+        return fileError(file, L"endless or too large for a device or pipe; save the data to a file first");
+    return fileError(file, fromUtf8(std::generic_category().message(number)));
+}
+
+/// Writes the drawing; the fault, empty on success.
+std::wstring write(const DrawingState& state, DrawingForm form, const Document::TagSource& tags,
+                   ByteSink sink) {
+    RecordOutput output(state, styleFor(state, form), std::move(sink));
+    const bool sameForm = form == state.style.form;
+    if (!sameForm && form == DrawingForm::binary)
+        output.raw(dxf::kBinarySentinel);
+    DrawingWriter(state, tags, output).run(sameForm ? Span{0, state.bytes.size()} : state.content);
+    output.finish();
+    return output.fault();
+}
+
 } // namespace
+
+std::wstring DocumentError::message(std::wstring_view label) const {
+    std::wstring text = file;
+    if (line != 0)
+        text += L":" + std::to_wstring(line);
+    else if (offset != 0)
+        text += L": byte " + std::to_wstring(offset);
+    return (text += L": ").append(label) + problem;
+}
 
 Document::Document(std::unique_ptr<DrawingState> state) : state_(std::move(state)) {}
 
@@ -64,12 +112,19 @@ Document::OpenResult Document::open(std::string bytes, const std::wstring& file,
     state->file = file;
     state->database = database;
     try {
-        if (auto error = scanDrawing(*state))
+        if (auto error = parseDrawing(*state))
             return std::move(*error);
         return std::unique_ptr<Document>(new Document(std::move(state)));
     } catch (const std::bad_alloc&) {
         return DocumentError{file, 0, 0, L"not enough memory to open the drawing"};
     }
+}
+
+Document::OpenResult Document::openFile(const std::wstring& file, AcDbDatabase* database) {
+    auto contents = readWholeFile(systemPath(file));
+    if (const int* number = std::get_if<int>(&contents))
+        return systemError(file, *number);
+    return open(std::move(std::get<std::string>(contents)), file, database);
 }
 
 std::unique_ptr<Document> Document::createEmpty(AcDbDatabase* database) {
@@ -158,8 +213,8 @@ Container& Document::appendBlock(std::string name, AcDbStub* owner) {
 Container& Document::implyModelSpace() {
     Container& space = appendBlock("*Model_Space", nullptr);
     space.implied = true;
-    space.head->handleIsOurs = true;
-    space.tail->handleIsOurs = true;
+    space.head->hasInternalHandle = true;
+    space.tail->hasInternalHandle = true;
     for (AcDbStub* entity : state_->spaceless)
         entity->owner = space.head;
     state_->spaceless.clear();
@@ -173,6 +228,26 @@ const TagList& Document::header() const {
 void Document::setHeader(TagList header) {
     state_->header = std::move(header);
     state_->headerChanged = true;
+}
+
+std::optional<DocumentError> Document::save(const std::wstring& file, DrawingForm form,
+                                            const TagSource& tags) const {
+    AtomicFile target(systemPath(file));
+    std::wstring fault = write(*state_, form, tags, [&](std::string_view bytes) { target.write(bytes); });
+    if (!fault.empty())
+        return fileError(file, std::move(fault));
+    const int number = target.commit();
+    return number == 0 ? std::nullopt : std::optional(systemError(file, number));
+}
+
+std::string Document::bytes(DrawingForm form, const TagSource& tags, DocumentError* error) const {
+    std::string result;
+    std::wstring fault = write(*state_, form, tags, [&](std::string_view bytes) { result += bytes; });
+    if (fault.empty())
+        return result;
+    if (error)
+        *error = fileError(state_->file, std::move(fault));
+    return {};
 }
 
 } // namespace zuhost

@@ -3,7 +3,7 @@
 #include "drawing/document.h"
 #include "drawing_text.h"
 #include "handle_index.h"
-#include "record_style.h"
+#include "record_writer.h"
 #include "type_names.h"
 
 #include <deque>

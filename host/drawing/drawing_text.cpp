@@ -10,8 +10,8 @@
 namespace zuhost {
 namespace {
 
-constexpr int firstUtf8Version = 1021;
-constexpr int defaultCodePage = 932;
+constexpr int kFirstUtf8Version = 1021;
+constexpr int kDefaultCodePage = 932;
 
 /// Code pages are costly to make and each escape needs one.
 const std::optional<TextCodec>& multiByteCodec(std::size_t page) {
@@ -75,10 +75,10 @@ std::wstring withEscapes(std::wstring_view text) {
 }
 
 void appendUnicodeEscape(std::string& bytes, unsigned unit) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
     bytes += "\\U+";
     for (const unsigned shift : {12U, 8U, 4U, 0U})
-        bytes += digits[unit >> shift & 0xFU];
+        bytes += kDigits[unit >> shift & 0xFU];
 }
 
 void appendEscaped(std::string& bytes, char32_t codePoint) {
@@ -122,13 +122,13 @@ bool hasSurrogateOfItsOwn(std::wstring_view text) {
 DrawingText DrawingText::of(int version, std::string_view codePageName, bool& known) {
     DrawingText encoding;
     known = true;
-    if (version >= firstUtf8Version)
+    if (version >= kFirstUtf8Version)
         return encoding;
-    const auto number = codePageName.empty() ? defaultCodePage : dxf::codePageNumber(codePageName);
+    const auto number = codePageName.empty() ? kDefaultCodePage : dxf::codePageNumber(codePageName);
     auto codec = number ? TextCodec::forCodePage(*number) : std::nullopt;
     known = codec && keepsAscii(*codec);
     if (!known)
-        codec = TextCodec::forCodePage(defaultCodePage);
+        codec = TextCodec::forCodePage(kDefaultCodePage);
     if (codec)
         encoding.codec_ = *codec;
     return encoding;

@@ -1,8 +1,7 @@
 #include "drawing_writer.h"
 
 #include "dxf_records/number_text.h"
-#include "new_records.h"
-#include "tag_extraction.h"
+#include "object_tags.h"
 
 #include <algorithm>
 
@@ -43,7 +42,8 @@ bool addsObjects(const DrawingState& state) {
     const auto firstNew = state.stubs.begin() + static_cast<std::ptrdiff_t>(state.stubsOfFile);
     return std::any_of(firstNew, state.stubs.end(), [&](const AcDbStub& stub) {
         const bool goesWithOwner = stub.owner && stub.owner->erased;
-        return !stub.erased && !goesWithOwner && !stub.handleIsOurs && state.types.name(stub.type) != "TABLE";
+        return !stub.erased && !goesWithOwner && !stub.hasInternalHandle &&
+               state.types.name(stub.type) != "TABLE";
     });
 }
 

@@ -6,7 +6,7 @@ namespace zuhost {
 namespace {
 
 /// "CODE VALUE" records, parted by " | " and line ends.
-constexpr std::string_view templateText = R"(
+constexpr std::string_view kTemplateText = R"(
 0 SECTION | 2 HEADER
 9 $ACADVER | 1 AC1032
 9 $ACADMAINTVER | 90 4
@@ -127,7 +127,7 @@ constexpr std::string_view templateText = R"(
 0 EOF
 )";
 
-constexpr std::string_view separator = " | ";
+constexpr std::string_view kSeparator = " | ";
 
 void appendRecord(std::string& drawing, std::string_view record) {
     const std::size_t blank = record.find(' ');
@@ -140,9 +140,9 @@ void appendRecord(std::string& drawing, std::string_view record) {
 
 void appendLine(std::string& drawing, std::string_view line) {
     while (!line.empty()) {
-        const std::size_t end = line.find(separator);
+        const std::size_t end = line.find(kSeparator);
         appendRecord(drawing, line.substr(0, end));
-        line.remove_prefix(end == std::string_view::npos ? line.size() : end + separator.size());
+        line.remove_prefix(end == std::string_view::npos ? line.size() : end + kSeparator.size());
     }
 }
 
@@ -150,7 +150,7 @@ void appendLine(std::string& drawing, std::string_view line) {
 
 std::string emptyDrawing() {
     std::string drawing;
-    for (std::string_view rest = templateText; !rest.empty();) {
+    for (std::string_view rest = kTemplateText; !rest.empty();) {
         const std::size_t end = rest.find('\n');
         appendLine(drawing, rest.substr(0, end));
         rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);

@@ -5,16 +5,16 @@
 namespace zuhost {
 namespace {
 
-constexpr auto byHandle = [](const auto& a, const auto& b) { return a.handle < b.handle; };
-constexpr auto byHandleAndPlace = [](const auto& a, const auto& b) {
+constexpr auto kByHandle = [](const auto& a, const auto& b) { return a.handle < b.handle; };
+constexpr auto kByHandleAndPlace = [](const auto& a, const auto& b) {
     return a.handle != b.handle ? a.handle < b.handle : a.stub->offset < b.stub->offset;
 };
 
 } // namespace
 
 void HandleIndex::sort() {
-    if (!std::is_sorted(entries_.begin(), entries_.end(), byHandle))
-        std::sort(entries_.begin(), entries_.end(), byHandleAndPlace);
+    if (!std::is_sorted(entries_.begin(), entries_.end(), kByHandle))
+        std::sort(entries_.begin(), entries_.end(), kByHandleAndPlace);
 }
 
 std::vector<AcDbStub*> HandleIndex::build(std::deque<AcDbStub>& stubs) {
@@ -43,7 +43,7 @@ void HandleIndex::completeHandles(std::deque<AcDbStub>& stubs) {
         if (stub.handle != 0)
             continue;
         stub.handle = takeNext();
-        stub.handleIsOurs = !stub.replacesHandle;
+        stub.hasInternalHandle = !stub.replacesHandle;
         completed.push_back({stub.handle, &stub});
     }
     entries_.insert(entries_.end(), completed.begin(), completed.end());
@@ -51,13 +51,13 @@ void HandleIndex::completeHandles(std::deque<AcDbStub>& stubs) {
 }
 
 AcDbStub* HandleIndex::find(std::uint64_t handle) const {
-    const auto at = std::lower_bound(entries_.begin(), entries_.end(), Entry{handle, nullptr}, byHandle);
+    const auto at = std::lower_bound(entries_.begin(), entries_.end(), Entry{handle, nullptr}, kByHandle);
     return at != entries_.end() && at->handle == handle ? at->stub : nullptr;
 }
 
 void HandleIndex::add(AcDbStub& stub) {
     const Entry entry{stub.handle, &stub};
-    entries_.insert(std::upper_bound(entries_.begin(), entries_.end(), entry, byHandle), entry);
+    entries_.insert(std::upper_bound(entries_.begin(), entries_.end(), entry, kByHandle), entry);
 }
 
 std::uint64_t HandleIndex::takeNext() {

@@ -1,6 +1,6 @@
 #include "ownership.h"
 
-#include "tag_extraction.h"
+#include "object_tags.h"
 
 #include <unordered_map>
 #include <unordered_set>

@@ -5,12 +5,12 @@
 namespace zuhost {
 namespace {
 
-constexpr std::size_t gatheredBytes = 1 << 18;
+constexpr std::size_t kFlushSize = 1 << 18;
 
 } // namespace
 
 RecordOutput::RecordOutput(const DrawingState& state, const RecordStyle& style, ByteSink sink)
-    : state_(state), sameForm_(style.form == state.style.form), speller_(style), sink_(std::move(sink)) {}
+    : state_(state), sameForm_(style.form == state.style.form), writer_(style), sink_(std::move(sink)) {}
 
 void RecordOutput::copy(Span span) {
     if (sameForm_)
@@ -40,11 +40,11 @@ void RecordOutput::record(int code, std::string_view value) {
     if (!fault_.empty())
         return;
     std::string scratch;
-    if (!speller_.append(pending_, code, converted(code, value, scratch))) {
+    if (!writer_.append(pending_, code, converted(code, value, scratch))) {
         fault_ = L"the form cannot hold " + quoted(value) + L" as the value of group code " +
                  std::to_wstring(code);
     }
-    if (pending_.size() >= gatheredBytes)
+    if (pending_.size() >= kFlushSize)
         flush();
 }
 
@@ -54,7 +54,7 @@ void RecordOutput::records(const TagList& tags) {
 }
 
 void RecordOutput::raw(std::string_view bytes) {
-    if (pending_.size() + bytes.size() >= gatheredBytes) {
+    if (pending_.size() + bytes.size() >= kFlushSize) {
         flush();
         sink_(bytes);
     } else {

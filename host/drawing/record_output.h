@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drawing_state.h"
-#include "record_speller.h"
+#include "record_writer.h"
 
 #include <functional>
 
@@ -39,7 +39,7 @@ private:
 
     const DrawingState& state_;
     bool sameForm_;
-    RecordSpeller speller_;
+    RecordWriter writer_;
     ByteSink sink_;
     std::string pending_;
     std::wstring fault_;

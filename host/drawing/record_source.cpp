@@ -21,12 +21,12 @@ std::wstring widened(std::string_view text) {
 }
 
 std::string hexadecimal(std::string_view bytes) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
     std::string text;
     text.reserve(bytes.size() * 2);
     for (const char c : bytes) {
-        text += digits[static_cast<unsigned char>(c) >> 4U];
-        text += digits[static_cast<unsigned char>(c) & 0xFU];
+        text += kDigits[static_cast<unsigned char>(c) >> 4U];
+        text += kDigits[static_cast<unsigned char>(c) & 0xFU];
     }
     return text;
 }
@@ -91,11 +91,11 @@ std::string_view RecordSource::value(const dxf::Record& record, std::string& scr
 }
 
 std::wstring quoted(std::string_view text) {
-    constexpr std::size_t longest = 40;
+    constexpr std::size_t kLongest = 40;
     std::wstring result = L"\"";
-    for (const char c : text.substr(0, longest))
+    for (const char c : text.substr(0, kLongest))
         result += c >= 0x20 && c < 0x7F ? static_cast<wchar_t>(c) : L'?';
-    return result + (text.size() > longest ? L"...\"" : L"\"");
+    return result + (text.size() > kLongest ? L"...\"" : L"\"");
 }
 
 } // namespace zuhost

@@ -8,12 +8,12 @@
 namespace zuhost {
 namespace {
 
-constexpr int subclassMarker = 100;
-constexpr int embeddedObject = 101;
-constexpr int groupBracket = 102;
-constexpr int comment = 999;
-constexpr int firstExtended = 1000;
-constexpr int applicationName = 1001;
+constexpr int kSubclassMarker = 100;
+constexpr int kEmbeddedObject = 101;
+constexpr int kGroupBracket = 102;
+constexpr int kComment = 999;
+constexpr int kFirstExtended = 1000;
+constexpr int kApplicationName = 1001;
 
 bool isAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -55,7 +55,7 @@ void TagList::erase(TagRange range) {
 }
 
 void TagList::eraseMarkers() {
-    std::erase_if(tags_, [](const Tag& tag) { return tag.code == subclassMarker; });
+    std::erase_if(tags_, [](const Tag& tag) { return tag.code == kSubclassMarker; });
 }
 
 std::size_t TagList::find(int code, TagRange range) const {
@@ -68,7 +68,7 @@ std::size_t TagList::find(int code, TagRange range) const {
 
 std::size_t TagList::extendedDataStart() const {
     for (std::size_t i = 0; i < size(); ++i)
-        if (tags_[i].code >= firstExtended)
+        if (tags_[i].code >= kFirstExtended)
             return i;
     return size();
 }
@@ -76,8 +76,8 @@ std::size_t TagList::extendedDataStart() const {
 std::size_t TagList::subclassStart(std::string_view marker) const {
     bool anyMarker = false;
     std::size_t i = 0;
-    for (; i < size() && tags_[i].code < firstExtended; ++i) {
-        if (tags_[i].code != subclassMarker)
+    for (; i < size() && tags_[i].code < kFirstExtended; ++i) {
+        if (tags_[i].code != kSubclassMarker)
             continue;
         anyMarker = true;
         if (tags_[i].value == marker)
@@ -87,7 +87,7 @@ std::size_t TagList::subclassStart(std::string_view marker) const {
 }
 
 bool TagList::endsSubclass(const Tag& tag) {
-    return tag.code == subclassMarker || tag.code == embeddedObject || tag.code >= firstExtended;
+    return tag.code == kSubclassMarker || tag.code == kEmbeddedObject || tag.code >= kFirstExtended;
 }
 
 TagRange TagList::subclass(std::string_view marker) const {
@@ -102,16 +102,16 @@ TagRange TagList::applicationGroup(std::string_view name) const {
     const std::size_t end = extendedDataStart();
     for (std::size_t i = 0; i < end; ++i) {
         const std::string_view value = tags_[i].value;
-        if (tags_[i].code != groupBracket || !value.starts_with('{') || value.substr(1) != name)
+        if (tags_[i].code != kGroupBracket || !value.starts_with('{') || value.substr(1) != name)
             continue;
         std::size_t last = i + 1;
-        while (last < end && tags_[last].code != groupBracket && tags_[last].code != subclassMarker)
+        while (last < end && tags_[last].code != kGroupBracket && tags_[last].code != kSubclassMarker)
             ++last;
-        const bool closed = last < end && tags_[last].code == groupBracket;
+        const bool closed = last < end && tags_[last].code == kGroupBracket;
         return {i, closed ? last + 1 : last};
     }
     // Where a new group belongs: behind the handle, before owner and subclasses.
-    for (std::size_t i = 0; i < end && tags_[i].code != subclassMarker; ++i)
+    for (std::size_t i = 0; i < end && tags_[i].code != kSubclassMarker; ++i)
         if (tags_[i].code == 5 || tags_[i].code == 105)
             return {i + 1, i + 1};
     return {std::min<std::size_t>(1, end), std::min<std::size_t>(1, end)};
@@ -119,10 +119,10 @@ TagRange TagList::applicationGroup(std::string_view name) const {
 
 TagRange TagList::extendedData(std::string_view application) const {
     for (std::size_t i = extendedDataStart(); i < size(); ++i) {
-        if (tags_[i].code != applicationName || !sameName(tags_[i].value, application))
+        if (tags_[i].code != kApplicationName || !sameName(tags_[i].value, application))
             continue;
         std::size_t last = i + 1;
-        while (last < size() && tags_[last].code != applicationName && tags_[last].code >= comment)
+        while (last < size() && tags_[last].code != kApplicationName && tags_[last].code >= kComment)
             ++last;
         return {i, last};
     }

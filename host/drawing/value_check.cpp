@@ -54,7 +54,7 @@ bool looksReal(std::string_view text) {
 }
 
 bool looksInteger(std::string_view text) {
-    constexpr std::ptrdiff_t safeDigits = 18;
+    constexpr std::ptrdiff_t kSafeDigits = 18;
     const char* p = text.data();
     const char* const end = p + text.size();
     p = skipBlanks(p, end);
@@ -62,7 +62,7 @@ bool looksInteger(std::string_view text) {
         ++p;
     const char* const digits = p;
     p = skipDigits(p, end);
-    return p == end && p != digits && p - digits <= safeDigits;
+    return p == end && p != digits && p - digits <= kSafeDigits;
 }
 
 bool looksHandle(std::string_view text) {

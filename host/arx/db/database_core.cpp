@@ -95,9 +95,9 @@ AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbS
     encodeTexts(tags, *document);
     const std::size_t firstMarker = std::min(tags.find(100, tags.all()), tags.size());
     std::vector<Tag> identity;
-    if (!stub->handleIsOurs)
+    if (!stub->hasInternalHandle)
         identity.push_back({document->handleCode(*stub), formatHandle(stub->handle)});
-    const bool ownerIsWritten = owner == nullptr || !owner->handleIsOurs;
+    const bool ownerIsWritten = owner == nullptr || !owner->hasInternalHandle;
     if (document->version() > 1009 && ownerIsWritten)
         identity.push_back({330, formatHandle(owner != nullptr ? owner->handle : 0)});
     tags.insert(std::min<std::size_t>(firstMarker, std::max<std::size_t>(tags.size(), 1)), identity);

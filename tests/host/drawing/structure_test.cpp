@@ -44,11 +44,11 @@ TEST(Structure, DrawingBeforeR13GetsHandlesOfOurs) {
     EXPECT_EQ(document->version(), 1009);
     ASSERT_EQ(document->containers().size(), 5U);
     const AcDbStub* dimStyle = member(*document, "DIMSTYLE");
-    EXPECT_TRUE(dimStyle->handleIsOurs); // its code 5 is the name of a block
+    EXPECT_TRUE(dimStyle->hasInternalHandle); // its code 5 is the name of a block
     EXPECT_EQ(document->handleCode(*dimStyle), 105);
     for (const Container& container : document->containers()) {
         for (const AcDbStub* stub : container.members) {
-            EXPECT_TRUE(stub->handleIsOurs);
+            EXPECT_TRUE(stub->hasInternalHandle);
             EXPECT_EQ(document->find(stub->handle), stub);
         }
     }

@@ -18,7 +18,7 @@ struct AcDbStub {
     std::uint16_t type = 0;       ///< Index into zuhost::Document::typeName.
     bool erased = false;
     bool changed = false;      ///< Differs from its records in the buffer (always true for new objects).
-    bool handleIsOurs = false; ///< The drawing gave it no handle (before R13): not written when saving.
+    bool hasInternalHandle = false; ///< The drawing gave it no handle (before R13): not written when saving.
     /// Its records hold a handle that an earlier object has or that is unreadable; `handle` takes its place
     /// when the drawing is written for a change elsewhere or in the other form.
     bool replacesHandle = false;

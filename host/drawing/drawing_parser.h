@@ -10,9 +10,9 @@ namespace zuhost {
 /// Reads the structure of a drawing in one pass: sections, tables, blocks and objects; each object's handle,
 /// owner and place. What makes the structure unreadable ends the scan, other faults are logged. Records that
 /// stand where none belong are no objects: they are part of the stretches that are preserved verbatim.
-class StructureScanner {
+class StructureParser {
 public:
-    StructureScanner(DrawingState& state, RecordSource& source, WarningLog& log);
+    StructureParser(DrawingState& state, RecordSource& source, WarningLog& log);
 
     /// False when the structure is unreadable, then see `faultOffset` and `fault`.
     [[nodiscard]] bool run();
@@ -32,25 +32,25 @@ private:
         std::string_view name; ///< Code 2.
     };
 
-    bool scanSections();
-    bool scanSection();
-    bool scanSectionNamed(std::string_view name);
-    bool scanHeader();
-    bool scanTables();
-    bool scanTable();
-    bool scanBlocks();
-    bool scanBlock();
-    bool scanObjects(Container::Kind kind);
+    bool parseSections();
+    bool parseSection();
+    bool parseSectionNamed(std::string_view name);
+    bool parseHeader();
+    bool parseTables();
+    bool parseTable();
+    bool parseBlocks();
+    bool parseBlock();
+    bool parseObjects(Container::Kind kind);
     bool skipToSection();
     bool skipRun(const wchar_t* place);
     bool skipObject();
     void warnOfStray(const wchar_t* place);
 
-    AcDbStub* scanObject(std::string* name = nullptr);
-    bool scanFacts(int handleCode, Facts& facts);
-    void noteFact(int handleCode, Facts& facts);
-    void noteReference();
-    bool scanMember(Container& container);
+    AcDbStub* parseObject(std::string* name = nullptr);
+    bool parseFacts(int handleCode, Facts& facts);
+    void collectFact(int handleCode, Facts& facts);
+    void collectReference();
+    bool parseMember(Container& container);
     void joinToParent(AcDbStub& stub);
 
     bool next();
@@ -78,5 +78,9 @@ private:
     std::uint64_t faultOffset_ = 0;
     std::wstring fault_;
 };
+
+/// Fills the state from its bytes. Returns nullopt, or why the drawing cannot be opened; the state is then of
+/// no use.
+[[nodiscard]] std::optional<DocumentError> parseDrawing(DrawingState& state);
 
 } // namespace zuhost

@@ -1,16 +1,17 @@
-#include "new_records.h"
+#include "object_tags.h"
 
 #include "dxf_records/number_text.h"
+#include "record_source.h"
 
 #include <algorithm>
 
 namespace zuhost {
 namespace {
 
-constexpr int firstVersionWithSubclasses = 1012;
+constexpr int kFirstVersionWithSubclasses = 1012;
 
 bool hasSubclasses(const DrawingState& state) {
-    return state.version >= firstVersionWithSubclasses;
+    return state.version >= kFirstVersionWithSubclasses;
 }
 
 void addMarker(const DrawingState& state, TagList& tags, const char* marker) {
@@ -19,7 +20,7 @@ void addMarker(const DrawingState& state, TagList& tags, const char* marker) {
 }
 
 void addHandle(const DrawingState& state, const AcDbStub& stub, TagList& tags) {
-    if (!stub.handleIsOurs)
+    if (!stub.hasInternalHandle)
         tags.add(handleCode(state, stub), formatHandle(stub.handle));
 }
 
@@ -59,10 +60,58 @@ void addBlockTail(const DrawingState& state, const AcDbStub& stub, TagList& tags
     addMarker(state, tags, "AcDbBlockEnd");
 }
 
+/// Exact in ASCII drawings, where it spares memory: whole drawings may be held as tags.
+std::size_t numberOfRecords(const DrawingState& state, Span span) {
+    if (state.style.form == DrawingForm::binary)
+        return 0;
+    const char* const bytes = state.bytes.data();
+    const auto lines = std::count(bytes + span.begin, bytes + span.end, state.style.lineEnd.back());
+    return static_cast<std::size_t>(lines) / 2;
+}
+
+/// The place of the first readable handle before the subclasses, outside of application groups; else of the
+/// first unreadable one.
+std::size_t handlePlace(const TagList& tags, int code) {
+    std::size_t unreadable = tags.size();
+    bool inGroup = false;
+    for (std::size_t i = 0; i < tags.size() && tags[i].code != 100; ++i) {
+        if (tags[i].code == 102)
+            inGroup = tags[i].value.starts_with('{');
+        if (tags[i].code != code || inGroup)
+            continue;
+        const auto handle = parseHandle(tags[i].value);
+        if (handle && *handle != 0)
+            return i;
+        if (!handle)
+            unreadable = std::min(unreadable, i);
+    }
+    return unreadable;
+}
+
 } // namespace
 
 int handleCode(const DrawingState& state, const AcDbStub& stub) {
     return state.types.name(stub.type) == "DIMSTYLE" ? 105 : 5;
+}
+
+TagList bufferTags(const DrawingState& state, Span span) {
+    RecordSource source(state, span);
+    TagList tags;
+    tags.reserve(numberOfRecords(state, span));
+    std::string scratch;
+    for (dxf::Record record; source.next(record) == dxf::ReadResult::record;)
+        tags.add(record.code, std::string(source.value(record, scratch)));
+    return tags;
+}
+
+TagList objectTags(const DrawingState& state, const AcDbStub& stub) {
+    TagList tags = bufferTags(state, {stub.offset, stub.offset + stub.length});
+    if (!stub.replacesHandle)
+        return tags;
+    const std::size_t place = handlePlace(tags, handleCode(state, stub));
+    if (place < tags.size())
+        tags[place].value = formatHandle(stub.handle);
+    return tags;
 }
 
 TagList firstRecords(const DrawingState& state, const AcDbStub& stub, const Container* container) {

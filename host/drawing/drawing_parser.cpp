@@ -1,18 +1,15 @@
-#include "scanner.h"
+#include "drawing_parser.h"
 
 #include "dxf_records/number_text.h"
-#include "record_source.h"
-#include "structure_scanner.h"
-#include "tag_extraction.h"
+#include "object_tags.h"
 
 #include <algorithm>
 
 namespace zuhost {
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr int firstVersionWithHandles = 1012;
-constexpr std::string_view lastVersionWithShortCodes = "AC1009";
+constexpr int kFirstVersionWithHandles = 1012;
+constexpr std::string_view kLastVersionWithShortCodes = "AC1009";
 
 std::string_view lineEndOf(std::string_view records) {
     const std::size_t newline = records.find('\n');
@@ -24,7 +21,7 @@ std::string_view lineEndOf(std::string_view records) {
 
 /// How an ASCII file ends its lines and pads its group codes, seen at its first code of less than three
 /// digits.
-void noteAsciiStyle(DrawingState& state, std::string_view records) {
+void readAsciiStyle(DrawingState& state, std::string_view records) {
     state.style.lineEnd = std::string(lineEndOf(records));
     dxf::AsciiReader reader(records);
     dxf::Record record;
@@ -39,7 +36,7 @@ void noteAsciiStyle(DrawingState& state, std::string_view records) {
 }
 
 /// Sets the form of the file and where its records begin.
-void noteStyle(DrawingState& state) {
+void readStyle(DrawingState& state) {
     const std::string_view bytes = state.bytes;
     if (dxf::isBinaryDrawing(bytes)) {
         state.style.form = DrawingForm::binary;
@@ -47,8 +44,8 @@ void noteStyle(DrawingState& state) {
         state.style.byteCodes = dxf::BinaryReader(bytes).codeForm() == dxf::CodeForm::bytes;
         return;
     }
-    state.content.begin = bytes.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
-    noteAsciiStyle(state, bytes.substr(state.content.begin));
+    state.content.begin = bytes.starts_with(dxf::kByteOrderMark) ? dxf::kByteOrderMark.size() : 0;
+    readAsciiStyle(state, bytes.substr(state.content.begin));
 }
 
 DocumentError errorAt(const DrawingState& state, std::uint64_t offset, std::wstring problem) {
@@ -85,7 +82,7 @@ void readHeader(DrawingState& state, WarningLog& log) {
             std::clamp<std::int64_t>(parseInteger(version.substr(2)).value_or(state.version), 0, 9999));
     // Readers decide by this text, and take a drawing without it for one of R12.
     state.shortCodesInBinary =
-        version.substr(0, lastVersionWithShortCodes.size()) <= lastVersionWithShortCodes;
+        version.substr(0, kLastVersionWithShortCodes.size()) <= kLastVersionWithShortCodes;
     const std::string_view codePage = variable(state.header, "$DWGCODEPAGE", 3);
     bool known = true;
     state.encoding = DrawingText::of(state.version, codePage, known);
@@ -96,7 +93,7 @@ void readHeader(DrawingState& state, WarningLog& log) {
 
 /// Completes the handles. Of objects with the same one the first keeps it.
 void readHandles(DrawingState& state, std::uint64_t greatestReference, WarningLog& log) {
-    state.writesHandles = state.version >= firstVersionWithHandles ||
+    state.writesHandles = state.version >= kFirstVersionWithHandles ||
                           std::any_of(state.stubs.begin(), state.stubs.end(),
                                       [](const AcDbStub& stub) { return stub.handle != 0; });
     for (AcDbStub& stub : state.stubs)
@@ -130,18 +127,18 @@ void checkRest(const DrawingState& state, WarningLog& log) {
 
 } // namespace
 
-std::optional<DocumentError> scanDrawing(DrawingState& state) {
-    noteStyle(state);
+std::optional<DocumentError> parseDrawing(DrawingState& state) {
+    readStyle(state);
     RecordSource source(state, {state.content.begin, state.bytes.size()});
     WarningLog log;
-    StructureScanner scanner(state, source, log);
-    if (!scanner.run())
-        return errorAt(state, scanner.faultOffset(), scanner.fault());
+    StructureParser parser(state, source, log);
+    if (!parser.run())
+        return errorAt(state, parser.faultOffset(), parser.fault());
     checkRest(state, log);
     state.stubsOfFile = state.stubs.size();
     readHeader(state, log);
-    readHandles(state, scanner.greatestReference(), log);
-    resolveOwners(state, scanner.ownerHints());
+    readHandles(state, parser.greatestReference(), log);
+    resolveOwners(state, parser.ownerHints());
     state.warnings = log.warnings(state);
     return std::nullopt;
 }

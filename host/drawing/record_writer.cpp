@@ -1,4 +1,4 @@
-#include "record_speller.h"
+#include "record_writer.h"
 
 #include "dxf_records/number_text.h"
 #include "dxf_records/value_type.h"
@@ -43,8 +43,8 @@ bool appendText(std::string& bytes, std::string_view text) {
 }
 
 bool appendChunk(std::string& bytes, std::string_view digits) {
-    constexpr std::size_t mostBytes = 255;
-    if (digits.size() % 2 != 0 || digits.size() / 2 > mostBytes)
+    constexpr std::size_t kMaxBytes = 255;
+    if (digits.size() % 2 != 0 || digits.size() / 2 > kMaxBytes)
         return false;
     std::string chunk(1, static_cast<char>(digits.size() / 2));
     for (std::size_t i = 0; i < digits.size(); i += 2) {
@@ -95,7 +95,7 @@ bool appendBinaryValue(std::string& bytes, int code, std::string_view value) {
 
 } // namespace
 
-bool RecordSpeller::append(std::string& bytes, int code, std::string_view value) const {
+bool RecordWriter::append(std::string& bytes, int code, std::string_view value) const {
     if (style_.form == DrawingForm::binary)
         return appendBinary(bytes, code, value);
     appendAscii(bytes, code, value);
@@ -103,7 +103,7 @@ bool RecordSpeller::append(std::string& bytes, int code, std::string_view value)
 }
 
 /// A line end within a value would break the file, so it is written in caret notation.
-void RecordSpeller::appendAscii(std::string& bytes, int code, std::string_view value) const {
+void RecordWriter::appendAscii(std::string& bytes, int code, std::string_view value) const {
     std::array<char, 12> digits{};
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), code);
     const auto size = static_cast<std::size_t>(end - digits.data());
@@ -113,7 +113,7 @@ void RecordSpeller::appendAscii(std::string& bytes, int code, std::string_view v
     (plain ? bytes += value : bytes += withoutLineEnds(value)) += style_.lineEnd;
 }
 
-bool RecordSpeller::appendBinary(std::string& bytes, int code, std::string_view value) const {
+bool RecordWriter::appendBinary(std::string& bytes, int code, std::string_view value) const {
     const std::size_t before = bytes.size();
     if (appendBinaryCode(bytes, code) && appendBinaryValue(bytes, code, value))
         return true;
@@ -121,13 +121,13 @@ bool RecordSpeller::appendBinary(std::string& bytes, int code, std::string_view 
     return false;
 }
 
-bool RecordSpeller::appendBinaryCode(std::string& bytes, int code) const {
-    constexpr int longCode = 255;
+bool RecordWriter::appendBinaryCode(std::string& bytes, int code) const {
+    constexpr int kLongCode = 255;
     if (code < 0 || code > dxf::kLargestKnownCode)
         return false;
-    if (style_.byteCodes && code >= longCode)
-        bytes += static_cast<char>(longCode);
-    appendLittleEndian(bytes, static_cast<std::uint64_t>(code), style_.byteCodes && code < longCode ? 1 : 2);
+    if (style_.byteCodes && code >= kLongCode)
+        bytes += static_cast<char>(kLongCode);
+    appendLittleEndian(bytes, static_cast<std::uint64_t>(code), style_.byteCodes && code < kLongCode ? 1 : 2);
     return true;
 }
 

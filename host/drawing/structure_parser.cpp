@@ -1,4 +1,4 @@
-#include "structure_scanner.h"
+#include "drawing_parser.h"
 
 #include "dxf_records/number_text.h"
 #include "dxf_records/value_type.h"
@@ -10,25 +10,23 @@
 namespace zuhost {
 namespace {
 
-constexpr int typeCode = 0;
-constexpr int nameCode = 2;
-constexpr int variableCode = 9;
-constexpr int paperCode = 67;
-constexpr int subclassCode = 100;
-constexpr int groupCode = 102;
-constexpr int ownerCode = 330;
-constexpr int commentCode = 999;
+constexpr int kTypeCode = 0;
+constexpr int kNameCode = 2;
+constexpr int kVariableCode = 9;
+constexpr int kPaperCode = 67;
+constexpr int kSubclassCode = 100;
+constexpr int kGroupCode = 102;
+constexpr int kOwnerCode = 330;
+constexpr int kCommentCode = 999;
 
-constexpr std::string_view knownSections[] = {"HEADER", "CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"};
+constexpr std::string_view kKnownSections[] = {"HEADER", "CLASSES",  "TABLES",
+                                               "BLOCKS", "ENTITIES", "OBJECTS"};
 
 bool isKnownSection(std::string_view name) {
-    for (const std::string_view known : knownSections)
-        if (known == name)
-            return true;
-    return false;
+    return std::find(std::begin(kKnownSections), std::end(kKnownSections), name) != std::end(kKnownSections);
 }
 
-constexpr std::string_view frames[] = {"SECTION", "ENDSEC", "EOF", "TABLE", "ENDTAB", "BLOCK", "ENDBLK"};
+constexpr std::string_view kFrames[] = {"SECTION", "ENDSEC", "EOF", "TABLE", "ENDTAB", "BLOCK", "ENDBLK"};
 
 /// Frames are recognized in lower case too.
 bool sameFrame(std::string_view type, std::string_view frame) {
@@ -44,16 +42,16 @@ std::string_view trimmed(std::string_view text) {
 
 } // namespace
 
-StructureScanner::StructureScanner(DrawingState& state, RecordSource& source, WarningLog& log)
+StructureParser::StructureParser(DrawingState& state, RecordSource& source, WarningLog& log)
     : state_(state), source_(source), log_(log) {}
 
-bool StructureScanner::run() {
-    return nextBesidesComments() && scanSections();
+bool StructureParser::run() {
+    return nextBesidesComments() && parseSections();
 }
 
-bool StructureScanner::scanSections() {
+bool StructureParser::parseSections() {
     while (!at("EOF")) {
-        const bool good = at("SECTION") || atSectionName() ? scanSection() : skipToSection();
+        const bool good = at("SECTION") || atSectionName() ? parseSection() : skipToSection();
         if (!good)
             return false;
     }
@@ -64,7 +62,7 @@ bool StructureScanner::scanSections() {
 
 /// From the SECTION record, or the name without one, behind the ENDSEC record, or to the record that stands
 /// in its place.
-bool StructureScanner::scanSection() {
+bool StructureParser::parseSection() {
     const std::uint64_t begin = record_.offset;
     context_ = L"a section";
     if (at("SECTION")) {
@@ -74,7 +72,7 @@ bool StructureScanner::scanSection() {
         warn(headlessSection, begin, L"the section " + quoted(record_.value) + L" has no SECTION record");
     }
     std::string name;
-    if (record_.code == nameCode) {
+    if (record_.code == kNameCode) {
         name = record_.value;
         context_ = L"the section " + quoted(name);
         if (!nextBesidesComments())
@@ -86,7 +84,7 @@ bool StructureScanner::scanSection() {
     if (isRepeated)
         warn(repeatedSection, begin, L"a second section " + quoted(name));
     const bool isRead = isKnownSection(name) && !(isRepeated && name == "HEADER");
-    if (isRead && !scanSectionNamed(name))
+    if (isRead && !parseSectionNamed(name))
         return false;
     while (!atSectionEnd()) // Sections that hold no objects, or whose meaning is not known.
         if (!next())
@@ -99,50 +97,50 @@ bool StructureScanner::scanSection() {
     return !isClosed || nextBesidesComments();
 }
 
-bool StructureScanner::scanSectionNamed(std::string_view name) {
+bool StructureParser::parseSectionNamed(std::string_view name) {
     if (name == "HEADER")
-        return scanHeader();
+        return parseHeader();
     if (name == "TABLES")
-        return scanTables();
+        return parseTables();
     if (name == "BLOCKS")
-        return scanBlocks();
+        return parseBlocks();
     if (name == "ENTITIES")
-        return scanObjects(Container::Kind::entities);
-    return name != "OBJECTS" || scanObjects(Container::Kind::objects);
+        return parseObjects(Container::Kind::entities);
+    return name != "OBJECTS" || parseObjects(Container::Kind::objects);
 }
 
 /// The records are kept as tags besides: there are few, and what asks for them asks for many.
-bool StructureScanner::scanHeader() {
+bool StructureParser::parseHeader() {
     const std::uint64_t begin = record_.offset;
-    if (record_.code != typeCode && record_.code != variableCode)
+    if (record_.code != kTypeCode && record_.code != kVariableCode)
         warn(recordOutside, begin, L"a header value without the name of a variable");
-    while (record_.code != typeCode)
+    while (record_.code != kTypeCode)
         if (!next())
             return false;
     state_.headerSpan = {begin, record_.offset};
     return atSectionEnd() || skipRun(L"the header variables");
 }
 
-bool StructureScanner::scanTables() {
+bool StructureParser::parseTables() {
     while (!atSectionEnd())
-        if (!(at("TABLE") ? scanTable() : skipRun(L"tables")))
+        if (!(at("TABLE") ? parseTable() : skipRun(L"tables")))
             return false;
     return true;
 }
 
 /// From the TABLE record behind the ENDTAB record, or to the record that stands in its place.
-bool StructureScanner::scanTable() {
+bool StructureParser::parseTable() {
     const std::uint64_t begin = record_.offset;
     Container table;
     table.kind = Container::Kind::table;
-    table.head = scanObject(&table.name);
+    table.head = parseObject(&table.name);
     if (!table.head)
         return false;
     if (table.name.empty())
         warn(unnamedTable, begin, L"a table without a name");
     context_ = L"the table " + quoted(table.name);
     while (!at("ENDTAB") && !at("TABLE") && !atSectionEnd())
-        if (!scanMember(table))
+        if (!parseMember(table))
             return false;
     table.end = record_.offset;
     const bool isClosed = at("ENDTAB");
@@ -153,19 +151,19 @@ bool StructureScanner::scanTable() {
     return !isClosed || nextBesidesComments();
 }
 
-bool StructureScanner::scanBlocks() {
+bool StructureParser::parseBlocks() {
     while (!atSectionEnd())
-        if (!(at("BLOCK") ? scanBlock() : skipRun(L"blocks")))
+        if (!(at("BLOCK") ? parseBlock() : skipRun(L"blocks")))
             return false;
     return true;
 }
 
 /// From the BLOCK record behind the records of its ENDBLK, or to the record that stands in its place.
-bool StructureScanner::scanBlock() {
+bool StructureParser::parseBlock() {
     const std::uint64_t begin = record_.offset;
     Container block;
     block.kind = Container::Kind::block;
-    block.head = scanObject(&block.name);
+    block.head = parseObject(&block.name);
     if (!block.head)
         return false;
     if (block.name.empty())
@@ -173,24 +171,24 @@ bool StructureScanner::scanBlock() {
     context_ = L"the block " + quoted(block.name);
     parent_ = nullptr;
     while (!at("ENDBLK") && !at("BLOCK") && !atSectionEnd())
-        if (!scanMember(block))
+        if (!parseMember(block))
             return false;
     block.end = record_.offset;
     if (!at("ENDBLK"))
         warn(openBlock, begin, context_ + L" is not closed");
-    else if (block.tail = scanObject(); !block.tail)
+    else if (block.tail = parseObject(); !block.tail)
         return false;
     context_ = L"the section \"BLOCKS\"";
     state_.containers.push_back(std::move(block));
     return true;
 }
 
-bool StructureScanner::scanObjects(Container::Kind kind) {
+bool StructureParser::parseObjects(Container::Kind kind) {
     Container container;
     container.kind = kind;
     parent_ = nullptr;
     while (!atSectionEnd())
-        if (!scanMember(container))
+        if (!parseMember(container))
             return false;
     container.end = record_.offset;
     state_.containers.push_back(std::move(container));
@@ -199,11 +197,11 @@ bool StructureScanner::scanObjects(Container::Kind kind) {
 
 /// Skips records between sections. The name of a section there, at the start or after a type, is all that a
 /// damaged SECTION record left; after other records it belongs to a stray object.
-bool StructureScanner::skipToSection() {
+bool StructureParser::skipToSection() {
     warnOfStray(L"sections");
     bool isFirst = false;
     do {
-        isFirst = record_.code == typeCode;
+        isFirst = record_.code == kTypeCode;
         if (!next())
             return false;
     } while (!atFrame() && !(isFirst && atSectionName()));
@@ -211,7 +209,7 @@ bool StructureScanner::skipToSection() {
 }
 
 /// Passes over records and objects where none belong, up to the next frame.
-bool StructureScanner::skipRun(const wchar_t* place) {
+bool StructureParser::skipRun(const wchar_t* place) {
     warnOfStray(place);
     do {
         if (!next())
@@ -221,26 +219,26 @@ bool StructureScanner::skipRun(const wchar_t* place) {
 }
 
 /// Passes over records that belong to no object, up to the next object.
-bool StructureScanner::skipObject() {
+bool StructureParser::skipObject() {
     warnOfStray(L"objects");
     do {
         if (!next())
             return false;
-    } while (record_.code != typeCode);
+    } while (record_.code != kTypeCode);
     return true;
 }
 
-void StructureScanner::warnOfStray(const wchar_t* place) {
+void StructureParser::warnOfStray(const wchar_t* place) {
     log_.add(recordOutside, source_.valueOffset(record_), [&] {
-        const std::wstring what = record_.code == typeCode ? quoted(record_.value) : L"a record";
+        const std::wstring what = record_.code == kTypeCode ? quoted(record_.value) : L"a record";
         return what + L" outside of " + place + L" is not read";
     });
 }
 
-bool StructureScanner::scanMember(Container& container) {
-    if (record_.code != typeCode || atFrame())
+bool StructureParser::parseMember(Container& container) {
+    if (record_.code != kTypeCode || atFrame())
         return skipObject();
-    AcDbStub* stub = scanObject();
+    AcDbStub* stub = parseObject();
     if (!stub)
         return false;
     if (container.kind == Container::Kind::block || container.kind == Container::Kind::entities)
@@ -250,7 +248,7 @@ bool StructureScanner::scanMember(Container& container) {
 }
 
 /// Vertices and attributes belong to the entity before them, whatever owner the file names.
-void StructureScanner::joinToParent(AcDbStub& stub) {
+void StructureParser::joinToParent(AcDbStub& stub) {
     const std::string& type = state_.types.name(stub.type);
     if (type == "POLYLINE" || type == "INSERT") {
         parent_ = &stub;
@@ -266,7 +264,7 @@ void StructureScanner::joinToParent(AcDbStub& stub) {
 }
 
 /// From a type record to the next one. Null after a fault.
-AcDbStub* StructureScanner::scanObject(std::string* name) {
+AcDbStub* StructureParser::parseObject(std::string* name) {
     const std::uint64_t begin = record_.offset;
     const auto type = state_.types.number(type_);
     if (type_.empty())
@@ -275,7 +273,7 @@ AcDbStub* StructureScanner::scanObject(std::string* name) {
         warn(tooManyTypes, begin,
              L"more than 65535 types of objects; type " + quoted(type_) + L" is not read");
     Facts facts;
-    if (!scanFacts(type_ == "DIMSTYLE" ? 105 : 5, facts))
+    if (!parseFacts(type_ == "DIMSTYLE" ? 105 : 5, facts))
         return nullptr;
     const std::uint64_t length = record_.offset - begin;
     if (length > std::numeric_limits<std::uint32_t>::max()) {
@@ -296,21 +294,21 @@ AcDbStub* StructureScanner::scanObject(std::string* name) {
 }
 
 /// The records behind the type record, up to the next type record.
-bool StructureScanner::scanFacts(int handleCode, Facts& facts) {
+bool StructureParser::parseFacts(int handleCode, Facts& facts) {
     inHead_ = true;
     inGroup_ = false;
     while (next()) {
-        if (record_.code == typeCode)
+        if (record_.code == kTypeCode)
             return true;
-        noteFact(handleCode, facts);
+        collectFact(handleCode, facts);
     }
     return false;
 }
 
 /// Handle and owner stand before the first subclass marker, and outside of application groups. The handle
 /// comes first; a later record of the same code means something else.
-void StructureScanner::noteFact(int handleCode, Facts& facts) {
-    noteReference();
+void StructureParser::collectFact(int handleCode, Facts& facts) {
+    collectReference();
     switch (record_.code) {
     case 5:
     case 105:
@@ -325,20 +323,20 @@ void StructureScanner::noteFact(int handleCode, Facts& facts) {
                 warnOfValue();
         }
         return;
-    case nameCode:
+    case kNameCode:
         if (facts.name.empty())
             facts.name = record_.value;
         return;
-    case paperCode:
+    case kPaperCode:
         facts.owner.inPaperSpace = source_.value(record_, scratch_).find('1') != std::string_view::npos;
         return;
-    case subclassCode:
+    case kSubclassCode:
         inHead_ = false;
         return;
-    case groupCode:
+    case kGroupCode:
         inGroup_ = record_.value.starts_with('{');
         return;
-    case ownerCode:
+    case kOwnerCode:
         if (inHead_ && !inGroup_ && facts.owner.handle == 0)
             facts.owner.handle = parseHandle(record_.value).value_or(0);
         return;
@@ -347,7 +345,7 @@ void StructureScanner::noteFact(int handleCode, Facts& facts) {
     }
 }
 
-void StructureScanner::noteReference() {
+void StructureParser::collectReference() {
     // Such handles are no drawing's own, and would leave no room above them.
     constexpr std::uint64_t kImplausible = std::uint64_t{1} << 60U;
     if (record_.code < 320 || dxf::valueType(record_.code) != dxf::ValueType::handle)
@@ -356,10 +354,10 @@ void StructureScanner::noteReference() {
         greatestReference_ = std::max(greatestReference_, *handle);
 }
 
-bool StructureScanner::next() {
+bool StructureParser::next() {
     switch (source_.next(record_)) {
     case dxf::ReadResult::record:
-        if (record_.code == typeCode)
+        if (record_.code == kTypeCode)
             type_ = trimmed(record_.value);
         else if (!source_.isReadable(record_))
             warnOfValue();
@@ -373,42 +371,42 @@ bool StructureScanner::next() {
     return failAt(source_.faultOffset(), source_.fault());
 }
 
-bool StructureScanner::nextBesidesComments() {
+bool StructureParser::nextBesidesComments() {
     do {
         if (!next())
             return false;
-    } while (record_.code == commentCode);
+    } while (record_.code == kCommentCode);
     return true;
 }
 
-bool StructureScanner::at(std::string_view type) const {
-    return record_.code == typeCode && sameFrame(type_, type);
+bool StructureParser::at(std::string_view type) const {
+    return record_.code == kTypeCode && sameFrame(type_, type);
 }
 
-bool StructureScanner::atFrame() const {
-    return std::any_of(std::begin(frames), std::end(frames), [this](auto frame) { return at(frame); });
+bool StructureParser::atFrame() const {
+    return std::any_of(std::begin(kFrames), std::end(kFrames), [this](auto frame) { return at(frame); });
 }
 
-bool StructureScanner::atSectionName() const {
-    return record_.code == nameCode && isKnownSection(record_.value);
+bool StructureParser::atSectionName() const {
+    return record_.code == kNameCode && isKnownSection(record_.value);
 }
 
-bool StructureScanner::atSectionEnd() const {
+bool StructureParser::atSectionEnd() const {
     return at("ENDSEC") || at("SECTION") || at("EOF");
 }
 
-void StructureScanner::warn(Fault fault, std::uint64_t offset, const std::wstring& problem) {
+void StructureParser::warn(Fault fault, std::uint64_t offset, const std::wstring& problem) {
     log_.add(fault, offset, [&] { return problem; });
 }
 
-void StructureScanner::warnOfValue() {
+void StructureParser::warnOfValue() {
     log_.add(record_.code, source_.valueOffset(record_), [this] {
         return L"group code " + std::to_wstring(record_.code) + L": " + quoted(record_.value) + L" is not " +
                valueName(record_.code);
     });
 }
 
-bool StructureScanner::failAt(std::uint64_t offset, std::wstring problem) {
+bool StructureParser::failAt(std::uint64_t offset, std::wstring problem) {
     faultOffset_ = offset;
     fault_ = std::move(problem);
     return false;
