@@ -16,7 +16,7 @@
 namespace zuhost {
 namespace {
 
-/// Where a section of the kind begins, or would have to.
+/// Returns where a section of the kind begins, or where it would have to.
 std::uint64_t placeForSection(const DrawingState& state, Container::Kind kind) {
     using Kind = Container::Kind;
     for (const Kind later : {Kind::table, Kind::block, Kind::entities, Kind::objects}) {
@@ -27,7 +27,8 @@ std::uint64_t placeForSection(const DrawingState& state, Container::Kind kind) {
     return state.eof;
 }
 
-/// Where new containers of the kind are written: before the end of their section, or where it is made.
+/// Returns where new containers of the kind are written: at the end of their section, or where that is
+/// created.
 std::uint64_t placeForContainer(const DrawingState& state, Container::Kind kind) {
     const SectionFrame* frame = state.section(sectionName(kind));
     return frame ? frame->span.end : placeForSection(state, kind);
@@ -36,7 +37,7 @@ std::uint64_t placeForContainer(const DrawingState& state, Container::Kind kind)
 Container& insertContainer(DrawingState& state, Container container) {
     container.created = true;
     container.end = placeForContainer(state, container.kind);
-    // From the end, where new blocks, the most frequent case, belong.
+    // Searches from the end: most new containers are blocks, which belong there.
     const auto after =
         std::find_if(state.containers.rbegin(), state.containers.rend(), [&](const Container& c) {
             return c.end < container.end || (c.end == container.end && c.kind <= container.kind);
@@ -56,7 +57,7 @@ AcDbStub* newStub(DrawingState& state, std::string_view typeName, AcDbStub* owne
     return &stub;
 }
 
-/// The file's own style in its own form, else the usual one of the other form.
+/// Returns the file's own style for its own form, else the default style of the other form.
 RecordStyle styleFor(const DrawingState& state, DrawingForm form) {
     if (form == state.style.form)
         return state.style;
@@ -79,7 +80,7 @@ DocumentError systemError(const std::wstring& file, int number) {
     return fileError(file, fromUtf8(std::generic_category().message(number)));
 }
 
-/// Writes the drawing; the fault, empty on success.
+/// Writes the drawing. Returns the fault, empty on success.
 std::wstring write(const DrawingState& state, DrawingForm form, const Document::TagSource& tags,
                    ByteSink sink) {
     RecordOutput output(state, styleFor(state, form), std::move(sink));
@@ -87,7 +88,7 @@ std::wstring write(const DrawingState& state, DrawingForm form, const Document::
     if (!sameForm && form == DrawingForm::binary)
         output.raw(dxf::kBinarySentinel);
     DrawingWriter(state, tags, output).run(sameForm ? Span{0, state.bytes.size()} : state.content);
-    output.finish();
+    output.flush();
     return output.fault();
 }
 
@@ -187,12 +188,12 @@ Container& Document::container(Container::Kind kind, std::string_view name) {
             return known;
     if (kind == Container::Kind::block)
         return appendBlock(std::string(name), nullptr);
-    Container made;
-    made.kind = kind;
-    made.name = name;
+    Container created;
+    created.kind = kind;
+    created.name = name;
     if (kind == Container::Kind::table)
-        made.head = newStub(*state_, "TABLE", nullptr);
-    return insertContainer(*state_, std::move(made));
+        created.head = newStub(*state_, "TABLE", nullptr);
+    return insertContainer(*state_, std::move(created));
 }
 
 AcDbStub* Document::append(Container& container, std::string_view typeName, AcDbStub* owner) {

@@ -19,7 +19,7 @@ std::string_view lineEndOf(std::string_view records) {
     return carriageReturn + 1 == newline ? "\r\n" : "\n";
 }
 
-/// How an ASCII file ends its lines and pads its group codes, seen at its first code of less than three
+/// Detects how an ASCII file ends its lines and pads its group codes, at the first code of less than three
 /// digits.
 void readAsciiStyle(DrawingState& state, std::string_view records) {
     state.style.lineEnd = std::string(lineEndOf(records));
@@ -35,7 +35,7 @@ void readAsciiStyle(DrawingState& state, std::string_view records) {
     }
 }
 
-/// Sets the form of the file and where its records begin.
+/// Detects the form of the file and where its records begin.
 void readStyle(DrawingState& state) {
     const std::string_view bytes = state.bytes;
     if (dxf::isBinaryDrawing(bytes)) {
@@ -62,7 +62,7 @@ DocumentError errorAt(const DrawingState& state, std::uint64_t offset, std::wstr
     return error;
 }
 
-/// The value of a header variable, of the code.
+/// Returns the value of a header variable with the code.
 std::string_view variable(const TagList& header, std::string_view name, int code) {
     for (std::size_t i = 0; i + 1 < header.size(); ++i)
         if (header[i].code == 9 && header[i].value == name && header[i + 1].code == code)
@@ -80,7 +80,7 @@ void readHeader(DrawingState& state, WarningLog& log) {
     if (version.starts_with("AC"))
         state.version = static_cast<int>(
             std::clamp<std::int64_t>(parseInteger(version.substr(2)).value_or(state.version), 0, 9999));
-    // Readers decide by this text, and take a drawing without it for one of R12.
+    // Other readers decide by this text, and read a drawing without it as one of R12.
     state.shortCodesInBinary =
         version.substr(0, kLastVersionWithShortCodes.size()) <= kLastVersionWithShortCodes;
     const std::string_view codePage = variable(state.header, "$DWGCODEPAGE", 3);
@@ -91,7 +91,7 @@ void readHeader(DrawingState& state, WarningLog& log) {
                 [&] { return L"unknown code page " + quoted(codePage) + L", read as code page 932"; });
 }
 
-/// Completes the handles. Of objects with the same one the first keeps it.
+/// Assigns the missing handles. The first of several objects with the same handle keeps it.
 void readHandles(DrawingState& state, std::uint64_t greatestReference, WarningLog& log) {
     state.writesHandles = state.version >= kFirstVersionWithHandles ||
                           std::any_of(state.stubs.begin(), state.stubs.end(),
@@ -110,19 +110,19 @@ void readHandles(DrawingState& state, std::uint64_t greatestReference, WarningLo
     }
     if (const auto seed = parseHandle(variable(state.header, "$HANDSEED", 5)))
         state.handles.raiseNext(*seed);
-    // A new object must not become what a dangling reference names.
+    // A new object must not become the target of a dangling reference.
     state.handles.raiseNext(greatestReference + 1);
     state.handles.completeHandles(state.stubs);
     state.replacesHandles = std::any_of(state.stubs.begin(), state.stubs.end(),
                                         [](const AcDbStub& stub) { return stub.replacesHandle; });
 }
 
-/// Blank lines may follow the EOF record, and the end mark of old systems.
+/// Blank lines and the end-of-file mark of DOS are allowed after the EOF record.
 void checkRest(const DrawingState& state, WarningLog& log) {
     const std::size_t more =
         state.bytes.find_first_not_of(std::string_view("\r\n \t\x1A\0", 6), state.content.end);
     if (more != std::string::npos)
-        log.add(dataBehindEnd, more, [] { return L"data behind the EOF record is not read"; });
+        log.add(dataAfterEof, more, [] { return L"data after the EOF record is not read"; });
 }
 
 } // namespace

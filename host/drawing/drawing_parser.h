@@ -7,29 +7,29 @@
 
 namespace zuhost {
 
-/// Reads the structure of a drawing in one pass: sections, tables, blocks and objects; each object's handle,
-/// owner and place. What makes the structure unreadable ends the scan, other faults are logged. Records that
-/// stand where none belong are no objects: they are part of the stretches that are preserved verbatim.
+/// Parses the structure of a drawing in one pass: sections, tables, blocks and objects; each object's handle,
+/// owner and position. An unreadable structure ends the pass, other faults are logged. Misplaced records
+/// become no objects; they are preserved verbatim.
 class StructureParser {
 public:
     StructureParser(DrawingState& state, RecordSource& source, WarningLog& log);
 
-    /// False when the structure is unreadable, then see `faultOffset` and `fault`.
+    /// Returns false when the structure is unreadable; `faultOffset` and `fault` describe why.
     [[nodiscard]] bool run();
 
     [[nodiscard]] std::uint64_t faultOffset() const { return faultOffset_; }
     [[nodiscard]] const std::wstring& fault() const { return fault_; }
     [[nodiscard]] const std::vector<OwnerHint>& ownerHints() const { return hints_; }
-    /// The greatest handle that an object names, whether the drawing has it or not.
+    /// Returns the highest handle referred to, even when the drawing lacks it.
     [[nodiscard]] std::uint64_t greatestReference() const { return greatestReference_; }
 
 private:
-    /// What of an object's records matters here.
+    /// What the parser needs of an object's records.
     struct Facts {
         std::uint64_t handle = 0;
         bool unreadableHandle = false;
         OwnerHint owner;
-        std::string_view name; ///< Code 2.
+        std::string_view name; ///< Group code 2.
     };
 
     bool parseSections();
@@ -67,14 +67,14 @@ private:
     RecordSource& source_;
     WarningLog& log_;
     dxf::Record record_;
-    std::string_view type_; ///< Of a record with group code 0, without blanks around it.
+    std::string_view type_; ///< Trimmed value of the last record with group code 0.
     std::string scratch_;
     bool inHead_ = false;  ///< Before the first subclass marker of an object.
     bool inGroup_ = false; ///< Within an application group.
     std::vector<OwnerHint> hints_;
     std::uint64_t greatestReference_ = 0;
-    AcDbStub* parent_ = nullptr; ///< The POLYLINE or INSERT whose vertices or attributes may follow.
-    std::wstring context_;       ///< What is being read, for messages.
+    AcDbStub* parent_ = nullptr; ///< The POLYLINE or INSERT whose vertices or attributes can follow.
+    std::wstring context_;       ///< What is being parsed, for messages.
     std::uint64_t faultOffset_ = 0;
     std::wstring fault_;
 };

@@ -10,44 +10,44 @@
 
 namespace zuhost {
 
-/// A stretch of the buffer.
+/// A byte range of the buffer.
 struct Span {
     std::uint64_t begin = 0;
     std::uint64_t end = 0;
 };
 
-/// Where a section of the file lies: from its SECTION record to its ENDSEC record (begin of that).
+/// A section of the file, from its SECTION record up to its ENDSEC record.
 struct SectionFrame {
     std::string name;
     Span span;
 };
 
-/// All that an opened drawing holds. Plain data: the scanner fills it, the writer reads it.
+/// The data of an opened drawing: the parser fills it, the writer reads it.
 struct DrawingState {
     std::string bytes;
     std::wstring file;
     AcDbDatabase* database = nullptr;
 
-    RecordStyle style;     ///< How the file spells its records.
+    RecordStyle style;     ///< How the file formats its records.
     Span content;          ///< From the first record to the end of the EOF record.
-    std::uint64_t eof = 0; ///< Where the EOF record begins.
-    int version = 1009;    ///< Number of $ACADVER.
+    std::uint64_t eof = 0; ///< Offset of the EOF record.
+    int version = 1009;    ///< Number in $ACADVER.
     DrawingText encoding;
     bool shortCodesInBinary = true; ///< Group codes of one byte when the drawing is written in binary form.
     std::vector<DocumentError> warnings;
 
     TypeNames types;
-    std::deque<AcDbStub> stubs; ///< A deque, so that they never move.
+    std::deque<AcDbStub> stubs; ///< A deque, because stubs must not move.
     std::size_t stubsOfFile = 0;
     HandleIndex handles;
-    bool replacesHandles = false; ///< Some stubs do.
+    bool replacesHandles = false; ///< Whether any stub does.
     bool writesHandles = true;    ///< False for drawings before R13 whose objects have none.
     std::list<Container> containers;
     std::vector<SectionFrame> sections;
-    std::vector<AcDbStub*> spaceless; ///< Entities of model space when the file doesn't spell out its block.
+    std::vector<AcDbStub*> spaceless; ///< Entities of model space when the file has no block for it.
 
     TagList header;
-    Span headerSpan; ///< The records between SECTION/HEADER and ENDSEC.
+    Span headerSpan; ///< The variables, without the SECTION and ENDSEC records.
     bool headerChanged = false;
 
     [[nodiscard]] const SectionFrame* section(std::string_view name) const {
@@ -58,7 +58,7 @@ struct DrawingState {
     }
 };
 
-/// Name of the section that holds containers of the kind.
+/// Returns the name of the section that holds containers of the kind.
 [[nodiscard]] constexpr std::string_view sectionName(Container::Kind kind) {
     switch (kind) {
     case Container::Kind::table:

@@ -13,7 +13,7 @@ namespace {
 constexpr int kFirstUtf8Version = 1021;
 constexpr int kDefaultCodePage = 932;
 
-/// Code pages are costly to make and each escape needs one.
+/// Cached: creating a codec is costly and each escape needs one.
 const std::optional<TextCodec>& multiByteCodec(std::size_t page) {
     static std::array<std::once_flag, dxf::kMultiBytePages.size()> made;
     static std::array<std::optional<TextCodec>, dxf::kMultiBytePages.size()> codecs;
@@ -26,8 +26,7 @@ std::optional<std::wstring> decodePair(std::size_t page, std::string_view bytes)
     return codec ? std::optional(codec->decode(bytes)) : std::nullopt;
 }
 
-/// Records are spelled in ASCII, so the pages of mainframes, which iconv knows as well, cannot be a
-/// drawing's.
+/// Records are ASCII text: EBCDIC pages, which iconv supports as well, cannot be the encoding of a drawing.
 bool keepsAscii(const TextCodec& codec) {
     for (char c = ' '; c < '\x7F'; ++c)
         if (codec.decode({&c, 1}) != std::wstring(1, static_cast<wchar_t>(c)))
@@ -35,7 +34,7 @@ bool keepsAscii(const TextCodec& codec) {
     return true;
 }
 
-/// Characters that every drawing holds as their ASCII byte and that begin no escape.
+/// Returns true for characters that every encoding writes as their ASCII byte and that begin no escape.
 bool isPlain(wchar_t c) {
     return static_cast<char32_t>(c) >= 0x20 && static_cast<char32_t>(c) < 0x7F && c != L'\\' && c != L'^';
 }
@@ -44,7 +43,7 @@ bool isControl(wchar_t c) {
     return static_cast<char32_t>(c) < 0x20;
 }
 
-/// Whether decoding would take what starts with this backslash for an escape.
+/// Returns whether decoding would read the text at this backslash as an escape.
 bool looksLikeEscape(std::wstring_view text, std::size_t at) {
     const std::wstring_view start = text.substr(at, 3);
     if (start == L"\\U+" || start == L"\\u+")
@@ -57,7 +56,7 @@ bool mayNeedEscapes(std::wstring_view text) {
                        [](wchar_t c) { return isControl(c) || c == L'^' || c == L'\\'; });
 }
 
-/// Control characters, carets and what only looks like an escape, so that decoding gives the same text.
+/// Escapes control characters, carets, and backslashes that decoding would read as escapes.
 std::wstring withEscapes(std::wstring_view text) {
     std::wstring result;
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -110,7 +109,7 @@ std::string encodeEach(const TextCodec& codec, std::wstring_view text) {
     return bytes;
 }
 
-bool hasSurrogateOfItsOwn(std::wstring_view text) {
+bool hasLoneSurrogate(std::wstring_view text) {
     for (std::size_t at = 0; at < text.size();)
         if (isSurrogate(nextCodePoint(text, at)))
             return true;
@@ -147,7 +146,7 @@ std::string DrawingText::withLineEnds(std::string_view value) const {
     for (std::size_t caret = value.find('^'); caret != std::string_view::npos && caret + 1 < value.size();
          caret = value.find('^', done)) {
         result += value.substr(done, caret - done);
-        // The byte may be the second one of a character.
+        // The byte can be the second one of a character.
         const bool isCaret = codec_.decode(value.substr(done, caret + 1 - done)).ends_with(L'^');
         const char next = value[caret + 1];
         const bool isLineEnd = isCaret && (next == 'J' || next == 'M');
@@ -167,7 +166,7 @@ std::string DrawingText::encode(std::wstring_view text) const {
     std::wstring escaped;
     if (mayNeedEscapes(text))
         text = escaped = withEscapes(text);
-    if (!hasSurrogateOfItsOwn(text))
+    if (!hasLoneSurrogate(text))
         if (auto bytes = codec_.encode(text))
             return *std::move(bytes);
     return encodeEach(codec_, text);

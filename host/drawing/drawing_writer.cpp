@@ -16,7 +16,7 @@ Span spanOf(const AcDbStub& stub) {
     return {stub.offset, stub.offset + stub.length};
 }
 
-/// Blocks only: tables are never erased, whatever a damaged file makes of their owners.
+/// Only blocks can be erased. A damaged file can name an erased object as the owner of a table.
 bool isErased(const Container& container) {
     const AcDbStub* head = container.kind == Container::Kind::block ? container.head : nullptr;
     return head && (head->erased || (head->owner && head->owner->erased));
@@ -37,7 +37,7 @@ bool holdsEntities(const Container& container) {
     return container.kind == Container::Kind::block || container.kind == Container::Kind::entities;
 }
 
-/// Whether objects are written that the file has not. Tables that were only asked for are none.
+/// Returns whether new objects are written. Tables are written only with a member.
 bool addsObjects(const DrawingState& state) {
     const auto firstNew = state.stubs.begin() + static_cast<std::ptrdiff_t>(state.stubsOfFile);
     return std::any_of(firstNew, state.stubs.end(), [&](const AcDbStub& stub) {
@@ -47,7 +47,7 @@ bool addsObjects(const DrawingState& state) {
     });
 }
 
-/// The header with a seed above every handle.
+/// Returns the header with $HANDSEED raised above every handle.
 TagList withSeed(const DrawingState& state) {
     TagList header = state.header;
     for (std::size_t i = 0; i + 1 < header.size(); ++i) {
@@ -123,7 +123,7 @@ void DrawingWriter::writeHead(const Container& container) {
         writeObject(*container.head);
         return;
     }
-    // The number of entries is a hint, but readers may size by it.
+    // The number of entries is a hint, but readers can allocate by it.
     TagList head = tagsOf(*container.head) ? *tagsOf(*container.head) : objectTags(state_, *container.head);
     const auto live = static_cast<std::int64_t>(liveMembers(container));
     if (head.integer(70, head.all()).value_or(live) < live)
@@ -133,7 +133,7 @@ void DrawingWriter::writeHead(const Container& container) {
 }
 
 void DrawingWriter::writeMembers(const Container& container) {
-    const AcDbStub* leftOut = nullptr;
+    const AcDbStub* omitted = nullptr;
     std::vector<const AcDbStub*> added;
     const auto writeAdded = [&] {
         for (const AcDbStub* stub : added)
@@ -141,10 +141,10 @@ void DrawingWriter::writeMembers(const Container& container) {
         added.clear();
     };
     for (const AcDbStub* member : container.members) {
-        // Vertices and attributes go with their entity.
-        const bool goesWithOwner = leftOut && member->owner == leftOut && holdsEntities(container);
+        // Vertices and attributes are erased with their entity.
+        const bool goesWithOwner = omitted && member->owner == omitted && holdsEntities(container);
         if (member->erased && !goesWithOwner)
-            leftOut = member;
+            omitted = member;
         if (member->erased || goesWithOwner) {
             if (!isNew(*member))
                 replace(spanOf(*member));
@@ -166,7 +166,7 @@ void DrawingWriter::writeObject(const AcDbStub& stub) {
     const TagList* tags = tagsOf(stub);
     const bool replacesHandle = replacesHandles_ && stub.replacesHandle;
     if (!tags && !replacesHandle)
-        return; // Part of the next stretch that is copied.
+        return; // Copied with the next span.
     replace(spanOf(stub));
     output_.records(tags ? *tags : objectTags(state_, stub));
 }

@@ -4,13 +4,13 @@
 
 namespace zuhost {
 
-/// Writes a drawing in file order: what was not changed as the stretches of the buffer that it is, objects
-/// that were changed or added from their tags, and leaves out the erased ones.
+/// Writes a drawing in file order: unchanged records as spans of the buffer, changed and added objects from
+/// their tags. Erased objects are omitted.
 class DrawingWriter {
 public:
     DrawingWriter(const DrawingState& state, const Document::TagSource& source, RecordOutput& output);
 
-    /// Writes the records within `content`, the whole drawing or at least its records.
+    /// Writes the records within `content`: all of the buffer, or its records only.
     void run(Span content);
 
 private:
@@ -23,7 +23,7 @@ private:
     void openSection(const Container& container);
     void closeSection();
     void writeHeader();
-    /// Whether objects of the file or the header are written otherwise than they stand there.
+    /// Returns whether the header or an object of the file was changed or erased.
     [[nodiscard]] bool isEdited() const;
 
     void copyUpTo(std::uint64_t offset);
@@ -33,7 +33,7 @@ private:
     const DrawingState& state_;
     const Document::TagSource& source_;
     RecordOutput& output_;
-    std::uint64_t done_ = 0; ///< All of the buffer before it is written or left out.
+    std::uint64_t done_ = 0; ///< The buffer before this offset is written or omitted.
     bool headerPending_ = false;
     bool raisesSeed_ = false;
     bool replacesHandles_ = false;

@@ -5,7 +5,7 @@
 namespace zuhost {
 namespace {
 
-/// "CODE VALUE" records, parted by " | " and line ends.
+/// "CODE VALUE" records, separated by " | " and line ends.
 constexpr std::string_view kTemplateText = R"(
 0 SECTION | 2 HEADER
 9 $ACADVER | 1 AC1032

@@ -61,7 +61,7 @@ void HandleIndex::add(AcDbStub& stub) {
 }
 
 std::uint64_t HandleIndex::takeNext() {
-    // Only a drawing that uses the very last handle makes this start again below.
+    // Wraps around only in a drawing that uses the last handle of 64 bits.
     while (next_ == 0 || find(next_))
         ++next_;
     return next_++;

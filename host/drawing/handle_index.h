@@ -8,12 +8,12 @@
 
 namespace zuhost {
 
-/// The objects of a drawing by handle, as one sorted array: handles rise in nearly every file, so that
-/// sorting costs little, nothing depends on how they are spread, and an entry takes 16 bytes.
+/// The objects of a drawing by handle, in a sorted array: handles ascend in nearly every file, so that
+/// sorting costs little, and an entry takes 16 bytes.
 class HandleIndex {
 public:
-    /// Adds all stubs that have a handle, except those whose handle an earlier one has: returns them, in file
-    /// order.
+    /// Adds all stubs with a handle. Returns those whose handle an earlier stub has, which are not added, in
+    /// file order.
     std::vector<AcDbStub*> build(std::deque<AcDbStub>& stubs);
 
     /// Assigns new handles above the highest one in the file to the stubs without one.
@@ -22,9 +22,9 @@ public:
     [[nodiscard]] AcDbStub* find(std::uint64_t handle) const;
     void add(AcDbStub& stub);
 
-    /// Hands out a handle that nobody has.
+    /// Returns an unused handle and reserves it.
     std::uint64_t takeNext();
-    /// Handles handed out from now on are at least this.
+    /// Sets the lower limit of new handles.
     void raiseNext(std::uint64_t handle);
     [[nodiscard]] std::uint64_t next() const { return next_; }
 

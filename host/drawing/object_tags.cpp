@@ -60,7 +60,7 @@ void addBlockTail(const DrawingState& state, const AcDbStub& stub, TagList& tags
     addMarker(state, tags, "AcDbBlockEnd");
 }
 
-/// Exact in ASCII drawings, where it spares memory: whole drawings may be held as tags.
+/// Exact in ASCII drawings, to save memory when a whole drawing is held as tags; 0 in binary ones.
 std::size_t numberOfRecords(const DrawingState& state, Span span) {
     if (state.style.form == DrawingForm::binary)
         return 0;
@@ -69,8 +69,8 @@ std::size_t numberOfRecords(const DrawingState& state, Span span) {
     return static_cast<std::size_t>(lines) / 2;
 }
 
-/// The place of the first readable handle before the subclasses, outside of application groups; else of the
-/// first unreadable one.
+/// Returns the position of the first readable handle before the subclasses and outside of application groups;
+/// without one, of the first unreadable handle there.
 std::size_t handlePlace(const TagList& tags, int code) {
     std::size_t unreadable = tags.size();
     bool inGroup = false;

@@ -15,24 +15,24 @@ std::string upperCase(std::string_view text) {
     return upper;
 }
 
-/// Finds the object that owns the entities of a block. Needed for few drawings, so it is filled on first use.
+/// Finds the owner of the entities of a block. Filled on first use, because few drawings need it.
 class BlockOwners {
 public:
     explicit BlockOwners(const DrawingState& state) : state_(state) {}
 
-    AcDbStub* of(const Container& block) {
+    AcDbStub* ownerOf(const Container& block) {
         fill();
         const auto record = records_.find(upperCase(block.name));
         return record != records_.end() ? record->second : block.head;
     }
 
-    AcDbStub* ofSpace(bool paper) {
+    AcDbStub* ownerOfSpace(bool paper) {
         for (const Container& container : state_.containers) {
             if (container.kind != Container::Kind::block)
                 continue;
             const std::string name = upperCase(container.name).substr(container.name.empty() ? 0 : 1);
             if (name == (paper ? "PAPER_SPACE" : "MODEL_SPACE"))
-                return of(container);
+                return ownerOf(container);
         }
         return nullptr;
     }
@@ -81,7 +81,7 @@ private:
                 inPaperSpace_.insert(&stub);
             if (stub.owner || hint.handle == 0)
                 continue;
-            // Neighbours mostly have one owner.
+            // Neighbours usually have the same owner.
             if (hint.handle != lastHandle) {
                 lastHandle = hint.handle;
                 lastOwner = state_.handles.find(hint.handle);
@@ -111,7 +111,7 @@ private:
     void completeBlock(Container& block) {
         AcDbStub* owner = block.head->owner;
         if (!owner) {
-            owner = blocks_.of(block);
+            owner = blocks_.ownerOf(block);
             block.head->owner = owner == block.head ? nullptr : owner;
         }
         if (block.tail && !block.tail->owner)
@@ -129,7 +129,7 @@ private:
                 continue;
             const bool paper = inPaperSpace_.contains(member);
             if (!known[paper]) {
-                spaces[paper] = blocks_.ofSpace(paper);
+                spaces[paper] = blocks_.ownerOfSpace(paper);
                 known[paper] = true;
             }
             member->owner = spaces[paper];

@@ -4,15 +4,15 @@
 
 namespace zuhost {
 
-/// What the scan learns of an object's owner, for `resolveOwners`.
+/// What the records of an object state about its owner.
 struct OwnerHint {
-    std::uint64_t handle = 0; ///< Of code 330; 0 when there is none.
+    std::uint64_t handle = 0; ///< Group code 330; 0 when missing.
     bool inPaperSpace = false;
 };
 
-/// Sets the owners of all stubs that have none yet from the hints (one for each stub). Where the drawing
-/// names no owner, entries belong to their TABLE, and entities to their block: to its BLOCK_RECORD, or its
-/// BLOCK in drawings that have no block records.
+/// Sets the owner of every stub without one from its hint (one for each stub, in the same order). Without a
+/// named owner, entries belong to their TABLE, and entities to the BLOCK_RECORD of their block, or to its
+/// BLOCK in drawings without block records.
 void resolveOwners(DrawingState& state, const std::vector<OwnerHint>& hints);
 
 } // namespace zuhost

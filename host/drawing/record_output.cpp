@@ -19,7 +19,7 @@ void RecordOutput::copy(Span span) {
         convert(span);
 }
 
-/// A value as the other form holds it: only binary drawings have line ends within texts.
+/// Converts a value to the other form: only binary drawings have line ends within texts.
 std::string_view RecordOutput::converted(int code, std::string_view value, std::string& scratch) const {
     const dxf::ValueType type = dxf::valueType(code);
     const bool isText = type == dxf::ValueType::text || type == dxf::ValueType::handle;
@@ -60,10 +60,6 @@ void RecordOutput::raw(std::string_view bytes) {
     } else {
         pending_ += bytes;
     }
-}
-
-void RecordOutput::finish() {
-    flush();
 }
 
 void RecordOutput::flush() {

@@ -7,35 +7,34 @@
 
 namespace zuhost {
 
-/// Where the bytes of a saved drawing go.
+/// Receives the bytes of a saved drawing.
 using ByteSink = std::function<void(std::string_view)>;
 
-/// Where a drawing is written to, record by record or in stretches of the buffer. A value that the form
-/// cannot hold stops the output; `fault` then tells which.
+/// Buffers and forwards the records of a drawing, one by one or as spans of the buffer. A value that the form
+/// cannot hold ends the output; `fault` then describes it.
 class RecordOutput {
 public:
-    /// Output in the style; stretches are copied when that is the buffer's own, else converted.
+    /// Writes in the style. Spans are copied when it has the form of the buffer, else converted.
     RecordOutput(const DrawingState& state, const RecordStyle& style, ByteSink sink);
 
-    /// Whether the buffer's records change their form.
+    /// Returns whether records change their form.
     [[nodiscard]] bool converts() const { return !sameForm_; }
 
-    /// Records of the buffer.
+    /// Writes the records of a span.
     void copy(Span span);
-    /// One record, its value as in a TagList.
+    /// Writes one record, with a value as in a TagList.
     void record(int code, std::string_view value);
     void records(const TagList& tags);
-    /// Bytes that are no records.
+    /// Writes bytes verbatim.
     void raw(std::string_view bytes);
-    /// Hands over what is gathered.
-    void finish();
+    /// Forwards the buffered bytes.
+    void flush();
 
     [[nodiscard]] const std::wstring& fault() const { return fault_; }
 
 private:
     void convert(Span span);
     [[nodiscard]] std::string_view converted(int code, std::string_view value, std::string& scratch) const;
-    void flush();
 
     const DrawingState& state_;
     bool sameForm_;

@@ -41,14 +41,14 @@ ReadResult RecordSource::next(dxf::Record& record) {
         [&](auto& reader) {
             const ReadResult result = reader.next(record);
             if (result == ReadResult::record)
-                return moved(record);
+                return rebased(record);
             return result == ReadResult::end ? result : failAtReader(reader.error());
         },
         reader_);
 }
 
-/// From the stretch into the buffer.
-ReadResult RecordSource::moved(dxf::Record& record) const {
+/// Makes the offsets refer to the buffer.
+ReadResult RecordSource::rebased(dxf::Record& record) const {
     record.offset += start_;
     record.end += start_;
     return ReadResult::record;
@@ -91,11 +91,11 @@ std::string_view RecordSource::value(const dxf::Record& record, std::string& scr
 }
 
 std::wstring quoted(std::string_view text) {
-    constexpr std::size_t kLongest = 40;
+    constexpr std::size_t kMaxLength = 40;
     std::wstring result = L"\"";
-    for (const char c : text.substr(0, kLongest))
+    for (const char c : text.substr(0, kMaxLength))
         result += c >= 0x20 && c < 0x7F ? static_cast<wchar_t>(c) : L'?';
-    return result + (text.size() > kLongest ? L"...\"" : L"\"");
+    return result + (text.size() > kMaxLength ? L"...\"" : L"\"");
 }
 
 } // namespace zuhost

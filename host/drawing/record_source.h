@@ -5,28 +5,29 @@
 
 namespace zuhost {
 
-/// Reads the records of a stretch of a drawing's buffer, in either form. Offsets are those of the buffer.
+/// Reads the records of a span of a drawing's buffer, in either form. Offsets refer to the buffer.
 class RecordSource {
 public:
     RecordSource(const DrawingState& state, Span span);
 
     dxf::ReadResult next(dxf::Record& record);
 
-    /// After an error: where and what.
+    /// After an error: its offset and description.
     [[nodiscard]] std::uint64_t faultOffset() const { return faultOffset_; }
     [[nodiscard]] const std::wstring& fault() const { return fault_; }
 
-    /// Whether the value is what its group code says.
+    /// Returns whether the value has the type that its group code demands.
     [[nodiscard]] bool isReadable(const dxf::Record& record) const;
-    /// Where a fault of the value is reported: in ASCII drawings the line of the value.
+    /// Returns the offset for faults of the value: in ASCII drawings that of the value, which has its own
+    /// line.
     [[nodiscard]] std::uint64_t valueOffset(const dxf::Record& record) const;
 
-    /// The value of a record as a TagList holds it; `scratch` keeps what is not in the buffer as text.
+    /// Returns the value as a TagList holds it: in the buffer, or formatted into `scratch`.
     std::string_view value(const dxf::Record& record, std::string& scratch) const;
 
 private:
     [[nodiscard]] bool isAscii() const { return std::holds_alternative<dxf::AsciiReader>(reader_); }
-    dxf::ReadResult moved(dxf::Record& record) const;
+    dxf::ReadResult rebased(dxf::Record& record) const;
     dxf::ReadResult failAtReader(const dxf::RecordError& error);
 
     std::variant<dxf::AsciiReader, dxf::BinaryReader> reader_;
@@ -36,7 +37,7 @@ private:
     std::wstring fault_;
 };
 
-/// Text of the file within a message: cut short, and without what is beyond ASCII.
+/// Quotes text of the file for a message: truncated, with "?" for characters other than printable ASCII.
 [[nodiscard]] std::wstring quoted(std::string_view text);
 
 } // namespace zuhost

@@ -102,7 +102,7 @@ bool RecordWriter::append(std::string& bytes, int code, std::string_view value) 
     return true;
 }
 
-/// A line end within a value would break the file, so it is written in caret notation.
+/// Line ends within a value are written in caret notation: they would split the record.
 void RecordWriter::appendAscii(std::string& bytes, int code, std::string_view value) const {
     std::array<char, 12> digits{};
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), code);

@@ -28,7 +28,7 @@ bool isKnownSection(std::string_view name) {
 
 constexpr std::string_view kFrames[] = {"SECTION", "ENDSEC", "EOF", "TABLE", "ENDTAB", "BLOCK", "ENDBLK"};
 
-/// Frames are recognized in lower case too.
+/// Frames are recognised in lower case too.
 bool sameFrame(std::string_view type, std::string_view frame) {
     const auto sameLetter = [](char a, char b) { return a == b || (a >= 'a' && a - 'a' + 'A' == b); };
     return type.size() == frame.size() && std::equal(type.begin(), type.end(), frame.begin(), sameLetter);
@@ -60,8 +60,8 @@ bool StructureParser::parseSections() {
     return true;
 }
 
-/// From the SECTION record, or the name without one, behind the ENDSEC record, or to the record that stands
-/// in its place.
+/// Parses from the SECTION record (or the name, where that is missing) past the ENDSEC record. A missing
+/// ENDSEC ends the section at the next SECTION or EOF record.
 bool StructureParser::parseSection() {
     const std::uint64_t begin = record_.offset;
     context_ = L"a section";
@@ -86,7 +86,7 @@ bool StructureParser::parseSection() {
     const bool isRead = isKnownSection(name) && !(isRepeated && name == "HEADER");
     if (isRead && !parseSectionNamed(name))
         return false;
-    while (!atSectionEnd()) // Sections that hold no objects, or whose meaning is not known.
+    while (!atSectionEnd()) // Sections without objects, and unknown ones.
         if (!next())
             return false;
     state_.sections.push_back({name, {begin, record_.offset}});
@@ -109,7 +109,6 @@ bool StructureParser::parseSectionNamed(std::string_view name) {
     return name != "OBJECTS" || parseObjects(Container::Kind::objects);
 }
 
-/// The records are kept as tags besides: there are few, and what asks for them asks for many.
 bool StructureParser::parseHeader() {
     const std::uint64_t begin = record_.offset;
     if (record_.code != kTypeCode && record_.code != kVariableCode)
@@ -128,7 +127,7 @@ bool StructureParser::parseTables() {
     return true;
 }
 
-/// From the TABLE record behind the ENDTAB record, or to the record that stands in its place.
+/// Parses from the TABLE record past the ENDTAB record. A missing ENDTAB ends the table at the next frame.
 bool StructureParser::parseTable() {
     const std::uint64_t begin = record_.offset;
     Container table;
@@ -158,7 +157,8 @@ bool StructureParser::parseBlocks() {
     return true;
 }
 
-/// From the BLOCK record behind the records of its ENDBLK, or to the record that stands in its place.
+/// Parses from the BLOCK record past the records of ENDBLK. A missing ENDBLK ends the block at the next
+/// frame.
 bool StructureParser::parseBlock() {
     const std::uint64_t begin = record_.offset;
     Container block;
@@ -208,7 +208,7 @@ bool StructureParser::skipToSection() {
     return true;
 }
 
-/// Passes over records and objects where none belong, up to the next frame.
+/// Skips misplaced records and objects up to the next frame.
 bool StructureParser::skipRun(const wchar_t* place) {
     warnOfStray(place);
     do {
@@ -218,7 +218,7 @@ bool StructureParser::skipRun(const wchar_t* place) {
     return true;
 }
 
-/// Passes over records that belong to no object, up to the next object.
+/// Skips misplaced records up to the next object.
 bool StructureParser::skipObject() {
     warnOfStray(L"objects");
     do {
@@ -247,7 +247,7 @@ bool StructureParser::parseMember(Container& container) {
     return true;
 }
 
-/// Vertices and attributes belong to the entity before them, whatever owner the file names.
+/// Vertices and attributes belong to the entity before them; the owner that the file names is ignored.
 void StructureParser::joinToParent(AcDbStub& stub) {
     const std::string& type = state_.types.name(stub.type);
     if (type == "POLYLINE" || type == "INSERT") {
@@ -263,7 +263,7 @@ void StructureParser::joinToParent(AcDbStub& stub) {
         parent_ = nullptr;
 }
 
-/// From a type record to the next one. Null after a fault.
+/// Parses from a type record to the next one. Returns null after a fault.
 AcDbStub* StructureParser::parseObject(std::string* name) {
     const std::uint64_t begin = record_.offset;
     const auto type = state_.types.number(type_);
@@ -293,7 +293,7 @@ AcDbStub* StructureParser::parseObject(std::string* name) {
     return &stub;
 }
 
-/// The records behind the type record, up to the next type record.
+/// Parses the records after the type record, up to the next type record.
 bool StructureParser::parseFacts(int handleCode, Facts& facts) {
     inHead_ = true;
     inGroup_ = false;
@@ -305,8 +305,8 @@ bool StructureParser::parseFacts(int handleCode, Facts& facts) {
     return false;
 }
 
-/// Handle and owner stand before the first subclass marker, and outside of application groups. The handle
-/// comes first; a later record of the same code means something else.
+/// Handle and owner precede the first subclass marker and are outside of application groups. A later record
+/// with the code of the handle has another meaning.
 void StructureParser::collectFact(int handleCode, Facts& facts) {
     collectReference();
     switch (record_.code) {
@@ -319,7 +319,7 @@ void StructureParser::collectFact(int handleCode, Facts& facts) {
             facts.unreadableHandle = facts.unreadableHandle && facts.handle == 0;
         } else {
             facts.unreadableHandle = true;
-            if (record_.code == 5) // Its values are not checked: in a DIMSTYLE it is a name.
+            if (record_.code == 5) // `isReadable` accepts any value of code 5.
                 warnOfValue();
         }
         return;
@@ -346,7 +346,7 @@ void StructureParser::collectFact(int handleCode, Facts& facts) {
 }
 
 void StructureParser::collectReference() {
-    // Such handles are no drawing's own, and would leave no room above them.
+    // Damaged: counting new handles from such a value could overflow.
     constexpr std::uint64_t kImplausible = std::uint64_t{1} << 60U;
     if (record_.code < 320 || dxf::valueType(record_.code) != dxf::ValueType::handle)
         return;

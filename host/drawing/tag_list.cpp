@@ -23,7 +23,7 @@ char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// Names of applications have no case. Bytes beyond ASCII may be halves of characters and must be equal.
+/// Names of applications are case-insensitive. Non-ASCII bytes can be parts of characters and must be equal.
 bool sameName(std::string_view a, std::string_view b) {
     if (!isAscii(a) || !isAscii(b))
         return a == b;
@@ -110,7 +110,7 @@ TagRange TagList::applicationGroup(std::string_view name) const {
         const bool closed = last < end && tags_[last].code == kGroupBracket;
         return {i, closed ? last + 1 : last};
     }
-    // Where a new group belongs: behind the handle, before owner and subclasses.
+    // A new group belongs after the handle, before owner and subclasses.
     for (std::size_t i = 0; i < end && tags_[i].code != kSubclassMarker; ++i)
         if (tags_[i].code == 5 || tags_[i].code == 105)
             return {i + 1, i + 1};

@@ -10,11 +10,11 @@
 
 namespace zuhost {
 
-/// The types of a drawing's objects ("LINE", "DICTIONARY"), each kept once and known by a small number. The
-/// empty type has the number 0.
+/// The types of a drawing's objects ("LINE", "DICTIONARY"), each stored once under a number. The empty type
+/// has the number 0.
 class TypeNames {
 public:
-    /// Number of the type; nullopt when there are more types than a stub can number.
+    /// Returns the number of the type; nullopt when there are more types than 16 bits can number.
     std::optional<std::uint16_t> number(std::string_view name) {
         if (lastUsed_ < names_.size() && names_[lastUsed_] == name)
             return lastUsed_;
@@ -32,9 +32,9 @@ public:
     [[nodiscard]] const std::string& name(std::uint16_t number) const { return names_[number]; }
 
 private:
-    std::deque<std::string> names_{""}; ///< A deque, so that references to names stay good.
+    std::deque<std::string> names_{""}; ///< A deque keeps references to names valid.
     std::unordered_map<std::string, std::uint16_t> numbers_{{"", 0}};
-    std::uint16_t lastUsed_ = 0; ///< Objects of one type come in runs.
+    std::uint16_t lastUsed_ = 0; ///< Cache: objects of one type often follow one another.
 };
 
 } // namespace zuhost

@@ -28,7 +28,7 @@ const char* skipDigits(const char* p, const char* end) {
     return p;
 }
 
-/// The usual spelling of a number, "-12.5e+3", seen at a glance; others are left to the parser.
+/// Fast path for the common notation, "-12.5e+3"; the parser decides on others.
 bool looksReal(std::string_view text) {
     const char* p = text.data();
     const char* const end = p + text.size();
@@ -86,7 +86,7 @@ bool isReadable(int code, std::string_view text) {
     case ValueType::boolean:
         return looksInteger(text) || parseInteger(text);
     case ValueType::handle:
-        // Before R13 code 5 is also a name (of a dimension style's arrow block).
+        // Before R13 code 5 of a dimension style is the name of its arrow block.
         return code == 5 || looksHandle(text) || parseHandle(text);
     case ValueType::text:
     case ValueType::chunk:

@@ -5,11 +5,11 @@
 
 namespace zuhost {
 
-/// Whether the text is a value that the group code may have. Any text is where texts or bytes are expected,
-/// and where the code is not known.
+/// Returns whether the text is a valid value of the group code. Texts, chunks and values of unknown codes are
+/// always valid.
 [[nodiscard]] bool isReadable(int code, std::string_view text);
 
-/// "a number", "an integer", "a handle": what the code's values are.
+/// Returns the type of the code's values for messages: "a number", "an integer", "a handle".
 [[nodiscard]] std::wstring valueName(int code);
 
 } // namespace zuhost

@@ -5,7 +5,7 @@
 namespace zuhost {
 namespace {
 
-/// Counts lines from one offset to the next, so that all warnings take one pass over the bytes.
+/// Counts lines from one offset to the next: all warnings take one pass over the bytes.
 class LineCounter {
 public:
     explicit LineCounter(const DrawingState& state)
@@ -27,7 +27,7 @@ private:
 
 } // namespace
 
-/// In file order. The last one of a kind says how many are not listed.
+/// Returns the faults in file order. The last one of a kind has the number of those not listed.
 std::vector<WarningLog::Entry> WarningLog::entries() const {
     std::vector<Entry> all;
     for (const auto& [kind, same] : kinds_) {
@@ -44,7 +44,7 @@ std::vector<WarningLog::Entry> WarningLog::entries() const {
 std::vector<DocumentError> WarningLog::warnings(const DrawingState& state) const {
     const bool ascii = state.style.form == DrawingForm::ascii;
     const std::vector<Entry> all = entries();
-    const std::size_t listed = std::min(all.size(), kMostWarnings);
+    const std::size_t listed = std::min(all.size(), kMaxWarnings);
     LineCounter lines(state);
     std::vector<DocumentError> result;
     for (std::size_t i = 0; i < listed; ++i) {

@@ -6,8 +6,7 @@
 
 namespace zuhost {
 
-/// Faults that do not keep a drawing from opening. A value that is not what its group code says has that code
-/// as its kind.
+/// Faults that a drawing opens with. The kind of an unreadable value is its group code.
 enum Fault : int {
     repeatedHandle = -20,
     recordOutside,
@@ -21,14 +20,14 @@ enum Fault : int {
     openBlock,
     untypedObject,
     tooManyTypes,
-    dataBehindEnd,
+    dataAfterEof,
     unknownCodePage,
 };
 
-/// Collects the faults of a drawing. However many there are, few are kept and the others are counted.
+/// Collects the faults of a drawing: keeps the first of each kind and counts the others.
 class WarningLog {
 public:
-    /// Adds a fault. `describe` returns its text; it is called only for faults that are kept.
+    /// Adds a fault. `describe` returns its text and is called only for faults that are kept.
     template <typename Describe>
     void add(int kind, std::uint64_t offset, const Describe& describe) {
         Kind& same = kinds_[kind];
@@ -36,12 +35,12 @@ public:
             same.kept.push_back({offset, describe()});
     }
 
-    /// Returns the faults in file order, with the lines (binary drawings: bytes) where they stand.
+    /// Returns the faults in file order, with their lines (binary drawings: bytes).
     [[nodiscard]] std::vector<DocumentError> warnings(const DrawingState& state) const;
 
 private:
     static constexpr std::size_t kKeptOfKind = 3;
-    static constexpr std::size_t kMostWarnings = 100;
+    static constexpr std::size_t kMaxWarnings = 100;
 
     struct Entry {
         std::uint64_t offset = 0;

@@ -84,7 +84,7 @@ DAMAGES = {
     "record between sections": ("  0\nSECTION\n  2\nBLOCKS", "  8\n0\n  0\nSECTION\n  2\nBLOCKS"),
     "handle that is none": ("LINE\n  5\n", "LINE\n  5\nX"),
     "number that is none": (" 11\n1.0\n", " 11\n1,0\n"),
-    "data behind EOF": ("EOF\n", "EOF\n  0\nLINE\n"),
+    "data after EOF": ("EOF\n", "EOF\n  0\nLINE\n"),
 }
 
 

@@ -70,7 +70,7 @@ const Damage mended[] = {
      L"without a name"},
     {"block among entities", entities("0 BLOCK|2 A|0 ENDBLK"), 6, L"\"BLOCK\" outside of objects"},
     {"object without a type", entities("0 "), 5, L"without a type"},
-    {"data behind the end", entities("0 POINT|8 0") + "0\nLINE\n", 13, L"behind the EOF"},
+    {"data after the end", entities("0 POINT|8 0") + "0\nLINE\n", 13, L"after the EOF"},
 };
 
 std::string narrow(const std::wstring& text) {

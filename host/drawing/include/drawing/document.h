@@ -14,8 +14,8 @@
 
 namespace zuhost {
 
-/// Why a drawing could not be opened or saved. `line` counts from 1 (0: not about a line; binary drawings
-/// have the byte offset instead).
+/// Why a drawing could not be opened or saved. `line` counts from 1; it is 0 for binary drawings, which have
+/// the byte offset, and for faults of the whole file.
 struct DocumentError {
     std::wstring file;
     std::uint64_t line = 0;
@@ -33,7 +33,7 @@ struct DrawingState;
 
 /// A run of objects with one owner, in file order: a symbol table, a block with its entities, the ENTITIES
 /// section, the OBJECTS section. `head` is the TABLE or BLOCK record, `tail` the ENDBLK; null where there is
-/// none. A damaged file may lack the ENDBLK.
+/// none. A damaged file can lack the ENDBLK.
 struct Container {
     enum class Kind { table, block, entities, objects };
 
@@ -41,32 +41,33 @@ struct Container {
     std::string name; ///< Table name ("LAYER") or block name, in the drawing's encoding; else empty.
     AcDbStub* head = nullptr;
     AcDbStub* tail = nullptr;
-    std::vector<AcDbStub*> members; ///< New ones may stand anywhere; those of the file keep their order.
+    std::vector<AcDbStub*> members; ///< New ones at any position; those of the file in file order.
 
-    std::uint64_t end = 0; ///< For the document: where new members are written in the buffer.
-    bool implied = false;  ///< Made by Document::implyModelSpace.
+    std::uint64_t end = 0; ///< For the document: offset in the buffer at which new members are written.
+    bool implied = false;  ///< Created by Document::implyModelSpace.
     bool created = false;  ///< For the document: not in the file yet.
 };
 
-/// A DXF drawing as its file holds it: the bytes, and what lies where in them. Knows records and their order,
-/// nothing of what objects mean; AcDbDatabase gives them meaning.
+/// A DXF drawing as its file holds it: the bytes and the positions of objects in them. Handles records only;
+/// AcDbDatabase interprets them.
 ///
-/// Every record of the file belongs either to an object (a stub) or to a stretch that is kept as it stands
-/// (section frames, HEADER, CLASSES, comments, thumbnails, sections that nobody knows).
+/// Every record of the file belongs either to an object (a stub) or to a byte range preserved verbatim
+/// (section frames, HEADER, CLASSES, comments, thumbnails, unknown sections).
 class Document {
 public:
     using OpenResult = std::variant<std::unique_ptr<Document>, DocumentError>;
 
-    /// Scans the bytes (which the document keeps) and makes a stub for each object, all with `database` as
-    /// theirs. Fails when the structure is unreadable: a group code that is no integer, a file that is cut
-    /// off. Every other fault is a warning, its records are preserved verbatim, and an unreadable value
-    /// counts as missing. `file` is for messages only.
+    /// Parses the bytes, which the document keeps, and creates a stub of `database` for each object. Fails
+    /// when the structure is unreadable: a group code that is no integer, a file that is cut off. Every other
+    /// fault is a warning, its records are preserved verbatim, and an unreadable value counts as missing.
+    /// `file` is for messages only.
     static OpenResult open(std::string bytes, const std::wstring& file, AcDbDatabase* database);
 
     /// Reads the named file and opens it.
     static OpenResult openFile(const std::wstring& file, AcDbDatabase* database);
 
-    /// A minimal valid drawing (R2018, UTF-8, standard tables, model and paper space, group dictionary).
+    /// Returns a minimal valid drawing (R2018, UTF-8, standard tables, model and paper space, group
+    /// dictionary).
     static std::unique_ptr<Document> createEmpty(AcDbDatabase* database);
 
     Document(const Document&) = delete;
@@ -74,63 +75,63 @@ public:
     ~Document();
 
     [[nodiscard]] DrawingForm form() const;
-    /// Number of $ACADVER: 1009 for R12 ... 1032 for R2018.
+    /// Returns the number in $ACADVER: 1009 for R12 ... 1032 for R2018.
     [[nodiscard]] int version() const;
 
-    /// Text of the drawing's encoding into wide text and back, "\U+XXXX" and "\M+nXXXX" escapes resolved;
-    /// what the encoding lacks is written as "\U+XXXX", so that encoding never fails. Line ends and other
-    /// control characters in a value are written in caret notation ("^J").
+    /// Convert text from the drawing's encoding and back. Decoding resolves "\U+XXXX" and "\M+nXXXX" escapes.
+    /// Encoding never fails: characters outside the encoding are written as "\U+XXXX", line ends and other
+    /// control characters in caret notation ("^J").
     [[nodiscard]] std::wstring decode(std::string_view value) const;
     [[nodiscard]] std::string encode(std::wstring_view text) const;
 
-    /// Faults that did not keep the drawing from opening, in file order and limited in number, for the user.
+    /// Returns the faults that the drawing was opened with, in file order and limited in number.
     [[nodiscard]] const std::vector<DocumentError>& warnings() const;
 
     // ---- objects
     [[nodiscard]] const std::string& typeName(const AcDbStub& stub) const; ///< "INSERT", "DICTIONARY" ...
     [[nodiscard]] AcDbStub* find(std::uint64_t handle) const;              ///< Null when there is none.
     [[nodiscard]] TagList tags(const AcDbStub& stub) const;                ///< As in the buffer.
-    /// Code 5, or 105 for the entries of the DIMSTYLE table.
+    /// Returns 5, or 105 for the entries of the DIMSTYLE table.
     [[nodiscard]] int handleCode(const AcDbStub& stub) const;
-    /// In file order. Containers never move, so that references to them stay good.
+    /// In file order. Containers never move: references stay valid.
     [[nodiscard]] std::list<Container>& containers();
     [[nodiscard]] const std::list<Container>& containers() const;
-    /// The first container of the kind and name (names of tables; names of blocks as they are spelled), made
-    /// with its section when the drawing lacks it. Kind::entities and Kind::objects have no name.
+    /// Returns the first container of the kind and name (case-sensitive), created when the drawing lacks it.
+    /// Kind::entities and Kind::objects have no name.
     Container& container(Container::Kind kind, std::string_view name = {});
     [[nodiscard]] std::size_t objectCount() const;
 
-    /// A stub for a new object of the type, with the next free handle, appended to the container's members.
-    /// `tags` gives its first records: type, handle, owner.
+    /// Appends a stub for a new object of the type, with the next free handle, to the container's members.
+    /// `tags` returns its first records: type, handle, owner.
     AcDbStub* append(Container& container, std::string_view typeName, AcDbStub* owner);
 
-    /// A container for a new block (its BLOCK and ENDBLK stubs new as well), placed after the last block.
-    /// `tags` gives complete records of both: layer 0, base point at the origin.
+    /// Appends a container for a new block, with new BLOCK and ENDBLK stubs, after the last block. `tags`
+    /// returns complete records of both: layer 0, base point at the origin.
     Container& appendBlock(std::string name, AcDbStub* owner);
 
-    /// A block for model space of a file that doesn't spell it out (drawings before R13, short ones of any
-    /// version). It owns the entities of model space and is never written.
+    /// Appends a block for model space to a drawing whose file has none. It owns the entities of model space
+    /// and is never written.
     Container& implyModelSpace();
 
     // ---- header
-    /// All records of the HEADER section, variable names (code 9) and values; changing it marks it changed.
+    /// The records of the HEADER section: variable names (code 9) and values.
     [[nodiscard]] const TagList& header() const;
     void setHeader(TagList header);
 
     // ---- saving
-    /// Gives the records that an object is saved with; null: as they stand in the buffer. Without any the
-    /// object is left out.
+    /// Returns the records that an object is saved with: null for those in the buffer; an empty list omits
+    /// the object.
     using TagSource = std::function<const TagList*(const AcDbStub&)>;
 
-    /// Writes the drawing to the file, atomically. Erased objects are left out; $HANDSEED is raised above
-    /// every handle when objects were added. An unchanged drawing keeps its bytes; otherwise objects whose
-    /// handle was taken or unreadable get their new one. Nullopt on success; on failure the old file is
-    /// untouched.
+    /// Writes the drawing to the file, atomically. Erased objects are omitted; $HANDSEED is raised above
+    /// every handle when objects were added. An unchanged drawing keeps its bytes; a changed one is written
+    /// with the new handles of objects whose handle was repeated or unreadable. Returns nullopt on success;
+    /// on failure the old file is untouched.
     std::optional<DocumentError> save(const std::wstring& file, DrawingForm form,
                                       const TagSource& tags) const;
 
-    /// The same into memory; empty, with the reason in `error`, when the other form cannot hold a value (a
-    /// number beyond 16 bits, a chunk beyond 255 bytes).
+    /// Returns the bytes that `save` writes; empty, with the reason in `error`, when the other form cannot
+    /// hold a value (a number beyond 16 bits, a chunk beyond 255 bytes).
     [[nodiscard]] std::string bytes(DrawingForm form, const TagSource& tags,
                                     DocumentError* error = nullptr) const;
 

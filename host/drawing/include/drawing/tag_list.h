@@ -11,8 +11,8 @@
 namespace zuhost {
 
 /// One record of an object: group code and value. The value is the text that an ASCII drawing would hold,
-/// without its line end and in the drawing's own encoding; binary chunks are hexadecimal digits. So nothing
-/// that was read is changed by being held, whatever its meaning.
+/// without its line end and in the drawing's own encoding; binary chunks are hexadecimal digits. Values are
+/// kept as text, so that writing them back restores what was read.
 struct Tag {
     int code = 0;
     std::string value;
@@ -50,45 +50,48 @@ public:
     void insert(std::size_t at, const std::vector<Tag>& tags);
     void insert(std::size_t at, TagList&& tags);
     void erase(TagRange range);
-    /// Erases those of the range that the predicate takes, in one pass.
+    /// Erases the tags of the range for which the predicate is true, in one pass.
     template <typename Predicate>
     void eraseIf(TagRange range, Predicate predicate) {
         const auto at = [this](std::size_t i) { return tags_.begin() + static_cast<std::ptrdiff_t>(i); };
         tags_.erase(std::remove_if(at(range.first), at(range.last), predicate), at(range.last));
     }
-    /// Takes out the class markers (100), which drawings before R13 don't have.
+    /// Removes the subclass markers (100), which drawings before R13 lack.
     void eraseMarkers();
 
-    /// Position of the first tag with the code within the range; range.last when there is none.
+    /// Returns the position of the first tag with the code within the range; range.last when there is none.
     [[nodiscard]] std::size_t find(int code, TagRange range) const;
 
-    /// The records after the marker (100, `marker`) up to the next marker or the extended data. When the list
-    /// has no markers at all (drawings before R13) everything between the type and the extended data.
-    /// Empty range at the end of the list's own data when only this marker is missing.
+    /// Returns the records after the marker (100, `marker`) up to the next marker or the extended data. In a
+    /// list without any marker (drawings before R13): all between the type and the extended data. When only
+    /// this marker is missing: an empty range before the extended data.
     [[nodiscard]] TagRange subclass(std::string_view marker) const;
 
-    /// Where `subclass` begins, found without looking at what comes after it.
+    /// Returns where `subclass` begins, without searching for its end.
     [[nodiscard]] std::size_t subclassStart(std::string_view marker) const;
-    /// True for the record behind the last one of a subclass.
+    /// Returns true for a record that ends a subclass.
     [[nodiscard]] static bool endsSubclass(const Tag& tag);
 
-    /// The records of the application group (102, "{name") ... (102, "}"), the brackets included.
+    /// Returns the records of the application group (102, "{name") ... (102, "}"), brackets included; without
+    /// one, an empty range where it belongs.
     [[nodiscard]] TagRange applicationGroup(std::string_view name) const;
 
-    /// The records of the extended data of one application, its name record (1001) included.
+    /// Returns the extended data of one application, its name record (1001) included; without any, an empty
+    /// range at the end.
     [[nodiscard]] TagRange extendedData(std::string_view application) const;
 
-    /// Where extended data begins; size() when there is none.
+    /// Returns where extended data begins; size() when there is none.
     [[nodiscard]] std::size_t extendedDataStart() const;
 
-    /// Typed look at the first tag with the code in a range; nullopt when missing or not such a number.
+    /// Returns the value of the first tag with the code in the range; nullopt when it is missing or
+    /// unreadable.
     [[nodiscard]] std::optional<double> real(int code, TagRange range) const;
     [[nodiscard]] std::optional<std::int64_t> integer(int code, TagRange range) const;
     [[nodiscard]] std::optional<std::uint64_t> handle(int code, TagRange range) const;
     [[nodiscard]] std::optional<std::string_view> text(int code, TagRange range) const;
 
-    /// Replaces the value of the first tag with the code in the range, or adds one at the range's end.
-    /// An equal number keeps its text as it stands.
+    /// Replaces the value of the first tag with the code in the range, or inserts a tag at the end of the
+    /// range. A tag that holds an equal number keeps its text.
     void setReal(int code, double value, TagRange range);
     void setInteger(int code, std::int64_t value, TagRange range);
     void setHandle(int code, std::uint64_t value, TagRange range);
