@@ -104,8 +104,7 @@ private:
             }
         }
         if (codePoint >= 0xD800 && codePoint < 0xE000)
-            result_ +=
-                static_cast<wchar_t>(codePoint); // A lone surrogate is kept so that it can be written back.
+            result_ += static_cast<wchar_t>(codePoint); // A lone surrogate is preserved for writing.
         else
             appendCodePoint(result_, codePoint);
         return true;

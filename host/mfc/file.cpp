@@ -20,13 +20,6 @@ struct CFile::Handle {
 
 namespace {
 
-/// Returns the error for a missing file: that of its folder if the folder is missing, too.
-int folderError(const std::string& path) {
-    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-    std::error_code error;
-    return folder.empty() || std::filesystem::is_directory(folder, error) ? ENOENT : ENOTDIR;
-}
-
 bool creates(UINT flags) {
     return (flags & CFile::modeCreate) != 0 && (flags & CFile::modeNoTruncate) == 0;
 }
@@ -80,7 +73,7 @@ BOOL CFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
         systemError = handle->file.open(file, openMode(flags, file));
     }
     if (systemError == ENOENT)
-        systemError = folderError(file);
+        systemError = zuhost::missingFileError(file);
     if (systemError == 0) {
         handle_ = std::move(handle);
         path_ = path;

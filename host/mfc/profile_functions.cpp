@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
 
 using zuhost::Profile;
 
@@ -68,12 +67,6 @@ int readProfile(const std::string& path, Profile& profile) {
     return 0;
 }
 
-int folderError(const std::string& path) {
-    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-    std::error_code error;
-    return folder.empty() || std::filesystem::is_directory(folder, error) ? ENOENT : ENOTDIR;
-}
-
 } // namespace
 
 DWORD GetPrivateProfileStringW(const wchar_t* section, const wchar_t* key, const wchar_t* fallback,
@@ -83,7 +76,7 @@ DWORD GetPrivateProfileStringW(const wchar_t* section, const wchar_t* key, const
     int error = nameError(file);
     if (error == 0)
         error = readProfile(path, profile);
-    SetLastError(zuhost::lastErrorOf(error == ENOENT ? folderError(path) : error));
+    SetLastError(zuhost::lastErrorOf(error == ENOENT ? zuhost::missingFileError(path) : error));
     if (section == nullptr)
         return copyNames(profile.sections(), buffer, size);
     if (key == nullptr) {
@@ -133,7 +126,7 @@ BOOL WritePrivateProfileStringW(const wchar_t* section, const wchar_t* key, cons
         error = readProfile(path, profile);
     const bool isNew = error == ENOENT;
     if (isNew)
-        error = folderError(path) == ENOENT ? 0 : ENOTDIR;
+        error = zuhost::missingFileError(path) == ENOENT ? 0 : ENOTDIR;
     const bool removes = key == nullptr || value == nullptr;
     if (error == 0 && section == nullptr)
         error = removes && isNew ? 0 : ENOENT;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cerrno>
+#include <filesystem>
 
 namespace zuhost {
 
@@ -52,6 +53,12 @@ DWORD lastErrorOf(int systemError) {
 
 int fileExceptionCauseOf(int systemError) {
     return translation(systemError).cause;
+}
+
+int missingFileError(const std::string& path) {
+    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+    std::error_code error;
+    return folder.empty() || std::filesystem::is_directory(folder, error) ? ENOENT : ENOTDIR;
 }
 
 } // namespace zuhost

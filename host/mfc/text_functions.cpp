@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -57,6 +58,10 @@ bool isBelowOne(std::string_view number, bool hexadecimal) {
     const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
     const auto first = static_cast<std::int64_t>(std::min(digits.find_first_not_of("0."), digits.size()));
     return (point - first) * (hexadecimal ? 4 : 1) + shift < 0;
+}
+
+std::optional<zuhost::TextCodec> codecOf(UINT codePage) {
+    return zuhost::TextCodec::forCodePage(codePage == CP_ACP ? 932 : static_cast<int>(codePage));
 }
 
 } // namespace
@@ -136,7 +141,7 @@ void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* 
 
 int MultiByteToWideChar(UINT codePage, DWORD /*flags*/, const char* bytes, int count, wchar_t* text,
                         int size) {
-    const auto codec = zuhost::TextCodec::forCodePage(codePage == CP_ACP ? 932 : static_cast<int>(codePage));
+    const auto codec = codecOf(codePage);
     if (!codec || bytes == nullptr || count < -1) {
         SetLastError(ERROR_INVALID_PARAMETER);
         return 0;
@@ -157,7 +162,7 @@ int MultiByteToWideChar(UINT codePage, DWORD /*flags*/, const char* bytes, int c
 
 int WideCharToMultiByte(UINT codePage, DWORD /*flags*/, const wchar_t* text, int count, char* bytes, int size,
                         const char* /*defaultCharacter*/, BOOL* usedDefault) {
-    const auto codec = zuhost::TextCodec::forCodePage(codePage == CP_ACP ? 932 : static_cast<int>(codePage));
+    const auto codec = codecOf(codePage);
     if (usedDefault != nullptr)
         *usedDefault = FALSE;
     if (!codec || text == nullptr || count < -1) {

@@ -24,7 +24,6 @@ inline constexpr unsigned kCannotSave = 198;
 inline constexpr unsigned kItem = 199;
 inline constexpr unsigned kValue = 200;
 inline constexpr unsigned kElement = 5005;
-inline constexpr unsigned kAttributesTitle = 5006;
 inline constexpr unsigned kNoBarInValues = 5007;
 inline constexpr unsigned kReadingAttributes = 5008;
 inline constexpr unsigned kLayer = 5009;

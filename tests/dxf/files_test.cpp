@@ -77,7 +77,7 @@ TEST(Files, NamesOfSideFiles) {
     }
 }
 
-TEST(Files, WhichOfThemExist) {
+TEST(Files, ReportsWhichFileExists) {
     const PartFile file("x", "part.dwg");
     CString dxf = file.path();
     dxf.Replace(L".dwg", L".dxf");

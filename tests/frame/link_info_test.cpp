@@ -256,7 +256,7 @@ TEST_F(LinkInfo, SavingFollowsLinksAndKeepsPermissions) {
 }
 
 // The process is ended before each file operation in turn.
-TEST_F(LinkInfo, NoKillLosesTheFile) {
+TEST_F(LinkInfo, EndingTheProcessNeverLosesTheFile) {
     bool finished = false;
     for (int n = 1; !finished; ++n) {
         ASSERT_LT(n, 100);

@@ -27,7 +27,7 @@ Records readAll(Reader reader, RecordError* error = nullptr) {
     return records;
 }
 
-TEST(AsciiReader, LineEndsBlanksAndRemains) {
+TEST(AsciiReader, LineEndsBlanksAndTrailingBytes) {
     const Records expected = {{0, "SECTION"}, {9, ""}, {-4, " a b "}, {1071, "5"}};
     const std::string_view files[] = {
         "  0\nSECTION\n  9\n\n -4\n a b \n1071\n5",

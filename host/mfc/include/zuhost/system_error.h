@@ -2,6 +2,8 @@
 
 #include "../windows.h"
 
+#include <string>
+
 namespace zuhost {
 
 /// Returns the platform's error code for an error number of the system.
@@ -9,5 +11,9 @@ namespace zuhost {
 
 /// Returns the cause of a CFileException for an error number of the system.
 [[nodiscard]] int fileExceptionCauseOf(int systemError);
+
+/// Returns the system's error number for a file that does not exist: ENOTDIR when its folder is missing too,
+/// otherwise ENOENT.
+[[nodiscard]] int missingFileError(const std::string& path);
 
 } // namespace zuhost
