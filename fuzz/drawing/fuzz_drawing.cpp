@@ -1,5 +1,5 @@
-// Opens any bytes as a drawing; what opens must save to the same bytes, and to a drawing that opens again,
-// also through the other form and written from tags.
+// Opens any bytes as a drawing. A drawing that opens must be saved with the same bytes, and must open again
+// after conversion to the other form, written from tags, and edited.
 #include "../support/require.h"
 
 #include "drawing/document.h"
@@ -18,18 +18,18 @@ std::unique_ptr<Document> open(const std::string& bytes) {
     return document ? std::move(*document) : nullptr;
 }
 
-/// Opens what must be a good drawing.
+/// Opens bytes that must be a valid drawing.
 std::unique_ptr<Document> openSaved(const std::string& bytes) {
     auto result = Document::open(bytes, L"saved", nullptr);
     if (const auto* error = std::get_if<DocumentError>(&result))
         std::fprintf(stderr, "%ls\n", error->message().c_str());
-    require(result.index() == 0, "what was saved does not open");
+    require(result.index() == 0, "the saved drawing does not open");
     return std::move(std::get<std::unique_ptr<Document>>(result));
 }
 
 std::unique_ptr<Document> reopen(const std::string& bytes, const Document& original) {
     auto document = openSaved(bytes);
-    require(document->objectCount() == original.objectCount(), "objects were lost or made");
+    require(document->objectCount() == original.objectCount(), "the number of objects changed");
     return document;
 }
 
@@ -40,7 +40,7 @@ void saveFromTags(const Document& document) {
         for (const Tag& tag : tags)
             require(document.decode(document.encode(document.decode(tag.value))) ==
                         document.decode(tag.value),
-                    "text is not stable");
+                    "decoding does not restore the text");
         return &tags;
     };
     reopen(document.bytes(document.form(), everyTag), document);
@@ -74,7 +74,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto document = open(bytes);
     if (!document)
         return 0;
-    require(document->bytes(document->form(), nullptr) == bytes, "the unedited drawing was changed");
+    require(document->bytes(document->form(), nullptr) == bytes, "the unedited drawing changed");
     saveFromTags(*document);
     convert(*document);
     edit(*document);

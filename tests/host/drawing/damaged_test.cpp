@@ -10,7 +10,7 @@ struct Damage {
     const char* what;
     std::string bytes;
     std::uint64_t line;
-    std::wstring problem; ///< A part of it.
+    std::wstring problem; ///< A part of the message.
 };
 
 std::string entities(const std::string& records) {
@@ -22,7 +22,7 @@ const Damage unreadable[] = {
     {"text of another kind", "Hello\nworld\n", 1, L"group code"},
     {"no EOF", dxf("0 SECTION|2 ENTITIES|0 ENDSEC"), 7, L"EOF"},
     {"cut within a value", "0\nSECTION\n2\nENTI", 4, L"ends within the section"},
-    {"cut behind a group code", "0\nSECTION\n2\nENTITIES\n0\n", 5, L"group code"},
+    {"cut after a group code", "0\nSECTION\n2\nENTITIES\n0\n", 5, L"group code"},
     {"cut within a block", dxf("0 SECTION|2 BLOCKS|0 BLOCK|2 A|0 LINE"), 11, L"ends within the block \"A\""},
     {"word as a group code", "0\nSECTION\n2\nENTITIES\n0\nLINE\nlayer\n0\n", 7, L"group code"},
 };
@@ -101,7 +101,7 @@ TEST(Damaged, UnreadableStructureIsAnError) {
     }
 }
 
-TEST(Damaged, OtherFaultsAreWarningsAndKept) {
+TEST(Damaged, OtherFaultsAreWarningsAndPreserved) {
     for (const Damage& damage : mended) {
         SCOPED_TRACE(damage.what);
         const auto document = opened(damage.bytes);
@@ -112,9 +112,8 @@ TEST(Damaged, OtherFaultsAreWarningsAndKept) {
     }
 }
 
-/// The first object keeps the handle; the others get new ones, also where they are found, once anything
-/// changes.
-TEST(Damaged, TakenAndUnreadableHandlesAreReplacedInChangedDrawings) {
+/// The first object keeps the handle. The others are found and, after any change, saved under new ones.
+TEST(Damaged, RepeatedAndUnreadableHandlesAreReplacedInChangedDrawings) {
     const std::string bytes =
         drawing("AC1015", R"(0 SECTION|2 ENTITIES|0 LINE|5 A|0 POINT|102 {X|5 C|102 }|5 A|8 p
 0 CIRCLE|5 ?|0 ARC|5 a|0 ENDSEC)");
@@ -145,7 +144,7 @@ TEST(Damaged, ManyFaultsAreCounted) {
     }));
 }
 
-TEST(Damaged, LinesAreCountedWhateverEndsThem) {
+TEST(Damaged, LinesAreCountedWithEveryLineEnd) {
     for (const std::string end : {"\n", "\r\n", "\r"}) {
         std::string bytes;
         for (const char c : entities("0 LINE|10 ?"))
@@ -154,8 +153,7 @@ TEST(Damaged, LinesAreCountedWhateverEndsThem) {
     }
 }
 
-/// Every way to cut a drawing off is told, none opens.
-TEST(Damaged, NoPrefixOfADrawingOpens) {
+TEST(Damaged, TruncatedDrawingsAreErrors) {
     for (const char* sample : {"/drawings/office-floor-932.dxf", "/parts/binary/fitting-01.dxf"}) {
         const std::string whole = fileBytes(std::string(ZU_SAMPLES) + sample);
         ASSERT_FALSE(whole.empty());
@@ -175,7 +173,7 @@ TEST(Damaged, BinaryErrorsNameTheByte) {
     EXPECT_NE(error.message().find(L": byte " + std::to_wstring(code)), std::wstring::npos);
 }
 
-TEST(Damaged, MissingFileIsTold) {
+TEST(Damaged, MissingFileIsReported) {
     auto result = Document::openFile(L"no/such/drawing.dxf", nullptr);
     const auto* error = std::get_if<DocumentError>(&result);
     ASSERT_TRUE(error);
@@ -183,8 +181,7 @@ TEST(Damaged, MissingFileIsTold) {
     EXPECT_FALSE(error->problem.empty());
 }
 
-/// Spellings that are no faults.
-TEST(Damaged, OddSpellingsAreAcceptedAndKept) {
+TEST(Damaged, UnusualNotationsAreAcceptedAndPreserved) {
     for (const char* records :
          {"40  1.5 ", "40 1.0E 20", "40 nan", "40 -1.#IND", "40 +2", "40 .5", "40 1e400", "70    3 ", "62 +7",
           "5 0", "330 0", "1500 whatever", "-4 <or", "310 odd digits", "290 1"}) {

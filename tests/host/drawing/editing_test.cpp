@@ -4,12 +4,13 @@
 
 #include <gtest/gtest.h>
 #include <map>
+#include <sstream>
 
 using namespace zuhost;
 
 namespace {
 
-/// Tags of changed objects, as the database gives them.
+/// Tags of changed objects, as the database supplies them.
 class Changes {
 public:
     TagList& operator[](const AcDbStub* stub) { return tags_[stub]; }
@@ -30,16 +31,22 @@ std::string officeFloor() {
 }
 
 std::size_t differingLines(const std::string& a, const std::string& b) {
+    std::istringstream left(a);
+    std::istringstream right(b);
     std::size_t count = 0;
-    std::size_t i = 0;
-    std::size_t j = 0;
-    while (i < a.size() && j < b.size()) {
-        const std::size_t ends[] = {a.find('\n', i), b.find('\n', j)};
-        count += a.compare(i, ends[0] - i, b, j, ends[1] - j) == 0 ? 0U : 1U;
-        i = ends[0] + 1;
-        j = ends[1] + 1;
-    }
+    for (std::string x, y; std::getline(left, x) && std::getline(right, y);)
+        count += x == y ? 0U : 1U;
     return count;
+}
+
+/// Ends lines with CR LF and pads group codes with blanks.
+std::string padded(const std::string& records, std::size_t width) {
+    std::istringstream lines(records);
+    std::string result;
+    for (std::string code, value; std::getline(lines, code) && std::getline(lines, value);)
+        result.append(code.size() < width ? width - code.size() : 0, ' ')
+            .append(code + "\r\n" + value + "\r\n");
+    return result;
 }
 
 } // namespace
@@ -58,25 +65,12 @@ TEST(Editing, OneChangedValueChangesOneLine) {
     EXPECT_EQ(again->decode(*tags.text(8, tags.all())), L"表示能力");
 }
 
-/// What is written from tags looks like its file: line ends, padding.
-TEST(Editing, ChangedObjectsAreSpelledLikeTheirFile) {
-    for (const char* start : {"", "999\r\na comment\r\n"}) {
+TEST(Editing, ChangedObjectsAreFormattedLikeTheirFile) {
+    for (const std::string start : {"", "999\r\na comment\r\n"}) {
         for (const std::size_t width : {1U, 3U, 6U}) {
-            const auto record = [&](const std::string& code, const char* value) {
-                return std::string(code.size() < width ? width - code.size() : 0, ' ')
-                    .append(code)
-                    .append("\r\n")
-                    .append(value)
-                    .append("\r\n");
-            };
-            const auto plan = [&](const char* colour) {
-                return std::string(start)
-                    .append(record("0", "SECTION"))
-                    .append(record("2", "ENTITIES"))
-                    .append(record("0", "LINE"))
-                    .append(record("62", colour))
-                    .append(record("0", "ENDSEC"))
-                    .append(record("0", "EOF"));
+            const auto plan = [&](const std::string& colour) {
+                return start +
+                       padded(dxf("0 SECTION|2 ENTITIES|0 LINE|62 " + colour + "|0 ENDSEC|0 EOF"), width);
             };
             const auto document = opened(plan("1"));
             const AcDbStub* line = member(*document, "LINE");
@@ -116,7 +110,7 @@ TEST(Editing, AddedEntryRaisesSeedAndCount) {
     EXPECT_GT(parseHandle(header[seed].value), added->handle);
 }
 
-TEST(Editing, ErasedObjectsAreLeftOut) {
+TEST(Editing, ErasedObjectsAreOmitted) {
     const std::string bytes = drawing("AC1015", R"(
 0 SECTION|2 BLOCKS|0 BLOCK|5 1|2 A|0 LINE|5 2|0 ENDBLK|5 3|0 BLOCK|5 4|2 B|0 LINE|5 5|0 ENDBLK|5 6|0 ENDSEC
 0 SECTION|2 ENTITIES|0 LINE|5 10|0 INSERT|5 11|66 1|0 ATTRIB|5 12|330 11|0 SEQEND|5 13|0 CIRCLE|5 14|0 ENDSEC
@@ -133,7 +127,7 @@ TEST(Editing, ErasedObjectsAreLeftOut) {
     EXPECT_EQ(saved(*document), bytes);
 }
 
-TEST(Editing, NewMembersStandWhereTheyWerePut) {
+TEST(Editing, NewMembersAreWrittenAtTheirPosition) {
     const auto document =
         opened(drawing("AC1015", "0 SECTION|2 ENTITIES|0 INSERT|5 11|0 LINE|5 12|999 at the end|0 ENDSEC"));
     Container& entities = document->container(Container::Kind::entities);
@@ -147,14 +141,14 @@ TEST(Editing, NewMembersStandWhereTheyWerePut) {
                                     "|999 at the end|0 POINT|5 13|330 0|0 ENDSEC|0 EOF"));
 }
 
-TEST(Editing, MissingTablesBlocksAndSectionsAreMade) {
+TEST(Editing, MissingTablesBlocksAndSectionsAreCreated) {
     const std::string bytes = dxf("0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|9 $HANDSEED|5 11|0 ENDSEC"
                                   "|0 SECTION|2 ENTITIES|0 LINE|5 10|0 ENDSEC|0 EOF");
     const auto document = opened(bytes);
     Container& objects = document->container(Container::Kind::objects);
     Container& layers = document->container(Container::Kind::table, "LAYER");
     EXPECT_EQ(&layers, &document->container(Container::Kind::table, "LAYER"));
-    EXPECT_EQ(saved(*document), bytes) << "asking alone writes nothing";
+    EXPECT_EQ(saved(*document), bytes) << "containers without members are not written";
     document->append(objects, "DICTIONARY", nullptr);
     document->append(layers, "LAYER", layers.head);
     Container& block = document->appendBlock("B", nullptr);
@@ -188,7 +182,6 @@ TEST(Editing, ChangedHeaderIsWritten) {
     EXPECT_EQ(saved(*bare), saved(*document));
 }
 
-/// Changed objects in the other form go the same way.
 TEST(Editing, EditedDrawingsCanChangeTheirForm) {
     const auto document = opened(officeFloor());
     AcDbStub* line = member(*document, "LINE");

@@ -31,7 +31,7 @@ bool sameValue(int code, const std::string& a, const std::string& b) {
     return dxf::isInteger(type) ? parseInteger(a) == parseInteger(b) : a == b;
 }
 
-/// The tags equal as numbers and texts.
+/// Compares numbers by value.
 void expectSameTags(const TagList& a, const TagList& b) {
     ASSERT_EQ(a.size(), b.size());
     for (std::size_t i = 0; i < a.size(); ++i) {
@@ -66,7 +66,7 @@ TEST(RoundTrip, UneditedSamplesKeepTheirBytes) {
     }
 }
 
-TEST(RoundTrip, TheOtherFormHoldsTheSame) {
+TEST(RoundTrip, TheOtherFormKeepsObjectsAndValues) {
     for (const char* name : samples) {
         SCOPED_TRACE(name);
         const auto document = opened(sample(name));
@@ -80,8 +80,7 @@ TEST(RoundTrip, TheOtherFormHoldsTheSame) {
     }
 }
 
-/// Written from tags, each object has the very bytes it had.
-TEST(RoundTrip, ObjectsWrittenFromTagsAreSpelledLikeTheirFile) {
+TEST(RoundTrip, ObjectsWrittenFromTagsKeepTheirBytes) {
     for (const char* name : samples) {
         const std::string bytes = sample(name);
         const auto document = opened(bytes);
@@ -131,8 +130,7 @@ TEST(RoundTrip, LineEndsWithinTextsOfTheBinaryFormReturn) {
               TagList({{0, "X"}, {1, "a\nb\rc"}, {1, "^^J^"}, {1, "\x83\x5EJ\n"}}));
 }
 
-/// What the binary form cannot hold is told; nothing is cut to fit.
-TEST(RoundTrip, ValuesThatDoNotFitAreRefused) {
+TEST(RoundTrip, ValuesThatDoNotFitAreErrors) {
     const std::string zero("a\0b", 3);
     for (const std::string& record :
          {std::string("70 32768"), std::string("90 3000000000"), std::string("290 256"), "1 " + zero,

@@ -1,4 +1,4 @@
-// Whatever fails during a save, and wherever the process ends, the file is the old one or the new one.
+// A save that fails or is killed at any point leaves the old file or the new one.
 #include "notation.h"
 #include "temporary_folder.h"
 
@@ -87,12 +87,12 @@ TEST_F(SaveFailure, KilledAtAnyOperationLeavesAWholeFile) {
         const std::string now = onDisk();
         ASSERT_TRUE(now == newBytes_ || (!finished && now == oldBytes_)) << "operation " << n;
         for (const fs::directory_entry& entry : fs::directory_iterator(folder_.path()))
-            fs::remove(entry.path()); // temporary files of the killed
+            fs::remove(entry.path()); // temporary files of killed processes
     }
     EXPECT_TRUE(finished);
 }
 
-/// A value that does not fit is found on the way; nothing is left behind then.
+/// A value that does not fit is found while writing.
 TEST_F(SaveFailure, RefusedFormLeavesTheOldFile) {
     const auto document = opened(drawing("AC1032", "0 SECTION|2 ENTITIES|0 X|70 99999|0 ENDSEC"));
     const auto error = document->save(path(), DrawingForm::binary, nullptr);
@@ -102,7 +102,7 @@ TEST_F(SaveFailure, RefusedFormLeavesTheOldFile) {
     EXPECT_EQ(filesInFolder(), 1U);
 }
 
-TEST_F(SaveFailure, FolderThatIsNotThereIsTold) {
+TEST_F(SaveFailure, MissingFolderIsReported) {
     const auto error = document_->save(hostPath(folder_.file("none/plan.dxf")), DrawingForm::ascii, nullptr);
     ASSERT_TRUE(error);
     EXPECT_NE(error->file.find(L"none"), std::wstring::npos);

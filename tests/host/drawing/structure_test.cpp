@@ -39,7 +39,7 @@ const Container& last(const Document& document, Container::Kind kind) {
 
 } // namespace
 
-TEST(Structure, DrawingBeforeR13GetsHandlesOfOurs) {
+TEST(Structure, DrawingsBeforeR13GetInternalHandles) {
     const auto document = opened(drawing("AC1009", r12Sections));
     EXPECT_EQ(document->version(), 1009);
     ASSERT_EQ(document->containers().size(), 5U);
@@ -102,7 +102,7 @@ TEST(Structure, OwnersFromR13AreNamedByTheFile) {
     EXPECT_EQ(ownerOf(0x1F), 1U);
     EXPECT_EQ(ownerOf(0x30), 0x1FU); // not the one of the reactors
     EXPECT_EQ(ownerOf(0x31), 0x2FU); // none named: the record of paper space
-    EXPECT_EQ(ownerOf(0x32), 0x1FU); // what stands behind the first marker, or comes second, is no owner
+    EXPECT_EQ(ownerOf(0x32), 0x1FU); // ignores 330 after the first marker, and the second one before it
     EXPECT_EQ(ownerOf(0xFFFFFFFFFFFFFF00), 0x1FU);
     EXPECT_EQ(ownerOf(0x23), 0x2FU);
     EXPECT_EQ(ownerOf(0x41), 0x40U);
@@ -119,7 +119,7 @@ TEST(Structure, EntitiesAloneAreADrawing) {
     EXPECT_TRUE(document->header().empty());
 }
 
-TEST(Structure, WhatNobodyKnowsIsKept) {
+TEST(Structure, UnknownContentsArePreserved) {
     const std::string bytes = "\xEF\xBB\xBF" + drawing("AC1032", R"(
 999 between sections
 0 SECTION|2 THUMBNAILIMAGE|90 4|310 00FF00FF|0 ENDSEC
@@ -141,10 +141,26 @@ TEST(Structure, BinaryDrawingsBeforeR13HaveShortGroupCodes) {
     EXPECT_EQ(again->form(), DrawingForm::binary);
     EXPECT_EQ(saved(*again), binary);
     EXPECT_EQ(again->objectCount(), ascii->objectCount());
-    // As others read them: by the text of $ACADVER, and one of R12 without it.
+    // Other readers decide by the text of $ACADVER, and read a drawing without it as one of R12.
     const auto firstCode = [](const std::string& bytes) {
         return opened(bytes)->bytes(DrawingForm::binary, nullptr).substr(22, 3);
     };
     EXPECT_EQ(firstCode(dxf("0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF")), std::string("\0SE", 3));
     EXPECT_EQ(firstCode(drawing("AC10XX", "")), std::string("\0\0S", 3));
+}
+
+TEST(Structure, EmptyDrawingsHaveTablesSpacesAndOwners) {
+    const auto document = Document::createEmpty(nullptr);
+    ASSERT_TRUE(document);
+    EXPECT_EQ(document->version(), 1032);
+    EXPECT_TRUE(document->warnings().empty());
+    for (const char* table :
+         {"VPORT", "LTYPE", "LAYER", "STYLE", "VIEW", "UCS", "APPID", "DIMSTYLE", "BLOCK_RECORD"})
+        EXPECT_FALSE(document->container(Container::Kind::table, table).created) << table;
+    const Container& model = document->container(Container::Kind::block, "*Model_Space");
+    EXPECT_EQ(document->typeName(*model.head->owner), "BLOCK_RECORD");
+    // Only the root dictionary has no owner.
+    for (const Container& container : document->containers())
+        for (const AcDbStub* stub : container.members)
+            EXPECT_TRUE(stub->owner || stub->handle == 0xC) << stub->handle;
 }

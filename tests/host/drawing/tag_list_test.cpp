@@ -10,7 +10,7 @@ using namespace zuhost;
 
 namespace {
 
-/// "CODE VALUE" records parted by "|".
+/// "CODE VALUE" records separated by "|".
 TagList list(std::string_view notation) {
     const auto document = opened(dxf("0 SECTION|2 ENTITIES|" + std::string(notation) + "|0 ENDSEC|0 EOF"));
     return document->tags(*document->containers().front().members.at(0));
@@ -72,7 +72,7 @@ TEST(TagList, ReadsAndWritesValues) {
     EXPECT_EQ(tags.size(), 5U);
 }
 
-TEST(Numbers, AreReadAsFilesSpellThem) {
+TEST(Numbers, AreReadInEveryNotation) {
     const std::pair<const char*, double> reals[] = {
         {"1", 1},      {" 1.5\t", 1.5},       {"+.5", .5},          {"5.", 5},         {"1.0E 20", 1e20},
         {"1e-400", 0}, {"-1e400", -HUGE_VAL}, {"1.#INF", HUGE_VAL}, {"inf", HUGE_VAL}, {"-0", 0},

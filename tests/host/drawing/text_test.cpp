@@ -24,7 +24,7 @@ TEST(Text, DecodesByVersionAndCodePage) {
         {"AC1015", "ANSI_932", "\x83\x7C\x83\x93\x83\x76", L"ポンプ"},
         {"AC1015", "ansi_932", "\x95\x5C\\U+33a5/h", L"表㎥/h"}, // the second byte of 表 is a backslash
         {"AC1018", "ANSI_932", "\x83\x5E\x5E\x4A", L"タ\n"},     // ... and that of タ a caret
-        {"AC1021", "ANSI_932", "\xE8\xA1\xA8", L"表"},           // UTF-8 whatever the page
+        {"AC1021", "ANSI_932", "\xE8\xA1\xA8", L"表"},           // UTF-8 regardless of the page
         {"AC1032", "ANSI_1252", "\\U+8868", L"表"},
         {"AC1015", "ANSI_1252", "\xE9\x80", L"é€"},
         {"AC1009", "dos850", "\x82", L"é"},
@@ -37,7 +37,7 @@ TEST(Text, DecodesByVersionAndCodePage) {
         EXPECT_EQ(drawingOf(c.version, c.page)->decode(c.bytes), c.text) << c.version << ' ' << c.bytes;
 }
 
-TEST(Text, WhatIsEncodedDecodesToTheSame) {
+TEST(Text, DecodingRestoresEncodedText) {
     const std::wstring texts[] = {L"機器-固定",         L"850㎥/h é ü", L"𠮷野家",
                                   L"line\r\nline\tend", L"x^2 ^J",      L"\\U+0041 \\P \\M+1955C",
                                   L"能 ～ － ①"};
@@ -55,7 +55,7 @@ TEST(Text, WhatIsEncodedDecodesToTheSame) {
     EXPECT_EQ(drawingOf("AC1015", "ANSI_1252")->encode(L"𠮷"), "\\U+D842\\U+DFB7");
 }
 
-TEST(Text, HalfASurrogatePairIsKept) {
+TEST(Text, LoneSurrogatesArePreserved) {
     const auto document = drawingOf("AC1032", "");
     EXPECT_EQ(document->encode(document->decode("a\\U+D842b")), "a\\U+D842b");
 }
