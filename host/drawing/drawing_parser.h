@@ -50,6 +50,7 @@ private:
     bool parseFacts(int handleCode, Facts& facts);
     void collectFact(int handleCode, Facts& facts);
     void collectReference();
+    std::uint64_t reference();
     bool parseMember(Container& container);
     void joinToParent(AcDbStub& stub);
 
@@ -73,6 +74,8 @@ private:
     bool inGroup_ = false; ///< Within an application group.
     std::vector<OwnerHint> hints_;
     std::uint64_t greatestReference_ = 0;
+    std::string_view lastReferenceText_;
+    std::uint64_t lastReference_ = 0;
     AcDbStub* parent_ = nullptr; ///< The POLYLINE or INSERT whose vertices or attributes can follow.
     std::wstring context_;       ///< What is being parsed, for messages.
     std::uint64_t faultOffset_ = 0;

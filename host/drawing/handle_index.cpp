@@ -6,15 +6,12 @@ namespace zuhost {
 namespace {
 
 constexpr auto kByHandle = [](const auto& a, const auto& b) { return a.handle < b.handle; };
-constexpr auto kByHandleAndPlace = [](const auto& a, const auto& b) {
-    return a.handle != b.handle ? a.handle < b.handle : a.stub->offset < b.stub->offset;
-};
 
 } // namespace
 
 void HandleIndex::sort() {
     if (!std::is_sorted(entries_.begin(), entries_.end(), kByHandle))
-        std::sort(entries_.begin(), entries_.end(), kByHandleAndPlace);
+        std::stable_sort(entries_.begin(), entries_.end(), kByHandle);
 }
 
 std::vector<AcDbStub*> HandleIndex::build(std::deque<AcDbStub>& stubs) {

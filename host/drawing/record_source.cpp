@@ -1,7 +1,6 @@
 #include "record_source.h"
 
 #include "dxf_records/number_text.h"
-#include "value_check.h"
 
 namespace zuhost {
 namespace {
@@ -58,11 +57,6 @@ ReadResult RecordSource::failAtReader(const dxf::RecordError& error) {
     faultOffset_ = start_ + error.offset;
     fault_ = widened(error.problem);
     return ReadResult::error;
-}
-
-bool RecordSource::isReadable(const dxf::Record& record) const {
-    const bool isText = isAscii() || dxf::valueType(record.code) == ValueType::handle;
-    return !isText || zuhost::isReadable(record.code, record.value);
 }
 
 std::uint64_t RecordSource::valueOffset(const dxf::Record& record) const {

@@ -2,6 +2,7 @@
 
 #include "drawing_state.h"
 #include "dxf_records/record_reader.h"
+#include "value_check.h"
 
 namespace zuhost {
 
@@ -17,7 +18,10 @@ public:
     [[nodiscard]] const std::wstring& fault() const { return fault_; }
 
     /// Returns whether the value has the type that its group code demands.
-    [[nodiscard]] bool isReadable(const dxf::Record& record) const;
+    [[nodiscard]] bool isReadable(const dxf::Record& record) const {
+        const bool isText = isAscii() || dxf::valueType(record.code) == dxf::ValueType::handle;
+        return !isText || zuhost::isReadable(record.code, record.value);
+    }
     /// Returns the offset for faults of the value: in ASCII drawings that of the value, which has its own
     /// line.
     [[nodiscard]] std::uint64_t valueOffset(const dxf::Record& record) const;

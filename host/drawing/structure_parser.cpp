@@ -338,7 +338,7 @@ void StructureParser::collectFact(int handleCode, Facts& facts) {
         return;
     case kOwnerCode:
         if (inHead_ && !inGroup_ && facts.owner.handle == 0)
-            facts.owner.handle = parseHandle(record_.value).value_or(0);
+            facts.owner.handle = reference();
         return;
     default:
         return;
@@ -350,8 +350,18 @@ void StructureParser::collectReference() {
     constexpr std::uint64_t kImplausible = std::uint64_t{1} << 60U;
     if (record_.code < 320 || dxf::valueType(record_.code) != dxf::ValueType::handle)
         return;
-    if (const auto handle = parseHandle(record_.value); handle && *handle < kImplausible)
-        greatestReference_ = std::max(greatestReference_, *handle);
+    if (const std::uint64_t handle = reference(); handle < kImplausible)
+        greatestReference_ = std::max(greatestReference_, handle);
+}
+
+/// Returns the handle that the record refers to; 0 when it is unreadable. Neighbours usually have the same
+/// owner.
+std::uint64_t StructureParser::reference() {
+    if (record_.value != lastReferenceText_) {
+        lastReferenceText_ = record_.value;
+        lastReference_ = parseHandle(record_.value).value_or(0);
+    }
+    return lastReference_;
 }
 
 bool StructureParser::next() {
