@@ -5,10 +5,9 @@
 #include "../support/require.h"
 
 #include "failure.h"
-#include "model/audit/audit.h"
+#include "model/audit.h"
 #include "model/drawing_file.h"
 #include "model/element.h"
-#include "model/group.h"
 #include "plan/plan_picture.h"
 #include "plan/plan_scene.h"
 #include "text.h"
@@ -17,6 +16,7 @@
 #include <dbobjptr.h>
 #include <zucomn/dbservices.h>
 #include <zucomn/model/attributes.h>
+#include <zucomn/model/groups.h>
 #include <zucomn/model/joints.h>
 #include <zucomn/route.h>
 
@@ -62,7 +62,7 @@ void list(const app::DrawingFile& drawing) {
     for (const AcDbObjectId id : references)
         (void)app::readElement(id);
     for (const AcDbObjectId id : drawing.groups())
-        (void)app::readGroup(id);
+        (void)zucomn::readGroup(id);
     (void)zucomn::joinedElements(zucomn::connectionPoints(references));
     for (std::size_t i = 0; i < std::min(references.size(), kSearches); ++i)
         search(references[i]);
@@ -99,7 +99,7 @@ void show(const CString& file, std::string_view bytes) {
     if (!drawing)
         return;
     list(*drawing);
-    (void)app::auditRoutes(*drawing, false);
+    (void)app::audit(*drawing, false);
     draw(*drawing);
     const std::string saved = drawing->database().dxfOutBytes(drawing->database().isBinary());
     // Faults that were mended on the way in are mended in the file, too.
@@ -149,7 +149,7 @@ void edit(const CString& file) {
 }
 
 std::ptrdiff_t repairsOf(app::DrawingFile& drawing) {
-    const std::vector<app::Finding> findings = app::auditRoutes(drawing, true);
+    const std::vector<app::Finding> findings = app::audit(drawing, true);
     return std::count_if(findings.begin(), findings.end(), [](const app::Finding& finding) {
         if (finding.repaired)
             std::fprintf(stderr, "%s: %s\n", finding.handle.c_str(), finding.problem.c_str());
@@ -161,7 +161,7 @@ void repair(const MemoryFile& memory, const CString& file) {
     const auto drawing = open(file);
     if (!drawing)
         return;
-    (void)app::auditRoutes(*drawing, true);
+    (void)app::audit(*drawing, true);
     const std::string saved = drawing->database().dxfOutBytes(drawing->database().isBinary());
     const auto again = open(memory.fill(saved));
     require(again != nullptr, "a repaired drawing does not open");

@@ -9,6 +9,8 @@
 #include <dbmain.h>
 #include <dbobjptr.h>
 
+#include <unordered_set>
+
 namespace zucomn {
 
 std::optional<Group> readGroup(AcDbObjectId id) {
@@ -27,8 +29,9 @@ std::vector<AcDbObjectId> groupsOf(const AcDbDatabase& drawing) {
     if (dictionary.openStatus() != Acad::eOk)
         return {};
     std::vector<AcDbObjectId> groups;
+    std::unordered_set<AcDbObjectId> seen;
     for (const auto& entry : dictionary->entries())
-        if (entry.id.objectClass()->isDerivedFrom(AcDbGroup::desc()))
+        if (entry.id.objectClass()->isDerivedFrom(AcDbGroup::desc()) && seen.insert(entry.id).second)
             groups.push_back(entry.id);
     return groups;
 }

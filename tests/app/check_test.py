@@ -90,6 +90,7 @@ def member_in_paper_space(d):
 
 def unregistered_application(d):
     d.objects.remove(next(o for o in d.objects if o[0][1].strip() == b"APPID" and places(o, 2, "ZU_LINK")))
+    d.at(DUCT).extend(record(d.at(DUCT)[0], *value) for value in ((1001, "OTHER"), (1000, "x")))
 
 
 def two_on_one_place(d):
@@ -150,7 +151,7 @@ CASES = [
     (empty_records, [(DUCT, "attribute record is empty", YES), ("114", "link record is empty", YES)], {DUCT, "114"}),
     (wrong_data, [(DUCT, "link record holds values that are no texts", NO), ("114", "more than once", NO)], set()),
     (member_in_paper_space, [("106", "more than once", NO)], set()),
-    (unregistered_application, [("3", "application ZU_LINK is not registered", YES)], {None}),
+    (unregistered_application, [("3", "application %s is not registered" % a, YES) for a in ("ZU_LINK", "OTHER")], {None, "3"}),
     (two_on_one_place, [("178", "joins several elements: 17A, 17E", NO), ("17A", "joins several elements: 178, 17E", NO),
                         ("17C", "1 at 2435.3, 3565 joins nothing", NO), ("17E", "joins several elements: 178, 17A", NO),
                         ("17E", "joins nothing", NO), ("180", "joins nothing", NO)], set()),

@@ -1,7 +1,7 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
-#include "model/audit/audit.h"
+#include "model/audit.h"
 #include "report/output.h"
 
 #include <algorithm>
@@ -49,7 +49,7 @@ void run(const Options& options) {
     if (options.repair == options.output.empty())
         throw WrongUsage("--repair and -o belong together: the repaired drawing is saved there");
     DrawingFile drawing(options.drawing);
-    const std::vector<Finding> findings = auditRoutes(drawing, options.repair);
+    const std::vector<Finding> findings = audit(drawing, options.repair);
     if (options.repair)
         drawing.save(options.output);
     print(findings, options);

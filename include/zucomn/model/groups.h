@@ -25,8 +25,8 @@ struct Group {
 /// Returns nullopt when the object is no group or can't be opened.
 [[nodiscard]] ZUCOMN_API std::optional<Group> readGroup(AcDbObjectId id);
 
-/// Returns the groups of the drawing's group dictionary in its order. What else the dictionary of a damaged
-/// drawing holds is left out.
+/// Returns the groups of the drawing's group dictionary in its order, each once. What else the dictionary of
+/// a damaged drawing holds is left out.
 [[nodiscard]] ZUCOMN_API std::vector<AcDbObjectId> groupsOf(const AcDbDatabase& drawing);
 
 } // namespace zucomn

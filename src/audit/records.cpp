@@ -1,27 +1,27 @@
-#include "model/audit/audit.h"
-#include "text.h"
+#include "attributes/attribute_record.h"
+#include "findings.h"
+#include "route/link_record.h"
 
 #include <adslib.h>
 #include <arxutil.h>
 #include <dbobjptr.h>
-#include <dbsymtb.h>
 
 #include <algorithm>
 #include <memory>
 #include <optional>
 
-namespace zu::app {
+namespace zu {
 
 namespace {
 
-constexpr const wchar_t* kAttributes = L"ZU_ATTR";
-constexpr const wchar_t* kLink = L"ZU_LINK";
+using zucomn::RouteFault;
+
 constexpr short kApplicationName = 1001;
 constexpr short kComment = 999;
 constexpr short kText = 1000;
 constexpr std::size_t kHeaderFields = 3;
-constexpr std::size_t kItemFields = 6;
-constexpr const char* kHeader = "header of the attribute record";
+constexpr std::size_t kItemFields = kStoredFields;
+constexpr const wchar_t* kHeader = L"header of the attribute record";
 
 struct ChainDeleter {
     void operator()(resbuf* chain) const { acutRelRb(chain); }
@@ -61,27 +61,23 @@ Record readRecord(const resbuf* chain, const wchar_t* application) {
     return record;
 }
 
-/// The fields of a text that are each ended by a bar, and what stands behind the last one.
+/// The fields of a text that are each ended by a bar, and what follows the last one.
 struct Fields {
     std::vector<CString> ended;
     CString rest;
 };
 
 Fields split(const CString& text) {
-    Fields fields;
-    int start = 0;
-    for (int bar = text.Find(L'|'); bar >= 0; bar = text.Find(L'|', start)) {
-        fields.ended.push_back(text.Mid(start, bar - start));
-        start = bar + 1;
-    }
-    fields.rest = text.Mid(start);
+    Fields fields{splitFields(text), {}};
+    fields.rest = fields.ended.back();
+    fields.ended.pop_back();
     return fields;
 }
 
 CString join(const std::vector<CString>& fields) {
     CString text;
     for (const CString& field : fields)
-        text += field + L"|";
+        text += field + kFieldSeparator;
     return text;
 }
 
@@ -98,12 +94,12 @@ std::optional<CString> withFields(const CString& text, std::size_t count) {
     return join(fields.ended);
 }
 
-std::string fieldsProblem(const std::string& what, const CString& text, std::size_t wanted) {
+std::wstring fieldsProblem(const std::wstring& what, const CString& text, std::size_t wanted) {
     const Fields fields = split(text);
     if (!fields.rest.IsEmpty())
-        return what + " has a field that no bar ends: " + narrow(text.view());
-    return what + " has " + std::to_string(fields.ended.size()) + " fields instead of " +
-           std::to_string(wanted) + ": " + narrow(text.view());
+        return what + L" has a field that no bar ends: " + std::wstring(text.view());
+    return what + L" has " + std::to_wstring(fields.ended.size()) + L" fields instead of " +
+           std::to_wstring(wanted) + L": " + std::wstring(text.view());
 }
 
 bool isCount(const CString& field) {
@@ -115,19 +111,21 @@ bool isCount(const CString& field) {
 /// The faults of one entity's record. Its texts are mended where they can be, stored once and then reported.
 class RecordAudit {
 public:
-    RecordAudit(AcDbObjectId entity, const wchar_t* application, Record record)
-        : entity_(entity), application_(application), record_(std::move(record)) {}
+    RecordAudit(AcDbObjectId entity, const wchar_t* application, const resbuf* chain)
+        : entity_(entity), application_(application), record_(readRecord(chain, application)) {}
+
+    [[nodiscard]] bool isThere() const { return record_.count > 0; }
 
     /// False when nothing more can be said of the record.
-    bool checkForm(const std::string& name) {
+    bool checkForm(const std::wstring& name) {
         const bool isEmpty = !record_.hasText() && !record_.hasOtherValues && !record_.hasLaterValues;
         if (record_.count > 1 && !isEmpty)
-            note(name + " is there more than once; only the first counts");
+            note(name + L" is there more than once; only the first counts");
         if (record_.hasOtherValues)
-            note(name + " holds values that are no texts");
+            note(name + L" holds values that are no texts");
         if (record_.hasText())
             return true;
-        faults_.push_back({name + " is empty", isEmpty});
+        faults_.push_back({name + L" is empty", isEmpty});
         record_.texts.clear();
         return false;
     }
@@ -140,26 +138,27 @@ public:
 
     void checkLinkKind() {
         const std::wstring_view text = record_.texts.front().view();
-        if (text.size() < 2 || text[0] < L'0' || text[0] > L'6' || text[1] != L'|')
-            note("link record doesn't begin with a link kind (0 to 6): " + narrow(text));
+        if (linkKind(text) < 0)
+            note(L"link record doesn't begin with a link kind (0 to " + std::to_wstring(kLastLinkKind) +
+                 L"): " + std::wstring(text));
     }
 
-    void report(Audit& audit) const {
+    void report(RouteFault kind, RouteAudit& audit) const {
         const bool isMended =
             std::any_of(faults_.begin(), faults_.end(), [](const Fault& f) { return f.mended; });
         const bool isStored = audit.isRepairing() && isMended && store();
         for (const Fault& fault : faults_)
-            audit.add(entity_, fault.problem, [&] { return fault.mended && isStored; });
+            audit.add(entity_, kind, fault.problem, fault.mended && isStored);
     }
 
 private:
     struct Fault {
-        std::string problem;
+        std::wstring problem;
         bool mended;
     };
 
-    void note(std::string problem) { faults_.push_back({std::move(problem), false}); }
-    void mend(std::string problem, std::size_t place, const CString& text) {
+    void note(std::wstring problem) { faults_.push_back({std::move(problem), false}); }
+    void mend(std::wstring problem, std::size_t place, const CString& text) {
         record_.texts[place] = text;
         faults_.push_back({std::move(problem), true});
     }
@@ -169,8 +168,8 @@ private:
         const std::optional<CString> mended = withFields(text, kItemFields);
         if (mended == text)
             return;
-        const std::string problem =
-            fieldsProblem("item " + std::to_string(place) + " of the attribute record", text, kItemFields);
+        const std::wstring problem =
+            fieldsProblem(L"item " + std::to_wstring(place) + L" of the attribute record", text, kItemFields);
         mended ? mend(problem, place, *mended) : note(problem);
     }
 
@@ -190,8 +189,8 @@ private:
         }
         if (CString(count).Trim() == items)
             return;
-        const std::string problem = "attribute record names \"" + narrow(count.view()) +
-                                    "\" as the number of its items and has " + narrow(items.view());
+        const std::wstring problem = L"attribute record names \"" + std::wstring(count.view()) +
+                                     L"\" as the number of its items and has " + std::wstring(items.view());
         if (!isCount(count) && !count.IsEmpty())
             return note(problem);
         count = items;
@@ -211,60 +210,34 @@ private:
     std::vector<Fault> faults_;
 };
 
-struct Found {
-    bool attributes = false;
-    bool link = false;
-};
-
-Found auditEntity(AcDbObjectId entity, Audit& audit) {
-    Record attributes;
-    Record link;
-    if (const AcDbObjectPointer<AcDbObject> object(entity); object.openStatus() == Acad::eOk) {
-        const std::unique_ptr<resbuf, ChainDeleter> chain(object->xData());
-        attributes = readRecord(chain.get(), kAttributes);
-        link = readRecord(chain.get(), kLink);
-    }
-    const Found found{attributes.count > 0, link.count > 0};
-    if (found.attributes) {
-        RecordAudit record(entity, kAttributes, std::move(attributes));
-        if (record.checkForm("attribute record"))
-            record.checkAttributes();
-        record.report(audit);
-    }
-    if (found.link) {
-        RecordAudit record(entity, kLink, std::move(link));
-        if (record.checkForm("link record"))
-            record.checkLinkKind();
-        record.report(audit);
-    }
-    return found;
+void auditAttributes(AcDbObjectId entity, const resbuf* chain, RouteAudit& audit) {
+    RecordAudit record(entity, kAttributeApplication, chain);
+    if (!record.isThere())
+        return;
+    if (record.checkForm(L"attribute record"))
+        record.checkAttributes();
+    record.report(RouteFault::attributeRecord, audit);
 }
 
-void auditRegistration(AcDbDatabase& database, const wchar_t* application, Audit& audit) {
-    AcDbRegAppTable* table = nullptr;
-    if (database.getSymbolTable(table) != Acad::eOk)
+void auditLink(AcDbObjectId entity, const resbuf* chain, RouteAudit& audit) {
+    RecordAudit record(entity, kLinkApplication, chain);
+    if (!record.isThere())
         return;
-    const bool isKnown = table->has(application);
-    table->close();
-    if (!isKnown)
-        audit.add(database.regAppTableId(),
-                  std::string("application ") + narrow(application) + " is not registered",
-                  [&] { return acdbRegApp(&database, application) == Acad::eOk; });
+    if (record.checkForm(L"link record"))
+        record.checkLinkKind();
+    record.report(RouteFault::linkRecord, audit);
 }
 
 } // namespace
 
-void auditRecords(DrawingFile& drawing, const std::vector<AcDbObjectId>& entities, Audit& audit) {
-    Found any;
+void auditRecords(const std::vector<AcDbObjectId>& entities, RouteAudit& audit) {
     for (const AcDbObjectId entity : entities) {
-        const Found found = auditEntity(entity, audit);
-        any.attributes |= found.attributes;
-        any.link |= found.link;
+        std::unique_ptr<resbuf, ChainDeleter> chain;
+        if (const AcDbObjectPointer<AcDbObject> object(entity); object.openStatus() == Acad::eOk)
+            chain.reset(object->xData());
+        auditAttributes(entity, chain.get(), audit);
+        auditLink(entity, chain.get(), audit);
     }
-    if (any.attributes)
-        auditRegistration(drawing.database(), kAttributes, audit);
-    if (any.link)
-        auditRegistration(drawing.database(), kLink, audit);
 }
 
-} // namespace zu::app
+} // namespace zu

@@ -1,0 +1,76 @@
+#include "zuhost/audit.h"
+
+#include "audit_findings.h"
+#include "database_core.h"
+#include "dbgroup.h"
+#include "dbsymtb.h"
+
+#include <unordered_set>
+
+namespace zuhost {
+
+namespace {
+
+constexpr int kApplication = 1001;
+
+/// The entities of model space and, from elsewhere, the members of groups.
+std::vector<AcDbObjectId> auditedEntities(const AcDbDatabase& database) {
+    AcDbObjectId spaceId;
+    if (const AcDbObjectPointer<AcDbBlockTable> blocks(database.blockTableId());
+        blocks.openStatus() == Acad::eOk)
+        blocks->getAt(ACDB_MODEL_SPACE, spaceId);
+    std::vector<AcDbObjectId> entities;
+    if (const AcDbObjectPointer<AcDbBlockTableRecord> space(spaceId); space.openStatus() == Acad::eOk)
+        entities = space->entityIds();
+    std::unordered_set<AcDbObjectId> known(entities.begin(), entities.end());
+    for (const AcDbObjectId group : dictionaryGroups(database))
+        for (const AcDbObjectId member : membersOf(group))
+            if (member.objectClass()->isDerivedFrom(AcDbEntity::desc()) && known.insert(member).second)
+                entities.push_back(member);
+    return entities;
+}
+
+/// The applications that the entities name, each once, in the order of the entities.
+std::vector<std::wstring> namedApplications(const std::vector<AcDbObjectId>& entities,
+                                            const AcDbDatabase& database) {
+    std::vector<std::wstring> names;
+    std::unordered_set<std::string> known;
+    for (const AcDbObjectId id : entities) {
+        const AcDbObjectPointer<AcDbObject> object(id);
+        if (object.openStatus() != Acad::eOk)
+            continue;
+        const TagList& tags = object->tags();
+        for (std::size_t i = tags.extendedDataStart(); i < tags.size(); ++i)
+            if (tags[i].code == kApplication && known.insert(tags[i].value).second)
+                names.push_back(database.core().document->decode(tags[i].value));
+    }
+    return names;
+}
+
+} // namespace
+
+void auditApplications(const std::vector<AcDbObjectId>& entities, DatabaseAudit& audit) {
+    AcDbDatabase& database = audit.database();
+    for (const std::wstring& name : namedApplications(entities, database)) {
+        AcDbObjectPointer<AcDbRegAppTable> table(database.regAppTableId());
+        if (table.openStatus() != Acad::eOk)
+            return;
+        if (table->has(name.c_str()))
+            continue;
+        table.close();
+        audit.add(database.regAppTableId(), DatabaseFault::unregisteredApplication,
+                  L"application " + name + L" is not registered",
+                  audit.isRepairing() && acdbRegApp(&database, name.c_str()) == Acad::eOk);
+    }
+}
+
+std::vector<DatabaseFinding> auditDatabase(AcDbDatabase& database, bool repairing) {
+    DatabaseAudit audit(database, repairing);
+    auditGroups(audit);
+    const std::vector<AcDbObjectId> entities = auditedEntities(database);
+    auditReactors(entities, audit);
+    auditApplications(entities, audit);
+    return audit.takeFindings();
+}
+
+} // namespace zuhost

@@ -1,0 +1,151 @@
+#include "audit_findings.h"
+#include "dbgroup.h"
+
+#include <unordered_map>
+#include <unordered_set>
+
+namespace zuhost {
+
+namespace {
+
+/// The groups of the drawing, and which of them list an entity.
+class Memberships {
+public:
+    explicit Memberships(const AcDbDatabase& database) {
+        for (const AcDbObjectId group : dictionaryGroups(database))
+            if (known_.insert(group).second)
+                for (const AcDbObjectId member : membersOf(group))
+                    groupsOf_[member].push_back(group);
+    }
+
+    [[nodiscard]] bool hasGroup(AcDbObjectId id) const { return known_.contains(id); }
+
+    [[nodiscard]] std::vector<AcDbObjectId> groupsOf(AcDbObjectId member) const {
+        const auto of = groupsOf_.find(member);
+        return of != groupsOf_.end() ? of->second : std::vector<AcDbObjectId>();
+    }
+
+private:
+    std::unordered_set<AcDbObjectId> known_;
+    std::unordered_map<AcDbObjectId, std::vector<AcDbObjectId>> groupsOf_;
+};
+
+bool isLiveGroup(AcDbObjectId id) {
+    return !id.isNull() && id.objectClass()->isDerivedFrom(AcDbGroup::desc()) &&
+           AcDbObjectPointer<AcDbGroup>(id).openStatus() == Acad::eOk;
+}
+
+/// The groups among the persistent reactors of an entity, each once.
+std::vector<AcDbObjectId> reactorGroups(AcDbObjectId entity) {
+    const AcDbObjectPointer<AcDbObject> object(entity);
+    const AcDbVoidPtrArray* const reactors = object.openStatus() == Acad::eOk ? object->reactors() : nullptr;
+    if (reactors == nullptr)
+        return {};
+    std::vector<AcDbObjectId> groups;
+    std::unordered_set<AcDbObjectId> seen;
+    for (const void* const reactor : *reactors)
+        if (const AcDbObjectId id = acdbPersistentReactorObjectId(reactor);
+            seen.insert(id).second && isLiveGroup(id))
+            groups.push_back(id);
+    return groups;
+}
+
+std::wstring groupName(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbGroup> group(id);
+    return group.openStatus() == Acad::eOk ? group->getName() : std::wstring();
+}
+
+void auditSurplusReactors(AcDbObjectId entity, DatabaseAudit& audit) {
+    std::vector<AcDbHandle> surplus;
+    if (const AcDbObjectPointer<AcDbObject> object(entity); object.openStatus() == Acad::eOk)
+        surplus = object->surplusReactors();
+    if (surplus.empty())
+        return;
+    std::wstring handles;
+    for (const AcDbHandle handle : surplus)
+        handles += L' ' + handleText(handle);
+    const bool removed =
+        audit.repair<AcDbObject>(entity, [](AcDbObject& object) { return object.removeSurplusReactors(); });
+    audit.add(entity, DatabaseFault::reactor,
+              L"names reactors that are not in the drawing, or twice:" + handles, removed);
+}
+
+class ReactorAudit {
+public:
+    explicit ReactorAudit(DatabaseAudit& audit) : memberships_(audit.database()), audit_(audit) {}
+
+    void auditEntity(AcDbObjectId entity) {
+        auditSurplusReactors(entity, audit_);
+        const std::vector<AcDbObjectId> listing = memberships_.groupsOf(entity);
+        const std::vector<AcDbObjectId> named = reactorGroups(entity);
+        auditUnlisted(entity, named, listing);
+        auditUnnamed(entity, named, listing);
+    }
+
+    /// Members of a group that is in no dictionary must not name it, so it is emptied before it is erased.
+    void auditStrays() {
+        for (const AcDbObjectId id : strays_) {
+            const bool erased = audit_.repair<AcDbGroup>(id, [](AcDbGroup& group) {
+                const Acad::ErrorStatus status = group.clear();
+                return status == Acad::eOk ? group.erase() : status;
+            });
+            audit_.add(id, DatabaseFault::strayGroup, L"the group is not in the group dictionary", erased);
+        }
+    }
+
+private:
+    // Reactors are changed in one pass: entities may have any number of them.
+    void auditUnlisted(AcDbObjectId entity, const std::vector<AcDbObjectId>& named,
+                       const std::vector<AcDbObjectId>& listing) {
+        std::unordered_set<AcDbObjectId> unlisted(named.begin(), named.end());
+        for (const AcDbObjectId group : listing)
+            unlisted.erase(group);
+        const bool removed = !unlisted.empty() && audit_.repair<AcDbObject>(entity, [&](AcDbObject& object) {
+            return object.removePersistentReactors(unlisted);
+        });
+        for (const AcDbObjectId group : named)
+            if (unlisted.contains(group))
+                reportUnlisted(entity, group, removed);
+    }
+
+    void auditUnnamed(AcDbObjectId entity, const std::vector<AcDbObjectId>& named,
+                      const std::vector<AcDbObjectId>& listing) {
+        const std::unordered_set<AcDbObjectId> known(named.begin(), named.end());
+        std::vector<AcDbObjectId> missing;
+        for (const AcDbObjectId group : listing)
+            if (!known.contains(group))
+                missing.push_back(group);
+        const bool added = !missing.empty() && audit_.repair<AcDbObject>(entity, [&](AcDbObject& object) {
+            return object.addPersistentReactors(missing);
+        });
+        for (const AcDbObjectId group : missing)
+            audit_.add(entity, DatabaseFault::reactor,
+                       L"is a member of group " + groupName(group) + L" without naming it", added);
+    }
+
+    void reportUnlisted(AcDbObjectId entity, AcDbObjectId group, bool removed) {
+        const bool isStray = !memberships_.hasGroup(group);
+        if (isStray && knownStrays_.insert(group).second)
+            strays_.push_back(group);
+        audit_.add(entity, DatabaseFault::reactor,
+                   L"names the group " + handleText(group.handle()) +
+                       (isStray ? L", which is not in the group dictionary" : L", which doesn't list it"),
+                   removed);
+    }
+
+    Memberships memberships_;
+    DatabaseAudit& audit_;
+    std::vector<AcDbObjectId> strays_;
+    std::unordered_set<AcDbObjectId> knownStrays_;
+};
+
+} // namespace
+
+void auditReactors(const std::vector<AcDbObjectId>& entities, DatabaseAudit& audit) {
+    ReactorAudit reactors(audit);
+    for (const AcDbObjectId entity : entities)
+        reactors.auditEntity(entity);
+    reactors.auditStrays();
+}
+
+} // namespace zuhost

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "../export.h"
+
+#include <dbid.h>
+
+#include <string>
+#include <vector>
+
+class AcDbDatabase;
+
+namespace zucomn {
+
+enum class RouteFault {
+    emptyGroup,      ///< A group without members.
+    membership,      ///< An element in several route groups of one kind.
+    attributeRecord, ///< An attribute record that is damaged.
+    linkRecord,      ///< A link record that is damaged.
+    connectionPoint, ///< A connection point that joins nothing, or several elements.
+};
+
+struct RouteFinding {
+    AcDbObjectId object; ///< The object at fault.
+    RouteFault fault = RouteFault::emptyGroup;
+    std::wstring problem;
+    bool isRepaired = false;
+};
+
+/// Audits the routes of a drawing: groups, then records, then connection points, in model space and in the
+/// members of its groups. When repairing, also repairs what can be repaired without a decision: deletes empty
+/// groups, keeps each element in the lowest-numbered of its route groups of a kind, corrects the form of
+/// attribute records, removes empty records. Returns the findings in that order. Nothing that the library
+/// reads is lost. Repair the database itself first (references of groups and entities).
+[[nodiscard]] ZUCOMN_API std::vector<RouteFinding> auditRoutes(const AcDbDatabase& drawing, bool repairing);
+
+} // namespace zucomn

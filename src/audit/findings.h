@@ -1,0 +1,35 @@
+#pragma once
+
+#include <zucomn/model/audit.h>
+
+#include <utility>
+
+namespace zu {
+
+/// Collects the findings of an audit of routes.
+class RouteAudit {
+public:
+    explicit RouteAudit(bool repairing) : repairing_(repairing) {}
+
+    [[nodiscard]] bool isRepairing() const { return repairing_; }
+    [[nodiscard]] std::vector<zucomn::RouteFinding> takeFindings() { return std::move(findings_); }
+
+    void add(AcDbObjectId object, zucomn::RouteFault fault, std::wstring problem, bool isRepaired = false) {
+        findings_.push_back({object, fault, std::move(problem), isRepaired});
+    }
+
+private:
+    bool repairing_;
+    std::vector<zucomn::RouteFinding> findings_;
+};
+
+// The parts of the audit.
+
+/// Elements in several route groups of one kind.
+void auditMemberships(const AcDbDatabase& drawing, RouteAudit& audit);
+/// Attribute and link records.
+void auditRecords(const std::vector<AcDbObjectId>& entities, RouteAudit& audit);
+/// Connection points that join nothing, or more than one element.
+void auditConnectionPoints(const AcDbDatabase& drawing, RouteAudit& audit);
+
+} // namespace zu
