@@ -1,9 +1,13 @@
 #include "zuhost/atomic_file.h"
 
+#include "temporary_file.h"
+
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <new>
 #include <stdexcept>
+#include <thread>
 
 namespace zuhost {
 
@@ -15,48 +19,67 @@ using file_ops::File;
 constexpr std::size_t kBuffer = std::size_t{1} << 20U;
 /// Limits the bytes of a device, a pipe or a growing file, which may have no end.
 constexpr std::size_t kMostUnexpected = std::size_t{1} << 27U;
-constexpr int kNameAttempts = 1000;
 constexpr int kMostLinks = 40;
-
-/// Resolves symbolic links; the file they name need not exist.
-std::string resolveLinks(const std::string& path) {
-    std::error_code error;
-    fs::path named = path;
-    for (int followed = 0; followed < kMostLinks && fs::is_symlink(fs::symlink_status(named, error));
-         ++followed)
-        named = named.parent_path() / fs::read_symlink(named, error);
-    const fs::path real = fs::weakly_canonical(named, error);
-    return error || real.empty() ? path : real.string();
-}
+constexpr std::chrono::seconds kPatience{10};
+constexpr std::chrono::milliseconds kPause{2};
 
 std::string folderOf(const std::string& path) {
     const std::string folder = fs::path(path).parent_path().string();
     return folder.empty() ? "." : folder;
 }
 
-bool exists(const std::string& path) {
+/// Renaming would replace a file without write permission, and a device or pipe, so that is asked for first.
+/// `exists` receives whether there is a file.
+int writable(const std::string& path, bool& exists) {
     std::error_code error;
-    return fs::exists(path, error);
-}
-
-/// Returns 0 when the file may be replaced. Must be checked first: renaming would replace even a read-only
-/// file, a device or a pipe.
-int replaceError(const std::string& path) {
-    std::error_code unknown;
-    const fs::file_status status = fs::status(path, unknown);
-    if (!fs::exists(status))
-        return 0;
+    const fs::file_status status = fs::status(path, error);
+    exists = fs::exists(status);
+    if (!exists)
+        return status.type() == fs::file_type::not_found ? 0 : error.value();
     if (fs::is_other(status))
         return EPERM;
     File old;
     return old.open(path, File::Mode::update);
 }
 
+/// Locks the file that the name leads to; ENOENT when there is none. A saver that held the lock before has
+/// replaced the file, so that the lock is on one that has lost its name: then the next one is locked.
+int lockFile(const std::string& path, File& file) {
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    do {
+        if (const int error = file.open(path, File::Mode::update))
+            return error;
+        const int error = file.tryLock();
+        if (error != EWOULDBLOCK && (error != 0 || isAt(file, path)))
+            return error;
+        std::this_thread::sleep_for(kPause);
+    } while (std::chrono::steady_clock::now() < end);
+    return EBUSY;
+}
+
 } // namespace
 
-std::variant<std::string, int> readWholeFile(const std::string& path) try {
+std::variant<std::string, int> followLinks(const std::string& path) {
+    if (path.find('\0') != std::string::npos)
+        return EILSEQ;
+    std::error_code error;
+    fs::path named = path;
+    for (int followed = 0; fs::is_symlink(fs::symlink_status(named, error)); ++followed) {
+        if (followed == kMostLinks)
+            return ELOOP;
+        named = named.parent_path() / fs::read_symlink(named, error);
+    }
+    const fs::path real = fs::weakly_canonical(named, error);
+    if (error)
+        return error.value();
+    return real.empty() ? std::variant<std::string, int>(ENOENT) : real.string();
+}
+
+std::variant<std::string, int> readWholeFile(const std::string& path, FileIdentity* identity) try {
     File file;
     if (const int error = file.open(path, File::Mode::read))
+        return error;
+    if (const int error = identity != nullptr ? file.identify(*identity) : 0)
         return error;
     std::error_code sizeError;
     const auto expected = fs::file_size(path, sizeError);
@@ -83,34 +106,33 @@ std::variant<std::string, int> readWholeFile(const std::string& path) try {
     return ENOMEM;
 }
 
-AtomicFile::AtomicFile(const std::string& path, const std::string& model) : target_(resolveLinks(path)) {
-    error_ = replaceError(target_);
-    if (error_ == 0)
-        open(exists(target_) ? target_ : model);
-}
-
-AtomicFile::~AtomicFile() {
-    if (!done_)
-        discard();
-}
-
-void AtomicFile::open(const std::string& rightsOf) {
-    error_ = EEXIST;
-    for (int attempt = 0; attempt < kNameAttempts && error_ == EEXIST; ++attempt) {
-        temporary_ = target_ + ".tmp" + std::to_string(attempt);
-        error_ = file_.open(temporary_, File::Mode::createNew);
+AtomicFile::AtomicFile(const std::string& path, const std::string& model) {
+    auto target = followLinks(path);
+    if (const int* error = std::get_if<int>(&target)) {
+        error_ = *error;
+        return;
     }
-    if (error_ != 0)
-        temporary_.clear();
-    else if (!rightsOf.empty()) // while the file is still empty
-        error_ = file_ops::copyMode(rightsOf, temporary_);
+    target_ = std::move(std::get<std::string>(target));
+    bool exists = false;
+    error_ = writable(target_, exists);
+    if (error_ == 0)
+        open(exists ? target_ : model);
+}
+
+AtomicFile::~AtomicFile() = default;
+
+void AtomicFile::open(const std::string& model) {
+    temporary_ = std::make_unique<TemporaryFile>();
+    error_ = temporary_->create(folderOf(target_));
+    if (error_ == 0 && !model.empty()) // before anything is in it
+        error_ = temporary_->file().copyRights(model);
 }
 
 void AtomicFile::write(std::string_view bytes) {
     if (bytes.size() >= kBuffer) {
         flush();
         if (error_ == 0)
-            error_ = file_.write(bytes);
+            error_ = temporary_->file().write(bytes);
         return;
     }
     buffer_ += bytes;
@@ -120,34 +142,40 @@ void AtomicFile::write(std::string_view bytes) {
 
 void AtomicFile::flush() {
     if (error_ == 0 && !buffer_.empty())
-        error_ = file_.write(buffer_);
+        error_ = temporary_->file().write(buffer_);
     buffer_.clear();
 }
 
-int AtomicFile::commit() {
+int AtomicFile::commit(const FileIdentity* expected) {
     flush();
     if (error_ == 0)
-        error_ = file_.sync();
+        error_ = temporary_->file().sync();
     if (error_ == 0)
-        error_ = file_.close();
+        error_ = replace(expected);
+    // The new file is in place; that a folder can't be synced is no reason to report a failed save.
     if (error_ == 0)
-        error_ = file_ops::rename(temporary_, target_);
-    if (error_ != 0) {
-        discard();
-        return error_;
-    }
-    done_ = true;
-    // The new file is in place: a folder that cannot be synced does not make the save fail.
-    file_ops::syncFolder(folderOf(target_));
-    return 0;
+        file_ops::syncFolder(folderOf(target_));
+    temporary_.reset();
+    return error_;
 }
 
-void AtomicFile::discard() {
-    done_ = true;
-    if (temporary_.empty())
-        return;
-    file_.close();
-    file_ops::remove(temporary_);
+int AtomicFile::replace(const FileIdentity* expected) {
+    File old;
+    const int locked = lockFile(target_, old);
+    if (locked != 0 && locked != ENOENT)
+        return locked;
+    if (expected != nullptr) {
+        FileIdentity now;
+        if (const int error = locked == 0 ? old.identify(now) : ESTALE)
+            return error;
+        if (now != *expected)
+            return ESTALE;
+    }
+    if (const int error = temporary_->renameTo(target_))
+        return error;
+    // The new file is in place: without its identity, the next save of the caller is refused at worst.
+    static_cast<void>(temporary_->file().identify(identity_));
+    return 0;
 }
 
 int replaceFile(const std::string& path, std::string_view bytes, const std::string& model) {

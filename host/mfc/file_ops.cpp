@@ -1,19 +1,28 @@
 #include "zuhost/file_ops.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
+#include <ctime>
 #include <utility>
+#include <vector>
 
 namespace zuhost::file_ops {
 
 namespace {
 
-/// Limits the bytes of one system call; some file systems reject larger ones.
+constexpr mode_t kNewFile = 0666;
+constexpr const char* kAccessList = "system.posix_acl_access";
+
+/// Some file systems refuse larger transfers.
 constexpr std::size_t kLargestTransfer = std::size_t{1} << 30U;
 
 Interceptor& interceptor() {
@@ -21,7 +30,10 @@ Interceptor& interceptor() {
     return current;
 }
 
+/// What an operation fails with before it is begun, or 0.
 int intercepted(Operation operation, const std::string& path) {
+    if (path.find('\0') != std::string::npos)
+        return EILSEQ;
     return interceptor() ? interceptor()(operation, path) : 0;
 }
 
@@ -48,6 +60,68 @@ int openFlags(File::Mode mode) {
 bool isFolder(int handle) {
     struct stat status {};
     return fstat(handle, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+/// A write beyond the limit of file sizes fails with EFBIG; the signal that comes with it would end the
+/// process. Holds it back from this thread and takes it off.
+class FileSizeSignalHeld {
+public:
+    FileSizeSignalHeld() {
+        sigemptyset(&signal_);
+        sigaddset(&signal_, SIGXFSZ);
+        pthread_sigmask(SIG_BLOCK, &signal_, &before_);
+    }
+    ~FileSizeSignalHeld() {
+        const int error = errno;
+        constexpr timespec kAtOnce{};
+        if (sigismember(&before_, SIGXFSZ) == 0)
+            sigtimedwait(&signal_, nullptr, &kAtOnce);
+        pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+        errno = error;
+    }
+    FileSizeSignalHeld(const FileSizeSignalHeld&) = delete;
+    FileSizeSignalHeld& operator=(const FileSizeSignalHeld&) = delete;
+
+private:
+    sigset_t signal_{};
+    sigset_t before_{};
+};
+
+std::int64_t nanoseconds(const statx_timestamp& time) {
+    constexpr std::int64_t kSecond = 1'000'000'000;
+    return time.tv_sec * kSecond + time.tv_nsec;
+}
+
+/// Of the path, or of the open file with an empty one.
+int identityOf(int handle, const char* path, FileIdentity& identity) {
+    struct statx status {};
+    if (::statx(handle, path, AT_EMPTY_PATH | AT_SYMLINK_NOFOLLOW, STATX_BASIC_STATS | STATX_BTIME,
+                &status) != 0)
+        return errno;
+    identity = {std::uint64_t{status.stx_dev_major} << 32U | status.stx_dev_minor, status.stx_ino,
+                (status.stx_mask & STATX_BTIME) != 0 ? nanoseconds(status.stx_btime) : 0,
+                nanoseconds(status.stx_mtime), status.stx_size};
+    return 0;
+}
+
+/// Where the system shows an open file: the only way to name one that has no name.
+std::string shownAt(int handle) {
+    return "/proc/self/fd/" + std::to_string(handle);
+}
+
+/// The old group's rights become those of all others, and no program runs as the new group.
+mode_t withoutGroup(mode_t mode) {
+    return (mode & ~static_cast<mode_t>(S_ISGID | S_IRWXG)) | ((mode & S_IRWXO) << 3U);
+}
+
+int copyAccessList(const std::string& from, int to) {
+    const ssize_t size = ::getxattr(from.c_str(), kAccessList, nullptr, 0);
+    if (size <= 0)
+        return 0;
+    std::vector<char> list(static_cast<std::size_t>(size));
+    const ssize_t read = ::getxattr(from.c_str(), kAccessList, list.data(), list.size());
+    return read < 0 ? errno
+                    : result(::fsetxattr(to, kAccessList, list.data(), static_cast<std::size_t>(read), 0));
 }
 
 } // namespace
@@ -86,7 +160,7 @@ File& File::operator=(File&& other) noexcept {
 int File::open(const std::string& path, Mode mode) {
     if (const int error = intercepted(mode == Mode::read ? Operation::open : Operation::openToWrite, path))
         return error;
-    const int handle = ::open(path.c_str(), openFlags(mode) | O_CLOEXEC, 0666);
+    const int handle = ::open(path.c_str(), openFlags(mode) | O_CLOEXEC, kNewFile);
     if (handle < 0)
         return errno;
     if (mode == Mode::read)
@@ -99,6 +173,30 @@ int File::open(const std::string& path, Mode mode) {
     handle_ = handle;
     path_ = path;
     return 0;
+}
+
+int File::openUnnamed(const std::string& folder) {
+    if (const int error = intercepted(Operation::openUnnamed, folder))
+        return error;
+    const int handle = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFile);
+    if (handle < 0) {
+        // Systems that don't know the flag take it for an attempt to write into the folder.
+        const bool unknown = errno == EISDIR || errno == EINVAL || errno == ENOSYS;
+        return unknown ? EOPNOTSUPP : errno;
+    }
+    *this = File();
+    handle_ = handle;
+    path_ = folder;
+    if (::access(shownAt(handle).c_str(), F_OK) == 0)
+        return 0;
+    *this = File();
+    return EOPNOTSUPP;
+}
+
+int File::link(const std::string& path) {
+    if (const int error = intercepted(Operation::link, path))
+        return error;
+    return result(::linkat(AT_FDCWD, shownAt(handle_).c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW));
 }
 
 int File::read(char* buffer, std::size_t size, std::size_t& done) {
@@ -121,6 +219,7 @@ int File::read(char* buffer, std::size_t size, std::size_t& done) {
 int File::write(std::string_view bytes) {
     if (const int error = intercepted(Operation::write, path_))
         return error;
+    const FileSizeSignalHeld held;
     while (!bytes.empty()) {
         const ssize_t count = ::write(handle_, bytes.data(), std::min(bytes.size(), kLargestTransfer));
         if (count < 0 && errno == EINTR)
@@ -153,6 +252,42 @@ int File::close() {
     return error != 0 ? error : closed;
 }
 
+int File::tryLock() {
+    if (const int error = intercepted(Operation::lock, path_))
+        return error;
+    const int error = result(::flock(handle_, LOCK_EX | LOCK_NB));
+    const bool lacksLocks = error == ENOLCK || error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
+    return lacksLocks ? 0 : error;
+}
+
+int File::identify(FileIdentity& identity) {
+    if (const int error = intercepted(Operation::identify, path_))
+        return error;
+    return identityOf(handle_, "", identity);
+}
+
+int File::copyRights(const std::string& from) {
+    if (const int error = intercepted(Operation::copyRights, from))
+        return error;
+    struct stat wanted {};
+    struct stat own {};
+    if (::stat(from.c_str(), &wanted) != 0 || ::fstat(handle_, &own) != 0)
+        return errno;
+    constexpr auto kSameOwner = static_cast<uid_t>(-1);
+    constexpr auto kSameGroup = static_cast<gid_t>(-1);
+    const bool hasGroup = own.st_gid == wanted.st_gid || ::fchown(handle_, kSameOwner, wanted.st_gid) == 0;
+    const bool hasOwner = own.st_uid == wanted.st_uid || ::fchown(handle_, wanted.st_uid, kSameGroup) == 0;
+    mode_t mode = wanted.st_mode & 07777U;
+    if (!hasOwner)
+        mode &= ~static_cast<mode_t>(S_ISUID);
+    if (!hasGroup)
+        mode = withoutGroup(mode);
+    // After the owner, which clears bits of the mode.
+    if (::fchmod(handle_, mode) != 0)
+        return errno;
+    return hasGroup ? copyAccessList(from, handle_) : 0;
+}
+
 int rename(const std::string& from, const std::string& to) {
     if (const int error = intercepted(Operation::rename, to))
         return error;
@@ -165,13 +300,10 @@ int remove(const std::string& path) {
     return result(::unlink(path.c_str()));
 }
 
-int copyMode(const std::string& from, const std::string& to) {
-    if (const int error = intercepted(Operation::copyMode, to))
+int identify(const std::string& path, FileIdentity& identity) {
+    if (const int error = intercepted(Operation::identify, path))
         return error;
-    struct stat status {};
-    if (::stat(from.c_str(), &status) != 0)
-        return errno;
-    return result(::chmod(to.c_str(), status.st_mode & 07777U));
+    return path.empty() ? ENOENT : identityOf(AT_FDCWD, path.c_str(), identity);
 }
 
 int syncFolder(const std::string& folder) {

@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
+#include <system_error>
 
 namespace zuhost {
 
@@ -16,7 +17,7 @@ struct Translation {
     int cause;
 };
 
-constexpr std::array<Translation, 17> kTranslations{{
+constexpr std::array<Translation, 20> kTranslations{{
     {0, ERROR_SUCCESS, CFileException::none},
     {ENOENT, ERROR_FILE_NOT_FOUND, CFileException::fileNotFound},
     {ENOTDIR, ERROR_PATH_NOT_FOUND, CFileException::badPath},
@@ -29,10 +30,13 @@ constexpr std::array<Translation, 17> kTranslations{{
     {EROFS, ERROR_ACCESS_DENIED, CFileException::accessDenied},
     {EISDIR, ERROR_ACCESS_DENIED, CFileException::accessDenied},
     {EINVAL, ERROR_INVALID_NAME, CFileException::badPath},
+    {ESTALE, ERROR_SHARING_VIOLATION, CFileException::sharingViolation},
+    {EBUSY, ERROR_SHARING_VIOLATION, CFileException::sharingViolation},
     {EBADF, ERROR_INVALID_HANDLE, CFileException::invalidFile},
     {EEXIST, ERROR_FILE_EXISTS, CFileException::accessDenied},
     {ENOSPC, ERROR_DISK_FULL, CFileException::diskFull},
     {EDQUOT, ERROR_DISK_FULL, CFileException::diskFull},
+    {EFBIG, ERROR_DISK_FULL, CFileException::diskFull},
     {EILSEQ, ERROR_NO_UNICODE_TRANSLATION, CFileException::genericException},
 }};
 
@@ -59,6 +63,26 @@ int missingFileError(const std::string& path) {
     const std::filesystem::path folder = std::filesystem::path(path).parent_path();
     std::error_code error;
     return folder.empty() || std::filesystem::is_directory(folder, error) ? ENOENT : ENOTDIR;
+}
+
+std::string errorText(int systemError) {
+    switch (systemError) {
+    case ESTALE:
+        return "The file was changed or removed by another program since it was opened";
+    case EBUSY:
+        return "The file or its folder is in use by another program";
+    case EILSEQ:
+        return "It holds characters that can't be written there";
+    default:
+        return std::generic_category().message(systemError);
+    }
+}
+
+std::string lastErrorText(DWORD lastError) {
+    for (const Translation& t : kTranslations)
+        if (t.lastError == lastError)
+            return errorText(t.systemError);
+    return errorText(kUnknown.systemError);
 }
 
 } // namespace zuhost

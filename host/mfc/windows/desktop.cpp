@@ -1,6 +1,7 @@
 #include "zuhost/desktop.h"
 
 #include "zuhost/progress_window.h"
+#include "zuhost/system_error.h"
 #include "zuhost/windows/wnd.h"
 
 #include <zuhost/application.h>
@@ -15,6 +16,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <cerrno>
 #include <clocale>
 
 namespace zuhost {
@@ -106,8 +108,13 @@ bool savePicture(const CWnd& window, const std::string& path) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    return window.widget()->grab().save(&buffer, QFileInfo(name).suffix().toLatin1().constData()) &&
-           replaceFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())}) == 0;
+    const bool isKnownFormat =
+        window.widget()->grab().save(&buffer, QFileInfo(name).suffix().toLatin1().constData());
+    const int error = isKnownFormat
+                          ? replaceFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())})
+                          : EINVAL;
+    SetLastError(lastErrorOf(error));
+    return error == 0;
 }
 
 } // namespace zuhost

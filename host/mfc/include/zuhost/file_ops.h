@@ -8,14 +8,42 @@
 
 namespace zuhost {
 
-/// The only code that calls the system's file functions. Tests can intercept every call, to make the n-th one
-/// fail or to end the process at it. Paths are UTF-8 with "/"; paths.h converts the paths of the interface.
-/// Functions return 0 on success, otherwise the system's error number.
+/// What tells whether a name still leads to the same file with the same contents.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t created = 0; ///< Nanoseconds, 0 where it isn't known. Systems reuse inodes at once.
+    std::int64_t changed = 0; ///< Nanoseconds: the last change of the contents.
+    std::uint64_t size = 0;
+
+    bool operator==(const FileIdentity&) const = default;
+    [[nodiscard]] bool isSameFile(const FileIdentity& other) const {
+        return device == other.device && inode == other.inode && created == other.created;
+    }
+};
+
+/// The only place that calls the system's file functions. Tests intercept them: they make the n-th one fail
+/// or stop the process at it. Paths are UTF-8 with "/" here; see paths.h for those of users. Results: 0 on
+/// success, otherwise the system's error number; EILSEQ for a path with NUL, which the system would cut.
 namespace file_ops {
 
-enum class Operation { open, openToWrite, read, write, sync, close, rename, remove, copyMode, makeFolder };
+enum class Operation {
+    open,
+    openToWrite,
+    openUnnamed,
+    read,
+    write,
+    sync,
+    close,
+    link,
+    lock,
+    rename,
+    remove,
+    copyRights,
+    identify
+};
 
-/// Called before each operation; a result other than 0 makes the operation fail with that error.
+/// Called before each operation; a result other than 0 makes it fail with that error without being done.
 using Interceptor = std::function<int(Operation operation, const std::string& path)>;
 
 /// Sets the interceptor for the lifetime of the object and restores the previous one.
@@ -42,7 +70,7 @@ private:
     Interception interception_;
 };
 
-/// An open file, closed by its destructor.
+/// An open file; the destructor closes it.
 class File {
 public:
     enum class Mode {
@@ -61,6 +89,11 @@ public:
     File& operator=(const File&) = delete;
 
     int open(const std::string& path, Mode mode);
+    /// Creates a file without a name, which goes with the process unless `link` names it. EOPNOTSUPP when
+    /// the system or the folder's file system has none.
+    int openUnnamed(const std::string& folder);
+    /// Names a file of `openUnnamed`. EEXIST when the name is taken.
+    int link(const std::string& path);
     [[nodiscard]] bool isOpen() const { return handle_ >= 0; }
     /// Reads up to `size` bytes and stores their number in `done` (0 at the end).
     int read(char* buffer, std::size_t size, std::size_t& done);
@@ -69,6 +102,14 @@ public:
     int seek(std::int64_t offset, int origin, std::int64_t& position);
     int sync();
     int close();
+    /// Locks the file against other openings, of this process too, until it is closed or the process ends.
+    /// Doesn't wait: EWOULDBLOCK when another holds the lock. Without effect on file systems without locks.
+    int tryLock();
+    int identify(FileIdentity& identity);
+    /// Gives the file the owner, group, access rights and access list of another as far as the system allows.
+    /// Nobody gains by what it doesn't: without the group, the new group gets the rights of all others; bits
+    /// that run a program as its owner or group go with them.
+    int copyRights(const std::string& from);
 
 private:
     int handle_ = -1;
@@ -77,9 +118,9 @@ private:
 
 int rename(const std::string& from, const std::string& to);
 int remove(const std::string& path);
-/// Copies the permissions of `from` to `to`.
-int copyMode(const std::string& from, const std::string& to);
-/// Syncs a folder, so that renames in it survive a power failure.
+/// Of the name itself: links are not followed.
+int identify(const std::string& path, FileIdentity& identity);
+/// Makes what was renamed in the folder last through a power cut.
 int syncFolder(const std::string& folder);
 
 } // namespace file_ops

@@ -16,4 +16,9 @@ namespace zuhost {
 /// otherwise ENOENT.
 [[nodiscard]] int missingFileError(const std::string& path);
 
+/// Returns the reason in words, to follow a file's name in a message: "No space left on device".
+[[nodiscard]] std::string errorText(int systemError);
+/// The same for the platform's error code of GetLastError.
+[[nodiscard]] std::string lastErrorText(DWORD lastError);
+
 } // namespace zuhost
