@@ -7,6 +7,7 @@
 #include "object_tags.h"
 #include "zuhost/atomic_file.h"
 #include "zuhost/paths.h"
+#include "zuhost/system_error.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -75,9 +76,9 @@ DocumentError fileError(const std::wstring& file, std::wstring problem) {
 }
 
 DocumentError systemError(const std::wstring& file, int number) {
-    if (number == EFBIG)
-        return fileError(file, L"endless or too large for a device or pipe; save the data to a file first");
-    return fileError(file, fromUtf8(std::generic_category().message(number)));
+    DocumentError error = fileError(file, fromUtf8(errorText(number)));
+    error.systemError = number;
+    return error;
 }
 
 /// Writes the drawing. Returns the fault, empty on success.
@@ -122,10 +123,23 @@ Document::OpenResult Document::open(std::string bytes, const std::wstring& file,
 }
 
 Document::OpenResult Document::openFile(const std::wstring& file, AcDbDatabase* database) {
-    auto contents = readWholeFile(systemPath(file));
+    const std::string path = systemPath(file);
+    FileIdentity identity;
+    auto contents = readWholeFile(path, &identity);
     if (const int* number = std::get_if<int>(&contents))
-        return systemError(file, *number);
-    return open(std::move(std::get<std::string>(contents)), file, database);
+        return *number == EFBIG
+                   ? fileError(file,
+                               L"endless or too large for a device or pipe; save the data to a file first")
+                   : systemError(file, *number);
+    OpenResult result = open(std::move(std::get<std::string>(contents)), file, database);
+    if (auto* document = std::get_if<std::unique_ptr<Document>>(&result))
+        (*document)->state_->source = SourceFile::at(path, identity);
+    return result;
+}
+
+void Document::allowReplacingChangedFile() {
+    if (state_->source)
+        state_->source->mayReplaceChanged = true;
 }
 
 std::unique_ptr<Document> Document::createEmpty(AcDbDatabase* database) {
@@ -232,13 +246,21 @@ void Document::setHeader(TagList header) {
 }
 
 std::optional<DocumentError> Document::save(const std::wstring& file, DrawingForm form,
-                                            const TagSource& tags) const {
-    AtomicFile target(systemPath(file));
+                                            const TagSource& tags) {
+    const std::string path = systemPath(file);
+    AtomicFile target(path);
     std::wstring fault = write(*state_, form, tags, [&](std::string_view bytes) { target.write(bytes); });
     if (!fault.empty())
         return fileError(file, std::move(fault));
-    const int number = target.commit();
-    return number == 0 ? std::nullopt : std::optional(systemError(file, number));
+    std::optional<SourceFile>& source = state_->source;
+    const bool isNamed = source && source->isNamedBy(path, target.target());
+    const bool isSource = isNamed || (source && source->isLinkedAt(target.target()));
+    const bool compares = isSource && !source->mayReplaceChanged;
+    if (const int number = target.commit(compares ? &source->identity : nullptr))
+        return systemError(file, number);
+    if (isNamed)
+        source = SourceFile::at(path, target.identity());
+    return std::nullopt;
 }
 
 std::string Document::bytes(DrawingForm form, const TagSource& tags, DocumentError* error) const {

@@ -4,9 +4,11 @@
 #include "drawing_text.h"
 #include "handle_index.h"
 #include "record_writer.h"
+#include "source_file.h"
 #include "type_names.h"
 
 #include <deque>
+#include <optional>
 
 namespace zuhost {
 
@@ -26,6 +28,7 @@ struct SectionFrame {
 struct DrawingState {
     std::string bytes;
     std::wstring file;
+    std::optional<SourceFile> source; ///< None for drawings from memory.
     AcDbDatabase* database = nullptr;
 
     RecordStyle style;     ///< How the file formats its records.

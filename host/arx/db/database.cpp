@@ -3,10 +3,12 @@
 #include "dbdict.h"
 #include "dbmain.h"
 #include "dbsymtb.h"
+#include "zuhost/drawing_files.h"
 
 #include <zuhost/paths.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 
 using zuhost::Document;
@@ -66,7 +68,7 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const ACHAR* path, bool binary) {
     if (!error)
         return Acad::eOk;
     lastError_ = error->message();
-    return Acad::eFilerError;
+    return error->systemError == ESTALE ? Acad::eFileAccessErr : Acad::eFilerError;
 }
 
 std::string AcDbDatabase::dxfOutBytes(bool binary) {
@@ -198,6 +200,11 @@ Acad::ErrorStatus AcDbDatabase::undo() {
 
 Acad::ErrorStatus AcDbDatabase::redo() {
     return core_->undo.redo(*core_) ? Acad::eOk : Acad::eUndoOperationNotAvailable;
+}
+
+void zuhost::allowReplacingChangedFile(AcDbDatabase& database) {
+    if (database.core().document)
+        database.core().document->allowReplacingChangedFile();
 }
 
 AcDbHostApplicationServices* acdbHostApplicationServices() {

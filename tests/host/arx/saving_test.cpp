@@ -1,6 +1,7 @@
 #include "sample_drawing.h"
 
 #include <temporary_folder.h>
+#include <zuhost/drawing_files.h>
 
 #include <chrono>
 
@@ -60,7 +61,35 @@ TEST_F(Saving, FailedSavingKeepsTheOldFile) {
     EXPECT_TRUE(read(path)->isBinary());
 }
 
-TEST_F(Saving, ObjectsOwnedByAnErasedEntityAreDropped) {
+TEST_F(Saving, EditsOfAnotherProgramAreNotReplaced) {
+    const TemporaryFolder folder;
+    const std::wstring path = folder.wide("plan.dxf");
+    ASSERT_EQ(drawing->dxfOut(path.c_str()), Acad::eOk);
+    std::filesystem::create_symlink("plan.dxf", folder.file("link.dxf"));
+    std::filesystem::create_hard_link(folder.file("plan.dxf"), folder.file("same.dxf"));
+    const auto second = read(path);
+    const auto first = read(folder.wide("link.dxf"));
+    EXPECT_EQ(first->dxfOut(path.c_str()), Acad::eOk);
+    EXPECT_EQ(first->dxfOut(folder.wide("link.dxf").c_str()), Acad::eOk) << "its own save is no change";
+    std::filesystem::create_directory(folder.path() / "sub");
+    for (const char* name : {"plan.dxf", "link.dxf", "sub/../link.dxf", "PLAN.DXF"}) {
+        EXPECT_EQ(second->dxfOut(folder.wide(name).c_str()), Acad::eFileAccessErr) << name;
+        EXPECT_NE(second->lastErrorText().find(L"changed"), std::wstring::npos);
+    }
+    EXPECT_EQ(second->dxfOut(folder.wide("same.dxf").c_str()), Acad::eOk) << "unchanged under this name";
+    EXPECT_EQ(second->dxfOut(folder.wide("other.dxf").c_str()), Acad::eOk);
+    EXPECT_EQ(second->dxfOut(folder.wide("other.dxf").c_str()), Acad::eOk) << "other files are replaced";
+    zuhost::allowReplacingChangedFile(*second);
+    EXPECT_EQ(second->dxfOut(path.c_str()), Acad::eOk);
+    EXPECT_EQ(second->dxfOut(path.c_str()), Acad::eOk);
+    EXPECT_EQ(first->dxfOut(path.c_str()), Acad::eFileAccessErr);
+    std::filesystem::last_write_time(folder.file("plan.dxf"), {});
+    EXPECT_EQ(second->dxfOut(path.c_str()), Acad::eFileAccessErr) << "changed in place";
+    std::filesystem::remove(folder.file("plan.dxf"));
+    EXPECT_EQ(second->dxfOut(path.c_str()), Acad::eFileAccessErr) << "removed";
+}
+
+TEST_F(Saving, WhatAnErasedEntityOwnsGoesWithIt) {
     std::string bytes = drawing->dxfOutBytes(false);
     const std::string duct = "INSERT\n  5\n114\n";
     ASSERT_NE(bytes.find(duct), std::string::npos);

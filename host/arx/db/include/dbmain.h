@@ -287,7 +287,9 @@ public:
     /// The same from bytes in memory; `name` is for messages.
     Acad::ErrorStatus dxfInBytes(std::string bytes, const ACHAR* name);
     /// Saves as DXF in the form it was read in (or the given one), replacing the file as a whole.
-    /// eFileAccessErr or eFilerError with the reason in lastErrorText; the old file is then untouched.
+    /// On failure the old file is untouched and lastErrorText has the reason: eFileAccessErr when the file is
+    /// the one that the drawing was opened from (or last saved to) and another program has changed or removed
+    /// it since, see zuhost/drawing_files.h; eFilerError for all others.
     Acad::ErrorStatus dxfOut(const ACHAR* path);
     Acad::ErrorStatus dxfOut(const ACHAR* path, bool binary);
     /// What dxfOut would write.

@@ -21,6 +21,7 @@ struct DocumentError {
     std::uint64_t line = 0;
     std::uint64_t offset = 0;
     std::wstring problem;
+    int systemError = 0; ///< The system's error number, 0 for other problems.
 
     /// "FILE:LINE: PROBLEM", or "FILE: byte OFFSET: PROBLEM" for binary drawings. The label stands before the
     /// problem ("warning: ").
@@ -126,9 +127,13 @@ public:
     /// Writes the drawing to the file, atomically. Erased objects are omitted; $HANDSEED is raised above
     /// every handle when objects were added. An unchanged drawing keeps its bytes; a changed one is written
     /// with the new handles of objects whose handle was repeated or unreadable. Returns nullopt on success;
-    /// on failure the old file is untouched.
-    std::optional<DocumentError> save(const std::wstring& file, DrawingForm form,
-                                      const TagSource& tags) const;
+    /// on failure the old file is untouched. Saving to the file that the drawing was opened from, under
+    /// whatever name, fails with the system error ESTALE when another program has changed, replaced or removed
+    /// it since; other files are replaced.
+    std::optional<DocumentError> save(const std::wstring& file, DrawingForm form, const TagSource& tags);
+
+    /// Lets saves replace the file that the drawing was opened from in spite of changes, until one succeeds.
+    void allowReplacingChangedFile();
 
     /// Returns the bytes that `save` writes; empty, with the reason in `error`, when the other form cannot
     /// hold a value (a number beyond 16 bits, a chunk beyond 255 bytes).

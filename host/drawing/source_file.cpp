@@ -1,0 +1,38 @@
+#include "source_file.h"
+
+#include "zuhost/atomic_file.h"
+
+#include <filesystem>
+
+namespace zuhost {
+
+namespace {
+
+/// As given when the system can't say which folder the process is in.
+std::string absolutePath(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.string();
+}
+
+} // namespace
+
+SourceFile SourceFile::at(const std::string& path, const FileIdentity& identity) {
+    SourceFile source;
+    source.path = absolutePath(path);
+    const auto target = followLinks(source.path);
+    source.target = std::holds_alternative<int>(target) ? source.path : std::get<std::string>(target);
+    source.identity = identity;
+    return source;
+}
+
+bool SourceFile::isNamedBy(const std::string& savedPath, const std::string& savedTarget) const {
+    return absolutePath(savedPath) == path || absolutePath(savedTarget) == target;
+}
+
+bool SourceFile::isLinkedAt(const std::string& savedTarget) const {
+    FileIdentity saved;
+    return file_ops::identify(savedTarget, saved) == 0 && saved.isSameFile(identity);
+}
+
+} // namespace zuhost
