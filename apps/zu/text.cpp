@@ -1,5 +1,7 @@
 #include "text.h"
 
+#include "failure.h"
+
 #include <zuhost/paths.h>
 #include <zuhost/text_codec.h>
 
@@ -23,8 +25,15 @@ std::vector<std::string> narrow(const CStringArray& texts) {
     return result;
 }
 
+CString filePath(const std::string& file) {
+    CString path = wide(file);
+    if (narrow(path.view()) != file)
+        throw Failure(file + ": The name is no UTF-8 text");
+    return path;
+}
+
 CString fullPath(const std::string& file) {
-    return CString(zuhost::hostPath(std::filesystem::absolute(file).string()));
+    return CString(zuhost::hostPath(narrow(filePath(std::filesystem::absolute(file).string()).view())));
 }
 
 } // namespace zu::app

@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <new>
-#include <system_error>
 
 namespace zuhost {
 namespace {

@@ -55,8 +55,8 @@ bool canBeName(std::wstring_view path) {
     return path.find(L'\0') == std::wstring_view::npos && TextCodec().encode(path).has_value();
 }
 
-/// Spaces and dots at the end are no part of a name.
-std::string withoutEnd(const std::string& path) {
+/// Removes trailing spaces and dots, which the platform does not store in names.
+std::string withoutTrailingDots(const std::string& path) {
     const std::size_t length = path.find_last_not_of(" .") + 1;
     return length == 0 || path[length - 1] == '/' ? path : path.substr(0, length);
 }
@@ -67,7 +67,7 @@ std::string systemPath(std::wstring_view path) {
     std::string slashed = withSlashes(path);
     if (!canBeName(path))
         return '\0' + slashed;
-    if (slashed.empty() || isThere(slashed))
+    if (slashed.empty() || entryExists(slashed))
         return slashed;
     fs::path found;
     for (const fs::path& component : fs::path(withoutTrailingDots(slashed))) {

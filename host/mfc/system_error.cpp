@@ -72,7 +72,7 @@ std::string errorText(int systemError) {
     case EBUSY:
         return "The file or its folder is in use by another program";
     case EILSEQ:
-        return "It holds characters that can't be written there";
+        return "The file's name or encoding can't hold all characters";
     default:
         return std::generic_category().message(systemError);
     }

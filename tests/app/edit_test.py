@@ -1,11 +1,13 @@
 """An edited drawing, read by an independent reader: exactly what was changed and nothing else."""
 import os
+import shutil
+import subprocess
 import tempfile
 
 import ezdxf
 from ezdxf.lldxf.tagwriter import TagCollector
 
-from program import check, run, run_json, sample
+from program import ZU, check, run, run_json, sample
 
 
 def objects_of(path):
@@ -62,16 +64,32 @@ with tempfile.TemporaryDirectory() as folder:
     check(one["changed"] == ["10E"] and one["skipped"][0]["handle"] == "106", "only the elements asked for, each once")
     rows = run_json("attributes", out, "10E")
     check(rows[0][4] == "850㎥/h", "the value that was written")
-    for value in ("a|b", "a\nb", "\udcff"):
+    for value in ("a|b", "a\nb", "\udcff", "*各種*"):
         run("set-attribute", floor, "S401", value, "-o", out, status=2)
     with open(floor, "rb") as f, open(out, "wb") as g:
         g.write(f.read().replace("S401|2700|E|取付高|1|1|".encode(), b"S401|2700"))
     run("set-attribute", out, "S401", "2400", "--handles", "110", "-o", out)
     check(run_json("attributes", out, "110")[0][3:6] == ["S401", "2400", ""], "a value that no bar ends is replaced")
     run("set-attribute", floor, "S999", "x", "-o", out, status=1)
+    settings = os.path.join(folder, "master.ini")
+    with open(settings, "w", encoding="cp932") as f:
+        f.write("[環境設定]\n標準部品=%s\n" % folder)
+    run("set-attribute", floor, "S401", "x", "--settings", settings, "-o", os.path.join(folder, "x.dxf"), status=1)
+    check(not os.path.exists(os.path.join(folder, "x.dxf")), "nothing is written without the parameter table")
     run("set-attribute", floor, "S401", "x", "-o", os.path.join(folder, "missing", "x.dxf"), status=1)
     damaged = os.path.join(folder, "damaged.dxf")
     with open(floor, "rb") as f, open(damaged, "wb") as g:
         g.write(f.read().replace(b"\nINSERT\n  5\n", b"\nINSERT\n  x\n", 1))
     run("elements", damaged, status=1)
+    # Many edits of one file at once: each either fails or is found afterwards.
+    shutil.copyfile(floor, out)
+    command = [ZU, "set-attribute", out, "S401", "-o", out]
+    handles = ["10E", "110", "112", "114", "116", "118", "11A", "11C"]
+    edits = [subprocess.Popen([*command, "by" + h, "--handles", h], stderr=subprocess.PIPE, text=True) for h in handles]
+    for handle, edit in zip(handles, edits):
+        error = edit.communicate()[1]
+        check(edit.returncode == 0 or "changed" in error and out in error, "the reason: " + error)
+        value = run_json("attributes", out, handle)[0][4]
+        check((value == "by" + handle) == (edit.returncode == 0), "an edit that succeeded is found: " + handle)
+    check(any(edit.returncode == 0 for edit in edits), "one of the edits succeeds")
 print("only what was edited has changed")

@@ -1,6 +1,7 @@
 #include "commands/attribute_window.h"
 
 #include "failure.h"
+#include "model/readable_file.h"
 #include "text.h"
 
 #include <afxcmn.h>
@@ -59,7 +60,7 @@ void closeWithPicture(CFrameWnd& window, const std::string& picture) {
     const bool saved = zuhost::savePicture(window, picture);
     window.DestroyWindow();
     if (!saved)
-        throw Failure(picture + ": can't write the picture");
+        throw Failure(withLastError(picture));
 }
 
 } // namespace zu::app

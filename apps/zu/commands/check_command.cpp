@@ -14,7 +14,7 @@ namespace {
 
 struct Options {
     DrawingSource drawing;
-    std::string output;
+    SaveOptions saving;
     bool repair = false;
     bool json = false;
 };
@@ -46,12 +46,12 @@ void print(const std::vector<Finding>& findings, const Options& options) {
 }
 
 void run(const Options& options) {
-    if (options.repair == options.output.empty())
+    if (options.repair == options.saving.output.empty())
         throw WrongUsage("--repair and -o belong together: the repaired drawing is saved there");
     DrawingFile drawing(options.drawing);
     const std::vector<Finding> findings = audit(drawing, options.repair);
     if (options.repair)
-        drawing.save(options.output);
+        drawing.save(options.saving);
     print(findings, options);
 }
 
@@ -63,7 +63,7 @@ void addCheckCommand(Command& program) {
         "check", "Audit the routes: groups, attribute and link records, connection points");
     addDrawing(*command, options->drawing);
     command->add_flag("--repair", options->repair, "Repair what can be repaired without losing anything");
-    command->add_option("-o,--output", options->output, "Where to save the repaired drawing");
+    addSaveOptions(*command, options->saving, "Where to save the repaired drawing");
     command->add_flag("--json", options->json, "As JSON");
     command->callback([options] { run(*options); });
 }

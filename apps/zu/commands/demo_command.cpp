@@ -111,7 +111,7 @@ AttributeEdit editAll(const std::vector<Element>& elements) {
 
 void saveDrawing(DrawingFile& drawing, const std::string& path) {
     const Step step(5, "Save");
-    drawing.save(path);
+    drawing.save({.output = path});
     step.say(path, ": ", fs::file_size(path) / 1024, " KB");
 }
 

@@ -1,6 +1,7 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
+#include "model/readable_file.h"
 #include "model/settings_file.h"
 #include "report/output.h"
 #include "report/text_file_warning.h"
@@ -31,9 +32,10 @@ void get(const Options& options) {
     CStringArray values;
     for (const std::string& key : options.keys)
         keys.Add(wide(key));
-    if (!ZuComn_GetLinkInfo(wide(options.file), keys, values))
-        throw Failure(options.file +
-                      (ZuComn_findFile(wide(options.file)) ? ": holds no records" : ": can't be read"));
+    if (!ZuComn_GetLinkInfo(wide(options.file), keys, values)) {
+        requireReadable(options.file);
+        throw Failure(options.file + ": holds no records");
+    }
     if (options.json) {
         printJson(Json(narrow(values)));
         return;
@@ -61,10 +63,9 @@ void save(const Options& options) {
     warnOfUnmarkedUtf8(options.file);
     // With its folder, so that backup and temporary file lie beside it.
     const CString file = fullPath(options.file);
+    SetLastError(ERROR_SUCCESS);
     if (!ZuComn_SaveLinkInfo(file, keys, values))
-        throw Failure(options.file +
-                      ": can't be saved; see that the folder can be written and that the file's "
-                      "encoding, code page 932 for a new file, can hold the pairs");
+        throw Failure(withLastError(options.file));
 }
 
 } // namespace

@@ -1,20 +1,17 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
+#include "model/readable_file.h"
 #include "plan/part_previews.h"
 #include "report/output.h"
 #include "report/part_json.h"
 #include "report/part_warnings.h"
 #include "text.h"
 
-#include <zuhost/file_ops.h>
-#include <zuhost/paths.h>
-
 #include <filesystem>
 #include <iostream>
 #include <map>
 #include <memory>
-#include <system_error>
 
 namespace zu::app {
 
@@ -78,21 +75,8 @@ void printBlocks(const CAcadDxf& part) {
     std::cout << part.GetBlocks().GetCount() << " blocks\n";
 }
 
-void checkReadable(const std::string& path) {
-    const std::string file = zuhost::systemPath(wide(path).view());
-    std::error_code unknown;
-    // What is read from a pipe to try it would be lost.
-    if (std::filesystem::is_fifo(file, unknown))
-        return;
-    if (std::filesystem::is_other(file, unknown))
-        throw Failure(path + ": is a device, not a file");
-    zuhost::file_ops::File opened;
-    if (const int error = opened.open(file, zuhost::file_ops::File::Mode::read))
-        throw Failure(path + ": " + std::generic_category().message(error));
-}
-
 void readPart(const Options& options) {
-    checkReadable(options.path);
+    requireReadable(options.path);
     const CAcadDxf part(wide(options.path), CAcadDxf::kWhite, tableOption(options));
     if (!part.IsDrawing() && part.GetZufLines().IsEmpty())
         throw Failure(options.path + ": holds no part drawing");

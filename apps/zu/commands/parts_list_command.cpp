@@ -2,6 +2,7 @@
 #include "commands/attribute_window.h"
 #include "commands/commands.h"
 #include "failure.h"
+#include "model/readable_file.h"
 #include "model/settings_file.h"
 #include "text.h"
 
@@ -28,7 +29,8 @@ CUPAttFrameWnd& openFrame(const Options& options) {
         throw Failure("the parts-list window can't be made");
     if (frame->GetLeftPane()->ReadCSVFile(fullPath(options.file)) != 0) {
         frame->DestroyWindow();
-        throw Failure(options.file + ": can't be read");
+        requireReadable(options.file);
+        throw Failure(options.file + ": holds no attribute lines");
     }
     frame->ShowWindow(SW_SHOW);
     return *frame;

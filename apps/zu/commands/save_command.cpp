@@ -10,7 +10,7 @@ namespace {
 
 struct Options {
     DrawingSource drawing;
-    std::string output;
+    SaveOptions saving;
     bool binary = false;
     bool ascii = false;
 };
@@ -18,7 +18,7 @@ struct Options {
 void run(const Options& options) {
     DrawingFile drawing(options.drawing);
     const bool binary = options.binary || (drawing.database().isBinary() && !options.ascii);
-    drawing.save(options.output, binary);
+    drawing.save(options.saving, binary);
 }
 
 } // namespace
@@ -28,7 +28,7 @@ void addSaveCommand(Command& program) {
     Command* command =
         program.add_subcommand("save", "Open a drawing and save it unedited: a loss-free copy");
     addDrawing(*command, options->drawing);
-    command->add_option("-o,--output", options->output, "Where to save")->required();
+    addSaveOptions(*command, options->saving, "Where to save")->required();
     CommandOption* binary = command->add_flag("--binary", options->binary, "As binary drawing");
     command->add_flag("--ascii", options->ascii, "As ASCII drawing")->excludes(binary);
     command->callback([options] { run(*options); });

@@ -15,13 +15,16 @@ namespace zu::app {
 
 namespace {
 
+/// What windows and listings show for an attribute that several elements have with different values.
+constexpr std::string_view kVarious = "*各種*";
+
 struct Options {
     DrawingSource drawing;
     std::string key;
     std::string value;
     std::vector<std::string> handles;
     std::string settings;
-    std::string output;
+    SaveOptions saving;
     bool json = false;
 };
 
@@ -51,8 +54,10 @@ void print(const AttributeEdit& edit, bool asJson) {
 }
 
 void requireStorable(const std::string& value) {
+    if (value == kVarious)
+        throw WrongUsage("the value \"" + value + "\" stands for different values and is never stored");
     if (value.find('|') != std::string::npos)
-        throw WrongUsage("a value can't hold \"|\": the record parts its fields with it");
+        throw WrongUsage("a value can't hold \"|\", which separates the fields of the record");
     if (value.find_first_of("\r\n") != std::string::npos)
         throw WrongUsage("a value can't hold a line end");
     if (narrow(wide(value).view()) != value)
@@ -63,13 +68,13 @@ void run(const Options& options) {
     requireStorable(options.value);
     const SettingsFile settings(options.settings);
     if (!options.settings.empty() && !mayEditAttribute(options.key))
-        throw Failure("attribute " + options.key + " may not be edited, says the parameter table");
+        throw Failure("attribute " + options.key + " is read-only in the parameter table");
     DrawingFile drawing(options.drawing);
     const AttributeEdit edit =
         editAttribute(targets(drawing, options), options.key, options.value, !options.handles.empty());
     if (edit.changed.empty() && edit.skipped.empty())
         throw Failure("no element has an attribute " + options.key);
-    drawing.save(options.output);
+    drawing.save(options.saving);
     print(edit, options.json);
 }
 
@@ -86,7 +91,7 @@ void addSetAttributeCommand(Command& program) {
         ->delimited(',');
     command->add_option("--settings", options->settings,
                         "Master settings file; its parameter table says what may be edited");
-    command->add_option("-o,--output", options->output, "Where to save")->required();
+    addSaveOptions(*command, options->saving, "Where to save")->required();
     command->add_flag("--json", options->json, "As JSON");
     command->callback([options] { run(*options); });
 }

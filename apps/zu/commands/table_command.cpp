@@ -1,6 +1,7 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
+#include "model/readable_file.h"
 #include "report/output.h"
 #include "report/text_file_warning.h"
 #include "text.h"
@@ -36,9 +37,10 @@ void run(const Options& options) {
     for (int i = 0; i < records.GetSize(); ++i)
         array.push_back(narrow(*static_cast<const CStringArray*>(static_cast<CObject*>(records[i]))));
     ZuComn_RemoveAllFree(records);
-    if (result != 0)
-        throw Failure(options.file +
-                      (ZuComn_findFile(wide(options.file)) ? ": holds no records" : ": can't be read"));
+    if (result != 0) {
+        requireReadable(options.file);
+        throw Failure(options.file + ": holds no records");
+    }
     if (options.json) {
         printJson(array);
         return;

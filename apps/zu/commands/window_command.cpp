@@ -1,6 +1,7 @@
 #include "command_line.h"
 #include "commands/attribute_window.h"
 #include "commands/commands.h"
+#include "failure.h"
 #include "model/attribute_rows.h"
 #include "model/drawing_file.h"
 #include "model/settings_file.h"
@@ -18,7 +19,7 @@ struct Options {
     DrawingSource drawing;
     std::vector<std::string> handles;
     std::string settings;
-    std::string output;
+    SaveOptions saving;
     std::string screenshot;
 };
 
@@ -52,17 +53,39 @@ private:
     bool changed_ = false;
 };
 
+bool isAnsweredYes(const std::string& question) {
+    return AfxMessageBox(wide(question), MB_YESNO | MB_ICONQUESTION) == IDYES;
+}
+
 bool wantsToSave(const std::string& drawing) {
-    return AfxMessageBox(wide("Save the changes to " + drawing + "?"), MB_YESNO | MB_ICONQUESTION) == IDYES;
+    return isAnsweredYes("Save the changes to " + drawing + "?");
+}
+
+bool wantsToReplaceChanged(const std::string& drawing) {
+    return isAnsweredYes(drawing +
+                         ": The file was changed or removed by another program since it was opened. "
+                         "Replace it by this drawing?");
+}
+
+/// Without --force the user decides: the edits would be lost otherwise.
+void save(DrawingFile& drawing, SaveOptions options) {
+    try {
+        drawing.save(options);
+    } catch (const FileChanged&) {
+        if (!wantsToReplaceChanged(options.output))
+            throw;
+        options.force = true;
+        drawing.save(options);
+    }
 }
 
 void letEdit(DrawingFile& drawing, const Options& options) {
     const ChangeWatch watch(drawing.database());
     zuhost::runDesktop();
-    if (!options.output.empty())
-        drawing.save(options.output);
+    if (!options.saving.output.empty())
+        save(drawing, options.saving);
     else if (watch.changed() && wantsToSave(options.drawing.path))
-        drawing.save(options.drawing.path);
+        save(drawing, {options.drawing.path, options.saving.force});
 }
 
 void run(const Options& options) {
@@ -86,8 +109,8 @@ void addWindowCommand(Command& program) {
     addDrawing(*command, options->drawing);
     command->add_option("HANDLE", options->handles, "Elements to show (default: every one with attributes)");
     command->add_option("--settings", options->settings, "Master settings file");
-    command->add_option("-o,--output", options->output,
-                        "Save the drawing here when the window is closed (default: ask)");
+    addSaveOptions(*command, options->saving,
+                   "Save the drawing here when the window is closed (default: ask)");
     command->add_option("--screenshot", options->screenshot, "Draw the window into a .png file instead");
     command->callback([options] { run(*options); });
 }

@@ -1,6 +1,8 @@
 #include "model/attribute_edit.h"
 
+#include "failure.h"
 #include "model/drawing_file.h"
+#include "model/readable_file.h"
 #include "text.h"
 
 #include <afxcoll.h>
@@ -8,6 +10,7 @@
 #include <zucomn/model/attributes.h>
 #include <zucomn/settings.h>
 #include <zucomn/tables.h>
+#include <zuhost/paths.h>
 
 namespace zu::app {
 
@@ -35,10 +38,14 @@ AttributeEdit editAttribute(const std::vector<AcDbObjectId>& elements, const std
 bool mayEditAttribute(const std::string& key) {
     CString folder;
     if (ZuComn_GetEnv(folder, ZUCE_INIFILE, L"環境設定", L"標準部品") != 0)
-        return true;
+        throw Failure("the settings name no folder of the parameter table (標準部品 in [環境設定])");
+    const CString file = folder + L"\\属性IDパラメータ.csv";
     CPtrArray table;
-    if (ZuComn_ReadConfigFile(folder + L"\\属性IDパラメータ.csv", table, 0, nullptr, L"|", 0) != 0)
-        return true;
+    if (ZuComn_ReadConfigFile(file, table, 0, nullptr, L"|", 0) != 0) {
+        const std::string path = zuhost::systemPath(file.view());
+        requireReadable(path);
+        throw Failure(path + ": The parameter table holds no records");
+    }
     bool editable = false;
     const CString id = wide(key).SpanExcluding(L"|");
     for (int i = 0; i < table.GetSize() && !editable; ++i) {

@@ -23,7 +23,8 @@ struct AttributeEdit {
 [[nodiscard]] AttributeEdit editAttribute(const std::vector<AcDbObjectId>& elements, const std::string& key,
                                           const std::string& value, bool askedByName);
 
-/// Whether the settings' parameter table lets the attribute be edited; without a table all may.
+/// Whether the settings' parameter table lets the attribute be edited. Throws Failure when the table can't be
+/// read: as in the library, nothing is written then.
 [[nodiscard]] bool mayEditAttribute(const std::string& key);
 
 } // namespace zu::app

@@ -9,6 +9,7 @@
 #include <zucomn/model/elements.h>
 #include <zucomn/model/groups.h>
 #include <zucomn/route.h>
+#include <zuhost/drawing_files.h>
 
 #include <charconv>
 #include <iostream>
@@ -40,7 +41,7 @@ void addDrawing(Command& command, DrawingSource& source) {
 }
 
 DrawingFile::DrawingFile(const DrawingSource& source) : database_(std::make_unique<AcDbDatabase>(false)) {
-    if (database_->dxfIn(wide(source.path), source.strict) != Acad::eOk)
+    if (database_->dxfIn(filePath(source.path), source.strict) != Acad::eOk)
         throw Failure(narrow(database_->lastErrorText()));
     for (const std::wstring& warning : database_->warnings())
         std::cerr << narrow(warning) << '\n';
@@ -82,12 +83,17 @@ AcDbObjectId DrawingFile::findGroup(const std::string& nameOrHandle) const {
     throw Failure("the drawing has no group " + nameOrHandle);
 }
 
-void DrawingFile::save(const std::string& path) {
-    save(path, database_->isBinary());
+void DrawingFile::save(const SaveOptions& options) {
+    save(options, database_->isBinary());
 }
 
-void DrawingFile::save(const std::string& path, bool binary) {
-    if (database_->dxfOut(wide(path), binary) != Acad::eOk)
+void DrawingFile::save(const SaveOptions& options, bool binary) {
+    if (options.force)
+        zuhost::allowReplacingChangedFile(*database_);
+    const Acad::ErrorStatus status = database_->dxfOut(filePath(options.output), binary);
+    if (status == Acad::eFileAccessErr)
+        throw FileChanged(narrow(database_->lastErrorText()) + "; open it again, or save with --force");
+    if (status != Acad::eOk)
         throw Failure(narrow(database_->lastErrorText()));
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "model/save_options.h"
+
+#include <acarray.h>
 #include <dbid.h>
 #include <dbmain.h>
 
@@ -48,10 +51,11 @@ public:
     /// The group with the name or the hexadecimal handle; throws Failure when there is none.
     [[nodiscard]] AcDbObjectId findGroup(const std::string& nameOrHandle) const;
 
-    /// Saves in the drawing's own form; throws Failure, the old file untouched.
-    void save(const std::string& path);
+    /// Saves in the drawing's own form. Throws Failure, the old file untouched, and FileChanged when without
+    /// `force` the file is not what the drawing was opened from.
+    void save(const SaveOptions& options);
     /// Saves as binary or ASCII drawing.
-    void save(const std::string& path, bool binary);
+    void save(const SaveOptions& options, bool binary);
 
 private:
     std::unique_ptr<AcDbDatabase> database_;

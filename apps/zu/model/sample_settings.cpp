@@ -3,6 +3,7 @@
 #include "failure.h"
 
 #include <zuhost/atomic_file.h>
+#include <zuhost/system_error.h>
 #include <zuhost/text_codec.h>
 #include <zuhost/text_file.h>
 
@@ -25,13 +26,13 @@ void namePlace(const std::string& file, const std::string& root) {
     const auto contents = zuhost::readWholeFile(file);
     const std::string* const bytes = std::get_if<std::string>(&contents);
     if (bytes == nullptr)
-        throw Failure(file + ": can't be read");
+        throw Failure(file + ": " + zuhost::errorText(std::get<int>(contents)));
     const auto encoding = zuhost::TextEncoding::of(*bytes);
     std::wstring text = encoding.decode(std::string_view(*bytes).substr(encoding.mark().size()));
     replaceAll(text, L"@ROOT@", zuhost::fromUtf8(root));
     constexpr zuhost::TextEncoding kUtf8{zuhost::TextEncoding::Kind::utf8WithMark};
-    if (zuhost::replaceFile(file, std::string(kUtf8.mark()) + zuhost::toUtf8(text)) != 0)
-        throw Failure(file + ": can't be written");
+    if (const int error = zuhost::replaceFile(file, std::string(kUtf8.mark()) + zuhost::toUtf8(text)))
+        throw Failure(file + ": " + zuhost::errorText(error));
 }
 
 std::string install(const std::string& samples, const std::string& output) {

@@ -1,6 +1,7 @@
 #include "model/settings_file.h"
 
 #include "failure.h"
+#include "model/readable_file.h"
 #include "report/text_file_warning.h"
 #include "text.h"
 
@@ -23,8 +24,7 @@ constexpr const wchar_t* kSystemFiles[] = {L"ZuConfig.ini", L"属性IDパラメ�
 SettingsFile::SettingsFile(const std::string& path) {
     if (path.empty())
         return;
-    if (ZuComn_findFile(wide(path)) == 0)
-        throw Failure(path + ": can't read the settings");
+    requireReadable(path);
     // Settings are read again for each value.
     std::error_code unknown;
     if (std::filesystem::is_other(std::filesystem::status(path, unknown)))

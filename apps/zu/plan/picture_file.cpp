@@ -3,10 +3,9 @@
 #include "failure.h"
 
 #include <zuhost/atomic_file.h>
+#include <zuhost/system_error.h>
 
 #include <QBuffer>
-
-#include <system_error>
 
 namespace zu::app {
 
@@ -22,7 +21,7 @@ void savePicture(const QByteArray& bytes, const std::string& file) {
         throw Failure(file + ": the picture is too large");
     if (const int error =
             zuhost::replaceFile(file, {bytes.constData(), static_cast<std::size_t>(bytes.size())}))
-        throw Failure(file + ": can't be written: " + std::generic_category().message(error));
+        throw Failure(file + ": " + zuhost::errorText(error));
 }
 
 } // namespace zu::app

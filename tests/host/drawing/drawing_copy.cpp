@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
     auto result = Document::openFile(hostPath(argv[argc - 2]), nullptr);
     if (const auto* error = std::get_if<DocumentError>(&result))
         return fail(*error);
-    const Document& document = *std::get<std::unique_ptr<Document>>(result);
+    Document& document = *std::get<std::unique_ptr<Document>>(result);
     const DrawingForm form = mode == "-b"   ? DrawingForm::binary
                              : mode == "-a" ? DrawingForm::ascii
                                             : document.form();

@@ -5,11 +5,11 @@
 
 namespace zuhost {
 
-/// The file that a path of the interface names, as the system knows it (UTF-8, "/"). Both "\\" and "/" part
-/// its components, and a component that is not there in its own case is taken in the case that is: first an
-/// exact match, else the first in alphabetical order. What does not exist keeps the name as given, without
-/// spaces and dots at its end. A drive letter ("C:") is dropped. A path that no file can have (with NUL or
-/// half of a surrogate pair) starts with NUL: the file operations refuse it with EILSEQ.
+/// Returns the system's path (UTF-8, "/") for a path of the platform's form. Components are separated by "\\"
+/// or "/" and found ignoring case: an exact match first, else the first match in alphabetical order. Missing
+/// components keep their names, without trailing spaces and dots. A drive letter ("C:") is removed. A path that
+/// no file can have (with NUL or half of a surrogate pair) starts with NUL: file operations refuse it with
+/// EILSEQ.
 [[nodiscard]] std::string systemPath(std::wstring_view path);
 
 /// Returns the platform's form of a path of the system: wide, separated by "\\".
