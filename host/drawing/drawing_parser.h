@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drawing_state.h"
-#include "ownership.h"
+#include "object_facts.h"
 #include "record_source.h"
 #include "warning_log.h"
 
@@ -21,17 +21,9 @@ public:
     [[nodiscard]] const std::wstring& fault() const { return fault_; }
     [[nodiscard]] const std::vector<OwnerHint>& ownerHints() const { return hints_; }
     /// Returns the highest handle referred to, even when the drawing lacks it.
-    [[nodiscard]] std::uint64_t greatestReference() const { return greatestReference_; }
+    [[nodiscard]] std::uint64_t greatestReference() const { return references_.greatest(); }
 
 private:
-    /// What the parser needs of an object's records.
-    struct Facts {
-        std::uint64_t handle = 0;
-        bool unreadableHandle = false;
-        OwnerHint owner;
-        std::string_view name; ///< Group code 2.
-    };
-
     bool parseSections();
     bool parseSection();
     bool parseSectionNamed(std::string_view name);
@@ -47,10 +39,7 @@ private:
     void warnOfStray(const wchar_t* place);
 
     AcDbStub* parseObject(std::string* name = nullptr);
-    bool parseFacts(int handleCode, Facts& facts);
-    void collectFact(int handleCode, Facts& facts);
-    void collectReference();
-    std::uint64_t reference();
+    bool parseFacts(ObjectFacts& facts);
     bool parseMember(Container& container);
     void joinToParent(AcDbStub& stub);
 
@@ -69,13 +58,8 @@ private:
     WarningLog& log_;
     dxf::Record record_;
     std::string_view type_; ///< Trimmed value of the last record with group code 0.
-    std::string scratch_;
-    bool inHead_ = false;  ///< Before the first subclass marker of an object.
-    bool inGroup_ = false; ///< Within an application group.
     std::vector<OwnerHint> hints_;
-    std::uint64_t greatestReference_ = 0;
-    std::string_view lastReferenceText_;
-    std::uint64_t lastReference_ = 0;
+    References references_;
     AcDbStub* parent_ = nullptr; ///< The POLYLINE or INSERT whose vertices or attributes can follow.
     std::wstring context_;       ///< What is being parsed, for messages.
     std::uint64_t faultOffset_ = 0;

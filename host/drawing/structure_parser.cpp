@@ -1,7 +1,5 @@
 #include "drawing_parser.h"
 
-#include "dxf_records/number_text.h"
-#include "dxf_records/value_type.h"
 #include "value_check.h"
 
 #include <algorithm>
@@ -13,10 +11,6 @@ namespace {
 constexpr int kTypeCode = 0;
 constexpr int kNameCode = 2;
 constexpr int kVariableCode = 9;
-constexpr int kPaperCode = 67;
-constexpr int kSubclassCode = 100;
-constexpr int kGroupCode = 102;
-constexpr int kOwnerCode = 330;
 constexpr int kCommentCode = 999;
 
 constexpr std::string_view kKnownSections[] = {"HEADER", "CLASSES",  "TABLES",
@@ -272,8 +266,8 @@ AcDbStub* StructureParser::parseObject(std::string* name) {
     if (!type)
         warn(tooManyTypes, begin,
              L"more than 65535 types of objects; type " + quoted(type_) + L" is not read");
-    Facts facts;
-    if (!parseFacts(type_ == "DIMSTYLE" ? 105 : 5, facts))
+    ObjectFacts facts(type_ == "DIMSTYLE" ? 105 : 5);
+    if (!parseFacts(facts))
         return nullptr;
     const std::uint64_t length = record_.offset - begin;
     if (length > std::numeric_limits<std::uint32_t>::max()) {
@@ -294,74 +288,15 @@ AcDbStub* StructureParser::parseObject(std::string* name) {
 }
 
 /// Parses the records after the type record, up to the next type record.
-bool StructureParser::parseFacts(int handleCode, Facts& facts) {
-    inHead_ = true;
-    inGroup_ = false;
+bool StructureParser::parseFacts(ObjectFacts& facts) {
     while (next()) {
         if (record_.code == kTypeCode)
             return true;
-        collectFact(handleCode, facts);
+        references_.add(record_);
+        if (!facts.add(record_, source_, references_) && record_.code == 5)
+            warnOfValue(); // `isReadable` accepts any value of code 5.
     }
     return false;
-}
-
-/// Handle and owner precede the first subclass marker and are outside of application groups. A later record
-/// with the code of the handle has another meaning.
-void StructureParser::collectFact(int handleCode, Facts& facts) {
-    collectReference();
-    switch (record_.code) {
-    case 5:
-    case 105:
-        if (!inHead_ || inGroup_ || record_.code != handleCode || facts.handle != 0)
-            return;
-        if (const auto handle = parseHandle(record_.value)) {
-            facts.handle = *handle;
-            facts.unreadableHandle = facts.unreadableHandle && facts.handle == 0;
-        } else {
-            facts.unreadableHandle = true;
-            if (record_.code == 5) // `isReadable` accepts any value of code 5.
-                warnOfValue();
-        }
-        return;
-    case kNameCode:
-        if (facts.name.empty())
-            facts.name = record_.value;
-        return;
-    case kPaperCode:
-        facts.owner.inPaperSpace = source_.value(record_, scratch_).find('1') != std::string_view::npos;
-        return;
-    case kSubclassCode:
-        inHead_ = false;
-        return;
-    case kGroupCode:
-        inGroup_ = record_.value.starts_with('{');
-        return;
-    case kOwnerCode:
-        if (inHead_ && !inGroup_ && facts.owner.handle == 0)
-            facts.owner.handle = reference();
-        return;
-    default:
-        return;
-    }
-}
-
-void StructureParser::collectReference() {
-    // Damaged: counting new handles from such a value could overflow.
-    constexpr std::uint64_t kImplausible = std::uint64_t{1} << 60U;
-    if (record_.code < 320 || dxf::valueType(record_.code) != dxf::ValueType::handle)
-        return;
-    if (const std::uint64_t handle = reference(); handle < kImplausible)
-        greatestReference_ = std::max(greatestReference_, handle);
-}
-
-/// Returns the handle that the record refers to; 0 when it is unreadable. Neighbours usually have the same
-/// owner.
-std::uint64_t StructureParser::reference() {
-    if (record_.value != lastReferenceText_) {
-        lastReferenceText_ = record_.value;
-        lastReference_ = parseHandle(record_.value).value_or(0);
-    }
-    return lastReference_;
 }
 
 bool StructureParser::next() {
