@@ -23,29 +23,28 @@ bool isPlausibleType(std::string_view type) {
 
 /// How well bytes read with group codes of a form.
 struct Fit {
-    bool isReadable = false;   ///< Records lead to a section or to the end, at which one may be cut.
+    bool isComplete = false;   ///< Records lead to a section or to the end mark.
     std::size_t plausible = 0; ///< Bytes before the first implausible type or error.
 
     auto operator<=>(const Fit&) const = default;
 };
 
-/// Returns at the first section unless an implausible type precedes it: records before it can be damaged.
+/// Stops at the first section unless an implausible type precedes it: records before it can be damaged.
 Fit fitOf(CodeForm form, std::string_view records) {
     BinaryReader reader(records, form);
     std::optional<std::size_t> implausible;
     Record record;
     ReadResult result = reader.next(record);
     for (; result == ReadResult::record; result = reader.next(record)) {
-        if (record.code != 0 || implausible)
+        if (record.code != 0)
             continue;
-        if (record.value == "SECTION")
-            return {true, records.size()};
-        if (!isPlausibleType(record.value))
+        if (record.value == "EOF" || (record.value == "SECTION" && !implausible))
+            return {true, implausible.value_or(records.size())};
+        if (!implausible && !isPlausibleType(record.value))
             implausible = record.offset;
     }
-    const bool isCut = reader.error().incomplete;
-    const std::size_t read = result == ReadResult::end || isCut ? records.size() : reader.error().offset;
-    return {result == ReadResult::end || (isCut && !implausible), implausible.value_or(read)};
+    const bool isError = result == ReadResult::error && !reader.error().incomplete;
+    return {false, implausible.value_or(isError ? reader.error().offset : records.size())};
 }
 
 CodeForm findForm(std::string_view records) {
