@@ -17,7 +17,7 @@ std::string entities(const std::string& records) {
     return dxf("0 SECTION|2 ENTITIES\n" + records + "\n0 ENDSEC|0 EOF");
 }
 
-const Damage unreadable[] = {
+const Damage kUnreadable[] = {
     {"empty file", "", 1, L"EOF"},
     {"text of another kind", "Hello\nworld\n", 1, L"group code"},
     {"no EOF", dxf("0 SECTION|2 ENTITIES|0 ENDSEC"), 7, L"EOF"},
@@ -27,7 +27,7 @@ const Damage unreadable[] = {
     {"word as a group code", "0\nSECTION\n2\nENTITIES\n0\nLINE\nlayer\n0\n", 7, L"group code"},
 };
 
-const Damage mended[] = {
+const Damage kMended[] = {
     {"word as a number", entities("0 LINE|8 0|10 1,5"), 10, L"\"1,5\" is not a number"},
     {"number cut off", entities("0 LINE|8 0|10 1.5e"), 10, L"not a number"},
     {"empty number", entities("0 LINE|40 "), 8, L"not a number"},
@@ -95,14 +95,14 @@ std::string withNewBlock(std::string bytes) {
 } // namespace
 
 TEST(Damaged, UnreadableStructureIsAnError) {
-    for (const Damage& damage : unreadable) {
+    for (const Damage& damage : kUnreadable) {
         SCOPED_TRACE(damage.what);
         expectFault(damage, refused(damage.bytes));
     }
 }
 
 TEST(Damaged, OtherFaultsAreWarningsAndPreserved) {
-    for (const Damage& damage : mended) {
+    for (const Damage& damage : kMended) {
         SCOPED_TRACE(damage.what);
         const auto document = opened(damage.bytes);
         ASSERT_FALSE(document->warnings().empty());

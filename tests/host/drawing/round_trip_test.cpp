@@ -9,7 +9,7 @@ using namespace zuhost;
 
 namespace {
 
-constexpr const char* samples[] = {
+constexpr const char* kSamples[] = {
     "drawings/office-floor.dxf",   "drawings/office-floor-932.dxf", "parts/equip-fan.dxf",
     "parts/equip-fan-utf8.dxf",    "parts/fitting-01.dxf",          "parts/fitting-02.dxf",
     "parts/fitting-03.dxf",        "parts/binary/equip-fan.dxf",    "parts/binary/equip-fan-utf8.dxf",
@@ -58,7 +58,7 @@ void expectSameDrawing(const Document& a, const Document& b) {
 } // namespace
 
 TEST(RoundTrip, UneditedSamplesKeepTheirBytes) {
-    for (const char* name : samples) {
+    for (const char* name : kSamples) {
         const std::string bytes = sample(name);
         const auto document = opened(bytes);
         EXPECT_GT(document->objectCount(), 100U) << name;
@@ -67,7 +67,7 @@ TEST(RoundTrip, UneditedSamplesKeepTheirBytes) {
 }
 
 TEST(RoundTrip, TheOtherFormKeepsObjectsAndValues) {
-    for (const char* name : samples) {
+    for (const char* name : kSamples) {
         SCOPED_TRACE(name);
         const auto document = opened(sample(name));
         const std::string converted = document->bytes(otherForm(document->form()), nullptr);
@@ -81,7 +81,7 @@ TEST(RoundTrip, TheOtherFormKeepsObjectsAndValues) {
 }
 
 TEST(RoundTrip, ObjectsWrittenFromTagsKeepTheirBytes) {
-    for (const char* name : samples) {
+    for (const char* name : kSamples) {
         const std::string bytes = sample(name);
         const auto document = opened(bytes);
         TagList tags;

@@ -6,7 +6,7 @@ using namespace zuhost;
 
 namespace {
 
-constexpr const char* r12Sections = R"(999 made by hand
+constexpr const char* kR12Sections = R"(999 made by hand
 0 SECTION|2 TABLES
 0 TABLE|2 LAYER|70 1|0 LAYER|2 walls|70 0|62 7|6 CONTINUOUS|0 ENDTAB
 0 TABLE|2 DIMSTYLE|70 1|0 DIMSTYLE|2 STANDARD|5 _DOT|0 ENDTAB
@@ -40,7 +40,7 @@ const Container& last(const Document& document, Container::Kind kind) {
 } // namespace
 
 TEST(Structure, DrawingsBeforeR13GetInternalHandles) {
-    const auto document = opened(drawing("AC1009", r12Sections));
+    const auto document = opened(drawing("AC1009", kR12Sections));
     EXPECT_EQ(document->version(), 1009);
     ASSERT_EQ(document->containers().size(), 5U);
     const AcDbStub* dimStyle = member(*document, "DIMSTYLE");
@@ -55,7 +55,7 @@ TEST(Structure, DrawingsBeforeR13GetInternalHandles) {
 }
 
 TEST(Structure, VerticesAndAttributesBelongToTheEntityBeforeThem) {
-    const auto document = opened(drawing("AC1009", r12Sections));
+    const auto document = opened(drawing("AC1009", kR12Sections));
     const Container& entities = last(*document, Container::Kind::entities);
     ASSERT_EQ(types(*document, entities), (std::vector<std::string>{"POLYLINE", "VERTEX", "VERTEX", "SEQEND",
                                                                     "INSERT", "ATTRIB", "SEQEND", "LINE"}));
@@ -73,7 +73,7 @@ TEST(Structure, VerticesAndAttributesBelongToTheEntityBeforeThem) {
 }
 
 TEST(Structure, OwnersBeforeR13AreTablesAndBlocks) {
-    const auto document = opened(drawing("AC1009", r12Sections));
+    const auto document = opened(drawing("AC1009", kR12Sections));
     const Container& layers = document->container(Container::Kind::table, "LAYER");
     EXPECT_EQ(layers.members.at(0)->owner, layers.head);
     const Container& tree = document->container(Container::Kind::block, "TREE");
@@ -134,7 +134,7 @@ TEST(Structure, UnknownContentsArePreserved) {
 }
 
 TEST(Structure, BinaryDrawingsBeforeR13HaveShortGroupCodes) {
-    const auto ascii = opened(drawing("AC1009", r12Sections));
+    const auto ascii = opened(drawing("AC1009", kR12Sections));
     const std::string binary = ascii->bytes(DrawingForm::binary, nullptr);
     EXPECT_EQ(binary.substr(22, 8), std::string("\0SECTION", 8));
     const auto again = opened(binary);
