@@ -43,6 +43,19 @@ def groups_that_do_not_list_the_element(d):
     duct[reactors:reactors] = [record(duct[0], 330, h) for h in handles()]
 
 
+def groups_that_change_their_kind_in_turn(d):
+    """An element that leaves a group changes its kind, so that the element before it leaves the next group."""
+    lines, groups = list(handles()), ["2" + h for h in handles()]
+    add(d, d.at(DUCT), ([(0, "LINE"), (5, h), (100, "AcDbEntity"), (8, "0"), (100, "AcDbLine"), (1001, "ZU_LINK"),
+                         (1000, "%d|" % (1 + i % 2))] for i, h in enumerate(lines)))
+    add(d, d.at(SUPPLY), ([(0, "GROUP"), (5, g), (330, "C"), (100, "AcDbGroup"),
+                           *((340, h) for h in (lines[i:i + 1] if i else []) + [lines[i - 1]])]
+                          for i, g in enumerate(groups)))
+    like = group_dictionary(d)
+    like.extend(record(like[0], *r) for i, g in enumerate(groups)
+                for r in ((3, "*A%d" % (2 * MANY - (i or MANY))), (350, g)))
+
+
 def points_at_one_place(d):
     """In the block of an element whose other connection point dangles."""
     name = text(d.at(DANGLING)[places(d.at(DANGLING), 2)[0]])
@@ -68,7 +81,8 @@ def made(damage, folder):
 
 with tempfile.TemporaryDirectory() as folder:
     out = os.path.join(folder, "out.dxf")
-    for damage in (names_without_groups, groups_without_members, groups_that_do_not_list_the_element):
+    for damage in (names_without_groups, groups_without_members, groups_that_do_not_list_the_element,
+                   groups_that_change_their_kind_in_turn):
         found = run_json("check", made(damage, folder), "--repair", "-o", out)
         check(sum(f["repaired"] for f in found) >= MANY, damage.__name__ + ": all is repaired")
         check(len(run_json("check", out)) < 100, damage.__name__ + ": and well again")
