@@ -33,7 +33,8 @@ ZUCOMN_API int ZuComn_readConfig(wchar_t* buffer, const wchar_t* file, const wch
 
 /// Writes a value to "ZuConfig.ini" and adds its section and key if necessary; a null value deletes the key,
 /// a null key the section. `file` is ignored. Returns a nonzero value on success, 0 with the file unchanged
-/// on failure: when an argument contains a line end, the file's encoding cannot represent the text, or the
+/// on failure: when an argument contains a line end, the settings name no system folder, the file's encoding
+/// cannot represent the text, or the
 /// file cannot be written.
 ZUCOMN_API int ZuComn_writeConfig(const wchar_t* section, const wchar_t* key, const wchar_t* value,
                                   const wchar_t* file);

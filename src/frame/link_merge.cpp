@@ -50,6 +50,9 @@ public:
         if (!writePending())
             return std::nullopt;
         result_ += rest_;
+        // Dropped lines must not bring bytes to the front that read as the mark of another encoding.
+        if (TextEncoding::of(result_).mark() != encoding_.mark())
+            return std::nullopt;
         return std::move(result_);
     }
 

@@ -58,10 +58,11 @@ CString valueOrEmpty(const wchar_t* file, const wchar_t* section, const wchar_t*
     return value;
 }
 
+/// Empty while the settings name no system folder, so that the root folder does not take its place.
 CString configurationFile() {
-    return valueOrEmpty(ZUCE_INIFILE, zu::libraryText(zu::text::kEnvironmentSection),
-                        zu::libraryText(zu::text::kSystemFolder)) +
-           L"\\ZuConfig.ini";
+    const CString folder = valueOrEmpty(ZUCE_INIFILE, zu::libraryText(zu::text::kEnvironmentSection),
+                                        zu::libraryText(zu::text::kSystemFolder));
+    return folder.IsEmpty() ? folder : folder + L"\\ZuConfig.ini";
 }
 
 AcDb::LineWeight lineWeight(UINT keyId) {
@@ -141,9 +142,10 @@ int ZuComn_readConfig(wchar_t* buffer, const wchar_t* file, const wchar_t* secti
 
 int ZuComn_writeConfig(const wchar_t* section, const wchar_t* key, const wchar_t* value,
                        const wchar_t* /*file*/) {
-    if (containsLineEnd(section) || containsLineEnd(key) || containsLineEnd(value))
+    const CString file = configurationFile();
+    if (file.IsEmpty() || containsLineEnd(section) || containsLineEnd(key) || containsLineEnd(value))
         return FALSE;
-    return WritePrivateProfileStringW(section, key, value, configurationFile());
+    return WritePrivateProfileStringW(section, key, value, file);
 }
 
 int ZuComn_readEnvConfig(CString& value, const wchar_t* key) {

@@ -198,6 +198,8 @@ TEST_F(LinkInfo, RejectedPairsLeaveTheFileUntouched) {
     EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), texts({L"A", L"B"}), texts({L"1"})));
     EXPECT_EQ(read("links.lif"), "A|1\n");
     EXPECT_FALSE(exists("links.bak"));
+    folder_.write("links.lif", "dropped\n\xFF\xFEkept\nk|1\n");
+    EXPECT_FALSE(save()) << "the next line would start with the mark of another encoding";
     EXPECT_FALSE(exists("__Temp.tmp"));
 }
 

@@ -126,6 +126,7 @@ TEST(SettingsWithoutFiles, ReadAsMissing) {
     EXPECT_EQ(value, L"");
     EXPECT_EQ(gblComn_lineWeight, 0);
     EXPECT_EQ(ZuComn_GetEnv(L"/nowhere/x.ini", L"A", L"k"), L"");
+    EXPECT_EQ(ZuComn_writeConfig(L"環境設定", L"k", L"v", L"ignored"), 0) << "not into the root folder";
 }
 
 } // namespace
