@@ -21,6 +21,12 @@ bool isPlausibleType(std::string_view type) {
     return !type.empty() && type.front() > ' ';
 }
 
+/// Types of frames are recognised in lower case too.
+bool isFrame(std::string_view type, std::string_view frame) {
+    const auto same = [](char a, char b) { return a == b || (a >= 'a' && a - 'a' + 'A' == b); };
+    return std::equal(type.begin(), type.end(), frame.begin(), frame.end(), same);
+}
+
 /// How well bytes read with group codes of a form.
 struct Fit {
     bool isComplete = false;   ///< Records lead to a section or to the end mark.
@@ -38,7 +44,7 @@ Fit fitOf(CodeForm form, std::string_view records) {
     for (; result == ReadResult::record; result = reader.next(record)) {
         if (record.code != 0)
             continue;
-        if (record.value == "EOF" || (record.value == "SECTION" && !implausible))
+        if (isFrame(record.value, "EOF") || (isFrame(record.value, "SECTION") && !implausible))
             return {true, implausible.value_or(records.size())};
         if (!implausible && !isPlausibleType(record.value))
             implausible = record.offset;
