@@ -1,8 +1,10 @@
 #include "attribute_tables.h"
 
+#include "model/parameter_index.h"
 #include "state/library_state.h"
 
 #include <zucomn/frame.h>
+#include <zucomn/model/attributes.h>
 #include <zucomn/settings.h>
 #include <zucomn/tables.h>
 
@@ -22,10 +24,12 @@ std::optional<CString> tableFolder() {
                                                                               : std::nullopt;
 }
 
+CString pathOf(const CString& folder, const wchar_t* file) {
+    return folder + L"\\" + file;
+}
+
 bool read(CPtrArray& table, const CString& folder, const wchar_t* file) {
-    CString path;
-    path.Format(L"%s\\%s", folder, file);
-    return ZuComn_ReadConfigFile(path, table, 0, nullptr, L"|", 0) == 0;
+    return ZuComn_ReadConfigFile(pathOf(folder, file), table, 0, nullptr, L"|", 0) == 0;
 }
 
 } // namespace
@@ -57,3 +61,17 @@ bool AttributeTables::readParameters(CPtrArray& records) {
 }
 
 } // namespace zu
+
+std::wstring zucomn::parameterTableFile() {
+    const std::optional<CString> folder = zu::tableFolder();
+    return folder ? std::wstring(zu::pathOf(*folder, zu::kParameters).view()) : std::wstring();
+}
+
+std::optional<bool> zucomn::isEditableAttribute(std::wstring_view id) {
+    CPtrArray records;
+    if (!zu::AttributeTables::readParameters(records))
+        return std::nullopt;
+    const zu::ParameterIndex parameters(records);
+    ZuComn_RemoveAllFree(records);
+    return parameters.editable(CString(id));
+}

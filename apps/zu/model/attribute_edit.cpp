@@ -5,11 +5,7 @@
 #include "model/readable_file.h"
 #include "text.h"
 
-#include <afxcoll.h>
-#include <zucomn/frame.h>
 #include <zucomn/model/attributes.h>
-#include <zucomn/settings.h>
-#include <zucomn/tables.h>
 #include <zuhost/paths.h>
 
 namespace zu::app {
@@ -36,24 +32,15 @@ AttributeEdit editAttribute(const std::vector<AcDbObjectId>& elements, const std
 }
 
 bool mayEditAttribute(const std::string& key) {
-    CString folder;
-    if (ZuComn_GetEnv(folder, ZUCE_INIFILE, L"環境設定", L"標準部品") != 0)
+    const std::wstring file = zucomn::parameterTableFile();
+    if (file.empty())
         throw Failure("the settings name no folder of the parameter table (標準部品 in [環境設定])");
-    const CString file = folder + L"\\属性IDパラメータ.csv";
-    CPtrArray table;
-    if (ZuComn_ReadConfigFile(file, table, 0, nullptr, L"|", 0) != 0) {
-        const std::string path = zuhost::systemPath(file.view());
-        requireReadable(path);
-        throw Failure(path + ": The parameter table holds no records");
-    }
-    bool editable = false;
-    const CString id = wide(key).SpanExcluding(L"|");
-    for (int i = 0; i < table.GetSize() && !editable; ++i) {
-        const auto* const row = static_cast<const CStringArray*>(static_cast<CObject*>(table[i]));
-        editable = row->GetSize() >= 4 && row->GetAt(0) == id && row->GetAt(3).Left(1) == L"1";
-    }
-    ZuComn_RemoveAllFree(table);
-    return editable;
+    const auto editable = zucomn::isEditableAttribute(wide(key).SpanExcluding(L"|").view());
+    if (editable)
+        return *editable;
+    const std::string path = zuhost::systemPath(file);
+    requireReadable(path);
+    throw Failure(path + ": the parameter table holds no records");
 }
 
 } // namespace zu::app

@@ -5,8 +5,10 @@
 #include <dbid.h>
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zucomn {
@@ -18,12 +20,20 @@ using AttributeRow = std::array<std::wstring, 9>;
 /// Returns the rows of an element in stored order; an empty vector for an element without a record.
 [[nodiscard]] ZUCOMN_API std::vector<AttributeRow> readAttributes(AcDbObjectId element);
 
-/// A value to write under an attribute id such as "S401". It must not contain "|", which separates the fields
-/// of a record.
+/// A value to write under an attribute id such as "S401". A value that contains "|", which separates the
+/// fields of a record, or a line end is not written.
 struct AttributeValue {
     std::wstring id;
     std::wstring value;
 };
+
+/// Returns the path of the parameter table, which says which attributes may be edited; empty when the
+/// settings name no folder for it.
+[[nodiscard]] ZUCOMN_API std::wstring parameterTableFile();
+
+/// Returns whether the parameter table, read anew, lets an attribute be edited; nullopt when it cannot be
+/// read or holds no records. Attributes that it does not list are read-only.
+[[nodiscard]] ZUCOMN_API std::optional<bool> isEditableAttribute(std::wstring_view id);
 
 /// The outcome of an edit for one element.
 enum class EditOutcome {
