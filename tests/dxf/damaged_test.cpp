@@ -158,21 +158,5 @@ TEST(Damaged, FaultsAreSkippedAndListed) {
     EXPECT_EQ(part.GetFindings().kept.size(), 50U);
 }
 
-TEST(Damaged, LineEndsOfEveryKind) {
-    const std::string lf = readBytes(sample("fitting-02.dxf"));
-    std::string crlf;
-    std::string cr;
-    for (const char c : lf) {
-        crlf += c == '\n' ? "\r\n" : std::string(1, c);
-        cr += c == '\n' ? '\r' : c;
-    }
-    const PartFile original(lf);
-    const PlainJson expected = modelOf(CAcadDxf(original.path()));
-    for (const std::string& bytes : {crlf, cr}) {
-        const PartFile file(bytes);
-        EXPECT_EQ(modelOf(CAcadDxf(file.path())), expected);
-    }
-}
-
 } // namespace
 } // namespace zu::test

@@ -1,3 +1,4 @@
+#include "dxf_records.h"
 #include "part_files.h"
 
 #include <gtest/gtest.h>
@@ -15,16 +16,8 @@ CStringArray linesOf(std::initializer_list<const wchar_t*> lines) {
     return array;
 }
 
-/// Returns the records in ASCII form.
-std::string ascii(std::initializer_list<std::pair<int, const char*>> records) {
-    std::string bytes;
-    for (const auto& [code, value] : records)
-        bytes += std::to_string(code) + "\n" + value + "\n";
-    return bytes;
-}
-
-std::string entities(std::initializer_list<std::pair<int, const char*>> records) {
-    return ascii({{0, "SECTION"}, {2, "ENTITIES"}}) + ascii(records) + ascii({{0, "ENDSEC"}, {0, "EOF"}});
+std::string entities(std::string_view records) {
+    return dxfRecords("0 SECTION|2 ENTITIES") + dxfRecords(records) + dxfRecords("0 ENDSEC|0 EOF");
 }
 
 PlainJson entitiesOf(const std::string& bytes) {
@@ -34,14 +27,10 @@ PlainJson entitiesOf(const std::string& bytes) {
 
 TEST(Reading, FieldsOfDamagedAndUnusualEntities) {
     // A record before the first entity, a vertex without a polyline, unknown types, an embedded object.
-    const PlainJson list =
-        entitiesOf(entities({{8, "before"}, {0, "VERTEX"},       {10, "1"},    {0, "line"},
-                             {10, "1"},     {0, "LINE"},         {10, "+1.5"}, {20, " 2,5"},
-                             {11, "nan"},   {21, "1e999"},       {62, " 3x"},  {0, "PLINE"},
-                             {70, "1"},     {0, "VERTEX"},       {10, "7"},    {0, "SEQEND"},
-                             {8, "none"},   {0, "MTEXT"},        {10, "4"},    {101, "Embedded Object"},
-                             {10, "5"},     {1, "not the text"}, {0, "POINT"}, {5, " 1f "},
-                             {0, "POINT"},  {5, "1G"},           {0, "LINE"},  {5, "1234567890123456A"}}));
+    const PlainJson list = entitiesOf(
+        entities("8 before|0 VERTEX|10 1|0 line|10 1|0 LINE|10 +1.5|20  2,5|11 nan|21 1e999|62  3x|0 "
+                 "PLINE|70 1|0 VERTEX|10 7|0 SEQEND|8 none|0 MTEXT|10 4|101 Embedded Object|10 5|1 not the "
+                 "text|0 POINT|5  1f |0 POINT|5 1G|0 LINE|5 1234567890123456A"));
     ASSERT_EQ(list.size(), 6U);
     EXPECT_EQ(list[0]["p1"], PlainJson({1.5, 2.0}));
     EXPECT_EQ(list[0]["color"], 3);
@@ -55,20 +44,6 @@ TEST(Reading, FieldsOfDamagedAndUnusualEntities) {
     EXPECT_EQ(list[3]["handle"], "1F");
     EXPECT_EQ(list[4]["handle"], nullptr);
     EXPECT_EQ(list[5]["handle"], nullptr);
-}
-
-TEST(Reading, CommentsChangeNothing) {
-    const std::string bytes = readBytes(sample("fitting-02.dxf"));
-    std::string commented;
-    int line = 0;
-    for (std::size_t at = 0; at < bytes.size(); ++line) {
-        const std::size_t end = bytes.find('\n', at) + 1;
-        commented += (line % 2 == 0 ? "999\nSECTION\n" : "") + bytes.substr(at, end - at);
-        at = end;
-    }
-    const PartFile plain(bytes);
-    const PartFile withComments(commented);
-    EXPECT_EQ(modelOf(CAcadDxf(plain.path())), modelOf(CAcadDxf(withComments.path())));
 }
 
 TEST(Reading, TextByCodePageVersionAndMark) {
@@ -89,21 +64,16 @@ TEST(Reading, TextByCodePageVersionAndMark) {
                           {"AC1024", "", "\\U+D83D\\U+DE00", "\xF0\x9F\x98\x80"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.version) + c.page + c.text);
-        const std::string header = ascii({{0, "SECTION"},
-                                          {2, "HEADER"},
-                                          {9, "$ACADVER"},
-                                          {1, c.version},
-                                          {9, "$DWGCODEPAGE"},
-                                          {3, c.page},
-                                          {0, "ENDSEC"}});
-        EXPECT_EQ(entitiesOf(header + entities({{0, "TEXT"}, {1, c.value}}))[0]["text"], c.text);
+        const std::string header = dxfRecords(std::string("0 SECTION|2 HEADER|9 $ACADVER|1 ") + c.version +
+                                              "|9 $DWGCODEPAGE|3 " + c.page + "|0 ENDSEC");
+        EXPECT_EQ(entitiesOf(header + entities(std::string("0 TEXT|1 ") + c.value))[0]["text"], c.text);
     }
-    EXPECT_EQ(entitiesOf("\xEF\xBB\xBF" + entities({{0, "TEXT"}, {8, "外形"}}))[0]["layer"], "外形");
+    EXPECT_EQ(entitiesOf("\xEF\xBB\xBF" + entities("0 TEXT|8 外形"))[0]["layer"], "外形");
 }
 
 TEST(Reading, TextsAreTruncatedToTheirLimit) {
     const std::string text(700, 'x');
-    EXPECT_EQ(entitiesOf(entities({{0, "TEXT"}, {1, text.c_str()}}))[0]["text"], text.substr(0, 512));
+    EXPECT_EQ(entitiesOf(entities("0 TEXT|1 " + text))[0]["text"], text.substr(0, 512));
     const std::string records = binaryText(0, "TEXT") + binaryText(1, text) + binaryText(8, "after");
     const PlainJson list = entitiesOf(binaryDrawing(records));
     EXPECT_EQ(list[0]["text"], text.substr(0, 255));
@@ -198,12 +168,9 @@ TEST(Reading, EntitiesOutliveTheirDrawing) {
 
 /// Fields that no listing shows are kept for modules that insert parts into drawings.
 TEST(Reading, FieldsThatNoListingShows) {
-    const PartFile file(
-        entities({{0, "LWPOLYLINE"}, {10, "0"},  {10, "1"}, {40, "2"},        {41, "3"},    {10, "2"},
-                  {0, "POLYLINE"},   {40, "1"},  {41, "2"}, {71, "3"},        {72, "4"},    {73, "5"},
-                  {0, "VERTEX"},     {50, "45"}, {71, "1"}, {72, "-2"},       {73, "3"},    {0, "MTEXT"},
-                  {42, "9"},         {72, "3"},  {73, "2"}, {0, "DIMENSION"}, {40, "1"},    {41, "2"},
-                  {42, "850.5"},     {51, "30"}, {71, "1"}, {72, "2"},        {0, "POINT"}, {50, "15"}}));
+    const PartFile file(entities(
+        "0 LWPOLYLINE|10 0|10 1|40 2|41 3|10 2|0 POLYLINE|40 1|41 2|71 3|72 4|73 5|0 VERTEX|50 45|71 1|72 "
+        "-2|73 3|0 MTEXT|42 9|72 3|73 2|0 DIMENSION|40 1|41 2|42 850.5|51 30|71 1|72 2|0 POINT|50 15"));
     const CAcadDxf part(file.path());
     POSITION at = part.GetEntities().GetHeadPosition();
     const auto next = [&]() -> const CObject& { return *part.GetEntities().GetNext(at); };
@@ -259,17 +226,8 @@ TEST(Reading, LayersBlocksAndOptions) {
     EXPECT_EQ(part.isA(), CAcadDxf::desc());
     EXPECT_EQ(CAcadDxf::cast(static_cast<const AcRxObject*>(&part)), &part);
 
-    const std::string layer = ascii({{0, "SECTION"},
-                                     {2, "TABLES"},
-                                     {0, "TABLE"},
-                                     {2, "LAYER"},
-                                     {70, "1"},
-                                     {0, "LAYER"},
-                                     {2, "a"},
-                                     {370, "35"},
-                                     {0, "ENDTAB"},
-                                     {0, "ENDSEC"}});
-    const PartFile file(layer);
+    const PartFile file(
+        dxfRecords("0 SECTION|2 TABLES|0 TABLE|2 LAYER|70 1|0 LAYER|2 a|370 35|0 ENDTAB|0 ENDSEC"));
     EXPECT_EQ(CAcadDxf(file.path()).GetLineWeight(L"A"), 35);
     EXPECT_EQ(CAcadDxf(file.path()).GetLineWeight(L"b"), CEnt::kWeightDefault);
 }

@@ -64,21 +64,6 @@ TEST(Samples, BinaryTwinsEqualTheirOriginals) {
     EXPECT_EQ(twins, 4);
 }
 
-TEST(Samples, VertexWidthsAreKept) {
-    const CAcadDxf part(hostPath(sample("fitting-02.dxf")));
-    for (POSITION at = part.GetEntities().GetHeadPosition(); at != nullptr;) {
-        const auto* const polyline = dynamic_cast<const CPline*>(part.GetEntities().GetNext(at));
-        if (polyline == nullptr)
-            continue;
-        POSITION place = polyline->m_vertices.FindIndex(2);
-        const auto* const third = static_cast<const CVertex*>(polyline->m_vertices.GetNext(place));
-        EXPECT_EQ(third->m_startWidth, 1.0);
-        EXPECT_EQ(third->m_endWidth, 2.0);
-        return;
-    }
-    FAIL() << "no polyline";
-}
-
 /// Reads binary drawings of another writer, with the group codes of newer versions.
 TEST(Samples, BinaryDrawingsOfAnotherWriter) {
     for (const PlainJson& drawing : expectedDrawings()) {

@@ -196,6 +196,7 @@ TEST(Frame, LayerNamesComeFromTheLanguageModule) {
         }
         const HINSTANCE loaded = ZuComn_GetResource();
         EXPECT_TRUE(acrxDynamicLinker->loadModule(L"ZuComn.arx", false));
+        EXPECT_TRUE(acrxDynamicLinker->isAppMDIAware(L"ZuComn"));
         EXPECT_TRUE(acrxDynamicLinker->unloadModule(L"ZuComn.arx"));
         EXPECT_NE(ZuComn_GetResource(), loaded) << "freed with the library";
         EXPECT_EQ(ZUCONECT_LAYER, L"calque 101") << "names keep their last values";
@@ -242,13 +243,6 @@ TEST(Frame, WorkDatabaseIsTheHostsUnlessSet) {
     EXPECT_EQ(ZuComn_GetEnableAnnoScale(), 2);
     ZuComn_workDatabase(nullptr);
     EXPECT_EQ(ZuComn_getWorkDatabase(), &hosts);
-}
-
-TEST(Frame, LoadsAndUnloadsThroughTheHost) {
-    EXPECT_TRUE(acrxDynamicLinker->loadModule(L"ZuComn.arx", false));
-    EXPECT_FALSE(acrxDynamicLinker->isApplicationLocked(L"ZuComn"));
-    EXPECT_TRUE(acrxDynamicLinker->isAppMDIAware(L"ZuComn"));
-    EXPECT_TRUE(acrxDynamicLinker->unloadModule(L"ZuComn.arx"));
 }
 
 } // namespace

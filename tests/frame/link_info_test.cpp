@@ -81,25 +81,14 @@ TEST_F(LinkInfo, Merges) {
         {"x\n# c\ny|1\nlost\n# d\nz|1\nheld\n# e\nend", texts({L"x\ny", L"z", L"w"}),
          texts({L"2", L"3", L"4"}), "# c\nx\ny|2\nlost\n# d\nz|1\n# e\nz|3\nw|4\nend"},
         {"\x83\x7C\x83\x93|1\n", texts({L"ポン"}), texts({L"表"}), "\x83\x7C\x83\x93|\x95\x5C\n"},
-        {"\xEF\xBB\xBF"
-         "A|1\n",
-         texts({L"㎥", L"A"}), texts({L"𠮷", L"2"}),
-         "\xEF\xBB\xBF"
-         "A|2\n㎥|𠮷\n"},
-        {std::string("\xFF\xFE"
-                     "A\0|\0\x0A\x0A\n\0B",
-                     11),
-         texts({L"A"}), texts({L"𠮷"}),
-         std::string("\xFF\xFE"
-                     "A\0|\0\x42\xD8\xB7\xDF\n\0",
-                     12)},
+        {"\uFEFFA|1\n", texts({L"㎥", L"A"}), texts({L"𠮷", L"2"}), "\uFEFFA|2\n㎥|𠮷\n"},
+        {std::string("\377\376A\0|\0\x0A\x0A\n\0B", 11), texts({L"A"}), texts({L"𠮷"}),
+         std::string("\377\376A\0|\0\x42\xD8\xB7\xDF\n\0", 12)},
         // UTF-16: a surrogate pair as key, and adjacent bytes of two characters that look like a line feed.
         {std::string("\xFF\xFE\x42\xD8\xB7\xDF|\0\x05\x0A\0\x4E\n\0", 14), texts({L"𠮷"}), texts({L"ਅ一"}),
          std::string("\xFF\xFE\x42\xD8\xB7\xDF|\0\x05\x0A\0\x4E\n\0", 14)},
         {std::string("\xFF\xFE\x05\x0A\0\x4E|\0x\0\n\0", 12), texts({L"ਅ一"}), texts({L"1"}),
-         std::string("\xFF\xFE\x05\x0A\0\x4E|\0"
-                     "1\0\n\0",
-                     12)},
+         std::string("\xFF\xFE\x05\x0A\0\x4E|\0001\0\n\0", 12)},
     };
     for (const auto& c : cases) {
         folder_.write("links.lif", c.before);

@@ -38,19 +38,8 @@ TEST(Tables, FlatForm) {
         {"\xEF\xBB\xBF㎥|x\n", 0, nullptr, 0, {L"㎥", L"x"}},
         {"a|b\x83", 0, nullptr, 0, {L"a", L"b・"}}, // ends inside a character
         {"a|\x83\nb\n", 0, nullptr, 0, {L"a", L"・", L"b"}},
-        {"\xEF\xBB\xBF"
-         "a|\xE3\x8E",
-         0,
-         nullptr,
-         0,
-         {L"a", L"\uFFFD\uFFFD"}},
-        {std::string_view("\xFF\xFE"
-                          "a\0|\0b",
-                          7),
-         0,
-         nullptr,
-         0,
-         {L"a", L""}},
+        {"\uFEFFa|\xE3\x8E", 0, nullptr, 0, {L"a", L"\uFFFD\uFFFD"}},
+        {std::string_view("\377\376a\0|\0b", 7), 0, nullptr, 0, {L"a", L""}},
         {std::string_view("a\0b|\0\n", 6), 0, nullptr, 0, {std::wstring(L"a\0b", 3), std::wstring(1, L'\0')}},
     };
     const TemporaryFolder folder;
@@ -73,17 +62,6 @@ TEST(Tables, RecordsWithoutKeptFieldsAreStored) {
     ASSERT_EQ(records.GetSize(), 2);
     EXPECT_TRUE(static_cast<CStringArray*>(static_cast<CObject*>(records[0]))->IsEmpty());
     ZuComn_RemoveAllFree(records);
-}
-
-TEST(Tables, MissingFilesLeaveTheOutputUntouched) {
-    const TemporaryFolder folder;
-    CStringArray fields;
-    fields.Add(L"before");
-    for (const std::wstring& path : {folder.wide("missing.csv"), folder.wide(""), std::wstring()})
-        EXPECT_EQ(ZuComn_ReadConfigFile(path.c_str(), fields, 0, nullptr, L"|"), -1);
-    EXPECT_EQ(ZuComn_ReadConfigFile(folder.wide("missing.csv").c_str(), fields, 0, nullptr, nullptr), -1);
-    EXPECT_EQ(fieldsOf(fields), Fields{L"before"});
-    EXPECT_EQ(ZuComn_findFile(folder.wide("missing.csv").c_str()), 0);
 }
 
 /// Returns numbered records, enough of which make a table that several threads read.
@@ -146,7 +124,7 @@ TEST(Tables, ReadErrorsEmptyTheList) {
     EXPECT_TRUE(fails());
 }
 
-TEST(Tables, FoldersAndUnreadableFilesCountAsMissing) {
+TEST(Tables, MissingFilesFoldersAndUnreadableFilesLeaveTheOutputUntouched) {
     const TemporaryFolder folder;
     folder.write("t.csv", "a|b\n");
     const auto expectMissing = [](const std::wstring& path) {
@@ -156,7 +134,9 @@ TEST(Tables, FoldersAndUnreadableFilesCountAsMissing) {
         EXPECT_EQ(fieldsOf(fields), Fields{L"before"});
         EXPECT_EQ(ZuComn_findFile(path.c_str()), 0);
     };
-    expectMissing(folder.wide("."));
+    for (const std::wstring& path :
+         {folder.wide("."), folder.wide("missing.csv"), folder.wide(""), std::wstring()})
+        expectMissing(path);
     const file_ops::Interception unreadable([](file_ops::Operation operation, const std::string&) {
         return operation == file_ops::Operation::open ? EACCES : 0;
     });

@@ -1,3 +1,4 @@
+#include "dxf_records.h"
 #include "sample_drawing.h"
 
 #include <numbers>
@@ -15,21 +16,13 @@ void expectPoint(const AcGePoint3d& found, const AcGePoint3d& expected) {
 
 /// Returns a minimal drawing with the given entities: "code value" records separated by "|".
 std::string drawingOf(const std::string& entities) {
-    std::string text =
+    return dxfRecords(
         "0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|0 ENDSEC|0 SECTION|2 TABLES|0 TABLE|2 BLOCK_RECORD|"
         "5 1|100 AcDbSymbolTable|70 1|0 BLOCK_RECORD|5 2|330 1|100 AcDbSymbolTableRecord|"
         "100 AcDbBlockTableRecord|2 *Model_Space|0 ENDTAB|0 ENDSEC|0 SECTION|2 BLOCKS|0 BLOCK|5 3|"
         "330 2|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 *Model_Space|0 ENDBLK|5 4|330 2|"
         "100 AcDbEntity|8 0|100 AcDbBlockEnd|0 ENDSEC|0 SECTION|2 ENTITIES|" +
-        entities + "|0 ENDSEC|0 EOF|";
-    std::string lines;
-    bool inCode = true;
-    for (const char c : text) {
-        const bool ends = c == '|' || (inCode && c == ' ');
-        lines += ends ? '\n' : c;
-        inCode = c == '|' || (inCode && !ends);
-    }
-    return lines;
+        entities + "|0 ENDSEC|0 EOF");
 }
 
 } // namespace

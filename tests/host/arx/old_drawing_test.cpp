@@ -1,27 +1,18 @@
+#include "dxf_records.h"
 #include "sample_drawing.h"
 
 namespace {
 
 /// Returns a drawing of a version without handles, owners and class markers.
 std::string oldDrawing() {
-    const std::string records =
+    return dxfRecords(
         "0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|0 ENDSEC|0 SECTION|2 TABLES|0 TABLE|2 LAYER|70 2|0 LAYER|2 "
-        "0|70 0|"
-        "62 7|6 CONTINUOUS|0 LAYER|2 WALLS|70 4|62 -3|6 CONTINUOUS|0 ENDTAB|0 ENDSEC|0 SECTION|2 BLOCKS|"
-        "0 BLOCK|8 0|2 TREE|70 0|10 1.5|20 2.5|30 0.0|0 CIRCLE|8 WALLS|10 0.0|20 0.0|30 0.0|40 1.0|0 "
-        "ENDBLK|8 0|"
-        "0 ENDSEC|0 SECTION|2 ENTITIES|0 INSERT|8 WALLS|66 1|2 Tree|10 5.0|20 6.0|30 0.0|0 ATTRIB|8 0|10 0.0|"
-        "20 0.0|30 0.0|40 1.0|1 oak|2 KIND|70 0|0 SEQEND|8 0|0 POLYLINE|8 0|66 1|10 0.0|20 0.0|30 0.0|"
-        "0 VERTEX|8 0|10 0.0|20 0.0|30 0.0|0 VERTEX|8 0|10 5.0|20 0.0|30 0.0|0 SEQEND|8 0|0 LINE|8 0|10 0.0|"
-        "20 0.0|30 0.0|11 1.0|21 1.0|31 0.0|0 ENDSEC|0 EOF|";
-    std::string lines;
-    bool inCode = true;
-    for (const char c : records) {
-        const bool ends = c == '|' || (inCode && c == ' ');
-        lines += ends ? '\n' : c;
-        inCode = c == '|' || (inCode && !ends);
-    }
-    return lines;
+        "0|70 0|62 7|6 CONTINUOUS|0 LAYER|2 WALLS|70 4|62 -3|6 CONTINUOUS|0 ENDTAB|0 ENDSEC|0 SECTION|2 "
+        "BLOCKS|0 BLOCK|8 0|2 TREE|70 0|10 1.5|20 2.5|30 0.0|0 CIRCLE|8 WALLS|10 0.0|20 0.0|30 0.0|40 1.0|0 "
+        "ENDBLK|8 0|0 ENDSEC|0 SECTION|2 ENTITIES|0 INSERT|8 WALLS|66 1|2 Tree|10 5.0|20 6.0|30 0.0|0 "
+        "ATTRIB|8 0|10 0.0|20 0.0|30 0.0|40 1.0|1 oak|2 KIND|70 0|0 SEQEND|8 0|0 POLYLINE|8 0|66 1|10 0.0|20 "
+        "0.0|30 0.0|0 VERTEX|8 0|10 0.0|20 0.0|30 0.0|0 VERTEX|8 0|10 5.0|20 0.0|30 0.0|0 SEQEND|8 0|0 "
+        "LINE|8 0|10 0.0|20 0.0|30 0.0|11 1.0|21 1.0|31 0.0|0 ENDSEC|0 EOF");
 }
 
 class OldDrawing : public SampleDrawing {

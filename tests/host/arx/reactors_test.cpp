@@ -101,13 +101,6 @@ TEST_F(Reactors, AppendedObjectsAreReportedOnce) {
     EXPECT_EQ(reactor.take(), "");
 }
 
-TEST_F(Reactors, DatabasesNotifyOfTheirEnd) {
-    auto other = std::make_unique<AcDbDatabase>();
-    RecordingReactor reactor(*other);
-    other.reset();
-    EXPECT_TRUE(reactor.isOrphaned());
-}
-
 /// Deletes another reactor when notified of a change or of the database's end.
 class DeletingReactor : public RecordingReactor {
 public:

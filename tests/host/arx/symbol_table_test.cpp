@@ -120,21 +120,6 @@ TEST_F(SymbolTables, RenamedRecordsAreFoundByTheNewName) {
     EXPECT_FALSE(layers->has(L"_ZU_OTHERS"));
 }
 
-TEST_F(SymbolTables, LinetypesAndStylesOfTheDrawing) {
-    AcDbLinetypeTable* linetypes = nullptr;
-    ASSERT_EQ(drawing->getSymbolTable(linetypes), Acad::eOk);
-    AcDbLinetypeTableRecord* continuous = nullptr;
-    EXPECT_EQ(linetypes->getAt(L"CONTINUOUS", continuous, AcDb::kForRead), Acad::eOk);
-    EXPECT_TRUE(continuous->dashes().empty());
-    EXPECT_EQ(continuous->patternLength(), 0.0);
-    continuous->close();
-    linetypes->close();
-    AcDbTextStyleTable* styles = nullptr;
-    ASSERT_EQ(drawing->getSymbolTable(styles), Acad::eOk);
-    EXPECT_TRUE(styles->has(L"Standard"));
-    styles->close();
-}
-
 TEST_F(SymbolTables, DashesOfALinetypeAreReadInOrder) {
     std::string bytes = drawing->dxfOutBytes(false);
     const std::string_view pattern = " 73\n0\n 40\n0.0\n";

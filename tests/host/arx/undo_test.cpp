@@ -16,28 +16,6 @@ protected:
 
 } // namespace
 
-TEST_F(Undo, StepsAreUndoneAndRedone) {
-    EXPECT_EQ(drawing->undo(), Acad::eUndoOperationNotAvailable);
-    drawing->startUndoRecord();
-    setColor(kDuct, 1);
-    setColor(kShelf, 1);
-    drawing->startUndoRecord();
-    drawing->startUndoRecord(); // the empty step before it is not stored
-    setColor(kDuct, 2);
-    setColor(kDuct, 3);
-    EXPECT_EQ(drawing->undo(), Acad::eOk);
-    EXPECT_EQ(color(kDuct), 1);
-    EXPECT_EQ(drawing->undo(), Acad::eOk);
-    EXPECT_EQ(color(kDuct), 256);
-    EXPECT_EQ(color(kShelf), 256);
-    EXPECT_EQ(drawing->undo(), Acad::eUndoOperationNotAvailable);
-    EXPECT_EQ(drawing->redo(), Acad::eOk);
-    EXPECT_EQ(drawing->redo(), Acad::eOk);
-    EXPECT_EQ(drawing->redo(), Acad::eUndoOperationNotAvailable);
-    EXPECT_EQ(color(kDuct), 3);
-    EXPECT_EQ(color(kShelf), 1);
-}
-
 TEST_F(Undo, ChangesAfterAnUndoFormANewStep) {
     drawing->startUndoRecord();
     setColor(kDuct, 1);

@@ -403,11 +403,4 @@ TEST(Language, FollowsTheEnvironment) {
     setenv("LC_ALL", "C.UTF-8", 1);
 }
 
-TEST(MessageBox, CanBeObserved) {
-    const zuhost::MessageBoxObserver observer(IDNO);
-    EXPECT_EQ(AfxMessageBox(L"sure?", MB_YESNO | MB_ICONSTOP), IDNO);
-    ASSERT_EQ(observer.boxes().size(), 1U);
-    EXPECT_EQ(observer.boxes()[0].text, L"sure?");
-}
-
 } // namespace

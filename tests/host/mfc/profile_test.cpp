@@ -194,12 +194,4 @@ TEST(Profile, WritesUtf8ToFilesWithItsMark) {
     EXPECT_EQ(TemporaryFolder::read(path), "\xEF\xBB\xBF[A]\r\nk=850㎥/h\r\n");
 }
 
-TEST(Profile, RejectsTextThatTheEncodingCannotRepresent) {
-    const TemporaryFolder folder;
-    const std::string path = folder.write("p.ini", "[A]\r\nk=1\r\n");
-    EXPECT_FALSE(WritePrivateProfileStringW(L"A", L"k", L"850㎥/h", folder.wide("p.ini").c_str()));
-    EXPECT_EQ(GetLastError(), ERROR_NO_UNICODE_TRANSLATION);
-    EXPECT_EQ(TemporaryFolder::read(path), "[A]\r\nk=1\r\n");
-}
-
 } // namespace

@@ -33,8 +33,7 @@ TEST(AsciiReader, LineEndsBlanksAndTrailingBytes) {
         "  0\nSECTION\n  9\n\n -4\n a b \n1071\n5",
         "  0\r\nSECTION\r\n9  \r\n\r\n\t-4\r\n a b \r\n1071\r\n5\r\n",
         "0\rSECTION\r9\r\r-4\r a b \r1071\r5\r",
-        "\xEF\xBB\xBF"
-        "0\nSECTION\n9\n\n-4\n a b \n1071\n5\n\n \r\n\x1a",
+        "\uFEFF0\nSECTION\n9\n\n-4\n a b \n1071\n5\n\n \r\n\x1a",
     };
     for (const std::string_view file : files)
         EXPECT_EQ(readAll(AsciiReader(file)), expected) << file;
@@ -105,10 +104,8 @@ TEST(BinaryReader, ValuesByGroupCode) {
         EXPECT_EQ(readAll(BinaryReader(file)), (Records{{0, "SECTION"}, {c.code, value}, {2, "x"}}))
             << c.code;
     }
-    const std::string chunk = kSentinel + code(0) + "A" + zero + code(1004) +
-                              "\x03"
-                              "a" +
-                              zero + "b" + code(310) + zero;
+    const std::string chunk =
+        kSentinel + code(0) + "A" + zero + code(1004) + "\3a" + zero + "b" + code(310) + zero;
     EXPECT_EQ(readAll(BinaryReader(chunk)), (Records{{0, "A"}, {1004, std::string("a\0b", 3)}, {310, ""}}));
 }
 
@@ -140,10 +137,8 @@ TEST(BinaryReader, StrictTableHasFewerCodes) {
 
 TEST(BinaryReader, TruncatedRecordsAreIncomplete) {
     const std::string zero(1, '\0');
-    const std::string file = kSentinel + code(0) + "A" + zero + code(1004) +
-                             "\x02"
-                             "xy" +
-                             code(10) + std::string(8, '1');
+    const std::string file =
+        kSentinel + code(0) + "A" + zero + code(1004) + "\2xy" + code(10) + std::string(8, '1');
     const std::size_t ends[] = {kSentinel.size(), kSentinel.size() + 4, kSentinel.size() + 9, file.size()};
     for (std::size_t size = kSentinel.size(); size <= file.size(); ++size) {
         RecordError error;

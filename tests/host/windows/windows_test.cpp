@@ -300,12 +300,4 @@ TEST_F(Windows, DesktopKeepsTheDecimalPoint) {
     EXPECT_EQ(std::strtod("1.5", nullptr), 1.5);
 }
 
-TEST(WindowSettings, AreReadBack) {
-    const TemporaryFolder folder;
-    setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);
-    EXPECT_EQ(AfxGetApp()->GetProfileInt(L"AttributeWindow", L"NameWidth", 120), 120U);
-    EXPECT_TRUE(AfxGetApp()->WriteProfileInt(L"AttributeWindow", L"NameWidth", 87));
-    EXPECT_EQ(AfxGetApp()->GetProfileInt(L"AttributeWindow", L"NameWidth", 120), 87U);
-}
-
 } // namespace
