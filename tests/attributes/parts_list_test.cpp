@@ -24,10 +24,7 @@ Texts textsOf(const CStringArray& lines) {
 }
 
 TEST(PartsList, ItemsEndAfterTheSixthFieldOrALineEnd) {
-    const struct {
-        const wchar_t* text;
-        Texts lines;
-    } cases[] = {
+    const std::pair<const wchar_t*, Texts> cases[] = {
         {L"", {}},
         {L"\r\n  \n", {}},
         {L"a|b|c|d|e|f|A|B|C|D|E|F|", {L"a|b|c|d|e|f|", L"A|B|C|D|E|F|"}},
@@ -35,10 +32,10 @@ TEST(PartsList, ItemsEndAfterTheSixthFieldOrALineEnd) {
         {L"a||||||A|B|\nC|D", {L"a||||||", L"A|B|||||", L"C|D|||||"}},
         {L"|||||||", {L"||||||", L"||||||"}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [text, expectedLines] : cases) {
         CStringArray lines;
-        zu::appendItems(c.text, lines);
-        EXPECT_EQ(textsOf(lines), c.lines) << testing::PrintToString(std::wstring(c.text));
+        zu::appendItems(text, lines);
+        EXPECT_EQ(textsOf(lines), expectedLines) << testing::PrintToString(std::wstring(text));
     }
     EXPECT_EQ(zu::paddedLine(L"a|b|c|d|e|f|g|h"), L"a|b|c|d|e|f|");
     EXPECT_EQ(zu::paddedLine(L"a||c"), L"a||c||||");

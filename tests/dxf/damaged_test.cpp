@@ -99,11 +99,7 @@ TEST(Damaged, PolylineOfManyPoints) {
 TEST(Damaged, LongLinesAndBrokenStructure) {
     const std::string longLine(3'000'000, 'z');
     const std::string start = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n";
-    struct Case {
-        std::string bytes;
-        std::size_t entities;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, std::size_t> cases[] = {
         {start + longLine + "\n0\nPOINT\n0\nENDSEC\n", 2},
         {start + "a\n" + longLine + "\nvalue\n0\nPOINT\n", 1},   // a group code that is not a number
         {start + "a\n0\nLINE\n10", 2},                           // ends between code and value
@@ -115,9 +111,9 @@ TEST(Damaged, LongLinesAndBrokenStructure) {
         {"0\nLINE\n0\nSECTION\n2\nENTITIES\n0\nLINE\n", 0}, // an entity before the first section
         {"0\nSECTION\n2\nENTITIES\n0\nLWPOLYLINE\n90\n2000000000\n20\n1\n42\n1\n10\n1\n", 1},
     };
-    for (const Case& c : cases) {
-        const PartFile file(c.bytes);
-        EXPECT_EQ(countOf(CAcadDxf(file.path())), c.entities) << c.bytes.substr(0, 60);
+    for (const auto& [bytes, entities] : cases) {
+        const PartFile file(bytes);
+        EXPECT_EQ(countOf(CAcadDxf(file.path())), entities) << bytes.substr(0, 60);
     }
 }
 

@@ -18,18 +18,14 @@ std::array<double, 4> extentsOf(const CAcadDxf& part) {
 }
 
 TEST(Files, FirstEighteenCharactersIdentifyBinaryDrawings) {
-    struct Case {
-        std::string bytes;
-        int ascii;
-    };
-    const Case cases[] = {{"AutoCAD Binary DXF", 0},
-                          {"AutoCAD Binary DXF and anything", 0},
-                          {"AutoCAD Binary DX", 1},
-                          {"autocad binary dxf\r\n\x1a", 1},
-                          {"", 1}};
-    for (const Case& c : cases) {
-        const PartFile file(c.bytes);
-        EXPECT_EQ(CAcadDxf::IsAscii(file.path()), c.ascii) << c.bytes;
+    const std::pair<std::string, int> cases[] = {{"AutoCAD Binary DXF", 0},
+                                                 {"AutoCAD Binary DXF and anything", 0},
+                                                 {"AutoCAD Binary DX", 1},
+                                                 {"autocad binary dxf\r\n\x1a", 1},
+                                                 {"", 1}};
+    for (const auto& [bytes, ascii] : cases) {
+        const PartFile file(bytes);
+        EXPECT_EQ(CAcadDxf::IsAscii(file.path()), ascii) << bytes;
     }
     EXPECT_EQ(CAcadDxf::IsAscii(L"no/such/file"), 1);
 }
@@ -90,29 +86,23 @@ TEST(Files, ReportsWhichFileExists) {
 }
 
 TEST(Files, MembersOfALine) {
-    struct Case {
-        int n;
-        int result;
-        const wchar_t* line;
-        const wchar_t* member;
-    };
-    const Case cases[] = {{0, 0, L"H  0  0 100   50", L"H"},
-                          {1, 0, L"H  0  1 100   50", L"0"},
-                          {4, 0, L"H  0  1 100   50", L"50"},
-                          {5, -1, L"H  0  1 100   50", L""},
-                          {0, 0, L" a b", L""},
-                          {1, 0, L" a b", L"a"},
-                          {1, 0, L"a ", L""},
-                          {1, -1, L"a", L""},
-                          {0, 0, L"", L""},
-                          {-1, -1, L"a b", L""}};
-    for (const Case& c : cases) {
+    const std::tuple<int, int, const wchar_t*, const wchar_t*> cases[] = {{0, 0, L"H  0  0 100   50", L"H"},
+                                                                          {1, 0, L"H  0  1 100   50", L"0"},
+                                                                          {4, 0, L"H  0  1 100   50", L"50"},
+                                                                          {5, -1, L"H  0  1 100   50", L""},
+                                                                          {0, 0, L" a b", L""},
+                                                                          {1, 0, L" a b", L"a"},
+                                                                          {1, 0, L"a ", L""},
+                                                                          {1, -1, L"a", L""},
+                                                                          {0, 0, L"", L""},
+                                                                          {-1, -1, L"a b", L""}};
+    for (const auto& [n, result, expectedLine, expectedMember] : cases) {
         CString member = L"before";
-        EXPECT_EQ(CAcadDxf::GetRecordMember(c.n, c.line, member), c.result) << c.n;
-        EXPECT_EQ(member, c.member) << c.n;
-        CString line = c.line;
-        EXPECT_EQ(CAcadDxf::GetRecordMember(c.n, line, line), c.result) << c.n;
-        EXPECT_EQ(line, c.member) << c.n;
+        EXPECT_EQ(CAcadDxf::GetRecordMember(n, expectedLine, member), result) << n;
+        EXPECT_EQ(member, expectedMember) << n;
+        CString line = expectedLine;
+        EXPECT_EQ(CAcadDxf::GetRecordMember(n, line, line), result) << n;
+        EXPECT_EQ(line, expectedMember) << n;
     }
 }
 

@@ -47,26 +47,21 @@ TEST(Reading, FieldsOfDamagedAndUnusualEntities) {
 }
 
 TEST(Reading, TextByCodePageVersionAndMark) {
-    struct Case {
-        const char* version;
-        const char* page;
-        const char* value;
-        const char* text;
-    };
-    const Case cases[] = {{"AC1015", "ANSI_932", "\x95\x5C\x8E\xA6", "表示"},
-                          {"AC1015", "ANSI_1252", "\xC4", "Ä"},
-                          {"AC1015", "NO_SUCH", "\x95\x5C", "表"},
-                          {"AC1015", "ANSI_37", "\x95\x5C", "表"},
-                          {"AC1024", "ANSI_932", "\xE8\xA1\xA8", "表"},
-                          {"AC1015", "ANSI_932", "\\U+33A5/h", "㎥/h"},
-                          {"AC1015", "ANSI_1252", "\\M+1955C", "表"},
-                          {"AC1015", "ANSI_932", "\\U+33Z5", "\\U+33Z5"},
-                          {"AC1024", "", "\\U+D83D\\U+DE00", "\xF0\x9F\x98\x80"}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(std::string(c.version) + c.page + c.text);
-        const std::string header = dxfRecords(std::string("0 SECTION|2 HEADER|9 $ACADVER|1 ") + c.version +
-                                              "|9 $DWGCODEPAGE|3 " + c.page + "|0 ENDSEC");
-        EXPECT_EQ(entitiesOf(header + entities(std::string("0 TEXT|1 ") + c.value))[0]["text"], c.text);
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
+        {"AC1015", "ANSI_932", "\x95\x5C\x8E\xA6", "表示"},
+        {"AC1015", "ANSI_1252", "\xC4", "Ä"},
+        {"AC1015", "NO_SUCH", "\x95\x5C", "表"},
+        {"AC1015", "ANSI_37", "\x95\x5C", "表"},
+        {"AC1024", "ANSI_932", "\xE8\xA1\xA8", "表"},
+        {"AC1015", "ANSI_932", "\\U+33A5/h", "㎥/h"},
+        {"AC1015", "ANSI_1252", "\\M+1955C", "表"},
+        {"AC1015", "ANSI_932", "\\U+33Z5", "\\U+33Z5"},
+        {"AC1024", "", "\\U+D83D\\U+DE00", "\xF0\x9F\x98\x80"}};
+    for (const auto& [version, page, value, text] : cases) {
+        SCOPED_TRACE(std::string(version) + page + text);
+        const std::string header = dxfRecords(std::string("0 SECTION|2 HEADER|9 $ACADVER|1 ") + version +
+                                              "|9 $DWGCODEPAGE|3 " + page + "|0 ENDSEC");
+        EXPECT_EQ(entitiesOf(header + entities(std::string("0 TEXT|1 ") + value))[0]["text"], text);
     }
     EXPECT_EQ(entitiesOf("\xEF\xBB\xBF" + entities("0 TEXT|8 外形"))[0]["layer"], "外形");
 }
@@ -97,18 +92,13 @@ TEST(Reading, StrictTableStopsAtOtherCodes) {
 TEST(Reading, FirstRecordsDetermineTheWidthOfBinaryCodes) {
     using namespace std::string_literals;
     const std::string sentinel = binaryDrawing("").substr(0, 22);
-    struct Case {
-        std::string bytes;
-        int complete;
-        int strict;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, int, int> cases[] = {
         {sentinel + "\0SECTION\0\2ENTITIES\0\0POINT\0\0ENDSEC\0"s, 1, 0},
         {sentinel + binaryText(9, "first") + binaryDrawing(binaryText(0, "POINT")).substr(22), 1, 1}};
-    for (const Case& c : cases) {
-        const PartFile file(c.bytes);
-        EXPECT_EQ(CAcadDxf(file.path()).GetEntities().GetCount(), c.complete);
-        EXPECT_EQ(CAcadDxf(file.path(), 0, CAcadDxf::kStrictTable).GetEntities().GetCount(), c.strict);
+    for (const auto& [bytes, complete, strict] : cases) {
+        const PartFile file(bytes);
+        EXPECT_EQ(CAcadDxf(file.path()).GetEntities().GetCount(), complete);
+        EXPECT_EQ(CAcadDxf(file.path(), 0, CAcadDxf::kStrictTable).GetEntities().GetCount(), strict);
     }
 }
 

@@ -50,11 +50,7 @@ void expectBox(const QPainterPath& path, double left, double bottom, double righ
 }
 
 TEST(Shapes, BoxesOfCurves) {
-    struct Case {
-        const char* records;
-        double box[4];
-    };
-    const Case cases[] = {
+    const std::pair<const char*, std::array<double, 4>> cases[] = {
         // A sweep through 0 degrees, and a quarter that starts there.
         {"0 ARC|40 2|50 270|51 90", {0, -2, 2, 2}},
         {"0 ARC|40 2|50 0|51 90", {0, 0, 2, 2}},
@@ -68,19 +64,15 @@ TEST(Shapes, BoxesOfCurves) {
         // The first half of an ellipse whose major axis points up is its left half.
         {"0 ELLIPSE|11 0|21 4|40 0.5|41 0|42 3.14159265358979", {-2, -4, 0, 4}},
     };
-    for (const Case& c : cases) {
-        const std::vector<Shape> shapes = shapesIn(c.records);
+    for (const auto& [records, box] : cases) {
+        const std::vector<Shape> shapes = shapesIn(records);
         ASSERT_EQ(shapes.size(), 1U);
-        expectBox(shapes[0].path, c.box[0], c.box[1], c.box[2], c.box[3]);
+        expectBox(shapes[0].path, box[0], box[1], box[2], box[3]);
     }
 }
 
 TEST(Shapes, WideSegmentsAreFilled) {
-    struct Case {
-        const char* records;
-        double box[4];
-    };
-    const Case cases[] = {
+    const std::pair<const char*, std::array<double, 4>> cases[] = {
         {"0 LWPOLYLINE|43 2|10 0|20 0|10 4|20 0", {0, -1, 4, 1}},
         // Only the second segment is wide; it narrows upwards.
         {"0 LWPOLYLINE|10 0|20 0|10 4|20 0|40 2|41 1|10 4|20 3", {3, 0, 5, 3}},
@@ -91,11 +83,11 @@ TEST(Shapes, WideSegmentsAreFilled) {
          "SEQEND",
          {-1, -9, 1, 0}},
     };
-    for (const Case& c : cases) {
-        const std::vector<Shape> shapes = shapesIn(c.records);
+    for (const auto& [records, box] : cases) {
+        const std::vector<Shape> shapes = shapesIn(records);
         ASSERT_EQ(shapes.size(), 2U);
         EXPECT_EQ(shapes[1].kind, ShapeKind::fill);
-        expectBox(shapes[1].path, c.box[0], c.box[1], c.box[2], c.box[3]);
+        expectBox(shapes[1].path, box[0], box[1], box[2], box[3]);
     }
     // Overlapping segments leave no hole.
     const auto corner = shapesIn("0 LWPOLYLINE|43 2|10 0|20 0|10 4|20 0|10 4|20 4");

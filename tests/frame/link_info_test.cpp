@@ -63,12 +63,7 @@ protected:
 };
 
 TEST_F(LinkInfo, Merges) {
-    const struct {
-        std::string before;
-        CStringArray keys;
-        CStringArray values;
-        std::string after;
-    } cases[] = {
+    const std::tuple<std::string, CStringArray, CStringArray, std::string> cases[] = {
         {"", texts({L"A", L"B", L"A"}), texts({L"1", L"2", L"3"}), "A|1\r\nB|2\r\n"},
         {"A|old|extra\r\nB|x|y \r\n", texts({L"A"}), texts({L"new"}), "A|new\r\nB|x|y \r\n"},
         {"A|1\n\n  \nB|2", texts({L"C"}), texts({L"3"}), "A|1\nB|2\nC|3\n"},
@@ -90,11 +85,11 @@ TEST_F(LinkInfo, Merges) {
         {std::string("\xFF\xFE\x05\x0A\0\x4E|\0x\0\n\0", 12), texts({L"ਅ一"}), texts({L"1"}),
          std::string("\xFF\xFE\x05\x0A\0\x4E|\0001\0\n\0", 12)},
     };
-    for (const auto& c : cases) {
-        folder_.write("links.lif", c.before);
-        EXPECT_TRUE(ZuComn_SaveLinkInfo(path(), c.keys, c.values)) << c.before;
-        EXPECT_EQ(read("links.lif"), c.after);
-        EXPECT_EQ(read("links.bak"), c.before);
+    for (const auto& [before, keys, values, after] : cases) {
+        folder_.write("links.lif", before);
+        EXPECT_TRUE(ZuComn_SaveLinkInfo(path(), keys, values)) << before;
+        EXPECT_EQ(read("links.lif"), after);
+        EXPECT_EQ(read("links.bak"), before);
         EXPECT_FALSE(exists("__Temp.tmp"));
     }
 }
@@ -136,11 +131,7 @@ TEST_F(LinkInfo, ReadsWhatItWrites) {
 }
 
 TEST_F(LinkInfo, LooksUpRecords) {
-    const struct {
-        std::string_view file;
-        const wchar_t* key;
-        const wchar_t* value;
-    } cases[] = {
+    const std::tuple<std::string_view, const wchar_t*, const wchar_t*> cases[] = {
         {"x\ny\nz|1\n", L"y\nz", L"1"}, // only the last two lines of a key count
         {"x\ny\nz|1\n", L"x\ny\nz", L""},
         {"x\n# c\n\ny|1\n", L"x\ny", L"1"},
@@ -150,9 +141,9 @@ TEST_F(LinkInfo, LooksUpRecords) {
         {"B|0\nend\nA|1\n", L"A", L""},
         {"END\nA|1\n", L"A", L"(unread)"},
     };
-    for (const auto& c : cases) {
-        folder_.write("links.lif", c.file);
-        EXPECT_EQ(value(c.key), c.value) << c.file;
+    for (const auto& [file, key, expectedValue] : cases) {
+        folder_.write("links.lif", file);
+        EXPECT_EQ(value(key), expectedValue) << file;
     }
 }
 

@@ -15,35 +15,28 @@
 namespace {
 
 TEST(Strings, Separate) {
-    const struct {
-        const wchar_t* text;
-        Fields fields;
-    } cases[] = {{L"a, b ,,c", {L"a", L"b", L"", L"c"}},
-                 {L"  whole text ", {L"  whole text "}},
-                 {L"", {L""}},
-                 {L",", {L"", L""}}};
-    for (const auto& c : cases) {
+    const std::pair<const wchar_t*, Fields> cases[] = {{L"a, b ,,c", {L"a", L"b", L"", L"c"}},
+                                                       {L"  whole text ", {L"  whole text "}},
+                                                       {L"", {L""}},
+                                                       {L",", {L"", L""}}};
+    for (const auto& [text, expectedFields] : cases) {
         CStringArray fields;
-        EXPECT_EQ(ZuComn_SeparateString(c.text, fields, L','), static_cast<int>(c.fields.size())) << c.text;
-        EXPECT_EQ(fieldsOf(fields), c.fields) << c.text;
+        EXPECT_EQ(ZuComn_SeparateString(text, fields, L','), static_cast<int>(expectedFields.size())) << text;
+        EXPECT_EQ(fieldsOf(fields), expectedFields) << text;
     }
 }
 
 TEST(Strings, Split) {
-    const struct {
-        const wchar_t* text;
-        const wchar_t* columns;
-        int result;
-        Fields fields;
-    } cases[] = {{L" a |b  |", nullptr, 0, {L" a", L"b", L""}},
-                 {L"a|b|c", L"2,3", 0, {L"b", L"c"}},
-                 {L"a|b", L"7", -1, {}},
-                 {L"", nullptr, -1, {}},
-                 {L"||", nullptr, 0, {L"", L"", L""}}};
-    for (const auto& c : cases) {
+    const std::tuple<const wchar_t*, const wchar_t*, int, Fields> cases[] = {
+        {L" a |b  |", nullptr, 0, {L" a", L"b", L""}},
+        {L"a|b|c", L"2,3", 0, {L"b", L"c"}},
+        {L"a|b", L"7", -1, {}},
+        {L"", nullptr, -1, {}},
+        {L"||", nullptr, 0, {L"", L"", L""}}};
+    for (const auto& [text, columns, result, expectedFields] : cases) {
         CStringArray fields;
-        EXPECT_EQ(ZuComn_GetSplitString(c.text, fields, c.columns, L"|x"), c.result) << c.text;
-        EXPECT_EQ(fieldsOf(fields), c.fields) << c.text;
+        EXPECT_EQ(ZuComn_GetSplitString(text, fields, columns, L"|x"), result) << text;
+        EXPECT_EQ(fieldsOf(fields), expectedFields) << text;
     }
 }
 
@@ -62,29 +55,24 @@ TEST(Strings, SplitsAFieldIntoItsOwnList) {
 }
 
 TEST(Strings, PathParts) {
-    const struct {
-        const wchar_t* path;
-        int level;
-        const wchar_t* directory;
-        const wchar_t* name;
-        const wchar_t* title;
-        const wchar_t* extension;
-    } cases[] = {{L"C:\\a\\b\\part-01.dxf", 1, L"C:\\a", L"part-01.dxf", L"part-01", L"dxf"},
-                 {L"C:\\a\\b\\part-01.dxf", 9, L"C:\\a\\b", L"part-01.dxf", L"part-01", L"dxf"},
-                 {L"C:\\a.b\\file", 0, L"C:", L"file", L"", L"b\\file"},
-                 {L"file.x", 0, L"", L"", L"", L"x"},
-                 {L".profile", 0, L"", L"", L"", L""}};
-    for (const auto& c : cases) {
+    const std::tuple<const wchar_t*, int, const wchar_t*, const wchar_t*, const wchar_t*, const wchar_t*>
+        cases[] = {{L"C:\\a\\b\\part-01.dxf", 1, L"C:\\a", L"part-01.dxf", L"part-01", L"dxf"},
+                   {L"C:\\a\\b\\part-01.dxf", 9, L"C:\\a\\b", L"part-01.dxf", L"part-01", L"dxf"},
+                   {L"C:\\a.b\\file", 0, L"C:", L"file", L"", L"b\\file"},
+                   {L"file.x", 0, L"", L"", L"", L"x"},
+                   {L".profile", 0, L"", L"", L"", L""}};
+    for (const auto& [path, level, expectedDirectory, expectedName, expectedTitle, expectedExtension] :
+         cases) {
         wchar_t directory[MAX_PATH];
         wchar_t name[MAX_PATH];
         wchar_t title[MAX_PATH];
         wchar_t extension[MAX_PATH];
-        ZuComn_ExtractFileName(directory, name, title, extension, c.path, c.level);
-        EXPECT_STREQ(directory, c.directory) << c.path;
-        EXPECT_STREQ(name, c.name) << c.path;
-        EXPECT_STREQ(title, c.title) << c.path;
-        EXPECT_STREQ(extension, c.extension) << c.path;
-        ZuComn_ExtractFileName(nullptr, nullptr, nullptr, nullptr, c.path, c.level);
+        ZuComn_ExtractFileName(directory, name, title, extension, path, level);
+        EXPECT_STREQ(directory, expectedDirectory) << path;
+        EXPECT_STREQ(name, expectedName) << path;
+        EXPECT_STREQ(title, expectedTitle) << path;
+        EXPECT_STREQ(extension, expectedExtension) << path;
+        ZuComn_ExtractFileName(nullptr, nullptr, nullptr, nullptr, path, level);
     }
 }
 
@@ -106,37 +94,32 @@ TEST(Numbers, RoundingAndAngles) {
 }
 
 TEST(Numbers, RealFormat) {
-    const struct {
-        double value;
-        int precision;
-        int rounding;
-        const wchar_t* text;
-    } cases[] = {{12.3456, 2, 0, L"12.35"},
-                 {-12.3456, 2, 0, L"-12.35"},
-                 {0.0, 3, 0, L"0"},
-                 {2.5, 0, 0, L"2"},
-                 {2.5, 0, 1, L"3"},
-                 {-2.5, 0, 1, L"-3"},
-                 {0.001, 3, 0, L"0.001"},
-                 {0.00012, 5, 0, L"0.00012"},
-                 {-0.0005, 4, 0, L"-0.0005"},
-                 {1234567.5, 1, 0, L"1234567.5"},
-                 {1e-9, 3, 0, L"0.00"},
-                 {0.0003, 1, 0, L"0"},
-                 {-0.5, 2, 0, L"-0.5"},
-                 {0.0005, 20, 0, L"0.0005"},
-                 {0.0003, 5, 0, L"0.0003"},
-                 {0.000199, 5, 0, L"0.0002"},
-                 {0.00012345678901234567, 20, 0, L"0.000123456789012345671298"},
-                 {-2.5e9, 0, 0, L"-2500000000"},
-                 {2.5e9, 0, 1, L"2500000000"},
-                 {1e20, 0, 0, L"100000000000000000000"},
-                 {2500000000000.25, 2, 0, L"2500000000000.25"},
-                 {-0.3, 0, 0, L"0"},
-                 {3e9, 1, 0, L"3000000000"}};
-    for (const auto& c : cases)
-        EXPECT_STREQ(ZuComn_RealFormat(c.value, c.precision, c.rounding), c.text)
-            << c.value << ' ' << c.precision;
+    const std::tuple<double, int, int, const wchar_t*> cases[] = {
+        {12.3456, 2, 0, L"12.35"},
+        {-12.3456, 2, 0, L"-12.35"},
+        {0.0, 3, 0, L"0"},
+        {2.5, 0, 0, L"2"},
+        {2.5, 0, 1, L"3"},
+        {-2.5, 0, 1, L"-3"},
+        {0.001, 3, 0, L"0.001"},
+        {0.00012, 5, 0, L"0.00012"},
+        {-0.0005, 4, 0, L"-0.0005"},
+        {1234567.5, 1, 0, L"1234567.5"},
+        {1e-9, 3, 0, L"0.00"},
+        {0.0003, 1, 0, L"0"},
+        {-0.5, 2, 0, L"-0.5"},
+        {0.0005, 20, 0, L"0.0005"},
+        {0.0003, 5, 0, L"0.0003"},
+        {0.000199, 5, 0, L"0.0002"},
+        {0.00012345678901234567, 20, 0, L"0.000123456789012345671298"},
+        {-2.5e9, 0, 0, L"-2500000000"},
+        {2.5e9, 0, 1, L"2500000000"},
+        {1e20, 0, 0, L"100000000000000000000"},
+        {2500000000000.25, 2, 0, L"2500000000000.25"},
+        {-0.3, 0, 0, L"0"},
+        {3e9, 1, 0, L"3000000000"}};
+    for (const auto& [value, precision, rounding, text] : cases)
+        EXPECT_STREQ(ZuComn_RealFormat(value, precision, rounding), text) << value << ' ' << precision;
 }
 
 TEST_F(ComboNumbers, AreSortedAndFormattedAlike) {

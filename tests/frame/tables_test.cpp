@@ -18,13 +18,7 @@ namespace {
 namespace file_ops = zuhost::file_ops;
 
 TEST(Tables, FlatForm) {
-    const struct {
-        std::string_view bytes;
-        int skip;
-        const wchar_t* columns;
-        int result;
-        Fields fields;
-    } cases[] = {
+    const std::tuple<std::string_view, int, const wchar_t*, int, Fields> cases[] = {
         {"a|b|\n", 0, nullptr, 0, {L"a", L"b", L""}},
         {"a|b|c\n", 0, L"2", 0, {L"b"}},
         {"a|b|c\n", 0, L"3,1", 0, {L"a", L"c"}},
@@ -43,14 +37,13 @@ TEST(Tables, FlatForm) {
         {std::string_view("a\0b|\0\n", 6), 0, nullptr, 0, {std::wstring(L"a\0b", 3), std::wstring(1, L'\0')}},
     };
     const TemporaryFolder folder;
-    for (const auto& c : cases) {
-        folder.write("t.csv", c.bytes);
+    for (const auto& [bytes, skip, columns, result, expectedFields] : cases) {
+        folder.write("t.csv", bytes);
         CStringArray fields;
         fields.Add(L"before");
-        EXPECT_EQ(ZuComn_ReadConfigFile(folder.wide("t.csv").c_str(), fields, c.skip, c.columns, L"|"),
-                  c.result)
-            << c.bytes;
-        EXPECT_EQ(fieldsOf(fields), c.fields) << c.bytes;
+        EXPECT_EQ(ZuComn_ReadConfigFile(folder.wide("t.csv").c_str(), fields, skip, columns, L"|"), result)
+            << bytes;
+        EXPECT_EQ(fieldsOf(fields), expectedFields) << bytes;
     }
 }
 

@@ -9,11 +9,7 @@ constexpr double kPi = 3.141592653589793;
 constexpr Point kOrigin{0.0, 0.0};
 
 TEST(Basics, AngleSnapsNearTheVerticalAndKeepsSmallNegativeAngles) {
-    const struct {
-        Point to;
-        int code;
-        double angle;
-    } cases[] = {
+    const std::tuple<Point, int, double> cases[] = {
         {{0.05, 5}, 0, 90.0},
         {{0.05, -5}, 0, 270.0},
         {{0.05, 0.05}, 1, 0.0},
@@ -29,24 +25,21 @@ TEST(Basics, AngleSnapsNearTheVerticalAndKeepsSmallNegativeAngles) {
         {{10, -0.00095}, 0, -0.00095 * 18 / kPi},
         {{10, -0.0011}, 0, 360 - 0.0011 * 18 / kPi},
     };
-    for (const auto& c : cases) {
+    for (const auto& [to, code, expectedAngle] : cases) {
         double angle = 5.0;
-        EXPECT_EQ(Esg_get_angle(&kOrigin, &c.to, &angle), c.code);
-        EXPECT_NEAR(angle, c.angle, 1e-9) << c.to.x << ' ' << c.to.y;
+        EXPECT_EQ(Esg_get_angle(&kOrigin, &to, &angle), code);
+        EXPECT_NEAR(angle, expectedAngle, 1e-9) << to.x << ' ' << to.y;
     }
 }
 
 TEST(Basics, UnitVectorsOfAxisParallelLinesAndLengthsAreExact) {
-    const struct {
-        Line line;
-        double angle;
-    } cases[] = {
+    const std::pair<Line, double> cases[] = {
         {{0, 0, 0, -5}, 3 * kPi / 2}, {{0, 0, 0, 5}, kPi / 2}, {{5, 0, 0, 0}, kPi}, {{0, 0, 5, 0}, 0}};
-    for (const auto& c : cases) {
+    for (const auto& [line, angle] : cases) {
         Point unit{};
-        ASSERT_EQ(Esg_line_vectle(&c.line, &unit), 0);
-        EXPECT_EQ(unit.x, std::cos(c.angle));
-        EXPECT_EQ(unit.y, std::sin(c.angle));
+        ASSERT_EQ(Esg_line_vectle(&line, &unit), 0);
+        EXPECT_EQ(unit.x, std::cos(angle));
+        EXPECT_EQ(unit.y, std::sin(angle));
     }
     const Line slope{1, 1, -2, -3};
     Point unit{};
@@ -80,47 +73,35 @@ TEST(Basics, DegenerateLinesLeaveOutputsUntouchedOrFallBack) {
 }
 
 TEST(Basics, SideToleranceAppliesToTheCrossProduct) {
-    const struct {
-        Line line;
-        Point p;
-        int side;
-    } cases[] = {
+    const std::tuple<Line, Point, int> cases[] = {
         {{0, 0, 1000, 0}, {500, 0.00005}, 0}, {{0, 0, 1000, 0}, {500, 0.00011}, 1},
         {{0, 0, 1, 0}, {0.5, 0.2}, 1},        {{0, 0, 1, 0}, {0.5, 0.1}, 0},
         {{0, 0, 1, 0}, {0.5, -0.11}, -1},     {{0, 5, 0, 0}, {2, 1}, 1},
     };
-    for (const auto& c : cases) {
+    for (const auto& [line, p, expectedSide] : cases) {
         int side = 9;
-        Esg_judge_pside(&c.line, &c.p, &side);
-        EXPECT_EQ(side, c.side) << c.p.x << ' ' << c.p.y;
+        Esg_judge_pside(&line, &p, &side);
+        EXPECT_EQ(side, expectedSide) << p.x << ' ' << p.y;
     }
 }
 
 TEST(Basics, SegmentExtendsHalfTheToleranceBeyondItsEnds) {
     const Line segment{0, 0, 10, 0};
-    const struct {
-        Point p;
-        int on;
-    } cases[] = {{{0, 0}, 1},    {{10, 0}, 1},  {{10.2, 0}, 1}, {{10.25, 0}, 0},
-                 {{-0.3, 0}, 0}, {{5, 1.5}, 1}, {{5, 1.7}, 0}};
-    for (const auto& c : cases)
-        EXPECT_EQ(Esg_check_onPnt(&segment, &c.p, 0.5), c.on) << c.p.x << ' ' << c.p.y;
+    const std::pair<Point, int> cases[] = {{{0, 0}, 1},    {{10, 0}, 1},  {{10.2, 0}, 1}, {{10.25, 0}, 0},
+                                           {{-0.3, 0}, 0}, {{5, 1.5}, 1}, {{5, 1.7}, 0}};
+    for (const auto& [p, on] : cases)
+        EXPECT_EQ(Esg_check_onPnt(&segment, &p, 0.5), on) << p.x << ' ' << p.y;
 }
 
 TEST(Basics, ParallelLineGoesToThePickedSideAndRightOfPointsOnTheLine) {
     const Line line{0, 0, 10, 0};
-    const struct {
-        Point side;
-        double dist;
-        int code;
-        double y;
-    } cases[] = {
+    const std::tuple<Point, double, int, double> cases[] = {
         {{5, 1}, 2, 0, 2}, {{5, -1}, 2, 0, -2}, {{5, 0}, 2, 0, -2}, {{5, 1}, -2, 0, -2}, {{5, 1}, 0, 2, 9}};
-    for (const auto& c : cases) {
+    for (const auto& [side, dist, code, y] : cases) {
         Line out{0, 9, 10, 9};
-        EXPECT_EQ(Esg_parallel_line(&line, &c.side, c.dist, &out), c.code);
-        expectPoint({out.x1, out.y1}, {0, c.y});
-        expectPoint({out.x2, out.y2}, {10, c.y});
+        EXPECT_EQ(Esg_parallel_line(&line, &side, dist, &out), code);
+        expectPoint({out.x1, out.y1}, {0, y});
+        expectPoint({out.x2, out.y2}, {10, y});
     }
 }
 

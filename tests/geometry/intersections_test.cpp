@@ -6,11 +6,7 @@
 namespace {
 
 TEST(Intersections, LinesAndSegments) {
-    const struct {
-        Line a, b;
-        int lines, segments;
-        Point p;
-    } cases[] = {
+    const std::tuple<Line, Line, int, int, Point> cases[] = {
         {{0, 0, 10, 0}, {5, -5, 5, 5}, 1, 1, {5, 0}},
         {{0, 0, 10, 0}, {10.24, -5, 10.24, 5}, 1, 1, {10.24, 0}},
         {{0, 0, 10, 0}, {10.26, -5, 10.26, 5}, 1, 0, {10.26, 0}},
@@ -19,13 +15,13 @@ TEST(Intersections, LinesAndSegments) {
         {{0, 0, 1, 1}, {5, 5, 5, 5}, 0, 0, kUntouched},
         {{5, 5, 5, 5}, {0, 0, 1, 1}, 0, 0, kUntouched},
     };
-    for (const auto& c : cases) {
+    for (const auto& [a, b, lines, segments, expectedP] : cases) {
         Point p = kUntouched;
-        EXPECT_EQ(Esg_inter_l2l(&c.a, &c.b, &p), c.lines);
-        expectPoint(p, c.p);
+        EXPECT_EQ(Esg_inter_l2l(&a, &b, &p), lines);
+        expectPoint(p, expectedP);
         p = kUntouched;
-        EXPECT_EQ(Esg_inter_i2i(&c.a, &c.b, &p), c.segments);
-        expectPoint(p, c.p);
+        EXPECT_EQ(Esg_inter_i2i(&a, &b, &p), segments);
+        expectPoint(p, expectedP);
     }
 }
 
@@ -105,12 +101,7 @@ TEST(Intersections, SegmentsKeepThePointsOnThem) {
 }
 
 TEST(Intersections, CirclePairs) {
-    const struct {
-        const char* name;
-        Circle a, b;
-        int code, count;
-        Point p1, p2;
-    } cases[] = {
+    const std::tuple<const char*, Circle, Circle, int, int, Point, Point> cases[] = {
         {"touching on a horizontal", {0, 0, 5}, {10, 0, 5}, 0, 1, {5, 0}, {5, 0}},
         {"touching on a vertical", {0, 0, 5}, {0, 10, 5}, 0, 1, {0, 5}, {0, 5}},
         {"touching on a slope", {1, 2, 5}, {7, 10, 5}, 0, 1, {4, 6}, {4, 6}},
@@ -139,15 +130,15 @@ TEST(Intersections, CirclePairs) {
         {"same", {1, 2, 5}, {1, 2, 5.0099}, 1, 0, kUntouched, kUntouched},
         {"concentric", {1, 2, 5}, {1, 2, 5.0101}, 2, 0, kUntouched, kUntouched},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, a, b, code, count, expectedP1, expectedP2] : cases) {
+        SCOPED_TRACE(name);
         int n = 9;
         Point p1 = kUntouched;
         Point p2 = kUntouched;
-        EXPECT_EQ(Esg_inter_c2c(&c.a, &c.b, &n, &p1, &p2), c.code);
-        EXPECT_EQ(n, c.count);
-        expectPoint(p1, c.p1);
-        expectPoint(p2, c.p2);
+        EXPECT_EQ(Esg_inter_c2c(&a, &b, &n, &p1, &p2), code);
+        EXPECT_EQ(n, count);
+        expectPoint(p1, expectedP1);
+        expectPoint(p2, expectedP2);
     }
 }
 

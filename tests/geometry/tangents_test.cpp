@@ -39,11 +39,7 @@ TEST(TangentArcs, CirclesInTheOrderOfTheTouchingPoints) {
 }
 
 TEST(TangentArcs, FailuresLeaveTheCirclesUntouched) {
-    const struct {
-        Line a, b;
-        double r;
-        int code;
-    } cases[] = {
+    const std::tuple<Line, Line, double, int> cases[] = {
         {{1, 1, 1, 1}, {2, 2, 2, 2}, 0, 1},
         {kXAxis, {2, 2, 2, 2}, 0, 2},
         {kXAxis, kXAxis, 0, 3},
@@ -56,9 +52,9 @@ TEST(TangentArcs, FailuresLeaveTheCirclesUntouched) {
         {{0, 0, 2e20, 0}, {1e20, -1e20, 1e20, 1e20}, 1e19, 7},
         {{0, 1e5, 10, 1e5}, {1e5, 0, 1e5, 10}, 1e-15, 8},
     };
-    for (const auto& c : cases) {
+    for (const auto& [a, b, r, code] : cases) {
         Circle out[4] = {{7, 7, 7}};
-        EXPECT_EQ(Esg_tangentArc_l2l(&c.a, &c.b, c.r, out), c.code);
+        EXPECT_EQ(Esg_tangentArc_l2l(&a, &b, r, out), code);
         EXPECT_EQ(out[0].cx, 7.0);
     }
 }
@@ -119,27 +115,23 @@ TEST(TangentLines, OuterThenInner) {
 }
 
 TEST(Fillets, ThePickChoosesTheCorner) {
-    const struct {
-        Point pick;
-        Point centre;
-        double first, last;
-    } cases[] = {{{3, 3}, {1, 1}, 180, 270},
-                 {{-3, 3}, {-1, 1}, 270, 0},
-                 {{-3, -3}, {-1, -1}, 0, 90},
-                 {{3, -3}, {1, -1}, 90, 180}};
-    for (const auto& c : cases) {
+    const std::tuple<Point, Point, double, double> cases[] = {{{3, 3}, {1, 1}, 180, 270},
+                                                              {{-3, 3}, {-1, 1}, 270, 0},
+                                                              {{-3, -3}, {-1, -1}, 0, 90},
+                                                              {{3, -3}, {1, -1}, 90, 180}};
+    for (const auto& [pick, centre, first, last] : cases) {
         const Line a{-10, 0, 10, 0};
         const Line b{0, 10, 0, -10};
         Arcs arc{};
         Line outA{};
         Line outB{};
-        ASSERT_EQ(Esg_fillet_l2l(&c.pick, &a, &b, 1.0, &arc, &outA, &outB), 0);
-        expectPoint({arc.cx, arc.cy}, c.centre);
-        expectPoint({arc.sang, arc.eang}, {c.first, c.last});
-        expectPoint({outA.x1, outA.y1}, {c.centre.x, 0});
-        expectPoint({outB.x1, outB.y1}, {0, c.centre.y});
-        expectPoint({outA.x2, outA.y2}, {c.centre.x * 10, 0});
-        expectPoint({outB.x2, outB.y2}, {0, c.centre.y * 10});
+        ASSERT_EQ(Esg_fillet_l2l(&pick, &a, &b, 1.0, &arc, &outA, &outB), 0);
+        expectPoint({arc.cx, arc.cy}, centre);
+        expectPoint({arc.sang, arc.eang}, {first, last});
+        expectPoint({outA.x1, outA.y1}, {centre.x, 0});
+        expectPoint({outB.x1, outB.y1}, {0, centre.y});
+        expectPoint({outA.x2, outA.y2}, {centre.x * 10, 0});
+        expectPoint({outB.x2, outB.y2}, {0, centre.y * 10});
     }
 }
 
@@ -173,14 +165,7 @@ TEST(Fillets, ATrimmedLineEndsAtItsStartWhenThatLiesInTheRaysDirectionWithinAHun
 }
 
 TEST(Fillets, ResultsNameTheFailedStepAndLaterOutputsStayUntouched) {
-    const struct {
-        const char* name;
-        Point pick;
-        Line a, b;
-        double r;
-        int code;
-        bool arc, lineA;
-    } cases[] = {
+    const std::tuple<const char*, Point, Line, Line, double, int, bool, bool> cases[] = {
         {"degenerate a", {3, 3}, {1, 1, 1, 1}, kYAxis, 1, 1, false, false},
         {"degenerate b", {3, 3}, kXAxis, {1, 1, 1, 1}, 1, 2, false, false},
         {"no radius", {3, 3}, kXAxis, kYAxis, 0, 3, false, false},
@@ -199,14 +184,14 @@ TEST(Fillets, ResultsNameTheFailedStepAndLaterOutputsStayUntouched) {
         {"a starts where it meets the arc", {3, 3}, {1, 0, 10, 0}, kYAxis, 1, 16, true, false},
         {"b starts where it meets the arc", {3, 3}, kXAxis, {0, 1, 0, 10}, 1, 17, true, true},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto& [name, pick, a, b, r, code, expectedArc, lineA] : cases) {
+        SCOPED_TRACE(name);
         Arcs arc{7, 7, 7, 7, 7};
         Line outA{7, 7, 7, 7};
         Line outB{7, 7, 7, 7};
-        EXPECT_EQ(Esg_fillet_l2l(&c.pick, &c.a, &c.b, c.r, &arc, &outA, &outB), c.code);
-        EXPECT_EQ(arc.cx != 7.0, c.arc);
-        EXPECT_EQ(outA.x1 != 7.0, c.lineA);
+        EXPECT_EQ(Esg_fillet_l2l(&pick, &a, &b, r, &arc, &outA, &outB), code);
+        EXPECT_EQ(arc.cx != 7.0, expectedArc);
+        EXPECT_EQ(outA.x1 != 7.0, lineA);
         EXPECT_EQ(outB.x1, 7.0);
     }
 }

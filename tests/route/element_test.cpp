@@ -23,17 +23,13 @@ TEST(ElementCode, FollowsTheFirstPrefixThatMatches) {
 }
 
 TEST(ElementCode, SearchCodesMindCaseAndForm) {
-    struct Case {
-        const wchar_t* name;
-        int full;
-        int shortForm;
-    };
-    const Case cases[] = {{L"RBTH1", 31, 31}, {L"RBTD", 32, 32}, {L"RTM-1", 1, 1},  {L"RB45L", 6, 0},
-                          {L"RB90LU", 17, 0}, {L"RB90LX", 7, 0}, {L"RBS-1", 12, 0}, {L"RBSX", 0, 0},
-                          {L"KK-1", 1000, 0}, {L"rt-1", 0, 0},   {L"", 0, 0}};
-    for (const Case& c : cases) {
-        EXPECT_EQ(zu::searchCode(c.name, true), c.full) << zuhost::toUtf8(c.name);
-        EXPECT_EQ(zu::searchCode(c.name, false), c.shortForm) << zuhost::toUtf8(c.name);
+    const std::tuple<const wchar_t*, int, int> cases[] = {
+        {L"RBTH1", 31, 31}, {L"RBTD", 32, 32}, {L"RTM-1", 1, 1},  {L"RB45L", 6, 0},
+        {L"RB90LU", 17, 0}, {L"RB90LX", 7, 0}, {L"RBS-1", 12, 0}, {L"RBSX", 0, 0},
+        {L"KK-1", 1000, 0}, {L"rt-1", 0, 0},   {L"", 0, 0}};
+    for (const auto& [name, full, shortForm] : cases) {
+        EXPECT_EQ(zu::searchCode(name, true), full) << zuhost::toUtf8(name);
+        EXPECT_EQ(zu::searchCode(name, false), shortForm) << zuhost::toUtf8(name);
     }
 }
 

@@ -183,26 +183,18 @@ TEST_F(Groups, ASettingTradesTheRepairForSpeed) {
 }
 
 TEST_F(Groups, KindIsThatOfTheFirstMemberThatTells) {
-    struct Case {
-        const wchar_t* first;
-        const wchar_t* second;
-        int status;
-        int kind;
-        int status2;
-        int kind2;
-    };
-    const Case cases[] = {{L"0|", L"2|", 0, 2, 0, 2},     {L"4|", L"2|", 0, 4, 0, 4},
-                          {L"0|", L"0|", -1, 0, 0, 0},    {L"5|", L"1|", -1, 5, -1, 5},
-                          {nullptr, L"2|", -1, -1, 0, 2}, {L"0|", nullptr, -1, -1, -1, -1},
-                          {nullptr, L"0|", -1, -1, 0, 0}};
-    for (const Case& c : cases) {
-        const AcDbObjectId id = group(L"*", {element(c.first), element(c.second)});
+    const std::tuple<const wchar_t*, const wchar_t*, int, int, int, int> cases[] = {
+        {L"0|", L"2|", 0, 2, 0, 2},    {L"4|", L"2|", 0, 4, 0, 4},     {L"0|", L"0|", -1, 0, 0, 0},
+        {L"5|", L"1|", -1, 5, -1, 5},  {nullptr, L"2|", -1, -1, 0, 2}, {L"0|", nullptr, -1, -1, -1, -1},
+        {nullptr, L"0|", -1, -1, 0, 0}};
+    for (const auto& [first, second, status, expectedKind, status2, expectedKind2] : cases) {
+        const AcDbObjectId id = group(L"*", {element(first), element(second)});
         int kind = -99;
         int kind2 = -99;
-        EXPECT_EQ(RootComn_GetRootKind(id, &kind), c.status);
-        EXPECT_EQ(RootComn_GetRootKind2(id, &kind2), c.status2);
-        EXPECT_EQ(kind, c.kind) << "group " << zuhost::toUtf8(name(id));
-        EXPECT_EQ(kind2, c.kind2) << "group " << zuhost::toUtf8(name(id));
+        EXPECT_EQ(RootComn_GetRootKind(id, &kind), status);
+        EXPECT_EQ(RootComn_GetRootKind2(id, &kind2), status2);
+        EXPECT_EQ(kind, expectedKind) << "group " << zuhost::toUtf8(name(id));
+        EXPECT_EQ(kind2, expectedKind2) << "group " << zuhost::toUtf8(name(id));
     }
 }
 

@@ -188,24 +188,22 @@ TEST(Replacing, RefusesPipesAndDevices) {
 }
 
 TEST(StdioFile, ReadsLinesInTheFilesEncoding) {
-    const struct {
-        std::string bytes;
-        std::vector<std::wstring> lines;
-    } cases[] = {{"a\r\nb\n\nc", {L"a", L"b", L"", L"c"}},
-                 {"\x95\x5C\x94\x5C\n", {L"表能"}},
-                 {"\xEF\xBB\xBF㎥\r\n", {L"㎥"}},
-                 {std::string("\xFF\xFE\x68\x88\r\0\n\0x\0", 10), {L"表", L"x"}},
-                 {"a\x1A\nb", {L"a"}},
-                 {"a\x83", {L"a・"}},
-                 {"", {}}};
+    const std::pair<std::string, std::vector<std::wstring>> cases[] = {
+        {"a\r\nb\n\nc", {L"a", L"b", L"", L"c"}},
+        {"\x95\x5C\x94\x5C\n", {L"表能"}},
+        {"\xEF\xBB\xBF㎥\r\n", {L"㎥"}},
+        {std::string("\xFF\xFE\x68\x88\r\0\n\0x\0", 10), {L"表", L"x"}},
+        {"a\x1A\nb", {L"a"}},
+        {"a\x83", {L"a・"}},
+        {"", {}}};
     const TemporaryFolder folder;
-    for (const auto& c : cases) {
-        folder.write("t", c.bytes);
+    for (const auto& [bytes, expectedLines] : cases) {
+        folder.write("t", bytes);
         CStdioFile file(folder.wide("t").c_str(), CFile::modeRead | CFile::typeText);
         std::vector<std::wstring> lines;
         for (CString line; file.ReadString(line);)
             lines.emplace_back(line.view());
-        EXPECT_EQ(lines, c.lines) << c.bytes;
+        EXPECT_EQ(lines, expectedLines) << bytes;
     }
 }
 
@@ -309,19 +307,16 @@ TEST(Saving, ProfilesAndTextFilesAreWholeOrUntouched) {
 
 TEST(File, ReportsTheCauseOfAFailure) {
     const TemporaryFolder folder;
-    const struct {
-        std::wstring path;
-        UINT flags;
-        int cause;
-    } cases[] = {{folder.wide("missing"), CFile::modeRead, CFileException::fileNotFound},
-                 {folder.wide("no/such"), CFile::modeCreate | CFile::modeWrite, CFileException::badPath},
-                 {folder.wide(""), CFile::modeRead, CFileException::accessDenied},
-                 {L"", CFile::modeRead, CFileException::fileNotFound}};
-    for (const auto& c : cases) {
+    const std::tuple<std::wstring, UINT, int> cases[] = {
+        {folder.wide("missing"), CFile::modeRead, CFileException::fileNotFound},
+        {folder.wide("no/such"), CFile::modeCreate | CFile::modeWrite, CFileException::badPath},
+        {folder.wide(""), CFile::modeRead, CFileException::accessDenied},
+        {L"", CFile::modeRead, CFileException::fileNotFound}};
+    for (const auto& [path, flags, cause] : cases) {
         CFile file;
         CFileException error;
-        EXPECT_FALSE(file.Open(c.path.c_str(), c.flags, &error));
-        EXPECT_EQ(error.m_cause, c.cause);
+        EXPECT_FALSE(file.Open(path.c_str(), flags, &error));
+        EXPECT_EQ(error.m_cause, cause);
     }
     folder.write("f", "0123456789");
     CFile file(folder.wide("f").c_str(), CFile::modeReadWrite);
@@ -385,20 +380,17 @@ TEST(Modules, ATextModuleIsFoundByItsLibraryName) {
 }
 
 TEST(Language, FollowsTheEnvironment) {
-    const struct {
-        const char* locale;
-        LANGID id;
-    } cases[] = {{"ja_JP.UTF-8", 0x0411},
-                 {"en_US.UTF-8", 0x0409},
-                 {"de_DE.UTF-8", 0x0407},
-                 {"zh_TW.UTF-8", 0x0404},
-                 {"C", 0},
-                 {"POSIX", 0},
-                 {"C.UTF-8", 0},
-                 {"xx_YY", 0}};
-    for (const auto& c : cases) {
-        setenv("LC_ALL", c.locale, 1);
-        EXPECT_EQ(GetUserDefaultUILanguage(), c.id) << c.locale;
+    const std::pair<const char*, LANGID> cases[] = {{"ja_JP.UTF-8", 0x0411},
+                                                    {"en_US.UTF-8", 0x0409},
+                                                    {"de_DE.UTF-8", 0x0407},
+                                                    {"zh_TW.UTF-8", 0x0404},
+                                                    {"C", 0},
+                                                    {"POSIX", 0},
+                                                    {"C.UTF-8", 0},
+                                                    {"xx_YY", 0}};
+    for (const auto& [locale, id] : cases) {
+        setenv("LC_ALL", locale, 1);
+        EXPECT_EQ(GetUserDefaultUILanguage(), id) << locale;
     }
     setenv("LC_ALL", "C.UTF-8", 1);
 }

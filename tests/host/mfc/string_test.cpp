@@ -149,22 +149,19 @@ TEST(String, ReadsNumbersAsRecorded) {
 TEST(String, ReadsNumbersOfAnySize) {
     const double infinity = std::numeric_limits<double>::infinity();
     const std::wstring zeros(400, L'0');
-    const struct {
-        std::wstring text;
-        double value;
-    } cases[] = {{L"0." + zeros + L"1", 0.0},
-                 {L"-1" + zeros, -infinity},
-                 {L"1" + zeros + L"e-400", 1.0},
-                 {L"0." + zeros + L"1e401", 1.0},
-                 {L"1" + zeros + L"e-9999999", 0},
-                 {L"1e-99999999999999999999", 0.0},
-                 {L"1e99999999999999999999", infinity},
-                 {L"0x1p-5000", 0.0},
-                 {L"0xep5000", infinity},
-                 {L"--5", 0.0},
-                 {L"+-5", 0.0}};
-    for (const auto& c : cases)
-        EXPECT_EQ(_wtof(c.text.c_str()), c.value) << zuhost::toUtf8(c.text);
+    const std::pair<std::wstring, double> cases[] = {{L"0." + zeros + L"1", 0.0},
+                                                     {L"-1" + zeros, -infinity},
+                                                     {L"1" + zeros + L"e-400", 1.0},
+                                                     {L"0." + zeros + L"1e401", 1.0},
+                                                     {L"1" + zeros + L"e-9999999", 0},
+                                                     {L"1e-99999999999999999999", 0.0},
+                                                     {L"1e99999999999999999999", infinity},
+                                                     {L"0x1p-5000", 0.0},
+                                                     {L"0xep5000", infinity},
+                                                     {L"--5", 0.0},
+                                                     {L"+-5", 0.0}};
+    for (const auto& [text, value] : cases)
+        EXPECT_EQ(_wtof(text.c_str()), value) << zuhost::toUtf8(text);
 }
 
 TEST(String, ComparesAndFoldsAsRecorded) {

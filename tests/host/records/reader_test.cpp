@@ -51,25 +51,18 @@ TEST(AsciiReader, ValuesOfEveryLength) {
 }
 
 TEST(AsciiReader, Faults) {
-    struct Case {
-        std::string_view file;
-        std::size_t good;
-        std::size_t offset;
-        std::uint64_t line;
-        bool incomplete;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string_view, std::size_t, std::size_t, std::uint64_t, bool> cases[] = {
         {"0\na\nx\nb\n", 1, 4, 3, false}, {"0\na\n1x\nb\n", 1, 4, 3, false},
         {"0\na\n\nb\n", 1, 4, 3, false},  {"0\na\n123456\nb", 1, 4, 3, false},
         {"0\na\n5\n", 1, 4, 3, true},     {"0\na\n5", 1, 4, 3, true},
         {"0\na\n-", 1, 4, 3, true},       {"1 2\na\n", 0, 0, 1, false},
     };
-    for (const Case& c : cases) {
+    for (const auto& [file, good, offset, line, incomplete] : cases) {
         RecordError error;
-        EXPECT_EQ(readAll(AsciiReader(c.file), &error).size(), c.good) << c.file;
-        EXPECT_EQ(error.offset, c.offset) << c.file;
-        EXPECT_EQ(error.line, c.line) << c.file;
-        EXPECT_EQ(error.incomplete, c.incomplete) << c.file;
+        EXPECT_EQ(readAll(AsciiReader(file), &error).size(), good) << file;
+        EXPECT_EQ(error.offset, offset) << file;
+        EXPECT_EQ(error.line, line) << file;
+        EXPECT_EQ(error.incomplete, incomplete) << file;
     }
 }
 
@@ -88,21 +81,18 @@ std::string joined(std::initializer_list<std::string_view> pieces) {
 
 TEST(BinaryReader, ValuesByGroupCode) {
     const std::string zero(1, '\0');
-    struct Case {
-        int code;
-        std::size_t size;
-    };
     // Values of 280 have two bytes, of 290 one, of 160 eight; 1004 and 310 store their length.
-    const Case cases[] = {{10, 8},  {59, 8},  {60, 2},  {90, 4},  {140, 8},  {149, 8},  {160, 8},
-                          {170, 2}, {280, 2}, {290, 1}, {370, 2}, {390, 0},  {420, 4},  {460, 8},
-                          {481, 0}, {450, 4}, {400, 2}, {430, 0}, {1010, 8}, {1070, 2}, {1071, 4}};
-    for (const Case& c : cases) {
-        const std::string value = c.size > 0 ? std::string(c.size, '\x07') : "text";
-        const std::string terminator = c.size > 0 ? "" : zero;
+    const std::pair<int, std::size_t> cases[] = {{10, 8},   {59, 8},   {60, 2},  {90, 4},  {140, 8}, {149, 8},
+                                                 {160, 8},  {170, 2},  {280, 2}, {290, 1}, {370, 2}, {390, 0},
+                                                 {420, 4},  {460, 8},  {481, 0}, {450, 4}, {400, 2}, {430, 0},
+                                                 {1010, 8}, {1070, 2}, {1071, 4}};
+    for (const auto& [groupCode, size] : cases) {
+        const std::string value = size > 0 ? std::string(size, '\x07') : "text";
+        const std::string terminator = size > 0 ? "" : zero;
         const std::string file = joined(
-            {kSentinel, code(0), "SECTION", zero, code(c.code), value, terminator, code(2), "x", zero});
-        EXPECT_EQ(readAll(BinaryReader(file)), (Records{{0, "SECTION"}, {c.code, value}, {2, "x"}}))
-            << c.code;
+            {kSentinel, code(0), "SECTION", zero, code(groupCode), value, terminator, code(2), "x", zero});
+        EXPECT_EQ(readAll(BinaryReader(file)), (Records{{0, "SECTION"}, {groupCode, value}, {2, "x"}}))
+            << groupCode;
     }
     const std::string chunk =
         kSentinel + code(0) + "A" + zero + code(1004) + "\3a" + zero + "b" + code(310) + zero;

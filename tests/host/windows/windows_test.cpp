@@ -169,14 +169,11 @@ TEST_F(Windows, SetSelLimitsTheSelectionToTheText) {
     CEdit& edit = left().edit;
     edit.SetWindowText(L"abcd");
     const auto* const line = static_cast<QLineEdit*>(edit.widget());
-    const struct {
-        int start;
-        int end;
-        const char* selected;
-    } cases[] = {{0, -1, "abcd"}, {2, -1, "cd"}, {1, 3, "bc"}, {-1, 0, ""}, {3, 9, "d"}, {9, 12, ""}};
-    for (const auto& c : cases) {
-        edit.SetSel(c.start, c.end);
-        EXPECT_EQ(line->selectedText(), c.selected) << c.start << " to " << c.end;
+    const std::tuple<int, int, const char*> cases[] = {{0, -1, "abcd"}, {2, -1, "cd"}, {1, 3, "bc"},
+                                                       {-1, 0, ""},     {3, 9, "d"},   {9, 12, ""}};
+    for (const auto& [start, end, selected] : cases) {
+        edit.SetSel(start, end);
+        EXPECT_EQ(line->selectedText(), selected) << start << " to " << end;
     }
 }
 
