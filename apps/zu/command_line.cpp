@@ -44,19 +44,16 @@ void Command::require_subcommand() {
     app_.require_subcommand(1);
 }
 
-CommandOption* Command::add_option(const std::string& name, std::string& value,
-                                   const std::string& description) {
+template <typename T>
+CommandOption* Command::add_option(const std::string& name, T& value, const std::string& description) {
     return keep(app_.add_option(name, value, description));
 }
 
-CommandOption* Command::add_option(const std::string& name, std::vector<std::string>& values,
-                                   const std::string& description) {
-    return keep(app_.add_option(name, values, description));
-}
-
-CommandOption* Command::add_option(const std::string& name, int& value, const std::string& description) {
-    return keep(app_.add_option(name, value, description));
-}
+template CommandOption* Command::add_option(const std::string&, std::string&, const std::string&);
+template CommandOption* Command::add_option(const std::string&, std::vector<std::string>&,
+                                            const std::string&);
+template CommandOption* Command::add_option(const std::string&, int&, const std::string&);
+template CommandOption* Command::add_option(const std::string&, double&, const std::string&);
 
 CommandOption* Command::add_flag(const std::string& name, bool& value, const std::string& description) {
     return keep(app_.add_flag(name, value, description));

@@ -40,10 +40,9 @@ public:
 
     Command* add_subcommand(const std::string& name, const std::string& description);
     void require_subcommand();
-    CommandOption* add_option(const std::string& name, std::string& value, const std::string& description);
-    CommandOption* add_option(const std::string& name, std::vector<std::string>& values,
-                              const std::string& description);
-    CommandOption* add_option(const std::string& name, int& value, const std::string& description);
+    /// The value is a text, a list of texts, an int or a double.
+    template <typename T>
+    CommandOption* add_option(const std::string& name, T& value, const std::string& description);
     CommandOption* add_flag(const std::string& name, bool& value, const std::string& description);
     /// Sets what the command does once its arguments are parsed.
     void callback(std::function<void()> run);
