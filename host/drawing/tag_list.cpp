@@ -66,16 +66,23 @@ std::size_t TagList::find(int code, TagRange range) const {
     return range.last;
 }
 
-std::size_t TagList::extendedDataStart() const {
-    for (std::size_t i = 0; i < size(); ++i)
+std::size_t TagList::extendedDataStart(std::size_t from) const {
+    for (std::size_t i = from; i < size(); ++i)
         if (tags_[i].code >= kFirstExtended)
             return i;
     return size();
 }
 
-std::size_t TagList::subclassStart(std::string_view marker) const {
-    bool anyMarker = false;
+std::size_t TagList::firstMarker() const {
     std::size_t i = 0;
+    while (i < size() && tags_[i].code < kFirstExtended && tags_[i].code != kSubclassMarker)
+        ++i;
+    return i;
+}
+
+std::size_t TagList::subclassStart(std::string_view marker, std::size_t from) const {
+    bool anyMarker = false;
+    std::size_t i = from;
     for (; i < size() && tags_[i].code < kFirstExtended; ++i) {
         if (tags_[i].code != kSubclassMarker)
             continue;
@@ -90,8 +97,8 @@ bool TagList::endsSubclass(const Tag& tag) {
     return tag.code == kSubclassMarker || tag.code == kEmbeddedObject || tag.code >= kFirstExtended;
 }
 
-TagRange TagList::subclass(std::string_view marker) const {
-    const std::size_t first = subclassStart(marker);
+TagRange TagList::subclass(std::string_view marker, std::size_t from) const {
+    const std::size_t first = subclassStart(marker, from);
     std::size_t last = first;
     while (last < size() && !endsSubclass(tags_[last]))
         ++last;
@@ -117,8 +124,8 @@ TagRange TagList::applicationGroup(std::string_view name) const {
     return {std::min<std::size_t>(1, end), std::min<std::size_t>(1, end)};
 }
 
-TagRange TagList::extendedData(std::string_view application) const {
-    for (std::size_t i = extendedDataStart(); i < size(); ++i) {
+TagRange TagList::extendedData(std::string_view application, std::size_t from) const {
+    for (std::size_t i = extendedDataStart(from); i < size(); ++i) {
         if (tags_[i].code != kApplicationName || !sameName(tags_[i].value, application))
             continue;
         std::size_t last = i + 1;

@@ -9,6 +9,7 @@
 
 #include <iostream>
 #include <memory>
+#include <unordered_set>
 
 namespace zu::app {
 
@@ -31,8 +32,14 @@ AcArray<AcDbObjectId> connectedTo(AcDbObjectId element, AcDbObjectId named, int 
     else
         groups.append(named);
     AcArray<AcDbObjectId> found;
-    for (const AcDbObjectId group : groups)
-        RootComn_GetConnectBlock(group, element, found, nullptr, kind);
+    std::unordered_set<AcDbObjectId> seen;
+    for (const AcDbObjectId group : groups) {
+        AcArray<AcDbObjectId> joined;
+        RootComn_GetConnectBlock(group, element, joined, nullptr, kind);
+        for (const AcDbObjectId other : joined)
+            if (seen.insert(other).second)
+                found.append(other);
+    }
     return found;
 }
 

@@ -13,12 +13,6 @@ constexpr std::string_view kMarker = "AcDbBlockReference";
 constexpr std::string_view kRepeatedMarker = "AcDbMInsertBlock";
 constexpr double kDegree = std::numbers::pi / 180.0;
 
-/// Returns the class marker: references repeated in rows and columns have a different one.
-std::string_view markerOf(const zuhost::TagList& tags) {
-    return tags.subclass(kMarker).empty() && !tags.subclass(kRepeatedMarker).empty() ? kRepeatedMarker
-                                                                                     : kMarker;
-}
-
 } // namespace
 
 AcDbBlockReference::AcDbBlockReference() {
@@ -31,8 +25,12 @@ AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId
     setPosition(position);
 }
 
+std::string_view AcDbBlockReference::marker() const {
+    return section(kMarker).empty() && !section(kRepeatedMarker).empty() ? kRepeatedMarker : kMarker;
+}
+
 std::wstring AcDbBlockReference::blockName() const {
-    return textTag(markerOf(tags()), 2);
+    return textTag(marker(), 2);
 }
 
 AcDbObjectId AcDbBlockReference::blockTableRecord() const {
@@ -49,17 +47,17 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
         return status;
     const std::wstring name = record->name();
     record->close();
-    return setTextTag(markerOf(tags()), 2, name);
+    return setTextTag(marker(), 2, name);
 }
 
 const AcDbBlockReference::Placement& AcDbBlockReference::placement() const {
     if (placementVersion_ == tagVersion())
         return placement_;
-    const std::string_view marker = markerOf(tags());
-    placement_.normal = normalTag(marker);
-    placement_.scale = {realTag(marker, 41, 1.0), realTag(marker, 42, 1.0), realTag(marker, 43, 1.0)};
-    placement_.rotation = realTag(marker, 50, 0.0) * kDegree;
-    placement_.position = pointTag(marker, 10);
+    const std::string_view name = marker();
+    placement_.normal = normalTag(name);
+    placement_.scale = {realTag(name, 41, 1.0), realTag(name, 42, 1.0), realTag(name, 43, 1.0)};
+    placement_.rotation = realTag(name, 50, 0.0) * kDegree;
+    placement_.position = pointTag(name, 10);
     if (placement_.normal != AcGeVector3d::kZAxis)
         placement_.position.transformBy(AcGeMatrix3d::planeToWorld(placement_.normal));
     placementVersion_ = tagVersion();
@@ -82,20 +80,20 @@ AcGeVector3d AcDbBlockReference::normal() const {
 Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& position) {
     const AcGeVector3d up = normal();
     const bool inPlan = up == AcGeVector3d::kZAxis;
-    return setPointTag(markerOf(tags()), 10, inPlan ? position : AcGeMatrix3d::worldToPlane(up) * position);
+    return setPointTag(marker(), 10, inPlan ? position : AcGeMatrix3d::worldToPlane(up) * position);
 }
 
 Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& factors) {
-    const Acad::ErrorStatus status = setRealTag(markerOf(tags()), 41, factors.sx);
+    const Acad::ErrorStatus status = setRealTag(marker(), 41, factors.sx);
     if (status == Acad::eOk) {
-        setRealTag(markerOf(tags()), 42, factors.sy);
-        setRealTag(markerOf(tags()), 43, factors.sz);
+        setRealTag(marker(), 42, factors.sy);
+        setRealTag(marker(), 43, factors.sz);
     }
     return status;
 }
 
 Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
-    return setRealTag(markerOf(tags()), 50, angle / kDegree);
+    return setRealTag(marker(), 50, angle / kDegree);
 }
 
 AcGeMatrix3d AcDbBlockReference::blockTransform() const {

@@ -50,8 +50,27 @@ std::string AcDbObject::encoded(std::wstring_view text) const {
     return database != nullptr ? database->document->encode(text) : zuhost::toUtf8(text);
 }
 
+template <typename Find>
+std::size_t AcDbObject::placeOf(KnownPlace& known, Find find) const {
+    const TagList& records = tags();
+    if (isWriteEnabled())
+        return find(records);
+    if (!known.isKnown || known.version != tagVersion_)
+        known = {tagVersion_, true, find(records)};
+    return known.place;
+}
+
+std::size_t AcDbObject::firstMarker() const {
+    return placeOf(firstMarker_, [](const TagList& records) { return records.firstMarker(); });
+}
+
+std::size_t AcDbObject::extendedDataStart() const {
+    return placeOf(extendedDataStart_,
+                   [this](const TagList& records) { return records.extendedDataStart(firstMarker()); });
+}
+
 TagRange AcDbObject::section(std::string_view marker) const {
-    return marker.empty() ? TagRange{0, tags().extendedDataStart()} : tags().subclass(marker);
+    return marker.empty() ? TagRange{0, extendedDataStart()} : tags().subclass(marker, firstMarker());
 }
 
 double AcDbObject::realTag(std::string_view marker, int code, double missing) const {

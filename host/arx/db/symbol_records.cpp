@@ -84,7 +84,8 @@ double AcDbLinetypeTableRecord::patternLength() const {
 
 std::vector<double> AcDbLinetypeTableRecord::dashes() const {
     std::vector<double> lengths;
-    for (std::size_t i = 0; i < tags().extendedDataStart(); ++i)
+    const std::size_t end = extendedDataStart();
+    for (std::size_t i = 0; i < end; ++i)
         if (tags()[i].code == 49)
             lengths.push_back(tags().real(49, {i, i + 1}).value_or(0.0));
     return lengths;

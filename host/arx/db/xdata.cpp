@@ -231,13 +231,14 @@ void replace(TagList& tags, TagList replacement, const zuhost::Document& documen
 resbuf* AcDbObject::xData(const ACHAR* application) const {
     if (core() == nullptr)
         return nullptr;
-    TagRange range{tags().extendedDataStart(), tags().size()};
+    const std::size_t start = extendedDataStart();
+    TagRange range{start, tags().size()};
     if (range.empty())
         return nullptr;
     if (application != nullptr) {
-        range = tags().extendedData(encoded(application));
+        range = tags().extendedData(encoded(application), start);
         if (const auto name = range.empty() ? registeredName(*core(), application) : std::nullopt)
-            range = tags().extendedData(*name);
+            range = tags().extendedData(*name, start);
     }
     ChainWriter chain(*core()->document);
     // Other group codes are damage: a chain could not hold their values.

@@ -238,6 +238,15 @@ TEST_F(Reactors, PersistentReactorsChangeSeveralAtATime) {
     EXPECT_EQ(handler->removePersistentReactors({id(kDuct)}), Acad::eNotOpenForWrite);
 }
 
+TEST_F(Reactors, ChangesMoveTheRecordsThatFollow) {
+    const AcDbObjectPointer<AcDbBlockReference> handler(id(kAirHandler));
+    EXPECT_EQ(handler->blockName(), L"KK-AHU");
+    ASSERT_EQ(handler->upgradeOpen(), Acad::eOk);
+    EXPECT_EQ(handler->removePersistentReactors({id(kSupply), id(0x184), id(0x185)}), Acad::eOk);
+    handler->downgradeOpen();
+    EXPECT_EQ(handler->blockName(), L"KK-AHU");
+}
+
 TEST_F(Reactors, RemovingTheLastOneRemovesItsGroup) {
     const AcDbObjectPointer<AcDbObject> shelf(id(kShelf), AcDb::kForWrite);
     ASSERT_EQ(shelf->removePersistentReactor(id(kFurniture)), Acad::eOk);

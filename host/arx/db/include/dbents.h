@@ -156,6 +156,8 @@ private:
         double rotation = 0.0;
         AcGeVector3d normal = AcGeVector3d::kZAxis;
     };
+    /// Returns the class marker: references repeated in rows and columns have a different one.
+    [[nodiscard]] std::string_view marker() const;
     const Placement& placement() const;
 
     mutable Placement placement_;

@@ -154,6 +154,8 @@ protected:
     [[nodiscard]] std::wstring decoded(std::string_view value) const;
     [[nodiscard]] std::string encoded(std::wstring_view text) const;
     [[nodiscard]] zuhost::TagRange section(std::string_view marker) const;
+    /// Returns where extended data begins in the records.
+    [[nodiscard]] std::size_t extendedDataStart() const;
 
     /// Typed records of the class's own section; missing ones give the default.
     [[nodiscard]] double realTag(std::string_view marker, int code, double missing) const;
@@ -187,6 +189,18 @@ private:
                 tell(*reactor);
     }
     void catchUp() const;
+    /// A position in the records, with the version of these that it holds for.
+    struct KnownPlace {
+        std::uint32_t version = 0;
+        bool isKnown = false;
+        std::size_t place = 0;
+    };
+    /// Returns the position that `find` determines. Keeps it until the records change: objects in many groups
+    /// have long lists of reactors before all else. Searches anew while the object is open for write, since
+    /// the records can then change within one version.
+    template <typename Find>
+    std::size_t placeOf(KnownPlace& known, Find find) const;
+    [[nodiscard]] std::size_t firstMarker() const;
     /// The index of the persistent reactors; null for an object that has few.
     zuhost::ReactorIndex* reactorIndex() const;
     template <typename Change>
@@ -197,6 +211,8 @@ private:
     mutable std::vector<AcDbObjectReactor*> transientReactors_;
     mutable AcDbVoidPtrArray reactorList_;
     mutable std::unique_ptr<zuhost::ReactorIndex> reactorIndex_;
+    mutable KnownPlace firstMarker_;
+    mutable KnownPlace extendedDataStart_;
     std::uint32_t tagVersion_ = 0;
     std::uint32_t notedStep_ = 0; ///< The undo step that holds the object's state before it.
     std::uint16_t readers_ = 0;

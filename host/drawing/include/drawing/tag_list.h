@@ -65,10 +65,13 @@ public:
     /// Returns the records after the marker (100, `marker`) up to the next marker or the extended data. In a
     /// list without any marker (drawings before R13): all between the type and the extended data. When only
     /// this marker is missing: an empty range before the extended data.
-    [[nodiscard]] TagRange subclass(std::string_view marker) const;
+    /// The search starts at `from`, which is not past `firstMarker`.
+    [[nodiscard]] TagRange subclass(std::string_view marker, std::size_t from = 0) const;
 
     /// Returns where `subclass` begins, without searching for its end.
-    [[nodiscard]] std::size_t subclassStart(std::string_view marker) const;
+    [[nodiscard]] std::size_t subclassStart(std::string_view marker, std::size_t from = 0) const;
+    /// Returns the position of the first marker; where extended data begins when there is none.
+    [[nodiscard]] std::size_t firstMarker() const;
     /// Returns true for a record that ends a subclass.
     [[nodiscard]] static bool endsSubclass(const Tag& tag);
 
@@ -77,11 +80,11 @@ public:
     [[nodiscard]] TagRange applicationGroup(std::string_view name) const;
 
     /// Returns the extended data of one application, its name record (1001) included; without any, an empty
-    /// range at the end.
-    [[nodiscard]] TagRange extendedData(std::string_view application) const;
+    /// range at the end. The search starts at `from`, which is not past `extendedDataStart`.
+    [[nodiscard]] TagRange extendedData(std::string_view application, std::size_t from = 0) const;
 
-    /// Returns where extended data begins; size() when there is none.
-    [[nodiscard]] std::size_t extendedDataStart() const;
+    /// Returns where extended data begins; size() when there is none. The search starts at `from`.
+    [[nodiscard]] std::size_t extendedDataStart(std::size_t from = 0) const;
 
     /// Returns the value of the first tag with the code in the range; nullopt when it is missing or
     /// unreadable.
