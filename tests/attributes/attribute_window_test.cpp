@@ -7,7 +7,6 @@
 #include <dbobjptr.h>
 #include <zucomn/attributes.h>
 #include <zucomn/frame.h>
-#include <zucomn/model/library.h>
 #include <zucomn/views.h>
 #include <zuhost/desktop.h>
 #include <zuhost/message_box.h>
@@ -25,8 +24,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 
 namespace {
 

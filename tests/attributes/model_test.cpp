@@ -1,27 +1,22 @@
 #include "attributes/model/field_rules.h"
 #include "attributes/model/shown_items.h"
+#include "texts.h"
 
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <initializer_list>
 
 namespace {
 
-using Texts = std::initializer_list<const wchar_t*>;
+using List = std::initializer_list<const wchar_t*>;
 
 class Model : public ::testing::Test {
 protected:
-    CStringArray& strings(Texts texts) {
-        CStringArray& array = arrays_.emplace_back();
-        for (const wchar_t* text : texts)
-            array.Add(text);
-        return array;
-    }
+    CStringArray& strings(List texts) { return arrays_.emplace_back(arrayOf(texts)); }
 
-    CPtrArray& table(std::initializer_list<Texts> records) {
+    CPtrArray& table(std::initializer_list<List> records) {
         table_.RemoveAll();
-        for (const Texts& record : records)
+        for (const List& record : records)
             table_.Add(&strings(record));
         return table_;
     }
@@ -32,15 +27,12 @@ private:
 };
 
 TEST_F(Model, NumbersFieldsFromOne) {
-    struct Case {
-        const wchar_t* text;
-        int n;
-        const wchar_t* field;
-    };
-    for (const Case& c : {Case{L"a|b|c|", 1, L"a"}, Case{L"a|b|c|", 3, L"c"}, Case{L"a|b|c|", 4, L""},
-                          Case{L"a|b|rest", 9, L"rest"}, Case{L"a|b|1", 3, L"1"}, Case{L"a|b|", 0, L""},
-                          Case{L"a|b|", -1, L""}, Case{L"", 1, L""}, Case{L"||x|", 2, L""}})
-        EXPECT_TRUE(zu::attributeField(c.text, c.n) == c.field) << c.n;
+    const std::tuple<const wchar_t*, int, const wchar_t*> cases[] = {
+        {L"a|b|c|", 1, L"a"},      {L"a|b|c|", 3, L"c"}, {L"a|b|c|", 4, L""},
+        {L"a|b|rest", 9, L"rest"}, {L"a|b|1", 3, L"1"},  {L"a|b|", 0, L""},
+        {L"a|b|", -1, L""},        {L"", 1, L""},        {L"||x|", 2, L""}};
+    for (const auto& [text, n, field] : cases)
+        EXPECT_TRUE(zu::attributeField(text, n) == field) << n;
     EXPECT_TRUE(zu::isEditable(L"a|b|c|1|"));
     for (const wchar_t* text : {L"a|b|c|0|", L"a|b|", L"", L"1|1|1|"})
         EXPECT_FALSE(zu::isEditable(text));
@@ -105,8 +97,8 @@ TEST_F(Model, WritesOnlyEditableRepresentableValues) {
                                               {L"S4|", L"a|b"},   {L"S5|", L"new"}, {L"S6|", L"same"},
                                               {L"S9|", L"absent"}};
     EXPECT_TRUE(zu::applyItems(list, zu::writableItems(items, index)));
-    const Texts expected = {L"6|A|B|",  L"S1|new|0|tail|", L"S2|fixed|",  L"S3|own|",
-                            L"S4|bar|", L"S5|new|",        L"S6|same |0|"};
+    const List expected = {L"6|A|B|",  L"S1|new|0|tail|", L"S2|fixed|",  L"S3|own|",
+                           L"S4|bar|", L"S5|new|",        L"S6|same |0|"};
     int place = 0;
     for (const wchar_t* text : expected)
         EXPECT_TRUE(list[place++] == text) << place;

@@ -1,27 +1,13 @@
 #include "attributes/partslist/attribute_lines.h"
 #include "attributes/partslist/lines_file.h"
 #include "temporary_folder.h"
+#include "texts.h"
 
 #include <zuhost/file_ops.h>
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
-
 namespace {
-
-CStringArray linesOf(std::initializer_list<const wchar_t*> list) {
-    CStringArray lines;
-    for (const wchar_t* const line : list)
-        lines.Add(line);
-    return lines;
-}
-
-using Texts = std::vector<std::wstring>;
-
-Texts textsOf(const CStringArray& lines) {
-    return {lines.GetData(), lines.GetData() + lines.GetSize()};
-}
 
 TEST(PartsList, ItemsEndAfterTheSixthFieldOrALineEnd) {
     const std::pair<const wchar_t*, Texts> cases[] = {
@@ -45,7 +31,7 @@ TEST(PartsList, RepeatedIdStartsAPart) {
     const auto sizesOf = [](std::initializer_list<const wchar_t*> list) {
         std::vector<int> sizes;
         int next = 0;
-        for (const zu::LineRange& part : zu::partsOf(linesOf(list))) {
+        for (const zu::LineRange& part : zu::partsOf(arrayOf(list))) {
             EXPECT_EQ(part.first, next);
             next += part.count;
             sizes.push_back(part.count);
@@ -58,14 +44,14 @@ TEST(PartsList, RepeatedIdStartsAPart) {
 }
 
 TEST(PartsList, WritesEditableValuesIntoLines) {
-    const CStringArray editable = linesOf({L"A", L"", L"x", L"1"});
-    const CStringArray fixed = linesOf({L"B", L"", L"x", L"0"});
+    const CStringArray editable = arrayOf({L"A", L"", L"x", L"1"});
+    const CStringArray fixed = arrayOf({L"B", L"", L"x", L"0"});
     CPtrArray table;
     table.Add(const_cast<CStringArray*>(&editable));
     table.Add(const_cast<CStringArray*>(&fixed));
     const zu::ParameterIndex parameters(table);
     const auto after = [&](const wchar_t* key, const wchar_t* value) {
-        CStringArray lines = linesOf({L"A|3", L"B|4|||||", L"A|1|p|||6|"});
+        CStringArray lines = arrayOf({L"A|3", L"B|4|||||", L"A|1|p|||6|"});
         const std::vector<zu::ShownItem> items = {{key, value}};
         zu::applyToLines(lines, items, parameters);
         EXPECT_EQ(lines[1], L"B|4|||||");
@@ -85,7 +71,7 @@ TEST(PartsList, WritesEditableValuesIntoLines) {
 TEST(PartsList, MergesItemsOfSeveralParts) {
     std::wstring text;
     for (const zu::ShownItem& item :
-         zu::shownItemsOf(linesOf({L"A|1|", L"B|2|", L"|x|", L"A|3|", L"B|2|", L"C|4|"})))
+         zu::shownItemsOf(arrayOf({L"A|1|", L"B|2|", L"|x|", L"A|3|", L"B|2|", L"C|4|"})))
         text +=
             std::wstring(item.key.view()) + std::wstring(item.value.view()) + (item.shared ? L" " : L"- ");
     EXPECT_EQ(text, L"A|*各種* B|2 C|4- ");
@@ -107,7 +93,7 @@ protected:
 };
 
 TEST_F(LinesFile, WritesLineEndsForRouteAttributesOnly) {
-    const CStringArray lines = linesOf({L"S1|値", L"S2||E||5|1|"});
+    const CStringArray lines = arrayOf({L"S1|値", L"S2||E||5|1|"});
     save("RootAttr.dat", lines);
     EXPECT_TRUE(zu::routeAttributeMode());
     EXPECT_EQ(read("RootAttr.dat"), "S1|\x92\x6C|||||\r\nS2||E||5|1|\r\n");
@@ -115,7 +101,7 @@ TEST_F(LinesFile, WritesLineEndsForRouteAttributesOnly) {
     EXPECT_FALSE(zu::routeAttributeMode());
     EXPECT_EQ(read("parts.txt"), "S1|\x92\x6C|||||S2||E||5|1|");
     folder_.write("parts.txt", "\xEF\xBB\xBF");
-    save("parts.txt", linesOf({L"𠮷"}));
+    save("parts.txt", arrayOf({L"𠮷"}));
     EXPECT_EQ(read("parts.txt"), "\xEF\xBB\xBF𠮷||||||") << "an existing file keeps its encoding";
 
     EXPECT_TRUE(zu::isRouteAttributeFile(L"C:\\a\\RootAttr.dat"));
@@ -141,8 +127,8 @@ TEST_F(LinesFile, SampleRoundTrips) {
 
 TEST_F(LinesFile, FailedSaveKeepsFileAndLines) {
     folder_.write("parts.txt", "old");
-    save("missing/parts.txt", linesOf({L"A|1"}), false);
-    save("parts.txt", linesOf({L"A|𠮷"}), false);
+    save("missing/parts.txt", arrayOf({L"A|1"}), false);
+    save("parts.txt", arrayOf({L"A|𠮷"}), false);
     CStringArray withNull;
     withNull.Add(CString(std::wstring_view(L"A\0|1", 4)));
     save("parts.txt", withNull, false);
@@ -152,7 +138,7 @@ TEST_F(LinesFile, FailedSaveKeepsFileAndLines) {
     folder_.write("parts.txt", mark + "old");
     bool saved = false;
     for (std::uint64_t n = 1; !saved; ++n) {
-        CStringArray lines = linesOf({L"A|1"});
+        CStringArray lines = arrayOf({L"A|1"});
         const zuhost::file_ops::FailAt failure(n);
         saved = zu::saveLines(path("parts.txt"), lines);
         EXPECT_EQ(lines[0], saved ? L"A|1|||||" : L"A|1") << n;

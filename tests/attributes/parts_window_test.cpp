@@ -15,8 +15,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 namespace {
 
 constexpr int kModify = 3001;
@@ -108,18 +106,14 @@ protected:
 };
 
 TEST_F(PartsWindow, LaysOutItsControls) {
-    const struct {
-        int id;
-        const wchar_t* caption;
-        QRect place;
-    } buttons[] = {{kModify, L"属性修正", {0, 0, 60, 23}},
-                   {kConfirm, L"属性確定", {0, 24, 60, 23}},
-                   {kBack, L"戻る", {0, 47, 60, 23}}};
-    for (const auto& button : buttons) {
+    const std::tuple<int, const wchar_t*, QRect> buttons[] = {{kModify, L"属性修正", {0, 0, 60, 23}},
+                                                              {kConfirm, L"属性確定", {0, 24, 60, 23}},
+                                                              {kBack, L"戻る", {0, 47, 60, 23}}};
+    for (const auto& [id, expectedCaption, place] : buttons) {
         CString caption;
-        left().GetDlgItem(button.id)->GetWindowText(caption);
-        EXPECT_EQ(caption, button.caption);
-        EXPECT_EQ(left().GetDlgItem(button.id)->widget()->geometry(), button.place);
+        left().GetDlgItem(id)->GetWindowText(caption);
+        EXPECT_EQ(caption, expectedCaption);
+        EXPECT_EQ(left().GetDlgItem(id)->widget()->geometry(), place);
     }
     frame_.MoveWindow(0, 0, 500, 300);
     zuhost::processPendingEvents();

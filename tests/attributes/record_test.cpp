@@ -24,20 +24,6 @@ public:
     using CAttributeData::SetCommonData;
 };
 
-using Texts = std::vector<std::wstring>;
-
-void fill(CStringArray& list, const Texts& texts) {
-    for (const std::wstring& text : texts)
-        list.Add(CString(text));
-}
-
-Texts textsOf(const CStringArray& list) {
-    Texts texts;
-    for (int i = 0; i < list.GetSize(); ++i)
-        texts.emplace_back(list[i].view());
-    return texts;
-}
-
 Texts row(const CPtrArray& entities, int table, int index) {
     return textsOf(zu::stringsAt(zu::tableAt(entities, table), index));
 }
@@ -54,8 +40,7 @@ TEST(AttributeRecord, DecodesAllStringsWhateverTheHeaderCount) {
     };
     for (const auto& [texts, rows] : cases) {
         Attributes data;
-        CStringArray list;
-        fill(list, texts);
+        CStringArray list = arrayOf(texts);
         EXPECT_EQ(data.SetAttributeDataArray2(list), 0);
         ASSERT_EQ(data.GetEntityList().GetSize(), 1);
         ASSERT_EQ(zu::tableAt(data.GetEntityList(), 0).GetSize(), static_cast<int>(rows.size()));
@@ -69,8 +54,7 @@ TEST(AttributeRecord, DecodesAllStringsWhateverTheHeaderCount) {
 
 TEST(AttributeRecord, EncodesTrimmedValues) {
     Attributes data;
-    CStringArray list;
-    fill(list, {L"7| A |B\t|", L" K |v v| E|n|1|1|", L"L||||||"});
+    CStringArray list = arrayOf({L"7| A |B\t|", L" K |v v| E|n|1|1|", L"L||||||"});
     data.SetAttributeDataArray2(list);
     CStringArray encoded;
     Attributes::SetAttributeDataArray1(zu::tableAt(data.GetEntityList(), 0), encoded);
@@ -86,8 +70,7 @@ TEST(AttributeRecord, EncodesTrimmedValues) {
 }
 
 TEST(AttributeRecord, LookUpsMatchPrefixes) {
-    CStringArray list;
-    fill(list, {L"3|A|B|", L"S401|2700|E|", L"S4|x|", L"K|old|x|tail", L"bare"});
+    CStringArray list = arrayOf({L"3|A|B|", L"S401|2700|E|", L"S4|x|", L"K|old|x|tail", L"bare"});
     EXPECT_EQ(CAttributeData::FindAtt(&list, L"S4"), 1);
     EXPECT_EQ(CAttributeData::FindAtt(&list, L"401"), -1);
     EXPECT_EQ(CAttributeData::FindAtt(nullptr, L"S4"), -1);
@@ -191,8 +174,7 @@ TEST(AttributeData, RoundTripsThroughEntities) {
     const AcDbObjectId entity = drawing.element(block, {});
     const AcDbObjectId bare = drawing.element(block, {});
     Attributes data;
-    CStringArray list;
-    fill(list, {L"2|A|B|", L"S401|100|E|h|1|1|", L"S501|給気㎥|A|u|2|1|"});
+    CStringArray list = arrayOf({L"2|A|B|", L"S401|100|E|h|1|1|", L"S501|給気㎥|A|u|2|1|"});
     EXPECT_EQ(data.SetAttributeData(entity, list), 0);
     EXPECT_EQ(data.ReadData(TestDrawing::ids({bare, entity, entity})), 0);
     EXPECT_EQ(data.GetEntityList().GetSize(), 2) << "an entity without a record adds no table";
@@ -218,8 +200,7 @@ TEST(AttributeData, RejectsTooLargeRecords) {
     const TestDrawing drawing;
     const AcDbObjectId entity = drawing.element(drawing.block(L"RT-1", {}), {});
     Attributes data;
-    CStringArray list;
-    fill(list, {L"1|A|B|", L"K|v|||||"});
+    CStringArray list = arrayOf({L"1|A|B|", L"K|v|||||"});
     EXPECT_EQ(data.SetAttributeData(entity, list), 0);
     CStringArray large;
     for (int i = 0; i < 100; ++i)
@@ -233,8 +214,8 @@ TEST(AttributeData, RejectsTooLargeRecords) {
 TEST(AttributeData, SharedItemsAreThoseOfAllTables) {
     Attributes data;
     for (const wchar_t* const height : {L"K|100|||||", L"K|200|||||"}) {
-        CStringArray list;
-        fill(list, {L"3|A|B|", height, L"M|same|||||", height[2] == L'1' ? L"X|1|||||" : L"Y|1|||||"});
+        CStringArray list =
+            arrayOf({L"3|A|B|", height, L"M|same|||||", height[2] == L'1' ? L"X|1|||||" : L"Y|1|||||"});
         data.SetAttributeDataArray2(list);
     }
     CPtrArray common;

@@ -13,18 +13,12 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 class WriteBack : public ::testing::Test {
 protected:
     WriteBack() {
         ZuComn_SetResource();
-        record_.Add(L"S1");
-        record_.Add(L"");
-        record_.Add(L"x");
-        record_.Add(L"1");
         table_.Add(&record_);
         drawing_.addLayer(L"固定");
         lock(L"固定");
@@ -64,7 +58,7 @@ protected:
 
     TestDrawing drawing_;
     AcDbObjectId block_ = drawing_.block(L"part", {});
-    CStringArray record_;
+    CStringArray record_ = arrayOf({L"S1", L"", L"x", L"1"});
     CPtrArray table_;
 };
 
@@ -107,23 +101,19 @@ TEST_F(WriteBack, HostUndoRevertsItInOneStep) {
 }
 
 TEST_F(WriteBack, ReportsHeightsThatAreNotNumbers) {
-    struct Case {
-        const wchar_t* height;
-        bool isReported;
-    };
-    for (const Case& c :
-         {Case{L"2700", false}, Case{L"+300", false}, Case{L" -1.5e2 ", false}, Case{L"", false},
-          Case{L"FL+300", true}, Case{L"2,700", true}, Case{L"２７００", true}, Case{L"-", true},
-          Case{L"nan", true}, Case{L"1e999", true}}) {
+    const std::pair<const wchar_t*, bool> cases[] = {
+        {L"2700", false}, {L"+300", false},    {L" -1.5e2 ", false}, {L"", false},   {L"FL+300", true},
+        {L"2,700", true}, {L"２７００", true}, {L"-", true},         {L"nan", true}, {L"1e999", true}};
+    for (const auto& [text, isReported] : cases) {
         const AcDbObjectId id = element(L"S1|a|0|");
-        const std::wstring height = L"S401|" + std::wstring(c.height) + L"|0|";
+        const std::wstring height = L"S401|" + std::wstring(text) + L"|0|";
         TestDrawing::setTexts(id, L"ZU_ATTR", {L"2|A|B|", L"S1|a|0|", height.c_str()});
         const std::vector<zu::ShownItem> items = {{L"S1|", L"新"}};
         const zuhost::CommandLineObserver printed;
         const HINSTANCE before = AfxGetResourceHandle();
         EXPECT_EQ(zu::writeBack({&id, 1}, items, zu::ParameterIndex(table_)), 1);
         EXPECT_EQ(AfxGetResourceHandle(), before);
-        EXPECT_EQ(printed.text(), c.isReported ? L"取付高が数値でない要素: 1\n" : L"")
+        EXPECT_EQ(printed.text(), isReported ? L"取付高が数値でない要素: 1\n" : L"")
             << zuhost::toUtf8(height);
     }
 }

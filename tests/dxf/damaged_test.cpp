@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <tuple>
 
 namespace zu::test {
 namespace {

@@ -1,20 +1,13 @@
 #include "dxf_records.h"
 #include "part_files.h"
+#include "texts.h"
 
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <tuple>
 
 namespace zu::test {
 namespace {
-
-CStringArray linesOf(std::initializer_list<const wchar_t*> lines) {
-    CStringArray array;
-    for (const wchar_t* line : lines)
-        array.Add(line);
-    return array;
-}
 
 std::string entities(std::string_view records) {
     return dxfRecords("0 SECTION|2 ENTITIES") + dxfRecords(records) + dxfRecords("0 ENDSEC|0 EOF");
@@ -104,7 +97,7 @@ TEST(Reading, FirstRecordsDetermineTheWidthOfBinaryCodes) {
 
 TEST(Reading, RecordsOneByOne) {
     CAcadDxf reader;
-    ASSERT_TRUE(reader.Open(linesOf({L"0", L"SECTION", L"999", L"comment", L" 40", L" 2.5 ", L"70", L"-3",
+    ASSERT_TRUE(reader.Open(arrayOf({L"0", L"SECTION", L"999", L"comment", L" 40", L" 2.5 ", L"70", L"-3",
                                      L"1", L"外形\r", L"1", L"b", L"0"})));
     ASSERT_EQ(reader.GetRecord(), 1);
     EXPECT_EQ(reader.GetText(), L"SECTION");
@@ -142,7 +135,7 @@ TEST(Reading, EntitiesOutliveTheirDrawing) {
     CEntList list;
     for (const wchar_t* text : {L"first", L"second"}) {
         CAcadDxf reader;
-        reader.Open(linesOf({L"0", L"SECTION", L"2", L"ENTITIES", L"0", L"MTEXT", L"3", L"the ", L"1", text,
+        reader.Open(arrayOf({L"0", L"SECTION", L"2", L"ENTITIES", L"0", L"MTEXT", L"3", L"the ", L"1", text,
                              L"8", L"外形", L"0", L"ENDSEC"}));
         ASSERT_EQ(reader.Skip(2), 1);
         reader.LoadEnt(list);

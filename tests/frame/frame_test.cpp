@@ -15,13 +15,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <tuple>
-#include <vector>
-
 namespace {
 
 /// Sets the language of the environment and of the library's texts for a scope.

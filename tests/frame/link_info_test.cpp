@@ -1,5 +1,5 @@
 #include "sample_settings.h"
-#include "temporary_folder.h"
+#include "texts.h"
 
 #include <zucomn/link_info.h>
 
@@ -11,8 +11,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
-#include <initializer_list>
 
 #include <sys/wait.h>
 
@@ -22,13 +20,6 @@ namespace file_ops = zuhost::file_ops;
 
 constexpr const char* kOld = "A|old\nC|3\n";
 constexpr const char* kNew = "A|new\nC|3\nB|2\n";
-
-CStringArray texts(std::initializer_list<const wchar_t*> list) {
-    CStringArray array;
-    for (const wchar_t* const text : list)
-        array.Add(text);
-    return array;
-}
 
 /// Provides a folder and paths in the platform's form.
 class LinkInfo : public testing::Test {
@@ -46,10 +37,10 @@ protected:
     }
     [[nodiscard]] CString value(const wchar_t* key) const {
         CStringArray values;
-        return ZuComn_GetLinkInfo(path(), texts({key}), values) ? values[0] : CString(L"(unread)");
+        return ZuComn_GetLinkInfo(path(), arrayOf({key}), values) ? values[0] : CString(L"(unread)");
     }
     [[nodiscard]] bool save() const {
-        return ZuComn_SaveLinkInfo(path(), texts({L"A", L"B"}), texts({L"new", L"2"}));
+        return ZuComn_SaveLinkInfo(path(), arrayOf({L"A", L"B"}), arrayOf({L"new", L"2"}));
     }
 
     /// Removes the files of the previous run, which would add operations to the next one.
@@ -64,25 +55,26 @@ protected:
 
 TEST_F(LinkInfo, Merges) {
     const std::tuple<std::string, CStringArray, CStringArray, std::string> cases[] = {
-        {"", texts({L"A", L"B", L"A"}), texts({L"1", L"2", L"3"}), "A|1\r\nB|2\r\n"},
-        {"A|old|extra\r\nB|x|y \r\n", texts({L"A"}), texts({L"new"}), "A|new\r\nB|x|y \r\n"},
-        {"A|1\n\n  \nB|2", texts({L"C"}), texts({L"3"}), "A|1\nB|2\nC|3\n"},
-        {"x\r\ny|1\r\n", texts({L"x\ny", L"p\nq"}), texts({L"2", L"3"}), "x\r\ny|2\r\np\r\nq|3\r\n"},
-        {"lost\nx\ny|1\nlast\n", texts({L"y"}), texts({L"2"}), "x\ny|1\ny|2\n"},
-        {" A |1\nA|2\n", texts({L"A"}), texts({L"3"}), "A|3\nA|2\n"},
-        {"|x\nA|1\n", texts({L"A"}), texts({L"2"}), "|x\nA|2\n"},
-        {"# c\nA|1\nEND\nB|2\n#\n", texts({L"A", L"B"}), texts({L"3", L"4"}), "# c\nA|3\nB|4\nEND\nB|2\n#\n"},
-        {"A|1\x1A|2", texts({L"B"}), texts({L"3"}), "A|1\r\nB|3\r\n\x1A|2"},
-        {"x\n# c\ny|1\nlost\n# d\nz|1\nheld\n# e\nend", texts({L"x\ny", L"z", L"w"}),
-         texts({L"2", L"3", L"4"}), "# c\nx\ny|2\nlost\n# d\nz|1\n# e\nz|3\nw|4\nend"},
-        {"\x83\x7C\x83\x93|1\n", texts({L"ポン"}), texts({L"表"}), "\x83\x7C\x83\x93|\x95\x5C\n"},
-        {"\uFEFFA|1\n", texts({L"㎥", L"A"}), texts({L"𠮷", L"2"}), "\uFEFFA|2\n㎥|𠮷\n"},
-        {std::string("\377\376A\0|\0\x0A\x0A\n\0B", 11), texts({L"A"}), texts({L"𠮷"}),
+        {"", arrayOf({L"A", L"B", L"A"}), arrayOf({L"1", L"2", L"3"}), "A|1\r\nB|2\r\n"},
+        {"A|old|extra\r\nB|x|y \r\n", arrayOf({L"A"}), arrayOf({L"new"}), "A|new\r\nB|x|y \r\n"},
+        {"A|1\n\n  \nB|2", arrayOf({L"C"}), arrayOf({L"3"}), "A|1\nB|2\nC|3\n"},
+        {"x\r\ny|1\r\n", arrayOf({L"x\ny", L"p\nq"}), arrayOf({L"2", L"3"}), "x\r\ny|2\r\np\r\nq|3\r\n"},
+        {"lost\nx\ny|1\nlast\n", arrayOf({L"y"}), arrayOf({L"2"}), "x\ny|1\ny|2\n"},
+        {" A |1\nA|2\n", arrayOf({L"A"}), arrayOf({L"3"}), "A|3\nA|2\n"},
+        {"|x\nA|1\n", arrayOf({L"A"}), arrayOf({L"2"}), "|x\nA|2\n"},
+        {"# c\nA|1\nEND\nB|2\n#\n", arrayOf({L"A", L"B"}), arrayOf({L"3", L"4"}),
+         "# c\nA|3\nB|4\nEND\nB|2\n#\n"},
+        {"A|1\x1A|2", arrayOf({L"B"}), arrayOf({L"3"}), "A|1\r\nB|3\r\n\x1A|2"},
+        {"x\n# c\ny|1\nlost\n# d\nz|1\nheld\n# e\nend", arrayOf({L"x\ny", L"z", L"w"}),
+         arrayOf({L"2", L"3", L"4"}), "# c\nx\ny|2\nlost\n# d\nz|1\n# e\nz|3\nw|4\nend"},
+        {"\x83\x7C\x83\x93|1\n", arrayOf({L"ポン"}), arrayOf({L"表"}), "\x83\x7C\x83\x93|\x95\x5C\n"},
+        {"\uFEFFA|1\n", arrayOf({L"㎥", L"A"}), arrayOf({L"𠮷", L"2"}), "\uFEFFA|2\n㎥|𠮷\n"},
+        {std::string("\377\376A\0|\0\x0A\x0A\n\0B", 11), arrayOf({L"A"}), arrayOf({L"𠮷"}),
          std::string("\377\376A\0|\0\x42\xD8\xB7\xDF\n\0", 12)},
         // UTF-16: a surrogate pair as key, and adjacent bytes of two characters that look like a line feed.
-        {std::string("\xFF\xFE\x42\xD8\xB7\xDF|\0\x05\x0A\0\x4E\n\0", 14), texts({L"𠮷"}), texts({L"ਅ一"}),
-         std::string("\xFF\xFE\x42\xD8\xB7\xDF|\0\x05\x0A\0\x4E\n\0", 14)},
-        {std::string("\xFF\xFE\x05\x0A\0\x4E|\0x\0\n\0", 12), texts({L"ਅ一"}), texts({L"1"}),
+        {std::string("\xFF\xFE\x42\xD8\xB7\xDF|\0\x05\x0A\0\x4E\n\0", 14), arrayOf({L"𠮷"}),
+         arrayOf({L"ਅ一"}), std::string("\xFF\xFE\x42\xD8\xB7\xDF|\0\x05\x0A\0\x4E\n\0", 14)},
+        {std::string("\xFF\xFE\x05\x0A\0\x4E|\0x\0\n\0", 12), arrayOf({L"ਅ一"}), arrayOf({L"1"}),
          std::string("\xFF\xFE\x05\x0A\0\x4E|\0001\0\n\0", 12)},
     };
     for (const auto& [before, keys, values, after] : cases) {
@@ -102,7 +94,7 @@ TEST_F(LinkInfo, RejectsLinesOverTheLimit) {
     EXPECT_FALSE(save());
     EXPECT_EQ(std::filesystem::file_size(file), kSize);
     folder_.write("links.lif", kOld);
-    EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), texts({L"A"}), texts({CString(L'x', kSize)})));
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), arrayOf({L"A"}), arrayOf({CString(L'x', kSize)})));
     EXPECT_EQ(read("links.lif"), kOld);
     EXPECT_FALSE(exists("links.bak"));
     EXPECT_FALSE(exists("__Temp.tmp"));
@@ -110,8 +102,8 @@ TEST_F(LinkInfo, RejectsLinesOverTheLimit) {
 
 TEST_F(LinkInfo, ReadsWhatItWrites) {
     EXPECT_EQ(value(L"A"), L"(unread)");
-    ASSERT_TRUE(ZuComn_SaveLinkInfo(CString(folder_.wide("links.lif")), texts({L"x\ny", L"A", L"", L"END"}),
-                                    texts({L"1", L"2", L"3", L"4"})))
+    ASSERT_TRUE(ZuComn_SaveLinkInfo(CString(folder_.wide("links.lif")), arrayOf({L"x\ny", L"A", L"", L"END"}),
+                                    arrayOf({L"1", L"2", L"3", L"4"})))
         << "a path with /";
     EXPECT_EQ(value(L"END"), L"4");
     EXPECT_FALSE(exists("links.bak")) << "the first save has nothing to back up";
@@ -123,7 +115,7 @@ TEST_F(LinkInfo, ReadsWhatItWrites) {
     CStringArray none;
     EXPECT_TRUE(ZuComn_GetLinkInfo(path(), none, none));
     EXPECT_TRUE(none.IsEmpty());
-    CStringArray both = texts({L"A", L"x\ny"});
+    CStringArray both = arrayOf({L"A", L"x\ny"});
     EXPECT_TRUE(ZuComn_GetLinkInfo(path(), both, both));
     ASSERT_EQ(both.GetSize(), 4);
     EXPECT_EQ(both[2], L"2");
@@ -155,27 +147,27 @@ TEST_F(LinkInfo, ReadsTheSample) {
         CStringArray values;
         const std::wstring key = zuhost::fromUtf8(link.at(0).get<std::string>());
         ASSERT_TRUE(
-            ZuComn_GetLinkInfo(settings.system("LinkInfo.lif").c_str(), texts({key.c_str()}), values));
+            ZuComn_GetLinkInfo(settings.system("LinkInfo.lif").c_str(), arrayOf({key.c_str()}), values));
         EXPECT_EQ(zuhost::toUtf8(values[0].view()), link.at(1).get<std::string>());
     }
 }
 
 TEST_F(LinkInfo, RejectedPairsLeaveTheFileUntouched) {
     folder_.write("links.lif", "A|1\n");
-    EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), texts({L"A"}), texts({L"𠮷"}))) << "not in the code page";
-    EXPECT_FALSE(ZuComn_SaveLinkInfo(L"bare", texts({L"A"}), texts({L"1"}))) << "no system folder";
-    EXPECT_FALSE(ZuComn_SaveLinkInfo(path("missing/links.lif"), texts({L"A"}), texts({L"1"})));
-    EXPECT_FALSE(ZuComn_SaveLinkInfo(path("__Temp.tmp"), texts({L"A"}), texts({L"1"})));
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), arrayOf({L"A"}), arrayOf({L"𠮷"}))) << "not in the code page";
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(L"bare", arrayOf({L"A"}), arrayOf({L"1"}))) << "no system folder";
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path("missing/links.lif"), arrayOf({L"A"}), arrayOf({L"1"})));
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path("__Temp.tmp"), arrayOf({L"A"}), arrayOf({L"1"})));
     std::filesystem::create_directory(folder_.path() / "folder.lif");
-    EXPECT_FALSE(ZuComn_SaveLinkInfo(path("folder.lif"), texts({L"A"}), texts({L"1"})));
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path("folder.lif"), arrayOf({L"A"}), arrayOf({L"1"})));
     const std::pair<const wchar_t*, const wchar_t*> unreadable[] = {
         {L"a|b", L"1"},     {L"#a", L"1"},      {L"x\n#a", L"1"}, {L"#x\na", L"1"}, {L"End\na", L"1"},
         {L"\na", L"1"},     {L"x\ny\nz", L"1"}, {L" a", L"1"},    {L"x \na", L"1"}, {L"a\rb", L"1"},
         {L"a\x301C", L"1"}, {L"a", L"1|2"},     {L"a", L"1\n2"},  {L"a", L"1\r2"},  {L"a", L"1\x1A"}};
     for (const auto& [key, text] : unreadable)
-        EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), texts({L"B", key}), texts({L"2", text})))
+        EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), arrayOf({L"B", key}), arrayOf({L"2", text})))
             << zuhost::toUtf8(key);
-    EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), texts({L"A", L"B"}), texts({L"1"})));
+    EXPECT_FALSE(ZuComn_SaveLinkInfo(path(), arrayOf({L"A", L"B"}), arrayOf({L"1"})));
     EXPECT_EQ(read("links.lif"), "A|1\n");
     EXPECT_FALSE(exists("links.bak"));
     folder_.write("links.lif", "dropped\n\xFF\xFEkept\nk|1\n");
@@ -188,7 +180,7 @@ TEST_F(LinkInfo, NamesWithoutExtensionAreBackedUpInTheSystemFolder) {
     folder_.write("links", "A|1\n");
     const std::string before = TemporaryFolder::read(settings.folder().file("system/LinkInfo.lif"));
     ASSERT_NE(before, "");
-    ASSERT_TRUE(ZuComn_SaveLinkInfo(path("links"), texts({L"A"}), texts({L"2"})));
+    ASSERT_TRUE(ZuComn_SaveLinkInfo(path("links"), arrayOf({L"A"}), arrayOf({L"2"})));
     EXPECT_EQ(read("links"), "A|2\n");
     EXPECT_EQ(TemporaryFolder::read(settings.folder().file("system/LinkInfo.lif")), "A|1\n");
 }

@@ -1,14 +1,10 @@
 #include "sample_settings.h"
 
 #include <zucomn/frame.h>
-#include <zucomn/settings.h>
 #include <zucomn/tables.h>
-#include <zuhost/text_codec.h>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-
-#include <fstream>
 
 namespace {
 
@@ -94,17 +90,13 @@ TEST_F(Settings, WritesAndTruncatesValues) {
 }
 
 TEST_F(Settings, ReadsTablesOfTheSampleSystem) {
-    const struct {
-        const char* name;
-        const char* key;
-    } tables[] = {{"system/属性IDタイトル.csv", "titles"},
-                  {"system/属性IDパラメータ.csv", "parameters"},
-                  {"parts/fitting.csv", "fitting.csv"}};
-    for (const auto& table : tables) {
+    const std::pair<const char*, const char*> tables[] = {{"system/属性IDタイトル.csv", "titles"},
+                                                          {"system/属性IDパラメータ.csv", "parameters"},
+                                                          {"parts/fitting.csv", "fitting.csv"}};
+    for (const auto& [name, key] : tables) {
         CPtrArray records;
-        ASSERT_EQ(
-            ZuComn_ReadConfigFile(settings.folder().wide(table.name).c_str(), records, 0, nullptr, nullptr),
-            0);
+        ASSERT_EQ(ZuComn_ReadConfigFile(settings.folder().wide(name).c_str(), records, 0, nullptr, nullptr),
+                  0);
         json read = json::array();
         for (int i = 0; i < records.GetSize(); ++i) {
             const auto* record = static_cast<CStringArray*>(static_cast<CObject*>(records[i]));
@@ -114,7 +106,7 @@ TEST_F(Settings, ReadsTablesOfTheSampleSystem) {
             read.push_back(fields);
         }
         ZuComn_RemoveAllFree(records);
-        EXPECT_EQ(read, wanted[table.key]) << table.name;
+        EXPECT_EQ(read, wanted[key]) << name;
         EXPECT_TRUE(records.IsEmpty());
     }
 }

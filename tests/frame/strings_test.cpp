@@ -1,33 +1,28 @@
 #include "combo_numbers_fixture.h"
-#include "fields.h"
 #include "sample_settings.h"
+#include "texts.h"
 
 #include <zucomn/strings.h>
 #include <zuhost/file_ops.h>
 
-#include <gtest/gtest.h>
-
 #include <cmath>
-#include <limits>
-#include <string>
-#include <vector>
 
 namespace {
 
 TEST(Strings, Separate) {
-    const std::pair<const wchar_t*, Fields> cases[] = {{L"a, b ,,c", {L"a", L"b", L"", L"c"}},
-                                                       {L"  whole text ", {L"  whole text "}},
-                                                       {L"", {L""}},
-                                                       {L",", {L"", L""}}};
+    const std::pair<const wchar_t*, Texts> cases[] = {{L"a, b ,,c", {L"a", L"b", L"", L"c"}},
+                                                      {L"  whole text ", {L"  whole text "}},
+                                                      {L"", {L""}},
+                                                      {L",", {L"", L""}}};
     for (const auto& [text, expectedFields] : cases) {
         CStringArray fields;
         EXPECT_EQ(ZuComn_SeparateString(text, fields, L','), static_cast<int>(expectedFields.size())) << text;
-        EXPECT_EQ(fieldsOf(fields), expectedFields) << text;
+        EXPECT_EQ(textsOf(fields), expectedFields) << text;
     }
 }
 
 TEST(Strings, Split) {
-    const std::tuple<const wchar_t*, const wchar_t*, int, Fields> cases[] = {
+    const std::tuple<const wchar_t*, const wchar_t*, int, Texts> cases[] = {
         {L" a |b  |", nullptr, 0, {L" a", L"b", L""}},
         {L"a|b|c", L"2,3", 0, {L"b", L"c"}},
         {L"a|b", L"7", -1, {}},
@@ -36,22 +31,22 @@ TEST(Strings, Split) {
     for (const auto& [text, columns, result, expectedFields] : cases) {
         CStringArray fields;
         EXPECT_EQ(ZuComn_GetSplitString(text, fields, columns, L"|x"), result) << text;
-        EXPECT_EQ(fieldsOf(fields), expectedFields) << text;
+        EXPECT_EQ(textsOf(fields), expectedFields) << text;
     }
 }
 
 // Long texts: their memory is soon reused if the input is freed too early.
 TEST(Strings, SplitsAFieldIntoItsOwnList) {
-    const Fields pieces{std::wstring(100, L'a'), std::wstring(100, L'b'), std::wstring(100, L'c')};
+    const Texts pieces{std::wstring(100, L'a'), std::wstring(100, L'b'), std::wstring(100, L'c')};
     const std::wstring whole = pieces[0] + L"|" + pieces[1] + L"|" + pieces[2];
     CStringArray fields;
     fields.Add(whole.c_str());
     EXPECT_EQ(ZuComn_GetSplitString(fields[0], fields, nullptr, L"|"), 0);
-    EXPECT_EQ(fieldsOf(fields), pieces);
+    EXPECT_EQ(textsOf(fields), pieces);
     fields.RemoveAll();
     fields.Add(whole.c_str());
     EXPECT_EQ(ZuComn_SeparateString(fields[0], fields, L'|'), 3);
-    EXPECT_EQ(fieldsOf(fields), pieces);
+    EXPECT_EQ(textsOf(fields), pieces);
 }
 
 TEST(Strings, PathParts) {
@@ -77,20 +72,16 @@ TEST(Strings, PathParts) {
 }
 
 TEST(Numbers, RoundingAndAngles) {
-    const struct {
-        double value;
-        double rounded;
-    } roundings[] = {{2.5, 3}, {-2.5, -2}, {-2.6, -3}, {-0.59, 0}, {0.5, 1}, {-0.5, 0}};
-    for (const auto& c : roundings) {
-        EXPECT_EQ(ZuComn_C4O5I(c.value), c.rounded) << c.value;
-        EXPECT_EQ(std::signbit(ZuComn_C4O5I(c.value)), std::signbit(c.rounded)) << c.value;
+    const std::pair<double, double> roundings[] = {{2.5, 3},   {-2.5, -2}, {-2.6, -3},
+                                                   {-0.59, 0}, {0.5, 1},   {-0.5, 0}};
+    for (const auto& [value, rounded] : roundings) {
+        EXPECT_EQ(ZuComn_C4O5I(value), rounded) << value;
+        EXPECT_EQ(std::signbit(ZuComn_C4O5I(value)), std::signbit(rounded)) << value;
     }
-    const struct {
-        double angle;
-        double normalized;
-    } angles[] = {{-30, 330}, {720, 0}, {1.0e6, 1.0e6}, {359.5, 359.5}, {-36000, 0}};
-    for (const auto& c : angles)
-        EXPECT_EQ(ZUComn_AngleAptitude(c.angle), c.normalized) << c.angle;
+    const std::pair<double, double> angles[] = {
+        {-30, 330}, {720, 0}, {1.0e6, 1.0e6}, {359.5, 359.5}, {-36000, 0}};
+    for (const auto& [angle, normalized] : angles)
+        EXPECT_EQ(ZUComn_AngleAptitude(angle), normalized) << angle;
 }
 
 TEST(Numbers, RealFormat) {
@@ -125,21 +116,21 @@ TEST(Numbers, RealFormat) {
 TEST_F(ComboNumbers, AreSortedAndFormattedAlike) {
     fill({L"1", L"3"});
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.50", 99), -1);
-    EXPECT_EQ(items(), (Fields{L"1", L"2.5", L"3"}));
+    EXPECT_EQ(items(), (Texts{L"1", L"2.5", L"3"}));
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3", 99), 2);
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"1.0", 99), 0);
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.5", 99), 1);
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"10", 0), 3);
-    EXPECT_EQ(items(), (Fields{L"1", L"2", L"3", L"10"}));
+    EXPECT_EQ(items(), (Texts{L"1", L"2", L"3", L"10"}));
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"0.25", 100), 0);
     EXPECT_EQ(items().front(), L"0.25");
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.26", 1), -1);
-    EXPECT_EQ(items(), (Fields{L"0.25", L"1", L"2", L"2.3", L"3", L"10"}));
+    EXPECT_EQ(items(), (Texts{L"0.25", L"1", L"2", L"2.3", L"3", L"10"}));
     const SampleSettings settings; // without a configured precision
     settings.folder().write("system/ZuConfig.ini", "");
     WritePrivateProfileStringW(L"ｵﾌﾟｼｮﾝ", L"REALACCURACY", nullptr, settings.system("master.ini").c_str());
     EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3.7", -1), -1);
-    EXPECT_EQ(items(), (Fields{L"0", L"1", L"2", L"2", L"3", L"4", L"10"}));
+    EXPECT_EQ(items(), (Texts{L"0", L"1", L"2", L"2", L"3", L"4", L"10"}));
     // The number of items does not change how often the settings are read.
     const zuhost::file_ops::FailAt never(std::numeric_limits<std::uint64_t>::max());
     const auto readings = [&] {

@@ -1,5 +1,5 @@
-#include "fields.h"
 #include "temporary_folder.h"
+#include "texts.h"
 
 #include <zucomn/tables.h>
 
@@ -7,18 +7,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
-#include <filesystem>
-#include <string>
-#include <string_view>
-#include <vector>
-
 namespace {
 
 namespace file_ops = zuhost::file_ops;
 
 TEST(Tables, FlatForm) {
-    const std::tuple<std::string_view, int, const wchar_t*, int, Fields> cases[] = {
+    const std::tuple<std::string_view, int, const wchar_t*, int, Texts> cases[] = {
         {"a|b|\n", 0, nullptr, 0, {L"a", L"b", L""}},
         {"a|b|c\n", 0, L"2", 0, {L"b"}},
         {"a|b|c\n", 0, L"3,1", 0, {L"a", L"c"}},
@@ -43,7 +37,7 @@ TEST(Tables, FlatForm) {
         fields.Add(L"before");
         EXPECT_EQ(ZuComn_ReadConfigFile(folder.wide("t.csv").c_str(), fields, skip, columns, L"|"), result)
             << bytes;
-        EXPECT_EQ(fieldsOf(fields), expectedFields) << bytes;
+        EXPECT_EQ(textsOf(fields), expectedFields) << bytes;
     }
 }
 
@@ -78,7 +72,7 @@ TEST(Tables, RecordsOfALargeFileKeepTheirOrder) {
     ASSERT_EQ(records.GetSize(), kRecords);
     for (int i = 0; i < kRecords; ++i) {
         const CStringArray& record = *static_cast<CStringArray*>(static_cast<CObject*>(records[i]));
-        ASSERT_EQ(fieldsOf(record), (Fields{std::to_wstring(i), L"ポ"}));
+        ASSERT_EQ(textsOf(record), (Texts{std::to_wstring(i), L"ポ"}));
         ASSERT_EQ(fields[3 * i].view(), record[0].view());
         ASSERT_EQ(fields[3 * i + 2], L"same");
     }
@@ -124,7 +118,7 @@ TEST(Tables, MissingFilesFoldersAndUnreadableFilesLeaveTheOutputUntouched) {
         CStringArray fields;
         fields.Add(L"before");
         EXPECT_EQ(ZuComn_ReadConfigFile(path.c_str(), fields, 0, nullptr, L"|"), -1);
-        EXPECT_EQ(fieldsOf(fields), Fields{L"before"});
+        EXPECT_EQ(textsOf(fields), Texts{L"before"});
         EXPECT_EQ(ZuComn_findFile(path.c_str()), 0);
     };
     for (const std::wstring& path :

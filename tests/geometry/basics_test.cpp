@@ -1,7 +1,6 @@
 #include "near_points.h"
 
 #include <cmath>
-#include <vector>
 
 namespace {
 

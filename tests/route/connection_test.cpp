@@ -1,10 +1,6 @@
 #include "plain_search.h"
 #include "random_network.h"
 
-#include <dbsymtb.h>
-
-#include <random>
-
 namespace {
 
 /// Compares the search with its plain form for every element.

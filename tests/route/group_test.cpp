@@ -234,10 +234,8 @@ TEST_F(Groups, MembersOfUnknownGroupsGetARoute) {
     const AcDbObjectId unknown = group(L"RTGR00004", {tee, elsewhere, cap});
     group(L"RTGR00005", {element(L"1|"), elsewhere});
     group(L"RTGR00006", {element(L"2|"), cap});
-    CStringArray knownNames;
-    knownNames.Add(L"RTGR00003");
-    CStringArray unknownNames;
-    unknownNames.Add(L"RTGR00004");
+    const CStringArray knownNames = arrayOf({L"RTGR00003"});
+    const CStringArray unknownNames = arrayOf({L"RTGR00004"});
     CUIntArray knownKinds;
     knownKinds.Add(1);
     CUIntArray unknownKinds;

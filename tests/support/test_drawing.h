@@ -1,5 +1,7 @@
 #pragma once
 
+#include "texts.h"
+
 #include <arxutil.h>
 #include <dbapserv.h>
 #include <dbents.h>
@@ -11,10 +13,7 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <memory>
-#include <string>
-#include <vector>
 
 /// A drawing that is the working database for its life, and short ways to put things into it. At its end the
 /// library is reset, so that no test leaves a scale, a tolerance or a reactor to the next.
@@ -112,10 +111,7 @@ public:
     /// Gives the element the strings of an application; none take them away.
     static void setTexts(AcDbObjectId id, const wchar_t* application,
                          std::initializer_list<const wchar_t*> texts) {
-        CStringArray array;
-        for (const wchar_t* const text : texts)
-            array.Add(text);
-        EXPECT_EQ(ApiComn_appendAttributesArray(id, application, array), 0);
+        EXPECT_EQ(ApiComn_appendAttributesArray(id, application, arrayOf(texts)), 0);
     }
     static void setLink(AcDbObjectId id, const wchar_t* text) { setTexts(id, L"ZU_LINK", {text}); }
 

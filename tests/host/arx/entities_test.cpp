@@ -40,13 +40,8 @@ TEST_F(Entities, MirroredReferencesAreRead) {
 }
 
 TEST_F(Entities, TransformsCombineScaleRotationAndPlane) {
-    struct Case {
-        AcGeScale3d scale;
-        double rotation;
-        const char* normal;
-        AcGePoint3d expected; ///< The image of (1, 2, 3), inserted at (100, 0, 0) in the plane.
-    };
-    const Case cases[] = {
+    // The last: the image of (1, 2, 3), inserted at (100, 0, 0) in the plane.
+    const std::tuple<AcGeScale3d, double, const char*, AcGePoint3d> cases[] = {
         {{1, 1, 1}, 0, "", {101, 2, 3}},
         {{2, 3, 4}, 90, "", {94, 2, 12}},
         {{-1, 1, 1}, 0, "", {99, 2, 3}},
@@ -55,15 +50,15 @@ TEST_F(Entities, TransformsCombineScaleRotationAndPlane) {
         {{1, 1, 1}, 90, "|210 0|220 0|230 -1", {-98, 1, -3}},
         {{1, 1, 1}, 0, "|210 0|220 -1|230 0", {101, -3, 2}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [scale, rotation, normal, expected] : cases) {
         const auto at = [](double value) { return std::to_string(value); };
         const auto database = readBytes(drawingOf("0 INSERT|5 10|330 2|100 AcDbEntity|8 0|100 "
                                                   "AcDbBlockReference|2 *Model_Space|10 100|20 0|30 0|41 " +
-                                                  at(c.scale.sx) + "|42 " + at(c.scale.sy) + "|43 " +
-                                                  at(c.scale.sz) + "|50 " + at(c.rotation) + c.normal));
+                                                  at(scale.sx) + "|42 " + at(scale.sy) + "|43 " +
+                                                  at(scale.sz) + "|50 " + at(rotation) + normal));
         const AcDbObjectPointer<AcDbBlockReference> insert(idIn(*database, 0x10), AcDb::kForWrite);
         ASSERT_EQ(insert.openStatus(), Acad::eOk);
-        expectPoint(insert->blockTransform() * AcGePoint3d(1, 2, 3), c.expected);
+        expectPoint(insert->blockTransform() * AcGePoint3d(1, 2, 3), expected);
         // Positions are in world coordinates for every plane.
         const AcGePoint3d moved(7, 8, 9);
         insert->setPosition(moved);

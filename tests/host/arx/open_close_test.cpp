@@ -1,7 +1,5 @@
 #include "sample_drawing.h"
 
-#include <vector>
-
 namespace {
 
 using OpenClose = SampleDrawing;
@@ -11,12 +9,7 @@ constexpr int kNotOpen = -1;
 } // namespace
 
 TEST_F(OpenClose, OpenModesExcludeEachOther) {
-    struct Case {
-        int first;
-        AcDb::OpenMode second;
-        Acad::ErrorStatus expected;
-    };
-    const std::vector<Case> cases{
+    const std::tuple<int, AcDb::OpenMode, Acad::ErrorStatus> cases[] = {
         {kNotOpen, AcDb::kForRead, Acad::eOk},
         {kNotOpen, AcDb::kForWrite, Acad::eOk},
         {AcDb::kForRead, AcDb::kForRead, Acad::eOk},
@@ -25,14 +18,14 @@ TEST_F(OpenClose, OpenModesExcludeEachOther) {
         {AcDb::kForWrite, AcDb::kForWrite, Acad::eWasOpenForWrite},
         {AcDb::kForRead, AcDb::kForNotify, Acad::eOk},
     };
-    for (const Case& c : cases) {
+    for (const auto& [firstMode, secondMode, expected] : cases) {
         AcDbObjectPointer<AcDbObject> first;
-        if (c.first != kNotOpen) {
-            ASSERT_EQ(first.open(id(kDuct), static_cast<AcDb::OpenMode>(c.first)), Acad::eOk);
+        if (firstMode != kNotOpen) {
+            ASSERT_EQ(first.open(id(kDuct), static_cast<AcDb::OpenMode>(firstMode)), Acad::eOk);
         }
         AcDbObject* second = nullptr;
-        EXPECT_EQ(acdbOpenAcDbObject(second, id(kDuct), c.second), c.expected) << c.first << c.second;
-        EXPECT_EQ(second != nullptr, c.expected == Acad::eOk);
+        EXPECT_EQ(acdbOpenAcDbObject(second, id(kDuct), secondMode), expected) << firstMode << secondMode;
+        EXPECT_EQ(second != nullptr, expected == Acad::eOk);
         if (second != nullptr)
             second->close();
     }

@@ -1,5 +1,7 @@
 #include "sample_drawing.h"
 
+#include <zuhost/text_codec.h>
+
 namespace {
 
 /// Records the notifications of a database.
@@ -37,11 +39,7 @@ private:
     void record(const char* what, const AcDbObject* object) {
         ACHAR digits[17];
         object->getAcDbHandle().getIntoAsciiBuffer(digits);
-        log_ += what;
-        log_ += ' ';
-        for (const ACHAR* digit = digits; *digit != L'\0'; ++digit)
-            log_ += static_cast<char>(*digit);
-        log_ += '|';
+        log_ += what + (' ' + zuhost::toUtf8(digits)) + '|';
     }
 
     AcDbDatabase* database_;
@@ -259,7 +257,7 @@ TEST_F(Reactors, UndoAndRedoNotify) {
     erase(id(kDuct));
     ACHAR digits[17];
     point.handle().getIntoAsciiBuffer(digits);
-    const std::string name(digits, digits + std::char_traits<ACHAR>::length(digits));
+    const std::string name = zuhost::toUtf8(digits);
     RecordingReactor reactor(*drawing);
     ObjectReactor ofPoint;
     ObjectReactor ofDuct;

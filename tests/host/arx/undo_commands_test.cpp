@@ -94,47 +94,43 @@ private:
 TEST_F(UndoCommands, UndoAndRedoSteps) {
     const std::wstring noUndo = L"Nothing to undo.\n";
     const std::wstring noRedo = L"Nothing to redo.\n";
-    struct Case {
-        const wchar_t* commands;
-        const char* state;
-        std::wstring printed;
+    const std::tuple<const wchar_t*, const char*, std::wstring> cases[] = {
+        {L"U\n", "0", noUndo},
+        {L"REDO\n", "0", noRedo},
+        {L"PAINT PAINT U\n", "1", L""},
+        {L"PAINT PAINT _u '_.UNDO\n\n", "0", L""},
+        {L"PAINT PAINT PAINT UNDO 2 PAINT\n", "2", L""},
+        {L"PAINT PAINT UNDO 9\n", "0", L"Everything has been undone.\n"},
+        {L"PAINT UNDO 0 U\n", "0", L"The number of steps must be 1 or more.\n"},
+        {L"PAINT PAINT UNDO PAINT\n", "2", L""},
+        {L"PAINT U REDO REDO\n", "1", noRedo},
+        {L"PAINT PAINT PAINT UNDO 3 MREDO 2\n", "2", L""},
+        {L"PAINT U U MREDO 5\n", "1", noUndo + L"Everything has been redone.\n"},
+        {L"PAINT PAINT U PAINT REDO U U U\n", "0", noRedo + noUndo},
+        {L"PAINT UNDO Begin PAINT PAINT _.UNDO _E U\n", "1", L""},
+        {L"PAINT UNDO BE PAINT UNDO END PAINT UNDO 2 REDO\n", "2", L""},
+        {L"UNDO BE PAINT PAINT U PAINT PAINT U\n", "1", L""},
+        {L"PAINT UNDO CONTROL\n", "1", L"This option of UNDO is not supported.\n"},
+        {L"PAINT UNDO MARK PAINT PAINT UNDO BACK\n", "1", L""},
+        {L"PAINT UNDO M PAINT UNDO M UNDO B PAINT UNDO Back MREDO 9\n", "3",
+         L"Everything has been redone.\n"},
+        {L"PAINT PAINT UNDO BACK UNDO BACK\n", "0",
+         L"Everything has been undone.\n" + std::wstring(L"Nothing to undo.\n")},
+        {L"PAINT UNDO M PAINT PAINT UNDO 3\n", "1", L"Mark encountered.\n"},
+        {L"PAINT UNDO M PAINT U U PAINT PAINT UNDO BACK\n", "0",
+         L"Mark encountered.\nEverything has been undone.\n"},
+        {L"UNDO BE PAINT UNDO MARK PAINT UNDO BACK PAINT U\n", "1", L""},
+        {L"ERASE\n", "x", L""},
+        {L"PAINT ERASE U\n", "1", L""},
+        {L"ERASE U U REDO\n", "x", noUndo},
+        {L"LINE LINE U\n", "0+", L""},
+        {L"LINE PAINT LINE ERASE UNDO 4\n", "0", L""},
+        {L"LINE PAINT LINE ERASE UNDO 4 MREDO 3\n", "1++", L""},
     };
-    for (const Case& c : {
-             Case{L"U\n", "0", noUndo},
-             Case{L"REDO\n", "0", noRedo},
-             Case{L"PAINT PAINT U\n", "1", L""},
-             Case{L"PAINT PAINT _u '_.UNDO\n\n", "0", L""},
-             Case{L"PAINT PAINT PAINT UNDO 2 PAINT\n", "2", L""},
-             Case{L"PAINT PAINT UNDO 9\n", "0", L"Everything has been undone.\n"},
-             Case{L"PAINT UNDO 0 U\n", "0", L"The number of steps must be 1 or more.\n"},
-             Case{L"PAINT PAINT UNDO PAINT\n", "2", L""},
-             Case{L"PAINT U REDO REDO\n", "1", noRedo},
-             Case{L"PAINT PAINT PAINT UNDO 3 MREDO 2\n", "2", L""},
-             Case{L"PAINT U U MREDO 5\n", "1", noUndo + L"Everything has been redone.\n"},
-             Case{L"PAINT PAINT U PAINT REDO U U U\n", "0", noRedo + noUndo},
-             Case{L"PAINT UNDO Begin PAINT PAINT _.UNDO _E U\n", "1", L""},
-             Case{L"PAINT UNDO BE PAINT UNDO END PAINT UNDO 2 REDO\n", "2", L""},
-             Case{L"UNDO BE PAINT PAINT U PAINT PAINT U\n", "1", L""},
-             Case{L"PAINT UNDO CONTROL\n", "1", L"This option of UNDO is not supported.\n"},
-             Case{L"PAINT UNDO MARK PAINT PAINT UNDO BACK\n", "1", L""},
-             Case{L"PAINT UNDO M PAINT UNDO M UNDO B PAINT UNDO Back MREDO 9\n", "3",
-                  L"Everything has been redone.\n"},
-             Case{L"PAINT PAINT UNDO BACK UNDO BACK\n", "0",
-                  L"Everything has been undone.\n" + std::wstring(L"Nothing to undo.\n")},
-             Case{L"PAINT UNDO M PAINT PAINT UNDO 3\n", "1", L"Mark encountered.\n"},
-             Case{L"PAINT UNDO M PAINT U U PAINT PAINT UNDO BACK\n", "0",
-                  L"Mark encountered.\nEverything has been undone.\n"},
-             Case{L"UNDO BE PAINT UNDO MARK PAINT UNDO BACK PAINT U\n", "1", L""},
-             Case{L"ERASE\n", "x", L""},
-             Case{L"PAINT ERASE U\n", "1", L""},
-             Case{L"ERASE U U REDO\n", "x", noUndo},
-             Case{L"LINE LINE U\n", "0+", L""},
-             Case{L"LINE PAINT LINE ERASE UNDO 4\n", "0", L""},
-             Case{L"LINE PAINT LINE ERASE UNDO 4 MREDO 3\n", "1++", L""},
-         }) {
+    for (const auto& [commands, expected, printed] : cases) {
         ASSERT_EQ(drawing->dxfIn(samplePath(L"office-floor.dxf").c_str()), Acad::eOk); // nothing to undo
-        EXPECT_EQ(type(c.commands), c.printed) << zuhost::toUtf8(c.commands);
-        EXPECT_EQ(state(), c.state) << zuhost::toUtf8(c.commands);
+        EXPECT_EQ(type(commands), printed) << zuhost::toUtf8(commands);
+        EXPECT_EQ(state(), expected) << zuhost::toUtf8(commands);
     }
 }
 

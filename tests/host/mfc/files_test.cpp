@@ -14,11 +14,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <cstdlib>
-#include <functional>
-#include <tuple>
-
 namespace {
 
 namespace fs = std::filesystem;
@@ -360,23 +355,6 @@ TEST(StringTable, ReadsWhatItWrites) {
     EXPECT_EQ(zuhost::StringTable::parse(table.format()).texts(), table.texts());
     EXPECT_EQ(zuhost::StringTable::parse("\xEF\xBB\xBF" + table.format(), &bad).texts(), table.texts());
     EXPECT_EQ(bad, 0U);
-}
-
-TEST(Modules, ATextModuleIsFoundByItsLibraryName) {
-    const TemporaryFolder folder;
-    folder.write("Zz.strings", "101 = \"text\"");
-    const HMODULE module = LoadLibraryW((folder.wide("") + L"\\ZZ.dll").c_str());
-    ASSERT_NE(module, nullptr);
-    wchar_t buffer[8] = L"before";
-    EXPECT_EQ(LoadStringW(module, 101, buffer, 3), 2);
-    EXPECT_STREQ(buffer, L"te");
-    EXPECT_EQ(LoadStringW(module, 102, buffer, 8), 0);
-    EXPECT_STREQ(buffer, L"");
-    EXPECT_EQ(GetProcAddress(module, "x"), nullptr);
-    EXPECT_TRUE(FreeLibrary(module));
-    EXPECT_FALSE(FreeLibrary(module));
-    EXPECT_EQ(LoadLibraryW(L"\\nowhere\\x.dll"), nullptr);
-    EXPECT_EQ(GetLastError(), ERROR_MOD_NOT_FOUND);
 }
 
 TEST(Language, FollowsTheEnvironment) {

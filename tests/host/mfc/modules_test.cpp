@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 namespace {
 
 namespace fs = std::filesystem;
@@ -67,6 +65,9 @@ TEST(Modules, TextsAreLookedUpAlongTheChain) {
     const HMODULE module = sample.load();
     const HMODULE language = LoadLibraryW((sample.folder().wide("") + L"language.dll").c_str());
     ASSERT_NE(language, nullptr);
+    EXPECT_EQ(GetProcAddress(language, "x"), nullptr);
+    EXPECT_EQ(LoadLibraryW(L"\\nowhere\\x.dll"), nullptr);
+    EXPECT_EQ(GetLastError(), ERROR_MOD_NOT_FOUND);
     CString text(L"before");
     EXPECT_TRUE(text.LoadString(module, 2));
     EXPECT_EQ(text, L"second\n\"quoted\" 表");

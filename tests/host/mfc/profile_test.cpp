@@ -4,13 +4,10 @@
 #include <windows.h>
 #include <zuhost/file_ops.h>
 #include <zuhost/profile.h>
-#include <zuhost/text_codec.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <filesystem>
 #include <optional>
 
 namespace {

@@ -3,11 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 #include <optional>
-#include <string>
 #include <thread>
-#include <vector>
 
 namespace {
 

@@ -4,8 +4,6 @@
 
 #include <random>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 namespace {
 

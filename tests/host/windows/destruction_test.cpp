@@ -8,9 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <vector>
-
 // Windows that are destroyed while they or their parents handle a message.
 
 namespace {
