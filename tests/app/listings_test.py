@@ -94,6 +94,8 @@ with tempfile.NamedTemporaryFile("w", suffix=".dxf") as file:
     check((done.returncode, done.stderr) == (0, file.name + ":8: warning: " + problem), "a warning")
     check(failure("elements", "--strict", file.name) == "zu: " + file.name + ":8: " + problem, "--strict")
     file.truncate(1 << 32)
-    check("zu: " + file.name + ": " in failure("groups", file.name, memory=1 << 31), "memory names the file")
+    # The address sanitizer reserves more than any limit.
+    if b"__asan_init" not in open(ZU, "rb").read():
+        check("zu: " + file.name + ": " in failure("groups", file.name, memory=1 << 31), "memory names the file")
 check("/dev/zero: endless" in failure("groups", "/dev/zero"), "a device without an end")
 check("/dev/zero: is a device" in failure("attributes", "--settings", "/dev/zero", "x", "1"), "settings")

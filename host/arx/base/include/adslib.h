@@ -18,9 +18,10 @@ inline constexpr short RTLONG = 5010;
 struct resbuf {
     resbuf* rbnext = nullptr;
     short restype = 0; ///< A group code, or one of the RT codes.
+    /// The largest member comes first: empty braces initialise the first one only.
     union Value {
-        ads_real rreal;
         ads_real rpoint[3];
+        ads_real rreal;
         short rint;
         ACHAR* rstring; ///< Owned by the item.
         std::int64_t mnInt64;
