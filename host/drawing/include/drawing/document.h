@@ -128,8 +128,8 @@ public:
     /// every handle when objects were added. An unchanged drawing keeps its bytes; a changed one is written
     /// with the new handles of objects whose handle was repeated or unreadable. Returns nullopt on success;
     /// on failure the old file is untouched. Saving to the file that the drawing was opened from, under
-    /// whatever name, fails with the system error ESTALE when another program has changed, replaced or removed
-    /// it since; other files are replaced.
+    /// whatever name, fails with the system error ESTALE when another program has changed, replaced or
+    /// removed it since; other files are replaced.
     std::optional<DocumentError> save(const std::wstring& file, DrawingForm form, const TagSource& tags);
 
     /// Lets saves replace the file that the drawing was opened from in spite of changes, until one succeeds.
