@@ -31,8 +31,8 @@ AcArray<CReplaceReactor*>& registered() {
     return zu::state().replaceReactors;
 }
 
-/// A reactor may register and remove reactors while it is told: those removed are not told any more, new ones
-/// not yet.
+/// A reactor may register and remove reactors while it is notified: removed ones are skipped, new ones are
+/// not notified yet.
 template <typename Notification>
 void tell(Notification notification) {
     const AcArray<CReplaceReactor*> told = registered();

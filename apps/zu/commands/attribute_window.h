@@ -14,8 +14,8 @@ void preparePictures(const std::string& picture);
 /// The attribute window, filled and shown; it deletes itself when it is closed.
 CAttFrameWnd& openAttributeWindow(const AcArray<AcDbObjectId>& entities, const std::string& drawing);
 
-/// Makes sure that somebody sees the window, whom message boxes may then ask too; without a desktop closes it
-/// and throws Failure.
+/// Lets message boxes ask the user, who sees the window; without a desktop closes the window and throws
+/// Failure.
 void showToUser(CFrameWnd& window);
 
 /// Selects every line of the window's list.

@@ -182,5 +182,5 @@ using ENUMRESLANGPROCW = BOOL (*)(HMODULE module, const wchar_t* type, const wch
                                   LPARAM parameter);
 inline const wchar_t* const RT_VERSION = L"#16";
 /// Enumerates the languages of a resource. Modules of this host have no version resources: returns FALSE.
-BOOL EnumResourceLanguagesW(HMODULE module, const wchar_t* type, const wchar_t* name, ENUMRESLANGPROCW told,
-                            LPARAM parameter);
+BOOL EnumResourceLanguagesW(HMODULE module, const wchar_t* type, const wchar_t* name,
+                            ENUMRESLANGPROCW callback, LPARAM parameter);

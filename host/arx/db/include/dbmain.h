@@ -36,7 +36,7 @@ AcRxObject* makeEntity();
 AcRxObject* makeSymbolTable();
 } // namespace zuhost
 
-/// Told of what happens to one object that it was added to. The object must not be changed by the reactor.
+/// Notified of the changes of one object that it was added to. The object must not be changed by the reactor.
 class AcDbObjectReactor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbObjectReactor);
@@ -44,13 +44,13 @@ public:
     virtual void openedForModify(const AcDbObject* /*object*/) {}
     virtual void modified(const AcDbObject* /*object*/) {}
     virtual void erased(const AcDbObject* /*object*/, bool /*erasing*/) {}
-    /// The object's addition was undone, or redone. Other undone and redone changes are told as changes.
+    /// The object's addition was undone, or redone. Other undone and redone changes count as changes.
     virtual void unappended(const AcDbObject* /*object*/) {}
     virtual void reappended(const AcDbObject* /*object*/) {}
     virtual void goodbye(const AcDbObject* /*object*/) {}
 };
 
-/// Told of what happens to the objects of a database, when they are closed after the change.
+/// Notified of changes of the objects of a database when they are closed after the change.
 class AcDbDatabaseReactor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDatabaseReactor);
@@ -171,7 +171,7 @@ protected:
     /// Records of a new object: its type and the markers of its classes, in order.
     void startRecords(std::string_view type, std::initializer_list<std::string_view> markers);
 
-    /// Told after the object itself was erased or brought back.
+    /// Called after the object itself was erased or unerased.
     virtual void subErased(bool /*erasing*/) {}
 
 private:

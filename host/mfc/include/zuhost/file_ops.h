@@ -107,8 +107,8 @@ public:
     int tryLock();
     int identify(FileIdentity& identity);
     /// Gives the file the owner, group, access rights and access list of another as far as the system allows.
-    /// Nobody gains by what it doesn't: without the group, the new group gets the rights of all others; bits
-    /// that run a program as its owner or group go with them.
+    /// No access is added by what is not kept: without the group, the new group gets the rights of all
+    /// others; bits that run a program as its owner or group go with them.
     int copyRights(const std::string& from);
 
 private:
