@@ -3,7 +3,6 @@
 #include "dxf_records/scan_record.h"
 
 #include <algorithm>
-#include <compare>
 #include <optional>
 
 namespace zuhost::dxf {
@@ -32,7 +31,9 @@ struct Fit {
     bool isComplete = false;   ///< Records lead to a section or to the end mark.
     std::size_t plausible = 0; ///< Bytes before the first implausible type or error.
 
-    auto operator<=>(const Fit&) const = default;
+    [[nodiscard]] bool isAtLeast(const Fit& other) const {
+        return isComplete == other.isComplete ? plausible >= other.plausible : isComplete;
+    }
 };
 
 /// Stops at the first section unless an implausible type precedes it: records before it can be damaged.
@@ -54,8 +55,8 @@ Fit fitOf(CodeForm form, std::string_view records) {
 }
 
 CodeForm findForm(std::string_view records) {
-    return fitOf(CodeForm::words, records) >= fitOf(CodeForm::bytes, records) ? CodeForm::words
-                                                                              : CodeForm::bytes;
+    return fitOf(CodeForm::words, records).isAtLeast(fitOf(CodeForm::bytes, records)) ? CodeForm::words
+                                                                                      : CodeForm::bytes;
 }
 
 /// The types of CodeTable::strict; 240-299 include 280-289 of two bytes.

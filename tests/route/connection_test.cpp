@@ -23,6 +23,7 @@ TEST(Crowds, AreSearchedByTheRule) {
     AcDbObjectIdArray elements;
     for (const int size : {1, 3, 9, 40, 400}) {
         std::vector<AcGePoint3d> points;
+        points.reserve(static_cast<std::size_t>(size));
         for (int i = 0; i < size; ++i)
             points.emplace_back(offset(), size == 40 ? 0.0 : offset(), 0.0);
         const AcDbObjectId block = drawing.block((L"RT-" + std::to_wstring(size)).c_str(), points);
