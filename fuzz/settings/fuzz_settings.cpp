@@ -8,6 +8,7 @@
 #include "attributes/model/parameter_index.h"
 
 #include <zucomn/attributes.h>
+#include <zucomn/model/library.h>
 #include <zucomn/settings.h>
 #include <zucomn/strings.h>
 #include <zucomn/tables.h>
@@ -60,7 +61,6 @@ void writeOption(const wchar_t* key, const wchar_t* value) {
 }
 
 void readTables() {
-    zu::AttributeTables::instance().clear();
     const zu::AttributeTables& tables = zu::AttributeTables::instance();
     const zu::ParameterIndex parameters(tables.parameters());
     for (const wchar_t* id : {L"S301", L"S501", L""}) {
@@ -90,6 +90,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     writeOption(L"実数精度桁数", L"4");
     writeOption(L"new key", L"値");
     readTables();
-    ZuComn_SetIniFile(L"");
+    zucomn::resetLibrary();
     return 0;
 }
