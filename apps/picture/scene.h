@@ -1,0 +1,76 @@
+#pragma once
+
+#include "shape.h"
+
+#include <QRectF>
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace zu::picture {
+
+class Drawing;
+
+/// An entity as a filter sees it.
+struct EntityInfo {
+    std::uint64_t handle = 0; ///< 0 when it has none.
+    std::string_view type;    ///< "LINE", in upper case.
+    QString layer;
+};
+
+struct SceneOptions {
+    QString layout; ///< Name of a layout; empty for model space.
+    /// Called with the entities of the space that is drawn; false leaves one out. Empty shows all.
+    std::function<bool(const EntityInfo&)> shows;
+    /// Called with a layer's name, also for entities in blocks; false hides the layer. Empty shows all.
+    std::function<bool(const QString&)> showsLayer;
+    /// Where infinite lines are cut; the extents of the scene when it is empty.
+    QRectF frame;
+    /// Points, letters, dashes and pattern lines that are produced at most: nested blocks multiply beyond any
+    /// memory.
+    std::uint64_t most = 20'000'000;
+};
+
+/// Entities of one type that are not drawn for one reason.
+struct NotDrawn {
+    std::string type;
+    std::size_t count = 0;
+    std::string why;
+};
+
+/// What a scene consists of. Counts entities of the space that is drawn and of the blocks that it shows.
+struct SceneReport {
+    std::map<std::string, std::size_t> drawn; ///< By type.
+    std::vector<NotDrawn> notDrawn;           ///< By type, then reason.
+    bool isComplete = true;                   ///< False when the limit or the sink ended the production.
+    bool isTooMuch = false;                   ///< The limit ended it.
+};
+
+/// Produces the shapes of model space or a layout, the same ones each time; they are never held as a whole.
+/// Needs a QGuiApplication, for the fonts.
+SceneReport produceShapes(const Drawing& drawing, const SceneOptions& options, const ShapeSink& sink);
+
+/// An entity that is too far from all others to be in a picture with them.
+struct Outlier {
+    std::string type;
+    std::uint64_t handle = 0;
+    QRectF box;
+};
+
+/// The extents of a scene.
+struct Extents {
+    QRectF box; ///< Of what is drawn, without outliers; null when nothing is.
+    bool isEmpty = true;
+    std::vector<Outlier> outliers;
+    SceneReport report;
+};
+
+/// Measures a scene. Text counts with its box, infinite lines do not count.
+[[nodiscard]] Extents measureScene(const Drawing& drawing, const SceneOptions& options);
+
+/// Returns the names of the layouts in tab order, without model space.
+[[nodiscard]] std::vector<QString> layoutNames(const Drawing& drawing);
+
+} // namespace zu::picture
