@@ -18,7 +18,7 @@ public:
     explicit CommandOption(CLI::Option& option) : option_(option) {}
 
     CommandOption* required();
-    /// Shows the present value of its variable in the help.
+    /// Shows the current value of its variable in the help.
     CommandOption* capture_default_str();
     CommandOption* range(int least, int greatest);
     CommandOption* not_negative();

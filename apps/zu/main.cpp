@@ -37,7 +37,7 @@ void addCommands(zu::app::Command program) {
 }
 
 /// The library is started as the host starts it: through the dynamic linker. Commands never wait for a
-/// button.
+/// message box.
 void startLibrary() {
     zuhost::setApplication({"zu", L"ZuComn", "zucomn"});
     zuhost::setMessageBoxPresenter(&zuhost::printMessageBox);
@@ -77,14 +77,14 @@ int run(int argc, char** argv) {
     }
 }
 
-/// What was printed may be all that a command is for.
-int withOutput(int status) {
+/// A command whose output is lost has failed.
+int flushOutput(int status) {
     if (!std::cout.flush())
         throw zu::app::Failure("the output can't be written");
     return status;
 }
 
-int say(const std::exception& error, int status) {
+int report(const std::exception& error, int status) {
     std::cerr << "zu: " << error.what() << '\n';
     return status;
 }
@@ -93,10 +93,10 @@ int say(const std::exception& error, int status) {
 
 int main(int argc, char** argv) {
     try {
-        return withOutput(run(argc, argv));
+        return flushOutput(run(argc, argv));
     } catch (const zu::app::WrongUsage& error) {
-        return say(error, kWrongUsage);
+        return report(error, kWrongUsage);
     } catch (const std::exception& error) {
-        return say(error, kFailed);
+        return report(error, kFailed);
     }
 }

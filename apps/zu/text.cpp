@@ -28,7 +28,7 @@ std::vector<std::string> narrow(const CStringArray& texts) {
 CString filePath(const std::string& file) {
     CString path = wide(file);
     if (narrow(path.view()) != file)
-        throw Failure(file + ": The name is no UTF-8 text");
+        throw Failure(file + ": The name is not valid UTF-8");
     return path;
 }
 

@@ -12,10 +12,10 @@ namespace zu::app {
 [[nodiscard]] std::string narrow(std::wstring_view text);
 [[nodiscard]] std::vector<std::string> narrow(const CStringArray& texts);
 
-/// The name of a file. Throws Failure when it is no UTF-8 text: the interface can't name such files.
+/// The name of a file. Throws Failure when it is not valid UTF-8: the interface can't name such files.
 [[nodiscard]] CString filePath(const std::string& file);
 
-/// The full path of a file in the form that the interface names files by; throws as `filePath`.
+/// The full path of a file in the form that the interface takes; throws as `filePath`.
 [[nodiscard]] CString fullPath(const std::string& file);
 
 } // namespace zu::app

@@ -16,7 +16,7 @@ using zu::fuzz::require;
 
 namespace {
 
-/// A text that a profile file can say in every encoding: no marks of the file's grammar, no outer spaces.
+/// A text that a profile file can hold in every encoding: no characters of its syntax, no outer spaces.
 std::wstring plainText(FuzzedDataProvider& input) {
     static constexpr std::wstring_view kCharacters = L"abKZ09.-_表ソ・ｱ~";
     std::wstring text;
@@ -25,7 +25,7 @@ std::wstring plainText(FuzzedDataProvider& input) {
     return text;
 }
 
-/// A name that the file has already, or any other.
+/// A name that the file already has, or a new one.
 std::wstring name(FuzzedDataProvider& input, const std::vector<std::wstring>& known) {
     if (known.empty() || input.ConsumeBool())
         return plainText(input);

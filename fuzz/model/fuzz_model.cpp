@@ -1,5 +1,5 @@
-// What follows the opening of a drawing: list, search, audit, draw, edit, repair, save, reopen. Showing a
-// drawing changes nothing, what was saved opens, and a second repair repairs nothing.
+// Opens any bytes as a drawing, then lists, searches, audits, draws, edits, repairs, saves and reopens it.
+// Showing a drawing changes nothing, a saved drawing opens, and a second repair changes nothing.
 #include "../support/memory_file.h"
 #include "../support/program.h"
 #include "../support/require.h"
@@ -33,14 +33,14 @@ namespace zu::fuzz {
 namespace {
 
 constexpr int kPictureWidth = 64;
-/// Pictures of more would take most of the time.
+/// Larger pictures would take most of the time.
 constexpr std::uint64_t kPointsDrawn = 20000;
-/// A search in a group looks at all of its members: without a limit large groups cost their square.
+/// A search visits all members of its group: without a limit the cost grows with the square of the group.
 constexpr std::size_t kSearches = 64;
 
 using Ids = std::vector<AcDbObjectId>;
 
-/// No value: the drawing is refused.
+/// Returns no value for a drawing that can't be opened.
 std::unique_ptr<app::DrawingFile> open(const CString& file) {
     try {
         return std::make_unique<app::DrawingFile>(app::DrawingSource{app::narrow(file.view())});
@@ -81,7 +81,7 @@ void draw(app::DrawingFile& drawing) {
         scene.show(canvas, kPointsDrawn);
         app::drawPlan(scene, "/dev/null/plan.png", kPictureWidth);
     } catch (const app::Failure&) {
-        // The plan shows too much, or, always, the picture's place can't be written.
+        // Always thrown, as the picture's path can't be written; or the plan has too many points.
     }
 }
 
@@ -102,7 +102,7 @@ void show(const CString& file, std::string_view bytes) {
     (void)app::audit(*drawing, false);
     draw(*drawing);
     const std::string saved = drawing->database().dxfOutBytes(drawing->database().isBinary());
-    // Faults that were mended on the way in are mended in the file, too.
+    // Faults repaired while reading are repaired in the saved file, too.
     if (drawing->database().warnings().empty())
         require(saved == bytes, "an unedited drawing was changed");
 }

@@ -25,7 +25,7 @@ constexpr std::array kFiles = {"master.ini", "system/ZuConfig.ini", "system/属�
                                "system/属性IDタイトル.csv"};
 constexpr std::array kOptions = {L"配管±",        L"単線経路記号",     L"実数精度桁数", L"取付高注記精度桁数",
                                  L"線種尺度設定", L"属性値区切り記号", L"no option"};
-/// Further marks stay as they are: each makes the file longer.
+/// Further occurrences are kept: each replacement makes the file longer.
 constexpr std::size_t kRootsAtMost = 8;
 
 std::string_view nextFile(std::string_view& bytes) {

@@ -5,7 +5,7 @@
 
 namespace zu::fuzz {
 
-/// Ends the run with a message when a property does not hold.
+/// Aborts the run with a message when a property does not hold.
 inline void require(bool condition, const char* what) {
     if (condition)
         return;

@@ -35,16 +35,17 @@ void checkTable(const CString& path, const wchar_t* columns) {
 }
 
 void checkMerge(const zu::fuzz::MemoryFile& file, std::string_view bytes) {
-    // No pair changes nothing the second time.
+    // A second merge of no pairs changes nothing.
     const auto once = zu::mergeLinks(bytes, {});
     require(once.has_value(), "a merge of nothing failed");
-    // Without the lines that go, what looks like a mark may come first.
+    // Once lines are removed, one that looks like a mark may become the first.
     if (zu::TextEncoding::of(*once).mark() != zu::TextEncoding::of(bytes).mark())
         return;
     require(zu::mergeLinks(*once, {}) == once, "a merge of nothing changed something");
     const auto merged = zu::mergeLinks(bytes, {{L"zu-key", L"zu-value"}});
     require(merged.has_value(), "a pair was not merged");
-    // The first merge may drop the line that told the line ends; from then on nothing changes.
+    // The first merge may drop the line that the kind of line end was detected from; the next ones change
+    // nothing.
     const auto again = zu::mergeLinks(*merged, {{L"zu-key", L"zu-value"}});
     require(zu::mergeLinks(*again, {{L"zu-key", L"zu-value"}}) == again, "the same pair changed something");
     CStringArray keys;

@@ -54,7 +54,7 @@ def reactors(d):
 
 
 def several_groups_of_a_kind(d):
-    """The duct makes the return group one of its own kind; when it leaves, the others are well again."""
+    """The duct gives the return group its own kind; once it leaves, the other groups have no fault."""
     insert(d.at(RETURN), members(d, RETURN)[0], 340, DUCT)
     insert(d.at(DUCT), places(d.at(DUCT), 330, SUPPLY)[0], 330, RETURN)
 
@@ -80,7 +80,7 @@ def wrong_data(d):
 
 
 def member_in_paper_space(d):
-    """What lies outside of model space is looked at where a group lists it."""
+    """An entity outside model space is audited if a group lists it."""
     shelf = d.at("106")
     layout = next(o for o in d.objects if text(o[0]) == "BLOCK_RECORD" and places(o, 2, "*Paper_Space"))
     shelf[places(shelf, 330)[-1]][1] = handle_of(layout).encode()
@@ -94,7 +94,7 @@ def unregistered_application(d):
 
 
 def two_on_one_place(d):
-    """A valve put where another stands."""
+    """A valve placed on top of another."""
     for code in (10, 20):
         d.at("17E")[places(d.at("17E"), code)[0]] = d.at("17A")[places(d.at("17A"), code)[0]]
 
@@ -129,8 +129,8 @@ def random_damage(seed):
 
 
 NO, YES = False, True
-# What is damaged; what is found beside the sample's own faults (handle, part of the problem, repaired); what the
-# repair changes.
+# The damage; the findings besides the sample's own faults (handle, part of the problem, repaired); the objects that
+# the repair changes.
 CASES = [
     (missing_and_repeated_members, [(SUPPLY, "FFF1 is not in", YES), (SUPPLY, DUCT + " is listed twice", YES)], {SUPPLY}),
     (member_that_is_no_entity, [(SUPPLY, "1 is no entity", YES)], {SUPPLY}),
@@ -194,7 +194,7 @@ def audit(damage, wanted, changes, own, folder, base):
 
 
 def repair_twice(damage, folder, base):
-    """True when the damaged drawing could be opened; nothing is left to be repaired a second time."""
+    """Returns whether the damaged drawing could be opened; a second repair must find nothing to repair."""
     damaged, once, twice = (os.path.join(folder, name + ".dxf") for name in ("damaged", "once", "twice"))
     drawing = Drawing(base)
     damage(drawing)

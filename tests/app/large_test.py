@@ -19,7 +19,7 @@ def group_dictionary(d):
 
 
 def add(d, like, objects):
-    """Puts objects, lists of (code, value), behind another."""
+    """Inserts objects, lists of (code, value), after another."""
     place = d.objects.index(like) + 1
     d.objects[place:place] = [[record(like[0], *r) for r in records] for records in objects]
 

@@ -1,4 +1,4 @@
-"""What the listings say of the sample drawings, against results worked out by a separate program."""
+"""The listings of the sample drawings, compared with results computed by a separate program."""
 import resource
 import subprocess
 import tempfile

@@ -1,4 +1,4 @@
-"""Part drawings listed and drawn: sizes and places of pictures, and drawings that mean ill."""
+"""Part drawings listed and drawn: sizes and paths of pictures, and malicious drawings."""
 import json
 import os
 import struct
@@ -16,7 +16,7 @@ def size_of_picture(path):
 
 
 def check_folder(folder):
-    """Every drawing has its picture at the same place."""
+    """Every drawing has its picture under the same relative path."""
     told = run("part", "--preview-dir", folder, "--size", "64", os.path.join(SAMPLES, "parts"))
     drawings = [os.path.relpath(os.path.join(where, name), os.path.join(SAMPLES, "parts"))
                 for where, _, names in os.walk(os.path.join(SAMPLES, "parts")) for name in names
@@ -27,7 +27,7 @@ def check_folder(folder):
 
 
 def check_names(folder):
-    """A name can't steer the terminal."""
+    """Control characters of a name don't reach the terminal."""
     path = os.path.join(folder, "name.dxf")
     with open(path, "w") as f:
         f.write("0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n0\nLAYER\n2\nl^[[31m\x7f\n0\nENDTAB\n0\nENDSEC\n0\nEOF\n")
@@ -37,7 +37,7 @@ def check_names(folder):
 
 
 def check_foreign(folder):
-    """What is no drawing fails; an empty drawing is one."""
+    """A file that is no drawing fails; an empty drawing is valid."""
     path = os.path.join(folder, "some.dxf")
     for contents, status in (("", 1), ("hello\nworld\n", 1), ("0\nEOF\n", 0),
                              ("999\nby hand\n0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", 0)):
@@ -47,7 +47,7 @@ def check_foreign(folder):
 
 
 def check_faults():
-    """A drawing is read from a pipe; what was wrong with it is listed, up to a number."""
+    """A drawing is read from a pipe; its faults are listed up to a limit."""
     lines = "0\nSECTION\n2\nENTITIES\n0\nLINE\n" + "10\n12abc\n" * 60 + "0\nENDSEC\n0\nEOF\n"
     done = subprocess.run([ZU, "part", "/dev/stdin", "--json"], input=lines, capture_output=True, text=True)
     check(done.returncode == 0 and json.loads(done.stdout)["entities"][0]["p1"] == [12, 0], "a pipe is read")

@@ -19,7 +19,7 @@ with tempfile.TemporaryDirectory() as folder:
         file = os.path.join(folder, "plan.svg")
         run("plan", drawing, "-o", file)
         root = xml.parse(file).getroot()
-        # A text of two scripts is written in pieces.
+        # A text in two scripts is written in pieces.
         texts = "".join(t.text for t in root.iter(SVG + "text"))
         for text in ("AHU-1 空調機", "2階平面図", "縮尺 1/50", "X5", "弁", *COLOURS, "joined", "dangling"):
             check(text in texts, "the text " + text)
@@ -38,7 +38,7 @@ with tempfile.TemporaryDirectory() as folder:
         head = f.read(24)
     check(head.startswith(b"\x89PNG") and struct.unpack(">I", head[16:20])[0] == 900, "as wide as asked")
     run("plan", drawing, "-o", os.path.join(folder, "plan.txt"), status=2)
-    # Blocks that hold themselves, or very many others; the last ones a polyline. An arc and a text without measure.
+    # Blocks that contain themselves or very many others, and a polyline each; an arc and a text that are too large.
     for names, points, status in (("AA", 2, 0), ("ABCDEFGHIJKL", 2, 1), ("ABCDEF", 2000, 1)):
         nested = os.path.join(folder, "nested.dxf")
         document = ezdxf.new()

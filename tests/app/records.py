@@ -27,13 +27,13 @@ class Drawing:
 
 
 def handle_of(records):
-    if text(records[0]) == "SECTION":  # the header's records are no object's
+    if text(records[0]) == "SECTION":  # records of the header belong to no object
         return None
     return next((value.strip().decode() for code, value in records if code.strip() in (b"5", b"105")), None)
 
 
 def places(records, code, value=None):
-    """Where records with the code (and the value) stand."""
+    """Indexes of the records with the code (and the value)."""
     return [i for i, r in enumerate(records) if int(r[0]) == code and value in (None, text(r))]
 
 
@@ -52,7 +52,7 @@ def insert(records, place, code, value):
 
 
 def xdata(records, application):
-    """First and last place of the values of an application."""
+    """Index of the first and of the last value of an application."""
     first = places(records, 1001, application)[0] + 1
     last = first
     while last < len(records) and int(records[last][0]) not in (0, 1001):

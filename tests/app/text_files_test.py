@@ -21,7 +21,7 @@ def check_tables(folder):
 
 
 def save(path, *pairs):
-    """What the program says when it saves pairs."""
+    """Standard error of the command that saves pairs."""
     return subprocess.run([ZU, "link", "save", path, *pairs], check=True, capture_output=True, text=True).stderr
 
 
@@ -39,13 +39,13 @@ def check_links(folder):
 
 
 def said(language, *arguments):
-    """What the program says on its standard error in a language."""
+    """Standard error of a command in a language."""
     environment = {**os.environ, "LC_ALL": language}
     return subprocess.run([ZU, *arguments], capture_output=True, text=True, env=environment).stderr
 
 
 def check_messages(folder):
-    """Texts that are likely to be UTF-8 without a mark are warned of, languages without texts are not."""
+    """Likely UTF-8 without a byte-order mark is warned about, a language without texts is not."""
     path = os.path.join(folder, "utf8.csv")
     for text, encoding, warned in (("a|弁", "utf-8", True), ("a|Ö1", "utf-8", True), ("a|弁", "cp932", False),
                                    ("a|ﾄｱ", "cp932", False), ("a|弁", "utf-8-sig", False), ("a|b", "utf-8", False)):

@@ -4,7 +4,7 @@ namespace zu::app {
 
 class Command;
 
-// Each adds one command of the program, with its options and what it does.
+// Each adds one command of the program, with its options and its action.
 void addElementsCommand(Command& program);
 void addGroupsCommand(Command& program);
 void addConnectedCommand(Command& program);

@@ -24,7 +24,7 @@ struct Options {
     bool json = false;
 };
 
-/// Searches the group named, else (null) those of the element.
+/// Searches the given group; if null, every group of the element.
 AcArray<AcDbObjectId> connectedTo(AcDbObjectId element, AcDbObjectId named, int kind) {
     AcArray<AcDbObjectId> groups;
     if (named.isNull())
@@ -68,7 +68,7 @@ std::vector<AcDbObjectId> everyElement(const DrawingFile& drawing, AcDbObjectId 
 
 void runAll(const DrawingFile& drawing, const Options& options, AcDbObjectId group) {
     Json object = Json::object();
-    // Each handle comes once; to enter one by its key would search all before it.
+    // Each handle comes once; inserting by key would search the ones before it.
     auto& entries = object.get_ref<Json::object_t&>();
     for (const AcDbObjectId element : everyElement(drawing, group)) {
         entries.emplace_back(handleText(element), handleTexts(connectedTo(element, group, options.kind)));

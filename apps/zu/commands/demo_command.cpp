@@ -33,7 +33,7 @@ struct Options {
     std::string output = "out";
 };
 
-/// Says what a step did and how long it took.
+/// Prints what a step did and how long it took.
 class Step {
 public:
     Step(int number, const std::string& title) : started_(Clock::now()) {
@@ -126,7 +126,7 @@ void checkSaved(const std::string& path, const AttributeEdit& edit) {
     if (found != edit.changed.size())
         throw Failure("the saved drawing has the new value on " + std::to_string(found) +
                       " elements instead of " + std::to_string(edit.changed.size()));
-    step.say("the new value stands on all ", found, " elements");
+    step.say("the new value is on all ", found, " elements");
 }
 
 void drawPicture(DrawingFile& drawing, const std::string& path) {
@@ -157,7 +157,7 @@ void drawWindow(const std::vector<Element>& elements, const std::string& drawing
     step.say(path, ": the attributes of ", selection.length(), " elements");
 }
 
-/// As it can be called from here.
+/// The program's path as the user can call it from the current folder.
 std::string thisProgram() {
     std::error_code unknown;
     const fs::path program = fs::proximate(fs::read_symlink("/proc/self/exe", unknown), unknown);

@@ -61,7 +61,7 @@ void save(const Options& options) {
                              "and no line end");
     }
     warnOfUnmarkedUtf8(options.file);
-    // With its folder, so that backup and temporary file lie beside it.
+    // The full path, so that the backup and the temporary file lie beside the file.
     const CString file = fullPath(options.file);
     SetLastError(ERROR_SUCCESS);
     if (!ZuComn_SaveLinkInfo(file, keys, values))

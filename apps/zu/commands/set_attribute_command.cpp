@@ -15,7 +15,7 @@ namespace zu::app {
 
 namespace {
 
-/// What windows and listings show for an attribute that several elements have with different values.
+/// Windows and listings show this for an attribute whose value differs among the elements.
 constexpr std::string_view kVarious = "*各種*";
 
 struct Options {
@@ -61,7 +61,7 @@ void requireStorable(const std::string& value) {
     if (value.find_first_of("\r\n") != std::string::npos)
         throw WrongUsage("a value can't hold a line end");
     if (narrow(wide(value).view()) != value)
-        throw WrongUsage("the value is no UTF-8 text");
+        throw WrongUsage("the value is not valid UTF-8");
 }
 
 void run(const Options& options) {
@@ -90,7 +90,7 @@ void addSetAttributeCommand(Command& program) {
     command->add_option("--handles", options->handles, "Only these elements, by handle, with commas between")
         ->delimited(',');
     command->add_option("--settings", options->settings,
-                        "Master settings file; its parameter table says what may be edited");
+                        "Master settings file; its parameter table says which attributes may be edited");
     addSaveOptions(*command, options->saving, "Where to save")->required();
     command->add_flag("--json", options->json, "As JSON");
     command->callback([options] { run(*options); });

@@ -35,7 +35,7 @@ AcArray<AcDbObjectId> entitiesOf(const DrawingFile& drawing, const std::vector<s
     return entities;
 }
 
-/// Notes whether the drawing changes.
+/// Records whether the drawing changes.
 class ChangeWatch : public AcDbDatabaseReactor {
 public:
     explicit ChangeWatch(AcDbDatabase& database) : database_(database) { database_.addReactor(this); }
@@ -67,7 +67,7 @@ bool wantsToReplaceChanged(const std::string& drawing) {
                          "Replace it by this drawing?");
 }
 
-/// Without --force the user decides: the edits would be lost otherwise.
+/// Without --force the user decides: refusing to save would lose the edits.
 void save(DrawingFile& drawing, SaveOptions options) {
     try {
         drawing.save(options);

@@ -18,13 +18,13 @@ struct AttributeEdit {
     std::vector<SkippedElement> skipped;
 };
 
-/// Sets one attribute of each element that has it. Elements without the attribute are skipped where they were
-/// asked for by name, otherwise left out.
+/// Sets one attribute of each element that has it. Elements without the attribute are reported as skipped
+/// where they were named, otherwise left out.
 [[nodiscard]] AttributeEdit editAttribute(const std::vector<AcDbObjectId>& elements, const std::string& key,
                                           const std::string& value, bool askedByName);
 
 /// Whether the settings' parameter table lets the attribute be edited. Throws Failure when the table can't be
-/// read: as in the library, nothing is written then.
+/// read: the library writes nothing then either.
 [[nodiscard]] bool mayEditAttribute(const std::string& key);
 
 } // namespace zu::app

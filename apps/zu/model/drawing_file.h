@@ -18,7 +18,7 @@ class Command;
 /// Where a command reads its drawing, and how.
 struct DrawingSource {
     std::string path;
-    bool strict = false; ///< Refuse what would open with a warning.
+    bool strict = false; ///< Reject drawings that would open with a warning.
 };
 
 /// Adds the argument DRAWING and the option --strict.
@@ -39,7 +39,7 @@ public:
     /// The object with the hexadecimal handle; throws Failure when there is none.
     [[nodiscard]] AcDbObjectId find(const std::string& handle) const;
 
-    /// What lies in model space, in drawing order.
+    /// The entities of model space, in drawing order.
     [[nodiscard]] std::vector<AcDbObjectId> entities() const;
 
     /// The block references of model space in drawing order.
@@ -51,8 +51,8 @@ public:
     /// The group with the name or the hexadecimal handle; throws Failure when there is none.
     [[nodiscard]] AcDbObjectId findGroup(const std::string& nameOrHandle) const;
 
-    /// Saves in the drawing's own form. Throws Failure, the old file untouched, and FileChanged when without
-    /// `force` the file is not what the drawing was opened from.
+    /// Saves in the drawing's own form. Throws Failure, and FileChanged when the file has changed since the
+    /// drawing was opened and `force` is not set; the old file is then untouched.
     void save(const SaveOptions& options);
     /// Saves as binary or ASCII drawing.
     void save(const SaveOptions& options, bool binary);

@@ -14,7 +14,7 @@ namespace zu::app {
 void requireReadable(const std::string& file) {
     const std::string path = zuhost::systemPath(filePath(file).view());
     std::error_code unknown;
-    // What is read from a pipe to try it would be lost.
+    // Opening a pipe to test it would consume its data.
     if (std::filesystem::is_fifo(path, unknown))
         return;
     if (std::filesystem::is_other(path, unknown))

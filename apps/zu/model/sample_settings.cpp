@@ -21,8 +21,8 @@ void replaceAll(std::wstring& text, std::wstring_view what, std::wstring_view wi
         text.replace(at, what.size(), with);
 }
 
-/// In UTF-8, which holds the path of any place.
-void namePlace(const std::string& file, const std::string& root) {
+/// In UTF-8, which can express any path.
+void insertRoot(const std::string& file, const std::string& root) {
     const auto contents = zuhost::readWholeFile(file);
     const std::string* const bytes = std::get_if<std::string>(&contents);
     if (bytes == nullptr)
@@ -35,7 +35,7 @@ void namePlace(const std::string& file, const std::string& root) {
         throw Failure(file + ": " + zuhost::errorText(error));
 }
 
-std::string install(const std::string& samples, const std::string& output) {
+std::string copySettings(const std::string& samples, const std::string& output) {
     const fs::path root = fs::absolute(fs::path(output) / "settings").lexically_normal();
     constexpr auto kReplace = fs::copy_options::recursive | fs::copy_options::overwrite_existing;
     for (const char* folder : {"system", "parts"}) {
@@ -43,13 +43,13 @@ std::string install(const std::string& samples, const std::string& output) {
         fs::copy(fs::path(samples) / folder, root / folder, kReplace);
     }
     std::string master = (root / "system" / "master.ini").string();
-    namePlace(master, root.string());
+    insertRoot(master, root.string());
     return master;
 }
 
 } // namespace
 
 SampleSettings::SampleSettings(const std::string& samples, const std::string& output)
-    : settings_(install(samples, output)) {}
+    : settings_(copySettings(samples, output)) {}
 
 } // namespace zu::app

@@ -6,7 +6,8 @@
 
 namespace zu::app {
 
-/// A copy of the sample settings, with the paths of their place in them, for the run of a command.
+/// A copy of the sample settings, with its own folder in its paths, used by the library for the run of a
+/// command.
 class SampleSettings {
 public:
     /// Copies the folders "system" and "parts" of the samples into `output`/settings.

@@ -10,7 +10,7 @@ class CommandOption;
 /// Where a command saves its drawing.
 struct SaveOptions {
     std::string output;
-    bool force = false; ///< Also when the file has changed since the drawing was opened from it.
+    bool force = false; ///< Save even if the file has changed since the drawing was opened from it.
 };
 
 /// Adds "-o" with the help text, and "--force"; returns the former.

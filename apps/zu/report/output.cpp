@@ -25,7 +25,7 @@ CodePoint firstCodePoint(std::string_view utf8) {
     return {value, bytes};
 }
 
-/// Which would steer the terminal, had a drawing it in a name.
+/// Control characters in a name could act as terminal escapes.
 bool isControl(char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
 }

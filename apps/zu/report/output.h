@@ -13,7 +13,7 @@ using Json = nlohmann::ordered_json;
 /// Prints a JSON array with one element a line, anything else on one line.
 void printJson(const Json& value);
 
-/// A table for reading on a terminal: columns as wide as their widest text, Japanese counted as two places.
+/// A table for a terminal: columns as wide as their widest text; wide characters take two columns.
 class TextTable {
 public:
     explicit TextTable(std::vector<std::string> headings);
@@ -28,10 +28,10 @@ private:
     std::vector<std::vector<std::string>> rows_;
 };
 
-/// Places that a UTF-8 text takes on a terminal.
+/// Returns the columns that a UTF-8 text takes on a terminal.
 [[nodiscard]] std::size_t displayWidth(std::string_view utf8);
 
-/// A length in drawing units, as short as it can be said: "4200", "1300.5".
+/// A length in drawing units, rounded to 0.001, in the shortest form: "4200", "1300.5".
 [[nodiscard]] std::string shortNumber(double value);
 
 } // namespace zu::app

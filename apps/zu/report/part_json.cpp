@@ -12,7 +12,7 @@ Json textOf(const CString& text) {
     return zuhost::toUtf8(text.view());
 }
 
-/// JSON has no other numbers than finite ones.
+/// JSON can express finite numbers only.
 Json numberOf(double value) {
     return std::isfinite(value) ? Json(value) : Json();
 }

@@ -6,8 +6,8 @@
 
 namespace zu::app {
 
-/// Prints what was wrong with a part drawing on the standard error, a line each, by line of the file or byte
-/// of a binary one; of very many faults the first ones and the number of the others.
+/// Prints the faults of a part drawing on the standard error, one a line, each with its line in the file or
+/// its byte in a binary one. Of very many faults it prints the first ones and the number of the others.
 void printWarnings(const std::string& file, const zu::dxf::Findings& findings);
 
 } // namespace zu::app

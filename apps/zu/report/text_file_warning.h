@@ -4,8 +4,8 @@
 
 namespace zu::app {
 
-/// Warns on the standard error when a file is likely to be in UTF-8 but is read in code page 932, for want of
-/// a byte-order mark.
+/// Warns on the standard error when a file is likely to be UTF-8 but is read in code page 932 because it has
+/// no byte-order mark.
 void warnOfUnmarkedUtf8(const std::string& file);
 
 } // namespace zu::app
