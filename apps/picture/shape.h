@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPainterPath>
+#include <QRectF>
 #include <QString>
 #include <QTransform>
 
@@ -48,6 +49,7 @@ struct Shape {
     int lineWeight = 25;        ///< Hundredths of a millimetre on paper.
     std::vector<double> dashes; ///< World units: positive dash, negative gap, 0 dot; empty for continuous.
     TextRun run;
+    QRectF clip; ///< World rectangle outside of which nothing shows (viewports); null for none.
     /// The handle of the entity of the space that is drawn to which the shape belongs; 0 when it has none.
     std::uint64_t source = 0;
 };
