@@ -8,7 +8,7 @@
 #include "model/audit.h"
 #include "model/drawing_file.h"
 #include "model/element.h"
-#include "plan/plan_picture.h"
+#include "plan/scene_picture.h"
 #include "plan/plan_scene.h"
 #include "text.h"
 

@@ -7,7 +7,7 @@
 #include "model/drawing_file.h"
 #include "model/element.h"
 #include "model/sample_settings.h"
-#include "plan/plan_picture.h"
+#include "plan/scene_picture.h"
 #include "report/output.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "model/drawing_file.h"
-#include "plan/plan_picture.h"
+#include "plan/scene_picture.h"
 
 #include <memory>
 

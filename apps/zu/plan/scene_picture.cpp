@@ -1,4 +1,4 @@
-#include "plan/plan_picture.h"
+#include "plan/scene_picture.h"
 
 #include "failure.h"
 #include "plan/picture_file.h"
