@@ -1,6 +1,7 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
 
 namespace zu::app {
 
@@ -20,6 +21,18 @@ public:
 class WrongUsage : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
+};
+
+/// The command did its work, and its result asks for a status of its own, without a message or with one.
+class EndWithStatus : public std::runtime_error {
+public:
+    explicit EndWithStatus(int status, const std::string& message = {})
+        : std::runtime_error(message), status_(status) {}
+
+    [[nodiscard]] int status() const { return status_; }
+
+private:
+    int status_;
 };
 
 } // namespace zu::app

@@ -72,6 +72,10 @@ int run(int argc, char** argv) {
         return kWrongUsage;
     } catch (const CLI::ParseError& error) {
         return program.exit(error) == 0 ? 0 : kWrongUsage;
+    } catch (const zu::app::EndWithStatus& end) {
+        if (*end.what() != '\0')
+            std::cerr << "zu: " << end.what() << '\n';
+        return end.status();
     } catch (const std::bad_alloc&) {
         throw zu::app::Failure(drawingPrefix(program) + "not enough memory");
     }

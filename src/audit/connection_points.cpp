@@ -11,6 +11,8 @@ namespace zu {
 
 namespace {
 
+using zucomn::RouteFault;
+
 constexpr double kSteps = 1000.0; ///< In one drawing unit.
 
 CString handleText(AcDbObjectId id) {
@@ -40,11 +42,12 @@ std::wstring problemText(const zucomn::ConnectionPoint& point, const std::vector
 void auditConnectionPoints(const AcDbDatabase& drawing, RouteAudit& audit) {
     const std::vector<zucomn::ConnectionPoint> points =
         zucomn::connectionPoints(zucomn::modelSpaceReferences(drawing));
-    const std::vector<std::vector<AcDbObjectId>> joined = zucomn::joinedElements(points);
+    std::vector<std::vector<AcDbObjectId>> joined = zucomn::joinedElements(points);
     for (std::size_t i = 0; i < points.size(); ++i)
         if (joined[i].size() != 1)
-            audit.add(points[i].element, zucomn::RouteFault::connectionPoint,
-                      problemText(points[i], joined[i]));
+            audit.add({points[i].element, joined[i].empty() ? RouteFault::openEnd : RouteFault::crowdedJoint,
+                       problemText(points[i], joined[i]), false, std::move(joined[i]),
+                       AcGePoint3d(points[i].position.x, points[i].position.y, 0.0)});
 }
 
 } // namespace zu

@@ -15,8 +15,9 @@ public:
     [[nodiscard]] std::vector<zucomn::RouteFinding> takeFindings() { return std::move(findings_); }
 
     void add(AcDbObjectId object, zucomn::RouteFault fault, std::wstring problem, bool isRepaired = false) {
-        findings_.push_back({object, fault, std::move(problem), isRepaired});
+        findings_.push_back({object, fault, std::move(problem), isRepaired, {}, std::nullopt});
     }
+    void add(zucomn::RouteFinding finding) { findings_.push_back(std::move(finding)); }
 
 private:
     bool repairing_;

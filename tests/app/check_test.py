@@ -158,6 +158,12 @@ CASES = [
 ]
 
 
+def documented_codes():
+    """Those of the table, with their severities."""
+    with open(sample("../docs/check.md"), encoding="utf-8") as f:
+        return {tuple(cell.strip(" `") for cell in line.split("|")[1:3]) for line in f if line.startswith("| `")}
+
+
 def key(finding):
     return finding["handle"], finding["problem"]
 
@@ -212,6 +218,7 @@ with tempfile.TemporaryDirectory() as folder:
         found = run_json("check", sample("drawings/%s.dxf" % name), "--repair", "-o", base)
         check([f["handle"] for f in found if f["repaired"]] == ["116"], "a tee is in two groups of kind 1")
         check(changed_objects(sample("drawings/%s.dxf" % name), base) == {"116", "187", "C"}, "one of which goes")
+        check({(f["code"], f["severity"]) for f in found} <= documented_codes(), "codes and severities are documented")
         own = {key(f) for f in found if not f["repaired"]}
         check({h for h, p in own if "link kind" in p} == {"166", "16A", "16E"}, "link records without a kind")
         check({h for h, p in own if "joins nothing" in p} ==
@@ -222,7 +229,12 @@ with tempfile.TemporaryDirectory() as folder:
             check(repair_twice(hard_to_repair, folder, base), "a drawing that is hard to repair opens")
             opened = sum(repair_twice(random_damage(seed), folder, base) for seed in range(40))
             check(opened > 10, "only %d damaged drawings could be opened" % opened)
-    check("11 problems" in run("check", sample("drawings/office-floor.dxf")), "a plain listing")
+    check("11 problems: 4 errors, 7 warnings" in run("check", sample("drawings/office-floor.dxf")), "a plain listing")
+    named = subprocess.run([ZU, "check", base, "--only", "x"], capture_output=True, text=True).stderr.split("the codes are ")[1]
+    check(set(named.split()) == {code for code, _ in documented_codes()}, "the documented codes are those of the program")
+    for only, status in (("open-end", 0), ("link-record", 1), ("several-groups", 0)):
+        run("check", base, "--only", only, "--fail-on", "error", status=status)
+        run("check", base, "--except", only, "--fail-on", "warning", status=1)
     run("check", base, "--repair", status=2)
     run("check", base, "-o", base, status=2)
     run("check", os.path.join(folder, "missing.dxf"), status=1)

@@ -12,25 +12,93 @@ namespace zu::app {
 
 namespace {
 
+constexpr int kFindings = 1;
+
 struct Options {
     DrawingSource drawing;
     SaveOptions saving;
+    std::vector<std::string> only;
+    std::vector<std::string> except;
+    std::string failOn;
     bool repair = false;
     bool json = false;
 };
 
+bool contains(const std::vector<std::string>& texts, const std::string& text) {
+    return std::find(texts.begin(), texts.end(), text) != texts.end();
+}
+
+bool isShown(const Finding& finding, const Options& options) {
+    return (options.only.empty() || contains(options.only, finding.code)) &&
+           !contains(options.except, finding.code);
+}
+
+bool isFailure(const Finding& finding, const Options& options) {
+    return !finding.repaired && (options.failOn == "warning" ||
+                                 (options.failOn == "error" && finding.severity == zucomn::Severity::error));
+}
+
+void requireCodes(const std::vector<std::string>& codes) {
+    const std::vector<std::string> known = findingCodes();
+    for (const std::string& code : codes) {
+        if (contains(known, code))
+            continue;
+        std::string message = "there is no code " + code + "; the codes are";
+        for (const std::string& each : known)
+            message += ' ' + each;
+        throw WrongUsage(message);
+    }
+}
+
+void requireValid(const Options& options) {
+    if (options.repair == options.saving.output.empty())
+        throw WrongUsage("--repair and -o belong together: the repaired drawing is saved there");
+    requireCodes(options.only);
+    requireCodes(options.except);
+    if (!options.failOn.empty() && options.failOn != "error" && options.failOn != "warning")
+        throw WrongUsage("--fail-on takes error or warning, not " + options.failOn);
+}
+
+std::string count(std::ptrdiff_t number, const std::string& what) {
+    return std::to_string(number) + ' ' + what + (number == 1 ? "" : "s");
+}
+
 void printListing(const std::vector<Finding>& findings, bool repairing) {
-    TextTable table({"handle", "repaired", "problem"});
+    TextTable table({"severity", "code", "handle", "group", "layer", "repaired", "problem"});
     for (const Finding& finding : findings)
-        table.addRow({finding.handle, finding.repaired ? "yes" : "no", finding.problem});
+        table.addRow({severityName(finding.severity), finding.code, finding.handle, finding.group,
+                      finding.layer, finding.repaired ? "yes" : "no", finding.problem});
     if (!table.empty())
         table.print();
-    std::cout << findings.size() << (findings.size() == 1 ? " problem" : " problems");
+    const auto total = static_cast<std::ptrdiff_t>(findings.size());
+    const auto errors = std::count_if(findings.begin(), findings.end(), [](const Finding& finding) {
+        return finding.severity == zucomn::Severity::error;
+    });
+    std::cout << count(total, "problem");
+    if (total > 0)
+        std::cout << ": " << count(errors, "error") << ", " << count(total - errors, "warning");
     if (repairing)
         std::cout << ", " << std::count_if(findings.begin(), findings.end(), [](const Finding& f) {
             return f.repaired;
         }) << " repaired";
     std::cout << '\n';
+}
+
+Json textOrNull(const std::string& text) {
+    return text.empty() ? Json() : Json(text);
+}
+
+Json toJson(const Finding& finding) {
+    const auto& at = finding.position;
+    return {{"code", finding.code},
+            {"severity", severityName(finding.severity)},
+            {"handle", finding.handle},
+            {"problem", finding.problem},
+            {"repaired", finding.repaired},
+            {"position", at ? Json({at->x, at->y, at->z}) : Json()},
+            {"with", finding.with},
+            {"group", textOrNull(finding.group)},
+            {"layer", textOrNull(finding.layer)}};
 }
 
 void print(const std::vector<Finding>& findings, const Options& options) {
@@ -40,19 +108,23 @@ void print(const std::vector<Finding>& findings, const Options& options) {
     }
     Json array = Json::array();
     for (const Finding& finding : findings)
-        array.push_back(
-            {{"handle", finding.handle}, {"problem", finding.problem}, {"repaired", finding.repaired}});
+        array.push_back(toJson(finding));
     printJson(array);
 }
 
 void run(const Options& options) {
-    if (options.repair == options.saving.output.empty())
-        throw WrongUsage("--repair and -o belong together: the repaired drawing is saved there");
+    requireValid(options);
     DrawingFile drawing(options.drawing);
-    const std::vector<Finding> findings = audit(drawing, options.repair);
+    std::vector<Finding> findings = audit(drawing, options.repair);
     if (options.repair)
         drawing.save(options.saving);
+    std::erase_if(findings, [&](const Finding& finding) { return !isShown(finding, options); });
     print(findings, options);
+    const auto failures = std::count_if(findings.begin(), findings.end(),
+                                        [&](const Finding& finding) { return isFailure(finding, options); });
+    if (failures > 0)
+        throw EndWithStatus(kFindings, options.drawing.path + ": " + count(failures, "unrepaired finding") +
+                                           " for --fail-on " + options.failOn);
 }
 
 } // namespace
@@ -60,8 +132,15 @@ void run(const Options& options) {
 void addCheckCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand(
-        "check", "Audit the routes: groups, attribute and link records, connection points");
+        "check", "Audit the drawing and its routes: damage, and probable mistakes of design");
     addDrawing(*command, options->drawing);
+    command->add_option("--only", options->only, "Only findings with these codes, separated by commas")
+        ->delimited(',');
+    command->add_option("--except", options->except, "No findings with these codes, separated by commas")
+        ->delimited(',');
+    command->add_option(
+        "--fail-on", options->failOn,
+        "End with status 1 when a finding is left that is an 'error', or at least a 'warning'");
     command->add_flag("--repair", options->repair, "Repair what can be repaired without losing anything");
     addSaveOptions(*command, options->saving, "Where to save the repaired drawing");
     command->add_flag("--json", options->json, "As JSON");

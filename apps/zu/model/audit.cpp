@@ -2,26 +2,110 @@
 
 #include "text.h"
 
-#include <zucomn/model/audit.h>
+#include <dbents.h>
+#include <dbobjptr.h>
+#include <zucomn/model/groups.h>
 #include <zuhost/audit.h>
+
+#include <unordered_map>
 
 namespace zu::app {
 
 namespace {
 
-template <typename Findings>
-void append(const Findings& found, std::vector<Finding>& findings) {
-    for (const auto& finding : found)
-        findings.push_back({handleText(finding.object), narrow(finding.problem), finding.isRepaired});
-}
+/// The group that listings name for each entity.
+class NamedGroups {
+public:
+    explicit NamedGroups(const AcDbDatabase& drawing) {
+        for (const AcDbObjectId id : zucomn::groupsOf(drawing))
+            if (const auto group = zucomn::readGroup(id))
+                add(*group);
+    }
+
+    [[nodiscard]] std::string of(AcDbObjectId object) const {
+        const auto found = names_.find(object);
+        return found != names_.end() ? narrow(found->second.name) : std::string();
+    }
+
+private:
+    struct Name {
+        std::wstring name;
+        bool isRoute = false;
+    };
+
+    void add(const zucomn::Group& group) {
+        const Name name{group.name, group.isRouteGroup};
+        names_.insert_or_assign(group.id, name);
+        for (const AcDbObjectId member : group.members) {
+            const auto [known, isNew] = names_.try_emplace(member, name);
+            if (!isNew && name.isRoute && !known->second.isRoute)
+                known->second = name;
+        }
+    }
+
+    std::unordered_map<AcDbObjectId, Name> names_;
+};
+
+class FindingList {
+public:
+    explicit FindingList(const AcDbDatabase& drawing) : groups_(drawing) {}
+
+    void add(const zuhost::DatabaseFinding& found) {
+        add(found, narrow(zuhost::faultCode(found.fault)), zucomn::Severity::error);
+    }
+    void add(const zucomn::RouteFinding& found) {
+        Finding& finding =
+            add(found, narrow(zucomn::faultCode(found.fault)), zucomn::faultSeverity(found.fault));
+        finding.with = handleTexts(found.with);
+        if (found.position)
+            finding.position = found.position;
+    }
+    [[nodiscard]] std::vector<Finding> take() { return std::move(findings_); }
+
+private:
+    template <typename Found>
+    Finding& add(const Found& found, std::string code, zucomn::Severity severity) {
+        Finding& finding = findings_.emplace_back();
+        finding.code = std::move(code);
+        finding.severity = severity;
+        finding.handle = handleText(found.object);
+        finding.problem = narrow(found.problem);
+        finding.repaired = found.isRepaired;
+        finding.group = groups_.of(found.object);
+        if (const AcDbObjectPointer<AcDbEntity> entity(found.object); entity.openStatus() == Acad::eOk)
+            finding.layer = narrow(entity->layerName());
+        if (const AcDbObjectPointer<AcDbBlockReference> element(found.object);
+            element.openStatus() == Acad::eOk)
+            finding.position = element->position();
+        return finding;
+    }
+
+    NamedGroups groups_;
+    std::vector<Finding> findings_;
+};
 
 } // namespace
 
 std::vector<Finding> audit(DrawingFile& drawing, bool repairing) {
-    std::vector<Finding> findings;
-    append(zuhost::auditDatabase(drawing.database(), repairing), findings);
-    append(zucomn::auditRoutes(drawing.database(), repairing), findings);
-    return findings;
+    FindingList findings(drawing.database()); // first: repairs delete groups
+    for (const zuhost::DatabaseFinding& found : zuhost::auditDatabase(drawing.database(), repairing))
+        findings.add(found);
+    for (const zucomn::RouteFinding& found : zucomn::auditRoutes(drawing.database(), repairing))
+        findings.add(found);
+    return findings.take();
+}
+
+std::vector<std::string> findingCodes() {
+    std::vector<std::string> codes;
+    for (std::size_t i = 0; i < zuhost::kDatabaseFaults; ++i)
+        codes.push_back(narrow(zuhost::faultCode(static_cast<zuhost::DatabaseFault>(i))));
+    for (std::size_t i = 0; i < zucomn::kRouteFaults; ++i)
+        codes.push_back(narrow(zucomn::faultCode(static_cast<zucomn::RouteFault>(i))));
+    return codes;
+}
+
+std::string severityName(zucomn::Severity severity) {
+    return severity == zucomn::Severity::error ? "error" : "warning";
 }
 
 } // namespace zu::app

@@ -5,6 +5,7 @@
 #include "dbgroup.h"
 #include "dbsymtb.h"
 
+#include <array>
 #include <unordered_set>
 
 namespace zuhost {
@@ -62,6 +63,12 @@ void auditApplications(const std::vector<AcDbObjectId>& entities, DatabaseAudit&
                   L"application " + name + L" is not registered",
                   audit.isRepairing() && acdbRegApp(&database, name.c_str()) == Acad::eOk);
     }
+}
+
+std::wstring_view faultCode(DatabaseFault fault) {
+    constexpr std::array<std::wstring_view, kDatabaseFaults> kCodes{
+        L"dictionary-entry", L"group-member", L"reactor", L"stray-group", L"unregistered-application"};
+    return kCodes[static_cast<std::size_t>(fault)];
 }
 
 std::vector<DatabaseFinding> auditDatabase(AcDbDatabase& database, bool repairing) {

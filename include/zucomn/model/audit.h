@@ -3,8 +3,11 @@
 #include "../export.h"
 
 #include <dbid.h>
+#include <gepnt3d.h>
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 class AcDbDatabase;
@@ -16,14 +19,27 @@ enum class RouteFault {
     membership,      ///< An element in several route groups of one kind.
     attributeRecord, ///< An attribute record that is damaged.
     linkRecord,      ///< A link record that is damaged.
-    connectionPoint, ///< A connection point that joins nothing, or several elements.
+    openEnd,         ///< A connection point that joins nothing.
+    crowdedJoint,    ///< A connection point that joins several elements.
 };
+inline constexpr std::size_t kRouteFaults = 6;
+
+enum class Severity {
+    warning, ///< To be looked at: it may be meant.
+    error,   ///< Damaged, or contradicts itself.
+};
+
+/// Returns the stable code of a fault, such as "open-end".
+[[nodiscard]] ZUCOMN_API std::wstring_view faultCode(RouteFault fault);
+[[nodiscard]] ZUCOMN_API Severity faultSeverity(RouteFault fault);
 
 struct RouteFinding {
     AcDbObjectId object; ///< The object at fault.
     RouteFault fault = RouteFault::emptyGroup;
     std::wstring problem;
     bool isRepaired = false;
+    std::vector<AcDbObjectId> with;      ///< The other elements that the fault concerns.
+    std::optional<AcGePoint3d> position; ///< The connection point at fault; nullopt for the whole object.
 };
 
 /// Audits the routes of a drawing: groups, then records, then connection points, in model space and in the

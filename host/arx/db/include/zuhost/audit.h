@@ -2,7 +2,9 @@
 
 #include <dbid.h>
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 class AcDbDatabase;
@@ -16,6 +18,10 @@ enum class DatabaseFault {
     strayGroup,              ///< A group that entities name but that is in no dictionary.
     unregisteredApplication, ///< Extended data of an application that the drawing does not know.
 };
+inline constexpr std::size_t kDatabaseFaults = 5;
+
+/// Returns the stable code of a fault, such as "stray-group".
+[[nodiscard]] std::wstring_view faultCode(DatabaseFault fault);
 
 struct DatabaseFinding {
     AcDbObjectId object; ///< The object at fault.
