@@ -1,5 +1,7 @@
 #include "attribute_record.h"
 
+#include "model/field_rules.h"
+
 #include <algorithm>
 
 namespace zu {
@@ -57,6 +59,19 @@ std::optional<AttributeRecord> decodeRecord(const CStringArray& strings) {
             item[column] = fieldOrEmpty(fields, column);
     }
     return record;
+}
+
+std::wstring_view itemValue(const CStringArray& strings, std::wstring_view id) {
+    constexpr std::wstring_view kBlanks = L" \t\u3000";
+    for (int i = 1; i < strings.GetSize(); ++i) {
+        const std::wstring_view item = strings[i].view();
+        if (!item.starts_with(id) || attributeFieldIn(item, 1) != id)
+            continue;
+        std::wstring_view value = item.size() > id.size() ? attributeFieldIn(item, 2) : std::wstring_view();
+        value.remove_prefix(std::min(value.find_first_not_of(kBlanks), value.size()));
+        return value.substr(0, value.find_last_not_of(kBlanks) + 1);
+    }
+    return {};
 }
 
 } // namespace zu

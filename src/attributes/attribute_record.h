@@ -4,6 +4,7 @@
 
 #include <array>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace zu {
@@ -39,5 +40,9 @@ struct AttributeRecord {
 /// Parses the strings of a record. The strings present count, not the number in the header. Missing fields
 /// are empty; fields after the sixth are ignored. Returns nullopt for an empty list.
 [[nodiscard]] std::optional<AttributeRecord> decodeRecord(const CStringArray& strings);
+
+/// Returns the value of the first item with the id, without the blanks around it: a view into the strings of
+/// the record, empty when no item has the id.
+[[nodiscard]] std::wstring_view itemValue(const CStringArray& strings, std::wstring_view id);
 
 } // namespace zu

@@ -2,6 +2,7 @@
 #include "commands/commands.h"
 #include "model/drawing_file.h"
 #include "model/element.h"
+#include "model/filter.h"
 #include "report/output.h"
 
 #include <iostream>
@@ -13,13 +14,14 @@ namespace {
 
 struct Options {
     DrawingSource drawing;
+    FilterOptions filter;
     bool routesOnly = false;
     bool json = false;
 };
 
-std::vector<Element> readElements(const DrawingFile& drawing, bool routesOnly) {
+std::vector<Element> readElements(const std::vector<AcDbObjectId>& ids, bool routesOnly) {
     std::vector<Element> elements;
-    for (const AcDbObjectId id : drawing.references()) {
+    for (const AcDbObjectId id : ids) {
         Element element = readElement(id);
         if (!routesOnly || element.isRouteElement())
             elements.push_back(std::move(element));
@@ -59,8 +61,9 @@ void printTable(const std::vector<Element>& elements) {
 }
 
 void run(const Options& options) {
+    const Filter filter(options.filter);
     const DrawingFile drawing(options.drawing);
-    const std::vector<Element> elements = readElements(drawing, options.routesOnly);
+    const std::vector<Element> elements = readElements(filter.references(drawing), options.routesOnly);
     if (!options.json) {
         printTable(elements);
         return;
@@ -78,6 +81,7 @@ void addElementsCommand(Command& program) {
     Command* command =
         program.add_subcommand("elements", "List the block references of model space with what they are");
     addDrawing(*command, options->drawing);
+    addFilter(*command, options->filter);
     command->add_flag("--routes", options->routesOnly, "Only those whose block name has an element prefix");
     command->add_flag("--json", options->json, "As JSON");
     command->callback([options] { run(*options); });

@@ -1,12 +1,14 @@
 #include "command_line.h"
 #include "commands/commands.h"
-#include "model/drawing_file.h"
+#include "model/filter.h"
 #include "report/output.h"
 #include "text.h"
 
 #include <zucomn/model/groups.h>
 
+#include <algorithm>
 #include <memory>
+#include <unordered_set>
 
 namespace zu::app {
 
@@ -14,14 +16,34 @@ namespace {
 
 struct Options {
     DrawingSource drawing;
+    FilterOptions filter;
     bool json = false;
 };
 
+/// With a filter, the groups that have a member that passes; `--group` also names the only group.
+std::vector<AcDbObjectId> shownGroups(const DrawingFile& drawing, const Filter& filter,
+                                      const FilterOptions& options) {
+    std::vector<AcDbObjectId> groups = drawing.groups();
+    if (!options.group.empty())
+        groups = {drawing.findGroup(options.group)};
+    if (!options.isGiven())
+        return groups;
+    const std::vector<AcDbObjectId> passed = filter.references(drawing);
+    const std::unordered_set<AcDbObjectId> elements(passed.begin(), passed.end());
+    std::erase_if(groups, [&](AcDbObjectId id) {
+        const std::vector<AcDbObjectId> members = zucomn::readGroup(id).value_or(zucomn::Group()).members;
+        return std::none_of(members.begin(), members.end(),
+                            [&](AcDbObjectId member) { return elements.contains(member); });
+    });
+    return groups;
+}
+
 void run(const Options& options) {
+    const Filter filter(options.filter);
     const DrawingFile drawing(options.drawing);
     Json array = Json::array();
     TextTable table({"handle", "name", "number", "kind", "members"});
-    for (const AcDbObjectId id : drawing.groups()) {
+    for (const AcDbObjectId id : shownGroups(drawing, filter, options.filter)) {
         const zucomn::Group group = zucomn::readGroup(id).value_or(zucomn::Group());
         const std::string handle = handleText(id);
         const std::string name = narrow(group.name);
@@ -42,6 +64,7 @@ void addGroupsCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand("groups", "List the groups and their route kinds");
     addDrawing(*command, options->drawing);
+    addFilter(*command, options->filter);
     command->add_flag("--json", options->json, "As JSON");
     command->callback([options] { run(*options); });
 }

@@ -2,7 +2,7 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "model/attribute_edit.h"
-#include "model/drawing_file.h"
+#include "model/filter.h"
 #include "model/settings_file.h"
 #include "report/output.h"
 #include "text.h"
@@ -20,6 +20,7 @@ constexpr std::string_view kVarious = "*各種*";
 
 struct Options {
     DrawingSource drawing;
+    FilterOptions filter;
     std::string key;
     std::string value;
     std::vector<std::string> handles;
@@ -66,14 +67,16 @@ void requireStorable(const std::string& value) {
 
 void run(const Options& options) {
     requireStorable(options.value);
+    const Filter filter(options.filter);
     const SettingsFile settings(options.settings);
     if (!options.settings.empty() && !mayEditAttribute(options.key))
         throw Failure("attribute " + options.key + " is read-only in the parameter table");
     DrawingFile drawing(options.drawing);
-    const AttributeEdit edit =
-        editAttribute(targets(drawing, options), options.key, options.value, !options.handles.empty());
+    const AttributeEdit edit = editAttribute(filter.pass(drawing, targets(drawing, options)), options.key,
+                                             options.value, !options.handles.empty());
     if (edit.changed.empty() && edit.skipped.empty())
-        throw Failure("no element has an attribute " + options.key);
+        throw Failure("no element " + std::string(options.filter.isGiven() ? "that passes the filter " : "") +
+                      "has an attribute " + options.key);
     drawing.save(options.saving);
     print(edit, options.json);
 }
@@ -85,6 +88,7 @@ void addSetAttributeCommand(Command& program) {
     Command* command = program.add_subcommand(
         "set-attribute", "Set one attribute on some or all elements that have it, and save");
     addDrawing(*command, options->drawing);
+    addFilter(*command, options->filter);
     command->add_option("KEY", options->key, "The attribute's id, such as S401")->required();
     command->add_option("VALUE", options->value, "The new value")->required();
     command->add_option("--handles", options->handles, "Only these elements, by handle, with commas between")

@@ -1,6 +1,7 @@
 #include "edit_elements.h"
 
 #include "attributes/attribute_record.h"
+#include "frame/plain_number.h"
 #include "frame/resource_ids.h"
 #include "layer_locks.h"
 #include "progress_scope.h"
@@ -10,8 +11,6 @@
 #include <zucomn/attributes.h>
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <set>
 
 using zucomn::EditedElement;
@@ -45,21 +44,10 @@ private:
     std::set<AcDbDatabase*> drawings_;
 };
 
-bool isNumber(const CString& text) {
-    std::string digits;
-    for (const wchar_t c : text.view())
-        digits += static_cast<char32_t>(c) < 0x80 ? static_cast<char>(c) : '?';
-    const char* const first = digits.data() + (digits.starts_with('+') ? 1 : 0);
-    const char* const last = digits.data() + digits.size();
-    double number = 0.0;
-    const auto [end, error] = std::from_chars(first, last, number);
-    return error == std::errc() && end == last && std::isfinite(number);
-}
-
 /// Returns true unless the record has a mounting height that is not a number.
 bool canBePlaced(const CStringArray& record) {
     const CString height = CAttributeData::GetValueAtt(&record, kMountingHeight).Trim();
-    return height.IsEmpty() || isNumber(height);
+    return height.IsEmpty() || plainNumber(height.view());
 }
 
 bool hasAnyOf(const CStringArray& record, std::span<const ShownItem> values) {
