@@ -31,7 +31,7 @@ AcDbDatabase::~AcDbDatabase() {
 }
 
 Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path, bool strict) {
-    const Acad::ErrorStatus status = take(Document::openFile(path, this), strict);
+    const Acad::ErrorStatus status = install(Document::openFile(path, this), strict);
     std::error_code unknown;
     const bool isMissing =
         status == Acad::eFileAccessErr && !std::filesystem::exists(zuhost::systemPath(path), unknown);
@@ -39,11 +39,11 @@ Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path, bool strict) {
 }
 
 Acad::ErrorStatus AcDbDatabase::dxfInBytes(std::string bytes, const ACHAR* name) {
-    return take(Document::open(std::move(bytes), name, this), false);
+    return install(Document::open(std::move(bytes), name, this), false);
 }
 
-Acad::ErrorStatus AcDbDatabase::take(std::variant<std::unique_ptr<Document>, DocumentError> opened,
-                                     bool strict) {
+Acad::ErrorStatus AcDbDatabase::install(std::variant<std::unique_ptr<Document>, DocumentError> opened,
+                                        bool strict) {
     const auto* error = std::get_if<DocumentError>(&opened);
     if (strict && !error)
         if (const auto& warnings = std::get<std::unique_ptr<Document>>(opened)->warnings(); !warnings.empty())

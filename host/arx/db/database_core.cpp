@@ -61,9 +61,9 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
 /// Notifies all reactors before destroying any object: a reactor may open others.
 void DatabaseCore::destroyObjects() {
     for (std::size_t i = 0; i < objects_.size();
-         ++i) { // NOLINT(modernize-loop-convert): reactors can add objects.
+         ++i) { // NOLINT(modernize-loop-convert): reactors can add objects
         AcDbObject& object = *objects_[i];
-        object.tellReactors([&object](AcDbObjectReactor& r) { r.goodbye(&object); });
+        object.notifyReactors([&object](AcDbObjectReactor& r) { r.goodbye(&object); });
         object.transientReactors_.clear();
     }
     objects_.clear();
@@ -266,15 +266,15 @@ void DatabaseCore::restore(AcDbStub& stub, TagList tags, bool erased, UndoLog::K
         notifyAll(reactors, [&](AcDbDatabaseReactor& r) {
             undoing ? r.objectUnAppended(&self, &target) : r.objectReAppended(&self, &target);
         });
-        target.tellReactors(
+        target.notifyReactors(
             [&](AcDbObjectReactor& r) { undoing ? r.unappended(&target) : r.reappended(&target); });
         return;
     }
     modified(target);
-    target.tellReactors([&](AcDbObjectReactor& r) { r.modified(&target); });
+    target.notifyReactors([&](AcDbObjectReactor& r) { r.modified(&target); });
     if (!toggled)
         return;
-    target.tellReactors([&](AcDbObjectReactor& r) { r.erased(&target, erased); });
+    target.notifyReactors([&](AcDbObjectReactor& r) { r.erased(&target, erased); });
     this->erased(target, erased);
 }
 

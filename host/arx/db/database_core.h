@@ -82,7 +82,7 @@ private:
 
     const NameIndex& names(const AcDbStub& table);
     void collectReferencesToErased();
-    [[nodiscard]] std::vector<AcDbStub*> collectGone() const;
+    [[nodiscard]] std::vector<AcDbStub*> collectErased() const;
     [[nodiscard]] TagList currentTags(const AcDbStub& stub) const;
     void addFiltered(AcDbStub* stub);
 

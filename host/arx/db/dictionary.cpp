@@ -58,7 +58,7 @@ AcDbDictionary::Index& AcDbDictionary::index() const {
 }
 
 AcDbObjectId AcDbDictionary::entryAt(std::size_t place) const {
-    const auto handle = zuhost::parseHandle(laggingTags()[place + 1].value);
+    const auto handle = zuhost::parseHandle(storedTags()[place + 1].value);
     return handle && core() != nullptr ? AcDbObjectId(core()->document->find(*handle)) : AcDbObjectId();
 }
 
@@ -97,7 +97,7 @@ Acad::ErrorStatus AcDbDictionary::nameAt(AcDbObjectId id, std::wstring& name) co
     const auto found = index().byHandle.find(id.handle().value());
     if (!found)
         return Acad::eKeyNotFound;
-    name = decoded(laggingTags()[*found].value);
+    name = decoded(storedTags()[*found].value);
     return Acad::eOk;
 }
 
@@ -187,17 +187,17 @@ void AcDbDictionary::addEntry(const std::wstring& name, std::uint64_t handle) {
 void AcDbDictionary::removeEntry(std::size_t place) {
     Index& known = index();
     removed_.insert(place);
-    const std::wstring name = decoded(laggingTags()[place].value);
+    const std::wstring name = decoded(storedTags()[place].value);
     known.byName.drop(zuhost::foldedName(name), removed_);
-    if (const auto handle = zuhost::parseHandle(laggingTags()[place + 1].value))
+    if (const auto handle = zuhost::parseHandle(storedTags()[place + 1].value))
         known.byHandle.drop(*handle, removed_);
     if (const auto number = known.anonymous.find(anonymousNumber(name)); number != known.anonymous.end())
         known.anonymous.erase(number);
-    letTagsLag();
+    deferChange();
     indexVersion_ = tagVersion();
 }
 
-void AcDbDictionary::bringUpToDate(zuhost::TagList& tags) const {
+void AcDbDictionary::applyDeferred(zuhost::TagList& tags) const {
     std::size_t place = 0;
     tags.eraseIf(tags.all(), [&](const zuhost::Tag& /*tag*/) {
         const std::size_t at = place++;

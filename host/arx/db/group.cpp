@@ -22,10 +22,10 @@ zuhost::Tag entryOf(std::uint64_t handle) {
     return {kMember, zuhost::formatHandle(handle)};
 }
 
-template <typename Goes>
-void eraseEntries(zuhost::TagList& tags, Goes goes) {
+template <typename Predicate>
+void eraseEntries(zuhost::TagList& tags, Predicate isErased) {
     const TagRange range = tags.subclass(kMarker);
-    tags.eraseIf(range, [&](const zuhost::Tag& tag) { return tag.code == kMember && goes(tag); });
+    tags.eraseIf(range, [&](const zuhost::Tag& tag) { return tag.code == kMember && isErased(tag); });
 }
 
 } // namespace
@@ -168,33 +168,37 @@ Acad::ErrorStatus AcDbGroup::admit(AcDbObjectId id) {
     return member->addPersistentReactor(objectId());
 }
 
-void AcDbGroup::enter(AcDbObjectId admitted, std::int64_t place) {
+void AcDbGroup::addPending(AcDbObjectId admitted, std::int64_t position) {
     assertWriteEnabled();
     const std::uint64_t handle = admitted.handle().value();
-    members().emplace(handle, place);
-    arrived_.emplace(place, handle);
-    letRecordsLag();
+    members().emplace(handle, position);
+    pendingMembers_.emplace(position, handle);
+    deferMemberChange();
 }
 
-void AcDbGroup::enterFirst(AcDbObjectId admitted) {
-    enter(admitted, std::min(arrived_.empty() ? kInRecords : arrived_.begin()->first, kInRecords) - 1);
+void AcDbGroup::addFirst(AcDbObjectId admitted) {
+    addPending(admitted,
+               std::min(pendingMembers_.empty() ? kInRecords : pendingMembers_.begin()->first, kInRecords) -
+                   1);
 }
 
-void AcDbGroup::enterLast(AcDbObjectId admitted) {
-    enter(admitted, std::max(arrived_.empty() ? kInRecords : arrived_.rbegin()->first, kInRecords) + 1);
+void AcDbGroup::addLast(AcDbObjectId admitted) {
+    addPending(admitted,
+               std::max(pendingMembers_.empty() ? kInRecords : pendingMembers_.rbegin()->first, kInRecords) +
+                   1);
 }
 
 Acad::ErrorStatus AcDbGroup::append(AcDbObjectId id) {
     const Acad::ErrorStatus status = admit(id);
     if (status == Acad::eOk)
-        enterLast(id);
+        addLast(id);
     return status;
 }
 
 Acad::ErrorStatus AcDbGroup::prepend(AcDbObjectId id) {
     const Acad::ErrorStatus status = admit(id);
     if (status == Acad::eOk)
-        enterFirst(id);
+        addFirst(id);
     return status;
 }
 
@@ -216,7 +220,7 @@ Acad::ErrorStatus AcDbGroup::append(const AcDbObjectIdArray& ids) {
     std::vector<AcDbObjectId> admitted;
     const Acad::ErrorStatus status = admitAll(ids, admitted);
     for (const AcDbObjectId id : admitted)
-        enterLast(id);
+        addLast(id);
     return status;
 }
 
@@ -224,7 +228,7 @@ Acad::ErrorStatus AcDbGroup::prepend(const AcDbObjectIdArray& ids) {
     std::vector<AcDbObjectId> admitted;
     const Acad::ErrorStatus status = admitAll(ids, admitted);
     for (; !admitted.empty(); admitted.pop_back())
-        enterFirst(admitted.back());
+        addFirst(admitted.back());
     return status;
 }
 
@@ -256,11 +260,11 @@ Acad::ErrorStatus AcDbGroup::remove(AcDbObjectId id) {
         return status;
     const auto member = members().extract(id.handle().value());
     if (member.mapped() != kInRecords)
-        arrived_.erase(member.mapped());
+        pendingMembers_.erase(member.mapped());
     else
-        departed_.insert(member.key());
-    letRecordsLag();
-    leave(id);
+        removedMembers_.insert(member.key());
+    deferMemberChange();
+    detach(id);
     return Acad::eOk;
 }
 
@@ -272,34 +276,33 @@ Acad::ErrorStatus AcDbGroup::clear() {
         return status;
     eraseEntries(changingTags(), [](const zuhost::Tag&) { return true; });
     for (const AcDbObjectId id : ids)
-        leave(id);
+        detach(id);
     return Acad::eOk;
 }
 
-// Changing the records with each member would move all behind it, again and again.
-void AcDbGroup::letRecordsLag() {
-    letTagsLag();
+void AcDbGroup::deferMemberChange() {
+    deferChange();
     membersVersion_ = tagVersion();
 }
 
-void AcDbGroup::bringUpToDate(zuhost::TagList& tags) const {
+void AcDbGroup::applyDeferred(zuhost::TagList& tags) const {
     eraseEntries(tags, [this](const zuhost::Tag& entry) {
         const auto handle = zuhost::parseHandle(entry.value);
-        return handle && departed_.contains(*handle);
+        return handle && removedMembers_.contains(*handle);
     });
     std::vector<zuhost::Tag> before;
-    std::vector<zuhost::Tag> behind;
-    for (const auto& [place, handle] : arrived_) {
-        (place < kInRecords ? before : behind).push_back(entryOf(handle));
+    std::vector<zuhost::Tag> after;
+    for (const auto& [position, handle] : pendingMembers_) {
+        (position < kInRecords ? before : after).push_back(entryOf(handle));
         members_[handle] = kInRecords;
     }
-    tags.insert(tags.subclass(kMarker).last, behind);
+    tags.insert(tags.subclass(kMarker).last, after);
     tags.insert(tags.find(kMember, tags.subclass(kMarker)), before);
-    departed_.clear();
-    arrived_.clear();
+    removedMembers_.clear();
+    pendingMembers_.clear();
 }
 
-void AcDbGroup::leave(AcDbObjectId id) const {
+void AcDbGroup::detach(AcDbObjectId id) const {
     const AcDbObjectPointer<AcDbObject> member(id, AcDb::kForWrite, true);
     if (member.openStatus() == Acad::eOk)
         member->removePersistentReactor(objectId());

@@ -17,7 +17,7 @@ ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDatabaseReactor, AcRxObject)
 AcDbObject::AcDbObject() : tags_(std::make_unique<TagList>()) {}
 
 AcDbObject::~AcDbObject() {
-    tellReactors([this](AcDbObjectReactor& r) { r.goodbye(this); });
+    notifyReactors([this](AcDbObjectReactor& r) { r.goodbye(this); });
 }
 
 AcDbObjectId AcDbObject::ownerId() const {
@@ -51,22 +51,22 @@ std::string AcDbObject::encoded(std::wstring_view text) const {
 }
 
 template <typename Find>
-std::size_t AcDbObject::placeOf(KnownPlace& known, Find find) const {
+std::size_t AcDbObject::cachedIndex(CachedIndex& cache, Find find) const {
     const TagList& records = tags();
     if (isWriteEnabled())
         return find(records);
-    if (!known.isKnown || known.version != tagVersion_)
-        known = {tagVersion_, true, find(records)};
-    return known.place;
+    if (!cache.isValid || cache.version != tagVersion_)
+        cache = {tagVersion_, true, find(records)};
+    return cache.index;
 }
 
 std::size_t AcDbObject::firstMarker() const {
-    return placeOf(firstMarker_, [](const TagList& records) { return records.firstMarker(); });
+    return cachedIndex(firstMarker_, [](const TagList& records) { return records.firstMarker(); });
 }
 
 std::size_t AcDbObject::extendedDataStart() const {
-    return placeOf(extendedDataStart_,
-                   [this](const TagList& records) { return records.extendedDataStart(firstMarker()); });
+    return cachedIndex(extendedDataStart_,
+                       [this](const TagList& records) { return records.extendedDataStart(firstMarker()); });
 }
 
 TagRange AcDbObject::section(std::string_view marker) const {
@@ -137,13 +137,13 @@ Acad::ErrorStatus AcDbObject::assertWriteEnabled() {
     if (!writing_)
         return Acad::eNotOpenForWrite;
     zuhost::UndoLog& undo = core()->undo;
-    if (notedStep_ != undo.step()) {
-        notedStep_ = undo.step();
+    if (recordedStep_ != undo.step()) {
+        recordedStep_ = undo.step();
         undo.record(*stub_, tags(), zuhost::UndoLog::Kind::changed);
     }
     if (!modified_) {
         modified_ = true;
-        tellReactors([this](AcDbObjectReactor& r) { r.openedForModify(this); });
+        notifyReactors([this](AcDbObjectReactor& r) { r.openedForModify(this); });
         core()->openedForModify(*this);
     }
     stub_->changed = true;
@@ -152,21 +152,21 @@ Acad::ErrorStatus AcDbObject::assertWriteEnabled() {
 
 TagList& AcDbObject::changingTags() {
     ++tagVersion_;
-    if (tagsLag_)
-        catchUp();
+    if (hasDeferredChanges_)
+        flushChanges();
     return *tags_;
 }
 
-void AcDbObject::letTagsLag() {
+void AcDbObject::deferChange() {
     ++tagVersion_;
-    tagsLag_ = true;
+    hasDeferredChanges_ = true;
 }
 
-void AcDbObject::catchUp() const {
-    tagsLag_ = false;
+void AcDbObject::flushChanges() const {
+    hasDeferredChanges_ = false;
     if (reactorIndex_)
         reactorIndex_->apply(*tags_);
-    bringUpToDate(*tags_);
+    applyDeferred(*tags_);
 }
 
 Acad::ErrorStatus AcDbObject::erase(bool erasing) {

@@ -84,9 +84,9 @@ void AcDbObject::notifyClosed() {
     else if (wasModified)
         database.modified(*this);
     if (wasModified)
-        tellReactors([this](AcDbObjectReactor& r) { r.modified(this); });
+        notifyReactors([this](AcDbObjectReactor& r) { r.modified(this); });
     if (wasToggled) {
-        tellReactors([&](AcDbObjectReactor& r) { r.erased(this, nowErased); });
+        notifyReactors([&](AcDbObjectReactor& r) { r.erased(this, nowErased); });
         database.erased(*this, nowErased);
     }
 }

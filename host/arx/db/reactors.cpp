@@ -15,21 +15,22 @@ namespace {
 /// Objects with more entries keep an index of them.
 constexpr std::size_t kFewEntries = 32;
 
-/// Entries that name objects point to the second byte of the stub: no object of its own has an odd address.
+/// Entries for objects of the drawing point to the second byte of the stub: transient reactors have even
+/// addresses.
 void* persistentEntry(AcDbStub* stub) {
     return reinterpret_cast<char*>(stub) + 1;
 }
 
-template <typename Goes>
-std::vector<std::size_t> placesOf(const TagList& tags, Goes goes) {
+template <typename Predicate>
+std::vector<std::size_t> placesOf(const TagList& tags, Predicate isWanted) {
     std::vector<std::size_t> places;
     for (const zuhost::ReactorEntry& entry : zuhost::reactorEntries(tags))
-        if (goes(entry.handle))
+        if (isWanted(entry.handle))
             places.push_back(entry.place);
     return places;
 }
 
-/// Places of entries that name no object of the drawing, or one for a second time.
+/// Places of entries that refer to no object of the drawing, or repeat an earlier entry.
 std::vector<std::size_t> surplusEntries(const TagList& tags, const zuhost::Document& document) {
     std::unordered_set<const AcDbStub*> seen;
     return placesOf(tags, [&](std::uint64_t handle) {
@@ -116,7 +117,7 @@ Acad::ErrorStatus AcDbObject::changeReactors(Change change) {
         return status;
     if (zuhost::ReactorIndex* const index = reactorIndex()) {
         change(*index);
-        letTagsLag();
+        deferChange();
         index->version = tagVersion_;
         return Acad::eOk;
     }

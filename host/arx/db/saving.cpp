@@ -16,7 +16,7 @@ bool names(const Tag& tag, const Handles& erased) {
     return handle && erased.contains(*handle);
 }
 
-void withoutReactors(TagList& tags, const Handles& erased) {
+void removeReactors(TagList& tags, const Handles& erased) {
     std::vector<std::size_t> places;
     for (const ReactorEntry& entry : reactorEntries(tags))
         if (erased.contains(entry.handle))
@@ -24,7 +24,7 @@ void withoutReactors(TagList& tags, const Handles& erased) {
     eraseReactorEntries(tags, places);
 }
 
-void withoutMembers(TagList& tags, const Handles& erased) {
+void removeMembers(TagList& tags, const Handles& erased) {
     tags.eraseIf(tags.subclass("AcDbGroup"),
                  [&](const Tag& tag) { return tag.code == 340 && names(tag, erased); });
 }
@@ -33,18 +33,18 @@ bool isDictionary(const std::string& type) {
     return type == "DICTIONARY" || type == "ACDBDICTIONARYWDFLT";
 }
 
-/// What belongs to the entity before it.
+/// Returns whether objects of the type belong to the entity before them.
 bool isPart(const std::string& type) {
     return type == "VERTEX" || type == "ATTRIB" || type == "SEQEND";
 }
 
-/// Entries of a dictionary: a name (3) and the handle that follows it.
+/// Returns whether the record is the handle of a dictionary's entry, which follows its name (3).
 bool isEntry(const TagList& tags, std::size_t place) {
     return (tags[place].code == 350 || tags[place].code == 360) && tags[place - 1].code == 3;
 }
 
-/// Of the extension dictionary and the entries of a dictionary. What damaged drawings only claim to be owned
-/// is not among them.
+/// Returns the handles of the extension dictionary and of a dictionary's entries. Objects that merely name
+/// this one as their owner, as in damaged drawings, are not among them.
 Handles ownedHandles(const TagList& tags) {
     Handles owned;
     const auto add = [&](const Tag& tag) { owned.insert(parseHandle(tag.value).value_or(0)); };
@@ -58,7 +58,7 @@ Handles ownedHandles(const TagList& tags) {
     return owned;
 }
 
-void withoutEntries(TagList& tags, const Handles& erased) {
+void removeEntries(TagList& tags, const Handles& erased) {
     for (std::size_t i = tags.size(); i-- > 1;)
         if (isEntry(tags, i) && names(tags[i], erased))
             tags.erase({i - 1, i + 1});
@@ -75,31 +75,32 @@ void DatabaseCore::addFiltered(AcDbStub* stub) {
         filtered_.emplace(stub, currentTags(*stub));
 }
 
-/// Erased objects and what goes with them: vertices and attributes with their entity, entities with their
-/// block, and the objects that an object owns.
-std::vector<AcDbStub*> DatabaseCore::collectGone() const {
-    std::vector<AcDbStub*> gone;
+/// Collects the erased objects and those erased with them: vertices and attributes with their entity,
+/// entities with their block, and the objects that an object owns.
+std::vector<AcDbStub*> DatabaseCore::collectErased() const {
+    std::vector<AcDbStub*> collected;
     std::unordered_set<const AcDbStub*> known;
     std::vector<const AcDbStub*> owners;
     const auto add = [&](AcDbStub* stub) {
         if (!known.insert(stub).second)
             return;
-        gone.push_back(stub);
+        collected.push_back(stub);
         owners.push_back(stub);
     };
     for (const auto& object : objects_)
         if (object->isErased())
             add(object->objectId());
-    if (gone.empty())
-        return gone;
+    if (collected.empty())
+        return collected;
     std::unordered_multimap<const AcDbStub*, AcDbStub*> belongings;
     for (const Container& container : document->containers()) {
         const AcDbStub* const block = container.kind == Container::Kind::block ? container.head : nullptr;
-        const bool blockIsGone = block != nullptr && (known.contains(block) || known.contains(block->owner));
+        const bool blockIsErased =
+            block != nullptr && (known.contains(block) || known.contains(block->owner));
         for (AcDbStub* const member : container.members) {
             if (container.kind == Container::Kind::objects)
                 belongings.emplace(member->owner, member);
-            else if (blockIsGone || (known.contains(member->owner) && isPart(document->typeName(*member))))
+            else if (blockIsErased || (known.contains(member->owner) && isPart(document->typeName(*member))))
                 add(member);
         }
     }
@@ -112,20 +113,20 @@ std::vector<AcDbStub*> DatabaseCore::collectGone() const {
             if (owned.contains(belonging->second->handle))
                 add(belonging->second);
     }
-    return gone;
+    return collected;
 }
 
-/// Who may refer to an erased object: its owner, its reactors, and what it is a reactor of.
+/// Objects that may refer to an erased one: its owner, its reactors, and those that it is a reactor of.
 void DatabaseCore::collectReferencesToErased() {
     filtered_.clear();
-    const std::vector<AcDbStub*> gone = collectGone();
+    const std::vector<AcDbStub*> objects = collectErased();
     Handles erased;
-    for (const AcDbStub* const stub : gone) {
+    for (const AcDbStub* const stub : objects) {
         erased.insert(stub->handle);
         if (!stub->erased)
             filtered_.emplace(stub, TagList());
     }
-    for (const AcDbStub* const stub : gone) {
+    for (const AcDbStub* const stub : objects) {
         addFiltered(stub->owner);
         const TagList tags = currentTags(*stub);
         for (const Tag& tag : tags)
@@ -134,12 +135,12 @@ void DatabaseCore::collectReferencesToErased() {
                     addFiltered(document->find(*handle));
     }
     for (auto& [stub, tags] : filtered_) {
-        withoutReactors(tags, erased);
+        removeReactors(tags, erased);
         const std::string& type = document->typeName(*stub);
         if (type == "GROUP")
-            withoutMembers(tags, erased);
+            removeMembers(tags, erased);
         else if (isDictionary(type))
-            withoutEntries(tags, erased);
+            removeEntries(tags, erased);
     }
 }
 

@@ -20,7 +20,7 @@ constexpr std::size_t kSizeLimit = 16383;
 constexpr short kChunkLimit = 127;
 constexpr std::string_view kAxes = "xyz";
 
-/// Bytes that a value takes of an object's room for extended data.
+/// Returns the bytes that a value counts for in the size limit of an object's extended data.
 std::size_t storedSize(const Tag& tag) {
     using zuhost::dxf::ValueType;
     switch (zuhost::dxf::valueType(tag.code)) {
@@ -74,7 +74,7 @@ void setChunk(resbuf& item, std::string_view digits) {
             static_cast<char>(digitValue(digits[2 * i]) * 16 + digitValue(digits[2 * i + 1]));
 }
 
-/// Whether values of the code stand in extended data, each by itself; points count by their first record.
+/// Returns whether the code begins a value of extended data; a point begins with its first record.
 bool isValueCode(int code) {
     return (code >= 1000 && code <= 1005) || (code >= 1010 && code <= 1013) ||
            (code >= 1040 && code <= 1042) || code == 1070 || code == 1071;
@@ -94,7 +94,8 @@ class ChainWriter {
 public:
     explicit ChainWriter(const zuhost::Document& document) : document_(document) {}
 
-    /// Points are one item in a chain and three records in a drawing.
+    /// Appends the value at the index and returns the index of the next one. A point is one item in a chain
+    /// and three records in a drawing.
     std::size_t add(const TagList& tags, std::size_t at) {
         const Tag& tag = tags[at];
         resbuf* const item = append(tag.code);
@@ -157,8 +158,9 @@ void addValue(TagList& tags, const resbuf& item, const zuhost::Document& documen
     }
 }
 
-/// A text that says the same as the one in its place keeps the way that one is spelled ("\\U+33a5").
-void keepSpelling(const TagList& tags, TagRange old, TagList& replacement, const zuhost::Document& document) {
+/// Texts equal to those they replace keep their stored form, as with escapes ("\\U+33a5").
+void keepStoredForm(const TagList& tags, TagRange old, TagList& replacement,
+                    const zuhost::Document& document) {
     for (std::size_t i = 0; i < replacement.size() && old.first + i < old.last; ++i) {
         const Tag& before = tags[old.first + i];
         Tag& now = replacement[i];
@@ -169,7 +171,7 @@ void keepSpelling(const TagList& tags, TagRange old, TagList& replacement, const
     }
 }
 
-/// The name as it is registered, in the drawing's encoding: its case doesn't count.
+/// Returns the registered name that equals the application's ignoring case, in the drawing's encoding.
 std::optional<std::string> registeredName(zuhost::DatabaseCore& core, const ACHAR* application) {
     AcDbStub* const table = core.tableHead("APPID");
     AcDbStub* const record =
@@ -180,7 +182,8 @@ std::optional<std::string> registeredName(zuhost::DatabaseCore& core, const ACHA
     return std::string(tags.text(2, {0, tags.extendedDataStart()}).value_or(""));
 }
 
-/// The values of each application named in the chain, behind its name; the last ones of an application count.
+/// Reads the values of each application of the chain, after its name. If an application occurs repeatedly,
+/// the last occurrence counts.
 Acad::ErrorStatus readChain(const resbuf* chain, zuhost::DatabaseCore& core, std::vector<TagList>& lists) {
     if (chain == nullptr || chain->restype != kApplication)
         return Acad::eInvalidInput;
@@ -200,7 +203,7 @@ Acad::ErrorStatus readChain(const resbuf* chain, zuhost::DatabaseCore& core, std
     return Acad::eOk;
 }
 
-/// Room that the extended data takes when the lists have replaced those of their applications.
+/// Returns the size of the extended data once the lists have replaced those of their applications.
 std::size_t sizeWith(const TagList& tags, const std::vector<TagList>& replacements) {
     std::size_t size = storedSize(tags, {tags.extendedDataStart(), tags.size()});
     for (const TagList& list : replacements) {
@@ -220,7 +223,7 @@ void replace(TagList& tags, TagList replacement, const zuhost::Document& documen
         return;
     }
     const TagRange old = tags.extendedData(name);
-    keepSpelling(tags, old, replacement, document);
+    keepStoredForm(tags, old, replacement, document);
     const std::size_t place = old.empty() ? tags.size() : old.first;
     tags.erase(old);
     tags.insert(place, std::move(replacement));
@@ -241,7 +244,7 @@ resbuf* AcDbObject::xData(const ACHAR* application) const {
             range = tags().extendedData(*name, start);
     }
     ChainWriter chain(*core()->document);
-    // Other group codes are damage: a chain could not hold their values.
+    // Skips other group codes, which only damaged drawings have: a chain can't hold their values.
     for (std::size_t at = range.first; at < range.last;)
         at = isValueCode(tags()[at].code) ? chain.add(tags(), at) : at + 1;
     return chain.first();

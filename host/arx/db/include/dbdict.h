@@ -63,7 +63,7 @@ public:
     [[nodiscard]] std::vector<std::wstring> danglingNames() const;
 
 private:
-    void bringUpToDate(zuhost::TagList& tags) const override;
+    void applyDeferred(zuhost::TagList& tags) const override;
 
     /// The places of entries by key, in order: the first in one map, any further ones as a chain in the
     /// other, because few keys have more than one.
@@ -105,7 +105,8 @@ private:
         Places<std::uint64_t> byHandle;
         std::multiset<int> anonymous; ///< Numbers of anonymous names.
     };
-    /// Built on first use; changes by the dictionary update it, others rebuild it.
+    /// Returns the index of the entries. Built on first use; the dictionary's own changes update it, others
+    /// rebuild it.
     Index& index() const;
     [[nodiscard]] AcDbObjectId entryAt(std::size_t place) const;
     [[nodiscard]] std::wstring anonymousName() const;

@@ -71,11 +71,12 @@ public:
 
 private:
     friend class AcDbGroupIterator;
-    /// Places of members by handle: 0 for those in the records, negative for new ones before them, positive
-    /// for new ones after them.
+    /// Maps handles of members to positions: 0 for members in the records, negative for pending ones before
+    /// them, positive for pending ones after them.
     using Members = std::unordered_map<std::uint64_t, std::int64_t>;
-    void bringUpToDate(zuhost::TagList& tags) const override;
-    /// Built on first use; changes by the group update it, others rebuild it.
+    void applyDeferred(zuhost::TagList& tags) const override;
+    /// Returns the index of the members. Built on first use; the group's own changes update it, others
+    /// rebuild it.
     Members& members() const;
     /// Returns the member that the record refers to; null for other records, for members already in `seen`
     /// and for objects that are not in the drawing.
@@ -84,16 +85,19 @@ private:
     Acad::ErrorStatus admit(AcDbObjectId id);
     /// Admits those of the list that are not members yet.
     Acad::ErrorStatus admitAll(const AcDbObjectIdArray& ids, std::vector<AcDbObjectId>& admitted);
-    void leave(AcDbObjectId id) const;
-    void enterFirst(AcDbObjectId admitted);
-    void enterLast(AcDbObjectId admitted);
-    void enter(AcDbObjectId admitted, std::int64_t place);
+    /// Removes the group from the reactors of a former member.
+    void detach(AcDbObjectId id) const;
+    void addFirst(AcDbObjectId admitted);
+    void addLast(AcDbObjectId admitted);
+    void addPending(AcDbObjectId admitted, std::int64_t position);
     Acad::ErrorStatus insert(AcDbObjectId id, std::size_t place);
-    void letRecordsLag();
+    /// Defers a change of the records, which would move all later ones with each member.
+    void deferMemberChange();
 
     mutable Members members_;
-    /// Handles by place that are not in the records yet.
-    mutable std::map<std::int64_t, std::uint64_t> arrived_;
-    mutable std::unordered_set<std::uint64_t> departed_; ///< Removed handles that are still in the records.
+    /// Handles by position that are not in the records yet.
+    mutable std::map<std::int64_t, std::uint64_t> pendingMembers_;
+    mutable std::unordered_set<std::uint64_t>
+        removedMembers_; ///< Removed handles that are still in the records.
     mutable std::uint32_t membersVersion_ = ~std::uint32_t{0};
 };

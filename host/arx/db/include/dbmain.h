@@ -59,12 +59,12 @@ public:
     /// An addition that was undone, and one that was redone.
     virtual void objectUnAppended(const AcDbDatabase* /*database*/, const AcDbObject* /*object*/) {}
     virtual void objectReAppended(const AcDbDatabase* /*database*/, const AcDbObject* /*object*/) {}
-    /// Before the first change of an opening.
+    /// Called before the first change while an object is open.
     virtual void objectOpenedForModify(const AcDbDatabase* /*database*/, const AcDbObject* /*object*/) {}
     virtual void objectModified(const AcDbDatabase* /*database*/, const AcDbObject* /*object*/) {}
     virtual void objectErased(const AcDbDatabase* /*database*/, const AcDbObject* /*object*/,
                               bool /*erased*/ = true) {}
-    /// The database is about to go; the reactor is taken off its list.
+    /// The database is about to be destroyed; it no longer refers to the reactor afterwards.
     virtual void goodbye(const AcDbDatabase* /*database*/) {}
 };
 
@@ -72,7 +72,7 @@ public:
 ///
 /// Objects of a database are opened with acdbOpenObject and closed again; members that change the object need
 /// it to be open for write and otherwise return eNotOpenForWrite and change nothing. An object that is in no
-/// database yet belongs to its maker and may always be changed.
+/// database yet is owned by the code that created it and may always be changed.
 class AcDbObject : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbObject);
@@ -102,53 +102,53 @@ public:
     void addReactor(AcDbObjectReactor* reactor) const;
     void removeReactor(AcDbObjectReactor* reactor) const;
     Acad::ErrorStatus addPersistentReactor(AcDbObjectId reactor);
-    /// Adds those that are missing, in their order and in one pass.
+    /// Adds the missing ones in the given order, in one pass.
     Acad::ErrorStatus addPersistentReactors(const std::vector<AcDbObjectId>& reactors);
     Acad::ErrorStatus removePersistentReactor(AcDbObjectId reactor);
-    /// Takes all entries of several away in one pass.
+    /// Removes all entries of several reactors in one pass.
     Acad::ErrorStatus removePersistentReactors(const std::unordered_set<AcDbObjectId>& reactors);
     [[nodiscard]] bool hasPersistentReactor(AcDbObjectId reactor) const;
-    /// Persistent reactors in stored order, then transient ones; each entry is to be asked with
-    /// acdbIsPersistentReactor. Null for an object that is in no database. Valid until the object changes.
+    /// Returns the persistent reactors in stored order, then the transient ones; acdbIsPersistentReactor
+    /// tells them apart. Null for an object that is in no database. Valid until the object changes.
     [[nodiscard]] const AcDbVoidPtrArray* reactors() const;
-    /// Entries among the persistent reactors, as damaged drawings have them, of objects that are not in the
-    /// drawing, and repeated ones.
+    /// Returns the entries of persistent reactors that are not in the drawing, and repeated entries. Only
+    /// damaged drawings have any.
     [[nodiscard]] std::vector<AcDbHandle> surplusReactors() const;
     Acad::ErrorStatus removeSurplusReactors();
 
     // ---- extended data
-    /// The values of one application, or of all (null): a chain that the caller frees with acutRelRb; null
-    /// for none.
+    /// Returns the values of one application, or of all (null), as a chain that the caller frees with
+    /// acutRelRb; null when there are none.
     [[nodiscard]] resbuf* xData(const ACHAR* application = nullptr) const;
     /// Replaces the values of each application named in the chain (1001 items); an application without values
-    /// loses its data. eRegappIdNotFound for one that the drawing doesn't know, eXdataSizeExceeded when the
-    /// object's data would pass 16 KB; the object is then unchanged.
+    /// loses its data. eRegappIdNotFound for one that is not registered, eXdataSizeExceeded when the object's
+    /// data would exceed 16 KB; the object is then unchanged.
     Acad::ErrorStatus setXData(const resbuf* chain);
 
     [[nodiscard]] AcDbObjectId extensionDictionary() const;
 
     // ---- records, for classes of the database and tools
     [[nodiscard]] const zuhost::TagList& tags() const {
-        if (tagsLag_)
-            catchUp();
+        if (hasDeferredChanges_)
+            flushChanges();
         return *tags_;
     }
-    /// Counts the changes of the records, so that what was derived from them can be kept until they change.
+    /// Returns a number that grows with each change of the records; caches compare it.
     [[nodiscard]] std::uint32_t tagVersion() const { return tagVersion_; }
 
 protected:
     AcDbObject();
 
-    /// eOk when the object may be changed now; its state before the first change is kept for undo.
+    /// Returns eOk when the object may be changed now, and records its state for undo before the first
+    /// change.
     Acad::ErrorStatus assertWriteEnabled();
-    /// The records for changing, after assertWriteEnabled.
+    /// Returns the records to be changed. Call assertWriteEnabled first.
     zuhost::TagList& changingTags();
-    /// After a change that the records don't show yet: `bringUpToDate` enters it when they are next looked
-    /// at.
-    void letTagsLag();
-    virtual void bringUpToDate(zuhost::TagList& /*tags*/) const {}
-    /// The records without such changes.
-    [[nodiscard]] const zuhost::TagList& laggingTags() const { return *tags_; }
+    /// Defers a change: `applyDeferred` applies it to the records when they are next read.
+    void deferChange();
+    virtual void applyDeferred(zuhost::TagList& /*tags*/) const {}
+    /// Returns the records without the deferred changes.
+    [[nodiscard]] const zuhost::TagList& storedTags() const { return *tags_; }
 
     [[nodiscard]] zuhost::DatabaseCore* core() const;
     [[nodiscard]] std::wstring decoded(std::string_view value) const;
@@ -157,7 +157,7 @@ protected:
     /// Returns where extended data begins in the records.
     [[nodiscard]] std::size_t extendedDataStart() const;
 
-    /// Typed records of the class's own section; missing ones give the default.
+    /// Return typed records of the class's own section, or the default when there is none.
     [[nodiscard]] double realTag(std::string_view marker, int code, double missing) const;
     [[nodiscard]] std::int64_t integerTag(std::string_view marker, int code, std::int64_t missing) const;
     [[nodiscard]] std::wstring textTag(std::string_view marker, int code) const;
@@ -168,7 +168,7 @@ protected:
     Acad::ErrorStatus setTextTag(std::string_view marker, int code, std::wstring_view text);
     Acad::ErrorStatus setPointTag(std::string_view marker, int code, const AcGePoint3d& point);
 
-    /// Records of a new object: its type and the markers of its classes, in order.
+    /// Creates the records of a new object: its type and the markers of its classes, in order.
     void startRecords(std::string_view type, std::initializer_list<std::string_view> markers);
 
     /// Called after the object itself was erased or unerased.
@@ -179,29 +179,29 @@ private:
     friend class AcDbDatabase;
 
     void notifyClosed();
-    /// Calls `tell` with each transient reactor that is there at the start and not taken off meanwhile.
-    template <typename Tell>
-    void tellReactors(Tell tell) const {
-        const auto told = transientReactors_;
-        for (AcDbObjectReactor* reactor : told)
+    /// Calls `notify` with each transient reactor, except those that are added or removed meanwhile.
+    template <typename Notify>
+    void notifyReactors(Notify notify) const {
+        const auto reactors = transientReactors_;
+        for (AcDbObjectReactor* reactor : reactors)
             if (std::find(transientReactors_.begin(), transientReactors_.end(), reactor) !=
                 transientReactors_.end())
-                tell(*reactor);
+                notify(*reactor);
     }
-    void catchUp() const;
-    /// A position in the records, with the version of these that it holds for.
-    struct KnownPlace {
+    void flushChanges() const;
+    /// An index into the records of one version.
+    struct CachedIndex {
         std::uint32_t version = 0;
-        bool isKnown = false;
-        std::size_t place = 0;
+        bool isValid = false;
+        std::size_t index = 0;
     };
-    /// Returns the position that `find` determines. Keeps it until the records change: objects in many groups
-    /// have long lists of reactors before all else. Searches anew while the object is open for write, since
-    /// the records can then change within one version.
+    /// Returns the index that `find` determines. Caches it until the records change: objects in many groups
+    /// have long lists of reactors before all other records. Searches again while the object is open for
+    /// write, since the records can then change within one version.
     template <typename Find>
-    std::size_t placeOf(KnownPlace& known, Find find) const;
+    std::size_t cachedIndex(CachedIndex& cache, Find find) const;
     [[nodiscard]] std::size_t firstMarker() const;
-    /// The index of the persistent reactors; null for an object that has few.
+    /// Returns the index of the persistent reactors; null for an object that has few.
     zuhost::ReactorIndex* reactorIndex() const;
     template <typename Change>
     Acad::ErrorStatus changeReactors(Change change);
@@ -211,19 +211,19 @@ private:
     mutable std::vector<AcDbObjectReactor*> transientReactors_;
     mutable AcDbVoidPtrArray reactorList_;
     mutable std::unique_ptr<zuhost::ReactorIndex> reactorIndex_;
-    mutable KnownPlace firstMarker_;
-    mutable KnownPlace extendedDataStart_;
+    mutable CachedIndex firstMarker_;
+    mutable CachedIndex extendedDataStart_;
     std::uint32_t tagVersion_ = 0;
-    std::uint32_t notedStep_ = 0; ///< The undo step that holds the object's state before it.
+    std::uint32_t recordedStep_ = 0; ///< The undo step in which the object's state was recorded last.
     std::uint16_t readers_ = 0;
-    mutable bool tagsLag_ = false;
+    mutable bool hasDeferredChanges_ = false;
     bool writing_ = false;
-    bool modified_ = false;     ///< Changed in the present opening.
-    bool appended_ = false;     ///< Put into the database in the present opening.
-    bool eraseToggled_ = false; ///< Erased or brought back in the present opening.
+    bool modified_ = false;     ///< Changed since the object was opened.
+    bool appended_ = false;     ///< Added to the database since the object was opened.
+    bool eraseToggled_ = false; ///< Erased or unerased since the object was opened.
 };
 
-/// Something that is drawn.
+/// An object that is drawn.
 class AcDbEntity : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbEntity);
@@ -231,7 +231,7 @@ public:
     [[nodiscard]] AcDbObjectId blockId() const { return ownerId(); }
     /// Name of the layer, "0" when none is given; the caller frees it with acutDelString.
     [[nodiscard]] ACHAR* layer() const;
-    /// The same by value.
+    /// Returns the layer's name by value.
     [[nodiscard]] std::wstring layerName() const;
     [[nodiscard]] AcDbObjectId layerId() const;
     /// eKeyNotFound when the drawing has no such layer.
@@ -249,10 +249,10 @@ public:
 protected:
     AcDbEntity() = default;
     friend class AcDbBlockTableRecord;
-    /// A drawing's entity names its layer.
+    /// Adds the layer "0" when the records name none.
     void ensureLayer();
 
-    /// Direction of extrusion of plane entities.
+    /// Returns the extrusion direction of a plane entity.
     [[nodiscard]] AcGeVector3d normalTag(std::string_view marker) const;
 };
 
@@ -277,11 +277,11 @@ Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mod
     return Acad::eNotThatKindOfClass;
 }
 
-/// Whether an entry of AcDbObject::reactors names an object of the drawing, and which.
+/// Returns whether an entry of AcDbObject::reactors refers to an object of the drawing, and to which.
 bool acdbIsPersistentReactor(const void* reactor);
 AcDbObjectId acdbPersistentReactorObjectId(const void* reactor);
 
-/// Makes an application known to the working database, so that extended data may name it.
+/// Registers an application in the working database, so that extended data may name it.
 int acdbRegApp(const ACHAR* application);
 Acad::ErrorStatus acdbRegApp(AcDbDatabase* database, const ACHAR* application);
 
@@ -290,17 +290,18 @@ class AcDbDatabase : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDatabase);
 
-    /// An empty drawing; with `buildDefaultDrawing` false one that is to be filled by dxfIn.
+    /// Creates an empty drawing; with `buildDefaultDrawing` false a database without one, to be filled by
+    /// dxfIn.
     explicit AcDbDatabase(bool buildDefaultDrawing = true, bool noDocument = true);
     ~AcDbDatabase() override;
     AcDbDatabase(const AcDbDatabase&) = delete;
     AcDbDatabase& operator=(const AcDbDatabase&) = delete;
 
     /// Fills the database from a DXF file, ASCII or binary. eFileNotFound, eFileAccessErr or eBadDxfFile,
-    /// with file, line and problem in lastErrorText; the database is then as it was. `strict` makes the first
+    /// with file, line and problem in lastErrorText; the database is then unchanged. `strict` makes the first
     /// warning an error.
     Acad::ErrorStatus dxfIn(const ACHAR* path, bool strict = false);
-    /// The same from bytes in memory; `name` is for messages.
+    /// Fills the database from bytes in memory; `name` is for messages.
     Acad::ErrorStatus dxfInBytes(std::string bytes, const ACHAR* name);
     /// Saves as DXF in the form it was read in (or the given one), replacing the file as a whole.
     /// On failure the old file is untouched and lastErrorText has the reason: eFileAccessErr when the file is
@@ -308,7 +309,7 @@ public:
     /// it since, see zuhost/drawing_files.h; eFilerError for all others.
     Acad::ErrorStatus dxfOut(const ACHAR* path);
     Acad::ErrorStatus dxfOut(const ACHAR* path, bool binary);
-    /// What dxfOut would write.
+    /// Returns the bytes that dxfOut would write.
     [[nodiscard]] std::string dxfOutBytes(bool binary);
     [[nodiscard]] bool isBinary() const;
     /// "FILE:LINE: PROBLEM" of the last failure.
@@ -347,32 +348,32 @@ public:
     }
     Acad::ErrorStatus getNamedObjectsDictionary(AcDbDictionary*& dictionary,
                                                 AcDb::OpenMode mode = AcDb::kForRead);
-    /// Made when the drawing lacks it (with kForWrite only).
+    /// Created when the drawing has none (with kForWrite only).
     Acad::ErrorStatus getGroupDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
 
-    /// Puts a new object that no table, block or dictionary owns into the drawing; eNoDatabase before there
-    /// is one.
+    /// Adds a new object that no table, block or dictionary owns; eNoDatabase when the database has no
+    /// drawing.
     Acad::ErrorStatus addAcDbObject(AcDbObjectId& id, AcDbObject* object);
 
     void addReactor(AcDbDatabaseReactor* reactor);
     void removeReactor(AcDbDatabaseReactor* reactor);
 
     // ---- undo
-    /// Begins a step: what changes from here to the next one is undone at once. Within a group that the user
-    /// opened (UNDO BEGIN) it begins none.
+    /// Begins an undo step: changes up to the next step are undone together. Does nothing within a group that
+    /// the user opened (UNDO BEGIN).
     void startUndoRecord();
     void disableUndoRecording(bool disable);
     [[nodiscard]] bool undoRecording() const;
-    /// Takes the last step back, or does it again; eUndoOperationNotAvailable when there is none.
+    /// Undoes or redoes a step; eUndoOperationNotAvailable when there is none.
     Acad::ErrorStatus undo();
     Acad::ErrorStatus redo();
 
-    /// Inner state, for the host's own classes.
+    /// Returns the internal state, for the host's own classes.
     [[nodiscard]] zuhost::DatabaseCore& core() const { return *core_; }
 
 private:
-    Acad::ErrorStatus take(std::variant<std::unique_ptr<zuhost::Document>, zuhost::DocumentError> opened,
-                           bool strict);
+    Acad::ErrorStatus install(std::variant<std::unique_ptr<zuhost::Document>, zuhost::DocumentError> opened,
+                              bool strict);
 
     std::unique_ptr<zuhost::DatabaseCore> core_;
     std::wstring lastError_;
