@@ -1,4 +1,4 @@
-# Leaks of libraries that are not ours, for runs under the sanitizers.
+# Leaks of other libraries, suppressed under the sanitizers.
 set(ZU_KNOWN_LEAKS "print_suppressions=0,suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp")
 
 # zu_test(NAME SOURCES a.cpp b.cpp LIBS x y): one GoogleTest program, its cases registered with CTest.

@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const CString path = file.fill(bytes);
     const CAcadDxf part(path);
     const CAcadDxf strict(path, CAcadDxf::kWhite, CAcadDxf::kStrictTable);
-    require(CAcadDxf::IsAscii(path) == part.GetAsciiFlag(), "the form is told in two ways");
+    require(CAcadDxf::IsAscii(path) == part.GetAsciiFlag(), "the form is detected in two ways");
     if (part.GetAsciiFlag() == 0)
         return 0;
     require(countOf(part) == countOf(strict), "the table counts for ASCII");

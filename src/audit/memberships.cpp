@@ -28,14 +28,14 @@ public:
 
     [[nodiscard]] const zucomn::Group& group() const { return group_; }
     [[nodiscard]] int kind() const { return decisive_ < kinds_.size() ? kinds_[decisive_] : 0; }
-    [[nodiscard]] bool isEmpty() const { return left_.size() == kinds_.size(); }
-    [[nodiscard]] bool has(AcDbObjectId member) const { return !left_.contains(member); }
+    [[nodiscard]] bool isEmpty() const { return removed_.size() == kinds_.size(); }
+    [[nodiscard]] bool has(AcDbObjectId member) const { return !removed_.contains(member); }
     [[nodiscard]] int kindOfMember(std::size_t place) const { return kinds_[place]; }
 
-    /// True when this changes the kind.
-    bool takeOut(AcDbObjectId member) {
+    /// Returns whether removing the member changes the kind.
+    bool remove(AcDbObjectId member) {
         const int before = kind();
-        left_.insert(member);
+        removed_.insert(member);
         findKind();
         return kind() != before;
     }
@@ -49,7 +49,7 @@ private:
     zucomn::Group group_;
     std::vector<int> kinds_;
     std::size_t decisive_ = 0;
-    std::unordered_set<AcDbObjectId> left_;
+    std::unordered_set<AcDbObjectId> removed_;
 };
 
 class MembershipAudit {
@@ -58,8 +58,7 @@ public:
         for (const AcDbObjectId id : zucomn::groupsOf(drawing))
             if (auto group = zucomn::readGroup(id); group && group->isRouteGroup)
                 groups_.emplace_back(std::move(*group));
-        // Elements whose link kind decides the kind of their group come first: the others follow what that
-        // leaves.
+        // Elements that decide the kind of their group come first: the others depend on the result.
         collectMembers([](int kind) { return kind > 0; });
         collectMembers([](int kind) { return kind <= 0; });
         std::erase_if(elements_, [this](AcDbObjectId element) { return groupsOf_.at(element).size() < 2; });
@@ -72,10 +71,10 @@ public:
     /// stable.
     void run() {
         for (std::size_t i = 0; i < elements_.size(); ++i)
-            settle(elements_[i]);
+            resolve(elements_[i]);
         while (!changed_.empty())
             for (const std::size_t i : membersOfChanged())
-                settle(elements_[i]);
+                resolve(elements_[i]);
         for (const ShrinkingGroup& group : groups_)
             if (audit_.isRepairing() && group.isEmpty())
                 RootComn_DelGroup(group.group().id);
@@ -109,7 +108,7 @@ private:
         return members;
     }
 
-    void settle(AcDbObjectId element) {
+    void resolve(AcDbObjectId element) {
         std::map<int, Groups> byKind;
         for (ShrinkingGroup* const group : groupsOf_.at(element))
             if (group->has(element) && isRouteKind(group->kind()))
@@ -129,7 +128,7 @@ private:
         bool isDone = true;
         for (auto group = std::next(groups.begin()); group != groups.end(); ++group) {
             names += L", " + (*group)->group().name;
-            if ((*group)->takeOut(element))
+            if ((*group)->remove(element))
                 changed_.insert(*group);
             isDone =
                 audit_.isRepairing() && RootComn_DelGroupMember((*group)->group().id, element) == 0 && isDone;
@@ -141,8 +140,8 @@ private:
     RouteAudit& audit_;
     std::vector<ShrinkingGroup> groups_;
     std::unordered_map<AcDbObjectId, Groups> groupsOf_;
-    std::vector<AcDbObjectId> elements_; ///< Those in more than one route group.
-    std::unordered_map<const ShrinkingGroup*, std::vector<std::size_t>> shared_; ///< Places in elements_.
+    std::vector<AcDbObjectId> elements_; ///< The members of more than one route group.
+    std::unordered_map<const ShrinkingGroup*, std::vector<std::size_t>> shared_; ///< Indexes in elements_.
     std::unordered_set<const ShrinkingGroup*> changed_;
 };
 

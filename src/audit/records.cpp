@@ -27,11 +27,11 @@ struct ChainDeleter {
     void operator()(resbuf* chain) const { acutRelRb(chain); }
 };
 
-/// What an entity holds of an application.
+/// An entity's extended data of one application.
 struct Record {
-    int count = 0; ///< How often the application stands there.
+    int count = 0; ///< Occurrences of the application's name.
     bool hasOtherValues = false;
-    bool hasLaterValues = false; ///< Values where the application stands again.
+    bool hasLaterValues = false; ///< Values after a repeated name of the application.
     std::vector<CString> texts;
 
     [[nodiscard]] bool hasText() const {
@@ -41,27 +41,27 @@ struct Record {
 
 Record readRecord(const resbuf* chain, const wchar_t* application) {
     Record record;
-    bool isOurs = false;
+    bool isWanted = false;
     bool isBroken = false;
     for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
         if (item->restype == kApplicationName) {
-            isOurs = CString(item->resval.rstring).CompareNoCase(application) == 0;
-            record.count += isOurs ? 1 : 0;
-        } else if (isOurs && record.count == 1) {
-            // A value that can't stand in extended data ends the record for its readers.
+            isWanted = CString(item->resval.rstring).CompareNoCase(application) == 0;
+            record.count += isWanted ? 1 : 0;
+        } else if (isWanted && record.count == 1) {
+            // Readers stop at a value that is not valid in extended data.
             isBroken |= item->restype < kComment;
             if (item->restype == kText && !isBroken)
                 record.texts.emplace_back(item->resval.rstring);
             else
                 record.hasOtherValues = true;
-        } else if (isOurs) {
+        } else if (isWanted) {
             record.hasLaterValues |= item->restype != kText || *item->resval.rstring != L'\0';
         }
     }
     return record;
 }
 
-/// The fields of a text that are each ended by a bar, and what follows the last one.
+/// The fields of a text, each terminated by a bar, and the rest after the last bar.
 struct Fields {
     std::vector<CString> ended;
     CString rest;
@@ -81,7 +81,8 @@ CString join(const std::vector<CString>& fields) {
     return text;
 }
 
-/// The text with so many fields, all ended; nullopt when a field with a value would have to go.
+/// Returns the text with the given number of terminated fields; nullopt when a field with a value would be
+/// lost.
 std::optional<CString> withFields(const CString& text, std::size_t count) {
     Fields fields = split(text);
     if (!fields.rest.IsEmpty())
@@ -108,7 +109,8 @@ bool isCount(const CString& field) {
            std::all_of(digits.begin(), digits.end(), [](wchar_t c) { return c >= L'0' && c <= L'9'; });
 }
 
-/// The faults of one entity's record. Its texts are mended where they can be, stored once and then reported.
+/// Audits the record of one entity: repairs its texts where possible, stores them once and reports the
+/// findings.
 class RecordAudit {
 public:
     RecordAudit(AcDbObjectId entity, const wchar_t* application, const resbuf* chain)
@@ -116,7 +118,7 @@ public:
 
     [[nodiscard]] bool isThere() const { return record_.count > 0; }
 
-    /// False when nothing more can be said of the record.
+    /// Returns false when the record has no texts to check.
     bool checkForm(const std::wstring& name) {
         const bool isEmpty = !record_.hasText() && !record_.hasOtherValues && !record_.hasLaterValues;
         if (record_.count > 1 && !isEmpty)
@@ -144,48 +146,48 @@ public:
     }
 
     void report(RouteFault kind, RouteAudit& audit) const {
-        const bool isMended =
-            std::any_of(faults_.begin(), faults_.end(), [](const Fault& f) { return f.mended; });
-        const bool isStored = audit.isRepairing() && isMended && store();
+        const bool hasRepairs =
+            std::any_of(faults_.begin(), faults_.end(), [](const Fault& f) { return f.repaired; });
+        const bool isStored = audit.isRepairing() && hasRepairs && store();
         for (const Fault& fault : faults_)
-            audit.add(entity_, kind, fault.problem, fault.mended && isStored);
+            audit.add(entity_, kind, fault.problem, fault.repaired && isStored);
     }
 
 private:
     struct Fault {
         std::wstring problem;
-        bool mended;
+        bool repaired;
     };
 
     void note(std::wstring problem) { faults_.push_back({std::move(problem), false}); }
-    void mend(std::wstring problem, std::size_t place, const CString& text) {
+    void repair(std::wstring problem, std::size_t place, const CString& text) {
         record_.texts[place] = text;
         faults_.push_back({std::move(problem), true});
     }
 
     void checkItem(std::size_t place) {
         const CString text = record_.texts[place];
-        const std::optional<CString> mended = withFields(text, kItemFields);
-        if (mended == text)
+        const std::optional<CString> repaired = withFields(text, kItemFields);
+        if (repaired == text)
             return;
         const std::wstring problem =
             fieldsProblem(L"item " + std::to_wstring(place) + L" of the attribute record", text, kItemFields);
-        mended ? mend(problem, place, *mended) : note(problem);
+        repaired ? repair(problem, place, *repaired) : note(problem);
     }
 
     void checkHeader() {
         const CString text = record_.texts.front();
-        const std::optional<CString> mended = withFields(text, kHeaderFields);
-        if (!mended)
+        const std::optional<CString> repaired = withFields(text, kHeaderFields);
+        if (!repaired)
             return note(fieldsProblem(kHeader, text, kHeaderFields));
         CString items;
         items.Format(L"%d", static_cast<int>(record_.texts.size() - 1));
-        Fields header = split(*mended);
+        Fields header = split(*repaired);
         CString& count = header.ended.front();
-        if (*mended != text) {
+        if (*repaired != text) {
             if (count.IsEmpty())
                 count = items;
-            mend(fieldsProblem(kHeader, text, kHeaderFields), 0, join(header.ended));
+            repair(fieldsProblem(kHeader, text, kHeaderFields), 0, join(header.ended));
         }
         if (CString(count).Trim() == items)
             return;
@@ -194,7 +196,7 @@ private:
         if (!isCount(count) && !count.IsEmpty())
             return note(problem);
         count = items;
-        mend(problem, 0, join(header.ended));
+        repair(problem, 0, join(header.ended));
     }
 
     [[nodiscard]] bool store() const {

@@ -32,7 +32,7 @@ std::optional<AcDbObjectIdArray> persistentReactors(AcDbObjectId element) {
     return ids;
 }
 
-/// Null for a group without members, and for what can't be opened as one.
+/// Null for a group without members and for objects that can't be opened as a group.
 AcDbObjectId firstMember(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbGroup> group(id);
     if (group.openStatus() != Acad::eOk)

@@ -8,12 +8,12 @@ namespace zu {
 
 namespace {
 
-/// A point that can't be measured hides the ones behind it: no later one is nearer than it.
+/// A point with a coordinate that is NaN hides the later ones: none of them compares as nearer.
 bool isMeasurable(const AcGePoint3d& point) {
     return !std::isnan(point.x) && !std::isnan(point.y);
 }
 
-/// What the grid is to hold of an element: a block may have any number of points at one place.
+/// The element's points for the grid, without repeated ones: a block may have many at one place.
 Points distinctFinite(Points points) {
     std::erase_if(points, [](const AcGePoint3d& p) { return !std::isfinite(p.x) || !std::isfinite(p.y); });
     std::sort(points.begin(), points.end(), [](const AcGePoint3d& a, const AcGePoint3d& b) {
@@ -33,7 +33,7 @@ CandidateIndex::CandidateIndex(ConnectionCache& cache, AcDbObjectIdArray candida
     positions_.reserve(placed_.size());
     for (int position = 0; position < candidates_.length(); ++position) {
         positions_.emplace(candidates_[position], position);
-        place(position);
+        insert(position);
     }
 }
 
@@ -41,13 +41,13 @@ bool CandidateIndex::isUsable(double distance) const {
     return generation_ == cache_.generation() && distance <= distance_ && distance * 64.0 >= distance_;
 }
 
-void CandidateIndex::place(int position) {
+void CandidateIndex::insert(int position) {
     if (!cache_.covers(candidates_[position]))
         return;
     const CachedElement& element = cache_.element(candidates_[position]);
     Placed& placed = placed_[static_cast<std::size_t>(position)];
-    if (isPassing(element.status)) {
-        unsettled_.push_back(position);
+    if (isTemporary(element.status)) {
+        pending_.push_back(position);
         return;
     }
     if (element.points.empty() || !isMeasurable(element.points.front()))
@@ -56,7 +56,7 @@ void CandidateIndex::place(int position) {
     grid_.add(placed.points, position);
 }
 
-void CandidateIndex::takeOut(int position) {
+void CandidateIndex::remove(int position) {
     Placed& placed = placed_[static_cast<std::size_t>(position)];
     grid_.remove(placed.points, position);
     placed.points.clear();
@@ -64,15 +64,15 @@ void CandidateIndex::takeOut(int position) {
 
 void CandidateIndex::update() {
     std::vector<int> again;
-    std::swap(again, unsettled_);
+    std::swap(again, pending_);
     const std::vector<AcDbObjectId>& changes = cache_.changedElements();
     for (; seenChanges_ < changes.size(); ++seenChanges_) {
         const auto [first, last] = positions_.equal_range(changes[seenChanges_]);
         std::for_each(first, last, [&](const auto& entry) { again.push_back(entry.second); });
     }
     for (const int position : again) {
-        takeOut(position);
-        place(position);
+        remove(position);
+        insert(position);
     }
 }
 

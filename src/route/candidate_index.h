@@ -7,32 +7,31 @@
 
 namespace zu {
 
-/// The connection points of a list of candidates by place, brought up to date before each search.
+/// Spatial index of the connection points of a list of candidates, updated before each search.
 class CandidateIndex {
 public:
     CandidateIndex(ConnectionCache& cache, AcDbObjectIdArray candidates, double distance);
 
-    /// False when the index no longer describes the drawing and must be built anew, or is meant for other
-    /// distances.
+    /// False when the index is outdated and must be rebuilt, or was built for other distances.
     [[nodiscard]] bool isUsable(double distance) const;
     [[nodiscard]] const AcDbObjectIdArray& candidates() const { return candidates_; }
 
-    /// Follows the changes of elements since the last call.
+    /// Applies the changes of elements since the last call.
     void update();
 
-    /// The positions, ascending, of the candidates with a connection point within the distance that were not
-    /// seen before; they are seen then.
+    /// Returns the positions, ascending, of the candidates with a connection point within the distance that
+    /// are not in `seen`, and adds them to it.
     [[nodiscard]] std::vector<int> near(const AcGePoint3d& point, double distance,
                                         std::unordered_set<int>& seen) const;
 
 private:
     struct Placed {
         Points points; ///< Those in the grid.
-        bool isSettled = true;
+        bool isPending = false;
     };
 
-    void place(int position);
-    void takeOut(int position);
+    void insert(int position);
+    void remove(int position);
 
     ConnectionCache& cache_;
     AcDbObjectIdArray candidates_;
@@ -42,7 +41,7 @@ private:
     PointGrid grid_;
     std::vector<Placed> placed_;
     std::unordered_multimap<AcDbObjectId, int> positions_;
-    std::vector<int> unsettled_; ///< Candidates that could not be read for the moment.
+    std::vector<int> pending_; ///< Candidates that were open elsewhere when they were read.
 };
 
 } // namespace zu

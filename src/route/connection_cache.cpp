@@ -10,13 +10,13 @@ namespace zu {
 
 namespace {
 
-/// Beyond it starting anew is cheaper than following changes.
+/// For longer logs a rebuild is cheaper than applying the changes.
 constexpr std::size_t kLongestLog = 1U << 20U;
 
 bool isSharedRecord(const AcDbObject& object) {
     if (object.isKindOf(AcDbLayerTableRecord::desc()))
         return true;
-    // Model space changes with every entity that it takes up, and no element is a reference to it.
+    // Model space changes with every entity added to it, and no element refers to it.
     const auto* const block = AcDbBlockTableRecord::cast(&object);
     return block != nullptr && !block->isLayout();
 }
@@ -33,11 +33,11 @@ ConnectionCache::~ConnectionCache() {
 }
 
 void ConnectionCache::goodbye(const AcDbDatabase* /*database*/) {
-    forgetAll();
+    clear();
     database_ = nullptr;
 }
 
-void ConnectionCache::forgetAll() {
+void ConnectionCache::clear() {
     elements_.clear();
     definitions_.clear();
     groupVersions_.clear();
@@ -50,7 +50,7 @@ void ConnectionCache::checkLayer() {
     if (layer == layer_)
         return;
     layer_ = std::move(layer);
-    forgetAll();
+    clear();
 }
 
 std::uint64_t ConnectionCache::groupVersion(AcDbObjectId group) const {
@@ -66,12 +66,12 @@ void ConnectionCache::changed(const AcDbObject& object) {
         changedElements_.push_back(id);
     const bool isInDefinition = definitions_.contains(object.ownerId());
     if (isInDefinition || isSharedRecord(object) || changedElements_.size() > kLongestLog)
-        forgetAll();
+        clear();
 }
 
 const Read<DefinitionPoints>& ConnectionCache::definition(AcDbObjectId block) {
     const auto [entry, isNew] = definitions_.try_emplace(block);
-    if (isNew || isPassing(entry->second.status))
+    if (isNew || isTemporary(entry->second.status))
         entry->second = definitionPoints(block, layer_);
     return entry->second;
 }
@@ -95,9 +95,9 @@ const CachedElement& ConnectionCache::element(AcDbObjectId id) {
     if (const auto found = elements_.find(id); found != elements_.end())
         return found->second;
     CachedElement fresh = read(id);
-    if (isPassing(fresh.status)) {
-        unsettled_ = std::move(fresh);
-        return unsettled_;
+    if (isTemporary(fresh.status)) {
+        uncached_ = std::move(fresh);
+        return uncached_;
     }
     return elements_.emplace(id, std::move(fresh)).first->second;
 }

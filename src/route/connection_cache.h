@@ -8,16 +8,15 @@
 
 namespace zu {
 
-/// What the connection search knows of one element. Points are kept until the element or its definition
-/// changes.
+/// The cached points and link kind of an element. Valid until the element or its definition changes.
 struct CachedElement {
-    Acad::ErrorStatus status = Acad::eOk; ///< Of reading the points.
+    Acad::ErrorStatus status = Acad::eOk; ///< The result of reading the points.
     Points points;
     int linkKind = -1;
 };
 
-/// The connection points of a drawing's elements, read once and following the drawing's changes. Indexes over
-/// them learn of changes from the log.
+/// The connection points of a drawing's elements, read once and updated when the drawing changes. Indexes
+/// over them read the changes from its log.
 class ConnectionCache final : public AcDbDatabaseReactor {
 public:
     explicit ConnectionCache(AcDbDatabase& database);
@@ -25,7 +24,7 @@ public:
     ConnectionCache(const ConnectionCache&) = delete;
     ConnectionCache& operator=(const ConnectionCache&) = delete;
 
-    /// True when the database is gone.
+    /// True when the database was destroyed.
     [[nodiscard]] bool isClosed() const { return database_ == nullptr; }
 
     /// True for ids of the cache's own drawing.
@@ -36,16 +35,16 @@ public:
     /// The connection points of a block definition; valid until the next change of the drawing.
     const Read<DefinitionPoints>& definition(AcDbObjectId block);
 
-    /// Elements that changed since they were last asked for, oldest first.
+    /// The log: elements that changed since they were last requested, oldest first.
     [[nodiscard]] const std::vector<AcDbObjectId>& changedElements() const { return changedElements_; }
-    /// Changes of other kinds, after which nothing derived from the cache holds.
+    /// Grows with every other change; all that was derived from the cache is then invalid.
     [[nodiscard]] std::uint64_t generation() const { return generation_; }
-    /// Changes of a group.
+    /// Grows with every change of a watched group.
     [[nodiscard]] std::uint64_t groupVersion(AcDbObjectId group) const;
-    /// Looks after the group's changes from now on.
+    /// Counts the group's changes from now on.
     void watchGroup(AcDbObjectId group) { groupVersions_.try_emplace(group, 0); }
 
-    /// Forgets everything when the connection layer has another name than before.
+    /// Clears the cache when the name of the connection layer has changed.
     void checkLayer();
 
     void objectAppended(const AcDbDatabase*, const AcDbObject* object) override { changed(*object); }
@@ -57,7 +56,7 @@ public:
 
 private:
     void changed(const AcDbObject& object);
-    void forgetAll();
+    void clear();
     [[nodiscard]] CachedElement read(AcDbObjectId id);
 
     AcDbDatabase* database_;
@@ -67,7 +66,7 @@ private:
     std::unordered_map<AcDbObjectId, std::uint64_t> groupVersions_;
     std::vector<AcDbObjectId> changedElements_;
     std::uint64_t generation_ = 0;
-    CachedElement unsettled_;
+    CachedElement uncached_; ///< The last element that could not be read for now.
 };
 
 } // namespace zu

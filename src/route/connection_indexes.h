@@ -9,13 +9,13 @@ namespace zu {
 /// The indexes in use for one database: one for each group searched, and one for the last list of candidates.
 class ConnectionIndexes {
 public:
-    /// The indexes of a database, up to date with its connection layer; they go when the database goes.
+    /// The indexes of a database, updated for its connection layer; destroyed with the database.
     static ConnectionIndexes& of(AcDbDatabase& database);
 
     explicit ConnectionIndexes(AcDbDatabase& database) : cache_(database) {}
 
     [[nodiscard]] const CachedElement& element(AcDbObjectId id) { return cache_.element(id); }
-    /// The points of a block definition on the connection layer, as they were when it was last read.
+    /// The points of a block definition on the connection layer.
     [[nodiscard]] const Read<DefinitionPoints>& definition(AcDbObjectId block) {
         return cache_.definition(block);
     }

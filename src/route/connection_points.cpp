@@ -28,7 +28,7 @@ CString coordinateText(double value) {
     return CString(std::wstring(digits.data(), end));
 }
 
-/// The points where a reference puts them.
+/// The points under the transform of a reference.
 Read<Points> placed(const Read<DefinitionPoints>& definition, const AcDbBlockReference& reference) {
     Read<Points> points{definition.status, {}};
     const AcGeMatrix3d transform = reference.blockTransform();
@@ -37,13 +37,13 @@ Read<Points> placed(const Read<DefinitionPoints>& definition, const AcDbBlockRef
     return points;
 }
 
-/// Whether a definition with these points can be read at this moment.
+/// Returns whether a definition with these points can be read now.
 Acad::ErrorStatus statusOf(AcDbObjectId block, const DefinitionPoints& points) {
     const Acad::ErrorStatus status = AcDbObjectPointer<AcDbBlockTableRecord>(block).openStatus();
     if (status != Acad::eOk)
         return status;
     for (const DefinitionPoint& point : points)
-        if (const auto open = AcDbObjectPointer<AcDbPoint>(point.id).openStatus(); isPassing(open))
+        if (const auto open = AcDbObjectPointer<AcDbPoint>(point.id).openStatus(); isTemporary(open))
             return open;
     return Acad::eOk;
 }
@@ -61,7 +61,7 @@ Read<DefinitionPoints> definitionPoints(AcDbObjectId block, std::wstring_view la
         if (id.objectClass() != AcDbPoint::desc())
             continue;
         const AcDbObjectPointer<AcDbPoint> point(id);
-        if (isPassing(point.openStatus()))
+        if (isTemporary(point.openStatus()))
             return {point.openStatus(), {}};
         if (point.openStatus() == Acad::eOk && isOnLayer(*point.object(), wanted))
             result.value.push_back({id, point->position() - AcGeVector3d(origin.x, origin.y, 0.0)});

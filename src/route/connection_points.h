@@ -15,7 +15,7 @@ namespace zu {
 
 using Points = std::vector<AcGePoint3d>;
 
-/// What reading an object gave: a status other than eOk says why there is no value.
+/// A value read from an object; a status other than eOk is the reason why there is none.
 template <typename T>
 struct Read {
     Acad::ErrorStatus status = Acad::eOk;
@@ -24,13 +24,13 @@ struct Read {
     [[nodiscard]] explicit operator bool() const { return status == Acad::eOk; }
 };
 
-/// True when reading failed only because someone has an object open at the moment.
-[[nodiscard]] constexpr bool isPassing(Acad::ErrorStatus status) {
+/// True when reading failed only because an object is open elsewhere for now.
+[[nodiscard]] constexpr bool isTemporary(Acad::ErrorStatus status) {
     return status == Acad::eWasOpenForWrite || status == Acad::eWasOpenForRead ||
            status == Acad::eAtMaxReaders;
 }
 
-/// A point of a block definition, taken from its base point in X and Y.
+/// A point of a block definition, relative to the base point in X and Y.
 struct DefinitionPoint {
     AcDbObjectId id;
     AcGePoint3d position;
@@ -40,7 +40,7 @@ using DefinitionPoints = std::vector<DefinitionPoint>;
 /// The points of a block definition on a layer.
 [[nodiscard]] Read<DefinitionPoints> definitionPoints(AcDbObjectId block, std::wstring_view layer);
 
-/// A point of a definition where a reference puts it, in plan.
+/// The plan point of a definition's point under the transform of a reference.
 [[nodiscard]] AcGePoint3d planPoint(const AcGePoint3d& local, const AcGeMatrix3d& transform);
 
 /// A point in plan: without height.
@@ -48,17 +48,17 @@ using DefinitionPoints = std::vector<DefinitionPoint>;
     return {point.x, point.y, 0.0};
 }
 
-/// The connection points of an element: those of its definition, placed.
+/// The connection points of an element: those of its definition in the element's position.
 [[nodiscard]] Read<Points> connectionPoints(AcDbObjectId element, std::wstring_view layer);
 
 /// Name of the layer of connection points.
 [[nodiscard]] std::wstring connectionLayer();
 
-/// The greatest distance of joined points at the present drawing scale.
+/// The greatest distance of joined points at the current drawing scale.
 [[nodiscard]] double connectionTolerance();
-/// True above the scale of 1.0, at which the first tolerance counts.
+/// True for scales above 1.0, which use the first tolerance.
 [[nodiscard]] bool isLargeScale();
-/// The tolerance of scales up to 1.0.
+/// The tolerance for scales up to 1.0.
 [[nodiscard]] double smallScaleTolerance();
 
 /// Name of the block that an element refers to; empty when it is no block reference or can't be opened.

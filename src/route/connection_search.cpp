@@ -17,13 +17,12 @@ namespace {
 using zu::CandidateIndex;
 using zu::ConnectionIndexes;
 
-/// What a candidate must be beside near.
+/// The condition on a candidate besides its distance.
 using Filter = std::function<bool(ConnectionIndexes& indexes, AcDbObjectId candidate)>;
 
 constexpr double kLargeScaleReach = 20.0;
 
-/// Whether the connection points of an element can be read at this moment. The index may know them from
-/// before.
+/// Returns whether the connection points of an element can be read now, even if the index has cached them.
 bool canBeRead(AcDbObjectId element) {
     const AcDbObjectPointer<AcDbBlockReference> reference(element);
     if (reference.openStatus() != Acad::eOk)
@@ -41,14 +40,14 @@ Filter ofKind(int kindFilter) {
     };
 }
 
-/// Answers whether a list that grows holds an id. Few questions are answered by looking through it.
+/// Returns whether a growing list contains an id. The first few calls search the list, later ones a set.
 class Contained {
 public:
     explicit Contained(const AcDbObjectIdArray& list) : list_(list) {}
 
     bool operator()(AcDbObjectId id) {
-        if (asked_ < kFew) {
-            ++asked_;
+        if (calls_ < kFew) {
+            ++calls_;
             return list_.contains(id);
         }
         for (; taken_ < list_.length(); ++taken_)
@@ -61,7 +60,7 @@ private:
 
     const AcDbObjectIdArray& list_;
     std::unordered_set<AcDbObjectId> ids_;
-    int asked_ = 0;
+    int calls_ = 0;
     int taken_ = 0;
 };
 
@@ -219,7 +218,7 @@ int RootComn_GetConnectBlock4EX(int mode, const AcArray<AcDbObjectId>& candidate
     Search search(element, reach, ofCode(mode, zu::searchCode(zu::blockNameOf(element), fullForm), fullForm));
     const auto points = search.testedPoints();
     const bool isSearched = points && points->size() >= 2;
-    // Filled beside the result, which may be the list of candidates itself.
+    // A separate array: the result may be the list of candidates itself.
     AcDbObjectIdArray joinedIds;
     int found = 0;
     if (isSearched)

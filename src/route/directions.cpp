@@ -18,7 +18,7 @@ int turned(const AcGePoint3d& centre, double distance, double angle, AcGePoint3d
     return 0;
 }
 
-/// Turns by degrees, leaving the point exactly where it is for no angle.
+/// Rotates by degrees; an angle of 0 returns the point unchanged to the last bit.
 int turnedByDegrees(const AcGePoint3d& centre, double distance, double degrees, AcGePoint3d& out) {
     if (degrees != 0.0 && distance != 0.0)
         return turned(centre, distance, radians(degrees), out);

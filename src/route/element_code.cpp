@@ -17,7 +17,7 @@ struct ElementKind {
     std::wstring_view name; ///< Empty for fittings that are named by their code.
 };
 
-/// One row per element prefix. The first prefix that matches counts.
+/// One row per element prefix. The first prefix that matches decides.
 constexpr std::array kElementKinds{
     ElementKind{L"KK", 0, L"equipment"},
     ElementKind{L"RTM", 2, L"main route line"},

@@ -50,7 +50,7 @@ std::optional<AcDbObjectIdArray> usableMembers(const AcDbObjectIdArray& ids, con
         if (id.isNull() || id.database() != drawing || !seen.insert(id).second)
             continue;
         const AcDbEntityPointer entity(id, AcDb::kForWrite);
-        if (isPassing(entity.openStatus()))
+        if (isTemporary(entity.openStatus()))
             return std::nullopt;
         if (entity.openStatus() == Acad::eOk)
             usable.append(id);
@@ -67,7 +67,7 @@ bool canBeDeleted(AcDbObjectId id) {
     if (group.openStatus() != Acad::eOk)
         return false;
     // A group that is in no dictionary can't be deleted at all, and must not block changes.
-    return !isPassing(AcDbObjectPointer<AcDbObject>(group->ownerId(), AcDb::kForWrite).openStatus());
+    return !isTemporary(AcDbObjectPointer<AcDbObject>(group->ownerId(), AcDb::kForWrite).openStatus());
 }
 
 std::optional<CString> groupName(AcDbObjectId id) {

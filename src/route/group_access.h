@@ -13,8 +13,8 @@ namespace zu {
 /// Members in group order; nullopt when the group can't be opened.
 [[nodiscard]] std::optional<AcDbObjectIdArray> groupMembers(AcDbObjectId group);
 
-/// Those of the ids that can be members of a group of the drawing, each once: its live entities. nullopt when
-/// one of these is open elsewhere, so that it can't become a member now.
+/// The ids that can become members of a group of the drawing, each once: those of its live entities. nullopt
+/// when one of them is open elsewhere.
 [[nodiscard]] std::optional<AcDbObjectIdArray> usableMembers(const AcDbObjectIdArray& ids,
                                                              const AcDbDatabase* drawing);
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const wchar_t* kAnonymousKey = L"*";
 
-/// Enters a group, which the dictionary then owns and which is open for write.
+/// Adds a group to the dictionary, which then owns it; leaves it open for write.
 bool enter(std::unique_ptr<AcDbGroup>& group, const CString& name, AcDbObjectId& id) {
     AcDbDatabase* const database = ZuComn_getWorkDatabase();
     AcDbDictionary* dictionary = nullptr;
@@ -96,7 +96,7 @@ int RootComn_DelGroup(const AcDbObjectId& groupId) {
     const AcDbObjectPointer<AcDbDictionary> dictionary(group->ownerId(), AcDb::kForWrite);
     if (dictionary.openStatus() != Acad::eOk || dictionary->remove(groupId) != Acad::eOk)
         return -1;
-    // A group outside the dictionary is no group any more: its members must not name it as theirs.
+    // A group outside the dictionary is deleted: its members must not refer to it.
     group->clear();
     return report(group->erase());
 }

@@ -15,7 +15,7 @@ namespace zu {
 
 namespace {
 
-/// False for what a damaged drawing only names as the element's group.
+/// False for groups that are only among the element's reactors, as in damaged drawings.
 bool lists(AcDbObjectId id, AcDbObjectId element) {
     const AcDbObjectPointer<AcDbGroup> group(id);
     return group.openStatus() == Acad::eOk && group->has(element);
@@ -29,7 +29,7 @@ void addSurplus(const std::vector<ElementGroup>& groups, int kind, AcDbObjectIdA
             surplus.append(group.id);
 }
 
-bool takeOut(AcDbObjectId element, const AcDbObjectIdArray& groups) {
+bool removeFrom(AcDbObjectId element, const AcDbObjectIdArray& groups) {
     if (groups.isEmpty())
         return true;
     if (!canBeChanged(element) || !std::all_of(groups.begin(), groups.end(), canBeDeleted))
@@ -102,7 +102,7 @@ bool repairMembership(AcDbObjectId element, int kind, GroupReader& reader) {
     for (const RouteKindRow& each : kRouteKinds)
         if (kind == 0 || kind == each.number)
             addSurplus(*groups, each.number, surplus);
-    return takeOut(element, surplus);
+    return removeFrom(element, surplus);
 }
 
 } // namespace zu

@@ -17,7 +17,7 @@ struct ElementGroup {
     int kind = -1; ///< As RootComn_GetRootKind2 reads it.
 };
 
-/// Reads groups, each once: to read the kind may take a look at every member.
+/// Reads groups, each once: determining the kind can take a visit to every member.
 class GroupReader {
 public:
     /// The groups that list an element, in the order of its reactors; a reactor alone makes no member.
@@ -33,13 +33,13 @@ private:
 /// The lowest-numbered route group of the kind (0: of any known kind); null when there is none.
 [[nodiscard]] const ElementGroup* lowestNumbered(const std::vector<ElementGroup>& groups, int kind);
 
-/// True when whatever a repair changes for the element can be opened for write now.
+/// True when every object that a repair of the element may change can be opened for write now.
 [[nodiscard]] bool canBeRepaired(AcDbObjectId element);
 
-/// Leaves the element in the lowest-numbered of its route groups of the kind only (0: of each kind); groups
-/// that this empties are deleted. Nothing happens for what is no route kind. False, with nothing changed,
-/// when something that is to be read or changed can't be opened. No kind changes when an element of link kind
-/// 0 leaves a group, so that one reader serves for many of them.
+/// Removes the element from its route groups of the kind (0: of each kind), except the lowest-numbered one,
+/// and deletes groups that become empty. Does nothing for numbers that are no route kind. Returns false, with
+/// nothing changed, when an object to be read or changed can't be opened. Removing an element of link kind 0
+/// changes no group's kind, so one reader can serve many such elements.
 [[nodiscard]] bool repairMembership(AcDbObjectId element, int kind, GroupReader& reader);
 
 } // namespace zu

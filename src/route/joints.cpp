@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kMostJoined = 2;
 
-/// The points by element, each element with a number in the order of the points.
+/// The points grouped by element; elements are numbered in the order of the points.
 class PointsOfElements {
 public:
     explicit PointsOfElements(std::span<const ConnectionPoint> points) {

@@ -9,8 +9,8 @@ namespace zu {
 /// Application name of the extended data that stores the link record.
 inline constexpr const wchar_t* kLinkApplication = L"ZU_LINK";
 
-/// Link kind of the first string of a link record; -1 for anything but one digit, 0 to kLastLinkKind, before
-/// the first bar.
+/// Link kind of the first string of a link record; -1 unless the first field is one digit from 0 to
+/// kLastLinkKind.
 [[nodiscard]] constexpr int linkKind(std::wstring_view text) {
     const int digit = text.size() >= 2 && text[1] == L'|' ? text[0] - L'0' : -1;
     return digit >= 0 && digit <= kLastLinkKind ? digit : -1;

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Numbers from here on never beat the first candidate.
+/// Groups with this number or a higher one rank equal to groups without a number.
 constexpr int kNoNumber = 99999;
 
 struct Candidate {
@@ -68,8 +68,8 @@ bool canBeMerged(const AcDbObjectIdArray& sources, AcDbObjectId target) {
            });
 }
 
-/// As if each were put at the front in turn, and so the last one first.
-void putInFront(AcDbObjectId target, const AcDbObjectIdArray& elements) {
+/// Inserts each at the front in turn, so that the last one comes first.
+void prependReversed(AcDbObjectId target, const AcDbObjectIdArray& elements) {
     AcDbObjectIdArray reversed;
     for (int i = elements.length() - 1; i >= 0; --i)
         reversed.append(elements[i]);
@@ -85,7 +85,7 @@ int createFor(const AcDbObjectIdArray& elements) {
     return RootComn_CreateNewGroup(name, elements, created, false);
 }
 
-/// Of link kind 0: such elements belong to routes of several kinds.
+/// Elements of link kind 0, which belong to routes of several kinds.
 AcDbObjectIdArray sharedElements(const AcDbObjectIdArray& elements) {
     AcDbObjectIdArray shared;
     for (const AcDbObjectId element : elements) {
@@ -118,7 +118,7 @@ int RootComn_MakeGroup(const AcArray<AcDbObjectId>& elements, const AcArray<AcDb
         for (const AcDbObjectId source : sources)
             if (RootComn_GroupMemberCopy(source, target) == 0)
                 RootComn_DelGroup(source);
-        putInFront(target, *usable);
+        prependReversed(target, *usable);
     } else if (elements.length() > 1 && !usable->isEmpty() && createFor(*usable) != 0) {
         return -1;
     }

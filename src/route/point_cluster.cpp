@@ -34,7 +34,7 @@ void PointCluster::split(std::size_t first, std::size_t last, bool byColumn) {
 
 bool PointCluster::hasWithin(std::size_t first, std::size_t last, bool byColumn, Box box,
                              const AcGePoint3d& centre, double distance) const {
-    // A little more than the distance, for the rounding of measured distances.
+    // Slightly more than the distance, to allow for rounding.
     if (first == last || box.distanceTo(centre) > distance * (1.0 + 1e-9))
         return false;
     const std::size_t middle = first + (last - first) / 2;

@@ -6,8 +6,8 @@
 
 namespace zu {
 
-/// Points that lie close together, as a balanced tree: whether one is within a distance is found without
-/// looking at each.
+/// Points that lie close together, as a balanced tree: finds whether one is within a distance without
+/// visiting each.
 class PointCluster {
 public:
     PointCluster() = default;

@@ -9,7 +9,7 @@ namespace zu {
 
 namespace {
 
-/// Cells are larger than the distance, so that a search mostly meets one cell only.
+/// Cells are larger than the distance, so that most searches visit a single cell.
 constexpr double kCellsPerDistance = 16.0;
 constexpr double kLeastCell = 1e-3;
 /// More points of one owner are kept as clusters.
@@ -19,8 +19,9 @@ bool isFinite(const AcGePoint3d& point) {
     return std::isfinite(point.x) && std::isfinite(point.y);
 }
 
-/// The cells that a distance around a coordinate meets: at most two, but for coordinates so large that their
-/// rounding passes a cell's size; there only an equal coordinate is near.
+/// The cells within a distance of a coordinate: at most two, and up to three where rounding exceeds a cell's
+/// size. The latter may miss cells between them, which does not matter: there only equal coordinates are
+/// near.
 struct Indices {
     std::array<double, 3> values{};
     int count = 0;
@@ -126,7 +127,7 @@ std::array<std::int32_t, 9> PointGrid::chainsNear(const AcGePoint3d& centre, dou
     if (!isFinite(centre))
         return chains;
     const auto indices = [&](double coordinate) {
-        // A little more than the distance, for the rounding of measured distances.
+        // Slightly more than the distance, to allow for rounding.
         const double reach = distance * (1.0 + 1e-9) + std::abs(coordinate) * 1e-15;
         Indices met;
         met.add(index(coordinate - reach));

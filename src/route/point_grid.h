@@ -12,21 +12,20 @@
 
 namespace zu {
 
-/// Plan points by place, each with the number of the owner that it belongs to. Owners are found by distance
-/// at a cost that does not grow with the number of points; many points of one owner at one place cost about
-/// as much as one.
+/// Plan points in a grid, each with the number of its owner. Finds owners by distance at a cost that does not
+/// grow with the number of points; many points of one owner at one place cost about as much as one.
 class PointGrid {
 public:
     /// A grid for searches up to the given distance.
     explicit PointGrid(double greatestDistance);
 
-    /// Adds all points of an owner. Points that are not finite lie nowhere and are not kept.
+    /// Adds all points of an owner; skips points that are not finite.
     void add(const std::vector<AcGePoint3d>& points, int owner);
-    /// Removes what was added for the owner at these points.
+    /// Removes the owner's entries at these points.
     void remove(const std::vector<AcGePoint3d>& points, int owner);
 
-    /// Calls `take` with the owner of points within the distance, in no order and an owner several times,
-    /// until it returns false. Owners for which `skips` returns true are passed over.
+    /// Calls `take` with the owner of each point within the distance, in no particular order and possibly
+    /// several times per owner, until it returns false. Skips owners for which `skips` returns true.
     template <typename Skips, typename Take>
     void visit(const AcGePoint3d& centre, double distance, Skips skips, Take take) const {
         for (const std::int32_t first : chainsNear(centre, distance)) {
@@ -51,7 +50,7 @@ private:
     struct Entry {
         AcGePoint3d point;
         int owner;
-        std::int32_t cluster; ///< Stands for many points of the owner; kEnd for the one point.
+        std::int32_t cluster; ///< The cluster of the owner's points; kEnd for a single point.
         std::int32_t next;    ///< In the same cell, or in the chain of free entries.
     };
     static constexpr std::int32_t kEnd = -1;
@@ -62,7 +61,7 @@ private:
     [[nodiscard]] std::vector<Run> runs(const std::vector<AcGePoint3d>& points) const;
     void addEntry(const Cell& cell, const AcGePoint3d& point, int owner, std::int32_t cluster);
     void removeOwner(const Cell& cell, int owner);
-    /// First entries of the cells that the distance around the centre meets; the others are kEnd.
+    /// First entries of the cells within the distance of the centre; kEnd for empty ones.
     [[nodiscard]] std::array<std::int32_t, 9> chainsNear(const AcGePoint3d& centre, double distance) const;
     [[nodiscard]] bool isWithin(const Entry& entry, const AcGePoint3d& centre, double distance) const {
         return entry.cluster == kEnd ? distance >= entry.point.distanceTo(centre)

@@ -34,9 +34,9 @@ AcArray<CReplaceReactor*>& registered() {
 /// A reactor may register and remove reactors while it is notified: removed ones are skipped, new ones are
 /// not notified yet.
 template <typename Notification>
-void tell(Notification notification) {
-    const AcArray<CReplaceReactor*> told = registered();
-    for (CReplaceReactor* const reactor : told)
+void notifyReactors(Notification notification) {
+    const AcArray<CReplaceReactor*> reactors = registered();
+    for (CReplaceReactor* const reactor : reactors)
         if (registered().contains(reactor))
             notification(*reactor);
 }
@@ -52,10 +52,10 @@ void RuleComn_removeReplaceReactor(CReplaceReactor* reactor) {
     registered().remove(reactor);
 }
 
-void zu::tellErased(AcDbObjectId id) {
-    tell([id](CReplaceReactor& reactor) { reactor.erase(id); });
+void zu::notifyErased(AcDbObjectId id) {
+    notifyReactors([id](CReplaceReactor& reactor) { reactor.erase(id); });
 }
 
-void zu::tellTerminated(AcDbObjectId id, const AcDbObjectIdArray& newIds) {
-    tell([&](CReplaceReactor& reactor) { reactor.terminated(id, newIds); });
+void zu::notifyTerminated(AcDbObjectId id, const AcDbObjectIdArray& newIds) {
+    notifyReactors([&](CReplaceReactor& reactor) { reactor.terminated(id, newIds); });
 }

@@ -4,8 +4,8 @@
 
 namespace zu {
 
-/// Tell the registered replace reactors, in the order of their registration.
-void tellErased(AcDbObjectId id);
-void tellTerminated(AcDbObjectId id, const AcDbObjectIdArray& newIds);
+/// Notify the registered replace reactors, in the order of their registration.
+void notifyErased(AcDbObjectId id);
+void notifyTerminated(AcDbObjectId id, const AcDbObjectIdArray& newIds);
 
 } // namespace zu

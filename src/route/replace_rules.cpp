@@ -17,7 +17,7 @@ namespace {
 
 using IdSet = std::unordered_set<AcDbObjectId>;
 
-bool areEntitiesToChange(const AcDbObjectIdArray& ids) {
+bool canBeChanged(const AcDbObjectIdArray& ids) {
     return std::all_of(ids.begin(), ids.end(), [](AcDbObjectId id) {
         const AcDbEntityPointer entity(id, AcDb::kForWrite);
         return entity.openStatus() == Acad::eOk;
@@ -34,7 +34,7 @@ AcDbObjectIdArray without(const AcDbObjectIdArray& ids, const AcDbObjectIdArray&
     return rest;
 }
 
-/// The groups that any of the elements names as its own, each once; nullopt when one can't be changed now.
+/// The groups among the reactors of the elements, each once; nullopt when one can't be changed now.
 std::optional<AcDbObjectIdArray> groupsToChange(const AcDbObjectIdArray& elements) {
     AcDbObjectIdArray groups;
     IdSet seen;
@@ -77,17 +77,18 @@ void eraseAll(const AcDbObjectIdArray& ids) {
     }
 }
 
-/// Puts the new elements in the place of the old ones and erases these; false, with nothing changed, when one
-/// of them or of their groups can't be changed. A merge leaves the new elements in one route group of a kind.
+/// Inserts the new elements where the old ones are and erases these. Returns false, with nothing changed,
+/// when an element or a group can't be changed. After a merge the new elements are in one route group of each
+/// kind only.
 bool replace(const AcDbObjectIdArray& oldIds, const AcDbObjectIdArray& newIds, bool isMerge) {
-    if (oldIds.isEmpty() || !areEntitiesToChange(oldIds) || !areEntitiesToChange(newIds))
+    if (oldIds.isEmpty() || !canBeChanged(oldIds) || !canBeChanged(newIds))
         return false;
     const AcDbObjectIdArray leaving = without(oldIds, newIds);
     const auto groups = groupsToChange(leaving);
     if (!groups || (isMerge && !groupsToChange(newIds)))
         return false;
     if (!isMerge && leaving.contains(oldIds.first()))
-        zu::tellErased(oldIds.first());
+        zu::notifyErased(oldIds.first());
     for (const AcDbObjectId group : *groups)
         replaceInGroup(group, leaving, newIds);
     if (isMerge)
@@ -95,7 +96,7 @@ bool replace(const AcDbObjectIdArray& oldIds, const AcDbObjectIdArray& newIds, b
             (void)RootComn_GetRootGroups3(id, 0);
     eraseAll(leaving);
     for (const AcDbObjectId id : leaving)
-        zu::tellTerminated(id, newIds);
+        zu::notifyTerminated(id, newIds);
     return true;
 }
 

@@ -21,7 +21,7 @@ int linkKindOf(AcDbObjectId element) {
     return kind;
 }
 
-/// The setting that trades the repair for speed.
+/// Returns whether the settings skip the repair for the sake of speed.
 bool skipsRepair() {
     CString value;
     return ZuComn_GetEnv(value, ZUCE_INIFILE, L"環境設定", L"GR_SPEED_UP") == 0 && _wtoi(value) == 1;
@@ -56,8 +56,8 @@ bool isInRouteGroup(const std::vector<zu::ElementGroup>& groups, int kind) {
     });
 }
 
-/// Those of the candidates that are neither among the placed nor in a route group of the kind; nullopt when
-/// one of them or of its groups can't be opened.
+/// The candidates that are neither in `placed` nor in a route group of the kind; nullopt when one of them or
+/// of its groups can't be opened.
 std::optional<AcDbObjectIdArray> withoutRoute(const AcDbObjectIdArray& candidates,
                                               const AcDbObjectIdArray& placed, int kind) {
     const std::unordered_set<AcDbObjectId> known(placed.begin(), placed.end());
@@ -147,8 +147,8 @@ int RootComn_SetGroupToUnknownGroupMember(const AcDbObjectId& /*element*/, int k
     const auto candidates = membersOf(unknown);
     if (!placed || !candidates)
         return -1;
-    const auto homeless = withoutRoute(*candidates, *placed, target->kind);
-    const auto joining = homeless ? zu::usableMembers(*homeless, target->id.database()) : std::nullopt;
+    const auto unplaced = withoutRoute(*candidates, *placed, target->kind);
+    const auto joining = unplaced ? zu::usableMembers(*unplaced, target->id.database()) : std::nullopt;
     const AcDbObjectPointer<AcDbGroup> group(target->id, AcDb::kForWrite);
     if (!joining || group.openStatus() != Acad::eOk || group->append(*joining) != Acad::eOk)
         return -1;

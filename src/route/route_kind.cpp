@@ -13,7 +13,8 @@
 
 namespace {
 
-/// Link kind of the members in order up to the first that `stops`; nullopt for a group without members.
+/// Returns the link kind of the last member visited: visits in order, up to the first kind for which `stops`
+/// is true. nullopt for a group without members.
 template <typename Stops>
 std::optional<int> firstKind(AcDbObjectId id, Stops stops) {
     const AcDbObjectPointer<AcDbGroup> group(id);

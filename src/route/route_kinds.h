@@ -21,7 +21,7 @@ inline constexpr std::array kRouteKinds{
     RouteKindRow{4, 214, 0xef6c00},
 };
 
-/// Link records hold 0 to this.
+/// Link records store kinds 0 to this.
 inline constexpr int kLastLinkKind = 6;
 
 [[nodiscard]] constexpr bool isRouteKind(int linkKind) {

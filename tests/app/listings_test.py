@@ -68,7 +68,7 @@ run("elements", status=2)
 run("nonsense", status=2)
 with open("/dev/full", "w") as full:
     lost = subprocess.run([ZU, "elements", sample("drawings/office-floor.dxf")], stdout=full, stderr=subprocess.PIPE)
-    check(lost.returncode == 1 and lost.stderr, "output that can't be written is told")
+    check(lost.returncode == 1 and lost.stderr, "output that can't be written is reported")
 for name in (".", "missing.dxf", "system/master.ini"):
     run("part", sample(name), status=1)
 table = sample("system/ZuConfig.ini")

@@ -17,11 +17,11 @@ def size_of_picture(path):
 
 def check_folder(folder):
     """Every drawing has its picture under the same relative path."""
-    told = run("part", "--preview-dir", folder, "--size", "64", os.path.join(SAMPLES, "parts"))
+    output = run("part", "--preview-dir", folder, "--size", "64", os.path.join(SAMPLES, "parts"))
     drawings = [os.path.relpath(os.path.join(where, name), os.path.join(SAMPLES, "parts"))
                 for where, _, names in os.walk(os.path.join(SAMPLES, "parts")) for name in names
                 if name.endswith(".dxf")]
-    check(told == "%d pictures\n" % len(drawings) and len(drawings) > 5, "number of pictures")
+    check(output == "%d pictures\n" % len(drawings) and len(drawings) > 5, "number of pictures")
     for drawing in drawings:
         check(size_of_picture(os.path.join(folder, drawing + ".png")) == (64, 48), "size of a thumbnail")
 

@@ -14,7 +14,7 @@ def run(*arguments, status=0):
     if done.returncode != status:
         sys.exit("zu %s: status %d instead of %d\n%s" % (" ".join(arguments), done.returncode, status, done.stderr))
     if status != 0 and not done.stderr.strip():
-        sys.exit("zu %s failed without a word" % " ".join(arguments))
+        sys.exit("zu %s failed without a message" % " ".join(arguments))
     return done.stdout
 
 

@@ -12,7 +12,7 @@ def check_tables(folder):
     with open(path, "wb") as f:
         f.write("# 表\n|弁|2\nポンプ|x  \nEND\nlost\n".encode("cp932"))
     check(run_json("table", path) == [["", "弁", "2"], ["ポンプ", "x"]], "records of a table")
-    check(run_json("table", path, "--skip", "2", "--columns", "2") == [["x"]], "one column behind skipped lines")
+    check(run_json("table", path, "--skip", "2", "--columns", "2") == [["x"]], "one column after skipped lines")
     check(run("table", path) == "  弁  2\nポンプ  x\n", "an empty first field keeps its place")
     check(run_json("table", sample("parts/fitting.csv")) == expected("settings.json")["fitting.csv"], "sample table")
     run("table", path, "--skip", "9", status=1)

@@ -76,7 +76,7 @@ TEST(Element, NearPointsPreferTheFirstAndNumbersTheLast) {
     const AcDbObjectId block = drawing.block(L"RT-1", {{0, 0, 0}, {0.1, 0, 0}, {5, 0, 0}});
     const AcDbObjectId element = drawing.element(block, {0, 0, 0});
     int count = 0;
-    AcGePoint3d nearest(0.05, 0, 0); // what it held counts for nothing
+    AcGePoint3d nearest(0.05, 0, 0); // its old value must not matter
     double distance = 0.0;
     EXPECT_EQ(RootComn_GetConnectPointNo(element, {0.05, 0, 0}, count), 1);
     EXPECT_EQ(count, 3);

@@ -7,11 +7,10 @@ inline double distanceInPlan(const AcGePoint3d& a, const AcGePoint3d& b) {
     return AcGePoint3d(a.x, a.y, 0.0).distanceTo(AcGePoint3d(b.x, b.y, 0.0));
 }
 
-/// The rule of the connection search, told step by step without any index: the reference that searches are
-/// compared with.
+/// The rule of the connection search, step by step without any index: the reference for the search.
 inline int plainConnectBlock(const AcDbObjectIdArray& candidates, AcDbObjectId element,
                              const AcGePoint3d* given, AcDbObjectIdArray& result, int kindFilter) {
-    // Another case of the layer's name has the definitions read anew.
+    // Changing the case of the layer's name makes the search read the definitions again.
     CString layer = ZUCONECT_LAYER;
     layer.MakeLower();
     AcArray<AcGePoint3d> points;

@@ -7,8 +7,8 @@
 #include <numbers>
 #include <random>
 
-/// A network whose elements lie on a coarse lattice, so that points meet, nearly meet and coincide, with
-/// turned, mirrored and scaled references, members that are no references, and all link kinds.
+/// A network whose elements lie on a coarse lattice, so that points meet, nearly meet and coincide. It has
+/// rotated, mirrored and scaled references, members that are no references, and all link kinds.
 class RandomNetwork {
 public:
     RandomNetwork(unsigned seed, int size) : random_(seed) {
@@ -36,7 +36,7 @@ public:
         return keep(id);
     }
 
-    /// A lattice point, sometimes off it by the tolerance or about it.
+    /// A lattice point, sometimes displaced by the tolerance or about as much.
     AcGePoint3d place() {
         const double offsets[] = {0.0, 0.0, 0.0, 0.1, -0.1, 0.05, 0.0999999, 0.1000001};
         return {upTo(9) + offsets[upTo(8)], upTo(9) + offsets[upTo(8)], static_cast<double>(upTo(3))};

@@ -121,15 +121,15 @@ TEST_F(Replace, ReactorsAreToldAsOftenAsRegistered) {
     EXPECT_TRUE(log.empty());
 }
 
-TEST_F(Replace, AReactorMayLeaveWhileItIsTold) {
+TEST_F(Replace, AReactorMayRemoveReactorsWhenNotified) {
     class Leaving : public CReplaceReactor {
     public:
         void terminated(AcDbObjectId, AcArray<AcDbObjectId>) override {
-            ++told;
+            ++calls;
             RuleComn_removeReplaceReactor(this);
             RuleComn_removeReplaceReactor(other);
         }
-        int told = 0;
+        int calls = 0;
         CReplaceReactor* other = nullptr;
     };
     Recorder recorder(log, L'1');
@@ -138,7 +138,7 @@ TEST_F(Replace, AReactorMayLeaveWhileItIsTold) {
     RuleComn_addReplaceReactor(&leaving);
     RuleComn_addReplaceReactor(&recorder);
     RuleComn_rootReplace(TestDrawing::ids({a, b}), TestDrawing::ids({x}));
-    EXPECT_EQ(leaving.told, 1);
+    EXPECT_EQ(leaving.calls, 1);
     EXPECT_EQ(log.find(L't'), std::wstring::npos);
     EXPECT_EQ(CReplaceReactor::cast(&leaving), &leaving);
     EXPECT_EQ(leaving.isA(), acrxFindAcRxClass(L"CReplaceReactor"));

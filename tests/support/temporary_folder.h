@@ -15,7 +15,7 @@
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        // The system chooses the name: what a killed test left behind is never met again.
+        // The system chooses the name: a later test never reuses the folder of a killed one.
         std::string pattern = (std::filesystem::temp_directory_path() / "zu-test-XXXXXX").string();
         if (mkdtemp(pattern.data()) == nullptr)
             throw std::filesystem::filesystem_error("no temporary folder", pattern,
