@@ -1,0 +1,76 @@
+#pragma once
+
+#include "records/drawing.h"
+#include "shape.h"
+
+#include <map>
+#include <optional>
+#include <unordered_map>
+
+namespace zu::picture {
+
+struct Linetype {
+    std::vector<double> dashes; ///< As in Shape, without any scale; empty for continuous.
+};
+
+struct Layer {
+    QString name;
+    Colour colour;
+    const Linetype* linetype = nullptr; ///< Null for continuous.
+    int lineWeight = 25;
+    bool isOff = false;
+    bool isFrozen = false;
+    bool isPlotted = true;
+    std::uint64_t handle = 0;
+};
+
+struct TextStyle {
+    QString font;    ///< File name or family, as the drawing has it.
+    QString bigFont; ///< File name.
+    QString family;  ///< Of an installed font; empty for the fallback.
+    bool bold = false;
+    bool italic = false;
+    bool onGrid = false; ///< See TextRun.
+    double width = 1.0;
+    double oblique = 0.0; ///< Degrees.
+    double height = 0.0;  ///< 0 when texts have their own.
+    int generation = 0;   ///< 2 backward, 4 upside down.
+};
+
+/// The tables of a drawing as a renderer uses them. Names are compared without regard to case.
+class Styles {
+public:
+    static constexpr int kDefaultWeight = 25;
+
+    explicit Styles(const Drawing& drawing);
+
+    /// The layer with an undecoded name; one with the colour of missing layers when there is none.
+    [[nodiscard]] const Layer& layer(std::string_view name) const;
+    /// Null for continuous and unknown ones.
+    [[nodiscard]] const Linetype* linetype(const QString& name) const;
+    /// The default style for an unknown name.
+    [[nodiscard]] const TextStyle& textStyle(const QString& name) const;
+    [[nodiscard]] const TextStyle& textStyle(std::uint64_t handle) const;
+    [[nodiscard]] double linetypeScale() const { return linetypeScale_; }
+
+private:
+    void readLinetypes(const Drawing& drawing);
+    void readLayers(const Drawing& drawing);
+    void readTextStyles(const Drawing& drawing);
+
+    const Drawing& drawing_;
+    double linetypeScale_ = 1.0;
+    std::map<QString, Linetype> linetypes_;
+    std::map<QString, Layer> layers_;
+    std::map<QString, TextStyle> textStyles_;
+    std::unordered_map<std::uint64_t, const TextStyle*> stylesByHandle_;
+    TextStyle defaultStyle_;
+    mutable std::unordered_map<std::string_view, const Layer*> known_;
+    mutable std::map<QString, Layer> missing_;
+};
+
+/// The colour of an entity or layer: the true colour (420) before the number. Nullopt when the records have
+/// neither.
+[[nodiscard]] std::optional<Colour> colourOf(const Records& records);
+
+} // namespace zu::picture

@@ -1,0 +1,130 @@
+#pragma once
+
+#include "records/drawing.h"
+#include "records/styles.h"
+#include "scene.h"
+
+#include <gemat3d.h>
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace zu::picture {
+
+/// Why an entity is not drawn; empty when it is.
+using Outcome = std::string_view;
+inline constexpr Outcome kDrawn{};
+
+/// What an entity's shapes look like.
+struct Look {
+    const Layer* layer = nullptr;
+    Colour colour;
+    int lineWeight = Styles::kDefaultWeight;
+    const Linetype* linetype = nullptr;
+    double linetypeScale = 1.0;
+};
+
+/// One entity for its builder.
+struct Entity {
+    std::size_t index = 0;
+    std::string_view type;
+    Records records;
+    Look look;
+};
+
+/// Where builders put shapes. Holds the transformation to the world and the look that blocks pass on, applies
+/// limits, and counts.
+class Canvas {
+public:
+    /// Measuring leaves out what depends on the extents: infinite lines, marks of points.
+    enum class Purpose { draw, measure };
+
+    Canvas(const Drawing& drawing, const SceneOptions& options, const ShapeSink& sink,
+           Purpose purpose = Purpose::draw);
+
+    [[nodiscard]] const Drawing& drawing() const { return drawing_; }
+    [[nodiscard]] const Styles& styles() const { return styles_; }
+    [[nodiscard]] const SceneOptions& options() const { return options_; }
+    [[nodiscard]] bool isMeasuring() const { return purpose_ == Purpose::measure; }
+    [[nodiscard]] bool isInBlock() const { return !blocks_.empty(); }
+
+    // ---- shapes of the current entity. Planes are those of its coordinate system, before toWorld.
+
+    /// Maps points of a plane in the coordinate system of a normal, at a height, to the world seen from
+    /// above.
+    [[nodiscard]] QTransform planeToWorld(const AcGeVector3d& normal, double height) const;
+    /// The same for the plane that the entity's extrusion (210) and elevation determine.
+    [[nodiscard]] QTransform planeOf(const Entity& entity, double height) const;
+    [[nodiscard]] QPointF worldPoint(const AcGePoint3d& point) const;
+
+    void stroke(const Entity& entity, const QPainterPath& path, const QTransform& toWorld);
+    void stroke(const Entity& entity, const std::vector<AcGePoint3d>& points, bool closed = false);
+    void line(const Entity& entity, const AcGePoint3d& from, const AcGePoint3d& to);
+    void fill(const Entity& entity, const QPainterPath& path, const QTransform& toWorld);
+    void dot(const Entity& entity, const AcGePoint3d& place);
+    /// The run's `place` maps text space to the plane that `toWorld` maps.
+    void text(const Entity& entity, TextRun run, const QTransform& toWorld);
+    /// The same in another colour.
+    void text(const Entity& entity, TextRun run, const QTransform& toWorld, const Colour& colour);
+
+    /// Draws the contents of a block with its base point at the origin of `placement`.
+    Outcome block(const Entity& entity, const Block& block, const AcGeMatrix3d& placement);
+    /// Draws entities as they are, in a space that `placement` transforms, within a clip.
+    void space(const std::vector<std::size_t>& entities, const AcGeMatrix3d& placement, const QRectF& clip,
+               const std::vector<std::uint64_t>& frozenLayers);
+    /// Draws an entity that belongs to the current one, such as an attribute, in the same space.
+    void entityAt(std::size_t index);
+
+    /// Counts work. False once the limit is passed: builders stop then.
+    bool take(std::uint64_t work);
+    [[nodiscard]] bool isStopped() const { return isStopped_; }
+
+    // ---- for the scene
+    void topLevel(const std::vector<std::size_t>& entities);
+    [[nodiscard]] SceneReport report() const;
+    /// The entity of the space whose shapes are being produced.
+    [[nodiscard]] std::size_t current() const { return current_; }
+    /// Where infinite lines are cut.
+    [[nodiscard]] QRectF frame();
+
+private:
+    struct Inherited;
+
+    [[nodiscard]] Look lookOf(const Records& records) const;
+    /// Why the entity is hidden; empty when it shows.
+    [[nodiscard]] Outcome hiddenBy(const Entity& entity) const;
+    void draw(std::size_t index);
+    void count(std::size_t index, Outcome outcome);
+    void emitShape(const Entity& entity, Shape::Kind kind);
+    void setDashes(const Entity& entity);
+
+    const Drawing& drawing_;
+    const SceneOptions& options_;
+    const ShapeSink& sink_;
+    Purpose purpose_;
+    Styles styles_;
+    AcGeMatrix3d toWorld_;
+    std::optional<Look> around_; ///< Of the block reference around what is drawn.
+    std::vector<const Block*> blocks_;
+    std::vector<std::uint64_t> frozen_;
+    int spaces_ = 0;
+    Shape shape_;
+    std::uint64_t left_;
+    bool isStopped_ = false;
+    bool isTooMuch_ = false;
+    bool isOutOfRange_ = false;
+    std::size_t current_ = 0;
+    std::vector<bool> counted_;
+    std::map<std::string, std::size_t> drawn_;
+    std::map<std::pair<std::string, std::string>, std::size_t> notDrawn_;
+    std::optional<QRectF> frame_;
+};
+
+/// Produces the shapes of one entity of a type.
+using Builder = Outcome (*)(Canvas& canvas, const Entity& entity);
+
+/// The builder of a type; null for types that can't be drawn.
+[[nodiscard]] Builder builderOf(std::string_view type);
+
+} // namespace zu::picture

@@ -1,0 +1,129 @@
+#include "text_outline.h"
+
+#include "records/fonts.h"
+#include "shapes/letters.h"
+
+#include <QCache>
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zu::picture {
+
+namespace {
+
+constexpr int kPixels = 64;
+constexpr double kDescent = 0.35;
+
+QFont measuredFont(const QString& family, bool bold, bool italic) {
+    QFont font(QStringList{family.isEmpty() ? fallbackFamily() : family, fallbackFamily()});
+    font.setPixelSize(kPixels);
+    font.setBold(bold);
+    font.setItalic(italic);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+/// A font in the size in which letters are measured.
+struct Face {
+    QFont font;
+    double capital = 0.0; ///< Pixels.
+    double full = 0.0;    ///< Advance of a full-width letter, in capital heights.
+};
+
+const Face& faceOf(const QString& family, bool bold, bool italic) {
+    thread_local QHash<QString, Face> faces;
+    const QString key = family + QChar(u'0' + (bold ? 1 : 0) + (italic ? 2 : 0));
+    const auto found = faces.constFind(key);
+    if (found != faces.constEnd())
+        return *found;
+    Face face{measuredFont(family, bold, italic), 0.0, 0.0};
+    const QFontMetricsF metrics(face.font);
+    face.capital = metrics.capHeight() > 0.0 ? metrics.capHeight() : kPixels * 0.7;
+    face.full = metrics.horizontalAdvance(QChar(0x4E00)) / face.capital;
+    if (!(face.full > 0.0))
+        face.full = kPixels / face.capital;
+    return *faces.insert(key, face);
+}
+
+/// Letters of East Asian scripts fill a square.
+bool isFullWidth(char32_t c) {
+    return (c >= 0x1100 && c <= 0x115F) || (c >= 0x2E80 && c <= 0xA4CF) || (c >= 0xAC00 && c <= 0xD7A3) ||
+           (c >= 0xF900 && c <= 0xFAFF) || (c >= 0xFE30 && c <= 0xFE6F) || (c >= 0xFF01 && c <= 0xFF60) ||
+           (c >= 0xFFE0 && c <= 0xFFE6) || (c >= 0x2190 && c <= 0x21FF) || (c >= 0x2460 && c <= 0x27BF) ||
+           (c >= 0x20000 && c <= 0x3FFFD);
+}
+
+QPainterPath naturalLetters(const QString& text, const Face& face) {
+    QPainterPath path;
+    path.addText(0, 0, face.font, text);
+    return QTransform::fromScale(1.0 / face.capital, -1.0 / face.capital).map(path);
+}
+
+/// Each letter in the middle of its cell, made narrower where it does not fit.
+QPainterPath gridLetters(const QString& text, const Face& face) {
+    QPainterPath all;
+    double left = 0.0;
+    for (const char32_t c : text.toUcs4()) {
+        const QString letter = QString::fromUcs4(&c, 1);
+        const double cell = isFullWidth(c) ? face.full : face.full / 2.0;
+        const double advance = QFontMetricsF(face.font).horizontalAdvance(letter) / face.capital;
+        const double squeeze = advance > cell ? cell / advance : 1.0;
+        QTransform place = QTransform::fromTranslate(left + (cell - advance * squeeze) / 2.0, 0.0);
+        place.scale(squeeze, 1.0);
+        all.addPath(place.map(naturalLetters(letter, face)));
+        left += cell;
+    }
+    return all;
+}
+
+} // namespace
+
+double advanceOf(const QString& text, const QString& family, bool bold, bool italic, bool onGrid) {
+    const Face& face = faceOf(family, bold, italic);
+    if (onGrid) {
+        double advance = 0.0;
+        for (const char32_t c : text.toUcs4())
+            advance += isFullWidth(c) ? face.full : face.full / 2.0;
+        return advance;
+    }
+    thread_local QCache<QString, double> known(20'000);
+    const QString key = family + QChar(u'0' + (bold ? 1 : 0) + (italic ? 2 : 0)) + text;
+    if (const double* advance = known.object(key))
+        return *advance;
+    const double advance = QFontMetricsF(face.font).horizontalAdvance(text) / face.capital;
+    known.insert(key, new double(advance));
+    return advance;
+}
+
+QFont fontOf(const TextRun& run, double capitalHeight) {
+    const Face& face = faceOf(run.family, run.bold, run.italic);
+    QFont font = face.font;
+    constexpr double kLargest = 10'000.0;
+    font.setPixelSize(std::max(
+        1, static_cast<int>(std::lround(std::clamp(capitalHeight / face.capital * kPixels, 1.0, kLargest)))));
+    return font;
+}
+
+QPainterPath outlineOf(const TextRun& run) {
+    thread_local QCache<QString, QPainterPath> known(400'000);
+    const QString key = run.family +
+                        QChar(u'0' + (run.bold ? 1 : 0) + (run.italic ? 2 : 0) + (run.onGrid ? 4 : 0)) +
+                        run.text;
+    if (const QPainterPath* path = known.object(key))
+        return run.place.map(*path);
+    const Face& face = faceOf(run.family, run.bold, run.italic);
+    QPainterPath path = run.onGrid ? gridLetters(run.text, face) : naturalLetters(run.text, face);
+    path.setFillRule(Qt::WindingFill);
+    QPainterPath placed = run.place.map(path);
+    known.insert(key, new QPainterPath(path), std::max(1, path.elementCount()));
+    return placed;
+}
+
+QPolygonF cornersOf(const TextRun& run) {
+    const QPolygonF corners{{0.0, 0.0}, {run.width, 0.0}, {run.width, 1.0}, {0.0, 1.0}, {0.0, -kDescent}};
+    return run.place.map(corners);
+}
+
+} // namespace zu::picture
