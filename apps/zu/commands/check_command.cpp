@@ -2,7 +2,7 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "model/audit.h"
-#include "report/output.h"
+#include "report/csv.h"
 
 #include <algorithm>
 #include <iostream>
@@ -21,7 +21,7 @@ struct Options {
     std::vector<std::string> except;
     std::string failOn;
     bool repair = false;
-    bool json = false;
+    ListingForm form;
 };
 
 bool contains(const std::vector<std::string>& texts, const std::string& text) {
@@ -102,14 +102,15 @@ Json toJson(const Finding& finding) {
 }
 
 void print(const std::vector<Finding>& findings, const Options& options) {
-    if (!options.json) {
-        printListing(findings, options.repair);
-        return;
-    }
+    if (!options.form.json && !options.form.csv)
+        return printListing(findings, options.repair);
     Json array = Json::array();
     for (const Finding& finding : findings)
         array.push_back(toJson(finding));
-    printJson(array);
+    if (options.form.json)
+        return printJson(array);
+    printCsv({"code", "severity", "handle", "problem", "repaired", "position", "with", "group", "layer"},
+             array);
 }
 
 void run(const Options& options) {
@@ -143,7 +144,7 @@ void addCheckCommand(Command& program) {
         "End with status 1 when a finding is left that is an 'error', or at least a 'warning'");
     command->add_flag("--repair", options->repair, "Repair what can be repaired without losing anything");
     addSaveOptions(*command, options->saving, "Where to save the repaired drawing");
-    command->add_flag("--json", options->json, "As JSON");
+    addListingForm(*command, options->form);
     command->callback([options] { run(*options); });
 }
 

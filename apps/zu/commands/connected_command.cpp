@@ -2,7 +2,7 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "model/drawing_file.h"
-#include "report/output.h"
+#include "report/csv.h"
 
 #include <zucomn/dbservices.h>
 #include <zucomn/route.h>
@@ -21,7 +21,7 @@ struct Options {
     std::string group;
     int kind = 0;
     bool all = false;
-    bool json = false;
+    ListingForm form;
 };
 
 /// Searches the given group; if null, every group of the element.
@@ -43,16 +43,25 @@ AcArray<AcDbObjectId> connectedTo(AcDbObjectId element, AcDbObjectId named, int 
     return found;
 }
 
+/// One row for each pair.
+void printJoints(const Json& joined) {
+    Json rows = Json::array();
+    for (const auto& [handle, others] : joined.items())
+        for (const Json& other : others)
+            rows.push_back({handle, other});
+    printCsv({"handle", "connected"}, rows);
+}
+
 void runOne(const DrawingFile& drawing, const Options& options, AcDbObjectId group) {
     const AcDbObjectId element = drawing.find(options.handle);
     AcArray<AcGePoint3d> points;
     if (ZuComn_GetConnectPoint(element, points) != 0)
         throw Failure("object " + options.handle + " has no connection points that can be read");
     const AcArray<AcDbObjectId> found = connectedTo(element, group, options.kind);
-    if (options.json) {
-        printJson(Json(handleTexts(found)));
-        return;
-    }
+    if (options.form.json)
+        return printJson(Json(handleTexts(found)));
+    if (options.form.csv)
+        return printJoints({{options.handle, handleTexts(found)}});
     for (const std::string& handle : handleTexts(found))
         std::cout << handle << '\n';
 }
@@ -73,10 +82,10 @@ void runAll(const DrawingFile& drawing, const Options& options, AcDbObjectId gro
     for (const AcDbObjectId element : everyElement(drawing, group)) {
         entries.emplace_back(handleText(element), handleTexts(connectedTo(element, group, options.kind)));
     }
-    if (options.json) {
-        printJson(object);
-        return;
-    }
+    if (options.form.json)
+        return printJson(object);
+    if (options.form.csv)
+        return printJoints(object);
     for (const auto& [handle, joined] : object.items()) {
         std::cout << handle << ':';
         for (const auto& other : joined)
@@ -104,7 +113,7 @@ void addConnectedCommand(Command& program) {
                         "Search this group, by name or handle; else each group of the element");
     command->add_option("--kind", options->kind, "Only elements of this link kind (and kind 0)");
     command->add_flag("--all", options->all, "Every member of the group instead of one element");
-    command->add_flag("--json", options->json, "As JSON");
+    addListingForm(*command, options->form);
     command->callback([options] { run(*options); });
 }
 

@@ -3,7 +3,7 @@
 #include "model/drawing_file.h"
 #include "model/element.h"
 #include "model/filter.h"
-#include "report/output.h"
+#include "report/csv.h"
 
 #include <iostream>
 #include <memory>
@@ -16,7 +16,7 @@ struct Options {
     DrawingSource drawing;
     FilterOptions filter;
     bool routesOnly = false;
-    bool json = false;
+    ListingForm form;
 };
 
 std::vector<Element> readElements(const std::vector<AcDbObjectId>& ids, bool routesOnly) {
@@ -44,6 +44,21 @@ Json toJson(const Element& element) {
             {"groups", element.groups}};
 }
 
+void printRows(const std::vector<Element>& elements) {
+    Json rows = Json::array();
+    for (const Element& element : elements) {
+        Json row = toJson(element);
+        row["what"] = elementCodeName(element.code);
+        row["x"] = element.origin.x;
+        row["y"] = element.origin.y;
+        row["z"] = element.origin.z;
+        rows.push_back(std::move(row));
+    }
+    printCsv({"handle", "block", "code", "what", "link_kind", "layer", "locked", "x", "y", "z",
+              "connection_points", "groups"},
+             rows);
+}
+
 void printTable(const std::vector<Element>& elements) {
     TextTable table({"handle", "block", "what", "kind", "layer", "origin", "points", "groups"});
     for (const Element& e : elements) {
@@ -64,10 +79,10 @@ void run(const Options& options) {
     const Filter filter(options.filter);
     const DrawingFile drawing(options.drawing);
     const std::vector<Element> elements = readElements(filter.references(drawing), options.routesOnly);
-    if (!options.json) {
-        printTable(elements);
-        return;
-    }
+    if (options.form.csv)
+        return printRows(elements);
+    if (!options.form.json)
+        return printTable(elements);
     Json array = Json::array();
     for (const Element& element : elements)
         array.push_back(toJson(element));
@@ -83,7 +98,7 @@ void addElementsCommand(Command& program) {
     addDrawing(*command, options->drawing);
     addFilter(*command, options->filter);
     command->add_flag("--routes", options->routesOnly, "Only those whose block name has an element prefix");
-    command->add_flag("--json", options->json, "As JSON");
+    addListingForm(*command, options->form);
     command->callback([options] { run(*options); });
 }
 

@@ -1,7 +1,7 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "model/filter.h"
-#include "report/output.h"
+#include "report/csv.h"
 #include "text.h"
 
 #include <zucomn/model/groups.h>
@@ -17,7 +17,7 @@ namespace {
 struct Options {
     DrawingSource drawing;
     FilterOptions filter;
-    bool json = false;
+    ListingForm form;
 };
 
 /// With a filter, the groups that have a member that passes; `--group` also names the only group.
@@ -55,7 +55,9 @@ void run(const Options& options) {
         table.addRow({handle, name, std::to_string(group.number), std::to_string(group.kind),
                       std::to_string(group.members.size())});
     }
-    options.json ? printJson(array) : table.print();
+    if (options.form.csv)
+        return printCsv({"handle", "name", "number", "kind", "members"}, array);
+    options.form.json ? printJson(array) : table.print();
 }
 
 } // namespace
@@ -65,7 +67,7 @@ void addGroupsCommand(Command& program) {
     Command* command = program.add_subcommand("groups", "List the groups and their route kinds");
     addDrawing(*command, options->drawing);
     addFilter(*command, options->filter);
-    command->add_flag("--json", options->json, "As JSON");
+    addListingForm(*command, options->form);
     command->callback([options] { run(*options); });
 }
 

@@ -3,7 +3,7 @@
 #include "failure.h"
 #include "model/readable_file.h"
 #include "model/settings_file.h"
-#include "report/output.h"
+#include "report/csv.h"
 #include "report/text_file_warning.h"
 #include "text.h"
 
@@ -22,8 +22,15 @@ struct Options {
     std::string file;
     std::vector<std::string> keys;
     std::string settings;
-    bool json = false;
+    ListingForm form;
 };
+
+void printPairs(const std::vector<std::string>& keys, const std::vector<std::string>& values) {
+    Json rows = Json::array();
+    for (std::size_t i = 0; i < keys.size() && i < values.size(); ++i)
+        rows.push_back({keys[i], values[i]});
+    printCsv({"key", "value"}, rows);
+}
 
 void get(const Options& options) {
     const SettingsFile settings(options.settings);
@@ -36,10 +43,10 @@ void get(const Options& options) {
         requireReadable(options.file);
         throw Failure(options.file + ": holds no records");
     }
-    if (options.json) {
-        printJson(Json(narrow(values)));
-        return;
-    }
+    if (options.form.json)
+        return printJson(Json(narrow(values)));
+    if (options.form.csv)
+        return printPairs(options.keys, narrow(values));
     for (const std::string& value : narrow(values))
         std::cout << value << '\n';
 }
@@ -78,7 +85,7 @@ void addLinkCommand(Command& program) {
         link->add_subcommand("get", "Look keys up; one value a line, empty for a key that is not there");
     reading->add_option("FILE", options->file, "The file")->required();
     reading->add_option("KEY", options->keys, "Keys")->required();
-    reading->add_flag("--json", options->json, "As JSON");
+    addListingForm(*reading, options->form);
     Command* writing = link->add_subcommand("save", "Merge pairs into the file");
     writing->add_option("FILE", options->file, "The file")->required();
     writing->add_option("PAIR", options->keys, "KEY=VALUE")->required();

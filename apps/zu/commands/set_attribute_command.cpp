@@ -4,7 +4,7 @@
 #include "model/attribute_edit.h"
 #include "model/filter.h"
 #include "model/settings_file.h"
-#include "report/output.h"
+#include "report/csv.h"
 #include "text.h"
 
 #include <algorithm>
@@ -26,7 +26,7 @@ struct Options {
     std::vector<std::string> handles;
     std::string settings;
     SaveOptions saving;
-    bool json = false;
+    ListingForm form;
 };
 
 std::vector<AcDbObjectId> targets(const DrawingFile& drawing, const Options& options) {
@@ -41,14 +41,27 @@ std::vector<AcDbObjectId> targets(const DrawingFile& drawing, const Options& opt
     return ids;
 }
 
-void print(const AttributeEdit& edit, bool asJson) {
-    if (asJson) {
-        Json skipped = Json::array();
-        for (const SkippedElement& element : edit.skipped)
-            skipped.push_back({{"handle", element.handle}, {"why", element.why}});
-        printJson({{"changed", edit.changed}, {"skipped", skipped}});
-        return;
-    }
+void printAsJson(const AttributeEdit& edit) {
+    Json skipped = Json::array();
+    for (const SkippedElement& element : edit.skipped)
+        skipped.push_back({{"handle", element.handle}, {"why", element.why}});
+    printJson({{"changed", edit.changed}, {"skipped", skipped}});
+}
+
+void printAsCsv(const AttributeEdit& edit) {
+    Json rows = Json::array();
+    for (const std::string& handle : edit.changed)
+        rows.push_back({handle, "changed", ""});
+    for (const SkippedElement& element : edit.skipped)
+        rows.push_back({element.handle, "skipped", element.why});
+    printCsv({"handle", "outcome", "why"}, rows);
+}
+
+void print(const AttributeEdit& edit, const ListingForm& form) {
+    if (form.json)
+        return printAsJson(edit);
+    if (form.csv)
+        return printAsCsv(edit);
     std::cout << edit.changed.size() << " elements changed\n";
     for (const SkippedElement& element : edit.skipped)
         std::cout << "skipped " << element.handle << ": " << element.why << '\n';
@@ -78,7 +91,7 @@ void run(const Options& options) {
         throw Failure("no element " + std::string(options.filter.isGiven() ? "that passes the filter " : "") +
                       "has an attribute " + options.key);
     drawing.save(options.saving);
-    print(edit, options.json);
+    print(edit, options.form);
 }
 
 } // namespace
@@ -96,7 +109,7 @@ void addSetAttributeCommand(Command& program) {
     command->add_option("--settings", options->settings,
                         "Master settings file; its parameter table says which attributes may be edited");
     addSaveOptions(*command, options->saving, "Where to save")->required();
-    command->add_flag("--json", options->json, "As JSON");
+    addListingForm(*command, options->form);
     command->callback([options] { run(*options); });
 }
 

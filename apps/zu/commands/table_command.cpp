@@ -2,12 +2,13 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "model/readable_file.h"
-#include "report/output.h"
+#include "report/csv.h"
 #include "report/text_file_warning.h"
 #include "text.h"
 
 #include <zucomn/tables.h>
 
+#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <utility>
@@ -21,8 +22,19 @@ struct Options {
     std::string columns;
     std::string separator = "|";
     int skip = 0;
-    bool json = false;
+    ListingForm form;
 };
+
+/// With the numbers of the columns as headings: table files name none.
+void printRecords(const Json& records) {
+    std::size_t columns = 0;
+    for (const Json& record : records)
+        columns = std::max(columns, record.size());
+    std::vector<std::string> headings;
+    while (headings.size() < columns)
+        headings.push_back(std::to_string(headings.size() + 1));
+    printCsv(headings, records);
+}
 
 void run(const Options& options) {
     if (options.separator.empty())
@@ -41,10 +53,10 @@ void run(const Options& options) {
         requireReadable(options.file);
         throw Failure(options.file + ": holds no records");
     }
-    if (options.json) {
-        printJson(array);
-        return;
-    }
+    if (options.form.json)
+        return printJson(array);
+    if (options.form.csv)
+        return printRecords(array);
     for (const auto& record : array) {
         const char* between = "";
         for (const auto& field : record)
@@ -64,7 +76,7 @@ void addTableCommand(Command& program) {
     command->add_option("--skip", options->skip, "Lines to pass over first")
         ->capture_default_str()
         ->not_negative();
-    command->add_flag("--json", options->json, "As JSON");
+    addListingForm(*command, options->form);
     command->callback([options] { run(*options); });
 }
 

@@ -1,0 +1,45 @@
+"""Listings as CSV, read by an independent reader and compared with the same listings as JSON."""
+import csv
+import io
+import subprocess
+import tempfile
+
+from program import ZU, check, run, run_json, sample
+
+DRAWING = sample("drawings/office-floor.dxf")
+
+
+def rows(*arguments):
+    """The records by their headings; the table must begin with the mark and end each line with CR LF."""
+    output = subprocess.run([ZU, *arguments, "--csv"], capture_output=True, check=True).stdout
+    check(output.startswith(b"\xef\xbb\xbf") and output.count(b"\n") == output.count(b"\r\n"), "form of %r" % (arguments,))
+    return list(csv.DictReader(io.StringIO(output.decode("utf-8-sig"), newline=""), strict=True))
+
+
+def plain(value):
+    if isinstance(value, list):
+        return ("; " if value and isinstance(value[0], list) else " ").join(map(plain, value))
+    return "" if value is None else str(value).lower() if isinstance(value, bool) else str(value)
+
+
+for command in (("elements", DRAWING), ("groups", DRAWING), ("check", DRAWING)):
+    table, wanted = rows(*command), run_json(*command)
+    check(len(table) == len(wanted) > 0, "rows of %r" % (command,))
+    for row, value in zip(table, wanted):
+        common = value.keys() & row.keys()
+        check(len(common) >= 5 and all(row[k] == plain(value[k]) for k in common), "%r for %r" % (row, value))
+first = rows("elements", DRAWING)[0]
+check([float(first[c]) for c in "xyz"] == run_json("elements", DRAWING)[0]["origin"] and first["what"] == "-", "place")
+check([list(r.values()) for r in rows("attributes", DRAWING, "110")] == run_json("attributes", DRAWING, "110"), "attributes")
+joined = run_json("connected", DRAWING, "--all")
+check([tuple(r.values()) for r in rows("connected", DRAWING, "--all")] == [(h, o) for h in joined for o in joined[h]], "pairs")
+
+# Fields that need quotes, and those that a spreadsheet would take for formulas.
+FIELDS = {'say "a, b"': 'say "a, b"', "=1+1": "'=1+1", "-1.5": "-1.5", "+5": "+5", "-": "-", "@SUM(A1)": "'@SUM(A1)",
+          "+81-3": "'+81-3", "＝1＋1": "'＝1＋1", "給気": "給気", "": ""}
+with tempfile.NamedTemporaryFile("w", encoding="utf-8-sig") as file:
+    file.write("|".join(["x", *FIELDS, "z"]) + "\n")
+    file.flush()
+    check(list(rows("table", file.name)[0].values()) == ["x", *FIELDS.values(), "z"], "fields of a table")
+run("elements", DRAWING, "--csv", "--json", status=2)
+print("CSV agrees")
