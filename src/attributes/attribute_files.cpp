@@ -1,6 +1,7 @@
 #include <zucomn/attributes.h>
 
 #include "attribute_rows.h"
+#include "frame/environment.h"
 #include "frame/line_splitter.h"
 
 #include <zucomn/frame.h>
@@ -11,8 +12,6 @@
 #include <memory>
 
 namespace {
-
-constexpr const wchar_t* kSettingsSection = L"環境設定";
 
 int lastSeparator(const CString& path) {
     return std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/'));
@@ -59,9 +58,9 @@ CString inFolderOf(const CString& path, const CString& name) {
 CString findAttributeFile(const CString& path) {
     if (ZuComn_findFile(path) != 0)
         return path;
-    for (const wchar_t* const key : {L"経路部品", L"標準部品"}) {
-        CString folder;
-        if (ZuComn_GetEnv(folder, ZUCE_INIFILE, kSettingsSection, key) != 0 || folder.IsEmpty())
+    for (const wchar_t* const key : {zu::kRouteParts, zu::kStandardParts}) {
+        const CString folder = zu::environmentSetting(key).value_or(CString());
+        if (folder.IsEmpty())
             continue;
         CString candidate = folder + L"\\" + fileName(path);
         if (ZuComn_findFile(candidate) != 0)

@@ -1,5 +1,6 @@
 #include "attribute_tables.h"
 
+#include "frame/environment.h"
 #include "model/parameter_index.h"
 #include "state/library_state.h"
 
@@ -17,11 +18,8 @@ namespace {
 constexpr const wchar_t* kParameters = L"属性IDパラメータ.csv";
 constexpr const wchar_t* kTitles = L"属性IDタイトル.csv";
 
-/// Returns the standard-parts folder of the settings; nullopt when they name none.
 std::optional<CString> tableFolder() {
-    CString folder;
-    return ZuComn_GetEnv(folder, ZUCE_INIFILE, L"環境設定", L"標準部品") == 0 ? std::optional(folder)
-                                                                              : std::nullopt;
+    return environmentSetting(kStandardParts);
 }
 
 CString pathOf(const CString& folder, const wchar_t* file) {

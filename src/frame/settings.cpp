@@ -1,5 +1,6 @@
 #include <zucomn/settings.h>
 
+#include "environment.h"
 #include "library_text.h"
 #include "reset.h"
 #include "resource_ids.h"
@@ -20,7 +21,6 @@ namespace {
 
 constexpr DWORD kValueSize = 512;
 constexpr const wchar_t* kMissing = L"error";
-constexpr const wchar_t* kEnvironment = L"環境設定";
 constexpr const wchar_t* kOptions = L"ｵﾌﾟｼｮﾝ";
 constexpr std::wstring_view kSeparatorOption = L"属性値区切り記号";
 
@@ -60,15 +60,12 @@ CString valueOrEmpty(const wchar_t* file, const wchar_t* section, const wchar_t*
 
 /// Empty while the settings name no system folder, so that the root folder does not take its place.
 CString configurationFile() {
-    const CString folder = valueOrEmpty(ZUCE_INIFILE, zu::libraryText(zu::text::kEnvironmentSection),
-                                        zu::libraryText(zu::text::kSystemFolder));
+    const CString folder = zu::namedEnvironmentSetting(zu::text::kSystemFolder).value_or(CString());
     return folder.IsEmpty() ? folder : folder + L"\\ZuConfig.ini";
 }
 
 AcDb::LineWeight lineWeight(UINT keyId) {
-    const CString value =
-        valueOrEmpty(ZUCE_INIFILE, zu::libraryText(zu::text::kEnvironmentSection), zu::libraryText(keyId));
-    return static_cast<AcDb::LineWeight>(_wtoi(value));
+    return static_cast<AcDb::LineWeight>(_wtoi(zu::namedEnvironmentSetting(keyId).value_or(CString())));
 }
 
 /// Removes quotes around the separator: "\"/\",1" becomes "/,1".
@@ -103,6 +100,19 @@ bool containsLineEnd(const wchar_t* text) {
 
 } // namespace
 
+std::optional<CString> zu::environmentSetting(const wchar_t* key) {
+    CString value;
+    return readValue(ZUCE_INIFILE, kEnvironmentSection, key, value) ? std::optional(value) : std::nullopt;
+}
+
+std::optional<CString> zu::namedEnvironmentSetting(unsigned keyId) {
+    const CString section = libraryText(text::kEnvironmentSection);
+    const CString key = libraryText(keyId);
+    CString value;
+    const bool isRead = !section.IsEmpty() && !key.IsEmpty() && readValue(ZUCE_INIFILE, section, key, value);
+    return isRead ? std::optional(value) : std::nullopt;
+}
+
 void ZuComn_SetIniFile(const CString& path) {
     ZUCE_INIFILE = path;
     // Ducts share the key of routes.
@@ -113,12 +123,7 @@ void ZuComn_SetIniFile(const CString& path) {
 }
 
 bool ZuComn_GetSystemPath(CString& path) {
-    path.Empty();
-    const CString section = zu::libraryText(zu::text::kEnvironmentSection);
-    const CString key = zu::libraryText(zu::text::kSystemFolder);
-    if (section.IsEmpty() || key.IsEmpty())
-        return false;
-    path = valueOrEmpty(ZUCE_INIFILE, section, key);
+    path = zu::namedEnvironmentSetting(zu::text::kSystemFolder).value_or(CString());
     return !path.IsEmpty();
 }
 
@@ -151,7 +156,7 @@ int ZuComn_writeConfig(const wchar_t* section, const wchar_t* key, const wchar_t
 int ZuComn_readEnvConfig(CString& value, const wchar_t* key) {
     // Copied because the key may be the text of `value`.
     const CString name(key);
-    value = valueOrEmpty(configurationFile(), kEnvironment, name);
+    value = valueOrEmpty(configurationFile(), zu::kEnvironmentSection, name);
     const auto option = std::find_if(kKnownOptions.begin(), kKnownOptions.end(),
                                      [&name](const Option& known) { return known.key == name.view(); });
     if (option == kKnownOptions.end())

@@ -1,7 +1,7 @@
 #include <zucomn/tables.h>
 
 #include "block_reader.h"
-#include "library_text.h"
+#include "environment.h"
 #include "line_splitter.h"
 #include "module_state.h"
 #include "resource_ids.h"
@@ -18,10 +18,8 @@ namespace {
 wchar_t separatorOf(const wchar_t* given) {
     if (given != nullptr)
         return *given;
-    const CString section = zu::libraryText(zu::text::kEnvironmentSection);
-    const CString key = zu::libraryText(zu::text::kSeparator);
-    CString value;
-    return ZuComn_GetEnv(value, ZUCE_INIFILE, section, key) == 0 && !value.IsEmpty() ? value.GetAt(0) : L'\0';
+    const CString value = zu::namedEnvironmentSetting(zu::text::kSeparator).value_or(CString());
+    return value.IsEmpty() ? L'\0' : value.GetAt(0);
 }
 
 /// Collects the fields of a table in one list.

@@ -1,3 +1,4 @@
+#include "frame/environment.h"
 #include "group_access.h"
 #include "group_repair.h"
 
@@ -23,8 +24,7 @@ int linkKindOf(AcDbObjectId element) {
 
 /// Returns whether the settings skip the repair for the sake of speed.
 bool skipsRepair() {
-    CString value;
-    return ZuComn_GetEnv(value, ZUCE_INIFILE, L"環境設定", L"GR_SPEED_UP") == 0 && _wtoi(value) == 1;
+    return _wtoi(zu::environmentSetting(L"GR_SPEED_UP").value_or(CString())) == 1;
 }
 
 std::vector<zu::ElementGroup> knownGroupsOf(const AcArray<AcDbObjectId>& ids, const CStringArray& names,
