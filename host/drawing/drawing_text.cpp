@@ -10,9 +10,6 @@
 namespace zuhost {
 namespace {
 
-constexpr int kFirstUtf8Version = 1021;
-constexpr int kDefaultCodePage = 932;
-
 /// Cached: creating a codec is costly and each escape needs one.
 const std::optional<TextCodec>& multiByteCodec(std::size_t page) {
     static std::array<std::once_flag, dxf::kMultiBytePages.size()> made;
@@ -24,14 +21,6 @@ const std::optional<TextCodec>& multiByteCodec(std::size_t page) {
 std::optional<std::wstring> decodePair(std::size_t page, std::string_view bytes) {
     const std::optional<TextCodec>& codec = multiByteCodec(page);
     return codec ? std::optional(codec->decode(bytes)) : std::nullopt;
-}
-
-/// Records are ASCII text: EBCDIC pages, which iconv supports as well, cannot be the encoding of a drawing.
-bool keepsAscii(const TextCodec& codec) {
-    for (char c = ' '; c < '\x7F'; ++c)
-        if (codec.decode({&c, 1}) != std::wstring(1, static_cast<wchar_t>(c)))
-            return false;
-    return true;
 }
 
 /// Returns true for characters that every encoding writes as their ASCII byte and that begin no escape.
@@ -121,13 +110,13 @@ bool hasLoneSurrogate(std::wstring_view text) {
 DrawingText DrawingText::of(int version, std::string_view codePageName, bool& known) {
     DrawingText encoding;
     known = true;
-    if (version >= kFirstUtf8Version)
+    if (version >= dxf::kFirstUtf8Version)
         return encoding;
-    const auto number = codePageName.empty() ? kDefaultCodePage : dxf::codePageNumber(codePageName);
+    const auto number = codePageName.empty() ? dxf::kDefaultCodePage : dxf::codePageNumber(codePageName);
     auto codec = number ? TextCodec::forCodePage(*number) : std::nullopt;
-    known = codec && keepsAscii(*codec);
+    known = codec && dxf::extendsAscii([&](std::string_view bytes) { return codec->decode(bytes); });
     if (!known)
-        codec = TextCodec::forCodePage(kDefaultCodePage);
+        codec = TextCodec::forCodePage(dxf::kDefaultCodePage);
     if (codec)
         encoding.codec_ = *codec;
     return encoding;

@@ -9,9 +9,6 @@ namespace zu::dxf {
 
 namespace {
 
-constexpr UINT kDefaultPage = 932;
-constexpr int kFirstUtf8Version = 1021;
-
 bool isAscii(std::string_view bytes) {
     return std::all_of(bytes.begin(), bytes.end(),
                        [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -32,23 +29,22 @@ std::optional<std::wstring> decodePair(std::size_t page, std::string_view bytes)
     return decodeBytes(static_cast<UINT>(zuhost::dxf::kMultiBytePages[page]), bytes);
 }
 
-/// Returns whether the system has a code page and it extends ASCII, in which the records are written.
-bool isKnown(UINT page) {
-    constexpr std::string_view kSample = "09AZaz {}\\^_";
-    return decodeBytes(page, kSample) == std::wstring(kSample.begin(), kSample.end());
+/// Returns false for pages that the system does not have, too.
+bool isUsable(UINT page) {
+    return zuhost::dxf::extendsAscii([page](std::string_view bytes) { return decodeBytes(page, bytes); });
 }
 
 } // namespace
 
 void PartText::setCodePage(std::string_view name) {
     const auto number = zuhost::dxf::codePageNumber(name);
-    named_ = number && *number > 0 && isKnown(static_cast<UINT>(*number)) ? static_cast<UINT>(*number) : 0;
+    named_ = number && *number > 0 && isUsable(static_cast<UINT>(*number)) ? static_cast<UINT>(*number) : 0;
 }
 
 UINT PartText::codePage() const {
-    if (mark_ || version_ >= kFirstUtf8Version)
+    if (mark_ || version_ >= zuhost::dxf::kFirstUtf8Version)
         return CP_UTF8;
-    return named_ != 0 ? named_ : kDefaultPage;
+    return named_ != 0 ? named_ : zuhost::dxf::kDefaultCodePage;
 }
 
 CString PartText::decode(std::string_view bytes) const {

@@ -8,6 +8,22 @@
 
 namespace zuhost::dxf {
 
+/// Drawings of this version (the number of $ACADVER for R2007) and later are UTF-8, whatever their code page.
+inline constexpr int kFirstUtf8Version = 1021;
+
+/// The code page of earlier drawings that name none, or an unknown one.
+inline constexpr int kDefaultCodePage = 932;
+
+/// Returns whether a code page extends ASCII, in which records are written: EBCDIC pages, for example, cannot
+/// be the encoding of a drawing. `decode` decodes bytes of the page.
+template <typename Decode>
+[[nodiscard]] bool extendsAscii(Decode decode) {
+    std::string sample;
+    for (char c = ' '; c < '\x7F'; ++c)
+        sample += c;
+    return decode(sample) == std::wstring(sample.begin(), sample.end());
+}
+
 /// Returns the number of a code page by its name in drawings: "ANSI_932", "ansi_1252", "DOS850", "dos_437" or
 /// one of the format's own names ("SHIFT_JIS" is not among them). Nullopt for an unknown name.
 [[nodiscard]] std::optional<int> codePageNumber(std::string_view name);
