@@ -50,16 +50,24 @@ struct RoleStyle {
     QString legend; ///< Empty for the background.
 };
 
+/// In English unless the environment names a language: the library's own texts are Japanese.
+zucomn::LegendWords legendWords() {
+    if (zuhost::environmentNamesLanguage())
+        return zucomn::legendWords();
+    return {L"equipment", L"other", L"joined", L"dangling"};
+}
+
 /// The route kinds in their order, then what belongs to none, as the legend lists them.
 std::vector<RoleStyle> roleStyles() {
     const bool hasLanguage = zuhost::environmentNamesLanguage();
+    const zucomn::LegendWords words = legendWords();
     std::vector<RoleStyle> styles;
     for (const zucomn::RouteKind& kind : zucomn::routeKinds())
         styles.push_back(
             {PlanRole{kind.number}, QColor(kind.colour),
              hasLanguage ? QString::fromStdWString(kind.name) : QString("link kind %1").arg(kind.number)});
-    styles.push_back({PlanRole::equipment, {0x7b, 0x1f, 0xa2}, "equipment"});
-    styles.push_back({PlanRole::kindUnknown, {0x5d, 0x40, 0x37}, "other"});
+    styles.push_back({PlanRole::equipment, {0x7b, 0x1f, 0xa2}, QString::fromStdWString(words.equipment)});
+    styles.push_back({PlanRole::kindUnknown, {0x5d, 0x40, 0x37}, QString::fromStdWString(words.other)});
     styles.push_back({PlanRole::background, {0x9a, 0xa0, 0xa6}, {}});
     return styles;
 }
@@ -238,10 +246,11 @@ private:
             painter_.drawLine(QPointF(x, y), QPointF(x + 24.0, y));
             label(style.legend);
         }
+        const zucomn::LegendWords words = legendWords();
         paintMark(QPointF(x + 12.0, y), true);
-        label("joined");
+        label(QString::fromStdWString(words.joined));
         paintMark(QPointF(x + 12.0, y), false);
-        label("dangling");
+        label(QString::fromStdWString(words.dangling));
     }
 
     QPainter& painter_;
