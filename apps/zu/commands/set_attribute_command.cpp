@@ -7,6 +7,8 @@
 #include "report/csv.h"
 #include "text.h"
 
+#include <zucomn/model/attributes.h>
+
 #include <algorithm>
 #include <iostream>
 #include <memory>
@@ -14,9 +16,6 @@
 namespace zu::app {
 
 namespace {
-
-/// Windows and listings show this for an attribute whose value differs among the elements.
-constexpr std::string_view kVarious = "*各種*";
 
 struct Options {
     DrawingSource drawing;
@@ -68,12 +67,16 @@ void print(const AttributeEdit& edit, const ListingForm& form) {
 }
 
 void requireStorable(const std::string& value) {
-    if (value == kVarious)
+    switch (zucomn::valueFault(wide(value).view())) {
+    case zucomn::ValueFault::placeholder:
         throw WrongUsage("the value \"" + value + "\" stands for different values and is never stored");
-    if (value.find('|') != std::string::npos)
+    case zucomn::ValueFault::separator:
         throw WrongUsage("a value can't hold \"|\", which separates the fields of the record");
-    if (value.find_first_of("\r\n") != std::string::npos)
+    case zucomn::ValueFault::lineEnd:
         throw WrongUsage("a value can't hold a line end");
+    case zucomn::ValueFault::none:
+        break;
+    }
     if (narrow(wide(value).view()) != value)
         throw WrongUsage("the value is not valid UTF-8");
 }

@@ -20,8 +20,16 @@ using AttributeRow = std::array<std::wstring, 9>;
 /// Returns the rows of an element in stored order; an empty vector for an element without a record.
 [[nodiscard]] ZUCOMN_API std::vector<AttributeRow> readAttributes(AcDbObjectId element);
 
-/// A value to write under an attribute id such as "S401". A value that contains "|", which separates the
-/// fields of a record, or a line end is not written.
+/// The reason why a text cannot be stored as a value.
+enum class ValueFault {
+    none,
+    separator,   ///< It contains "|", which separates the fields of a record.
+    lineEnd,     ///< It contains a line end.
+    placeholder, ///< It is "*各種*", which is shown in place of values that differ.
+};
+[[nodiscard]] ZUCOMN_API ValueFault valueFault(std::wstring_view value);
+
+/// A value to write under an attribute id such as "S401". A value with a fault is not written.
 struct AttributeValue {
     std::wstring id;
     std::wstring value;

@@ -98,7 +98,7 @@ std::vector<EditedElement> zucomn::editAttributes(std::span<const AcDbObjectId> 
                                                   std::span<const AttributeValue> values) {
     std::vector<zu::ShownItem> items;
     for (const AttributeValue& value : values)
-        if (value.value.find_first_of(L"|\r\n") == std::wstring::npos)
+        if (valueFault(value.value) == ValueFault::none)
             items.push_back({CString(value.id) + L"|", CString(value.value)});
     return zu::editElements(elements, items);
 }

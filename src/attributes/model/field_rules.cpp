@@ -2,6 +2,8 @@
 
 #include "attributes/attribute_rows.h"
 
+#include <zucomn/model/attributes.h>
+
 namespace zu {
 
 CString attributeField(const CString& text, int n) {
@@ -36,3 +38,11 @@ bool findIdCode(CString& code, const CPtrArray& table, const CString& first, con
 }
 
 } // namespace zu
+
+zucomn::ValueFault zucomn::valueFault(std::wstring_view value) {
+    if (value == zu::kVarious)
+        return ValueFault::placeholder;
+    if (value.find(zu::kFieldSeparator) != std::wstring_view::npos)
+        return ValueFault::separator;
+    return value.find_first_of(L"\r\n") != std::wstring_view::npos ? ValueFault::lineEnd : ValueFault::none;
+}

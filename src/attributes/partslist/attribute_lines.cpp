@@ -5,6 +5,7 @@
 #include "attributes/model/field_rules.h"
 
 #include <zucomn/attributes.h>
+#include <zucomn/model/attributes.h>
 
 #include <map>
 #include <set>
@@ -46,7 +47,7 @@ std::map<std::wstring, CString> valuesToWrite(std::span<const ShownItem> items,
     std::map<std::wstring, CString> values;
     for (const ShownItem& item : items) {
         const CString id = attributeField(item.key, 1);
-        if (item.value != kVarious && canHold(item.value) && parameters.editable(id))
+        if (zucomn::valueFault(item.value.view()) == zucomn::ValueFault::none && parameters.editable(id))
             values.try_emplace(static_cast<const wchar_t*>(id), item.value);
     }
     return values;
@@ -65,7 +66,8 @@ CString paddedLine(const CString& line) {
 }
 
 bool canHold(const CString& value) {
-    return value.FindOneOf(L"|\r\n") < 0;
+    const zucomn::ValueFault fault = zucomn::valueFault(value.view());
+    return fault == zucomn::ValueFault::none || fault == zucomn::ValueFault::placeholder;
 }
 
 CString withValue(const CString& line, const CString& value) {
