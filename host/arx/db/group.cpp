@@ -233,10 +233,13 @@ Acad::ErrorStatus AcDbGroup::prepend(const AcDbObjectIdArray& ids) {
 }
 
 Acad::ErrorStatus AcDbGroup::insertAt(Adesk::UInt32 index, AcDbObjectId id) {
+    if (core() == nullptr)
+        return Acad::eNotInDatabase;
+    std::unordered_set<const AcDbStub*> seen;
     const TagRange range = section(kMarker);
     Adesk::UInt32 passed = 0;
     for (std::size_t i = range.first; i < range.last; ++i)
-        if (tags()[i].code == kMember && passed++ == index)
+        if (memberOf(tags()[i], seen) != nullptr && passed++ == index)
             return insert(id, i);
     return passed == index ? append(id) : Acad::eInvalidIndex;
 }

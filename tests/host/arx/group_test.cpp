@@ -65,6 +65,17 @@ TEST_F(Groups, MembersAreInsertedAtTheirPlaces) {
     EXPECT_TRUE(AcDbObjectPointer<AcDbObject>(idIn(*again, kShelf))->hasPersistentReactor(read->objectId()));
 }
 
+TEST_F(Groups, PlacesOfMembersDoNotCountSurplusEntries) {
+    std::string bytes = drawing->dxfOutBytes(false);
+    const std::size_t first = bytes.find("340\n106\n");
+    ASSERT_NE(first, std::string::npos);
+    bytes.insert(first, "340\nFFF\n340\n106\n");
+    const auto damaged = readBytes(bytes);
+    const AcDbObjectPointer<AcDbGroup> group(idIn(*damaged, kFurniture), AcDb::kForWrite);
+    EXPECT_EQ(group->insertAt(1, idIn(*damaged, kDuct)), Acad::eOk);
+    EXPECT_EQ(members(*group), (Handles{0x106, kDuct, 0x108, 0x10A}));
+}
+
 TEST_F(Groups, ListsAreAddedAndMembersRemoved) {
     const AcDbObjectPointer<AcDbGroup> group(id(kSingle), AcDb::kForWrite);
     AcDbObjectIdArray ids;
