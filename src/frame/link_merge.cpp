@@ -119,12 +119,14 @@ private:
         heldBytes_ = {};
     }
 
-    /// The file's last line may lack its line end.
+    /// The file's last line may lack its line end. A return at its end belongs to its value, which LF alone
+    /// would turn into a line end.
     [[nodiscard]] std::string withLineEnd(std::string_view bytes) const {
         std::string line(bytes);
-        if (!bytes.ends_with(encoding_.lineFeed()))
-            line += encoding_.encode(crlf_ ? L"\r\n" : L"\n").value_or("\n");
-        return line;
+        if (bytes.ends_with(encoding_.lineFeed()))
+            return line;
+        const bool needsReturn = crlf_ || bytes.ends_with(encoding_.encode(L"\r").value_or("\r"));
+        return line += encoding_.encode(needsReturn ? L"\r\n" : L"\n").value_or("\n");
     }
 
     bool writePending() {
