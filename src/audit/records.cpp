@@ -17,7 +17,6 @@ namespace {
 using zucomn::RouteFault;
 
 constexpr short kApplicationName = 1001;
-constexpr short kComment = 999;
 constexpr short kText = 1000;
 constexpr std::size_t kHeaderFields = 3;
 constexpr std::size_t kItemFields = kStoredFields;
@@ -42,15 +41,12 @@ struct Record {
 Record readRecord(const resbuf* chain, const wchar_t* application) {
     Record record;
     bool isWanted = false;
-    bool isBroken = false;
     for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
         if (item->restype == kApplicationName) {
             isWanted = CString(item->resval.rstring).CompareNoCase(application) == 0;
             record.count += isWanted ? 1 : 0;
         } else if (isWanted && record.count == 1) {
-            // Readers stop at a value that is not valid in extended data.
-            isBroken |= item->restype < kComment;
-            if (item->restype == kText && !isBroken)
+            if (item->restype == kText)
                 record.texts.emplace_back(item->resval.rstring);
             else
                 record.hasOtherValues = true;

@@ -100,8 +100,9 @@ def two_on_one_place(d):
 
 
 def hard_to_repair(d):
-    """Two groups of reactors, a value of extended data among them, two empty records of one application, and an
-    entity without a handle whose own would be the next one, which a group names."""
+    """Two groups of reactors, a value of extended data among them, two empty records of one application, an attribute
+    record whose reader ends at a foreign code, and an entity without a handle whose own would be the next one, which a
+    group names."""
     for handle in (DUCT, "114"):
         place = places(d.at(handle), 102)[0]
         d.at(handle)[place:place] = [list(r) for r in d.at(handle)[place:place + 3]] + [list(d.at(handle)[place + 2])]
@@ -109,6 +110,7 @@ def hard_to_repair(d):
     d.at("118").append(record(d.at("118")[0], 1001, "ZU_LINK"))
     first, last = xdata(d.at("118"), "ZU_LINK")
     del d.at("118")[first:last]
+    d.at("11C")[xdata(d.at("11C"), "ZU_LINK")[0] - 1][0] = b"500"
     seed = places(d.objects[0], 9, "$HANDSEED")[0] + 1
     insert(d.at(SUPPLY), members(d, SUPPLY)[0], 340, text(d.objects[0][seed]))
     del d.at("11A")[places(d.at("11A"), 5)[0]]

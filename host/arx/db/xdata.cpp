@@ -16,6 +16,7 @@ using zuhost::TagRange;
 namespace {
 
 constexpr int kApplication = 1001;
+constexpr int kComment = 999;
 constexpr std::size_t kSizeLimit = 16383;
 constexpr short kChunkLimit = 127;
 constexpr std::string_view kAxes = "xyz";
@@ -244,9 +245,14 @@ resbuf* AcDbObject::xData(const ACHAR* application) const {
             range = tags().extendedData(*name, start);
     }
     ChainWriter chain(*core()->document);
-    // Skips other group codes, which only damaged drawings have: a chain can't hold their values.
-    for (std::size_t at = range.first; at < range.last;)
-        at = isValueCode(tags()[at].code) ? chain.add(tags(), at) : at + 1;
+    // Skips other group codes, which only damaged drawings have: a chain can't hold their values. One that is
+    // not valid in extended data ends the values of its application, as when one application is asked for.
+    bool isEnded = false;
+    for (std::size_t at = range.first; at < range.last;) {
+        const int code = tags()[at].code;
+        isEnded = code != kApplication && (isEnded || code < kComment);
+        at = isValueCode(code) && !isEnded ? chain.add(tags(), at) : at + 1;
+    }
     return chain.first();
 }
 
