@@ -26,6 +26,7 @@ void addCommands(zu::app::Command program) {
     addAttributesCommand(program);
     addSetAttributeCommand(program);
     addCheckCommand(program);
+    addCompareCommand(program);
     addSaveCommand(program);
     addPartCommand(program);
     addPartsListCommand(program);

@@ -10,8 +10,6 @@ namespace zucomn {
 
 namespace {
 
-constexpr std::size_t kMostJoined = 2;
-
 /// The points grouped by element; elements are numbered in the order of the points.
 class PointsOfElements {
 public:
@@ -56,7 +54,8 @@ std::vector<ConnectionPoint> connectionPoints(std::span<const AcDbObjectId> elem
     return points;
 }
 
-std::vector<std::vector<AcDbObjectId>> joinedElements(std::span<const ConnectionPoint> points) {
+std::vector<std::vector<AcDbObjectId>> joinedElements(std::span<const ConnectionPoint> points,
+                                                      std::size_t most) {
     const double tolerance = zu::connectionTolerance();
     const PointsOfElements elements(points);
     zu::PointGrid grid(tolerance);
@@ -71,7 +70,7 @@ std::vector<std::vector<AcDbObjectId>> joinedElements(std::span<const Connection
         const AcGePoint3d place(points[i].position.x, points[i].position.y, 0.0);
         grid.visit(place, tolerance, isKnown, [&](int other) {
             found.push_back(other);
-            return found.size() < kMostJoined;
+            return found.size() < most;
         });
         std::sort(found.begin(), found.end());
         for (const int other : found)

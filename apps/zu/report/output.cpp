@@ -65,7 +65,7 @@ TextTable::TextTable(std::vector<std::string> headings) : headings_(std::move(he
 void TextTable::addRow(std::vector<std::string> cells) {
     cells.resize(headings_.size());
     for (std::string& cell : cells)
-        std::replace_if(cell.begin(), cell.end(), isControl, '?');
+        cell = withoutControls(std::move(cell));
     rows_.push_back(std::move(cells));
 }
 
@@ -79,6 +79,11 @@ void TextTable::print() const {
     printRow(headings_, widths);
     for (const auto& row : rows_)
         printRow(row, widths);
+}
+
+std::string withoutControls(std::string text) {
+    std::replace_if(text.begin(), text.end(), isControl, '?');
+    return text;
 }
 
 std::size_t displayWidth(std::string_view utf8) {

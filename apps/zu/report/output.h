@@ -28,6 +28,9 @@ private:
     std::vector<std::vector<std::string>> rows_;
 };
 
+/// Replaces control characters, which could act as terminal escapes.
+[[nodiscard]] std::string withoutControls(std::string text);
+
 /// Returns the columns that a UTF-8 text takes on a terminal.
 [[nodiscard]] std::size_t displayWidth(std::string_view utf8);
 

@@ -5,6 +5,7 @@
 #include <dbid.h>
 #include <gepnt2d.h>
 
+#include <cstddef>
 #include <span>
 #include <vector>
 
@@ -21,10 +22,11 @@ struct ConnectionPoint {
 [[nodiscard]] ZUCOMN_API std::vector<ConnectionPoint>
 connectionPoints(std::span<const AcDbObjectId> elements);
 
-/// Returns for each point, in order, up to two other elements with a connection point within the connection
-/// tolerance: none for a dangling point, one for a joint. Of more than two elements, it is unspecified which
-/// are returned, so that the time grows with the number of points only, however close together they lie.
+/// Returns for each point, in order, up to `most` other elements with a connection point within the
+/// connection tolerance: none for a dangling point, one for a joint. Of more elements, it is unspecified
+/// which are returned, so that the time grows with the number of points only, however close together they
+/// lie.
 [[nodiscard]] ZUCOMN_API std::vector<std::vector<AcDbObjectId>>
-joinedElements(std::span<const ConnectionPoint> points);
+joinedElements(std::span<const ConnectionPoint> points, std::size_t most = 2);
 
 } // namespace zucomn

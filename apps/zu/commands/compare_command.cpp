@@ -1,0 +1,61 @@
+#include "command_line.h"
+#include "commands/commands.h"
+#include "failure.h"
+#include "model/comparison.h"
+#include "report/differences.h"
+
+#include <memory>
+
+namespace zu::app {
+
+namespace {
+
+constexpr int kDifferent = 1;
+constexpr int kTrouble = 2;
+
+struct Options {
+    DrawingSource before;
+    DrawingSource after;
+    bool strict = false;
+    bool json = false;
+};
+
+bool compareAndPrint(const Options& options) {
+    DrawingFile before({options.before.path, options.strict});
+    DrawingFile after({options.after.path, options.strict});
+    const zucomn::DrawingDifferences differences = compare(before, after);
+    if (options.json)
+        printJson(differencesJson(differences));
+    else
+        printDifferences(differences);
+    return differences.isEmpty();
+}
+
+/// Status 1 means different, so that failures have another.
+void run(const Options& options) {
+    bool isSame = false;
+    try {
+        isSame = compareAndPrint(options);
+    } catch (const std::bad_alloc&) {
+        throw EndWithStatus(kTrouble, "not enough memory");
+    } catch (const std::exception& error) {
+        throw EndWithStatus(kTrouble, error.what());
+    }
+    if (!isSame)
+        throw EndWithStatus(kDifferent);
+}
+
+} // namespace
+
+void addCompareCommand(Command& program) {
+    auto options = std::make_shared<Options>();
+    Command* command = program.add_subcommand(
+        "compare", "List what differs between two drawings; status 0 the same, 1 different, 2 failed");
+    command->add_option("A", options->before.path, "The first drawing")->required();
+    command->add_option("B", options->after.path, "The second drawing")->required();
+    command->add_flag("--strict", options->strict, "Refuse drawings that would open with warnings");
+    command->add_flag("--json", options->json, "As JSON");
+    command->callback([options] { run(*options); });
+}
+
+} // namespace zu::app

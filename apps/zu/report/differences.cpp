@@ -1,0 +1,217 @@
+#include "report/differences.h"
+
+#include "model/drawing_file.h"
+#include "model/element.h"
+#include "text.h"
+
+#include <zucomn/model/attributes.h>
+
+#include <algorithm>
+#include <iostream>
+#include <utility>
+
+namespace zu::app {
+
+namespace {
+
+using zucomn::DrawingDifferences;
+using zucomn::ElementChange;
+using zucomn::ValueChange;
+
+// Columns of an attribute row.
+constexpr std::size_t kIdColumn = 3;
+constexpr std::size_t kLabelColumn = 6;
+
+Json pointJson(const AcGePoint3d& point) {
+    return {point.x, point.y, point.z};
+}
+
+/// The handle, and that in the first drawing where it differs.
+Json handleJson(const ElementChange& change) {
+    Json json{{"handle", handleText(change.after)}};
+    if (change.before.handle() != change.after.handle())
+        json["was"] = handleText(change.before);
+    return json;
+}
+
+Json movedJson(const DrawingDifferences& differences) {
+    Json array = Json::array();
+    for (const ElementChange& change : differences.changed) {
+        if (!change.isMoved)
+            continue;
+        Json& json = array.emplace_back(handleJson(change));
+        json["from"] = pointJson(change.from);
+        json["to"] = pointJson(change.to);
+    }
+    return array;
+}
+
+Json changedJson(const DrawingDifferences& differences) {
+    const auto valueJson = [](const std::optional<std::wstring>& value) {
+        return value ? Json(narrow(*value)) : Json();
+    };
+    Json array = Json::array();
+    for (const ElementChange& change : differences.changed) {
+        if (change.values.empty())
+            continue;
+        Json values = Json::array();
+        for (const ValueChange& value : change.values)
+            values.push_back({{"key", narrow(value.key)},
+                              {"old", valueJson(value.before)},
+                              {"new", valueJson(value.after)}});
+        array.emplace_back(handleJson(change))["attributes"] = std::move(values);
+    }
+    return array;
+}
+
+Json groupsJson(const DrawingDifferences& differences) {
+    Json array = Json::array();
+    for (const zucomn::GroupChange& group : differences.groups) {
+        Json& json = array.emplace_back(Json{{"name", narrow(group.name)}});
+        if (group.name != group.nameBefore)
+            json["was"] = narrow(group.nameBefore);
+        json["added"] = handleTexts(group.added);
+        json["removed"] = handleTexts(group.removed);
+    }
+    return array;
+}
+
+Json jointsJson(const std::vector<zucomn::Joint>& joints) {
+    Json array = Json::array();
+    for (const auto& [first, second] : joints)
+        array.push_back({handleText(first), handleText(second)});
+    return array;
+}
+
+/// Lines below one heading; nothing is printed without lines. Control characters could act on the terminal.
+class Section {
+public:
+    explicit Section(std::string heading) : heading_(std::move(heading)) {}
+
+    void add(const std::string& line) {
+        if (!heading_.empty())
+            std::cout << std::exchange(heading_, {}) << '\n';
+        std::cout << "  " << withoutControls(line) << '\n';
+    }
+    void addElements(const std::vector<AcDbObjectId>& elements) {
+        for (const AcDbObjectId id : elements) {
+            const Element element = readElement(id);
+            add(describe(id) + " at " + pointText(element.origin) + " on layer " + element.layer);
+        }
+    }
+    void addHandles(const std::vector<AcDbObjectId>& objects) {
+        for (const AcDbObjectId id : objects)
+            add(handleText(id));
+    }
+
+    static std::string pointText(const AcGePoint3d& point) {
+        return shortNumber(point.x) + ", " + shortNumber(point.y) + ", " + shortNumber(point.z);
+    }
+    static std::string describe(AcDbObjectId id) {
+        const Element element = readElement(id);
+        return handleText(id) + ' ' + element.block +
+               (element.isRouteElement() ? " (" + elementCodeName(element.code) + ')' : "");
+    }
+
+private:
+    std::string heading_;
+};
+
+std::string describe(const ElementChange& change) {
+    const bool isRenumbered = change.before.handle() != change.after.handle();
+    return Section::describe(change.after) + (isRenumbered ? ", was " + handleText(change.before) : "");
+}
+
+/// The label that the element's record has for an attribute.
+std::string labelOf(const ElementChange& change, const std::wstring& key) {
+    for (const AcDbObjectId id : {change.after, change.before})
+        for (const zucomn::AttributeRow& row : zucomn::readAttributes(id))
+            if (row[kIdColumn] == key)
+                return ' ' + narrow(row[kLabelColumn]);
+    return {};
+}
+
+std::string valueText(const std::optional<std::wstring>& value) {
+    return value ? '"' + narrow(*value) + '"' : "none";
+}
+
+void printElements(const DrawingDifferences& differences) {
+    Section("removed elements:").addElements(differences.removed);
+    Section("added elements:").addElements(differences.added);
+    Section moved("moved elements:");
+    for (const ElementChange& change : differences.changed)
+        if (change.isMoved)
+            moved.add(describe(change) + " from " + Section::pointText(change.from) + " to " +
+                      Section::pointText(change.to));
+    Section changed("changed elements:");
+    for (const ElementChange& change : differences.changed)
+        for (const ValueChange& value : change.values)
+            changed.add(describe(change) + ": " + narrow(value.key) + labelOf(change, value.key) + ' ' +
+                        valueText(value.before) + " -> " + valueText(value.after));
+}
+
+void printGroups(const DrawingDifferences& differences) {
+    const auto list = [](const char* what, const std::vector<AcDbObjectId>& members) {
+        std::string text;
+        for (const std::string& handle : handleTexts(members))
+            text += ' ' + handle;
+        return text.empty() ? text : what + text;
+    };
+    Section groups("changed groups:");
+    for (const zucomn::GroupChange& group : differences.groups)
+        groups.add(narrow(group.name) +
+                   (group.name == group.nameBefore ? "" : ", was " + narrow(group.nameBefore)) +
+                   list(", added", group.added) + list(", removed", group.removed));
+}
+
+void printJoints(const DrawingDifferences& differences) {
+    const auto print = [](const char* heading, const std::vector<zucomn::Joint>& joints) {
+        Section section(heading);
+        for (const auto& [first, second] : joints)
+            section.add(Section::describe(first) + " - " + Section::describe(second));
+    };
+    print("broken joints:", differences.broken);
+    print("made joints:", differences.made);
+}
+
+} // namespace
+
+Json differencesJson(const DrawingDifferences& differences) {
+    return {{"same", differences.isEmpty()},
+            {"added", handleTexts(differences.added)},
+            {"removed", handleTexts(differences.removed)},
+            {"moved", movedJson(differences)},
+            {"changed", changedJson(differences)},
+            {"groups", groupsJson(differences)},
+            {"joints", {{"made", jointsJson(differences.made)}, {"broken", jointsJson(differences.broken)}}},
+            {"other",
+             {{"added", handleTexts(differences.othersAdded)},
+              {"removed", handleTexts(differences.othersRemoved)},
+              {"changed", handleTexts(differences.othersChanged)}}}};
+}
+
+void printDifferences(const DrawingDifferences& differences) {
+    if (differences.isEmpty()) {
+        std::cout << "no differences\n";
+        return;
+    }
+    printElements(differences);
+    printGroups(differences);
+    printJoints(differences);
+    Section("other entities, removed:").addHandles(differences.othersRemoved);
+    Section("other entities, added:").addHandles(differences.othersAdded);
+    Section("other changes of records:").addHandles(differences.othersChanged);
+    const auto isMoved = [](const ElementChange& change) { return change.isMoved; };
+    const auto hasValues = [](const ElementChange& change) { return !change.values.empty(); };
+    const auto& changed = differences.changed;
+    std::cout << "elements: " << differences.removed.size() << " removed, " << differences.added.size()
+              << " added, " << std::count_if(changed.begin(), changed.end(), isMoved) << " moved, "
+              << std::count_if(changed.begin(), changed.end(), hasValues)
+              << " changed; groups: " << differences.groups.size()
+              << " changed; joints: " << differences.broken.size() << " broken, " << differences.made.size()
+              << " made; others: " << differences.othersRemoved.size() << " removed, "
+              << differences.othersAdded.size() << " added, " << differences.othersChanged.size()
+              << " changed\n";
+}
+
+} // namespace zu::app

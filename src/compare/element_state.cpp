@@ -1,0 +1,174 @@
+#include "element_state.h"
+
+#include "attributes/attribute_record.h"
+#include "route/link_record.h"
+
+#include <zucomn/model/elements.h>
+
+#include <arxutil.h>
+#include <dbents.h>
+#include <dbobjptr.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <unordered_map>
+
+namespace zu {
+
+namespace {
+
+using zucomn::ValueChange;
+
+constexpr double kSteps = 1e6;
+constexpr double kFullTurn = 360.0;
+// Columns of ElementState::place.
+constexpr std::size_t kPositionEnd = 3;
+constexpr std::size_t kScale = 3;
+constexpr std::size_t kRotation = 6;
+constexpr std::size_t kNormal = 7;
+
+/// Adding 0.0 turns a negative zero into a positive one. Damaged drawings have values that are not a number;
+/// these have to be equal, too.
+double rounded(double value) {
+    if (std::isnan(value))
+        return std::numeric_limits<double>::max();
+    return std::round(value * kSteps) / kSteps + 0.0;
+}
+
+double degrees(double radians) {
+    const double angle = std::fmod(rounded(radians * 180.0 / std::numbers::pi), kFullTurn);
+    return rounded(angle < 0.0 ? angle + kFullTurn : angle);
+}
+
+std::vector<std::wstring> textsOf(AcDbObjectId id, const wchar_t* application) {
+    CStringArray list;
+    if (ApiComn_extractAttributesArrayID(id, application, list) != 0)
+        return {};
+    std::vector<std::wstring> texts;
+    for (int i = 0; i < list.GetSize(); ++i)
+        texts.emplace_back(list[i].view());
+    return texts;
+}
+
+bool readReference(AcDbObjectId id, ElementState& state) {
+    const AcDbObjectPointer<AcDbBlockReference> reference(id);
+    if (reference.openStatus() != Acad::eOk)
+        return false;
+    state.block = CString(reference->blockName()).MakeLower().view();
+    state.layer = reference->layerName();
+    state.position = reference->position();
+    const AcGeScale3d scale = reference->scaleFactors();
+    const AcGeVector3d normal = reference->normal();
+    state.place = {state.position.x, state.position.y, state.position.z, scale.sx, scale.sy, scale.sz, 0.0,
+                   normal.x,         normal.y,         normal.z};
+    std::transform(state.place.begin(), state.place.end(), state.place.begin(), rounded);
+    state.place[kRotation] = degrees(reference->rotation());
+    return true;
+}
+
+std::wstring numberText(double value) {
+    CString text;
+    text.Format(L"%.15g", value);
+    return std::wstring(text.view());
+}
+
+std::wstring scaleText(const ElementState& state) {
+    std::wstring text;
+    for (std::size_t i = kScale; i < kRotation; ++i)
+        text += (text.empty() ? L"" : L", ") + numberText(state.place[i]);
+    return text;
+}
+
+bool isSameRange(const ElementState& a, const ElementState& b, std::size_t first, std::size_t last) {
+    return std::equal(a.place.begin() + static_cast<std::ptrdiff_t>(first),
+                      a.place.begin() + static_cast<std::ptrdiff_t>(last),
+                      b.place.begin() + static_cast<std::ptrdiff_t>(first));
+}
+
+std::optional<std::wstring> valueOrNone(const std::wstring& text) {
+    return text.empty() ? std::nullopt : std::optional(text);
+}
+
+AttributeRecord recordOf(const ElementState& state) {
+    CStringArray texts;
+    for (const std::wstring& text : state.attributes)
+        texts.Add(CString(text));
+    return decodeRecord(texts).value_or(AttributeRecord());
+}
+
+std::wstring text(const CString& value) {
+    return std::wstring(value.view());
+}
+
+/// Records of damaged drawings have an id several times: its n-th occurrences belong together.
+void addAttributes(const ElementState& before, const ElementState& after, std::vector<ValueChange>& changes) {
+    const AttributeRecord old = recordOf(before);
+    const AttributeRecord now = recordOf(after);
+    const auto add = [&](const wchar_t* key, const CString& was, const CString& is) {
+        if (was != is)
+            changes.push_back({key, valueOrNone(text(was)), valueOrNone(text(is))});
+    };
+    add(zucomn::kNameKey, old.first, now.first);
+    add(zucomn::kMarkKey, old.second, now.second);
+    std::unordered_map<std::wstring, std::vector<std::size_t>> places;
+    for (std::size_t i = old.items.size(); i-- > 0;)
+        places[text(old.items[i][0])].push_back(i);
+    std::vector<bool> isKept(old.items.size(), false);
+    for (const ItemFields& item : now.items) {
+        const auto found = places.find(text(item[0]));
+        if (found == places.end() || found->second.empty()) {
+            changes.push_back({text(item[0]), std::nullopt, text(item[1])});
+            continue;
+        }
+        const std::size_t place = found->second.back();
+        found->second.pop_back();
+        isKept[place] = true;
+        if (old.items[place][1] != item[1])
+            changes.push_back({text(item[0]), text(old.items[place][1]), text(item[1])});
+    }
+    for (std::size_t i = 0; i < old.items.size(); ++i)
+        if (!isKept[i])
+            changes.push_back({text(old.items[i][0]), text(old.items[i][1]), std::nullopt});
+}
+
+} // namespace
+
+std::vector<ElementState> readElementStates(const AcDbDatabase& drawing) {
+    std::vector<ElementState> states;
+    for (const AcDbObjectId id : zucomn::modelSpaceReferences(drawing)) {
+        ElementState state;
+        state.id = id;
+        if (!readReference(id, state))
+            continue;
+        const std::vector<std::wstring> link = textsOf(id, kLinkApplication);
+        state.link = link.empty() ? std::wstring() : link.front();
+        state.attributes = textsOf(id, kAttributeApplication);
+        states.push_back(std::move(state));
+    }
+    return states;
+}
+
+bool isMoved(const ElementState& before, const ElementState& after) {
+    return !isSameRange(before, after, 0, kPositionEnd);
+}
+
+std::vector<ValueChange> changedValues(const ElementState& before, const ElementState& after) {
+    std::vector<ValueChange> changes;
+    if (!isSameRange(before, after, kRotation, before.place.size()))
+        changes.push_back(
+            {zucomn::kRotationKey, numberText(before.place[kRotation]), numberText(after.place[kRotation])});
+    if (!isSameRange(before, after, kScale, kRotation))
+        changes.push_back({zucomn::kScaleKey, scaleText(before), scaleText(after)});
+    if (_wcsicmp(before.layer.c_str(), after.layer.c_str()) != 0)
+        changes.push_back({zucomn::kLayerKey, before.layer, after.layer});
+    if (before.link != after.link)
+        changes.push_back({zucomn::kLinkKey, valueOrNone(before.link), valueOrNone(after.link)});
+    if (!before.hasAttributesOf(after))
+        addAttributes(before, after, changes);
+    return changes;
+}
+
+} // namespace zu
