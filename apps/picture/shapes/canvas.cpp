@@ -109,13 +109,13 @@ void Canvas::stroke(const Entity& entity, const std::vector<AcGePoint3d>& points
     if (points.empty() || !take(points.size()))
         return;
     shape_.path.clear();
-    for (const AcGePoint3d& point : points) {
-        const QPointF place = worldPoint(point);
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        const QPointF place = worldPoint(points[i]);
         if (!isNear({place, place})) {
             isOutOfRange_ = true;
             return;
         }
-        if (shape_.path.elementCount() == 0)
+        if (i == 0)
             shape_.path.moveTo(place);
         else
             shape_.path.lineTo(place);
@@ -307,7 +307,7 @@ void Canvas::draw(std::size_t index) {
 void Canvas::count(std::size_t index, Outcome outcome) {
     if (counted_.size() <= index)
         counted_.resize(index + 1);
-    if (counted_[index])
+    if (counted_[index] || outcome == kNoGraphics)
         return;
     counted_[index] = true;
     std::string type(drawing_.object(index).type);

@@ -15,6 +15,8 @@ namespace zu::picture {
 /// Why an entity is not drawn; empty when it is.
 using Outcome = std::string_view;
 inline constexpr Outcome kDrawn{};
+/// It is no graphics where it stands, and does not count.
+inline constexpr Outcome kNoGraphics = "no graphics";
 
 /// What an entity's shapes look like.
 struct Look {

@@ -104,7 +104,7 @@ Outcome buildViewport(Canvas& canvas, const Entity& entity) {
         return "viewports show in layouts only";
     constexpr int kPaperItself = 1;
     if (records.integer(69) == kPaperItself)
-        return "it is the view of the layout itself";
+        return kNoGraphics;
     if (!(width > 0.0) || !(height > 0.0))
         return "it has no size";
     const QRectF frame(centre.x - width / 2.0, centre.y - height / 2.0, width, height);

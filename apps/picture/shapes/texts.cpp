@@ -130,7 +130,7 @@ Outcome buildDefinition(Canvas& canvas, const Entity& entity) {
     if ((flags & kInvisible) != 0)
         return "it is an invisible attribute";
     if (canvas.isInBlock() && !isConstant)
-        return "attribute definitions do not show in references";
+        return kNoGraphics;
     return drawText(canvas, entity, entity.records.text(isConstant ? 1 : 2), entity.records.integer(74));
 }
 
