@@ -10,18 +10,9 @@ namespace {
 
 using zuhost::TextCodec;
 
-constexpr int kDefaultPage = 932;
-constexpr int kFirstUtf8Version = 1021;
-
 std::optional<std::wstring> decodePair(std::size_t page, std::string_view bytes) {
     const auto codec = TextCodec::forCodePage(zuhost::dxf::kMultiBytePages[page]);
     return codec ? std::optional(codec->decode(bytes)) : std::nullopt;
-}
-
-/// Records are ASCII text: EBCDIC pages cannot be the encoding of a drawing.
-bool keepsAscii(const TextCodec& codec) {
-    constexpr std::string_view kSample = "09AZaz {}\\^_";
-    return codec.decode(kSample) == std::wstring(kSample.begin(), kSample.end());
 }
 
 bool isAscii(char c) {
@@ -32,12 +23,13 @@ bool isAscii(char c) {
 
 void Encoding::set(int version, std::string_view codePage, bool hasMark) {
     codec_ = {};
-    if (hasMark || version >= kFirstUtf8Version)
+    if (hasMark || version >= zuhost::dxf::kFirstUtf8Version)
         return;
     const auto number = zuhost::dxf::codePageNumber(codePage);
     auto codec = number ? TextCodec::forCodePage(*number) : std::nullopt;
-    if (!codec || !keepsAscii(*codec))
-        codec = TextCodec::forCodePage(kDefaultPage);
+    const auto decode = [&](std::string_view bytes) { return codec->decode(bytes); };
+    if (!codec || !zuhost::dxf::extendsAscii(decode))
+        codec = TextCodec::forCodePage(zuhost::dxf::kDefaultCodePage);
     codec_ = codec.value_or(TextCodec());
 }
 

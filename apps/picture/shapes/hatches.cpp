@@ -69,7 +69,7 @@ private:
     }
 
     QPainterPath readEdges() {
-        QPainterPath path;
+        std::vector<QPainterPath> edges;
         while (isInPath() && !isAt(72) && !isAt(97))
             ++at_;
         while (isAt(72)) {
@@ -77,13 +77,34 @@ private:
             const std::size_t first = at_;
             while (isInPath() && !isAt(72) && !(isAt(97) && !isFitCount()))
                 ++at_;
-            const QPainterPath edge = edgeOf(type, records_.part(first, at_));
-            if (path.elementCount() == 0)
-                path = edge;
-            else if (!edge.isEmpty())
-                path.connectPath(edge);
+            if (QPainterPath edge = edgeOf(type, records_.part(first, at_)); !edge.isEmpty())
+                edges.push_back(std::move(edge));
+        }
+        return joined(edges);
+    }
+
+    /// Edges follow each other, but any can run backwards.
+    static QPainterPath joined(std::vector<QPainterPath>& edges) {
+        if (edges.empty())
+            return {};
+        if (edges.size() > 1 &&
+            reach(startOf(edges[0]), edges[1]) < reach(edges[0].currentPosition(), edges[1]))
+            edges[0] = edges[0].toReversed();
+        QPainterPath path = edges[0];
+        for (std::size_t i = 1; i < edges.size(); ++i) {
+            const QPointF end = path.currentPosition();
+            const bool isBackwards =
+                distance(end, edges[i].currentPosition()) < distance(end, startOf(edges[i]));
+            path.connectPath(isBackwards ? edges[i].toReversed() : edges[i]);
         }
         return path;
+    }
+
+    static QPointF startOf(const QPainterPath& path) { return path.elementAt(0); }
+    static double distance(QPointF a, QPointF b) { return std::hypot(a.x() - b.x(), a.y() - b.y()); }
+    /// From a point to the nearer end of an edge.
+    static double reach(QPointF from, const QPainterPath& edge) {
+        return std::min(distance(from, startOf(edge)), distance(from, edge.currentPosition()));
     }
 
     /// The number of source objects, with which a path ends, has the same code.

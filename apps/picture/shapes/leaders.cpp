@@ -4,12 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace zu::picture {
 
 namespace {
 
 constexpr int kPerSpan = 12;
+constexpr double kTurn = 2.0 * std::numbers::pi;
 
 /// Of a dimension style, by its name, with the drawing's own for one that is missing.
 double dimensionValue(Canvas& canvas, const QString& style, int code, const char* variable, double missing) {
@@ -180,13 +182,12 @@ void drawNote(Canvas& canvas, const Entity& entity, const Records& context, cons
                QTransform(x.x(), x.y(), y.x(), y.y(), origin.x(), origin.y()));
 }
 
-/// The transformation of a multileader's block, row by row; the identity when it is incomplete.
-AcGeMatrix3d matrixOf(const Records& context) {
-    const std::vector<double> values = context.reals(47);
-    AcGeMatrix3d matrix;
-    for (std::size_t i = 0; values.size() >= 16 && i < 12; ++i)
-        matrix.entry[i / 4][i % 4] = values[i];
-    return matrix;
+/// Where a multileader's block lies. Its records also hold this as a matrix, which some programs leave alone.
+AcGeMatrix3d placementOf(const Records& context) {
+    const AcGePoint3d scale = context.point(16, {1.0, 1.0, 1.0});
+    return AcGeMatrix3d::translation(context.point(15).asVector()) *
+           AcGeMatrix3d::rotation(std::fmod(context.real(46), kTurn), AcGeVector3d::kZAxis) *
+           AcGeMatrix3d::scaling(AcGeScale3d(scale.x, scale.y, scale.z));
 }
 
 } // namespace
@@ -205,7 +206,7 @@ Outcome buildMultileader(Canvas& canvas, const Entity& entity) {
         drawNote(canvas, entity, context, context.text(304));
     if (context.integer(296) != 0)
         if (const Block* const block = canvas.drawing().findBlock(context.handle(341)))
-            return canvas.block(entity, *block, matrixOf(context));
+            return canvas.block(entity, *block, placementOf(context));
     return context.size() == 0 ? "it has no contents" : kDrawn;
 }
 
