@@ -8,7 +8,7 @@ namespace zuhost {
 
 namespace {
 
-/// As given when the system can't say which folder the process is in.
+/// Returns the path unchanged when the current folder is unknown.
 std::string absolutePath(const std::string& path) {
     std::error_code error;
     const std::filesystem::path absolute = std::filesystem::absolute(path, error);

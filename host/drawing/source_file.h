@@ -6,19 +6,19 @@
 
 namespace zuhost {
 
-/// The file that a drawing was read from or last saved to, as it was then.
+/// The file that a drawing was read from or last saved to, with its identity at that time.
 struct SourceFile {
     std::string path;   ///< As it was given, absolute.
     std::string target; ///< With links followed.
     FileIdentity identity;
-    bool mayReplaceChanged = false; ///< Saves replace the file whatever it is now.
+    bool mayReplaceChanged = false; ///< Saves replace the file even if it has changed.
 
-    /// Of a path of the system.
+    /// Creates the value for a path in the system's encoding.
     static SourceFile at(const std::string& path, const FileIdentity& identity);
 
-    /// Whether a save would go to this file by its name or through links.
+    /// Returns whether a save to the path would replace this file, by its name or through links.
     [[nodiscard]] bool isNamedBy(const std::string& savedPath, const std::string& savedTarget) const;
-    /// Whether the path is another name of the very file (a hard link).
+    /// Returns whether the path is another name of this file (a hard link).
     [[nodiscard]] bool isLinkedAt(const std::string& savedTarget) const;
 };
 

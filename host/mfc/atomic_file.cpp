@@ -28,8 +28,8 @@ std::string folderOf(const std::string& path) {
     return folder.empty() ? "." : folder;
 }
 
-/// Renaming would replace a file without write permission, and a device or pipe, so that is asked for first.
-/// `exists` receives whether there is a file.
+/// Returns an error for files that must not be replaced: renaming would replace read-only files, devices and
+/// pipes. `exists` receives whether there is a file.
 int writable(const std::string& path, bool& exists) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);

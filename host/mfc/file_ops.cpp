@@ -30,7 +30,7 @@ Interceptor& interceptor() {
     return current;
 }
 
-/// What an operation fails with before it is begun, or 0.
+/// Returns the error with which an operation fails before it begins, or 0.
 int intercepted(Operation operation, const std::string& path) {
     if (path.find('\0') != std::string::npos)
         return EILSEQ;
@@ -92,7 +92,7 @@ std::int64_t nanoseconds(const statx_timestamp& time) {
     return time.tv_sec * kSecond + time.tv_nsec;
 }
 
-/// Of the path, or of the open file with an empty one.
+/// Identifies the path, or the open file if the path is empty.
 int identityOf(int handle, const char* path, FileIdentity& identity) {
     struct statx status {};
     if (::statx(handle, path, AT_EMPTY_PATH | AT_SYMLINK_NOFOLLOW, STATX_BASIC_STATS | STATX_BTIME,
@@ -104,7 +104,7 @@ int identityOf(int handle, const char* path, FileIdentity& identity) {
     return 0;
 }
 
-/// Where the system shows an open file: the only way to name one that has no name.
+/// Returns the path under which the system exposes an open file: the only way to refer to an unnamed one.
 std::string shownAt(int handle) {
     return "/proc/self/fd/" + std::to_string(handle);
 }
@@ -180,7 +180,7 @@ int File::openUnnamed(const std::string& folder) {
         return error;
     const int handle = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFile);
     if (handle < 0) {
-        // Systems that don't know the flag take it for an attempt to write into the folder.
+        // Systems without the flag treat this as opening the folder for writing.
         const bool unknown = errno == EISDIR || errno == EINVAL || errno == ENOSYS;
         return unknown ? EOPNOTSUPP : errno;
     }

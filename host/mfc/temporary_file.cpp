@@ -40,7 +40,7 @@ int TemporaryFile::create(const std::string& folder) {
 int TemporaryFile::createNamed(const std::string& name) {
     if (const int error = file_.open(name, File::Mode::createNew))
         return error;
-    // Until it is locked, another saver may take it for a leftover.
+    // Until it is locked, another saver may remove it as a leftover.
     const int error = file_.tryLock();
     if (error == EWOULDBLOCK || (error == 0 && !isAt(file_, name))) {
         file_ = File();

@@ -35,7 +35,7 @@ private:
     file_ops::File file_;
 };
 
-/// Whether the name still leads to the open file.
+/// Returns whether the name still refers to the open file.
 [[nodiscard]] bool isAt(file_ops::File& file, const std::string& name);
 
 } // namespace zuhost

@@ -20,14 +20,14 @@ class TemporaryFile;
 /// made. Returns the file's canonical path; ELOOP for a loop of links, or another error number of the system.
 [[nodiscard]] std::variant<std::string, int> followLinks(const std::string& path);
 
-/// Replaces a file as a whole: what is written goes into a temporary file in the same folder, and only
-/// `commit`, after everything was written and synced without error, puts it in the place of the old one.
-/// Whatever fails, and wherever the process ends, the name holds the old file or the new one. A link is
-/// followed, and owner, group and access rights of the old file are kept as far as the system allows; devices
-/// and pipes are refused (EPERM). Without `commit` nothing is left.
+/// Replaces a file as a whole: writes to a temporary file in the same folder, which `commit` renames to the
+/// old one once everything is written and synced without error. After any failure, and whenever the process
+/// ends, the name refers to the complete old or new file. Follows links; keeps owner, group and access rights
+/// of the old file as far as the system allows; rejects devices and pipes (EPERM). Without `commit` no file
+/// is left.
 class AtomicFile {
 public:
-    /// A file that is not there yet gets owner and rights of `model`, or with none the process's own.
+    /// A new file gets owner and rights of `model`, or of the process if that is empty.
     explicit AtomicFile(const std::string& path, const std::string& model = {});
     ~AtomicFile();
     AtomicFile(const AtomicFile&) = delete;
@@ -42,15 +42,15 @@ public:
     /// Makes `commit` fail with an error of the caller, unless there was one before.
     void setError(int error) { error_ = error_ != 0 ? error_ : error; }
 
-    /// 0 when the new file is in place, otherwise the first error (the system's number) and the old file
-    /// untouched: ESTALE when `expected` is given and the file is no longer that, EBUSY when another program
-    /// holds a lock on the old file for longer than a save takes. Savers of one file lock it in turn, so that
-    /// no other can replace it between the comparison and the replacement.
+    /// Returns 0 when the new file is in place, otherwise the first error (the system's number), with the old
+    /// file untouched: ESTALE when `expected` is given and the file no longer equals it, EBUSY when another
+    /// program holds a lock on the old file for longer than a save takes. Savers lock the file, so that it
+    /// can't be replaced between the comparison and the replacement.
     int commit(const FileIdentity* expected = nullptr);
 
     /// The file that is replaced, with links followed.
     [[nodiscard]] const std::string& target() const { return target_; }
-    /// What the new file is, after `commit`.
+    /// The identity of the new file, after `commit`.
     [[nodiscard]] const FileIdentity& identity() const { return identity_; }
 
 private:

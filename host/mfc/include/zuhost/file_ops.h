@@ -8,11 +8,11 @@
 
 namespace zuhost {
 
-/// What tells whether a name still leads to the same file with the same contents.
+/// Identifies a file and the state of its contents.
 struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t inode = 0;
-    std::int64_t created = 0; ///< Nanoseconds, 0 where it isn't known. Systems reuse inodes at once.
+    std::int64_t created = 0; ///< Nanoseconds, 0 if unknown. Systems reuse inodes.
     std::int64_t changed = 0; ///< Nanoseconds: the last change of the contents.
     std::uint64_t size = 0;
 
@@ -89,8 +89,8 @@ public:
     File& operator=(const File&) = delete;
 
     int open(const std::string& path, Mode mode);
-    /// Creates a file without a name, which goes with the process unless `link` names it. EOPNOTSUPP when
-    /// the system or the folder's file system has none.
+    /// Creates a file without a name, which the system deletes when the process ends unless `link` has named
+    /// it. EOPNOTSUPP when the system or the folder's file system has no such files.
     int openUnnamed(const std::string& folder);
     /// Names a file of `openUnnamed`. EEXIST when the name is taken.
     int link(const std::string& path);
@@ -107,8 +107,8 @@ public:
     int tryLock();
     int identify(FileIdentity& identity);
     /// Gives the file the owner, group, access rights and access list of another as far as the system allows.
-    /// No access is added by what is not kept: without the group, the new group gets the rights of all
-    /// others; bits that run a program as its owner or group go with them.
+    /// Never adds access: if the group can't be kept, the new group gets the rights of all others, and bits
+    /// that run a program as its owner or group are dropped.
     int copyRights(const std::string& from);
 
 private:
@@ -118,7 +118,7 @@ private:
 
 int rename(const std::string& from, const std::string& to);
 int remove(const std::string& path);
-/// Of the name itself: links are not followed.
+/// Identifies the name itself: links are not followed.
 int identify(const std::string& path, FileIdentity& identity);
 /// Makes what was renamed in the folder last through a power cut.
 int syncFolder(const std::string& folder);
