@@ -1,7 +1,7 @@
 #include "dbents.h"
 
 #include "database_core.h"
-#include "dbsymtb.h"
+#include "record_name.h"
 
 #include <numbers>
 
@@ -41,13 +41,9 @@ AcDbObjectId AcDbBlockReference::blockTableRecord() const {
 }
 
 Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
-    AcDbBlockTableRecord* record = nullptr;
-    const Acad::ErrorStatus status = acdbOpenObject(record, block, AcDb::kForRead);
-    if (status != Acad::eOk)
-        return status;
-    const std::wstring name = record->name();
-    record->close();
-    return setTextTag(marker(), 2, name);
+    std::wstring name;
+    const Acad::ErrorStatus status = zuhost::readRecordName<AcDbBlockTableRecord>(block, name);
+    return status == Acad::eOk ? setTextTag(marker(), 2, name) : status;
 }
 
 const AcDbBlockReference::Placement& AcDbBlockReference::placement() const {

@@ -3,6 +3,7 @@
 #include "database_core.h"
 #include "dbsymtb.h"
 #include "drawing/tag_list.h"
+#include "record_name.h"
 
 namespace {
 
@@ -53,13 +54,9 @@ Acad::ErrorStatus AcDbEntity::setLayer(const ACHAR* name) {
 }
 
 Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId layer) {
-    AcDbLayerTableRecord* record = nullptr;
-    const Acad::ErrorStatus status = acdbOpenObject(record, layer, AcDb::kForRead);
-    if (status != Acad::eOk)
-        return status;
-    const std::wstring name = record->name();
-    record->close();
-    return setTextTag(kMarker, 8, name);
+    std::wstring name;
+    const Acad::ErrorStatus status = zuhost::readRecordName<AcDbLayerTableRecord>(layer, name);
+    return status == Acad::eOk ? setTextTag(kMarker, 8, name) : status;
 }
 
 Adesk::UInt16 AcDbEntity::colorIndex() const {
