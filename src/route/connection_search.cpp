@@ -64,6 +64,12 @@ private:
     int taken_ = 0;
 };
 
+/// The members of a group or, unless it is null, a list.
+struct Candidates {
+    AcDbObjectId group;
+    const AcDbObjectIdArray* list = nullptr;
+};
+
 class Search {
 public:
     Search(AcDbObjectId element, double distance, Filter filter)
@@ -81,29 +87,19 @@ public:
         return read.status == Acad::eOk ? std::optional(read.points) : std::nullopt;
     }
 
-    /// Appends the joined members of a group; -1 when it can't be read.
-    int inGroup(AcDbObjectId group, std::span<const AcGePoint3d> tested, AcDbObjectIdArray& result,
-                int& count) {
-        const CandidateIndex* const index = indexes_->ofGroup(group, distance_);
+    /// Appends the joined candidates; -1 when they can't be read.
+    int run(const Candidates& candidates, std::span<const AcGePoint3d> tested, AcDbObjectIdArray& result,
+            int& count) {
+        const CandidateIndex* const index = candidates.list != nullptr
+                                                ? &indexes_->ofList(*candidates.list, distance_)
+                                                : indexes_->ofGroup(candidates.group, distance_);
         if (index == nullptr)
             return -1;
-        append(*index, tested, result, count);
-        return 0;
-    }
-
-    void inList(const AcDbObjectIdArray& candidates, std::span<const AcGePoint3d> tested,
-                AcDbObjectIdArray& result, int& count) {
-        append(indexes_->ofList(candidates, distance_), tested, result, count);
-    }
-
-private:
-    void append(const CandidateIndex& index, std::span<const AcGePoint3d> tested, AcDbObjectIdArray& result,
-                int& count) {
         Contained isKnown(result);
         std::unordered_set<int> seen;
         for (const AcGePoint3d& point : tested) {
-            for (const int position : index.near(zu::inPlan(point), distance_, seen)) {
-                const AcDbObjectId candidate = index.candidates()[position];
+            for (const int position : index->near(zu::inPlan(point), distance_, seen)) {
+                const AcDbObjectId candidate = index->candidates()[position];
                 if (candidate == element_ || !canBeRead(candidate) || !filter_(*indexes_, candidate) ||
                     isKnown(candidate))
                     continue;
@@ -111,52 +107,34 @@ private:
                 ++count;
             }
         }
+        return 0;
     }
 
+private:
     AcDbObjectId element_;
     double distance_;
     Filter filter_;
     ConnectionIndexes* indexes_ = nullptr;
 };
 
-Search joined(AcDbObjectId element, int kindFilter) {
-    return {element, zu::connectionTolerance(), ofKind(kindFilter)};
-}
-
 void setCount(int* count, int value) {
     if (count != nullptr)
         *count = value;
 }
 
-/// Searches the members of a group about the element's connection points, or about one given point.
-int searchGroup(AcDbObjectId group, AcDbObjectId element, const AcGePoint3d* given, AcDbObjectIdArray& result,
-                int* count, int kindFilter) {
+/// Searches about the element's connection points, or about one given point.
+int searchAbout(const Candidates& candidates, AcDbObjectId element, const AcGePoint3d* given,
+                AcDbObjectIdArray& result, int* count, int kindFilter) {
     setCount(count, 0);
-    Search search = joined(element, kindFilter);
+    Search search(element, zu::connectionTolerance(), ofKind(kindFilter));
     const auto points = search.testedPoints();
     if (!points)
         return -1;
     int found = 0;
-    const int status = search.inGroup(
-        group, given != nullptr ? std::span(given, 1) : std::span(points->data(), points->size()), result,
-        found);
+    const int status =
+        search.run(candidates, given != nullptr ? std::span(given, 1) : std::span(*points), result, found);
     setCount(count, found);
     return status;
-}
-
-int searchList(const AcDbObjectIdArray& candidates, AcDbObjectId element, const AcGePoint3d* given,
-               AcDbObjectIdArray& result, int* count, int kindFilter) {
-    setCount(count, 0);
-    Search search = joined(element, kindFilter);
-    const auto points = search.testedPoints();
-    if (!points)
-        return -1;
-    int found = 0;
-    search.inList(candidates,
-                  given != nullptr ? std::span(given, 1) : std::span(points->data(), points->size()), result,
-                  found);
-    setCount(count, found);
-    return 0;
 }
 
 /// Modes of the search by code: candidates with the element's own code, with another one, or all.
@@ -172,7 +150,7 @@ Filter ofCode(int mode, int code, bool fullForm) {
 
 int RootComn_GetConnectBlock(const AcDbObjectId& group, const AcDbObjectId& element,
                              AcArray<AcDbObjectId>& result, int* count, int kindFilter) {
-    return searchGroup(group, element, nullptr, result, count, kindFilter);
+    return searchAbout({group}, element, nullptr, result, count, kindFilter);
 }
 
 int RootComn_GetConnectBlock2(const AcDbObjectId& group, const AcDbObjectId& element,
@@ -181,7 +159,7 @@ int RootComn_GetConnectBlock2(const AcDbObjectId& group, const AcDbObjectId& ele
     if (!zu::startsWithNoCase(zu::blockNameOf(element), L"RB"))
         return -1;
     AcDbObjectIdArray found;
-    if (searchGroup(group, element, nullptr, found, nullptr, 0) != 0)
+    if (searchAbout({group}, element, nullptr, found, nullptr, 0) != 0)
         return -1;
     const int before = result.length();
     RootComn_GetConnectBlock2Sub(AcDbObjectIdArray(), found, result);
@@ -201,12 +179,12 @@ int RootComn_GetConnectBlock2Sub(const AcArray<AcDbObjectId>& a, const AcArray<A
 
 int RootComn_GetConnectBlock3(const AcDbObjectId& group, const AcDbObjectId& element,
                               AcArray<AcDbObjectId>& result, int* count, int kindFilter, int /*unused*/) {
-    return searchGroup(group, element, nullptr, result, count, kindFilter);
+    return searchAbout({group}, element, nullptr, result, count, kindFilter);
 }
 
 int RootComn_GetConnectBlock4(const AcArray<AcDbObjectId>& candidates, const AcDbObjectId& element,
                               AcArray<AcDbObjectId>& result, int kindFilter, int /*unused*/) {
-    return searchList(candidates, element, nullptr, result, nullptr, kindFilter);
+    return searchAbout({{}, &candidates}, element, nullptr, result, nullptr, kindFilter);
 }
 
 int RootComn_GetConnectBlock4EX(int mode, const AcArray<AcDbObjectId>& candidates,
@@ -222,7 +200,7 @@ int RootComn_GetConnectBlock4EX(int mode, const AcArray<AcDbObjectId>& candidate
     AcDbObjectIdArray joinedIds;
     int found = 0;
     if (isSearched)
-        search.inList(candidates, *points, joinedIds, found);
+        (void)search.run({{}, &candidates}, *points, joinedIds, found);
     result = joinedIds;
     setCount(count, found);
     return isSearched ? 0 : -1;
@@ -231,16 +209,16 @@ int RootComn_GetConnectBlock4EX(int mode, const AcArray<AcDbObjectId>& candidate
 int RootComn_GetConnectBlock5(const AcDbObjectId& group, const AcDbObjectId& element,
                               const AcGePoint3d& point, AcArray<AcDbObjectId>& result, int* count,
                               int kindFilter, int /*unused*/) {
-    return searchGroup(group, element, &point, result, count, kindFilter);
+    return searchAbout({group}, element, &point, result, count, kindFilter);
 }
 
 int RootComn_GetConnectBlock6(const AcDbObjectId& group, const AcDbObjectId& element,
                               AcArray<AcDbObjectId>& result, int* count, int kindFilter, int /*unused*/) {
-    return searchGroup(group, element, nullptr, result, count, kindFilter);
+    return searchAbout({group}, element, nullptr, result, count, kindFilter);
 }
 
 int RootComn_GetConnectBlock7(const AcArray<AcDbObjectId>& candidates, const AcDbObjectId& element,
                               const AcGePoint3d& point, AcArray<AcDbObjectId>& result, int* count,
                               int kindFilter, int /*unused*/) {
-    return searchList(candidates, element, &point, result, count, kindFilter);
+    return searchAbout({{}, &candidates}, element, &point, result, count, kindFilter);
 }
