@@ -53,7 +53,7 @@ int wcscmp(const wchar_t* left, const wchar_t* right) noexcept {
     return wmemcmp(left, right, length + 1);
 }
 
-/// Of formats, only those of integers are asked for.
+/// Supports integer formats only: no caller needs others.
 int vswprintf(wchar_t* to, std::size_t size, const wchar_t* format, std::va_list arguments) noexcept {
     char narrowFormat[16] = {};
     for (std::size_t i = 0; format[i] != L'\0' && i + 1 < sizeof narrowFormat; ++i)

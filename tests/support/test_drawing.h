@@ -15,8 +15,8 @@
 
 #include <memory>
 
-/// A drawing that is the working database for its life, and short ways to put things into it. At its end the
-/// library is reset, so that no test leaves a scale, a tolerance or a reactor to the next.
+/// A drawing that is the working database during its lifetime, with short functions that add objects to it.
+/// Its destructor resets the library, so that tests share no scale, tolerance or reactor.
 class TestDrawing {
 public:
     /// An empty drawing with the connection layer.
