@@ -61,8 +61,8 @@ public:
     /// Reads the lines of a file, shows them and sets the file path, see SetFilePath. Returns 0 on success,
     /// -1 with nothing changed when the file cannot be read.
     int ReadCSVFile(const wchar_t* path);
-    /// Sets the path that the lines are saved to, and route-attribute mode by this path. With an empty path
-    /// the lines are not saved.
+    /// Sets the path that the lines are saved to, and this window's route-attribute mode by the path. With an
+    /// empty path the lines are not saved.
     void SetFilePath(const wchar_t* path);
     /// Returns the path that the lines are saved to.
     [[nodiscard]] CString GetFilePath() const;
@@ -72,9 +72,10 @@ public:
     void SetFlag(int flag);
     /// Returns the number set by SetFlag.
     [[nodiscard]] int GetFlag() const;
-    /// Returns true in route-attribute mode: when the path set or saved last contains "\RootAttr.dat". The
-    /// mode is one switch for the whole library.
-    [[nodiscard]] static bool IsRouteAttributeMode();
+    /// Returns true in route-attribute mode: when the path that this window was given or saved to last
+    /// contains
+    /// "\RootAttr.dat". Each window has its own mode.
+    [[nodiscard]] bool IsRouteAttributeMode() const;
 
     /// Copies the lines and shows them, with the first part selected.
     void AddListView(const CStringArray& lines);
@@ -84,6 +85,9 @@ public:
     [[nodiscard]] const CStringArray& GetLines() const;
     /// Fills the right pane with the values of the selected lines.
     void DataDisp();
+    /// Fills the right pane now if a change of the selection is still to be shown. The functions of the right
+    /// pane that read values call it.
+    void CompleteUpdate();
 
     /// Copies the first selected line that begins with the key. Returns 0, or -1 with `out` untouched when
     /// there is none.
@@ -115,17 +119,17 @@ public:
     static int layerLockState(AcDbObjectId entity);
 
     /// Brings the lines to six fields and writes them as the whole file: with a line end after each in
-    /// route-attribute mode, else joined without line ends. Shows a message box, with the old file and the
-    /// lines unchanged, when the file cannot be written, its encoding cannot represent a character, or a
-    /// line contains a null character.
+    /// route-attribute mode, else joined without line ends. A file that holds the lines already is not
+    /// written. Shows a message box, with the old file and the lines unchanged, when the file cannot be
+    /// written, its encoding cannot represent a character, or a line contains a null character or a line end.
     void SaveCSVFile();
     /// "属性修正": copies the values of the right pane into the selected lines.
     void OnUpdateAttributes();
     /// "属性確定": copies the values as above, saves and sends the confirm command; hides the frame in
-    /// route-attribute mode. Does nothing when the edited value cannot be accepted.
+    /// route-attribute mode. Does nothing more when the edited value cannot be accepted or saving fails.
     void OnUpdateAttributes2();
-    /// "戻る": saves unless in route-attribute mode and sends the back command; hides the frame in
-    /// route-attribute mode.
+    /// "戻る": copies the values and saves as above unless in route-attribute mode, and sends the back
+    /// command; hides the frame in route-attribute mode.
     void OnUpdateAttributes3();
 
 protected:
@@ -143,6 +147,7 @@ private:
     [[nodiscard]] CUPAttView* rightPane() const;
     void refreshLines();
     bool acceptValues();
+    bool save();
     void sendToHost(const CString& command);
 
     struct Parts;
@@ -181,6 +186,8 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void showPendingSelection() const;
+
     std::unique_ptr<zu::AttributePane> m_pane;
     CStringArray m_lines;
 };

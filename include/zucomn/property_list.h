@@ -4,8 +4,13 @@
 
 #include <afxwin.h>
 
+#include <memory>
 #include <set>
 #include <vector>
+
+namespace zu {
+class ChoiceBox;
+}
 
 // The property list of the attribute windows: collapsible categories of items with a name and a value. The
 // manager holds the items; the control displays them and edits values in place.
@@ -19,7 +24,8 @@ struct CPropertyItem {
     bool editable = false;        ///< Items that cannot be edited are greyed.
     bool freeText = false;        ///< The user may type values other than the choices.
     int type = 0;                 ///< kChoiceItem when the item has choices, else 0.
-    bool changed = false;         ///< The value was changed after the item was added.
+    bool changed = false;         ///< The value is not the one that the item was added with.
+    CString original;             ///< The value that the item was added with; set by the manager.
 
     static constexpr int kChoiceItem = 9;
 };
@@ -28,10 +34,10 @@ struct CPropertyItem {
 /// order. An index out of range throws the framework's invalid-argument exception, except where stated.
 class ZUCOMN_API CMyAdaptablePropertyItemManager {
 public:
-    /// A row of the list: the heading of a category, or one of its items.
+    /// A row of the list: a notice, the heading of a category, or one of its items.
     struct Row {
-        int category = 0;
-        int item = -1; ///< -1 for the heading.
+        int category = 0; ///< -1 for a notice.
+        int item = -1;    ///< -1 for a heading; the index of a notice.
     };
 
     CMyAdaptablePropertyItemManager();
@@ -39,8 +45,13 @@ public:
     CMyAdaptablePropertyItemManager(const CMyAdaptablePropertyItemManager&) = delete;
     CMyAdaptablePropertyItemManager& operator=(const CMyAdaptablePropertyItemManager&) = delete;
 
-    /// Removes all categories and items. Collapsed categories are remembered by name for later additions.
+    /// Removes all notices, categories and items. Collapsed categories are remembered by name for later
+    /// additions, and the filter stays.
     void Clear();
+    /// Appends a line of text above the categories.
+    void AddNotice(const CString& text);
+    /// Returns a notice.
+    [[nodiscard]] const CString& GetNotice(int notice) const;
     /// Appends a category and returns its index.
     int AddCategory(const CString& name);
     /// Appends an item to the last category; throws when there is none.
@@ -59,11 +70,21 @@ public:
     [[nodiscard]] const CPropertyItem& GetItem(int item) const;
     /// Returns the index of the first item with the key; -1 when there is none.
     [[nodiscard]] int FindItem(const CString& key) const;
-    /// Sets an item's value and marks the item as changed. Returns false when there is no such item or it
-    /// already has the value.
+    /// Sets an item's value. Returns false when there is no such item, it already has the value, or the value
+    /// contains "|" or a line end, which no record can hold.
     bool SetValue(int item, const CString& value);
+    /// Restores the value that the item was added with. Returns false when there is no such item or it is not
+    /// changed.
+    bool RestoreValue(int item);
 
-    /// Returns the visible rows: the headings of non-empty categories and the items of expanded ones.
+    /// Hides the items whose name and value do not contain the text, ignoring case, and expands all
+    /// categories while the text is not empty.
+    void SetFilter(const CString& text);
+    /// Returns how many items a filter would show.
+    [[nodiscard]] int CountMatches(const CString& text) const;
+
+    /// Returns the visible rows: the notices, the headings of categories with visible items, and the items of
+    /// expanded ones.
     [[nodiscard]] const std::vector<Row>& GetRows() const;
 
 private:
@@ -71,8 +92,12 @@ private:
         CString name;
         int firstItem = 0;
     };
+    [[nodiscard]] static bool matches(const CPropertyItem& item, const CString& text);
+    void appendRow(int category, int item);
     void rebuildRows();
 
+    std::vector<CString> m_notices;
+    CString m_filter;
     std::vector<Category> m_categories;
     std::vector<CPropertyItem> m_items;
     std::vector<Row> m_rows;
@@ -88,7 +113,8 @@ inline constexpr UINT PLN_VALUECHANGED = 0x0600;
 /// Keys: Up and Down move the selection, also from an open editor. Left, Right, Space and Enter collapse and
 /// expand a heading. Enter, F2 or typing starts editing. In an editor, Enter and Tab accept the value, Tab
 /// and Shift+Tab continue with the next or previous editable value, Escape cancels; F4 or Alt+Down opens the
-/// choices. Truncated texts have tool tips.
+/// choices, among which the current value is always listed, marked and selected. A changed item is bold with
+/// a coloured edge; Escape on it restores the value that it had. Truncated texts have tool tips.
 class ZUCOMN_API CPropertyListCtrl : public CListBox {
     DECLARE_DYNCREATE(CPropertyListCtrl)
 
@@ -114,8 +140,8 @@ public:
     /// editor cannot be closed.
     bool BeginEdit();
     /// Closes the editor. With `accept`, a changed value is stored in the manager and the parent is notified
-    /// by PLN_VALUECHANGED; a value that contains "|" shows a message and leaves the editor open. Returns
-    /// true when no editor is open afterwards.
+    /// by PLN_VALUECHANGED; a value that contains "|" or a line end shows a message and leaves the editor
+    /// open. Returns true when no editor is open afterwards.
     bool EndEdit(bool accept);
     /// Returns true while an editor is open.
     [[nodiscard]] bool IsEditing() const;
@@ -152,8 +178,10 @@ private:
 
     [[nodiscard]] const Row* rowAt(int index) const;
     [[nodiscard]] const CPropertyItem* itemAt(int index) const;
+    [[nodiscard]] bool isHeading(int index) const;
     [[nodiscard]] bool isOnDivider(CPoint point) const;
     [[nodiscard]] CRect valueCell(int index) const;
+    void drawNotice(CDC& dc, const CRect& row, const CString& notice, bool selected) const;
     void drawHeading(CDC& dc, const CRect& row, const Row& heading, bool selected) const;
     void drawProperty(CDC& dc, const CRect& row, const CPropertyItem& item, bool selected) const;
     void setDivider(int position);
@@ -161,6 +189,7 @@ private:
     void placeEditor();
     void openEditor(int index, const CPropertyItem& item);
     void closeEditor();
+    bool restoreValue();
     [[nodiscard]] CString editedText() const;
     bool onEditorKey(UINT key);
     bool moveSelection(int step);
@@ -168,7 +197,7 @@ private:
     [[nodiscard]] CWnd* editor();
 
     CMyAdaptablePropertyItemManager* m_manager = nullptr;
-    CComboBox m_choices;
+    std::unique_ptr<zu::ChoiceBox> m_choices;
     CEdit m_text;
     CFont m_headingFont;
     int m_editedItem = -1;

@@ -34,7 +34,11 @@ class CAttView_ZU;
 /// all kinds. The user may type any value when an offered text is empty or none is offered.
 ///
 /// The title and parameter tables are read when the first view is created, and again for each later view
-/// while they are missing. Without them items have neither names nor choices.
+/// while they are missing. A line at the top says what is missing. Items without a title have the label of
+/// their record, else their id as name; without the parameter table there are no choices, and the records'
+/// own marks make items editable.
+///
+/// Items are greyed when all shown entities are on locked layers; a line at the top says how many are.
 class ZUCOMN_API CAttView : public CView {
     DECLARE_DYNCREATE(CAttView)
 
@@ -53,7 +57,8 @@ public:
     int GetAttSel(CStringArray& keys, CStringArray& values);
     /// Appends the keys and values of all items in display order.
     void GetAttAll(CStringArray& keys, CStringArray& values);
-    /// Sets the value of the item with the key, given without "|"; does nothing when there is none.
+    /// Sets the value of the item with the key, given without "|"; does nothing when there is none or the
+    /// value contains "|" or a line end.
     void SetValue(const wchar_t* key, const wchar_t* value);
     /// Compares items by attribute id, whose digits compare as numbers. Returns a value below, equal to or
     /// above 0.
@@ -72,6 +77,8 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void showPendingSelection() const;
+
     std::unique_ptr<zu::AttributePane> m_pane;
 };
 
@@ -116,6 +123,9 @@ public:
     void AddListView();
     /// Refills the attribute view from the selected lines.
     void Synchronise();
+    /// Refills the attribute view now if a change of the selection is still to be shown. The functions of the
+    /// attribute view that read values call it.
+    void CompleteUpdate();
     /// Returns the entities of the selected rows in list order, each row once.
     [[nodiscard]] AcArray<AcDbObjectId> GetSelectedEntities() const;
     /// Writes the attribute view's values to the selected entities, see CAView::OnUpdateAttributes, and
@@ -167,7 +177,7 @@ public:
     CAttFrameWnd();
     ~CAttFrameWnd() override;
 
-    /// The views of the frame, valid once it is created.
+    /// The views of the frame; null before it is created.
     [[nodiscard]] CEntView* GetLeftPane() const;
     [[nodiscard]] CAttView* GetRightPane() const;
 
@@ -177,6 +187,8 @@ protected:
     BOOL OnCreateClient(LPCREATESTRUCT create, CCreateContext* context) override;
     [[nodiscard]] virtual const CRuntimeClass* leftClass() const;
     [[nodiscard]] virtual const CRuntimeClass* rightClass() const;
+    /// Returns the window of a pane; null before it is created.
+    [[nodiscard]] CWnd* paneAt(int column) const;
 
     CSplitterWnd m_splitter;
 };
@@ -222,8 +234,9 @@ public:
 
     /// Opens the editor of the selected item when the item offers choices. Returns 1.
     long OnSelChangeList(WPARAM wParam, LPARAM lParam);
-    /// Writes the values of the list to the "ZU_ATTR" records of all entities as one undo step, then sends
-    /// the command "ZU_ATTREDIT_SEC3D" to the host, which updates dependent section drawings.
+    /// Accepts an edit in progress, writes the changed values of the list to the "ZU_ATTR" records of all
+    /// entities as one undo step, then sends the command "ZU_ATTREDIT_SEC3D" to the host, which updates
+    /// dependent section drawings. Does nothing when the edited value cannot be accepted.
     ///
     /// Skips entities that cannot be opened or are on a locked layer (a message box names the layer), items
     /// that an entity lacks or that are not editable, and the value "*各種*". Writes nothing when the
@@ -246,4 +259,5 @@ protected:
 private:
     std::unique_ptr<zu::AttributePane> m_pane;
     AcArray<AcDbObjectId> m_entities;
+    bool m_isUpdating = false;
 };

@@ -53,6 +53,16 @@ void AttributeTables::readMissing() {
         read(titles_, *folder, kTitles);
 }
 
+CString AttributeTables::titlesFile() {
+    const std::optional<CString> folder = tableFolder();
+    return folder ? pathOf(*folder, kTitles) : CString();
+}
+
+CString AttributeTables::parametersFile() {
+    const std::optional<CString> folder = tableFolder();
+    return folder ? pathOf(*folder, kParameters) : CString();
+}
+
 bool AttributeTables::readParameters(CPtrArray& records) {
     const std::optional<CString> folder = tableFolder();
     return folder && read(records, *folder, kParameters);
@@ -61,8 +71,7 @@ bool AttributeTables::readParameters(CPtrArray& records) {
 } // namespace zu
 
 std::wstring zucomn::parameterTableFile() {
-    const std::optional<CString> folder = zu::tableFolder();
-    return folder ? std::wstring(zu::pathOf(*folder, zu::kParameters).view()) : std::wstring();
+    return std::wstring(zu::AttributeTables::parametersFile().view());
 }
 
 std::optional<bool> zucomn::isEditableAttribute(std::wstring_view id) {

@@ -24,6 +24,10 @@ public:
     [[nodiscard]] const CPtrArray& titles() const { return titles_; }
     [[nodiscard]] const CPtrArray& parameters() const { return parameters_; }
 
+    /// Returns the path of a table's file; empty when the settings name no folder.
+    [[nodiscard]] static CString titlesFile();
+    [[nodiscard]] static CString parametersFile();
+
     /// Reads the current parameter table from its file; the caller frees `records` with ZuComn_RemoveAllFree.
     /// Returns false when the settings name no folder or the file cannot be read or has no records.
     static bool readParameters(CPtrArray& records);

@@ -35,7 +35,6 @@ struct LibraryState {
 
     // ---- attributes
     std::unique_ptr<AttributeTables> attributeTables;
-    bool routeAttributeMode = false;
 };
 
 /// Returns the state of the library; zucomn::resetLibrary replaces it.

@@ -3,16 +3,19 @@
 #include "sample_settings.h"
 
 #include <acdocman.h>
+#include <arxutil.h>
 #include <dbapserv.h>
 #include <dbobjptr.h>
 #include <zucomn/attributes.h>
 #include <zucomn/frame.h>
+#include <zucomn/model/attributes.h>
 #include <zucomn/views.h>
 #include <zuhost/desktop.h>
 #include <zuhost/message_box.h>
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QHelpEvent>
 #include <QInputMethodEvent>
@@ -260,6 +263,76 @@ TEST_F(FrameTest, TypingReplacesTheValueAndRejectsTheSeparator) {
     EXPECT_FALSE(list.IsEditing());
     EXPECT_EQ(shown(L"S304|"), L"90段");
     EXPECT_EQ(list.GetSelectedItem(), 2);
+
+    // A change that is not applied yet is marked; Escape takes it back.
+    const CMyAdaptablePropertyItemManager& items = frame_.GetRightPane()->pane().manager();
+    QTest::keyClick(list.widget(), Qt::Key_Up);
+    EXPECT_TRUE(items.GetItem(1).changed);
+    QTest::keyClick(list.widget(), Qt::Key_Escape);
+    EXPECT_EQ(shown(L"S304|"), L"0");
+    EXPECT_FALSE(items.GetItem(1).changed);
+
+    QTest::keyClick(list.widget(), Qt::Key_F2);
+    QApplication::clipboard()->setText("a\nb");
+    QTest::keyClick(editor(list), Qt::Key_V, Qt::ControlModifier);
+    const zuhost::MessageBoxObserver observer;
+    QTest::keyClick(editor(list), Qt::Key_Return);
+    frame_.GetRightPane()->SetValue(L"S401", L"1\n2");
+    frame_.GetRightPane()->SetValue(L"S401", L"1|2");
+    EXPECT_EQ(shown(L"S304|").find(L'\n'), std::wstring::npos);
+    EXPECT_EQ(shown(L"S401|"), L"2700");
+    list.EndEdit(false);
+}
+
+TEST_F(FrameTest, TheCurrentValueIsOfferedFirstAndStaysInSight) {
+    AcArray<AcDbObjectId> entities = drawing_.find({kDuct});
+    CStringArray record;
+    ASSERT_EQ(ApiComn_extractAttributesArrayID(entities[0], L"ZU_ATTR", record), 0);
+    ASSERT_EQ(CAttributeData::SetAtAtt(&record, L"S302|", L"315"), 0);
+    ASSERT_EQ(ApiComn_appendAttributesArray(entities[0], L"ZU_ATTR", record), 0);
+    frame_.GetLeftPane()->SetEntities(entities);
+    for (const wchar_t* const current : {L"315", L"*各種*"}) {
+        click(properties(), 1, true);
+        auto* const box = qobject_cast<QComboBox*>(editor(properties()));
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->currentText().toStdWString(), current);
+        EXPECT_EQ(box->itemText(0).toStdWString(), current);
+        EXPECT_EQ(box->count(), 5);
+        QTest::keyClick(box, Qt::Key_F4);
+        QTest::keyClick(box->view(), Qt::Key_Return);
+        zuhost::processPendingEvents();
+        EXPECT_EQ(shown(L"S302|"), current);
+        EXPECT_FALSE(frame_.GetRightPane()->pane().manager().GetItem(0).changed);
+        frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kSecondDuct}));
+    }
+}
+
+TEST_F(FrameTest, WritesOnlyWhatTheUserChanged) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
+    frame_.GetRightPane()->SetValue(L"S401", L"2400");
+    const zucomn::AttributeValue elsewhere[] = {{L"S501", L"還気"}};
+    const AcArray<AcDbObjectId> duct = drawing_.find({kDuct});
+    zucomn::editAttributes({duct.asArrayPtr(), 1}, elsewhere);
+    frame_.GetLeftPane()->OnUpdateAttributes();
+    EXPECT_EQ(drawing_.value(kDuct, L"S401"), L"2400");
+    EXPECT_EQ(drawing_.value(kDuct, L"S501"), L"還気");
+}
+
+TEST_F(FrameTest, ReadsShowTheNewSelectionAtOnce) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kPipe}));
+    lines().SetItemState(-1, 0, LVIS_SELECTED);
+    lines().SetItemState(lines().GetItemCount() - 1, LVIS_SELECTED, LVIS_SELECTED);
+    EXPECT_EQ(shown(L"S401|"), drawing_.value(kPipe, L"S401"));
+}
+
+TEST_F(FrameTest, LockedElementsAreGrey) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kLockedAirHandler}));
+    const CMyAdaptablePropertyItemManager& items = frame_.GetRightPane()->pane().manager();
+    EXPECT_FALSE(items.GetItem(0).editable);
+    EXPECT_NE(text(items.GetNotice(0)).find(L"機器-固定"), std::wstring::npos);
+    frame_.GetRightPane()->AddListView(drawing_.find({kLockedAirHandler, kDuct}), nullptr);
+    EXPECT_TRUE(items.GetItem(0).editable);
+    EXPECT_EQ(text(items.GetNotice(0)), L"2 要素中 1 要素はロック画層にあり、修正されません。");
 }
 
 TEST_F(FrameTest, OnlyEditableItemsOpenAnEditor) {
@@ -325,6 +398,7 @@ TEST_F(FrameTest, SetsValuesByKeyAndShowsParts) {
 
 TEST(AttributeFrames, ZuFrameHasZuViews) {
     auto* const frame = new CAttFrameWnd_ZU;
+    EXPECT_TRUE(frame->GetLeftPane() == nullptr && frame->GetRightPane() == nullptr);
     ASSERT_TRUE(frame->Create(nullptr, L"属性"));
     EXPECT_TRUE(frame->GetLeftPane()->IsKindOf(RUNTIME_CLASS(CEntView_ZU)));
     EXPECT_TRUE(frame->GetRightPane()->IsKindOf(RUNTIME_CLASS(CAttView_ZU)));
@@ -332,7 +406,7 @@ TEST(AttributeFrames, ZuFrameHasZuViews) {
     frame->DestroyWindow();
 }
 
-TEST(AttributeFrames, ShowAttributeIdsWithoutSettings) {
+TEST(AttributeFrames, UseTheRecordsWithoutSettings) {
     zucomn::resetLibrary();
     OfficeFloor drawing;
     auto* const frame = new CAttFrameWnd;
@@ -341,9 +415,14 @@ TEST(AttributeFrames, ShowAttributeIdsWithoutSettings) {
     frame->GetLeftPane()->SetEntities(drawing.find({kDuct}));
     const CMyAdaptablePropertyItemManager& shown = frame->GetRightPane()->pane().manager();
     ASSERT_GT(shown.GetItemCount(), 0);
-    EXPECT_EQ(text(shown.GetItem(0).name), L"S302");
-    EXPECT_FALSE(shown.GetItem(0).editable);
+    EXPECT_EQ(text(shown.GetItem(0).name), L"ｻｲｽﾞ") << "the record's label";
+    EXPECT_TRUE(shown.GetItem(0).editable);
+    EXPECT_NE(text(shown.GetNotice(0)), L"");
+    frame->GetRightPane()->SetValue(L"S302", L"250");
+    frame->GetRightPane()->SetValue(L"S402", L"250");
     frame->GetLeftPane()->OnUpdateAttributes();
+    EXPECT_EQ(drawing.value(kDuct, L"S302"), L"250");
+    EXPECT_NE(drawing.value(kDuct, L"S402"), L"250") << "marked read-only in the record";
     EXPECT_TRUE(observer.boxes().empty());
     frame->DestroyWindow();
 }
@@ -394,7 +473,7 @@ TEST_F(AViewTest, WritesAChosenValueToUnlockedEntities) {
     const std::wstring use = drawing_.value(kDuct, L"S501");
     const std::wstring locked = drawing_.value(kLockedAirHandler, L"S401");
 
-    click(*list_, 1, false);
+    click(*list_, 2, false); // below the notice of the locked layer and the heading
     ASSERT_TRUE(list_->IsEditing());
     QTest::keyClick(editor(*list_), Qt::Key_Down, Qt::AltModifier);
     auto* const box = qobject_cast<QComboBox*>(editor(*list_));

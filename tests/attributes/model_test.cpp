@@ -82,6 +82,11 @@ TEST_F(Model, MergesItemsOfSeveralEntities) {
     EXPECT_TRUE(items[1].key == L"S2|" && items[1].value == L"same" && items[1].shared);
     EXPECT_TRUE(items[2].key == L"S3|" && items[2].value == L"only" && !items[2].shared);
     EXPECT_TRUE(zu::shownItems({}).empty());
+    EXPECT_FALSE(zu::isEditable(items[0], zu::ParameterIndex({}))) << "the second record does not mark it";
+    const CStringArray* const one[] = {&strings({L"1|A|B|", L"S1|x|0| 名 |1|1|", L"S2|x|0|名"})};
+    const std::vector<zu::ShownItem> marked = zu::shownItems(one);
+    EXPECT_TRUE(marked[0].label == L"名" && zu::isEditable(marked[0], zu::ParameterIndex({})));
+    EXPECT_TRUE(marked[1].label.IsEmpty() && !zu::isEditable(marked[1], zu::ParameterIndex({})));
 }
 
 TEST_F(Model, WritesOnlyEditableRepresentableValues) {
@@ -90,15 +95,16 @@ TEST_F(Model, WritesOnlyEditableRepresentableValues) {
                                           {L"S3", L"", L"x", L"1"},
                                           {L"S4", L"", L"x", L"1"},
                                           {L"S5", L"", L"x", L"1"},
-                                          {L"S6", L"", L"x", L"1"}}));
+                                          {L"S6", L"", L"x", L"1"},
+                                          {L"S7", L"", L"x", L"1"}}));
     CStringArray& list = strings({L"6|A|B|", L"S1|old|0|tail|", L"S2|fixed|", L"S3|own|", L"S4|bar|",
-                                  L"S5|not ended", L"S6|same |0|"});
-    const std::vector<zu::ShownItem> items = {{L"S1|", L"new"},   {L"S2|", L"new"}, {L"S3|", L"*各種*"},
-                                              {L"S4|", L"a|b"},   {L"S5|", L"new"}, {L"S6|", L"same"},
-                                              {L"S9|", L"absent"}};
+                                  L"S5|not ended", L"S6|same |0|", L"S7|line|"});
+    const std::vector<zu::ShownItem> items = {{L"S1|", L"new"},    {L"S2|", L"new"}, {L"S3|", L"*各種*"},
+                                              {L"S4|", L"a|b"},    {L"S5|", L"new"}, {L"S6|", L"same"},
+                                              {L"S9|", L"absent"}, {L"S7|", L"a\nb"}};
     EXPECT_TRUE(zu::applyItems(list, zu::writableItems(items, index)));
-    const List expected = {L"6|A|B|",  L"S1|new|0|tail|", L"S2|fixed|",  L"S3|own|",
-                           L"S4|bar|", L"S5|new|",        L"S6|same |0|"};
+    const List expected = {L"6|A|B|",  L"S1|new|0|tail|", L"S2|fixed|",   L"S3|own|",
+                           L"S4|bar|", L"S5|new|",        L"S6|same |0|", L"S7|line|"};
     int place = 0;
     for (const wchar_t* text : expected)
         EXPECT_TRUE(list[place++] == text) << place;

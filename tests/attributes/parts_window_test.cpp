@@ -160,7 +160,7 @@ TEST_F(PartsWindow, ButtonsCopyValuesAndSave) {
     EXPECT_EQ(saved("parts.txt"), kTwoParts);
     EXPECT_EQ(zuhost::pendingInput(), L"");
 
-    choose(2, 1);
+    choose(2, 2); // the current, empty value is the first choice
     press(kConfirm);
     EXPECT_EQ(saved("parts.txt"), "S401|2700|E||1|1|S501|A|||4|1|S401|2700|A||1|1|S602|\x96\xB3|P||7|1|");
     EXPECT_EQ(zuhost::pendingInput(), L"ZU_CONFIRMED\n");
@@ -194,6 +194,13 @@ TEST_F(PartsWindow, OnlyConfirmSavesRouteAttributes) {
     EXPECT_FALSE(frame_.IsWindowVisible());
 
     frame_.ShowWindow(SW_SHOW);
+    auto* const other = new CUPAttFrameWnd;
+    EXPECT_EQ(other->GetLeftPane(), nullptr);
+    ASSERT_TRUE(other->Create(nullptr, L"部品"));
+    other->GetLeftPane()->SetFilePath(L"parts.txt");
+    EXPECT_FALSE(other->GetLeftPane()->IsRouteAttributeMode());
+    EXPECT_TRUE(left().IsRouteAttributeMode()) << "a window's own mode";
+    other->DestroyWindow();
     press(kConfirm);
     EXPECT_EQ(saved("RootAttr.dat"), "S401|2400|E||||\r\n");
     EXPECT_FALSE(frame_.IsWindowVisible());
@@ -222,12 +229,17 @@ TEST_F(PartsWindow, FailedSaveShowsAMessageAndKeepsTheLines) {
     EXPECT_EQ(observer.boxes()[0].style & 0xF0U, static_cast<UINT>(MB_ICONSTOP));
     EXPECT_EQ(saved("parts.txt"), "S401|2700");
     EXPECT_EQ(line(0), L"S401|𠮷|||||");
+    press(kConfirm);
+    press(kBack);
+    EXPECT_EQ(observer.boxes().size(), 3U);
+    EXPECT_EQ(zuhost::pendingInput(), L"") << "no command without a saved file";
+    EXPECT_TRUE(frame_.IsWindowVisible());
 
     EXPECT_EQ(left().ReadCSVFile(L"missing\\parts.txt"), -1);
     EXPECT_EQ(line(0), L"S401|𠮷|||||") << "a failed read keeps the lines";
     left().SetFilePath(L"");
     left().SaveCSVFile();
-    EXPECT_EQ(observer.boxes().size(), 1U);
+    EXPECT_EQ(observer.boxes().size(), 3U);
 }
 
 } // namespace

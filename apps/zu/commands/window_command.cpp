@@ -7,6 +7,7 @@
 #include "model/settings_file.h"
 #include "text.h"
 
+#include <accmd.h>
 #include <zuhost/desktop.h>
 
 #include <memory>
@@ -88,11 +89,28 @@ void letEdit(DrawingFile& drawing, const Options& options) {
         save(drawing, {options.drawing.path, options.saving.force});
 }
 
+/// The window asks modules to update section drawings after an edit; the program has none.
+class SectionUpdates {
+public:
+    SectionUpdates() {
+        acedRegCmds->addCommand(kGroup, L"ZU_ATTREDIT_SEC3D", L"ZU_ATTREDIT_SEC3D", ACRX_CMD_MODAL, [] {});
+    }
+    ~SectionUpdates() { acedRegCmds->removeGroup(kGroup); }
+    SectionUpdates(const SectionUpdates&) = delete;
+    SectionUpdates& operator=(const SectionUpdates&) = delete;
+
+private:
+    static constexpr const wchar_t* kGroup = L"ZU_WINDOW";
+};
+
 void run(const Options& options) {
+    const SectionUpdates updates;
     const SettingsFile settings(options.settings);
     DrawingFile drawing(options.drawing);
     preparePictures(options.screenshot);
     CAttFrameWnd& window = openAttributeWindow(entitiesOf(drawing, options.handles), options.drawing.path);
+    if (!options.handles.empty())
+        selectAll(window);
     if (!options.screenshot.empty()) {
         closeWithPicture(window, options.screenshot);
         return;

@@ -1,8 +1,10 @@
 #include "find_text.h"
+#include "owner_draw.h"
 #include "qt_text.h"
 #include "select_text.h"
 #include "zuhost/windows/controls.h"
 
+#include <QAbstractItemDelegate>
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
@@ -45,6 +47,24 @@ private:
     Notify notify_;
 };
 
+/// Has the combo box draw the rows of its open list.
+class OwnerDelegate : public QAbstractItemDelegate {
+public:
+    OwnerDelegate(CComboBox& owner, QObject* parent) : QAbstractItemDelegate(parent), owner_(owner) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        zuhost::drawOwnRow(owner_, *painter, option.rect, index.row(),
+                           option.state.testFlag(QStyle::State_Selected) ? ODS_SELECTED : 0U);
+    }
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const override {
+        return {0, zuhost::ownRowHeight(owner_, *option.widget)};
+    }
+
+private:
+    CComboBox& owner_;
+};
+
 } // namespace
 
 BOOL CComboBox::Create(DWORD style, const RECT& rectangle, CWnd* parent, UINT id) {
@@ -55,6 +75,8 @@ QWidget* CComboBox::makeWidget(QWidget* parent, DWORD style) {
     auto* const made = new NotifyingComboBox(parent, &CComboBox::notifyParentOf);
     made->setEditable((style & CBS_DROPDOWNLIST) == CBS_DROPDOWN);
     made->setInsertPolicy(QComboBox::NoInsert);
+    if ((style & CBS_OWNERDRAWFIXED) != 0)
+        made->setItemDelegate(new OwnerDelegate(*this, made));
     made->setPlaceholderText(QStringLiteral(" ")); // Without it Qt selects the first item inserted.
     QObject::connect(made, &QComboBox::activated, made, [made](int) {
         notifyParentOf(made, CBN_SELENDOK);
@@ -147,6 +169,17 @@ BOOL CComboBox::GetDroppedState() const {
 void CComboBox::SetEditSel(int start, int end) {
     zuhost::selectText(box(*this) != nullptr ? box(*this)->lineEdit() : nullptr, start, end);
 }
+
+int CComboBox::SetDroppedWidth(UINT width) {
+    if (box(*this) == nullptr)
+        return CB_ERR;
+    box(*this)->view()->setMinimumWidth(static_cast<int>(width));
+    return static_cast<int>(width);
+}
+
+void CComboBox::DrawItem(LPDRAWITEMSTRUCT /*draw*/) {}
+
+void CComboBox::MeasureItem(LPMEASUREITEMSTRUCT /*measure*/) {}
 
 void CComboBox::OnKillFocus(CWnd* newFocus) {
     CWnd::OnKillFocus(newFocus);

@@ -1,3 +1,4 @@
+#include "qt_text.h"
 #include "select_text.h"
 #include "zuhost/windows/controls.h"
 
@@ -29,6 +30,13 @@ BOOL CEdit::SetReadOnly(BOOL readOnly) {
     if (widget() == nullptr)
         return FALSE;
     static_cast<QLineEdit*>(widget())->setReadOnly(readOnly != FALSE);
+    return TRUE;
+}
+
+BOOL CEdit::SetCueBanner(const wchar_t* text) {
+    if (widget() == nullptr)
+        return FALSE;
+    static_cast<QLineEdit*>(widget())->setPlaceholderText(zuhost::toQt(text));
     return TRUE;
 }
 

@@ -170,7 +170,11 @@ int CListCtrl::GetColumnWidth(int column) const {
 BOOL CListCtrl::SetColumnWidth(int column, int width) {
     if (parts_->view == nullptr || column < 0 || column >= GetColumnCount())
         return FALSE;
-    parts_->view->setColumnWidth(column, width);
+    const bool fills = width == LVSCW_AUTOSIZE_USEHEADER && column == GetColumnCount() - 1;
+    if (fills || column == GetColumnCount() - 1)
+        parts_->view->header()->setStretchLastSection(fills);
+    if (!fills)
+        parts_->view->setColumnWidth(column, width);
     return TRUE;
 }
 

@@ -17,7 +17,8 @@ void drawOwnRow(List& list, QPainter& painter, const QRect& row, int index, UINT
     draw.hwndItem = list.GetSafeHwnd();
     draw.hDC = CDC(painter).GetSafeHdc();
     draw.rcItem = {row.left(), row.top(), row.left() + row.width(), row.top() + row.height()};
-    draw.itemData = list.GetItemData(index);
+    if constexpr (requires { list.GetItemData(index); })
+        draw.itemData = list.GetItemData(index);
     painter.save();
     painter.setFont(list.widget()->font());
     list.DrawItem(&draw);

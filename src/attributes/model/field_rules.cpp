@@ -21,6 +21,15 @@ std::wstring_view attributeFieldIn(std::wstring_view text, int n) {
     }
 }
 
+bool containsText(const CString& text, const CString& part) {
+    return CString(text).MakeLower().Find(CString(part).MakeLower()) >= 0;
+}
+
+bool canHold(const CString& value) {
+    const zucomn::ValueFault fault = zucomn::valueFault(value.view());
+    return fault == zucomn::ValueFault::none || fault == zucomn::ValueFault::placeholder;
+}
+
 bool isEditable(const CString& text) {
     return attributeField(text, 4).Left(1) == L"1";
 }

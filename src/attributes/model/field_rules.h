@@ -12,6 +12,12 @@ namespace zu {
 /// Returns the field as a view into the text.
 [[nodiscard]] std::wstring_view attributeFieldIn(std::wstring_view text, int n);
 
+/// Returns true when `text` contains `part`, ignoring case; an empty part is contained in every text.
+[[nodiscard]] bool containsText(const CString& text, const CString& part);
+
+/// Returns false for a value that contains "|" or a line end, which records and lines cannot represent.
+[[nodiscard]] bool canHold(const CString& value);
+
 /// Returns true when the fourth field begins with "1".
 [[nodiscard]] bool isEditable(const CString& text);
 

@@ -19,6 +19,9 @@ public:
     /// "E". "S501" is offered all texts of its id.
     [[nodiscard]] std::vector<CString> choices(const CString& attributeId, const CString& value) const;
 
+    /// Returns true when the table is missing or has no records.
+    [[nodiscard]] bool isEmpty() const { return entries_.empty(); }
+
     /// Returns true when a record of the id is marked editable.
     [[nodiscard]] bool editable(const CString& attributeId) const;
 

@@ -5,6 +5,7 @@
 #include "frame/line_splitter.h"
 
 #include <zucomn/attributes.h>
+#include <zucomn/model/attributes.h>
 
 #include <algorithm>
 #include <iterator>
@@ -16,6 +17,22 @@ namespace {
 /// Returns the value field without trailing blanks.
 std::wstring_view valueOf(const CString& text) {
     return withoutTrailingSpaces(attributeFieldIn(text.view(), 2));
+}
+
+/// Returns field n when it ends in "|", else an empty text.
+std::wstring_view endedField(std::wstring_view text, int n) {
+    return std::count(text.begin(), text.end(), kFieldSeparator) >= n ? attributeFieldIn(text, n)
+                                                                      : std::wstring_view();
+}
+
+bool isMarkedEditable(const CString& text) {
+    constexpr int kMarkField = 6;
+    return endedField(text.view(), kMarkField).starts_with(L'1');
+}
+
+CString labelOf(const CString& text) {
+    constexpr int kLabelField = 4;
+    return CString(endedField(text.view(), kLabelField)).Trim();
 }
 
 struct Occurrence {
@@ -39,7 +56,8 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
             const auto found = byId.find(id);
             if (found == byId.end()) {
                 byId.emplace(id, Occurrence{items.size(), 1, entity});
-                items.push_back({CString(id) + L"|", CString(value)});
+                items.push_back(
+                    {CString(id) + L"|", CString(value), true, labelOf(list[i]), isMarkedEditable(list[i])});
                 continue;
             }
             Occurrence& occurrence = found->second;
@@ -47,8 +65,12 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
                 continue;
             occurrence.lastEntity = entity;
             ++occurrence.entities;
-            if (ShownItem& item = items[occurrence.index]; item.value.view() != value)
+            ShownItem& item = items[occurrence.index];
+            if (item.value.view() != value)
                 item.value = kVarious;
+            item.marked = item.marked && isMarkedEditable(list[i]);
+            if (item.label.IsEmpty())
+                item.label = labelOf(list[i]);
         }
     }
     for (const auto& [id, occurrence] : byId)
@@ -56,11 +78,15 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
     return items;
 }
 
+bool isEditable(const ShownItem& item, const ParameterIndex& parameters) {
+    return parameters.isEmpty() ? item.marked : parameters.editable(attributeField(item.key, 1));
+}
+
 std::vector<ShownItem> writableItems(std::span<const ShownItem> items, const ParameterIndex& parameters) {
     std::vector<ShownItem> writable;
     std::copy_if(items.begin(), items.end(), std::back_inserter(writable), [&](const ShownItem& item) {
-        return item.value != kVarious && item.value.Find(kFieldSeparator) < 0 &&
-               parameters.editable(attributeField(item.key, 1));
+        return zucomn::valueFault(item.value.view()) == zucomn::ValueFault::none &&
+               isEditable(item, parameters);
     });
     return writable;
 }

@@ -10,7 +10,9 @@ namespace zu {
 struct ShownItem {
     CString key; ///< The attribute id and "|".
     CString value;
-    bool shared = true; ///< All entities have the item: category "共通", else "一般".
+    bool shared = true;  ///< All entities have the item: category "共通", else "一般".
+    CString label{};     ///< The first label in the records.
+    bool marked = false; ///< All records that have the item mark it editable.
 };
 
 /// Returns the items of raw attribute lists in order of first occurrence. Values that differ among the
@@ -18,8 +20,12 @@ struct ShownItem {
 /// repeated ids of one list, which no look-up finds. Takes O(n log k) time for n strings with k distinct ids.
 [[nodiscard]] std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists);
 
-/// Returns the items that can be written to records: the editable ones whose value is not "*各種*" and does
-/// not contain "|", which would break the record.
+/// Returns whether the user may edit the item: the parameter table decides, without one the records' own
+/// marks.
+[[nodiscard]] bool isEditable(const ShownItem& item, const ParameterIndex& parameters);
+
+/// Returns the items that can be written to records: the editable ones whose value is not "*各種*" and can be
+/// held by a record.
 [[nodiscard]] std::vector<ShownItem> writableItems(std::span<const ShownItem> items,
                                                    const ParameterIndex& parameters);
 

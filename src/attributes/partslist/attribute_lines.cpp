@@ -1,11 +1,9 @@
 #include "attribute_lines.h"
 
 #include "attributes/attribute_record.h"
-#include "attributes/attribute_rows.h"
 #include "attributes/model/field_rules.h"
 
 #include <zucomn/attributes.h>
-#include <zucomn/model/attributes.h>
 
 #include <map>
 #include <set>
@@ -45,11 +43,8 @@ void appendItemsOfLine(const CString& line, CStringArray& lines) {
 std::map<std::wstring, CString> valuesToWrite(std::span<const ShownItem> items,
                                               const ParameterIndex& parameters) {
     std::map<std::wstring, CString> values;
-    for (const ShownItem& item : items) {
-        const CString id = attributeField(item.key, 1);
-        if (zucomn::valueFault(item.value.view()) == zucomn::ValueFault::none && parameters.editable(id))
-            values.try_emplace(static_cast<const wchar_t*>(id), item.value);
-    }
+    for (const ShownItem& item : writableItems(items, parameters))
+        values.try_emplace(static_cast<const wchar_t*>(attributeField(item.key, 1)), item.value);
     return values;
 }
 
@@ -63,11 +58,6 @@ void appendItems(const CString& text, CStringArray& lines) {
 
 CString paddedLine(const CString& line) {
     return itemText(fieldsOf(line));
-}
-
-bool canHold(const CString& value) {
-    const zucomn::ValueFault fault = zucomn::valueFault(value.view());
-    return fault == zucomn::ValueFault::none || fault == zucomn::ValueFault::placeholder;
 }
 
 CString withValue(const CString& line, const CString& value) {

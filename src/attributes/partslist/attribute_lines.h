@@ -26,9 +26,6 @@ void appendItems(const CString& text, CStringArray& lines);
 /// Returns the line with exactly six fields: missing ones are added, those after the sixth are removed.
 [[nodiscard]] CString paddedLine(const CString& line);
 
-/// Returns false for a value that contains "|" or a line end, which a line cannot represent.
-[[nodiscard]] bool canHold(const CString& value);
-
 /// Returns the line, padded to six fields, with the given value.
 [[nodiscard]] CString withValue(const CString& line, const CString& value);
 
@@ -42,8 +39,7 @@ void appendItems(const CString& text, CStringArray& lines);
 /// differ become "*各種*".
 [[nodiscard]] std::vector<ShownItem> shownItemsOf(const CStringArray& lines);
 
-/// Writes the values of the property list into the lines. As for entities, skips items that are not editable,
-/// the value "*各種*" and values that a line cannot represent.
+/// Writes the writable values of the items (see writableItems) into the lines with their ids.
 void applyToLines(CStringArray& lines, std::span<const ShownItem> items, const ParameterIndex& parameters);
 
 /// Returns the display name of the line's attribute, else its label (the fourth field), else the attribute

@@ -1,10 +1,10 @@
 #include "lines_file.h"
 
 #include "attribute_lines.h"
-#include "state/library_state.h"
 
 #include <afx.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace zu {
@@ -27,20 +27,24 @@ bool write(const CString& path, const CString& text) {
     }
 }
 
+/// A line end would split the line, and the file's interface writes up to the first null character only.
+bool canBeSaved(const CString& line) {
+    return line.view().find_first_of(std::wstring_view(L"\r\n\0", 3)) == std::wstring_view::npos;
+}
+
+/// Returns true when reading the file gives exactly the lines.
+bool holds(const CString& path, const CStringArray& lines) {
+    CStringArray read;
+    return readLines(path, read) && std::equal(read.GetData(), read.GetData() + read.GetSize(),
+                                               lines.GetData(), lines.GetData() + lines.GetSize());
+}
+
 } // namespace
 
 bool isRouteAttributeFile(const CString& path) {
     CString normalised = path;
     normalised.Replace(L'/', L'\\');
     return normalised.Find(kRouteAttributeFile) >= 0;
-}
-
-bool routeAttributeMode() {
-    return state().routeAttributeMode;
-}
-
-void setRouteAttributeMode(bool on) {
-    state().routeAttributeMode = on;
 }
 
 bool readLines(const CString& path, CStringArray& lines) {
@@ -59,13 +63,13 @@ bool readLines(const CString& path, CStringArray& lines) {
 }
 
 bool saveLines(const CString& path, CStringArray& lines) {
-    setRouteAttributeMode(isRouteAttributeFile(path));
     CStringArray padded;
-    for (int i = 0; i < lines.GetSize(); ++i)
+    for (int i = 0; i < lines.GetSize(); ++i) {
+        if (!canBeSaved(lines[i]))
+            return false;
         padded.Add(paddedLine(lines[i]));
-    const CString text = joinedLines(padded, routeAttributeMode());
-    // The file's interface writes up to the first null character: the rest would be lost.
-    if (text.view().find(L'\0') != std::wstring_view::npos || !write(path, text))
+    }
+    if (!holds(path, padded) && !write(path, joinedLines(padded, isRouteAttributeFile(path))))
         return false;
     lines.Copy(padded);
     return true;

@@ -32,19 +32,31 @@ void CUPAttView::AddListView(const CStringArray& lines, CStringArray* keys) {
     m_pane->show(zu::shownItemsOf(lines), keys);
 }
 
+/// A program that selects lines and reads at once gets the values of the new selection.
+void CUPAttView::showPendingSelection() const {
+    const CFrameWnd* const frame = GetParentFrame();
+    if (frame == nullptr || frame->IsKindOf(RUNTIME_CLASS(CUPAttFrameWnd)) == FALSE)
+        return;
+    if (CUPEntView* const lines = static_cast<const CUPAttFrameWnd*>(frame)->GetLeftPane())
+        lines->CompleteUpdate();
+}
+
 int CUPAttView::GetAttSel(CStringArray& keys, CStringArray& values) {
+    showPendingSelection();
     return m_pane->selected(keys, values);
 }
 
 void CUPAttView::GetAttAll(CStringArray& keys, CStringArray& values) {
+    showPendingSelection();
     m_pane->all(keys, values);
 }
 
 void CUPAttView::GetAttAllData(CStringArray& lines) {
+    showPendingSelection();
     CStringArray changed;
     changed.Copy(m_lines);
     const zu::ParameterIndex parameters(zu::AttributeTables::instance().parameters());
-    zu::applyToLines(changed, m_pane->items(), parameters);
+    zu::applyToLines(changed, m_pane->changedItems(), parameters);
     lines.Append(changed);
 }
 

@@ -28,6 +28,15 @@ CString fileName(const CString& path) {
     return path.Mid(std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/')) + 1);
 }
 
+/// Widens a button whose caption its width would clip.
+void widenToCaption(CButton& button, const CRect& place) {
+    constexpr int kAroundCaption = 12;
+    CString caption;
+    button.GetWindowText(caption);
+    const int wanted = CClientDC(&button).GetTextExtent(caption).cx + kAroundCaption;
+    button.MoveWindow(place.left, place.top, std::max(wanted, place.Width()), place.Height());
+}
+
 } // namespace
 
 struct CUPEntView::Parts {
@@ -42,6 +51,7 @@ struct CUPEntView::Parts {
     CString confirmCommand;
     CString backCommand;
     int flag = 0;
+    bool isRouteAttributes = false;
     bool isShowPending = false;
 
     [[nodiscard]] std::vector<int> selectedLines() const;
@@ -124,8 +134,12 @@ int CUPEntView::OnCreate(LPCREATESTRUCT create) {
         each.button.Create(zu::libraryText(each.caption), WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, each.place,
                            this, each.id);
         each.button.SetFont(font);
+        widenToCaption(each.button, each.place);
     }
-    return m_parts->list.create(*this, kColumns) ? 0 : -1;
+    if (!m_parts->list.create(*this, kColumns))
+        return -1;
+    m_parts->list.SetFont(font);
+    return 0;
 }
 
 void CUPEntView::OnSize(UINT type, int width, int height) {
@@ -144,9 +158,13 @@ void CUPEntView::OnItemchanged(NMHDR* header, LRESULT* result) {
 }
 
 LRESULT CUPEntView::onShowSelection(WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    CompleteUpdate();
+    return 0;
+}
+
+void CUPEntView::CompleteUpdate() {
     if (m_parts->isShowPending)
         DataDisp();
-    return 0;
 }
 
 // ---- file, commands, flag
@@ -162,7 +180,7 @@ int CUPEntView::ReadCSVFile(const wchar_t* path) {
 
 void CUPEntView::SetFilePath(const wchar_t* path) {
     m_parts->path = path;
-    zu::setRouteAttributeMode(zu::isRouteAttributeFile(m_parts->path));
+    m_parts->isRouteAttributes = zu::isRouteAttributeFile(m_parts->path);
 }
 
 CString CUPEntView::GetFilePath() const {
@@ -182,8 +200,8 @@ int CUPEntView::GetFlag() const {
     return m_parts->flag;
 }
 
-bool CUPEntView::IsRouteAttributeMode() {
-    return zu::routeAttributeMode();
+bool CUPEntView::IsRouteAttributeMode() const {
+    return m_parts->isRouteAttributes;
 }
 
 // ---- list
@@ -284,11 +302,19 @@ int CUPEntView::layerLockState(AcDbObjectId entity) {
 // ---- commands
 
 void CUPEntView::SaveCSVFile() {
-    if (m_parts->path.IsEmpty() || zu::saveLines(m_parts->path, m_parts->lines))
-        return;
+    save();
+}
+
+bool CUPEntView::save() {
+    if (m_parts->path.IsEmpty())
+        return true;
+    m_parts->isRouteAttributes = zu::isRouteAttributeFile(m_parts->path);
+    if (zu::saveLines(m_parts->path, m_parts->lines))
+        return true;
     CString message;
     message.Format(zu::libraryText(zu::text::kCannotSave), m_parts->path);
     AfxMessageBox(message, MB_OK | MB_ICONSTOP);
+    return false;
 }
 
 /// Copies the values of the right pane into the lines shown there. Returns false when the edited value cannot
@@ -296,7 +322,7 @@ void CUPEntView::SaveCSVFile() {
 bool CUPEntView::acceptValues() {
     CUPAttView* const right = rightPane();
     if (right == nullptr || m_parts->isShowPending)
-        return true;
+        return true; // The right pane does not show the selected lines.
     if (!right->pane().list().EndEdit(true))
         return false;
     CStringArray changed;
@@ -312,21 +338,18 @@ void CUPEntView::OnUpdateAttributes() {
 }
 
 void CUPEntView::OnUpdateAttributes2() {
-    if (!acceptValues())
-        return;
-    SaveCSVFile();
-    sendToHost(m_parts->confirmCommand);
+    if (acceptValues() && save())
+        sendToHost(m_parts->confirmCommand);
 }
 
 void CUPEntView::OnUpdateAttributes3() {
-    if (!zu::routeAttributeMode())
-        SaveCSVFile();
-    sendToHost(m_parts->backCommand);
+    if (m_parts->isRouteAttributes || (acceptValues() && save()))
+        sendToHost(m_parts->backCommand);
 }
 
 void CUPEntView::sendToHost(const CString& command) {
     if (!command.IsEmpty())
         ApiComn_sendCommand(command, 0, 0, 1);
-    if (zu::routeAttributeMode())
+    if (m_parts->isRouteAttributes)
         ZuComn_ShowWindow(this, SW_HIDE);
 }

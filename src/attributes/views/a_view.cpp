@@ -14,7 +14,7 @@ ON_LBN_SELCHANGE(zu::kPropertyListId, OnSelected)
 ON_CONTROL(PLN_VALUECHANGED, zu::kPropertyListId, OnUpdateAttributes)
 END_MESSAGE_MAP()
 
-CAView::CAView() : m_pane(std::make_unique<zu::AttributePane>()) {}
+CAView::CAView() : m_pane(std::make_unique<zu::AttributePane>(zu::AttributePane::WithoutTable::nothing)) {}
 CAView::~CAView() = default;
 
 int CAView::OnCreate(LPCREATESTRUCT create) {
@@ -90,6 +90,13 @@ long CAView::OnSelChangeList(WPARAM /*wParam*/, LPARAM /*lParam*/) {
 }
 
 void CAView::OnUpdateAttributes() {
+    if (m_isUpdating)
+        return;
+    m_isUpdating = true; // Accepting an edit in progress notifies the view of the changed value.
+    const bool isAccepted = m_pane->list().EndEdit(true);
+    m_isUpdating = false;
+    if (!isAccepted)
+        return;
     zu::applyToEntities(*m_pane, zu::spanOf(m_entities));
     if (!m_entities.isEmpty())
         m_pane->showEntities(zu::spanOf(m_entities), nullptr);

@@ -66,7 +66,7 @@ int applyToEntities(const AttributePane& pane, std::span<const AcDbObjectId> ele
     const bool hasParameters = AttributeTables::readParameters(records);
     const ParameterIndex parameters(records);
     ZuComn_RemoveAllFree(records);
-    return hasParameters ? writeBack(elements, pane.items(), parameters) : 0;
+    return hasParameters || pane.usesMarks() ? writeBack(elements, pane.changedItems(), parameters) : 0;
 }
 
 } // namespace zu

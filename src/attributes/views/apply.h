@@ -19,8 +19,9 @@ bool warnIfLocked(AcDbObjectId element);
 int writeBack(std::span<const AcDbObjectId> elements, std::span<const ShownItem> items,
               const ParameterIndex& parameters);
 
-/// Writes the pane's values to the elements, using the parameter table as its file is now; without the table
-/// it writes nothing. Returns the number of changed elements.
+/// Writes the pane's changed values to the elements, using the parameter table as its file is now; without
+/// the table it writes those of the items that the pane lets the user edit. Returns the number of changed
+/// elements.
 int applyToEntities(const AttributePane& pane, std::span<const AcDbObjectId> elements);
 
 } // namespace zu

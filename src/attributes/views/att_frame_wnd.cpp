@@ -42,7 +42,8 @@ BOOL CAttFrameWnd::PreTranslateMessage(MSG* message) {
     const bool isControl = message->message == WM_KEYDOWN && GetKeyState(VK_CONTROL) < 0;
     const bool isUndo = isControl && message->wParam == 'Z';
     const bool isRedo = isControl && message->wParam == 'Y';
-    if ((!isUndo && !isRedo) || GetRightPane() == nullptr || GetRightPane()->pane().list().IsEditing())
+    if ((!isUndo && !isRedo) || GetLeftPane() == nullptr || GetRightPane() == nullptr ||
+        GetRightPane()->pane().list().IsEditing())
         return CFrameWnd::PreTranslateMessage(message);
     ApiComn_sendCommand(isUndo ? L"_U" : L"_REDO", 0, 1, 1);
     GetLeftPane()->Synchronise();
@@ -50,17 +51,21 @@ BOOL CAttFrameWnd::PreTranslateMessage(MSG* message) {
 }
 
 CEntView* CAttFrameWnd::GetLeftPane() const {
-    return static_cast<CEntView*>(m_splitter.GetPane(0, 0));
+    return static_cast<CEntView*>(paneAt(0));
 }
 
 CAttView* CAttFrameWnd::GetRightPane() const {
-    return static_cast<CAttView*>(m_splitter.GetPane(0, 1));
+    return static_cast<CAttView*>(paneAt(1));
+}
+
+CWnd* CAttFrameWnd::paneAt(int column) const {
+    return column < m_splitter.GetColumnCount() ? m_splitter.GetPane(0, column) : nullptr;
 }
 
 CEntView_ZU* CAttFrameWnd_ZU::GetLeftPane() const {
-    return static_cast<CEntView_ZU*>(m_splitter.GetPane(0, 0));
+    return static_cast<CEntView_ZU*>(paneAt(0));
 }
 
 CAttView_ZU* CAttFrameWnd_ZU::GetRightPane() const {
-    return static_cast<CAttView_ZU*>(m_splitter.GetPane(0, 1));
+    return static_cast<CAttView_ZU*>(paneAt(1));
 }

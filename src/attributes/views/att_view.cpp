@@ -41,15 +41,27 @@ void CAttView::AddGrid(const wchar_t* partFile, CStringArray* keys) {
     m_pane->showPart(partFile, keys);
 }
 
+/// A program that selects entities and reads at once gets the values of the new selection.
+void CAttView::showPendingSelection() const {
+    const CFrameWnd* const frame = GetParentFrame();
+    if (frame == nullptr || frame->IsKindOf(RUNTIME_CLASS(CAttFrameWnd)) == FALSE)
+        return;
+    if (CEntView* const entities = static_cast<const CAttFrameWnd*>(frame)->GetLeftPane())
+        entities->CompleteUpdate();
+}
+
 int CAttView::GetAttSel(CStringArray& keys, CStringArray& values) {
+    showPendingSelection();
     return m_pane->selected(keys, values);
 }
 
 void CAttView::GetAttAll(CStringArray& keys, CStringArray& values) {
+    showPendingSelection();
     m_pane->all(keys, values);
 }
 
 void CAttView::SetValue(const wchar_t* key, const wchar_t* value) {
+    showPendingSelection();
     m_pane->setValue(key, value);
 }
 

@@ -24,8 +24,8 @@ CPropertyItem propertyOf(const ShownItem& shown, const ParameterIndex& parameter
     item.value = shown.value;
     item.name = CAttributeData::GetItemName(id);
     if (item.name.IsEmpty())
-        item.name = id;
-    item.editable = parameters.editable(id);
+        item.name = shown.label.IsEmpty() ? id : shown.label;
+    item.editable = isEditable(shown, parameters);
     item.choices = parameters.choices(id, shown.value);
     const auto end = std::remove_if(item.choices.begin(), item.choices.end(),
                                     [](const CString& text) { return text.IsEmpty(); });
@@ -91,7 +91,8 @@ void AttributePane::resize(int width, int height) {
         list_.MoveWindow(0, 0, width, height);
 }
 
-void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys) {
+void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys, const LockedElements& locked,
+                         std::size_t selected) {
     const int before = list_.GetSelectedItem();
     const CString selectedKey = before >= 0 ? manager_.GetItem(before).key : CString();
     const ParameterIndex parameters(AttributeTables::instance().parameters());
@@ -100,11 +101,20 @@ void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys) {
     list_.EndEdit(false);
     manager_.Clear();
     const ResourceScope scope;
+    if (!items.empty())
+        for (const CString& notice : tableNotices(usesMarks_))
+            manager_.AddNotice(notice);
+    if (const CString notice = lockNotice(locked, selected); !notice.IsEmpty())
+        manager_.AddNotice(notice);
+    const bool isLocked = selected > 0 && locked.count == selected;
     auto item = ordered.begin();
     for (const bool shared : {true, false}) {
         manager_.AddCategory(libraryText(shared ? text::kCommonCategory : text::kGeneralCategory));
         for (; item != ordered.end() && item->shared == shared; ++item) {
-            manager_.AddItem(propertyOf(*item, parameters));
+            item->marked = item->marked && usesMarks_;
+            CPropertyItem property = propertyOf(*item, parameters);
+            property.editable = property.editable && !isLocked;
+            manager_.AddItem(property);
             if (keys != nullptr)
                 keys->Add(item->key);
         }
@@ -116,7 +126,7 @@ void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys) {
 }
 
 void AttributePane::showEntities(std::span<const AcDbObjectId> entities, CStringArray* keys) {
-    show(shownItemsOf(entities), keys);
+    show(shownItemsOf(entities), keys, lockedAmong(entities), entities.size());
 }
 
 void AttributePane::showPart(const wchar_t* partFile, CStringArray* keys) {
@@ -156,11 +166,11 @@ void AttributePane::setValue(const wchar_t* key, const wchar_t* value) {
         list_.Refresh();
 }
 
-std::vector<ShownItem> AttributePane::items() const {
+std::vector<ShownItem> AttributePane::changedItems() const {
     std::vector<ShownItem> items;
-    items.reserve(static_cast<std::size_t>(manager_.GetItemCount()));
     for (int i = 0; i < manager_.GetItemCount(); ++i)
-        items.push_back({manager_.GetItem(i).key, manager_.GetItem(i).value, true});
+        if (const CPropertyItem& item = manager_.GetItem(i); item.changed)
+            items.push_back({item.key, item.value, true, item.name, usesMarks_ && item.editable});
     return items;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "attributes/model/notices.h"
 #include "attributes/model/shown_items.h"
 
 #include <acarray.h>
@@ -16,15 +17,22 @@ inline constexpr UINT kPropertyListId = 3002;
 /// The property list of an attribute view and its items; shared by all attribute views.
 class AttributePane {
 public:
+    /// What makes an item editable while the parameter table is missing.
+    enum class WithoutTable { nothing, marksOfRecords };
+    explicit AttributePane(WithoutTable withoutTable = WithoutTable::marksOfRecords)
+        : usesMarks_(withoutTable == WithoutTable::marksOfRecords) {}
+
     /// Creates the list in the view and reads the library's tables that are missing. Returns false when the
     /// list cannot be created.
     bool create(CWnd& view);
     void resize(int width, int height);
 
-    /// Shows the items, sorted by attribute id within "共通" and "一般"; appends their keys in this order to
-    /// `keys`, which may be null.
-    void show(std::span<const ShownItem> items, CStringArray* keys);
-    /// Shows the attributes of entities; those without a record are skipped.
+    /// Shows the items, sorted by attribute id within "共通" and "一般", below notices of what is missing;
+    /// appends their keys in this order to `keys`, which may be null.
+    void show(std::span<const ShownItem> items, CStringArray* keys, const LockedElements& locked = {},
+              std::size_t selected = 0);
+    /// Shows the attributes of entities; those without a record are skipped. Items are greyed when all
+    /// entities are on locked layers.
     void showEntities(std::span<const AcDbObjectId> entities, CStringArray* keys);
     /// Shows the attribute file of a part; an empty list when there is none.
     void showPart(const wchar_t* partFile, CStringArray* keys);
@@ -34,13 +42,16 @@ public:
     void all(CStringArray& keys, CStringArray& values) const;
     /// Sets the value of the item with the key, given without "|".
     void setValue(const wchar_t* key, const wchar_t* value);
-    /// Returns the items with their current values.
-    [[nodiscard]] std::vector<ShownItem> items() const;
+    /// Returns the items whose values the user or a program changed, with the marks that make them editable.
+    [[nodiscard]] std::vector<ShownItem> changedItems() const;
 
+    /// Returns whether records' marks make items editable while the parameter table is missing.
+    [[nodiscard]] bool usesMarks() const { return usesMarks_; }
     [[nodiscard]] CPropertyListCtrl& list() { return list_; }
     [[nodiscard]] const CMyAdaptablePropertyItemManager& manager() const { return manager_; }
 
 private:
+    bool usesMarks_;
     CMyAdaptablePropertyItemManager manager_;
     CPropertyListCtrl list_;
 };

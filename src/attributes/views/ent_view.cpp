@@ -86,9 +86,13 @@ void CEntView::OnItemchanged(NMHDR* header, LRESULT* result) {
 }
 
 LRESULT CEntView::OnSynchronise(WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    CompleteUpdate();
+    return 0;
+}
+
+void CEntView::CompleteUpdate() {
     if (m_synchronises)
         Synchronise();
-    return 0;
 }
 
 void CEntView::Synchronise() {
@@ -98,8 +102,7 @@ void CEntView::Synchronise() {
 }
 
 void CEntView::OnUpdateAttributes() {
-    if (m_synchronises)
-        Synchronise(); // the attribute view still shows the previous selection
+    CompleteUpdate();
     CAttView* const attributes = attributeViewOf(*this);
     if (attributes == nullptr || !attributes->pane().list().EndEdit(true))
         return;

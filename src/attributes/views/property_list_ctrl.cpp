@@ -1,3 +1,4 @@
+#include "choice_box.h"
 #include "expander.h"
 
 #include <zucomn/property_list.h>
@@ -27,7 +28,7 @@ constexpr int kMinimumCellWidth = 40;
 
 } // namespace
 
-CPropertyListCtrl::CPropertyListCtrl() = default;
+CPropertyListCtrl::CPropertyListCtrl() : m_choices(std::make_unique<zu::ChoiceBox>()) {}
 
 CPropertyListCtrl::~CPropertyListCtrl() {
     CWnd::DestroyWindow();
@@ -74,17 +75,22 @@ const CPropertyListCtrl::Row* CPropertyListCtrl::rowAt(int index) const {
 
 const CPropertyItem* CPropertyListCtrl::itemAt(int index) const {
     const Row* const row = rowAt(index);
-    return row != nullptr && row->item >= 0 ? &m_manager->GetItem(row->item) : nullptr;
+    return row != nullptr && row->category >= 0 && row->item >= 0 ? &m_manager->GetItem(row->item) : nullptr;
+}
+
+bool CPropertyListCtrl::isHeading(int index) const {
+    const Row* const row = rowAt(index);
+    return row != nullptr && row->category >= 0 && row->item < 0;
 }
 
 int CPropertyListCtrl::GetSelectedItem() const {
-    const Row* const row = rowAt(GetCurSel());
-    return row != nullptr ? row->item : -1;
+    const int index = GetCurSel();
+    return itemAt(index) != nullptr ? rowAt(index)->item : -1;
 }
 
 void CPropertyListCtrl::SelectItem(int item) {
     for (int index = 0; rowAt(index) != nullptr; ++index)
-        if (item >= 0 && rowAt(index)->item == item)
+        if (item >= 0 && itemAt(index) != nullptr && rowAt(index)->item == item)
             SetCurSel(index);
 }
 
@@ -137,9 +143,8 @@ void CPropertyListCtrl::OnLButtonDown(UINT flags, CPoint point) {
     CListBox::OnLButtonDown(flags, point);
     BOOL outside = FALSE;
     const int index = static_cast<int>(ItemFromPoint(point, outside));
-    if (const Row* const row = outside == FALSE ? rowAt(index) : nullptr;
-        row != nullptr && row->item < 0 && point.x < zu::kExpanderWidth)
-        setExpanded(index, !m_manager->IsExpanded(row->category));
+    if (outside == FALSE && isHeading(index) && point.x < zu::kExpanderWidth)
+        setExpanded(index, !m_manager->IsExpanded(rowAt(index)->category));
 }
 
 void CPropertyListCtrl::OnLButtonUp(UINT flags, CPoint point) {
@@ -159,35 +164,33 @@ void CPropertyListCtrl::OnLButtonDblClk(UINT flags, CPoint point) {
     CListBox::OnLButtonDblClk(flags, point);
     BOOL outside = FALSE;
     const int index = static_cast<int>(ItemFromPoint(point, outside));
-    const Row* const row = outside == FALSE ? rowAt(index) : nullptr;
-    if (row != nullptr && row->item < 0 && point.x >= zu::kExpanderWidth)
-        setExpanded(index, !m_manager->IsExpanded(row->category));
-    else if (row != nullptr && row->item >= 0)
+    if (outside == FALSE && isHeading(index) && point.x >= zu::kExpanderWidth)
+        setExpanded(index, !m_manager->IsExpanded(rowAt(index)->category));
+    else if (outside == FALSE && itemAt(index) != nullptr)
         BeginEdit();
 }
 
 // ---- keys
 
 void CPropertyListCtrl::setExpanded(int index, bool expanded) {
-    if (const Row* const row = rowAt(index); row != nullptr && row->item < 0) {
-        m_manager->SetExpanded(row->category, expanded);
-        Refresh();
-    }
+    if (!isHeading(index))
+        return;
+    m_manager->SetExpanded(rowAt(index)->category, expanded);
+    Refresh();
 }
 
 void CPropertyListCtrl::OnKeyDown(UINT key, UINT repeat, UINT flags) {
     const int index = GetCurSel();
-    const Row* const row = rowAt(index);
-    const bool isHeading = row != nullptr && row->item < 0;
-    if (isHeading && (key == VK_LEFT || key == VK_SUBTRACT))
+    const bool folds = isHeading(index);
+    if (folds && (key == VK_LEFT || key == VK_SUBTRACT))
         setExpanded(index, false);
-    else if (isHeading && (key == VK_RIGHT || key == VK_ADD))
+    else if (folds && (key == VK_RIGHT || key == VK_ADD))
         setExpanded(index, true);
-    else if (isHeading && (key == VK_RETURN || key == VK_SPACE))
-        setExpanded(index, !m_manager->IsExpanded(row->category));
-    else if (!isHeading && (key == VK_RETURN || key == VK_F2 || key == VK_F4)) {
+    else if (folds && (key == VK_RETURN || key == VK_SPACE))
+        setExpanded(index, !m_manager->IsExpanded(rowAt(index)->category));
+    else if (!folds && (key == VK_RETURN || key == VK_F2 || key == VK_F4)) {
         if (BeginEdit() && key == VK_F4)
-            m_choices.ShowDropDown();
+            m_choices->ShowDropDown();
     } else
         CListBox::OnKeyDown(key, repeat, flags);
 }

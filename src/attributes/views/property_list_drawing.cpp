@@ -8,6 +8,7 @@
 namespace {
 
 constexpr int kMargin = 4;
+constexpr COLORREF kNoticeColor = RGB(255, 170, 0);
 constexpr UINT kOneLine = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
 
 void drawCell(CDC& dc, CRect cell, const CString& text, COLORREF background, COLORREF color) {
@@ -37,12 +38,20 @@ void CPropertyListCtrl::DrawItem(LPDRAWITEMSTRUCT draw) {
     const bool isSelected = (draw->itemState & ODS_SELECTED) != 0;
     dc.FillSolidRect(CRect(place.left, place.bottom - 1, place.right, place.bottom), gridColor());
     place.bottom -= 1;
-    if (row->item < 0)
+    if (row->category < 0)
+        drawNotice(dc, place, m_manager->GetNotice(row->item), isSelected);
+    else if (row->item < 0)
         drawHeading(dc, place, *row, isSelected);
     else
         drawProperty(dc, place, m_manager->GetItem(row->item), isSelected);
     if (isSelected && (draw->itemState & ODS_FOCUS) != 0 && !IsEditing())
         dc.DrawFocusRect(place);
+}
+
+void CPropertyListCtrl::drawNotice(CDC& dc, const CRect& row, const CString& notice, bool selected) const {
+    const COLORREF background =
+        selected ? GetSysColor(COLOR_HIGHLIGHT) : zu::mixed(GetSysColor(COLOR_WINDOW), kNoticeColor, 25);
+    drawCell(dc, row, notice, background, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
 }
 
 void CPropertyListCtrl::drawHeading(CDC& dc, const CRect& row, const Row& heading, bool selected) const {
@@ -62,7 +71,8 @@ void CPropertyListCtrl::drawProperty(CDC& dc, const CRect& row, const CPropertyI
     const COLORREF text = GetSysColor(item.editable ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT);
     const int divider = GetDivider();
     const CRect name(row.left + zu::kExpanderWidth, row.top, divider, row.bottom);
-    dc.FillSolidRect(CRect(row.left, row.top, name.left, row.bottom), GetSysColor(COLOR_BTNFACE));
+    dc.FillSolidRect(CRect(row.left, row.top, name.left, row.bottom),
+                     GetSysColor(item.changed ? COLOR_HIGHLIGHT : COLOR_BTNFACE));
     drawCell(dc, name, item.name, selected ? GetSysColor(COLOR_HIGHLIGHT) : window,
              selected ? GetSysColor(COLOR_HIGHLIGHTTEXT) : text);
     dc.FillSolidRect(CRect(divider, row.top, divider + 1, row.bottom), gridColor());
@@ -84,15 +94,17 @@ std::intptr_t CPropertyListCtrl::OnToolHitTest(CPoint point, TOOLINFO* tool) con
     BOOL outside = FALSE;
     const int index = static_cast<int>(ItemFromPoint(point, outside));
     const CPropertyItem* const item = outside == FALSE ? itemAt(index) : nullptr;
-    if (item == nullptr)
+    const Row* const row = outside == FALSE ? rowAt(index) : nullptr;
+    const bool isNotice = row != nullptr && row->category < 0;
+    if (item == nullptr && !isNotice)
         return -1;
     CRect cell = valueCell(index);
     const bool isValue = point.x >= cell.left;
-    if (!isValue) {
-        cell.right = cell.left - 1;
-        cell.left = zu::kExpanderWidth;
+    if (!isValue || isNotice) {
+        cell.right = isNotice ? cell.right : cell.left - 1;
+        cell.left = isNotice ? 0 : zu::kExpanderWidth;
     }
-    const CString& text = isValue ? item->value : item->name;
+    const CString& text = isNotice ? m_manager->GetNotice(row->item) : isValue ? item->value : item->name;
     if (CClientDC(this).GetTextExtent(text).cx <= cell.Width() - 2 * kMargin)
         return -1;
     tool->rect = cell;

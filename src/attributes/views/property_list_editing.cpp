@@ -1,24 +1,19 @@
+#include "attributes/model/field_rules.h"
+#include "choice_box.h"
 #include "frame/library_text.h"
 #include "frame/resource_ids.h"
 
 #include <zucomn/property_list.h>
-
-#include <algorithm>
 
 namespace {
 
 constexpr UINT kChoicesId = 1;
 constexpr UINT kTextId = 2;
 
-void showBarRejected() {
-    AfxMessageBox(zu::libraryText(zu::text::kNoBarInValues), MB_OK | MB_ICONSTOP);
-}
-
-/// Returns the index of the value among the choices; -1 when there is none. The combo box's own search
-/// ignores case.
-int choiceIndex(const CString& value, const std::vector<CString>& choices) {
-    const auto found = std::find(choices.begin(), choices.end(), value);
-    return found != choices.end() ? static_cast<int>(found - choices.begin()) : -1;
+void showRejected(const CString& value) {
+    const bool hasBar = value.Find(L'|') >= 0;
+    AfxMessageBox(zu::libraryText(hasBar ? zu::text::kNoBarInValues : zu::text::kNoLineEndInValues),
+                  MB_OK | MB_ICONSTOP);
 }
 
 } // namespace
@@ -28,7 +23,8 @@ bool CPropertyListCtrl::IsEditing() const {
 }
 
 CWnd* CPropertyListCtrl::editor() {
-    return m_choices.GetSafeHwnd() != nullptr ? static_cast<CWnd*>(&m_choices) : static_cast<CWnd*>(&m_text);
+    return m_choices->GetSafeHwnd() != nullptr ? static_cast<CWnd*>(m_choices.get())
+                                               : static_cast<CWnd*>(&m_text);
 }
 
 bool CPropertyListCtrl::BeginEdit() {
@@ -46,21 +42,20 @@ bool CPropertyListCtrl::BeginEdit() {
 
 void CPropertyListCtrl::openEditor(int index, const CPropertyItem& item) {
     constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE;
+    constexpr DWORD kChoiceStyle = kStyle | WS_VSCROLL | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS;
     m_editedItem = rowAt(index)->item;
     const CRect cell = valueCell(index);
     if (item.choices.empty()) {
         m_text.Create(kStyle | ES_AUTOHSCROLL, cell, this, kTextId);
     } else {
-        m_choices.Create(kStyle | WS_VSCROLL | (item.freeText ? CBS_DROPDOWN : CBS_DROPDOWNLIST), cell, this,
-                         kChoicesId);
-        for (const CString& choice : item.choices)
-            m_choices.AddString(choice);
-        m_choices.SetCurSel(choiceIndex(item.value, item.choices));
+        m_choices->Create(kChoiceStyle | (item.freeText ? CBS_DROPDOWN : CBS_DROPDOWNLIST), cell, this,
+                          kChoicesId);
+        m_choices->offer(item.value, item.choices);
     }
     editor()->SetWindowText(item.value);
     editor()->SetFocus();
     m_text.SetSel(0, -1);
-    m_choices.SetEditSel(0, -1);
+    m_choices->SetEditSel(0, -1);
 }
 
 void CPropertyListCtrl::placeEditor() {
@@ -70,10 +65,13 @@ void CPropertyListCtrl::placeEditor() {
 
 CString CPropertyListCtrl::editedText() const {
     CString text;
-    if (m_choices.GetSafeHwnd() == nullptr)
+    if (m_choices->GetSafeHwnd() == nullptr)
         m_text.GetWindowText(text);
     else
-        m_choices.GetWindowText(text);
+        m_choices->GetWindowText(text);
+    // Merely opening the editor does not trim a value.
+    if (text == m_manager->GetItem(m_editedItem).value)
+        return text;
     text.TrimLeft();
     text.TrimRight();
     return text;
@@ -97,19 +95,16 @@ bool CPropertyListCtrl::EndEdit(bool accept) {
     if (!IsEditing() || m_isClosing)
         return !IsEditing();
     const CString value = editedText();
-    // A drop-down list without a selected choice has no value.
-    const bool isChosen = m_choices.GetSafeHwnd() == nullptr || m_manager->GetItem(m_editedItem).freeText ||
-                          m_choices.GetCurSel() >= 0;
-    if (accept && isChosen && value.Find(L'|') >= 0) {
+    if (accept && value != m_manager->GetItem(m_editedItem).value && !zu::canHold(value)) {
         m_isClosing = true;
-        showBarRejected();
+        showRejected(value);
         m_isClosing = false;
         editor()->SetFocus();
         return false;
     }
     const int item = m_editedItem;
     closeEditor();
-    if (accept && isChosen && m_manager->SetValue(item, value)) {
+    if (accept && m_manager->SetValue(item, value)) {
         Invalidate();
         notifyParent(PLN_VALUECHANGED);
     }
@@ -118,7 +113,17 @@ bool CPropertyListCtrl::EndEdit(bool accept) {
 
 // ---- keys and notifications of the editor
 
+/// Restores the value of the selected item. Returns false when it is not changed.
+bool CPropertyListCtrl::restoreValue() {
+    const bool isRestored = m_manager != nullptr && m_manager->RestoreValue(GetSelectedItem());
+    Invalidate();
+    return isRestored;
+}
+
 BOOL CPropertyListCtrl::PreTranslateMessage(MSG* message) {
+    const bool isEscape = message->message == WM_KEYDOWN && message->wParam == VK_ESCAPE;
+    if (isEscape && message->hwnd == GetSafeHwnd() && restoreValue())
+        return TRUE;
     const bool isEditorKey =
         IsEditing() && message->message == WM_KEYDOWN && message->hwnd == editor()->GetSafeHwnd();
     return isEditorKey && onEditorKey(static_cast<UINT>(message->wParam))
@@ -138,12 +143,12 @@ bool CPropertyListCtrl::onEditorKey(UINT key) {
         editNeighbour(GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
         return true;
     case VK_F4:
-        m_choices.ShowDropDown();
+        m_choices->ShowDropDown();
         return true;
     case VK_UP:
     case VK_DOWN:
         if (isAlt)
-            m_choices.ShowDropDown();
+            m_choices->ShowDropDown();
         else if (EndEdit(true))
             moveSelection(key == VK_UP ? -1 : 1);
         return true;

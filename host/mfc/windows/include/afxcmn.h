@@ -19,6 +19,7 @@ public:
                      int subItem = -1);
     [[nodiscard]] int GetColumnCount() const;
     [[nodiscard]] int GetColumnWidth(int column) const;
+    /// With LVSCW_AUTOSIZE_USEHEADER as width, the last column takes the space that the others leave.
     BOOL SetColumnWidth(int column, int width);
 
     /// Returns the index of the new line; -1 on failure.

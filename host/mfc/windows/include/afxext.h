@@ -41,3 +41,39 @@ private:
     int columns_ = 0;
     std::vector<Pane> panes_;
 };
+
+inline constexpr UINT AFX_IDW_STATUS_BAR = 0xE801;
+inline constexpr UINT AFX_IDW_REBAR = 0xE804;
+
+/// The line of text at the bottom of a frame.
+class CStatusBar : public CWnd {
+    DECLARE_DYNCREATE(CStatusBar)
+
+public:
+    CStatusBar() = default;
+    ~CStatusBar() override;
+    BOOL Create(CWnd* frame, DWORD style = WS_CHILD | WS_VISIBLE, UINT id = AFX_IDW_STATUS_BAR);
+    /// There is one pane, number 0.
+    BOOL SetPaneText(int index, const wchar_t* text, BOOL update = TRUE);
+    [[nodiscard]] CString GetPaneText(int index) const;
+
+protected:
+    [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
+};
+
+/// A row of controls at the top of a frame. The frame receives their notifications.
+class CReBar : public CWnd {
+    DECLARE_DYNCREATE(CReBar)
+
+public:
+    CReBar() = default;
+    ~CReBar() override;
+    BOOL Create(CWnd* frame, DWORD controlStyle = 0, DWORD style = WS_CHILD | WS_VISIBLE,
+                UINT id = AFX_IDW_REBAR);
+    /// Appends a control that was created with the bar as its parent.
+    BOOL AddBar(CWnd* control, const wchar_t* text = nullptr);
+
+protected:
+    [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+};

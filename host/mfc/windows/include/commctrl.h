@@ -10,6 +10,8 @@ inline constexpr DWORD LVS_SHOWSELALWAYS = 0x0008;
 inline constexpr DWORD LVS_OWNERDRAWFIXED = 0x0400;
 inline constexpr DWORD LVS_NOSORTHEADER = 0x8000;
 
+inline constexpr int LVSCW_AUTOSIZE_USEHEADER = -2;
+
 inline constexpr int LVCFMT_LEFT = 0;
 inline constexpr int LVCFMT_RIGHT = 1;
 

@@ -21,6 +21,8 @@ public:
     /// (0, -1) selects all, (-1, 0) nothing.
     void SetSel(int start, int end, BOOL noScroll = FALSE);
     BOOL SetReadOnly(BOOL readOnly = TRUE);
+    /// Sets a text that the field shows while it is empty.
+    BOOL SetCueBanner(const wchar_t* text);
 
 protected:
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
@@ -75,7 +77,8 @@ private:
     std::unique_ptr<Rows> rows_;
 };
 
-/// A drop-down list of texts. With CBS_DROPDOWN a text can also be typed in.
+/// A drop-down list of texts. With CBS_DROPDOWN a text can also be typed in. With CBS_OWNERDRAWFIXED the
+/// class draws the rows of the open list itself.
 class CComboBox : public CWnd {
     DECLARE_DYNCREATE(CComboBox)
 
@@ -105,6 +108,11 @@ public:
     [[nodiscard]] BOOL GetDroppedState() const;
     /// Selects in the text field of CBS_DROPDOWN; (0, -1) selects all.
     void SetEditSel(int start, int end);
+    /// Sets the least width of the open list in pixels; it is never narrower than the box.
+    int SetDroppedWidth(UINT width);
+
+    virtual void DrawItem(LPDRAWITEMSTRUCT draw);
+    virtual void MeasureItem(LPMEASUREITEMSTRUCT measure);
 
 protected:
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
