@@ -63,4 +63,22 @@ void Command::callback(std::function<void()> run) {
     app_.callback(std::move(run));
 }
 
+std::vector<std::string> Command::path() const {
+    std::vector<std::string> names;
+    for (const CLI::App* app = &app_; app->get_parent() != nullptr; app = app->get_parent())
+        names.insert(names.begin(), app->get_name());
+    return names;
+}
+
+std::vector<GivenOption> Command::givenOptions() const {
+    std::vector<GivenOption> given;
+    for (const CLI::Option* option : app_.get_options()) {
+        if (option->count() == 0 || option->get_positional())
+            continue;
+        const bool isFlag = option->get_items_expected_max() == 0;
+        given.push_back({option->get_name(), isFlag ? std::vector<std::string>() : option->results()});
+    }
+    return given;
+}
+
 } // namespace zu::app

@@ -30,6 +30,12 @@ private:
     CLI::Option& option_;
 };
 
+/// An option as a call gave it.
+struct GivenOption {
+    std::string name;                ///< Its long name, such as "--json".
+    std::vector<std::string> values; ///< None for a flag.
+};
+
 /// A command with its options, under the names of the command-line parser that does the work. Only the source
 /// of this class and main() include the parser: compiling its headers in every command took a third of the
 /// build. Options and subcommands live as long as their command; a variable given for a value must live until
@@ -46,6 +52,11 @@ public:
     CommandOption* add_flag(const std::string& name, bool& value, const std::string& description);
     /// Sets what the command does once its arguments are parsed.
     void callback(std::function<void()> run);
+
+    /// The name, after those of the commands that it belongs to.
+    [[nodiscard]] std::vector<std::string> path() const;
+    /// Once the arguments are parsed: the options given, without positional arguments.
+    [[nodiscard]] std::vector<GivenOption> givenOptions() const;
 
 private:
     CommandOption* keep(CLI::Option* option) { return &options_.emplace_back(*option); }

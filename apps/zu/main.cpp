@@ -18,7 +18,7 @@ namespace {
 constexpr int kFailed = 1;
 constexpr int kWrongUsage = 2;
 
-void addCommands(zu::app::Command program) {
+void addCommands(zu::app::Command& program) {
     using namespace zu::app;
     addElementsCommand(program);
     addGroupsCommand(program);
@@ -60,7 +60,8 @@ int run(int argc, char** argv) {
     CLI::App program("Checks and edits drawings of building services: elements, routes, attributes.", "zu");
     program.require_subcommand(1);
     program.set_help_all_flag("--help-all", "Help of every command");
-    addCommands(zu::app::Command(program));
+    zu::app::Command commands(program);
+    addCommands(commands);
     program.parse_complete_callback(&startLibrary);
     try {
         program.parse(argc, argv);

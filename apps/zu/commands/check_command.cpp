@@ -1,3 +1,4 @@
+#include "batch/batch.h"
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
@@ -134,7 +135,6 @@ void addCheckCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand(
         "check", "Audit the drawing and its routes: damage, and probable mistakes of design");
-    addDrawing(*command, options->drawing);
     command->add_option("--only", options->only, "Only findings with these codes, separated by commas")
         ->delimited(',');
     command->add_option("--except", options->except, "No findings with these codes, separated by commas")
@@ -145,7 +145,7 @@ void addCheckCommand(Command& program) {
     command->add_flag("--repair", options->repair, "Repair what can be repaired without losing anything");
     addSaveOptions(*command, options->saving, "Where to save the repaired drawing");
     addListingForm(*command, options->form);
-    command->callback([options] { run(*options); });
+    runForEachDrawing(*command, options->drawing, [options] { run(*options); });
 }
 
 } // namespace zu::app

@@ -1,3 +1,4 @@
+#include "batch/batch.h"
 #include "command_line.h"
 #include "commands/commands.h"
 #include "model/drawing_file.h"
@@ -95,11 +96,10 @@ void addElementsCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command =
         program.add_subcommand("elements", "List the block references of model space with what they are");
-    addDrawing(*command, options->drawing);
     addFilter(*command, options->filter);
     command->add_flag("--routes", options->routesOnly, "Only those whose block name has an element prefix");
     addListingForm(*command, options->form);
-    command->callback([options] { run(*options); });
+    runForEachDrawing(*command, options->drawing, [options] { run(*options); });
 }
 
 } // namespace zu::app

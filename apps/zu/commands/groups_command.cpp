@@ -1,3 +1,4 @@
+#include "batch/batch.h"
 #include "command_line.h"
 #include "commands/commands.h"
 #include "model/filter.h"
@@ -65,10 +66,9 @@ void run(const Options& options) {
 void addGroupsCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand("groups", "List the groups and their route kinds");
-    addDrawing(*command, options->drawing);
     addFilter(*command, options->filter);
     addListingForm(*command, options->form);
-    command->callback([options] { run(*options); });
+    runForEachDrawing(*command, options->drawing, [options] { run(*options); });
 }
 
 } // namespace zu::app

@@ -1,3 +1,4 @@
+#include "batch/batch.h"
 #include "command_line.h"
 #include "commands/commands.h"
 #include "model/drawing_file.h"
@@ -26,12 +27,11 @@ void addPlanCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand(
         "plan", "Draw the plan: routes coloured by link kind, connection points marked");
-    addDrawing(*command, options->drawing);
     command->add_option("-o,--output", options->output, "The picture, .png or .svg")->required();
     command->add_option("--width", options->width, "Width in pixels")
         ->capture_default_str()
         ->range(100, 20000);
-    command->callback([options] { run(*options); });
+    runForEachDrawing(*command, options->drawing, [options] { run(*options); });
 }
 
 } // namespace zu::app

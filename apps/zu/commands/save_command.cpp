@@ -1,3 +1,4 @@
+#include "batch/batch.h"
 #include "command_line.h"
 #include "commands/commands.h"
 #include "model/drawing_file.h"
@@ -27,11 +28,10 @@ void addSaveCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command =
         program.add_subcommand("save", "Open a drawing and save it unedited: a loss-free copy");
-    addDrawing(*command, options->drawing);
     addSaveOptions(*command, options->saving, "Where to save")->required();
     CommandOption* binary = command->add_flag("--binary", options->binary, "As binary drawing");
     command->add_flag("--ascii", options->ascii, "As ASCII drawing")->excludes(binary);
-    command->callback([options] { run(*options); });
+    runForEachDrawing(*command, options->drawing, [options] { run(*options); });
 }
 
 } // namespace zu::app

@@ -13,6 +13,7 @@
 
 #include <charconv>
 #include <iostream>
+#include <iterator>
 #include <optional>
 
 namespace zu::app {
@@ -24,6 +25,13 @@ std::optional<Adesk::UInt64> parseHandle(const std::string& text) {
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value, 16);
     return error == std::errc() && stop == end ? std::optional(value) : std::nullopt;
+}
+
+/// What messages name it.
+constexpr const wchar_t* kStandardInputName = L"standard input";
+
+std::string readStandardInput() {
+    return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
 }
 
 AcDbObjectId findByHandle(const AcDbDatabase& database, const std::string& handle) {
@@ -41,11 +49,20 @@ void addDrawing(Command& command, DrawingSource& source) {
 }
 
 DrawingFile::DrawingFile(const DrawingSource& source) : database_(std::make_unique<AcDbDatabase>(false)) {
-    if (database_->dxfIn(filePath(source.path), source.strict) != Acad::eOk)
-        throw Failure(narrow(database_->lastErrorText()));
+    open(source);
     for (const std::wstring& warning : database_->warnings())
         std::cerr << narrow(warning) << '\n';
     acdbHostApplicationServices()->setWorkingDatabase(database_.get());
+}
+
+void DrawingFile::open(const DrawingSource& source) {
+    const bool isInput = source.path == kStandardStream;
+    const Acad::ErrorStatus status = isInput ? database_->dxfInBytes(readStandardInput(), kStandardInputName)
+                                             : database_->dxfIn(filePath(source.path), source.strict);
+    if (status != Acad::eOk)
+        throw Failure(narrow(database_->lastErrorText()));
+    if (isInput && source.strict && !database_->warnings().empty())
+        throw Failure(narrow(database_->warnings().front()));
 }
 
 DrawingFile::~DrawingFile() {
@@ -88,6 +105,10 @@ void DrawingFile::save(const SaveOptions& options) {
 }
 
 void DrawingFile::save(const SaveOptions& options, bool binary) {
+    if (options.output == kStandardStream) {
+        std::cout << database_->dxfOutBytes(binary);
+        return;
+    }
     if (options.force)
         zuhost::allowReplacingChangedFile(*database_);
     const Acad::ErrorStatus status = database_->dxfOut(filePath(options.output), binary);

@@ -17,9 +17,12 @@ class Command;
 
 /// Where a command reads its drawing, and how.
 struct DrawingSource {
-    std::string path;
+    std::string path;    ///< "-" is the standard input.
     bool strict = false; ///< Reject drawings that would open with a warning.
 };
+
+/// The path that stands for the standard input and output.
+constexpr const char* kStandardStream = "-";
 
 /// Adds the argument DRAWING and the option --strict.
 void addDrawing(Command& command, DrawingSource& source);
@@ -51,13 +54,16 @@ public:
     /// The group with the name or the hexadecimal handle; throws Failure when there is none.
     [[nodiscard]] AcDbObjectId findGroup(const std::string& nameOrHandle) const;
 
-    /// Saves in the drawing's own form. Throws Failure, and FileChanged when the file has changed since the
-    /// drawing was opened and `force` is not set; the old file is then untouched.
+    /// Saves in the drawing's own form, to the standard output when that is named. Throws Failure, and
+    /// FileChanged when the file has changed since the drawing was opened and `force` is not set; the old
+    /// file is then untouched.
     void save(const SaveOptions& options);
     /// Saves as binary or ASCII drawing.
     void save(const SaveOptions& options, bool binary);
 
 private:
+    void open(const DrawingSource& source);
+
     std::unique_ptr<AcDbDatabase> database_;
 };
 

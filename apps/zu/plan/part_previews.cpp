@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "part_picture.h"
 #include "plan/picture_file.h"
+#include "terminal.h"
 #include "text.h"
 
 #include <QGuiApplication>
@@ -12,7 +13,6 @@
 #include <cctype>
 #include <filesystem>
 #include <iostream>
-#include <unistd.h>
 #include <vector>
 
 namespace zu::app {
@@ -66,15 +66,6 @@ std::vector<fs::path> drawingsIn(const fs::path& folder) {
     return found;
 }
 
-void showProgress(std::size_t done, std::size_t all) {
-    constexpr std::size_t kWidth = 40;
-    if (isatty(STDERR_FILENO) == 0)
-        return;
-    const std::size_t filled = all == 0 ? kWidth : done * kWidth / all;
-    std::cerr << '\r' << '[' << std::string(filled, '#') << std::string(kWidth - filled, '.') << "] " << done
-              << '/' << all << (done == all ? "\n" : "") << std::flush;
-}
-
 } // namespace
 
 void savePreview(const CAcadDxf& part, const std::string& file, PreviewOptions options) {
@@ -89,6 +80,7 @@ void savePreviews(const std::string& folder, const std::string& pictureFolder, P
     startGraphics();
     const std::vector<fs::path> drawings = drawingsIn(folder);
     const int width = options.size > 0 ? options.size : kThumbnailWidth;
+    ProgressLine progress;
     std::vector<fs::path> empty;
     std::vector<fs::path> tooLarge;
     for (std::size_t i = 0; i < drawings.size(); ++i) {
@@ -100,8 +92,9 @@ void savePreviews(const std::string& folder, const std::string& pictureFolder, P
         fs::create_directories(picture.parent_path());
         if (!draw(part, picture, width, options.dark))
             tooLarge.push_back(drawings[i]);
-        showProgress(i + 1, drawings.size());
+        progress.show(i + 1, drawings.size());
     }
+    progress.clear();
     for (const fs::path& path : empty)
         std::cerr << path.string() << ": holds nothing to draw\n";
     for (const fs::path& path : tooLarge)

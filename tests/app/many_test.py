@@ -1,0 +1,95 @@
+"""Many drawings in one call: what is damaged or crashes the program harms no other, and streams."""
+import json
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+from program import ZU, check, run, sample
+
+FLOOR = sample("drawings/office-floor.dxf")
+
+
+def zu(*arguments, **options):
+    return subprocess.run([ZU, *arguments], capture_output=True, **options)
+
+
+def lines(*arguments, status):
+    done = zu(*arguments, "--json", text=True)
+    check(done.returncode == status, "%r: status %d\n%s" % (arguments, done.returncode, done.stderr))
+    return [json.loads(line) for line in done.stdout.splitlines()], done.stderr
+
+
+def damaged_among_sound(folder):
+    damaged = {7, 50, 51, 120, 199}
+    text = open(FLOOR, "rb").read()
+    for i in range(200):
+        with open(os.path.join(folder, "d%03d.dxf" % i), "wb") as file:
+            file.write(text[:3000 + 50 * i] if i in damaged else text)
+    alone = json.loads(run("groups", FLOOR, "--json"))
+    results, errors = lines("groups", folder, status=1)
+    for i, result in enumerate(results):
+        failed = i in damaged
+        check(result["drawing"].endswith("d%03d.dxf" % i) and result["status"] == failed, "order: %r" % result)
+        check(result["result"] == (None if failed else alone), "result of drawing %d" % i)
+        check(("d%03d.dxf:" % i in result["error"]) if failed else result["error"] is None, "error: %r" % result)
+    check(len(results) == 200 and errors.count("zu: ") == 5, "five errors:\n" + errors)
+    check("195" in errors.splitlines()[-1] and "\r" not in errors, "a summary, no progress: " + errors)
+
+
+def crash(folder):
+    """A pipe as drawing keeps its process waiting until it is killed."""
+    pipe = os.path.join(folder, "pipe.dxf")
+    os.mkfifo(pipe)
+    writer = os.open(pipe, os.O_RDWR)
+    program = subprocess.Popen([ZU, "groups", "--json", FLOOR, pipe, FLOOR, "--jobs", "2"], stdout=subprocess.PIPE,
+                               stderr=subprocess.PIPE, text=True)
+    children = "/proc/%d/task/%d/children" % (program.pid, program.pid)
+    for _ in range(600):
+        time.sleep(0.05)
+        found = [pid for pid in open(children).read().split()
+                 if open("/proc/%s/cmdline" % pid).read().endswith("--\0%s\0" % pipe)]
+        if found:
+            os.kill(int(found[0]), signal.SIGKILL)
+            break
+    output, errors = program.communicate()
+    os.close(writer)
+    results = [json.loads(line) for line in output.splitlines()]
+    check([r["status"] for r in results] == [0, 1, 0] and program.returncode == 1, output + errors)
+    check("crashed" in results[1]["error"] and results[2]["result"], "the others have results")
+
+
+def outputs(folder):
+    os.makedirs(os.path.join(folder, "in/sub/deep"))
+    for name in ("in/a.dxf", "in/sub/a.DXF", "in/sub/deep/b.dxf"):
+        shutil.copy(FLOOR, os.path.join(folder, name))
+    source, pattern = os.path.join(folder, "in"), os.path.join(folder, "out/{}.dxf")
+    run("save", "-r", source, "-o", pattern)
+    for name in ("a", "sub/a", "sub/deep/b"):
+        check(open(os.path.join(folder, "out", name + ".dxf"), "rb").read() == open(FLOOR, "rb").read(), name)
+    check(len(lines("groups", source, status=0)[0]) == 1, "one line for a folder of one, without its folders")
+    run("save", FLOOR, source, "-o", os.path.join(folder, "x.dxf"), status=2)
+    run("save", source + "/a.dxf", source + "/sub/a.DXF", "-o", pattern, status=2)
+    run("groups", os.path.join(folder, "out/sub/deep/none"), FLOOR, status=1)
+    run("groups", os.path.join(folder, "in/sub/deep/.."), "--jobs", "0", status=2)
+    text = run("groups", FLOOR, FLOOR)
+    check(text.count(FLOOR + ":\n" + run("groups", FLOOR)) == 2, "texts below names: " + text)
+
+
+def streams():
+    floor = open(FLOOR, "rb").read()
+    binary = zu("save", "-", "-o", "-", "--binary", input=floor).stdout
+    check(binary.startswith(b"AutoCAD Binary DXF\r\n\x1a\0"), "binary output")
+    again = zu("save", "-", "-o", "-", "--ascii", input=binary).stdout
+    check(zu("groups", "-", input=again).stdout.decode() == run("groups", FLOOR), "binary input")
+    check([r["status"] for r in lines("groups", FLOOR, "-", status=1)[0]] == [0, 1], "an empty input among others")
+
+
+with tempfile.TemporaryDirectory() as folder:
+    for name, test in (("damaged", damaged_among_sound), ("crash", crash), ("outputs", outputs)):
+        os.mkdir(os.path.join(folder, name))
+        test(os.path.join(folder, name))
+    streams()
+print("many drawings are worked on, each on its own")
