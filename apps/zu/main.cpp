@@ -2,6 +2,8 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "model/language.h"
+#include "shell/completion.h"
+#include "shell/description.h"
 
 #include <CLI/CLI.hpp>
 #include <rxdlinkr.h>
@@ -9,9 +11,13 @@
 #include <zuhost/application.h>
 #include <zuhost/message_box.h>
 
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <new>
+#include <span>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -56,12 +62,27 @@ std::string drawingPrefix(const CLI::App& program) {
     return drawing != nullptr && drawing->count() > 0 ? drawing->as<std::string>() + ": " : "";
 }
 
+/// What the shells and the manual pages ask for.
+bool answer(const CLI::App& program, std::span<const std::string> words) {
+    if (words.empty() || (words.front() != "--complete" && words.front() != "--describe"))
+        return false;
+    if (words.front() == "--describe") {
+        std::cout << zu::app::describe(program).dump() << '\n';
+        return true;
+    }
+    startLibrary();
+    print(zu::app::complete(program, words.subspan(1)));
+    return true;
+}
+
 int run(int argc, char** argv) {
     CLI::App program("Checks and edits drawings of building services: elements, routes, attributes.", "zu");
     program.require_subcommand(1);
     program.set_help_all_flag("--help-all", "Help of every command");
     zu::app::Command commands(program);
     addCommands(commands);
+    if (answer(program, std::vector<std::string>(argv + std::min(argc, 1), argv + argc)))
+        return 0;
     program.parse_complete_callback(&startLibrary);
     try {
         program.parse(argc, argv);
