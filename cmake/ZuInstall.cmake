@@ -1,15 +1,22 @@
-# What `cmake --install` puts in place: both libraries, their headers, the language modules, the program, a CMake
-# package and a pkg-config file.
+# What `cmake --install` puts in place: both libraries, their headers, the language modules, the program with its
+# completions, a CMake package, a pkg-config file and the example. The components are those of the packages.
 include(CMakePackageConfigHelpers)
 
 set(ZU_HOST_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/zuhost)
 set(ZU_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/ZuComn)
 
 install(TARGETS zuhost ZuComn EXPORT ZuComnTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${ZU_HOST_INCLUDEDIR})
-install(TARGETS zu RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME program)
+install(TARGETS zu RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES packaging/completions/zu.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zu)
+install(FILES packaging/completions/zu.zsh DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions RENAME _zu)
+install(FILES packaging/completions/zu.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
+install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libzucomn-dev/examples)
 install(DIRECTORY include/zucomn DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 foreach(part mfc mfc/windows arx/base arx/db arx/editor arxutil)
   install(DIRECTORY host/${part}/include/ DESTINATION ${ZU_HOST_INCLUDEDIR})
