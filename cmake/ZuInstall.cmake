@@ -14,6 +14,8 @@ install(TARGETS zu RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES packaging/completions/zu.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zu)
 install(FILES packaging/completions/zu.zsh DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions RENAME _zu)
 install(FILES packaging/completions/zu.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+install(DIRECTORY samples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zucomn/samples
+  PATTERN "expected" EXCLUDE PATTERN "*.py" EXCLUDE)
 
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libzucomn-dev/examples)

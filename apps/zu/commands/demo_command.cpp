@@ -29,7 +29,7 @@ constexpr const char* kKey = "S401";
 constexpr const char* kNewValue = "2850";
 
 struct Options {
-    std::string samples = "samples";
+    std::string samples; ///< Empty: those of the current folder, else the installed ones.
     std::string output = "out";
 };
 
@@ -157,22 +157,36 @@ void drawWindow(const std::vector<Element>& elements, const std::string& drawing
     step.say(path, ": the attributes of ", selection.length(), " elements");
 }
 
+fs::path programFile() {
+    std::error_code unknown;
+    return fs::read_symlink("/proc/self/exe", unknown);
+}
+
 /// The program's path as the user can call it from the current folder.
 std::string thisProgram() {
     std::error_code unknown;
-    const fs::path program = fs::proximate(fs::read_symlink("/proc/self/exe", unknown), unknown);
+    const fs::path program = fs::proximate(programFile(), unknown);
     return program.empty() ? "zu" : program.string();
 }
 
+std::string samplesFolder(const Options& options) {
+    if (!options.samples.empty())
+        return options.samples;
+    const fs::path installed = programFile().parent_path() / ZU_SAMPLES_FROM_PROGRAM;
+    return fs::exists("samples") || !fs::exists(installed) ? "samples"
+                                                           : installed.lexically_normal().string();
+}
+
 void run(const Options& options) {
-    const fs::path sample = fs::path(options.samples) / "drawings" / "office-floor.dxf";
+    const std::string samples = samplesFolder(options);
+    const fs::path sample = fs::path(samples) / "drawings" / "office-floor.dxf";
     if (!fs::exists(sample))
         throw Failure(sample.string() + ": not found; name the folder of the samples with --samples");
     fs::create_directories(options.output);
     const std::string result = (fs::path(options.output) / "office-floor-edited.dxf").string();
     std::cout
         << "The main job on a small office floor: supply and return duct, chilled water, one air handler.\n";
-    const SampleSettings settings(options.samples, options.output);
+    const SampleSettings settings(samples, options.output);
     const auto drawing = openDrawing(sample.string());
     const std::vector<Element> elements = listElements(*drawing);
     showAttributes(elements);
@@ -194,7 +208,8 @@ void run(const Options& options) {
 void addDemoCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand("demo", "The main job on the sample drawing");
-    command->add_option("--samples", options->samples, "Folder of the samples")->capture_default_str();
+    command->add_option("--samples", options->samples,
+                        "Folder of the samples; by default samples, else the installed ones");
     command->add_option("--output", options->output, "Folder for the results")->capture_default_str();
     command->callback([options] { run(*options); });
 }
