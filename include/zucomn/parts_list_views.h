@@ -13,7 +13,8 @@ class CUPEntView;
 
 namespace zu {
 class AttributePane;
-}
+class PaneSplitter;
+} // namespace zu
 
 // The parts-list window: edits the attribute lines of a text file, which is saved as a whole. The left pane
 // lists the parts with their lines, the right pane shows the values of the selected lines.
@@ -21,7 +22,8 @@ class AttributePane;
 // A line has the form of an item string of an attribute record: six fields that each end in "|"; the first is
 // the attribute id, the second the value. A part ends before a line whose attribute id it already contains.
 
-/// The frame of the parts-list window, with two panes. The Escape key hides it without saving.
+/// The frame of the parts-list window, with two panes. The Escape key hides it without saving. The width of
+/// the left pane is saved in the user's profile.
 class ZUCOMN_API CUPAttFrameWnd : public CFrameWnd {
     DECLARE_DYNCREATE(CUPAttFrameWnd)
 
@@ -47,7 +49,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    CSplitterWnd m_splitter;
+    std::unique_ptr<zu::PaneSplitter> m_splitter;
 };
 
 /// The left pane: the list of parts and lines, and three buttons above it. It holds the lines.

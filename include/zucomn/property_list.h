@@ -17,7 +17,7 @@ class ChoiceBox;
 
 /// An item of the property list.
 struct CPropertyItem {
-    CString key;  ///< The attribute id and "|".
+    CString key;  ///< The attribute id and "|"; empty for items that only inform.
     CString name; ///< Display name.
     CString value;
     std::vector<CString> choices; ///< Values offered in the drop-down list.
@@ -80,7 +80,7 @@ public:
     /// Hides the items whose name and value do not contain the text, ignoring case, and expands all
     /// categories while the text is not empty.
     void SetFilter(const CString& text);
-    /// Returns how many items a filter would show.
+    /// Returns how many items with a key a filter would show.
     [[nodiscard]] int CountMatches(const CString& text) const;
 
     /// Returns the visible rows: the notices, the headings of categories with visible items, and the items of

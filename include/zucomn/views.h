@@ -12,6 +12,7 @@
 namespace zu {
 class AttributePane;
 class EntityList;
+class PaneSplitter;
 } // namespace zu
 
 class CEntView;
@@ -97,6 +98,7 @@ struct CEntityGroup {
     struct Row {
         std::shared_ptr<CStringArray> columns;
         AcDbObjectId entity;
+        bool locked = false; ///< On a locked layer: greyed, with a lock.
     };
     CString title;
     std::vector<Row> rows;
@@ -115,7 +117,8 @@ public:
     /// Sets the groups to show and empties the list; call AddListView to fill it.
     void SetGroups(std::vector<CEntityGroup> groups);
     /// Shows entities in groups: block references by block, other entities by class. The title is that name
-    /// with the number of rows; each row shows handle and layer. Entities that cannot be opened are skipped.
+    /// with the number of rows; each row shows mark and part name of the attribute record, layer and handle.
+    /// Entities that cannot be opened are skipped.
     void SetEntities(const AcArray<AcDbObjectId>& entities);
 
     /// Fills the list from the groups and selects the first one. Throws the framework's invalid-argument
@@ -128,9 +131,20 @@ public:
     void CompleteUpdate();
     /// Returns the entities of the selected rows in list order, each row once.
     [[nodiscard]] AcArray<AcDbObjectId> GetSelectedEntities() const;
-    /// Writes the attribute view's values to the selected entities, see CAView::OnUpdateAttributes, and
-    /// refreshes the attribute view. Does nothing when the edited value cannot be accepted.
+    /// Writes the attribute view's changed values to the selected entities, see CAView::OnUpdateAttributes,
+    /// and refreshes the attribute view. Without message boxes, the frame's status line says how many
+    /// entities were changed and skipped. Does nothing when the edited value cannot be accepted.
     void OnUpdateAttributes();
+
+    /// Shows only the groups and rows that contain the text, ignoring case, or all when none does or the text
+    /// is empty. Returns how many rows contain it.
+    std::size_t Filter(const CString& text);
+    /// Selects the rows of the entities and no others, expanding their groups.
+    void Select(const AcArray<AcDbObjectId>& entities);
+    /// Selects every line.
+    void SelectAll();
+    /// Gives the list the keyboard.
+    void FocusList();
 
     /// Returns field n, counted from 1, of a "|"-separated text: empty for n < 1, the text after the last "|"
     /// when fewer than n fields end in "|".
@@ -168,8 +182,13 @@ protected:
     ~CEntView_ZU() override;
 };
 
-/// The frame of the attribute window. Ctrl+Z and Ctrl+Y run the host's undo and redo commands and refresh the
-/// attribute view; an open editor handles these keys itself.
+/// The frame of the attribute window, with a search box above the panes and a status line below them. The
+/// text in the search box filters each list in which it occurs. The width of the left pane is saved in the
+/// user's profile.
+///
+/// Ctrl+F goes to the search box, where Escape empties it, and Enter and Down go to the list. Ctrl+Enter
+/// writes the changed values. Ctrl+Z and Ctrl+Y run the host's undo and redo commands and refresh the
+/// attribute view; an open editor and the search box handle these keys themselves.
 class ZUCOMN_API CAttFrameWnd : public CFrameWnd {
     DECLARE_DYNCREATE(CAttFrameWnd)
 
@@ -181,16 +200,38 @@ public:
     [[nodiscard]] CEntView* GetLeftPane() const;
     [[nodiscard]] CAttView* GetRightPane() const;
 
+    /// Shows a text in the status line.
+    void SetStatus(const CString& text);
+    [[nodiscard]] CString GetStatus() const;
+    /// Sets the width of the left pane unless the user has changed it.
+    void SetPaneWidth(int width);
+    /// Called after the attribute view has been filled with the selected entities. Does nothing; for windows
+    /// that show the selection elsewhere too.
+    virtual void OnSelection(const AcArray<AcDbObjectId>& /*entities*/) {}
+
     BOOL PreTranslateMessage(MSG* message) override;
 
 protected:
     BOOL OnCreateClient(LPCREATESTRUCT create, CCreateContext* context) override;
+    void OnSearch();
+    void OnDestroy();
+    DECLARE_MESSAGE_MAP()
+
     [[nodiscard]] virtual const CRuntimeClass* leftClass() const;
     [[nodiscard]] virtual const CRuntimeClass* rightClass() const;
     /// Returns the window of a pane; null before it is created.
     [[nodiscard]] CWnd* paneAt(int column) const;
 
-    CSplitterWnd m_splitter;
+    std::unique_ptr<zu::PaneSplitter> m_splitter;
+
+private:
+    bool createBars();
+    bool onSearchKey(UINT key);
+    bool runsCommand(UINT key);
+
+    CReBar m_bar;
+    CEdit m_search;
+    CStatusBar m_status;
 };
 
 /// Behaves as CAttFrameWnd, with the _ZU views.

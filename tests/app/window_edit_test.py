@@ -7,7 +7,7 @@ import tempfile
 from desktop import PATIENCE, Desktop, environment, wait_for
 from program import ZU, check, run, sample
 
-DUCT, FLOW, FLOW_ROW, WRITE_BUTTON = "110", "S310", (450, 79), (76, 12)
+DUCT, FLOW, FLOW_ROW, WRITE_BUTTON = "110", "S310", (650, 109), (76, 42)
 SAMPLE = sample("drawings/office-floor.dxf")
 
 

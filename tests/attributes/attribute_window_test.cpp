@@ -20,7 +20,9 @@
 #include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QSplitter>
 #include <QTest>
+#include <QToolBar>
 #include <QToolTip>
 #include <QWidget>
 
@@ -147,7 +149,9 @@ using Lines = std::vector<std::wstring>;
 
 TEST_F(FrameTest, GroupsCollapseAndTheSelectionIsShown) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kPipe, kSecondDuct}));
-    EXPECT_EQ(listedLines(), (Lines{L"RT-D300 (2)", L" 110", L" 114", L"RT-P50 (1)"}));
+    const std::wstring first = L" 給気-02 矩形ダクト"; // mark and part name of the record
+    EXPECT_EQ(listedLines(), (Lines{L"RT-D300 (2)", first, L" 給気-04 矩形ダクト", L"RT-P50 (1)"}));
+    EXPECT_EQ(text(lines().GetItemText(1, 2)), L"110");
     EXPECT_EQ(shown(L"S302|"), L"300");
 
     lines().SetFocus();
@@ -159,7 +163,8 @@ TEST_F(FrameTest, GroupsCollapseAndTheSelectionIsShown) {
     EXPECT_EQ(listedLines(), (Lines{L"RT-D300 (2)", L"RT-P50 (1)"}));
     QTest::keyClick(lines().widget(), Qt::Key_Down);
     QTest::keyClick(lines().widget(), Qt::Key_Right);
-    EXPECT_EQ(listedLines(), (Lines{L"RT-D300 (2)", L"RT-P50 (1)", L" 168"}));
+    ASSERT_EQ(lines().GetItemCount(), 3);
+    EXPECT_EQ(text(lines().GetItemText(2, 2)), L"168");
     lines().SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
     zuhost::processPendingEvents();
     EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 3);
@@ -221,7 +226,7 @@ TEST_F(FrameTest, KeysCollapseHeadingsAndMoveTheEditor) {
     EXPECT_EQ(list.GetSelectedItem(), -1);
     const int rows = list.GetCount();
     QTest::keyClick(list.widget(), Qt::Key_Left);
-    EXPECT_EQ(list.GetCount(), 1);
+    EXPECT_EQ(list.GetCount(), rows - 6) << "the attributes; the facts stay";
     QTest::keyClick(list.widget(), Qt::Key_Space);
     EXPECT_EQ(list.GetCount(), rows);
 
@@ -325,6 +330,87 @@ TEST_F(FrameTest, ReadsShowTheNewSelectionAtOnce) {
     EXPECT_EQ(shown(L"S401|"), drawing_.value(kPipe, L"S401"));
 }
 
+TEST_F(FrameTest, SearchFiltersEntitiesAndItemsAsOneTypes) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kSecondDuct, kPipe}));
+    auto* const search = frame_.widget()->findChild<QToolBar*>()->findChild<QLineEdit*>();
+    ASSERT_NE(search, nullptr);
+    lines().SetFocus();
+    QTest::keyClick(lines().widget(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(search->hasFocus());
+    QTest::keyClicks(search, "-04");
+    zuhost::processPendingEvents();
+    EXPECT_EQ(listedLines(), (Lines{L"RT-D300 (2)", L" 給気-04 矩形ダクト"}));
+    EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 1) << "the group's line: its shown rows";
+    EXPECT_EQ(shown(L"S302|"), L"300") << "no attribute contains the text: all stay";
+    search->setText("ｻｲｽﾞ ではない");
+    EXPECT_EQ(text(frame_.GetStatus()), L"「ｻｲｽﾞ ではない」はありません");
+    EXPECT_EQ(lines().GetItemCount(), 4);
+    search->setText("サイズ");
+    EXPECT_EQ(properties().GetCount(), 2) << "the heading and the item";
+    EXPECT_EQ(lines().GetItemCount(), 4);
+    QTest::keyClick(search, Qt::Key_Escape);
+    EXPECT_GT(properties().GetCount(), 7);
+    QTest::keyClick(search, Qt::Key_Down);
+    EXPECT_TRUE(lines().widget()->hasFocus());
+    QTest::keyClick(lines().widget(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 3);
+    frame_.GetLeftPane()->Select(drawing_.find({kPipe}));
+    EXPECT_EQ(shown(L"S401|"), drawing_.value(kPipe, L"S401"));
+}
+
+TEST_F(FrameTest, StatusSaysWhatWasChangedAndSkipped) {
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kSecondDuct, kLockedAirHandler}));
+    frame_.GetLeftPane()->SelectAll();
+    frame_.GetRightPane()->SetValue(L"S401", L"2500");
+    EXPECT_NE(text(frame_.GetStatus()).find(L"3 要素中 1 要素はロック画層"), std::wstring::npos);
+    const zuhost::MessageBoxObserver observer;
+    QTest::keyClick(lines().widget(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(text(frame_.GetStatus()), L"2 要素を修正、1 要素は対象外");
+    EXPECT_TRUE(observer.boxes().empty());
+    EXPECT_EQ(drawing_.value(kSecondDuct, L"S401"), L"2500");
+    pressButton();
+    EXPECT_EQ(text(frame_.GetStatus()), L"変更された項目はありません");
+}
+
+TEST_F(FrameTest, FactsFollowTheAttributesWithoutKeys) {
+    const auto fact = [this](const wchar_t* name) -> std::wstring {
+        const CMyAdaptablePropertyItemManager& items = frame_.GetRightPane()->pane().manager();
+        for (int i = 0; i < items.GetItemCount(); ++i)
+            if (const CPropertyItem& item = items.GetItem(i); item.key.IsEmpty() && item.name == name)
+                return item.editable ? L"editable" : text(item.value);
+        return L"(none)";
+    };
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
+    EXPECT_EQ(fact(L"種別"), L"ルート");
+    EXPECT_EQ(fact(L"画層"), text(lines().GetItemText(1, 1)));
+    EXPECT_EQ(fact(L"グループ"), L"*A1");
+    EXPECT_EQ(fact(L"高さ"), L"2700");
+    EXPECT_NE(fact(L"接続要素"), L"");
+    EXPECT_EQ(fact(L"要素数"), L"(none)");
+    frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kSecondDuct}));
+    EXPECT_EQ(fact(L"要素数"), L"2");
+    EXPECT_EQ(fact(L"位置"), L"*各種*");
+}
+
+TEST_F(FrameTest, TheWidthOfThePaneIsRemembered) {
+    auto* const splitter = frame_.widget()->findChild<QSplitter*>();
+    const QPoint grip(splitter->handle(1)->rect().center());
+    QTest::mousePress(splitter->handle(1), Qt::LeftButton, Qt::NoModifier, grip);
+    QTest::mouseMove(splitter->handle(1), grip + QPoint(90, 0));
+    QTest::mouseRelease(splitter->handle(1), Qt::LeftButton, Qt::NoModifier, grip + QPoint(90, 0));
+    const int width = frame_.GetLeftPane()->widget()->width();
+    EXPECT_GT(width, 200);
+    EXPECT_EQ(lines().GetColumnCount(), 3);
+    EXPECT_LE(lines().GetColumnWidth(0) + lines().GetColumnWidth(1) + lines().GetColumnWidth(2), width);
+    auto* const next = new CAttFrameWnd;
+    frame_.SendMessage(WM_DESTROY); // saves the width
+    ASSERT_TRUE(next->Create(nullptr, L"属性", WS_OVERLAPPEDWINDOW, CRect(0, 0, 640, 480)));
+    next->SetPaneWidth(100);
+    show(*next);
+    EXPECT_EQ(next->GetLeftPane()->widget()->width(), width);
+    next->DestroyWindow();
+}
+
 TEST_F(FrameTest, LockedElementsAreGrey) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kLockedAirHandler}));
     const CMyAdaptablePropertyItemManager& items = frame_.GetRightPane()->pane().manager();
@@ -337,11 +423,16 @@ TEST_F(FrameTest, LockedElementsAreGrey) {
 
 TEST_F(FrameTest, OnlyEditableItemsOpenAnEditor) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
+    const std::vector<CMyAdaptablePropertyItemManager::Row> rows =
+        frame_.GetRightPane()->pane().manager().GetRows();
     for (int row = 1; row < properties().GetCount(); ++row) {
         click(properties(), row, true);
-        const CPropertyItem& item = frame_.GetRightPane()->pane().manager().GetItem(row - 1);
+        if (rows[static_cast<std::size_t>(row)].item < 0)
+            continue;
+        const CPropertyItem& item =
+            frame_.GetRightPane()->pane().manager().GetItem(rows[static_cast<std::size_t>(row)].item);
         EXPECT_EQ(properties().IsEditing(), item.editable) << row;
-        EXPECT_EQ(item.editable, item.key != L"S402|");
+        EXPECT_EQ(item.editable, item.key != L"S402|" && !item.key.IsEmpty());
         properties().EndEdit(false);
     }
 }

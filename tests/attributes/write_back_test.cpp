@@ -68,7 +68,7 @@ TEST_F(WriteBack, ChangesUnlockedEntitiesInOneUndoStep) {
     const std::vector<zu::ShownItem> items = {{L"S1|", L"新"}};
     const zuhost::MessageBoxObserver observer;
 
-    EXPECT_EQ(zu::writeBack(ids, items, zu::ParameterIndex(table_)), 2);
+    EXPECT_EQ(zu::writeBack(ids, items, zu::ParameterIndex(table_)).changed, 2);
     EXPECT_EQ(attribute(ids[0]), L"S1|新|0|");
     EXPECT_EQ(attribute(ids[1]), L"S1|b|0|");
     EXPECT_EQ(attribute(ids[2]), L"S1|新|0|");
@@ -85,7 +85,7 @@ TEST_F(WriteBack, HostUndoRevertsItInOneStep) {
     const AcDbObjectId ids[] = {element(L"S1|a|0|"), element(L"S1|b|0|")};
     const AcDbObjectId other = element(L"S1|c|0|");
     const std::vector<zu::ShownItem> items = {{L"S1|", L"新"}};
-    ASSERT_EQ(zu::writeBack(ids, items, zu::ParameterIndex(table_)), 2);
+    ASSERT_EQ(zu::writeBack(ids, items, zu::ParameterIndex(table_)).changed, 2);
     EXPECT_EQ(zuhost::pendingInput(), L"ZU_ATTREDIT_SEC3D\n");
     zuhost::clearPendingInput();
     TestDrawing::erase(other);
@@ -111,7 +111,7 @@ TEST_F(WriteBack, ReportsHeightsThatAreNotNumbers) {
         const std::vector<zu::ShownItem> items = {{L"S1|", L"新"}};
         const zuhost::CommandLineObserver printed;
         const HINSTANCE before = AfxGetResourceHandle();
-        EXPECT_EQ(zu::writeBack({&id, 1}, items, zu::ParameterIndex(table_)), 1);
+        EXPECT_EQ(zu::writeBack({&id, 1}, items, zu::ParameterIndex(table_)).changed, 1);
         EXPECT_EQ(AfxGetResourceHandle(), before);
         EXPECT_EQ(printed.text(), isReported ? L"取付高が数値でない要素: 1\n" : L"")
             << zuhost::toUtf8(height);

@@ -4,7 +4,6 @@
 #include "model/readable_file.h"
 #include "text.h"
 
-#include <afxcmn.h>
 #include <zucomn/frame.h>
 #include <zuhost/desktop.h>
 
@@ -18,8 +17,9 @@ namespace {
 constexpr unsigned kTitle = 5006;
 constexpr int kLeft = 80;
 constexpr int kTop = 60;
-constexpr int kWidth = 600;
-constexpr int kHeight = 400;
+constexpr int kWidth = 800;
+constexpr int kHeight = 520;
+constexpr int kPaneWidth = 340;
 
 } // namespace
 
@@ -37,6 +37,7 @@ CAttFrameWnd& openAttributeWindow(const AcArray<AcDbObjectId>& entities, const s
     if (window->Create(nullptr, title, WS_OVERLAPPEDWINDOW,
                        CRect(kLeft, kTop, kLeft + kWidth, kTop + kHeight)) == FALSE)
         throw Failure("the attribute window can't be made");
+    window->SetPaneWidth(kPaneWidth);
     window->GetLeftPane()->SetEntities(entities);
     window->ShowWindow(SW_SHOW);
     return *window;
@@ -51,9 +52,7 @@ void showToUser(CFrameWnd& window) {
 }
 
 void selectAll(const CAttFrameWnd& window) {
-    constexpr int kLines = 3003;
-    static_cast<CListCtrl*>(window.GetLeftPane()->GetDlgItem(kLines))
-        ->SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+    window.GetLeftPane()->SelectAll();
 }
 
 void closeWithPicture(CFrameWnd& window, const std::string& picture) {

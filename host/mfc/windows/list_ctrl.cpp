@@ -170,11 +170,15 @@ int CListCtrl::GetColumnWidth(int column) const {
 BOOL CListCtrl::SetColumnWidth(int column, int width) {
     if (parts_->view == nullptr || column < 0 || column >= GetColumnCount())
         return FALSE;
-    const bool fills = width == LVSCW_AUTOSIZE_USEHEADER && column == GetColumnCount() - 1;
-    if (fills || column == GetColumnCount() - 1)
-        parts_->view->header()->setStretchLastSection(fills);
-    if (!fills)
-        parts_->view->setColumnWidth(column, width);
+    QHeaderView& header = *parts_->view->header();
+    const bool isLast = column == GetColumnCount() - 1;
+    const bool fills = isLast && width == LVSCW_AUTOSIZE_USEHEADER;
+    if (isLast)
+        header.setStretchLastSection(false);
+    // A filling column grows only from the width that it has.
+    parts_->view->setColumnWidth(column, fills ? header.minimumSectionSize() : width);
+    if (fills)
+        header.setStretchLastSection(true);
     return TRUE;
 }
 

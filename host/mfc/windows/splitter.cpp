@@ -23,6 +23,10 @@ CSplitterWnd::~CSplitterWnd() = default;
 QWidget* CSplitterWnd::makeWidget(QWidget* parent, DWORD /*style*/) {
     auto* const made = new QSplitter(columns_ > 1 ? Qt::Horizontal : Qt::Vertical, parent);
     made->setChildrenCollapsible(false);
+    QObject::connect(made, &QSplitter::splitterMoved, made, [this, made] {
+        if (fromWidget(made) == this)
+            StopTracking(TRUE);
+    });
     return made;
 }
 

@@ -109,10 +109,6 @@ bool WindowLink::eventFilter(QObject* watched, QEvent* event) {
 
 bool WindowLink::onWidget(QEvent& event) {
     switch (event.type()) {
-    case QEvent::Resize: {
-        const QSize size = client()->size();
-        return send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(size.width(), size.height()));
-    }
     case QEvent::Close:
         event.ignore();
         send(WM_CLOSE);
@@ -132,6 +128,10 @@ bool WindowLink::onWidget(QEvent& event) {
 
 bool WindowLink::onClient(QEvent& event) {
     switch (event.type()) {
+    case QEvent::Resize: {
+        const QSize size = client()->size();
+        return send(WM_SIZE, SIZE_RESTORED, MAKELPARAM(size.width(), size.height()));
+    }
     case QEvent::MouseButtonPress:
         return onMouse(WM_LBUTTONDOWN, static_cast<const QMouseEvent&>(event));
     case QEvent::MouseButtonRelease:

@@ -22,7 +22,7 @@ constexpr UINT kConfirm = 3006;
 constexpr UINT kBack = 3007;
 constexpr int kButtonsBottom = 70;
 constexpr UINT kShowSelection = WM_APP + 1; ///< Posted once for all lines that a selection changes.
-constexpr zu::EntityList::Column kColumns[] = {{zu::text::kItem, 90}, {zu::text::kValue, 56}};
+constexpr zu::EntityList::Column kColumns[] = {{zu::text::kItem, 90, 90}, {zu::text::kValue, 56, 56}};
 
 CString fileName(const CString& path) {
     return path.Mid(std::max(path.ReverseFind(L'\\'), path.ReverseFind(L'/')) + 1);

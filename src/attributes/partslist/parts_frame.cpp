@@ -1,5 +1,7 @@
 #include <zucomn/parts_list_views.h>
 
+#include "attributes/views/pane_splitter.h"
+
 #include <zucomn/frame.h>
 
 IMPLEMENT_DYNCREATE(CUPAttFrameWnd, CFrameWnd)
@@ -10,27 +12,28 @@ ON_WM_DESTROY()
 ON_WM_CANCELMODE()
 END_MESSAGE_MAP()
 
-CUPAttFrameWnd::CUPAttFrameWnd() = default;
+CUPAttFrameWnd::CUPAttFrameWnd() : m_splitter(std::make_unique<zu::PaneSplitter>(L"PartsList")) {}
 CUPAttFrameWnd::~CUPAttFrameWnd() = default;
 
 CUPEntView* CUPAttFrameWnd::GetLeftPane() const {
-    return m_splitter.GetColumnCount() > 0 ? static_cast<CUPEntView*>(m_splitter.GetPane(0, 0)) : nullptr;
+    return m_splitter->GetColumnCount() > 0 ? static_cast<CUPEntView*>(m_splitter->GetPane(0, 0)) : nullptr;
 }
 
 CUPAttView* CUPAttFrameWnd::GetRightPane() const {
-    return m_splitter.GetColumnCount() > 1 ? static_cast<CUPAttView*>(m_splitter.GetPane(0, 1)) : nullptr;
+    return m_splitter->GetColumnCount() > 1 ? static_cast<CUPAttView*>(m_splitter->GetPane(0, 1)) : nullptr;
 }
 
 BOOL CUPAttFrameWnd::OnCreateClient(LPCREATESTRUCT /*create*/, CCreateContext* context) {
     const bool made =
-        m_splitter.CreateStatic(this, 1, 2) != FALSE &&
-        m_splitter.CreateView(0, 0, RUNTIME_CLASS(CUPEntView), CSize(150, 300), context) != FALSE &&
-        m_splitter.CreateView(0, 1, RUNTIME_CLASS(CUPAttView), CSize(200, 300), context) != FALSE;
+        m_splitter->CreateStatic(this, 1, 2) != FALSE &&
+        m_splitter->CreateView(0, 0, RUNTIME_CLASS(CUPEntView), CSize(150, 300), context) != FALSE &&
+        m_splitter->CreateView(0, 1, RUNTIME_CLASS(CUPAttView), CSize(200, 300), context) != FALSE;
     if (!made) {
-        m_splitter.DestroyWindow();
+        m_splitter->DestroyWindow();
         return FALSE;
     }
-    m_splitter.ModifyStyleEx(0, WS_EX_CLIENTEDGE);
+    m_splitter->ModifyStyleEx(0, WS_EX_CLIENTEDGE);
+    m_splitter->restoreWidth(150);
     return TRUE;
 }
 
@@ -53,6 +56,7 @@ void CUPAttFrameWnd::OnClose() {
 }
 
 void CUPAttFrameWnd::OnDestroy() {
+    m_splitter->saveWidth();
     CFrameWnd::OnDestroy();
 }
 

@@ -30,9 +30,9 @@ void warnAboutLock(const CString& layer) {
     AfxMessageBox(message, MB_OK | MB_ICONSTOP);
 }
 
-void report(const std::vector<EditedElement>& edited) {
+void report(const std::vector<EditedElement>& edited, LockReport locks) {
     for (const EditedElement& element : edited)
-        if (element.outcome == EditOutcome::lockedLayer)
+        if (locks == LockReport::messageBoxes && element.outcome == EditOutcome::lockedLayer)
             warnAboutLock(CString(element.layer));
     const auto unplaced = std::count_if(edited.begin(), edited.end(),
                                         [](const EditedElement& element) { return element.isUnplaced; });
@@ -49,24 +49,37 @@ bool warnIfLocked(AcDbObjectId element) {
     return !layer.IsEmpty();
 }
 
-int writeBack(std::span<const AcDbObjectId> elements, std::span<const ShownItem> items,
-              const ParameterIndex& parameters) {
+EditCounts writeBack(std::span<const AcDbObjectId> elements, std::span<const ShownItem> items,
+                     const ParameterIndex& parameters, LockReport locks) {
     const ResourceScope scope;
     const std::vector<EditedElement> edited = editElements(elements, writableItems(items, parameters));
-    report(edited);
+    report(edited, locks);
     ApiComn_sendCommand(kUpdateSections, 1, 0, 1);
-    return static_cast<int>(std::count_if(edited.begin(), edited.end(), [](const EditedElement& element) {
-        return element.outcome == EditOutcome::changed;
-    }));
+    EditCounts counts;
+    for (const EditedElement& element : edited) {
+        counts.changed += element.outcome == EditOutcome::changed ? 1 : 0;
+        counts.skipped +=
+            element.outcome == EditOutcome::lockedLayer || element.outcome == EditOutcome::failed ? 1 : 0;
+    }
+    return counts;
 }
 
-int applyToEntities(const AttributePane& pane, std::span<const AcDbObjectId> elements) {
+EditCounts applyToEntities(const AttributePane& pane, std::span<const AcDbObjectId> elements,
+                           LockReport locks) {
     const ResourceScope scope;
     CPtrArray records;
     const bool hasParameters = AttributeTables::readParameters(records);
     const ParameterIndex parameters(records);
     ZuComn_RemoveAllFree(records);
-    return hasParameters || pane.usesMarks() ? writeBack(elements, pane.changedItems(), parameters) : 0;
+    if (!hasParameters && !pane.usesMarks())
+        return {};
+    return writeBack(elements, pane.changedItems(), parameters, locks);
+}
+
+CString describe(const EditCounts& counts) {
+    CString words;
+    words.Format(libraryText(text::kEditCounts), counts.changed, counts.skipped);
+    return words;
 }
 
 } // namespace zu

@@ -12,16 +12,28 @@ class AttributePane;
 /// false otherwise and for an element that cannot be opened.
 bool warnIfLocked(AcDbObjectId element);
 
+/// How an edit reports the elements on locked layers: by a message box for each, or only by the count that it
+/// returns.
+enum class LockReport { messageBoxes, count };
+
+/// The elements that an edit changed and those that it skipped, on locked layers or because of a failure.
+struct EditCounts {
+    int changed = 0;
+    int skipped = 0;
+};
+
 /// Writes the writable values of a property list to the elements, then sends the host the command that
-/// updates dependent section drawings. Shows a message box for each element on a locked layer, and reports on
-/// the command line how many changed elements have a mounting height ("S401") that is not a number. Returns
-/// the number of changed elements.
-int writeBack(std::span<const AcDbObjectId> elements, std::span<const ShownItem> items,
-              const ParameterIndex& parameters);
+/// updates dependent section drawings. Reports on the command line how many changed elements have a mounting
+/// height ("S401") that is not a number.
+EditCounts writeBack(std::span<const AcDbObjectId> elements, std::span<const ShownItem> items,
+                     const ParameterIndex& parameters, LockReport locks = LockReport::messageBoxes);
 
 /// Writes the pane's changed values to the elements, using the parameter table as its file is now; without
-/// the table it writes those of the items that the pane lets the user edit. Returns the number of changed
-/// elements.
-int applyToEntities(const AttributePane& pane, std::span<const AcDbObjectId> elements);
+/// the table it writes those of the items that the pane lets the user edit.
+EditCounts applyToEntities(const AttributePane& pane, std::span<const AcDbObjectId> elements,
+                           LockReport locks = LockReport::messageBoxes);
+
+/// Returns the counts in words, for the status line.
+[[nodiscard]] CString describe(const EditCounts& counts);
 
 } // namespace zu

@@ -2,6 +2,7 @@
 
 #include "attributes/attribute_rows.h"
 #include "attributes/attribute_tables.h"
+#include "attributes/model/element_facts.h"
 #include "attributes/model/field_rules.h"
 #include "entity_attributes.h"
 #include "frame/library_text.h"
@@ -91,8 +92,33 @@ void AttributePane::resize(int width, int height) {
         list_.MoveWindow(0, 0, width, height);
 }
 
-void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys, const LockedElements& locked,
-                         std::size_t selected) {
+void AttributePane::addNotices(bool hasItems, const LockedElements& locked, std::size_t selected) {
+    if (hasItems)
+        for (const CString& notice : tableNotices(usesMarks_))
+            manager_.AddNotice(notice);
+    if (const CString notice = lockNotice(locked, selected); !notice.IsEmpty())
+        manager_.AddNotice(notice);
+}
+
+void AttributePane::addFacts(std::span<const AcDbObjectId> entities) {
+    manager_.AddCategory(libraryText(text::kFactsCategory));
+    for (const ElementFact& fact : factsOf(entities)) {
+        CPropertyItem item;
+        item.name = fact.name;
+        item.value = fact.value;
+        manager_.AddItem(item);
+    }
+}
+
+void AttributePane::setFilter(const CString& text) {
+    if (!list_.EndEdit(true))
+        return;
+    manager_.SetFilter(text);
+    list_.Refresh();
+}
+
+void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys,
+                         std::span<const AcDbObjectId> entities) {
     const int before = list_.GetSelectedItem();
     const CString selectedKey = before >= 0 ? manager_.GetItem(before).key : CString();
     const ParameterIndex parameters(AttributeTables::instance().parameters());
@@ -101,12 +127,9 @@ void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys, c
     list_.EndEdit(false);
     manager_.Clear();
     const ResourceScope scope;
-    if (!items.empty())
-        for (const CString& notice : tableNotices(usesMarks_))
-            manager_.AddNotice(notice);
-    if (const CString notice = lockNotice(locked, selected); !notice.IsEmpty())
-        manager_.AddNotice(notice);
-    const bool isLocked = selected > 0 && locked.count == selected;
+    const LockedElements locked = lockedAmong(entities);
+    addNotices(!items.empty(), locked, entities.size());
+    const bool isLocked = !entities.empty() && locked.count == entities.size();
     auto item = ordered.begin();
     for (const bool shared : {true, false}) {
         manager_.AddCategory(libraryText(shared ? text::kCommonCategory : text::kGeneralCategory));
@@ -119,6 +142,7 @@ void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys, c
                 keys->Add(item->key);
         }
     }
+    addFacts(entities);
     list_.Refresh();
     list_.SetCurSel(-1);
     if (!selectedKey.IsEmpty())
@@ -126,7 +150,7 @@ void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys, c
 }
 
 void AttributePane::showEntities(std::span<const AcDbObjectId> entities, CStringArray* keys) {
-    show(shownItemsOf(entities), keys, lockedAmong(entities), entities.size());
+    show(shownItemsOf(entities), keys, entities);
 }
 
 void AttributePane::showPart(const wchar_t* partFile, CStringArray* keys) {
@@ -155,10 +179,11 @@ int AttributePane::selected(CStringArray& keys, CStringArray& values) const {
 }
 
 void AttributePane::all(CStringArray& keys, CStringArray& values) const {
-    for (int i = 0; i < manager_.GetItemCount(); ++i) {
-        keys.Add(manager_.GetItem(i).key);
-        values.Add(manager_.GetItem(i).value);
-    }
+    for (int i = 0; i < manager_.GetItemCount(); ++i)
+        if (const CPropertyItem& item = manager_.GetItem(i); !item.key.IsEmpty()) {
+            keys.Add(item.key);
+            values.Add(item.value);
+        }
 }
 
 void AttributePane::setValue(const wchar_t* key, const wchar_t* value) {

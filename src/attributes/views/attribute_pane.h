@@ -29,10 +29,10 @@ public:
 
     /// Shows the items, sorted by attribute id within "共通" and "一般", below notices of what is missing;
     /// appends their keys in this order to `keys`, which may be null.
-    void show(std::span<const ShownItem> items, CStringArray* keys, const LockedElements& locked = {},
-              std::size_t selected = 0);
+    void show(std::span<const ShownItem> items, CStringArray* keys) { show(items, keys, {}); }
     /// Shows the attributes of entities; those without a record are skipped. Items are greyed when all
-    /// entities are on locked layers.
+    /// entities are on locked layers. What the drawing says about the entities follows in a category of its
+    /// own, whose items have no keys.
     void showEntities(std::span<const AcDbObjectId> entities, CStringArray* keys);
     /// Shows the attribute file of a part; an empty list when there is none.
     void showPart(const wchar_t* partFile, CStringArray* keys);
@@ -40,6 +40,8 @@ public:
     /// See CAttView::GetAttSel and CAttView::GetAttAll.
     int selected(CStringArray& keys, CStringArray& values) const;
     void all(CStringArray& keys, CStringArray& values) const;
+    /// Shows only the items whose name or value contains the text; an empty text shows all.
+    void setFilter(const CString& text);
     /// Sets the value of the item with the key, given without "|".
     void setValue(const wchar_t* key, const wchar_t* value);
     /// Returns the items whose values the user or a program changed, with the marks that make them editable.
@@ -51,6 +53,10 @@ public:
     [[nodiscard]] const CMyAdaptablePropertyItemManager& manager() const { return manager_; }
 
 private:
+    void show(std::span<const ShownItem> items, CStringArray* keys, std::span<const AcDbObjectId> entities);
+    void addNotices(bool hasItems, const LockedElements& locked, std::size_t selected);
+    void addFacts(std::span<const AcDbObjectId> entities);
+
     bool usesMarks_;
     CMyAdaptablePropertyItemManager manager_;
     CPropertyListCtrl list_;

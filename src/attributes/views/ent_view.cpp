@@ -17,13 +17,39 @@ constexpr UINT kButtonId = 3001;
 constexpr int kButtonWidth = 60;
 constexpr int kButtonHeight = 23;
 constexpr UINT kSynchronise = WM_APP;
-constexpr zu::EntityList::Column kColumns[] = {{zu::text::kElement}, {zu::text::kLayer}};
+constexpr zu::EntityList::Column kColumns[] = {
+    {zu::text::kElement, 150, 6}, {zu::text::kLayer, 150, 3}, {zu::text::kHandle, 150, 2}};
 
-/// Returns the attribute view in the frame of an entity view; null outside an attribute window.
-CAttView* attributeViewOf(const CWnd& view) {
-    const CFrameWnd* const frame = view.GetParentFrame();
+/// Returns the frame of an entity view; null outside an attribute window.
+CAttFrameWnd* attributeWindowOf(const CWnd& view) {
+    CFrameWnd* const frame = view.GetParentFrame();
     const bool isAttributeWindow = frame != nullptr && frame->IsKindOf(RUNTIME_CLASS(CAttFrameWnd)) != FALSE;
-    return isAttributeWindow ? static_cast<const CAttFrameWnd*>(frame)->GetRightPane() : nullptr;
+    return isAttributeWindow ? static_cast<CAttFrameWnd*>(frame) : nullptr;
+}
+
+CAttView* attributeViewOf(const CWnd& view) {
+    const CAttFrameWnd* const frame = attributeWindowOf(view);
+    return frame != nullptr ? frame->GetRightPane() : nullptr;
+}
+
+void showStatus(const CWnd& view, const CString& text) {
+    if (CAttFrameWnd* const frame = attributeWindowOf(view))
+        frame->SetStatus(text);
+}
+
+/// Says how many entities are selected, how many of them an edit skips, and how many changed values of the
+/// previous selection were not applied.
+CString selectionStatus(std::span<const AcDbObjectId> selected, std::size_t lost) {
+    CString text;
+    text.Format(zu::libraryText(zu::text::kSelectedElements), static_cast<int>(selected.size()));
+    const CString locked = zu::lockNotice(zu::lockedAmong(selected), selected.size());
+    if (!locked.IsEmpty())
+        text += L"  " + locked;
+    if (lost == 0)
+        return text;
+    CString discarded;
+    discarded.Format(zu::libraryText(zu::text::kDiscardedChanges), static_cast<int>(lost));
+    return text + L"  " + discarded;
 }
 
 } // namespace
@@ -97,8 +123,33 @@ void CEntView::CompleteUpdate() {
 
 void CEntView::Synchronise() {
     m_synchronises = false;
-    if (CAttView* const attributes = attributeViewOf(*this); attributes != nullptr)
-        attributes->AddListView(GetSelectedEntities(), nullptr);
+    CAttView* const attributes = attributeViewOf(*this);
+    if (attributes == nullptr)
+        return;
+    const zu::ResourceScope scope;
+    const AcArray<AcDbObjectId> selected = GetSelectedEntities();
+    const std::size_t lost = attributes->pane().changedItems().size();
+    attributes->AddListView(selected, nullptr);
+    showStatus(*this, selectionStatus(zu::spanOf(selected), lost));
+    attributeWindowOf(*this)->OnSelection(selected);
+}
+
+std::size_t CEntView::Filter(const CString& text) {
+    const std::size_t matches = m_list->countMatches(text);
+    m_list->setFilter(matches > 0 ? text : CString());
+    return matches;
+}
+
+void CEntView::Select(const AcArray<AcDbObjectId>& entities) {
+    m_list->selectEntities(entities);
+}
+
+void CEntView::SelectAll() {
+    m_list->SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+}
+
+void CEntView::FocusList() {
+    m_list->SetFocus();
 }
 
 void CEntView::OnUpdateAttributes() {
@@ -106,8 +157,14 @@ void CEntView::OnUpdateAttributes() {
     CAttView* const attributes = attributeViewOf(*this);
     if (attributes == nullptr || !attributes->pane().list().EndEdit(true))
         return;
-    zu::applyToEntities(attributes->pane(), zu::spanOf(GetSelectedEntities()));
-    Synchronise();
+    const zu::ResourceScope scope;
+    if (attributes->pane().changedItems().empty())
+        return showStatus(*this, zu::libraryText(zu::text::kNothingChanged));
+    const AcArray<AcDbObjectId> selected = GetSelectedEntities();
+    const zu::EditCounts counts =
+        zu::applyToEntities(attributes->pane(), zu::spanOf(selected), zu::LockReport::count);
+    attributes->AddListView(selected, nullptr);
+    showStatus(*this, zu::describe(counts));
 }
 
 CString CEntView::GetAttDetails(const CString& text, int n) {

@@ -1,5 +1,8 @@
+#include "attributes/attribute_record.h"
+#include "attributes/model/layer_locks.h"
 #include "entity_list.h"
 
+#include <arxutil.h>
 #include <dbents.h>
 #include <dbobjptr.h>
 #include <dbsymtb.h>
@@ -29,10 +32,26 @@ CString handleOf(AcDbObjectId id) {
     return text.data();
 }
 
-CEntityGroup::Row rowOf(const AcDbEntity& entity, AcDbObjectId id) {
-    CEntityGroup::Row row{std::make_shared<CStringArray>(), id};
-    row.columns->Add(handleOf(id));
+/// Returns the mark and the part name that the entity's attribute record holds, else the handle.
+CString nameOf(AcDbObjectId id) {
+    constexpr std::size_t kPartName = 1;
+    constexpr std::size_t kMark = 2;
+    CStringArray record;
+    if (ApiComn_extractAttributesArrayID(id, kAttributeApplication, record) != 0 || record.IsEmpty())
+        return handleOf(id);
+    const std::vector<CString> header = splitFields(record[0]);
+    const auto field = [&](std::size_t n) {
+        return n < header.size() ? CString(header[n]).Trim() : CString();
+    };
+    const CString name = (field(kMark) + L" " + field(kPartName)).Trim();
+    return name.IsEmpty() ? handleOf(id) : name;
+}
+
+CEntityGroup::Row rowOf(const AcDbEntity& entity, AcDbObjectId id, LayerLocks& locks) {
+    CEntityGroup::Row row{std::make_shared<CStringArray>(), id, !locks.lockedLayer(id).IsEmpty()};
+    row.columns->Add(nameOf(id));
     row.columns->Add(entity.layerName().c_str());
+    row.columns->Add(handleOf(id));
     return row;
 }
 
@@ -41,6 +60,7 @@ CEntityGroup::Row rowOf(const AcDbEntity& entity, AcDbObjectId id) {
 std::vector<CEntityGroup> groupsOf(const AcArray<AcDbObjectId>& entities) {
     std::vector<CEntityGroup> groups;
     std::map<CString, std::size_t> indexes;
+    LayerLocks locks;
     for (const AcDbObjectId id : entities) {
         const AcDbObjectPointer<AcDbEntity> entity(id);
         if (entity.openStatus() != Acad::eOk)
@@ -49,7 +69,7 @@ std::vector<CEntityGroup> groupsOf(const AcArray<AcDbObjectId>& entities) {
         const auto [index, isNew] = indexes.emplace(kind, groups.size());
         if (isNew)
             groups.push_back({kind, {}});
-        groups[index->second].rows.push_back(rowOf(*entity, id));
+        groups[index->second].rows.push_back(rowOf(*entity, id, locks));
     }
     for (CEntityGroup& group : groups)
         group.title += L" (" + CString(std::to_wstring(group.rows.size()).c_str()) + L")";

@@ -1,9 +1,12 @@
 #include "entity_list.h"
 
+#include "attributes/model/field_rules.h"
 #include "expander.h"
 #include "frame/library_text.h"
+#include "lock_mark.h"
 
-#include <set>
+#include <algorithm>
+#include <numeric>
 
 namespace zu {
 
@@ -11,6 +14,7 @@ BEGIN_MESSAGE_MAP(EntityList, CListCtrl)
 ON_WM_KEYDOWN()
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONDBLCLK()
+ON_WM_SIZE()
 END_MESSAGE_MAP()
 
 bool EntityList::create(CWnd& view, std::span<const Column> columns) {
@@ -21,7 +25,18 @@ bool EntityList::create(CWnd& view, std::span<const Column> columns) {
     highlight_ = GetSysColor(COLOR_HIGHLIGHT);
     for (const Column& column : columns)
         InsertColumn(GetColumnCount(), libraryText(column.title), LVCFMT_LEFT, column.width);
+    columns_.assign(columns.begin(), columns.end());
     return true;
+}
+
+/// Fits the columns to the list, so that none is out of sight.
+void EntityList::OnSize(UINT type, int width, int height) {
+    CListCtrl::OnSize(type, width, height);
+    const int shares = std::accumulate(columns_.begin(), columns_.end(), 0,
+                                       [](int sum, const Column& column) { return sum + column.share; });
+    for (int column = 0; column + 1 < GetColumnCount() && shares > 0; ++column)
+        SetColumnWidth(column, width * columns_[static_cast<std::size_t>(column)].share / shares);
+    SetColumnWidth(GetColumnCount() - 1, LVSCW_AUTOSIZE_USEHEADER);
 }
 
 void EntityList::setGroups(std::vector<CEntityGroup> groups) {
@@ -36,13 +51,106 @@ void EntityList::fill() {
             if (row.columns == nullptr || row.columns->IsEmpty())
                 AfxThrowInvalidArgException();
     SetRedraw(FALSE);
-    lines_.assign(groups_.size(), {});
-    for (std::size_t group = 0; group < groups_.size(); ++group) {
-        lines_[group].parent = {Line::kParent, group, 0, false};
-        insertLine(GetItemCount(), lines_[group].parent, groups_[group].title);
-    }
+    insertGroups();
     setExpanded(0, true);
     SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    SetRedraw(TRUE);
+}
+
+void EntityList::insertGroups() {
+    lines_.assign(groups_.size(), {});
+    for (std::size_t group = 0; group < groups_.size(); ++group) {
+        GroupLines& lines = lines_[group];
+        const std::vector<CEntityGroup::Row>& rows = groups_[group].rows;
+        lines.parent = {Line::kParent, group, 0, false};
+        lines.shown = matchesIn(groups_[group], filter_);
+        lines.isLocked = !rows.empty() &&
+                         std::all_of(rows.begin(), rows.end(), [](const auto& row) { return row.locked; });
+        if (filter_.IsEmpty() || !lines.shown.empty())
+            insertLine(GetItemCount(), lines.parent, groups_[group].title);
+    }
+}
+
+// ---- filter
+
+std::vector<std::size_t> EntityList::matchesIn(const CEntityGroup& group, const CString& text) const {
+    const bool isWhole = containsText(group.title, text);
+    std::vector<std::size_t> found;
+    for (std::size_t row = 0; row < group.rows.size(); ++row) {
+        const CStringArray& columns = *group.rows[row].columns;
+        const auto matches = [&](const CString& column) { return containsText(column, text); };
+        if (isWhole || std::any_of(columns.GetData(), columns.GetData() + columns.GetSize(), matches))
+            found.push_back(row);
+    }
+    return found;
+}
+
+std::size_t EntityList::countMatches(const CString& text) const {
+    return std::accumulate(
+        groups_.begin(), groups_.end(), std::size_t{0},
+        [&](std::size_t sum, const CEntityGroup& group) { return sum + matchesIn(group, text).size(); });
+}
+
+std::set<EntityList::LineKey> EntityList::selectedLines() const {
+    std::set<LineKey> selected;
+    for (int index = GetNextItem(-1, LVNI_SELECTED); index >= 0; index = GetNextItem(index, LVNI_SELECTED)) {
+        const Line& line = *lineAt(index);
+        selected.emplace(line.group, line.kind == Line::kParent ? kGroup : line.row);
+    }
+    return selected;
+}
+
+void EntityList::select(const std::set<LineKey>& wanted) {
+    int first = -1;
+    for (int index = 0; index < GetItemCount(); ++index) {
+        const Line& line = *lineAt(index);
+        if (!wanted.contains({line.group, line.kind == Line::kParent ? kGroup : line.row}))
+            continue;
+        SetItemState(index, LVIS_SELECTED, LVIS_SELECTED);
+        first = first < 0 ? index : first;
+    }
+    SetItemState(std::max(first, 0), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    EnsureVisible(std::max(first, 0), FALSE);
+}
+
+void EntityList::selectEntities(const AcArray<AcDbObjectId>& entities) {
+    const std::set<AcDbObjectId> wanted(entities.begin(), entities.end());
+    std::set<LineKey> lines;
+    std::set<std::size_t> groups;
+    for (std::size_t group = 0; group < lines_.size(); ++group)
+        for (const std::size_t row : lines_[group].shown)
+            if (wanted.contains(groups_[group].rows[row].entity)) {
+                lines.emplace(group, row);
+                groups.insert(group);
+            }
+    for (int index = GetItemCount() - 1; index >= 0; --index)
+        if (const Line& line = *lineAt(index); line.kind == Line::kParent && groups.contains(line.group))
+            setExpanded(index, true);
+    SetItemState(-1, 0, LVIS_SELECTED);
+    if (!lines.empty())
+        select(lines);
+}
+
+void EntityList::setFilter(const CString& text) {
+    if (text == filter_)
+        return;
+    constexpr std::size_t kMostExpanded = 500; // More rows than anyone reads in the list.
+    const std::set<LineKey> selected = selectedLines();
+    std::set<std::size_t> expanded;
+    for (std::size_t group = 0; group < lines_.size(); ++group)
+        if (lines_[group].parent.isExpanded)
+            expanded.insert(group);
+    if (filter_.IsEmpty())
+        expandedBefore_ = expanded;
+    filter_ = text;
+    SetRedraw(FALSE);
+    DeleteAllItems();
+    insertGroups();
+    const std::size_t matches = countMatches(text);
+    const bool expandsAll = !text.IsEmpty() && matches <= kMostExpanded;
+    for (int index = GetItemCount() - 1; index >= 0; --index)
+        setExpanded(index, expandsAll || expandedBefore_.contains(lineAt(index)->group));
+    select(selected);
     SetRedraw(TRUE);
 }
 
@@ -61,14 +169,14 @@ EntityList::Line* EntityList::lineAt(int index) const {
 }
 
 void EntityList::insertRows(int below, std::size_t group) {
-    const std::vector<CEntityGroup::Row>& rows = groups_[group].rows;
+    const std::vector<std::size_t>& shown = lines_[group].shown;
     std::vector<Line>& lines = lines_[group].rows;
-    lines.resize(rows.size());
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        const CStringArray& columns = *rows[row].columns;
-        const int index = below + 1 + static_cast<int>(row);
-        lines[row] = {0, group, row, false};
-        insertLine(index, lines[row], columns[0]);
+    lines.resize(shown.size());
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const CStringArray& columns = *groups_[group].rows[shown[i]].columns;
+        const int index = below + 1 + static_cast<int>(i);
+        lines[i] = {0, group, shown[i], false};
+        insertLine(index, lines[i], columns[0]);
         showTexts(index, columns);
     }
 }
@@ -94,7 +202,7 @@ void EntityList::setExpanded(int index, bool expanded) {
     if (expanded)
         insertRows(index, line->group);
     else
-        for (std::size_t row = groups_[line->group].rows.size(); row > 0; --row)
+        for (std::size_t row = lines_[line->group].shown.size(); row > 0; --row)
             DeleteItem(index + static_cast<int>(row));
     SetRedraw(TRUE);
 }
@@ -117,7 +225,7 @@ std::vector<EntityList::RowIndex> EntityList::selectedRows() const {
         if (line.kind != Line::kParent)
             add(line.group, line.row);
         else
-            for (std::size_t row = 0; row < groups_[line.group].rows.size(); ++row)
+            for (const std::size_t row : lines_[line.group].shown)
                 add(line.group, row);
     }
     return rows;
@@ -136,7 +244,7 @@ void EntityList::selectRowsBelow(int index) {
         return;
     setExpanded(index, true);
     SetItemState(index, 0, LVIS_SELECTED);
-    for (int row = 1; row <= static_cast<int>(groups_[line->group].rows.size()); ++row)
+    for (int row = 1; row <= static_cast<int>(lines_[line->group].shown.size()); ++row)
         SetItemState(index + row, LVIS_SELECTED, LVIS_SELECTED);
 }
 
@@ -185,7 +293,6 @@ void EntityList::MeasureItem(LPMEASUREITEMSTRUCT measure) {
 }
 
 void EntityList::DrawItem(LPDRAWITEMSTRUCT draw) {
-    constexpr int kMargin = 4;
     const int index = static_cast<int>(draw->itemID);
     const Line* const line = lineAt(index);
     if (line == nullptr)
@@ -194,17 +301,33 @@ void EntityList::DrawItem(LPDRAWITEMSTRUCT draw) {
     const CRect row(draw->rcItem);
     const bool isSelected = (draw->itemState & ODS_SELECTED) != 0;
     const bool isParent = line->kind == Line::kParent;
+    const bool isLocked =
+        isParent ? lines_[line->group].isLocked : groups_[line->group].rows[line->row].locked;
     const COLORREF background =
         isSelected ? highlight_ : GetSysColor(isParent ? COLOR_BTNFACE : COLOR_WINDOW);
-    const COLORREF color = GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT);
+    const COLORREF color = isSelected ? GetSysColor(COLOR_HIGHLIGHTTEXT)
+                           : isLocked ? readOnlyColor()
+                                      : GetSysColor(COLOR_WINDOWTEXT);
     dc.FillSolidRect(row, background);
     if (isParent)
         drawExpander(dc, CRect(row.left, row.top, row.left + kExpanderWidth, row.bottom), line->isExpanded,
                      color);
+    if (isLocked) {
+        const int left = isParent ? row.right - kLockWidth : row.left + kExpanderWidth;
+        drawLock(dc, CRect(left, row.top, left + kLockWidth, row.bottom), color);
+    }
+    drawTexts(dc, row, index, isParent, color);
+    if ((draw->itemState & ODS_FOCUS) != 0)
+        dc.DrawFocusRect(row);
+}
+
+void EntityList::drawTexts(CDC& dc, const CRect& row, int index, bool isParent, COLORREF color) const {
+    constexpr int kMargin = 4;
     dc.SetTextColor(color);
     int left = row.left;
     for (int column = 0; column < GetColumnCount(); ++column) {
-        CRect cell(left, row.top, isParent ? row.right : left + GetColumnWidth(column), row.bottom);
+        CRect cell(left, row.top, isParent ? row.right - kLockWidth : left + GetColumnWidth(column),
+                   row.bottom);
         left += GetColumnWidth(column);
         cell.DeflateRect(column == 0 ? kExpanderWidth * (isParent ? 1 : 2) : kMargin, 0, kMargin, 0);
         dc.DrawText(GetItemText(index, column), cell,
@@ -212,8 +335,6 @@ void EntityList::DrawItem(LPDRAWITEMSTRUCT draw) {
         if (isParent)
             break;
     }
-    if ((draw->itemState & ODS_FOCUS) != 0)
-        dc.DrawFocusRect(row);
 }
 
 } // namespace zu

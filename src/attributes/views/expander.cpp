@@ -17,6 +17,10 @@ void drawExpander(CDC& dc, const CRect& place, bool expanded, COLORREF color) {
     dc.Polygon(expanded ? down.data() : right.data(), static_cast<int>(down.size()));
 }
 
+COLORREF readOnlyColor() {
+    return mixed(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_WINDOWTEXT), 55);
+}
+
 COLORREF mixed(COLORREF first, COLORREF second, unsigned share) {
     const auto channel = [=](unsigned shift) {
         const unsigned from = first >> shift & 0xFFU;

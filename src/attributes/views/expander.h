@@ -14,4 +14,7 @@ void drawExpander(CDC& dc, const CRect& place, bool expanded, COLORREF color);
 /// Mixes two colours; `share` is the percentage of the second.
 [[nodiscard]] COLORREF mixed(COLORREF first, COLORREF second, unsigned share);
 
+/// Returns the colour of texts that cannot be edited; the desktop's own grey is too faint to read by.
+[[nodiscard]] COLORREF readOnlyColor();
+
 } // namespace zu

@@ -116,8 +116,9 @@ void CMyAdaptablePropertyItemManager::SetFilter(const CString& text) {
 }
 
 int CMyAdaptablePropertyItemManager::CountMatches(const CString& text) const {
-    return static_cast<int>(std::count_if(m_items.begin(), m_items.end(),
-                                          [&](const CPropertyItem& item) { return matches(item, text); }));
+    return static_cast<int>(std::count_if(m_items.begin(), m_items.end(), [&](const CPropertyItem& item) {
+        return !item.key.IsEmpty() && matches(item, text);
+    }));
 }
 
 const std::vector<CMyAdaptablePropertyItemManager::Row>& CMyAdaptablePropertyItemManager::GetRows() const {

@@ -68,7 +68,7 @@ void CPropertyListCtrl::drawHeading(CDC& dc, const CRect& row, const Row& headin
 void CPropertyListCtrl::drawProperty(CDC& dc, const CRect& row, const CPropertyItem& item,
                                      bool selected) const {
     const COLORREF window = GetSysColor(COLOR_WINDOW);
-    const COLORREF text = GetSysColor(item.editable ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT);
+    const COLORREF text = item.editable ? GetSysColor(COLOR_WINDOWTEXT) : zu::readOnlyColor();
     const int divider = GetDivider();
     const CRect name(row.left + zu::kExpanderWidth, row.top, divider, row.bottom);
     dc.FillSolidRect(CRect(row.left, row.top, name.left, row.bottom),

@@ -28,6 +28,8 @@ public:
 
 protected:
     [[nodiscard]] QWidget* makeWidget(QWidget* parent, DWORD style) override;
+    /// Called when the user has moved a bar.
+    virtual void StopTracking(BOOL /*accept*/) {}
 
 private:
     struct Pane {
