@@ -33,6 +33,9 @@ struct SceneOptions {
     std::uint64_t most = 20'000'000;
 };
 
+/// The reason of entities on layers that SceneOptions::showsLayer hides.
+inline constexpr std::string_view kLayerFilteredOut = "its layer is filtered out";
+
 /// Entities of one type that are not drawn for one reason.
 struct NotDrawn {
     std::string type;

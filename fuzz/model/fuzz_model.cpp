@@ -8,7 +8,7 @@
 #include "model/audit.h"
 #include "model/drawing_file.h"
 #include "model/element.h"
-#include "plan/scene_picture.h"
+#include "plan/plan_picture.h"
 #include "plan/plan_scene.h"
 #include "text.h"
 
@@ -68,20 +68,13 @@ void list(const app::DrawingFile& drawing) {
         search(references[i]);
 }
 
-class EmptyCanvas : public app::PlanCanvas {
-public:
-    void addStroke(std::span<const AcGePoint2d>, app::PlanRole) override {}
-    void addText(const app::PlanText&) override {}
-};
-
 void draw(app::DrawingFile& drawing) {
     try {
-        const app::PlanScene scene(drawing);
-        EmptyCanvas canvas;
-        scene.show(canvas, kPointsDrawn);
-        app::drawPlan(scene, "/dev/null/plan.png", kPictureWidth);
+        const app::PlanPicture plan(drawing.database(), {.size = {kPictureWidth, 0}});
+        (void)plan.image();
+        (void)plan.svg();
     } catch (const app::Failure&) {
-        // Always thrown, as the picture's path can't be written; or the plan has too many points.
+        // The plan has too much to draw.
     }
 }
 

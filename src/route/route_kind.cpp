@@ -1,5 +1,4 @@
 #include "frame/library_text.h"
-#include "frame/resource_ids.h"
 #include "group_access.h"
 #include "route_kinds.h"
 
@@ -60,12 +59,6 @@ std::vector<zucomn::RouteKind> zucomn::routeKinds() {
     for (const zu::RouteKindRow& row : zu::kRouteKinds)
         kinds.push_back({row.number, std::wstring(zu::libraryText(row.name).view()), row.colour});
     return kinds;
-}
-
-zucomn::LegendWords zucomn::legendWords() {
-    const auto word = [](unsigned id) { return std::wstring(zu::libraryText(id).view()); };
-    return {word(zu::text::kEquipment), word(zu::text::kOther), word(zu::text::kJoined),
-            word(zu::text::kDangling)};
 }
 
 bool zucomn::isRouteKind(int linkKind) {

@@ -10,34 +10,58 @@ import ezdxf
 from program import check, run, run_json, sample
 
 SVG = "{http://www.w3.org/2000/svg}"
-COLOURS = {"link kind 1": "#1565c0", "link kind 2": "#c62828", "link kind 3": "#2e7d32", "equipment": "#7b1fa2"}
+COLOURS = {"給気 (link kind 1)": "#1565c0", "還気 (link kind 2)": "#c62828", "冷水 (link kind 3)": "#2e7d32",
+           "equipment": "#7b1fa2"}
 DANGLING = "#ffd600"
 
+
+def plan(drawing, *options):
+    """The texts of a plan, its paths' attributes with their values, and its root."""
+    run("plan", drawing, "-o", file, *options)
+    root = xml.parse(file).getroot()
+    return [t.text for t in root.iter(SVG + "text")], [i for p in root.iter(SVG + "path") for i in p.items()], root
+
+
 with tempfile.TemporaryDirectory() as folder:
+    file = os.path.join(folder, "plan.svg")
     for name in ("office-floor", "office-floor-932"):
         drawing = sample("drawings/%s.dxf" % name)
-        file = os.path.join(folder, "plan.svg")
-        run("plan", drawing, "-o", file)
-        root = xml.parse(file).getroot()
-        # A text in two scripts is written in pieces.
-        texts = "".join(t.text for t in root.iter(SVG + "text"))
-        for text in ("AHU-1 空調機", "2階平面図", "縮尺 1/50", "X5", "弁", *COLOURS, "joined", "dangling"):
+        texts, paths, root = plan(drawing)
+        dangling = [f["handle"] for f in run_json("check", drawing) if "joins nothing" in f["problem"]]
+        for text in ("AHU-1 空調機", "2階平面図", "縮尺 1/50", "X5", "弁", *COLOURS, "dangling (%d)" % len(dangling), *dangling):
             check(text in texts, "the text " + text)
-        check("link kind 4" not in texts, "a legend of what is there")
+        check(not any("link kind 4" in t for t in texts), "a legend of what is there")
         check(texts.count("制気口200") == 6 and "tank" in texts, "equipment without a text is named")
-        groups = list(root.iter(SVG + "g"))
-        for colour in COLOURS.values():
-            check(any(g.get("stroke") == colour and len(g) for g in groups), "strokes in " + colour)
-        marks = sum(len(list(g.iter(SVG + "circle"))) + len(list(g.iter(SVG + "ellipse"))) + len(list(g.iter(SVG + "path")))
-                    for g in groups if g.get("fill") == DANGLING)
-        dangling = sum("joins nothing" in f["problem"] for f in run_json("check", drawing))
-        check(marks == dangling + 1, "dangling points, and one in the legend: %d" % marks)
+        check(all(("stroke", c) in paths for c in COLOURS.values()), "strokes in the colours of the kinds")
+        check(paths.count(("fill", DANGLING)) == len(dangling) + 1, "dangling points, and one in the legend")
+        sizes = {t.text: abs(float(t.get("transform")[7:].split()[3])) for t in root.iter(SVG + "text")}
+        check(abs(sizes["X5"] / sizes["AHU-1 空調機"] - 400 / 120) < 0.01, "texts at their true size: %s" % sizes)
+    settings = os.path.join(folder, "master.ini")
+    with open(settings, "w", encoding="utf-8-sig") as f:
+        f.write("[環境設定]\nｼｽﾃﾑ=%s\n" % folder)
+    with open(os.path.join(folder, "ZuConfig.ini"), "w", encoding="utf-8-sig") as f:
+        f.write("[経路種別]\n2=Return air\n")
+    check("Return air: 還気" in plan(drawing, "--settings", settings)[0], "the settings name a kind")
+    texts, paths, root = plan(drawing, "--kind", "2", "--labels", "sizes", "--theme", "dark", "--no-legend", "--size", "700x500")
+    check((root.get("width"), root.get("height")) == ("700", "500") and root[0].get("fill") != "#ffffff", "size and theme")
+    check(("stroke", COLOURS["給気 (link kind 1)"]) not in paths and "X5" in texts and "300" in texts, "a filtered plan with sizes")
+    check("X5" not in plan(drawing, "--layer", "SA*")[0] + plan(drawing, "--window", "0,0,100,100")[0], "a part of the plan")
+    done = run_json("plan", drawing, "-o", file)
+    check(done["drawn"]["INSERT"] == 63 and done["not_drawn"] == [], "what is drawn: %s" % done)
+    sheet = os.path.join(folder, "plan.pdf")
+    for options, box in (([], b"1191.000000 842."), (["--paper", "A1", "--scale", "1:50"], b"2384.000000 1684."),
+                         (["--scale", "1:100", "--orientation", "portrait"], b"842.000000 1191.")):
+        run("plan", drawing, "-o", sheet, *options)
+        with open(sheet, "rb") as f:
+            check(b"/MediaBox [0 0 %s" % box in f.read(), "paper %s" % options)
     picture = os.path.join(folder, "plan.png")
     run("plan", drawing, "-o", picture, "--width", "900")
     with open(picture, "rb") as f:
         head = f.read(24)
     check(head.startswith(b"\x89PNG") and struct.unpack(">I", head[16:20])[0] == 900, "as wide as asked")
-    run("plan", drawing, "-o", os.path.join(folder, "plan.txt"), status=2)
+    for wrong in (["-o", os.path.join(folder, "plan.txt")], ["-o", file, "--paper", "C5"], ["-o", file, "--size", "9"],
+                  ["-o", file, "--scale", "1:0"], ["-o", file, "--window", "0,0,0,1"], ["-o", file, "--theme", "pink"]):
+        run("plan", drawing, *wrong, status=2)
     # Blocks that contain themselves or very many others, and a polyline each; an arc and a text that are too large.
     for names, points, status in (("AA", 2, 0), ("ABCDEFGHIJKL", 2, 1), ("ABCDEF", 2000, 1)):
         nested = os.path.join(folder, "nested.dxf")

@@ -280,7 +280,7 @@ Outcome Canvas::hiddenBy(const Entity& entity) const {
     if (!layer.isPlotted)
         return "its layer is not plotted";
     if (options_.showsLayer && !options_.showsLayer(layer.name))
-        return "its layer is filtered out";
+        return kLayerFilteredOut;
     return {};
 }
 

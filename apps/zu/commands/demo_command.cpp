@@ -7,7 +7,7 @@
 #include "model/drawing_file.h"
 #include "model/element.h"
 #include "model/sample_settings.h"
-#include "plan/scene_picture.h"
+#include "plan/plan_picture.h"
 #include "report/output.h"
 
 #include <algorithm>
@@ -131,12 +131,8 @@ void checkSaved(const std::string& path, const AttributeEdit& edit) {
 
 void drawPicture(DrawingFile& drawing, const std::string& path) {
     const Step step(7, "Draw the plan");
-    const PlanScene scene(drawing);
-    drawPlan(scene, path, 1600);
-    const std::vector<PlanJoint> joints = scene.findJoints();
-    const auto joined =
-        std::count_if(joints.begin(), joints.end(), [](const PlanJoint& j) { return j.joined; });
-    step.say(path, ": ", joints.size(), " connection points, ", joined, " joined");
+    const PlanReport plan = savePlan(drawing.database(), path, {});
+    step.say(path, ": ", plan.joined + plan.dangling, " connection points, ", plan.joined, " joined");
 }
 
 /// The first few elements of the main route and a pipe, all selected: shows shared, various and greyed

@@ -31,6 +31,10 @@ int tableOption(const Options& options) {
     return options.strict ? CAcadDxf::kStrictTable : 0;
 }
 
+PreviewOptions previewOptions(const Options& options) {
+    return {.size = options.size, .dark = options.dark, .strictTable = options.strict};
+}
+
 void printSummary(const CAcadDxf& part) {
     double minX = 0;
     double minY = 0;
@@ -82,7 +86,7 @@ void readPart(const Options& options) {
         throw Failure(options.path + ": holds no part drawing");
     printWarnings(options.path, part.GetFindings());
     if (!options.preview.empty())
-        savePreview(part, options.preview, {.size = options.size, .dark = options.dark});
+        savePreview(options.path, options.preview, previewOptions(options));
     if (options.json) {
         std::cout << partToJson(part).dump() << '\n';
         return;
@@ -97,8 +101,7 @@ void run(const Options& options) {
     if (options.previewFolder.empty())
         readPart(options);
     else
-        savePreviews(options.path, options.previewFolder, {.size = options.size, .dark = options.dark},
-                     tableOption(options));
+        savePreviews(options.path, options.previewFolder, previewOptions(options));
 }
 
 } // namespace
@@ -112,11 +115,14 @@ void addPartCommand(Command& program) {
     command->add_flag("--strict", options->strict,
                       "Read binary drawings by the table of early part drawings");
     command->add_flag("--json", options->json, "As JSON");
-    command->add_option("--preview", options->preview, "Draw it into this PNG file");
+    command->add_option("--preview", options->preview, "Draw it into this file, .png, .svg or .pdf");
     command->add_option("--preview-dir", options->previewFolder,
                         "Draw a thumbnail of every drawing in the folder and its folders into this folder");
     command->add_flag("--dark", options->dark, "Draw on a dark background");
-    command->add_option("--size", options->size, "Width of the picture in pixels")->range(16, 8192);
+    command
+        ->add_option("--size", options->size,
+                     "Greatest width of the picture in pixels; its proportions follow the drawing")
+        ->range(16, 8192);
     command->callback([options] { run(*options); });
 }
 

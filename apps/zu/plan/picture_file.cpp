@@ -5,16 +5,7 @@
 #include <zuhost/atomic_file.h>
 #include <zuhost/system_error.h>
 
-#include <QBuffer>
-
 namespace zu::app {
-
-QByteArray pngOf(const QImage& picture) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    return picture.save(&buffer, "PNG") ? bytes : QByteArray();
-}
 
 void savePicture(const QByteArray& bytes, const std::string& file) {
     if (bytes.isEmpty())

@@ -20,7 +20,7 @@ namespace zu::app {
 enum class PlanTheme { light, dark };
 
 /// What is written beside the elements of a plan.
-enum class PlanLabels {
+enum class PlanLabelKind {
     automatic, ///< Names of equipment without a text in its block, handles of elements that join nothing.
     none,
     handles, ///< Of every route element.
@@ -33,6 +33,12 @@ struct PlanMarker {
     AcGePoint2d position;
     std::string text;
     QColor colour; ///< Invalid for the colour of findings.
+};
+
+/// A line of the legend for colours that a caller has given.
+struct PlanLegendEntry {
+    QColor colour;
+    std::string text;
 };
 
 /// Paper of a standard size.
@@ -51,8 +57,9 @@ struct PlanOptions {
     std::optional<PlanPaper> paper; ///< Replaces `size`.
     std::optional<QRectF> window;   ///< World rectangle to show; all of the plan when it is not given.
     std::string layout;             ///< Name of a layout; empty for model space.
-    PlanLabels labels = PlanLabels::automatic;
+    PlanLabelKind labels = PlanLabelKind::automatic;
     bool hasLegend = true;
+    std::vector<PlanLegendEntry> legend; ///< Replaces the entries of route kinds and elements.
     bool marksJoints = true;
     bool textAsOutlines = false; ///< SVG only: letters as areas, which look the same without the fonts.
 

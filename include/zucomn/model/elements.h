@@ -32,15 +32,6 @@ struct RouteKind {
 /// Returns all route kinds, lowest number first.
 [[nodiscard]] ZUCOMN_API std::vector<RouteKind> routeKinds();
 
-/// The other words of a plan's legend, in the user's language.
-struct LegendWords {
-    std::wstring equipment;
-    std::wstring other;    ///< What is neither a route nor equipment.
-    std::wstring joined;   ///< A connection point that meets one of another element.
-    std::wstring dangling; ///< A connection point that meets none.
-};
-[[nodiscard]] ZUCOMN_API LegendWords legendWords();
-
 /// True when groups of elements with the link kind are routes.
 [[nodiscard]] ZUCOMN_API bool isRouteKind(int linkKind);
 

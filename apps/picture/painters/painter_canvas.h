@@ -1,0 +1,35 @@
+#pragma once
+
+#include "painters/page_canvas.h"
+
+#include <QPainter>
+
+namespace zu::picture {
+
+enum class Letters {
+    areas, ///< Filled outlines: exact at any size and turn.
+    text   ///< Text in a font, which can be searched and copied.
+};
+
+/// Paints with a QPainter whose units are those of the page.
+class PainterCanvas : public PageCanvas {
+public:
+    /// The painter has to outlive the canvas.
+    PainterCanvas(QPainter& painter, Letters letters);
+    ~PainterCanvas() override;
+
+    void stroke(const QPainterPath& path, const Pen& pen) override;
+    void fill(const QPainterPath& path, const QColor& colour) override;
+    void text(const TextRun& run, const QColor& colour) override;
+    void setClip(const QRectF& rectangle) override;
+
+private:
+    void flush();
+
+    QPainter& painter_;
+    Letters letters_;
+    Pen pen_;           ///< Of the lines that wait,
+    QPainterPath path_; ///< which are painted together: changing the pen takes longer than painting a line.
+};
+
+} // namespace zu::picture

@@ -1,0 +1,407 @@
+#include "plan/plan_composition.h"
+
+#include "failure.h"
+#include "model/drawing_file.h"
+#include "painters/painter_canvas.h"
+#include "plan/plan_names.h"
+#include "plan/plan_texts.h"
+#include "readers.h"
+#include "text_outline.h"
+
+#include <dbmain.h>
+#include <zucomn/frame.h>
+#include <zucomn/model/elements.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace zu::app {
+
+namespace {
+
+/// Page units for one pixel of the map of what is drawn, by which labels are placed.
+constexpr double kInkCell = 4.0;
+// Widths of pictures, and heights of capitals in them.
+constexpr double kSmallPicture = 360.0;
+constexpr double kMiddlePicture = 800.0;
+constexpr double kSmallCapitals = 6.5;
+constexpr double kCapitals = 8.0;
+constexpr double kLegendCapitals = 10.0;
+constexpr double kHaloWidth = 4.0;
+constexpr double kDanglingDistance = 100.0;
+constexpr double kElementDistance = 30.0;
+// Marks are smaller than the elements that they are on.
+constexpr double kLargestJoined = 2.0;
+constexpr double kLargestDangling = 4.5;
+constexpr double kSmallestJoined = 0.7;
+constexpr double kSmallestDangling = 1.5;
+
+/// Layers of marks that the plan draws itself.
+bool isMarkLayer(const QString& layer) {
+    const auto isLayer = [&layer](const CString& name) {
+        return layer.compare(QString::fromStdWString(std::wstring(name.view())), Qt::CaseInsensitive) == 0;
+    };
+    return isLayer(ZUCONECT_LAYER) || isLayer(ZUSNAP_LAYER);
+}
+
+std::shared_ptr<const picture::Drawing> read(AcDbDatabase& drawing) {
+    std::shared_ptr<const picture::Drawing> records = picture::readDatabase(drawing);
+    if (records == nullptr)
+        throw Failure("the drawing needs more memory for its picture than there is");
+    return records;
+}
+
+std::string listOf(const std::vector<std::string>& names) {
+    constexpr std::size_t kMost = 8;
+    std::string list;
+    for (std::size_t i = 0; i < std::min(names.size(), kMost); ++i)
+        list += (i > 0 ? ", " : "") + names[i];
+    return names.size() > kMost ? list + " ..." : list;
+}
+
+void requireLayout(const picture::Drawing& drawing, const std::string& name) {
+    if (name.empty())
+        return;
+    std::vector<std::string> names;
+    for (const QString& layout : picture::layoutNames(drawing)) {
+        if (layout.compare(QString::fromStdString(name), Qt::CaseInsensitive) == 0)
+            return;
+        names.push_back(layout.toStdString());
+    }
+    throw Failure("the drawing has no layout \"" + name + "\"" +
+                  (names.empty() ? "; it has none" : "; it has " + listOf(names)));
+}
+
+QString counted(PlanText words, std::size_t count) {
+    return planText(PlanText::named).arg(planText(words), QString::number(count));
+}
+
+[[noreturn]] void throwTooMuch() {
+    throw Failure("the plan has more to draw than a picture holds: look for blocks that hold very many "
+                  "references to others, or hatches with very dense lines");
+}
+
+double median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+} // namespace
+
+PlanComposition::PlanComposition(AcDbDatabase& drawing, PlanOptions options)
+    : options_(std::move(options)),
+      theme_(options_.theme == PlanTheme::dark ? picture::Theme::dark() : picture::Theme::light()),
+      drawing_(read(drawing)), elements_(drawing, options_.showsLayer, options_.showsElement),
+      inks_(theme_, elements_, options_, drawing) {
+    requireLayout(*drawing_, options_.layout);
+    for (const AcDbObjectId id : options_.highlighted)
+        highlighted_.insert(static_cast<std::uint64_t>(id.handle()));
+    readOthers(drawing);
+    if (!options_.layout.empty()) {
+        options_.hasLegend = false;
+        options_.marksJoints = false;
+        options_.labels = PlanLabelKind::none;
+    }
+    world_ = measure();
+    makeLegend();
+    page_ = layOut(world_, options_, [this](double width) { return legend_ ? legend_->height(width) : 0.0; });
+    if (page_.isCut)
+        report_.remarks.push_back("the plan does not fit on " + page_.paper.toStdString() +
+                                  " at this scale and is cut: choose a larger --paper, another --scale or a "
+                                  "--window");
+    sizeMarks();
+    placeLabels();
+}
+
+picture::SceneOptions PlanComposition::scene(const Filter& filter) const {
+    picture::SceneOptions scene;
+    scene.layout = QString::fromStdString(options_.layout);
+    scene.shows = [this, filter](const picture::EntityInfo& entity) {
+        return (!filter || filter(entity)) && isInPicture(entity);
+    };
+    scene.showsLayer = [this](const QString& layer) {
+        return !isMarkLayer(layer) && (!options_.showsLayer || options_.showsLayer(layer));
+    };
+    if (page_.scale > 0.0)
+        scene.frame = page_.toPage.inverted().mapRect(page_.plan);
+    else if (options_.window)
+        scene.frame = *options_.window;
+    return scene;
+}
+
+/// Leaves out what a filter of elements refuses; layers and visibility are the scene's business.
+bool PlanComposition::isInPicture(const picture::EntityInfo& entity) const {
+    if (!options_.showsElement)
+        return true;
+    const PlanElement* const element = elements_.find(entity.handle);
+    return element == nullptr || element->isShown;
+}
+
+void PlanComposition::readOthers(AcDbDatabase& drawing) {
+    std::map<AcDbDatabase*, std::unordered_map<std::uint64_t, QColor>> byDrawing;
+    for (const AcDbObjectId id : options_.others) {
+        const auto given = options_.colours.find(id);
+        const QColor colour = given != options_.colours.end() ? given->second : inks_.finding();
+        if (AcDbDatabase* const other = id.database(); other != nullptr && other != &drawing)
+            byDrawing[other].emplace(static_cast<std::uint64_t>(id.handle()), colour);
+    }
+    for (auto& [other, colours] : byDrawing)
+        others_.push_back({read(*other), std::move(colours)});
+}
+
+QRectF PlanComposition::measure() {
+    const picture::Extents extents = picture::measureScene(*drawing_, scene({}));
+    if (extents.report.isTooMuch)
+        throwTooMuch();
+    reportScene(extents);
+    QPolygonF corners;
+    const auto add = [&corners](const QRectF& box) { corners << box.topLeft() << box.bottomRight(); };
+    if (!extents.isEmpty)
+        add(extents.box);
+    for (const Other& other : others_) {
+        picture::SceneOptions options = scene({});
+        options.shows = [&other](const picture::EntityInfo& e) { return other.colours.contains(e.handle); };
+        if (const picture::Extents found = picture::measureScene(*other.drawing, options); !found.isEmpty)
+            add(found.box);
+    }
+    for (const PlanMarker& marker : options_.markers)
+        corners << QPointF(marker.position.x, marker.position.y);
+    if (options_.window)
+        return *options_.window;
+    return corners.isEmpty() ? QRectF(0.0, 0.0, 1.0, 1.0) : corners.boundingRect();
+}
+
+void PlanComposition::reportScene(const picture::Extents& extents) {
+    report_.drawn = extents.report.drawn;
+    // What a filter hides is not missing, and marks of connection points are drawn.
+    for (const picture::NotDrawn& omission : extents.report.notDrawn)
+        if (omission.why != picture::kLayerFilteredOut)
+            report_.notDrawn.push_back({omission.type, omission.count, omission.why});
+    if (extents.isEmpty)
+        report_.remarks.push_back(options_.layout.empty() ? "model space shows nothing"
+                                                          : "the layout shows nothing");
+    std::vector<std::string> outliers;
+    for (const picture::Outlier& outlier : extents.outliers)
+        outliers.push_back(outlier.type + " " + handleText(AcDbHandle(outlier.handle)));
+    if (!outliers.empty() && !options_.window)
+        report_.remarks.push_back("too far from everything else to be in one picture: " + listOf(outliers) +
+                                  "; move or erase them, or choose the area with --window");
+    if (!elements_.hidden().empty() && options_.layout.empty())
+        report_.remarks.push_back(std::to_string(elements_.hidden().size()) +
+                                  " elements with connection points are hidden (layer off or frozen, or "
+                                  "invisible) and not marked: " +
+                                  listOf(elements_.hidden()));
+    for (const PlanJoint& joint : elements_.joints())
+        ++(joint.joined ? report_.joined : report_.dangling);
+}
+
+void PlanComposition::makeLegend() {
+    if (!options_.hasLegend)
+        return;
+    std::vector<LegendEntry> entries;
+    for (const PlanLegendEntry& entry : options_.legend)
+        entries.push_back(
+            {LegendSample::line, theme_.visible(entry.colour), QString::fromStdString(entry.text)});
+    if (entries.empty()) {
+        for (const KindName& kind : kindNames(elements_.all()))
+            entries.push_back({LegendSample::line, inks_.kind(kind.kind), kind.name});
+        const auto holds = [this](bool equipment) {
+            return std::any_of(
+                elements_.all().begin(), elements_.all().end(), [equipment](const PlanElement& e) {
+                    return e.isShown && e.linkKind == 0 && (e.code == zucomn::kEquipment) == equipment;
+                });
+        };
+        if (holds(true))
+            entries.push_back({LegendSample::line, inks_.equipment(), planText(PlanText::equipment)});
+        if (holds(false))
+            entries.push_back({LegendSample::line, inks_.otherElements(), planText(PlanText::otherElements)});
+    }
+    if (options_.marksJoints && report_.joined > 0)
+        entries.push_back({LegendSample::joined, {}, counted(PlanText::joined, report_.joined)});
+    if (options_.marksJoints && report_.dangling > 0)
+        entries.push_back({LegendSample::dangling, {}, counted(PlanText::dangling, report_.dangling)});
+    const int width = options_.paper || options_.size.width() <= 0 ? 1600 : options_.size.width();
+    double capitals = kLegendCapitals;
+    if (width < kSmallPicture)
+        capitals = 0.0;
+    else if (width < kMiddlePicture)
+        capitals = kCapitals;
+    legend_.emplace(std::move(entries), capitals, theme_.ink);
+}
+
+/// Marks shrink with the elements that they are on.
+void PlanComposition::sizeMarks() {
+    std::vector<double> lengths;
+    const std::vector<PlanJoint>& joints = elements_.joints();
+    for (std::size_t i = 1; i < joints.size(); ++i)
+        if (joints[i].element == joints[i - 1].element)
+            lengths.push_back(joints[i].position.distanceTo(joints[i - 1].position) / page_.scale);
+    const double typical = lengths.empty() ? 100.0 : median(std::move(lengths));
+    marks_.joined = std::min(0.12 * typical, kLargestJoined);
+    if (marks_.joined < kSmallestJoined)
+        marks_.joined = 0.0;
+    marks_.dangling = std::clamp(0.25 * typical, kSmallestDangling, kLargestDangling);
+    if (page_.size.width() < kMiddlePicture)
+        capitals_ = kSmallCapitals;
+}
+
+void PlanComposition::placeLabels() {
+    labels_.emplace(capitals_);
+    for (const PlanMarker& marker : options_.markers)
+        if (const QPointF at = onPage(marker.position); isInSight(at))
+            labels_->addMarker(QString::fromStdString(marker.text), at,
+                               marker.colour.isValid() ? theme_.visible(marker.colour) : inks_.finding());
+    if (options_.labels != PlanLabelKind::none && page_.size.width() >= kSmallPicture) {
+        if (options_.marksJoints && options_.markers.empty())
+            for (const PlanJoint& joint : elements_.joints())
+                if (const QPointF at = onPage(joint.position); !joint.joined && isInSight(at))
+                    labels_->add(QString::fromStdString(handleText(AcDbHandle(joint.element))), at,
+                                 {marks_.dangling, marks_.dangling}, theme_.ink, kDanglingDistance);
+        if (options_.labels == PlanLabelKind::automatic)
+            addEquipmentNames();
+        else
+            addElementLabels();
+    }
+    if (labels_->isEmpty())
+        return;
+    const QSize size(static_cast<int>(page_.size.width() / kInkCell) + 1,
+                     static_cast<int>(page_.size.height() / kInkCell) + 1);
+    QImage ink(size, QImage::Format_Grayscale8);
+    if (ink.isNull())
+        return;
+    ink.fill(0);
+    QPainter painter(&ink);
+    painter.scale(1.0 / kInkCell, 1.0 / kInkCell);
+    {
+        picture::PainterCanvas canvas(painter, picture::Letters::areas);
+        picture::ShapePainter shapes(canvas, page_.toPage, page_.plan);
+        picture::produceShapes(*drawing_, scene({}), [&shapes](const picture::Shape& shape) {
+            shapes.paint(shape, {Qt::white, kInkCell});
+            return true;
+        });
+    }
+    painter.end();
+    LabelPlacer placer(ink, kInkCell, page_.plan);
+    for (const PlanJoint& joint : elements_.joints()) {
+        const double radius = joint.joined ? marks_.joined : marks_.dangling;
+        const QPointF at = onPage(joint.position);
+        if (isInSight(at))
+            placer.block({at - QPointF(radius, radius), QSizeF(2.0 * radius, 2.0 * radius)});
+    }
+    if (const std::size_t left = labels_->place(placer); left > 0)
+        report_.remarks.push_back(std::to_string(left) +
+                                  " labels have no room: enlarge the picture or show a part with --window");
+}
+
+/// Equipment whose block has no text gets its name.
+void PlanComposition::addEquipmentNames() {
+    struct Seen {
+        QPolygonF corners;
+        bool hasText = false;
+    };
+    std::unordered_map<std::uint64_t, Seen> seen;
+    const Filter isEquipment = [this](const picture::EntityInfo& entity) {
+        const PlanElement* const element = elements_.find(entity.handle);
+        return element != nullptr && element->code == zucomn::kEquipment;
+    };
+    picture::produceShapes(*drawing_, scene(isEquipment), [&seen](const picture::Shape& shape) {
+        Seen& equipment = seen[shape.source];
+        equipment.hasText = equipment.hasText || shape.kind == picture::Shape::Kind::text;
+        const QRectF box = shape.path.controlPointRect();
+        equipment.corners << box.topLeft() << box.bottomRight();
+        equipment.corners = QPolygonF(
+            {equipment.corners.boundingRect().topLeft(), equipment.corners.boundingRect().bottomRight()});
+        return true;
+    });
+    for (const PlanElement& element : elements_.all()) {
+        const auto found = seen.find(element.handle);
+        if (found == seen.end() || found->second.hasText)
+            continue;
+        const QRectF box = page_.toPage.mapRect(found->second.corners.boundingRect());
+        if (isInSight(box.center()))
+            labels_->add(elementName(element.id), box.center(), box.size() / 2.0, inks_.ofElement(element),
+                         kElementDistance);
+    }
+}
+
+void PlanComposition::addElementLabels() {
+    for (const PlanElement& element : elements_.all()) {
+        const QPointF at = onPage(element.position);
+        if (!element.isShown || !isInSight(at))
+            continue;
+        QString text;
+        if (options_.labels == PlanLabelKind::handles)
+            text = QString::fromStdString(handleText(element.id));
+        else
+            text =
+                options_.labels == PlanLabelKind::names ? elementName(element.id) : elementSize(element.id);
+        if (!text.isEmpty())
+            labels_->add(text, at, {2.0, 2.0}, theme_.ink, kElementDistance);
+    }
+}
+
+void PlanComposition::paint(picture::PageCanvas& canvas) const {
+    paintDrawing(canvas);
+    if (options_.marksJoints)
+        paintMarks(canvas);
+    labels_->paint(canvas, theme_.ground);
+    if (legend_ && page_.legend.height() > 0.0)
+        legend_->paint(canvas, page_.legend);
+}
+
+/// Elements lie over everything else.
+void PlanComposition::paintDrawing(picture::PageCanvas& canvas) const {
+    picture::ShapePainter painter(canvas, page_.toPage, page_.plan);
+    if (!options_.layout.empty() || elements_.all().empty()) {
+        paintEntities(painter, {});
+    } else {
+        paintEntities(painter,
+                      [this](const picture::EntityInfo& e) { return elements_.find(e.handle) == nullptr; });
+        paintEntities(painter,
+                      [this](const picture::EntityInfo& e) { return elements_.find(e.handle) != nullptr; });
+    }
+    paintOthers(painter);
+    paintHighlights(painter);
+}
+
+void PlanComposition::paintEntities(picture::ShapePainter& painter, const Filter& filter) const {
+    picture::produceShapes(*drawing_, scene(filter), [&](const picture::Shape& shape) {
+        painter.paint(shape, inks_.inkOf(shape));
+        return true;
+    });
+}
+
+void PlanComposition::paintOthers(picture::ShapePainter& painter) const {
+    for (const Other& other : others_) {
+        picture::SceneOptions options = scene({});
+        options.shows = [&other](const picture::EntityInfo& e) { return other.colours.contains(e.handle); };
+        picture::produceShapes(*other.drawing, options, [&](const picture::Shape& shape) {
+            painter.paint(shape, inks_.inkOf(other.colours.at(shape.source)));
+            return true;
+        });
+    }
+}
+
+void PlanComposition::paintHighlights(picture::ShapePainter& painter) const {
+    if (highlighted_.empty())
+        return;
+    const picture::SceneOptions options =
+        scene([this](const picture::EntityInfo& entity) { return highlighted_.contains(entity.handle); });
+    for (const bool halo : {true, false})
+        picture::produceShapes(*drawing_, options, [&](const picture::Shape& shape) {
+            painter.paint(shape,
+                          halo ? picture::Ink{inks_.highlight(), 0.8, kHaloWidth} : inks_.inkOf(shape));
+            return true;
+        });
+}
+
+void PlanComposition::paintMarks(picture::PageCanvas& canvas) const {
+    for (const bool joined : {true, false})
+        for (const PlanJoint& joint : elements_.joints())
+            if (const QPointF at = onPage(joint.position); joint.joined == joined && isInSight(at))
+                paintMark(canvas, at, joined, marks_, theme_.ink);
+}
+
+} // namespace zu::app

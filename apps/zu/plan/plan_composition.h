@@ -1,0 +1,77 @@
+#pragma once
+
+#include "painters/page_canvas.h"
+#include "painters/theme.h"
+#include "plan/plan_elements.h"
+#include "plan/plan_inks.h"
+#include "plan/plan_labels.h"
+#include "plan/plan_legend.h"
+#include "plan/plan_page.h"
+#include "plan/plan_picture.h"
+#include "scene.h"
+
+#include <memory>
+#include <optional>
+#include <unordered_set>
+#include <vector>
+
+namespace zu::app {
+
+/// What a plan consists of and where it lies on its page.
+class PlanComposition {
+public:
+    PlanComposition(AcDbDatabase& drawing, PlanOptions options);
+
+    [[nodiscard]] const PlanReport& report() const { return report_; }
+    [[nodiscard]] const PlanPage& page() const { return page_; }
+    [[nodiscard]] const PlanOptions& options() const { return options_; }
+    [[nodiscard]] const picture::Theme& theme() const { return theme_; }
+    void paint(picture::PageCanvas& canvas) const;
+
+private:
+    using Filter = std::function<bool(const picture::EntityInfo&)>;
+
+    /// Another drawing of which some entities are drawn.
+    struct Other {
+        std::shared_ptr<const picture::Drawing> drawing;
+        std::unordered_map<std::uint64_t, QColor> colours;
+    };
+
+    [[nodiscard]] picture::SceneOptions scene(const Filter& filter) const;
+    [[nodiscard]] bool isInPicture(const picture::EntityInfo& entity) const;
+    void readOthers(AcDbDatabase& drawing);
+    [[nodiscard]] QRectF measure();
+    void reportScene(const picture::Extents& extents);
+    void makeLegend();
+    void sizeMarks();
+    void placeLabels();
+    void addEquipmentNames();
+    void addElementLabels();
+    [[nodiscard]] bool isInSight(const QPointF& onPage) const { return page_.plan.contains(onPage); }
+    [[nodiscard]] QPointF onPage(const AcGePoint2d& point) const {
+        return page_.toPage.map(QPointF(point.x, point.y));
+    }
+
+    void paintDrawing(picture::PageCanvas& canvas) const;
+    void paintEntities(picture::ShapePainter& painter, const Filter& filter) const;
+    void paintHighlights(picture::ShapePainter& painter) const;
+    void paintOthers(picture::ShapePainter& painter) const;
+    void paintMarks(picture::PageCanvas& canvas) const;
+
+    PlanOptions options_;
+    picture::Theme theme_;
+    std::shared_ptr<const picture::Drawing> drawing_;
+    std::vector<Other> others_;
+    PlanElements elements_;
+    PlanInks inks_;
+    std::unordered_set<std::uint64_t> highlighted_;
+    QRectF world_;
+    std::optional<PlanLegend> legend_;
+    PlanPage page_;
+    MarkSize marks_;
+    double capitals_ = 8.0; ///< Height of the letters of labels.
+    std::optional<PlanLabels> labels_;
+    PlanReport report_;
+};
+
+} // namespace zu::app

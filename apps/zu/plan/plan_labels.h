@@ -1,0 +1,43 @@
+#pragma once
+
+#include "painters/page_canvas.h"
+#include "plan/label_placer.h"
+#include "plan/plan_elements.h"
+#include "plan/plan_options.h"
+
+#include <functional>
+#include <vector>
+
+namespace zu::app {
+
+/// A text beside what it belongs to.
+struct PlanLabel {
+    QString text;
+    LabelRequest request;
+    QColor colour;
+    bool isMarker = false; ///< In a box of its colour.
+    LabelPlace place;
+};
+
+/// The labels of a plan: asked for one by one, then placed all at the same time.
+class PlanLabels {
+public:
+    /// `capitals` is the height of the letters, in page units.
+    explicit PlanLabels(double capitals) : capitals_(capitals) {}
+
+    /// `clearance` is the half width and height of what the label must not cover.
+    void add(const QString& text, const QPointF& anchor, const QSizeF& clearance, const QColor& colour,
+             double farthest);
+    void addMarker(const QString& text, const QPointF& anchor, const QColor& colour);
+    [[nodiscard]] bool isEmpty() const { return labels_.empty(); }
+
+    /// Keeps those that find a place. Returns the number of the others.
+    std::size_t place(LabelPlacer& placer);
+    void paint(picture::PageCanvas& canvas, const QColor& ground) const;
+
+private:
+    double capitals_;
+    std::vector<PlanLabel> labels_;
+};
+
+} // namespace zu::app
