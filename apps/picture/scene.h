@@ -28,6 +28,9 @@ struct SceneOptions {
     std::function<bool(const QString&)> showsLayer;
     /// Where infinite lines are cut; the extents of the scene when it is empty.
     QRectF frame;
+    /// World size of what is too small to see in a picture, such as a pixel: smaller shapes come as short
+    /// lines, one of a colour for each place. 0 for all shapes as they are.
+    double resolution = 0.0;
     /// Points, letters, dashes and pattern lines that are produced at most: nested blocks multiply beyond any
     /// memory.
     std::uint64_t most = 20'000'000;

@@ -34,7 +34,7 @@ Drawing::Drawing(std::string bytes, const PartOptions& options)
         readAll(BinaryReader(bytes_, options_.strictTable ? CodeTable::strict : CodeTable::complete));
     else
         readAscii();
-    if (section_ == "ENTITIES")
+    if (section_ == Section::entities)
         entities_.last = objects_.size();
     endBlock();
     const Records version = variable("$ACADVER");
@@ -70,6 +70,17 @@ void Drawing::readAscii() {
     }
 }
 
+Drawing::Section Drawing::sectionOf(std::string_view name) {
+    constexpr std::array kSections{std::pair{std::string_view("HEADER"), Section::header},
+                                   std::pair{std::string_view("TABLES"), Section::tables},
+                                   std::pair{std::string_view("BLOCKS"), Section::blocks},
+                                   std::pair{std::string_view("ENTITIES"), Section::entities},
+                                   std::pair{std::string_view("OBJECTS"), Section::objects}};
+    const auto found = std::find_if(kSections.begin(), kSections.end(),
+                                    [&](const auto& section) { return section.first == name; });
+    return found == kSections.end() ? Section::other : found->second;
+}
+
 template <typename Reader>
 void Drawing::readAll(Reader reader) {
     for (Record record; reader.next(record) == ReadResult::record;)
@@ -81,13 +92,13 @@ void Drawing::add(const Record& record) {
         startObject(record.value);
         return;
     }
-    if (section_.empty() && record.code == 2) {
-        section_ = record.value;
-        if (section_ == "ENTITIES")
+    if (section_ == Section::none && record.code == 2) {
+        section_ = sectionOf(record.value);
+        if (section_ == Section::entities)
             entities_ = {objects_.size(), objects_.size()};
         return;
     }
-    if (section_ == "HEADER") {
+    if (section_ == Section::header) {
         if (record.code == 9) {
             currentVariable_ = record.value;
             variables_[currentVariable_] = {tags_.size(), tags_.size()};
@@ -100,14 +111,14 @@ void Drawing::add(const Record& record) {
     if (!isObjectOpen_ || skipsTags_)
         return;
     Object& object = objects_.back();
-    const bool isTable = section_ == "TABLES";
+    const bool isTable = section_ == Section::tables;
     if (record.code == kEmbeddedObject || (record.code >= kFirstExtendedData && !isTable)) {
         skipsTags_ = true;
         return;
     }
     if (object.handle == 0 && (record.code == 5 || (record.code == 105 && isTable))) {
         object.handle = zuhost::parseHandle(record.value).value_or(0);
-        if (section_ == "TABLES" || section_ == "OBJECTS")
+        if (section_ == Section::tables || section_ == Section::objects)
             byHandle_.try_emplace(object.handle, objects_.size() - 1);
     }
     tags_.push_back({record.code, record.value});
@@ -118,20 +129,20 @@ void Drawing::startObject(std::string_view type) {
     isObjectOpen_ = false;
     skipsTags_ = false;
     if (type == "SECTION" || type == "ENDSEC" || type == "EOF") {
-        if (section_ == "ENTITIES")
+        if (section_ == Section::entities)
             entities_.last = objects_.size();
         endBlock();
-        section_ = {};
+        section_ = Section::none;
         return;
     }
     if (type == "ENDBLK") {
         endBlock();
         return;
     }
-    if (section_ == "OBJECTS" &&
+    if (section_ == Section::objects &&
         std::find(kObjectTypes.begin(), kObjectTypes.end(), type) == kObjectTypes.end())
         return;
-    if (section_ == "BLOCKS" && type == "BLOCK") {
+    if (section_ == Section::blocks && type == "BLOCK") {
         endBlock();
         blockHeads_.push_back(objects_.size());
         blocks_.push_back({{}, {}, false, {objects_.size() + 1, 0}});
@@ -191,6 +202,13 @@ const Object* Drawing::find(std::uint64_t handle) const {
 const Block* Drawing::findBlock(const QString& name) const {
     const auto found = blockIndex_.find(name.toUpper());
     return found == blockIndex_.end() ? nullptr : &blocks_[found->second];
+}
+
+const Block* Drawing::findBlockRaw(std::string_view name) const {
+    const auto [known, isNew] = knownBlocks_.try_emplace(name, nullptr);
+    if (isNew)
+        known->second = findBlock(decode(name));
+    return known->second;
 }
 
 const Block* Drawing::findBlock(std::uint64_t blockRecord) const {

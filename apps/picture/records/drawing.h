@@ -61,6 +61,8 @@ public:
 
     // Names are compared without regard to case.
     [[nodiscard]] const Block* findBlock(const QString& name) const;
+    /// By the undecoded name, which is kept: most references are to few blocks.
+    [[nodiscard]] const Block* findBlockRaw(std::string_view name) const;
     /// The block whose block record has the handle.
     [[nodiscard]] const Block* findBlock(std::uint64_t blockRecord) const;
 
@@ -76,6 +78,9 @@ public:
     void setHandles(const std::vector<std::uint64_t>& handles);
 
 private:
+    enum class Section { none, header, tables, blocks, entities, objects, other };
+
+    static Section sectionOf(std::string_view name);
     template <typename Reader>
     void readAll(Reader reader);
     void readAscii();
@@ -95,9 +100,10 @@ private:
     std::vector<Block> blocks_;
     std::vector<std::size_t> blockHeads_;
     std::map<QString, std::size_t> blockIndex_;
+    mutable std::unordered_map<std::string_view, const Block*> knownBlocks_;
     ObjectRange entities_;
 
-    std::string_view section_;
+    Section section_ = Section::none;
     std::string_view currentVariable_;
     bool isObjectOpen_ = false;
     bool skipsTags_ = false;

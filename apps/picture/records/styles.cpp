@@ -78,13 +78,14 @@ TextStyle readTextStyle(const Records& records) {
 } // namespace
 
 std::optional<Colour> colourOf(const Records& records) {
-    const int number = records.integer(62, kByLayerColour);
-    if (records.has(420))
-        return Colour{number > 0 && number <= kLastColour ? number : Colour::kForeground,
-                      static_cast<std::uint32_t>(records.integer(420)) & 0xFFFFFFU};
-    if (number > 0 && number <= kLastColour)
-        return Colour{number, std::nullopt};
-    return std::nullopt;
+    return colourOf(records.integer(62, kByLayerColour), records.integer(420, -1));
+}
+
+std::optional<Colour> colourOf(int number, int rgb) {
+    const bool isNumber = number > 0 && number <= kLastColour;
+    if (rgb >= 0)
+        return Colour{isNumber ? number : Colour::kForeground, static_cast<std::uint32_t>(rgb) & 0xFFFFFFU};
+    return isNumber ? std::optional(Colour{number, std::nullopt}) : std::nullopt;
 }
 
 Styles::Styles(const Drawing& drawing) : drawing_(drawing) {

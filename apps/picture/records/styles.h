@@ -72,5 +72,7 @@ private:
 /// The colour of an entity or layer: the true colour (420) before the number. Nullopt when the records have
 /// neither.
 [[nodiscard]] std::optional<Colour> colourOf(const Records& records);
+/// The same of the values; `rgb` is negative for none.
+[[nodiscard]] std::optional<Colour> colourOf(int number, int rgb);
 
 } // namespace zu::picture

@@ -67,21 +67,63 @@ QPointF Canvas::worldPoint(const AcGePoint3d& point) const {
     return {placed.x, placed.y};
 }
 
-void Canvas::emitShape(const Entity& entity, Shape::Kind kind) {
+void Canvas::emitShape(const Entity& entity, Shape::Kind kind, const QRectF& box) {
     shape_.kind = kind;
     shape_.lineWeight = entity.look.lineWeight;
+    const bool hasDashes = kind == Shape::Kind::stroke;
+    const Linetype* const linetype = hasDashes ? entity.look.linetype : nullptr;
+    if (recorded_ == nullptr) {
+        deliver(linetype, entity.look.linetypeScale, box);
+        return;
+    }
+    recorded_->add(shape_, linetype, entity.look.linetypeScale, box);
+}
+
+/// Gives the shape to the sink.
+void Canvas::deliver(const Linetype* linetype, double linetypeScale, const QRectF& box) {
     shape_.dashes.clear();
-    if (kind == Shape::Kind::stroke && entity.look.linetype != nullptr)
-        setDashes(entity);
-    if (!isStopped_ && !sink_(shape_))
+    if (isStopped_)
+        return;
+    if (isSpeck(box)) {
+        deliverSpeck(box);
+        return;
+    }
+    if (linetype != nullptr)
+        setDashes(*linetype, linetypeScale);
+    if (!sink_(shape_))
         isStopped_ = true;
 }
 
+/// Letters are illegible when they are low, however long the text is.
+bool Canvas::isSpeck(const QRectF& box) const {
+    if (shape_.kind == Shape::Kind::dot)
+        return false;
+    const bool isText = shape_.kind == Shape::Kind::text;
+    return (isText ? std::min(box.width(), box.height()) : std::max(box.width(), box.height())) <
+           options_.resolution;
+}
+
+/// A line as long as the shape, unless one of the colour is there already.
+void Canvas::deliverSpeck(const QRectF& box) {
+    const double size = options_.resolution;
+    const QPointF centre = box.center();
+    if (!specks_.add({std::floor(centre.x() / size), std::floor(centre.y() / size)}, shape_.colour))
+        return;
+    const Shape::Kind kind = shape_.kind;
+    shape_.kind = Shape::Kind::stroke;
+    shape_.path.clear();
+    shape_.path.moveTo(box.topLeft());
+    shape_.path.lineTo(box.bottomRight());
+    if (!sink_(shape_))
+        isStopped_ = true;
+    shape_.kind = kind;
+}
+
 /// A line with too many dashes to see them is drawn continuous.
-void Canvas::setDashes(const Entity& entity) {
-    const double scale = entity.look.linetypeScale * styles_.linetypeScale();
+void Canvas::setDashes(const Linetype& linetype, double linetypeScale) {
+    const double scale = linetypeScale * styles_.linetypeScale();
     double pattern = 0.0;
-    for (const double dash : entity.look.linetype->dashes) {
+    for (const double dash : linetype.dashes) {
         shape_.dashes.push_back(dash * scale);
         pattern += std::abs(dash * scale);
     }
@@ -97,12 +139,13 @@ void Canvas::stroke(const Entity& entity, const QPainterPath& path, const QTrans
     if (path.isEmpty() || !take(static_cast<std::uint64_t>(path.elementCount())))
         return;
     shape_.path = toWorld.map(path);
-    if (!isNear(shape_.path.controlPointRect())) {
+    const QRectF box = shape_.path.controlPointRect();
+    if (!isNear(box)) {
         isOutOfRange_ = true;
         return;
     }
     shape_.colour = entity.look.colour;
-    emitShape(entity, Shape::Kind::stroke);
+    emitShape(entity, Shape::Kind::stroke, box);
 }
 
 void Canvas::stroke(const Entity& entity, const std::vector<AcGePoint3d>& points, bool closed) {
@@ -123,7 +166,7 @@ void Canvas::stroke(const Entity& entity, const std::vector<AcGePoint3d>& points
     if (closed)
         shape_.path.closeSubpath();
     shape_.colour = entity.look.colour;
-    emitShape(entity, Shape::Kind::stroke);
+    emitShape(entity, Shape::Kind::stroke, shape_.path.controlPointRect());
 }
 
 void Canvas::line(const Entity& entity, const AcGePoint3d& from, const AcGePoint3d& to) {
@@ -134,13 +177,13 @@ void Canvas::fill(const Entity& entity, const QPainterPath& path, const QTransfo
     if (path.isEmpty() || !take(static_cast<std::uint64_t>(path.elementCount())))
         return;
     shape_.path = toWorld.map(path);
-    if (!isNear(shape_.path.controlPointRect())) {
+    const QRectF box = shape_.path.controlPointRect();
+    if (!isNear(box)) {
         isOutOfRange_ = true;
         return;
     }
-    shape_.path.setFillRule(path.fillRule());
     shape_.colour = entity.look.colour;
-    emitShape(entity, Shape::Kind::fill);
+    emitShape(entity, Shape::Kind::fill, box);
 }
 
 void Canvas::dot(const Entity& entity, const AcGePoint3d& place) {
@@ -153,7 +196,7 @@ void Canvas::dot(const Entity& entity, const AcGePoint3d& place) {
     shape_.path.moveTo(point);
     shape_.path.lineTo(point);
     shape_.colour = entity.look.colour;
-    emitShape(entity, Shape::Kind::dot);
+    emitShape(entity, Shape::Kind::dot, {point, point});
 }
 
 void Canvas::text(const Entity& entity, TextRun run, const QTransform& toWorld) {
@@ -164,14 +207,16 @@ void Canvas::text(const Entity& entity, TextRun run, const QTransform& toWorld, 
     if (run.text.isEmpty() || !take(kWorkPerLetter * static_cast<std::uint64_t>(run.text.size())))
         return;
     run.place = run.place * toWorld;
-    if (!isNear(cornersOf(run).boundingRect())) {
+    const QRectF box = cornersOf(run).boundingRect();
+    if (!isNear(box)) {
         isOutOfRange_ = true;
         return;
     }
     shape_.path.clear();
     shape_.run = std::move(run);
     shape_.colour = colour;
-    emitShape(entity, Shape::Kind::text);
+    emitShape(entity, Shape::Kind::text, box);
+    shape_.run = {};
 }
 
 /// What blocks set for what they contain, restored at their end.
@@ -197,14 +242,91 @@ Outcome Canvas::block(const Entity& entity, const Block& block, const AcGeMatrix
     if (blocks_.size() >= kDeepestNesting)
         return "it is nested too deeply";
     const Inherited restored(*this);
-    blocks_.push_back(&block);
-    toWorld_ = toWorld_ * placement * AcGeMatrix3d::translation(-block.base.asVector());
+    const AcGeMatrix3d inner = toWorld_ * placement * AcGeMatrix3d::translation(-block.base.asVector());
+    const auto& e = inner.entry;
+    const bool isUpright = e[0][2] == 0.0 && e[1][2] == 0.0;
     around_ = entity.look;
+    blocks_.push_back(&block);
+    const BlockPicture* const picture = isUpright ? pictureOf(entity, block) : nullptr;
+    if (picture != nullptr) {
+        drawPicture(*picture, {e[0][0], e[1][0], e[0][1], e[1][1], e[0][3], e[1][3]});
+    } else {
+        toWorld_ = inner;
+        drawContents(block);
+    }
+    blocks_.pop_back();
+    return kDrawn;
+}
+
+void Canvas::drawContents(const Block& block) {
     for (std::size_t i = block.objects.first; i < block.objects.last && !isStopped_;
          i = drawing_.partsOf(i).last)
         draw(i);
-    blocks_.pop_back();
-    return kDrawn;
+}
+
+/// Returns the shapes of a block in its own coordinates, recorded when it is first shown; null when they have
+/// to be produced in place. Blocks within a recorded one become part of it.
+const BlockPicture* Canvas::pictureOf(const Entity& entity, const Block& block) {
+    if (recorded_ != nullptr || !frozen_.empty() || blocks_.size() > 1)
+        return nullptr;
+    const auto [picture, isNew] = pictures_.find(block, entity.look);
+    if (isNew) {
+        recorded_ = picture;
+        toWorld_ = {};
+        drawContents(block);
+        recorded_ = nullptr;
+        if (!picture->isComplete)
+            picture->shapes = {};
+    }
+    return picture->isComplete ? picture : nullptr;
+}
+
+void Canvas::drawPicture(const BlockPicture& picture, const QTransform& place) {
+    const bool isAligned =
+        (place.m12() == 0.0 && place.m21() == 0.0) || (place.m11() == 0.0 && place.m22() == 0.0);
+    if (isMeasuring() && isAligned && !picture.shapes.empty()) {
+        measurePicture(picture, place);
+        return;
+    }
+    for (const RecordedShape& recorded : picture.shapes) {
+        if (!take(static_cast<std::uint64_t>(recorded.shape.path.elementCount()) + 1 +
+                  kWorkPerLetter * static_cast<std::uint64_t>(recorded.shape.run.text.size())))
+            return;
+        const QRectF box = place.mapRect(recorded.box);
+        if (!isNear(box)) {
+            isOutOfRange_ = true;
+            continue;
+        }
+        shape_.kind = recorded.shape.kind;
+        shape_.colour = recorded.shape.colour;
+        shape_.lineWeight = recorded.shape.lineWeight;
+        if (!isSpeck(box)) {
+            if (shape_.kind == Shape::Kind::text) {
+                shape_.run = recorded.shape.run;
+                shape_.run.place = recorded.shape.run.place * place;
+            } else {
+                shape_.path = place.map(recorded.shape.path);
+            }
+        }
+        deliver(recorded.linetype, recorded.linetypeScale, box);
+        shape_.run = {};
+    }
+}
+
+/// All shapes at once.
+void Canvas::measurePicture(const BlockPicture& picture, const QTransform& place) {
+    const QRectF box = place.mapRect(picture.box());
+    if (!take(picture.work() + 1))
+        return;
+    if (!isNear(box)) {
+        isOutOfRange_ = true;
+        return;
+    }
+    shape_.kind = Shape::Kind::stroke;
+    shape_.path.clear();
+    shape_.path.moveTo(box.topLeft());
+    shape_.path.lineTo(box.bottomRight());
+    deliver(nullptr, 1.0, box);
 }
 
 void Canvas::space(const std::vector<std::size_t>& entities, const AcGeMatrix3d& placement,
@@ -242,30 +364,73 @@ void Canvas::topLevel(const std::vector<std::size_t>& entities) {
     }
 }
 
+namespace {
+
+/// The places of the records that all entities can have, found in one pass.
+struct CommonPlaces {
+    explicit CommonPlaces(const Records& records)
+        : layer(records.size()), linetype(layer), scale(layer), colour(layer), trueColour(layer),
+          weight(layer) {
+        for (std::size_t i = records.size(); i-- > 0;) {
+            switch (records.code(i)) {
+            case 6:
+                linetype = i;
+                break;
+            case 8:
+                layer = i;
+                break;
+            case 48:
+                scale = i;
+                break;
+            case 62:
+                colour = i;
+                break;
+            case 370:
+                weight = i;
+                break;
+            case 420:
+                trueColour = i;
+                break;
+            default:
+                break;
+            }
+        }
+    }
+
+    std::size_t layer;
+    std::size_t linetype;
+    std::size_t scale;
+    std::size_t colour;
+    std::size_t trueColour;
+    std::size_t weight;
+};
+
+} // namespace
+
 Look Canvas::lookOf(const Records& records) const {
-    Look look;
-    look.layer = &styles_.layer(records.raw(8));
+    constexpr int kByLayerColour = 256;
+    const CommonPlaces places(records);
     const bool isInBlock = around_.has_value();
-    const std::string_view layer = records.raw(8);
-    if (isInBlock && (layer.empty() || layer == "0"))
-        look.layer = around_->layer;
-    const auto own = colourOf(records);
-    const bool isByBlock = !own && records.integer(62, 256) == 0;
-    look.colour = own ? *own : isByBlock ? (isInBlock ? around_->colour : Colour()) : look.layer->colour;
+    const std::string_view layer = places.layer < records.size() ? records.tags()[places.layer].value : "0";
+    Look look;
+    look.layer = isInBlock && layer == "0" ? around_->layer : &styles_.layer(layer);
+    const int number = records.integerAt(places.colour, kByLayerColour);
+    const auto own = colourOf(number, records.integerAt(places.trueColour, -1));
+    look.colour = own ? *own : number != 0 ? look.layer->colour : (isInBlock ? around_->colour : Colour());
 
     constexpr int kByBlock = -2;
     constexpr int kDefault = -3;
-    const int weight = records.integer(370, -1);
+    const int weight = records.integerAt(places.weight, -1);
     look.lineWeight = weight >= 0          ? weight
                       : weight == kDefault ? Styles::kDefaultWeight
                       : weight == kByBlock ? (isInBlock ? around_->lineWeight : Styles::kDefaultWeight)
                                            : look.layer->lineWeight;
 
-    const QString linetype = records.has(6) ? records.text(6).toUpper() : QString();
+    const QString linetype = records.textAt(places.linetype).toUpper();
     look.linetype = linetype.isEmpty() || linetype == u"BYLAYER" ? look.layer->linetype
                     : linetype == u"BYBLOCK"                     ? (isInBlock ? around_->linetype : nullptr)
                                                                  : styles_.linetype(linetype);
-    look.linetypeScale = records.real(48, 1.0);
+    look.linetypeScale = records.realAt(places.scale, 1.0);
     return look;
 }
 
@@ -328,6 +493,8 @@ SceneReport Canvas::report() const {
 }
 
 QRectF Canvas::frame() {
+    if (recorded_ != nullptr)
+        recorded_->isComplete = false; // what depends on the frame depends on the place
     if (!frame_)
         frame_ = options_.frame.isNull() ? measureScene(drawing_, options_).box : options_.frame;
     return *frame_;

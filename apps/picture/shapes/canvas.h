@@ -3,6 +3,7 @@
 #include "records/drawing.h"
 #include "records/styles.h"
 #include "scene.h"
+#include "shapes/block_picture.h"
 
 #include <gemat3d.h>
 
@@ -17,15 +18,6 @@ using Outcome = std::string_view;
 inline constexpr Outcome kDrawn{};
 /// It is no graphics where it stands, and does not count.
 inline constexpr Outcome kNoGraphics = "no graphics";
-
-/// What an entity's shapes look like.
-struct Look {
-    const Layer* layer = nullptr;
-    Colour colour;
-    int lineWeight = Styles::kDefaultWeight;
-    const Linetype* linetype = nullptr;
-    double linetypeScale = 1.0;
-};
 
 /// One entity for its builder.
 struct Entity {
@@ -98,8 +90,15 @@ private:
     [[nodiscard]] Outcome hiddenBy(const Entity& entity) const;
     void draw(std::size_t index);
     void count(std::size_t index, Outcome outcome);
-    void emitShape(const Entity& entity, Shape::Kind kind);
-    void setDashes(const Entity& entity);
+    void emitShape(const Entity& entity, Shape::Kind kind, const QRectF& box);
+    void setDashes(const Linetype& linetype, double scale);
+    void deliver(const Linetype* linetype, double linetypeScale, const QRectF& box);
+    [[nodiscard]] bool isSpeck(const QRectF& box) const;
+    void deliverSpeck(const QRectF& box);
+    const BlockPicture* pictureOf(const Entity& entity, const Block& block);
+    void drawContents(const Block& block);
+    void drawPicture(const BlockPicture& picture, const QTransform& place);
+    void measurePicture(const BlockPicture& picture, const QTransform& place);
 
     const Drawing& drawing_;
     const SceneOptions& options_;
@@ -121,6 +120,9 @@ private:
     std::map<std::string, std::size_t> drawn_;
     std::map<std::pair<std::string, std::string>, std::size_t> notDrawn_;
     std::optional<QRectF> frame_;
+    BlockPictures pictures_;
+    BlockPicture* recorded_ = nullptr; ///< Receives the shapes while a block is recorded.
+    Specks specks_;
 };
 
 /// Produces the shapes of one entity of a type.

@@ -11,6 +11,8 @@ namespace {
 constexpr double kDegree = std::numbers::pi / 180.0;
 
 AcGeMatrix3d planeMatrix(const Records& records) {
+    if (!records.has(210))
+        return {};
     const AcGeVector3d normal = records.point(210, {0.0, 0.0, 1.0}).asVector();
     return AcGeMatrix3d::planeToWorld(normal.isZeroLength() ? AcGeVector3d::kZAxis : normal);
 }
@@ -23,9 +25,9 @@ double factor(const Records& records, int code) {
 
 AcGeMatrix3d scaleAndTurn(const Records& records) {
     const double angle = std::fmod(records.real(50), 360.0) * kDegree;
-    const AcGeMatrix3d turn = AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis);
-    return turn *
-           AcGeMatrix3d::scaling(AcGeScale3d(factor(records, 41), factor(records, 42), factor(records, 43)));
+    const AcGeMatrix3d scale =
+        AcGeMatrix3d::scaling(AcGeScale3d(factor(records, 41), factor(records, 42), factor(records, 43)));
+    return angle == 0.0 ? scale : AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis) * scale;
 }
 
 Outcome drawArray(Canvas& canvas, const Entity& entity, const Block& block) {
@@ -66,7 +68,7 @@ Outcome drawGraphics(Canvas& canvas, const Entity& entity, const QString& name,
 
 /// INSERT: a block once or in rows and columns, then its attributes.
 Outcome buildReference(Canvas& canvas, const Entity& entity) {
-    const Block* const block = canvas.drawing().findBlock(entity.records.text(2));
+    const Block* const block = canvas.drawing().findBlockRaw(entity.records.raw(2));
     const ObjectRange attributes = canvas.drawing().partsOf(entity.index);
     for (std::size_t i = attributes.first; i < attributes.last; ++i)
         canvas.entityAt(i);
