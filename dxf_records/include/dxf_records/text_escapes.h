@@ -18,10 +18,8 @@ inline constexpr int kDefaultCodePage = 932;
 /// be the encoding of a drawing. `decode` decodes bytes of the page.
 template <typename Decode>
 [[nodiscard]] bool extendsAscii(Decode decode) {
-    std::string sample;
-    for (char c = ' '; c < '\x7F'; ++c)
-        sample += c;
-    return decode(sample) == std::wstring(sample.begin(), sample.end());
+    constexpr std::string_view kSample = " +-09AZ\\^_az{}~";
+    return decode(kSample) == std::wstring(kSample.begin(), kSample.end());
 }
 
 /// Returns the number of a code page by its name in drawings: "ANSI_932", "ansi_1252", "DOS850", "dos_437" or
