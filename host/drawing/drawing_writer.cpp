@@ -163,10 +163,13 @@ void DrawingWriter::writeMembers(const Container& container) {
 }
 
 void DrawingWriter::writeObject(const AcDbStub& stub) {
-    const TagList* tags = tagsOf(stub);
-    const bool replacesHandle = replacesHandles_ && stub.replacesHandle;
-    if (!tags && !replacesHandle)
-        return; // Copied with the next span.
+    const TagList* const tags = tagsOf(stub);
+    if (tags || (replacesHandles_ && stub.replacesHandle))
+        rewrite(stub, tags);
+    // Others are copied with the next span.
+}
+
+void DrawingWriter::rewrite(const AcDbStub& stub, const TagList* tags) {
     replace(spanOf(stub));
     output_.records(tags ? *tags : objectTags(state_, stub));
 }

@@ -19,6 +19,7 @@ private:
     void writeCreated(const Container& container);
     void writeHead(const Container& container);
     void writeObject(const AcDbStub& stub);
+    void rewrite(const AcDbStub& stub, const TagList* tags);
     void writeNew(const AcDbStub& stub, const Container* container);
     void openSection(const Container& container);
     void closeSection();
