@@ -70,7 +70,10 @@ std::size_t AcDbObject::extendedDataStart() const {
 }
 
 TagRange AcDbObject::section(std::string_view marker) const {
-    return marker.empty() ? TagRange{0, extendedDataStart()} : tags().subclass(marker, firstMarker());
+    if (marker.empty())
+        return {0, extendedDataStart()};
+    // While open for write the first marker is not cached: searching for it first would only take longer.
+    return tags().subclass(marker, isWriteEnabled() ? 0 : firstMarker());
 }
 
 double AcDbObject::realTag(std::string_view marker, int code, double missing) const {

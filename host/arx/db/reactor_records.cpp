@@ -1,17 +1,17 @@
 #include "reactor_records.h"
 
-#include "dxf_records/number_text.h"
-
 #include <algorithm>
+#include <optional>
 
 namespace zuhost {
 
 namespace {
 
-constexpr int kBracket = 102;
-constexpr int kMarker = 100;
-constexpr int kEntry = 330;
-constexpr std::string_view kOpening = "{ACAD_REACTORS";
+using reactor_records::kBracket;
+using reactor_records::kEntry;
+using reactor_records::kFirstExtended;
+using reactor_records::kMarker;
+using reactor_records::kOpening;
 
 struct ReactorGroup {
     std::size_t opening;
@@ -19,20 +19,21 @@ struct ReactorGroup {
     bool closed;
 };
 
-std::vector<ReactorGroup> reactorGroups(const TagList& tags) {
-    std::vector<ReactorGroup> groups;
-    const std::size_t end = tags.extendedDataStart();
-    for (std::size_t i = 0; i < end; ++i) {
+/// Calls `visit` with each group in order.
+template <typename Visit>
+void visitGroups(const TagList& tags, Visit visit) {
+    const auto isInside = [&tags](std::size_t i) { return i < tags.size() && tags[i].code < kFirstExtended; };
+    for (std::size_t i = 0; isInside(i); ++i) {
         if (tags[i].code != kBracket || tags[i].value != kOpening)
             continue;
         std::size_t last = i + 1;
-        while (last < end && tags[last].code != kBracket && tags[last].code != kMarker)
+        while (isInside(last) && tags[last].code != kBracket && tags[last].code != kMarker)
             ++last;
-        const bool closed = last < end && tags[last].code == kBracket && !tags[last].value.starts_with('{');
-        groups.push_back({i, last, closed});
+        const bool closed =
+            isInside(last) && tags[last].code == kBracket && !tags[last].value.starts_with('{');
+        visit(ReactorGroup{i, last, closed});
         i = last - 1;
     }
-    return groups;
 }
 
 /// Returns the index for a new group: after the handle, before all other records.
@@ -44,36 +45,36 @@ std::size_t placeForGroup(const TagList& tags) {
 }
 
 void eraseEmptyGroups(TagList& tags) {
-    const std::vector<ReactorGroup> groups = reactorGroups(tags);
-    for (auto group = groups.rbegin(); group != groups.rend(); ++group)
-        if (group->closed && group->end == group->opening + 1)
-            tags.erase({group->opening, group->end + 1});
+    std::vector<TagRange> empty;
+    visitGroups(tags, [&empty](const ReactorGroup& group) {
+        if (group.closed && group.end == group.opening + 1)
+            empty.push_back({group.opening, group.end + 1});
+    });
+    for (auto group = empty.rbegin(); group != empty.rend(); ++group)
+        tags.erase(*group);
 }
 
 } // namespace
 
 std::vector<ReactorEntry> reactorEntries(const TagList& tags) {
     std::vector<ReactorEntry> entries;
-    for (const ReactorGroup& group : reactorGroups(tags))
-        for (std::size_t i = group.opening + 1; i < group.end; ++i)
-            if (tags[i].code == kEntry)
-                if (const auto handle = parseHandle(tags[i].value))
-                    entries.push_back({i, *handle});
+    visitReactorEntries(tags, [&entries](const ReactorEntry& entry) { entries.push_back(entry); });
     return entries;
 }
 
 void addReactorEntries(TagList& tags, const std::vector<std::uint64_t>& handles) {
-    std::vector<Tag> entries;
+    std::optional<std::size_t> place;
+    visitGroups(tags, [&place](const ReactorGroup& group) { place = group.end; });
+    const bool isNewGroup = !place;
+    TagList added;
+    added.reserve(handles.size() + 2);
+    if (isNewGroup)
+        added.add(kBracket, std::string(kOpening));
     for (const std::uint64_t handle : handles)
-        entries.push_back({kEntry, formatHandle(handle)});
-    const std::vector<ReactorGroup> groups = reactorGroups(tags);
-    if (!groups.empty()) {
-        tags.insert(groups.back().end, entries);
-        return;
-    }
-    entries.insert(entries.begin(), {kBracket, std::string(kOpening)});
-    entries.push_back({kBracket, "}"});
-    tags.insert(placeForGroup(tags), entries);
+        added.add(kEntry, formatHandle(handle));
+    if (isNewGroup)
+        added.add(kBracket, "}");
+    tags.insert(place.value_or(placeForGroup(tags)), std::move(added));
 }
 
 void eraseReactorEntries(TagList& tags, const std::vector<std::size_t>& places) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "drawing/tag_list.h"
+#include "dxf_records/number_text.h"
 
 #include <cstdint>
 #include <string_view>
@@ -16,7 +17,33 @@ struct ReactorEntry {
     std::uint64_t handle;
 };
 
-/// Returns all entries in order. Damaged objects can have several groups of them, or one that is not closed.
+namespace reactor_records {
+
+inline constexpr int kBracket = 102;
+inline constexpr int kMarker = 100;
+inline constexpr int kEntry = 330;
+inline constexpr int kFirstExtended = 1000;
+inline constexpr std::string_view kOpening = "{ACAD_REACTORS";
+
+} // namespace reactor_records
+
+/// Calls `visit` with each entry in order. Damaged objects can have several groups of them, or one that is
+/// not closed.
+template <typename Visit>
+void visitReactorEntries(const TagList& tags, Visit visit) {
+    using namespace reactor_records;
+    bool isInGroup = false;
+    for (std::size_t i = 0; i < tags.size() && tags[i].code < kFirstExtended; ++i) {
+        const Tag& tag = tags[i];
+        if (tag.code == kBracket || tag.code == kMarker)
+            isInGroup = tag.code == kBracket && tag.value == kOpening;
+        else if (isInGroup && tag.code == kEntry)
+            if (const auto handle = parseHandle(tag.value))
+                visit(ReactorEntry{i, *handle});
+    }
+}
+
+/// Returns all entries in order.
 [[nodiscard]] std::vector<ReactorEntry> reactorEntries(const TagList& tags);
 
 /// Appends the entries to the last group; creates a group when there is none.

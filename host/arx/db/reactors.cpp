@@ -21,12 +21,17 @@ void* persistentEntry(AcDbStub* stub) {
     return reinterpret_cast<char*>(stub) + 1;
 }
 
+bool isCurrent(const std::unique_ptr<zuhost::ReactorIndex>& index, std::uint32_t tagVersion) {
+    return index && index->version == tagVersion;
+}
+
 template <typename Predicate>
 std::vector<std::size_t> placesOf(const TagList& tags, Predicate isWanted) {
     std::vector<std::size_t> places;
-    for (const zuhost::ReactorEntry& entry : zuhost::reactorEntries(tags))
+    zuhost::visitReactorEntries(tags, [&](const zuhost::ReactorEntry& entry) {
         if (isWanted(entry.handle))
             places.push_back(entry.place);
+    });
     return places;
 }
 
@@ -38,6 +43,37 @@ std::vector<std::size_t> surplusEntries(const TagList& tags, const zuhost::Docum
         return named == nullptr || !seen.insert(named).second;
     });
 }
+
+// Changes of the persistent reactors: of their index, or of the records of an object that has few.
+
+struct AddReactor {
+    std::uint64_t handle;
+
+    void operator()(zuhost::ReactorIndex& index) const { index.add(handle); }
+    void operator()(TagList& tags) const { zuhost::addReactorEntries(tags, {handle}); }
+};
+
+struct RemoveReactor {
+    std::uint64_t handle;
+
+    void operator()(zuhost::ReactorIndex& index) const { index.remove(handle); }
+    void operator()(TagList& tags) const {
+        zuhost::eraseReactorEntries(tags, placesOf(tags, [this](std::uint64_t h) { return h == handle; }));
+    }
+};
+
+template <typename Change>
+struct ChangeReactors {
+    Change change;
+
+    void operator()(zuhost::ReactorIndex& index) const { change(index); }
+    void operator()(TagList& tags) const {
+        constexpr std::uint32_t kAnyVersion = 0;
+        zuhost::ReactorIndex index(zuhost::reactorEntries(tags), kAnyVersion);
+        change(index);
+        index.apply(tags);
+    }
+};
 
 } // namespace
 
@@ -63,7 +99,7 @@ void AcDbObject::removeReactor(AcDbObjectReactor* reactor) const {
 }
 
 zuhost::ReactorIndex* AcDbObject::reactorIndex() const {
-    if (reactorIndex_ && reactorIndex_->version == tagVersion_)
+    if (isCurrent(reactorIndex_, tagVersion_))
         return reactorIndex_.get();
     const std::vector<zuhost::ReactorEntry> entries = zuhost::reactorEntries(tags());
     reactorIndex_ =
@@ -75,9 +111,17 @@ bool AcDbObject::hasPersistentReactor(AcDbObjectId reactor) const {
     if (reactor.isNull())
         return false;
     const std::uint64_t handle = reactor.handle().value();
-    if (const zuhost::ReactorIndex* const index = reactorIndex())
-        return index->has(handle);
-    return !placesOf(tags(), [handle](std::uint64_t named) { return named == handle; }).empty();
+    if (isCurrent(reactorIndex_, tagVersion_))
+        return reactorIndex_->has(handle);
+    std::size_t count = 0;
+    bool isFound = false;
+    zuhost::visitReactorEntries(tags(), [&](const zuhost::ReactorEntry& entry) {
+        ++count;
+        isFound |= entry.handle == handle;
+    });
+    if (count > kFewEntries)
+        reactorIndex(); // for the next search
+    return isFound;
 }
 
 Acad::ErrorStatus AcDbObject::addPersistentReactor(AcDbObjectId reactor) {
@@ -85,29 +129,31 @@ Acad::ErrorStatus AcDbObject::addPersistentReactor(AcDbObjectId reactor) {
         return Acad::eNullObjectId;
     if (hasPersistentReactor(reactor))
         return Acad::eOk;
-    return changeReactors([handle = reactor.handle().value()](zuhost::ReactorIndex& i) { i.add(handle); });
+    return changeReactors(AddReactor{reactor.handle().value()});
 }
 
 Acad::ErrorStatus AcDbObject::addPersistentReactors(const std::vector<AcDbObjectId>& reactors) {
-    return changeReactors([&](zuhost::ReactorIndex& index) {
+    reactorIndex(); // built if there are many
+    return changeReactors(ChangeReactors{[&](zuhost::ReactorIndex& index) {
         for (const AcDbObjectId reactor : reactors)
             if (!reactor.isNull())
                 index.add(reactor.handle().value());
-    });
+    }});
 }
 
 Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId reactor) {
     if (!hasPersistentReactor(reactor))
         return Acad::eKeyNotFound;
-    return changeReactors([handle = reactor.handle().value()](zuhost::ReactorIndex& i) { i.remove(handle); });
+    return changeReactors(RemoveReactor{reactor.handle().value()});
 }
 
 Acad::ErrorStatus AcDbObject::removePersistentReactors(const std::unordered_set<AcDbObjectId>& reactors) {
-    return changeReactors([&](zuhost::ReactorIndex& index) {
+    reactorIndex(); // built if there are many
+    return changeReactors(ChangeReactors{[&](zuhost::ReactorIndex& index) {
         for (const AcDbObjectId reactor : reactors)
             if (!reactor.isNull())
                 index.remove(reactor.handle().value());
-    });
+    }});
 }
 
 template <typename Change>
@@ -115,15 +161,13 @@ Acad::ErrorStatus AcDbObject::changeReactors(Change change) {
     const Acad::ErrorStatus status = stub_ != nullptr ? assertWriteEnabled() : Acad::eNotInDatabase;
     if (status != Acad::eOk)
         return status;
-    if (zuhost::ReactorIndex* const index = reactorIndex()) {
-        change(*index);
+    if (isCurrent(reactorIndex_, tagVersion_)) {
+        change(*reactorIndex_);
         deferChange();
-        index->version = tagVersion_;
+        reactorIndex_->version = tagVersion_;
         return Acad::eOk;
     }
-    zuhost::ReactorIndex few(zuhost::reactorEntries(tags()), tagVersion_);
-    change(few);
-    few.apply(changingTags());
+    change(changingTags());
     return Acad::eOk;
 }
 
