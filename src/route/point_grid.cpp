@@ -96,6 +96,12 @@ void PointGrid::addEntry(const Cell& at, const AcGePoint3d& point, int owner, st
 }
 
 void PointGrid::remove(const std::vector<AcGePoint3d>& points, int owner) {
+    if (points.size() <= kFewPoints) {
+        for (const AcGePoint3d& point : points)
+            if (isFinite(point))
+                removeOwner(cellOf(point), owner);
+        return;
+    }
     for (const Run& run : runs(points))
         removeOwner(run.first, owner);
 }
