@@ -52,6 +52,11 @@ std::string withSlashes(std::wstring_view path) {
 
 /// Neither NUL nor halves of surrogate pairs, which would become the name of another file.
 bool canBeName(std::wstring_view path) {
+    constexpr char32_t kFirstSurrogate = 0xD800;
+    const auto isBelow = [](wchar_t c) { return c != L'\0' && static_cast<char32_t>(c) < kFirstSurrogate; };
+    // Fast path: nearly all paths need no encoding for this check.
+    if (std::all_of(path.begin(), path.end(), isBelow))
+        return true;
     return path.find(L'\0') == std::wstring_view::npos && TextCodec().encode(path).has_value();
 }
 
