@@ -53,7 +53,7 @@ std::vector<CStringArray> readAll(const Elements& drawn) {
 }
 
 void writeAll(const Elements& drawn) {
-    if (zu::writeBack(drawn.ids, edit(), parameters()) != static_cast<int>(drawn.ids.size()))
+    if (zu::writeBack(drawn.ids, edit(), parameters()).changed != static_cast<int>(drawn.ids.size()))
         throw std::runtime_error("not all elements were written");
 }
 
