@@ -1,5 +1,7 @@
 #include "command_line.h"
 
+#include "manners/translation.h"
+
 #include <CLI/CLI.hpp>
 
 #include <utility>
@@ -37,7 +39,7 @@ CommandOption* CommandOption::excludes(const CommandOption* other) {
 }
 
 Command* Command::add_subcommand(const std::string& name, const std::string& description) {
-    return &commands_.emplace_back(*app_.add_subcommand(name, description));
+    return &commands_.emplace_back(*app_.add_subcommand(name, translated(description)));
 }
 
 void Command::require_subcommand() {
@@ -46,7 +48,7 @@ void Command::require_subcommand() {
 
 template <typename T>
 CommandOption* Command::add_option(const std::string& name, T& value, const std::string& description) {
-    return keep(app_.add_option(name, value, description));
+    return keep(app_.add_option(name, value, translated(description)));
 }
 
 template CommandOption* Command::add_option(const std::string&, std::string&, const std::string&);
@@ -56,7 +58,7 @@ template CommandOption* Command::add_option(const std::string&, int&, const std:
 template CommandOption* Command::add_option(const std::string&, double&, const std::string&);
 
 CommandOption* Command::add_flag(const std::string& name, bool& value, const std::string& description) {
-    return keep(app_.add_flag(name, value, description));
+    return keep(app_.add_flag(name, value, translated(description)));
 }
 
 void Command::callback(std::function<void()> run) {

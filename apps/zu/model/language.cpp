@@ -7,35 +7,18 @@
 
 namespace zu::app {
 
-namespace {
+/// The library looks for the module of a language in the folder named by the language id beside itself.
+LanguageModule::LanguageModule(LANGID id) {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(ZuComn_GetResource(), path.data(), static_cast<DWORD>(path.size())));
+    path.resize(path.rfind(L'\\') + 1);
+    module_ = LoadLibraryW((path + std::to_wstring(id) + L"\\ZuComn.dll").c_str());
+}
 
-constexpr LANGID kEnglish = 0x0409;
-constexpr LANGID kJapanese = 0x0411;
-
-/// The module of a language, which the library looks for in the folder named by the language id beside
-/// itself; null when there is none.
-class LanguageModule {
-public:
-    explicit LanguageModule(LANGID id) {
-        std::wstring path(32768, L'\0');
-        path.resize(GetModuleFileNameW(ZuComn_GetResource(), path.data(), static_cast<DWORD>(path.size())));
-        path.resize(path.rfind(L'\\') + 1);
-        module_ = LoadLibraryW((path + std::to_wstring(id) + L"\\ZuComn.dll").c_str());
-    }
-    ~LanguageModule() {
-        if (module_ != nullptr)
-            FreeLibrary(module_);
-    }
-    LanguageModule(const LanguageModule&) = delete;
-    LanguageModule& operator=(const LanguageModule&) = delete;
-
-    [[nodiscard]] HMODULE get() const { return module_; }
-
-private:
-    HMODULE module_ = nullptr;
-};
-
-} // namespace
+LanguageModule::~LanguageModule() {
+    if (module_ != nullptr)
+        FreeLibrary(module_);
+}
 
 void chooseLanguage() {
     const LANGID id = GetUserDefaultUILanguage();

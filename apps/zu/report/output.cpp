@@ -1,5 +1,7 @@
 #include "report/output.h"
 
+#include "manners/translation.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -60,7 +62,10 @@ void printJson(const Json& value) {
     std::cout << "]\n";
 }
 
-TextTable::TextTable(std::vector<std::string> headings) : headings_(std::move(headings)) {}
+TextTable::TextTable(const std::vector<std::string>& headings) {
+    for (const std::string& heading : headings)
+        headings_.push_back(translated(heading));
+}
 
 void TextTable::addRow(std::vector<std::string> cells) {
     cells.resize(headings_.size());

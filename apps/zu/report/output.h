@@ -16,7 +16,8 @@ void printJson(const Json& value);
 /// A table for a terminal: columns as wide as their widest text; wide characters take two columns.
 class TextTable {
 public:
-    explicit TextTable(std::vector<std::string> headings);
+    /// The headings are shown in the user's language.
+    explicit TextTable(const std::vector<std::string>& headings);
 
     void addRow(std::vector<std::string> cells);
     [[nodiscard]] bool empty() const { return rows_.empty(); }
