@@ -1,5 +1,6 @@
 #include "batch/results.h"
 
+#include "report/csv.h"
 #include "report/output.h"
 
 #include <algorithm>
@@ -49,15 +50,6 @@ std::string jsonLine(const std::string& drawing, const TaskResult& result, const
     return "{\"drawing\":" + text(drawing) + ",\"status\":" + std::to_string(result.status) +
            ",\"result\":" + onOneLine(result.output) +
            ",\"error\":" + (error.empty() ? "null" : text(error)) + "}\n";
-}
-
-std::string csvField(const std::string& text) {
-    if (text.find_first_of("\",\r\n") == std::string::npos)
-        return text;
-    std::string field = "\"";
-    for (const char c : text)
-        field.append(c == '"' ? 2 : 1, c);
-    return field + '"';
 }
 
 /// Where the record that starts the text ends; line ends between quotes belong to it.
