@@ -38,6 +38,7 @@ void addCommands(zu::app::Command& program) {
     addAttributesCommand(program);
     addSetAttributeCommand(program);
     addCheckCommand(program);
+    addQuantitiesCommand(program);
     addCompareCommand(program);
     addSaveCommand(program);
     addPartCommand(program);

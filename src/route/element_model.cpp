@@ -1,5 +1,7 @@
+#include "attributes/attribute_record.h"
 #include "connection_points.h"
 #include "element_code.h"
+#include "element_heights.h"
 #include "link_record.h"
 
 #include <zucomn/attributes.h>
@@ -11,8 +13,8 @@
 
 namespace {
 
-double attributeNumber(AcDbObjectId element, const wchar_t* key) {
-    return _wtof(CAttributeData().GetValueAttID(element, key));
+double attributeNumber(const CStringArray& record, const wchar_t* key) {
+    return _wtof(CAttributeData::GetValueAtt(&record, key));
 }
 
 } // namespace
@@ -49,29 +51,30 @@ int RootComn_SetOriginPoint(const AcDbObjectId& element, const AcGePoint3d& orig
     return reference->setPosition(origin) == Acad::eOk ? 0 : -1;
 }
 
+zu::ElementHeights zu::elementHeights(std::wstring_view block, const CStringArray& record,
+                                      const wchar_t* heightId) {
+    if (block.starts_with(L"KK-"))
+        return {0, {}};
+    const double height = attributeNumber(record, heightId);
+    if (startsWithNoCase(block, L"RBS-"))
+        return {4, HeightRange{height, height + attributeNumber(record, L"S304")}};
+    const bool isLine = startsWithNoCase(block, L"RT-") || startsWithNoCase(block, L"RTM-");
+    if (!isLine && attributeNumber(record, L"S402") != 0.0)
+        return {2, {}};
+    return {isLine ? 3 : 1, HeightRange{height, height}};
+}
+
 int RootComn_GetOBlockHeight(const AcDbObjectId& element, int& kind, double& low, double& high) {
     const AcDbObjectPointer<AcDbBlockReference> reference(element);
     if (reference.openStatus() != Acad::eOk)
         return -1;
-    const std::wstring name = reference->blockName();
-    if (name.starts_with(L"KK-")) {
-        kind = 0;
-        return 0;
+    CStringArray record;
+    ApiComn_extractAttributesArray(reference.object(), zu::kAttributeApplication, record);
+    const zu::ElementHeights heights = zu::elementHeights(reference->blockName(), record);
+    kind = heights.kind;
+    if (heights.range) {
+        low = heights.range->low;
+        high = heights.range->high;
     }
-    const double height = attributeNumber(element, L"S401");
-    if (zu::startsWithNoCase(name, L"RBS-")) {
-        kind = 4;
-        low = height;
-        high = height + attributeNumber(element, L"S304");
-        return 0;
-    }
-    const bool isLine = zu::startsWithNoCase(name, L"RT-") || zu::startsWithNoCase(name, L"RTM-");
-    if (!isLine && attributeNumber(element, L"S402") != 0.0) {
-        kind = 2;
-        return 0;
-    }
-    kind = isLine ? 3 : 1;
-    low = height;
-    high = height;
     return 0;
 }

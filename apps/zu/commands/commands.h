@@ -11,6 +11,7 @@ void addConnectedCommand(Command& program);
 void addAttributesCommand(Command& program);
 void addSetAttributeCommand(Command& program);
 void addCheckCommand(Command& program);
+void addQuantitiesCommand(Command& program);
 void addCompareCommand(Command& program);
 void addSaveCommand(Command& program);
 void addPartCommand(Command& program);

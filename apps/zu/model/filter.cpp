@@ -74,12 +74,16 @@ Filter::Filter(const FilterOptions& options) : group_(options.group) {
     filter_.where = condition(options.where);
 }
 
-std::vector<AcDbObjectId> Filter::pass(const DrawingFile& drawing,
-                                       std::span<const AcDbObjectId> elements) const {
+zucomn::ElementFilter Filter::in(const DrawingFile& drawing) const {
     zucomn::ElementFilter filter = filter_;
     if (!group_.empty())
         filter.group = drawing.findGroup(group_);
-    return zucomn::filterElements(elements, filter);
+    return filter;
+}
+
+std::vector<AcDbObjectId> Filter::pass(const DrawingFile& drawing,
+                                       std::span<const AcDbObjectId> elements) const {
+    return zucomn::filterElements(elements, in(drawing));
 }
 
 std::vector<AcDbObjectId> Filter::references(const DrawingFile& drawing) const {

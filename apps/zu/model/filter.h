@@ -30,8 +30,9 @@ public:
     /// Throws WrongUsage when a condition or a kind cannot be parsed.
     explicit Filter(const FilterOptions& options);
 
-    /// Returns those of the elements that pass, in their order. Throws Failure when the drawing has no such
-    /// group.
+    /// Returns the filter of the library. Throws Failure when the drawing has no such group.
+    [[nodiscard]] zucomn::ElementFilter in(const DrawingFile& drawing) const;
+    /// Returns those of the elements that pass, in their order. Throws as `in`.
     [[nodiscard]] std::vector<AcDbObjectId> pass(const DrawingFile& drawing,
                                                  std::span<const AcDbObjectId> elements) const;
     /// Returns the block references of model space that pass, in drawing order.

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "route/connection_points.h"
+#include "route/element_heights.h"
+
+#include <zucomn/model/quantities.h>
+
+#include <dbid.h>
+
+#include <optional>
+#include <string>
+
+namespace zu {
+
+/// What quantities need of an element.
+struct CountedElement {
+    AcDbObjectId id;
+    int kind = -1;
+    int code = 0;
+    std::wstring block;
+    std::wstring size;
+    std::wstring use;
+    std::optional<HeightRange> heights; ///< Only where the attribute is a number.
+    Points points;                      ///< Its connection points, in plan.
+
+    [[nodiscard]] bool isLine() const { return code == kRouteLine || code == kMainRouteLine; }
+    [[nodiscard]] bool isFitting() const;
+
+    static constexpr int kRouteLine = 1;
+    static constexpr int kMainRouteLine = 2;
+};
+
+/// Returns nullopt when the object is no block reference or cannot be opened.
+[[nodiscard]] std::optional<CountedElement> readCounted(AcDbObjectId id,
+                                                        const zucomn::QuantityAttributes& attributes);
+
+} // namespace zu
