@@ -5,6 +5,9 @@
 
 #include <QFontMetricsF>
 
+#include <algorithm>
+#include <cmath>
+
 namespace zu::picture {
 
 namespace {
@@ -13,6 +16,27 @@ namespace {
 constexpr int kMostWaiting = 2000;
 /// Height of capitals in which text is given to the painter, before its place scales it.
 constexpr double kFontHeight = 100.0;
+
+/// Width of lines whose ends need no shape.
+constexpr double kThin = 2.2;
+
+/// Chords of a Bezier curve, as many as its size needs.
+void addCurve(const QPointF& start, const QPointF& a, const QPointF& b, const QPointF& end,
+              QList<QLineF>& lines) {
+    constexpr double kMost = 64.0;
+    const double size = QLineF(start, a).length() + QLineF(a, b).length() + QLineF(b, end).length();
+    const int chords = static_cast<int>(std::clamp(2.0 * std::sqrt(size), 1.0, kMost));
+    QPointF from = start;
+    for (int i = 1; i <= chords; ++i) {
+        const double t = static_cast<double>(i) / chords;
+        const double s = 1.0 - t;
+        const QPointF to =
+            i == chords ? end
+                        : s * s * s * start + 3.0 * s * s * t * a + 3.0 * s * t * t * b + t * t * t * end;
+        lines.emplace_back(from, to);
+        from = to;
+    }
+}
 
 QPen asQPen(const Pen& pen) {
     QPen made(pen.colour, pen.width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
@@ -37,14 +61,41 @@ PainterCanvas::~PainterCanvas() {
 }
 
 void PainterCanvas::stroke(const QPainterPath& path, const Pen& pen) {
-    if (pen != pen_ || path_.elementCount() > kMostWaiting) {
+    if (pen != pen_ || path_.elementCount() > kMostWaiting || lines_.size() > kMostWaiting) {
         flush();
         pen_ = pen;
     }
-    path_.addPath(path);
+    // Where lines end and meet, thin ones need no round caps and joins. What shows through would show twice.
+    if (pen.width < kThin && pen.dashes.empty() && pen.colour.alpha() == 255)
+        addLines(path);
+    else
+        path_.addPath(path);
+}
+
+void PainterCanvas::addLines(const QPainterPath& path) {
+    for (int i = 1; i < path.elementCount(); ++i) {
+        const QPainterPath::Element& element = path.elementAt(i);
+        if (element.type == QPainterPath::LineToElement) {
+            lines_.emplace_back(path.elementAt(i - 1), element);
+        } else if (element.type == QPainterPath::CurveToElement) {
+            const QPointF start = path.elementAt(i - 1);
+            const QPointF a = element;
+            const QPointF b = path.elementAt(i + 1);
+            const QPointF end = path.elementAt(i + 2);
+            addCurve(start, a, b, end, lines_);
+            i += 2;
+        }
+    }
 }
 
 void PainterCanvas::flush() {
+    if (!lines_.isEmpty()) {
+        QPen pen = asQPen(pen_);
+        pen.setCapStyle(Qt::SquareCap);
+        painter_.setPen(pen);
+        painter_.drawLines(lines_);
+        lines_.clear();
+    }
     if (path_.isEmpty())
         return;
     painter_.strokePath(path_, asQPen(pen_));

@@ -22,7 +22,8 @@ constexpr double kVisible = 0.5;
 constexpr double kTallestLetters = 400.0;
 constexpr double kShortestDashes = 1.5;
 constexpr double kDotRadius = 1.5;
-/// A path smaller than this looks like a point.
+/// Nothing of the form of a path smaller than this can be seen: a line across stands for it.
+constexpr double kSpeck = 1.0;
 constexpr double kPoint = 0.3;
 
 /// Unlike QRectF::intersects also for boxes of no width or height.
@@ -110,11 +111,11 @@ void ShapePainter::paintStroke(const Shape& shape, const Ink& ink) {
     if (!bounds_.contains(box))
         path = clippedLines(path, bounds_);
     const double width = std::max(widthOf(shape.lineWeight), ink.thinnest) + 2.0 * ink.halo;
-    if (box.width() < kPoint && box.height() < kPoint && path.elementCount() > 0) {
+    if (box.width() < kSpeck && box.height() < kSpeck && path.elementCount() > 0) {
         // A line without a length would not be painted.
-        const QPointF at = box.center();
-        path = QPainterPath(at - QPointF(kPoint, 0.0));
-        path.lineTo(at + QPointF(kPoint, 0.0));
+        const QPointF least(kPoint, 0.0);
+        path = QPainterPath(box.topLeft() - least);
+        path.lineTo(box.bottomRight() + least);
     }
     canvas_.stroke(path, {ink.colour, width, dashesOnPage(shape.dashes, scale_, width)});
 }

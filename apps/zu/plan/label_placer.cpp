@@ -10,9 +10,9 @@ namespace zu::app {
 namespace {
 
 constexpr int kDirections = 16;
-constexpr double kNextTo = 3.0;   ///< Distance of a label without a leader.
-constexpr double kStep = 12.0;    ///< Between distances that are tried.
-constexpr double kInkWeight = 60; ///< As much as this distance counts a label all drawn over.
+constexpr double kNextTo = 3.0;    ///< Distance of a label without a leader.
+constexpr double kStep = 12.0;     ///< Between distances that are tried.
+constexpr double kInkWeight = 250; ///< As much as this distance counts a label all drawn over.
 constexpr double kPadding = 2.0;
 
 bool crosses(const QLineF& line, const QRectF& box) {

@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "model/drawing_file.h"
 #include "painters/painter_canvas.h"
+#include "painters/text_pieces.h"
 #include "plan/plan_names.h"
 #include "plan/plan_texts.h"
 #include "readers.h"
@@ -266,6 +267,11 @@ void PlanComposition::placeLabels() {
     }
     if (labels_->isEmpty())
         return;
+    if (labels_->count() > PlanLabels::kMost) {
+        reportUnplaced(labels_->count());
+        labels_.emplace(capitals_);
+        return;
+    }
     const QSize size(static_cast<int>(page_.size.width() / kInkCell) + 1,
                      static_cast<int>(page_.size.height() / kInkCell) + 1);
     QImage ink(size, QImage::Format_Grayscale8);
@@ -290,8 +296,12 @@ void PlanComposition::placeLabels() {
         if (isInSight(at))
             placer.block({at - QPointF(radius, radius), QSizeF(2.0 * radius, 2.0 * radius)});
     }
-    if (const std::size_t left = labels_->place(placer); left > 0)
-        report_.remarks.push_back(std::to_string(left) +
+    reportUnplaced(labels_->place(placer));
+}
+
+void PlanComposition::reportUnplaced(std::size_t labels) {
+    if (labels > 0)
+        report_.remarks.push_back(std::to_string(labels) +
                                   " labels have no room: enlarge the picture or show a part with --window");
 }
 
@@ -349,6 +359,20 @@ void PlanComposition::paint(picture::PageCanvas& canvas) const {
     labels_->paint(canvas, theme_.ground);
     if (legend_ && page_.legend.height() > 0.0)
         legend_->paint(canvas, page_.legend);
+    if (options_.hasLegend && page_.paperScale > 0.0)
+        paintScale(canvas);
+}
+
+/// "A3  1:50" in the lower right corner of the paper, below the plan.
+void PlanComposition::paintScale(picture::PageCanvas& canvas) const {
+    const bool enlarged = page_.paperScale < 1.0;
+    const double number = enlarged ? 1.0 / page_.paperScale : page_.paperScale;
+    const QString text = page_.paper + (enlarged ? "  %1:1" : "  1:%1");
+    const picture::TextRun run = picture::labelRun(text.arg(number, 0, 'g', 6), capitals_, {});
+    const double margin = page_.plan.left();
+    const QPointF corner(page_.size.width() - margin, page_.size.height() - margin / 2.0);
+    canvas.text(picture::labelRun(run.text, capitals_, corner - QPointF(run.width * capitals_, 0.0)),
+                theme_.ink);
 }
 
 /// Elements lie over everything else.

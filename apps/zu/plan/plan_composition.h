@@ -45,6 +45,7 @@ private:
     void makeLegend();
     void sizeMarks();
     void placeLabels();
+    void reportUnplaced(std::size_t labels);
     void addEquipmentNames();
     void addElementLabels();
     [[nodiscard]] bool isInSight(const QPointF& onPage) const { return page_.plan.contains(onPage); }
@@ -57,6 +58,7 @@ private:
     void paintHighlights(picture::ShapePainter& painter) const;
     void paintOthers(picture::ShapePainter& painter) const;
     void paintMarks(picture::PageCanvas& canvas) const;
+    void paintScale(picture::PageCanvas& canvas) const;
 
     PlanOptions options_;
     picture::Theme theme_;

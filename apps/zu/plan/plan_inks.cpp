@@ -17,7 +17,7 @@ constexpr int kSmall = 700;
 constexpr double kFadedLine = 0.5;
 constexpr double kFadedFill = 0.8;
 constexpr double kFadedText = 0.2;
-constexpr double kGrey = 0.65; ///< How much of its colour a subdued line loses.
+constexpr double kGrey = 0.8; ///< How much of its colour a subdued line loses.
 
 QColor grey(const QColor& colour) {
     const int value = (colour.red() * 299 + colour.green() * 587 + colour.blue() * 114) / 1000;

@@ -14,13 +14,13 @@ constexpr double kDescent = 0.35;
 constexpr double kMarkerPadding = 0.5;
 constexpr double kMarkerDistance = 160.0;
 constexpr double kLeaderWidth = 0.7;
-/// More never find a place on a page.
-constexpr std::size_t kMostLabels = 5000;
 
 } // namespace
 
 void PlanLabels::add(const QString& text, const QPointF& anchor, const QSizeF& clearance,
                      const QColor& colour, double farthest) {
+    if (++asked_ > kMost)
+        return;
     const double width = picture::labelRun(text, 1.0, {}).width;
     PlanLabel& label = labels_.emplace_back();
     label.text = text;
@@ -30,6 +30,8 @@ void PlanLabels::add(const QString& text, const QPointF& anchor, const QSizeF& c
 
 void PlanLabels::addMarker(const QString& text, const QPointF& anchor, const QColor& colour) {
     add(text, anchor, {5.0, 5.0}, colour, kMarkerDistance);
+    if (asked_ > kMost)
+        return;
     PlanLabel& label = labels_.back();
     label.isMarker = true;
     label.request.mostInk = 1.0;
@@ -38,10 +40,9 @@ void PlanLabels::addMarker(const QString& text, const QPointF& anchor, const QCo
 }
 
 std::size_t PlanLabels::place(LabelPlacer& placer) {
-    std::size_t tried = 0;
     const std::size_t all = labels_.size();
     std::erase_if(labels_, [&](PlanLabel& label) {
-        const auto place = ++tried <= kMostLabels ? placer.place(label.request) : std::nullopt;
+        const auto place = placer.place(label.request);
         if (place)
             label.place = *place;
         return !place;

@@ -22,6 +22,9 @@ struct PlanLabel {
 /// The labels of a plan: asked for one by one, then placed all at the same time.
 class PlanLabels {
 public:
+    /// More do not find a place on a page.
+    static constexpr std::size_t kMost = 5000;
+
     /// `capitals` is the height of the letters, in page units.
     explicit PlanLabels(double capitals) : capitals_(capitals) {}
 
@@ -30,6 +33,8 @@ public:
              double farthest);
     void addMarker(const QString& text, const QPointF& anchor, const QColor& colour);
     [[nodiscard]] bool isEmpty() const { return labels_.empty(); }
+    /// Those asked for, also beyond kMost.
+    [[nodiscard]] std::size_t count() const { return asked_; }
 
     /// Keeps those that find a place. Returns the number of the others.
     std::size_t place(LabelPlacer& placer);
@@ -37,6 +42,7 @@ public:
 
 private:
     double capitals_;
+    std::size_t asked_ = 0;
     std::vector<PlanLabel> labels_;
 };
 
