@@ -85,7 +85,7 @@ picture::Ink PlanInks::inkOf(const picture::Shape& shape) const {
     const PlanElement* const element = elements_.find(shape.source);
     // Where a caller's colours matter, those of kinds would be mistaken for them.
     if (element == nullptr || !given_.empty())
-        return {theme_.faded(grey(own), fading(shape.kind)), kBackground};
+        return {theme_.faded(theme_.visible(grey(own)), fading(shape.kind)), kBackground};
     return {ofElement(*element), element_};
 }
 
