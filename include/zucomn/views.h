@@ -139,7 +139,8 @@ public:
     /// Shows only the groups and rows that contain the text, ignoring case, or all when none does or the text
     /// is empty. Returns how many rows contain it.
     std::size_t Filter(const CString& text);
-    /// Selects the rows of the entities and no others, expanding their groups.
+    /// Selects the rows of the entities and no others, expanding their groups. Does nothing when none is in
+    /// the list.
     void Select(const AcArray<AcDbObjectId>& entities);
     /// Selects every line.
     void SelectAll();

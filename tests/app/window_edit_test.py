@@ -8,21 +8,25 @@ from desktop import PATIENCE, Desktop, environment, wait_for
 from program import ZU, check, run, sample
 
 DUCT, FLOW, FLOW_ROW, WRITE_BUTTON = "110", "S310", (650, 109), (76, 42)
+OTHER_DUCT, ITS_PLACE_IN_THE_PLAN = "114", (369, 556)
 SAMPLE = sample("drawings/office-floor.dxf")
 
 
-def flow(drawing):
+def flow(drawing, duct=DUCT):
     """The volume flow of the duct, its last attribute."""
-    return run("attributes", drawing, DUCT).splitlines()[-1].split()[1]
+    return run("attributes", drawing, duct).splitlines()[-1].split()[1]
 
 
-def edit(desktop, drawing, *arguments, value=None, meanwhile=None, answers=(), status=0):
-    """Opens the window, writes the value if there is one, edits the file by the command line, closes the window and
-    answers its questions."""
-    program = subprocess.Popen([ZU, "window", drawing, DUCT, *arguments], stderr=subprocess.PIPE, text=True,
-                               env=environment(DISPLAY=desktop.display))
+def edit(desktop, drawing, *arguments, elements=(DUCT,), place=None, value=None, meanwhile=None,
+         answers=(), status=0):
+    """Opens the window on the elements (none: all), clicks the place and writes the value if there are any, edits the
+    file by the command line, closes the window and answers its questions."""
+    program = subprocess.Popen([ZU, "window", drawing, *elements, *arguments], stderr=subprocess.PIPE, text=True,
+                               env=environment(DISPLAY=desktop.display, XDG_CONFIG_HOME=folder))
     window = wait_for("the window", lambda: desktop.shown(os.path.basename(drawing)))
     desktop.xdotool("windowfocus", window)
+    if place:
+        desktop.click(window, *place)
     if value:
         desktop.click(window, *FLOW_ROW)
         desktop.xdotool("type", value)
@@ -59,4 +63,6 @@ with tempfile.TemporaryDirectory() as folder, Desktop() as desktop:
                                                 (("--force",), "700", ["Return"], 0, "700")):
         edit(desktop, drawing, *settings, *force, value=value, meanwhile="800", answers=answers, status=status)
         check(flow(drawing) == left, "a file that was edited meanwhile: %r, not %s" % (answers, flow(drawing)))
+    edit(desktop, drawing, *settings, "-o", copy, elements=(), place=ITS_PLACE_IN_THE_PLAN, value="500")
+    check((flow(copy), flow(copy, OTHER_DUCT)) == ("700", "500"), "a click in the plan selects the element there")
 print("window edited")

@@ -123,12 +123,13 @@ void EntityList::selectEntities(const AcArray<AcDbObjectId>& entities) {
                 lines.emplace(group, row);
                 groups.insert(group);
             }
+    if (lines.empty())
+        return;
     for (int index = GetItemCount() - 1; index >= 0; --index)
         if (const Line& line = *lineAt(index); line.kind == Line::kParent && groups.contains(line.group))
             setExpanded(index, true);
     SetItemState(-1, 0, LVIS_SELECTED);
-    if (!lines.empty())
-        select(lines);
+    select(lines);
 }
 
 void EntityList::setFilter(const CString& text) {

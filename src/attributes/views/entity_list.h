@@ -47,7 +47,7 @@ public:
     /// its rows that the filter shows.
     [[nodiscard]] std::vector<RowIndex> selectedRows() const;
     [[nodiscard]] AcArray<AcDbObjectId> selectedEntities() const;
-    /// Selects the rows of the entities only, expanding their groups.
+    /// Selects the rows of the entities only, expanding their groups. Does nothing when none is in the list.
     void selectEntities(const AcArray<AcDbObjectId>& entities);
 
     void DrawItem(LPDRAWITEMSTRUCT draw) override;
