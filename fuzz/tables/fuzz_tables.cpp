@@ -34,13 +34,16 @@ void checkTable(const CString& path, const wchar_t* columns) {
     ZuComn_RemoveAllFree(records);
 }
 
+/// Dropped lines would bring such a mark to the front, so that the merge is refused.
+bool hasMarkAfterFirstLine(std::string_view bytes) {
+    const auto has = [bytes](std::string_view mark) { return bytes.find(mark) != std::string_view::npos; };
+    return has("\n\xFF\xFE") || has("\n\xFE\xFF") || has("\n\xEF\xBB\xBF");
+}
+
 void checkMerge(const zu::fuzz::MemoryFile& file, std::string_view bytes) {
-    // A second merge of no pairs changes nothing.
     const auto once = zu::mergeLinks(bytes, {});
-    require(once.has_value(), "a merge of nothing failed");
-    // Once lines are removed, one that looks like a mark may become the first.
-    if (zu::TextEncoding::of(*once).mark() != zu::TextEncoding::of(bytes).mark())
-        return;
+    if (!once)
+        return require(hasMarkAfterFirstLine(bytes), "a merge of nothing failed");
     require(zu::mergeLinks(*once, {}) == once, "a merge of nothing changed something");
     const auto merged = zu::mergeLinks(bytes, {{L"zu-key", L"zu-value"}});
     require(merged.has_value(), "a pair was not merged");
