@@ -11,10 +11,9 @@ namespace {
 constexpr double kDegree = std::numbers::pi / 180.0;
 
 AcGeMatrix3d planeMatrix(const Records& records) {
-    if (!records.has(210))
-        return {};
     const AcGeVector3d normal = records.point(210, {0.0, 0.0, 1.0}).asVector();
-    return AcGeMatrix3d::planeToWorld(normal.isZeroLength() ? AcGeVector3d::kZAxis : normal);
+    const bool isPlan = normal == AcGeVector3d::kZAxis || normal.isZeroLength();
+    return isPlan ? AcGeMatrix3d() : AcGeMatrix3d::planeToWorld(normal);
 }
 
 /// A scale of 0 counts as 1, as in damaged drawings.
