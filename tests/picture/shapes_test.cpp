@@ -39,9 +39,13 @@ Drawing drawingOf(std::string_view records, std::string_view header = "") {
                    dxfRecords(records) + dxfRecords("0 ENDSEC|0 EOF"));
 }
 
-Scene sceneOf(const Drawing& drawing, const SceneOptions& options = {}) {
+void startFonts() {
     static int count = 0;
-    static const QGuiApplication application(count, nullptr); // for the fonts
+    static const QGuiApplication application(count, nullptr);
+}
+
+Scene sceneOf(const Drawing& drawing, const SceneOptions& options = {}) {
+    startFonts();
     Scene scene;
     scene.report = produceShapes(drawing, options, [&](const Shape& shape) {
         scene.shapes.push_back(shape);
@@ -254,7 +258,7 @@ TEST(Shapes, TextsLieWhereTheyAreAligned) {
 }
 
 TEST(Shapes, ParagraphsAreBrokenAndFormatted) {
-    sceneOf(drawingOf("")); // starts the fonts
+    startFonts();
     const auto textsOf = [](const QString& text, double width) {
         Paragraphs paragraphs;
         paragraphs.text = text;
@@ -355,6 +359,7 @@ TEST(Shapes, SmallShapesBecomeSpecks) {
 }
 
 TEST(Extents, StraysAreNamed) {
+    startFonts();
     std::string records;
     for (int i = 0; i < 10; ++i)
         records += "0 LINE|10 " + std::to_string(i) + "|20 0|11 5|21 " + std::to_string(i) + "|";
