@@ -2,9 +2,7 @@
 
 #include "condition.h"
 #include "condition_tokens.h"
-#include "frame/library_text.h"
 #include "frame/plain_number.h"
-#include "frame/resource_ids.h"
 
 #include <afxstr.h>
 
@@ -19,6 +17,15 @@ using Kind = ConditionToken::Kind;
 /// Limits the recursion on conditions of hostile length.
 constexpr int kDeepestNesting = 100;
 
+constexpr const wchar_t* kExpectedAttributeId = L"expected an attribute id such as S501, \"not\" or \"(\"";
+constexpr const wchar_t* kExpectedOperator = L"expected one of = != < <= > >=";
+constexpr const wchar_t* kExpectedValue =
+    L"expected a text or a number; quote a text that holds blanks or operators";
+constexpr const wchar_t* kExpectedConnective = L"expected \"and\" or \"or\"; quote a text that holds blanks";
+constexpr const wchar_t* kExpectedConnectiveOrParenthesis = L"expected \"and\", \"or\" or \")\"";
+constexpr const wchar_t* kUnclosedQuote = L"the quote is not closed";
+constexpr const wchar_t* kNestedTooDeeply = L"parentheses are nested too deeply (more than 100)";
+
 /// Parses by recursive descent. The first error ends the parsing.
 class ConditionParser {
 public:
@@ -28,7 +35,7 @@ public:
         if (token().kind == Kind::end)
             return {};
         if (disjunction() && token().kind != Kind::end)
-            fail(text::kExpectedConnective);
+            fail(kExpectedConnective);
         if (error_)
             return {nullptr, std::move(error_)};
         return {std::make_shared<const Condition>(std::move(condition_)), std::nullopt};
@@ -44,9 +51,8 @@ private:
         return true;
     }
 
-    bool fail(unsigned problem) {
-        const unsigned id = token().kind == Kind::unclosedQuote ? text::kUnclosedQuote : problem;
-        error_ = {token().place, std::wstring(libraryText(id).view())};
+    bool fail(const wchar_t* problem) {
+        error_ = {token().place, token().kind == Kind::unclosedQuote ? kUnclosedQuote : problem};
         return false;
     }
 
@@ -85,25 +91,25 @@ private:
 
     bool nested() {
         if (depth_ == kDeepestNesting)
-            return fail(text::kNestedTooDeeply);
+            return fail(kNestedTooDeeply);
         ++depth_;
         ++next_;
         if (!disjunction())
             return false;
         --depth_;
-        return accept(Kind::closing) || fail(text::kExpectedConnectiveOrParenthesis);
+        return accept(Kind::closing) || fail(kExpectedConnectiveOrParenthesis);
     }
 
     bool comparison() {
         Comparison comparison;
         if (token().kind != Kind::text || token().text.empty())
-            return fail(text::kExpectedAttributeId);
+            return fail(kExpectedAttributeId);
         comparison.attribute = tokens_[next_++].text;
         if (token().kind != Kind::comparison)
-            return fail(text::kExpectedOperator);
+            return fail(kExpectedOperator);
         comparison.op = tokens_[next_++].op;
         if (token().kind != Kind::text)
-            return fail(text::kExpectedValue);
+            return fail(kExpectedValue);
         comparison.text = std::wstring(CString(tokens_[next_++].text).Trim(L" \t\u3000").view());
         comparison.number = plainNumber(comparison.text);
         condition_.steps.emplace_back(std::move(comparison));

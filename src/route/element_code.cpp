@@ -1,8 +1,5 @@
 #include "element_code.h"
 
-#include "frame/library_text.h"
-#include "frame/resource_ids.h"
-
 #include <zucomn/model/elements.h>
 
 #include <algorithm>
@@ -18,41 +15,40 @@ struct ElementKind {
     std::wstring_view prefix;
     int code;
     std::wstring_view name; ///< Empty for fittings that are named by their code.
-    unsigned label;         ///< Id of its name among the library's texts.
 };
 
 /// One row per element prefix. The first prefix that matches decides.
 constexpr std::array kElementKinds{
-    ElementKind{L"KK", 0, L"equipment", 3120},
-    ElementKind{L"RTM", 2, L"main route line", 3121},
-    ElementKind{L"RT", 1, L"route line", 3122},
-    ElementKind{L"RBL", 3, L"elbow", 3123},
-    ElementKind{L"RBTH", 21, L"", 0},
-    ElementKind{L"RBTD", 22, L"", 0},
-    ElementKind{L"RBT", 4, L"tee", 3124},
-    ElementKind{L"RBC", 5, L"reducer", 3125},
-    ElementKind{L"RB45L", 6, L"45° elbow", 3126},
-    ElementKind{L"RB90LU", 17, L"90° elbow up", 3127},
-    ElementKind{L"RB90LD", 18, L"90° elbow down", 3128},
-    ElementKind{L"RB90L", 7, L"90° elbow", 3129},
-    ElementKind{L"RBSLU", 8, L"", 0},
-    ElementKind{L"RBSLD", 9, L"", 0},
-    ElementKind{L"RBSTH", 25, L"", 0},
-    ElementKind{L"RBSTN", 26, L"", 0},
-    ElementKind{L"RBSTK", 27, L"", 0},
-    ElementKind{L"RBSTU", 10, L"", 0},
-    ElementKind{L"RBSTD", 11, L"", 0},
-    ElementKind{L"RBSTR", 23, L"", 0},
-    ElementKind{L"RBS", 12, L"S fitting", 3130},
-    ElementKind{L"RBRD", 13, L"", 0},
-    ElementKind{L"RBHPRR", 19, L"", 0},
-    ElementKind{L"RBHPHI", 20, L"", 0},
-    ElementKind{L"RBHP", 14, L"", 0},
-    ElementKind{L"RBMS", 15, L"", 0},
-    ElementKind{L"RBV", 16, L"valve", 3131},
-    ElementKind{L"RB45T", 24, L"45° tee", 3132},
-    ElementKind{L"RBE", 99, L"end", 3133},
-    ElementKind{L"RB-", 101, L"fitting", 3134},
+    ElementKind{L"KK", 0, L"equipment"},
+    ElementKind{L"RTM", 2, L"main route line"},
+    ElementKind{L"RT", 1, L"route line"},
+    ElementKind{L"RBL", 3, L"elbow"},
+    ElementKind{L"RBTH", 21, L""},
+    ElementKind{L"RBTD", 22, L""},
+    ElementKind{L"RBT", 4, L"tee"},
+    ElementKind{L"RBC", 5, L"reducer"},
+    ElementKind{L"RB45L", 6, L"45° elbow"},
+    ElementKind{L"RB90LU", 17, L"90° elbow up"},
+    ElementKind{L"RB90LD", 18, L"90° elbow down"},
+    ElementKind{L"RB90L", 7, L"90° elbow"},
+    ElementKind{L"RBSLU", 8, L""},
+    ElementKind{L"RBSLD", 9, L""},
+    ElementKind{L"RBSTH", 25, L""},
+    ElementKind{L"RBSTN", 26, L""},
+    ElementKind{L"RBSTK", 27, L""},
+    ElementKind{L"RBSTU", 10, L""},
+    ElementKind{L"RBSTD", 11, L""},
+    ElementKind{L"RBSTR", 23, L""},
+    ElementKind{L"RBS", 12, L"S fitting"},
+    ElementKind{L"RBRD", 13, L""},
+    ElementKind{L"RBHPRR", 19, L""},
+    ElementKind{L"RBHPHI", 20, L""},
+    ElementKind{L"RBHP", 14, L""},
+    ElementKind{L"RBMS", 15, L""},
+    ElementKind{L"RBV", 16, L"valve"},
+    ElementKind{L"RB45T", 24, L"45° tee"},
+    ElementKind{L"RBE", 99, L"end"},
+    ElementKind{L"RB-", 101, L"fitting"},
 };
 
 struct SearchCode {
@@ -109,30 +105,11 @@ int searchCode(std::wstring_view blockName, bool fullForm) {
 
 } // namespace zu
 
-namespace {
-
-const zu::ElementKind* findNamed(int code) {
-    const auto* const found = std::find_if(zu::kElementKinds.begin(), zu::kElementKinds.end(),
-                                           [code](const zu::ElementKind& kind) { return kind.code == code; });
-    return found != zu::kElementKinds.end() && !found->name.empty() ? found : nullptr;
-}
-
-} // namespace
-
 std::wstring zucomn::elementKindName(int code) {
     if (code == kNoElement)
         return L"-";
-    const zu::ElementKind* const named = findNamed(code);
-    return named != nullptr ? std::wstring(named->name) : L"fitting " + std::to_wstring(code);
-}
-
-std::wstring zucomn::elementKindLabel(int code) {
-    if (code == kNoElement)
-        return L"-";
-    CString label;
-    if (const zu::ElementKind* const named = findNamed(code))
-        label = zu::libraryText(named->label);
-    else
-        label.Format(zu::libraryText(zu::text::kNumberedFitting), code);
-    return std::wstring(label.view());
+    const auto found = std::find_if(zu::kElementKinds.begin(), zu::kElementKinds.end(),
+                                    [code](const zu::ElementKind& kind) { return kind.code == code; });
+    const bool isNamed = found != zu::kElementKinds.end() && !found->name.empty();
+    return isNamed ? std::wstring(found->name) : L"fitting " + std::to_wstring(code);
 }

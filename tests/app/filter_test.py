@@ -66,6 +66,11 @@ run("elements", DRAWING, "--group", "missing", status=1)
 groups = lambda *options: [g["name"] for g in run_json("groups", DRAWING, *options)]
 check(groups("--layer", "SA-*") == ["*A1", "*A3"], "groups with an element that passes")
 check(groups("--group", "*A3") == ["*A3"] and len(groups()) == 5, "a group by its name, and all")
+findings = lambda *options: [f for f in run_json("check", DRAWING, *options)]
+on_layer = {e.handle for e in ELEMENTS if e.layer == "CH-配管"}
+check(findings("--layer", "CH-*") == [f for f in findings() if on_layer & {f["handle"], *f["with"]}] != [], "findings")
+japanese = subprocess.run([ZU, "quantities", DRAWING], capture_output=True, env={**os.environ, "LC_ALL": "ja_JP.UTF-8"})
+check(all(w in japanese.stdout.decode() for w in ("個数", "平面長", "エルボ", "合計")), "words of the user's language")
 with tempfile.TemporaryDirectory() as folder:
     out = os.path.join(folder, "out.dxf")
     edited = run_json("set-attribute", DRAWING, "S501", "外気", "--where", "S501=給気 and S302=300", "--block", "RT-*", "-o", out)

@@ -3,11 +3,13 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "model/audit.h"
+#include "model/filter.h"
 #include "report/csv.h"
 
 #include <algorithm>
 #include <iostream>
 #include <memory>
+#include <unordered_set>
 
 namespace zu::app {
 
@@ -17,6 +19,7 @@ constexpr int kFindings = 1;
 
 struct Options {
     DrawingSource drawing;
+    FilterOptions filter;
     SaveOptions saving;
     std::vector<std::string> only;
     std::vector<std::string> except;
@@ -29,8 +32,25 @@ bool contains(const std::vector<std::string>& texts, const std::string& text) {
     return std::find(texts.begin(), texts.end(), text) != texts.end();
 }
 
-bool isShown(const Finding& finding, const Options& options) {
-    return (options.only.empty() || contains(options.only, finding.code)) &&
+/// The elements whose findings are shown; null shows those of all objects.
+using ShownElements = std::unique_ptr<std::unordered_set<std::string>>;
+
+ShownElements shownElements(const Filter& filter, const DrawingFile& drawing, const Options& options) {
+    if (!options.filter.isGiven())
+        return nullptr;
+    const std::vector<std::string> handles = handleTexts(filter.references(drawing));
+    return std::make_unique<std::unordered_set<std::string>>(handles.begin(), handles.end());
+}
+
+bool concerns(const Finding& finding, const std::unordered_set<std::string>& elements) {
+    return elements.contains(finding.handle) ||
+           std::any_of(finding.with.begin(), finding.with.end(),
+                       [&](const std::string& other) { return elements.contains(other); });
+}
+
+bool isShown(const Finding& finding, const ShownElements& elements, const Options& options) {
+    return (elements == nullptr || concerns(finding, *elements)) &&
+           (options.only.empty() || contains(options.only, finding.code)) &&
            !contains(options.except, finding.code);
 }
 
@@ -116,11 +136,13 @@ void print(const std::vector<Finding>& findings, const Options& options) {
 
 void run(const Options& options) {
     requireValid(options);
+    const Filter filter(options.filter);
     DrawingFile drawing(options.drawing);
+    const ShownElements elements = shownElements(filter, drawing, options); // before a repair drops groups
     std::vector<Finding> findings = audit(drawing, options.repair);
     if (options.repair)
         drawing.save(options.saving);
-    std::erase_if(findings, [&](const Finding& finding) { return !isShown(finding, options); });
+    std::erase_if(findings, [&](const Finding& finding) { return !isShown(finding, elements, options); });
     print(findings, options);
     const auto failures = std::count_if(findings.begin(), findings.end(),
                                         [&](const Finding& finding) { return isFailure(finding, options); });
@@ -135,6 +157,7 @@ void addCheckCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand(
         "check", "Audit the drawing and its routes: damage, and probable mistakes of design");
+    addFilter(*command, options->filter);
     command->add_option("--only", options->only, "Only findings with these codes, separated by commas")
         ->delimited(',');
     command->add_option("--except", options->except, "No findings with these codes, separated by commas")

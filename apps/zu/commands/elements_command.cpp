@@ -1,6 +1,7 @@
 #include "batch/batch.h"
 #include "command_line.h"
 #include "commands/commands.h"
+#include "manners/translation.h"
 #include "model/drawing_file.h"
 #include "model/element.h"
 #include "model/filter.h"
@@ -67,7 +68,7 @@ void printTable(const std::vector<Element>& elements) {
         for (const std::string& group : e.groups)
             groups += (groups.empty() ? "" : " ") + group;
         table.addRow(
-            {e.handle, e.block, elementCodeName(e.code), std::to_string(e.linkKind),
+            {e.handle, e.block, translated(elementCodeName(e.code)), std::to_string(e.linkKind),
              e.locked ? e.layer + " (locked)" : e.layer,
              shortNumber(e.origin.x) + ", " + shortNumber(e.origin.y) + ", " + shortNumber(e.origin.z),
              std::to_string(e.connectionPoints.size()), groups});

@@ -2,12 +2,13 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
-#include "model/element.h"
+#include "manners/translation.h"
 #include "model/filter.h"
 #include "model/settings_file.h"
 #include "report/csv.h"
 #include "text.h"
 
+#include <zucomn/model/elements.h>
 #include <zucomn/model/quantities.h>
 
 #include <algorithm>
@@ -110,68 +111,50 @@ void printRows(const Quantities& quantities, const Fields& by) {
     printCsv(headings, rowsJson(quantities, by));
 }
 
-/// Prints quantities for reading, in the user's language.
-class QuantityTables {
-public:
-    QuantityTables() : words_(zucomn::quantityWords()), kinds_(zucomn::routeKinds()) {}
+TextTable makeTable(const Fields& by) {
+    std::vector<std::string> headings;
+    std::transform(by.begin(), by.end(), std::back_inserter(headings), nameOf);
+    headings.insert(headings.end(), {"count", "length in plan", "true length"});
+    return TextTable(headings);
+}
 
-    void printRows(const std::vector<QuantityRow>& rows, const Fields& by) const {
-        TextTable table(headings(by));
-        for (const QuantityRow& row : rows) {
-            std::vector<std::string> cells;
-            for (const QuantityField field : by)
-                cells.push_back(cell(field, row));
-            table.addRow(withQuantity(std::move(cells), row.quantity));
-        }
-        table.print();
-    }
+std::vector<std::string> withQuantity(std::vector<std::string> cells, const Quantity& quantity) {
+    cells.push_back(std::to_string(quantity.count));
+    cells.push_back(shortNumber(quantity.length));
+    cells.push_back(shortNumber(quantity.trueLength));
+    return cells;
+}
 
-    void printTotals(const Quantities& quantities) const {
-        TextTable table(headings({QuantityField::kind, QuantityField::what}));
-        for (const zucomn::QuantityTotal& total : quantities.totals)
-            table.addRow(withQuantity({kindLabel(total.kind), narrow(zucomn::elementKindLabel(total.code))},
-                                      total.quantity));
-        table.addRow(withQuantity({narrow(words_.total), ""}, quantities.sum));
-        table.print();
-    }
+std::string kindText(int kind) {
+    return kind < 0 ? "-" : std::to_string(kind);
+}
 
-private:
-    [[nodiscard]] std::vector<std::string> headings(const Fields& by) const {
-        std::vector<std::string> texts;
+std::string cell(QuantityField field, const QuantityRow& row) {
+    if (field == QuantityField::kind)
+        return kindText(row.kind);
+    const std::string text = fieldJson(field, row).get<std::string>();
+    if (field == QuantityField::what)
+        return translated(text);
+    return text.empty() ? "-" : text;
+}
+
+void printListing(const Quantities& quantities, const Fields& by) {
+    TextTable rows = makeTable(by);
+    for (const QuantityRow& row : quantities.rows) {
+        std::vector<std::string> cells;
         for (const QuantityField field : by)
-            texts.push_back(narrow(words_.fields.at(static_cast<std::size_t>(field))));
-        for (const std::wstring* const word : {&words_.count, &words_.length, &words_.trueLength})
-            texts.push_back(narrow(*word));
-        return texts;
+            cells.push_back(cell(field, row));
+        rows.addRow(withQuantity(std::move(cells), row.quantity));
     }
-
-    [[nodiscard]] std::string kindLabel(int kind) const {
-        const auto found = std::find_if(kinds_.begin(), kinds_.end(),
-                                        [kind](const zucomn::RouteKind& k) { return k.number == kind; });
-        if (found != kinds_.end())
-            return narrow(found->name);
-        return kind < 0 ? "-" : std::to_string(kind);
-    }
-
-    [[nodiscard]] std::string cell(QuantityField field, const QuantityRow& row) const {
-        if (field == QuantityField::kind)
-            return kindLabel(row.kind);
-        if (field == QuantityField::what)
-            return narrow(zucomn::elementKindLabel(row.code));
-        const std::string text = fieldJson(field, row).get<std::string>();
-        return text.empty() ? "-" : text;
-    }
-
-    static std::vector<std::string> withQuantity(std::vector<std::string> cells, const Quantity& quantity) {
-        cells.push_back(std::to_string(quantity.count));
-        cells.push_back(shortNumber(quantity.length));
-        cells.push_back(shortNumber(quantity.trueLength));
-        return cells;
-    }
-
-    zucomn::QuantityWords words_;
-    std::vector<zucomn::RouteKind> kinds_;
-};
+    TextTable totals = makeTable({QuantityField::kind, QuantityField::what});
+    for (const zucomn::QuantityTotal& total : quantities.totals)
+        totals.addRow(withQuantity(
+            {kindText(total.kind), translated(narrow(zucomn::elementKindName(total.code)))}, total.quantity));
+    totals.addRow(withQuantity({translated("total"), ""}, quantities.sum));
+    rows.print();
+    std::cout << '\n';
+    totals.print();
+}
 
 void warnOfUnmeasured(const Quantities& quantities, const std::string& drawing) {
     for (const AcDbObjectId line : quantities.linesWithoutLength)
@@ -184,10 +167,7 @@ void print(const Quantities& quantities, const Fields& by, const ListingForm& fo
         return printJson({{"rows", rowsJson(quantities, by)}, {"totals", totalsJson(quantities)}});
     if (form.csv)
         return printRows(quantities, by);
-    const QuantityTables tables;
-    tables.printRows(quantities.rows, by);
-    std::cout << '\n';
-    tables.printTotals(quantities);
+    printListing(quantities, by);
 }
 
 void run(const Options& options) {

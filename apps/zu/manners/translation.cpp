@@ -15,7 +15,7 @@ namespace zu::app {
 
 namespace {
 
-constexpr unsigned kFirstText = 3300;
+constexpr unsigned kFirstText = 3100;
 constexpr unsigned kLastText = 3699;
 constexpr int kDeepest = 4; ///< Of places within places.
 

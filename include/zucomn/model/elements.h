@@ -21,8 +21,6 @@ inline constexpr int kNoElement = 100; ///< The block's name has no element pref
 /// Returns an element code in words, the same in every language: "route line", "tee" ..., "fitting 21" for
 /// fittings without a name of their own, "-" for kNoElement.
 [[nodiscard]] ZUCOMN_API std::wstring elementKindName(int code);
-/// Returns the same in the user's language, for listings.
-[[nodiscard]] ZUCOMN_API std::wstring elementKindLabel(int code);
 
 /// A kind that route groups have.
 struct RouteKind {

@@ -25,7 +25,7 @@ using Condition = std::shared_ptr<const zu::Condition>;
 /// Why a condition cannot be parsed.
 struct ConditionError {
     std::size_t place = 0; ///< Index of the character at fault; the length of the text for its end.
-    std::wstring problem;  ///< In the user's language.
+    std::wstring problem;
 };
 
 struct ParsedCondition {

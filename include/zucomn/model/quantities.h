@@ -72,16 +72,6 @@ struct Quantities {
     std::vector<AcDbObjectId> linesWithoutLength; ///< Counted route lines whose length is unknown.
 };
 
-/// The words of a table of quantities, in the user's language.
-struct QuantityWords {
-    std::vector<std::wstring> fields; ///< In the order of QuantityField.
-    std::wstring count;
-    std::wstring length;
-    std::wstring trueLength;
-    std::wstring total;
-};
-[[nodiscard]] ZUCOMN_API QuantityWords quantityWords();
-
 /// Counts the elements of model space that pass the query's filter. An element counts once, with
 /// QuantityField::group once for each group that lists it (with a group in the filter, for that one only).
 /// The same drawing always gives the same result. The time is that of reading every element and grows with
