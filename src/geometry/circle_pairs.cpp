@@ -73,9 +73,8 @@ CircleIntersection onSlope(const CirclePair& pair) {
     return {Meeting::Points, 2, pair.beside(left), pair.beside(-left)};
 }
 
-} // namespace
-
-CircleIntersection intersection(const Circle& a, const Circle& b) {
+/// Inlined into both callers: the result is too large for registers.
+[[gnu::always_inline]] inline CircleIntersection intersect(const Circle& a, const Circle& b) {
     if (a.cy != b.cy)
         return onSlope({a, b});
     if (a.cx != b.cx)
@@ -83,10 +82,16 @@ CircleIntersection intersection(const Circle& a, const Circle& b) {
     return none(std::abs(a.r - b.r) < kSameRadius ? Meeting::SameCircle : Meeting::Concentric);
 }
 
+} // namespace
+
+CircleIntersection intersection(const Circle& a, const Circle& b) {
+    return intersect(a, b);
+}
+
 } // namespace zu::plane
 
 int Esg_inter_c2c(const Circle* a, const Circle* b, int* n, Point* p1, Point* p2) {
-    const auto found = zu::plane::intersection(*a, *b);
+    const auto found = zu::plane::intersect(*a, *b);
     *n = found.count;
     if (found.count > 0) {
         *p1 = found.p1;
