@@ -21,8 +21,15 @@ std::wstring_view valueOf(const CString& text) {
 
 /// Returns field n when it ends in "|", else an empty text.
 std::wstring_view endedField(std::wstring_view text, int n) {
-    return std::count(text.begin(), text.end(), kFieldSeparator) >= n ? attributeFieldIn(text, n)
-                                                                      : std::wstring_view();
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != kFieldSeparator)
+            continue;
+        if (--n == 0)
+            return text.substr(start, i - start);
+        start = i + 1;
+    }
+    return {};
 }
 
 bool isMarkedEditable(const CString& text) {
