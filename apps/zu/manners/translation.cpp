@@ -4,7 +4,6 @@
 #include "text.h"
 
 #include <zucomn/frame.h>
-#include <zuhost/language.h>
 
 #include <algorithm>
 #include <array>
@@ -106,7 +105,7 @@ std::string textOf(HMODULE module, unsigned id) {
 } // namespace
 
 void loadTranslations() {
-    if (!zuhost::environmentNamesLanguage() || GetUserDefaultUILanguage() == kEnglish)
+    if (GetUserDefaultUILanguage() == kEnglish)
         return;
     const LanguageModule english(kEnglish);
     if (english.get() == nullptr)

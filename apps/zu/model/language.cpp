@@ -23,17 +23,12 @@ LanguageModule::~LanguageModule() {
 void chooseLanguage() {
     const LANGID id = GetUserDefaultUILanguage();
     const bool hasTexts = id == kJapanese || (id != 0 && LanguageModule(id).get() != nullptr);
-    if (zuhost::environmentNamesLanguage() && !hasTexts)
+    if (!zuhost::environmentNamesLanguage() || !hasTexts)
         zuhost::setUserLanguage(kEnglish);
 }
 
 std::wstring programText(unsigned id) {
     CString text;
-    if (!zuhost::environmentNamesLanguage()) {
-        const LanguageModule english(kEnglish);
-        if (english.get() != nullptr && ZuComn_LoadString(english.get(), id, text) > 0)
-            return std::wstring(text.view());
-    }
     ZuComn_LoadString(ZuComn_GetResource(), id, text);
     return std::wstring(text.view());
 }

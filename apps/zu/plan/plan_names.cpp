@@ -4,7 +4,6 @@
 
 #include <zucomn/model/elements.h>
 #include <zucomn/settings.h>
-#include <zuhost/language.h>
 
 #include <QStringList>
 
@@ -39,8 +38,7 @@ QString nameOf(const zucomn::RouteKind& kind, const std::vector<QString>& uses, 
     if (!given.isEmpty())
         return uses.empty() || (uses.size() == 1 && uses.front() == given) ? given
                                                                            : given + ": " + joined(uses);
-    const QString number = zuhost::environmentNamesLanguage() ? QString::fromStdWString(kind.name)
-                                                              : planText(PlanText::kind).arg(kind.number);
+    const QString number = QString::fromStdWString(kind.name);
     return uses.empty() ? planText(PlanText::kindCount).arg(number, QString::number(count))
                         : planText(PlanText::named).arg(joined(uses), number);
 }

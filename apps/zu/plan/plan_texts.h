@@ -12,9 +12,8 @@ enum class PlanText : unsigned {
     otherElements,
     joined,
     dangling,
-    kind = 3000, ///< %1 is its number,
-    named,       ///< words and what they stand for or how many there are,
-    kindCount,   ///< a kind and the number of its elements.
+    named = 3001, ///< Words and what they stand for or how many there are,
+    kindCount,    ///< a kind and the number of its elements.
     comma
 };
 
