@@ -1,6 +1,6 @@
 #include <zucomn/model/audit.h>
 
-#include "findings.h"
+#include "network.h"
 #include "route/group_access.h"
 
 #include <zucomn/model/elements.h>
@@ -42,8 +42,11 @@ std::vector<RouteFinding> auditRoutes(const AcDbDatabase& drawing, bool repairin
     const std::vector<AcDbObjectId> entities = auditedEntities(drawing);
     auditEmptyGroups(drawing, audit);
     zu::auditMemberships(drawing, audit);
-    zu::auditRecords(entities, audit);
-    zu::auditConnectionPoints(drawing, audit);
+    const auto elements = zu::auditRecords(entities, audit);
+    const zu::Network network(zu::auditDuplicates(modelSpaceReferences(drawing), audit));
+    zu::auditConnectionPoints(network, audit);
+    zu::auditJoints(network, elements, audit);
+    zu::auditReach(drawing, network, audit);
     return audit.takeFindings();
 }
 

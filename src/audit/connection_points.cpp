@@ -1,11 +1,4 @@
-#include "findings.h"
-
-#include <zucomn/model/elements.h>
-#include <zucomn/model/joints.h>
-
-#include <afxstr.h>
-
-#include <cmath>
+#include "network.h"
 
 namespace zu {
 
@@ -13,41 +6,48 @@ namespace {
 
 using zucomn::RouteFault;
 
-constexpr double kSteps = 1000.0; ///< In one drawing unit.
-
-CString handleText(AcDbObjectId id) {
-    ACHAR buffer[17];
-    id.handle().getIntoAsciiBuffer(buffer);
-    return buffer;
+std::wstring pointText(const NetworkPoint& point) {
+    return L"connection point " + std::to_wstring(point.number) + L" at " + placeText(point.position);
 }
 
-/// Adding 0.0 turns a negative zero, which would be written "-0", into a positive one.
-double rounded(double value) {
-    return std::round(value * kSteps) / kSteps + 0.0;
+void reportCrowd(const Network& network, const NetworkPoint& point, RouteAudit& audit) {
+    std::vector<AcDbObjectId> joined = network.joinedTo(point);
+    audit.add({network.elementOf(point), RouteFault::crowdedJoint,
+               pointText(point) + L" joins several elements: " + handleText(joined[0]) + L", " +
+                   handleText(joined[1]),
+               false, std::move(joined), point.position});
 }
 
-std::wstring problemText(const zucomn::ConnectionPoint& point, const std::vector<AcDbObjectId>& others) {
-    CString text;
-    text.Format(L"connection point %d at %.15g, %.15g joins ", point.number, rounded(point.position.x),
-                rounded(point.position.y));
-    if (others.empty())
-        text += L"nothing";
-    else
-        text += L"several elements: " + handleText(others[0]) + L", " + handleText(others[1]);
-    return std::wstring(text.view());
+void reportGap(const Network& network, std::size_t i, RouteAudit& audit) {
+    const NetworkPoint& point = network.points()[i];
+    const NetworkPoint& other = network.points()[point.gap->point];
+    // Two points that are each other's nearest are one gap.
+    if (other.gap && other.gap->point == i && point.gap->point < i)
+        return;
+    const AcDbObjectId element = network.elementOf(other);
+    audit.add({network.elementOf(point), RouteFault::gap,
+               pointText(point) + L" joins nothing: " + numberText(point.gap->distance) + L" from " +
+                   handleText(element) + L"'s point " + std::to_wstring(other.number),
+               false, std::vector{element}, point.position});
 }
 
 } // namespace
 
-void auditConnectionPoints(const AcDbDatabase& drawing, RouteAudit& audit) {
-    const std::vector<zucomn::ConnectionPoint> points =
-        zucomn::connectionPoints(zucomn::modelSpaceReferences(drawing));
-    std::vector<std::vector<AcDbObjectId>> joined = zucomn::joinedElements(points);
-    for (std::size_t i = 0; i < points.size(); ++i)
-        if (joined[i].size() != 1)
-            audit.add({points[i].element, joined[i].empty() ? RouteFault::openEnd : RouteFault::crowdedJoint,
-                       problemText(points[i], joined[i]), false, std::move(joined[i]),
-                       AcGePoint3d(points[i].position.x, points[i].position.y, 0.0)});
+void auditConnectionPoints(const Network& network, RouteAudit& audit) {
+    for (std::size_t i = 0; i < network.points().size(); ++i) {
+        const NetworkPoint& point = network.points()[i];
+        if (point.joinedCount > 1)
+            reportCrowd(network, point, audit);
+        else if (point.gap)
+            reportGap(network, i, audit);
+        else if (point.joinedCount == 0)
+            audit.add({network.elementOf(point),
+                       RouteFault::openEnd,
+                       pointText(point) + L" joins nothing",
+                       false,
+                       {},
+                       point.position});
+    }
 }
 
 } // namespace zu

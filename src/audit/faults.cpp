@@ -18,8 +18,14 @@ constexpr std::array kFaults{
     Fault{RouteFault::membership, L"several-groups", Severity::error},
     Fault{RouteFault::attributeRecord, L"attribute-record", Severity::error},
     Fault{RouteFault::linkRecord, L"link-record", Severity::error},
+    Fault{RouteFault::duplicate, L"duplicate", Severity::error},
     Fault{RouteFault::openEnd, L"open-end", Severity::warning},
+    Fault{RouteFault::gap, L"gap", Severity::error},
     Fault{RouteFault::crowdedJoint, L"crowded-joint", Severity::error},
+    Fault{RouteFault::kindMismatch, L"kind-mismatch", Severity::error},
+    Fault{RouteFault::sizeMismatch, L"size-mismatch", Severity::warning},
+    Fault{RouteFault::heightMismatch, L"height-mismatch", Severity::warning},
+    Fault{RouteFault::unreached, L"unreached", Severity::warning},
 };
 
 constexpr bool isInOrder() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "quantities/counted_element.h"
+
 #include <zucomn/model/audit.h>
 
 #include <utility>
@@ -24,13 +26,12 @@ private:
     std::vector<zucomn::RouteFinding> findings_;
 };
 
-// The parts of the audit.
+// The parts of the audit of damage.
 
 /// Elements in several route groups of one kind.
 void auditMemberships(const AcDbDatabase& drawing, RouteAudit& audit);
-/// Attribute and link records.
-void auditRecords(const std::vector<AcDbObjectId>& entities, RouteAudit& audit);
-/// Connection points that join nothing, or more than one element.
-void auditConnectionPoints(const AcDbDatabase& drawing, RouteAudit& audit);
+/// Attribute and link records. Returns the block references among the entities, in order, with what their
+/// records say.
+std::vector<CountedElement> auditRecords(const std::vector<AcDbObjectId>& entities, RouteAudit& audit);
 
 } // namespace zu

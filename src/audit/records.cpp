@@ -4,6 +4,7 @@
 
 #include <adslib.h>
 #include <arxutil.h>
+#include <dbents.h>
 #include <dbobjptr.h>
 
 #include <algorithm>
@@ -77,6 +78,13 @@ CString join(const std::vector<CString>& fields) {
     return text;
 }
 
+/// Returns true for a text with the given number of terminated fields and nothing else.
+bool hasFields(const CString& text, std::size_t count) {
+    const std::wstring_view view = text.view();
+    return view.ends_with(kFieldSeparator) &&
+           static_cast<std::size_t>(std::count(view.begin(), view.end(), kFieldSeparator)) == count;
+}
+
 /// Returns the text with the given number of terminated fields; nullopt when a field with a value would be
 /// lost.
 std::optional<CString> withFields(const CString& text, std::size_t count) {
@@ -113,6 +121,7 @@ public:
         : entity_(entity), application_(application), record_(readRecord(chain, application)) {}
 
     [[nodiscard]] bool isThere() const { return record_.count > 0; }
+    [[nodiscard]] const std::vector<CString>& texts() const { return record_.texts; }
 
     /// Returns false when the record has no texts to check.
     bool checkForm(const std::wstring& name) {
@@ -163,6 +172,8 @@ private:
 
     void checkItem(std::size_t place) {
         const CString text = record_.texts[place];
+        if (hasFields(text, kItemFields))
+            return;
         const std::optional<CString> repaired = withFields(text, kItemFields);
         if (repaired == text)
             return;
@@ -208,8 +219,7 @@ private:
     std::vector<Fault> faults_;
 };
 
-void auditAttributes(AcDbObjectId entity, const resbuf* chain, RouteAudit& audit) {
-    RecordAudit record(entity, kAttributeApplication, chain);
+void auditAttributes(RecordAudit& record, RouteAudit& audit) {
     if (!record.isThere())
         return;
     if (record.checkForm(L"attribute record"))
@@ -217,8 +227,7 @@ void auditAttributes(AcDbObjectId entity, const resbuf* chain, RouteAudit& audit
     record.report(RouteFault::attributeRecord, audit);
 }
 
-void auditLink(AcDbObjectId entity, const resbuf* chain, RouteAudit& audit) {
-    RecordAudit record(entity, kLinkApplication, chain);
+void auditLink(RecordAudit& record, RouteAudit& audit) {
     if (!record.isThere())
         return;
     if (record.checkForm(L"link record"))
@@ -226,16 +235,35 @@ void auditLink(AcDbObjectId entity, const resbuf* chain, RouteAudit& audit) {
     record.report(RouteFault::linkRecord, audit);
 }
 
+CountedElement elementOf(const AcDbBlockReference& reference, const RecordAudit& attributes,
+                         const RecordAudit& link, const zucomn::QuantityAttributes& ids) {
+    CStringArray record;
+    for (const CString& text : attributes.texts())
+        record.Add(text);
+    CountedElement element = countedFrom(reference.objectId(), reference.blockName(), record, ids);
+    element.kind = link.texts().empty() ? -1 : linkKind(link.texts().front().view());
+    return element;
+}
+
 } // namespace
 
-void auditRecords(const std::vector<AcDbObjectId>& entities, RouteAudit& audit) {
+std::vector<CountedElement> auditRecords(const std::vector<AcDbObjectId>& entities, RouteAudit& audit) {
+    const zucomn::QuantityAttributes ids = zucomn::quantityAttributes();
+    std::vector<CountedElement> elements;
     for (const AcDbObjectId entity : entities) {
-        std::unique_ptr<resbuf, ChainDeleter> chain;
-        if (const AcDbObjectPointer<AcDbObject> object(entity); object.openStatus() == Acad::eOk)
-            chain.reset(object->xData());
-        auditAttributes(entity, chain.get(), audit);
-        auditLink(entity, chain.get(), audit);
+        AcDbObjectPointer<AcDbObject> object(entity);
+        if (object.openStatus() != Acad::eOk)
+            continue;
+        const std::unique_ptr<resbuf, ChainDeleter> chain(object->xData());
+        RecordAudit attributes(entity, kAttributeApplication, chain.get());
+        RecordAudit link(entity, kLinkApplication, chain.get());
+        if (const auto* const reference = AcDbBlockReference::cast(object.object()))
+            elements.push_back(elementOf(*reference, attributes, link, ids));
+        object.close(); // repairs open it for write
+        auditAttributes(attributes, audit);
+        auditLink(link, audit);
     }
+    return elements;
 }
 
 } // namespace zu

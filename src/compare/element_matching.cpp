@@ -12,10 +12,7 @@ std::size_t mixed(std::size_t hash, std::size_t value) {
 }
 
 std::size_t hashOfPlace(const ElementState& state) {
-    std::size_t hash = std::hash<std::wstring>()(state.block);
-    for (const double value : state.place)
-        hash = mixed(hash, std::hash<double>()(value));
-    return hash;
+    return hashOf(state.place, std::hash<std::wstring>()(state.block));
 }
 
 std::size_t hashOfAll(const ElementState& state) {

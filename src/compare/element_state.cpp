@@ -10,10 +10,6 @@
 #include <dbobjptr.h>
 #include <windows.h>
 
-#include <algorithm>
-#include <cmath>
-#include <limits>
-#include <numbers>
 #include <unordered_map>
 
 namespace zu {
@@ -21,27 +17,6 @@ namespace zu {
 namespace {
 
 using zucomn::ValueChange;
-
-constexpr double kSteps = 1e6;
-constexpr double kFullTurn = 360.0;
-// Columns of ElementState::place.
-constexpr std::size_t kPositionEnd = 3;
-constexpr std::size_t kScale = 3;
-constexpr std::size_t kRotation = 6;
-constexpr std::size_t kNormal = 7;
-
-/// Adding 0.0 turns a negative zero into a positive one. Damaged drawings have values that are not a number;
-/// these have to be equal, too.
-double rounded(double value) {
-    if (std::isnan(value))
-        return std::numeric_limits<double>::max();
-    return std::round(value * kSteps) / kSteps + 0.0;
-}
-
-double degrees(double radians) {
-    const double angle = std::fmod(rounded(radians * 180.0 / std::numbers::pi), kFullTurn);
-    return rounded(angle < 0.0 ? angle + kFullTurn : angle);
-}
 
 std::vector<std::wstring> textsOf(AcDbObjectId id, const wchar_t* application) {
     CStringArray list;
@@ -60,12 +35,7 @@ bool readReference(AcDbObjectId id, ElementState& state) {
     state.block = CString(reference->blockName()).MakeLower().view();
     state.layer = reference->layerName();
     state.position = reference->position();
-    const AcGeScale3d scale = reference->scaleFactors();
-    const AcGeVector3d normal = reference->normal();
-    state.place = {state.position.x, state.position.y, state.position.z, scale.sx, scale.sy, scale.sz, 0.0,
-                   normal.x,         normal.y,         normal.z};
-    std::transform(state.place.begin(), state.place.end(), state.place.begin(), rounded);
-    state.place[kRotation] = degrees(reference->rotation());
+    state.place = elementPlace(*reference.object());
     return true;
 }
 
@@ -75,17 +45,11 @@ std::wstring numberText(double value) {
     return std::wstring(text.view());
 }
 
-std::wstring scaleText(const ElementState& state) {
+std::wstring scaleText(const ElementPlace& place) {
     std::wstring text;
-    for (std::size_t i = kScale; i < kRotation; ++i)
-        text += (text.empty() ? L"" : L", ") + numberText(state.place[i]);
+    for (const double factor : place.scale)
+        text += (text.empty() ? L"" : L", ") + numberText(factor);
     return text;
-}
-
-bool isSameRange(const ElementState& a, const ElementState& b, std::size_t first, std::size_t last) {
-    return std::equal(a.place.begin() + static_cast<std::ptrdiff_t>(first),
-                      a.place.begin() + static_cast<std::ptrdiff_t>(last),
-                      b.place.begin() + static_cast<std::ptrdiff_t>(first));
 }
 
 std::optional<std::wstring> valueOrNone(const std::wstring& text) {
@@ -152,16 +116,17 @@ std::vector<ElementState> readElementStates(const AcDbDatabase& drawing) {
 }
 
 bool isMoved(const ElementState& before, const ElementState& after) {
-    return !isSameRange(before, after, 0, kPositionEnd);
+    return before.place.position != after.place.position;
 }
 
 std::vector<ValueChange> changedValues(const ElementState& before, const ElementState& after) {
+    const ElementPlace& was = before.place;
+    const ElementPlace& is = after.place;
     std::vector<ValueChange> changes;
-    if (!isSameRange(before, after, kRotation, before.place.size()))
-        changes.push_back(
-            {zucomn::kRotationKey, numberText(before.place[kRotation]), numberText(after.place[kRotation])});
-    if (!isSameRange(before, after, kScale, kRotation))
-        changes.push_back({zucomn::kScaleKey, scaleText(before), scaleText(after)});
+    if (was.rotation != is.rotation || was.normal != is.normal)
+        changes.push_back({zucomn::kRotationKey, numberText(was.rotation), numberText(is.rotation)});
+    if (was.scale != is.scale)
+        changes.push_back({zucomn::kScaleKey, scaleText(was), scaleText(is)});
     if (_wcsicmp(before.layer.c_str(), after.layer.c_str()) != 0)
         changes.push_back({zucomn::kLayerKey, before.layer, after.layer});
     if (before.link != after.link)

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "route/element_place.h"
+
 #include <afxcoll.h>
 #include <dbid.h>
 #include <gepnt3d.h>
 #include <zucomn/model/compare.h>
 
-#include <array>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,7 @@ struct ElementState {
     std::wstring block; ///< In lower case.
     std::wstring layer;
     AcGePoint3d position;
-    /// Position, scale, rotation and normal in steps of 0.000001, so that equal places have equal values.
-    std::array<double, 10> place{};
+    ElementPlace place;
     std::wstring link;
     std::vector<std::wstring> attributes; ///< The texts of the record.
 

@@ -35,19 +35,25 @@ bool CountedElement::isFitting() const {
     return code != zucomn::kEquipment && code != zucomn::kNoElement && !isLine();
 }
 
+CountedElement countedFrom(AcDbObjectId id, std::wstring block, const CStringArray& record,
+                           const zucomn::QuantityAttributes& attributes) {
+    CountedElement element;
+    element.id = id;
+    element.block = std::move(block);
+    element.code = elementCode(element.block);
+    element.size = firstValue(record, attributes.size);
+    element.use = firstValue(record, attributes.use);
+    element.heights = heightsOf(record, element.block, attributes.height);
+    return element;
+}
+
 std::optional<CountedElement> readCounted(AcDbObjectId id, const zucomn::QuantityAttributes& attributes) {
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
     if (reference.openStatus() != Acad::eOk)
         return std::nullopt;
     CStringArray record;
     ApiComn_extractAttributesArray(reference.object(), kAttributeApplication, record);
-    CountedElement element;
-    element.id = id;
-    element.block = reference->blockName();
-    element.code = elementCode(element.block);
-    element.size = firstValue(record, attributes.size);
-    element.use = firstValue(record, attributes.use);
-    element.heights = heightsOf(record, element.block, attributes.height);
+    CountedElement element = countedFrom(id, reference->blockName(), record, attributes);
     RootComn_GetBlockRootKind(id, &element.kind);
     if (auto points = connectionPoints(id, connectionLayer()))
         element.points = std::move(points.value);

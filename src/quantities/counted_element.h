@@ -30,6 +30,11 @@ struct CountedElement {
     static constexpr int kMainRouteLine = 2;
 };
 
+/// Returns the element with what its block's name and the strings of its attribute record say: all but the
+/// kind and the points.
+[[nodiscard]] CountedElement countedFrom(AcDbObjectId id, std::wstring block, const CStringArray& record,
+                                         const zucomn::QuantityAttributes& attributes);
+
 /// Returns nullopt when the object is no block reference or cannot be opened.
 [[nodiscard]] std::optional<CountedElement> readCounted(AcDbObjectId id,
                                                         const zucomn::QuantityAttributes& attributes);

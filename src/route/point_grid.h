@@ -19,6 +19,11 @@ public:
     /// A grid for searches up to the given distance.
     explicit PointGrid(double greatestDistance);
 
+    /// Prepares for so many points.
+    void reserve(std::size_t points) {
+        cells_.reserve(points);
+        entries_.reserve(points);
+    }
     /// Adds all points of an owner; skips points that are not finite.
     void add(const std::vector<AcGePoint3d>& points, int owner);
     /// Removes the owner's entries at these points.

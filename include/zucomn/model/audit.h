@@ -19,10 +19,21 @@ enum class RouteFault {
     membership,      ///< An element in several route groups of one kind.
     attributeRecord, ///< An attribute record that is damaged.
     linkRecord,      ///< A link record that is damaged.
+    duplicate,       ///< An element exactly where another of its block stands.
     openEnd,         ///< A connection point that joins nothing.
+    gap,             ///< One that lies just beyond the connection tolerance of another.
     crowdedJoint,    ///< A connection point that joins several elements.
+    kindMismatch,    ///< Joined elements of different route kinds.
+    sizeMismatch,    ///< Joined elements of different sizes.
+    heightMismatch,  ///< Joined elements at different heights.
+    unreached,       ///< Elements of a route group that no joint connects to the others.
 };
-inline constexpr std::size_t kRouteFaults = 6;
+inline constexpr std::size_t kRouteFaults = 12;
+
+/// Points that lie up to so many times the connection tolerance apart are a gap, not two open ends.
+inline constexpr double kGapReach = 10.0;
+/// Heights that differ by no more than this, in drawing units, are equal.
+inline constexpr double kHeightTolerance = 1.0;
 
 enum class Severity {
     warning, ///< To be looked at: it may be meant.
@@ -42,11 +53,13 @@ struct RouteFinding {
     std::optional<AcGePoint3d> position; ///< The connection point at fault; nullopt for the whole object.
 };
 
-/// Audits the routes of a drawing: groups, then records, then connection points, in model space and in the
-/// members of its groups. When repairing, also repairs what can be repaired without a decision: deletes empty
-/// groups, keeps each element in the lowest-numbered of its route groups of a kind, corrects the form of
-/// attribute records, removes empty records. Returns the findings in that order. Nothing that the library
-/// reads is lost. Repair the database itself first (references of groups and entities).
+/// Audits the routes of a drawing: groups, then records, in model space and in the members of its groups;
+/// then the design of what stands in model space: duplicates, connection points, joints, reach. A duplicate
+/// is left out of what follows. When repairing, also repairs what can be repaired without a decision: deletes
+/// empty groups, keeps each element in the lowest-numbered of its route groups of a kind, corrects the form
+/// of attribute records, removes empty records; the design stays as it is. Returns the findings in that
+/// order. Nothing that the library reads is lost. Repair the database itself first (references of groups and
+/// entities).
 [[nodiscard]] ZUCOMN_API std::vector<RouteFinding> auditRoutes(const AcDbDatabase& drawing, bool repairing);
 
 } // namespace zucomn

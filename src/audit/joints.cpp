@@ -1,0 +1,113 @@
+#include "network.h"
+#include "route/route_kinds.h"
+
+#include <zucomn/model/elements.h>
+
+#include <algorithm>
+#include <array>
+
+namespace zu {
+
+namespace {
+
+using zucomn::RouteFault;
+
+/// The codes of elements with one size: lines, elbows, offsets, valves and ends. Tees, reducers and equipment
+/// may join other sizes.
+constexpr std::array kOneSize{1, 2, 3, 6, 7, 8, 9, 12, 16, 17, 18, 99};
+/// The codes of fittings that turn a route up or down: their other end lies at another height.
+constexpr std::array kVertical{8, 9, 10, 11, 17, 18};
+
+template <typename Codes>
+bool isAmong(const Codes& codes, int code) {
+    return std::find(codes.begin(), codes.end(), code) != codes.end();
+}
+
+bool isEquipment(const CountedElement& element) {
+    return element.code == zucomn::kEquipment;
+}
+
+/// A joint of two elements, at a point of the first.
+struct AuditedJoint {
+    const CountedElement& first;
+    const CountedElement& second;
+    const NetworkPoint& point;
+
+    void report(RouteFault fault, const std::wstring& own, const std::wstring& other,
+                RouteAudit& audit) const {
+        audit.add({first.id, fault,
+                   own + L", and " + handleText(second.id) + L", joined at " + placeText(point.position) +
+                       L", " + other,
+                   false, std::vector{second.id}, point.position});
+    }
+};
+
+void auditKinds(const AuditedJoint& joint, RouteAudit& audit) {
+    const auto text = [](const CountedElement& element) {
+        return L"has link kind " + std::to_wstring(element.kind);
+    };
+    if (isRouteKind(joint.first.kind) && isRouteKind(joint.second.kind) &&
+        joint.first.kind != joint.second.kind && !isEquipment(joint.first) && !isEquipment(joint.second))
+        joint.report(RouteFault::kindMismatch, text(joint.first), text(joint.second), audit);
+}
+
+void auditSizes(const AuditedJoint& joint, RouteAudit& audit) {
+    const auto text = [](const CountedElement& element) { return L"has size \"" + element.size + L'"'; };
+    if (isAmong(kOneSize, joint.first.code) && isAmong(kOneSize, joint.second.code) &&
+        !joint.first.size.empty() && !joint.second.size.empty() && joint.first.size != joint.second.size)
+        joint.report(RouteFault::sizeMismatch, text(joint.first), text(joint.second), audit);
+}
+
+void auditHeights(const AuditedJoint& joint, RouteAudit& audit) {
+    const auto canDiffer = [](const CountedElement& element) {
+        return !element.heights || isEquipment(element) || isAmong(kVertical, element.code);
+    };
+    if (canDiffer(joint.first) || canDiffer(joint.second))
+        return;
+    const auto [low, high] = std::minmax(joint.first.heights->low, joint.first.heights->high);
+    const auto [otherLow, otherHigh] = std::minmax(joint.second.heights->low, joint.second.heights->high);
+    if (std::max(low, otherLow) - std::min(high, otherHigh) <= zucomn::kHeightTolerance)
+        return;
+    const auto text = [](double least, double greatest) {
+        return L"lies at height " + numberText(least) +
+               (least == greatest ? std::wstring() : L" to " + numberText(greatest));
+    };
+    joint.report(RouteFault::heightMismatch, text(low, high), text(otherLow, otherHigh), audit);
+}
+
+/// For each element of the network; null when it is missing among the elements.
+std::vector<const CountedElement*> aligned(const Network& network,
+                                           const std::vector<CountedElement>& elements) {
+    std::vector<const CountedElement*> found(network.elements().size());
+    auto next = elements.begin();
+    for (std::size_t i = 0; i < found.size() && next != elements.end(); ++i) {
+        next =
+            std::find_if(next, elements.end(), [id = network.elements()[i]](const CountedElement& element) {
+                return element.id == id;
+            });
+        if (next != elements.end())
+            found[i] = &*next;
+    }
+    return found;
+}
+
+} // namespace
+
+void auditJoints(const Network& network, const std::vector<CountedElement>& elements, RouteAudit& audit) {
+    const std::vector<const CountedElement*> known = aligned(network, elements);
+    for (const NetworkPoint& point : network.points()) {
+        // Each joint is met from both sides.
+        if (point.joinedCount != 1 || point.joined[0] < point.element)
+            continue;
+        const CountedElement* const first = known[point.element];
+        const CountedElement* const second = known[point.joined[0]];
+        if (first == nullptr || second == nullptr)
+            continue;
+        const AuditedJoint joint{*first, *second, point};
+        auditKinds(joint, audit);
+        auditSizes(joint, audit);
+        auditHeights(joint, audit);
+    }
+}
+
+} // namespace zu
