@@ -50,8 +50,8 @@ void eraseEmptyGroups(TagList& tags) {
         if (group.closed && group.end == group.opening + 1)
             empty.push_back({group.opening, group.end + 1});
     });
-    for (auto group = empty.rbegin(); group != empty.rend(); ++group)
-        tags.erase(*group);
+    for (std::size_t i = empty.size(); i-- > 0;)
+        tags.erase(empty[i]);
 }
 
 } // namespace

@@ -74,6 +74,8 @@ struct ChangeReactors {
         index.apply(tags);
     }
 };
+template <typename Change>
+ChangeReactors(Change) -> ChangeReactors<Change>;
 
 } // namespace
 
