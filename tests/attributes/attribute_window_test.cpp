@@ -348,8 +348,11 @@ TEST_F(FrameTest, SearchFiltersEntitiesAndItemsAsOneTypes) {
     search->setText("サイズ");
     EXPECT_EQ(properties().GetCount(), 2) << "the heading and the item";
     EXPECT_EQ(lines().GetItemCount(), 4);
+    frame_.GetRightPane()->SetValue(L"S304", L"7");
     QTest::keyClick(search, Qt::Key_Escape);
+    zuhost::processPendingEvents();
     EXPECT_GT(properties().GetCount(), 7);
+    EXPECT_EQ(shown(L"S304|"), L"7") << "a search keeps changed values";
     QTest::keyClick(search, Qt::Key_Down);
     EXPECT_TRUE(lines().widget()->hasFocus());
     QTest::keyClick(lines().widget(), Qt::Key_A, Qt::ControlModifier);
@@ -368,6 +371,11 @@ TEST_F(FrameTest, StatusSaysWhatWasChangedAndSkipped) {
     EXPECT_EQ(text(frame_.GetStatus()), L"2 要素を修正、1 要素は対象外");
     EXPECT_TRUE(observer.boxes().empty());
     EXPECT_EQ(drawing_.value(kSecondDuct, L"S401"), L"2500");
+    properties().SetFocus();
+    properties().SelectItem(frame_.GetRightPane()->pane().manager().FindItem(L"S304|"));
+    QTest::keyClicks(properties().widget(), "5");
+    QTest::keyClick(editor(properties()), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(drawing_.value(kDuct, L"S304"), L"5") << "accepted and written";
     pressButton();
     EXPECT_EQ(text(frame_.GetStatus()), L"変更された項目はありません");
 }

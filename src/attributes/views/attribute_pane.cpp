@@ -127,6 +127,7 @@ void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys,
     list_.EndEdit(false);
     manager_.Clear();
     const ResourceScope scope;
+    entities_.assign(entities.begin(), entities.end());
     const LockedElements locked = lockedAmong(entities);
     addNotices(!items.empty(), locked, entities.size());
     const bool isLocked = !entities.empty() && locked.count == entities.size();
@@ -151,6 +152,11 @@ void AttributePane::show(std::span<const ShownItem> items, CStringArray* keys,
 
 void AttributePane::showEntities(std::span<const AcDbObjectId> entities, CStringArray* keys) {
     show(shownItemsOf(entities), keys, entities);
+}
+
+bool AttributePane::hasChangesOf(std::span<const AcDbObjectId> entities) const {
+    return !changedItems().empty() &&
+           std::equal(entities.begin(), entities.end(), entities_.begin(), entities_.end());
 }
 
 void AttributePane::showPart(const wchar_t* partFile, CStringArray* keys) {

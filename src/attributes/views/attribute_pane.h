@@ -34,6 +34,9 @@ public:
     /// entities are on locked layers. What the drawing says about the entities follows in a category of its
     /// own, whose items have no keys.
     void showEntities(std::span<const AcDbObjectId> entities, CStringArray* keys);
+    /// Returns true while the pane shows these entities with changed values, which showing them anew would
+    /// lose.
+    [[nodiscard]] bool hasChangesOf(std::span<const AcDbObjectId> entities) const;
     /// Shows the attribute file of a part; an empty list when there is none.
     void showPart(const wchar_t* partFile, CStringArray* keys);
 
@@ -58,6 +61,7 @@ private:
     void addFacts(std::span<const AcDbObjectId> entities);
 
     bool usesMarks_;
+    std::vector<AcDbObjectId> entities_; ///< The entities shown; none for parts and lines.
     CMyAdaptablePropertyItemManager manager_;
     CPropertyListCtrl list_;
 };

@@ -116,8 +116,13 @@ LRESULT CEntView::OnSynchronise(WPARAM /*wParam*/, LPARAM /*lParam*/) {
     return 0;
 }
 
+/// A search that leaves the selection as it is keeps the changed values.
 void CEntView::CompleteUpdate() {
-    if (m_synchronises)
+    CAttView* const attributes = attributeViewOf(*this);
+    if (!m_synchronises || attributes == nullptr)
+        return;
+    m_synchronises = false;
+    if (!attributes->pane().hasChangesOf(zu::spanOf(GetSelectedEntities())))
         Synchronise();
 }
 

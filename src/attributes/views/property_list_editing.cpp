@@ -136,9 +136,8 @@ bool CPropertyListCtrl::onEditorKey(UINT key) {
     switch (key) {
     case VK_ESCAPE:
         return EndEdit(false);
-    case VK_RETURN:
-        EndEdit(true);
-        return true;
+    case VK_RETURN: // With Ctrl the frame goes on to write the accepted value.
+        return !EndEdit(true) || GetKeyState(VK_CONTROL) >= 0;
     case VK_TAB:
         editNeighbour(GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
         return true;
