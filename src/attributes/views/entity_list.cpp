@@ -135,7 +135,7 @@ void EntityList::selectEntities(const AcArray<AcDbObjectId>& entities) {
 void EntityList::setFilter(const CString& text) {
     if (text == filter_)
         return;
-    constexpr std::size_t kMostExpanded = 500; // More rows than anyone reads in the list.
+    constexpr std::size_t kMostExpanded = 500; // More rows are searched, not read.
     const std::set<LineKey> selected = selectedLines();
     std::set<std::size_t> expanded;
     for (std::size_t group = 0; group < lines_.size(); ++group)
