@@ -1,42 +1,53 @@
 #include "line_lengths.h"
 
-#include <zucomn/model/joints.h>
+#include "route/point_grid.h"
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
 
 namespace zu {
 
 namespace {
 
-using zucomn::ConnectionPoint;
+/// The connection points of all elements.
+class Joints {
+public:
+    explicit Joints(std::span<const CountedElement> elements)
+        : elements_(elements), tolerance_(connectionTolerance()), grid_(tolerance_) {
+        for (std::size_t i = 0; i < elements.size(); ++i)
+            grid_.add(elements[i].points, static_cast<int>(i));
+    }
 
-std::vector<ConnectionPoint> allPoints(std::span<const CountedElement> elements) {
-    std::vector<ConnectionPoint> points;
-    for (const CountedElement& element : elements)
-        for (int number = 0; const AcGePoint3d& point : element.points)
-            points.push_back({element.id, number++, point.convert2d()});
-    return points;
-}
+    /// Returns the fitting that alone joins an element at one of its points; null without one.
+    [[nodiscard]] const CountedElement* fittingAt(const AcGePoint3d& point, std::size_t element) const {
+        constexpr int kNone = -1;
+        const int own = static_cast<int>(element);
+        int joined = kNone;
+        bool isAlone = true;
+        grid_.visit(
+            point, tolerance_, [&](int other) { return other == own || other == joined; },
+            [&](int other) {
+                isAlone = joined == kNone;
+                joined = other;
+                return isAlone;
+            });
+        if (joined == kNone || !isAlone)
+            return nullptr;
+        const CountedElement& other = elements_[static_cast<std::size_t>(joined)];
+        return other.isFitting() ? &other : nullptr;
+    }
 
-using FittingsById = std::unordered_map<AcDbObjectId, const CountedElement*>;
+private:
+    std::span<const CountedElement> elements_;
+    double tolerance_;
+    PointGrid grid_;
+};
 
-FittingsById fittingsWithHeights(std::span<const CountedElement> elements) {
-    FittingsById fittings;
-    for (const CountedElement& element : elements)
-        if (element.isFitting() && element.heights)
-            fittings.emplace(element.id, &element);
-    return fittings;
-}
-
-/// The height at an end of a line that the elements join.
-std::optional<double> endHeight(const CountedElement& line, const std::vector<AcDbObjectId>& joined,
-                                const FittingsById& fittings) {
-    const auto found = joined.size() == 1 ? fittings.find(joined.front()) : fittings.end();
-    if (found == fittings.end())
+/// The height at an end of a line that the fitting joins.
+std::optional<double> endHeight(const CountedElement& line, const CountedElement* fitting) {
+    if (fitting == nullptr || !fitting->heights)
         return std::nullopt;
-    const HeightRange range = *found->second->heights;
+    const HeightRange range = *fitting->heights;
     if (range.low == range.high)
         return range.low;
     if (!line.heights)
@@ -48,23 +59,20 @@ std::optional<double> endHeight(const CountedElement& line, const std::vector<Ac
 } // namespace
 
 std::vector<std::optional<LineLength>> lineLengths(std::span<const CountedElement> elements) {
-    const std::vector<std::vector<AcDbObjectId>> joined = zucomn::joinedElements(allPoints(elements));
-    const FittingsById fittings = fittingsWithHeights(elements);
-    std::vector<std::optional<LineLength>> lengths;
-    lengths.reserve(elements.size());
-    auto next = joined.begin();
-    for (const CountedElement& element : elements) {
-        const auto ends = next;
-        next += static_cast<std::ptrdiff_t>(element.points.size());
-        std::optional<LineLength>& length = lengths.emplace_back();
-        if (!element.isLine() || element.points.size() != 2)
+    const Joints joints(elements);
+    std::vector<std::optional<LineLength>> lengths(elements.size());
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        const CountedElement& line = elements[i];
+        if (!line.isLine() || line.points.size() != 2)
             continue;
-        const double inPlan = element.points.front().distanceTo(element.points.back());
+        const AcGePoint3d& from = line.points.front();
+        const AcGePoint3d& to = line.points.back();
+        const double inPlan = from.distanceTo(to);
         if (!std::isfinite(inPlan))
             continue;
-        const std::optional<double> first = endHeight(element, ends[0], fittings);
-        const std::optional<double> second = endHeight(element, ends[1], fittings);
-        length = {inPlan, first && second ? std::hypot(inPlan, *first - *second) : inPlan};
+        const std::optional<double> first = endHeight(line, joints.fittingAt(from, i));
+        const std::optional<double> second = endHeight(line, joints.fittingAt(to, i));
+        lengths[i] = {inPlan, first && second ? std::hypot(inPlan, *first - *second) : inPlan};
     }
     return lengths;
 }

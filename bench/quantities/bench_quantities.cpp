@@ -1,0 +1,121 @@
+#include "../route/network.h"
+#include "own_process.h"
+
+#include <arxutil.h>
+#include <dbapserv.h>
+#include <zucomn/model/elements.h>
+#include <zucomn/model/quantities.h>
+#include <zuhost/text_codec.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <stdexcept>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kGroupSize = 100;
+
+/// Writes a network of lines and tees of several sizes and kinds, in groups.
+void writeNetwork(const std::wstring& path, int count) {
+    const Network drawn(count);
+    for (int i = 0; i < count; ++i) {
+        CStringArray record;
+        CString text;
+        record.Add(L"3|系統|空調|");
+        text.Format(L"S302|%d|P|ｻｲｽﾞ|1|1|", 50 * (i % 7));
+        record.Add(text);
+        text.Format(L"S401|%d|E|取付高|2|1|", 2500 + 100 * (i % 3));
+        record.Add(text);
+        record.Add(i % 5 == 0 ? L"S501|給気|A|用途|3|1|" : L"S501|還気|A|用途|3|1|");
+        ApiComn_appendAttributesArray(drawn.elements[i], L"ZU_ATTR", record);
+        CStringArray link;
+        text.Format(L"%d|", 1 + i / kGroupSize % 4);
+        link.Add(text);
+        ApiComn_appendAttributesArray(drawn.elements[i], L"ZU_LINK", link);
+    }
+    if (drawn.database->dxfOut(path.c_str()) != Acad::eOk)
+        throw std::runtime_error("cannot write the drawing");
+}
+
+std::size_t readElements(const AcDbDatabase& drawing) {
+    std::size_t count = 0;
+    for (const AcDbObjectId id : zucomn::modelSpaceReferences(drawing))
+        count += zucomn::readElement(id).has_value() ? 1 : 0;
+    return count;
+}
+
+std::size_t countBy(const AcDbDatabase& drawing, std::vector<zucomn::QuantityField> by) {
+    zucomn::QuantityQuery query;
+    query.by = std::move(by);
+    return zucomn::countQuantities(drawing, query).sum.count;
+}
+
+std::size_t count(const AcDbDatabase& drawing) {
+    return countBy(drawing, zucomn::QuantityQuery().by);
+}
+
+std::size_t countBySizeAndGroup(const AcDbDatabase& drawing) {
+    return countBy(drawing, {zucomn::QuantityField::group, zucomn::QuantityField::size});
+}
+
+std::size_t filter(const AcDbDatabase& drawing) {
+    zucomn::ElementFilter filter;
+    filter.where = zucomn::parseCondition(L"S501=給気 or S302>=0").condition;
+    return zucomn::filterElements(zucomn::modelSpaceReferences(drawing), filter).size();
+}
+
+struct Task {
+    const char* name;
+    std::size_t (*run)(const AcDbDatabase& drawing); ///< Returns the number of elements.
+};
+
+/// The others are shown as multiples of the first.
+constexpr Task kTasks[] = {{"open, read every element", readElements},
+                           {"open, quantities", count},
+                           {"open, quantities by group", countBySizeAndGroup},
+                           {"open, filter by a condition", filter}};
+
+/// Returns processor time, which other programs disturb less than time on the clock.
+double seconds(const Task& task, const std::wstring& path, int expected) {
+    return inOwnProcess([&] {
+        const std::clock_t start = std::clock();
+        AcDbDatabase drawing(false);
+        if (drawing.dxfIn(path.c_str()) != Acad::eOk)
+            throw std::runtime_error("cannot open the drawing");
+        acdbHostApplicationServices()->setWorkingDatabase(&drawing);
+        if (task.run(drawing) != static_cast<std::size_t>(expected))
+            throw std::runtime_error("not every element was counted");
+        acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+        return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    });
+}
+
+void benchmark(const std::wstring& path, int elements) {
+    constexpr int kRuns = 7;
+    inOwnProcess([&] { return timed([&] { writeNetwork(path, elements); }); });
+    std::printf("%d elements\n", elements);
+    double first = 0.0;
+    for (const Task& task : kTasks) {
+        double best = 1e9;
+        for (int run = 0; run < kRuns; ++run)
+            best = std::min(best, seconds(task, path, elements));
+        first = first == 0.0 ? best : first;
+        std::printf("  %-28s %8.1f ms %6.2f us each %5.2f times\n", task.name, best * 1e3,
+                    best * 1e6 / elements, best / first);
+        std::fflush(stdout);
+    }
+}
+
+} // namespace
+
+int main() {
+    const fs::path file = "bench-quantities-" + std::to_string(getpid()) + ".dxf";
+    for (const int count : {1'000, 10'000, 100'000})
+        benchmark(zuhost::fromUtf8(fs::absolute(file).string()), count);
+    fs::remove(file);
+    return 0;
+}
