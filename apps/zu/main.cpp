@@ -40,6 +40,7 @@ void addCommands(zu::app::Command& program) {
     addCheckCommand(program);
     addQuantitiesCommand(program);
     addCompareCommand(program);
+    addReportCommand(program);
     addSaveCommand(program);
     addPartCommand(program);
     addPartsListCommand(program);

@@ -2,7 +2,6 @@
 
 #include "batch/drawing_list.h"
 #include "batch/results.h"
-#include "batch/tasks.h"
 #include "command_line.h"
 #include "failure.h"
 
@@ -10,6 +9,7 @@
 #include <array>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <thread>
 
 namespace zu::app {
@@ -92,6 +92,15 @@ Task taskOf(const Command& command, const std::vector<GivenOption>& options, con
     return task;
 }
 
+std::vector<Task> tasksOf(const Command& command, const std::vector<GivenOption>& options,
+                          const std::vector<ListedDrawing>& drawings) {
+    std::vector<Task> tasks;
+    tasks.reserve(drawings.size());
+    for (const ListedDrawing& drawing : drawings)
+        tasks.push_back(taskOf(command, options, drawing));
+    return tasks;
+}
+
 ResultForm formOf(const std::vector<GivenOption>& options) {
     const auto has = [&](std::string_view name) {
         return std::any_of(options.begin(), options.end(),
@@ -108,10 +117,7 @@ void runAll(const Command& command, const DrawingBatch& batch) {
     const std::vector<ListedDrawing> drawings = listDrawings(batch.operands, batch.descends);
     const std::vector<GivenOption> options = command.givenOptions();
     requireOutputs(options, drawings);
-    std::vector<Task> tasks;
-    tasks.reserve(drawings.size());
-    for (const ListedDrawing& drawing : drawings)
-        tasks.push_back(taskOf(command, options, drawing));
+    const std::vector<Task> tasks = tasksOf(command, options, drawings);
     ResultPrinter printer(formOf(options), drawings.size());
     runTasks(tasks, batch.jobs,
              {[&](std::size_t i, const TaskResult& result) { printer.print(drawings[i].path, result); },
@@ -120,8 +126,6 @@ void runAll(const Command& command, const DrawingBatch& batch) {
     if (printer.worstStatus() != 0)
         throw EndWithStatus(printer.worstStatus());
 }
-
-} // namespace
 
 std::shared_ptr<DrawingBatch> addDrawings(Command& command, DrawingSource& source) {
     auto batch = std::make_shared<DrawingBatch>();
@@ -138,15 +142,54 @@ std::shared_ptr<DrawingBatch> addDrawings(Command& command, DrawingSource& sourc
     return batch;
 }
 
+/// Whether each drawing has a result of its own.
+bool isSeparate(const Command& command) {
+    const std::vector<GivenOption> options = command.givenOptions();
+    return formOf(options) == ResultForm::json ||
+           std::any_of(options.begin(), options.end(), [](const GivenOption& option) {
+               return isOutput(option) && option.values.front().find(kName) != std::string::npos;
+           });
+}
+
+} // namespace
+
 void runForEachDrawing(Command& command, DrawingSource& source, std::function<void()> run) {
-    command.callback([&command, &source, batch = addDrawings(command, source), run = std::move(run)] {
-        if (!isSingle(*batch)) {
+    runForEachDrawing(command, source, std::move(run), nullptr);
+}
+
+void runForEachDrawing(Command& command, DrawingSource& source, std::function<void()> run,
+                       std::function<void(const DrawingBatch& batch)> collect) {
+    command.callback([&command, &source, batch = addDrawings(command, source), run = std::move(run),
+                      collect = std::move(collect)] {
+        if (isSingle(*batch)) {
+            source.path = batch->operands.front();
+            run();
+        } else if (collect && !isSeparate(command)) {
+            collect(*batch);
+        } else {
             runAll(command, *batch);
-            return;
         }
-        source.path = batch->operands.front();
-        run();
     });
+}
+
+int collectFromDrawings(const Command& command, const DrawingBatch& batch,
+                        const std::vector<std::string>& arguments,
+                        const std::function<void(const std::string&, const TaskResult&)>& add) {
+    const std::vector<ListedDrawing> drawings = listDrawings(batch.operands, batch.descends);
+    std::vector<GivenOption> options = command.givenOptions();
+    std::erase_if(options, isOutput);
+    for (const std::string& argument : arguments)
+        options.push_back({argument, {}});
+    const std::vector<Task> tasks = tasksOf(command, options, drawings);
+    ResultPrinter printer(ResultForm::none, drawings.size());
+    runTasks(tasks, batch.jobs,
+             {[&](std::size_t i, const TaskResult& result) {
+                  printer.print(drawings[i].path, result);
+                  add(drawings[i].path, result);
+              },
+              [&](std::size_t done) { printer.showProgress(done); }});
+    printer.printSummary();
+    return printer.worstStatus();
 }
 
 } // namespace zu::app

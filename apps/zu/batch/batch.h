@@ -1,9 +1,9 @@
 #pragma once
 
+#include "batch/tasks.h"
 #include "model/drawing_file.h"
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -29,7 +29,16 @@ struct DrawingBatch {
 /// replaced by each drawing in turn and is wrong usage.
 void runForEachDrawing(Command& command, DrawingSource& source, std::function<void()> run);
 
-/// The same where the command's own code deals with the batch.
-[[nodiscard]] std::shared_ptr<DrawingBatch> addDrawings(Command& command, DrawingSource& source);
+/// The same for a command that makes one output of what its runs for several drawings print. With --json, or
+/// "{}" in the name of the output, each drawing is worked on as above; otherwise `collect` is called.
+void runForEachDrawing(Command& command, DrawingSource& source, std::function<void()> run,
+                       std::function<void(const DrawingBatch& batch)> collect);
+
+/// Runs the program for each drawing with further arguments and without an output, calls `add` with what each
+/// run prints, in the order given, and returns the worst status.
+[[nodiscard]] int
+collectFromDrawings(const Command& command, const DrawingBatch& batch,
+                    const std::vector<std::string>& arguments,
+                    const std::function<void(const std::string& drawing, const TaskResult& result)>& add);
 
 } // namespace zu::app

@@ -65,6 +65,10 @@ std::size_t recordEnd(std::string_view csv) {
 
 } // namespace
 
+std::string errorOf(const TaskResult& result) {
+    return messagesOf(result).error;
+}
+
 std::string withDrawingColumn(std::string_view csv, const std::string& drawing, bool withHeading) {
     std::string table;
     if (csv.starts_with(kMark))
@@ -87,7 +91,7 @@ void ResultPrinter::print(const std::string& drawing, const TaskResult& result) 
         std::cout << jsonLine(drawing, result, messages.error);
     else if (form_ == ResultForm::csv)
         std::cout << withDrawingColumn(result.output, drawing, isFirst_);
-    else if (!result.output.empty())
+    else if (form_ == ResultForm::text && !result.output.empty())
         std::cout << (isFirst_ ? "" : "\n") << drawing << ":\n" << result.output;
     isFirst_ = isFirst_ && result.output.empty();
     std::cout.flush();

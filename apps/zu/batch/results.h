@@ -12,6 +12,7 @@ namespace zu::app {
 enum class ResultForm {
     text, ///< Each below its drawing's name.
     json, ///< One line a drawing: {"drawing","status","result","error"}.
+    none, ///< Not at all.
     csv   ///< One table, whose first column is the drawing.
 };
 
@@ -37,6 +38,9 @@ private:
     ProgressLine progress_;
     Clock::time_point started_ = Clock::now();
 };
+
+/// What went wrong in a run of the program, without the program's name; empty when all went well.
+[[nodiscard]] std::string errorOf(const TaskResult& result);
 
 /// Rows of CSV with a first column of its own; the heading line and the mark before it only when asked for.
 [[nodiscard]] std::string withDrawingColumn(std::string_view csv, const std::string& drawing,

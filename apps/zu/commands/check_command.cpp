@@ -5,6 +5,7 @@
 #include "model/audit.h"
 #include "model/filter.h"
 #include "report/csv.h"
+#include "report/finding_json.h"
 
 #include <algorithm>
 #include <iostream>
@@ -105,29 +106,12 @@ void printListing(const std::vector<Finding>& findings, bool repairing) {
     std::cout << '\n';
 }
 
-Json textOrNull(const std::string& text) {
-    return text.empty() ? Json() : Json(text);
-}
-
-Json toJson(const Finding& finding) {
-    const auto& at = finding.position;
-    return {{"code", finding.code},
-            {"severity", severityName(finding.severity)},
-            {"handle", finding.handle},
-            {"problem", finding.problem},
-            {"repaired", finding.repaired},
-            {"position", at ? Json({at->x, at->y, at->z}) : Json()},
-            {"with", finding.with},
-            {"group", textOrNull(finding.group)},
-            {"layer", textOrNull(finding.layer)}};
-}
-
 void print(const std::vector<Finding>& findings, const Options& options) {
     if (!options.form.json && !options.form.csv)
         return printListing(findings, options.repair);
     Json array = Json::array();
     for (const Finding& finding : findings)
-        array.push_back(toJson(finding));
+        array.push_back(findingJson(finding));
     if (options.form.json)
         return printJson(array);
     printCsv({"code", "severity", "handle", "problem", "repaired", "position", "with", "group", "layer"},

@@ -13,6 +13,7 @@ void addSetAttributeCommand(Command& program);
 void addCheckCommand(Command& program);
 void addQuantitiesCommand(Command& program);
 void addCompareCommand(Command& program);
+void addReportCommand(Command& program);
 void addSaveCommand(Command& program);
 void addPartCommand(Command& program);
 void addPartsListCommand(Command& program);

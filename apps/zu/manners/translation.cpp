@@ -127,6 +127,10 @@ void loadTranslations() {
     });
 }
 
+std::string languageTag() {
+    return zuhost::environmentNamesLanguage() && GetUserDefaultUILanguage() == kJapanese ? "ja" : "en";
+}
+
 std::string translated(std::string_view english) {
     return translate(english, 0);
 }

@@ -10,6 +10,9 @@ namespace zu::app {
 /// it. Without a language in the environment, and for English, texts stay as they are.
 void loadTranslations();
 
+/// "ja" or "en": the language that texts are shown in.
+[[nodiscard]] std::string languageTag();
+
 /// Returns a text in the user's language, or as it is when that language has none. Texts in the language
 /// files may have places for what differs, "{1}" to "{9}": "no attribute {1}" translates "no attribute S401".
 /// What stands at a place is translated likewise.
