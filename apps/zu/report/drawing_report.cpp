@@ -7,6 +7,7 @@
 #include "report/finding_json.h"
 #include "text.h"
 
+#include <zucomn/model/elements.h>
 #include <zucomn/model/quantities.h>
 #include <zuhost/language.h>
 

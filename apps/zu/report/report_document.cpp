@@ -10,8 +10,9 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QTextBlockFormat>
+#include <QTextCursor>
 #include <QTextDocument>
-#include <QTextFrame>
 
 #include <algorithm>
 
@@ -43,9 +44,8 @@ QFont fontOf(double points, bool bold = false) {
 }
 
 QImage planOf(const Json& report) {
-    const auto address = report["plan"]["light"].get<std::string>();
-    const auto encoded = QByteArray::fromStdString(address.substr(address.find(',') + 1));
-    return QImage::fromData(QByteArray::fromBase64(encoded));
+    const auto address = QByteArray::fromStdString(report["plan"]["light"].get<std::string>());
+    return QImage::fromData(QByteArray::fromBase64(address.mid(address.indexOf(',') + 1)));
 }
 
 /// Prints one report after another, each on pages of its own.
@@ -63,10 +63,10 @@ public:
             printLine(text(translated(report["error"].get<std::string>())), y, fontOf(kTextPoints));
             return;
         }
-        y = printLine(text(report["drawing"].get<std::string>() + " · " +
-                           report["format"].get<std::string>() + " · " +
-                           report["program"].get<std::string>()),
-                      y, fontOf(kTextPoints));
+        QStringList facts;
+        for (const char* key : {"drawing", "format", "program"})
+            facts << text(report[key].get<std::string>());
+        y = printLine(facts.join(" · "), y, fontOf(kTextPoints));
         y = printPlan(report, y + dots(kTextPoints));
         printTables(report, y + dots(kTextPoints));
     }
@@ -105,8 +105,8 @@ private:
                          area.top() + finding["place"][1].get<double>() * area.height() - size);
         const QRectF mark(at.x() - width / 2.0, at.y() - size / 2.0, width, size);
         painter_.setPen(Qt::NoPen);
-        painter_.setBrush(finding["severity"] == "error" ? QColor(0xb3, 0x26, 0x1e)
-                                                         : QColor(0x8a, 0x5a, 0x00));
+        painter_.setBrush(finding["severity"].get<std::string>() == "error" ? QColor(0xb3, 0x26, 0x1e)
+                                                                            : QColor(0x8a, 0x5a, 0x00));
         painter_.drawRoundedRect(mark, size / 2.0, size / 2.0);
         painter_.setPen(Qt::white);
         painter_.drawText(mark, Qt::AlignCenter, number);
@@ -122,10 +122,13 @@ private:
         document.setDocumentMargin(0.0);
         document.setHtml(text(reportTables(report)));
         document.setPageSize(page_.size());
-        // The document's first page has less room: its pages are cut from a text that starts with a gap.
-        QTextFrameFormat format = document.rootFrame()->frameFormat();
-        format.setTopMargin(std::min(y, page_.height() * 0.95));
-        document.rootFrame()->setFrameFormat(format);
+        // An empty line as high as what the first page holds already.
+        QTextBlockFormat gap;
+        gap.setLineHeight(std::min(y, page_.height() * 0.95), QTextBlockFormat::FixedHeight);
+        QTextCursor start(&document);
+        start.insertBlock();
+        start.movePosition(QTextCursor::Start);
+        start.setBlockFormat(gap);
         for (int i = 0; i < document.pageCount(); ++i) {
             if (i > 0)
                 writer_.newPage();

@@ -48,7 +48,7 @@ std::string textOf(const Json& value) {
 }
 
 bool isError(const Json& finding) {
-    return finding["severity"] == "error";
+    return finding["severity"].get<std::string>() == "error";
 }
 
 std::size_t countOf(const Json& report, bool errors) {
@@ -72,13 +72,13 @@ std::string detailsOf(const Json& finding) {
     std::vector<std::string> details{finding["code"].get<std::string>()};
     for (const char* key : {"handle", "group", "layer"})
         if (const std::string text = textOf(finding[key]); !text.empty())
-            details.push_back(translated(key) + ' ' + text);
+            details.push_back(translated(key).append(" ").append(text));
     if (const Json& at = finding["position"]; at.is_array())
-        details.push_back('(' + shortNumber(at[0].get<double>()) + ", " + shortNumber(at[1].get<double>()) +
-                          ')');
+        details.push_back(
+            shortNumber(at[0].get<double>()).append(", ").append(shortNumber(at[1].get<double>())));
     std::string joined;
     for (const std::string& detail : details)
-        joined += (joined.empty() ? "" : " · ") + detail;
+        joined.append(joined.empty() ? "" : " · ").append(detail);
     return joined;
 }
 
@@ -227,7 +227,7 @@ std::string titleOf(const Json& reports) {
 }
 
 std::string articleId(std::size_t index) {
-    return "d" + std::to_string(index + 1);
+    return std::string("d").append(std::to_string(index + 1));
 }
 
 void writeContents(std::ostream& out, const Json& reports) {

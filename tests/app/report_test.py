@@ -1,0 +1,57 @@
+"""Reports: a page without outside resources, whose plan and lists lead to each other; a PDF; many drawings in one."""
+import html.parser
+import os
+import tempfile
+
+from program import check, run, run_json, sample
+
+FLOOR = sample("drawings/office-floor.dxf")
+
+
+class Page(html.parser.HTMLParser):
+    def __init__(self, path):
+        super().__init__()
+        self.ids, self.links, self.resources, self.open, self.text = [], [], [], [], ""
+        self.feed(open(path, encoding="utf-8").read())
+        check(self.open == [], "elements left open: %r" % self.open)
+        check(len(set(self.ids)) == len(self.ids), "ids are unique")
+        check(all(link[0] == "#" and link[1:] in self.ids for link in self.links), "links lead somewhere")
+        check(all(r.startswith("data:image/") for r in self.resources), "no outside resources")
+
+    def handle_starttag(self, tag, attributes):
+        found = dict(attributes)
+        self.ids += [found["id"]] if "id" in found else []
+        self.links += [found["href"]] if "href" in found else []
+        self.resources += [found[key] for key in ("src", "srcset") if key in found]
+        if tag not in ("meta", "img", "source", "br"):
+            self.open.append(tag)
+
+    def handle_endtag(self, tag):
+        check(self.open.pop() == tag, "elements are nested: " + tag)
+
+    def handle_data(self, data):
+        self.text += data
+
+
+with tempfile.TemporaryDirectory() as folder:
+    output = os.path.join(folder, "report.html")
+    findings = run_json("check", FLOOR)
+    run("report", FLOOR, "-o", output)
+    page = Page(output)
+    check(all(f["problem"] in page.text and f["handle"] in page.text for f in findings), "every finding")
+    check({"d1f%d" % (i + 1) for i in range(len(findings))} <= set(page.ids), "every finding has its place")
+    check(sum(link.startswith("#d1f") for link in page.links) == sum(f["position"] is not None for f in findings),
+          "every finding with a position has its mark")
+    check(len(page.resources) == 2, "a light and a dark plan")
+    broken = os.path.join(folder, "<b>.dxf")
+    open(broken, "w").write("0\n")
+    run("report", broken, FLOOR, "-o", output, status=1)
+    both = Page(output)
+    check("d2f1" in both.ids and broken in both.text and "d3" not in both.ids, "both drawings, one with its error")
+    run("report", FLOOR, "-o", os.path.join(folder, "{}.pdf"))
+    run("report", sample("drawings"), "-o", os.path.join(folder, "all.pdf"))
+    pdf = open(os.path.join(folder, "all.pdf"), "rb").read()
+    check(pdf.startswith(b"%PDF-") and pdf.count(b"/Type /Page\n") in range(4, 12), "a PDF of a few pages")
+    run("report", FLOOR, status=2)
+    run("report", FLOOR, "-o", os.path.join(folder, "report.doc"), status=2)
+print("reports are whole")
