@@ -9,7 +9,6 @@
 #include "model/drawing_file.h"
 #include "model/element.h"
 #include "plan/plan_picture.h"
-#include "plan/plan_scene.h"
 #include "text.h"
 
 #include <dbents.h>
@@ -32,9 +31,8 @@ namespace zu::fuzz {
 
 namespace {
 
-constexpr int kPictureWidth = 64;
 /// Larger pictures would take most of the time.
-constexpr std::uint64_t kPointsDrawn = 20000;
+constexpr int kPictureWidth = 64;
 /// A search visits all members of its group: without a limit the cost grows with the square of the group.
 constexpr std::size_t kSearches = 64;
 
