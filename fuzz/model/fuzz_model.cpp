@@ -68,7 +68,9 @@ void list(const app::DrawingFile& drawing) {
 
 void draw(app::DrawingFile& drawing) {
     try {
-        const app::PlanPicture plan(drawing.database(), {.size = {kPictureWidth, 0}});
+        app::PlanOptions options;
+        options.size = {kPictureWidth, 0};
+        const app::PlanPicture plan(drawing.database(), options);
         (void)plan.image();
         (void)plan.svg();
     } catch (const app::Failure&) {
