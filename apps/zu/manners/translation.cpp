@@ -4,6 +4,7 @@
 #include "text.h"
 
 #include <zucomn/frame.h>
+#include <zuhost/language.h>
 
 #include <algorithm>
 #include <array>
