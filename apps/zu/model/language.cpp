@@ -29,7 +29,8 @@ void chooseLanguage() {
 
 std::wstring programText(unsigned id) {
     CString text;
-    ZuComn_LoadString(ZuComn_GetResource(), id, text);
+    if (ZuComn_LoadString(ZuComn_GetResource(), id, text) == 0)
+        ZuComn_LoadString(nullptr, id, text); // a language module may lack texts
     return std::wstring(text.view());
 }
 
