@@ -67,6 +67,9 @@ QColor PlanInks::finding() const {
 }
 
 QColor PlanInks::ofElement(const PlanElement& element) const {
+    // Where a caller's colours matter, those of kinds would be mistaken for them.
+    if (!given_.empty())
+        return theme_.faded(theme_.ink, kFadedLine);
     if (element.linkKind != 0)
         return kind(element.linkKind);
     return element.code == zucomn::kEquipment ? equipment() : otherElements();
@@ -83,7 +86,6 @@ picture::Ink PlanInks::inkOf(const picture::Shape& shape) const {
     if (ownColours_)
         return {own, kBackground};
     const PlanElement* const element = elements_.find(shape.source);
-    // Where a caller's colours matter, those of kinds would be mistaken for them.
     if (element == nullptr || !given_.empty())
         return {theme_.faded(theme_.visible(grey(own)), fading(shape.kind)), kBackground};
     return {ofElement(*element), element_};
