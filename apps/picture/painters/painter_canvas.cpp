@@ -122,8 +122,11 @@ void PainterCanvas::text(const TextRun& run, const QColor& colour) {
         if (!(advance > 0.0))
             continue;
         painter_.save();
-        const double stretch = run.onGrid ? 1.0 / kFontHeight : piece.width / advance;
-        painter_.setTransform(QTransform(stretch, 0.0, 0.0, -1.0 / kFontHeight, piece.start, 0.0) * run.place,
+        // On a grid a letter keeps its form in the middle of its cell, unless it is wider.
+        const double fitting = piece.width / advance;
+        const double stretch = run.onGrid ? std::min(1.0 / kFontHeight, fitting) : fitting;
+        const double start = piece.start + (piece.width - advance * stretch) / 2.0;
+        painter_.setTransform(QTransform(stretch, 0.0, 0.0, -1.0 / kFontHeight, start, 0.0) * run.place,
                               true);
         painter_.drawText(QPointF(0.0, 0.0), piece.text);
         painter_.restore();
