@@ -45,16 +45,16 @@ LabelPlace candidate(const LabelRequest& request, double direction, double dista
 
 LabelPlacer::LabelPlacer(const QImage& ink, double cell, const QRectF& area)
     : cell_(cell), area_(area), columns_(ink.width()), rows_(ink.height()),
-      sums_(static_cast<std::size_t>(columns_ + 1) * static_cast<std::size_t>(rows_ + 1)),
+      sums_((static_cast<std::size_t>(columns_) + 1) * (static_cast<std::size_t>(rows_) + 1)),
       taken_(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_)) {
-    const auto width = static_cast<std::size_t>(columns_ + 1);
+    const auto width = (static_cast<std::size_t>(columns_) + 1);
     for (int row = 0; row < rows_; ++row) {
         const uchar* const pixels = ink.constScanLine(row);
         double sum = 0.0;
         for (int column = 0; column < columns_; ++column) {
             sum += pixels[column] / 255.0;
             const std::size_t at =
-                static_cast<std::size_t>(row + 1) * width + static_cast<std::size_t>(column + 1);
+                (static_cast<std::size_t>(row) + 1) * width + static_cast<std::size_t>(column) + 1;
             sums_[at] = sums_[at - width] + sum;
         }
     }
@@ -63,7 +63,7 @@ LabelPlacer::LabelPlacer(const QImage& ink, double cell, const QRectF& area)
 double LabelPlacer::sumAt(int column, int row) const {
     const auto x = static_cast<std::size_t>(std::clamp(column, 0, columns_));
     const auto y = static_cast<std::size_t>(std::clamp(row, 0, rows_));
-    return sums_[y * static_cast<std::size_t>(columns_ + 1) + x];
+    return sums_[y * (static_cast<std::size_t>(columns_) + 1) + x];
 }
 
 double LabelPlacer::inkIn(const QRectF& box) const {
