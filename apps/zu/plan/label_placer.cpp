@@ -47,7 +47,7 @@ LabelPlacer::LabelPlacer(const QImage& ink, double cell, const QRectF& area)
     : cell_(cell), area_(area), columns_(ink.width()), rows_(ink.height()),
       sums_((static_cast<std::size_t>(columns_) + 1) * (static_cast<std::size_t>(rows_) + 1)),
       taken_(static_cast<std::size_t>(columns_) * static_cast<std::size_t>(rows_)) {
-    const auto width = (static_cast<std::size_t>(columns_) + 1);
+    const std::size_t width = static_cast<std::size_t>(columns_) + 1;
     for (int row = 0; row < rows_; ++row) {
         const uchar* const pixels = ink.constScanLine(row);
         double sum = 0.0;
