@@ -27,7 +27,8 @@ with tempfile.TemporaryDirectory() as folder:
     for name in ("office-floor", "office-floor-932"):
         drawing = sample("drawings/%s.dxf" % name)
         texts, paths, root = plan(drawing)
-        dangling = [f["handle"] for f in run_json("check", drawing) if "joins nothing" in f["problem"]]
+        dangling = [h for f in run_json("check", drawing) if "joins nothing" in f["problem"]
+                    for h in (f["handle"], *f["with"])]
         for text in ("AHU-1 空調機", "2階平面図", "縮尺 1/50", "X5", "弁", *COLOURS, "dangling (%d)" % len(dangling), *dangling):
             check(text in texts, "the text " + text)
         check(not any("link kind 4" in t for t in texts), "a legend of what is there")
