@@ -39,7 +39,11 @@ CommandOption* CommandOption::excludes(const CommandOption* other) {
 }
 
 Command* Command::add_subcommand(const std::string& name, const std::string& description) {
-    return &commands_.emplace_back(*app_.add_subcommand(name, translated(description)));
+    CLI::App* const command = app_.add_subcommand(name, translated(description));
+    // Made before the defaults of options are inherited.
+    for (CLI::Option* const help : command->get_options())
+        help->group(translated("Options"));
+    return &commands_.emplace_back(*command);
 }
 
 void Command::require_subcommand() {

@@ -1,5 +1,6 @@
 #include "batch/results.h"
 
+#include "manners/translation.h"
 #include "report/csv.h"
 #include "report/output.h"
 
@@ -32,7 +33,7 @@ Messages messagesOf(const TaskResult& result) {
             messages.others.append(line).append("\n");
     }
     if (result.crashed)
-        messages.error = "the program crashed on it";
+        messages.error = translated("the program crashed on it");
     else if (result.status != 0 && messages.error.empty() && result.output.empty())
         messages.error = "failed with status " + std::to_string(result.status);
     return messages;

@@ -2,6 +2,7 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
+#include "manners/translation.h"
 #include "model/audit.h"
 #include "model/filter.h"
 #include "report/csv.h"
@@ -82,14 +83,14 @@ void requireValid(const Options& options) {
 }
 
 std::string count(std::ptrdiff_t number, const std::string& what) {
-    return std::to_string(number) + ' ' + what + (number == 1 ? "" : "s");
+    return translated(std::to_string(number) + ' ' + what + (number == 1 ? "" : "s"));
 }
 
 void printListing(const std::vector<Finding>& findings, bool repairing) {
     TextTable table({"severity", "code", "handle", "group", "layer", "repaired", "problem"});
     for (const Finding& finding : findings)
-        table.addRow({severityName(finding.severity), finding.code, finding.handle, finding.group,
-                      finding.layer, finding.repaired ? "yes" : "no", finding.problem});
+        table.addRow({translated(severityName(finding.severity)), finding.code, finding.handle, finding.group,
+                      finding.layer, finding.repaired ? "yes" : "no", translated(finding.problem)});
     if (!table.empty())
         table.print();
     const auto total = static_cast<std::ptrdiff_t>(findings.size());

@@ -74,7 +74,7 @@ void printTable(const std::vector<Element>& elements) {
              std::to_string(e.connectionPoints.size()), groups});
     }
     table.print();
-    std::cout << elements.size() << " elements\n";
+    std::cout << translated(std::to_string(elements.size()) + " elements") << '\n';
 }
 
 void run(const Options& options) {

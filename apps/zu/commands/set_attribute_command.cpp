@@ -1,6 +1,7 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
+#include "manners/translation.h"
 #include "model/attribute_edit.h"
 #include "model/filter.h"
 #include "model/settings_file.h"
@@ -61,7 +62,7 @@ void print(const AttributeEdit& edit, const ListingForm& form) {
         return printAsJson(edit);
     if (form.csv)
         return printAsCsv(edit);
-    std::cout << edit.changed.size() << " elements changed\n";
+    std::cout << translated(std::to_string(edit.changed.size()) + " elements changed") << '\n';
     for (const SkippedElement& element : edit.skipped)
         std::cout << "skipped " << element.handle << ": " << element.why << '\n';
 }

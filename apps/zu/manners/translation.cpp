@@ -90,9 +90,12 @@ std::string translate(std::string_view english, int depth) {
         if (depth == kDeepest || !matches(each.english, english, captures))
             continue;
         std::string result = each.own.literals.front();
-        for (std::size_t i = 0; i < each.own.places.size(); ++i)
-            result.append(translate(captures[static_cast<std::size_t>(each.own.places[i])], depth + 1))
+        for (std::size_t i = 0; i < each.own.places.size(); ++i) {
+            const std::string_view captured = captures[static_cast<std::size_t>(each.own.places[i])];
+            const bool isName = captured.find(' ') == std::string_view::npos;
+            result.append(isName ? std::string(captured) : translate(captured, depth + 1))
                 .append(each.own.literals[i + 1]);
+        }
         return result;
     }
     return std::string(english);
@@ -129,7 +132,7 @@ void loadTranslations() {
 }
 
 std::string languageTag() {
-    return zuhost::environmentNamesLanguage() && GetUserDefaultUILanguage() == kJapanese ? "ja" : "en";
+    return GetUserDefaultUILanguage() == kJapanese ? "ja" : "en";
 }
 
 std::string translated(std::string_view english) {

@@ -15,7 +15,7 @@ void loadTranslations();
 
 /// Returns a text in the user's language, or as it is when that language has none. Texts in the language
 /// files may have places for what differs, "{1}" to "{9}": "no attribute {1}" translates "no attribute S401".
-/// What stands at a place is translated likewise.
+/// What stands at a place is translated likewise when it has several words; single ones are names.
 [[nodiscard]] std::string translated(std::string_view english);
 
 } // namespace zu::app
