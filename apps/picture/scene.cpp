@@ -153,6 +153,7 @@ std::vector<QString> layoutNames(const Drawing& drawing) {
     std::stable_sort(found.begin(), found.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<QString> names;
+    names.reserve(found.size());
     for (auto& [order, name] : found)
         names.push_back(std::move(name));
     return names;

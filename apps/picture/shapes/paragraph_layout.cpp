@@ -15,7 +15,7 @@ constexpr double kSteepest = 85.0;
 
 /// What is not parted between lines: a word, an ideograph, a fraction.
 struct Atom {
-    TextPiece piece;
+    FormattedPiece piece;
     double width = 0.0;
     bool isBlank = false;
 };
@@ -33,11 +33,11 @@ double widthOf(const QString& text, const TextFormat& format) {
            format.width * format.height;
 }
 
-double widthOf(const TextPiece& piece) {
+double widthOf(const FormattedPiece& piece) {
     switch (piece.kind) {
-    case TextPiece::Kind::tab:
+    case FormattedPiece::Kind::tab:
         return kTabHeights * piece.format.height;
-    case TextPiece::Kind::stack:
+    case FormattedPiece::Kind::stack:
         return std::max(widthOf(piece.text, piece.format), widthOf(piece.below, piece.format)) * kStackHeight;
     default:
         return widthOf(piece.text, piece.format);
@@ -65,16 +65,16 @@ class LineBreaker {
 public:
     LineBreaker(double width) : most_(width > 0.0 ? width * (1.0 + 1e-6) : INFINITY) {}
 
-    std::vector<Line> run(const std::vector<TextPiece>& pieces) {
+    std::vector<Line> run(const std::vector<FormattedPiece>& pieces) {
         if (!pieces.empty())
             startLine(pieces.front().paragraph, true);
-        for (const TextPiece& piece : pieces) {
+        for (const FormattedPiece& piece : pieces) {
             if (lines_.back().atoms.empty())
                 lines_.back().align = piece.paragraph.align;
-            if (piece.kind == TextPiece::Kind::lineEnd) {
+            if (piece.kind == FormattedPiece::Kind::lineEnd) {
                 lines_.back().atoms.push_back({piece, 0.0, true}); // an empty line is as high as its format
                 startLine(piece.paragraph, true);
-            } else if (piece.kind == TextPiece::Kind::letters) {
+            } else if (piece.kind == FormattedPiece::Kind::letters) {
                 addLetters(piece);
             } else {
                 add({piece, widthOf(piece), false});
@@ -92,7 +92,7 @@ private:
         used_ = lines_.back().indent;
     }
 
-    void addLetters(const TextPiece& piece) {
+    void addLetters(const FormattedPiece& piece) {
         for (qsizetype at = 0; at < piece.text.size();) {
             const qsizetype end = atomEnd(piece.text, at);
             Atom atom{piece, 0.0, piece.text[at] == u' '};
@@ -146,7 +146,7 @@ public:
         for (std::size_t i = 0; i < line.atoms.size();) {
             // Neighbours of one format form one run, so that letters keep their distances.
             Atom joined = line.atoms[i++];
-            const bool isText = joined.piece.kind == TextPiece::Kind::letters;
+            const bool isText = joined.piece.kind == FormattedPiece::Kind::letters;
             while (isText && i < line.atoms.size() && isSameRun(joined, line.atoms[i])) {
                 joined.piece.text += line.atoms[i].piece.text;
                 joined.width += line.atoms[i++].width;
@@ -160,7 +160,7 @@ private:
     static bool isSameRun(const Atom& a, const Atom& b) {
         const TextFormat& f = a.piece.format;
         const TextFormat& g = b.piece.format;
-        return b.piece.kind == TextPiece::Kind::letters && f.height == g.height && f.width == g.width &&
+        return b.piece.kind == FormattedPiece::Kind::letters && f.height == g.height && f.width == g.width &&
                f.oblique == g.oblique && f.tracking == g.tracking && f.colour == g.colour &&
                f.family == g.family && f.bold == g.bold && f.italic == g.italic && f.onGrid == g.onGrid &&
                f.underlined == g.underlined && f.overlined == g.overlined && f.struck == g.struck;
@@ -168,7 +168,7 @@ private:
 
     void place(const Atom& atom, double x, double y) {
         const TextFormat& format = atom.piece.format;
-        if (atom.piece.kind == TextPiece::Kind::stack) {
+        if (atom.piece.kind == FormattedPiece::Kind::stack) {
             const double size = format.height * kStackHeight;
             addRun(atom.piece.text, format, x, y + format.height * 0.55, size);
             addRun(atom.piece.below, format, x, y - format.height * 0.35, size);
@@ -177,7 +177,7 @@ private:
                                            y + format.height * 0.45);
             return;
         }
-        if (atom.piece.kind != TextPiece::Kind::letters)
+        if (atom.piece.kind != FormattedPiece::Kind::letters)
             return;
         addLetters(atom, x, y);
         const auto addLine = [&](bool isWanted, double height) {
@@ -234,7 +234,7 @@ double leftOf(const Line& line, int column, double width, double widest) {
 
 PlacedText layOut(const Paragraphs& paragraphs) {
     PlacedText result;
-    const std::vector<TextPiece> pieces = ParagraphParser(paragraphs.text, paragraphs.format).run();
+    const std::vector<FormattedPiece> pieces = ParagraphParser(paragraphs.text, paragraphs.format).run();
     const std::vector<Line> lines = LineBreaker(paragraphs.width).run(pieces);
     const double usual = paragraphs.format.height;
     std::vector<double> baselines;

@@ -32,7 +32,7 @@ double positive(double value, double missing) {
 ParagraphParser::ParagraphParser(const QString& text, const TextFormat& initial)
     : text_(text), initialHeight_(initial.height), format_(initial) {}
 
-std::vector<TextPiece> ParagraphParser::run() {
+std::vector<FormattedPiece> ParagraphParser::run() {
     while (at_ < text_.size())
         step();
     flush();
@@ -42,11 +42,11 @@ std::vector<TextPiece> ParagraphParser::run() {
 void ParagraphParser::flush() {
     if (!letters_.isEmpty())
         pieces_.push_back(
-            {TextPiece::Kind::letters, resolveCodes(letters_).text, {}, false, format_, paragraph_});
+            {FormattedPiece::Kind::letters, resolveCodes(letters_).text, {}, false, format_, paragraph_});
     letters_.clear();
 }
 
-void ParagraphParser::add(TextPiece::Kind kind) {
+void ParagraphParser::add(FormattedPiece::Kind kind) {
     flush();
     pieces_.push_back({kind, {}, {}, false, format_, paragraph_});
 }
@@ -66,9 +66,9 @@ void ParagraphParser::step() {
             around_.pop_back();
         }
     } else if (c == u'\n') {
-        add(TextPiece::Kind::lineEnd);
+        add(FormattedPiece::Kind::lineEnd);
     } else if (c == u'\t') {
-        add(TextPiece::Kind::tab);
+        add(FormattedPiece::Kind::tab);
     } else if (c != u'\r') {
         letters_ += c;
     }
@@ -88,7 +88,7 @@ void ParagraphParser::readCode(QChar code) {
     case u'P':
     case u'X':
     case u'N': // the next column, which follows below
-        add(TextPiece::Kind::lineEnd);
+        add(FormattedPiece::Kind::lineEnd);
         break;
     case u'L':
     case u'l':
@@ -189,12 +189,12 @@ void ParagraphParser::readStack() {
         letters_ += QString(value).replace(u'#', u'/');
         return;
     }
-    TextPiece stack{TextPiece::Kind::stack,
-                    value.left(divider),
-                    value.mid(divider + 1).trimmed(),
-                    value[divider] == u'/',
-                    format_,
-                    paragraph_};
+    FormattedPiece stack{FormattedPiece::Kind::stack,
+                         value.left(divider),
+                         value.mid(divider + 1).trimmed(),
+                         value[divider] == u'/',
+                         format_,
+                         paragraph_};
     pieces_.push_back(std::move(stack));
 }
 

@@ -31,7 +31,7 @@ struct ParagraphFormat {
     char align = '\0'; ///< 'l', 'c', 'r'; 0 by the attachment of the text.
 };
 
-struct TextPiece {
+struct FormattedPiece {
     enum class Kind { letters, tab, lineEnd, stack };
 
     Kind kind = Kind::letters;
@@ -48,7 +48,7 @@ public:
     /// Knows the installed families of fonts by their names.
     ParagraphParser(const QString& text, const TextFormat& initial);
 
-    [[nodiscard]] std::vector<TextPiece> run();
+    [[nodiscard]] std::vector<FormattedPiece> run();
 
 private:
     void step();
@@ -59,7 +59,7 @@ private:
     void readStack();
     void setColour(bool isTrueColour);
     void flush();
-    void add(TextPiece::Kind kind);
+    void add(FormattedPiece::Kind kind);
     [[nodiscard]] QString argument();
 
     const QString& text_;
@@ -69,7 +69,7 @@ private:
     ParagraphFormat paragraph_;
     std::vector<TextFormat> around_;
     QString letters_;
-    std::vector<TextPiece> pieces_;
+    std::vector<FormattedPiece> pieces_;
 };
 
 } // namespace zu::picture

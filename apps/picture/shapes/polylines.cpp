@@ -160,6 +160,7 @@ Outcome buildPolyline(Canvas& canvas, const Entity& entity) {
     const bool closed = (flags & kClosed) != 0;
     if ((flags & kThreeDimensional) != 0) {
         std::vector<AcGePoint3d> points;
+        points.reserve(vertices.size());
         for (const Records& vertex : vertices)
             points.push_back(vertex.point(10));
         canvas.stroke(entity, points, closed);
@@ -168,6 +169,7 @@ Outcome buildPolyline(Canvas& canvas, const Entity& entity) {
     const double startWidth = entity.records.real(40);
     const double endWidth = entity.records.real(41);
     std::vector<Vertex> corners;
+    corners.reserve(vertices.size());
     for (const Records& vertex : vertices) {
         const AcGePoint3d place = vertex.point(10);
         corners.push_back(
