@@ -12,17 +12,17 @@ namespace {
 bool fits(Operator op, std::partial_ordering order) {
     switch (op) {
     case Operator::equal:
-        return order == 0;
+        return std::is_eq(order);
     case Operator::notEqual:
-        return order != 0;
+        return std::is_neq(order);
     case Operator::less:
-        return order < 0;
+        return std::is_lt(order);
     case Operator::lessOrEqual:
-        return order <= 0;
+        return std::is_lteq(order);
     case Operator::greater:
-        return order > 0;
+        return std::is_gt(order);
     case Operator::greaterOrEqual:
-        return order >= 0;
+        return std::is_gteq(order);
     }
     return false;
 }

@@ -49,7 +49,7 @@ std::strong_ordering compareFields(std::wstring_view a, std::wstring_view b) {
         return std::strong_ordering::equal;
     const std::optional<double> left = plainNumber(a);
     const std::optional<double> right = plainNumber(b);
-    if (const auto order = rankOf(a, left) <=> rankOf(b, right); order != 0)
+    if (const auto order = rankOf(a, left) <=> rankOf(b, right); std::is_neq(order))
         return order;
     if (left && *left != *right)
         return *left < *right ? std::strong_ordering::less : std::strong_ordering::greater;
@@ -58,8 +58,8 @@ std::strong_ordering compareFields(std::wstring_view a, std::wstring_view b) {
 
 bool RowOrder::operator()(const QuantityRow& a, const QuantityRow& b) const {
     for (const QuantityField field : by_)
-        if (const auto order = compareBy(field, a, b); order != 0)
-            return order < 0;
+        if (const auto order = compareBy(field, a, b); std::is_neq(order))
+            return std::is_lt(order);
     return false;
 }
 
