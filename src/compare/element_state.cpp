@@ -23,6 +23,7 @@ std::vector<std::wstring> textsOf(AcDbObjectId id, const wchar_t* application) {
     if (ApiComn_extractAttributesArrayID(id, application, list) != 0)
         return {};
     std::vector<std::wstring> texts;
+    texts.reserve(static_cast<std::size_t>(list.GetSize()));
     for (int i = 0; i < list.GetSize(); ++i)
         texts.emplace_back(list[i].view());
     return texts;

@@ -1,5 +1,6 @@
 #include "report/differences.h"
 
+#include "manners/translation.h"
 #include "model/drawing_file.h"
 #include "model/element.h"
 #include "text.h"
@@ -90,7 +91,7 @@ public:
 
     void add(const std::string& line) {
         if (!heading_.empty())
-            std::cout << std::exchange(heading_, {}) << '\n';
+            std::cout << translated(std::exchange(heading_, {})) << '\n';
         std::cout << "  " << withoutControls(line) << '\n';
     }
     void addElements(const std::vector<AcDbObjectId>& elements) {
@@ -110,7 +111,7 @@ public:
     static std::string describe(AcDbObjectId id) {
         const Element element = readElement(id);
         return handleText(id) + ' ' + element.block +
-               (element.isRouteElement() ? " (" + elementCodeName(element.code) + ')' : "");
+               (element.isRouteElement() ? " (" + translated(elementCodeName(element.code)) + ')' : "");
     }
 
 private:
@@ -192,7 +193,7 @@ Json differencesJson(const DrawingDifferences& differences) {
 
 void printDifferences(const DrawingDifferences& differences) {
     if (differences.isEmpty()) {
-        std::cout << "no differences\n";
+        std::cout << translated("no differences") << '\n';
         return;
     }
     printElements(differences);
@@ -204,14 +205,19 @@ void printDifferences(const DrawingDifferences& differences) {
     const auto isMoved = [](const ElementChange& change) { return change.isMoved; };
     const auto hasValues = [](const ElementChange& change) { return !change.values.empty(); };
     const auto& changed = differences.changed;
-    std::cout << "elements: " << differences.removed.size() << " removed, " << differences.added.size()
-              << " added, " << std::count_if(changed.begin(), changed.end(), isMoved) << " moved, "
-              << std::count_if(changed.begin(), changed.end(), hasValues)
-              << " changed; groups: " << differences.groups.size()
-              << " changed; joints: " << differences.broken.size() << " broken, " << differences.made.size()
-              << " made; others: " << differences.othersRemoved.size() << " removed, "
-              << differences.othersAdded.size() << " added, " << differences.othersChanged.size()
-              << " changed\n";
+    const auto number = [](auto count) { return std::to_string(count); };
+    std::cout << translated("elements: " + number(differences.removed.size()) + " removed, " +
+                            number(differences.added.size()) + " added, " +
+                            number(std::count_if(changed.begin(), changed.end(), isMoved)) + " moved, " +
+                            number(std::count_if(changed.begin(), changed.end(), hasValues)) + " changed")
+              << "; " << translated("groups: " + number(differences.groups.size()) + " changed") << "; "
+              << translated("joints: " + number(differences.broken.size()) + " broken, " +
+                            number(differences.made.size()) + " made")
+              << "; "
+              << translated("others: " + number(differences.othersRemoved.size()) + " removed, " +
+                            number(differences.othersAdded.size()) + " added, " +
+                            number(differences.othersChanged.size()) + " changed")
+              << '\n';
 }
 
 } // namespace zu::app
