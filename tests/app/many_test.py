@@ -87,9 +87,20 @@ def streams():
     check([r["status"] for r in lines("groups", FLOOR, "-", status=1)[0]] == [0, 1], "an empty input among others")
 
 
+def languages():
+    for locale, command, there in (("ja_JP.UTF-8", "groops", "groups ではありませんか"), ("C", "groops", "did you mean groups?"),
+                                   ("ja_JP.UTF-8", "groups --help", "使い方"), ("de_DE.UTF-8", "groups --help", "Usage")):
+        done = zu(*command.split(), env={**os.environ, "LC_ALL": locale})
+        check(there in (done.stdout + done.stderr).decode(), "%s under %s" % (command, locale))
+    listed = [line for line in zu("--help-all", env={**os.environ, "LC_ALL": "ja_JP.UTF-8"}).stdout.decode().splitlines()]
+    check(sum(any(ord(c) > 0x3000 for c in line) for line in listed) > len(listed) // 2, "help is in Japanese")
+    check("\x1b" not in zu("groops").stderr.decode(), "no colours in a file")
+
+
 with tempfile.TemporaryDirectory() as folder:
     for name, test in (("damaged", damaged_among_sound), ("crash", crash), ("outputs", outputs)):
         os.mkdir(os.path.join(folder, name))
         test(os.path.join(folder, name))
     streams()
+    languages()
 print("many drawings are worked on, each on its own")

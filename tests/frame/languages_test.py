@@ -24,7 +24,7 @@ def texts(path, faults):
 
 
 def conversions(text):
-    return CONVERSION.findall(text.replace("%%", ""))
+    return CONVERSION.findall(text.replace("%%", "")) + sorted(re.findall(r"\{\d\}", text))
 
 
 def main():

@@ -10,8 +10,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTextBlockFormat>
-#include <QTextCursor>
 #include <QTextDocument>
 
 #include <algorithm>
@@ -22,8 +20,8 @@ namespace {
 
 constexpr const char* kFont = "IPAexGothic";
 constexpr int kDotsPerInch = 300;
-constexpr double kMargin = 15.0;    ///< Millimetres.
-constexpr double kPlanShare = 0.75; ///< Of the first page's height at most.
+constexpr double kMargin = 15.0;   ///< Millimetres.
+constexpr double kPlanShare = 0.9; ///< Of the first page's height at most.
 constexpr double kLineHeight = 1.6;
 constexpr double kTextPoints = 9.0;
 constexpr double kTitlePoints = 15.0;
@@ -67,8 +65,8 @@ public:
         for (const char* key : {"drawing", "format", "program"})
             facts << text(report[key].get<std::string>());
         y = printLine(facts.join(" · "), y, fontOf(kTextPoints));
-        y = printPlan(report, y + dots(kTextPoints));
-        printTables(report, y + dots(kTextPoints));
+        printPlan(report, y + dots(kTextPoints));
+        printTables(report);
     }
 
 private:
@@ -81,11 +79,10 @@ private:
         return y + std::max(used.height(), font.pixelSize() * kLineHeight);
     }
 
-    /// Returns where it ends.
-    double printPlan(const Json& report, double y) {
+    void printPlan(const Json& report, double y) {
         const QImage plan = planOf(report);
         if (plan.isNull())
-            return y;
+            return;
         const double scale =
             std::min(page_.width() / plan.width(), page_.height() * kPlanShare / plan.height());
         const QRectF area(0.0, y, plan.width() * scale, plan.height() * scale);
@@ -94,7 +91,6 @@ private:
         for (const Json& finding : report["findings"])
             if (finding["place"].is_array())
                 printMark(finding, area);
-        return area.bottom();
     }
 
     void printMark(const Json& finding, const QRectF& area) {
@@ -112,8 +108,8 @@ private:
         painter_.drawText(mark, Qt::AlignCenter, number);
     }
 
-    /// Below `y`, and on further pages.
-    void printTables(const Json& report, double y) {
+    /// On further pages.
+    void printTables(const Json& report) {
         QTextDocument document;
         document.documentLayout()->setPaintDevice(&writer_);
         QFont font(kFont);
@@ -122,16 +118,8 @@ private:
         document.setDocumentMargin(0.0);
         document.setHtml(text(reportTables(report)));
         document.setPageSize(page_.size());
-        // An empty line as high as what the first page holds already.
-        QTextBlockFormat gap;
-        gap.setLineHeight(std::min(y, page_.height() * 0.95), QTextBlockFormat::FixedHeight);
-        QTextCursor start(&document);
-        start.insertBlock();
-        start.movePosition(QTextCursor::Start);
-        start.setBlockFormat(gap);
         for (int i = 0; i < document.pageCount(); ++i) {
-            if (i > 0)
-                writer_.newPage();
+            writer_.newPage();
             const QRectF shown = page_.translated(0.0, i * page_.height());
             painter_.save();
             painter_.translate(0.0, -shown.top());
