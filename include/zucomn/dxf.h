@@ -105,7 +105,9 @@ public:
     short m_lineWeight = kWeightByLayer; ///< 370.
 
 protected:
+    /// An entity without fields.
     explicit CEnt(EntType type) : m_type(type) {}
+    /// Returns the name; an empty one for null.
     static const CString& nameOf(const CString* name);
 
 private:
@@ -254,6 +256,7 @@ public:
     CText() : CEnt(EntType::text) {}
     /// Returns the text. Each call decodes it again, as do the text functions of the other types.
     [[nodiscard]] CString GetText() const;
+    /// Returns the name of the style.
     [[nodiscard]] const CString& GetStyle() const { return nameOf(style_); }
 
     double m_x = 0, m_y = 0;
@@ -280,6 +283,7 @@ public:
     [[nodiscard]] CString GetText() const;
     /// Returns the whole text: all pieces joined, with their format codes.
     [[nodiscard]] CString GetFullText() const;
+    /// Returns the name of the style.
     [[nodiscard]] const CString& GetStyle() const { return nameOf(style_); }
 
     double m_x = 0, m_y = 0;
@@ -304,7 +308,10 @@ public:
     CDim() : CEnt(EntType::dimension) {}
     /// Returns the name of the block with the dimension's graphics.
     [[nodiscard]] const CString& GetBlock() const { return nameOf(block_); }
+    /// Returns the name of the style.
     [[nodiscard]] const CString& GetStyle() const { return nameOf(style_); }
+    /// Returns the text that replaces or surrounds the measured value.
+    /// Returns the text that stands for the measured value.
     [[nodiscard]] CString GetText() const;
 
     double m_x = 0, m_y = 0, m_x2 = 0, m_y2 = 0, m_angle = 0;

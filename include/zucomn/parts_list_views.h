@@ -32,8 +32,10 @@ public:
     ~CUPAttFrameWnd() override;
 
     /// The panes, which belong to the frame; null before the frame is created.
+    /// @{
     [[nodiscard]] CUPEntView* GetLeftPane() const;
     [[nodiscard]] CUPAttView* GetRightPane() const;
+    /// @}
 
     BOOL PreTranslateMessage(MSG* message) override;
     BOOL DestroyWindow() override;
@@ -142,6 +144,7 @@ protected:
     int OnCreate(LPCREATESTRUCT create);
     void OnSize(UINT type, int width, int height);
     void OnItemchanged(NMHDR* header, LRESULT* result);
+    /// Shows what was selected while the view was busy.
     LRESULT onShowSelection(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 

@@ -16,10 +16,12 @@ public:
     CReplaceReactor();
     ~CReplaceReactor() override;
     /// Copies and moves transfer no state: the class has none, and a copy is not registered.
+    /// @{
     CReplaceReactor(const CReplaceReactor& other);
     CReplaceReactor(CReplaceReactor&& other) noexcept;
     CReplaceReactor& operator=(const CReplaceReactor& other);
     CReplaceReactor& operator=(CReplaceReactor&& other) noexcept;
+    /// @}
 
     /// Called before a replacement erases its elements, with the first of them.
     virtual void erase(AcDbObjectId id);

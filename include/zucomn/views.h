@@ -198,12 +198,16 @@ public:
     ~CAttFrameWnd() override;
 
     /// The views of the frame; null before it is created.
+    /// @{
     [[nodiscard]] CEntView* GetLeftPane() const;
     [[nodiscard]] CAttView* GetRightPane() const;
+    /// @}
 
-    /// Shows a text in the status line.
+    /// The text of the status line.
+    /// @{
     void SetStatus(const CString& text);
     [[nodiscard]] CString GetStatus() const;
+    /// @}
     /// Sets the width of the left pane unless the user has changed it.
     void SetPaneWidth(int width);
     /// Called after the attribute view has been filled with the selected entities. Does nothing; for windows
@@ -218,8 +222,11 @@ protected:
     void OnDestroy();
     DECLARE_MESSAGE_MAP()
 
+    /// The classes of the views that the frame creates.
+    /// @{
     [[nodiscard]] virtual const CRuntimeClass* leftClass() const;
     [[nodiscard]] virtual const CRuntimeClass* rightClass() const;
+    /// @}
     /// Returns the window of a pane; null before it is created.
     [[nodiscard]] CWnd* paneAt(int column) const;
 
@@ -243,8 +250,11 @@ public:
     CAttFrameWnd_ZU();
     ~CAttFrameWnd_ZU() override;
 
+    /// The views of the frame; null before it is created.
+    /// @{
     [[nodiscard]] CEntView_ZU* GetLeftPane() const;
     [[nodiscard]] CAttView_ZU* GetRightPane() const;
+    /// @}
 
 protected:
     [[nodiscard]] const CRuntimeClass* leftClass() const override;
@@ -258,21 +268,27 @@ class ZUCOMN_API CAView : public CView {
 
 public:
     /// Shows the attributes as CAttView does; OnUpdateAttributes then writes to these entities.
+    /// @{
     void AddListView(AcDbObjectId entity, CStringArray* keys);
     void AddListView(const AcArray<AcDbObjectId>& entities, CStringArray* keys);
+    /// @}
     /// Shows a part as CAttView does; OnUpdateAttributes then writes to no entity.
     void AddGrid(const wchar_t* partFile, CStringArray* keys);
     /// These functions work as those of CAttView.
+    /// @{
     int GetAttSel(CStringArray& keys, CStringArray& values);
     void GetAttAll(CStringArray& keys, CStringArray& values);
     void SetValue(const wchar_t* key, const wchar_t* value);
     static int SortCompare(const CPropertyItem& left, const CPropertyItem& right);
+    /// @}
 
     /// These functions work as those of CEntView.
+    /// @{
     static CString GetAttDetails(const CString& text, int n);
     static bool GetAttIDCode(CString& code, const CPtrArray& table, const CString& first,
                              const CString& third);
     static bool IsUpdateEnable(const CString& text);
+    /// @}
 
     /// Opens the editor of the selected item when the item offers choices. Returns 1.
     long OnSelChangeList(WPARAM wParam, LPARAM lParam);

@@ -44,6 +44,7 @@ enum class Severity {
 [[nodiscard]] ZUCOMN_API std::wstring_view faultCode(RouteFault fault);
 [[nodiscard]] ZUCOMN_API Severity faultSeverity(RouteFault fault);
 
+/// Something wrong with the routes of a drawing.
 struct RouteFinding {
     AcDbObjectId object; ///< The object at fault.
     RouteFault fault = RouteFault::emptyGroup;

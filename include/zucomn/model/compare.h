@@ -73,6 +73,7 @@ struct DrawingDifferences {
     std::vector<AcDbObjectId> othersRemoved;
     std::vector<AcDbObjectId> othersChanged;
 
+    /// True when the drawings are the same.
     [[nodiscard]] bool isEmpty() const {
         return added.empty() && removed.empty() && changed.empty() && groups.empty() && made.empty() &&
                broken.empty() && othersAdded.empty() && othersRemoved.empty() && othersChanged.empty();

@@ -28,6 +28,7 @@ struct ConditionError {
     std::wstring problem;
 };
 
+/// A condition, or why there is none.
 struct ParsedCondition {
     Condition condition; ///< Empty when there is an error, and for a blank text.
     std::optional<ConditionError> error;

@@ -13,7 +13,7 @@ class AcDbDatabase;
 
 namespace zucomn {
 
-/// What quantities are told apart by.
+/// What distinguishes the rows of quantities.
 enum class QuantityField { kind, group, what, block, size, use };
 
 /// The attribute ids that quantities are read from. Of several ids the first with a value counts.
@@ -27,6 +27,7 @@ struct QuantityAttributes {
 /// separated by commas; for missing ones the defaults: S302 and S303, S501, S401.
 [[nodiscard]] ZUCOMN_API QuantityAttributes quantityAttributes();
 
+/// What is to be counted, and in which rows.
 struct QuantityQuery {
     std::vector<QuantityField> by{QuantityField::kind, QuantityField::what, QuantityField::block,
                                   QuantityField::size};
@@ -35,6 +36,7 @@ struct QuantityQuery {
     QuantityAttributes attributes = quantityAttributes();
 };
 
+/// A number of elements and their length.
 struct Quantity {
     std::size_t count = 0;
     /// Length of the route lines in plan, in drawing units: the distance between the two connection points of
@@ -57,12 +59,14 @@ struct QuantityRow {
     Quantity quantity;
 };
 
+/// The elements of one link kind and element code.
 struct QuantityTotal {
     int kind = -1;
     int code = 0;
     Quantity quantity;
 };
 
+/// What a drawing holds.
 struct Quantities {
     /// Sorted by the fields in the order of the query's `by`; texts: empty ones, then numbers by value, then
     /// others by character code; `what` by elementKindName.
