@@ -198,6 +198,16 @@ with tempfile.TemporaryDirectory() as folder:
     listing = subprocess.run([ZU, "compare", base, other], capture_output=True, text=True).stdout
     for line in ('110 RT-D300 (route line): S302 ｻｲｽﾞ "300" -> "350"', 'S999 追加 none -> "x"', 'layer "SA-ダクト" -> "RA-ダクト"'):
         check(line in listing, "%s in:\n%s" % (line, listing))
+    removed(doc)
+    others(doc)
+    doc.saveas(other)
+    picture = os.path.join(folder, "picture.svg")
+    subprocess.run([ZU, "compare", base, other, "-o", picture], capture_output=True)
+    with open(picture, encoding="utf-8") as svg:
+        drawn = svg.read().lower()
+    counts = [drawn.count(colour) for colour in ("d0212a", "1a8f3c", "d58300")]
+    # Each colour stands in the legend too.
+    check(min(counts) > 1, "removed, added and changed things in their colours: %r" % counts)
     run("compare", base, os.path.join(folder, "missing.dxf"), status=2)
     run("compare", base, status=2)
 print("differences are those of the other program")

@@ -2,6 +2,7 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "model/comparison.h"
+#include "plan/comparison_picture.h"
 #include "report/differences.h"
 
 #include <memory>
@@ -18,6 +19,7 @@ struct Options {
     DrawingSource after;
     bool strict = false;
     bool json = false;
+    std::string picture;
 };
 
 bool compareAndPrint(const Options& options) {
@@ -28,6 +30,8 @@ bool compareAndPrint(const Options& options) {
         printJson(differencesJson(differences));
     else
         printDifferences(differences);
+    if (!options.picture.empty())
+        saveComparison(after.database(), differences, options.picture);
     return differences.isEmpty();
 }
 
@@ -55,6 +59,8 @@ void addCompareCommand(Command& program) {
     command->add_option("B", options->after.path, "The second drawing")->required();
     command->add_flag("--strict", options->strict, "Refuse drawings that would open with warnings");
     command->add_flag("--json", options->json, "As JSON");
+    command->add_option("-o,--output", options->picture,
+                        "A picture, .png, .svg or .pdf: removed red, added green, changed amber");
     command->callback([options] { run(*options); });
 }
 
