@@ -3,6 +3,7 @@
 
 #include <arxutil.h>
 #include <dbapserv.h>
+#include <zucomn/model/audit.h>
 #include <zucomn/model/elements.h>
 #include <zucomn/model/quantities.h>
 #include <zuhost/text_codec.h>
@@ -68,6 +69,11 @@ std::size_t filter(const AcDbDatabase& drawing) {
     return zucomn::filterElements(zucomn::modelSpaceReferences(drawing), filter).size();
 }
 
+std::size_t audit(const AcDbDatabase& drawing) {
+    (void)zucomn::auditRoutes(drawing, false);
+    return zucomn::modelSpaceReferences(drawing).size();
+}
+
 struct Task {
     const char* name;
     std::size_t (*run)(const AcDbDatabase& drawing); ///< Returns the number of elements.
@@ -77,7 +83,8 @@ struct Task {
 constexpr Task kTasks[] = {{"open, read every element", readElements},
                            {"open, quantities", count},
                            {"open, quantities by group", countBySizeAndGroup},
-                           {"open, filter by a condition", filter}};
+                           {"open, filter by a condition", filter},
+                           {"open, audit of routes", audit}};
 
 /// Returns processor time, which other programs disturb less than time on the clock.
 double seconds(const Task& task, const std::wstring& path, int expected) {

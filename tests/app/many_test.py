@@ -89,6 +89,8 @@ def streams():
 
 def languages():
     for locale, command, there in (("ja_JP.UTF-8", "groops", "groups ではありませんか"), ("C", "groops", "did you mean groups?"),
+                                   ("ja_JP.UTF-8", "connected %s 10C --group RTGR0007" % FLOOR, "RTGR00007 ではありませんか"),
+                                   ("ja_JP.UTF-8", "set-attribute %s S410 1 -o x.dxf" % FLOOR, "S401 ではありませんか"),
                                    ("ja_JP.UTF-8", "groups --help", "使い方"), ("de_DE.UTF-8", "groups --help", "Usage")):
         done = zu(*command.split(), env={**os.environ, "LC_ALL": locale})
         check(there in (done.stdout + done.stderr).decode(), "%s under %s" % (command, locale))

@@ -15,6 +15,9 @@ def check_tables(folder):
     check(run_json("table", path, "--skip", "2", "--columns", "2") == [["x"]], "one column after skipped lines")
     check(run("table", path) == "  弁  2\nポンプ  x\n", "an empty first field keeps its place")
     check(run_json("table", sample("parts/fitting.csv")) == expected("settings.json")["fitting.csv"], "sample table")
+    with open(path, "rb") as table:
+        piped = subprocess.run([ZU, "table", "-"], stdin=table, capture_output=True, text=True).stdout
+    check(piped == run("table", path), "a table on the standard input")
     run("table", path, "--skip", "9", status=1)
     run("table", path, "--separator", "", status=2)
     run("table", os.path.join(folder, "missing"), status=1)

@@ -4,6 +4,7 @@
 #include "batch/results.h"
 #include "command_line.h"
 #include "failure.h"
+#include "model/standard_streams.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,9 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "model/drawing_file.h"
+#include "model/element.h"
 #include "report/csv.h"
+#include "report/output.h"
 
 #include <zucomn/dbservices.h>
 #include <zucomn/route.h>
@@ -62,8 +64,12 @@ void runOne(const DrawingFile& drawing, const Options& options, AcDbObjectId gro
         return printJson(Json(handleTexts(found)));
     if (options.form.csv)
         return printJoints({{options.handle, handleTexts(found)}});
-    for (const std::string& handle : handleTexts(found))
-        std::cout << handle << '\n';
+    TextTable table({"handle", "block", "what"});
+    for (const AcDbObjectId id : found) {
+        const Element joined = readElement(id);
+        table.addRow({joined.handle, joined.block, elementCodeName(joined.code)});
+    }
+    table.print();
 }
 
 /// Every member of the group (without one: every block reference).

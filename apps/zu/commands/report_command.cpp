@@ -4,6 +4,7 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "model/drawing_file.h"
+#include "model/standard_streams.h"
 #include "report/drawing_report.h"
 #include "report/report_document.h"
 #include "report/report_page.h"

@@ -1,8 +1,10 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
+#include "manners/suggestion.h"
 #include "manners/translation.h"
 #include "model/attribute_edit.h"
+#include "model/attribute_rows.h"
 #include "model/filter.h"
 #include "model/settings_file.h"
 #include "report/csv.h"
@@ -82,6 +84,13 @@ void requireStorable(const std::string& value) {
         throw WrongUsage("the value is not valid UTF-8");
 }
 
+std::string similarId(const DrawingFile& drawing, const std::string& key) {
+    std::vector<std::string> ids;
+    for (const auto& [id, name] : attributeIds(drawing.references()))
+        ids.push_back(id);
+    return std::find(ids.begin(), ids.end(), key) == ids.end() ? suggestion(key, ids) : "";
+}
+
 void run(const Options& options) {
     requireStorable(options.value);
     const Filter filter(options.filter);
@@ -93,7 +102,7 @@ void run(const Options& options) {
                                              options.value, !options.handles.empty());
     if (edit.changed.empty() && edit.skipped.empty())
         throw Failure("no element " + std::string(options.filter.isGiven() ? "that passes the filter " : "") +
-                      "has an attribute " + options.key);
+                      "has an attribute " + options.key + similarId(drawing, options.key));
     drawing.save(options.saving);
     print(edit, options.form);
 }

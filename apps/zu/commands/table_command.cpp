@@ -2,6 +2,7 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "model/readable_file.h"
+#include "model/standard_streams.h"
 #include "report/csv.h"
 #include "report/text_file_warning.h"
 #include "text.h"
@@ -39,10 +40,11 @@ void printRecords(const Json& records) {
 void run(const Options& options) {
     if (options.separator.empty())
         throw WrongUsage("--separator needs a character");
-    warnOfUnmarkedUtf8(options.file);
+    const InputFile file(options.file);
+    warnOfUnmarkedUtf8(file.path());
     const CString columns = wide(options.columns);
     CPtrArray records;
-    const int result = ZuComn_ReadConfigFile(wide(options.file), records, options.skip,
+    const int result = ZuComn_ReadConfigFile(wide(file.path()), records, options.skip,
                                              options.columns.empty() ? nullptr : columns.GetString(),
                                              wide(options.separator), 0);
     Json array = Json::array();
@@ -50,7 +52,7 @@ void run(const Options& options) {
         array.push_back(narrow(*static_cast<const CStringArray*>(static_cast<CObject*>(records[i]))));
     ZuComn_RemoveAllFree(records);
     if (result != 0) {
-        requireReadable(options.file);
+        requireReadable(file.path());
         throw Failure(options.file + ": holds no records");
     }
     if (options.form.json)
@@ -70,7 +72,7 @@ void run(const Options& options) {
 void addTableCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand("table", "Read a table file");
-    command->add_option("FILE", options->file, "The file")->required();
+    command->add_option("FILE", options->file, "The table; - is the standard input")->required();
     command->add_option("--columns", options->columns, "Columns to keep, such as 1,3");
     command->add_option("--separator", options->separator, "Character between fields")->capture_default_str();
     command->add_option("--skip", options->skip, "Lines to pass over first")

@@ -2,6 +2,8 @@
 
 #include "command_line.h"
 #include "failure.h"
+#include "manners/suggestion.h"
+#include "model/standard_streams.h"
 #include "text.h"
 
 #include <dbapserv.h>
@@ -13,7 +15,6 @@
 
 #include <charconv>
 #include <iostream>
-#include <iterator>
 #include <optional>
 
 namespace zu::app {
@@ -29,10 +30,6 @@ std::optional<Adesk::UInt64> parseHandle(const std::string& text) {
 
 /// What messages name it.
 constexpr const wchar_t* kStandardInputName = L"standard input";
-
-std::string readStandardInput() {
-    return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
-}
 
 AcDbObjectId findByHandle(const AcDbDatabase& database, const std::string& handle) {
     AcDbObjectId id;
@@ -91,13 +88,15 @@ std::vector<AcDbObjectId> DrawingFile::groups() const {
 AcDbObjectId DrawingFile::findGroup(const std::string& nameOrHandle) const {
     const AcDbObjectId byHandle = findByHandle(*database_, nameOrHandle);
     const CString name = wide(nameOrHandle);
+    std::vector<std::string> names;
     for (const AcDbObjectId group : groups()) {
         CString groupName;
         RootComn_GetGroupNameFromGroupOid(group, groupName);
         if (group == byHandle || groupName.CompareNoCase(name) == 0)
             return group;
+        names.push_back(narrow(groupName.view()));
     }
-    throw Failure("the drawing has no group " + nameOrHandle);
+    throw Failure("the drawing has no group " + nameOrHandle + suggestion(nameOrHandle, names));
 }
 
 void DrawingFile::save(const SaveOptions& options) {

@@ -21,9 +21,6 @@ struct DrawingSource {
     bool strict = false; ///< Reject drawings that would open with a warning.
 };
 
-/// The path that stands for the standard input and output.
-constexpr const char* kStandardStream = "-";
-
 /// Adds the argument DRAWING and the option --strict.
 void addDrawing(Command& command, DrawingSource& source);
 

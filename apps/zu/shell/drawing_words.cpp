@@ -8,14 +8,11 @@
 
 #include <zucomn/model/groups.h>
 
-#include <algorithm>
 #include <set>
 
 namespace zu::app {
 
 namespace {
-
-constexpr std::size_t kElementsForIds = 1000;
 
 class Words {
 public:
@@ -37,11 +34,8 @@ void addGroups(const DrawingFile& drawing, Words& words) {
 }
 
 void addAttributeIds(const DrawingFile& drawing, Words& words) {
-    std::vector<AcDbObjectId> elements = drawing.references();
-    elements.resize(std::min(elements.size(), kElementsForIds));
-    for (const AcDbObjectId element : elements)
-        for (const auto& row : readAttributeRows(element))
-            words.add(row[3], row[2].empty() ? row[6] : row[2]);
+    for (const auto& [id, name] : attributeIds(drawing.references()))
+        words.add(id, name);
 }
 
 void addElements(const DrawingFile& drawing, DrawingWords wanted, Words& words) {
