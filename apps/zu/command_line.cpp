@@ -28,6 +28,11 @@ CommandOption* CommandOption::not_negative() {
     return this;
 }
 
+CommandOption* CommandOption::choices(std::vector<std::string> values) {
+    option_.check(CLI::IsMember(std::move(values)));
+    return this;
+}
+
 CommandOption* CommandOption::delimited(char separator) {
     option_.delimiter(separator)->allow_extra_args(false);
     return this;

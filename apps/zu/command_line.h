@@ -22,6 +22,8 @@ public:
     CommandOption* capture_default_str();
     CommandOption* range(int least, int greatest);
     CommandOption* not_negative();
+    /// Rejects other values.
+    CommandOption* choices(std::vector<std::string> values);
     /// Splits values at a character; the option takes one argument each time it is given.
     CommandOption* delimited(char separator);
     CommandOption* excludes(const CommandOption* other);

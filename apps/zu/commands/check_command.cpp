@@ -78,8 +78,6 @@ void requireValid(const Options& options) {
         throw WrongUsage("--repair and -o belong together: the repaired drawing is saved there");
     requireCodes(options.only);
     requireCodes(options.except);
-    if (!options.failOn.empty() && options.failOn != "error" && options.failOn != "warning")
-        throw WrongUsage("--fail-on takes error or warning, not " + options.failOn);
 }
 
 std::string count(std::ptrdiff_t number, const std::string& what) {
@@ -147,9 +145,10 @@ void addCheckCommand(Command& program) {
         ->delimited(',');
     command->add_option("--except", options->except, "No findings with these codes, separated by commas")
         ->delimited(',');
-    command->add_option(
-        "--fail-on", options->failOn,
-        "End with status 1 when a finding is left that is an 'error', or at least a 'warning'");
+    command
+        ->add_option("--fail-on", options->failOn,
+                     "End with status 1 when a finding is left that is an 'error', or at least a 'warning'")
+        ->choices({"error", "warning"});
     command->add_flag("--repair", options->repair, "Repair what can be repaired without losing anything");
     addSaveOptions(*command, options->saving, "Where to save the repaired drawing");
     addListingForm(*command, options->form);

@@ -60,15 +60,30 @@ std::optional<std::array<T, N>> numbers(std::string_view text, char separator) {
 }
 
 template <typename T, std::size_t N>
-T oneOf(const std::string& option, const std::string& given,
-        const std::array<std::pair<const char*, T>, N>& values) {
-    std::string names;
-    for (const auto& [name, value] : values) {
-        if (given == name)
-            return value;
-        names += std::string(names.empty() ? "" : ", ") + name;
-    }
-    throw WrongUsage(option + ' ' + given + ": choose one of " + names);
+using Choices = std::array<std::pair<const char*, T>, N>;
+
+// The first one of each is the default.
+constexpr Choices<PlanTheme, 2> kThemes{{{"light", PlanTheme::light}, {"dark", PlanTheme::dark}}};
+constexpr Choices<PlanLabelKind, 5> kLabels{{{"auto", PlanLabelKind::automatic},
+                                             {"none", PlanLabelKind::none},
+                                             {"handles", PlanLabelKind::handles},
+                                             {"names", PlanLabelKind::names},
+                                             {"sizes", PlanLabelKind::sizes}}};
+constexpr Choices<bool, 2> kOrientations{{{"landscape", true}, {"portrait", false}}};
+
+template <typename T, std::size_t N>
+T chosen(const Choices<T, N>& choices, const std::string& given) {
+    const auto found = std::find_if(choices.begin(), choices.end(),
+                                    [&given](const auto& choice) { return choice.first == given; });
+    return found != choices.end() ? found->second : choices.front().second;
+}
+
+template <typename T, std::size_t N>
+std::vector<std::string> namesOf(const Choices<T, N>& choices) {
+    std::vector<std::string> names;
+    for (const auto& [name, value] : choices)
+        names.emplace_back(name);
+    return names;
 }
 
 QSize parseSize(const Options& options) {
@@ -102,8 +117,7 @@ std::optional<PlanPaper> parsePaper(const Options& options) {
         throw WrongUsage("--size and --width are for pictures without --paper, --scale and --orientation");
     PlanPaper paper{options.paper, std::nullopt, parseScale(options.scale)};
     if (!options.orientation.empty())
-        paper.landscape = oneOf<bool, 2>("--orientation", options.orientation,
-                                         {{{"landscape", true}, {"portrait", false}}});
+        paper.landscape = chosen(kOrientations, options.orientation);
     return paper;
 }
 
@@ -145,14 +159,8 @@ PlanOptions planOptions(const Options& options) {
     plan.paper = parsePaper(options);
     plan.window = parseWindow(options.window);
     plan.layout = options.layout;
-    plan.theme = oneOf<PlanTheme, 2>("--theme", options.theme.empty() ? "light" : options.theme,
-                                     {{{"light", PlanTheme::light}, {"dark", PlanTheme::dark}}});
-    plan.labels = oneOf<PlanLabelKind, 5>("--labels", options.labels.empty() ? "auto" : options.labels,
-                                          {{{"auto", PlanLabelKind::automatic},
-                                            {"none", PlanLabelKind::none},
-                                            {"handles", PlanLabelKind::handles},
-                                            {"names", PlanLabelKind::names},
-                                            {"sizes", PlanLabelKind::sizes}}});
+    plan.theme = chosen(kThemes, options.theme);
+    plan.labels = chosen(kLabels, options.labels);
     plan.textAsOutlines = options.outlines;
     plan.hasLegend = !options.noLegend;
     plan.marksJoints = !options.noMarks;
@@ -205,14 +213,17 @@ void addPlanCommand(Command& program) {
     command->add_option("--paper", options->paper, "Paper: A4 to A0, B4 to B1; A3 by default for .pdf");
     command->add_option("--scale", options->scale,
                         "Scale on paper, as 1:50; by default the largest usual one that fits");
-    command->add_option("--orientation", options->orientation,
-                        "landscape or portrait paper; by default what suits the plan");
+    command
+        ->add_option("--orientation", options->orientation,
+                     "landscape or portrait paper; by default what suits the plan")
+        ->choices(namesOf(kOrientations));
     command->add_option("--window", options->window, "Shows only the area x1,y1,x2,y2, in drawing units");
     command->add_option("--layout", options->layout, "Draws a layout of this name as it would be plotted");
-    command->add_option(
-        "--labels", options->labels,
-        "auto (handles at dangling points, names of equipment), none, handles, names or sizes");
-    command->add_option("--theme", options->theme, "light or dark");
+    command
+        ->add_option("--labels", options->labels,
+                     "auto (handles at dangling points, names of equipment), none, handles, names or sizes")
+        ->choices(namesOf(kLabels));
+    command->add_option("--theme", options->theme, "light or dark")->choices(namesOf(kThemes));
     command->add_option("--settings", options->settings,
                         "Master settings file: names of link kinds for the legend");
     command->add_flag("--outlines", options->outlines, "SVG: letters as outlines, which need no fonts");
