@@ -6,7 +6,6 @@
 #include <QFontMetricsF>
 
 #include <algorithm>
-#include <cmath>
 
 namespace zu::picture {
 
@@ -19,23 +18,17 @@ constexpr double kFontHeight = 100.0;
 
 /// Width of lines whose ends need no shape.
 constexpr double kThin = 2.2;
+/// Of paths that are painted line by line.
+constexpr int kMostCorners = 8;
 
-/// Chords of a Bezier curve, as many as its size needs.
-void addCurve(const QPointF& start, const QPointF& a, const QPointF& b, const QPointF& end,
-              QList<QLineF>& lines) {
-    constexpr double kMost = 64.0;
-    const double size = QLineF(start, a).length() + QLineF(a, b).length() + QLineF(b, end).length();
-    const int chords = static_cast<int>(std::clamp(2.0 * std::sqrt(size), 1.0, kMost));
-    QPointF from = start;
-    for (int i = 1; i <= chords; ++i) {
-        const double t = static_cast<double>(i) / chords;
-        const double s = 1.0 - t;
-        const QPointF to =
-            i == chords ? end
-                        : s * s * s * start + 3.0 * s * s * t * a + 3.0 * s * t * t * b + t * t * t * end;
-        lines.emplace_back(from, to);
-        from = to;
-    }
+/// A few straight lines. The many short ones of a curve would show twice where they meet.
+bool isStraight(const QPainterPath& path) {
+    if (path.elementCount() > kMostCorners)
+        return false;
+    for (int i = 0; i < path.elementCount(); ++i)
+        if (path.elementAt(i).type == QPainterPath::CurveToElement)
+            return false;
+    return true;
 }
 
 QPen asQPen(const Pen& pen) {
@@ -66,26 +59,16 @@ void PainterCanvas::stroke(const QPainterPath& path, const Pen& pen) {
         pen_ = pen;
     }
     // Where lines end and meet, thin ones need no round caps and joins. What shows through would show twice.
-    if (pen.width < kThin && pen.dashes.empty() && pen.colour.alpha() == 255)
+    if (pen.width < kThin && pen.dashes.empty() && pen.colour.alpha() == 255 && isStraight(path))
         addLines(path);
     else
         path_.addPath(path);
 }
 
 void PainterCanvas::addLines(const QPainterPath& path) {
-    for (int i = 1; i < path.elementCount(); ++i) {
-        const QPainterPath::Element& element = path.elementAt(i);
-        if (element.type == QPainterPath::LineToElement) {
-            lines_.emplace_back(path.elementAt(i - 1), element);
-        } else if (element.type == QPainterPath::CurveToElement) {
-            const QPointF start = path.elementAt(i - 1);
-            const QPointF a = element;
-            const QPointF b = path.elementAt(i + 1);
-            const QPointF end = path.elementAt(i + 2);
-            addCurve(start, a, b, end, lines_);
-            i += 2;
-        }
-    }
+    for (int i = 1; i < path.elementCount(); ++i)
+        if (path.elementAt(i).type == QPainterPath::LineToElement)
+            lines_.emplace_back(path.elementAt(i - 1), path.elementAt(i));
 }
 
 void PainterCanvas::flush() {
