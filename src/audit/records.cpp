@@ -182,7 +182,16 @@ private:
         repaired ? repair(problem, place, *repaired) : note(problem);
     }
 
+    /// As nearly every header is.
+    [[nodiscard]] bool isHeaderRight() const {
+        const CString& header = record_.texts.front();
+        return hasFields(header, kHeaderFields) &&
+               header.view().starts_with(std::to_wstring(record_.texts.size() - 1) + kFieldSeparator);
+    }
+
     void checkHeader() {
+        if (isHeaderRight())
+            return;
         const CString text = record_.texts.front();
         const std::optional<CString> repaired = withFields(text, kHeaderFields);
         if (!repaired)
