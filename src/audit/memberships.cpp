@@ -70,8 +70,8 @@ public:
     /// Removing a member can change the group's kind; repeats for the other members of such groups until
     /// stable.
     void run() {
-        for (std::size_t i = 0; i < elements_.size(); ++i)
-            resolve(elements_[i]);
+        for (const AcDbObjectId element : elements_)
+            resolve(element);
         while (!changed_.empty())
             for (const std::size_t i : membersOfChanged())
                 resolve(elements_[i]);
