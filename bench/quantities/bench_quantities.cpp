@@ -3,6 +3,7 @@
 
 #include <arxutil.h>
 #include <dbapserv.h>
+#include <zucomn/model/attributes.h>
 #include <zucomn/model/audit.h>
 #include <zucomn/model/elements.h>
 #include <zucomn/model/quantities.h>
@@ -49,6 +50,13 @@ std::size_t readElements(const AcDbDatabase& drawing) {
     return count;
 }
 
+std::size_t readAttributes(const AcDbDatabase& drawing) {
+    std::size_t count = 0;
+    for (const AcDbObjectId id : zucomn::modelSpaceReferences(drawing))
+        count += zucomn::readElement(id).has_value() && !zucomn::readAttributes(id).empty() ? 1 : 0;
+    return count;
+}
+
 std::size_t countBy(const AcDbDatabase& drawing, std::vector<zucomn::QuantityField> by) {
     zucomn::QuantityQuery query;
     query.by = std::move(by);
@@ -81,6 +89,7 @@ struct Task {
 
 /// The others are shown as multiples of the first.
 constexpr Task kTasks[] = {{"open, read every element", readElements},
+                           {"open, with its attributes", readAttributes},
                            {"open, quantities", count},
                            {"open, quantities by group", countBySizeAndGroup},
                            {"open, filter by a condition", filter},
