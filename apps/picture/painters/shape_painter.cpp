@@ -14,7 +14,7 @@ namespace zu::picture {
 namespace {
 
 constexpr double kUnitsPerMillimetre = 96.0 / 25.4;
-/// Height of capitals below which letters can't be told apart.
+/// Height of capitals below which letters cannot be distinguished.
 constexpr double kReadable = 2.2;
 /// Capitals below this are thinner than the thinnest line.
 constexpr double kVisible = 0.5;

@@ -135,7 +135,8 @@ void Canvas::setDashes(const Linetype& linetype, double linetypeScale) {
         take(static_cast<std::uint64_t>(dashes));
 }
 
-void Canvas::stroke(const Entity& entity, const QPainterPath& path, const QTransform& toWorld) {
+void Canvas::drawPath(const Entity& entity, Shape::Kind kind, const QPainterPath& path,
+                      const QTransform& toWorld) {
     if (path.isEmpty() || !take(static_cast<std::uint64_t>(path.elementCount())))
         return;
     shape_.path = toWorld.map(path);
@@ -145,7 +146,11 @@ void Canvas::stroke(const Entity& entity, const QPainterPath& path, const QTrans
         return;
     }
     shape_.colour = entity.look.colour;
-    emitShape(entity, Shape::Kind::stroke, box);
+    emitShape(entity, kind, box);
+}
+
+void Canvas::stroke(const Entity& entity, const QPainterPath& path, const QTransform& toWorld) {
+    drawPath(entity, Shape::Kind::stroke, path, toWorld);
 }
 
 void Canvas::stroke(const Entity& entity, const std::vector<AcGePoint3d>& points, bool closed) {
@@ -174,16 +179,7 @@ void Canvas::line(const Entity& entity, const AcGePoint3d& from, const AcGePoint
 }
 
 void Canvas::fill(const Entity& entity, const QPainterPath& path, const QTransform& toWorld) {
-    if (path.isEmpty() || !take(static_cast<std::uint64_t>(path.elementCount())))
-        return;
-    shape_.path = toWorld.map(path);
-    const QRectF box = shape_.path.controlPointRect();
-    if (!isNear(box)) {
-        isOutOfRange_ = true;
-        return;
-    }
-    shape_.colour = entity.look.colour;
-    emitShape(entity, Shape::Kind::fill, box);
+    drawPath(entity, Shape::Kind::fill, path, toWorld);
 }
 
 void Canvas::dot(const Entity& entity, const AcGePoint3d& place) {

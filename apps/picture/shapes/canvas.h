@@ -90,6 +90,8 @@ private:
     [[nodiscard]] Outcome hiddenBy(const Entity& entity) const;
     void draw(std::size_t index);
     void count(std::size_t index, Outcome outcome);
+    void drawPath(const Entity& entity, Shape::Kind kind, const QPainterPath& path,
+                  const QTransform& toWorld);
     void emitShape(const Entity& entity, Shape::Kind kind, const QRectF& box);
     void setDashes(const Linetype& linetype, double scale);
     void deliver(const Linetype* linetype, double linetypeScale, const QRectF& box);

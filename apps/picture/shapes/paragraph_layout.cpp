@@ -13,7 +13,7 @@ constexpr double kStackHeight = 0.7;
 constexpr double kTabHeights = 4.0;
 constexpr double kSteepest = 85.0;
 
-/// What is not parted between lines: a word, an ideograph, a fraction.
+/// What is never broken between lines: a word, an ideograph, a fraction.
 struct Atom {
     FormattedPiece piece;
     double width = 0.0;
