@@ -16,6 +16,14 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
 endif()
 
+# zu_precompile(TARGET HEADERS...): large headers that many sources of a target include are compiled once. Sources include
+# what they use all the same: other presets build without. A compiler cache would find less with them, so not then either.
+function(zu_precompile target)
+  if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
 # Results must not depend on the compiler's freedom to fuse multiply and add.
 add_compile_options(-ffp-contract=off)
 

@@ -7,6 +7,10 @@ function(zu_test name)
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support)
   target_link_libraries(${name} PRIVATE ${ARG_LIBS} zu_warnings GTest::gtest GTest::gtest_main)
+  list(LENGTH ARG_SOURCES sources)
+  if(sources GREATER 2)
+    zu_precompile(${name} <gtest/gtest.h> <algorithm> <memory> <string> <vector>)
+  endif()
   target_compile_definitions(${name} PRIVATE
     ZU_SAMPLES="${PROJECT_SOURCE_DIR}/samples" ZU_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
