@@ -2,7 +2,7 @@
 #include "findings.h"
 #include "route/link_record.h"
 
-#include <adslib.h>
+#include <acutmem.h>
 #include <arxutil.h>
 #include <dbents.h>
 #include <dbobjptr.h>

@@ -1,7 +1,7 @@
 #include <zucomn/route.h>
 #include <zucomn/strings.h>
 
-#include <adslib.h>
+#include <acutads.h>
 
 #include <numbers>
 

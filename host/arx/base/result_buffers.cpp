@@ -1,4 +1,5 @@
-#include "adslib.h"
+#include "acutads.h"
+#include "zuhost/result_kind.h"
 
 #include <cmath>
 #include <cwchar>
@@ -6,14 +7,11 @@
 
 namespace {
 
-bool isBinaryType(short type) {
-    return type == 1004 || (type >= 310 && type <= 319);
-}
-
 void release(resbuf* item) {
-    if (acutIsTextType(item->restype))
+    const zuhost::ResultKind kind = zuhost::resultKind(item->restype);
+    if (kind == zuhost::ResultKind::text)
         acutDelString(item->resval.rstring);
-    else if (isBinaryType(item->restype))
+    else if (kind == zuhost::ResultKind::chunk)
         delete[] item->resval.rbinary.buf;
     delete item;
 }
@@ -45,15 +43,16 @@ int acutNewString(const ACHAR* text, ACHAR*& copy) {
     return RTNORM;
 }
 
+int acutUpdString(const ACHAR* text, ACHAR*& copy) {
+    ACHAR* const previous = copy;
+    const int result = acutNewString(text, copy); // first: the text may be the previous one
+    delete[] previous;
+    return result;
+}
+
 void acutDelString(ACHAR*& text) {
     delete[] text;
     text = nullptr;
-}
-
-bool acutIsTextType(short type) {
-    return type == RTSTR || (type >= 0 && type <= 9) || (type >= 100 && type <= 105) ||
-           (type >= 300 && type <= 309) || (type >= 410 && type <= 419) || (type >= 430 && type <= 439) ||
-           (type >= 470 && type <= 479) || (type >= 999 && type <= 1009 && type != 1004);
 }
 
 ads_real acutAngle(const ads_point from, const ads_point to) {
@@ -63,4 +62,10 @@ ads_real acutAngle(const ads_point from, const ads_point to) {
 
 ads_real acutDistance(const ads_point a, const ads_point b) {
     return std::hypot(b[0] - a[0], b[1] - a[1], b[2] - a[2]);
+}
+
+void acutPolar(const ads_point from, ads_real angle, ads_real distance, ads_point result) {
+    const ads_point there{from[X] + distance * std::cos(angle), from[Y] + distance * std::sin(angle),
+                          from[Z]};
+    ads_point_set(there, result);
 }

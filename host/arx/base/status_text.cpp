@@ -24,6 +24,7 @@ constexpr std::array kTexts{
     StatusText{Acad::eNullHandle, L"eNullHandle"},
     StatusText{Acad::eNullObjectId, L"eNullObjectId"},
     StatusText{Acad::eInvalidObjectId, L"eInvalidObjectId"},
+    StatusText{Acad::eInvalidAdsName, L"eInvalidAdsName"},
     StatusText{Acad::eUnknownHandle, L"eUnknownHandle"},
     StatusText{Acad::eHandleExists, L"eHandleExists"},
     StatusText{Acad::eHandleInUse, L"eHandleInUse"},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ads_names.h"
 #include "dbmain.h"
 #include "drawing/document.h"
 #include "undo_log.h"
@@ -23,6 +24,7 @@ struct DatabaseCore {
     DatabaseCore& operator=(const DatabaseCore&) = delete;
 
     AcDbDatabase& self;
+    DatabaseNumber number{self};
     std::unique_ptr<Document> document;
     std::vector<AcDbDatabaseReactor*> reactors;
     UndoLog undo;

@@ -1,10 +1,11 @@
 #include "dbmain.h"
 
+#include "chain_records.h"
 #include "database_core.h"
 #include "dbapserv.h"
 #include "dbsymtb.h"
-#include "dxf_records/number_text.h"
 #include "dxf_records/value_type.h"
+#include "zuhost/result_kind.h"
 
 #include <algorithm>
 #include <map>
@@ -18,8 +19,6 @@ namespace {
 constexpr int kApplication = 1001;
 constexpr int kComment = 999;
 constexpr std::size_t kSizeLimit = 16383;
-constexpr short kChunkLimit = 127;
-constexpr std::string_view kAxes = "xyz";
 
 /// Returns the bytes that a value counts for in the size limit of an object's extended data.
 std::size_t storedSize(const Tag& tag) {
@@ -48,33 +47,6 @@ std::size_t storedSize(const TagList& tags, TagRange range) {
     return size;
 }
 
-std::string hexadecimal(const char* bytes, int count) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string text;
-    for (int i = 0; i < count; ++i) {
-        text += kDigits[static_cast<unsigned char>(bytes[i]) >> 4U];
-        text += kDigits[static_cast<unsigned char>(bytes[i]) & 0x0FU];
-    }
-    return text;
-}
-
-int digitValue(char c) {
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : 0;
-}
-
-void setChunk(resbuf& item, std::string_view digits) {
-    const std::size_t count = std::min<std::size_t>(digits.size() / 2, kChunkLimit);
-    item.resval.rbinary.clen = static_cast<short>(count);
-    item.resval.rbinary.buf = new char[count];
-    for (std::size_t i = 0; i < count; ++i)
-        item.resval.rbinary.buf[i] =
-            static_cast<char>(digitValue(digits[2 * i]) * 16 + digitValue(digits[2 * i + 1]));
-}
-
 /// Returns whether the code begins a value of extended data; a point begins with its first record.
 bool isValueCode(int code) {
     return (code >= 1000 && code <= 1005) || (code >= 1010 && code <= 1013) ||
@@ -82,81 +54,7 @@ bool isValueCode(int code) {
 }
 
 bool isValid(const resbuf& item) {
-    if (item.restype != 1004)
-        return isValueCode(item.restype);
-    return item.resval.rbinary.clen >= 0 && item.resval.rbinary.clen <= kChunkLimit;
-}
-
-bool isPoint(int code) {
-    return code >= 1010 && code <= 1013;
-}
-
-class ChainWriter {
-public:
-    explicit ChainWriter(const zuhost::Document& document) : document_(document) {}
-
-    /// Appends the value at the index and returns the index of the next one. A point is one item in a chain
-    /// and three records in a drawing.
-    std::size_t add(const TagList& tags, std::size_t at) {
-        const Tag& tag = tags[at];
-        resbuf* const item = append(tag.code);
-        if (acutIsTextType(item->restype)) {
-            acutNewString(document_.decode(tag.value).c_str(), item->resval.rstring);
-            return at + 1;
-        }
-        if (tag.code == 1004) {
-            setChunk(*item, tag.value);
-            return at + 1;
-        }
-        if (isPoint(tag.code))
-            return addPoint(tags, at, *item);
-        if (zuhost::dxf::valueType(tag.code) == zuhost::dxf::ValueType::real)
-            item->resval.rreal = zuhost::parseReal(tag.value).value_or(0.0);
-        else if (tag.code == 1071)
-            item->resval.rlong = static_cast<std::int32_t>(zuhost::parseInteger(tag.value).value_or(0));
-        else
-            item->resval.rint = static_cast<short>(zuhost::parseInteger(tag.value).value_or(0));
-        return at + 1;
-    }
-
-    [[nodiscard]] resbuf* first() const { return first_; }
-
-private:
-    resbuf* append(int code) {
-        resbuf* const item = acutNewRb(code);
-        (last_ != nullptr ? last_->rbnext : first_) = item;
-        return last_ = item;
-    }
-
-    static std::size_t addPoint(const TagList& tags, std::size_t at, resbuf& item) {
-        const int code = tags[at].code;
-        for (std::size_t axis = 0; axis < kAxes.size(); ++axis) {
-            if (at >= tags.size() || tags[at].code != code + 10 * static_cast<int>(axis))
-                break;
-            item.resval.rpoint[axis] = zuhost::parseReal(tags[at++].value).value_or(0.0);
-        }
-        return at;
-    }
-
-    const zuhost::Document& document_;
-    resbuf* first_ = nullptr;
-    resbuf* last_ = nullptr;
-};
-
-void addValue(TagList& tags, const resbuf& item, const zuhost::Document& document) {
-    const int code = item.restype;
-    if (acutIsTextType(item.restype)) {
-        tags.add(code, document.encode(item.resval.rstring != nullptr ? item.resval.rstring : L""));
-    } else if (code == 1004) {
-        tags.add(code, hexadecimal(item.resval.rbinary.buf, item.resval.rbinary.clen));
-    } else if (isPoint(code)) {
-        for (std::size_t axis = 0; axis < kAxes.size(); ++axis)
-            tags.add(code + 10 * static_cast<int>(axis), zuhost::formatReal(item.resval.rpoint[axis]));
-    } else if (zuhost::dxf::valueType(code) == zuhost::dxf::ValueType::real) {
-        tags.add(code, zuhost::formatReal(item.resval.rreal));
-    } else {
-        tags.add(code, std::to_string(code == 1071 ? item.resval.rlong : item.resval.rint));
-    }
+    return isValueCode(item.restype) && zuhost::isStorable(item);
 }
 
 /// Texts equal to those they replace keep their stored form, as with escapes ("\\U+33a5").
@@ -166,7 +64,7 @@ void keepStoredForm(const TagList& tags, TagRange old, TagList& replacement,
         const Tag& before = tags[old.first + i];
         Tag& now = replacement[i];
         if (now.code == before.code && now.value != before.value &&
-            acutIsTextType(static_cast<short>(now.code)) &&
+            zuhost::resultKind(now.code) == zuhost::ResultKind::text &&
             document.decode(now.value) == document.decode(before.value))
             now.value = before.value;
     }
@@ -192,7 +90,7 @@ Acad::ErrorStatus readChain(const resbuf* chain, zuhost::DatabaseCore& core, std
         if (!isValid(*item))
             return Acad::eInvalidInput;
         if (item->restype != kApplication) {
-            addValue(lists.back(), *item, *core.document);
+            zuhost::addRecords(lists.back(), *item, core);
             continue;
         }
         auto name = registeredName(core, item->resval.rstring);
@@ -244,7 +142,7 @@ resbuf* AcDbObject::xData(const ACHAR* application) const {
         if (const auto name = range.empty() ? registeredName(*core(), application) : std::nullopt)
             range = tags().extendedData(*name, start);
     }
-    ChainWriter chain(*core()->document);
+    zuhost::ChainWriter chain(*core());
     // Skips other group codes, which only damaged drawings have: a chain can't hold their values. One that is
     // not valid in extended data ends the values of its application, as when one application is asked for.
     bool isEnded = false;
@@ -253,7 +151,7 @@ resbuf* AcDbObject::xData(const ACHAR* application) const {
         isEnded = code != kApplication && (isEnded || code < kComment);
         at = isValueCode(code) && !isEnded ? chain.add(tags(), at) : at + 1;
     }
-    return chain.first();
+    return chain.release();
 }
 
 Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {

@@ -2,34 +2,18 @@
 #include "aced.h"
 #include "acutads.h"
 #include "dbapserv.h"
+#include "input_queue.h"
 #include "undo_commands.h"
 
 #include <afx.h>
-
-#include <algorithm>
 
 ACRX_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
 ACRX_CONS_DEFINE_MEMBERS(AcApDocManager, AcRxObject)
 
 namespace {
 
-std::wstring& input() {
-    static auto* const text = new std::wstring;
-    return *text;
-}
-
-/// Returns the next word of the input, after removing the blanks before it; empty at the end.
-std::wstring nextWord() {
-    constexpr const wchar_t* kBlanks = L" \t\r\n";
-    std::wstring& text = input();
-    text.erase(0, text.find_first_not_of(kBlanks));
-    return text.substr(0, text.find_first_of(kBlanks));
-}
-
-std::wstring takeWord() {
-    std::wstring word = nextWord();
-    input().erase(0, word.size());
-    return word;
+zuhost::InputQueue& input() {
+    return zuhost::InputQueue::instance();
 }
 
 template <typename Notification>
@@ -42,14 +26,14 @@ void notifyReactors(Notification notification) {
 }
 
 /// "'_.name" -> "_NAME": ignores the marks of transparent and built-in commands.
-CString commandName(const std::wstring& word) {
-    CString name{std::wstring_view(word)};
+CString commandName(std::wstring_view word) {
+    CString name{word};
     name.Remove(L'\'');
     name.Remove(L'.');
     return name.MakeUpper();
 }
 
-void run(AcRxFunctionPtr function, const wchar_t* name) {
+zuhost::CommandEnd run(AcRxFunctionPtr function, const wchar_t* name) {
     const zuhost::CommandUndoStep step;
     notifyReactors([name](AcEditorReactor& reactor) { reactor.commandWillStart(name); });
     try {
@@ -57,9 +41,10 @@ void run(AcRxFunctionPtr function, const wchar_t* name) {
     } catch (const CException& exception) {
         acutPrintf(L"%s: %s\n", name, exception.GetErrorText());
         notifyReactors([name](AcEditorReactor& reactor) { reactor.commandFailed(name); });
-        return;
+        return zuhost::CommandEnd::failed;
     }
     notifyReactors([name](AcEditorReactor& reactor) { reactor.commandEnded(name); });
+    return zuhost::CommandEnd::ended;
 }
 
 } // namespace
@@ -83,40 +68,42 @@ Acad::ErrorStatus AcApDocManager::sendStringToExecute(AcApDocument* document, co
                                                       bool /*echo*/) {
     if (document == nullptr || text == nullptr)
         return Acad::eNullObjectPointer;
-    input() += text;
+    input().append(text);
     return Acad::eOk;
 }
 
 const std::wstring& zuhost::pendingInput() {
-    return input();
+    return input().pending();
 }
 
 void zuhost::clearPendingInput() {
     input().clear();
 }
 
+zuhost::CommandEnd zuhost::runCommand(const std::wstring& word) {
+    const CString name = commandName(word);
+    const wchar_t* const shown = name.GetString() + (name.Find(L'_') == 0 ? 1 : 0);
+    if (const AcRxFunctionPtr function = acedRegCmds->lookup(name))
+        return run(function, shown);
+    acutPrintf(L"Unknown command \"%s\".\n", shown);
+    notifyReactors([shown](AcEditorReactor& reactor) { reactor.unknownCommand(shown); });
+    return CommandEnd::unknown;
+}
+
 int zuhost::runPendingCommands() {
     int count = 0;
-    for (std::wstring word = takeWord(); !word.empty(); word = takeWord()) {
-        const CString name = commandName(word);
-        const wchar_t* const shown = name.GetString() + (name.Find(L'_') == 0 ? 1 : 0);
-        if (const AcRxFunctionPtr function = acedRegCmds->lookup(name)) {
-            run(function, shown);
+    for (std::wstring word = input().takeCommand(); !word.empty(); word = input().takeCommand())
+        if (runCommand(word) != CommandEnd::unknown)
             ++count;
-            continue;
-        }
-        acutPrintf(L"Unknown command \"%s\".\n", shown);
-        notifyReactors([shown](AcEditorReactor& reactor) { reactor.unknownCommand(shown); });
-    }
     return count;
 }
 
 std::wstring zuhost::pendingWord() {
-    CString word = commandName(nextWord());
+    CString word = commandName(input().nextWord());
     word.Remove(L'_');
     return std::wstring(word.view());
 }
 
 void zuhost::takePendingWord() {
-    takeWord();
+    input().takeWord();
 }

@@ -1,6 +1,8 @@
 #include "dbapserv.h"
 #include "sample_drawing.h"
 
+#include <zuhost/result_kind.h>
+
 namespace {
 
 struct ChainDeleter {
@@ -98,7 +100,7 @@ TEST_F(ExtendedData, EveryTypeOfValueSurvivesSaving) {
              given = given->rbnext, item = item->rbnext) {
             ASSERT_NE(item, nullptr);
             ASSERT_EQ(item->restype, given->restype);
-            if (acutIsTextType(given->restype)) {
+            if (zuhost::resultKind(given->restype) == zuhost::ResultKind::text) {
                 EXPECT_STREQ(item->resval.rstring, given->resval.rstring);
             } else if (given->restype == 1011 || given->restype == 1013) {
                 EXPECT_EQ(item->resval.rpoint[1], 2.5);

@@ -60,6 +60,7 @@ struct Acad {
         eNullHandle,
         eNullObjectId,
         eInvalidObjectId,
+        eInvalidAdsName,
         eUnknownHandle,
         eHandleExists,
         eHandleInUse,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "acdb.h"
-#include "adslib.h"
+#include "acutmem.h"
 #include "dbid.h"
 #include "gemat3d.h"
 #include "rxclass.h"

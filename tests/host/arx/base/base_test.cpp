@@ -140,7 +140,7 @@ TEST(Modules, FailToLoadWithAReason) {
 
 TEST(CommandLine, PrintsWithCheckedArguments) {
     CommandLineObserver printed;
-    EXPECT_EQ(acutPrintf(L"%s %d\n", CString(L"画層"), 3), 5);
+    EXPECT_EQ(acutPrintf(L"%s %d\n", CString(L"画層"), 3), RTNORM);
     acutPrintf(L"100%%");
     EXPECT_EQ(printed.text(), L"画層 3\n100%");
     {

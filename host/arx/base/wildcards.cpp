@@ -1,0 +1,114 @@
+#include "acutads.h"
+
+#include <cwctype>
+#include <string_view>
+
+namespace {
+
+using Text = std::wstring_view;
+
+/// Returns the size of the pattern's first element: one that stands for a single character.
+std::size_t elementSize(Text pattern) {
+    if (pattern.front() == L'`')
+        return pattern.size() > 1 ? 2 : 1;
+    if (pattern.front() != L'[')
+        return 1;
+    const std::size_t end = pattern.find(L']', 1);
+    return end == Text::npos ? 1 : end + 1; // an open bracket is plain
+}
+
+bool isInSet(wchar_t c, Text set) {
+    for (std::size_t i = 0; i < set.size(); ++i) {
+        if (i + 2 < set.size() && set[i + 1] == L'-') {
+            if (c >= set[i] && c <= set[i + 2])
+                return true;
+            i += 2;
+        } else if (set[i] == c) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool matchesElement(wchar_t c, Text element) {
+    if (element.size() > 1 && element.front() == L'`')
+        return c == element[1];
+    if (element.size() > 1) {
+        Text set = element.substr(1, element.size() - 2);
+        const bool negated = set.starts_with(L'~');
+        set.remove_prefix(negated ? 1 : 0);
+        return isInSet(c, set) != negated;
+    }
+    const auto character = static_cast<std::wint_t>(c);
+    switch (element.front()) {
+    case L'#':
+        return c >= L'0' && c <= L'9';
+    case L'@':
+        return std::iswalpha(character) != 0;
+    case L'.':
+        return std::iswalnum(character) == 0;
+    case L'?':
+        return true;
+    default:
+        return c == element.front();
+    }
+}
+
+/// Matches with one place to return to, the last "*": an earlier one never has to take more.
+bool matchesOne(Text text, Text pattern) {
+    Text retryText;
+    Text retryPattern;
+    bool canRetry = false;
+    while (!text.empty() || !pattern.empty()) {
+        if (pattern.starts_with(L'*')) {
+            pattern.remove_prefix(1);
+            retryText = text;
+            retryPattern = pattern;
+            canRetry = true;
+            continue;
+        }
+        const std::size_t size = pattern.empty() ? 0 : elementSize(pattern);
+        if (size > 0 && !text.empty() && matchesElement(text.front(), pattern.substr(0, size))) {
+            text.remove_prefix(1);
+            pattern.remove_prefix(size);
+            continue;
+        }
+        if (!canRetry || retryText.empty())
+            return false;
+        retryText.remove_prefix(1);
+        text = retryText;
+        pattern = retryPattern;
+    }
+    return true;
+}
+
+bool matchesAlternative(Text text, Text pattern) {
+    const bool negated = pattern.starts_with(L'~');
+    pattern.remove_prefix(negated ? 1 : 0);
+    return matchesOne(text, pattern) != negated;
+}
+
+/// Returns the pattern up to its first comma outside of brackets.
+Text firstAlternative(Text patterns) {
+    std::size_t end = 0;
+    while (end < patterns.size() && patterns[end] != L',')
+        end += elementSize(patterns.substr(end));
+    return patterns.substr(0, end);
+}
+
+bool matches(Text text, Text patterns) {
+    for (;;) {
+        const Text pattern = firstAlternative(patterns);
+        if (matchesAlternative(text, pattern))
+            return true;
+        if (pattern.size() == patterns.size())
+            return false;
+        patterns.remove_prefix(pattern.size() + 1);
+    }
+}
+
+} // namespace
+
+int acutWcMatch(const ACHAR* text, const ACHAR* pattern) {
+    return text != nullptr && pattern != nullptr && matches(text, pattern) ? RTNORM : RTERROR;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "adsdef.h"
+#include "drawing/tag_list.h"
+
+#include <cstddef>
+
+namespace zuhost {
+
+struct DatabaseCore;
+
+/// Bytes in a record or an item of a chain.
+inline constexpr short kChunkLimit = 127;
+
+/// Converts the records of a drawing to a chain of values: texts decoded, the coordinates of a point as one
+/// item, handles that refer to objects as names.
+class ChainWriter {
+public:
+    explicit ChainWriter(const DatabaseCore& core) : core_(core) {}
+    ~ChainWriter();
+    ChainWriter(const ChainWriter&) = delete;
+    ChainWriter& operator=(const ChainWriter&) = delete;
+
+    /// Appends the value at the index and returns the index of the next one. Unreadable numbers count as 0.
+    std::size_t add(const TagList& tags, std::size_t at);
+    /// Appends an item without a value.
+    resbuf& append(int type);
+
+    /// Returns the chain, which the caller frees with acutRelRb; null when nothing was added.
+    [[nodiscard]] resbuf* release();
+
+private:
+    const DatabaseCore& core_;
+    resbuf* first_ = nullptr;
+    resbuf* last_ = nullptr;
+};
+
+/// Appends the records of an item of a chain: those of a point for its first `coordinates`. Nothing for a
+/// type without a value. A null text is empty.
+void addRecords(TagList& tags, const resbuf& item, const DatabaseCore& core, std::size_t coordinates = 3);
+
+/// Returns false for a chunk of a size that no record holds.
+[[nodiscard]] bool isStorable(const resbuf& item);
+
+} // namespace zuhost
