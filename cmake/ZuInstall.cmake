@@ -20,7 +20,7 @@ install(DIRECTORY samples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zucomn/samples
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libzucomn-dev/examples)
 install(DIRECTORY include/zucomn DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-foreach(part mfc mfc/windows arx/base arx/db arx/editor arxutil)
+foreach(part platform mfc mfc/windows arx/base arx/db arx/editor arxutil)
   install(DIRECTORY host/${part}/include/ DESTINATION ${ZU_HOST_INCLUDEDIR})
 endforeach()
 

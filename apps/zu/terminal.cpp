@@ -1,7 +1,8 @@
 #include "terminal.h"
 
-#include <unistd.h>
+#include <zuhost/platform/environment.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 
@@ -14,7 +15,7 @@ constexpr const char* kEraseLine = "\r\x1b[K";
 } // namespace
 
 bool isTerminal(Stream stream) {
-    return isatty(stream == Stream::output ? STDOUT_FILENO : STDERR_FILENO) != 0;
+    return zuhost::platform::isTerminal(stream == Stream::output ? stdout : stderr);
 }
 
 std::string paint(const std::string& text, Colour colour) {

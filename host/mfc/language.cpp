@@ -1,8 +1,10 @@
 #include "zuhost/language.h"
 
+#include <zuhost/platform/environment.h>
+
 #include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -37,19 +39,6 @@ LANGID languageOf(std::string_view locale) {
     return found != kLanguages.end() ? found->id : LANGID{0};
 }
 
-std::string_view variable(const char* name) {
-    const char* const value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
-
-/// Returns an empty text when no locale is set.
-std::string_view environmentLocale() {
-    for (const std::string_view locale : {variable("LC_ALL"), variable("LC_MESSAGES"), variable("LANG")})
-        if (!locale.empty())
-            return locale;
-    return {};
-}
-
 LANGID chosenLanguage = 0;
 
 } // namespace
@@ -59,13 +48,13 @@ void zuhost::setUserLanguage(LANGID id) {
 }
 
 bool zuhost::environmentNamesLanguage() {
-    const std::string_view locale = environmentLocale();
-    const std::string_view name = locale.substr(0, locale.find_first_of(".@"));
+    const std::string locale = platform::userLocale();
+    const std::string_view name = std::string_view(locale).substr(0, locale.find_first_of(".@"));
     return !name.empty() && name != "C" && name != "POSIX";
 }
 
 LANGID GetUserDefaultUILanguage() {
-    return chosenLanguage != 0 ? chosenLanguage : languageOf(environmentLocale());
+    return chosenLanguage != 0 ? chosenLanguage : languageOf(zuhost::platform::userLocale());
 }
 
 LANGID GetUserDefaultLangID() {

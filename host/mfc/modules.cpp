@@ -5,7 +5,7 @@
 #include "zuhost/paths.h"
 #include "zuhost/text_codec.h"
 
-#include <dlfcn.h>
+#include <zuhost/platform/libraries.h>
 
 #include <algorithm>
 #include <array>
@@ -15,6 +15,7 @@
 namespace {
 
 namespace fs = std::filesystem;
+namespace platform = zuhost::platform;
 
 std::list<HINSTANCE__>& modules() {
     // Never destroyed: modules may be unloaded, and removed from the list, after the host's static
@@ -40,13 +41,11 @@ std::string canonical(const std::string& path) {
     return error ? path : real.string();
 }
 
-/// Returns "ZuComn.dll" for "libZuComn.so.1.0.0".
+/// Returns "ZuComn.dll" for "libZuComn.so.1.0.0" and "ZuComn.strings".
 std::string hostName(const std::string& file) {
-    std::string stem = file.substr(0, file.find(".so"));
+    std::string stem = platform::moduleStem(file);
     if (const std::size_t texts = stem.rfind(".strings"); texts != std::string::npos)
         stem.resize(texts);
-    if (stem.starts_with("lib"))
-        stem.erase(0, 3);
     return stem + ".dll";
 }
 
@@ -57,18 +56,14 @@ HINSTANCE add(const std::string& path) {
     return &module;
 }
 
-std::string pathOfAddress(const void* address) {
-    Dl_info info{};
-    return dladdr(address, &info) != 0 && info.dli_fname != nullptr ? canonical(info.dli_fname)
-                                                                    : std::string();
-}
-
 /// Returns the file of a module by its path in the platform's form; empty when there is none.
 std::string moduleFile(const std::wstring& path) {
     const fs::path given = zuhost::systemPath(path);
     const std::string stem = given.stem().string();
-    for (const std::string& name :
-         {given.filename().string(), stem + ".so", "lib" + stem + ".so", stem + ".strings"}) {
+    std::vector<std::string> names = platform::libraryNames(stem);
+    names.insert(names.begin(), given.filename().string());
+    names.push_back(stem + ".strings");
+    for (const std::string& name : names) {
         const std::string candidate =
             zuhost::systemPath(zuhost::hostPath((given.parent_path() / name).string()));
         std::error_code error;
@@ -88,7 +83,7 @@ HINSTANCE loadTexts(const std::string& path) {
 }
 
 HINSTANCE loadLibrary(const std::string& path) {
-    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* library = platform::openLibrary(path);
     if (library == nullptr)
         return nullptr;
     HINSTANCE module = findByPath(path);
@@ -107,7 +102,7 @@ HINSTANCE load(const std::string& path) {
 
 HINSTANCE program() {
     static const HINSTANCE module = [] {
-        const std::string path = canonical("/proc/self/exe");
+        const std::string path = canonical(platform::programFile());
         const HINSTANCE added = add(path);
         added->name = fs::path(path).filename().string() + ".exe";
         return added;
@@ -120,9 +115,9 @@ HINSTANCE program() {
 namespace zuhost {
 
 ModuleRegistration::ModuleRegistration(const ModuleDeclaration& declaration) {
-    const std::string path = pathOfAddress(declaration.anchor);
+    const std::string path = canonical(platform::fileOfAddress(declaration.anchor));
     // Module objects that are linked into the program form a module with its own name in the program's file.
-    const bool inProgram = path == canonical("/proc/self/exe");
+    const bool inProgram = path == canonical(platform::programFile());
     const HINSTANCE known = inProgram ? nullptr : findByPath(path);
     instance_ = known != nullptr ? known : add(path);
     instance_->declared = true;
@@ -166,14 +161,14 @@ BOOL FreeLibrary(HMODULE module) {
     if (library == nullptr && known->loads == 0)
         removeModule(module);
     else if (library != nullptr)
-        dlclose(
-            library); // the last one destroys the ModuleRegistration, which removes the module from the list
+        // The last one destroys the ModuleRegistration, which removes the module from the list.
+        zuhost::platform::closeLibrary(library);
     return TRUE;
 }
 
 void* GetProcAddress(HMODULE module, const char* name) {
     void* const library = module != nullptr ? module->library : nullptr;
-    return library != nullptr ? dlsym(library, name) : nullptr;
+    return library != nullptr ? zuhost::platform::findSymbol(library, name) : nullptr;
 }
 
 DWORD GetModuleFileNameW(HMODULE module, wchar_t* buffer, DWORD size) {

@@ -2,10 +2,9 @@
 
 #include "wide_text.h"
 
-#include <iconv.h>
+#include <zuhost/platform/code_pages.h>
 
 #include <array>
-#include <cstdint>
 #include <map>
 #include <mutex>
 #include <unordered_map>
@@ -18,67 +17,6 @@ namespace {
 constexpr int kUtf8 = 65001;
 constexpr int kJapanese = 932;
 constexpr char32_t kNone = 0xFFFFFFFF;
-
-/// One direction of a converter of the C library; converts one character at a time.
-class Converter {
-public:
-    Converter(const char* to, const std::string& from) : handle_(iconv_open(to, from.c_str())) {}
-    ~Converter() {
-        if (valid())
-            iconv_close(handle_);
-    }
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-
-    /// iconv_open returns the address -1 for an unknown converter.
-    [[nodiscard]] bool valid() const { return reinterpret_cast<std::intptr_t>(handle_) != -1; }
-
-    /// Converts the whole input; returns an empty text on failure.
-    std::string convert(std::string_view input) const {
-        std::array<char, 32> output{};
-        char* in = const_cast<char*>(input.data());
-        char* out = output.data();
-        std::size_t inLeft = input.size();
-        std::size_t outLeft = output.size();
-        iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-        if (iconv(handle_, &in, &inLeft, &out, &outLeft) != 0 || inLeft != 0)
-            return {};
-        // Flush: some converters hold a character back until they see the next.
-        if (iconv(handle_, nullptr, nullptr, &out, &outLeft) != 0)
-            return {};
-        return {output.data(), output.size() - outLeft};
-    }
-
-private:
-    iconv_t handle_;
-};
-
-std::string converterName(int codePage) {
-    switch (codePage) {
-    case 10000:
-        return "MACINTOSH";
-    case 1361:
-        return "JOHAB";
-    default:
-        return "CP" + std::to_string(codePage);
-    }
-}
-
-char32_t fromUtf32(std::string_view bytes) {
-    if (bytes.size() != 4)
-        return kNone;
-    char32_t c = 0;
-    for (std::size_t i = 4; i-- > 0;)
-        c = (c << 8) | static_cast<unsigned char>(bytes[i]);
-    return c;
-}
-
-std::string toUtf32(char32_t c) {
-    std::string bytes;
-    for (unsigned shift = 0; shift < 32; shift += 8)
-        bytes += static_cast<char>((c >> shift) & 0xFF);
-    return bytes;
-}
 
 struct Alternative {
     char32_t character;
@@ -101,7 +39,7 @@ constexpr std::array<Alternative, 5> kJapaneseSingles{
 
 } // namespace
 
-/// The tables of a code page, filled once from the C library's converter.
+/// The tables of a code page, filled once.
 class TextCodec::Tables {
 public:
     static std::shared_ptr<const Tables> make(int codePage);
@@ -114,8 +52,7 @@ private:
     explicit Tables(int codePage) : codePage_(codePage) {}
 
     bool fill();
-    void fillPairs(const Converter& toWide, unsigned lead);
-    void fillEncoding(const Converter& fromWide);
+    void add(const platform::CodePageEntry& entry);
     void addJapanese();
     [[nodiscard]] char32_t replacement() const { return codePage_ == kJapanese ? 0x30FB : 0xFFFD; }
 
@@ -139,48 +76,28 @@ std::shared_ptr<const TextCodec::Tables> TextCodec::Tables::make(int codePage) {
 }
 
 bool TextCodec::Tables::fill() {
-    const std::string name = converterName(codePage_);
-    const Converter toWide("UTF-32LE", name);
-    const Converter fromWide(name.c_str(), "UTF-32LE");
-    if (!toWide.valid() || !fromWide.valid())
-        return false;
-    for (unsigned byte = 0; byte < 256; ++byte) {
-        const char bytes[] = {static_cast<char>(byte)};
-        singles_[byte] = fromUtf32(toWide.convert({bytes, 1}));
-        if (byte >= 0x80 && singles_[byte] == kNone)
-            fillPairs(toWide, byte);
-    }
-    fillEncoding(fromWide);
+    const std::vector<platform::CodePageEntry> entries = platform::readCodePage(codePage_);
+    singles_.fill(kNone);
+    for (const platform::CodePageEntry& entry : entries)
+        add(entry);
     if (codePage_ == kJapanese)
         addJapanese();
-    return true;
+    return !entries.empty();
 }
 
-void TextCodec::Tables::fillPairs(const Converter& toWide, unsigned lead) {
-    std::vector<char32_t> row(256, kNone);
-    bool any = false;
-    for (unsigned trail = 0x30; trail < 256; ++trail) {
-        const char bytes[] = {static_cast<char>(lead), static_cast<char>(trail)};
-        row[trail] = fromUtf32(toWide.convert({bytes, 2}));
-        any = any || row[trail] != kNone;
+void TextCodec::Tables::add(const platform::CodePageEntry& entry) {
+    const unsigned lead = entry.bytes >> 8U;
+    const unsigned last = entry.bytes & 0xFFU;
+    std::string bytes(1, static_cast<char>(last));
+    if (lead == 0) {
+        singles_[last] = entry.character;
+    } else {
+        bytes.insert(bytes.begin(), static_cast<char>(lead));
+        pairs_[lead].resize(256, kNone);
+        pairs_[lead][last] = entry.character;
     }
-    if (any)
-        pairs_[lead] = std::move(row);
-}
-
-void TextCodec::Tables::fillEncoding(const Converter& fromWide) {
-    const auto add = [&](char32_t c) {
-        if (c == kNone || encoding_.contains(c))
-            return;
-        const std::string bytes = c == 0 ? std::string(1, '\0') : fromWide.convert(toUtf32(c));
-        if (!bytes.empty())
-            encoding_[c] = bytes;
-    };
-    for (const char32_t c : singles_)
-        add(c);
-    for (const auto& row : pairs_)
-        for (const char32_t c : row)
-            add(c);
+    if (entry.encodes)
+        encoding_.try_emplace(entry.character, std::move(bytes));
 }
 
 void TextCodec::Tables::addJapanese() {

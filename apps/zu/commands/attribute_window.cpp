@@ -12,8 +12,8 @@
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QPointer>
+#include <QtGlobal>
 
-#include <cstdlib>
 #include <filesystem>
 
 namespace zu::app {
@@ -64,9 +64,9 @@ AcDbDatabase* drawingToShow(const AcArray<AcDbObjectId>& entities) {
 } // namespace
 
 void preparePictures(const std::string& picture) {
-    constexpr int kKeepWhatIsSet = 0;
-    if (!picture.empty())
-        setenv("QT_QPA_PLATFORM", "offscreen", kKeepWhatIsSet);
+    constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+    if (!picture.empty() && !qEnvironmentVariableIsSet(kPlatform))
+        qputenv(kPlatform, "offscreen");
 }
 
 CAttFrameWnd& openAttributeWindow(const AcArray<AcDbObjectId>& entities, const std::string& drawing) {

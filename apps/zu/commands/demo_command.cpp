@@ -10,6 +10,8 @@
 #include "plan/plan_picture.h"
 #include "report/output.h"
 
+#include <zuhost/platform/libraries.h>
+
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
@@ -153,22 +155,18 @@ void drawWindow(const std::vector<Element>& elements, const std::string& drawing
     step.say(path, ": the attributes of ", selection.length(), " elements");
 }
 
-fs::path programFile() {
-    std::error_code unknown;
-    return fs::read_symlink("/proc/self/exe", unknown);
-}
-
 /// The program's path as the user can call it from the current folder.
 std::string thisProgram() {
     std::error_code unknown;
-    const fs::path program = fs::proximate(programFile(), unknown);
+    const fs::path program = fs::proximate(zuhost::platform::programFile(), unknown);
     return program.empty() ? "zu" : program.string();
 }
 
 std::string samplesFolder(const Options& options) {
     if (!options.samples.empty())
         return options.samples;
-    const fs::path installed = programFile().parent_path() / ZU_SAMPLES_FROM_PROGRAM;
+    const fs::path installed =
+        fs::path(zuhost::platform::programFile()).parent_path() / ZU_SAMPLES_FROM_PROGRAM;
     return fs::exists("samples") || !fs::exists(installed) ? "samples"
                                                            : installed.lexically_normal().string();
 }

@@ -3,8 +3,7 @@
 
 #include <windows.h>
 #include <zuhost/paths.h>
-
-#include <dlfcn.h>
+#include <zuhost/platform/libraries.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -73,13 +72,11 @@ std::wstring folderOfProgram() {
 }
 
 std::wstring folderOfHost() {
-    Dl_info info{};
-    if (dladdr(reinterpret_cast<const void*>(&zuhost::dynamicLinker), &info) == 0 ||
-        info.dli_fname == nullptr)
-        return {};
+    const std::string file =
+        zuhost::platform::fileOfAddress(reinterpret_cast<const void*>(&zuhost::dynamicLinker));
     std::error_code error;
-    const auto folder = std::filesystem::absolute(info.dli_fname, error).parent_path();
-    return error ? std::wstring() : zuhost::hostPath(folder.string()) + L"\\";
+    const auto folder = std::filesystem::absolute(file, error).parent_path();
+    return file.empty() || error ? std::wstring() : zuhost::hostPath(folder.string()) + L"\\";
 }
 
 HMODULE loadLibrary(const std::wstring& path) {

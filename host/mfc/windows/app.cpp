@@ -2,25 +2,19 @@
 
 #include <zuhost/application.h>
 #include <zuhost/paths.h>
+#include <zuhost/platform/environment.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
 namespace {
 
 std::wstring settingsFile() {
-    namespace fs = std::filesystem;
-    const char* const configuration = std::getenv("XDG_CONFIG_HOME");
-    const char* const home = std::getenv("HOME");
-    fs::path folder;
-    if (configuration != nullptr && *configuration == '/')
-        folder = configuration;
-    else if (home != nullptr && *home != '\0')
-        folder = fs::path(home) / ".config";
-    else
+    const std::string folder = zuhost::platform::userSettingsFolder();
+    if (folder.empty())
         return {};
-    return zuhost::hostPath((folder / zuhost::application().settingsFolder / "windows.ini").string());
+    return zuhost::hostPath(
+        (std::filesystem::path(folder) / zuhost::application().settingsFolder / "windows.ini").string());
 }
 
 } // namespace
