@@ -48,7 +48,7 @@ CFile::CFile() = default;
 CFile::CFile(const wchar_t* path, UINT flags) {
     CFileException error;
     if (!CFile::Open(path, flags, &error))
-        throw error;
+        AfxThrowFileException(error.m_cause, error.m_lOsError, error.m_strFileName);
 }
 
 CFile::~CFile() {
@@ -56,8 +56,9 @@ CFile::~CFile() {
         return;
     try {
         CFile::Close();
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
         // Destructors do not throw; callers that need the result call Close.
+        error->Delete();
         handle_.reset();
     }
 }
@@ -79,9 +80,7 @@ BOOL CFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
         path_ = path;
         return TRUE;
     }
-    SetLastError(zuhost::lastErrorOf(systemError));
-    if (error != nullptr)
-        *error = CFileException(fileExceptionCauseOf(systemError), static_cast<LONG>(GetLastError()), path);
+    zuhost::reportFileError(error, systemError, path);
     return FALSE;
 }
 

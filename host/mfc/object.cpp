@@ -8,11 +8,3 @@ bool CRuntimeClass::IsDerivedFrom(const CRuntimeClass* base) const {
             return true;
     return false;
 }
-
-void AfxThrowInvalidArgException() {
-    throw CInvalidArgException();
-}
-
-void AfxThrowFileException(int cause, LONG osError, const wchar_t* file) {
-    throw CFileException(cause, osError, file);
-}

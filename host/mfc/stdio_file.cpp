@@ -72,7 +72,7 @@ CStdioFile::CStdioFile() = default;
 CStdioFile::CStdioFile(const wchar_t* path, UINT flags) {
     CFileException error;
     if (!CStdioFile::Open(path, flags, &error))
-        throw error;
+        AfxThrowFileException(error.m_cause, error.m_lOsError, error.m_strFileName);
 }
 
 CStdioFile::~CStdioFile() = default;
@@ -81,10 +81,7 @@ BOOL CStdioFile::Open(const wchar_t* path, UINT flags, CFileException* error) {
     auto text = std::make_unique<Text>();
     const bool writes = path != nullptr && (flags & (modeWrite | modeReadWrite)) != 0;
     if (const int failure = writes ? findEncoding(zuhost::systemPath(path), text->encoding) : 0) {
-        SetLastError(zuhost::lastErrorOf(failure));
-        if (error != nullptr)
-            *error = CFileException(zuhost::fileExceptionCauseOf(failure), static_cast<LONG>(GetLastError()),
-                                    path);
+        zuhost::reportFileError(error, failure, path);
         return FALSE;
     }
     if (!CFile::Open(path, flags, error))

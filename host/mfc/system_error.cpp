@@ -59,6 +59,13 @@ int fileExceptionCauseOf(int systemError) {
     return translation(systemError).cause;
 }
 
+int fileExceptionCauseOfLastError(DWORD lastError) {
+    for (const Translation& t : kTranslations)
+        if (t.lastError == lastError)
+            return t.cause;
+    return lastError == kUnknown.lastError ? kUnknown.cause : CFileException::genericException;
+}
+
 int missingFileError(const std::string& path) {
     const std::filesystem::path folder = std::filesystem::path(path).parent_path();
     std::error_code error;

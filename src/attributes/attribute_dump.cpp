@@ -55,7 +55,8 @@ void CAttributeData::TestCPtrArrayDisp2(const CPtrArray& table) {
         file.SeekToEnd();
         file.Write(lines.data(), static_cast<UINT>(lines.size()));
         file.Close();
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
+        error->Delete();
         // The dump is a debugging aid: a failure must not stop the caller.
         return;
     }

@@ -135,7 +135,8 @@ int CAcadDxf::IsAscii(const wchar_t* path) {
     try {
         const UINT got = file.Read(bytes.data(), static_cast<UINT>(bytes.size()));
         return zuhost::dxf::isBinaryDrawing({bytes.data(), got}) ? 0 : 1;
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
+        error->Delete();
         return 1;
     }
 }

@@ -17,7 +17,8 @@ constexpr std::size_t kMaxFindings = 50;
 std::size_t readFrom(CFile& file, char* target, std::size_t count) {
     try {
         return file.Read(target, static_cast<UINT>(count));
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
+        error->Delete();
         return 0;
     }
 }
@@ -26,7 +27,8 @@ std::size_t readFrom(CFile& file, char* target, std::size_t count) {
 std::uint64_t lengthOf(CFile& file) {
     try {
         return file.GetLength();
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
+        error->Delete();
         return 0;
     }
 }

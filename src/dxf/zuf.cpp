@@ -46,7 +46,8 @@ bool CAcadDxf::LoadZufData() {
         CString line;
         while (file.ReadString(line) != FALSE)
             lines.Add(line);
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
+        error->Delete();
         return false;
     }
     return LoadZufData(lines);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <exception>
 #include <functional>
 #include <future>
 #include <optional>
@@ -29,8 +28,11 @@ public:
         do
             start();
         while (!complete_ && blocks_.size() < threads_);
-        if (blocks_.empty())
+        if (blocks_.empty()) {
+            if (failure_)
+                AfxThrowFileException(failure_->m_cause, failure_->m_lOsError, failure_->m_strFileName);
             return std::nullopt;
+        }
         std::future<Result> first = std::move(blocks_.front());
         blocks_.pop_front();
         return first.get();
@@ -51,12 +53,11 @@ private:
             if (complete_)
                 blocks_.back().wait();
             blockSize_ = std::min(blockSize_ + blockSize_ / 16, kLargeBlock);
-        } catch (const CFileException&) {
+        } catch (CFileException* error) {
             // Reports the error in file order; the table may end earlier.
             complete_ = true;
-            std::promise<Result> failure;
-            failure.set_exception(std::current_exception());
-            blocks_.push_back(failure.get_future());
+            failure_.emplace(error->m_cause, error->m_lOsError, error->m_strFileName);
+            error->Delete();
         }
     }
     /// Defers to the calling thread the last block, often the only one, and every block when the system has
@@ -76,6 +77,7 @@ private:
     UINT blockSize_ = kSmallBlock;
     unsigned threads_ = std::min(std::thread::hardware_concurrency(), kMostThreads);
     std::deque<std::future<Result>> blocks_; ///< Waits for its threads; declared after the members they use.
+    std::optional<CFileException> failure_;  ///< Of reading the file after the last block.
     bool complete_ = false;
 };
 

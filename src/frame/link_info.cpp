@@ -89,7 +89,7 @@ std::string readExisting(const CString& path) {
     if (file.Open(path, CFile::modeRead | CFile::shareDenyNone, &error))
         return readAll(file);
     if (error.m_cause != CFileException::fileNotFound)
-        throw error;
+        AfxThrowFileException(error.m_cause, error.m_lOsError, error.m_strFileName);
     return {};
 }
 
@@ -109,7 +109,8 @@ bool writeTemporary(const CString& temporary, const CString& path, const std::ve
             writeAll(file, *merged);
             return true;
         }
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
+        error->Delete();
         // Reported by the result; the file being created is discarded below.
     }
     file.Abort();

@@ -129,7 +129,8 @@ int readTable(const wchar_t* path, typename List::Kept& kept, int skip, const wc
         if (skipLines(file, skip))
             readParts<List>(file, format, kept);
         return kept.IsEmpty() ? -1 : 0;
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
+        error->Delete();
         List::discard(kept);
         return -1;
     }

@@ -19,7 +19,8 @@ bool zucomn::isUnmarkedUtf8(const wchar_t* path) {
         if (bytes.size() == kMostBytes)
             bytes.resize(bytes.rfind('\n') + 1);
         return zu::isUnmarkedUtf8(bytes);
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
+        error->Delete();
         return false;
     }
 }

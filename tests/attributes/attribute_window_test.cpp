@@ -179,7 +179,7 @@ TEST_F(FrameTest, RejectsRowsWithoutColumns) {
     std::vector<CEntityGroup> groups(1);
     groups[0].rows.push_back({std::make_shared<CStringArray>(), AcDbObjectId()});
     frame_.GetLeftPane()->SetGroups(std::move(groups));
-    EXPECT_THROW(frame_.GetLeftPane()->AddListView(), CInvalidArgException);
+    EXPECT_THROW(frame_.GetLeftPane()->AddListView(), CInvalidArgException*);
 }
 
 TEST_F(FrameTest, ButtonWritesChangesAsOneUndoStep) {

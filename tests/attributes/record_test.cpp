@@ -66,7 +66,7 @@ TEST(AttributeRecord, EncodesTrimmedValues) {
     narrow.SetSize(8);
     CPtrArray table;
     table.Add(&narrow);
-    EXPECT_THROW(Attributes::SetAttributeDataArray1(table, encoded), CInvalidArgException);
+    EXPECT_THROW(Attributes::SetAttributeDataArray1(table, encoded), CInvalidArgException*);
 }
 
 TEST(AttributeRecord, LookUpsMatchPrefixes) {

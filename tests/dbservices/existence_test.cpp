@@ -111,10 +111,10 @@ TEST_F(Existence, LinkKindSelectsAmongSeveralGroups) {
     EXPECT_EQ(ZuComn_GetGroupID(tee, 4), AcDbObjectId());
     EXPECT_EQ(ZuComn_GetGroupID(AcDbObjectId(), 3), AcDbObjectId());
     TestDrawing::setLink(two, L"");
-    EXPECT_THROW(ZuComn_GetGroupID(tee, 3), CInvalidArgException)
+    EXPECT_THROW(ZuComn_GetGroupID(tee, 3), CInvalidArgException*)
         << "an element with an empty record is corrupt";
     setLinkNumber(two);
-    EXPECT_THROW(ZuComn_GetGroupID(tee, 3), CInvalidArgException) << "so is one whose record has no text";
+    EXPECT_THROW(ZuComn_GetGroupID(tee, 3), CInvalidArgException*) << "so is one whose record has no text";
     TestDrawing::setTexts(two, L"ZU_LINK", {L"|2|"});
     EXPECT_EQ(ZuComn_GetGroupID(tee, 0), ofTwo) << "an empty first field counts as 0";
 }

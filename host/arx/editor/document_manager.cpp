@@ -6,6 +6,7 @@
 #include "undo_commands.h"
 
 #include <afx.h>
+#include <zuhost/escaped_exception.h>
 
 ACRX_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
 ACRX_CONS_DEFINE_MEMBERS(AcApDocManager, AcRxObject)
@@ -38,8 +39,8 @@ zuhost::CommandEnd run(AcRxFunctionPtr function, const wchar_t* name) {
     notifyReactors([name](AcEditorReactor& reactor) { reactor.commandWillStart(name); });
     try {
         function();
-    } catch (const CException& exception) {
-        acutPrintf(L"%s: %s\n", name, exception.GetErrorText());
+    } catch (...) {
+        acutPrintf(L"%s: %s\n", name, zuhost::deleteEscapedException().c_str());
         notifyReactors([name](AcEditorReactor& reactor) { reactor.commandFailed(name); });
         return zuhost::CommandEnd::failed;
     }

@@ -65,46 +65,7 @@ public:                                                                         
     const CRuntimeClass class_name::class##class_name = {#class_name, &class_name::CreateObject,             \
                                                          RUNTIME_CLASS(base_class_name)};
 
-/// Root of the framework's exceptions; thrown by value, caught by reference.
-class CException : public CObject {
-public:
-    [[nodiscard]] virtual CString GetErrorText() const { return {}; }
-};
-
-/// An argument out of range, such as an index beyond an array's end.
-class CInvalidArgException : public CException {
-public:
-    [[nodiscard]] CString GetErrorText() const override { return L"An invalid argument was encountered."; }
-};
-
-/// A failed file operation; `m_cause` is the reason as one of the framework's numbers.
-class CFileException : public CException {
-public:
-    enum Cause : int {
-        none = 0,
-        genericException = 1,
-        fileNotFound = 2,
-        badPath = 3,
-        tooManyOpenFiles = 4,
-        accessDenied = 5,
-        invalidFile = 6,
-        removeCurrentDir = 7,
-        directoryFull = 8,
-        badSeek = 9,
-        hardIO = 10,
-        sharingViolation = 11,
-        lockViolation = 12,
-        diskFull = 13,
-        endOfFile = 14
-    };
-
-    explicit CFileException(int cause = none, LONG osError = 0, const wchar_t* file = nullptr)
-        : m_cause(cause), m_lOsError(osError), m_strFileName(file) {}
-
-    int m_cause;
-    LONG m_lOsError;
-    CString m_strFileName;
-};
+#include "afxexcept_.h"
 
 /// A file of bytes.
 ///
@@ -227,6 +188,3 @@ private:
 
     std::unique_ptr<Text> text_;
 };
-
-[[noreturn]] void AfxThrowInvalidArgException();
-[[noreturn]] void AfxThrowFileException(int cause, LONG osError = 0, const wchar_t* file = nullptr);

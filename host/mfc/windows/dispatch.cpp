@@ -1,5 +1,8 @@
 #include "dispatch.h"
 
+#include <zuhost/escaped_exception.h>
+#include <zuhost/message_box.h>
+
 namespace zuhost {
 
 namespace {
@@ -19,6 +22,11 @@ Dispatch::~Dispatch() {
 
 Dispatch* Dispatch::current() {
     return innermost;
+}
+
+LRESULT reportEscapedException(UINT message) {
+    AfxMessageBox(deleteEscapedException().c_str(), MB_OK | MB_ICONSTOP);
+    return message == WM_CREATE ? -1 : 0;
 }
 
 } // namespace zuhost

@@ -27,4 +27,8 @@ private:
     Dispatch* outer_;
 };
 
+/// Shows the exception that is being handled in a message box, and returns a message's result for it: -1,
+/// which cancels a window's creation, for WM_CREATE, otherwise 0.
+LRESULT reportEscapedException(UINT message);
+
 } // namespace zuhost

@@ -166,7 +166,11 @@ CWnd* CWnd::GetDlgItem(int id) const {
 
 LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     const zuhost::Dispatch dispatch(*this, message, wParam, lParam);
-    return WindowProc(message, wParam, lParam);
+    try {
+        return WindowProc(message, wParam, lParam);
+    } catch (...) {
+        return zuhost::reportEscapedException(message);
+    }
 }
 
 BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) {

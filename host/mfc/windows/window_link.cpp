@@ -93,7 +93,11 @@ QWidget* WindowLink::client() const {
 /// Returns true when a handler consumed the message: the desktop's default handling is skipped.
 bool WindowLink::send(UINT message, WPARAM wParam, LPARAM lParam) {
     Dispatch dispatch(owner_, message, wParam, lParam);
-    owner_.WindowProc(message, wParam, lParam);
+    try {
+        owner_.WindowProc(message, wParam, lParam);
+    } catch (...) {
+        reportEscapedException(message);
+    }
     return !dispatch.runsDefault;
 }
 

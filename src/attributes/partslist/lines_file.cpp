@@ -21,7 +21,8 @@ bool write(const CString& path, const CString& text) {
         file.WriteString(text);
         file.Close();
         return true;
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
+        error->Delete();
         file.Abort();
         return false;
     }
@@ -55,7 +56,8 @@ bool readLines(const CString& path, CStringArray& lines) {
             return false;
         for (CString line; file.ReadString(line);)
             appendItems(line, read);
-    } catch (const CFileException&) {
+    } catch (CFileException* error) {
+        error->Delete();
         return false;
     }
     lines.Copy(read);

@@ -70,8 +70,8 @@ TEST(String, FindingAndChanging) {
     std::wmemcpy(buffer, L"new", 4);
     text.ReleaseBuffer();
     EXPECT_EQ(text, L"new");
-    EXPECT_THROW(text.SetAt(3, L'x'), CInvalidArgException);
-    EXPECT_THROW((void)text.GetAt(-1), CInvalidArgException);
+    EXPECT_THROW(text.SetAt(3, L'x'), CInvalidArgException*);
+    EXPECT_THROW((void)text.GetAt(-1), CInvalidArgException*);
 }
 
 TEST(String, FormatsTypesAndWidths) {
@@ -267,15 +267,15 @@ TEST(Arrays, OutOfRangeThrows) {
     texts.SetAtGrow(2, L"c");
     EXPECT_EQ(texts.GetSize(), 3);
     EXPECT_EQ(texts[2], L"c");
-    EXPECT_THROW((void)texts[3], CInvalidArgException);
-    EXPECT_THROW(texts.RemoveAt(2, 2), CInvalidArgException);
-    EXPECT_THROW(texts.SetSize(-1), CInvalidArgException);
+    EXPECT_THROW((void)texts[3], CInvalidArgException*);
+    EXPECT_THROW(texts.RemoveAt(2, 2), CInvalidArgException*);
+    EXPECT_THROW(texts.SetSize(-1), CInvalidArgException*);
     texts.InsertAt(5, L"f");
     EXPECT_EQ(texts.GetSize(), 6);
     EXPECT_EQ(texts.Append(texts), 6);
     EXPECT_EQ(texts.GetSize(), 12);
-    EXPECT_THROW(texts.SetAtGrow(std::numeric_limits<int>::max(), L""), CInvalidArgException);
-    EXPECT_THROW(texts.SetAtGrow(-1, L""), CInvalidArgException);
+    EXPECT_THROW(texts.SetAtGrow(std::numeric_limits<int>::max(), L""), CInvalidArgException*);
+    EXPECT_THROW(texts.SetAtGrow(-1, L""), CInvalidArgException*);
 }
 
 TEST(Arrays, GrowInFewSteps) {
@@ -295,7 +295,7 @@ TEST(Lists, KeepTheirOrder) {
     CPtrArray other;
     CObject* const b = &other;
     CObList list;
-    EXPECT_THROW((void)list.GetHead(), CInvalidArgException);
+    EXPECT_THROW((void)list.GetHead(), CInvalidArgException*);
     list.AddTail(b);
     list.AddHead(a);
     POSITION place = list.GetHeadPosition();

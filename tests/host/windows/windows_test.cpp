@@ -128,7 +128,7 @@ TEST_F(Windows, SplitFramesDestroyTheirViewsWithThemselves) {
     EXPECT_EQ(left().GetParentFrame(), &frame_);
     EXPECT_EQ(left().GetDlgItem(4), &left().button);
     EXPECT_EQ(left().widget()->width(), 150);
-    EXPECT_THROW(static_cast<void>(frame_.splitter.GetPane(0, 2)), CInvalidArgException);
+    EXPECT_THROW(static_cast<void>(frame_.splitter.GetPane(0, 2)), CInvalidArgException*);
     EXPECT_FALSE(frame_.splitter.CreateView(0, 1, RUNTIME_CLASS(Sheet), CSize(1, 1), nullptr));
     frame_.InitialUpdateFrame(nullptr, TRUE);
     isDestroyed_ = true;

@@ -39,7 +39,7 @@ const std::wstring& pendingInput();
 void clearPendingInput();
 
 /// Runs the commands that were sent, and those that they send themselves, in order; returns their number. The
-/// changes of a command are one undo step. Unknown names and commands left by a CException are printed on the
+/// changes of a command are one undo step. Unknown names and commands left by an exception are printed on the
 /// command line and reported to the editor reactors; the commands after them still run.
 int runPendingCommands();
 

@@ -111,6 +111,26 @@ TEST(Commands, RunInTheOrderSent) {
     EXPECT_EQ(acedRegCmds->lookup(L"送信"), nullptr);
 }
 
+TEST(Commands, ReportTheExceptionsThatTheyLetEscape) {
+    CommandLineObserver printed;
+    const std::pair<AcRxFunctionPtr, std::wstring> cases[] = {
+        {[] { AfxThrowFileException(CFileException::diskFull, -1, L"C:\\x.dat"); },
+         L"ZU_ESCAPE: C:\\x.dat: the disk is full.\n"},
+        {[] { throw std::runtime_error("no parts"); }, L"ZU_ESCAPE: no parts\n"},
+        {[] { throw std::bad_alloc(); }, L"ZU_ESCAPE: Out of memory.\n"},
+        {[] { throw 1; }, L"ZU_ESCAPE: An unknown error occurred.\n"},
+    };
+    std::wstring expected;
+    for (const auto& [function, message] : cases) {
+        acedRegCmds->addCommand(L"G", L"ZU_ESCAPE", nullptr, ACRX_CMD_MODAL, function);
+        ApiComn_sendCommand(L"ZU_ESCAPE", 0, 0, 1);
+        EXPECT_EQ(zuhost::runPendingCommands(), 1);
+        acedRegCmds->removeGroup(L"G");
+        expected += message;
+    }
+    EXPECT_EQ(printed.text(), expected);
+}
+
 TEST(Modules, AreAttachedStartedAndUnloaded) {
     CommandLineObserver printed;
     ASSERT_TRUE(acrxLoadModule(ZU_TEST_MODULES "\\zu_test_module.arx", true))

@@ -74,6 +74,8 @@ public:
     CWnd* SetFocus();
     [[nodiscard]] static CWnd* GetFocus();
 
+    /// An exception that a handler lets escape is shown in a message box and deleted; the result is 0, or -1
+    /// for WM_CREATE.
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     /// Queues a message; it is dropped if the window is destroyed before. FALSE when there is no window.
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace zuhost {
+
+/// Returns the text of the exception that is being handled, and deletes one of the framework's: for the last
+/// handler (`catch (...)`) around code of modules. Never empty.
+[[nodiscard]] std::wstring deleteEscapedException();
+
+} // namespace zuhost
