@@ -52,6 +52,17 @@ for options, passes in PASSING.items():
     wanted = [e.handle for e in ELEMENTS if passes(e)]
     check([e["handle"] for e in run_json("elements", DRAWING, *options)] == wanted and wanted, "%s passes" % (options,))
 
+    rows = run_json("attributes", DRAWING, *options)
+    check([e["handle"] for e in rows] == [e.handle for e in ELEMENTS if passes(e) and e.values], "attributes of %s" % (options,))
+    check(all(e["attributes"] == run_json("attributes", DRAWING, e["handle"]) for e in rows[:2]), "the same by handle")
+
+# What elements are joined to: with a handle the others are filtered, with --all the elements themselves.
+every = run_json("connected", DRAWING, "--all")
+pipes = {e.handle for e in ELEMENTS if e.block.startswith("RT-P")}
+check(run_json("connected", DRAWING, "10C", "--block", "RT-P*") == [h for h in every["10C"] if h in pipes] != every["10C"], "joined pipes")
+check(run_json("connected", DRAWING, "--all", "--block", "RT-P*") == {h: o for h, o in every.items() if h in pipes}, "joints of pipes")
+run("attributes", DRAWING, "10C", "--block", "RT*", status=2)
+
 # A condition that cannot be parsed is wrong usage, and the message points at the place.
 for where, place in {"and": 0, "S501": 4, "S501=": 5, "S501=給気 S302": 8, "(S501=給気": 8, "S501='給気": 5, "S501=給気)": 7,
                      "S501 ! 5": 5, "'' = 5": 0, "S501==5": 5, "not": 3, "(" * 101: 100, "S1=a or": 7}.items():

@@ -74,6 +74,17 @@ def outputs(folder):
     run("save", source + "/a.dxf", source + "/sub/a.DXF", "-o", pattern, status=2)
     run("groups", os.path.join(folder, "out/sub/deep/none"), FLOOR, status=1)
     run("groups", os.path.join(folder, "in/sub/deep/.."), "--jobs", "0", status=2)
+    os.mkdir(os.path.join(folder, "edited"))
+    run("set-attribute", "-r", source, "S401", "2850", "-o", os.path.join(folder, "edited"))
+    run("set-attribute", FLOOR, "S401", "2850", "-o", os.path.join(folder, "new/"))
+    alone = open(os.path.join(folder, "new/office-floor.dxf"), "rb").read()
+    check(all(open(os.path.join(folder, "edited", name), "rb").read() == alone for name in ("a.dxf", "sub/a.DXF", "sub/deep/b.dxf")),
+          "a file for each drawing in the folder")
+    run("set-attribute", FLOOR, "S401", "-o", folder, status=2)
+    run("plan", FLOOR, source, "-o", folder, status=2)
+    rows = json.loads(run("attributes", FLOOR, "110", "--json"))
+    check([r["result"] for r in lines("attributes", FLOOR, source + "/a.dxf", "110", status=0)[0]] == [rows, rows], "one handle in both")
+    check([len(r["result"]["entities"]) > 0 for r in lines("part", sample("parts"), status=0)[0]] == [True] * 5, "part drawings")
     text = run("groups", FLOOR, FLOOR)
     check(text.count(FLOOR + ":\n" + run("groups", FLOOR)) == 2, "texts below names: " + text)
 
@@ -91,6 +102,11 @@ def languages():
     for locale, command, there in (("ja_JP.UTF-8", "groops", "groups ではありませんか"), ("C", "groops", "did you mean groups?"),
                                    ("ja_JP.UTF-8", "connected %s 10C --group RTGR0007" % FLOOR, "RTGR00007 ではありませんか"),
                                    ("ja_JP.UTF-8", "set-attribute %s S410 1 -o x.dxf" % FLOOR, "S401 ではありませんか"),
+                                   ("ja_JP.UTF-8", "plan %s -o x.png --layout y" % FLOOR, "図面にレイアウト"),
+                                   ("ja_JP.UTF-8", "plan %s -o x.png --scale y" % FLOOR, "縮尺を指定"),
+                                   ("ja_JP.UTF-8", "check %s --fail-on error" % FLOOR, "修復されていない指摘"),
+                                   ("ja_JP.UTF-8", "check %s --only x" % FLOOR, "コード x はありません"),
+                                   ("ja_JP.UTF-8", "set-attribute %s S401 | -o x.dxf" % FLOOR, "項目の区切り"),
                                    ("ja_JP.UTF-8", "groups --help", "使い方"), ("de_DE.UTF-8", "groups --help", "Usage")):
         done = zu(*command.split(), env={**os.environ, "LC_ALL": locale})
         check(there in (done.stdout + done.stderr).decode(), "%s under %s" % (command, locale))

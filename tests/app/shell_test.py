@@ -17,9 +17,9 @@ def words(*typed):
 
 for typed, first in ((["el"], "elements"), (["link", "s"], "save"), (["elements", ""], ":files"), (["elements", FLOOR, "--ro"], "--routes"),
                      (["connected", FLOOR, "11"], "110"), (["connected", FLOOR, "--group", "RT"], "RTGR00007"),
-                     (["set-attribute", FLOOR, "S3"], "S304"), (["plan", FLOOR, "--theme", "d"], "dark")):
+                     (["set-attribute", FLOOR, "S3"], "S304"), (["attributes", FLOOR, FLOOR, "11"], "110"), (["plan", FLOOR, "--theme", "d"], "dark")):
     check(words(*typed)[:1] == [first], "%r: %r" % (typed, words(*typed)))
-check(words("connected", "missing.dxf", "") == [], "without a drawing there are no handles")
+check(words("connected", "missing.dxf", "") == [":files"], "without a drawing there are no handles, but perhaps more drawings")
 
 typed = "zu connected '%s' 11" % FLOOR
 done = subprocess.run(["bash", "-c", "source %s/completions/zu.bash; COMP_WORDS=(%s); COMP_CWORD=3; _zu; echo ${COMPREPLY[0]}" % (PACKAGING, typed)],

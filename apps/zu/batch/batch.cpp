@@ -2,8 +2,8 @@
 
 #include "batch/drawing_list.h"
 #include "batch/results.h"
-#include "command_line.h"
 #include "failure.h"
+#include "model/save_options.h"
 #include "model/standard_streams.h"
 
 #include <algorithm>
@@ -18,6 +18,7 @@ namespace zu::app {
 namespace {
 
 constexpr std::string_view kName = "{}";
+constexpr const char* kDrawings = "Drawings and folders of drawings; - reads standard input";
 constexpr std::array<std::string_view, 3> kOutputs{"--output", "--preview", "--screenshot"};
 constexpr std::array<std::string_view, 2> kOwnOptions{"--recursive", "--jobs"};
 
@@ -35,10 +36,16 @@ bool isSingle(const DrawingBatch& batch) {
     return batch.operands.size() == 1 && !std::filesystem::is_directory(batch.operands.front(), unknown);
 }
 
+bool hasNamePlace(const GivenOption& output) {
+    return output.values.front().find(kName) != std::string::npos;
+}
+
 void requireNamePlace(const GivenOption& option) {
-    if (option.values.front().find(kName) == std::string::npos)
+    const bool isFolder = option.takesFolder && namesFolder(option.values.front());
+    if (!hasNamePlace(option) && !isFolder)
         throw WrongUsage(option.values.front() + ": with several drawings an output needs " +
-                         std::string(kName) + " where the drawing's name goes, such as out/{}.dxf");
+                         std::string(kName) + " where the drawing's name goes, such as out/{}.dxf" +
+                         (option.takesFolder ? ", or to be a folder" : ""));
 }
 
 void requireDifferentNames(const std::vector<ListedDrawing>& drawings) {
@@ -60,7 +67,10 @@ void requireOutputs(const std::vector<GivenOption>& options, const std::vector<L
 }
 
 /// The output of a drawing, in a folder that exists.
-std::string outputOf(std::string pattern, const ListedDrawing& drawing) {
+std::string outputOf(const GivenOption& option, const ListedDrawing& drawing) {
+    std::string pattern = option.values.front();
+    if (option.takesFolder && !hasNamePlace(option) && namesFolder(pattern))
+        pattern += '/' + std::string(kName) + std::filesystem::path(drawing.path).extension().string();
     for (std::size_t at = 0; (at = pattern.find(kName, at)) != std::string::npos; at += drawing.name.size())
         pattern.replace(at, kName.size(), drawing.name);
     std::error_code failed; // Saving reports what is wrong with the folder.
@@ -72,7 +82,7 @@ void append(const GivenOption& option, const ListedDrawing& drawing, std::vector
     if (option.values.empty())
         arguments.push_back(option.name);
     for (const std::string& value : option.values) {
-        const std::string given = isOutput(option) ? outputOf(value, drawing) : value;
+        const std::string given = isOutput(option) ? outputOf(option, drawing) : value;
         if (!given.empty()) {
             arguments.push_back(option.name + '=' + given);
             continue;
@@ -87,9 +97,10 @@ Task taskOf(const Command& command, const std::vector<GivenOption>& options, con
     for (const GivenOption& option : options)
         if (!isOwn(option))
             append(option, drawing, task.arguments);
-    if (!task.readsInput)
-        task.arguments.emplace_back("--");
+    task.arguments.emplace_back("--");
     task.arguments.push_back(drawing.path);
+    const std::vector<std::string> last = command.lastArguments();
+    task.arguments.insert(task.arguments.end(), last.begin(), last.end());
     return task;
 }
 
@@ -128,49 +139,61 @@ void runAll(const Command& command, const DrawingBatch& batch) {
         throw EndWithStatus(printer.worstStatus());
 }
 
-std::shared_ptr<DrawingBatch> addDrawings(Command& command, DrawingSource& source) {
+std::shared_ptr<DrawingBatch> addBatch(Command& command, const DrawingArgument& argument) {
     auto batch = std::make_shared<DrawingBatch>();
     batch->jobs = processors();
-    command
-        .add_option("DRAWING", batch->operands, "Drawings and folders of drawings; - reads standard input")
-        ->required();
+    command.add_list(argument.name, batch->operands, argument.description, argument.last);
     command.add_flag("-r,--recursive", batch->descends, "Look into the folders of folders too");
     command
         .add_option("--jobs", batch->jobs,
                     "How many drawings to work on at a time (default: one per processor)")
         ->range(1, 1024);
-    command.add_flag("--strict", source.strict, "Reject drawings that would open with warnings");
     return batch;
+}
+
+void addStrict(Command& command, DrawingSource& source) {
+    command.add_flag("--strict", source.strict, "Reject drawings that would open with warnings");
 }
 
 /// Whether each drawing has a result of its own.
 bool isSeparate(const Command& command) {
     const std::vector<GivenOption> options = command.givenOptions();
     return formOf(options) == ResultForm::json ||
-           std::any_of(options.begin(), options.end(), [](const GivenOption& option) {
-               return isOutput(option) && option.values.front().find(kName) != std::string::npos;
-           });
+           std::any_of(options.begin(), options.end(),
+                       [](const GivenOption& option) { return isOutput(option) && hasNamePlace(option); });
 }
 
 } // namespace
 
-void runForEachDrawing(Command& command, DrawingSource& source, std::function<void()> run) {
-    runForEachDrawing(command, source, std::move(run), nullptr);
-}
-
-void runForEachDrawing(Command& command, DrawingSource& source, std::function<void()> run,
-                       std::function<void(const DrawingBatch& batch)> collect) {
-    command.callback([&command, &source, batch = addDrawings(command, source), run = std::move(run),
-                      collect = std::move(collect)] {
-        if (isSingle(*batch)) {
-            source.path = batch->operands.front();
+void runForEachFile(Command& command, const DrawingArgument& argument, std::string& path,
+                    std::function<void()> run, Collector collector) {
+    command.callback([&command, &path, batch = addBatch(command, argument), run = std::move(run),
+                      collector = std::move(collector)] {
+        if (collector.applies && collector.applies(*batch)) {
+            collector.run(*batch);
+        } else if (isSingle(*batch)) {
+            path = batch->operands.front();
             run();
-        } else if (collect && !isSeparate(command)) {
-            collect(*batch);
         } else {
             runAll(command, *batch);
         }
     });
+}
+
+void runForEachDrawing(Command& command, DrawingSource& source, std::function<void()> run,
+                       const LastArguments& last) {
+    runForEachFile(command, {"DRAWING", kDrawings, last}, source.path, std::move(run));
+    addStrict(command, source);
+}
+
+void runForEachDrawing(Command& command, DrawingSource& source, std::function<void()> run,
+                       std::function<void(const DrawingBatch& batch)> collect) {
+    const auto applies = [&command](const DrawingBatch& batch) {
+        return !isSingle(batch) && !isSeparate(command);
+    };
+    runForEachFile(command, {"DRAWING", kDrawings}, source.path, std::move(run),
+                   {applies, std::move(collect)});
+    addStrict(command, source);
 }
 
 int collectFromDrawings(const Command& command, const DrawingBatch& batch,

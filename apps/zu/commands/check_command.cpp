@@ -98,10 +98,11 @@ void printListing(const std::vector<Finding>& findings, bool repairing) {
     std::cout << count(total, "problem");
     if (total > 0)
         std::cout << ": " << count(errors, "error") << ", " << count(total - errors, "warning");
-    if (repairing)
-        std::cout << ", " << std::count_if(findings.begin(), findings.end(), [](const Finding& f) {
-            return f.repaired;
-        }) << " repaired";
+    if (repairing) {
+        const auto isRepaired = [](const Finding& finding) { return finding.repaired; };
+        const auto repaired = std::count_if(findings.begin(), findings.end(), isRepaired);
+        std::cout << ", " << translated(std::to_string(repaired) + " repaired");
+    }
     std::cout << '\n';
 }
 

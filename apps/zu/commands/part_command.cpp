@@ -1,8 +1,11 @@
+#include "batch/batch.h"
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
+#include "manners/translation.h"
 #include "model/readable_file.h"
 #include "plan/part_previews.h"
+#include "report/csv.h"
 #include "report/output.h"
 #include "report/part_json.h"
 #include "report/part_warnings.h"
@@ -20,7 +23,7 @@ namespace {
 struct Options {
     std::string path;
     bool strict = false;
-    bool json = false;
+    ListingForm form;
     std::string preview;
     std::string previewFolder;
     bool dark = false;
@@ -35,15 +38,21 @@ PreviewOptions previewOptions(const Options& options) {
     return {.size = options.size, .dark = options.dark, .strictTable = options.strict};
 }
 
+std::string counted(const CObList& list, const std::string& what) {
+    return translated(std::to_string(list.GetCount()) + ' ' + what);
+}
+
 void printSummary(const CAcadDxf& part) {
     double minX = 0;
     double minY = 0;
     double maxX = 0;
     double maxY = 0;
     part.GetSave(minX, minY, maxX, maxY);
-    std::cout << (part.GetAsciiFlag() != 0 ? "ASCII" : "binary") << ", version " << part.GetVersion()
-              << ", extents " << shortNumber(minX) << ", " << shortNumber(minY) << " to " << shortNumber(maxX)
-              << ", " << shortNumber(maxY) << "\n\n";
+    const std::string form = part.GetAsciiFlag() != 0 ? "ASCII" : translated("binary");
+    std::cout << translated(form + ", version " + std::to_string(part.GetVersion()) + ", extents " +
+                            shortNumber(minX) + ", " + shortNumber(minY) + " to " + shortNumber(maxX) + ", " +
+                            shortNumber(maxY))
+              << "\n\n";
 }
 
 void printEntities(const CAcadDxf& part) {
@@ -54,7 +63,7 @@ void printEntities(const CAcadDxf& part) {
     for (const auto& [type, count] : counts)
         table.addRow({type, std::to_string(count)});
     table.print();
-    std::cout << part.GetEntities().GetCount() << " entities\n\n";
+    std::cout << counted(part.GetEntities(), "entities") << "\n\n";
 }
 
 void printLayers(const CAcadDxf& part) {
@@ -65,7 +74,7 @@ void printLayers(const CAcadDxf& part) {
                       narrow(layer.m_linetype.view()), std::to_string(layer.m_flags)});
     }
     table.print();
-    std::cout << part.GetLayers().GetCount() << " layers\n\n";
+    std::cout << counted(part.GetLayers(), "layers") << "\n\n";
 }
 
 void printBlocks(const CAcadDxf& part) {
@@ -76,7 +85,18 @@ void printBlocks(const CAcadDxf& part) {
                       std::to_string(block.m_entities.GetCount())});
     }
     table.print();
-    std::cout << part.GetBlocks().GetCount() << " blocks\n";
+    std::cout << counted(part.GetBlocks(), "blocks") << '\n';
+}
+
+/// The entities, and below them those of each block with its name.
+void printEntityRows(const Json& part) {
+    Json rows = part["entities"];
+    for (const Json& block : part["blocks"])
+        for (Json entity : block["entities"]) {
+            entity["of"] = block["name"];
+            rows.push_back(std::move(entity));
+        }
+    printCsv({"of", "type", "layer", "handle", "color", "lineweight", "paper", "block", "text"}, rows);
 }
 
 void readPart(const Options& options) {
@@ -87,21 +107,20 @@ void readPart(const Options& options) {
     printWarnings(options.path, part.GetFindings());
     if (!options.preview.empty())
         savePreview(options.path, options.preview, previewOptions(options));
-    if (options.json) {
-        std::cout << partToJson(part).dump() << '\n';
-        return;
-    }
+    if (options.form.json)
+        return printJson(partToJson(part));
+    if (options.form.csv)
+        return printEntityRows(partToJson(part));
     printSummary(part);
     printEntities(part);
     printLayers(part);
     printBlocks(part);
 }
 
-void run(const Options& options) {
-    if (options.previewFolder.empty())
-        readPart(options);
-    else
-        savePreviews(options.path, options.previewFolder, previewOptions(options));
+void drawFolder(const DrawingBatch& batch, const Options& options) {
+    if (batch.operands.size() != 1)
+        throw WrongUsage("--preview-dir draws the drawings of one folder");
+    savePreviews(batch.operands.front(), options.previewFolder, previewOptions(options));
 }
 
 } // namespace
@@ -109,13 +128,12 @@ void run(const Options& options) {
 void addPartCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command =
-        program.add_subcommand("part", "Read a part drawing, ASCII or binary, or draw a folder of them");
-    command->add_option("FILE", options->path, "The drawing; with --preview-dir the folder of drawings")
-        ->required();
+        program.add_subcommand("part", "Read part drawings, ASCII or binary, or draw a folder of them");
     command->add_flag("--strict", options->strict,
                       "Read binary drawings by the table of early part drawings");
-    command->add_flag("--json", options->json, "As JSON");
-    command->add_option("--preview", options->preview, "Draw it into this file, .png, .svg or .pdf");
+    addListingForm(*command, options->form);
+    command->add_option("--preview", options->preview,
+                        "Draw it into this file, .png, .svg or .pdf; {} stands for the drawing's name");
     command->add_option("--preview-dir", options->previewFolder,
                         "Draw a thumbnail of every drawing in the folder and its folders into this folder");
     command->add_flag("--dark", options->dark, "Draw on a dark background");
@@ -123,7 +141,10 @@ void addPartCommand(Command& program) {
         ->add_option("--size", options->size,
                      "Greatest width of the picture in pixels; its proportions follow the drawing")
         ->range(16, 8192);
-    command->callback([options] { run(*options); });
+    runForEachFile(*command, {"FILE", "Part drawings and folders of them"}, options->path,
+                   [options] { readPart(*options); },
+                   {[options](const DrawingBatch&) { return !options->previewFolder.empty(); },
+                    [options](const DrawingBatch& batch) { drawFolder(batch, *options); }});
 }
 
 } // namespace zu::app

@@ -28,7 +28,7 @@ void addSaveCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command =
         program.add_subcommand("save", "Open a drawing and save it unedited: a loss-free copy");
-    addSaveOptions(*command, options->saving, "Where to save")->required();
+    addSaveOptions(*command, options->saving, kWhereToSave)->required();
     CommandOption* binary = command->add_flag("--binary", options->binary, "As binary drawing");
     command->add_flag("--ascii", options->ascii, "As ASCII drawing")->excludes(binary);
     runForEachDrawing(*command, options->drawing, [options] { run(*options); });

@@ -1,3 +1,4 @@
+#include "batch/batch.h"
 #include "command_line.h"
 #include "commands/commands.h"
 #include "failure.h"
@@ -66,7 +67,7 @@ void print(const AttributeEdit& edit, const ListingForm& form) {
         return printAsCsv(edit);
     std::cout << translated(std::to_string(edit.changed.size()) + " elements changed") << '\n';
     for (const SkippedElement& element : edit.skipped)
-        std::cout << "skipped " << element.handle << ": " << element.why << '\n';
+        std::cout << translated("skipped " + element.handle + ": " + element.why) << '\n';
 }
 
 void requireStorable(const std::string& value) {
@@ -113,17 +114,16 @@ void addSetAttributeCommand(Command& program) {
     auto options = std::make_shared<Options>();
     Command* command = program.add_subcommand(
         "set-attribute", "Set one attribute on some or all elements that have it, and save");
-    addDrawing(*command, options->drawing);
     addFilter(*command, options->filter);
-    command->add_option("KEY", options->key, "The attribute's id, such as S401")->required();
-    command->add_option("VALUE", options->value, "The new value")->required();
     command->add_option("--handles", options->handles, "Only these elements, by handle, with commas between")
         ->delimited(',');
     command->add_option("--settings", options->settings,
                         "Master settings file; its parameter table says which attributes may be edited");
-    addSaveOptions(*command, options->saving, "Where to save")->required();
+    addSaveOptions(*command, options->saving, kWhereToSave)->required();
     addListingForm(*command, options->form);
-    command->callback([options] { run(*options); });
+    runForEachDrawing(*command, options->drawing, [options] { run(*options); },
+                      {{{"KEY", options->key, "The attribute's id, such as S401"},
+                        {"VALUE", options->value, "The new value"}}});
 }
 
 } // namespace zu::app

@@ -14,6 +14,7 @@
 #include <zuhost/drawing_files.h>
 
 #include <charconv>
+#include <filesystem>
 #include <iostream>
 #include <optional>
 
@@ -45,7 +46,8 @@ void addDrawing(Command& command, DrawingSource& source) {
     command.add_flag("--strict", source.strict, "Refuse a drawing that would open with warnings");
 }
 
-DrawingFile::DrawingFile(const DrawingSource& source) : database_(std::make_unique<AcDbDatabase>(false)) {
+DrawingFile::DrawingFile(const DrawingSource& source)
+    : path_(source.path), database_(std::make_unique<AcDbDatabase>(false)) {
     open(source);
     for (const std::wstring& warning : database_->warnings())
         std::cerr << narrow(warning) << '\n';
@@ -110,11 +112,21 @@ void DrawingFile::save(const SaveOptions& options, bool binary) {
     }
     if (options.force)
         zuhost::allowReplacingChangedFile(*database_);
-    const Acad::ErrorStatus status = database_->dxfOut(filePath(options.output), binary);
+    const Acad::ErrorStatus status = database_->dxfOut(filePath(outputFile(options.output)), binary);
     if (status == Acad::eFileAccessErr)
         throw FileChanged(narrow(database_->lastErrorText()) + "; open it again, or save with --force");
     if (status != Acad::eOk)
         throw Failure(narrow(database_->lastErrorText()));
+}
+
+std::string DrawingFile::outputFile(const std::string& output) const {
+    if (!namesFolder(output))
+        return output;
+    if (path_ == kStandardStream)
+        throw Failure(output + ": name a file in the folder; the drawing comes from standard input");
+    std::error_code failed; // Saving reports what is wrong with the folder.
+    std::filesystem::create_directories(output, failed);
+    return (std::filesystem::path(output) / std::filesystem::path(path_).filename()).string();
 }
 
 std::string handleText(AcDbObjectId id) {

@@ -51,16 +51,19 @@ public:
     /// The group with the name or the hexadecimal handle; throws Failure when there is none.
     [[nodiscard]] AcDbObjectId findGroup(const std::string& nameOrHandle) const;
 
-    /// Saves in the drawing's own form, to the standard output when that is named. Throws Failure, and
-    /// FileChanged when the file has changed since the drawing was opened and `force` is not set; the old
-    /// file is then untouched.
+    /// Saves in the drawing's own form: to the standard output when that is named, in a folder under the name
+    /// of the drawing's file; a folder named with "/" at its end is made. Throws Failure, and FileChanged
+    /// when the file has changed since the drawing was opened and `force` is not set; the old file is then
+    /// untouched.
     void save(const SaveOptions& options);
     /// Saves as binary or ASCII drawing.
     void save(const SaveOptions& options, bool binary);
 
 private:
     void open(const DrawingSource& source);
+    [[nodiscard]] std::string outputFile(const std::string& output) const;
 
+    std::string path_;
     std::unique_ptr<AcDbDatabase> database_;
 };
 

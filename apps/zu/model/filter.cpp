@@ -53,14 +53,18 @@ bool FilterOptions::isGiven() const {
 }
 
 void addFilter(Command& command, FilterOptions& options) {
-    command.add_option("--layer", options.layers,
-                       "Only elements on these layers, separated by commas; * and ? are wildcards");
-    command.add_option("--block", options.blocks, "Only elements of these blocks, likewise");
+    addNarrowFilter(command, options);
     command
         .add_option("--kind", options.kinds,
                     "Only elements of these link kinds, separated by commas; -1 stands for no link record")
         ->delimited(',');
     command.add_option("--group", options.group, "Only members of this group, by name or handle");
+}
+
+void addNarrowFilter(Command& command, FilterOptions& options) {
+    command.add_option("--layer", options.layers,
+                       "Only elements on these layers, separated by commas; * and ? are wildcards");
+    command.add_option("--block", options.blocks, "Only elements of these blocks, likewise");
     command.add_option("--where", options.where,
                        "Only elements whose attributes fulfil a condition, such as "
                        "'S501=給気 and not (S302<300 or S302>=600)'");

@@ -24,6 +24,9 @@ struct FilterOptions {
 /// Adds --layer, --block, --kind, --group and --where.
 void addFilter(Command& command, FilterOptions& options);
 
+/// Adds --layer, --block and --where, for a command that gives --kind and --group a meaning of its own.
+void addNarrowFilter(Command& command, FilterOptions& options);
+
 /// The elements that a command works on. Construct it before opening the drawing.
 class Filter {
 public:

@@ -1,6 +1,7 @@
 #include "plan/part_previews.h"
 
 #include "failure.h"
+#include "manners/translation.h"
 #include "model/drawing_file.h"
 #include "painters/page_file.h"
 #include "painters/painter_canvas.h"
@@ -194,7 +195,7 @@ void savePreviews(const std::string& folder, const std::string& pictureFolder,
             std::cerr << path << ": holds too much for a picture\n";
         else
             warn(path, extents);
-    std::cout << drawn << " pictures\n";
+    std::cout << translated(std::to_string(drawn) + " pictures") << '\n';
 }
 
 } // namespace zu::app

@@ -97,7 +97,7 @@ public:
     void addElements(const std::vector<AcDbObjectId>& elements) {
         for (const AcDbObjectId id : elements) {
             const Element element = readElement(id);
-            add(describe(id) + " at " + pointText(element.origin) + " on layer " + element.layer);
+            add(translated(describe(id) + " at " + pointText(element.origin) + " on layer " + element.layer));
         }
     }
     void addHandles(const std::vector<AcDbObjectId>& objects) {
@@ -118,9 +118,14 @@ private:
     std::string heading_;
 };
 
+/// A name, and what it was before if that differs.
+std::string renamed(const std::string& name, const std::string& before) {
+    return before.empty() ? name : translated(name + ", was " + before);
+}
+
 std::string describe(const ElementChange& change) {
     const bool isRenumbered = change.before.handle() != change.after.handle();
-    return Section::describe(change.after) + (isRenumbered ? ", was " + handleText(change.before) : "");
+    return renamed(Section::describe(change.after), isRenumbered ? handleText(change.before) : "");
 }
 
 /// The label that the element's record has for an attribute.
@@ -133,7 +138,7 @@ std::string labelOf(const ElementChange& change, const std::wstring& key) {
 }
 
 std::string valueText(const std::optional<std::wstring>& value) {
-    return value ? '"' + narrow(*value) + '"' : "none";
+    return value ? '"' + narrow(*value) + '"' : translated("none");
 }
 
 void printElements(const DrawingDifferences& differences) {
@@ -142,8 +147,8 @@ void printElements(const DrawingDifferences& differences) {
     Section moved("moved elements:");
     for (const ElementChange& change : differences.changed)
         if (change.isMoved)
-            moved.add(describe(change) + " from " + Section::pointText(change.from) + " to " +
-                      Section::pointText(change.to));
+            moved.add(translated(describe(change) + " from " + Section::pointText(change.from) + " to " +
+                                 Section::pointText(change.to)));
     Section changed("changed elements:");
     for (const ElementChange& change : differences.changed)
         for (const ValueChange& value : change.values)
@@ -156,13 +161,13 @@ void printGroups(const DrawingDifferences& differences) {
         std::string text;
         for (const std::string& handle : handleTexts(members))
             text += ' ' + handle;
-        return text.empty() ? text : what + text;
+        return text.empty() ? text : ", " + translated(what) + text;
     };
     Section groups("changed groups:");
     for (const zucomn::GroupChange& group : differences.groups)
-        groups.add(narrow(group.name) +
-                   (group.name == group.nameBefore ? "" : ", was " + narrow(group.nameBefore)) +
-                   list(", added", group.added) + list(", removed", group.removed));
+        groups.add(
+            renamed(narrow(group.name), group.name == group.nameBefore ? "" : narrow(group.nameBefore)) +
+            list("added", group.added) + list("removed", group.removed));
 }
 
 void printJoints(const DrawingDifferences& differences) {

@@ -40,13 +40,20 @@ std::vector<const CLI::Option*> argumentsOf(const CLI::App& command) {
     return command.get_options([](const CLI::Option* option) { return option->get_positional(); });
 }
 
-/// The argument at a position; the last one may take several.
-const CLI::Option* argumentAt(const CLI::App& command, std::size_t position) {
+bool takesSeveral(const CLI::Option& argument) {
+    return argument.get_items_expected_max() > 1;
+}
+
+/// The arguments that may stand at a position; one that takes several may be followed by others.
+std::vector<const CLI::Option*> argumentsAt(const CLI::App& command, std::size_t position) {
     const std::vector<const CLI::Option*> arguments = argumentsOf(command);
+    const bool startsWithList = !arguments.empty() && takesSeveral(*arguments.front());
+    if (startsWithList && position > 0 && arguments.size() > 1)
+        return {arguments[std::min(position, arguments.size() - 1)], arguments.front()};
     if (position < arguments.size())
-        return arguments[position];
-    const bool repeats = !arguments.empty() && arguments.back()->get_items_expected_max() > 1;
-    return repeats ? arguments.back() : nullptr;
+        return {arguments[position]};
+    const bool repeats = !arguments.empty() && takesSeveral(*arguments.back());
+    return repeats ? std::vector{arguments.back()} : std::vector<const CLI::Option*>();
 }
 
 const CLI::App* commandNamed(const CLI::App& parent, const std::string& name) {
@@ -57,8 +64,8 @@ const CLI::App* commandNamed(const CLI::App& parent, const std::string& name) {
 }
 
 void readArgument(Cursor& cursor, const std::string& word) {
-    const CLI::Option* argument = argumentAt(*cursor.command, cursor.arguments++);
-    if (argument != nullptr && argument->get_name() == "DRAWING")
+    const std::vector<const CLI::Option*> arguments = argumentsAt(*cursor.command, cursor.arguments++);
+    if (!arguments.empty() && arguments.front()->get_name() == "DRAWING")
         cursor.drawing = word;
 }
 
@@ -125,9 +132,16 @@ Completions allAt(const Cursor& cursor, const std::string& word) {
         return valuesOf(*cursor.option, cursor.drawing);
     if (!word.empty() && word.front() == '-')
         return {optionsOf(*cursor.command), false};
-    if (const CLI::Option* argument = argumentAt(*cursor.command, cursor.arguments))
-        return valuesOf(*argument, cursor.drawing);
-    return {commandsOf(*cursor.command), false};
+    const std::vector<const CLI::Option*> arguments = argumentsAt(*cursor.command, cursor.arguments);
+    if (arguments.empty())
+        return {commandsOf(*cursor.command), false};
+    Completions all;
+    for (const CLI::Option* argument : arguments) {
+        Completions values = valuesOf(*argument, cursor.drawing);
+        all.words.insert(all.words.end(), values.words.begin(), values.words.end());
+        all.files = all.files || values.files;
+    }
+    return all;
 }
 
 } // namespace
