@@ -16,8 +16,9 @@ namespace {
 constexpr int kPixels = 64;
 constexpr double kDescent = 0.35;
 
-QFont measuredFont(const QString& family, bool bold, bool italic) {
-    QFont font(QStringList{family.isEmpty() ? fallbackFamily() : family, fallbackFamily()});
+QFont measuredFont(const QString& family, bool bold, bool italic, bool onGrid) {
+    const QString fallback = fallbackFamily(onGrid);
+    QFont font(QStringList{family.isEmpty() ? fallback : family, fallback});
     font.setPixelSize(kPixels);
     font.setBold(bold);
     font.setItalic(italic);
@@ -32,13 +33,17 @@ struct Face {
     double full = 0.0;    ///< Advance of a full-width letter, in capital heights.
 };
 
-const Face& faceOf(const QString& family, bool bold, bool italic) {
+QString keyOf(const QString& family, bool bold, bool italic, bool onGrid) {
+    return family + QChar(u'0' + (bold ? 1 : 0) + (italic ? 2 : 0) + (onGrid ? 4 : 0));
+}
+
+const Face& faceOf(const QString& family, bool bold, bool italic, bool onGrid) {
     thread_local QHash<QString, Face> faces;
-    const QString key = family + QChar(u'0' + (bold ? 1 : 0) + (italic ? 2 : 0));
+    const QString key = keyOf(family, bold, italic, onGrid);
     const auto found = faces.constFind(key);
     if (found != faces.constEnd())
         return *found;
-    Face face{measuredFont(family, bold, italic), 0.0, 0.0};
+    Face face{measuredFont(family, bold, italic, onGrid), 0.0, 0.0};
     const QFontMetricsF metrics(face.font);
     face.capital = metrics.capHeight() > 0.0 ? metrics.capHeight() : kPixels * 0.7;
     face.full = metrics.horizontalAdvance(QChar(0x4E00)) / face.capital;
@@ -81,7 +86,7 @@ QPainterPath gridLetters(const QString& text, const Face& face) {
 } // namespace
 
 double advanceOf(const QString& text, const QString& family, bool bold, bool italic, bool onGrid) {
-    const Face& face = faceOf(family, bold, italic);
+    const Face& face = faceOf(family, bold, italic, onGrid);
     if (onGrid) {
         double advance = 0.0;
         for (const char32_t c : text.toUcs4())
@@ -89,7 +94,7 @@ double advanceOf(const QString& text, const QString& family, bool bold, bool ita
         return advance;
     }
     thread_local QCache<QString, double> known(20'000);
-    const QString key = family + QChar(u'0' + (bold ? 1 : 0) + (italic ? 2 : 0)) + text;
+    const QString key = keyOf(family, bold, italic, false) + text;
     if (const double* advance = known.object(key))
         return *advance;
     const double advance = QFontMetricsF(face.font).horizontalAdvance(text) / face.capital;
@@ -98,7 +103,7 @@ double advanceOf(const QString& text, const QString& family, bool bold, bool ita
 }
 
 QFont fontOf(const TextRun& run, double capitalHeight) {
-    const Face& face = faceOf(run.family, run.bold, run.italic);
+    const Face& face = faceOf(run.family, run.bold, run.italic, run.onGrid);
     QFont font = face.font;
     constexpr double kLargest = 10'000.0;
     font.setPixelSize(std::max(
@@ -108,12 +113,10 @@ QFont fontOf(const TextRun& run, double capitalHeight) {
 
 QPainterPath outlineOf(const TextRun& run) {
     thread_local QCache<QString, QPainterPath> known(400'000);
-    const QString key = run.family +
-                        QChar(u'0' + (run.bold ? 1 : 0) + (run.italic ? 2 : 0) + (run.onGrid ? 4 : 0)) +
-                        run.text;
+    const QString key = keyOf(run.family, run.bold, run.italic, run.onGrid) + run.text;
     if (const QPainterPath* path = known.object(key))
         return run.place.map(*path);
-    const Face& face = faceOf(run.family, run.bold, run.italic);
+    const Face& face = faceOf(run.family, run.bold, run.italic, run.onGrid);
     QPainterPath path = run.onGrid ? gridLetters(run.text, face) : naturalLetters(run.text, face);
     path.setFillRule(Qt::WindingFill);
     QPainterPath placed = run.place.map(path);

@@ -1,5 +1,6 @@
 // Shapes of drawings: every type, transforms, looks, texts, layouts, limits, extents.
 #include "dxf_records.h"
+#include "painters/dashes.h"
 #include "records/drawing.h"
 #include "scene.h"
 #include "shapes/paragraph_layout.h"
@@ -17,11 +18,14 @@ namespace {
 /// Layers A (red, heavy, dashed), OFF, FROZEN and UNPLOTTED; block B with base (1, 1): a line on layer 0
 /// coloured by block, a circle on layer A coloured by layer; block SELF, which refers to itself; block ATTS
 /// with a constant attribute and one that has a value in each reference.
+/// Linetypes GAS, with a text every 8 units, and FENCE, with a shape; styles GRID and DOWN (vertical).
 const std::string kStart = dxfRecords(
-    "0 SECTION|2 TABLES|0 TABLE|2 LTYPE|0 LTYPE|2 DASHED|49 2|49 -1|0 ENDTAB|0 TABLE|2 LAYER|0 LAYER|2 A|62 "
+    "0 SECTION|2 TABLES|0 TABLE|2 LTYPE|0 LTYPE|2 DASHED|49 2|49 -1|0 LTYPE|2 GAS|49 5|74 0|49 -3|74 2|46 "
+    "1|44 -2|45 0.5|9 GAS|0 LTYPE|2 FENCE|49 5|74 0|49 -3|74 4|0 ENDTAB|0 TABLE|2 LAYER|0 LAYER|2 A|62 "
     "1|370 70|"
     "6 dashed|0 LAYER|2 OFF|62 -3|0 LAYER|2 FROZEN|70 1|0 LAYER|2 UNPLOTTED|290 0|0 ENDTAB|0 TABLE|2 STYLE|"
-    "0 STYLE|2 GRID|3 txt|4 bigfont|0 ENDTAB|0 ENDSEC|0 SECTION|2 BLOCKS|0 BLOCK|2 B|10 1|20 1|0 LINE|8 0|62 "
+    "0 STYLE|2 GRID|3 txt|4 bigfont|0 STYLE|2 DOWN|70 4|0 STYLE|2 AT|3 @msgothic.ttc|0 ENDTAB|0 ENDSEC|0 "
+    "SECTION|2 BLOCKS|0 BLOCK|2 B|10 1|20 1|0 LINE|8 0|62 "
     "0|"
     "10 1|20 1|11 3|21 1|0 CIRCLE|8 A|10 2|20 1|40 1|0 ENDBLK|0 BLOCK|2 SELF|0 LINE|11 1|0 INSERT|2 SELF|10 "
     "1|"
@@ -209,20 +213,70 @@ TEST(Shapes, LooksOfLayersAndBlocks) {
     EXPECT_EQ(shapes[4].lineWeight, 25);
 }
 
+TEST(Shapes, LinetypesRepeatTextsAlongLines) {
+    // A line upwards of two patterns and a half, at half the scale: texts at 4 and 8, less 1 for their start.
+    const auto shapes = shapesIn("0 LINE|6 gas|48 0.5|62 3|21 10", "9 $LTSCALE|40 1");
+    ASSERT_EQ(shapes.size(), 3U);
+    EXPECT_EQ(shapes[0].dashes, (std::vector<double>{2.5, -1.5}));
+    for (const std::size_t i : {1U, 2U}) {
+        EXPECT_EQ(shapes[i].run.text, "GAS");
+        EXPECT_EQ(shapes[i].colour.number, 3);
+        const QPointF start = shapes[i].run.place.map(QPointF(0, 0));
+        EXPECT_NEAR(start.x(), -0.25, 1e-9);
+        EXPECT_NEAR(start.y(), 4.0 * static_cast<double>(i) - 1.0, 1e-9);
+        EXPECT_NEAR(shapes[i].run.place.map(QPointF(0, 1)).x(), start.x() - 0.5, 1e-9);
+    }
+    // Too many to be seen.
+    EXPECT_EQ(shapesIn("0 LINE|6 GAS|11 1e9").size(), 1U);
+}
+
+TEST(Shapes, MultilinesHaveCapsGapsAndFill) {
+    const std::string style = dxfRecords("0 SECTION|2 OBJECTS|0 MLINESTYLE|5 F1|2 S|70 1105|62 5|71 2|49 "
+                                         "1|62 1|6 BYLAYER|49 -1|62 256|6 BYLAYER|0 ENDSEC|");
+    const auto shapesOf = [&](const std::string& records) {
+        return sceneOf(Drawing(kStart + dxfRecords(records) + dxfRecords("0 ENDSEC") + style)).shapes;
+    };
+    const std::string vertices = "|11 0|21 0|12 1|22 0|13 0|23 1|74 2|41 1|41 0|75 0|74 2|41 -1|41 0|75 0"
+                                 "|11 9|21 0|12 1|22 0|13 0|23 1|74 2|41 1|41 0|75 0|74 2|41 -1|41 0|75 0";
+    // Filled, with a square and a round start and a round end: an area with half circles, two lines, caps.
+    const auto shapes = shapesOf("0 MLINE|340 F1|62 3|71 1" + vertices);
+    ASSERT_EQ(shapes.size(), 6U);
+    EXPECT_EQ(shapes[0].kind, Shape::Kind::fill);
+    EXPECT_EQ(shapes[0].colour.number, 5);
+    expectBox(shapes[0], {-1, -1, 10, 1}, "fill");
+    EXPECT_EQ(shapes[1].colour.number, 1);
+    EXPECT_EQ(shapes[2].colour.number, 3);
+    expectBox(shapes[3], {0, -1, 0, 1}, "square cap");
+    expectBox(shapes[4], {-1, -1, 0, 1}, "round start");
+    expectBox(shapes[5], {9, -1, 10, 1}, "round end");
+    EXPECT_EQ(shapesOf("0 MLINE|340 F1|71 13" + vertices).size(), 3U); // suppressed
+    // A line that begins at 2, ends at 4 and begins again at 6.
+    const auto cut = shapesIn("0 MLINE|11 0|12 1|13 0|23 1|74 4|41 1|41 2|41 4|41 6|75 0|11 9|12 1|13 0|23 "
+                              "1|74 2|41 1|41 0|75 0");
+    ASSERT_EQ(cut.size(), 2U);
+    expectBox(cut[0], {2, 1, 4, 1}, "first piece");
+    expectBox(cut[1], {6, 1, 9, 1}, "last piece");
+}
+
 TEST(Shapes, WhatIsNotDrawnIsReported) {
     const Scene scene = sceneOf(
         drawingOf("0 LINE|8 OFF|0 LINE|8 off|0 LINE|8 FROZEN|0 LINE|8 UNPLOTTED|0 LINE|60 1|0 3DSOLID|0 "
                   "INSERT|2 none|0 CIRCLE|40 -1|0 SHAPE|0 LINE|11 1|0 INSERT|2 SELF|0 INSERT|2 SELF|10 9|"
-                  "0 LINE|10 1e200|0 TEXT|40 1|1  "));
+                  "0 LINE|10 1e200|0 TEXT|40 1|1  |0 ARC|40 1|51 90|6 FENCE|0 MTEXT|40 1|1 x|72 3|0 "
+                  "MTEXT|40 1|1 x|7 AT"));
     std::vector<std::string> found;
     for (const NotDrawn& left : scene.report.notDrawn)
         found.push_back(left.type + " " + std::to_string(left.count) + " " + left.why);
     EXPECT_EQ(found,
               (std::vector<std::string>{
-                  "3DSOLID 1 pictures do not support its type", "CIRCLE 1 its radius is not positive",
-                  "INSERT 1 its block contains itself", "INSERT 1 its block is not in the drawing",
-                  "LINE 1 it is marked invisible", "LINE 1 its coordinates are out of range",
-                  "LINE 1 its layer is frozen", "LINE 1 its layer is not plotted", "LINE 2 its layer is off",
+                  "3DSOLID 1 pictures do not support its type",
+                  "ARC 1 its linetype has shapes of a font that is not available: only its dashes are drawn",
+                  "CIRCLE 1 its radius is not positive", "INSERT 1 its block contains itself",
+                  "INSERT 1 its block is not in the drawing", "LINE 1 it is marked invisible",
+                  "LINE 1 its coordinates are out of range", "LINE 1 its layer is frozen",
+                  "LINE 1 its layer is not plotted", "LINE 2 its layer is off",
+                  "MTEXT 1 its vertical lines are drawn horizontally",
+                  "MTEXT 1 the letters of its @ font are drawn upright",
                   "SHAPE 1 its shape font is not available", "TEXT 1 it has no text"}));
     EXPECT_EQ(scene.report.drawn, (std::map<std::string, std::size_t>{{"INSERT", 2}, {"LINE", 2}}));
 }
@@ -255,6 +309,17 @@ TEST(Shapes, TextsLieWhereTheyAreAligned) {
         return shapesIn(std::string("0 TEXT|40 1|7 GRID|1 ") + text).at(0).run.width;
     };
     EXPECT_NEAR(width("12345678"), width("漢字カナ"), 1e-9);
+    // Vertical: below each other, from the place down or around it. A long vowel stands upright.
+    const auto column = shapesIn("0 TEXT|40 10|7 DOWN|1 縦ー|10 50");
+    ASSERT_EQ(column.size(), 2U);
+    EXPECT_NEAR(boxOf(column[0]).center().x(), 50, 1);
+    EXPECT_LT(boxOf(column[0]).bottom(), 0);
+    EXPECT_LT(boxOf(column[1]).bottom(), boxOf(column[0]).top());
+    EXPECT_GT(boxOf(column[1]).height(), 3 * boxOf(column[1]).width());
+    EXPECT_NEAR(boxOf(shapesIn("0 TEXT|40 10|7 DOWN|1 H|72 4").at(0)).center().y(), 0, 0.3);
+    // The letters of an @ font lie on their left side: upright in a line that runs down.
+    const QRectF lying = boxOf(shapesIn("0 TEXT|40 10|7 AT|1 一").at(0));
+    EXPECT_GT(lying.height(), 3 * lying.width());
 }
 
 TEST(Shapes, ParagraphsAreBrokenAndFormatted) {
@@ -287,6 +352,32 @@ TEST(Shapes, ParagraphsAreBrokenAndFormatted) {
     EXPECT_NEAR(turned.left(), 0, 1);
 }
 
+TEST(Shapes, ParagraphsFlowThroughColumns) {
+    const auto startsOf = [](const std::string& embedded) {
+        std::vector<std::pair<double, double>> starts;
+        for (const Shape& shape :
+             shapesIn("0 MTEXT|40 1|41 9|1 a\\Pb\\Nc\\Pd\\Pe|101 Embedded Object|" + embedded))
+            starts.emplace_back(std::round(shape.run.place.dx()), std::round(shape.run.place.dy() * 3) / 3);
+        return starts;
+    };
+    constexpr double kNext = -8.0 / 3;
+    using Starts = std::vector<std::pair<double, double>>;
+    const auto expectStarts = [&](const std::string& embedded, const Starts& expected) {
+        const Starts found = startsOf(embedded);
+        ASSERT_EQ(found.size(), expected.size()) << embedded;
+        for (std::size_t i = 0; i < found.size(); ++i) {
+            EXPECT_EQ(found[i].first, expected[i].first) << embedded << ' ' << i;
+            EXPECT_NEAR(found[i].second, expected[i].second, 1e-6) << embedded << ' ' << i;
+        }
+    };
+    // Two lines a column, as many columns as needed; a break ends a column; the last of two takes the rest.
+    expectStarts("71 2|73 1|41 3|44 9|45 1", {{0, -1}, {0, kNext}, {10, -1}, {10, kNext}, {20, -1}});
+    expectStarts("71 1|72 2|41 3|44 9|45 1|74 1",
+                 {{10, -1}, {10, kNext}, {0, -1}, {0, kNext}, {0, -13.0 / 3}});
+    expectStarts("71 2|72 3|44 9|45 1|46 2|46 0|46 0",
+                 {{0, -1}, {10, -1}, {20, -1}, {20, kNext}, {20, -13.0 / 3}});
+}
+
 TEST(Shapes, MultileadersHaveLinesAndANote) {
     const auto shapes = shapesIn(
         "0 MULTILEADER|300 CONTEXT_DATA{|41 2|140 1|290 1|304 note|12 20|22 5|302 LEADER{|10 15|20 5|11 1|21 "
@@ -296,6 +387,30 @@ TEST(Shapes, MultileadersHaveLinesAndANote) {
     EXPECT_EQ(shapes[1].kind, Shape::Kind::fill); // the arrow
     expectBox(shapes[2], {15, 5, 17, 5}, "dogleg");
     EXPECT_EQ(shapes[3].run.text, "note");
+    // A block with the value of an attribute in the place of its definition.
+    const auto tagged = sceneOf(Drawing(
+        dxfRecords("0 SECTION|2 TABLES|0 TABLE|2 BLOCK_RECORD|0 BLOCK_RECORD|5 E|2 TAG|0 ENDTAB|0 ENDSEC|0 "
+                   "SECTION|2 BLOCKS|0 BLOCK|2 TAG|10 1|0 CIRCLE|40 1|0 ATTDEF|5 D|10 3|20 1|40 2|1 ?|2 NO|0 "
+                   "ENDBLK|0 ENDSEC|0 SECTION|2 ENTITIES|0 MULTILEADER|300 CONTEXT_DATA{|290 0|296 1|341 "
+                   "E|15 10|25 0|16 2|26 2|36 2|301 }|170 1|330 D|177 1|44 1|302 A-1")));
+    ASSERT_EQ(tagged.shapes.size(), 2U);
+    expectBox(tagged.shapes[0], {6, -2, 10, 2}, "circle");
+    EXPECT_EQ(tagged.shapes[1].run.text, "A-1");
+    EXPECT_EQ(tagged.shapes[1].run.place.map(QPointF(0, 0)), QPointF(14, 2));
+}
+
+TEST(Painters, DashesHaveTheirLengthsAroundCorners) {
+    QPainterPath path(QPointF(0, 0));
+    path.lineTo(3, 0);
+    path.lineTo(3, 9);
+    const QPainterPath dashes = dashed(path, std::vector<double>{4, 2, 1, 0.5});
+    // A dash around the corner, a short one, the first again; it ends with the line.
+    ASSERT_EQ(dashes.elementCount(), 7);
+    EXPECT_EQ(QPointF(dashes.elementAt(2)), QPointF(3, 1));
+    EXPECT_EQ(QPointF(dashes.elementAt(3)), QPointF(3, 3));
+    EXPECT_EQ(QPointF(dashes.elementAt(4)), QPointF(3, 4));
+    EXPECT_EQ(QPointF(dashes.elementAt(5)), QPointF(3, 4.5));
+    EXPECT_EQ(QPointF(dashes.elementAt(6)), QPointF(3, 8.5));
 }
 
 TEST(Shapes, LayoutsShowModelSpaceInViewports) {

@@ -17,6 +17,9 @@ struct Pen {
     bool operator==(const Pen&) const = default;
 };
 
+/// PageCanvas::resolution of pages that can be enlarged, such as printed ones.
+inline constexpr double kPrintResolution = 0.05;
+
 /// A page that can be painted on. Units are 1/96 inch from the upper left corner, y downwards.
 class PageCanvas {
 public:
@@ -24,6 +27,9 @@ public:
     PageCanvas() = default;
     PageCanvas(const PageCanvas&) = delete;
     PageCanvas& operator=(const PageCanvas&) = delete;
+
+    /// The size below which the form of something cannot be seen, in units of the page.
+    [[nodiscard]] virtual double resolution() const = 0;
 
     virtual void stroke(const QPainterPath& path, const Pen& pen) = 0;
     virtual void fill(const QPainterPath& path, const QColor& colour) = 0;

@@ -1,5 +1,6 @@
 #include "painters/painter_canvas.h"
 
+#include "painters/dashes.h"
 #include "painters/text_pieces.h"
 #include "text_outline.h"
 
@@ -31,14 +32,16 @@ bool isStraight(const QPainterPath& path) {
     return true;
 }
 
-QPen asQPen(const Pen& pen) {
+QPen asQPen(const Pen& pen, Letters letters) {
     QPen made(pen.colour, pen.width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     if (pen.dashes.empty())
+        return made;
+    made.setCapStyle(Qt::FlatCap);
+    if (letters == Letters::areas)
         return made;
     QList<qreal> pattern;
     for (const double length : pen.dashes)
         pattern << length / pen.width;
-    made.setCapStyle(Qt::FlatCap);
     made.setDashPattern(pattern);
     return made;
 }
@@ -61,6 +64,8 @@ void PainterCanvas::stroke(const QPainterPath& path, const Pen& pen) {
     // Where lines end and meet, thin ones need no round caps and joins. What shows through would show twice.
     if (pen.width < kThin && pen.dashes.empty() && pen.colour.alpha() == 255 && isStraight(path))
         addLines(path);
+    else if (letters_ == Letters::areas && !pen.dashes.empty())
+        path_.addPath(dashed(path, pen.dashes)); // the pen's own are inexact in lines thinner than a pixel
     else
         path_.addPath(path);
 }
@@ -73,7 +78,7 @@ void PainterCanvas::addLines(const QPainterPath& path) {
 
 void PainterCanvas::flush() {
     if (!lines_.isEmpty()) {
-        QPen pen = asQPen(pen_);
+        QPen pen = asQPen(pen_, letters_);
         pen.setCapStyle(Qt::SquareCap);
         painter_.setPen(pen);
         painter_.drawLines(lines_);
@@ -81,7 +86,7 @@ void PainterCanvas::flush() {
     }
     if (path_.isEmpty())
         return;
-    painter_.strokePath(path_, asQPen(pen_));
+    painter_.strokePath(path_, asQPen(pen_, letters_));
     path_ = {};
 }
 

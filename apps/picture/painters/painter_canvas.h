@@ -7,7 +7,7 @@
 namespace zu::picture {
 
 enum class Letters {
-    areas, ///< Filled outlines: exact at any size and turn.
+    areas, ///< Filled outlines: exact at any size and turn. For images.
     text   ///< Text in a font, which can be searched and copied.
 };
 
@@ -18,6 +18,9 @@ public:
     PainterCanvas(QPainter& painter, Letters letters);
     ~PainterCanvas() override;
 
+    [[nodiscard]] double resolution() const override {
+        return letters_ == Letters::areas ? 1.0 : kPrintResolution;
+    }
     void stroke(const QPainterPath& path, const Pen& pen) override;
     void fill(const QPainterPath& path, const QColor& colour) override;
     void text(const TextRun& run, const QColor& colour) override;

@@ -25,6 +25,8 @@ public:
     ShapePainter& operator=(const ShapePainter&) = delete;
 
     void paint(const Shape& shape, const Ink& ink);
+    /// World size of what is too small to see: SceneOptions::resolution.
+    [[nodiscard]] double resolution() const { return canvas_.resolution() / scale_; }
 
 private:
     [[nodiscard]] bool isInSight(const QRectF& box) const;

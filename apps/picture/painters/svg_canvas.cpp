@@ -4,6 +4,7 @@
 #include "text_outline.h"
 
 #include <QFontInfo>
+#include <QFontMetricsF>
 
 #include <array>
 #include <charconv>
@@ -128,8 +129,36 @@ void SvgCanvas::text(const TextRun& run, const QColor& colour) {
         return;
     }
     endStrokes();
-    const QFont font = fontOf(run, kMeasured);
-    const QFontInfo info(font);
+    if (run.onGrid)
+        writeCells(run, colour);
+    else
+        writeText(run, colour, escaped(run.text), run.width);
+}
+
+/// Letters in the middle of their cells. Those wider than their cell are texts of their own, made narrower.
+void SvgCanvas::writeCells(const TextRun& run, const QColor& colour) {
+    const QFontMetricsF metrics(fontOf(run, kMeasured));
+    QByteArray letters;
+    for (const TextPiece& piece : piecesOf(run)) {
+        const double advance = metrics.horizontalAdvance(piece.text) / kMeasured;
+        if (advance > piece.width * 1.01) {
+            TextRun narrow = run;
+            narrow.place = QTransform(piece.width / advance, 0.0, 0.0, 1.0, piece.start, 0.0) * run.place;
+            writeText(narrow, colour, escaped(piece.text), 0.0);
+            continue;
+        }
+        letters += "<tspan x=\"";
+        append(letters, (piece.start + (piece.width - advance) / 2.0) * kMeasured, 2);
+        letters += "\">" + escaped(piece.text) + "</tspan>";
+    }
+    writeText(run, colour, letters, 0.0);
+}
+
+/// Fits the text into a width unless that is 0.
+void SvgCanvas::writeText(const TextRun& run, const QColor& colour, const QByteArray& letters, double width) {
+    if (letters.isEmpty())
+        return;
+    const QFontInfo info(fontOf(run, kMeasured));
     // Text space has y upwards; SVG's own text has not. Sizes are kept near 100: some viewers can't show
     // letters in sizes near 1.
     const QTransform& place = run.place;
@@ -150,19 +179,12 @@ void SvgCanvas::text(const TextRun& run, const QColor& colour) {
     if (run.italic)
         out_ += " font-style=\"italic\"";
     writeColour("fill", colour);
-    if (run.onGrid) {
-        out_ += " x=\"";
-        for (const TextPiece& piece : piecesOf(run)) {
-            write(piece.start * kMeasured);
-            out_ += ' ';
-        }
-        out_ += '"';
-    } else {
+    if (width > 0.0) {
         out_ += " lengthAdjust=\"spacingAndGlyphs\" textLength=\"";
-        write(run.width * kMeasured);
+        write(width * kMeasured);
         out_ += '"';
     }
-    out_ += '>' + escaped(run.text) + "</text>\n";
+    out_ += '>' + letters + "</text>\n";
 }
 
 void SvgCanvas::setClip(const QRectF& rectangle) {

@@ -17,6 +17,7 @@ class SvgCanvas : public PageCanvas {
 public:
     SvgCanvas(const QSizeF& size, const QColor& ground, SvgText text);
 
+    [[nodiscard]] double resolution() const override { return kPrintResolution; }
     void stroke(const QPainterPath& path, const Pen& pen) override;
     void fill(const QPainterPath& path, const QColor& colour) override;
     void text(const TextRun& run, const QColor& colour) override;
@@ -30,6 +31,8 @@ private:
     void endStrokes();
     void write(double number);
     void write(const QPainterPath& path);
+    void writeCells(const TextRun& run, const QColor& colour);
+    void writeText(const TextRun& run, const QColor& colour, const QByteArray& letters, double width);
     void writeColour(const char* attribute, const QColor& colour);
 
     QByteArray out_;

@@ -112,8 +112,17 @@ void Drawing::add(const Record& record) {
         return;
     Object& object = objects_.back();
     const bool isTable = section_ == Section::tables;
+    if (record.code == kEmbeddedObject && object.type == "MTEXT" && !isEmbedded_) {
+        isEmbedded_ = true;
+        return;
+    }
     if (record.code == kEmbeddedObject || (record.code >= kFirstExtendedData && !isTable)) {
         skipsTags_ = true;
+        return;
+    }
+    if (isEmbedded_) {
+        tags_.push_back({record.code, record.value});
+        ++object.embeddedCount;
         return;
     }
     if (object.handle == 0 && (record.code == 5 || (record.code == 105 && isTable))) {
@@ -128,6 +137,7 @@ void Drawing::add(const Record& record) {
 void Drawing::startObject(std::string_view type) {
     isObjectOpen_ = false;
     skipsTags_ = false;
+    isEmbedded_ = false;
     if (type == "SECTION" || type == "ENDSEC" || type == "EOF") {
         if (section_ == Section::entities)
             entities_.last = objects_.size();
@@ -148,7 +158,7 @@ void Drawing::startObject(std::string_view type) {
         blocks_.push_back({{}, {}, false, {objects_.size() + 1, 0}});
     }
     isObjectOpen_ = true;
-    objects_.push_back({type, 0, tags_.size(), 0});
+    objects_.push_back({type, 0, tags_.size(), 0, 0});
 }
 
 void Drawing::endBlock() {

@@ -14,12 +14,14 @@ struct Record;
 
 namespace zu::picture {
 
-/// One object of a drawing. The records do not include its type, extended data and embedded objects.
+/// One object of a drawing. The records do not include its type, extended data and embedded objects; those of
+/// a text's embedded object, its columns, follow them.
 struct Object {
     std::string_view type;
     std::uint64_t handle = 0;
     std::size_t firstTag = 0;
-    std::size_t tagCount = 0;
+    std::uint32_t tagCount = 0;
+    std::uint32_t embeddedCount = 0;
 };
 
 /// A half-open range of objects.
@@ -48,6 +50,10 @@ public:
         return {std::span(tags_).subspan(object.firstTag, object.tagCount), form_};
     }
     [[nodiscard]] Records records(std::size_t index) const { return records(objects_[index]); }
+    [[nodiscard]] Records embedded(std::size_t index) const {
+        const Object& object = objects_[index];
+        return {std::span(tags_).subspan(object.firstTag + object.tagCount, object.embeddedCount), form_};
+    }
     /// The vertices of a polyline or the attributes of a block reference, which follow it.
     [[nodiscard]] ObjectRange partsOf(std::size_t entity) const;
     [[nodiscard]] QString decode(std::string_view value) const { return form_.encoding.decode(value); }
@@ -107,6 +113,7 @@ private:
     std::string_view currentVariable_;
     bool isObjectOpen_ = false;
     bool skipsTags_ = false;
+    bool isEmbedded_ = false;
 };
 
 } // namespace zu::picture

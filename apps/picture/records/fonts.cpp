@@ -4,6 +4,9 @@
 #include <QHash>
 #include <QStringList>
 
+#include <array>
+#include <string_view>
+
 namespace zu::picture {
 
 namespace {
@@ -28,6 +31,20 @@ const QHash<QString, QString>& families() {
     return known;
 }
 
+using Families = std::array<std::u16string_view, 8>;
+
+constexpr Families kColumnFamilies{u"ipagothic",  u"notosansmonocjkjp", u"msgothic",       u"ipaexgothic",
+                                   u"ipapgothic", u"notosanscjkjp",     u"dejavusansmono", u"dejavusans"};
+constexpr Families kFlowingFamilies{u"ipaexgothic", u"ipapgothic", u"notosanscjkjp",     u"mspgothic",
+                                    u"ipagothic",   u"msgothic",   u"notosansmonocjkjp", u"dejavusans"};
+
+QString firstInstalled(const Families& wanted) {
+    for (const std::u16string_view name : wanted)
+        if (const QString found = families().value(QStringView(name).toString()); !found.isEmpty())
+            return found;
+    return QStringLiteral("sans-serif");
+}
+
 } // namespace
 
 QString installedFamily(const QString& font) {
@@ -40,15 +57,10 @@ QString installedFamily(const QString& font) {
     return families().value(normalised(stem));
 }
 
-QString fallbackFamily() {
-    static const QString family = [] {
-        for (const char16_t* name : {u"ipagothic", u"notosansmonocjkjp", u"ipaexgothic", u"msgothic",
-                                     u"notosanscjkjp", u"dejavusansmono", u"dejavusans"})
-            if (const QString found = families().value(QString::fromUtf16(name)); !found.isEmpty())
-                return found;
-        return QStringLiteral("sans-serif");
-    }();
-    return family;
+QString fallbackFamily(bool inColumns) {
+    static const QString column = firstInstalled(kColumnFamilies);
+    static const QString flowing = firstInstalled(kFlowingFamilies);
+    return inColumns ? column : flowing;
 }
 
 } // namespace zu::picture

@@ -72,7 +72,28 @@ TextStyle readTextStyle(const Records& records) {
     style.oblique = records.real(50);
     style.height = records.real(40);
     style.generation = records.integer(71);
+    constexpr int kVertical = 4;
+    style.isVertical = (records.integer(70) & kVertical) != 0;
+    style.turnsLetters = style.font.startsWith(u'@');
     return style;
+}
+
+constexpr int kTextInLinetype = 2;
+constexpr int kShapeInLinetype = 4;
+
+LinetypeText linetypeText(const Records& figure, double at, const TextStyle& style) {
+    constexpr int kUpright = 1;
+    constexpr qsizetype kLongest = 100;
+    LinetypeText text;
+    text.at = at;
+    text.text = figure.text(9).left(kLongest);
+    text.style = &style;
+    text.height = figure.real(46, 1.0) * (style.height > 0.0 ? style.height : 1.0);
+    text.turn = std::fmod(figure.real(50), 360.0);
+    text.isUpright = (figure.integer(74) & kUpright) != 0;
+    text.along = figure.real(44);
+    text.aside = figure.real(45);
+    return text;
 }
 
 } // namespace
@@ -92,24 +113,37 @@ Styles::Styles(const Drawing& drawing) : drawing_(drawing) {
     linetypeScale_ = drawing.variable("$LTSCALE").real(40, 1.0);
     if (!(linetypeScale_ > 0.0))
         linetypeScale_ = 1.0;
+    readTextStyles(drawing);
     readLinetypes(drawing);
     readLayers(drawing);
-    readTextStyles(drawing);
 }
 
 void Styles::readLinetypes(const Drawing& drawing) {
     for (const std::size_t entry : drawing.entries("LTYPE")) {
         const Records records = drawing.records(entry);
-        Linetype type{records.reals(49)};
-        double length = 0.0;
-        for (const double dash : type.dashes)
-            length += std::abs(dash);
-        const bool hasGap =
-            std::any_of(type.dashes.begin(), type.dashes.end(), [](double d) { return d < 0.0; });
-        if (!(length > 0.0) || !std::isfinite(length) || !hasGap || type.dashes.size() > kMostDashes)
-            type.dashes.clear();
-        linetypes_.try_emplace(records.text(2).toUpper(), std::move(type));
+        linetypes_.try_emplace(records.text(2).toUpper(), readLinetype(records));
     }
+}
+
+/// Each dash, gap or dot (49) can be followed by a text or shape, which lies at its end.
+Linetype Styles::readLinetype(const Records& records) const {
+    Linetype type;
+    for (std::size_t at = records.position(49); at < records.size() && type.dashes.size() <= kMostDashes;) {
+        const std::size_t next = records.position(49, at + 1);
+        type.dashes.push_back(records.realAt(at));
+        type.length += std::abs(type.dashes.back());
+        const Records figure = records.part(at, next);
+        const int kind = figure.integer(74);
+        type.hasShapes = type.hasShapes || (kind & kShapeInLinetype) != 0;
+        if ((kind & kTextInLinetype) != 0)
+            type.texts.push_back(linetypeText(figure, type.length, textStyle(figure.handle(340))));
+        at = next;
+    }
+    if (!(type.length > 0.0) || !std::isfinite(type.length) || type.dashes.size() > kMostDashes)
+        return {};
+    if (std::none_of(type.dashes.begin(), type.dashes.end(), [](double dash) { return dash < 0.0; }))
+        type.dashes.clear();
+    return type;
 }
 
 void Styles::readLayers(const Drawing& drawing) {
@@ -147,7 +181,10 @@ const Layer& Styles::layer(std::string_view name) const {
 
 const Linetype* Styles::linetype(const QString& name) const {
     const auto found = linetypes_.find(name.toUpper());
-    return found == linetypes_.end() || found->second.dashes.empty() ? nullptr : &found->second;
+    if (found == linetypes_.end())
+        return nullptr;
+    const Linetype& type = found->second;
+    return type.dashes.empty() && type.texts.empty() && !type.hasShapes ? nullptr : &type;
 }
 
 const TextStyle& Styles::textStyle(const QString& name) const {

@@ -9,8 +9,25 @@
 
 namespace zu::picture {
 
+struct TextStyle;
+
+/// A text that a linetype repeats along a line, without the linetype's scale.
+struct LinetypeText {
+    double at = 0.0; ///< Along the pattern.
+    QString text;
+    const TextStyle* style = nullptr;
+    double height = 0.0;
+    double turn = 0.0;      ///< Degrees.
+    bool isUpright = false; ///< Turned from the x axis, not from the line.
+    double along = 0.0;     ///< Its start from `at`, in the direction of the line.
+    double aside = 0.0;
+};
+
 struct Linetype {
     std::vector<double> dashes; ///< As in Shape, without any scale; empty for continuous.
+    std::vector<LinetypeText> texts;
+    double length = 0.0;    ///< Of the pattern; 0 when there is nothing to repeat.
+    bool hasShapes = false; ///< Of a shape font.
 };
 
 struct Layer {
@@ -32,9 +49,11 @@ struct TextStyle {
     bool italic = false;
     bool onGrid = false; ///< See TextRun.
     double width = 1.0;
-    double oblique = 0.0; ///< Degrees.
-    double height = 0.0;  ///< 0 when texts have their own.
-    int generation = 0;   ///< 2 backward, 4 upside down.
+    double oblique = 0.0;      ///< Degrees.
+    double height = 0.0;       ///< 0 when texts have their own.
+    int generation = 0;        ///< 2 backward, 4 upside down.
+    bool isVertical = false;   ///< Letters stand below each other.
+    bool turnsLetters = false; ///< Full-width letters lie on their left side, for vertical lines.
 };
 
 /// The tables of a drawing as a renderer uses them. Names are compared without regard to case.
@@ -55,6 +74,7 @@ public:
 
 private:
     void readLinetypes(const Drawing& drawing);
+    [[nodiscard]] Linetype readLinetype(const Records& records) const;
     void readLayers(const Drawing& drawing);
     void readTextStyles(const Drawing& drawing);
 

@@ -35,4 +35,7 @@ Outcome buildImage(Canvas& canvas, const Entity& entity);
 Outcome buildUnderlay(Canvas& canvas, const Entity& entity);
 Outcome buildViewport(Canvas& canvas, const Entity& entity);
 
+/// Draws an attribute definition's text in a reference that holds the value.
+Outcome drawValue(Canvas& canvas, const Entity& definition, const QString& value);
+
 } // namespace zu::picture

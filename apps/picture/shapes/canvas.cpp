@@ -1,9 +1,12 @@
 #include "shapes/canvas.h"
 
+#include "shapes/letters.h"
+#include "shapes/linetype_texts.h"
 #include "text_outline.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace zu::picture {
 
@@ -72,6 +75,7 @@ void Canvas::emitShape(const Entity& entity, Shape::Kind kind, const QRectF& box
     shape_.lineWeight = entity.look.lineWeight;
     const bool hasDashes = kind == Shape::Kind::stroke;
     const Linetype* const linetype = hasDashes ? entity.look.linetype : nullptr;
+    lacksShapes_ = lacksShapes_ || (linetype != nullptr && linetype->hasShapes);
     if (recorded_ == nullptr) {
         deliver(linetype, entity.look.linetypeScale, box);
         return;
@@ -88,10 +92,40 @@ void Canvas::deliver(const Linetype* linetype, double linetypeScale, const QRect
         deliverSpeck(box);
         return;
     }
-    if (linetype != nullptr)
-        setDashes(*linetype, linetypeScale);
-    if (!sink_(shape_))
-        isStopped_ = true;
+    if (linetype == nullptr) {
+        isStopped_ = !sink_(shape_);
+        return;
+    }
+    const double scale = linetypeScale * styles_.linetypeScale();
+    setDashes(*linetype, scale);
+    isStopped_ = !sink_(shape_) || isStopped_;
+    if (!linetype->texts.empty() && !isMeasuring())
+        deliverTexts(*linetype, scale);
+}
+
+/// As many as along a line with dashes; none that are too small to see.
+void Canvas::deliverTexts(const Linetype& linetype, double scale) {
+    const double period = std::abs(linetype.length * scale);
+    const double repeats = period > 0.0 ? lengthOf(shape_.path) / period : INFINITY;
+    if (!(repeats * static_cast<double>(linetype.texts.size()) < kMostDashesPerShape))
+        return;
+    const QPainterPath line = std::exchange(shape_.path, {});
+    shape_.kind = Shape::Kind::text;
+    shape_.dashes.clear();
+    for (const LinetypeText& text : linetype.texts) {
+        const QString& letters = text.text;
+        if (letters.trimmed().isEmpty() || !(std::abs(text.height * scale) >= options_.resolution))
+            continue;
+        shape_.run = runOf(letters, *text.style);
+        for (const QTransform& place : placesAlong(line, text, scale, period)) {
+            if (!take(kWorkPerLetter * static_cast<std::uint64_t>(letters.size())))
+                return;
+            shape_.run.place = place;
+            if (!sink_(shape_))
+                isStopped_ = true;
+        }
+    }
+    shape_.run = {};
 }
 
 /// Letters are illegible when they are low, however long the text is.
@@ -120,8 +154,7 @@ void Canvas::deliverSpeck(const QRectF& box) {
 }
 
 /// A line with too many dashes to see them is drawn continuous.
-void Canvas::setDashes(const Linetype& linetype, double linetypeScale) {
-    const double scale = linetypeScale * styles_.linetypeScale();
+void Canvas::setDashes(const Linetype& linetype, double scale) {
     double pattern = 0.0;
     for (const double dash : linetype.dashes) {
         shape_.dashes.push_back(dash * scale);
@@ -252,6 +285,17 @@ Outcome Canvas::block(const Entity& entity, const Block& block, const AcGeMatrix
     }
     blocks_.pop_back();
     return kDrawn;
+}
+
+void Canvas::within(const Entity& entity, const Block& block, const AcGeMatrix3d& placement,
+                    const std::function<void(const Entity&)>& draw) {
+    const Inherited restored(*this);
+    toWorld_ = toWorld_ * placement * AcGeMatrix3d::translation(-block.base.asVector());
+    around_ = entity.look;
+    for (std::size_t i = block.objects.first; i < block.objects.last && take(kWorkPerEntity);
+         i = drawing_.partsOf(i).last)
+        if (const Entity inner = entityOf(i); hiddenBy(inner).empty())
+            draw(inner);
 }
 
 void Canvas::drawContents(const Block& block) {
@@ -445,21 +489,28 @@ Outcome Canvas::hiddenBy(const Entity& entity) const {
     return {};
 }
 
+Entity Canvas::entityOf(std::size_t index) const {
+    const Records records = drawing_.records(index);
+    return {index, drawing_.object(index).type, records, lookOf(records)};
+}
+
 void Canvas::draw(std::size_t index) {
     const Object& object = drawing_.object(index);
     if (object.type == "SEQEND" || !take(kWorkPerEntity))
         return;
-    const Records records = drawing_.records(index);
-    const Entity entity{index, object.type, records, lookOf(records)};
+    const Entity entity = entityOf(index);
     Outcome outcome = hiddenBy(entity);
     if (outcome.empty()) {
         const Builder builder = builderOf(object.type);
-        const bool wasOutOfRange = isOutOfRange_;
-        isOutOfRange_ = false;
+        const bool wasOutOfRange = std::exchange(isOutOfRange_, false);
+        const bool lackedShapes = std::exchange(lacksShapes_, false);
         outcome = builder != nullptr ? builder(*this, entity) : "pictures do not support its type";
         if (isOutOfRange_ && outcome.empty())
             outcome = "its coordinates are out of range";
+        if (lacksShapes_ && outcome.empty())
+            outcome = "its linetype has shapes of a font that is not available: only its dashes are drawn";
         isOutOfRange_ = wasOutOfRange;
+        lacksShapes_ = lackedShapes;
     }
     count(index, outcome);
 }

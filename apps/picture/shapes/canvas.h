@@ -64,6 +64,9 @@ public:
 
     /// Draws the contents of a block with its base point at the origin of `placement`.
     Outcome block(const Entity& entity, const Block& block, const AcGeMatrix3d& placement);
+    /// Calls `draw` with each entity of a block that shows, placed as by block().
+    void within(const Entity& entity, const Block& block, const AcGeMatrix3d& placement,
+                const std::function<void(const Entity&)>& draw);
     /// Draws entities as they are, in a space that `placement` transforms, within a clip.
     void space(const std::vector<std::size_t>& entities, const AcGeMatrix3d& placement, const QRectF& clip,
                const std::vector<std::uint64_t>& frozenLayers);
@@ -95,8 +98,10 @@ private:
     void emitShape(const Entity& entity, Shape::Kind kind, const QRectF& box);
     void setDashes(const Linetype& linetype, double scale);
     void deliver(const Linetype* linetype, double linetypeScale, const QRectF& box);
+    void deliverTexts(const Linetype& linetype, double scale);
     [[nodiscard]] bool isSpeck(const QRectF& box) const;
     void deliverSpeck(const QRectF& box);
+    [[nodiscard]] Entity entityOf(std::size_t index) const;
     const BlockPicture* pictureOf(const Entity& entity, const Block& block);
     void drawContents(const Block& block);
     void drawPicture(const BlockPicture& picture, const QTransform& place);
@@ -117,6 +122,7 @@ private:
     bool isStopped_ = false;
     bool isTooMuch_ = false;
     bool isOutOfRange_ = false;
+    bool lacksShapes_ = false; ///< The current entity's linetype has shapes, which are not drawn.
     std::size_t current_ = 0;
     std::vector<bool> counted_;
     std::map<std::string, std::size_t> drawn_;

@@ -287,4 +287,18 @@ std::vector<AcGePoint3d> fitCurve(std::span<const AcGePoint3d> fit, bool closed,
     return points;
 }
 
+QList<QPolygonF> flattened(const QPainterPath& path) {
+    const QRectF box = path.controlPointRect();
+    const double size = std::max(box.width(), box.height());
+    if (!(size > 0.0))
+        return {};
+    QTransform enlarge = QTransform::fromScale(2000.0 / size, 2000.0 / size);
+    enlarge = QTransform::fromTranslate(-box.left(), -box.top()) * enlarge;
+    const QTransform back = enlarge.inverted();
+    QList<QPolygonF> polygons;
+    for (const QPolygonF& polygon : path.toSubpathPolygons(enlarge))
+        polygons += back.map(polygon);
+    return polygons;
+}
+
 } // namespace zu::picture

@@ -29,6 +29,10 @@ struct Vertex {
     double endWidth = 0.0;
 };
 
+/// Returns the parts of a path as polygons, not closed where the path is not. Chords are as fine as the path
+/// is large, whatever its unit.
+[[nodiscard]] QList<QPolygonF> flattened(const QPainterPath& path);
+
 [[nodiscard]] QPainterPath polylinePath(std::span<const Vertex> vertices, bool closed);
 
 /// Returns the areas of the segments that have a width; empty when none has.

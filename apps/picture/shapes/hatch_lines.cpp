@@ -1,6 +1,6 @@
 #include "shapes/hatch_lines.h"
 
-#include <QTransform>
+#include "shapes/curve_path.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,21 +12,6 @@ namespace {
 constexpr double kMostLines = 100'000.0;
 constexpr double kMostDashes = 100'000.0;
 constexpr int kElementsPerPath = 4'000;
-
-/// Chords are as fine as the area is large, whatever its unit.
-QList<QPolygonF> flattened(const QPainterPath& area) {
-    const QRectF box = area.controlPointRect();
-    const double size = std::max(box.width(), box.height());
-    if (!(size > 0.0))
-        return {};
-    QTransform enlarge = QTransform::fromScale(2000.0 / size, 2000.0 / size);
-    enlarge = QTransform::fromTranslate(-box.left(), -box.top()) * enlarge;
-    const QTransform back = enlarge.inverted();
-    QList<QPolygonF> polygons;
-    for (const QPolygonF& polygon : area.toSubpathPolygons(enlarge))
-        polygons += back.map(polygon);
-    return polygons;
-}
 
 /// Where a line crosses the border: its number and the place along it.
 struct Crossing {

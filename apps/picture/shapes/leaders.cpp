@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <numbers>
+#include <utility>
 
 namespace zu::picture {
 
@@ -190,6 +192,34 @@ AcGeMatrix3d placementOf(const Records& context) {
            AcGeMatrix3d::scaling(AcGeScale3d(scale.x, scale.y, scale.z));
 }
 
+/// The values of the attributes of a multileader's block, by the handles of their definitions.
+std::map<std::uint64_t, QString> attributesOf(const Records& records) {
+    std::map<std::uint64_t, QString> values;
+    std::uint64_t definition = 0;
+    for (std::size_t i = 0; i < records.size(); ++i)
+        if (records.code(i) == 330)
+            definition = records.handleAt(i);
+        else if (records.code(i) == 302 && definition != 0)
+            values.try_emplace(std::exchange(definition, 0), records.textAt(i));
+    return values;
+}
+
+Outcome drawBlock(Canvas& canvas, const Entity& entity, const Records& context, const Records& rest) {
+    const Block* const block = canvas.drawing().findBlock(context.handle(341));
+    if (block == nullptr)
+        return "its block is not in the drawing";
+    const AcGeMatrix3d placement = placementOf(context);
+    const Outcome outcome = canvas.block(entity, *block, placement);
+    const std::map<std::uint64_t, QString> values = attributesOf(rest);
+    if (outcome.empty() && !values.empty())
+        canvas.within(entity, *block, placement, [&](const Entity& definition) {
+            const auto value = values.find(definition.records.handle(5));
+            if (definition.type == "ATTDEF" && value != values.end())
+                drawValue(canvas, definition, value->second);
+        });
+    return outcome;
+}
+
 } // namespace
 
 /// MULTILEADER: its lines with arrows, its text or block.
@@ -205,8 +235,7 @@ Outcome buildMultileader(Canvas& canvas, const Entity& entity) {
     if (context.integer(290) != 0)
         drawNote(canvas, entity, context, context.text(304));
     if (context.integer(296) != 0)
-        if (const Block* const block = canvas.drawing().findBlock(context.handle(341)))
-            return canvas.block(entity, *block, placementOf(context));
+        return drawBlock(canvas, entity, context, rest);
     return context.size() == 0 ? "it has no contents" : kDrawn;
 }
 

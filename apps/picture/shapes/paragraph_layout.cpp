@@ -25,6 +25,7 @@ struct Line {
     double width = 0.0; ///< Without blanks at the end.
     double indent = 0.0;
     char align = '\0';
+    bool endsColumn = false;
 };
 
 double widthOf(const QString& text, const TextFormat& format) {
@@ -71,7 +72,9 @@ public:
         for (const FormattedPiece& piece : pieces) {
             if (lines_.back().atoms.empty())
                 lines_.back().align = piece.paragraph.align;
-            if (piece.kind == FormattedPiece::Kind::lineEnd) {
+            const bool endsColumn = piece.kind == FormattedPiece::Kind::columnEnd;
+            if (endsColumn || piece.kind == FormattedPiece::Kind::lineEnd) {
+                lines_.back().endsColumn = endsColumn;
                 lines_.back().atoms.push_back({piece, 0.0, true}); // an empty line is as high as its format
                 startLine(piece.paragraph, true);
             } else if (piece.kind == FormattedPiece::Kind::letters) {
@@ -221,13 +224,57 @@ private:
     PlacedText& result_;
 };
 
-/// Where a line begins, from the attachment point.
-double leftOf(const Line& line, int column, double width, double widest) {
-    // Lines align within the width, when there is one; it lies at the attachment point as the text does.
-    const double box = width > 0.0 ? width : widest;
-    const double boxLeft = -box * column / 2.0;
+/// Where a line lies: its column, and its baseline below the top of that.
+struct Slot {
+    std::size_t column = 0;
+    double down = 0.0;
+};
+
+/// Fills the columns one after the other. A line ends up in the last one, however long that becomes.
+class ColumnFiller {
+public:
+    explicit ColumnFiller(const Paragraphs& paragraphs) : paragraphs_(paragraphs) {}
+
+    Slot add(const Line& line) {
+        const double usual = paragraphs_.format.height;
+        const double height = heightOf(line, usual);
+        const double step =
+            (paragraphs_.exactSpacing ? usual : height) * kLineDistance * paragraphs_.lineSpacing;
+        const bool isFull = !isEmpty_ && limit() > 0.0 && last_.down + step > limit() * (1.0 + 1e-6);
+        if ((isFull || isEnded_) && hasNext())
+            last_ = {last_.column + 1, height};
+        else
+            last_.down += isEmpty_ ? height : step;
+        isEmpty_ = false;
+        isEnded_ = line.endsColumn;
+        lowest_ = std::max(lowest_, last_.down);
+        return last_;
+    }
+
+    [[nodiscard]] std::size_t count() const { return std::max(last_.column + 1, paragraphs_.columns.count); }
+    [[nodiscard]] double height() const { return lowest_; }
+
+private:
+    [[nodiscard]] bool hasNext() const {
+        const std::size_t count = paragraphs_.columns.count;
+        return count == 0 || last_.column + 1 < count;
+    }
+    [[nodiscard]] double limit() const {
+        const std::vector<double>& heights = paragraphs_.columns.heights;
+        return heights.empty() ? 0.0 : heights[std::min(last_.column, heights.size() - 1)];
+    }
+
+    const Paragraphs& paragraphs_;
+    Slot last_;
+    bool isEmpty_ = true;
+    bool isEnded_ = false;
+    double lowest_ = 0.0;
+};
+
+/// Where a line begins, from the left side of its column.
+double leftOf(const Line& line, int column, double box) {
     const int align = line.align == 'l' ? 0 : line.align == 'c' ? 1 : line.align == 'r' ? 2 : column;
-    return boxLeft + (box - line.width - line.indent) * align / 2.0;
+    return (box - line.width - line.indent) * align / 2.0;
 }
 
 } // namespace
@@ -236,26 +283,26 @@ PlacedText layOut(const Paragraphs& paragraphs) {
     PlacedText result;
     const std::vector<FormattedPiece> pieces = ParagraphParser(paragraphs.text, paragraphs.format).run();
     const std::vector<Line> lines = LineBreaker(paragraphs.width).run(pieces);
-    const double usual = paragraphs.format.height;
-    std::vector<double> baselines;
-    double down = 0.0;
-    double widest = 0.0;
+    ColumnFiller filler(paragraphs);
+    std::vector<Slot> places;
     for (const Line& line : lines) {
-        const double height = heightOf(line, usual);
-        const double step =
-            (paragraphs.exactSpacing ? usual : height) * kLineDistance * paragraphs.lineSpacing;
-        down += baselines.empty() ? height : step;
-        baselines.push_back(-down);
-        widest = std::max(widest, line.width + line.indent);
+        places.push_back(filler.add(line));
+        result.width = std::max(result.width, line.width + line.indent);
     }
+    result.height = filler.height();
     const int place = std::clamp(paragraphs.attachment, 1, 9) - 1;
-    const double lift = place / 3 == 0 ? 0.0 : place / 3 == 1 ? down / 2.0 : down;
+    const double lift = result.height * (place / 3) / 2.0;
+    // Lines align within the width, when there is one; it lies at the attachment point as the text does.
+    const double box = paragraphs.width > 0.0 ? paragraphs.width : result.width;
+    const double distance = paragraphs.columns.distance;
+    const double all = distance * static_cast<double>(filler.count() - 1) + box;
     Placer placer(result);
-    for (std::size_t i = 0; i < lines.size(); ++i)
-        placer.placeLine(lines[i], leftOf(lines[i], place % 3, paragraphs.width, widest),
-                         baselines[i] + lift);
-    result.width = widest;
-    result.height = down;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const std::size_t column =
+            paragraphs.columns.isReversed ? filler.count() - 1 - places[i].column : places[i].column;
+        const double left = distance * static_cast<double>(column) - all * (place % 3) / 2.0;
+        placer.placeLine(lines[i], left + leftOf(lines[i], place % 3, box), lift - places[i].down);
+    }
     return result;
 }
 

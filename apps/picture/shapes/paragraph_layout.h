@@ -6,6 +6,14 @@
 
 namespace zu::picture {
 
+/// Columns side by side that a text flows through.
+struct TextColumns {
+    std::size_t count = 1;       ///< 0 for as many as are needed.
+    double distance = 0.0;       ///< From the start of a column to that of the next.
+    std::vector<double> heights; ///< 0 for no limit; the last stands for all after it.
+    bool isReversed = false;     ///< The first column is on the right.
+};
+
 /// A multi-line text to lay out; distances in drawing units.
 struct Paragraphs {
     QString text; ///< With format codes.
@@ -14,6 +22,7 @@ struct Paragraphs {
     int attachment = 1;        ///< 1 to 9, row by row from top left to bottom right.
     double lineSpacing = 1.0;  ///< A factor.
     bool exactSpacing = false; ///< By the height of the text, not by the highest letters of each line.
+    TextColumns columns;       ///< Each as wide as `width`.
 };
 
 /// A run of letters in place: the attachment point is the origin, x along the lines, y upwards.

@@ -87,8 +87,10 @@ void ParagraphParser::readCode(QChar code) {
     switch (code.unicode()) {
     case u'P':
     case u'X':
-    case u'N': // the next column, which follows below
         add(FormattedPiece::Kind::lineEnd);
+        break;
+    case u'N':
+        add(FormattedPiece::Kind::columnEnd);
         break;
     case u'L':
     case u'l':

@@ -32,7 +32,7 @@ struct ParagraphFormat {
 };
 
 struct FormattedPiece {
-    enum class Kind { letters, tab, lineEnd, stack };
+    enum class Kind { letters, tab, lineEnd, columnEnd, stack };
 
     Kind kind = Kind::letters;
     QString text;

@@ -23,6 +23,35 @@ AcGeVector3d directionOf(const Records& records, const AcGeVector3d& normal) {
     return AcGeMatrix3d::planeToWorld(normal) * AcGeVector3d(std::cos(turn), std::sin(turn), 0.0);
 }
 
+/// The columns of a text by its embedded object; those of older drawings are texts of their own.
+void readColumns(const Records& embedded, Paragraphs& paragraphs) {
+    constexpr int kDynamic = 2;
+    constexpr int kMost = 1000;
+    const int type = embedded.integer(71);
+    const double width = embedded.real(44);
+    if (type == 0 || !(width > 0.0))
+        return;
+    const bool isAutomatic = type == kDynamic && embedded.integer(73) != 0;
+    TextColumns& columns = paragraphs.columns;
+    paragraphs.width = width;
+    columns.count = isAutomatic ? 0U : static_cast<std::size_t>(std::clamp(embedded.integer(72), 0, kMost));
+    columns.distance = width + embedded.real(45);
+    columns.isReversed = embedded.integer(74) != 0;
+    columns.heights = embedded.reals(46);
+    if (isAutomatic || columns.heights.empty())
+        columns.heights = {embedded.real(41)};
+}
+
+/// The texts of vertical lines are drawn in horizontal ones.
+Outcome outcomeOf(const Records& records, const TextStyle& style) {
+    constexpr int kDownwards = 3;
+    constexpr int kByStyle = 5;
+    const int flow = records.integer(72, 1);
+    if (flow == kDownwards || (flow == kByStyle && style.isVertical))
+        return "its vertical lines are drawn horizontally";
+    return style.turnsLetters ? "the letters of its @ font are drawn upright" : kDrawn;
+}
+
 } // namespace
 
 TextFormat formatOf(const TextStyle& style, double height) {
@@ -67,6 +96,7 @@ Outcome buildParagraph(Canvas& canvas, const Entity& entity) {
     const Records own = entity.records.subclass("AcDbMText");
     const Records& records = own.size() > 0 ? own : entity.records;
     const TextStyle& style = canvas.styles().textStyle(records.text(7));
+    const Outcome outcome = outcomeOf(records, style);
     Paragraphs paragraphs;
     paragraphs.text = joinedText(canvas, records, 3, 1);
     const double height = records.real(40, style.height);
@@ -82,6 +112,7 @@ Outcome buildParagraph(Canvas& canvas, const Entity& entity) {
     constexpr int kExactly = 2;
     paragraphs.exactSpacing = records.integer(73, 1) == kExactly;
     paragraphs.lineSpacing = records.real(44, 1.0);
+    readColumns(canvas.drawing().embedded(entity.index), paragraphs);
     const AcGeVector3d given = records.point(210, {0.0, 0.0, 1.0}).asVector();
     const AcGeVector3d normal = given.isZeroLength() ? AcGeVector3d::kZAxis : given.normal();
     AcGeVector3d along = directionOf(records, normal).normal();
@@ -94,7 +125,7 @@ Outcome buildParagraph(Canvas& canvas, const Entity& entity) {
     const QPointF y = canvas.worldPoint(origin + up) - place;
     const QTransform toWorld(x.x(), x.y(), y.x(), y.y(), place.x(), place.y());
     drawPlaced(canvas, entity, layOut(paragraphs), {}, toWorld);
-    return kDrawn;
+    return outcome;
 }
 
 } // namespace zu::picture

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <string_view>
 
 namespace zu::picture {
 
@@ -90,6 +91,55 @@ void drawMarks(Canvas& canvas, const Entity& entity, const TextRun& run, const s
     canvas.stroke(entity, path, run.place * toWorld);
 }
 
+/// Letters that lie on their side in vertical lines: long vowels, brackets, dashes.
+bool isTurnedInColumns(char32_t letter) {
+    constexpr std::u32string_view kTurned = U"ー－～〜…‥—―-()[]{}<>（）［］｛｝＜＞「」『』【】〔〕〈〉《》";
+    return kTurned.find(letter) != std::u32string_view::npos;
+}
+
+/// The letters below each other, each in the middle of a square cell; the text's place is the top of the
+/// first, its middle or the bottom of the last.
+void drawColumn(Canvas& canvas, const Entity& entity, const QString& text, const TextStyle& style,
+                const QTransform& toWorld) {
+    const Records& records = entity.records;
+    const std::u32string letters = text.toStdU32String();
+    const double cell = advanceOf(QChar(0x4E00), style.family, style.bold, style.italic, style.onGrid);
+    const int horizontal = records.integer(72);
+    const AcGePoint3d first = records.point(10);
+    const AcGePoint3d at = horizontal != Horizontal::left ? records.point(11, first) : first;
+    QTransform column = QTransform::fromTranslate(at.x, at.y);
+    column.rotate(std::fmod(records.real(50), 360.0));
+    column.scale(records.real(40), records.real(40));
+    column.translate(0.0, -startShift(horizontal, cell * static_cast<double>(letters.size())));
+    for (std::size_t i = 0; i < letters.size(); ++i) {
+        TextRun run = runOf(QString::fromUcs4(&letters[i], 1), style);
+        QTransform place = QTransform::fromTranslate(0.0, -cell * (static_cast<double>(i) + 0.5)) * column;
+        if (isTurnedInColumns(letters[i]))
+            place.rotate(-90.0);
+        place.scale(records.real(41, 1.0), 1.0);
+        place.translate(-run.width / 2.0, -0.5);
+        run.place = slant(records.real(51)) * place;
+        canvas.text(entity, std::move(run), toWorld);
+    }
+}
+
+/// Full-width letters lie on their left side.
+void drawTurned(Canvas& canvas, const Entity& entity, const TextRun& whole, const TextStyle& style,
+                const QTransform& toWorld) {
+    const double cell = advanceOf(QChar(0x4E00), style.family, style.bold, style.italic, style.onGrid);
+    double left = 0.0;
+    for (const char32_t letter : whole.text.toStdU32String()) {
+        TextRun run = runOf(QString::fromUcs4(&letter, 1), style);
+        QTransform place = QTransform::fromTranslate(left + run.width / 2.0, 0.5);
+        if (run.width > 0.9 * cell)
+            place.rotate(90.0);
+        place.translate(-run.width / 2.0, -0.5);
+        left += run.width;
+        run.place = place * whole.place;
+        canvas.text(entity, std::move(run), toWorld);
+    }
+}
+
 Outcome drawText(Canvas& canvas, const Entity& entity, const QString& contents, int vertical) {
     const Records& records = entity.records;
     const CodedText coded = resolveCodes(contents.left(kLongestText));
@@ -97,14 +147,22 @@ Outcome drawText(Canvas& canvas, const Entity& entity, const QString& contents, 
         return "it has no text";
     if (!(records.real(40) > 0.0))
         return "its height is not positive";
-    TextRun run = runOf(coded.text, canvas.styles().textStyle(records.text(7)));
-    run.place = placeOf(records, run.width, vertical);
+    const TextStyle& style = canvas.styles().textStyle(records.text(7));
     const QTransform toWorld = canvas.planeOf(entity, records.point(10).z);
     Entity plain = entity;
     plain.look.linetype = nullptr;
+    if (style.isVertical) {
+        drawColumn(canvas, plain, coded.text, style, toWorld);
+        return kDrawn;
+    }
+    TextRun run = runOf(coded.text, style);
+    run.place = placeOf(records, run.width, vertical);
     drawMarks(canvas, plain, run, coded.underlined, -0.25, toWorld);
     drawMarks(canvas, plain, run, coded.overlined, 1.25, toWorld);
-    canvas.text(plain, std::move(run), toWorld);
+    if (style.turnsLetters)
+        drawTurned(canvas, plain, run, style, toWorld);
+    else
+        canvas.text(plain, std::move(run), toWorld);
     return kDrawn;
 }
 
@@ -132,6 +190,12 @@ Outcome buildDefinition(Canvas& canvas, const Entity& entity) {
     if (canvas.isInBlock() && !isConstant)
         return kNoGraphics;
     return drawText(canvas, entity, entity.records.text(isConstant ? 1 : 2), entity.records.integer(74));
+}
+
+Outcome drawValue(Canvas& canvas, const Entity& definition, const QString& value) {
+    if ((definition.records.integer(70) & kInvisible) != 0)
+        return "it is an invisible attribute";
+    return drawText(canvas, definition, value, definition.records.integer(74));
 }
 
 Outcome buildShapeFile(Canvas& /*canvas*/, const Entity& /*entity*/) {
