@@ -123,7 +123,9 @@ Preview previewOf(const std::string& part, const std::string& file, int width,
     const double thinnest = std::clamp(width / 800.0, 0.6, 1.0);
     preview.bytes = paintInto(file, size, theme, [&](picture::PageCanvas& canvas) {
         picture::ShapePainter painter(canvas, fitInto(size, preview.extents.box), QRectF({}, size));
-        picture::produceShapes(*drawing, {}, [&](const picture::Shape& shape) {
+        picture::SceneOptions scene;
+        scene.resolution = painter.resolution();
+        picture::produceShapes(*drawing, scene, [&](const picture::Shape& shape) {
             painter.paint(shape, {theme.colourOf(shape.colour), thinnest});
             return true;
         });

@@ -23,12 +23,15 @@ namespace {
 
 /// Page units for one pixel of the map of what is drawn, by which labels are placed.
 constexpr double kInkCell = 4.0;
+/// Any halo: text then takes its whole box, in which no label is placed.
+constexpr double kTextHalo = 1.0;
 // Widths of pictures, and heights of capitals in them.
 constexpr double kSmallPicture = 360.0;
 constexpr double kMiddlePicture = 800.0;
 constexpr double kSmallCapitals = 6.5;
 constexpr double kCapitals = 8.0;
 constexpr double kLegendCapitals = 10.0;
+constexpr double kReadable = 4.5;
 constexpr double kHaloWidth = 4.0;
 constexpr double kDanglingDistance = 100.0;
 constexpr double kElementDistance = 30.0;
@@ -283,8 +286,11 @@ void PlanComposition::placeLabels() {
     {
         picture::PainterCanvas canvas(painter, picture::Letters::areas);
         picture::ShapePainter shapes(canvas, page_.toPage, page_.plan);
-        picture::produceShapes(*drawing_, scene({}), [&shapes](const picture::Shape& shape) {
-            shapes.paint(shape, {Qt::white, kInkCell});
+        picture::SceneOptions options = scene({});
+        options.resolution = shapes.resolution();
+        picture::produceShapes(*drawing_, options, [&shapes](const picture::Shape& shape) {
+            const bool isText = shape.kind == picture::Shape::Kind::text;
+            shapes.paint(shape, {Qt::white, kInkCell, isText ? kTextHalo : 0.0});
             return true;
         });
     }
@@ -305,21 +311,29 @@ void PlanComposition::reportUnplaced(std::size_t labels) {
                                   " labels have no room: enlarge the picture or show a part with --window");
 }
 
-/// Equipment whose block has no text gets its name.
+/// Equipment gets its name when its block has no text, and its text when that is too small to read.
 void PlanComposition::addEquipmentNames() {
     struct Seen {
         QPolygonF corners;
-        bool hasText = false;
+        QString text;          ///< The largest.
+        double capitals = 0.0; ///< Its height on the page.
     };
     std::unordered_map<std::uint64_t, Seen> seen;
     const Filter isEquipment = [this](const picture::EntityInfo& entity) {
         const PlanElement* const element = elements_.find(entity.handle);
         return element != nullptr && element->code == zucomn::kEquipment;
     };
-    picture::produceShapes(*drawing_, scene(isEquipment), [&seen](const picture::Shape& shape) {
+    picture::produceShapes(*drawing_, scene(isEquipment), [&](const picture::Shape& shape) {
         Seen& equipment = seen[shape.source];
-        equipment.hasText = equipment.hasText || shape.kind == picture::Shape::Kind::text;
-        const QRectF box = shape.path.controlPointRect();
+        const bool isText = shape.kind == picture::Shape::Kind::text;
+        if (isText) {
+            const QTransform& place = shape.run.place;
+            const double capitals = std::hypot(place.m21(), place.m22()) / page_.scale;
+            if (capitals > equipment.capitals)
+                equipment = {equipment.corners, shape.run.text.trimmed(), capitals};
+        }
+        const QRectF box =
+            isText ? picture::cornersOf(shape.run).boundingRect() : shape.path.controlPointRect();
         equipment.corners << box.topLeft() << box.bottomRight();
         equipment.corners = QPolygonF(
             {equipment.corners.boundingRect().topLeft(), equipment.corners.boundingRect().bottomRight()});
@@ -327,12 +341,12 @@ void PlanComposition::addEquipmentNames() {
     });
     for (const PlanElement& element : elements_.all()) {
         const auto found = seen.find(element.handle);
-        if (found == seen.end() || found->second.hasText)
+        if (found == seen.end() || found->second.capitals >= kReadable)
             continue;
         const QRectF box = page_.toPage.mapRect(found->second.corners.boundingRect());
         if (isInSight(box.center()))
-            labels_->add(elementName(element.id), box.center(), box.size() / 2.0, inks_.ofElement(element),
-                         kElementDistance);
+            labels_->add(found->second.text.isEmpty() ? elementName(element.id) : found->second.text,
+                         box.center(), box.size() / 2.0, inks_.ofElement(element), kElementDistance);
     }
 }
 
@@ -391,7 +405,11 @@ void PlanComposition::paintDrawing(picture::PageCanvas& canvas) const {
 }
 
 void PlanComposition::paintEntities(picture::ShapePainter& painter, const Filter& filter) const {
-    picture::produceShapes(*drawing_, scene(filter), [&](const picture::Shape& shape) {
+    picture::SceneOptions options = scene(filter);
+    // What is too small to see counts by its place and colour; a caller's colours are not those of shapes.
+    if (options_.colours.empty())
+        options.resolution = painter.resolution();
+    picture::produceShapes(*drawing_, options, [&](const picture::Shape& shape) {
         painter.paint(shape, inks_.inkOf(shape));
         return true;
     });

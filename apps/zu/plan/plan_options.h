@@ -21,7 +21,7 @@ enum class PlanTheme { light, dark };
 
 /// What is written beside the elements of a plan.
 enum class PlanLabelKind {
-    automatic, ///< Names of equipment without a text in its block, handles of elements that join nothing.
+    automatic, ///< Names of equipment without a legible text, handles of elements that join nothing.
     none,
     handles, ///< Of every route element.
     names,   ///< The block's name without its element prefix.
