@@ -27,6 +27,7 @@ enum class ValueFault {
     lineEnd,     ///< It contains a line end.
     placeholder, ///< It is "*各種*", which is shown in place of values that differ.
 };
+/// Returns the first of these reasons that applies to a text, `none` when it can be stored.
 [[nodiscard]] ZUCOMN_API ValueFault valueFault(std::wstring_view value);
 
 /// A value to write under an attribute id such as "S401". A value with a fault is not written.

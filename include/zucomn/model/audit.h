@@ -14,6 +14,7 @@ class AcDbDatabase;
 
 namespace zucomn {
 
+/// What can be wrong with routes.
 enum class RouteFault {
     emptyGroup,      ///< A group without members.
     membership,      ///< An element in several route groups of one kind.
@@ -28,13 +29,14 @@ enum class RouteFault {
     heightMismatch,  ///< Joined elements at different heights.
     unreached,       ///< Elements of a route group that no joint connects to the others.
 };
-inline constexpr std::size_t kRouteFaults = 12;
+inline constexpr std::size_t kRouteFaults = 12; ///< Number of values of RouteFault.
 
 /// Points that lie up to so many times the connection tolerance apart are a gap, not two open ends.
 inline constexpr double kGapReach = 10.0;
 /// Heights that differ by no more than this, in drawing units, are equal.
 inline constexpr double kHeightTolerance = 1.0;
 
+/// How certain it is that a finding is a fault.
 enum class Severity {
     warning, ///< To be looked at: it may be meant.
     error,   ///< Damaged, or contradicts itself.
@@ -42,6 +44,7 @@ enum class Severity {
 
 /// Returns the stable code of a fault, such as "open-end".
 [[nodiscard]] ZUCOMN_API std::wstring_view faultCode(RouteFault fault);
+/// Returns the severity that all findings of a fault have.
 [[nodiscard]] ZUCOMN_API Severity faultSeverity(RouteFault fault);
 
 /// Something wrong with the routes of a drawing.
