@@ -1,12 +1,10 @@
 #include "acutads.h"
 #include "rxdlinkr.h"
+#include "zuhost/search_folders.h"
 
 #include <windows.h>
-#include <zuhost/paths.h>
-#include <zuhost/platform/libraries.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <list>
 #include <string>
 #include <vector>
@@ -65,24 +63,13 @@ void removeApplication(const Application& application) {
     applications().remove_if([&](const Application& a) { return &a == &application; });
 }
 
-std::wstring folderOfProgram() {
-    std::wstring path(MAX_PATH * 16, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return path.substr(0, path.find_last_of(L'\\') + 1);
-}
-
-std::wstring folderOfHost() {
-    const std::string file =
-        zuhost::platform::fileOfAddress(reinterpret_cast<const void*>(&zuhost::dynamicLinker));
-    std::error_code error;
-    const auto folder = std::filesystem::absolute(file, error).parent_path();
-    return file.empty() || error ? std::wstring() : zuhost::hostPath(folder.string()) + L"\\";
-}
-
 HMODULE loadLibrary(const std::wstring& path) {
     std::vector<std::wstring> candidates{path};
-    if (fileName(path) == path)
-        candidates = {L".\\" + path, folderOfProgram() + path, folderOfHost() + path};
+    if (fileName(path) == path) {
+        candidates = zuhost::searchFolders();
+        for (std::wstring& candidate : candidates)
+            candidate += path;
+    }
     for (const std::wstring& candidate : candidates)
         if (const HMODULE module = LoadLibraryW(candidate.c_str()))
             return module;

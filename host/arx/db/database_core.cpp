@@ -5,7 +5,6 @@
 #include "dxf_records/number_text.h"
 #include "object_factory.h"
 
-#include <zuhost/character.h>
 #include <zuhost/text_codec.h>
 
 #include <algorithm>
@@ -32,12 +31,6 @@ void notifyAll(const std::vector<AcDbDatabaseReactor*>& reactors, Notification n
 }
 
 } // namespace
-
-std::wstring foldedName(std::wstring_view name) {
-    std::wstring folded(name);
-    std::transform(folded.begin(), folded.end(), folded.begin(), toUpper);
-    return folded;
-}
 
 DatabaseCore::DatabaseCore(AcDbDatabase& database) : self(database) {}
 
@@ -85,6 +78,17 @@ AcRxClass* DatabaseCore::classOf(const AcDbStub& stub) {
     if (stub.object != nullptr)
         return stub.object->isA();
     return ObjectBuilder::classOf(document->typeName(stub), document->tags(stub));
+}
+
+Acad::ErrorStatus DatabaseCore::replaceTags(AcDbObject& object, TagList tags) {
+    const Acad::ErrorStatus status = object.assertWriteEnabled();
+    if (status == Acad::eOk)
+        object.changingTags() = std::move(tags);
+    return status;
+}
+
+void DatabaseCore::initialise(AcDbObject& object, TagList tags) {
+    *object.tags_ = std::move(tags);
 }
 
 AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbStub* owner) {

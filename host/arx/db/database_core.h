@@ -4,6 +4,7 @@
 #include "dbmain.h"
 #include "drawing/document.h"
 #include "undo_log.h"
+#include "zuhost/folded_name.h"
 
 #include <map>
 #include <memory>
@@ -12,9 +13,6 @@
 #include <vector>
 
 namespace zuhost {
-
-/// Returns the form in which names are compared: in upper case.
-[[nodiscard]] std::wstring foldedName(std::wstring_view name);
 
 /// The state of a database beside its document: the objects built so far, indexes, reactors, undo log.
 struct DatabaseCore {
@@ -38,6 +36,11 @@ struct DatabaseCore {
     Acad::ErrorStatus open(AcDbStub& stub, AcDb::OpenMode mode, AcDbObject*& opened);
     /// Returns the class of the stub's object without building it.
     AcRxClass* classOf(const AcDbStub& stub);
+
+    /// Replaces the records of an object that is open for write, as one change.
+    static Acad::ErrorStatus replaceTags(AcDbObject& object, TagList tags);
+    /// Sets the records of a new object.
+    static void initialise(AcDbObject& object, TagList tags);
 
     /// Adds a new object to the container, takes ownership of it and leaves it open for write. The caller
     /// adds its entry to a dictionary or table.

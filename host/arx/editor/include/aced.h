@@ -2,6 +2,7 @@
 
 #include "acarray.h"
 #include "accmd.h"
+#include "acedads.h"
 #include "rxmfcapi.h"
 
 /// Notified of the commands that run. Names are in upper case.

@@ -8,13 +8,13 @@ class AcDbDatabase;
 
 namespace zuhost {
 
-/// Sets `value` to the variable of the drawing's header, named without "$": RTSTR (the caller frees the text),
-/// RTSHORT, RTLONG, RTREAL, RTPOINT or RT3DPOINT. A variable that the header lacks has its usual value. Returns false
-/// for an unknown one.
+/// Sets `value` to the variable of the drawing's header, named without "$": RTSTR (the caller frees the
+/// text), RTSHORT, RTLONG, RTREAL, RTPOINT or RT3DPOINT. A variable that the header lacks has its usual
+/// value. Returns false for an unknown one.
 bool headerVariable(const AcDbDatabase& database, std::wstring_view name, resbuf& value);
 
-/// Sets the variable, or adds it. Returns false, and changes nothing, for an unknown or read-only variable and for a
-/// value of another kind or beyond 16 bits. Undo does not restore it.
+/// Sets the variable, or adds it. Returns false, and changes nothing, for an unknown or read-only variable
+/// and for a value of another kind or beyond 16 bits. Undo does not restore it.
 bool setHeaderVariable(AcDbDatabase& database, std::wstring_view name, const resbuf& value);
 
 } // namespace zuhost

@@ -1,0 +1,230 @@
+#include "entity_change.h"
+
+#include "acdbads.h"
+#include "chain_records.h"
+#include "database_core.h"
+#include "dbents.h"
+#include "dbobjptr.h"
+#include "dbsymtb.h"
+#include "dxf_records/number_text.h"
+#include "entity_list.h"
+#include "zuhost/result_kind.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <memory>
+
+namespace zuhost {
+
+namespace {
+
+constexpr int kEntityName = -1;
+constexpr int kType = 0;
+constexpr int kLinetype = 6;
+constexpr int kLayer = 8;
+constexpr int kSubclass = 100;
+constexpr int kControl = 102;
+
+/// Returns whether lists leave the item as it is: the type, the markers of classes, application groups and
+/// what they hold between their brackets.
+class FixedItems {
+public:
+    bool isFixed(const ListItem& item) {
+        const bool wasInside = isInside_;
+        if (item.code == kControl)
+            isInside_ = item.records.front().value.starts_with('{');
+        return wasInside || item.code == kControl || item.code == kType || item.code == kSubclass ||
+               item.code == 5 || item.code == 105 || item.code == 330;
+    }
+
+private:
+    bool isInside_ = false;
+};
+
+/// Equal numbers and texts keep their stored form.
+bool isEqual(const Tag& stored, const Tag& given, const Document& document) {
+    if (stored.value == given.value)
+        return true;
+    switch (resultKind(stored.code)) {
+    case ResultKind::text:
+        return document.decode(stored.value) == document.decode(given.value);
+    case ResultKind::name:
+        return parseHandle(stored.value) == parseHandle(given.value);
+    case ResultKind::chunk:
+        return false;
+    default:
+        return parseReal(stored.value) == parseReal(given.value);
+    }
+}
+
+void setRecords(ListItem& item, const ListItem& given, const Document& document) {
+    for (std::size_t i = 0; i < item.records.size() && i < given.records.size(); ++i)
+        if (!isEqual(item.records[i], given.records[i], document))
+            item.records[i].value = given.records[i].value;
+}
+
+/// The items that a list sets, by code, in their order.
+class GivenItems {
+public:
+    explicit GivenItems(std::vector<ListItem> items) : items_(std::move(items)) {
+        FixedItems fixed;
+        for (std::size_t i = 0; i < items_.size(); ++i)
+            if (!fixed.isFixed(items_[i]))
+                byCode_[items_[i].code].places.push_back(i);
+    }
+
+    [[nodiscard]] bool hasCode(int code) const { return byCode_.contains(code); }
+    /// Returns the next unused item with the code; null when there is none.
+    const ListItem* next(int code, std::size_t& place) {
+        Code& items = byCode_.find(code)->second;
+        if (items.used == items.places.size())
+            return nullptr;
+        place = items.places[items.used++];
+        return &items_[place];
+    }
+    /// Returns the places of the items that are unused, in the list's order.
+    [[nodiscard]] std::vector<std::size_t> unused() const {
+        std::vector<std::size_t> places;
+        for (const auto& [code, items] : byCode_)
+            places.insert(places.end(), items.places.begin() + static_cast<std::ptrdiff_t>(items.used),
+                          items.places.end());
+        std::sort(places.begin(), places.end());
+        return places;
+    }
+    [[nodiscard]] const ListItem& operator[](std::size_t place) const { return items_[place]; }
+
+private:
+    struct Code {
+        std::vector<std::size_t> places;
+        std::size_t used = 0;
+    };
+    std::vector<ListItem> items_;
+    std::map<int, Code> byCode_;
+};
+
+/// An item of the changed entity, and where the list has it.
+struct Placed {
+    ListItem item;
+    std::size_t place = 0; ///< In the list, from 1; 0 for items that the list lacks.
+};
+
+/// Inserts the unused items after the ones that precede them in the list.
+std::vector<ListItem> withUnused(const std::vector<Placed>& kept, const GivenItems& given) {
+    const std::vector<std::size_t> unused = given.unused();
+    std::vector<ListItem> items;
+    std::size_t next = 0;
+    // Each unused item goes before the first kept one that follows it in the list.
+    for (const Placed& placed : kept) {
+        while (next < unused.size() && placed.place != 0 && unused[next] + 1 < placed.place)
+            items.push_back(given[unused[next++]]);
+        items.push_back(placed.item);
+    }
+    while (next < unused.size())
+        items.push_back(given[unused[next++]]);
+    return items;
+}
+
+TagList changedTags(const TagList& tags, GivenItems given, const Document& document) {
+    const std::size_t end = tags.extendedDataStart();
+    std::vector<Placed> kept;
+    FixedItems fixed;
+    for (ListItem& item : listItems(tags, {0, end})) {
+        if (fixed.isFixed(item) || !given.hasCode(item.code)) {
+            kept.push_back({std::move(item), 0});
+            continue;
+        }
+        std::size_t place = 0;
+        if (const ListItem* const value = given.next(item.code, place)) {
+            setRecords(item, *value, document);
+            kept.push_back({std::move(item), place + 1});
+        }
+    }
+    TagList changed;
+    changed.reserve(tags.size());
+    for (const ListItem& item : withUnused(kept, given))
+        for (const Tag& record : item.records)
+            changed.add(record.code, record.value);
+    for (std::size_t i = end; i < tags.size(); ++i)
+        changed.add(tags[i].code, tags[i].value);
+    return changed;
+}
+
+template <typename Record>
+bool hasRecord(AcDbObjectId table, const ACHAR* name) {
+    const AcDbObjectPointer<AcDbSymbolTable> records(table);
+    return records.openStatus() == Acad::eOk && records->has(name);
+}
+
+bool addLayer(AcDbDatabase& database, const ACHAR* name) {
+    const AcDbObjectPointer<AcDbLayerTable> table(database.layerTableId(), AcDb::kForWrite);
+    if (table.openStatus() != Acad::eOk)
+        return false;
+    auto record = std::make_unique<AcDbLayerTableRecord>();
+    if (record->setName(name) != Acad::eOk || table->add(record.get()) != Acad::eOk)
+        return false;
+    record.release()->close();
+    return true;
+}
+
+bool isFinite(const resbuf& item) {
+    const ResultKind kind = resultKind(item.restype);
+    if (kind == ResultKind::real)
+        return std::isfinite(item.resval.rreal);
+    return kind != ResultKind::point ||
+           (std::isfinite(item.resval.rpoint[0]) && std::isfinite(item.resval.rpoint[1]) &&
+            std::isfinite(item.resval.rpoint[2]));
+}
+
+bool isBuiltInLinetype(const ACHAR* name) {
+    const std::wstring folded = foldedName(name);
+    return folded == L"BYLAYER" || folded == L"BYBLOCK";
+}
+
+} // namespace
+
+bool prepareReferences(const resbuf* list, AcDbDatabase& database) {
+    for (const resbuf* item = list; item != nullptr; item = item->rbnext)
+        if (!isStorable(*item) || !isFinite(*item))
+            return false;
+    for (const resbuf* item = list; item != nullptr && item->restype != -3; item = item->rbnext) {
+        const ACHAR* const name =
+            resultKind(item->restype) == ResultKind::text ? item->resval.rstring : nullptr;
+        if (item->restype == kLinetype &&
+            (name == nullptr ||
+             (!isBuiltInLinetype(name) && !hasRecord<AcDbLinetypeTable>(database.linetypeTableId(), name))))
+            return false;
+        if (item->restype != kLayer)
+            continue;
+        if (name == nullptr || *name == L'\0')
+            return false;
+        if (!hasRecord<AcDbLayerTable>(database.layerTableId(), name) && !addLayer(database, name))
+            return false;
+    }
+    return true;
+}
+
+} // namespace zuhost
+
+int acdbEntMod(const resbuf* list) {
+    using namespace zuhost;
+    const resbuf* first = list;
+    while (first != nullptr && first->restype != kEntityName)
+        first = first->rbnext;
+    AcDbObjectId id;
+    if (first == nullptr || acdbGetObjectId(id, first->resval.rlname) != Acad::eOk)
+        return RTERROR;
+    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+    if (entity.openStatus() != Acad::eOk || !prepareReferences(list, *id.database()))
+        return RTERROR;
+    DatabaseCore& core = id.database()->core();
+    const std::string type(entity->tags().text(0, entity->tags().all()).value_or(""));
+    const resbuf* const data = extendedDataOf(list);
+    if (data != nullptr && entity->setXData(data) != Acad::eOk)
+        return RTERROR;
+    GivenItems given(listItems(list, core, hasPlanePoints(type)));
+    TagList changed = changedTags(entity->tags(), std::move(given), *core.document);
+    if (changed == entity->tags())
+        return RTNORM;
+    return DatabaseCore::replaceTags(*entity.object(), std::move(changed)) == Acad::eOk ? RTNORM : RTERROR;
+}

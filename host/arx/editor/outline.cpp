@@ -1,0 +1,260 @@
+#include "outline.h"
+
+#include "dbents.h"
+#include "dbobjptr.h"
+#include "dbsymtb.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <numbers>
+
+namespace zuhost {
+
+namespace {
+
+constexpr double kTurn = 2.0 * std::numbers::pi;
+constexpr int kChordsPerTurn = 96;
+constexpr int kDeepest = 16;
+/// Limits what nested blocks expand to, which grows exponentially.
+constexpr std::size_t kMostPaths = 200'000;
+constexpr double kLetterWidth = 0.6; ///< Of the text's height, on average.
+
+class OutlineBuilder {
+public:
+    void add(const AcDbEntity& entity, const AcGeMatrix3d& transform, int depth);
+
+    std::vector<Path> paths;
+
+private:
+    void addPath(const std::vector<AcGePoint3d>& points, const AcGeMatrix3d& transform);
+    void addArc(const AcGePoint3d& centre, double radius, const AcGeVector3d& normal, double start,
+                double sweep, const AcGeMatrix3d& transform);
+    void addPolyline(const AcDbPolyline& polyline, const AcGeMatrix3d& transform);
+    void addFrame(const AcGePoint3d& corner, double width, double height, double rotation,
+                  const AcGeMatrix3d& transform);
+    void addReference(const AcDbBlockReference& reference, const AcGeMatrix3d& transform, int depth);
+};
+
+void OutlineBuilder::addPath(const std::vector<AcGePoint3d>& points, const AcGeMatrix3d& transform) {
+    Path path;
+    for (const AcGePoint3d& point : points)
+        path.push_back((transform * point).convert2d());
+    if (!path.empty() && paths.size() < kMostPaths)
+        paths.push_back(std::move(path));
+}
+
+int chords(double sweep) {
+    return std::clamp(static_cast<int>(std::ceil(std::abs(sweep) / kTurn * kChordsPerTurn)), 1,
+                      kChordsPerTurn);
+}
+
+void OutlineBuilder::addArc(const AcGePoint3d& centre, double radius, const AcGeVector3d& normal,
+                            double start, double sweep, const AcGeMatrix3d& transform) {
+    if (!std::isfinite(sweep))
+        return;
+    const AcGeMatrix3d plane = AcGeMatrix3d::planeToWorld(normal);
+    std::vector<AcGePoint3d> points;
+    const int count = chords(sweep);
+    for (int i = 0; i <= count; ++i) {
+        const double angle = start + sweep * i / count;
+        points.push_back(centre +
+                         plane * AcGeVector3d(radius * std::cos(angle), radius * std::sin(angle), 0.0));
+    }
+    addPath(points, transform);
+}
+
+/// Appends the points of an arc segment after its first one.
+void addBulge(std::vector<AcGePoint3d>& points, const AcGePoint2d& from, const AcGePoint2d& to, double bulge,
+              double elevation) {
+    const double sweep = 4.0 * std::atan(bulge);
+    const int count = bulge == 0.0 ? 1 : chords(sweep);
+    const AcGeVector2d chord = to - from;
+    const double size = chord.length();
+    if (count > 1 && size > 0.0 && std::isfinite(bulge)) {
+        const double radius = size / 2.0 / std::sin(sweep / 2.0);
+        const double height = radius * std::cos(sweep / 2.0);
+        const AcGePoint2d centre(from.x + chord.x / 2.0 - chord.y / size * height,
+                                 from.y + chord.y / 2.0 + chord.x / size * height);
+        const double start = std::atan2(from.y - centre.y, from.x - centre.x);
+        for (int i = 1; i < count; ++i) {
+            const double angle = start + sweep * i / count;
+            points.emplace_back(centre.x + std::abs(radius) * std::cos(angle),
+                                centre.y + std::abs(radius) * std::sin(angle), elevation);
+        }
+    }
+    points.emplace_back(to.x, to.y, elevation);
+}
+
+void OutlineBuilder::addPolyline(const AcDbPolyline& polyline, const AcGeMatrix3d& transform) {
+    const unsigned int count = polyline.numVerts();
+    std::vector<AcGePoint3d> points;
+    AcGePoint2d from;
+    for (unsigned int i = 0; i < count + (polyline.isClosed() ? 1 : 0); ++i) {
+        AcGePoint2d to;
+        double bulge = 0.0;
+        polyline.getPointAt(i % count, to);
+        if (i == 0)
+            points.emplace_back(to.x, to.y, polyline.elevation());
+        else if (polyline.getBulgeAt(i - 1, bulge) == Acad::eOk)
+            addBulge(points, from, to, bulge, polyline.elevation());
+        from = to;
+    }
+    addPath(points, transform * AcGeMatrix3d::planeToWorld(polyline.normal()));
+}
+
+void OutlineBuilder::addFrame(const AcGePoint3d& corner, double width, double height, double rotation,
+                              const AcGeMatrix3d& transform) {
+    const AcGeVector3d along(std::cos(rotation), std::sin(rotation), 0.0);
+    const AcGeVector3d up(-along.y, along.x, 0.0);
+    addPath(
+        {corner, corner + along * width, corner + along * width + up * height, corner + up * height, corner},
+        transform);
+}
+
+void OutlineBuilder::addReference(const AcDbBlockReference& reference, const AcGeMatrix3d& transform,
+                                  int depth) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> block(reference.blockTableRecord());
+    AcDbBlockTableRecordIterator* made = nullptr;
+    if (block.openStatus() != Acad::eOk || depth >= kDeepest || block->newIterator(made) != Acad::eOk)
+        return addPath({reference.position()}, transform);
+    const std::unique_ptr<AcDbBlockTableRecordIterator> entities(made);
+    const AcGeMatrix3d inner =
+        transform * reference.blockTransform() * AcGeMatrix3d::translation(-block->origin().asVector());
+    for (; !entities->done() && paths.size() < kMostPaths; entities->step()) {
+        AcDbObjectId id;
+        entities->getEntityId(id);
+        const AcDbObjectPointer<AcDbEntity> entity(id);
+        if (entity.openStatus() == Acad::eOk)
+            add(*entity.object(), inner, depth + 1);
+    }
+}
+
+double textWidth(const AcDbText& text) {
+    const auto string = text.textString();
+    return static_cast<double>(std::wstring_view(string).size()) * text.height() * kLetterWidth *
+           text.widthFactor();
+}
+
+void OutlineBuilder::add(const AcDbEntity& entity, const AcGeMatrix3d& transform, int depth) {
+    if (const auto* const line = AcDbLine::cast(&entity))
+        addPath({line->startPoint(), line->endPoint()}, transform);
+    else if (const auto* const circle = AcDbCircle::cast(&entity))
+        addArc(circle->center(), circle->radius(), circle->normal(), 0.0, kTurn, transform);
+    else if (const auto* const arc = AcDbArc::cast(&entity))
+        addArc(arc->center(), arc->radius(), arc->normal(), arc->startAngle(),
+               std::fmod(arc->endAngle() - arc->startAngle() + kTurn, kTurn), transform);
+    else if (const auto* const polyline = AcDbPolyline::cast(&entity))
+        addPolyline(*polyline, transform);
+    else if (const auto* const point = AcDbPoint::cast(&entity))
+        addPath({point->position()}, transform);
+    else if (const auto* const text = AcDbText::cast(&entity))
+        addFrame(text->position(), textWidth(*text), text->height(), text->rotation(), transform);
+    else if (const auto* const paragraph = AcDbMText::cast(&entity))
+        addPath({paragraph->location()}, transform);
+    else if (const auto* const reference = AcDbBlockReference::cast(&entity))
+        addReference(*reference, transform, depth);
+}
+
+double cross(const AcGeVector2d& a, const AcGeVector2d& b) {
+    return a.x * b.y - a.y * b.x;
+}
+
+bool segmentsMeet(const AcGePoint2d& a, const AcGePoint2d& b, const AcGePoint2d& c, const AcGePoint2d& d) {
+    const auto overlap = [](double p, double q, double r, double s) {
+        return std::max(p, q) >= std::min(r, s) && std::max(r, s) >= std::min(p, q);
+    };
+    if (!overlap(a.x, b.x, c.x, d.x) || !overlap(a.y, b.y, c.y, d.y))
+        return false;
+    return cross(b - a, c - a) * cross(b - a, d - a) <= 0.0 &&
+           cross(d - c, a - c) * cross(d - c, b - c) <= 0.0;
+}
+
+/// Calls `test` with each segment of the path, a point as one of no length; returns whether any is true.
+template <typename Test>
+bool anySegment(const Path& path, Test test) {
+    if (path.size() == 1)
+        return test(path[0], path[0]);
+    for (std::size_t i = 1; i < path.size(); ++i)
+        if (test(path[i - 1], path[i]))
+            return true;
+    return false;
+}
+
+bool contains(const Path& polygon, const AcGePoint2d& p) {
+    bool inside = false;
+    for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
+        const AcGePoint2d& a = polygon[i];
+        const AcGePoint2d& b = polygon[j];
+        if (segmentsMeet(a, b, p, p))
+            return true;
+        if ((a.y > p.y) != (b.y > p.y) && p.x < (b.x - a.x) * (p.y - a.y) / (b.y - a.y) + a.x)
+            inside = !inside;
+    }
+    return inside;
+}
+
+/// Returns whether the segment crosses from one side of the polygon to the other.
+bool leaves(const AcGePoint2d& a, const AcGePoint2d& b, const Path& polygon) {
+    for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++)
+        if (cross(b - a, polygon[i] - a) * cross(b - a, polygon[j] - a) < 0.0 &&
+            cross(polygon[i] - polygon[j], a - polygon[j]) * cross(polygon[i] - polygon[j], b - polygon[j]) <
+                0.0)
+            return true;
+    return false;
+}
+
+double distanceToSegment(const AcGePoint2d& p, const AcGePoint2d& a, const AcGePoint2d& b) {
+    const AcGeVector2d along = b - a;
+    const double size = along.x * along.x + along.y * along.y;
+    const AcGeVector2d offset = p - a;
+    const double at =
+        size > 0.0 ? std::clamp((offset.x * along.x + offset.y * along.y) / size, 0.0, 1.0) : 0.0;
+    return p.distanceTo(a + along * at);
+}
+
+} // namespace
+
+std::vector<Path> outline(const AcDbEntity& entity) {
+    OutlineBuilder builder;
+    builder.add(entity, AcGeMatrix3d::kIdentity, 0);
+    return std::move(builder.paths);
+}
+
+bool isWithin(const std::vector<Path>& paths, const Path& polygon) {
+    return !paths.empty() && std::none_of(paths.begin(), paths.end(), [&](const Path& path) {
+        return anySegment(path, [&](const AcGePoint2d& a, const AcGePoint2d& b) {
+            return !contains(polygon, a) || !contains(polygon, b) || leaves(a, b, polygon);
+        });
+    });
+}
+
+bool isWithinOrCrosses(const std::vector<Path>& paths, const Path& polygon) {
+    Path boundary = polygon;
+    boundary.push_back(polygon.front());
+    return crosses(paths, boundary) || std::any_of(paths.begin(), paths.end(), [&](const Path& path) {
+               return contains(polygon, path.front());
+           });
+}
+
+bool crosses(const std::vector<Path>& paths, const Path& line) {
+    return std::any_of(paths.begin(), paths.end(), [&](const Path& path) {
+        return anySegment(path, [&](const AcGePoint2d& a, const AcGePoint2d& b) {
+            return anySegment(
+                line, [&](const AcGePoint2d& c, const AcGePoint2d& d) { return segmentsMeet(a, b, c, d); });
+        });
+    });
+}
+
+double distanceTo(const std::vector<Path>& paths, const AcGePoint2d& point) {
+    double nearest = std::numeric_limits<double>::infinity();
+    for (const Path& path : paths)
+        anySegment(path, [&](const AcGePoint2d& a, const AcGePoint2d& b) {
+            nearest = std::min(nearest, distanceToSegment(point, a, b));
+            return false;
+        });
+    return nearest;
+}
+
+} // namespace zuhost
