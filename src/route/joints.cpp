@@ -49,7 +49,7 @@ std::vector<ConnectionPoint> connectionPoints(std::span<const AcDbObjectId> elem
     for (const AcDbObjectId element : elements) {
         int number = 0;
         for (const AcGePoint3d& point : zu::connectionPoints(element, layer).value)
-            points.push_back({element, number++, point.convert2d()});
+            points.push_back({element, number++, {point.x, point.y}});
     }
     return points;
 }

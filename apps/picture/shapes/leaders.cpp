@@ -189,7 +189,7 @@ AcGeMatrix3d placementOf(const Records& context) {
     const AcGePoint3d scale = context.point(16, {1.0, 1.0, 1.0});
     return AcGeMatrix3d::translation(context.point(15).asVector()) *
            AcGeMatrix3d::rotation(std::fmod(context.real(46), kTurn), AcGeVector3d::kZAxis) *
-           AcGeMatrix3d::scaling(AcGeScale3d(scale.x, scale.y, scale.z));
+           AcGeScale3d(scale.x, scale.y, scale.z);
 }
 
 /// The values of the attributes of a multileader's block, by the handles of their definitions.

@@ -24,8 +24,7 @@ double factor(const Records& records, int code) {
 
 AcGeMatrix3d scaleAndTurn(const Records& records) {
     const double angle = std::fmod(records.real(50), 360.0) * kDegree;
-    const AcGeMatrix3d scale =
-        AcGeMatrix3d::scaling(AcGeScale3d(factor(records, 41), factor(records, 42), factor(records, 43)));
+    const AcGeMatrix3d scale = AcGeScale3d(factor(records, 41), factor(records, 42), factor(records, 43));
     return angle == 0.0 ? scale : AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis) * scale;
 }
 

@@ -96,7 +96,8 @@ void PlanElements::addElements(AcDbDatabase& drawing, const LayerFilter& showsLa
         const AcDbObjectPointer<AcDbBlockReference> reference(id);
         if (reference.openStatus() != Acad::eOk)
             continue;
-        element.position = reference->position().convert2d();
+        const AcGePoint3d position = reference->position();
+        element.position.set(position.x, position.y);
         const ShownLayers::State& layer = layers[reference->layerId()];
         const bool isAskedFor = layer.passes && (!shows || shows(id));
         element.isShown = isAskedFor && layer.isOn && reference->isVisible();

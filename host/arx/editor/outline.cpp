@@ -39,8 +39,10 @@ private:
 
 void OutlineBuilder::addPath(const std::vector<AcGePoint3d>& points, const AcGeMatrix3d& transform) {
     Path path;
-    for (const AcGePoint3d& point : points)
-        path.push_back((transform * point).convert2d());
+    for (const AcGePoint3d& point : points) {
+        const AcGePoint3d placed = transform * point;
+        path.emplace_back(placed.x, placed.y);
+    }
     if (!path.empty() && paths.size() < kMostPaths)
         paths.push_back(std::move(path));
 }

@@ -103,7 +103,7 @@ bool isShown(AcDbObjectId id, bool offCounts) {
 AcDbObjectId entityAt(const AcDbDatabase& drawing, const AcGePoint3d& point) {
     const std::vector<AcDbObjectId> ids = spaceEntities(drawing, false);
     const auto found = std::find_if(ids.rbegin(), ids.rend(), [&](AcDbObjectId id) {
-        return isShown(id) && isHit(id, point.convert2d());
+        return isShown(id) && isHit(id, AcGePoint2d(point.x, point.y));
     });
     return found == ids.rend() ? AcDbObjectId() : *found;
 }

@@ -10,6 +10,7 @@
 #include <zuhost/unit_settings.h>
 
 #include <charconv>
+#include <cmath>
 #include <optional>
 #include <string>
 
@@ -121,7 +122,7 @@ std::optional<double> readAngle(const std::wstring& text) {
 }
 
 double distanceBetween(const AcGePoint3d& from, const AcGePoint3d& to, int flags) {
-    return (flags & RSG_2D) != 0 ? from.convert2d().distanceTo(to.convert2d()) : from.distanceTo(to);
+    return (flags & RSG_2D) != 0 ? std::hypot(to.x - from.x, to.y - from.y) : from.distanceTo(to);
 }
 
 double angleBetween(const AcGePoint3d& from, const AcGePoint3d& to, int /*flags*/) {

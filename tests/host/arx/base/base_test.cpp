@@ -4,8 +4,6 @@
 #include <acutads.h>
 #include <afx.h>
 #include <arxutil.h>
-#include <gemat3d.h>
-#include <gepnt3d.h>
 #include <rxregsvc.h>
 
 #include <gtest/gtest.h>
@@ -48,23 +46,6 @@ TEST(Arrays, ClampOrIgnoreIndicesOutOfRange) {
     EXPECT_EQ(array.length(), 10);
     array.setLogicalLength(2).setLogicalLength(3);
     EXPECT_EQ(array[2], 0);
-}
-
-TEST(Geometry, MatricesComposeAndInvert) {
-    const AcGePoint3d p(3, -2, 5);
-    const AcGeMatrix3d turn = AcGeMatrix3d::rotation(0.7, AcGeVector3d(1, 2, 3), AcGePoint3d(1, 1, 1));
-    const AcGeMatrix3d grow = AcGeMatrix3d::scaling(AcGeScale3d(2, -3, 4), AcGePoint3d(0, 1, 0));
-    const AcGeMatrix3d move = AcGeMatrix3d::translation({10, 20, 30});
-    const AcGeMatrix3d all = move * turn * grow;
-    EXPECT_LT((all * p).distanceTo(move * (turn * (grow * p))), 1e-9);
-    EXPECT_LT((all.inverse() * (all * p)).distanceTo(p), 1e-9);
-    EXPECT_NEAR(all.det(), -24, 1e-9);
-    AcGePoint3d turned(1, 0, 0);
-    turned.rotateBy(std::numbers::pi / 2, AcGeVector3d::kZAxis);
-    EXPECT_LT(turned.distanceTo({0, 1, 0}), 1e-12);
-    const AcGeMatrix3d mirror = AcGeMatrix3d::mirroring({1, 0, 0}, {1, 0, 0});
-    EXPECT_LT((mirror * AcGePoint3d(3, 4, 5)).distanceTo({-1, 4, 5}), 1e-12);
-    EXPECT_LT((AcGeMatrix3d::planeToWorld({0, 0, -1}) * AcGePoint3d(1, 2, 3)).distanceTo({-1, 2, -3}), 1e-12);
 }
 
 class RecordingReactor : public AcEditorReactor {

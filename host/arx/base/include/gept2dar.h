@@ -1,0 +1,6 @@
+#pragma once
+
+#include "acarray.h"
+#include "gepnt2d.h"
+
+using AcGePoint2dArray = AcArray<AcGePoint2d>;

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "acarray.h"
+#include "gevec2d.h"
+
+using AcGeVector2dArray = AcArray<AcGeVector2d>;
