@@ -42,6 +42,7 @@ void addCommands(zu::app::Command& program) {
     addCompareCommand(program);
     addReportCommand(program);
     addSaveCommand(program);
+    addRunCommandCommand(program);
     addPartCommand(program);
     addPartsListCommand(program);
     addPlanCommand(program);

@@ -15,6 +15,7 @@ void addQuantitiesCommand(Command& program);
 void addCompareCommand(Command& program);
 void addReportCommand(Command& program);
 void addSaveCommand(Command& program);
+void addRunCommandCommand(Command& program);
 void addPartCommand(Command& program);
 void addPartsListCommand(Command& program);
 void addPlanCommand(Command& program);

@@ -25,8 +25,8 @@ constexpr std::array kInDrawings{
     Meaning{"--layer", DrawingWords::layers},   Meaning{"--block", DrawingWords::blocks},
 };
 
-constexpr std::array<std::string_view, 8> kFiles{"DRAWING", "FILE",     "A",         "B",
-                                                 "MODULE",  "--output", "--preview", "--settings"};
+constexpr std::array<std::string_view, 9> kFiles{"DRAWING",  "FILE",     "A",         "B",         "MODULE",
+                                                 "--script", "--output", "--preview", "--settings"};
 
 /// Where the cursor stands.
 struct Cursor {
