@@ -1,6 +1,7 @@
 """Reports: a page without outside resources, whose plan and lists lead to each other; a PDF; many drawings in one."""
 import html.parser
 import os
+import re
 import tempfile
 
 from program import check, run, run_json, sample
@@ -52,6 +53,10 @@ with tempfile.TemporaryDirectory() as folder:
     run("report", sample("drawings"), "-o", os.path.join(folder, "all.pdf"))
     pdf = open(os.path.join(folder, "all.pdf"), "rb").read()
     check(pdf.startswith(b"%PDF-") and pdf.count(b"/Type /Page\n") in range(4, 12), "a PDF of a few pages")
+    links = pdf.count(b"/S /GoTo")
+    check(b"/S /URI" not in pdf and links == 4 * sum(f["position"] is not None for f in findings), "%d links within the PDF" % links)
+    pages = set(re.findall(rb"\n(\d+) 0 obj\n<<\n/Type /Page\n", pdf))
+    check({m[1] for m in re.finditer(rb"/D \[(\d+) 0 R /XYZ", pdf)} == pages, "links lead to every page")
     run("report", FLOOR, status=2)
     run("report", FLOOR, "-o", os.path.join(folder, "report.doc"), status=2)
 print("reports are whole")

@@ -1,6 +1,7 @@
 #include "report/report_document.h"
 
 #include "manners/translation.h"
+#include "report/document_links.h"
 #include "report/report_page.h"
 
 #include <zuhost/desktop.h>
@@ -10,6 +11,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QTextBlock>
 #include <QTextDocument>
 
 #include <algorithm>
@@ -46,16 +48,24 @@ QImage planOf(const Json& report) {
     return QImage::fromData(QByteArray::fromBase64(address.mid(address.indexOf(',') + 1)));
 }
 
-/// Prints one report after another, each on pages of its own.
+/// The names of anchors that begin in a block.
+QStringList anchorsOf(const QTextBlock& block) {
+    QStringList names;
+    for (auto part = block.begin(); !part.atEnd(); ++part)
+        names += part.fragment().charFormat().anchorNames();
+    return names;
+}
+
+/// Prints one report after another, each on pages of its own. The numbers of findings on the plan and in the
+/// list lead to each other.
 class DocumentPainter {
 public:
-    explicit DocumentPainter(QPdfWriter& writer)
-        : writer_(writer), painter_(&writer), page_(0, 0, writer.width(), writer.height()) {}
+    DocumentPainter(QPdfWriter& writer, DocumentLinks& links)
+        : writer_(writer), links_(links), painter_(&writer), page_(0, 0, writer.width(), writer.height()) {}
 
     void print(const Json& report) {
-        if (!isFirst_)
-            writer_.newPage();
-        isFirst_ = false;
+        if (reports_++ > 0)
+            newPage();
         double y = printLine(text(report["name"].get<std::string>()), 0.0, fontOf(kTitlePoints, true));
         if (report.contains("error")) {
             printLine(text(translated(report["error"].get<std::string>())), y, fontOf(kTextPoints));
@@ -70,6 +80,21 @@ public:
     }
 
 private:
+    void newPage() {
+        writer_.newPage();
+        ++pages_;
+    }
+
+    /// A mark "m1" or a finding "f1" of this report.
+    [[nodiscard]] QString placeName(const QString& name) const { return QString::number(reports_) + name; }
+
+    void setPlace(const QString& name, int page, double y) {
+        const QPageLayout layout = writer_.pageLayout();
+        const double height = layout.fullRect(QPageLayout::Point).height();
+        const double top = layout.margins(QPageLayout::Point).top() + y / kDotsPerInch * 72.0;
+        links_.setPlace(placeName(name), page, {0.0, std::clamp(height - top, 0.0, height)});
+    }
+
     double printLine(const QString& line, double y, const QFont& font) {
         painter_.setFont(font);
         painter_.setPen(Qt::black);
@@ -104,8 +129,21 @@ private:
         painter_.setBrush(finding["severity"].get<std::string>() == "error" ? QColor(0xb3, 0x26, 0x1e)
                                                                             : QColor(0x8a, 0x5a, 0x00));
         painter_.drawRoundedRect(mark, size / 2.0, size / 2.0);
-        painter_.setPen(Qt::white);
-        painter_.drawText(mark, Qt::AlignCenter, number);
+        printLink(mark, number, "f" + number);
+        setPlace("m" + number, pages_, mark.top() - size);
+    }
+
+    void printLink(const QRectF& area, const QString& words, const QString& place) {
+        QTextDocument label;
+        label.documentLayout()->setPaintDevice(&writer_);
+        label.setDocumentMargin(0.0);
+        label.setDefaultFont(painter_.font());
+        label.setDefaultStyleSheet("a{color:white;text-decoration:none}");
+        label.setHtml("<a href=\"" + DocumentLinks::address(placeName(place)) + "\">" + words + "</a>");
+        painter_.save();
+        painter_.translate(area.center() - QRectF({}, label.size()).center());
+        label.drawContents(&painter_);
+        painter_.restore();
     }
 
     /// On further pages.
@@ -116,10 +154,14 @@ private:
         font.setPointSizeF(kTextPoints);
         document.setDefaultFont(font);
         document.setDocumentMargin(0.0);
-        document.setHtml(text(reportTables(report)));
+        document.setDefaultStyleSheet("a{color:black;text-decoration:none}");
+        document.setHtml(text(reportTables(report, [this](const std::string& place) {
+            return DocumentLinks::address(placeName(text(place))).toStdString();
+        })));
         document.setPageSize(page_.size());
+        setPlaces(document);
         for (int i = 0; i < document.pageCount(); ++i) {
-            writer_.newPage();
+            newPage();
             const QRectF shown = page_.translated(0.0, i * page_.height());
             painter_.save();
             painter_.translate(0.0, -shown.top());
@@ -128,15 +170,27 @@ private:
         }
     }
 
+    /// Of the findings, on the pages that follow.
+    void setPlaces(const QTextDocument& document) {
+        for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+            for (const QString& name : anchorsOf(block)) {
+                const double y = document.documentLayout()->blockBoundingRect(block).top();
+                const int page = static_cast<int>(y / page_.height());
+                setPlace(name, pages_ + 1 + page, y - page * page_.height());
+            }
+    }
+
     QPdfWriter& writer_;
+    DocumentLinks& links_;
     QPainter painter_;
     QRectF page_;
-    bool isFirst_ = true;
+    int pages_ = 0; ///< Finished ones.
+    int reports_ = 0;
 };
 
 /// The document is complete once its painter is gone.
-void printAll(const Json& reports, QPdfWriter& writer) {
-    DocumentPainter painter(writer);
+void printAll(const Json& reports, QPdfWriter& writer, DocumentLinks& links) {
+    DocumentPainter painter(writer, links);
     for (const Json& report : reports)
         painter.print(report);
 }
@@ -156,7 +210,9 @@ QByteArray reportDocument(const Json& reports) {
     writer.setPageSize(QPageSize(QPageSize::A4));
     writer.setPageMargins(QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter);
     writer.setTitle(text(reports[0]["name"].get<std::string>()));
-    printAll(reports, writer);
+    DocumentLinks links;
+    printAll(reports, writer, links);
+    links.resolve(bytes);
     return bytes;
 }
 

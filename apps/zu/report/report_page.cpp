@@ -238,6 +238,14 @@ void writeContents(std::ostream& out, const Json& reports) {
     out << "</ol></nav>\n";
 }
 
+/// Leads to the mark on the plan, and is led to by it.
+std::string linkedNumber(const Json& finding, const LinkAddress& address) {
+    const std::string number = finding["number"].dump();
+    const std::string link =
+        finding["place"].is_array() ? " href=\"" + address("m" + number) + '"' : std::string();
+    return "<a name=\"f" + number + '"' + link + '>' + number + "</a>";
+}
+
 } // namespace
 
 std::string reportPage(const Json& reports) {
@@ -255,7 +263,7 @@ std::string reportPage(const Json& reports) {
     return out.str();
 }
 
-std::string reportTables(const Json& report) {
+std::string reportTables(const Json& report, const LinkAddress& address) {
     std::ostringstream out;
     for (const bool errors : {true, false}) {
         if (countOf(report, errors) == 0)
@@ -264,7 +272,7 @@ std::string reportTables(const Json& report) {
             << "</h3><table width=\"100%\" cellpadding=\"3\">";
         for (const Json& finding : report["findings"])
             if (isError(finding) == errors)
-                out << "<tr><td width=\"5%\" align=\"right\"><b>" << finding["number"].dump()
+                out << "<tr><td width=\"5%\" align=\"right\"><b>" << linkedNumber(finding, address)
                     << "</b></td><td>" << word(finding["problem"].get<std::string>())
                     << "<br><font color=\"#5c6670\">" << escaped(detailsOf(finding)) << "</font></td></tr>";
         out << "</table>";
