@@ -33,10 +33,25 @@ std::unique_ptr<Document> reopen(const std::string& bytes, const Document& origi
     return document;
 }
 
+/// The parts of an object that the parser found are those of the list of its records.
+void requireSameParts(const Document& document, const AcDbStub& stub, const TagList& tags) {
+    const TagView stored = document.view(stub);
+    const TagView list(tags);
+    const auto count = [](const TagView& view, std::size_t end) {
+        return std::ranges::distance(view.in({0, end}));
+    };
+    require(count(stored, stored.firstMarker()) == count(list, list.firstMarker()),
+            "the first marker differs");
+    require(count(stored, stored.extendedDataStart()) == count(list, list.extendedDataStart()),
+            "the start of extended data differs");
+    require(std::ranges::distance(stored) == std::ranges::distance(list), "the number of records differs");
+}
+
 void saveFromTags(const Document& document) {
     TagList tags;
     const auto everyTag = [&](const AcDbStub& stub) {
         tags = document.tags(stub);
+        requireSameParts(document, stub, tags);
         for (const Tag& tag : tags)
             require(document.decode(document.encode(document.decode(tag.value))) ==
                         document.decode(tag.value),

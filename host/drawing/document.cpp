@@ -51,7 +51,6 @@ AcDbStub* newStub(DrawingState& state, std::string_view typeName, AcDbStub* owne
     stub.database = state.database;
     stub.owner = owner;
     stub.type = state.types.number(typeName).value_or(0);
-    stub.changed = true;
     stub.hasInternalHandle = !state.writesHandles;
     state.handles.add(stub);
     return &stub;
@@ -177,6 +176,10 @@ AcDbStub* Document::find(std::uint64_t handle) const {
 TagList Document::tags(const AcDbStub& stub) const {
     return stub.length != 0 ? objectTags(*state_, stub)
                             : firstRecords(*state_, stub, framedBy(*state_, stub));
+}
+
+TagView Document::view(const AcDbStub& stub) const {
+    return objectView(*state_, stub);
 }
 
 int Document::handleCode(const AcDbStub& stub) const {

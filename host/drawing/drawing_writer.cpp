@@ -126,7 +126,7 @@ void DrawingWriter::writeHead(const Container& container) {
     // The number of entries is a hint, but readers can allocate by it.
     TagList head = tagsOf(*container.head) ? *tagsOf(*container.head) : objectTags(state_, *container.head);
     const auto live = static_cast<std::int64_t>(liveMembers(container));
-    if (head.integer(70, head.all()).value_or(live) < live)
+    if (TagView(head).integer(70).value_or(live) < live)
         head.setInteger(70, live, head.all());
     replace(spanOf(*container.head));
     output_.records(head);

@@ -6,6 +6,7 @@
 #include "record_source.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace zuhost {
 
@@ -43,6 +44,8 @@ private:
 /// outside of application groups. A later record with the code of the handle has another meaning.
 class ObjectFacts {
 public:
+    static constexpr std::uint64_t kNone = std::numeric_limits<std::uint64_t>::max();
+
     explicit ObjectFacts(int handleCode) : handleCode_(handleCode) {}
 
     /// Adds a record after the type. Returns false for an unreadable handle of the object.
@@ -61,6 +64,8 @@ public:
             return true;
         }
         case 100:
+            if (inHead_)
+                marker = record.offset;
             inHead_ = false;
             return true;
         case 102:
@@ -71,6 +76,8 @@ public:
                 owner.handle = references.parse(record.value);
             return true;
         default:
+            if (record.code >= 1000)
+                extended = std::min<std::uint64_t>(extended, record.offset);
             return true;
         }
     }
@@ -78,7 +85,9 @@ public:
     std::uint64_t handle = 0;
     bool unreadableHandle = false;
     OwnerHint owner;
-    std::string_view name; ///< Group code 2.
+    std::string_view name;          ///< Group code 2.
+    std::uint64_t marker = kNone;   ///< Offset of the first subclass marker.
+    std::uint64_t extended = kNone; ///< Offset of the extended data.
 
 private:
     bool addHandle(const dxf::Record& record) {

@@ -1,7 +1,6 @@
 #include "object_tags.h"
 
 #include "dxf_records/number_text.h"
-#include "record_source.h"
 
 #include <algorithm>
 
@@ -60,13 +59,14 @@ void addBlockTail(const DrawingState& state, const AcDbStub& stub, TagList& tags
     addMarker(state, tags, "AcDbBlockEnd");
 }
 
-/// Exact in ASCII drawings, to save memory when a whole drawing is held as tags; 0 in binary ones.
-std::size_t numberOfRecords(const DrawingState& state, Span span) {
-    if (state.style.form == DrawingForm::binary)
-        return 0;
-    const char* const bytes = state.bytes.data();
-    const auto lines = std::count(bytes + span.begin, bytes + span.end, state.style.lineEnd.back());
-    return static_cast<std::size_t>(lines) / 2;
+std::string_view bytesOf(const DrawingState& state, Span span) {
+    return std::string_view(state.bytes).substr(span.begin, span.end - span.begin);
+}
+
+TagForm formOf(const RecordStyle& style) {
+    if (style.form == DrawingForm::binary)
+        return style.byteCodes ? TagForm::shortBinary : TagForm::binary;
+    return style.lineEnd == "\r" ? TagForm::asciiReturns : TagForm::ascii;
 }
 
 /// Returns the position of the first readable handle before the subclasses and outside of application groups;
@@ -94,13 +94,17 @@ int handleCode(const DrawingState& state, const AcDbStub& stub) {
     return state.types.name(stub.type) == "DIMSTYLE" ? 105 : 5;
 }
 
+TagView objectView(const DrawingState& state, const AcDbStub& stub) {
+    return {bytesOf(state, {stub.offset, stub.offset + stub.length}), formOf(state.style), stub.marker,
+            stub.extended};
+}
+
 TagList bufferTags(const DrawingState& state, Span span) {
-    RecordSource source(state, span);
+    const TagView view(bytesOf(state, span), formOf(state.style));
     TagList tags;
-    tags.reserve(numberOfRecords(state, span));
-    std::string scratch;
-    for (dxf::Record record; source.next(record) == dxf::ReadResult::record;)
-        tags.add(record.code, std::string(source.value(record, scratch)));
+    tags.reserve(static_cast<std::size_t>(std::ranges::distance(view)));
+    for (const TagRef& tag : view)
+        tags.add(tag.tag());
     return tags;
 }
 

@@ -7,6 +7,9 @@ namespace zuhost {
 /// Returns the records of a span of the buffer, which must have been parsed without error.
 [[nodiscard]] TagList bufferTags(const DrawingState& state, Span span);
 
+/// Returns the records of an object of the file where they are in the buffer.
+[[nodiscard]] TagView objectView(const DrawingState& state, const AcDbStub& stub);
+
 /// Returns the records of an object of the file, with the handle that it is written with.
 [[nodiscard]] TagList objectTags(const DrawingState& state, const AcDbStub& stub);
 

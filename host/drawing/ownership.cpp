@@ -49,8 +49,7 @@ private:
     }
 
     void addRecord(AcDbStub* record) {
-        const TagList tags = objectTags(state_, *record);
-        if (const auto name = tags.text(2, tags.all()))
+        if (const auto name = objectView(state_, *record).text(2))
             records_.emplace(upperCase(*name), record);
     }
 

@@ -1,12 +1,11 @@
 #include "record_source.h"
 
-#include "dxf_records/number_text.h"
+#include "drawing/tag_view.h"
 
 namespace zuhost {
 namespace {
 
 using dxf::ReadResult;
-using dxf::ValueType;
 
 std::variant<dxf::AsciiReader, dxf::BinaryReader> makeReader(const DrawingState& state, Span span) {
     const std::string_view bytes = std::string_view(state.bytes).substr(span.begin, span.end - span.begin);
@@ -17,17 +16,6 @@ std::variant<dxf::AsciiReader, dxf::BinaryReader> makeReader(const DrawingState&
 
 std::wstring widened(std::string_view text) {
     return {text.begin(), text.end()};
-}
-
-std::string hexadecimal(std::string_view bytes) {
-    constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::string text;
-    text.reserve(bytes.size() * 2);
-    for (const char c : bytes) {
-        text += kDigits[static_cast<unsigned char>(c) >> 4U];
-        text += kDigits[static_cast<unsigned char>(c) & 0xFU];
-    }
-    return text;
 }
 
 } // namespace
@@ -64,24 +52,7 @@ std::uint64_t RecordSource::valueOffset(const dxf::Record& record) const {
 }
 
 std::string_view RecordSource::value(const dxf::Record& record, std::string& scratch) const {
-    if (isAscii())
-        return record.value;
-    switch (dxf::valueType(record.code)) {
-    case ValueType::real:
-        return scratch = formatReal(dxf::binaryReal(record.value));
-    case ValueType::int16:
-    case ValueType::int32:
-    case ValueType::int64:
-    case ValueType::boolean:
-        return scratch = std::to_string(dxf::binaryInteger(record.value));
-    case ValueType::chunk:
-        return scratch = hexadecimal(record.value);
-    case ValueType::text:
-    case ValueType::handle:
-    case ValueType::none:
-        break;
-    }
-    return record.value;
+    return TagRef(record.code, record.value, !isAscii()).value(scratch);
 }
 
 std::wstring quoted(std::string_view text) {

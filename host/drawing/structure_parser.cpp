@@ -279,6 +279,9 @@ AcDbStub* StructureParser::parseObject(std::string* name) {
     stub.database = state_.database;
     stub.offset = begin;
     stub.length = static_cast<std::uint32_t>(length);
+    const std::uint64_t extended = std::min<std::uint64_t>(facts.extended, record_.offset);
+    stub.extended = static_cast<std::uint32_t>(extended - begin);
+    stub.marker = static_cast<std::uint32_t>(std::min(facts.marker, extended) - begin);
     stub.type = type.value_or(0);
     stub.replacesHandle = facts.unreadableHandle;
     hints_.push_back(facts.owner);

@@ -40,10 +40,9 @@ std::vector<std::wstring> namedApplications(const std::vector<AcDbObjectId>& ent
         const AcDbObjectPointer<AcDbObject> object(id);
         if (object.openStatus() != Acad::eOk)
             continue;
-        const TagList& tags = object->tags();
-        for (std::size_t i = tags.extendedDataStart(); i < tags.size(); ++i)
-            if (tags[i].code == kApplication && known.insert(tags[i].value).second)
-                names.push_back(database.core().document->decode(tags[i].value));
+        for (const TagRef& tag : object->tags().extendedData())
+            if (tag.code == kApplication && known.emplace(tag.text).second)
+                names.push_back(database.core().document->decode(tag.text));
     }
     return names;
 }

@@ -3,6 +3,7 @@
 #include "database_core.h"
 #include "record_name.h"
 
+#include <array>
 #include <numbers>
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity)
@@ -15,8 +16,8 @@ constexpr double kDegree = std::numbers::pi / 180.0;
 
 } // namespace
 
-AcDbBlockReference::AcDbBlockReference() {
-    startRecords("INSERT", {"AcDbEntity", kMarker});
+zuhost::TagList AcDbBlockReference::newRecords() const {
+    return recordsOf("INSERT", {"AcDbEntity", kMarker});
 }
 
 AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId block)
@@ -46,18 +47,14 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
     return status == Acad::eOk ? setTextTag(marker(), 2, name) : status;
 }
 
-const AcDbBlockReference::Placement& AcDbBlockReference::placement() const {
-    if (placementVersion_ == tagVersion())
-        return placement_;
-    const std::string_view name = marker();
-    placement_.normal = normalTag(name);
-    placement_.scale = {realTag(name, 41, 1.0), realTag(name, 42, 1.0), realTag(name, 43, 1.0)};
-    placement_.rotation = realTag(name, 50, 0.0) * kDegree;
-    placement_.position = pointTag(name, 10);
-    if (placement_.normal != AcGeVector3d::kZAxis)
-        placement_.position.transformBy(AcGeMatrix3d::planeToWorld(placement_.normal));
-    placementVersion_ = tagVersion();
-    return placement_;
+AcDbBlockReference::Placement AcDbBlockReference::placement() const {
+    std::array<double, 10> values{0, 0, 0, 1, 1, 1, 0, 0, 0, 1};
+    section(marker()).reals(std::array{10, 20, 30, 41, 42, 43, 50, 210, 220, 230}, values);
+    const auto& [x, y, z, sx, sy, sz, degrees, nx, ny, nz] = values;
+    Placement placement{{x, y, z}, {sx, sy, sz}, degrees * kDegree, unitNormal({nx, ny, nz})};
+    if (placement.normal != AcGeVector3d::kZAxis)
+        placement.position.transformBy(AcGeMatrix3d::planeToWorld(placement.normal));
+    return placement;
 }
 
 AcGePoint3d AcDbBlockReference::position() const {
@@ -93,7 +90,7 @@ Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
 }
 
 AcGeMatrix3d AcDbBlockReference::blockTransform() const {
-    const Placement& p = placement();
+    const Placement p = placement();
     const double c = std::cos(p.rotation);
     const double s = std::sin(p.rotation);
     AcGeMatrix3d transform;

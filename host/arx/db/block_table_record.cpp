@@ -2,10 +2,11 @@
 
 #include "database_core.h"
 
+#include <array>
+
 ACRX_CONS_DEFINE_MEMBERS(AcDbBlockTableRecord, AcDbSymbolTableRecord)
 
 using zuhost::Container;
-using zuhost::TagList;
 
 namespace {
 
@@ -27,10 +28,11 @@ void addOwned(const std::vector<AcDbStub*>& members, const AcDbStub* owner, bool
 
 } // namespace
 
-AcDbBlockTableRecord::AcDbBlockTableRecord() {
-    startRecords("BLOCK_RECORD", {"AcDbSymbolTableRecord", "AcDbBlockTableRecord"});
-    changingTags().add(2, "");
-    changingTags().add(340, "0");
+zuhost::TagList AcDbBlockTableRecord::newRecords() const {
+    zuhost::TagList records = recordsOf("BLOCK_RECORD", {"AcDbSymbolTableRecord", "AcDbBlockTableRecord"});
+    records.add(2, "");
+    records.add(340, "0");
+    return records;
 }
 
 AcGePoint3d AcDbBlockTableRecord::origin() const {
@@ -38,10 +40,9 @@ AcGePoint3d AcDbBlockTableRecord::origin() const {
         core() != nullptr ? core()->blockContainer(*static_cast<AcDbStub*>(objectId())) : nullptr;
     if (block == nullptr)
         return AcGePoint3d::kOrigin;
-    const TagList& head = core()->object(*block->head).tags();
-    const zuhost::TagRange range = head.subclass(kBegin);
-    return {head.real(10, range).value_or(0.0), head.real(20, range).value_or(0.0),
-            head.real(30, range).value_or(0.0)};
+    std::array<double, 3> values{};
+    core()->tags(*block->head).subclass(kBegin).reals(std::array{10, 20, 30}, values);
+    return {values[0], values[1], values[2]};
 }
 
 Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {

@@ -45,14 +45,14 @@ void setChunk(resbuf& item, std::string_view digits) {
             static_cast<char>(digitValue(digits[2 * i]) * 16 + digitValue(digits[2 * i + 1]));
 }
 
-std::size_t setPoint(resbuf& item, const TagList& tags, std::size_t at) {
-    const int code = tags[at].code;
-    for (std::size_t axis = 0; axis < kAxes; ++axis) {
-        if (at >= tags.size() || tags[at].code != code + kAxisStep * static_cast<int>(axis))
+/// Moves past the records of the point.
+void setPoint(resbuf& item, TagView::Iterator& at) {
+    const int code = at->code;
+    for (std::size_t axis = 0; axis < kAxes; ++axis, ++at) {
+        if (at == TagView::end() || at->code != code + kAxisStep * static_cast<int>(axis))
             break;
-        item.resval.rpoint[axis] = parseReal(tags[at++].value).value_or(0.0);
+        item.resval.rpoint[axis] = at->real().value_or(0.0);
     }
-    return at;
 }
 
 } // namespace
@@ -68,37 +68,39 @@ resbuf& ChainWriter::append(int type) {
     return *item;
 }
 
-std::size_t ChainWriter::add(const TagList& tags, std::size_t at) {
-    const Tag& tag = tags[at];
+void ChainWriter::add(TagView::Iterator& at) {
+    const TagRef& tag = *at;
     resbuf& item = append(tag.code);
+    std::string scratch;
     switch (resultKind(tag.code)) {
     case ResultKind::text:
-        acutNewString(core_.document->decode(tag.value).c_str(), item.resval.rstring);
+        acutNewString(core_.document->decode(tag.text).c_str(), item.resval.rstring);
         break;
     case ResultKind::real:
-        item.resval.rreal = parseReal(tag.value).value_or(0.0);
+        item.resval.rreal = tag.real().value_or(0.0);
         break;
     case ResultKind::point:
-        return setPoint(item, tags, at);
+        setPoint(item, at);
+        return;
     case ResultKind::int16:
-        item.resval.rint = static_cast<short>(parseInteger(tag.value).value_or(0));
+        item.resval.rint = static_cast<short>(tag.integer().value_or(0));
         break;
     case ResultKind::int32:
-        item.resval.rlong = static_cast<std::int32_t>(parseInteger(tag.value).value_or(0));
+        item.resval.rlong = static_cast<std::int32_t>(tag.integer().value_or(0));
         break;
     case ResultKind::int64:
-        item.resval.mnInt64 = parseInteger(tag.value).value_or(0);
+        item.resval.mnInt64 = tag.integer().value_or(0);
         break;
     case ResultKind::name:
-        setAdsName(item.resval.rlname, core_.number, parseHandle(tag.value).value_or(0));
+        setAdsName(item.resval.rlname, core_.number, tag.handle().value_or(0));
         break;
     case ResultKind::chunk:
-        setChunk(item, tag.value);
+        setChunk(item, tag.value(scratch));
         break;
     case ResultKind::none:
         break;
     }
-    return at + 1;
+    ++at;
 }
 
 resbuf* ChainWriter::release() {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adsdef.h"
-#include "drawing/tag_list.h"
+#include "drawing/tag_view.h"
 
 #include <cstddef>
 
@@ -21,8 +21,9 @@ public:
     ChainWriter(const ChainWriter&) = delete;
     ChainWriter& operator=(const ChainWriter&) = delete;
 
-    /// Appends the value at the index and returns the index of the next one. Unreadable numbers count as 0.
-    std::size_t add(const TagList& tags, std::size_t at);
+    /// Appends the value of the record, which is not the end, and moves to the one after it. Unreadable
+    /// numbers count as 0.
+    void add(TagView::Iterator& at);
     /// Appends an item without a value.
     resbuf& append(int type);
 

@@ -57,7 +57,8 @@ void DatabaseCore::destroyObjects() {
          ++i) { // NOLINT(modernize-loop-convert): reactors can add objects
         AcDbObject& object = *objects_[i];
         object.notifyReactors([&object](AcDbObjectReactor& r) { r.goodbye(&object); });
-        object.transientReactors_.clear();
+        if (object.reactors_)
+            object.reactors_->transient.clear();
     }
     objects_.clear();
 }
@@ -65,19 +66,25 @@ void DatabaseCore::destroyObjects() {
 AcDbObject& DatabaseCore::object(AcDbStub& stub) {
     if (stub.object != nullptr)
         return *stub.object;
-    TagList tags = document->tags(stub);
-    std::unique_ptr<AcDbObject> built = ObjectBuilder::build(document->typeName(stub), tags);
-    *built->tags_ = std::move(tags);
+    // New objects of the document, as blocks have, are not in the drawing's bytes.
+    auto own = stub.length == 0 ? std::make_unique<TagList>(document->tags(stub)) : nullptr;
+    std::unique_ptr<AcDbObject> built =
+        ObjectBuilder::build(document->typeName(stub), own ? TagView(*own) : document->view(stub));
+    built->own_ = std::move(own);
     built->stub_ = &stub;
     stub.object = built.get();
     objects_.push_back(std::move(built));
     return *stub.object;
 }
 
-AcRxClass* DatabaseCore::classOf(const AcDbStub& stub) {
-    if (stub.object != nullptr)
-        return stub.object->isA();
-    return ObjectBuilder::classOf(document->typeName(stub), document->tags(stub));
+AcRxClass* DatabaseCore::classOf(AcDbStub& stub) {
+    if (stub.object != nullptr || stub.length == 0)
+        return object(stub).isA();
+    return ObjectBuilder::classOf(document->typeName(stub), document->view(stub));
+}
+
+TagView DatabaseCore::tags(AcDbStub& stub) {
+    return stub.object != nullptr || stub.length == 0 ? object(stub).tags() : document->view(stub);
 }
 
 Acad::ErrorStatus DatabaseCore::replaceTags(AcDbObject& object, TagList tags) {
@@ -88,14 +95,13 @@ Acad::ErrorStatus DatabaseCore::replaceTags(AcDbObject& object, TagList tags) {
 }
 
 void DatabaseCore::initialise(AcDbObject& object, TagList tags) {
-    *object.tags_ = std::move(tags);
+    object.changingTags() = std::move(tags);
 }
 
 AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbStub* owner) {
-    const std::string type(object->tags_->text(0, object->tags_->all()).value_or(""));
+    const std::string type(object->tags().text(0).value_or(""));
     AcDbStub* const stub = document->append(container, type, owner);
-    stub->changed = true;
-    TagList& tags = *object->tags_;
+    TagList& tags = object->changingTags();
     encodeTexts(tags, *document);
     const std::size_t firstMarker = std::min(tags.find(100, tags.all()), tags.size());
     std::vector<Tag> identity;
@@ -113,7 +119,7 @@ AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbS
     object->writing_ = true;
     object->modified_ = true;
     object->appended_ = true;
-    undo.record(*stub, tags, UndoLog::Kind::appended);
+    undo.record(*stub, &tags, UndoLog::Kind::appended);
     return {stub};
 }
 
@@ -208,11 +214,7 @@ const DatabaseCore::NameIndex& DatabaseCore::names(const AcDbStub& table) {
     const auto [entry, isNew] = names_.try_emplace(&table);
     if (isNew) {
         for (AcDbStub* record : records(table)) {
-            const TagList* const built = record->object != nullptr ? &record->object->tags() : nullptr;
-            const TagList stored = built != nullptr ? TagList() : document->tags(*record);
-            const TagList& tags = built != nullptr ? *built : stored;
-            const auto name = tags.text(2, {0, tags.extendedDataStart()});
-            if (name)
+            if (const auto name = tags(*record).withoutExtendedData().text(2))
                 entry->second[foldedName(document->decode(*name))].push_back(record);
         }
     }
@@ -258,12 +260,12 @@ void DatabaseCore::erased(const AcDbObject& object, bool erasing) {
     notifyAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectErased(&self, &object, erasing); });
 }
 
-void DatabaseCore::restore(AcDbStub& stub, TagList tags, bool erased, UndoLog::Kind kind, bool undoing) {
+void DatabaseCore::restore(AcDbStub& stub, std::optional<TagList> tags, bool erased, UndoLog::Kind kind,
+                           bool undoing) {
     AcDbObject& target = object(stub);
     const bool toggled = stub.erased != erased;
-    target.changingTags() = std::move(tags);
+    target.replaceTags(std::move(tags));
     stub.erased = erased;
-    stub.changed = true;
     if (stub.owner != nullptr)
         invalidateNames(stub.owner);
     if (kind == UndoLog::Kind::appended) {

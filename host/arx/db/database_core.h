@@ -34,8 +34,10 @@ struct DatabaseCore {
     AcDbObject& object(AcDbStub& stub);
     /// Opens the stub's object, even if erased, by the rules of acdbOpenAcDbObject.
     Acad::ErrorStatus open(AcDbStub& stub, AcDb::OpenMode mode, AcDbObject*& opened);
-    /// Returns the class of the stub's object without building it.
-    AcRxClass* classOf(const AcDbStub& stub);
+    /// Returns the class of the stub's object without building one of the file.
+    AcRxClass* classOf(AcDbStub& stub);
+    /// Returns the records of the stub's object, without building one of the file.
+    TagView tags(AcDbStub& stub);
 
     /// Replaces the records of an object that is open for write, as one change.
     static Acad::ErrorStatus replaceTags(AcDbObject& object, TagList tags);
@@ -75,7 +77,7 @@ struct DatabaseCore {
     void erased(const AcDbObject& object, bool erasing);
 
     /// Restores an object to a state of the undo log and notifies the reactors.
-    void restore(AcDbStub& stub, TagList tags, bool erased, UndoLog::Kind kind, bool undoing);
+    void restore(AcDbStub& stub, std::optional<TagList> tags, bool erased, UndoLog::Kind kind, bool undoing);
 
     // ---- saving
     [[nodiscard]] Document::TagSource savedTags();
@@ -87,8 +89,7 @@ private:
 
     const NameIndex& names(const AcDbStub& table);
     void collectReferencesToErased();
-    [[nodiscard]] std::vector<AcDbStub*> collectErased() const;
-    [[nodiscard]] TagList currentTags(const AcDbStub& stub) const;
+    [[nodiscard]] std::vector<AcDbStub*> collectErased();
     void addFiltered(AcDbStub* stub);
 
     std::vector<std::unique_ptr<AcDbObject>> objects_;

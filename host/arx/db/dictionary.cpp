@@ -8,14 +8,42 @@
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbDictionary, AcDbObject)
 
-using zuhost::TagRange;
+using zuhost::TagRef;
+using zuhost::TagView;
 
 namespace {
 
 constexpr std::string_view kMarker = "AcDbDictionary";
+constexpr int kName = 3;
 
 bool isPointer(int code) {
     return code == 350 || code == 360;
+}
+
+struct StoredEntry {
+    std::size_t place = 0; ///< Of the name's record.
+    TagRef name;
+    TagRef pointer;
+};
+
+/// Calls `visit` with each entry in order.
+template <typename Visit>
+void visitEntries(const TagView& records, Visit visit) {
+    StoredEntry entry;
+    for (auto it = records.begin(); it != records.end(); ++it) {
+        entry.pointer = *it;
+        if (entry.name.code == kName && isPointer(it->code))
+            visit(entry);
+        entry.place = it.place();
+        entry.name = *it;
+    }
+}
+
+StoredEntry entryAt(const TagView& records, std::size_t place) {
+    auto it = records.at(place);
+    StoredEntry entry{place, *it, {}};
+    entry.pointer = *++it;
+    return entry;
 }
 
 /// Returns the number in an anonymous name, 12 for "*A12"; 0 for other names.
@@ -33,23 +61,23 @@ int anonymousNumber(std::wstring_view name) {
 
 } // namespace
 
-AcDbDictionary::AcDbDictionary() {
-    startRecords("DICTIONARY", {kMarker});
-    setIntegerTag(kMarker, 281, 1);
+zuhost::TagList AcDbDictionary::newRecords() const {
+    zuhost::TagList records = recordsOf("DICTIONARY", {kMarker});
+    records.add(281, "1");
+    return records;
 }
 
 AcDbDictionary::Index& AcDbDictionary::index() const {
     if (indexVersion_ == tagVersion())
         return index_;
     index_ = {};
-    const TagRange range = section(kMarker);
-    for (std::size_t i = range.last; i-- > range.first;) {
-        if (i + 1 >= range.last || tags()[i].code != 3 || !isPointer(tags()[i + 1].code))
-            continue;
-        const std::wstring name = decoded(tags()[i].value);
-        index_.byName.addFront(zuhost::foldedName(name), i);
-        if (const auto handle = zuhost::parseHandle(tags()[i + 1].value))
-            index_.byHandle.addFront(*handle, i);
+    std::vector<StoredEntry> entries;
+    visitEntries(section(kMarker), [&](const StoredEntry& entry) { entries.push_back(entry); });
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+        const std::wstring name = decoded(entry->name.text);
+        index_.byName.addFront(zuhost::foldedName(name), entry->place);
+        if (const auto handle = entry->pointer.handle())
+            index_.byHandle.addFront(*handle, entry->place);
         if (const int number = anonymousNumber(name); number > 0)
             index_.anonymous.insert(number);
     }
@@ -57,8 +85,9 @@ AcDbDictionary::Index& AcDbDictionary::index() const {
     return index_;
 }
 
-AcDbObjectId AcDbDictionary::entryAt(std::size_t place) const {
-    const auto handle = zuhost::parseHandle(storedTags()[place + 1].value);
+/// Returns the object that an entry points to; null when the drawing lacks it.
+AcDbObjectId AcDbDictionary::target(const TagRef& pointer) const {
+    const auto handle = pointer.handle();
     return handle && core() != nullptr ? AcDbObjectId(core()->document->find(*handle)) : AcDbObjectId();
 }
 
@@ -68,7 +97,7 @@ Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* name, AcDbObjectId& id) con
     const auto found = index().byName.find(zuhost::foldedName(name));
     if (!found)
         return Acad::eKeyNotFound;
-    const AcDbObjectId entry = entryAt(*found);
+    const AcDbObjectId entry = target(entryAt(storedTags(), *found).pointer);
     if (entry.isNull())
         return Acad::eKeyNotFound;
     if (entry.isErased())
@@ -97,7 +126,7 @@ Acad::ErrorStatus AcDbDictionary::nameAt(AcDbObjectId id, std::wstring& name) co
     const auto found = index().byHandle.find(id.handle().value());
     if (!found)
         return Acad::eKeyNotFound;
-    name = decoded(storedTags()[*found].value);
+    name = decoded(entryAt(storedTags(), *found).name.text);
     return Acad::eOk;
 }
 
@@ -107,23 +136,20 @@ Adesk::UInt32 AcDbDictionary::numEntries() const {
 
 std::vector<AcDbDictionaryIterator::Entry> AcDbDictionary::entries() const {
     std::vector<AcDbDictionaryIterator::Entry> found;
-    const TagRange range = section(kMarker);
-    for (std::size_t i = range.first; i + 1 < range.last; ++i) {
-        if (tags()[i].code != 3 || !isPointer(tags()[i + 1].code))
-            continue;
-        const AcDbObjectId id = entryAt(i);
+    visitEntries(section(kMarker), [&](const StoredEntry& entry) {
+        const AcDbObjectId id = target(entry.pointer);
         if (!id.isNull() && !id.isErased())
-            found.push_back({decoded(tags()[i].value), id});
-    }
+            found.push_back({decoded(entry.name.text), id});
+    });
     return found;
 }
 
 std::vector<std::wstring> AcDbDictionary::danglingNames() const {
     std::vector<std::wstring> names;
-    const TagRange range = section(kMarker);
-    for (std::size_t i = range.first; i + 1 < range.last; ++i)
-        if (tags()[i].code == 3 && isPointer(tags()[i + 1].code) && entryAt(i).isNull())
-            names.push_back(decoded(tags()[i].value));
+    visitEntries(section(kMarker), [&](const StoredEntry& entry) {
+        if (target(entry.pointer).isNull())
+            names.push_back(decoded(entry.name.text));
+    });
     return names;
 }
 
@@ -172,8 +198,8 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
 void AcDbDictionary::addEntry(const std::wstring& name, std::uint64_t handle) {
     const bool isIndexed = indexVersion_ == tagVersion() && removed_.empty() && !index_.byHandle.find(handle);
     zuhost::TagList& records = changingTags();
-    const std::size_t place = section(kMarker).last;
-    records.insert(place, {{3, encoded(name)}, {350, zuhost::formatHandle(handle)}});
+    const std::size_t place = records.subclass(kMarker).last;
+    records.insert(place, {{kName, encoded(name)}, {350, zuhost::formatHandle(handle)}});
     if (!isIndexed)
         return;
     index_.byName.addFront(zuhost::foldedName(name), place);
@@ -187,9 +213,10 @@ void AcDbDictionary::addEntry(const std::wstring& name, std::uint64_t handle) {
 void AcDbDictionary::removeEntry(std::size_t place) {
     Index& known = index();
     removed_.insert(place);
-    const std::wstring name = decoded(storedTags()[place].value);
+    const StoredEntry entry = entryAt(storedTags(), place);
+    const std::wstring name = decoded(entry.name.text);
     known.byName.drop(zuhost::foldedName(name), removed_);
-    if (const auto handle = zuhost::parseHandle(storedTags()[place + 1].value))
+    if (const auto handle = entry.pointer.handle())
         known.byHandle.drop(*handle, removed_);
     if (const auto number = known.anonymous.find(anonymousNumber(name)); number != known.anonymous.end())
         known.anonymous.erase(number);

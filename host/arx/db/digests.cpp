@@ -36,34 +36,35 @@ std::uint64_t textDigest(std::string_view text, const Document& document) {
     return std::hash<std::string>()(units);
 }
 
-std::uint64_t valueDigest(const Tag& tag, const Document& document) {
+std::uint64_t valueDigest(const TagRef& tag, const Document& document) {
     const dxf::ValueType type = dxf::valueType(tag.code);
     if (type == dxf::ValueType::real)
-        if (const auto number = parseReal(tag.value))
+        if (const auto number = tag.real())
             return std::bit_cast<std::uint64_t>(*number + 0.0); // no negative zero
     if (dxf::isInteger(type))
-        if (const auto number = parseInteger(tag.value))
+        if (const auto number = tag.integer())
             return static_cast<std::uint64_t>(*number);
     if (type == dxf::ValueType::handle)
-        if (const auto handle = parseHandle(tag.value))
+        if (const auto handle = tag.handle())
             return *handle;
-    return textDigest(tag.value, document);
+    std::string scratch;
+    return textDigest(tag.value(scratch), document);
 }
 
 /// Handle, owner and application groups (reactors, extension dictionary) precede the first marker.
-std::uint64_t digestOf(const TagList& tags, const Document& document) {
+std::uint64_t digestOf(const TagView& tags, const Document& document) {
     const std::size_t head = tags.firstMarker();
     bool inGroup = false;
     std::uint64_t digest = 0;
-    for (std::size_t i = 0; i < tags.size(); ++i) {
-        const Tag& tag = tags[i];
-        if (i < head && tag.code == kApplicationGroup) {
-            inGroup = tag.value.starts_with('{');
+    for (auto it = tags.begin(); it != tags.end(); ++it) {
+        const bool inHead = it.place() < head;
+        if (inHead && it->code == kApplicationGroup) {
+            inGroup = it->text.starts_with('{');
             continue;
         }
-        if (i < head && (inGroup || tag.code == kHandle || tag.code == kOwner))
+        if (inHead && (inGroup || it->code == kHandle || it->code == kOwner))
             continue;
-        digest = mixed(mixed(digest, static_cast<std::uint64_t>(tag.code)), valueDigest(tag, document));
+        digest = mixed(mixed(digest, static_cast<std::uint64_t>(it->code)), valueDigest(*it, document));
     }
     return digest;
 }
@@ -76,8 +77,7 @@ public:
         const Document& document = *core_.document;
         if (stub.erased || !core_.classOf(stub)->isDerivedFrom(AcDbEntity::desc()))
             return;
-        const std::uint64_t digest =
-            digestOf(stub.object != nullptr ? stub.object->tags() : document.tags(stub), document);
+        const std::uint64_t digest = digestOf(core_.tags(stub), document);
         if (const auto owner = places_.find(stub.owner); owner != places_.end()) {
             std::uint64_t& whole = digests_[owner->second].second;
             whole = mixed(whole, digest);

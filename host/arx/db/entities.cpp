@@ -1,12 +1,13 @@
 #include "dbents.h"
 
-#include "drawing/tag_list.h"
+#include "drawing/tag_view.h"
 
 #include <algorithm>
 #include <numbers>
 
 using zuhost::TagList;
 using zuhost::TagRange;
+using zuhost::TagView;
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbPoint, AcDbEntity)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbCurve, AcDbEntity)
@@ -41,8 +42,8 @@ AcGePoint3d inWorld(const AcGePoint3d& point, const AcGeVector3d& normal) {
 
 } // namespace
 
-AcDbPoint::AcDbPoint() {
-    startRecords("POINT", {kEntity, kPoint});
+TagList AcDbPoint::newRecords() const {
+    return recordsOf("POINT", {kEntity, kPoint});
 }
 
 AcDbPoint::AcDbPoint(const AcGePoint3d& position) : AcDbPoint() {
@@ -57,8 +58,8 @@ Acad::ErrorStatus AcDbPoint::setPosition(const AcGePoint3d& position) {
     return setPointTag(kPoint, 10, position);
 }
 
-AcDbLine::AcDbLine() {
-    startRecords("LINE", {kEntity, kLine});
+TagList AcDbLine::newRecords() const {
+    return recordsOf("LINE", {kEntity, kLine});
 }
 
 AcDbLine::AcDbLine(const AcGePoint3d& start, const AcGePoint3d& end) : AcDbLine() {
@@ -79,8 +80,8 @@ Acad::ErrorStatus AcDbLine::setEndPoint(const AcGePoint3d& point) {
     return setPointTag(kLine, 11, point);
 }
 
-AcDbCircle::AcDbCircle() {
-    startRecords("CIRCLE", {kEntity, kCircle});
+TagList AcDbCircle::newRecords() const {
+    return recordsOf("CIRCLE", {kEntity, kCircle});
 }
 
 AcDbCircle::AcDbCircle(const AcGePoint3d& centre, double radius) : AcDbCircle() {
@@ -101,8 +102,8 @@ Acad::ErrorStatus AcDbCircle::setRadius(double radius) {
     return setRealTag(kCircle, 40, radius);
 }
 
-AcDbArc::AcDbArc() {
-    startRecords("ARC", {kEntity, kCircle, kArc});
+TagList AcDbArc::newRecords() const {
+    return recordsOf("ARC", {kEntity, kCircle, kArc});
 }
 
 AcDbArc::AcDbArc(const AcGePoint3d& centre, double radius, double startAngle, double endAngle) : AcDbArc() {
@@ -128,10 +129,11 @@ AcGeVector3d AcDbArc::normal() const {
     return normalTag(kCircle);
 }
 
-AcDbPolyline::AcDbPolyline() {
-    startRecords("LWPOLYLINE", {kEntity, kPolyline});
-    setIntegerTag(kPolyline, 90, 0);
-    setIntegerTag(kPolyline, 70, 0);
+TagList AcDbPolyline::newRecords() const {
+    TagList records = recordsOf("LWPOLYLINE", {kEntity, kPolyline});
+    records.add(90, "0");
+    records.add(70, "0");
+    return records;
 }
 
 unsigned int AcDbPolyline::numVerts() const {
@@ -142,11 +144,12 @@ const std::vector<std::size_t>& AcDbPolyline::vertices() const {
     if (verticesVersion_ == tagVersion() && !vertices_.empty())
         return vertices_;
     vertices_.clear();
-    const TagRange range = section(kPolyline);
-    for (std::size_t i = range.first; i < range.last; ++i)
-        if (tags()[i].code == 10)
-            vertices_.push_back(i);
-    vertices_.push_back(range.last);
+    const TagView part = section(kPolyline);
+    TagView::Iterator it = part.begin();
+    for (; it != part.end(); ++it)
+        if (it->code == 10)
+            vertices_.push_back(it.place());
+    vertices_.push_back(it.place());
     verticesVersion_ = tagVersion();
     return vertices_;
 }
@@ -171,7 +174,8 @@ Acad::ErrorStatus AcDbPolyline::getPointAt(unsigned int index, AcGePoint2d& poin
     const TagRange vertex = vertexRange(index);
     if (vertex.empty())
         return Acad::eInvalidIndex;
-    point = {tags().real(10, vertex).value_or(0.0), tags().real(20, vertex).value_or(0.0)};
+    const TagView records = tags().in(vertex);
+    point = {records.real(10).value_or(0.0), records.real(20).value_or(0.0)};
     return Acad::eOk;
 }
 
@@ -179,7 +183,7 @@ Acad::ErrorStatus AcDbPolyline::getBulgeAt(unsigned int index, double& bulge) co
     const TagRange vertex = vertexRange(index);
     if (vertex.empty())
         return Acad::eInvalidIndex;
-    bulge = tags().real(42, vertex).value_or(0.0);
+    bulge = tags().in(vertex).real(42).value_or(0.0);
     return Acad::eOk;
 }
 
@@ -207,8 +211,8 @@ double AcDbPolyline::elevation() const {
     return realTag(kPolyline, 38, 0.0);
 }
 
-AcDbText::AcDbText() {
-    startRecords("TEXT", {kEntity, kText});
+TagList AcDbText::newRecords() const {
+    return recordsOf("TEXT", {kEntity, kText});
 }
 
 AcDbText::AcDbText(const AcGePoint3d& position, const ACHAR* text, double height) : AcDbText() {
@@ -245,23 +249,22 @@ int AcDbText::horizontalMode() const {
 
 int AcDbText::verticalMode() const {
     // It is in the second section of the same name, which section() does not return.
-    return static_cast<int>(tags().integer(73, {0, tags().extendedDataStart()}).value_or(0));
+    return static_cast<int>(section({}).integer(73).value_or(0));
 }
 
 AcGeVector3d AcDbText::normal() const {
     return normalTag(kText);
 }
 
-AcDbMText::AcDbMText() {
-    startRecords("MTEXT", {kEntity, kMText});
+TagList AcDbMText::newRecords() const {
+    return recordsOf("MTEXT", {kEntity, kMText});
 }
 
 std::wstring AcDbMText::contents() const {
-    const TagRange range = section(kMText);
     std::string pieces;
-    for (std::size_t i = range.first; i < range.last; ++i)
-        if (tags()[i].code == 3 || tags()[i].code == 1)
-            pieces += tags()[i].value;
+    for (const zuhost::TagRef& tag : section(kMText))
+        if (tag.code == 3 || tag.code == 1)
+            pieces += tag.text;
     return decoded(pieces);
 }
 

@@ -2,7 +2,7 @@
 
 #include "database_core.h"
 #include "dbsymtb.h"
-#include "drawing/tag_list.h"
+#include "drawing/tag_view.h"
 #include "record_name.h"
 
 namespace {
@@ -31,7 +31,7 @@ ACHAR* AcDbEntity::layer() const {
 }
 
 void AcDbEntity::ensureLayer() {
-    if (!tags().text(8, section(kMarker)))
+    if (!section(kMarker).text(8))
         setTextTag(kMarker, 8, L"0");
 }
 
@@ -85,7 +85,10 @@ bool AcDbEntity::isVisible() const {
 }
 
 AcGeVector3d AcDbEntity::normalTag(std::string_view marker) const {
-    const AcGePoint3d direction = pointTag(marker, 210, {0, 0, 1});
-    const AcGeVector3d normal = direction.asVector().normal();
+    return unitNormal(pointTag(marker, 210, {0, 0, 1}).asVector());
+}
+
+AcGeVector3d AcDbEntity::unitNormal(const AcGeVector3d& direction) {
+    const AcGeVector3d normal = direction.normal();
     return normal.isZeroLength() ? AcGeVector3d::kZAxis : normal;
 }

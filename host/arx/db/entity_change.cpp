@@ -125,11 +125,10 @@ std::vector<ListItem> withUnused(const std::vector<Placed>& kept, const GivenIte
     return items;
 }
 
-TagList changedTags(const TagList& tags, GivenItems given, const Document& document) {
-    const std::size_t end = tags.extendedDataStart();
+TagList changedTags(const TagView& tags, GivenItems given, const Document& document) {
     std::vector<Placed> kept;
     FixedItems fixed;
-    for (ListItem& item : listItems(tags, {0, end})) {
+    for (ListItem& item : listItems(tags.withoutExtendedData())) {
         if (fixed.isFixed(item) || !given.hasCode(item.code)) {
             kept.push_back({std::move(item), 0});
             continue;
@@ -141,12 +140,11 @@ TagList changedTags(const TagList& tags, GivenItems given, const Document& docum
         }
     }
     TagList changed;
-    changed.reserve(tags.size());
     for (const ListItem& item : withUnused(kept, given))
         for (const Tag& record : item.records)
             changed.add(record.code, record.value);
-    for (std::size_t i = end; i < tags.size(); ++i)
-        changed.add(tags[i].code, tags[i].value);
+    for (const TagRef& tag : tags.extendedData())
+        changed.add(tag.tag());
     return changed;
 }
 
@@ -218,13 +216,13 @@ int acdbEntMod(const resbuf* list) {
     if (entity.openStatus() != Acad::eOk || !prepareReferences(list, *id.database()))
         return RTERROR;
     DatabaseCore& core = id.database()->core();
-    const std::string type(entity->tags().text(0, entity->tags().all()).value_or(""));
+    const std::string type(entity->tags().text(0).value_or(""));
     const resbuf* const data = extendedDataOf(list);
     if (data != nullptr && entity->setXData(data) != Acad::eOk)
         return RTERROR;
     GivenItems given(listItems(list, core, hasPlanePoints(type)));
     TagList changed = changedTags(entity->tags(), std::move(given), *core.document);
-    if (changed == entity->tags())
+    if (std::ranges::equal(changed, entity->tags(), {}, {}, &TagRef::tag))
         return RTNORM;
     return DatabaseCore::replaceTags(*entity.object(), std::move(changed)) == Acad::eOk ? RTNORM : RTERROR;
 }

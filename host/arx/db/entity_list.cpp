@@ -18,18 +18,8 @@ namespace {
 constexpr int kEntityName = -1;
 constexpr int kExtendedData = -3;
 constexpr int kApplication = 1001;
+constexpr int kAxes = 3;
 constexpr int kAxisStep = 10;
-
-/// Returns the index after the item at `at`.
-std::size_t itemEnd(const TagList& tags, std::size_t at, std::size_t last) {
-    const int code = tags[at].code;
-    std::size_t end = at + 1;
-    if (resultKind(code) != ResultKind::point)
-        return end;
-    for (int axis = 1; axis < 3 && end < last && tags[end].code == code + kAxisStep * axis; ++axis)
-        ++end;
-    return end;
-}
 
 /// Returns whether a list item is not a record that lists can set: the identity of the entity.
 bool isIdentity(int code, bool isFirstOwner) {
@@ -75,12 +65,11 @@ resbuf* entityList(const ads_name name, const resbuf* applications) {
     const AcDbObjectPointer<AcDbObject> object(id);
     if (object.openStatus() != Acad::eOk)
         return nullptr;
-    const TagList& tags = object->tags();
     ChainWriter chain(id.database()->core());
     ads_name_set(name, chain.append(kEntityName).resval.rlname);
-    const std::size_t end = tags.extendedDataStart();
-    for (std::size_t at = 0; at < end;)
-        at = chain.add(tags, at);
+    const TagView records = object->tags().withoutExtendedData();
+    for (auto at = records.begin(); at != records.end();)
+        chain.add(at);
     resbuf* const data =
         applications != nullptr
             ? selectApplications(std::unique_ptr<resbuf, ReleaseChain>(object->xData()), applications)
@@ -92,14 +81,16 @@ resbuf* entityList(const ads_name name, const resbuf* applications) {
 
 } // namespace
 
-std::vector<ListItem> listItems(const TagList& tags, TagRange range) {
+std::vector<ListItem> listItems(const TagView& tags) {
     std::vector<ListItem> items;
-    for (std::size_t at = range.first; at < range.last;) {
-        const std::size_t end = itemEnd(tags, at, range.last);
+    for (auto at = tags.begin(); at != tags.end();) {
+        const int code = at->code;
         ListItem& item = items.emplace_back();
-        item.code = tags[at].code;
-        for (; at < end; ++at)
-            item.records.push_back(tags[at]);
+        item.code = code;
+        const int axes = resultKind(code) == ResultKind::point ? kAxes : 1;
+        for (int axis = 0; axis < axes && at != tags.end() && at->code == code + kAxisStep * axis;
+             ++axis, ++at)
+            item.records.push_back(at->tag());
     }
     return items;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drawing/tag_list.h"
+#include "drawing/tag_view.h"
 
 #include <cstddef>
 #include <span>
@@ -19,7 +19,7 @@ struct ListItem {
 };
 
 /// Splits the records of an entity as its list has them: a point is one item.
-[[nodiscard]] std::vector<ListItem> listItems(const TagList& tags, TagRange range);
+[[nodiscard]] std::vector<ListItem> listItems(const TagView& tags);
 
 /// Converts the items of a list that are records of the entity itself: without its name, extended data,
 /// handle and owner.

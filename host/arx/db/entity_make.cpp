@@ -228,9 +228,9 @@ private:
     /// Gives an entity that was added its records, after those of its identity.
     bool complete(AcDbEntity& entity, TagList records) const {
         TagList tags;
-        for (const Tag& tag : entity.tags())
+        for (const TagRef& tag : entity.tags())
             if (tag.code == 0 || tag.code == 5 || tag.code == 330)
-                tags.add(tag.code, tag.value);
+                tags.add(tag.tag());
         if (core_.document->version() <= kRelease12)
             records.eraseMarkers();
         tags.insert(tags.size(), std::move(records));

@@ -11,6 +11,8 @@
 ACRX_CONS_DEFINE_MEMBERS(AcDbGroup, AcDbObject)
 
 using zuhost::TagRange;
+using zuhost::TagRef;
+using zuhost::TagView;
 
 namespace {
 
@@ -30,18 +32,26 @@ void eraseEntries(zuhost::TagList& tags, Predicate isErased) {
 
 } // namespace
 
-AcDbGroupIterator::AcDbGroupIterator(const AcDbGroup& group)
-    : group_(group), place_(group.tags().subclassStart(kMarker)) {
+AcDbGroupIterator::AcDbGroupIterator(const AcDbGroup& group) : group_(group) {
+    start();
     next();
 }
 
+void AcDbGroupIterator::start() {
+    place_ = group_.section(kMarker).begin().place();
+    version_ = group_.tagVersion();
+}
+
 bool AcDbGroupIterator::next() {
-    const zuhost::TagList& records = group_.tags();
-    AcDbStub* found = nullptr;
-    while (found == nullptr && group_.core() != nullptr && place_ < records.size() &&
-           !zuhost::TagList::endsSubclass(records[place_]))
-        found = group_.memberOf(records[place_++], seen_);
-    member_ = AcDbObjectId(found);
+    member_ = AcDbObjectId();
+    if (version_ != group_.tagVersion())
+        start(); // The members before it have been seen.
+    const zuhost::TagView records = group_.tags();
+    for (auto it = records.at(place_);
+         it != records.end() && !zuhost::TagList::endsSubclass(it->code) && done(); ++it) {
+        member_ = AcDbObjectId(group_.memberOf(*it, seen_));
+        place_ = it.next();
+    }
     return !done();
 }
 
@@ -49,11 +59,11 @@ AcDbGroupIterator* AcDbGroup::newIterator() const {
     return new AcDbGroupIterator(*this);
 }
 
-AcDbGroup::AcDbGroup() {
-    startRecords("GROUP", {kMarker});
-    setTextTag(kMarker, 300, L"");
-    setIntegerTag(kMarker, 70, 0);
-    setIntegerTag(kMarker, 71, 1);
+zuhost::TagList AcDbGroup::newRecords() const {
+    zuhost::TagList records = recordsOf("GROUP", {kMarker});
+    for (const auto& [code, value] : {std::pair(300, ""), {70, "0"}, {71, "1"}})
+        records.add(code, value);
+    return records;
 }
 
 AcDbGroup::AcDbGroup(const ACHAR* description, bool selectable) : AcDbGroup() {
@@ -94,17 +104,16 @@ Adesk::UInt32 AcDbGroup::allEntityIds(AcDbObjectIdArray& ids) const {
     if (core() == nullptr)
         return 0;
     std::unordered_set<const AcDbStub*> seen;
-    const TagRange range = section(kMarker);
-    for (std::size_t i = range.first; i < range.last; ++i)
-        if (AcDbStub* const member = memberOf(tags()[i], seen))
+    for (const TagRef& tag : section(kMarker))
+        if (AcDbStub* const member = memberOf(tag, seen))
             ids.append(member);
     return static_cast<Adesk::UInt32>(ids.length());
 }
 
-AcDbStub* AcDbGroup::memberOf(const zuhost::Tag& record, std::unordered_set<const AcDbStub*>& seen) const {
-    if (record.code != kMember)
+AcDbStub* AcDbGroup::memberOf(const TagRef& record, std::unordered_set<const AcDbStub*>& seen) const {
+    if (record.code != kMember || core() == nullptr)
         return nullptr;
-    const auto handle = zuhost::parseHandle(record.value);
+    const auto handle = record.handle();
     AcDbStub* const member = handle ? core()->document->find(*handle) : nullptr;
     return member != nullptr && seen.insert(member).second ? member : nullptr;
 }
@@ -114,10 +123,9 @@ std::vector<AcDbHandle> AcDbGroup::surplusEntries() const {
     if (core() == nullptr)
         return surplus;
     std::unordered_set<const AcDbStub*> seen;
-    const TagRange range = section(kMarker);
-    for (std::size_t i = range.first; i < range.last; ++i)
-        if (tags()[i].code == kMember && memberOf(tags()[i], seen) == nullptr)
-            surplus.emplace_back(zuhost::parseHandle(tags()[i].value).value_or(0));
+    for (const TagRef& tag : section(kMarker))
+        if (tag.code == kMember && memberOf(tag, seen) == nullptr)
+            surplus.emplace_back(tag.handle().value_or(0));
     return surplus;
 }
 
@@ -126,7 +134,9 @@ Acad::ErrorStatus AcDbGroup::removeSurplusEntries() {
     if (status != Acad::eOk)
         return status;
     std::unordered_set<const AcDbStub*> seen;
-    eraseEntries(changingTags(), [&](const zuhost::Tag& entry) { return memberOf(entry, seen) == nullptr; });
+    eraseEntries(changingTags(), [&](const zuhost::Tag& entry) {
+        return memberOf({entry.code, entry.value, false}, seen) == nullptr;
+    });
     return Acad::eOk;
 }
 
@@ -139,9 +149,8 @@ AcDbGroup::Members& AcDbGroup::members() const {
         return members_;
     members_.clear();
     std::unordered_set<const AcDbStub*> seen;
-    const TagRange range = section(kMarker);
-    for (std::size_t i = range.first; i < range.last; ++i)
-        if (const AcDbStub* const member = memberOf(tags()[i], seen))
+    for (const TagRef& tag : section(kMarker))
+        if (const AcDbStub* const member = memberOf(tag, seen))
             members_.emplace(member->handle, kInRecords);
     membersVersion_ = tagVersion();
     return members_;
@@ -235,24 +244,27 @@ Acad::ErrorStatus AcDbGroup::prepend(const AcDbObjectIdArray& ids) {
 Acad::ErrorStatus AcDbGroup::insertAt(Adesk::UInt32 index, AcDbObjectId id) {
     if (core() == nullptr)
         return Acad::eNotInDatabase;
-    std::unordered_set<const AcDbStub*> seen;
-    const TagRange range = section(kMarker);
-    Adesk::UInt32 passed = 0;
-    for (std::size_t i = range.first; i < range.last; ++i)
-        if (memberOf(tags()[i], seen) != nullptr && passed++ == index)
-            return insert(id, i);
-    return passed == index ? append(id) : Acad::eInvalidIndex;
-}
-
-Acad::ErrorStatus AcDbGroup::insert(AcDbObjectId id, std::size_t place) {
+    if (index >= numEntities())
+        return index == numEntities() ? append(id) : Acad::eInvalidIndex;
     const Acad::ErrorStatus status = admit(id);
     if (status != Acad::eOk)
         return status;
     assertWriteEnabled();
+    const std::size_t place = placeOf(index);
     members().emplace(id.handle().value(), kInRecords);
     changingTags().insert(place, entryOf(id.handle().value()));
     membersVersion_ = tagVersion();
     return Acad::eOk;
+}
+
+std::size_t AcDbGroup::placeOf(Adesk::UInt32 index) const {
+    std::unordered_set<const AcDbStub*> seen;
+    const TagView part = section(kMarker);
+    auto it = part.begin();
+    for (Adesk::UInt32 passed = 0; it != part.end(); ++it)
+        if (memberOf(*it, seen) != nullptr && passed++ == index)
+            break;
+    return it.place();
 }
 
 Acad::ErrorStatus AcDbGroup::remove(AcDbObjectId id) {

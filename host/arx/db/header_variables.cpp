@@ -27,25 +27,25 @@ struct Usual {
 };
 
 constexpr std::array kUsual{
-    Usual{"$ANGBASE", 50, "0.0"},    Usual{"$ANGDIR", 70, "0"},          Usual{"$ATTMODE", 70, "1"},
-    Usual{"$AUNITS", 70, "0"},       Usual{"$AUPREC", 70, "0"},          Usual{"$CECOLOR", 62, "256"},
-    Usual{"$CELTSCALE", 40, "1.0"},  Usual{"$CELTYPE", 6, "ByLayer"},    Usual{"$CELWEIGHT", 370, "-1"},
-    Usual{"$CLAYER", 8, "0"},        Usual{"$DIMSCALE", 40, "1.0"},      Usual{"$DIMSTYLE", 2, "Standard"},
-    Usual{"$DIMZIN", 70, "0"},       Usual{"$ELEVATION", 40, "0.0"},     Usual{"$FILLMODE", 70, "1"},
-    Usual{"$INSUNITS", 70, "0"},     Usual{"$LTSCALE", 40, "1.0"},       Usual{"$LUNITS", 70, "2"},
-    Usual{"$LUPREC", 70, "4"},       Usual{"$MEASUREMENT", 70, "0"},     Usual{"$MIRRTEXT", 70, "0"},
-    Usual{"$ORTHOMODE", 70, "0"},    Usual{"$PDMODE", 70, "0"},          Usual{"$PDSIZE", 40, "0.0"},
-    Usual{"$TEXTSIZE", 40, "2.5"},   Usual{"$TEXTSTYLE", 7, "Standard"}, Usual{"$THICKNESS", 40, "0.0"},
-    Usual{"$TILEMODE", 70, "1"},     Usual{"$USERI1", 70, "0"},          Usual{"$USERI2", 70, "0"},
-    Usual{"$USERI3", 70, "0"},       Usual{"$USERI4", 70, "0"},          Usual{"$USERI5", 70, "0"},
-    Usual{"$USERR1", 40, "0.0"},     Usual{"$USERR2", 40, "0.0"},        Usual{"$USERR3", 40, "0.0"},
-    Usual{"$USERR4", 40, "0.0"},     Usual{"$USERR5", 40, "0.0"},
+    Usual{"$ANGBASE", 50, "0.0"},   Usual{"$ANGDIR", 70, "0"},          Usual{"$ATTMODE", 70, "1"},
+    Usual{"$AUNITS", 70, "0"},      Usual{"$AUPREC", 70, "0"},          Usual{"$CECOLOR", 62, "256"},
+    Usual{"$CELTSCALE", 40, "1.0"}, Usual{"$CELTYPE", 6, "ByLayer"},    Usual{"$CELWEIGHT", 370, "-1"},
+    Usual{"$CLAYER", 8, "0"},       Usual{"$DIMSCALE", 40, "1.0"},      Usual{"$DIMSTYLE", 2, "Standard"},
+    Usual{"$DIMZIN", 70, "0"},      Usual{"$ELEVATION", 40, "0.0"},     Usual{"$FILLMODE", 70, "1"},
+    Usual{"$INSUNITS", 70, "0"},    Usual{"$LTSCALE", 40, "1.0"},       Usual{"$LUNITS", 70, "2"},
+    Usual{"$LUPREC", 70, "4"},      Usual{"$MEASUREMENT", 70, "0"},     Usual{"$MIRRTEXT", 70, "0"},
+    Usual{"$ORTHOMODE", 70, "0"},   Usual{"$PDMODE", 70, "0"},          Usual{"$PDSIZE", 40, "0.0"},
+    Usual{"$TEXTSIZE", 40, "2.5"},  Usual{"$TEXTSTYLE", 7, "Standard"}, Usual{"$THICKNESS", 40, "0.0"},
+    Usual{"$TILEMODE", 70, "1"},    Usual{"$USERI1", 70, "0"},          Usual{"$USERI2", 70, "0"},
+    Usual{"$USERI3", 70, "0"},      Usual{"$USERI4", 70, "0"},          Usual{"$USERI5", 70, "0"},
+    Usual{"$USERR1", 40, "0.0"},    Usual{"$USERR2", 40, "0.0"},        Usual{"$USERR3", 40, "0.0"},
+    Usual{"$USERR4", 40, "0.0"},    Usual{"$USERR5", 40, "0.0"},
 };
 
 /// Determined by the drawing's content.
-constexpr std::array<std::string_view, 9> kReadOnly{"$ACADVER", "$DWGCODEPAGE", "$EXTMIN", "$EXTMAX",
-                                                   "$HANDSEED", "$TDCREATE",    "$TDUPDATE", "$TDINDWG",
-                                                   "$HANDLING"};
+constexpr std::array<std::string_view, 9> kReadOnly{"$ACADVER",  "$DWGCODEPAGE", "$EXTMIN",
+                                                    "$EXTMAX",   "$HANDSEED",    "$TDCREATE",
+                                                    "$TDUPDATE", "$TDINDWG",     "$HANDLING"};
 
 std::string headerName(std::wstring_view name) {
     return toUtf8(L"$" + foldedName(name));
@@ -65,14 +65,13 @@ TagRange findValues(const TagList& header, std::string_view name) {
 std::optional<Tag> usualValue(std::string_view name) {
     const auto found =
         std::find_if(kUsual.begin(), kUsual.end(), [name](const Usual& usual) { return usual.name == name; });
-    return found == kUsual.end() ? std::nullopt
-                                 : std::optional(Tag{found->code, std::string(found->value)});
+    return found == kUsual.end() ? std::nullopt : std::optional(Tag{found->code, std::string(found->value)});
 }
 
 void readPoint(const TagList& header, TagRange values, resbuf& value) {
     value.restype = values.last - values.first > 2 ? RT3DPOINT : RTPOINT;
     for (int axis = 0; axis < 3; ++axis)
-        value.resval.rpoint[axis] = header.real(kPoint * (axis + 1), values).value_or(0.0);
+        value.resval.rpoint[axis] = TagView(header).in(values).real(kPoint * (axis + 1)).value_or(0.0);
 }
 
 void readSingle(const Tag& tag, const Document& document, resbuf& value) {
@@ -117,9 +116,9 @@ std::optional<std::string> recordValue(int code, const resbuf& value, const Docu
     }
     if (kind == ResultKind::int16 || kind == ResultKind::int32) {
         const auto integer = integerOf(value);
-        const bool fits = integer && (kind == ResultKind::int32 ||
-                                      (*integer >= std::numeric_limits<std::int16_t>::min() &&
-                                       *integer <= std::numeric_limits<std::int16_t>::max()));
+        const bool fits =
+            integer && (kind == ResultKind::int32 || (*integer >= std::numeric_limits<std::int16_t>::min() &&
+                                                      *integer <= std::numeric_limits<std::int16_t>::max()));
         return fits ? std::optional(std::to_string(*integer)) : std::nullopt;
     }
     if (kind != ResultKind::text || value.restype != RTSTR || value.resval.rstring == nullptr)

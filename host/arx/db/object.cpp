@@ -5,16 +5,16 @@
 
 #include <zuhost/text_codec.h>
 
-#include <algorithm>
+#include <array>
 
 using zuhost::TagList;
-using zuhost::TagRange;
+using zuhost::TagView;
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbObject, AcRxObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObjectReactor, AcRxObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDatabaseReactor, AcRxObject)
 
-AcDbObject::AcDbObject() : tags_(std::make_unique<TagList>()) {}
+AcDbObject::AcDbObject() = default;
 
 AcDbObject::~AcDbObject() {
     notifyReactors([this](AcDbObjectReactor& r) { r.goodbye(this); });
@@ -33,7 +33,7 @@ zuhost::DatabaseCore* AcDbObject::core() const {
 }
 
 std::wstring AcDbObject::dxfName() const {
-    return decoded(tags().text(0, tags().all()).value_or(""));
+    return decoded(tags().text(0).value_or(""));
 }
 
 bool AcDbObject::isNewObject() const {
@@ -50,69 +50,77 @@ std::string AcDbObject::encoded(std::wstring_view text) const {
     return database != nullptr ? database->document->encode(text) : zuhost::toUtf8(text);
 }
 
-template <typename Find>
-std::size_t AcDbObject::cachedIndex(CachedIndex& cache, Find find) const {
-    const TagList& records = tags();
-    if (isWriteEnabled())
-        return find(records);
-    if (!cache.isValid || cache.version != tagVersion_)
-        cache = {tagVersion_, true, find(records)};
-    return cache.index;
+TagView AcDbObject::tags() const {
+    const TagList* const own = ownTags();
+    return own != nullptr ? TagView(*own) : core()->document->view(*stub_);
 }
 
-std::size_t AcDbObject::firstMarker() const {
-    return cachedIndex(firstMarker_, [](const TagList& records) { return records.firstMarker(); });
+TagView AcDbObject::storedTags() const {
+    return own_ ? TagView(*own_) : tags();
 }
 
-std::size_t AcDbObject::extendedDataStart() const {
-    return cachedIndex(extendedDataStart_,
-                       [this](const TagList& records) { return records.extendedDataStart(firstMarker()); });
+const TagList* AcDbObject::ownTags() const {
+    completeTags();
+    return own_.get();
 }
 
-TagRange AcDbObject::section(std::string_view marker) const {
-    if (marker.empty())
-        return {0, extendedDataStart()};
-    // While open for write the first marker is not cached: searching for it first would only take longer.
-    return tags().subclass(marker, isWriteEnabled() ? 0 : firstMarker());
+void AcDbObject::completeTags() const {
+    if (hasDeferredChanges_)
+        flushChanges();
+    if (!own_ && stub_ == nullptr)
+        own_ = std::make_unique<TagList>(newRecords());
+}
+
+TagView AcDbObject::section(std::string_view marker) const {
+    return marker.empty() ? tags().withoutExtendedData() : tags().subclass(marker);
 }
 
 double AcDbObject::realTag(std::string_view marker, int code, double missing) const {
-    return tags().real(code, section(marker)).value_or(missing);
+    return section(marker).real(code).value_or(missing);
 }
 
 std::int64_t AcDbObject::integerTag(std::string_view marker, int code, std::int64_t missing) const {
-    return tags().integer(code, section(marker)).value_or(missing);
+    return section(marker).integer(code).value_or(missing);
 }
 
 std::wstring AcDbObject::textTag(std::string_view marker, int code) const {
-    return decoded(tags().text(code, section(marker)).value_or(""));
+    return decoded(section(marker).text(code).value_or(""));
 }
 
 AcGePoint3d AcDbObject::pointTag(std::string_view marker, int code, const AcGePoint3d& missing) const {
-    const TagRange range = section(marker);
-    return {tags().real(code, range).value_or(missing.x), tags().real(code + 10, range).value_or(missing.y),
-            tags().real(code + 20, range).value_or(missing.z)};
+    std::array values{missing.x, missing.y, missing.z};
+    section(marker).reals(std::array{code, code + 10, code + 20}, values);
+    return {values[0], values[1], values[2]};
 }
 
 Acad::ErrorStatus AcDbObject::setRealTag(std::string_view marker, int code, double value) {
     const Acad::ErrorStatus status = assertWriteEnabled();
-    if (status == Acad::eOk)
-        changingTags().setReal(code, value, section(marker));
+    if (status == Acad::eOk) {
+        TagList& records = changingTags();
+        records.setReal(code, value, section(marker).range());
+    }
     return status;
 }
 
 Acad::ErrorStatus AcDbObject::setIntegerTag(std::string_view marker, int code, std::int64_t value) {
     const Acad::ErrorStatus status = assertWriteEnabled();
-    if (status == Acad::eOk)
-        changingTags().setInteger(code, value, section(marker));
+    if (status == Acad::eOk) {
+        TagList& records = changingTags();
+        records.setInteger(code, value, section(marker).range());
+    }
     return status;
 }
 
 Acad::ErrorStatus AcDbObject::setTextTag(std::string_view marker, int code, std::wstring_view text) {
     const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status != Acad::eOk)
+        return status;
+    TagList& records = changingTags();
+    const TagView part = section(marker);
     // An equal text keeps its encoding in the records.
-    if (status == Acad::eOk && (!tags().text(code, section(marker)) || textTag(marker, code) != text))
-        changingTags().setText(code, encoded(text), section(marker));
+    const auto known = part.text(code);
+    if (!known || decoded(*known) != text)
+        records.setText(code, encoded(text), part.range());
     return status;
 }
 
@@ -122,19 +130,34 @@ Acad::ErrorStatus AcDbObject::setPointTag(std::string_view marker, int code, con
         return status;
     TagList& records = changingTags();
     // The section is looked up for each number: adding a record moves its end.
-    records.setReal(code, point.x, section(marker));
-    records.setReal(code + 10, point.y, section(marker));
-    records.setReal(code + 20, point.z, section(marker));
+    records.setReal(code, point.x, section(marker).range());
+    records.setReal(code + 10, point.y, section(marker).range());
+    records.setReal(code + 20, point.z, section(marker).range());
     return status;
 }
 
-void AcDbObject::startRecords(std::string_view type, std::initializer_list<std::string_view> markers) {
-    tags_->add(0, std::string(type));
+TagList AcDbObject::newRecords() const {
+    return {};
+}
+
+TagList AcDbObject::recordsOf(std::string_view type, std::initializer_list<std::string_view> markers) {
+    TagList records;
+    records.add(0, std::string(type));
     for (const std::string_view marker : markers)
-        tags_->add(100, std::string(marker));
+        records.add(100, std::string(marker));
+    return records;
 }
 
 Acad::ErrorStatus AcDbObject::assertWriteEnabled() {
+    const Acad::ErrorStatus status = startChange();
+    if (status == Acad::eOk && !own_ && stub_ != nullptr) {
+        own_ = std::make_unique<TagList>(core()->document->tags(*stub_));
+        ++tagVersion_;
+    }
+    return status;
+}
+
+Acad::ErrorStatus AcDbObject::startChange() {
     if (stub_ == nullptr)
         return Acad::eOk;
     if (!writing_)
@@ -142,22 +165,26 @@ Acad::ErrorStatus AcDbObject::assertWriteEnabled() {
     zuhost::UndoLog& undo = core()->undo;
     if (recordedStep_ != undo.step()) {
         recordedStep_ = undo.step();
-        undo.record(*stub_, tags(), zuhost::UndoLog::Kind::changed);
+        undo.record(*stub_, ownTags(), zuhost::UndoLog::Kind::changed);
     }
     if (!modified_) {
         modified_ = true;
         notifyReactors([this](AcDbObjectReactor& r) { r.openedForModify(this); });
         core()->openedForModify(*this);
     }
-    stub_->changed = true;
     return Acad::eOk;
 }
 
 TagList& AcDbObject::changingTags() {
     ++tagVersion_;
-    if (hasDeferredChanges_)
-        flushChanges();
-    return *tags_;
+    completeTags();
+    return *own_;
+}
+
+void AcDbObject::replaceTags(std::optional<TagList> tags) {
+    ++tagVersion_;
+    completeTags(); // Deferred changes are replaced too.
+    own_ = tags ? std::make_unique<TagList>(std::move(*tags)) : nullptr;
 }
 
 void AcDbObject::deferChange() {
@@ -167,9 +194,9 @@ void AcDbObject::deferChange() {
 
 void AcDbObject::flushChanges() const {
     hasDeferredChanges_ = false;
-    if (reactorIndex_)
-        reactorIndex_->apply(*tags_);
-    applyDeferred(*tags_);
+    if (reactors_ && reactors_->index)
+        reactors_->index->apply(*own_);
+    applyDeferred(*own_);
 }
 
 Acad::ErrorStatus AcDbObject::erase(bool erasing) {
@@ -179,7 +206,7 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing) {
         return Acad::eNotOpenForWrite;
     if (stub_->erased == erasing)
         return erasing ? Acad::eWasErased : Acad::eOk;
-    assertWriteEnabled();
+    startChange();
     stub_->erased = erasing;
     eraseToggled_ = !eraseToggled_;
     ++tagVersion_;
@@ -188,7 +215,6 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing) {
 }
 
 AcDbObjectId AcDbObject::extensionDictionary() const {
-    const TagRange range = tags().applicationGroup("ACAD_XDICTIONARY");
-    const auto handle = tags().handle(360, range);
+    const auto handle = tags().applicationGroup("ACAD_XDICTIONARY").handle(360);
     return handle && core() != nullptr ? AcDbObjectId(core()->document->find(*handle)) : AcDbObjectId();
 }

@@ -56,19 +56,19 @@ AcRxClass* lookUp(const Table& table, std::string_view type) {
     return found == table.end() ? nullptr : found->desc();
 }
 
-bool isEntity(std::string_view type, const TagList& tags) {
-    return !tags.subclass("AcDbEntity").empty() || tags.find(8, tags.all()) != tags.all().last ||
+bool isEntity(std::string_view type, const TagView& tags) {
+    return !tags.subclass("AcDbEntity").empty() || tags.find(8) ||
            std::find(kOldEntities.begin(), kOldEntities.end(), type) != kOldEntities.end();
 }
 
-AcRxClass* tableClass(const TagList& tags) {
-    AcRxClass* const known = lookUp(kTables, tags.text(2, tags.all()).value_or(""));
+AcRxClass* tableClass(const TagView& tags) {
+    AcRxClass* const known = lookUp(kTables, tags.text(2).value_or(""));
     return known != nullptr ? known : AcDbSymbolTable::desc();
 }
 
 } // namespace
 
-AcRxClass* ObjectBuilder::classOf(const std::string& type, const TagList& tags) {
+AcRxClass* ObjectBuilder::classOf(const std::string& type, const TagView& tags) {
     if (type == "TABLE")
         return tableClass(tags);
     if (AcRxClass* const known = lookUp(kTypes, type))
@@ -76,7 +76,7 @@ AcRxClass* ObjectBuilder::classOf(const std::string& type, const TagList& tags) 
     return isEntity(type, tags) ? AcDbEntity::desc() : AcDbObject::desc();
 }
 
-std::unique_ptr<AcDbObject> ObjectBuilder::build(const std::string& type, const TagList& tags) {
+std::unique_ptr<AcDbObject> ObjectBuilder::build(const std::string& type, const TagView& tags) {
     return std::unique_ptr<AcDbObject>(static_cast<AcDbObject*>(classOf(type, tags)->create()));
 }
 

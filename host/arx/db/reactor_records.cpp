@@ -56,7 +56,7 @@ void eraseEmptyGroups(TagList& tags) {
 
 } // namespace
 
-std::vector<ReactorEntry> reactorEntries(const TagList& tags) {
+std::vector<ReactorEntry> reactorEntries(const TagView& tags) {
     std::vector<ReactorEntry> entries;
     visitReactorEntries(tags, [&entries](const ReactorEntry& entry) { entries.push_back(entry); });
     return entries;
@@ -77,13 +77,13 @@ void addReactorEntries(TagList& tags, const std::vector<std::uint64_t>& handles)
     tags.insert(place.value_or(placeForGroup(tags)), std::move(added));
 }
 
-void eraseReactorEntries(TagList& tags, const std::vector<std::size_t>& places) {
-    if (places.empty())
+void eraseReactorEntries(TagList& tags, const std::vector<ReactorEntry>& entries) {
+    if (entries.empty())
         return;
     const Tag* const first = &tags[0];
-    auto next = places.begin();
-    tags.eraseIf({places.front(), places.back() + 1}, [&](const Tag& tag) {
-        const bool isErased = next != places.end() && static_cast<std::size_t>(&tag - first) == *next;
+    auto next = entries.begin();
+    tags.eraseIf({entries.front().place, entries.back().place + 1}, [&](const Tag& tag) {
+        const bool isErased = next != entries.end() && static_cast<std::size_t>(&tag - first) == next->place;
         next += isErased ? 1 : 0;
         return isErased;
     });
@@ -108,11 +108,9 @@ void ReactorIndex::remove(std::uint64_t handle) {
 }
 
 void ReactorIndex::apply(TagList& tags) {
-    std::vector<std::size_t> places;
-    for (const ReactorEntry& entry : reactorEntries(tags))
-        if (removed_.contains(entry.handle))
-            places.push_back(entry.place);
-    eraseReactorEntries(tags, places);
+    std::vector<ReactorEntry> entries = reactorEntries(tags);
+    std::erase_if(entries, [this](const ReactorEntry& entry) { return !removed_.contains(entry.handle); });
+    eraseReactorEntries(tags, entries);
     std::vector<std::uint64_t> handles;
     for (const auto& [handle, order] : added_)
         handles.push_back(handle);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drawing/tag_list.h"
+#include "drawing/tag_view.h"
 #include "dxf_records/number_text.h"
 
 #include <cstdint>
@@ -13,7 +13,7 @@ namespace zuhost {
 
 /// An entry of the persistent reactors in an object's records.
 struct ReactorEntry {
-    std::size_t place; ///< Index of its record.
+    std::size_t place; ///< Of its record.
     std::uint64_t handle;
 };
 
@@ -30,27 +30,26 @@ inline constexpr std::string_view kOpening = "{ACAD_REACTORS";
 /// Calls `visit` with each entry in order. Damaged objects can have several groups of them, or one that is
 /// not closed.
 template <typename Visit>
-void visitReactorEntries(const TagList& tags, Visit visit) {
+void visitReactorEntries(const TagView& tags, Visit visit) {
     using namespace reactor_records;
     bool isInGroup = false;
-    for (std::size_t i = 0; i < tags.size() && tags[i].code < kFirstExtended; ++i) {
-        const Tag& tag = tags[i];
-        if (tag.code == kBracket || tag.code == kMarker)
-            isInGroup = tag.code == kBracket && tag.value == kOpening;
-        else if (isInGroup && tag.code == kEntry)
-            if (const auto handle = parseHandle(tag.value))
-                visit(ReactorEntry{i, *handle});
+    for (auto it = tags.begin(); it != tags.end() && it->code < kFirstExtended; ++it) {
+        if (it->code == kBracket || it->code == kMarker)
+            isInGroup = it->code == kBracket && it->text == kOpening;
+        else if (isInGroup && it->code == kEntry)
+            if (const auto handle = it->handle())
+                visit(ReactorEntry{it.place(), *handle});
     }
 }
 
 /// Returns all entries in order.
-[[nodiscard]] std::vector<ReactorEntry> reactorEntries(const TagList& tags);
+[[nodiscard]] std::vector<ReactorEntry> reactorEntries(const TagView& tags);
 
 /// Appends the entries to the last group; creates a group when there is none.
 void addReactorEntries(TagList& tags, const std::vector<std::uint64_t>& handles);
 
-/// Removes the entries at the places, which are in ascending order, and groups that become empty.
-void eraseReactorEntries(TagList& tags, const std::vector<std::size_t>& places);
+/// Removes the entries, which are in the order of the records, and groups that become empty.
+void eraseReactorEntries(TagList& tags, const std::vector<ReactorEntry>& entries);
 
 /// Index of the persistent reactors of an object that has many. Changes of the records are deferred:
 /// searching the records for each of n changes would take quadratic time.

@@ -9,6 +9,7 @@
 #include <unordered_set>
 
 using zuhost::TagList;
+using zuhost::TagView;
 
 namespace {
 
@@ -21,24 +22,20 @@ void* persistentEntry(AcDbStub* stub) {
     return reinterpret_cast<char*>(stub) + 1;
 }
 
-bool isCurrent(const std::unique_ptr<zuhost::ReactorIndex>& index, std::uint32_t tagVersion) {
-    return index && index->version == tagVersion;
-}
-
 template <typename Predicate>
-std::vector<std::size_t> placesOf(const TagList& tags, Predicate isWanted) {
-    std::vector<std::size_t> places;
+std::vector<zuhost::ReactorEntry> entriesWith(const TagView& tags, Predicate isWanted) {
+    std::vector<zuhost::ReactorEntry> entries;
     zuhost::visitReactorEntries(tags, [&](const zuhost::ReactorEntry& entry) {
         if (isWanted(entry.handle))
-            places.push_back(entry.place);
+            entries.push_back(entry);
     });
-    return places;
+    return entries;
 }
 
-/// Places of entries that refer to no object of the drawing, or repeat an earlier entry.
-std::vector<std::size_t> surplusEntries(const TagList& tags, const zuhost::Document& document) {
+/// Returns the entries that refer to no object of the drawing, or repeat an earlier entry.
+std::vector<zuhost::ReactorEntry> surplusEntries(const TagView& tags, const zuhost::Document& document) {
     std::unordered_set<const AcDbStub*> seen;
-    return placesOf(tags, [&](std::uint64_t handle) {
+    return entriesWith(tags, [&](std::uint64_t handle) {
         const AcDbStub* const named = document.find(handle);
         return named == nullptr || !seen.insert(named).second;
     });
@@ -58,7 +55,7 @@ struct RemoveReactor {
 
     void operator()(zuhost::ReactorIndex& index) const { index.remove(handle); }
     void operator()(TagList& tags) const {
-        zuhost::eraseReactorEntries(tags, placesOf(tags, [this](std::uint64_t h) { return h == handle; }));
+        zuhost::eraseReactorEntries(tags, entriesWith(tags, [this](std::uint64_t h) { return h == handle; }));
     }
 };
 
@@ -90,31 +87,45 @@ AcDbObjectId acdbPersistentReactorObjectId(const void* reactor) {
     return {reinterpret_cast<AcDbStub*>(entry - 1)};
 }
 
+AcDbObject::Reactors& AcDbObject::ownReactors() const {
+    if (!reactors_)
+        reactors_ = std::make_unique<Reactors>();
+    return *reactors_;
+}
+
+bool AcDbObject::isTransientReactor(const AcDbObjectReactor* reactor) const {
+    return reactors_ && std::ranges::find(reactors_->transient, reactor) != reactors_->transient.end();
+}
+
 void AcDbObject::addReactor(AcDbObjectReactor* reactor) const {
-    if (reactor != nullptr &&
-        std::find(transientReactors_.begin(), transientReactors_.end(), reactor) == transientReactors_.end())
-        transientReactors_.push_back(reactor);
+    if (reactor != nullptr && !isTransientReactor(reactor))
+        ownReactors().transient.push_back(reactor);
 }
 
 void AcDbObject::removeReactor(AcDbObjectReactor* reactor) const {
-    std::erase(transientReactors_, reactor);
+    if (reactors_)
+        std::erase(reactors_->transient, reactor);
 }
 
-zuhost::ReactorIndex* AcDbObject::reactorIndex() const {
-    if (isCurrent(reactorIndex_, tagVersion_))
-        return reactorIndex_.get();
+zuhost::ReactorIndex* AcDbObject::currentReactorIndex() const {
+    const bool isCurrent = reactors_ && reactors_->index && reactors_->index->version == tagVersion_;
+    return isCurrent ? reactors_->index.get() : nullptr;
+}
+
+void AcDbObject::indexReactors() const {
+    if (currentReactorIndex() != nullptr)
+        return;
     const std::vector<zuhost::ReactorEntry> entries = zuhost::reactorEntries(tags());
-    reactorIndex_ =
-        entries.size() > kFewEntries ? std::make_unique<zuhost::ReactorIndex>(entries, tagVersion_) : nullptr;
-    return reactorIndex_.get();
+    if (entries.size() > kFewEntries)
+        ownReactors().index = std::make_unique<zuhost::ReactorIndex>(entries, tagVersion_);
 }
 
 bool AcDbObject::hasPersistentReactor(AcDbObjectId reactor) const {
     if (reactor.isNull())
         return false;
     const std::uint64_t handle = reactor.handle().value();
-    if (isCurrent(reactorIndex_, tagVersion_))
-        return reactorIndex_->has(handle);
+    if (const zuhost::ReactorIndex* const index = currentReactorIndex())
+        return index->has(handle);
     std::size_t count = 0;
     bool isFound = false;
     zuhost::visitReactorEntries(tags(), [&](const zuhost::ReactorEntry& entry) {
@@ -122,7 +133,7 @@ bool AcDbObject::hasPersistentReactor(AcDbObjectId reactor) const {
         isFound |= entry.handle == handle;
     });
     if (count > kFewEntries)
-        reactorIndex(); // for the next search
+        indexReactors(); // for the next search
     return isFound;
 }
 
@@ -135,7 +146,7 @@ Acad::ErrorStatus AcDbObject::addPersistentReactor(AcDbObjectId reactor) {
 }
 
 Acad::ErrorStatus AcDbObject::addPersistentReactors(const std::vector<AcDbObjectId>& reactors) {
-    reactorIndex(); // built if there are many
+    indexReactors();
     return changeReactors(ChangeReactors{[&](zuhost::ReactorIndex& index) {
         for (const AcDbObjectId reactor : reactors)
             if (!reactor.isNull())
@@ -150,7 +161,7 @@ Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId reactor) {
 }
 
 Acad::ErrorStatus AcDbObject::removePersistentReactors(const std::unordered_set<AcDbObjectId>& reactors) {
-    reactorIndex(); // built if there are many
+    indexReactors();
     return changeReactors(ChangeReactors{[&](zuhost::ReactorIndex& index) {
         for (const AcDbObjectId reactor : reactors)
             if (!reactor.isNull())
@@ -163,10 +174,10 @@ Acad::ErrorStatus AcDbObject::changeReactors(Change change) {
     const Acad::ErrorStatus status = stub_ != nullptr ? assertWriteEnabled() : Acad::eNotInDatabase;
     if (status != Acad::eOk)
         return status;
-    if (isCurrent(reactorIndex_, tagVersion_)) {
-        change(*reactorIndex_);
+    if (zuhost::ReactorIndex* const index = currentReactorIndex()) {
+        change(*index);
         deferChange();
-        reactorIndex_->version = tagVersion_;
+        index->version = tagVersion_;
         return Acad::eOk;
     }
     change(changingTags());
@@ -176,8 +187,8 @@ Acad::ErrorStatus AcDbObject::changeReactors(Change change) {
 std::vector<AcDbHandle> AcDbObject::surplusReactors() const {
     std::vector<AcDbHandle> surplus;
     if (stub_ != nullptr)
-        for (const std::size_t entry : surplusEntries(tags(), *core()->document))
-            surplus.emplace_back(zuhost::parseHandle(tags()[entry].value).value_or(0));
+        for (const zuhost::ReactorEntry& entry : surplusEntries(tags(), *core()->document))
+            surplus.emplace_back(entry.handle);
     return surplus;
 }
 
@@ -185,7 +196,7 @@ Acad::ErrorStatus AcDbObject::removeSurplusReactors() {
     const Acad::ErrorStatus status = stub_ != nullptr ? assertWriteEnabled() : Acad::eNotInDatabase;
     if (status != Acad::eOk)
         return status;
-    const std::vector<std::size_t> surplus = surplusEntries(tags(), *core()->document);
+    const std::vector<zuhost::ReactorEntry> surplus = surplusEntries(tags(), *core()->document);
     zuhost::eraseReactorEntries(changingTags(), surplus);
     return Acad::eOk;
 }
@@ -193,11 +204,12 @@ Acad::ErrorStatus AcDbObject::removeSurplusReactors() {
 const AcDbVoidPtrArray* AcDbObject::reactors() const {
     if (stub_ == nullptr)
         return nullptr;
-    reactorList_.removeAll();
+    AcDbVoidPtrArray& list = ownReactors().list;
+    list.removeAll();
     for (const zuhost::ReactorEntry& entry : zuhost::reactorEntries(tags()))
         if (AcDbStub* const stub = core()->document->find(entry.handle))
-            reactorList_.append(persistentEntry(stub));
-    for (AcDbObjectReactor* reactor : transientReactors_)
-        reactorList_.append(reactor);
-    return &reactorList_;
+            list.append(persistentEntry(stub));
+    for (AcDbObjectReactor* reactor : reactors_->transient)
+        list.append(reactor);
+    return &list;
 }

@@ -17,11 +17,9 @@ bool names(const Tag& tag, const Handles& erased) {
 }
 
 void removeReactors(TagList& tags, const Handles& erased) {
-    std::vector<std::size_t> places;
-    for (const ReactorEntry& entry : reactorEntries(tags))
-        if (erased.contains(entry.handle))
-            places.push_back(entry.place);
-    eraseReactorEntries(tags, places);
+    std::vector<ReactorEntry> entries = reactorEntries(tags);
+    std::erase_if(entries, [&](const ReactorEntry& entry) { return !erased.contains(entry.handle); });
+    eraseReactorEntries(tags, entries);
 }
 
 void removeMembers(TagList& tags, const Handles& erased) {
@@ -39,48 +37,47 @@ bool isPart(const std::string& type) {
 }
 
 /// Returns whether the record is the handle of a dictionary's entry, which follows its name (3).
-bool isEntry(const TagList& tags, std::size_t place) {
-    return (tags[place].code == 350 || tags[place].code == 360) && tags[place - 1].code == 3;
+bool isEntry(int code, int codeBefore) {
+    return (code == 350 || code == 360) && codeBefore == 3;
 }
 
 /// Returns the handles of the extension dictionary and of a dictionary's entries. Objects that merely name
 /// this one as their owner, as in damaged drawings, are not among them.
-Handles ownedHandles(const TagList& tags) {
+Handles ownedHandles(const TagView& tags) {
     Handles owned;
-    const auto add = [&](const Tag& tag) { owned.insert(parseHandle(tag.value).value_or(0)); };
-    const TagRange extension = tags.applicationGroup("ACAD_XDICTIONARY");
-    for (std::size_t i = extension.first; i < extension.last; ++i)
-        if (tags[i].code == 360)
-            add(tags[i]);
-    for (std::size_t i = 1; i < tags.size(); ++i)
-        if (isEntry(tags, i))
-            add(tags[i]);
+    for (const TagRef& tag : tags.applicationGroup("ACAD_XDICTIONARY"))
+        if (tag.code == 360)
+            owned.insert(tag.handle().value_or(0));
+    int codeBefore = 0;
+    for (const TagRef& tag : tags) {
+        if (isEntry(tag.code, codeBefore))
+            owned.insert(tag.handle().value_or(0));
+        codeBefore = tag.code;
+    }
     return owned;
 }
 
 void removeEntries(TagList& tags, const Handles& erased) {
     for (std::size_t i = tags.size(); i-- > 1;)
-        if (isEntry(tags, i) && names(tags[i], erased))
+        if (isEntry(tags[i].code, tags[i - 1].code) && names(tags[i], erased))
             tags.erase({i - 1, i + 1});
 }
 
 } // namespace
 
-TagList DatabaseCore::currentTags(const AcDbStub& stub) const {
-    return stub.object != nullptr ? stub.object->tags() : document->tags(stub);
-}
-
 void DatabaseCore::addFiltered(AcDbStub* stub) {
-    if (stub != nullptr && !stub->erased && !filtered_.contains(stub))
-        filtered_.emplace(stub, currentTags(*stub));
+    if (stub == nullptr || stub->erased || filtered_.contains(stub))
+        return;
+    const TagList* const own = stub->object != nullptr ? stub->object->ownTags() : nullptr;
+    filtered_.emplace(stub, own != nullptr ? *own : document->tags(*stub));
 }
 
 /// Collects the erased objects and those erased with them: vertices and attributes with their entity,
 /// entities with their block, and the objects that an object owns.
-std::vector<AcDbStub*> DatabaseCore::collectErased() const {
+std::vector<AcDbStub*> DatabaseCore::collectErased() {
     std::vector<AcDbStub*> collected;
     std::unordered_set<const AcDbStub*> known;
-    std::vector<const AcDbStub*> owners;
+    std::vector<AcDbStub*> owners;
     const auto add = [&](AcDbStub* stub) {
         if (!known.insert(stub).second)
             return;
@@ -105,10 +102,10 @@ std::vector<AcDbStub*> DatabaseCore::collectErased() const {
         }
     }
     while (!owners.empty()) {
-        const AcDbStub* const owner = owners.back();
+        AcDbStub* const owner = owners.back();
         owners.pop_back();
         const auto [first, last] = belongings.equal_range(owner);
-        const Handles owned = first != last ? ownedHandles(currentTags(*owner)) : Handles();
+        const Handles owned = first != last ? ownedHandles(tags(*owner)) : Handles();
         for (auto belonging = first; belonging != last; ++belonging)
             if (owned.contains(belonging->second->handle))
                 add(belonging->second);
@@ -126,12 +123,11 @@ void DatabaseCore::collectReferencesToErased() {
         if (!stub->erased)
             filtered_.emplace(stub, TagList());
     }
-    for (const AcDbStub* const stub : objects) {
+    for (AcDbStub* const stub : objects) {
         addFiltered(stub->owner);
-        const TagList tags = currentTags(*stub);
-        for (const Tag& tag : tags)
+        for (const TagRef& tag : tags(*stub))
             if (tag.code == 330 || tag.code == 340)
-                if (const auto handle = parseHandle(tag.value))
+                if (const auto handle = tag.handle())
                     addFiltered(document->find(*handle));
     }
     for (auto& [stub, tags] : filtered_) {
@@ -150,7 +146,7 @@ Document::TagSource DatabaseCore::savedTags() {
         if (!filtered_.empty())
             if (const auto found = filtered_.find(&stub); found != filtered_.end())
                 return &found->second;
-        return stub.changed && stub.object != nullptr ? &stub.object->tags() : nullptr;
+        return stub.object != nullptr ? stub.object->ownTags() : nullptr;
     };
 }
 

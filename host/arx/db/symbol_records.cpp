@@ -1,8 +1,11 @@
 #include "dbsymtb.h"
 
-#include "drawing/tag_list.h"
+#include "drawing/tag_view.h"
 
 #include <cstdlib>
+#include <utility>
+
+using zuhost::TagList;
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbLayerTableRecord, AcDbSymbolTableRecord)
 ACRX_CONS_DEFINE_MEMBERS(AcDbLinetypeTableRecord, AcDbSymbolTableRecord)
@@ -17,10 +20,11 @@ constexpr int kWhite = 7;
 
 } // namespace
 
-AcDbLayerTableRecord::AcDbLayerTableRecord() {
-    startRecord("LAYER", "AcDbLayerTableRecord");
-    setIntegerTag({}, 62, kWhite);
-    setTextTag({}, 6, L"Continuous");
+TagList AcDbLayerTableRecord::newRecords() const {
+    TagList records = namedRecord("LAYER", "AcDbLayerTableRecord");
+    records.add(62, std::to_string(kWhite));
+    records.add(6, "Continuous");
+    return records;
 }
 
 bool AcDbLayerTableRecord::flag(std::int64_t bit) const {
@@ -67,12 +71,11 @@ AcDb::LineWeight AcDbLayerTableRecord::lineWeight() const {
     return static_cast<AcDb::LineWeight>(integerTag({}, 370, AcDb::kLnWtByLwDefault));
 }
 
-AcDbLinetypeTableRecord::AcDbLinetypeTableRecord() {
-    startRecord("LTYPE", "AcDbLinetypeTableRecord");
-    setTextTag({}, 3, L"");
-    setIntegerTag({}, 72, 65);
-    setIntegerTag({}, 73, 0);
-    setRealTag({}, 40, 0.0);
+TagList AcDbLinetypeTableRecord::newRecords() const {
+    TagList records = namedRecord("LTYPE", "AcDbLinetypeTableRecord");
+    for (const auto& [code, value] : {std::pair(3, ""), {72, "65"}, {73, "0"}, {40, "0.0"}})
+        records.add(code, value);
+    return records;
 }
 
 std::wstring AcDbLinetypeTableRecord::description() const {
@@ -84,22 +87,18 @@ double AcDbLinetypeTableRecord::patternLength() const {
 
 std::vector<double> AcDbLinetypeTableRecord::dashes() const {
     std::vector<double> lengths;
-    const std::size_t end = extendedDataStart();
-    for (std::size_t i = 0; i < end; ++i)
-        if (tags()[i].code == 49)
-            lengths.push_back(tags().real(49, {i, i + 1}).value_or(0.0));
+    for (const zuhost::TagRef& tag : section({}))
+        if (tag.code == 49)
+            lengths.push_back(tag.real().value_or(0.0));
     return lengths;
 }
 
-AcDbTextStyleTableRecord::AcDbTextStyleTableRecord() {
-    startRecord("STYLE", "AcDbTextStyleTableRecord");
-    setRealTag({}, 40, 0.0);
-    setRealTag({}, 41, 1.0);
-    setRealTag({}, 50, 0.0);
-    setIntegerTag({}, 71, 0);
-    setRealTag({}, 42, 2.5);
-    setTextTag({}, 3, L"txt");
-    setTextTag({}, 4, L"");
+TagList AcDbTextStyleTableRecord::newRecords() const {
+    TagList records = namedRecord("STYLE", "AcDbTextStyleTableRecord");
+    for (const auto& [code, value] :
+         {std::pair(40, "0.0"), {41, "1.0"}, {50, "0.0"}, {71, "0"}, {42, "2.5"}, {3, "txt"}, {4, ""}})
+        records.add(code, value);
+    return records;
 }
 
 std::wstring AcDbTextStyleTableRecord::fileName() const {
@@ -112,6 +111,6 @@ double AcDbTextStyleTableRecord::textSize() const {
     return realTag({}, 40, 0.0);
 }
 
-AcDbRegAppTableRecord::AcDbRegAppTableRecord() {
-    startRecord("APPID", "AcDbRegAppTableRecord");
+TagList AcDbRegAppTableRecord::newRecords() const {
+    return namedRecord("APPID", "AcDbRegAppTableRecord");
 }

@@ -19,10 +19,11 @@ AcRxObject* zuhost::makeSymbolTable() {
 
 // ---- records
 
-void AcDbSymbolTableRecord::startRecord(std::string_view type, std::string_view marker) {
-    startRecords(type, {"AcDbSymbolTableRecord", marker});
-    changingTags().add(2, "");
-    changingTags().add(70, "0");
+zuhost::TagList AcDbSymbolTableRecord::namedRecord(std::string_view type, std::string_view marker) {
+    zuhost::TagList records = recordsOf(type, {"AcDbSymbolTableRecord", marker});
+    records.add(2, "");
+    records.add(70, "0");
+    return records;
 }
 
 std::wstring AcDbSymbolTableRecord::name() const {
@@ -119,7 +120,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
 }
 
 std::string AcDbSymbolTable::tableName() const {
-    return std::string(tags().text(2, tags().all()).value_or(""));
+    return std::string(tags().text(2).value_or(""));
 }
 
 std::vector<AcDbObjectId> AcDbSymbolTable::recordIds() const {

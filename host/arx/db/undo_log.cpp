@@ -7,6 +7,14 @@
 
 namespace zuhost {
 
+namespace {
+
+std::optional<TagList> copied(const TagList* list) {
+    return list != nullptr ? std::optional(*list) : std::nullopt;
+}
+
+} // namespace
+
 void UndoLog::startStep() {
     if (!grouped_)
         newStep();
@@ -59,7 +67,7 @@ bool UndoLog::undoToMark(DatabaseCore& core) {
     return true;
 }
 
-void UndoLog::record(AcDbStub& stub, const TagList& tags, Kind kind) {
+void UndoLog::record(AcDbStub& stub, const TagList* own, Kind kind) {
     if (disabled_ || !recorded_.insert(&stub).second)
         return;
     if (!stepOpen_)
@@ -67,7 +75,7 @@ void UndoLog::record(AcDbStub& stub, const TagList& tags, Kind kind) {
     stepOpen_ = true;
     redo_.clear();
     // Undoing an addition erases the object, whatever else changed in the step.
-    undo_.back().push_back({&stub, tags, kind == Kind::appended || stub.erased, kind});
+    undo_.back().push_back({&stub, copied(own), kind == Kind::appended || stub.erased, kind});
 }
 
 bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing) {
@@ -80,7 +88,7 @@ bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step
     std::reverse(step.begin(), step.end()); // last change first
     for (Entry& entry : step) {
         const AcDbObject& object = core.object(*entry.stub);
-        opposite.push_back({entry.stub, object.tags(), entry.stub->erased, entry.kind});
+        opposite.push_back({entry.stub, copied(object.ownTags()), entry.stub->erased, entry.kind});
         core.restore(*entry.stub, std::move(entry.tags), entry.erased, entry.kind, undoing);
     }
     to.push_back(std::move(opposite));

@@ -4,6 +4,7 @@
 #include "drawing/tag_list.h"
 
 #include <cstdint>
+#include <optional>
 #include <unordered_set>
 #include <vector>
 
@@ -31,7 +32,8 @@ public:
     void clear();
 
     /// Records the state of an object before it changes; ignores all but the object's first change in a step.
-    void record(AcDbStub& stub, const TagList& tags, Kind kind);
+    /// `own` is its own list of records, null while they are those in the drawing's bytes.
+    void record(AcDbStub& stub, const TagList* own, Kind kind);
 
     /// Both return false when there is no step to undo or redo.
     bool undo(DatabaseCore& core);
@@ -49,7 +51,7 @@ public:
 private:
     struct Entry {
         AcDbStub* stub;
-        TagList tags;
+        std::optional<TagList> tags;
         bool erased;
         Kind kind;
     };

@@ -13,6 +13,8 @@
 using zuhost::Tag;
 using zuhost::TagList;
 using zuhost::TagRange;
+using zuhost::TagRef;
+using zuhost::TagView;
 
 namespace {
 
@@ -21,8 +23,9 @@ constexpr int kComment = 999;
 constexpr std::size_t kSizeLimit = 16383;
 
 /// Returns the bytes that a value counts for in the size limit of an object's extended data.
-std::size_t storedSize(const Tag& tag) {
+std::size_t storedSize(const TagRef& tag) {
     using zuhost::dxf::ValueType;
+    std::string scratch;
     switch (zuhost::dxf::valueType(tag.code)) {
     case ValueType::real:
         return 1 + sizeof(double);
@@ -33,17 +36,16 @@ std::size_t storedSize(const Tag& tag) {
     case ValueType::handle:
         return 1 + sizeof(std::uint64_t);
     case ValueType::chunk:
-        return 2 + tag.value.size() / 2;
+        return 2 + tag.value(scratch).size() / 2;
     default:
-        return tag.code == kApplication || tag.code == 1003 ? 1 + sizeof(std::uint64_t)
-                                                            : 4 + tag.value.size();
+        return tag.code == kApplication || tag.code == 1003 ? 1 + sizeof(std::uint64_t) : 4 + tag.text.size();
     }
 }
 
-std::size_t storedSize(const TagList& tags, TagRange range) {
+std::size_t storedSize(const TagView& tags) {
     std::size_t size = 0;
-    for (std::size_t i = range.first; i < range.last; ++i)
-        size += storedSize(tags[i]);
+    for (const TagRef& tag : tags)
+        size += storedSize(tag);
     return size;
 }
 
@@ -77,8 +79,7 @@ std::optional<std::string> registeredName(zuhost::DatabaseCore& core, const ACHA
         application != nullptr && table != nullptr ? core.findRecord(*table, application, false) : nullptr;
     if (record == nullptr)
         return std::nullopt;
-    const TagList& tags = core.object(*record).tags();
-    return std::string(tags.text(2, {0, tags.extendedDataStart()}).value_or(""));
+    return std::string(core.tags(*record).withoutExtendedData().text(2).value_or(""));
 }
 
 /// Reads the values of each application of the chain, after its name. If an application occurs repeatedly,
@@ -103,12 +104,12 @@ Acad::ErrorStatus readChain(const resbuf* chain, zuhost::DatabaseCore& core, std
 }
 
 /// Returns the size of the extended data once the lists have replaced those of their applications.
-std::size_t sizeWith(const TagList& tags, const std::vector<TagList>& replacements) {
-    std::size_t size = storedSize(tags, {tags.extendedDataStart(), tags.size()});
+std::size_t sizeWith(const TagView& tags, const std::vector<TagList>& replacements) {
+    std::size_t size = storedSize(tags.extendedData());
     for (const TagList& list : replacements) {
-        size -= storedSize(tags, tags.extendedData(list[0].value));
+        size -= storedSize(tags.extendedData(list[0].value));
         if (list.size() > 1)
-            size += storedSize(list, list.all());
+            size += storedSize(list);
     }
     return size;
 }
@@ -133,23 +134,24 @@ void replace(TagList& tags, TagList replacement, const zuhost::Document& documen
 resbuf* AcDbObject::xData(const ACHAR* application) const {
     if (core() == nullptr)
         return nullptr;
-    const std::size_t start = extendedDataStart();
-    TagRange range{start, tags().size()};
-    if (range.empty())
+    TagView values = tags().extendedData();
+    if (values.empty())
         return nullptr;
     if (application != nullptr) {
-        range = tags().extendedData(encoded(application), start);
-        if (const auto name = range.empty() ? registeredName(*core(), application) : std::nullopt)
-            range = tags().extendedData(*name, start);
+        values = tags().extendedData(encoded(application));
+        if (const auto name = values.empty() ? registeredName(*core(), application) : std::nullopt)
+            values = tags().extendedData(*name);
     }
     zuhost::ChainWriter chain(*core());
     // Skips other group codes, which only damaged drawings have: a chain can't hold their values. One that is
     // not valid in extended data ends the values of its application, as when one application is asked for.
     bool isEnded = false;
-    for (std::size_t at = range.first; at < range.last;) {
-        const int code = tags()[at].code;
-        isEnded = code != kApplication && (isEnded || code < kComment);
-        at = isValueCode(code) && !isEnded ? chain.add(tags(), at) : at + 1;
+    for (auto at = values.begin(); at != values.end();) {
+        isEnded = at->code != kApplication && (isEnded || at->code < kComment);
+        if (isValueCode(at->code) && !isEnded)
+            chain.add(at);
+        else
+            ++at;
     }
     return chain.release();
 }

@@ -6,7 +6,7 @@
 
 using namespace zuhost;
 
-std::string dxf(std::string_view notation) {
+std::string ascii(std::string_view notation) {
     std::string bytes;
     while (!notation.empty()) {
         const std::size_t end = notation.find_first_of("|\n");
@@ -24,8 +24,8 @@ std::string dxf(std::string_view notation) {
 }
 
 std::string drawing(std::string_view version, std::string_view sections) {
-    return dxf("0 SECTION|2 HEADER|9 $ACADVER|1 " + std::string(version) + "|0 ENDSEC\n" +
-               std::string(sections) + "\n0 EOF");
+    return ascii("0 SECTION|2 HEADER|9 $ACADVER|1 " + std::string(version) + "|0 ENDSEC\n" +
+                 std::string(sections) + "\n0 EOF");
 }
 
 std::unique_ptr<Document> opened(std::string bytes) {

@@ -7,7 +7,7 @@
 #include <string_view>
 
 /// Returns an ASCII drawing of "CODE VALUE" records, separated by "|" or line ends: "0 SECTION|2 ENTITIES".
-std::string dxf(std::string_view notation);
+std::string ascii(std::string_view notation);
 
 /// Returns a drawing of the version with the sections.
 std::string drawing(std::string_view version, std::string_view sections);

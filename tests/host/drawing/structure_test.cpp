@@ -65,8 +65,8 @@ TEST(Structure, VerticesAndAttributesBelongToTheEntityBeforeThem) {
     for (const std::size_t i : {5U, 6U})
         EXPECT_EQ(members[i]->owner, members[4]);
     const auto strays =
-        opened(dxf("0 SECTION|2 BLOCKS|0 BLOCK|2 A|0 INSERT|0 ENDBLK|0 BLOCK|2 B|0 ATTRIB|0 ENDBLK"
-                   "|0 ENDSEC|0 EOF"));
+        opened(ascii("0 SECTION|2 BLOCKS|0 BLOCK|2 A|0 INSERT|0 ENDBLK|0 BLOCK|2 B|0 ATTRIB|0 ENDBLK"
+                     "|0 ENDSEC|0 EOF"));
     EXPECT_EQ(member(*strays, "ATTRIB")->owner, last(*strays, Container::Kind::block).head);
     const TagList vertex = document->tags(*members[1]);
     EXPECT_EQ(vertex[vertex.size() - 1], (Tag{999, "a corner"}));
@@ -112,7 +112,7 @@ TEST(Structure, OwnersFromR13AreNamedByTheFile) {
 }
 
 TEST(Structure, EntitiesAloneAreADrawing) {
-    const auto document = opened(dxf("0 SECTION|2 ENTITIES|0 LINE|8 0|0 ENDSEC|0 EOF"));
+    const auto document = opened(ascii("0 SECTION|2 ENTITIES|0 LINE|8 0|0 ENDSEC|0 EOF"));
     EXPECT_EQ(document->version(), 1009);
     EXPECT_EQ(document->objectCount(), 1U);
     EXPECT_EQ(member(*document, "LINE")->owner, nullptr);
@@ -134,18 +134,18 @@ TEST(Structure, UnknownContentsArePreserved) {
 }
 
 TEST(Structure, BinaryDrawingsBeforeR13HaveShortGroupCodes) {
-    const auto ascii = opened(drawing("AC1009", kR12Sections));
-    const std::string binary = ascii->bytes(DrawingForm::binary, nullptr);
+    const auto document = opened(drawing("AC1009", kR12Sections));
+    const std::string binary = document->bytes(DrawingForm::binary, nullptr);
     EXPECT_EQ(binary.substr(22, 8), std::string("\0SECTION", 8));
     const auto again = opened(binary);
     EXPECT_EQ(again->form(), DrawingForm::binary);
     EXPECT_EQ(saved(*again), binary);
-    EXPECT_EQ(again->objectCount(), ascii->objectCount());
+    EXPECT_EQ(again->objectCount(), document->objectCount());
     // Other readers decide by the text of $ACADVER, and read a drawing without it as one of R12.
     const auto firstCode = [](const std::string& bytes) {
         return opened(bytes)->bytes(DrawingForm::binary, nullptr).substr(22, 3);
     };
-    EXPECT_EQ(firstCode(dxf("0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF")), std::string("\0SE", 3));
+    EXPECT_EQ(firstCode(ascii("0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF")), std::string("\0SE", 3));
     EXPECT_EQ(firstCode(drawing("AC10XX", "")), std::string("\0\0S", 3));
 }
 

@@ -1,8 +1,9 @@
 #include "notation.h"
 
-#include "drawing/tag_list.h"
+#include "drawing/tag_view.h"
 #include "dxf_records/number_text.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -12,7 +13,7 @@ namespace {
 
 /// "CODE VALUE" records separated by "|".
 TagList list(std::string_view notation) {
-    const auto document = opened(dxf("0 SECTION|2 ENTITIES|" + std::string(notation) + "|0 ENDSEC|0 EOF"));
+    const auto document = opened(ascii("0 SECTION|2 ENTITIES|" + std::string(notation) + "|0 ENDSEC|0 EOF"));
     return document->tags(*document->containers().front().members.at(0));
 }
 
@@ -24,52 +25,85 @@ const TagList& entity() {
     return tags;
 }
 
-std::string codes(const TagList& tags, TagRange range) {
+std::string codes(const TagView& tags) {
     std::string text;
-    for (std::size_t i = range.first; i < range.last; ++i)
-        text += std::to_string(tags[i].code) + ' ';
+    for (const TagRef& tag : tags)
+        text += std::to_string(tag.code) + ' ';
     return text;
 }
 
 } // namespace
 
-TEST(TagList, FindsItsParts) {
-    const TagList& tags = entity();
-    EXPECT_EQ(codes(tags, tags.subclass("AcDbEntity")), "8 ");
-    EXPECT_EQ(codes(tags, tags.subclass("AcDbMText")), "10 71 1 "); // without the embedded object
-    EXPECT_EQ(tags.subclass("AcDbLine").first, tags.extendedDataStart());
-    EXPECT_EQ(codes(tags, tags.applicationGroup("ACAD_REACTORS")), "102 330 102 ");
-    EXPECT_EQ(tags.applicationGroup("ACAD_XDICTIONARY").first, 2U);
+TEST(TagView, FindsItsParts) {
+    const TagView tags = entity();
+    EXPECT_EQ(codes(tags.subclass("AcDbEntity")), "8 ");
+    EXPECT_EQ(codes(tags.subclass("AcDbMText")), "10 71 1 "); // without the embedded object
+    EXPECT_EQ(tags.subclass("AcDbLine").range().first, tags.extendedDataStart());
+    EXPECT_EQ(codes(tags.applicationGroup("ACAD_REACTORS")), "102 330 102 ");
+    EXPECT_EQ(tags.applicationGroup("ACAD_XDICTIONARY").range().first, 2U);
     EXPECT_TRUE(tags.applicationGroup("ACAD_XDICTIONARY").empty());
-    EXPECT_EQ(codes(tags, tags.extendedData("zu")), "1001 1070 1005 ");
+    EXPECT_EQ(codes(tags.extendedData("zu")), "1001 1070 1005 ");
     EXPECT_TRUE(tags.extendedData("Z").empty());
     const TagList old = list("0 LINE|8 L|10 1.0|1001 ZU|1040 1.0");
-    EXPECT_EQ(codes(old, old.subclass("AcDbLine")), "8 10 ");
+    EXPECT_EQ(codes(TagView(old).subclass("AcDbLine")), "8 10 ");
 }
 
 TEST(TagList, ReadsAndWritesValues) {
     TagList tags = entity();
-    const auto part = [&] { return tags.subclass("AcDbMText"); };
-    EXPECT_EQ(tags.real(10, part()), 1.5);
-    EXPECT_EQ(tags.integer(71, part()), 3);
-    EXPECT_EQ(tags.text(1, part()), "abc");
-    EXPECT_EQ(tags.handle(1005, tags.extendedData("Zu")), 0xFFU);
-    EXPECT_EQ(tags.real(40, part()), std::nullopt);
-    EXPECT_EQ(tags.integer(1, part()), std::nullopt);
+    const auto view = [&] { return TagView(tags); };
+    const auto part = [&] { return view().subclass("AcDbMText"); };
+    EXPECT_EQ(part().real(10), 1.5);
+    EXPECT_EQ(part().integer(71), 3);
+    EXPECT_EQ(part().text(1), "abc");
+    EXPECT_EQ(view().extendedData("Zu").handle(1005), 0xFFU);
+    EXPECT_EQ(part().real(40), std::nullopt);
+    EXPECT_EQ(part().integer(1), std::nullopt);
 
-    tags.setReal(10, 1.5, part());
+    tags.setReal(10, 1.5, part().range());
     EXPECT_EQ(tags, entity()); // an equal number keeps its text
-    tags.setReal(10, 2, part());
-    EXPECT_EQ(tags.text(10, part()), "2.0");
-    tags.setReal(40, 2.5, part());
-    EXPECT_EQ(codes(tags, part()), "10 71 1 40 ");
-    EXPECT_EQ(tags[part().last].code, 101);
-    tags.setHandle(340, 0xABC, part());
-    EXPECT_EQ(tags.text(340, part()), "ABC");
+    tags.setReal(10, 2, part().range());
+    EXPECT_EQ(part().text(10), "2.0");
+    tags.setReal(40, 2.5, part().range());
+    EXPECT_EQ(codes(part()), "10 71 1 40 ");
+    EXPECT_EQ(tags[part().range().last].code, 101);
+    tags.setHandle(340, 0xABC, part().range());
+    EXPECT_EQ(part().text(340), "ABC");
     tags.erase(tags.extendedData("ACAD"));
-    EXPECT_EQ(codes(tags, {tags.extendedDataStart(), tags.size()}), "1001 1070 1005 ");
+    EXPECT_EQ(codes(view().extendedData()), "1001 1070 1005 ");
     tags.erase({5, 500});
     EXPECT_EQ(tags.size(), 5U);
+}
+
+/// Returns the codes, values and numbers of the records, and where their parts are.
+std::string described(const TagView& tags) {
+    std::string text;
+    std::string scratch;
+    for (const TagRef& tag : tags) {
+        text += std::to_string(tag.code) + '=' + std::string(tag.value(scratch));
+        text += ' ' + formatReal(tag.real().value_or(-1)) + ' ' + std::to_string(tag.integer().value_or(-1)) +
+                ' ' + formatHandle(tag.handle().value_or(0)) + '\n';
+    }
+    return text + codes(tags.subclass("AcDbX")) + '/' + codes(tags.extendedData()) + '/' +
+           codes(tags.in({tags.firstMarker(), tags.range().last}));
+}
+
+/// The bytes of every form read as the list of their records.
+TEST(TagView, ReadsEveryFormInPlace) {
+    const std::string records =
+        "0 X|5 1A|999 comment|102 {ACAD_REACTORS|330 A|102 }|100 AcDbEntity|8 L|100 AcDbX|10 -0.25"
+        "|60 -3|90 70000|310 00FF|1 text|1001 Zu|1004 0A|1040 2.0|1070 7|1010 1.0|1000 last";
+    for (const char* version : {"AC1009", "AC1032"}) {
+        const std::string lines = drawing(version, "0 SECTION|2 ENTITIES|" + records + "|0 Y|0 ENDSEC");
+        std::string returns = lines;
+        std::ranges::replace(returns, '\n', '\r');
+        for (const std::string& bytes :
+             {lines, returns, opened(lines)->bytes(DrawingForm::binary, nullptr)}) {
+            const auto document = opened(bytes);
+            const AcDbStub& stub = *member(*document, "X");
+            EXPECT_EQ(described(document->view(stub)), described(list(records))) << version;
+            EXPECT_EQ(described(document->view(*member(*document, "Y"))), described(list("0 Y")));
+        }
+    }
 }
 
 TEST(Numbers, AreReadInEveryNotation) {

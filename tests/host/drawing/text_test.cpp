@@ -7,8 +7,8 @@ using namespace zuhost;
 namespace {
 
 std::unique_ptr<Document> drawingOf(std::string_view version, std::string_view codePage) {
-    return opened(dxf("0 SECTION|2 HEADER|9 $ACADVER|1 " + std::string(version) + "|9 $DWGCODEPAGE|3 " +
-                      std::string(codePage) + "|0 ENDSEC|0 EOF"));
+    return opened(ascii("0 SECTION|2 HEADER|9 $ACADVER|1 " + std::string(version) + "|9 $DWGCODEPAGE|3 " +
+                        std::string(codePage) + "|0 ENDSEC|0 EOF"));
 }
 
 } // namespace

@@ -35,7 +35,7 @@ private:
 class AcDbDictionary : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDictionary);
-    AcDbDictionary();
+    AcDbDictionary() = default;
 
     /// eKeyNotFound when there is no such entry, eWasErased when its object is erased, eInvalidInput for a
     /// null name.
@@ -63,6 +63,7 @@ public:
     [[nodiscard]] std::vector<std::wstring> danglingNames() const;
 
 private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
     void applyDeferred(zuhost::TagList& tags) const override;
 
     /// The places of entries by key, in order: the first in one map, any further ones as a chain in the
@@ -108,7 +109,7 @@ private:
     /// Returns the index of the entries. Built on first use; the dictionary's own changes update it, others
     /// rebuild it.
     Index& index() const;
-    [[nodiscard]] AcDbObjectId entryAt(std::size_t place) const;
+    [[nodiscard]] AcDbObjectId target(const zuhost::TagRef& pointer) const;
     [[nodiscard]] std::wstring anonymousName() const;
     template <typename Find>
     Acad::ErrorStatus removeFound(const Find& find);

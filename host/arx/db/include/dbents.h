@@ -5,11 +5,14 @@
 class AcDbPoint : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbPoint);
-    AcDbPoint();
+    AcDbPoint() = default;
     explicit AcDbPoint(const AcGePoint3d& position);
 
     [[nodiscard]] AcGePoint3d position() const;
     Acad::ErrorStatus setPosition(const AcGePoint3d& position);
+
+private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
 class AcDbCurve : public AcDbEntity {
@@ -23,19 +26,22 @@ protected:
 class AcDbLine : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDbLine);
-    AcDbLine();
+    AcDbLine() = default;
     AcDbLine(const AcGePoint3d& start, const AcGePoint3d& end);
 
     [[nodiscard]] AcGePoint3d startPoint() const;
     [[nodiscard]] AcGePoint3d endPoint() const;
     Acad::ErrorStatus setStartPoint(const AcGePoint3d& point);
     Acad::ErrorStatus setEndPoint(const AcGePoint3d& point);
+
+private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
 class AcDbCircle : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDbCircle);
-    AcDbCircle();
+    AcDbCircle() = default;
     AcDbCircle(const AcGePoint3d& centre, double radius);
 
     /// In world coordinates.
@@ -43,12 +49,15 @@ public:
     [[nodiscard]] double radius() const;
     [[nodiscard]] AcGeVector3d normal() const;
     Acad::ErrorStatus setRadius(double radius);
+
+private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
 class AcDbArc : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDbArc);
-    AcDbArc();
+    AcDbArc() = default;
     /// Angles in radians, counter-clockwise.
     AcDbArc(const AcGePoint3d& centre, double radius, double startAngle, double endAngle);
 
@@ -59,13 +68,16 @@ public:
     [[nodiscard]] double startAngle() const;
     [[nodiscard]] double endAngle() const;
     [[nodiscard]] AcGeVector3d normal() const;
+
+private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
 /// A polyline of straight and arc segments in a plane.
 class AcDbPolyline : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDbPolyline);
-    AcDbPolyline();
+    AcDbPolyline() = default;
 
     [[nodiscard]] unsigned int numVerts() const;
     [[nodiscard]] bool isClosed() const;
@@ -78,6 +90,7 @@ public:
     [[nodiscard]] double elevation() const;
 
 private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
     /// Returns the index of each vertex's first record, then the end of the last vertex's records.
     [[nodiscard]] const std::vector<std::size_t>& vertices() const;
     /// Returns the range of a vertex's records, up to the next vertex; empty when there is no such vertex.
@@ -90,7 +103,7 @@ private:
 class AcDbText : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbText);
-    AcDbText();
+    AcDbText() = default;
     AcDbText(const AcGePoint3d& position, const ACHAR* text, double height);
 
     [[nodiscard]] std::wstring textString() const;
@@ -107,12 +120,15 @@ public:
     [[nodiscard]] int horizontalMode() const;
     [[nodiscard]] int verticalMode() const;
     [[nodiscard]] AcGeVector3d normal() const;
+
+private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
 class AcDbMText : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbMText);
-    AcDbMText();
+    AcDbMText() = default;
 
     /// Returns the text with its formatting codes, all parts joined.
     [[nodiscard]] std::wstring contents() const;
@@ -122,13 +138,16 @@ public:
     [[nodiscard]] int attachment() const;
     /// In radians.
     [[nodiscard]] double rotation() const;
+
+private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
 /// An insertion of a block.
 class AcDbBlockReference : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbBlockReference);
-    AcDbBlockReference();
+    AcDbBlockReference() = default;
     AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord);
 
     /// Returns the block's definition; null when the drawing lacks it.
@@ -150,6 +169,7 @@ public:
     [[nodiscard]] AcGeMatrix3d blockTransform() const;
 
 private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
     struct Placement {
         AcGePoint3d position;
         AcGeScale3d scale;
@@ -158,8 +178,5 @@ private:
     };
     /// Returns the class marker: references repeated in rows and columns have a different one.
     [[nodiscard]] std::string_view marker() const;
-    const Placement& placement() const;
-
-    mutable Placement placement_;
-    mutable std::uint32_t placementVersion_ = ~std::uint32_t{0};
+    [[nodiscard]] Placement placement() const;
 };

@@ -20,8 +20,11 @@ public:
     bool next();
 
 private:
+    void start();
+
     const AcDbGroup& group_;
-    std::size_t place_;
+    std::size_t place_ = 0;
+    std::uint32_t version_ = 0; ///< Of the records in which `place_` is the next one.
     AcDbObjectId member_;
     std::unordered_set<const AcDbStub*> seen_;
 };
@@ -30,7 +33,7 @@ private:
 class AcDbGroup : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbGroup);
-    AcDbGroup();
+    AcDbGroup() = default;
     explicit AcDbGroup(const ACHAR* description, bool selectable = true);
 
     [[nodiscard]] std::wstring description() const;
@@ -71,6 +74,7 @@ public:
 
 private:
     friend class AcDbGroupIterator;
+    [[nodiscard]] zuhost::TagList newRecords() const override;
     /// Maps handles of members to positions: 0 for members in the records, negative for pending ones before
     /// them, positive for pending ones after them.
     using Members = std::unordered_map<std::uint64_t, std::int64_t>;
@@ -80,7 +84,7 @@ private:
     Members& members() const;
     /// Returns the member that the record refers to; null for other records, for members already in `seen`
     /// and for objects that are not in the drawing.
-    AcDbStub* memberOf(const zuhost::Tag& record, std::unordered_set<const AcDbStub*>& seen) const;
+    AcDbStub* memberOf(const zuhost::TagRef& record, std::unordered_set<const AcDbStub*>& seen) const;
     /// Checks a new member and makes the group its reactor.
     Acad::ErrorStatus admit(AcDbObjectId id);
     /// Admits those of the list that are not members yet.
@@ -90,7 +94,8 @@ private:
     void addFirst(AcDbObjectId admitted);
     void addLast(AcDbObjectId admitted);
     void addPending(AcDbObjectId admitted, std::int64_t position);
-    Acad::ErrorStatus insert(AcDbObjectId id, std::size_t place);
+    /// Returns the place of the member's record.
+    [[nodiscard]] std::size_t placeOf(Adesk::UInt32 index) const;
     /// Defers a change of the records, which would move all later ones with each member.
     void deferMemberChange();
 

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -28,9 +29,10 @@ namespace zuhost {
 class Document;
 class ReactorIndex;
 class TagList;
+class TagRef;
+class TagView;
 struct DatabaseCore;
 struct DocumentError;
-struct Tag;
 struct TagRange;
 AcRxObject* makeEntity();
 AcRxObject* makeSymbolTable();
@@ -128,19 +130,19 @@ public:
     [[nodiscard]] AcDbObjectId extensionDictionary() const;
 
     // ---- records, for classes of the database and tools
-    [[nodiscard]] const zuhost::TagList& tags() const {
-        if (hasDeferredChanges_)
-            flushChanges();
-        return *tags_;
-    }
+    /// Returns the records where they are: in the drawing's bytes until the object is first changed, then in
+    /// a list of its own. Valid until the object changes.
+    [[nodiscard]] zuhost::TagView tags() const;
+    /// Returns the object's own list of records; null while they are those in the drawing's bytes.
+    [[nodiscard]] const zuhost::TagList* ownTags() const;
     /// Returns a number that grows with each change of the records; caches compare it.
     [[nodiscard]] std::uint32_t tagVersion() const { return tagVersion_; }
 
 protected:
     AcDbObject();
 
-    /// Returns eOk when the object may be changed now, and records its state for undo before the first
-    /// change.
+    /// Returns eOk when the object may be changed now. Before the first change records its state for undo and
+    /// gives it a list of its own: places in the drawing's bytes do not apply to it.
     Acad::ErrorStatus assertWriteEnabled();
     /// Returns the records to be changed. Call assertWriteEnabled first.
     zuhost::TagList& changingTags();
@@ -148,14 +150,13 @@ protected:
     void deferChange();
     virtual void applyDeferred(zuhost::TagList& /*tags*/) const {}
     /// Returns the records without the deferred changes.
-    [[nodiscard]] const zuhost::TagList& storedTags() const { return *tags_; }
+    [[nodiscard]] zuhost::TagView storedTags() const;
 
     [[nodiscard]] zuhost::DatabaseCore* core() const;
     [[nodiscard]] std::wstring decoded(std::string_view value) const;
     [[nodiscard]] std::string encoded(std::wstring_view text) const;
-    [[nodiscard]] zuhost::TagRange section(std::string_view marker) const;
-    /// Returns where extended data begins in the records.
-    [[nodiscard]] std::size_t extendedDataStart() const;
+    /// Returns the records of the class with the marker; all before the extended data for an empty one.
+    [[nodiscard]] zuhost::TagView section(std::string_view marker) const;
 
     /// Return typed records of the class's own section, or the default when there is none.
     [[nodiscard]] double realTag(std::string_view marker, int code, double missing) const;
@@ -168,8 +169,12 @@ protected:
     Acad::ErrorStatus setTextTag(std::string_view marker, int code, std::wstring_view text);
     Acad::ErrorStatus setPointTag(std::string_view marker, int code, const AcGePoint3d& point);
 
-    /// Creates the records of a new object: its type and the markers of its classes, in order.
-    void startRecords(std::string_view type, std::initializer_list<std::string_view> markers);
+    /// Returns the records that a new object begins with. Called when one that is in no database is first
+    /// read or changed: objects of a drawing never need them.
+    [[nodiscard]] virtual zuhost::TagList newRecords() const;
+    /// Returns a list of the type and the markers of the classes, in order.
+    [[nodiscard]] static zuhost::TagList recordsOf(std::string_view type,
+                                                   std::initializer_list<std::string_view> markers);
 
     /// Called after the object itself was erased or unerased.
     virtual void subErased(bool /*erasing*/) {}
@@ -182,37 +187,39 @@ private:
     /// Calls `notify` with each transient reactor, except those that are added or removed meanwhile.
     template <typename Notify>
     void notifyReactors(Notify notify) const {
-        const auto reactors = transientReactors_;
-        for (AcDbObjectReactor* reactor : reactors)
-            if (std::find(transientReactors_.begin(), transientReactors_.end(), reactor) !=
-                transientReactors_.end())
+        if (!reactors_)
+            return;
+        const auto all = reactors_->transient;
+        for (AcDbObjectReactor* reactor : all)
+            if (isTransientReactor(reactor))
                 notify(*reactor);
     }
+    [[nodiscard]] bool isTransientReactor(const AcDbObjectReactor* reactor) const;
+    /// Flushes deferred changes; creates the records of an object that is in no database.
+    void completeTags() const;
+    /// Replaces the own list of records; without one the records are again those in the drawing's bytes.
+    void replaceTags(std::optional<zuhost::TagList> tags);
+    /// Records the state for undo and notifies reactors before the first change.
+    Acad::ErrorStatus startChange();
     void flushChanges() const;
-    /// An index into the records of one version.
-    struct CachedIndex {
-        std::uint32_t version = 0;
-        bool isValid = false;
-        std::size_t index = 0;
-    };
-    /// Returns the index that `find` determines. Caches it until the records change: objects in many groups
-    /// have long lists of reactors before all other records. Searches again while the object is open for
-    /// write, since the records can then change within one version.
-    template <typename Find>
-    std::size_t cachedIndex(CachedIndex& cache, Find find) const;
-    [[nodiscard]] std::size_t firstMarker() const;
-    /// Returns the index of the persistent reactors; null for an object that has few.
-    zuhost::ReactorIndex* reactorIndex() const;
+    /// Builds the index of the persistent reactors of an object that has many.
+    void indexReactors() const;
+    /// Null when it was not built since the records changed.
+    [[nodiscard]] zuhost::ReactorIndex* currentReactorIndex() const;
     template <typename Change>
     Acad::ErrorStatus changeReactors(Change change);
 
+    /// What few objects have.
+    struct Reactors {
+        std::vector<AcDbObjectReactor*> transient;
+        AcDbVoidPtrArray list; ///< Returned by `reactors`.
+        std::unique_ptr<zuhost::ReactorIndex> index;
+    };
+    Reactors& ownReactors() const;
+
     AcDbStub* stub_ = nullptr;
-    std::unique_ptr<zuhost::TagList> tags_;
-    mutable std::vector<AcDbObjectReactor*> transientReactors_;
-    mutable AcDbVoidPtrArray reactorList_;
-    mutable std::unique_ptr<zuhost::ReactorIndex> reactorIndex_;
-    mutable CachedIndex firstMarker_;
-    mutable CachedIndex extendedDataStart_;
+    mutable std::unique_ptr<zuhost::TagList> own_; ///< Null until the object is first changed.
+    mutable std::unique_ptr<Reactors> reactors_;
     std::uint32_t tagVersion_ = 0;
     std::uint32_t recordedStep_ = 0; ///< The undo step in which the object's state was recorded last.
     std::uint16_t readers_ = 0;
@@ -254,6 +261,8 @@ protected:
 
     /// Returns the extrusion direction of a plane entity.
     [[nodiscard]] AcGeVector3d normalTag(std::string_view marker) const;
+    /// Returns the vector with length 1; the z axis for one without length.
+    [[nodiscard]] static AcGeVector3d unitNormal(const AcGeVector3d& direction);
 };
 
 /// Opens an object. On failure `object` is null.

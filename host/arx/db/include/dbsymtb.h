@@ -15,7 +15,8 @@ public:
 
 protected:
     AcDbSymbolTableRecord() = default;
-    void startRecord(std::string_view type, std::string_view marker);
+    /// Returns the first records of the type, with an empty name and no flags.
+    [[nodiscard]] static zuhost::TagList namedRecord(std::string_view type, std::string_view marker);
 
 private:
     mutable std::wstring name_;
@@ -69,7 +70,7 @@ private:
 class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbLayerTableRecord);
-    AcDbLayerTableRecord();
+    AcDbLayerTableRecord() = default;
 
     [[nodiscard]] bool isLocked() const;
     Acad::ErrorStatus setIsLocked(bool locked);
@@ -83,6 +84,7 @@ public:
     [[nodiscard]] AcDb::LineWeight lineWeight() const;
 
 private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
     [[nodiscard]] bool flag(std::int64_t bit) const;
     Acad::ErrorStatus setFlag(std::int64_t bit, bool on);
 };
@@ -90,28 +92,37 @@ private:
 class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbLinetypeTableRecord);
-    AcDbLinetypeTableRecord();
+    AcDbLinetypeTableRecord() = default;
 
     [[nodiscard]] std::wstring description() const;
     [[nodiscard]] double patternLength() const;
     /// Lengths of dashes (positive), gaps (negative) and dots (0), in drawing units.
     [[nodiscard]] std::vector<double> dashes() const;
+
+private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
 class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbTextStyleTableRecord);
-    AcDbTextStyleTableRecord();
+    AcDbTextStyleTableRecord() = default;
 
     [[nodiscard]] std::wstring fileName() const;
     [[nodiscard]] std::wstring bigFontFileName() const;
     [[nodiscard]] double textSize() const;
+
+private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
 class AcDbRegAppTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbRegAppTableRecord);
-    AcDbRegAppTableRecord();
+    AcDbRegAppTableRecord() = default;
+
+private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
 /// Iterates over the entities of a block in drawing order.
@@ -133,7 +144,7 @@ private:
 class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbBlockTableRecord);
-    AcDbBlockTableRecord();
+    AcDbBlockTableRecord() = default;
 
     /// The base point.
     [[nodiscard]] AcGePoint3d origin() const;
@@ -148,6 +159,9 @@ public:
     /// Returns the block's entities in drawing order, without vertices and attributes, which belong to their
     /// entities.
     [[nodiscard]] std::vector<AcDbObjectId> entityIds(bool skipErased = true) const;
+
+private:
+    [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
 /// Names of model and paper space in the block table.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "stub.h"
-#include "tag_list.h"
+#include "tag_view.h"
 
 #include <functional>
 #include <list>
@@ -91,7 +91,12 @@ public:
     // ---- objects
     [[nodiscard]] const std::string& typeName(const AcDbStub& stub) const; ///< "INSERT", "DICTIONARY" ...
     [[nodiscard]] AcDbStub* find(std::uint64_t handle) const;              ///< Null when there is none.
-    [[nodiscard]] TagList tags(const AcDbStub& stub) const;                ///< As in the buffer.
+    /// Returns the records of an object of the file where they are in the buffer, which never changes. A
+    /// handle that is replaced on saving is the old one.
+    [[nodiscard]] TagView view(const AcDbStub& stub) const;
+    /// Returns a copy of the records, for an object of the file to be changed, or the first ones of a new
+    /// one.
+    [[nodiscard]] TagList tags(const AcDbStub& stub) const;
     /// Returns 5, or 105 for the entries of the DIMSTYLE table.
     [[nodiscard]] int handleCode(const AcDbStub& stub) const;
     /// In file order. Containers never move: references stay valid.

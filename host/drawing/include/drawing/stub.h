@@ -14,11 +14,12 @@ struct AcDbStub {
     AcDbStub* owner = nullptr;    ///< Null without an owner, and when the drawing lacks it.
     std::uint64_t offset = 0;     ///< Of the records in the drawing's buffer.
     std::uint32_t length = 0;     ///< Bytes of the records; 0 for objects created since opening.
+    std::uint32_t marker = 0;     ///< Bytes before the first subclass marker, or `extended` without one.
+    std::uint32_t extended = 0;   ///< Bytes before the extended data, or `length` without any.
     std::uint16_t type = 0;       ///< Index into zuhost::Document::typeName.
-    bool erased = false;
-    bool changed = false;           ///< Differs from its records in the buffer (always true for new objects).
-    bool hasInternalHandle = false; ///< The file has none (before R13): `handle` is not written.
+    bool erased : 1 = false;
+    bool hasInternalHandle : 1 = false; ///< The file has none (before R13): `handle` is not written.
     /// The handle in its records is unreadable or that of an earlier object; `handle` replaces it when the
     /// drawing is saved with a change or in the other form.
-    bool replacesHandle = false;
+    bool replacesHandle : 1 = false;
 };

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,7 +19,7 @@ struct Tag {
     bool operator==(const Tag&) const = default;
 };
 
-/// Half-open range of positions in a TagList.
+/// Half-open range of places: positions in a TagList, or those of a TagView.
 struct TagRange {
     std::size_t first = 0;
     std::size_t last = 0;
@@ -28,7 +27,8 @@ struct TagRange {
     [[nodiscard]] bool empty() const { return first == last; }
 };
 
-/// The records of one object in file order, from its type (code 0) to the end of its extended data.
+/// The records of one object in file order, from its type (code 0) to the end of its extended data, to be
+/// changed. TagView reads them.
 class TagList {
 public:
     TagList() = default;
@@ -46,6 +46,7 @@ public:
 
     void reserve(std::size_t size) { tags_.reserve(size); }
     void add(int code, std::string value) { tags_.push_back({code, std::move(value)}); }
+    void add(Tag tag) { tags_.push_back(std::move(tag)); }
     void insert(std::size_t at, Tag tag);
     void insert(std::size_t at, const std::vector<Tag>& tags);
     void insert(std::size_t at, TagList&& tags);
@@ -61,37 +62,15 @@ public:
 
     /// Returns the position of the first tag with the code within the range; range.last when there is none.
     [[nodiscard]] std::size_t find(int code, TagRange range) const;
+    /// Return the positions of the parts that TagView describes.
+    [[nodiscard]] TagRange subclass(std::string_view marker) const;
+    [[nodiscard]] TagRange extendedData(std::string_view application) const;
+    [[nodiscard]] std::size_t extendedDataStart() const;
 
-    /// Returns the records after the marker (100, `marker`) up to the next marker or the extended data. In a
-    /// list without any marker (drawings before R13): all between the type and the extended data. When only
-    /// this marker is missing: an empty range before the extended data.
-    /// The search starts at `from`, which is not past `firstMarker`.
-    [[nodiscard]] TagRange subclass(std::string_view marker, std::size_t from = 0) const;
-
-    /// Returns where `subclass` begins, without searching for its end.
-    [[nodiscard]] std::size_t subclassStart(std::string_view marker, std::size_t from = 0) const;
-    /// Returns the position of the first marker; where extended data begins when there is none.
-    [[nodiscard]] std::size_t firstMarker() const;
-    /// Returns true for a record that ends a subclass.
-    [[nodiscard]] static bool endsSubclass(const Tag& tag);
-
-    /// Returns the records of the application group (102, "{name") ... (102, "}"), brackets included; without
-    /// one, an empty range where it belongs.
-    [[nodiscard]] TagRange applicationGroup(std::string_view name) const;
-
-    /// Returns the extended data of one application, its name record (1001) included; without any, an empty
-    /// range at the end. The search starts at `from`, which is not past `extendedDataStart`.
-    [[nodiscard]] TagRange extendedData(std::string_view application, std::size_t from = 0) const;
-
-    /// Returns where extended data begins; size() when there is none. The search starts at `from`.
-    [[nodiscard]] std::size_t extendedDataStart(std::size_t from = 0) const;
-
-    /// Returns the value of the first tag with the code in the range; nullopt when it is missing or
-    /// unreadable.
-    [[nodiscard]] std::optional<double> real(int code, TagRange range) const;
-    [[nodiscard]] std::optional<std::int64_t> integer(int code, TagRange range) const;
-    [[nodiscard]] std::optional<std::uint64_t> handle(int code, TagRange range) const;
-    [[nodiscard]] std::optional<std::string_view> text(int code, TagRange range) const;
+    /// Returns whether a record with the code ends a subclass.
+    [[nodiscard]] static constexpr bool endsSubclass(int code) {
+        return code == 100 || code == 101 || code >= 1000;
+    }
 
     /// Replaces the value of the first tag with the code in the range, or inserts a tag at the end of the
     /// range. A tag that holds an equal number keeps its text.

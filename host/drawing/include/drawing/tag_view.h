@@ -1,0 +1,180 @@
+#pragma once
+
+#include "dxf_records/scan_record.h"
+#include "tag_list.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <limits>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace zuhost {
+
+/// Where and how records are stored.
+enum class TagForm : std::uint8_t {
+    list, ///< In a TagList.
+    ascii,
+    asciiReturns, ///< ASCII with lines that end in CR alone.
+    binary,
+    shortBinary ///< Binary with group codes of one byte.
+};
+
+/// One record where it is stored. Valid as long as the records are.
+class TagRef {
+public:
+    TagRef() = default;
+    TagRef(int groupCode, std::string_view stored, bool isBinary)
+        : code(groupCode), text(stored), isBinary_(isBinary) {}
+
+    int code = 0;
+    /// The stored value: that of a Tag for texts and handles, and in any list or ASCII drawing.
+    std::string_view text;
+
+    /// Return the value; nullopt when it is unreadable.
+    [[nodiscard]] std::optional<double> real() const;
+    [[nodiscard]] std::optional<std::int64_t> integer() const;
+    [[nodiscard]] std::optional<std::uint64_t> handle() const;
+
+    /// Returns the value as a Tag holds it: as stored, or formatted into `scratch`.
+    [[nodiscard]] std::string_view value(std::string& scratch) const;
+    [[nodiscard]] Tag tag() const;
+
+private:
+    bool isBinary_ = false;
+};
+
+/// The records of an object, or some of them in a row, read where they are stored: in the bytes of the
+/// drawing, in which they must have been parsed without error, or in a TagList. A view copies nothing; it is
+/// valid until the list changes.
+///
+/// A *place* is the position of a record: its index in a list, its offset in bytes. Only places in a list can
+/// be counted.
+class TagView {
+public:
+    class Iterator {
+    public:
+        using value_type = TagRef;
+        using difference_type = std::ptrdiff_t;
+        using iterator_concept = std::input_iterator_tag;
+
+        Iterator(const TagView& view, std::size_t place) : view_(&view), place_(place) { read(); }
+
+        const TagRef& operator*() const { return tag_; }
+        const TagRef* operator->() const { return &tag_; }
+        Iterator& operator++() {
+            place_ = next_;
+            read();
+            return *this;
+        }
+        void operator++(int) { ++*this; }
+        bool operator==(std::default_sentinel_t /*end*/) const { return atEnd_; }
+
+        [[nodiscard]] std::size_t place() const { return place_; }
+        /// Returns the place after the record.
+        [[nodiscard]] std::size_t next() const { return next_; }
+
+    private:
+        void read() {
+            atEnd_ = place_ >= view_->last_;
+            if (atEnd_)
+                return;
+            next_ = view_->read(place_, tag_);
+            atEnd_ = view_->endsWithSubclass_ && TagList::endsSubclass(tag_.code);
+        }
+
+        const TagView* view_;
+        std::size_t place_;
+        std::size_t next_ = 0;
+        TagRef tag_;
+        bool atEnd_ = false;
+    };
+
+    TagView(const TagList& list) // NOLINT(google-explicit-constructor): a list can be read as it is
+        : list_(&list), last_(list.size()) {}
+    TagView(std::string_view bytes, TagForm form) : bytes_(bytes.data()), last_(bytes.size()), form_(form) {}
+    /// The records of an object of which the parser found these places.
+    TagView(std::string_view bytes, TagForm form, std::size_t firstMarker, std::size_t extendedData)
+        : bytes_(bytes.data()), last_(bytes.size()), marker_(firstMarker), extended_(extendedData),
+          form_(form) {}
+
+    [[nodiscard]] Iterator begin() const { return {*this, first_}; }
+    [[nodiscard]] static std::default_sentinel_t end() { return {}; }
+    [[nodiscard]] Iterator at(std::size_t place) const { return {*this, place}; }
+    [[nodiscard]] bool empty() const { return begin() == end(); }
+
+    /// Returns the places of the first record and after the last one.
+    [[nodiscard]] TagRange range() const;
+    /// Returns the records in a range of this view's places.
+    [[nodiscard]] TagView in(TagRange range) const;
+
+    /// Returns the records after the marker (100, `marker`) up to the next marker or the extended data.
+    /// Without any marker (drawings before R13): all between the type and the extended data. When only this
+    /// marker is missing: none, before the extended data.
+    [[nodiscard]] TagView subclass(std::string_view marker) const;
+    /// Returns the records before the extended data.
+    [[nodiscard]] TagView withoutExtendedData() const;
+    [[nodiscard]] TagView extendedData() const;
+    /// Returns the extended data of one application, its name record (1001) included; without any, an empty
+    /// view at the end.
+    [[nodiscard]] TagView extendedData(std::string_view application) const;
+    /// Returns the application group (102, "{name") ... (102, "}"), brackets included; without one, an empty
+    /// view where it belongs.
+    [[nodiscard]] TagView applicationGroup(std::string_view name) const;
+    /// Returns the place of the first marker; where extended data begins when there is none.
+    [[nodiscard]] std::size_t firstMarker() const;
+    /// Returns the place where extended data begins; that after the last record when there is none.
+    [[nodiscard]] std::size_t extendedDataStart() const;
+
+    /// Returns the first record with the code.
+    [[nodiscard]] std::optional<TagRef> find(int code) const {
+        for (const TagRef& tag : *this)
+            if (tag.code == code)
+                return tag;
+        return std::nullopt;
+    }
+    /// Return the value of the first record with the code; nullopt when it is missing or unreadable.
+    [[nodiscard]] std::optional<double> real(int code) const;
+    [[nodiscard]] std::optional<std::int64_t> integer(int code) const;
+    [[nodiscard]] std::optional<std::uint64_t> handle(int code) const;
+    [[nodiscard]] std::optional<std::string_view> text(int code) const;
+    /// Replaces the values for whose code there is a readable number, in one pass.
+    void reals(std::span<const int> codes, std::span<double> values) const;
+
+private:
+    static constexpr std::size_t kUnknown = std::numeric_limits<std::size_t>::max();
+
+    /// Reads the record at the place, which is before `last_`; returns the place after it.
+    std::size_t read(std::size_t place, TagRef& tag) const {
+        if (form_ == TagForm::list) {
+            const Tag& stored = (*list_)[place];
+            tag = {stored.code, stored.value, false};
+            return place + 1;
+        }
+        dxf::ScannedRecord scanned;
+        if (form_ == TagForm::ascii)
+            scanned = dxf::scanAsciiRecord(bytes_ + place, bytes_ + last_);
+        else if (form_ == TagForm::binary)
+            scanned = dxf::scanBinaryRecord(bytes_ + place, bytes_ + last_);
+        if (scanned.end == nullptr)
+            return readUnusual(place, tag);
+        tag = {scanned.code, scanned.value, form_ == TagForm::binary};
+        return static_cast<std::size_t>(scanned.end - bytes_);
+    }
+    std::size_t readUnusual(std::size_t place, TagRef& tag) const;
+    [[nodiscard]] std::size_t subclassStart(std::string_view marker) const;
+
+    const TagList* list_ = nullptr;
+    const char* bytes_ = nullptr;
+    std::size_t first_ = 0;
+    std::size_t last_;
+    std::size_t marker_ = kUnknown;
+    std::size_t extended_ = kUnknown;
+    TagForm form_ = TagForm::list;
+    bool endsWithSubclass_ = false;
+};
+
+} // namespace zuhost

@@ -1,0 +1,246 @@
+#include "drawing/tag_view.h"
+
+#include "dxf_records/number_text.h"
+#include "dxf_records/record_reader.h"
+
+#include <algorithm>
+
+namespace zuhost {
+namespace {
+
+using dxf::ValueType;
+
+constexpr int kSubclassMarker = 100;
+constexpr int kGroupBracket = 102;
+constexpr int kComment = 999;
+constexpr int kFirstExtended = 1000;
+constexpr int kApplicationName = 1001;
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+/// Names of applications are case-insensitive. Non-ASCII bytes can be parts of characters and must be equal.
+bool sameName(std::string_view a, std::string_view b) {
+    if (!isAscii(a) || !isAscii(b))
+        return a == b;
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return lower(x) == lower(y); });
+}
+
+std::string hexadecimal(std::string_view bytes) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::string text;
+    text.reserve(bytes.size() * 2);
+    for (const char c : bytes) {
+        text += kDigits[static_cast<unsigned char>(c) >> 4U];
+        text += kDigits[static_cast<unsigned char>(c) & 0xFU];
+    }
+    return text;
+}
+
+/// Reads one record of any notation.
+template <typename Reader>
+std::size_t readWith(Reader reader, std::size_t place, std::size_t last, bool isBinary, TagRef& tag) {
+    dxf::Record record;
+    if (reader.next(record) != dxf::ReadResult::record)
+        return last; // Cannot happen in bytes that were parsed; ends the view.
+    tag = {record.code, record.value, isBinary};
+    return place + record.end;
+}
+
+} // namespace
+
+std::optional<double> TagRef::real() const {
+    if (isBinary_ && dxf::valueType(code) == ValueType::real)
+        return dxf::binaryReal(text);
+    std::string scratch;
+    return parseReal(value(scratch));
+}
+
+std::optional<std::int64_t> TagRef::integer() const {
+    if (isBinary_ && dxf::isInteger(dxf::valueType(code)))
+        return dxf::binaryInteger(text);
+    std::string scratch;
+    return parseInteger(value(scratch));
+}
+
+std::optional<std::uint64_t> TagRef::handle() const {
+    std::string scratch;
+    return parseHandle(value(scratch));
+}
+
+std::string_view TagRef::value(std::string& scratch) const {
+    if (!isBinary_)
+        return text;
+    switch (dxf::valueType(code)) {
+    case ValueType::real:
+        return scratch = formatReal(dxf::binaryReal(text));
+    case ValueType::int16:
+    case ValueType::int32:
+    case ValueType::int64:
+    case ValueType::boolean:
+        return scratch = std::to_string(dxf::binaryInteger(text));
+    case ValueType::chunk:
+        return scratch = hexadecimal(text);
+    case ValueType::text:
+    case ValueType::handle:
+    case ValueType::none:
+        break;
+    }
+    return text;
+}
+
+Tag TagRef::tag() const {
+    std::string scratch;
+    return {code, std::string(value(scratch))};
+}
+
+std::size_t TagView::readUnusual(std::size_t place, TagRef& tag) const {
+    const std::string_view rest(bytes_ + place, last_ - place);
+    if (form_ == TagForm::ascii || form_ == TagForm::asciiReturns)
+        return readWith(dxf::AsciiReader(rest, form_ == TagForm::ascii ? '\n' : '\r'), place, last_, false,
+                        tag);
+    const auto codes = form_ == TagForm::binary ? dxf::CodeForm::words : dxf::CodeForm::bytes;
+    return readWith(dxf::BinaryReader(rest, codes), place, last_, true, tag);
+}
+
+TagRange TagView::range() const {
+    std::size_t last = last_;
+    if (endsWithSubclass_) {
+        Iterator it = begin();
+        while (it != end())
+            ++it;
+        last = it.place();
+    }
+    return {first_, last};
+}
+
+TagView TagView::in(TagRange range) const {
+    TagView part = *this;
+    part.first_ = range.first;
+    part.last_ = std::min(range.last, last_);
+    part.marker_ = kUnknown;
+    part.extended_ = kUnknown;
+    part.endsWithSubclass_ = false;
+    return part;
+}
+
+TagView TagView::subclass(std::string_view marker) const {
+    TagView part = in({subclassStart(marker), last_});
+    part.endsWithSubclass_ = true;
+    return part;
+}
+
+TagView TagView::withoutExtendedData() const {
+    return in({first_, extendedDataStart()});
+}
+
+TagView TagView::extendedData() const {
+    return in({extendedDataStart(), last_});
+}
+
+TagView TagView::extendedData(std::string_view application) const {
+    const TagView all = extendedData();
+    Iterator it = all.begin();
+    while (it != end() && !(it->code == kApplicationName && sameName(it->text, application)))
+        ++it;
+    if (it == end())
+        return in({last_, last_});
+    const std::size_t first = it.place();
+    for (++it; it != end() && it->code != kApplicationName && it->code >= kComment;)
+        ++it;
+    return in({first, it.place()});
+}
+
+TagView TagView::applicationGroup(std::string_view name) const {
+    const TagView all = withoutExtendedData();
+    const auto isBracket = [](const TagRef& tag) { return tag.code == kGroupBracket; };
+    for (Iterator it = all.begin(); it != end(); ++it) {
+        if (!isBracket(*it) || !it->text.starts_with('{') || it->text.substr(1) != name)
+            continue;
+        const std::size_t first = it.place();
+        for (++it; it != end() && !isBracket(*it) && it->code != kSubclassMarker;)
+            ++it;
+        return in({first, it != end() && isBracket(*it) ? it.next() : it.place()});
+    }
+    // A new group belongs after the handle, before owner and subclasses.
+    for (Iterator it = all.begin(); it != end() && it->code != kSubclassMarker; ++it)
+        if (it->code == 5 || it->code == 105)
+            return in({it.next(), it.next()});
+    const Iterator type = all.begin();
+    const std::size_t place = type != end() ? type.next() : type.place();
+    return in({place, place});
+}
+
+std::size_t TagView::firstMarker() const {
+    if (marker_ != kUnknown)
+        return marker_;
+    Iterator it = begin();
+    while (it != end() && it->code < kFirstExtended && it->code != kSubclassMarker)
+        ++it;
+    return it.place();
+}
+
+std::size_t TagView::extendedDataStart() const {
+    if (extended_ != kUnknown)
+        return extended_;
+    Iterator it = begin();
+    while (it != end() && it->code < kFirstExtended)
+        ++it;
+    return it.place();
+}
+
+std::size_t TagView::subclassStart(std::string_view marker) const {
+    bool anyMarker = false;
+    Iterator it = at(firstMarker());
+    for (; it != end() && it->code < kFirstExtended; ++it) {
+        if (it->code != kSubclassMarker)
+            continue;
+        anyMarker = true;
+        if (it->text == marker)
+            return it.next();
+    }
+    if (anyMarker || it.place() == first_)
+        return it.place();
+    return begin().next();
+}
+
+std::optional<double> TagView::real(int code) const {
+    const auto tag = find(code);
+    return tag ? tag->real() : std::nullopt;
+}
+
+std::optional<std::int64_t> TagView::integer(int code) const {
+    const auto tag = find(code);
+    return tag ? tag->integer() : std::nullopt;
+}
+
+std::optional<std::uint64_t> TagView::handle(int code) const {
+    const auto tag = find(code);
+    return tag ? tag->handle() : std::nullopt;
+}
+
+std::optional<std::string_view> TagView::text(int code) const {
+    const auto tag = find(code);
+    return tag ? std::optional(tag->text) : std::nullopt;
+}
+
+void TagView::reals(std::span<const int> codes, std::span<double> values) const {
+    std::uint32_t unseen = (1U << codes.size()) - 1;
+    for (Iterator it = begin(); unseen != 0 && it != end(); ++it) {
+        for (std::size_t i = 0; i < codes.size(); ++i) {
+            const std::uint32_t bit = 1U << i;
+            if (it->code != codes[i] || (unseen & bit) == 0)
+                continue;
+            unseen &= ~bit;
+            values[i] = it->real().value_or(values[i]);
+        }
+    }
+}
+
+} // namespace zuhost
