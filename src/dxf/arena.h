@@ -4,6 +4,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <vector>
 
 namespace zu::dxf {
 
@@ -15,8 +17,8 @@ public:
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
 
-    /// Sets the approximate total size; called before the first allocation.
-    void expect(std::size_t size) { expected_ = size; }
+    /// Sets the size of the drawing's file; called before the first allocation.
+    void expect(std::size_t fileSize) { expected_ = fileSize; }
 
     /// Allocates memory for any object whose alignment is at most eight. Throws std::bad_alloc.
     void* allocate(std::size_t size) {
@@ -42,7 +44,8 @@ private:
 
     void addBlock(std::size_t size);
 
-    CPlex* blocks_ = nullptr;
+    std::vector<std::unique_ptr<std::byte[]>> blocks_;
+    CPlex* large_ = nullptr; ///< Blocks on large pages.
     std::byte* next_ = nullptr;
     std::size_t left_ = 0;
     std::size_t allocated_ = 0;
