@@ -1,7 +1,6 @@
 #include <zucomn/model/audit.h>
 
 #include "network.h"
-#include "route/group_access.h"
 
 #include <zucomn/model/elements.h>
 #include <zucomn/model/groups.h>
@@ -15,23 +14,32 @@ namespace zucomn {
 
 namespace {
 
-/// The entities of model space and, from elsewhere, the members of groups.
-std::vector<AcDbObjectId> auditedEntities(const AcDbDatabase& drawing) {
-    std::vector<AcDbObjectId> entities = modelSpaceEntities(drawing);
-    std::unordered_set<AcDbObjectId> known(entities.begin(), entities.end());
-    for (const AcDbObjectId group : groupsOf(drawing))
-        for (const AcDbObjectId member : zu::groupMembers(group).value_or(AcDbObjectIdArray()))
-            if (member.objectClass()->isDerivedFrom(AcDbEntity::desc()) && known.insert(member).second)
-                entities.push_back(member);
-    return entities;
+std::vector<Group> readGroups(const AcDbDatabase& drawing) {
+    std::vector<Group> groups;
+    for (const AcDbObjectId id : groupsOf(drawing))
+        if (auto group = readGroup(id))
+            groups.push_back(std::move(*group));
+    return groups;
 }
 
-void auditEmptyGroups(const AcDbDatabase& drawing, zu::RouteAudit& audit) {
-    for (const AcDbObjectId id : groupsOf(drawing)) {
+/// The members of groups that are no entities of model space.
+std::vector<AcDbObjectId> otherMembers(const std::vector<Group>& groups,
+                                       const std::vector<AcDbObjectId>& entities) {
+    std::vector<AcDbObjectId> others;
+    std::unordered_set<AcDbObjectId> known(entities.begin(), entities.end());
+    for (const Group& group : groups)
+        for (const AcDbObjectId member : group.members)
+            if (known.insert(member).second && member.objectClass()->isDerivedFrom(AcDbEntity::desc()))
+                others.push_back(member);
+    return others;
+}
+
+void auditEmptyGroups(const std::vector<Group>& groups, zu::RouteAudit& audit) {
+    for (const Group& group : groups) {
         int size = -1;
-        if (RootComn_GetGroupSize(id, &size) == 0 && size == 0)
-            audit.add(id, RouteFault::emptyGroup, L"the group has no members",
-                      audit.isRepairing() && RootComn_DelGroup(id) == 0);
+        if (RootComn_GetGroupSize(group.id, &size) == 0 && size == 0)
+            audit.add(group.id, RouteFault::emptyGroup, L"the group has no members",
+                      audit.isRepairing() && RootComn_DelGroup(group.id) == 0);
     }
 }
 
@@ -39,14 +47,22 @@ void auditEmptyGroups(const AcDbDatabase& drawing, zu::RouteAudit& audit) {
 
 std::vector<RouteFinding> auditRoutes(const AcDbDatabase& drawing, bool repairing) {
     zu::RouteAudit audit(repairing);
-    const std::vector<AcDbObjectId> entities = auditedEntities(drawing);
-    auditEmptyGroups(drawing, audit);
-    zu::auditMemberships(drawing, audit);
-    const auto elements = zu::auditRecords(entities, audit);
-    const zu::Network network(zu::auditDuplicates(modelSpaceReferences(drawing), audit));
+    const std::vector<AcDbObjectId> entities = modelSpaceEntities(drawing);
+    std::vector<Group> groups = readGroups(drawing);
+    const std::vector<AcDbObjectId> others = otherMembers(groups, entities);
+    auditEmptyGroups(groups, audit);
+    if (repairing)
+        groups = readGroups(drawing);
+    zu::auditMemberships(groups, audit);
+    if (repairing)
+        groups = readGroups(drawing);
+    auto elements = zu::auditRecords(entities, audit);
+    (void)zu::auditRecords(others, audit);
+    zu::auditDuplicates(elements, audit);
+    const zu::Network network(std::move(elements));
     zu::auditConnectionPoints(network, audit);
-    zu::auditJoints(network, elements, audit);
-    zu::auditReach(drawing, network, audit);
+    zu::auditJoints(network, audit);
+    zu::auditReach(groups, network, audit);
     return audit.takeFindings();
 }
 

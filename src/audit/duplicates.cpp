@@ -1,5 +1,4 @@
 #include "network.h"
-#include "route/element_code.h"
 #include "route/element_place.h"
 
 #include <zucomn/model/elements.h>
@@ -10,7 +9,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
-#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace zu {
@@ -19,25 +18,20 @@ namespace {
 
 struct Placed {
     std::size_t hash;
-    std::size_t place; ///< Among the references.
+    std::size_t place; ///< Among the elements.
 };
 
 /// Elements with a prefix, sorted by the hash of their block and place, then by their order.
-std::vector<Placed> sortedByPlace(const std::vector<AcDbObjectId>& references) {
-    std::unordered_map<AcDbObjectId, bool> isElementBlock;
+std::vector<Placed> sortedByPlace(const std::vector<CountedElement>& elements) {
     std::vector<Placed> placed;
-    for (std::size_t i = 0; i < references.size(); ++i) {
-        const AcDbObjectPointer<AcDbBlockReference> reference(references[i]);
-        const AcDbObjectId block =
-            reference.openStatus() == Acad::eOk ? reference->blockTableRecord() : AcDbObjectId();
-        if (block.isNull())
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        if (elements[i].code == zucomn::kNoElement || elements[i].definition.isNull())
             continue;
-        const auto [kind, isNew] = isElementBlock.try_emplace(block, false);
-        if (isNew)
-            kind->second = elementCode(reference->blockName()) != zucomn::kNoElement;
-        if (kind->second)
+        const AcDbObjectPointer<AcDbBlockReference> reference(elements[i].id);
+        if (reference.openStatus() == Acad::eOk)
             placed.push_back(
-                {hashOf(elementPlace(*reference.object()), std::hash<AcDbObjectId>()(block)), i});
+                {hashOf(elementPlace(*reference.object()), std::hash<AcDbObjectId>()(elements[i].definition)),
+                 i});
     }
     std::sort(placed.begin(), placed.end(), [](const Placed& a, const Placed& b) {
         return std::pair(a.hash, a.place) < std::pair(b.hash, b.place);
@@ -45,33 +39,32 @@ std::vector<Placed> sortedByPlace(const std::vector<AcDbObjectId>& references) {
     return placed;
 }
 
-bool isSamePlace(AcDbObjectId a, AcDbObjectId b) {
-    const AcDbObjectPointer<AcDbBlockReference> first(a);
-    const AcDbObjectPointer<AcDbBlockReference> second(b);
-    return first->blockTableRecord() == second->blockTableRecord() &&
-           elementPlace(*first.object()) == elementPlace(*second.object());
+bool isSamePlace(const CountedElement& a, const CountedElement& b) {
+    const AcDbObjectPointer<AcDbBlockReference> first(a.id);
+    const AcDbObjectPointer<AcDbBlockReference> second(b.id);
+    return a.definition == b.definition && elementPlace(*first.object()) == elementPlace(*second.object());
 }
 
 } // namespace
 
-std::vector<AcDbObjectId> auditDuplicates(const std::vector<AcDbObjectId>& references, RouteAudit& audit) {
-    std::vector<AcDbObjectId> single = references;
-    std::map<std::size_t, AcDbObjectId> duplicates; // by place, with what they repeat
-    const std::vector<Placed> placed = sortedByPlace(references);
+void auditDuplicates(std::vector<CountedElement>& elements, RouteAudit& audit) {
+    std::map<std::size_t, std::size_t> duplicates; // with what they repeat
+    const std::vector<Placed> placed = sortedByPlace(elements);
     for (std::size_t first = 0, i = 1; i < placed.size(); ++i) {
         if (placed[i].hash != placed[first].hash)
             first = i;
-        else if (isSamePlace(references[placed[first].place], references[placed[i].place]))
-            duplicates.emplace(placed[i].place, references[placed[first].place]);
+        else if (isSamePlace(elements[placed[first].place], elements[placed[i].place]))
+            duplicates.emplace(placed[i].place, placed[first].place);
     }
+    std::unordered_set<AcDbObjectId> repeating;
     for (const auto& [place, original] : duplicates) {
-        single[place].setNull();
-        audit.add({references[place], zucomn::RouteFault::duplicate,
-                   L"stands exactly where " + handleText(original) + L" of the same block stands", false,
-                   std::vector{original}, std::nullopt});
+        repeating.insert(elements[place].id);
+        const AcDbObjectId repeated = elements[original].id;
+        audit.add({elements[place].id, zucomn::RouteFault::duplicate,
+                   L"stands exactly where " + handleText(repeated) + L" of the same block stands", false,
+                   std::vector{repeated}, std::nullopt});
     }
-    std::erase(single, AcDbObjectId());
-    return single;
+    std::erase_if(elements, [&](const CountedElement& element) { return repeating.contains(element.id); });
 }
 
 } // namespace zu

@@ -3,6 +3,7 @@
 #include "quantities/counted_element.h"
 
 #include <zucomn/model/audit.h>
+#include <zucomn/model/groups.h>
 
 #include <utility>
 
@@ -29,7 +30,7 @@ private:
 // The parts of the audit of damage.
 
 /// Elements in several route groups of one kind.
-void auditMemberships(const AcDbDatabase& drawing, RouteAudit& audit);
+void auditMemberships(const std::vector<zucomn::Group>& groups, RouteAudit& audit);
 /// Attribute and link records. Returns the block references among the entities, in order, with what their
 /// records say.
 std::vector<CountedElement> auditRecords(const std::vector<AcDbObjectId>& entities, RouteAudit& audit);

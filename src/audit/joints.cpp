@@ -75,35 +75,15 @@ void auditHeights(const AuditedJoint& joint, RouteAudit& audit) {
     joint.report(RouteFault::heightMismatch, text(low, high), text(otherLow, otherHigh), audit);
 }
 
-/// For each element of the network; null when it is missing among the elements.
-std::vector<const CountedElement*> aligned(const Network& network,
-                                           const std::vector<CountedElement>& elements) {
-    std::vector<const CountedElement*> found(network.elements().size());
-    auto next = elements.begin();
-    for (std::size_t i = 0; i < found.size() && next != elements.end(); ++i) {
-        next =
-            std::find_if(next, elements.end(), [id = network.elements()[i]](const CountedElement& element) {
-                return element.id == id;
-            });
-        if (next != elements.end())
-            found[i] = &*next;
-    }
-    return found;
-}
-
 } // namespace
 
-void auditJoints(const Network& network, const std::vector<CountedElement>& elements, RouteAudit& audit) {
-    const std::vector<const CountedElement*> known = aligned(network, elements);
+void auditJoints(const Network& network, RouteAudit& audit) {
     for (const NetworkPoint& point : network.points()) {
         // Each joint is met from both sides.
         if (point.joinedCount != 1 || point.joined[0] < point.element)
             continue;
-        const CountedElement* const first = known[point.element];
-        const CountedElement* const second = known[point.joined[0]];
-        if (first == nullptr || second == nullptr)
-            continue;
-        const AuditedJoint joint{*first, *second, point};
+        const AuditedJoint joint{network.elements()[point.element], network.elements()[point.joined[0]],
+                                 point};
         auditKinds(joint, audit);
         auditSizes(joint, audit);
         auditHeights(joint, audit);

@@ -1,7 +1,6 @@
 #include "findings.h"
 #include "route/route_kinds.h"
 
-#include <zucomn/model/groups.h>
 #include <zucomn/route.h>
 
 #include <algorithm>
@@ -18,11 +17,14 @@ namespace {
 /// A route group that loses members. Its kind is that of the first member that has one.
 class ShrinkingGroup {
 public:
-    explicit ShrinkingGroup(zucomn::Group group) : group_(std::move(group)) {
-        for (const AcDbObjectId member : group_.members) {
-            int& kind = kinds_.emplace_back(-1);
-            RootComn_GetBlockRootKind(member, &kind);
-        }
+    explicit ShrinkingGroup(const zucomn::Group& group)
+        : group_(group), kinds_(group.members.size(), -1), decisive_(kinds_.size()) {}
+
+    /// Without their kinds the group has none.
+    void readKinds() {
+        for (std::size_t i = 0; i < kinds_.size(); ++i)
+            RootComn_GetBlockRootKind(group_.members[i], &kinds_[i]);
+        decisive_ = 0;
         findKind();
     }
 
@@ -46,22 +48,19 @@ private:
             ++decisive_;
     }
 
-    zucomn::Group group_;
+    const zucomn::Group& group_;
     std::vector<int> kinds_;
-    std::size_t decisive_ = 0;
+    std::size_t decisive_;
     std::unordered_set<AcDbObjectId> removed_;
 };
 
 class MembershipAudit {
 public:
-    MembershipAudit(const AcDbDatabase& drawing, RouteAudit& audit) : audit_(audit) {
-        for (const AcDbObjectId id : zucomn::groupsOf(drawing))
-            if (auto group = zucomn::readGroup(id); group && group->isRouteGroup)
-                groups_.emplace_back(std::move(*group));
-        // Elements that decide the kind of their group come first: the others depend on the result.
-        collectMembers([](int kind) { return kind > 0; });
-        collectMembers([](int kind) { return kind <= 0; });
-        std::erase_if(elements_, [this](AcDbObjectId element) { return groupsOf_.at(element).size() < 2; });
+    MembershipAudit(const std::vector<zucomn::Group>& groups, RouteAudit& audit) : audit_(audit) {
+        for (const zucomn::Group& group : groups)
+            if (group.isRouteGroup)
+                groups_.emplace_back(group);
+        findSharedMembers();
         for (std::size_t i = 0; i < elements_.size(); ++i)
             for (const ShrinkingGroup* const group : groupsOf_.at(elements_[i]))
                 shared_[group].push_back(i);
@@ -83,12 +82,28 @@ public:
 private:
     using Groups = std::vector<ShrinkingGroup*>;
 
+    void findSharedMembers() {
+        std::unordered_set<AcDbObjectId> members;
+        std::unordered_set<AcDbObjectId> shared;
+        for (const ShrinkingGroup& group : groups_)
+            for (const AcDbObjectId member : group.group().members)
+                if (!members.insert(member).second)
+                    shared.insert(member);
+        if (shared.empty())
+            return;
+        for (ShrinkingGroup& group : groups_)
+            group.readKinds();
+        // Elements that decide the kind of their group come first: the others depend on the result.
+        collectMembers(shared, [](int kind) { return kind > 0; });
+        collectMembers(shared, [](int kind) { return kind <= 0; });
+    }
+
     template <typename Takes>
-    void collectMembers(Takes takes) {
+    void collectMembers(const std::unordered_set<AcDbObjectId>& shared, Takes takes) {
         for (ShrinkingGroup& group : groups_) {
             const std::vector<AcDbObjectId>& members = group.group().members;
             for (std::size_t i = 0; i < members.size(); ++i) {
-                if (!takes(group.kindOfMember(i)))
+                if (!takes(group.kindOfMember(i)) || !shared.contains(members[i]))
                     continue;
                 Groups& of = groupsOf_[members[i]];
                 if (of.empty())
@@ -147,8 +162,8 @@ private:
 
 } // namespace
 
-void auditMemberships(const AcDbDatabase& drawing, RouteAudit& audit) {
-    MembershipAudit(drawing, audit).run();
+void auditMemberships(const std::vector<zucomn::Group>& groups, RouteAudit& audit) {
+    MembershipAudit(groups, audit).run();
 }
 
 } // namespace zu

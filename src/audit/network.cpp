@@ -19,18 +19,14 @@ constexpr std::size_t kMostSearched = 64;
 
 } // namespace
 
-Network::Network(std::vector<AcDbObjectId> elements) : elements_(std::move(elements)) {
-    readPoints();
+Network::Network(std::vector<CountedElement> elements) : elements_(std::move(elements)) {
+    addPoints();
     const double tolerance = connectionTolerance();
     const double reach = zucomn::kGapReach * tolerance;
     PointGrid grid(reach);
     grid.reserve(points_.size());
-    for (std::size_t i = 0; i < elements_.size(); ++i) {
-        Points own;
-        for (std::size_t k = firstPoints_[i]; k < firstPoints_[i + 1]; ++k)
-            own.push_back(points_[k].position);
-        grid.add(own, static_cast<int>(i));
-    }
+    for (std::size_t i = 0; i < elements_.size(); ++i)
+        grid.add(elements_[i].points, static_cast<int>(i));
     findJoined(grid, tolerance);
     findGaps(grid, reach);
 }
@@ -38,16 +34,15 @@ Network::Network(std::vector<AcDbObjectId> elements) : elements_(std::move(eleme
 std::vector<AcDbObjectId> Network::joinedTo(const NetworkPoint& point) const {
     std::vector<AcDbObjectId> ids;
     for (const std::size_t other : point.others())
-        ids.push_back(elements_[other]);
+        ids.push_back(elements_[other].id);
     return ids;
 }
 
-void Network::readPoints() {
-    const std::wstring layer = connectionLayer();
+void Network::addPoints() {
     for (std::size_t i = 0; i < elements_.size(); ++i) {
         firstPoints_.push_back(points_.size());
         int number = 0;
-        for (const AcGePoint3d& position : connectionPoints(elements_[i], layer).value) {
+        for (const AcGePoint3d& position : elements_[i].points) {
             NetworkPoint& point = points_.emplace_back();
             point.element = i;
             point.number = number++;

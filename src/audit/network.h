@@ -38,37 +38,36 @@ struct NetworkPoint {
 /// however close together they lie.
 class Network {
 public:
-    explicit Network(std::vector<AcDbObjectId> elements);
+    explicit Network(std::vector<CountedElement> elements);
 
-    [[nodiscard]] const std::vector<AcDbObjectId>& elements() const { return elements_; }
+    [[nodiscard]] const std::vector<CountedElement>& elements() const { return elements_; }
     [[nodiscard]] const std::vector<NetworkPoint>& points() const { return points_; }
-    [[nodiscard]] AcDbObjectId elementOf(const NetworkPoint& point) const { return elements_[point.element]; }
+    [[nodiscard]] AcDbObjectId elementOf(const NetworkPoint& point) const {
+        return elements_[point.element].id;
+    }
     [[nodiscard]] std::vector<AcDbObjectId> joinedTo(const NetworkPoint& point) const;
 
 private:
-    void readPoints();
+    void addPoints();
     void findJoined(const PointGrid& grid, double tolerance);
     void findGaps(const PointGrid& grid, double reach);
     [[nodiscard]] std::optional<NearPoint> nearest(const NetworkPoint& point, std::size_t element) const;
 
-    std::vector<AcDbObjectId> elements_;
+    std::vector<CountedElement> elements_;
     std::vector<NetworkPoint> points_;
     std::vector<std::size_t> firstPoints_; ///< Of each element, then the number of points.
 };
 
 // The parts of the audit of design.
 
-/// Elements with a prefix that stand exactly where another of their block stands. Returns the references
-/// without them.
-[[nodiscard]] std::vector<AcDbObjectId> auditDuplicates(const std::vector<AcDbObjectId>& references,
-                                                        RouteAudit& audit);
+/// Elements with a prefix that stand exactly where another of their block stands. Removes them.
+void auditDuplicates(std::vector<CountedElement>& elements, RouteAudit& audit);
 /// Connection points that join nothing, or more than one element.
 void auditConnectionPoints(const Network& network, RouteAudit& audit);
-/// Joined elements whose kinds, sizes or heights differ. The elements are those of the network, in its order,
-/// and others.
-void auditJoints(const Network& network, const std::vector<CountedElement>& elements, RouteAudit& audit);
+/// Joined elements whose kinds, sizes or heights differ.
+void auditJoints(const Network& network, RouteAudit& audit);
 /// Route groups that fall into parts.
-void auditReach(const AcDbDatabase& drawing, const Network& network, RouteAudit& audit);
+void auditReach(const std::vector<zucomn::Group>& groups, const Network& network, RouteAudit& audit);
 
 // Parts of the problems' texts.
 [[nodiscard]] std::wstring handleText(AcDbObjectId id);

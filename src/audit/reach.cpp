@@ -1,7 +1,5 @@
 #include "network.h"
 
-#include <zucomn/model/groups.h>
-
 #include <algorithm>
 #include <numeric>
 #include <unordered_map>
@@ -76,18 +74,17 @@ void report(const std::wstring& group, const Part& part, RouteAudit& audit) {
 
 } // namespace
 
-void auditReach(const AcDbDatabase& drawing, const Network& network, RouteAudit& audit) {
+void auditReach(const std::vector<zucomn::Group>& groups, const Network& network, RouteAudit& audit) {
     Parts parts(network);
-    for (const AcDbObjectId id : zucomn::groupsOf(drawing)) {
-        const auto group = zucomn::readGroup(id);
-        if (!group || !group->isRouteGroup)
+    for (const zucomn::Group& group : groups) {
+        if (!group.isRouteGroup)
             continue;
-        const std::vector<Part> found = partsOf(*group, parts);
+        const std::vector<Part> found = partsOf(group, parts);
         const auto largest = std::max_element(
             found.begin(), found.end(), [](const Part& a, const Part& b) { return a.size() < b.size(); });
         for (auto part = found.begin(); part != found.end(); ++part)
             if (part != largest)
-                report(group->name, *part, audit);
+                report(group.name, *part, audit);
     }
 }
 

@@ -1,14 +1,15 @@
 #include "attributes/attribute_record.h"
+#include "attributes/result_chain.h"
 #include "findings.h"
 #include "route/link_record.h"
 
-#include <acutmem.h>
 #include <arxutil.h>
 #include <dbents.h>
 #include <dbobjptr.h>
 
+#include <windows.h>
+
 #include <algorithm>
-#include <memory>
 #include <optional>
 
 namespace zu {
@@ -23,19 +24,18 @@ constexpr std::size_t kHeaderFields = 3;
 constexpr std::size_t kItemFields = kStoredFields;
 constexpr const wchar_t* kHeader = L"header of the attribute record";
 
-struct ChainDeleter {
-    void operator()(resbuf* chain) const { acutRelRb(chain); }
-};
-
 /// An entity's extended data of one application.
 struct Record {
     int count = 0; ///< Occurrences of the application's name.
     bool hasOtherValues = false;
     bool hasLaterValues = false; ///< Values after a repeated name of the application.
-    std::vector<CString> texts;
+    CStringArray texts;
 
     [[nodiscard]] bool hasText() const {
-        return std::any_of(texts.begin(), texts.end(), [](const CString& text) { return !text.IsEmpty(); });
+        for (int i = 0; i < texts.GetSize(); ++i)
+            if (!texts[i].IsEmpty())
+                return true;
+        return false;
     }
 };
 
@@ -44,11 +44,11 @@ Record readRecord(const resbuf* chain, const wchar_t* application) {
     bool isWanted = false;
     for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
         if (item->restype == kApplicationName) {
-            isWanted = CString(item->resval.rstring).CompareNoCase(application) == 0;
+            isWanted = _wcsicmp(item->resval.rstring, application) == 0;
             record.count += isWanted ? 1 : 0;
         } else if (isWanted && record.count == 1) {
             if (item->restype == kText)
-                record.texts.emplace_back(item->resval.rstring);
+                record.texts.Add(item->resval.rstring);
             else
                 record.hasOtherValues = true;
         } else if (isWanted) {
@@ -121,7 +121,7 @@ public:
         : entity_(entity), application_(application), record_(readRecord(chain, application)) {}
 
     [[nodiscard]] bool isThere() const { return record_.count > 0; }
-    [[nodiscard]] const std::vector<CString>& texts() const { return record_.texts; }
+    [[nodiscard]] const CStringArray& texts() const { return record_.texts; }
 
     /// Returns false when the record has no texts to check.
     bool checkForm(const std::wstring& name) {
@@ -133,18 +133,18 @@ public:
         if (record_.hasText())
             return true;
         faults_.push_back({name + L" is empty", isEmpty});
-        record_.texts.clear();
+        record_.texts.RemoveAll();
         return false;
     }
 
     void checkAttributes() {
-        for (std::size_t i = 1; i < record_.texts.size(); ++i)
+        for (int i = 1; i < record_.texts.GetSize(); ++i)
             checkItem(i);
         checkHeader();
     }
 
     void checkLinkKind() {
-        const std::wstring_view text = record_.texts.front().view();
+        const std::wstring_view text = record_.texts[0].view();
         if (linkKind(text) < 0)
             note(L"link record doesn't begin with a link kind (0 to " + std::to_wstring(kLastLinkKind) +
                  L"): " + std::wstring(text));
@@ -165,12 +165,12 @@ private:
     };
 
     void note(std::wstring problem) { faults_.push_back({std::move(problem), false}); }
-    void repair(std::wstring problem, std::size_t place, const CString& text) {
+    void repair(std::wstring problem, int place, const CString& text) {
         record_.texts[place] = text;
         faults_.push_back({std::move(problem), true});
     }
 
-    void checkItem(std::size_t place) {
+    void checkItem(int place) {
         const CString text = record_.texts[place];
         if (hasFields(text, kItemFields))
             return;
@@ -184,20 +184,20 @@ private:
 
     /// As nearly every header is.
     [[nodiscard]] bool isHeaderRight() const {
-        const CString& header = record_.texts.front();
+        const CString& header = record_.texts[0];
         return hasFields(header, kHeaderFields) &&
-               header.view().starts_with(std::to_wstring(record_.texts.size() - 1) + kFieldSeparator);
+               header.view().starts_with(std::to_wstring(record_.texts.GetSize() - 1) + kFieldSeparator);
     }
 
     void checkHeader() {
         if (isHeaderRight())
             return;
-        const CString text = record_.texts.front();
+        const CString text = record_.texts[0];
         const std::optional<CString> repaired = withFields(text, kHeaderFields);
         if (!repaired)
             return note(fieldsProblem(kHeader, text, kHeaderFields));
         CString items;
-        items.Format(L"%d", static_cast<int>(record_.texts.size() - 1));
+        items.Format(L"%d", static_cast<int>(record_.texts.GetSize() - 1));
         Fields header = split(*repaired);
         CString& count = header.ended.front();
         if (*repaired != text) {
@@ -216,10 +216,7 @@ private:
     }
 
     [[nodiscard]] bool store() const {
-        CStringArray texts;
-        for (const CString& text : record_.texts)
-            texts.Add(text);
-        return ApiComn_appendAttributesArray(entity_, application_, texts) == 0;
+        return ApiComn_appendAttributesArray(entity_, application_, record_.texts) == 0;
     }
 
     AcDbObjectId entity_;
@@ -245,12 +242,10 @@ void auditLink(RecordAudit& record, RouteAudit& audit) {
 }
 
 CountedElement elementOf(const AcDbBlockReference& reference, const RecordAudit& attributes,
-                         const RecordAudit& link, const zucomn::QuantityAttributes& ids) {
-    CStringArray record;
-    for (const CString& text : attributes.texts())
-        record.Add(text);
-    CountedElement element = countedFrom(reference.objectId(), reference.blockName(), record, ids);
-    element.kind = link.texts().empty() ? -1 : linkKind(link.texts().front().view());
+                         const RecordAudit& link, ElementBlocks& blocks,
+                         const zucomn::QuantityAttributes& ids) {
+    CountedElement element = countedFrom(reference, blocks, attributes.texts(), ids);
+    element.kind = link.texts().IsEmpty() ? -1 : linkKind(link.texts()[0].view());
     return element;
 }
 
@@ -259,15 +254,16 @@ CountedElement elementOf(const AcDbBlockReference& reference, const RecordAudit&
 std::vector<CountedElement> auditRecords(const std::vector<AcDbObjectId>& entities, RouteAudit& audit) {
     const zucomn::QuantityAttributes ids = zucomn::quantityAttributes();
     std::vector<CountedElement> elements;
+    ElementBlocks blocks;
     for (const AcDbObjectId entity : entities) {
         AcDbObjectPointer<AcDbObject> object(entity);
         if (object.openStatus() != Acad::eOk)
             continue;
-        const std::unique_ptr<resbuf, ChainDeleter> chain(object->xData());
+        const ResultChain chain(object->xData());
         RecordAudit attributes(entity, kAttributeApplication, chain.get());
         RecordAudit link(entity, kLinkApplication, chain.get());
         if (const auto* const reference = AcDbBlockReference::cast(object.object()))
-            elements.push_back(elementOf(*reference, attributes, link, ids));
+            elements.push_back(elementOf(*reference, attributes, link, blocks, ids));
         object.close(); // repairs open it for write
         auditAttributes(attributes, audit);
         auditLink(link, audit);

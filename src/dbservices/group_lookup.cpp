@@ -1,6 +1,7 @@
 #include "group_lookup.h"
 
 #include "route/link_record.h"
+#include "route/small_set.h"
 
 #include <zucomn/dbservices.h>
 #include <zucomn/strings.h>
@@ -12,25 +13,8 @@
 #include <windows.h>
 
 #include <memory>
-#include <unordered_set>
 
 namespace {
-
-/// The ids of the persistent reactors of an element, each once; nullopt when it can't be opened or has no
-/// reactor list.
-std::optional<AcDbObjectIdArray> persistentReactors(AcDbObjectId element) {
-    const AcDbObjectPointer<AcDbObject> object(element, AcDb::kForRead, true);
-    const AcDbVoidPtrArray* const reactors = object.openStatus() == Acad::eOk ? object->reactors() : nullptr;
-    if (reactors == nullptr)
-        return std::nullopt;
-    AcDbObjectIdArray ids;
-    std::unordered_set<AcDbObjectId> seen;
-    for (const void* const reactor : *reactors)
-        if (const AcDbObjectId id = acdbPersistentReactorObjectId(reactor);
-            !id.isNull() && seen.insert(id).second)
-            ids.append(id);
-    return ids;
-}
 
 /// Null for a group without members and for objects that can't be opened as a group.
 AcDbObjectId firstMember(AcDbObjectId id) {
@@ -55,12 +39,19 @@ bool servesLinkKind(AcDbObjectId group, int linkKind) {
 } // namespace
 
 std::optional<zu::ReactorGroups> zu::reactorGroups(AcDbObjectId element) {
-    const auto reactors = persistentReactors(element);
-    if (!reactors)
+    const AcDbObjectPointer<AcDbObject> object(element, AcDb::kForRead, true);
+    return object.openStatus() == Acad::eOk ? reactorGroups(*object.object()) : std::nullopt;
+}
+
+std::optional<zu::ReactorGroups> zu::reactorGroups(const AcDbObject& element) {
+    const AcDbVoidPtrArray* const reactors = element.reactors();
+    if (reactors == nullptr)
         return std::nullopt;
     ReactorGroups groups;
-    for (const AcDbObjectId id : *reactors) {
-        if (!id.objectClass()->isDerivedFrom(AcDbGroup::desc()))
+    SmallSet<AcDbObjectId> seen;
+    for (const void* const reactor : *reactors) {
+        const AcDbObjectId id = acdbPersistentReactorObjectId(reactor);
+        if (id.isNull() || !id.objectClass()->isDerivedFrom(AcDbGroup::desc()) || !seen.insert(id))
             continue;
         const AcDbObjectPointer<AcDbGroup> group(id);
         if (group.openStatus() == Acad::eOk)

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+class AcDbObject;
+
 namespace zu {
 
 /// The groups among the persistent reactors of an object.
@@ -15,5 +17,7 @@ struct ReactorGroups {
 
 /// nullopt when the element can't be opened or has no reactor list. Erased elements are opened, too.
 [[nodiscard]] std::optional<ReactorGroups> reactorGroups(AcDbObjectId element);
+/// The same of an object that is open.
+[[nodiscard]] std::optional<ReactorGroups> reactorGroups(const AcDbObject& element);
 
 } // namespace zu

@@ -2,10 +2,9 @@
 
 #include "attributes/attribute_record.h"
 #include "frame/plain_number.h"
-#include "route/element_code.h"
+#include "route/link_record.h"
 
 #include <zucomn/model/elements.h>
-#include <zucomn/route.h>
 
 #include <arxutil.h>
 #include <dbents.h>
@@ -35,28 +34,30 @@ bool CountedElement::isFitting() const {
     return code != zucomn::kEquipment && code != zucomn::kNoElement && !isLine();
 }
 
-CountedElement countedFrom(AcDbObjectId id, std::wstring block, const CStringArray& record,
-                           const zucomn::QuantityAttributes& attributes) {
+CountedElement countedFrom(const AcDbBlockReference& reference, ElementBlocks& blocks,
+                           const CStringArray& record, const zucomn::QuantityAttributes& attributes) {
     CountedElement element;
-    element.id = id;
-    element.block = std::move(block);
-    element.code = elementCode(element.block);
+    element.id = reference.objectId();
+    element.block = reference.blockName();
+    const ElementBlock& block = blocks.of(reference, element.block);
+    element.definition = block.id;
+    element.code = block.code;
     element.size = firstValue(record, attributes.size);
     element.use = firstValue(record, attributes.use);
     element.heights = heightsOf(record, element.block, attributes.height);
+    (void)placePoints(block, reference, element.points);
     return element;
 }
 
-std::optional<CountedElement> readCounted(AcDbObjectId id, const zucomn::QuantityAttributes& attributes) {
+std::optional<CountedElement> readCounted(AcDbObjectId id, ElementBlocks& blocks,
+                                          const zucomn::QuantityAttributes& attributes) {
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
     if (reference.openStatus() != Acad::eOk)
         return std::nullopt;
     CStringArray record;
     ApiComn_extractAttributesArray(reference.object(), kAttributeApplication, record);
-    CountedElement element = countedFrom(id, reference->blockName(), record, attributes);
-    RootComn_GetBlockRootKind(id, &element.kind);
-    if (auto points = connectionPoints(id, connectionLayer()))
-        element.points = std::move(points.value);
+    CountedElement element = countedFrom(*reference.object(), blocks, record, attributes);
+    element.kind = linkKindOf(*reference.object());
     return element;
 }
 

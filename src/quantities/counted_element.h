@@ -1,6 +1,6 @@
 #pragma once
 
-#include "route/connection_points.h"
+#include "route/element_blocks.h"
 #include "route/element_heights.h"
 
 #include <zucomn/model/quantities.h>
@@ -17,6 +17,7 @@ struct CountedElement {
     AcDbObjectId id;
     int kind = -1;
     int code = 0;
+    AcDbObjectId definition; ///< Of its block.
     std::wstring block;
     std::wstring size;
     std::wstring use;
@@ -30,13 +31,13 @@ struct CountedElement {
     static constexpr int kMainRouteLine = 2;
 };
 
-/// Returns the element with what its block's name and the strings of its attribute record say: all but the
-/// kind and the points.
-[[nodiscard]] CountedElement countedFrom(AcDbObjectId id, std::wstring block, const CStringArray& record,
+/// Returns the element with all but its kind, which is that of its link record.
+[[nodiscard]] CountedElement countedFrom(const AcDbBlockReference& reference, ElementBlocks& blocks,
+                                         const CStringArray& record,
                                          const zucomn::QuantityAttributes& attributes);
 
 /// Returns nullopt when the object is no block reference or cannot be opened.
-[[nodiscard]] std::optional<CountedElement> readCounted(AcDbObjectId id,
+[[nodiscard]] std::optional<CountedElement> readCounted(AcDbObjectId id, ElementBlocks& blocks,
                                                         const zucomn::QuantityAttributes& attributes);
 
 } // namespace zu

@@ -14,6 +14,10 @@ class Joints {
 public:
     explicit Joints(std::span<const CountedElement> elements)
         : elements_(elements), tolerance_(connectionTolerance()), grid_(tolerance_) {
+        std::size_t points = 0;
+        for (const CountedElement& element : elements)
+            points += element.points.size();
+        grid_.reserve(points);
         for (std::size_t i = 0; i < elements.size(); ++i)
             grid_.add(elements[i].points, static_cast<int>(i));
     }

@@ -138,8 +138,9 @@ private:
 Quantities countQuantities(const AcDbDatabase& drawing, const QuantityQuery& query) {
     std::vector<AcDbObjectId> ids;
     std::vector<CountedElement> elements;
+    zu::ElementBlocks blocks;
     for (const AcDbObjectId id : modelSpaceReferences(drawing)) {
-        auto element = zu::readCounted(id, query.attributes);
+        auto element = zu::readCounted(id, blocks, query.attributes);
         if (!element)
             continue;
         ids.push_back(id);

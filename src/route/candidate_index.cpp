@@ -76,8 +76,7 @@ void CandidateIndex::update() {
     }
 }
 
-std::vector<int> CandidateIndex::near(const AcGePoint3d& point, double distance,
-                                      std::unordered_set<int>& seen) const {
+std::vector<int> CandidateIndex::near(const AcGePoint3d& point, double distance, SmallSet<int>& seen) const {
     std::vector<int> positions;
     const auto isSeen = [&seen](int position) { return seen.contains(position); };
     grid_.visit(point, distance, isSeen, [&](int position) {

@@ -2,8 +2,9 @@
 
 #include "connection_cache.h"
 #include "point_grid.h"
+#include "small_set.h"
 
-#include <unordered_set>
+#include <unordered_map>
 
 namespace zu {
 
@@ -21,8 +22,7 @@ public:
 
     /// Returns the positions, ascending, of the candidates with a connection point within the distance that
     /// are not in `seen`, and adds them to it.
-    [[nodiscard]] std::vector<int> near(const AcGePoint3d& point, double distance,
-                                        std::unordered_set<int>& seen) const;
+    [[nodiscard]] std::vector<int> near(const AcGePoint3d& point, double distance, SmallSet<int>& seen) const;
 
 private:
     struct Placed {

@@ -1,5 +1,6 @@
 #include "connection_cache.h"
 
+#include <zucomn/frame.h>
 #include <zucomn/route.h>
 
 #include <dbents.h>
@@ -46,10 +47,9 @@ void ConnectionCache::clear() {
 }
 
 void ConnectionCache::checkLayer() {
-    std::wstring layer = connectionLayer();
-    if (layer == layer_)
+    if (ZUCONECT_LAYER.view() == layer_)
         return;
-    layer_ = std::move(layer);
+    layer_ = connectionLayer();
     clear();
 }
 
@@ -82,16 +82,27 @@ CachedElement ConnectionCache::read(AcDbObjectId id) {
     result.status = reference.openStatus();
     if (result.status != Acad::eOk)
         return result;
-    const Read<DefinitionPoints>& local = definition(reference->blockTableRecord());
+    result.block = reference->blockTableRecord();
+    const Read<DefinitionPoints>& local = definition(result.block);
     result.status = local.status;
     const AcGeMatrix3d transform = reference->blockTransform();
     for (const DefinitionPoint& point : local.value)
         result.points.push_back(planPoint(point.position, transform));
-    RootComn_GetBlockRootKind(id, &result.linkKind);
     return result;
 }
 
 const CachedElement& ConnectionCache::element(AcDbObjectId id) {
+    return cached(id);
+}
+
+int ConnectionCache::linkKind(AcDbObjectId id) {
+    CachedElement& element = cached(id);
+    if (!element.linkKind)
+        RootComn_GetBlockRootKind(id, &element.linkKind.emplace(-1));
+    return *element.linkKind;
+}
+
+CachedElement& ConnectionCache::cached(AcDbObjectId id) {
     if (const auto found = elements_.find(id); found != elements_.end())
         return found->second;
     CachedElement fresh = read(id);

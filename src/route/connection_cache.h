@@ -4,6 +4,7 @@
 
 #include <dbmain.h>
 
+#include <optional>
 #include <unordered_map>
 
 namespace zu {
@@ -11,8 +12,9 @@ namespace zu {
 /// The cached points and link kind of an element. Valid until the element or its definition changes.
 struct CachedElement {
     Acad::ErrorStatus status = Acad::eOk; ///< The result of reading the points.
+    AcDbObjectId block;                   ///< The definition of its block.
     Points points;
-    int linkKind = -1;
+    std::optional<int> linkKind; ///< Read when it is first asked for.
 };
 
 /// The connection points of a drawing's elements, read once and updated when the drawing changes. Indexes
@@ -32,6 +34,8 @@ public:
 
     /// Valid until the next change of the drawing, and until the next call for one that can't be read now.
     const CachedElement& element(AcDbObjectId id);
+    /// The link kind of an element; -1 for one that can't be read.
+    int linkKind(AcDbObjectId id);
     /// The connection points of a block definition; valid until the next change of the drawing.
     const Read<DefinitionPoints>& definition(AcDbObjectId block);
 
@@ -57,6 +61,7 @@ public:
 private:
     void changed(const AcDbObject& object);
     void clear();
+    CachedElement& cached(AcDbObjectId id);
     [[nodiscard]] CachedElement read(AcDbObjectId id);
 
     AcDbDatabase* database_;

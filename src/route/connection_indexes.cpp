@@ -19,12 +19,13 @@ bool canBeOpened(AcDbObjectId group) {
 
 ConnectionIndexes& ConnectionIndexes::of(AcDbDatabase& database) {
     auto& all = state().connectionIndexes;
-    std::erase_if(all, [](const auto& entry) { return entry.second->cache_.isClosed(); });
-    std::unique_ptr<ConnectionIndexes>& indexes = all[&database];
-    if (!indexes)
-        indexes = std::make_unique<ConnectionIndexes>(database);
-    indexes->cache_.checkLayer();
-    return *indexes;
+    auto found = all.find(&database);
+    if (found == all.end() || found->second->cache_.isClosed()) {
+        std::erase_if(all, [](const auto& entry) { return entry.second->cache_.isClosed(); });
+        found = all.emplace(&database, std::make_unique<ConnectionIndexes>(database)).first;
+    }
+    found->second->cache_.checkLayer();
+    return *found->second;
 }
 
 const CandidateIndex* ConnectionIndexes::ofGroup(AcDbObjectId group, double distance) {

@@ -15,6 +15,7 @@ public:
     explicit ConnectionIndexes(AcDbDatabase& database) : cache_(database) {}
 
     [[nodiscard]] const CachedElement& element(AcDbObjectId id) { return cache_.element(id); }
+    [[nodiscard]] int linkKind(AcDbObjectId id) { return cache_.linkKind(id); }
     /// The points of a block definition on the connection layer.
     [[nodiscard]] const Read<DefinitionPoints>& definition(AcDbObjectId block) {
         return cache_.definition(block);

@@ -73,17 +73,22 @@ AcGePoint3d planPoint(const AcGePoint3d& local, const AcGeMatrix3d& transform) {
     return inPlan(transform * local);
 }
 
+Read<DefinitionPoints> connectionPointsOf(AcDbObjectId block) {
+    if (block.isNull())
+        return {Acad::eNullObjectId, {}};
+    // A definition may have any number of entities, and any number of references.
+    const Read<DefinitionPoints>& known = ConnectionIndexes::of(*block.database()).definition(block);
+    const Acad::ErrorStatus now = statusOf(block, known.value);
+    return now == Acad::eOk ? known : Read<DefinitionPoints>{now, {}};
+}
+
 Read<Points> connectionPoints(AcDbObjectId element, std::wstring_view layer) {
     const AcDbObjectPointer<AcDbBlockReference> reference(element);
     if (reference.openStatus() != Acad::eOk)
         return {reference.openStatus(), {}};
     const AcDbObjectId block = reference->blockTableRecord();
-    if (block.isNull() || layer != connectionLayer())
-        return placed(definitionPoints(block, layer), *reference.object());
-    // A definition may have any number of entities, and any number of references.
-    const Read<DefinitionPoints>& known = ConnectionIndexes::of(*block.database()).definition(block);
-    const Acad::ErrorStatus now = statusOf(block, known.value);
-    return now == Acad::eOk ? placed(known, *reference.object()) : Read<Points>{now, {}};
+    return placed(layer == ZUCONECT_LAYER.view() ? connectionPointsOf(block) : definitionPoints(block, layer),
+                  *reference.object());
 }
 
 std::wstring connectionLayer() {

@@ -40,6 +40,9 @@ using DefinitionPoints = std::vector<DefinitionPoint>;
 /// The points of a block definition on a layer.
 [[nodiscard]] Read<DefinitionPoints> definitionPoints(AcDbObjectId block, std::wstring_view layer);
 
+/// The connection points of a block definition that can be read now.
+[[nodiscard]] Read<DefinitionPoints> connectionPointsOf(AcDbObjectId block);
+
 /// The plan point of a definition's point under the transform of a reference.
 [[nodiscard]] AcGePoint3d planPoint(const AcGePoint3d& local, const AcGeMatrix3d& transform);
 

@@ -23,19 +23,16 @@ using Filter = std::function<bool(ConnectionIndexes& indexes, AcDbObjectId candi
 constexpr double kLargeScaleReach = 20.0;
 
 /// Returns whether the connection points of an element can be read now, even if the index has cached them.
-bool canBeRead(AcDbObjectId element) {
-    const AcDbObjectPointer<AcDbBlockReference> reference(element);
-    if (reference.openStatus() != Acad::eOk)
-        return false;
-    const AcDbObjectPointer<AcDbBlockTableRecord> definition(reference->blockTableRecord());
-    return definition.openStatus() == Acad::eOk;
+bool canBeRead(ConnectionIndexes& indexes, AcDbObjectId element) {
+    return AcDbObjectPointer<AcDbBlockReference>(element).openStatus() == Acad::eOk &&
+           AcDbObjectPointer<AcDbBlockTableRecord>(indexes.element(element).block).openStatus() == Acad::eOk;
 }
 
 Filter ofKind(int kindFilter) {
     return [kindFilter](ConnectionIndexes& indexes, AcDbObjectId candidate) {
         if (kindFilter == 0)
             return true;
-        const int kind = indexes.element(candidate).linkKind;
+        const int kind = indexes.linkKind(candidate);
         return kind == 0 || kind == kindFilter;
     };
 }
@@ -81,7 +78,7 @@ public:
 
     /// The element's connection points; nullopt when they can't be read.
     [[nodiscard]] std::optional<zu::Points> testedPoints() const {
-        if (indexes_ == nullptr || !canBeRead(element_))
+        if (indexes_ == nullptr || !canBeRead(*indexes_, element_))
             return std::nullopt;
         const zu::CachedElement& read = indexes_->element(element_);
         return read.status == Acad::eOk ? std::optional(read.points) : std::nullopt;
@@ -96,12 +93,12 @@ public:
         if (index == nullptr)
             return -1;
         Contained isKnown(result);
-        std::unordered_set<int> seen;
+        zu::SmallSet<int> seen;
         for (const AcGePoint3d& point : tested) {
             for (const int position : index->near(zu::inPlan(point), distance_, seen)) {
                 const AcDbObjectId candidate = index->candidates()[position];
-                if (candidate == element_ || !canBeRead(candidate) || !filter_(*indexes_, candidate) ||
-                    isKnown(candidate))
+                if (candidate == element_ || !canBeRead(*indexes_, candidate) ||
+                    !filter_(*indexes_, candidate) || isKnown(candidate))
                     continue;
                 result.append(candidate);
                 ++count;

@@ -30,9 +30,8 @@ int ZuComn_GetBlockElementCode(const AcDbObjectId& element, int& code) {
 int RootComn_GetBlockRootKind(const AcDbObjectId& element, int* kind) {
     if (kind == nullptr)
         return 0;
-    CStringArray record;
-    ApiComn_extractAttributesArrayID(element, zu::kLinkApplication, record);
-    *kind = record.IsEmpty() ? -1 : zu::linkKind(record[0].view());
+    const AcDbObjectPointer<AcDbObject> object(element);
+    *kind = object.openStatus() == Acad::eOk ? zu::linkKindOf(*object.object()) : -1;
     return 0;
 }
 

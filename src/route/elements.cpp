@@ -1,38 +1,73 @@
 #include <zucomn/model/elements.h>
 
 #include "attributes/model/layer_locks.h"
-#include "connection_points.h"
 #include "dbservices/group_lookup.h"
-#include "element_code.h"
-
-#include <zucomn/route.h>
+#include "element_blocks.h"
+#include "link_record.h"
 
 #include <dbents.h>
 #include <dbmain.h>
 #include <dbobjptr.h>
 #include <dbsymtb.h>
 
+#include <unordered_map>
+
 namespace zucomn {
 
-std::optional<Element> readElement(AcDbObjectId id) {
-    Element element;
-    element.id = id;
-    {
+namespace {
+
+/// Reads elements one after another; what they share is read once.
+class ElementReader {
+public:
+    /// Returns false when the object is no block reference or can't be opened.
+    bool read(AcDbObjectId id, Element& element) {
         const AcDbObjectPointer<AcDbBlockReference> reference(id);
         if (reference.openStatus() != Acad::eOk)
-            return std::nullopt;
+            return false;
+        element.id = id;
         element.block = reference->blockName();
         element.layer = reference->layerName();
+        element.isOnLocked = isLocked(element.layer, *reference.object());
+        element.isVisible = reference->isVisible();
         element.origin = reference->position();
+        element.linkKind = zu::linkKindOf(*reference.object());
+        const zu::ElementBlock& block = blocks_.of(*reference.object(), element.block);
+        element.code = block.code;
+        (void)zu::placePoints(block, *reference.object(), element.connectionPoints);
+        element.groups.clear();
+        if (const auto groups = zu::reactorGroups(*reference.object()))
+            element.groups.assign(groups->ids.begin(), groups->ids.end());
+        return true;
     }
-    element.code = zu::elementCode(element.block);
-    element.isOnLocked = !zu::LayerLocks().lockedLayer(id).IsEmpty();
-    RootComn_GetBlockRootKind(id, &element.linkKind);
-    if (auto points = zu::connectionPoints(id, zu::connectionLayer()))
-        element.connectionPoints = std::move(points.value);
-    if (const auto groups = zu::reactorGroups(id))
-        element.groups.assign(groups->ids.begin(), groups->ids.end());
+
+private:
+    bool isLocked(const std::wstring& layer, const AcDbBlockReference& reference) {
+        const auto [entry, isNew] = isLocked_.try_emplace(layer);
+        if (isNew)
+            entry->second = !locks_.lockedLayer(reference.objectId()).IsEmpty();
+        return entry->second;
+    }
+
+    zu::ElementBlocks blocks_;
+    zu::LayerLocks locks_;
+    std::unordered_map<std::wstring, bool> isLocked_; ///< By layer.
+};
+
+} // namespace
+
+std::optional<Element> readElement(AcDbObjectId id) {
+    std::optional<Element> element(std::in_place);
+    if (!ElementReader().read(id, *element))
+        element.reset();
     return element;
+}
+
+void readElements(std::span<const AcDbObjectId> ids, const std::function<void(const Element&)>& take) {
+    ElementReader reader;
+    Element element;
+    for (const AcDbObjectId id : ids)
+        if (reader.read(id, element))
+            take(element);
 }
 
 std::vector<AcDbObjectId> modelSpaceEntities(const AcDbDatabase& drawing) {

@@ -1,9 +1,13 @@
 #include <zucomn/model/joints.h>
 
-#include "connection_points.h"
+#include "element_blocks.h"
 #include "point_grid.h"
 
+#include <dbents.h>
+#include <dbobjptr.h>
+
 #include <algorithm>
+#include <numeric>
 #include <unordered_map>
 
 namespace zucomn {
@@ -14,41 +18,65 @@ namespace {
 class PointsOfElements {
 public:
     explicit PointsOfElements(std::span<const ConnectionPoint> points) {
-        for (const ConnectionPoint& point : points) {
-            const auto [number, isNew] =
-                numbers_.try_emplace(point.element, static_cast<int>(numbers_.size()));
-            if (isNew) {
-                elements_.push_back(point.element);
-                points_.emplace_back();
-            }
-            points_[static_cast<std::size_t>(number->second)].emplace_back(point.position.x, point.position.y,
-                                                                           0.0);
-        }
+        for (const ConnectionPoint& point : points)
+            owners_.push_back(numberOf(point.element));
+        std::vector<std::size_t> ends(elements_.size() + 1);
+        for (const int owner : owners_)
+            ++ends[static_cast<std::size_t>(owner) + 1];
+        std::partial_sum(ends.begin(), ends.end(), ends.begin());
+        firsts_ = ends;
+        places_.resize(points.size());
+        for (std::size_t i = 0; i < points.size(); ++i)
+            places_[ends[static_cast<std::size_t>(owners_[i])]++] = placeOf(points[i]);
+    }
+
+    static AcGePoint3d placeOf(const ConnectionPoint& point) {
+        return {point.position.x, point.position.y, 0.0};
     }
 
     void addTo(zu::PointGrid& grid) const {
-        for (std::size_t i = 0; i < points_.size(); ++i)
-            grid.add(points_[i], static_cast<int>(i));
+        grid.reserve(places_.size());
+        for (std::size_t i = 0; i < elements_.size(); ++i)
+            grid.add(std::span(places_).subspan(firsts_[i], firsts_[i + 1] - firsts_[i]),
+                     static_cast<int>(i));
     }
-    [[nodiscard]] int numberOf(AcDbObjectId element) const { return numbers_.at(element); }
+    /// The number of the element of a point.
+    [[nodiscard]] int ownerOf(std::size_t point) const { return owners_[point]; }
     [[nodiscard]] AcDbObjectId element(int number) const {
         return elements_[static_cast<std::size_t>(number)];
     }
 
 private:
+    /// Points of one element usually follow each other.
+    int numberOf(AcDbObjectId element) {
+        if (!elements_.empty() && elements_.back() == element)
+            return static_cast<int>(elements_.size()) - 1;
+        const auto [number, isNew] = numbers_.try_emplace(element, static_cast<int>(elements_.size()));
+        if (isNew)
+            elements_.push_back(element);
+        return number->second;
+    }
+
     std::unordered_map<AcDbObjectId, int> numbers_;
     std::vector<AcDbObjectId> elements_;
-    std::vector<zu::Points> points_;
+    std::vector<int> owners_;         ///< Of each point.
+    std::vector<AcGePoint3d> places_; ///< Those of the first element, then those of the next one ...
+    std::vector<std::size_t> firsts_; ///< Where each element's places begin; then their number.
 };
 
 } // namespace
 
 std::vector<ConnectionPoint> connectionPoints(std::span<const AcDbObjectId> elements) {
-    const std::wstring layer = zu::connectionLayer();
+    zu::ElementBlocks blocks;
     std::vector<ConnectionPoint> points;
+    zu::Points own;
     for (const AcDbObjectId element : elements) {
+        const AcDbObjectPointer<AcDbBlockReference> reference(element);
+        if (reference.openStatus() != Acad::eOk)
+            continue;
+        (void)zu::placePoints(blocks.of(*reference.object()), *reference.object(), own);
         int number = 0;
-        for (const AcGePoint3d& point : zu::connectionPoints(element, layer).value)
+        for (const AcGePoint3d& point : own)
             points.push_back({element, number++, {point.x, point.y}});
     }
     return points;
@@ -61,18 +89,19 @@ std::vector<std::vector<AcDbObjectId>> joinedElements(std::span<const Connection
     zu::PointGrid grid(tolerance);
     elements.addTo(grid);
     std::vector<std::vector<AcDbObjectId>> joined(points.size());
+    std::vector<int> found;
     for (std::size_t i = 0; i < points.size(); ++i) {
-        std::vector<int> found;
-        const int own = elements.numberOf(points[i].element);
+        found.clear();
+        const int own = elements.ownerOf(i);
         const auto isKnown = [&](int other) {
             return other == own || std::find(found.begin(), found.end(), other) != found.end();
         };
-        const AcGePoint3d place(points[i].position.x, points[i].position.y, 0.0);
-        grid.visit(place, tolerance, isKnown, [&](int other) {
+        grid.visit(PointsOfElements::placeOf(points[i]), tolerance, isKnown, [&](int other) {
             found.push_back(other);
             return found.size() < most;
         });
         std::sort(found.begin(), found.end());
+        joined[i].reserve(found.size());
         for (const int other : found)
             joined[i].push_back(elements.element(other));
     }

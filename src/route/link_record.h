@@ -4,6 +4,8 @@
 
 #include <string_view>
 
+class AcDbObject;
+
 namespace zu {
 
 /// Application name of the extended data that stores the link record.
@@ -15,5 +17,8 @@ inline constexpr const wchar_t* kLinkApplication = L"ZU_LINK";
     const int digit = text.size() >= 2 && text[1] == L'|' ? text[0] - L'0' : -1;
     return digit >= 0 && digit <= kLastLinkKind ? digit : -1;
 }
+
+/// Link kind of an object's link record; -1 without a readable one.
+[[nodiscard]] int linkKindOf(const AcDbObject& object);
 
 } // namespace zu

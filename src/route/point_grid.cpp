@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <utility>
 
 namespace zu {
 
@@ -14,6 +15,8 @@ constexpr double kCellsPerDistance = 16.0;
 constexpr double kLeastCell = 1e-3;
 /// More points of one owner are kept as clusters.
 constexpr std::size_t kFewPoints = 8;
+constexpr std::size_t kFewestSlots = 16;
+constexpr std::size_t kSlotsPerCell = 2; ///< At least.
 
 bool isFinite(const AcGePoint3d& point) {
     return std::isfinite(point.x) && std::isfinite(point.y);
@@ -42,7 +45,38 @@ std::uint64_t mixed(std::uint64_t bits) {
 } // namespace
 
 PointGrid::PointGrid(double greatestDistance)
-    : cellSize_(std::max(greatestDistance * kCellsPerDistance, kLeastCell)) {}
+    : cellSize_(std::max(greatestDistance * kCellsPerDistance, kLeastCell)), slots_(kFewestSlots) {}
+
+void PointGrid::reserve(std::size_t points) {
+    entries_.reserve(points);
+    grow(std::bit_ceil(points * kSlotsPerCell));
+}
+
+/// The place of the cell, or the free one where it belongs.
+std::size_t PointGrid::placeOf(const Cell& cell) const {
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t place = CellHash()(cell) & mask;
+    while (slots_[place].isUsed && !(slots_[place].cell == cell))
+        place = (place + 1) & mask;
+    return place;
+}
+
+std::int32_t PointGrid::firstOf(const Cell& cell) const {
+    return slots_[placeOf(cell)].first;
+}
+
+/// Makes the table at least as large, and drops cells without entries.
+void PointGrid::grow(std::size_t slots) {
+    const std::vector<Slot> old =
+        std::exchange(slots_, std::vector<Slot>(std::max({slots, slots_.size(), kFewestSlots})));
+    usedSlots_ = 0;
+    for (const Slot& slot : old) {
+        if (slot.first == kEnd)
+            continue;
+        slots_[placeOf(slot.cell)] = slot;
+        ++usedSlots_;
+    }
+}
 
 std::size_t PointGrid::CellHash::operator()(const Cell& cell) const noexcept {
     const std::uint64_t column = mixed(std::bit_cast<std::uint64_t>(cell.column));
@@ -54,7 +88,7 @@ double PointGrid::index(double coordinate) const {
 }
 
 /// The points by cell; those that are not finite are left out.
-std::vector<PointGrid::Run> PointGrid::runs(const std::vector<AcGePoint3d>& points) const {
+std::vector<PointGrid::Run> PointGrid::runs(std::span<const AcGePoint3d> points) const {
     std::vector<Run> runs;
     std::unordered_map<Cell, std::size_t, CellHash> places;
     for (const AcGePoint3d& point : points) {
@@ -68,7 +102,7 @@ std::vector<PointGrid::Run> PointGrid::runs(const std::vector<AcGePoint3d>& poin
     return runs;
 }
 
-void PointGrid::add(const std::vector<AcGePoint3d>& points, int owner) {
+void PointGrid::add(std::span<const AcGePoint3d> points, int owner) {
     if (points.size() <= kFewPoints) {
         for (const AcGePoint3d& point : points)
             if (isFinite(point))
@@ -90,12 +124,17 @@ void PointGrid::addEntry(const Cell& at, const AcGePoint3d& point, int owner, st
         place = static_cast<std::int32_t>(entries_.size());
         entries_.emplace_back();
     }
-    const auto [cell, isNew] = cells_.try_emplace(at, kEnd);
-    entries_[static_cast<std::size_t>(place)] = {point, owner, cluster, cell->second};
-    cell->second = place;
+    if ((usedSlots_ + 1) * kSlotsPerCell > slots_.size())
+        grow(entries_.size() * kSlotsPerCell * 2 > slots_.size() ? slots_.size() * 2 : slots_.size());
+    Slot& slot = slots_[placeOf(at)];
+    usedSlots_ += slot.isUsed ? 0 : 1;
+    slot.cell = at;
+    slot.isUsed = true;
+    entries_[static_cast<std::size_t>(place)] = {point, owner, cluster, slot.first};
+    slot.first = place;
 }
 
-void PointGrid::remove(const std::vector<AcGePoint3d>& points, int owner) {
+void PointGrid::remove(std::span<const AcGePoint3d> points, int owner) {
     if (points.size() <= kFewPoints) {
         for (const AcGePoint3d& point : points)
             if (isFinite(point))
@@ -107,10 +146,7 @@ void PointGrid::remove(const std::vector<AcGePoint3d>& points, int owner) {
 }
 
 void PointGrid::removeOwner(const Cell& at, int owner) {
-    const auto cell = cells_.find(at);
-    if (cell == cells_.end())
-        return;
-    std::int32_t* link = &cell->second;
+    std::int32_t* link = &slots_[placeOf(at)].first;
     while (*link != kEnd) {
         Entry& entry = entries_[static_cast<std::size_t>(*link)];
         if (entry.owner != owner) {
@@ -123,8 +159,6 @@ void PointGrid::removeOwner(const Cell& at, int owner) {
         entry.next = free_;
         free_ = place;
     }
-    if (cell->second == kEnd)
-        cells_.erase(cell);
 }
 
 std::array<std::int32_t, 9> PointGrid::chainsNear(const AcGePoint3d& centre, double distance) const {
@@ -146,10 +180,8 @@ std::array<std::int32_t, 9> PointGrid::chainsNear(const AcGePoint3d& centre, dou
     std::size_t count = 0;
     for (int i = 0; i < columns.count; ++i)
         for (int k = 0; k < rows.count; ++k)
-            if (const auto cell = cells_.find(
-                    {columns.values[static_cast<std::size_t>(i)], rows.values[static_cast<std::size_t>(k)]});
-                cell != cells_.end())
-                chains[count++] = cell->second;
+            chains[count++] = firstOf(
+                {columns.values[static_cast<std::size_t>(i)], rows.values[static_cast<std::size_t>(k)]});
     return chains;
 }
 

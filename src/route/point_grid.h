@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -20,14 +21,11 @@ public:
     explicit PointGrid(double greatestDistance);
 
     /// Prepares for so many points.
-    void reserve(std::size_t points) {
-        cells_.reserve(points);
-        entries_.reserve(points);
-    }
+    void reserve(std::size_t points);
     /// Adds all points of an owner; skips points that are not finite.
-    void add(const std::vector<AcGePoint3d>& points, int owner);
+    void add(std::span<const AcGePoint3d> points, int owner);
     /// Removes the owner's entries at these points.
-    void remove(const std::vector<AcGePoint3d>& points, int owner);
+    void remove(std::span<const AcGePoint3d> points, int owner);
 
     /// Calls `take` with the owner of each point within the distance, in no particular order and possibly
     /// several times per owner, until it returns false. Skips owners for which `skips` returns true.
@@ -59,11 +57,21 @@ private:
         std::int32_t next;    ///< In the same cell, or in the chain of free entries.
     };
     static constexpr std::int32_t kEnd = -1;
+    /// A cell with its first entry. Cells lie in a table where each is found from its hash on, the next free
+    /// place; those without entries stay until the table grows.
+    struct Slot {
+        Cell cell;
+        std::int32_t first = kEnd;
+        bool isUsed = false;
+    };
 
     [[nodiscard]] double index(double coordinate) const;
     [[nodiscard]] Cell cellOf(const AcGePoint3d& point) const { return {index(point.x), index(point.y)}; }
     using Run = std::pair<Cell, std::vector<AcGePoint3d>>;
-    [[nodiscard]] std::vector<Run> runs(const std::vector<AcGePoint3d>& points) const;
+    [[nodiscard]] std::vector<Run> runs(std::span<const AcGePoint3d> points) const;
+    [[nodiscard]] std::size_t placeOf(const Cell& cell) const;
+    [[nodiscard]] std::int32_t firstOf(const Cell& cell) const;
+    void grow(std::size_t slots);
     void addEntry(const Cell& cell, const AcGePoint3d& point, int owner, std::int32_t cluster);
     void removeOwner(const Cell& cell, int owner);
     /// First entries of the cells within the distance of the centre; kEnd for empty ones.
@@ -74,7 +82,8 @@ private:
     }
 
     double cellSize_;
-    std::unordered_map<Cell, std::int32_t, CellHash> cells_; ///< First entry of each cell.
+    std::vector<Slot> slots_; ///< Their number is a power of two.
+    std::size_t usedSlots_ = 0;
     std::vector<Entry> entries_;
     std::int32_t free_ = kEnd;
     std::unordered_map<std::int32_t, PointCluster> clusters_;

@@ -6,7 +6,9 @@
 #include <gepnt3d.h>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -43,6 +45,7 @@ struct Element {
     int linkKind = -1;       ///< See RootComn_GetBlockRootKind.
     std::wstring layer;      ///< The name of its layer.
     bool isOnLocked = false; ///< Its layer is locked, so that edits skip it.
+    bool isVisible = true;   ///< It is not hidden by itself; its layer may be off.
     AcGePoint3d origin;
     std::vector<AcGePoint3d> connectionPoints; ///< In plan (Z is 0); none when one can't be read.
     std::vector<AcDbObjectId> groups;          ///< See ZuComn_GetGroupID.
@@ -50,6 +53,12 @@ struct Element {
 
 /// Returns nullopt when the object is no block reference or can't be opened.
 [[nodiscard]] ZUCOMN_API std::optional<Element> readElement(AcDbObjectId id);
+
+/// Calls `take` with what readElement returns for each object, in order; skips the objects for which it
+/// returns nullopt. Faster than readElement for many elements: blocks and layers are read once, so `take`
+/// must not change them.
+ZUCOMN_API void readElements(std::span<const AcDbObjectId> ids,
+                             const std::function<void(const Element&)>& take);
 
 /// Returns the entities of the drawing's model space, in drawing order; none when it can't be opened.
 [[nodiscard]] ZUCOMN_API std::vector<AcDbObjectId> modelSpaceEntities(const AcDbDatabase& drawing);
