@@ -46,11 +46,9 @@ std::string onOneLine(std::string json) {
 }
 
 std::string jsonLine(const std::string& drawing, const TaskResult& result, const std::string& error) {
-    constexpr auto kReplace = Json::error_handler_t::replace;
-    const auto text = [](const std::string& value) { return Json(value).dump(-1, ' ', false, kReplace); };
-    return "{\"drawing\":" + text(drawing) + ",\"status\":" + std::to_string(result.status) +
+    return "{\"drawing\":" + jsonText(drawing) + ",\"status\":" + std::to_string(result.status) +
            ",\"result\":" + onOneLine(result.output) +
-           ",\"error\":" + (error.empty() ? "null" : text(error)) + "}\n";
+           ",\"error\":" + (error.empty() ? "null" : jsonText(error)) + "}\n";
 }
 
 /// Where the record that starts the text ends; line ends between quotes belong to it.

@@ -7,6 +7,7 @@
 #include "model/filter.h"
 #include "report/csv.h"
 #include "report/finding_json.h"
+#include "report/json_writer.h"
 
 #include <algorithm>
 #include <iostream>
@@ -86,9 +87,15 @@ std::string count(std::ptrdiff_t number, const std::string& what) {
 
 void printListing(const std::vector<Finding>& findings, bool repairing) {
     TextTable table({"severity", "code", "handle", "group", "layer", "repaired", "problem"});
-    for (const Finding& finding : findings)
-        table.addRow({translated(severityName(finding.severity)), finding.code, finding.handle, finding.group,
-                      finding.layer, finding.repaired ? "yes" : "no", translated(finding.problem)});
+    for (const Finding& finding : findings) {
+        table.addCell(translated(severityName(finding.severity)));
+        table.addCell(finding.code);
+        table.addCell(finding.handle);
+        table.addCell(finding.group);
+        table.addCell(finding.layer);
+        table.addCell(finding.repaired ? "yes" : "no");
+        table.addCell(translated(finding.problem));
+    }
     if (!table.empty())
         table.print();
     const auto total = static_cast<std::ptrdiff_t>(findings.size());
@@ -106,16 +113,23 @@ void printListing(const std::vector<Finding>& findings, bool repairing) {
     std::cout << '\n';
 }
 
+void printFindings(const std::vector<Finding>& findings) {
+    JsonArrayPrinter array;
+    for (const Finding& finding : findings)
+        array.print(jsonText(findingJson(finding)));
+    array.finish();
+}
+
 void print(const std::vector<Finding>& findings, const Options& options) {
     if (!options.form.json && !options.form.csv)
         return printListing(findings, options.repair);
-    Json array = Json::array();
-    for (const Finding& finding : findings)
-        array.push_back(findingJson(finding));
     if (options.form.json)
-        return printJson(array);
+        return printFindings(findings);
+    Json rows = Json::array();
+    for (const Finding& finding : findings)
+        rows.push_back(findingJson(finding));
     printCsv({"code", "severity", "handle", "problem", "repaired", "position", "with", "group", "layer"},
-             array);
+             rows);
 }
 
 void run(const Options& options) {

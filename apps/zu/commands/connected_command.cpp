@@ -7,13 +7,18 @@
 #include "model/filter.h"
 #include "model/handle_argument.h"
 #include "report/csv.h"
+#include "report/json_writer.h"
 #include "report/output.h"
 #include "text.h"
 
+#include <dbents.h>
+#include <dbobjptr.h>
 #include <zucomn/dbservices.h>
 #include <zucomn/route.h>
 
+#include <iostream>
 #include <memory>
+#include <span>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -29,12 +34,6 @@ struct Options {
     int kind = 0;
     bool all = false;
     ListingForm form;
-};
-
-/// What an element is joined to, in the order found.
-struct Joints {
-    AcDbObjectId element;
-    AcArray<AcDbObjectId> joined;
 };
 
 /// Searches the given group; if null, every group of the element.
@@ -57,13 +56,89 @@ AcArray<AcDbObjectId> connectedTo(AcDbObjectId element, AcDbObjectId named, int 
 }
 
 /// One row for each pair.
-void printJoints(const Json& joined) {
-    Json rows = Json::array();
-    for (const auto& [handle, others] : joined.items())
-        for (const Json& other : others)
-            rows.push_back({handle, other});
-    printCsv({"handle", "connected"}, rows);
-}
+class CsvListing {
+public:
+    void add(AcDbObjectId element, std::span<const AcDbObjectId> others) {
+        const std::string handle = handleText(element);
+        for (const AcDbObjectId other : others) {
+            csv_.add(handle);
+            csv_.add(handleText(other));
+        }
+    }
+    void finish() {}
+
+private:
+    CsvPrinter csv_{{"handle", "connected"}};
+};
+
+/// An object whose keys are the handles. Each comes once.
+class JsonListing {
+public:
+    JsonListing() { json_.open('{'); }
+    void add(AcDbObjectId element, std::span<const AcDbObjectId> others) {
+        json_.key(handleText(element));
+        json_.open('[');
+        for (const AcDbObjectId other : others)
+            json_.add(handleText(other));
+        json_.close(']');
+    }
+    void finish() {
+        json_.close('}');
+        std::cout << json_.text() << '\n';
+    }
+
+private:
+    JsonWriter json_;
+};
+
+/// One row for each joint, and one for an element without any.
+class TextListing {
+public:
+    void add(AcDbObjectId element, std::span<const AcDbObjectId> others) {
+        if (others.empty()) {
+            addCells(element);
+            for (int i = 0; i < kCells; ++i)
+                table_.addCell("");
+        }
+        for (const AcDbObjectId other : others) {
+            addCells(element);
+            addCells(other);
+        }
+    }
+    void finish() const { table_.print(); }
+
+private:
+    static constexpr int kCells = 3; ///< Of one element.
+
+    struct Block {
+        std::string name;
+        std::string what;
+    };
+
+    void addCells(AcDbObjectId id) {
+        const Block& block = blockOf(id);
+        table_.addCell(handleText(id));
+        table_.addCell(block.name);
+        table_.addCell(block.what);
+    }
+
+    const Block& blockOf(AcDbObjectId id) {
+        const AcDbObjectPointer<AcDbBlockReference> reference(id);
+        if (reference.openStatus() != Acad::eOk)
+            return none_;
+        const auto [entry, isNew] = blocks_.try_emplace(reference->blockName());
+        if (isNew) {
+            int code = zucomn::kNoElement;
+            ZuComn_GetBlockElementCode(id, code);
+            entry->second = {narrow(entry->first), elementCodeName(code)};
+        }
+        return entry->second;
+    }
+
+    TextTable table_{{"handle", "block", "what", "joined", "block", "what"}};
+    std::unordered_map<std::wstring, Block> blocks_; ///< By name.
+    const Block none_;                               ///< Of what is no block reference.
+};
 
 void runOne(const DrawingFile& drawing, const Options& options, const Filter& filter, AcDbObjectId group) {
     const AcDbObjectId element = drawing.find(options.handle);
@@ -75,7 +150,7 @@ void runOne(const DrawingFile& drawing, const Options& options, const Filter& fi
     if (options.form.json)
         return printJson(Json(handleTexts(found)));
     if (options.form.csv)
-        return printJoints({{options.handle, handleTexts(found)}});
+        return CsvListing().add(element, found);
     TextTable table({"handle", "block", "what"});
     for (const AcDbObjectId id : found) {
         const Element joinedElement = readElement(id);
@@ -93,53 +168,21 @@ std::vector<AcDbObjectId> everyElement(const DrawingFile& drawing, AcDbObjectId 
     return {members.begin(), members.end()};
 }
 
-/// What an element is, read once however many others it is joined to.
-class Names {
-public:
-    std::vector<std::string> cells(const std::string& handle, AcDbObjectId id) {
-        const auto [entry, isNew] = known_.try_emplace(id);
-        if (isNew)
-            if (const auto element = zucomn::readElement(id))
-                entry->second = {narrow(element->block), elementCodeName(element->code)};
-        return {handle, entry->second.block, entry->second.what};
-    }
-
-private:
-    struct Name {
-        std::string block;
-        std::string what;
-    };
-    std::unordered_map<AcDbObjectId, Name> known_;
-};
-
-/// One row for each joint, and one for an element without any.
-void printTable(const std::vector<Joints>& all) {
-    TextTable table({"handle", "block", "what", "joined", "block", "what"});
-    Names names;
-    for (const Joints& joints : all) {
-        const std::vector<std::string> element = names.cells(handleText(joints.element), joints.element);
-        if (joints.joined.isEmpty())
-            table.addRow({element[0], element[1], element[2], "", "", ""});
-        for (const AcDbObjectId id : joints.joined) {
-            const std::vector<std::string> other = names.cells(handleText(id), id);
-            table.addRow({element[0], element[1], element[2], other[0], other[1], other[2]});
-        }
-    }
-    table.print();
+template <typename Listing>
+void printAll(const DrawingFile& drawing, const Options& options, const Filter& filter, AcDbObjectId group) {
+    Listing listing;
+    for (const AcDbObjectId element : filter.pass(drawing, everyElement(drawing, group)))
+        listing.add(element, connectedTo(element, group, options.kind));
+    listing.finish();
 }
 
 void runAll(const DrawingFile& drawing, const Options& options, const Filter& filter, AcDbObjectId group) {
-    std::vector<Joints> all;
-    for (const AcDbObjectId element : filter.pass(drawing, everyElement(drawing, group)))
-        all.push_back({element, connectedTo(element, group, options.kind)});
-    if (!options.form.json && !options.form.csv)
-        return printTable(all);
-    Json object = Json::object();
-    // Each handle comes once; inserting by key would search the ones before it.
-    auto& entries = object.get_ref<Json::object_t&>();
-    for (const Joints& joints : all)
-        entries.emplace_back(handleText(joints.element), handleTexts(joints.joined));
-    options.form.json ? printJson(object) : printJoints(object);
+    if (options.form.json)
+        printAll<JsonListing>(drawing, options, filter, group);
+    else if (options.form.csv)
+        printAll<CsvListing>(drawing, options, filter, group);
+    else
+        printAll<TextListing>(drawing, options, filter, group);
 }
 
 void run(const Options& options) {

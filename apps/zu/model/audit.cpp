@@ -13,7 +13,7 @@ namespace zu::app {
 
 namespace {
 
-/// The group that listings name for each entity.
+/// The group that listings name for each entity: a route before others.
 class NamedGroups {
 public:
     explicit NamedGroups(const AcDbDatabase& drawing) {
@@ -23,27 +23,29 @@ public:
     }
 
     [[nodiscard]] std::string of(AcDbObjectId object) const {
-        const auto found = names_.find(object);
-        return found != names_.end() ? narrow(found->second.name) : std::string();
+        const auto found = groupOf_.find(object);
+        return found != groupOf_.end() ? names_[found->second].name : std::string();
     }
 
 private:
     struct Name {
-        std::wstring name;
+        std::string name;
         bool isRoute = false;
     };
 
     void add(const zucomn::Group& group) {
-        const Name name{group.name, group.isRouteGroup};
-        names_.insert_or_assign(group.id, name);
+        const std::size_t number = names_.size();
+        names_.push_back({narrow(group.name), group.isRouteGroup});
+        groupOf_.insert_or_assign(group.id, number);
         for (const AcDbObjectId member : group.members) {
-            const auto [known, isNew] = names_.try_emplace(member, name);
-            if (!isNew && name.isRoute && !known->second.isRoute)
-                known->second = name;
+            const auto [known, isNew] = groupOf_.try_emplace(member, number);
+            if (!isNew && group.isRouteGroup && !names_[known->second].isRoute)
+                known->second = number;
         }
     }
 
-    std::unordered_map<AcDbObjectId, Name> names_;
+    std::vector<Name> names_;
+    std::unordered_map<AcDbObjectId, std::size_t> groupOf_; ///< Places among the names.
 };
 
 class FindingList {
@@ -72,11 +74,11 @@ private:
         finding.problem = narrow(found.problem);
         finding.repaired = found.isRepaired;
         finding.group = groups_.of(found.object);
-        if (const AcDbObjectPointer<AcDbEntity> entity(found.object); entity.openStatus() == Acad::eOk)
+        if (const AcDbObjectPointer<AcDbEntity> entity(found.object); entity.openStatus() == Acad::eOk) {
             finding.layer = narrow(entity->layerName());
-        if (const AcDbObjectPointer<AcDbBlockReference> element(found.object);
-            element.openStatus() == Acad::eOk)
-            finding.position = element->position();
+            if (const auto* const element = AcDbBlockReference::cast(entity.object()))
+                finding.position = element->position();
+        }
         return finding;
     }
 

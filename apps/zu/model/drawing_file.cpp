@@ -141,6 +141,7 @@ std::string handleText(AcDbHandle handle) {
 
 std::vector<std::string> handleTexts(std::span<const AcDbObjectId> ids) {
     std::vector<std::string> texts;
+    texts.reserve(ids.size());
     for (const AcDbObjectId id : ids)
         texts.push_back(handleText(id));
     return texts;

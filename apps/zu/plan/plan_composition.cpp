@@ -42,11 +42,9 @@ constexpr double kSmallestJoined = 0.7;
 constexpr double kSmallestDangling = 1.5;
 
 /// Layers of marks that the plan draws itself.
-bool isMarkLayer(const QString& layer) {
-    const auto isLayer = [&layer](const CString& name) {
-        return layer.compare(QString::fromStdWString(std::wstring(name.view())), Qt::CaseInsensitive) == 0;
-    };
-    return isLayer(ZUCONECT_LAYER) || isLayer(ZUSNAP_LAYER);
+std::array<QString, 2> markLayers() {
+    const auto text = [](const CString& name) { return QString::fromStdWString(std::wstring(name.view())); };
+    return {text(ZUCONECT_LAYER), text(ZUSNAP_LAYER)};
 }
 
 std::shared_ptr<const picture::Drawing> read(AcDbDatabase& drawing) {
@@ -125,8 +123,11 @@ picture::SceneOptions PlanComposition::scene(const Filter& filter) const {
     scene.shows = [this, filter](const picture::EntityInfo& entity) {
         return (!filter || filter(entity)) && isInPicture(entity);
     };
-    scene.showsLayer = [this](const QString& layer) {
-        return !isMarkLayer(layer) && (!options_.showsLayer || options_.showsLayer(layer));
+    scene.showsLayer = [this, marks = markLayers()](const QString& layer) {
+        const bool isMark = std::any_of(marks.begin(), marks.end(), [&layer](const QString& mark) {
+            return layer.compare(mark, Qt::CaseInsensitive) == 0;
+        });
+        return !isMark && (!options_.showsLayer || options_.showsLayer(layer));
     };
     if (page_.scale > 0.0)
         scene.frame = page_.toPage.inverted().mapRect(page_.plan);

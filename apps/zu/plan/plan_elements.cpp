@@ -9,10 +9,10 @@
 #include <zucomn/model/attributes.h>
 #include <zucomn/model/elements.h>
 #include <zucomn/model/joints.h>
-#include <zucomn/route.h>
+
+#include <afxstr.h>
 
 #include <algorithm>
-#include <set>
 
 namespace zu::app {
 
@@ -23,31 +23,37 @@ constexpr std::size_t kMostReadForUses = 2000;
 /// Layers as the plan sees them, each looked up once.
 class ShownLayers {
 public:
-    explicit ShownLayers(const LayerFilter& filter) : filter_(filter) {}
+    ShownLayers(const AcDbDatabase& drawing, const LayerFilter& filter)
+        : drawing_(drawing), filter_(filter) {}
 
     struct State {
         bool isOn = true;
         bool passes = true;
     };
 
-    const State& operator[](AcDbObjectId id) {
-        const auto [known, isNew] = states_.try_emplace(id);
+    const State& operator[](const std::wstring& name) {
+        const auto [known, isNew] = states_.try_emplace(name);
         if (isNew)
-            known->second = stateOf(id);
+            known->second = stateOf(name);
         return known->second;
     }
 
 private:
-    [[nodiscard]] State stateOf(AcDbObjectId id) const {
+    [[nodiscard]] State stateOf(const std::wstring& name) const {
+        AcDbObjectId id;
+        if (const AcDbObjectPointer<AcDbLayerTable> layers(drawing_.layerTableId());
+            layers.openStatus() == Acad::eOk)
+            layers->getAt(name.c_str(), id);
         const AcDbObjectPointer<AcDbLayerTableRecord> layer(id);
         if (layer.openStatus() != Acad::eOk)
             return {};
-        const QString name = QString::fromStdWString(std::wstring(CString(layer->name()).view()));
-        return {!layer->isOff() && !layer->isFrozen(), !filter_ || filter_(name)};
+        const QString stored = QString::fromStdWString(std::wstring(CString(layer->name()).view()));
+        return {!layer->isOff() && !layer->isFrozen(), !filter_ || filter_(stored)};
     }
 
+    const AcDbDatabase& drawing_;
     const LayerFilter& filter_;
-    std::unordered_map<AcDbObjectId, State> states_;
+    std::unordered_map<std::wstring, State> states_;
 };
 
 QString text(std::wstring_view wide) {
@@ -62,11 +68,15 @@ QString attribute(const std::vector<zucomn::AttributeRow>& rows, std::wstring_vi
     return row != rows.end() ? text((*row)[kValue]).trimmed() : QString();
 }
 
-AcGePoint2d middleOf(const std::vector<AcGePoint2d>& points) {
+/// The middle of its connection points, else its origin.
+AcGePoint2d middleOf(const zucomn::Element& element) {
+    if (element.connectionPoints.empty())
+        return {element.origin.x, element.origin.y};
+    const auto count = static_cast<double>(element.connectionPoints.size());
     AcGePoint2d sum;
-    for (const AcGePoint2d& point : points) {
-        sum.x += point.x / static_cast<double>(points.size());
-        sum.y += point.y / static_cast<double>(points.size());
+    for (const AcGePoint3d& point : element.connectionPoints) {
+        sum.x += point.x / count;
+        sum.y += point.y / count;
     }
     return sum;
 }
@@ -75,62 +85,36 @@ AcGePoint2d middleOf(const std::vector<AcGePoint2d>& points) {
 
 PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
                            const std::function<bool(AcDbObjectId)>& shows) {
-    addElements(drawing, showsLayer, shows);
-    addJoints();
+    ShownLayers layers(drawing, showsLayer);
+    std::vector<zucomn::ConnectionPoint> points;
+    zucomn::readElements(zucomn::modelSpaceReferences(drawing), [&](const zucomn::Element& read) {
+        const int kind = zucomn::isRouteKind(read.linkKind) ? read.linkKind : 0;
+        if (read.code == zucomn::kNoElement && kind == 0)
+            return;
+        const ShownLayers::State& layer = layers[read.layer];
+        const bool isAskedFor = layer.passes && (!shows || shows(read.id));
+        const bool isShown = isAskedFor && layer.isOn && read.isVisible;
+        if (isAskedFor && !isShown && !read.connectionPoints.empty())
+            hidden_.push_back(handleText(read.id));
+        const auto handle = static_cast<std::uint64_t>(read.id.handle());
+        index_.emplace(handle, elements_.size());
+        elements_.push_back({read.id, handle, read.code, kind, isShown, middleOf(read)});
+        int number = 0;
+        for (const AcGePoint3d& point : read.connectionPoints)
+            points.push_back({read.id, number++, {point.x, point.y}});
+    });
+    addJoints(points);
 }
 
-void PlanElements::addElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
-                               const std::function<bool(AcDbObjectId)>& shows) {
-    ShownLayers layers(showsLayer);
-    for (const AcDbObjectId id : zucomn::modelSpaceReferences(drawing)) {
-        PlanElement element;
-        element.id = id;
-        element.handle = static_cast<std::uint64_t>(id.handle());
-        int kind = -1;
-        if (ZuComn_GetBlockElementCode(id, element.code) != 0)
-            continue;
-        RootComn_GetBlockRootKind(id, &kind);
-        element.linkKind = zucomn::isRouteKind(kind) ? kind : 0;
-        if (element.code == zucomn::kNoElement && element.linkKind == 0)
-            continue;
-        const AcDbObjectPointer<AcDbBlockReference> reference(id);
-        if (reference.openStatus() != Acad::eOk)
-            continue;
-        const AcGePoint3d position = reference->position();
-        element.position.set(position.x, position.y);
-        const ShownLayers::State& layer = layers[reference->layerId()];
-        const bool isAskedFor = layer.passes && (!shows || shows(id));
-        element.isShown = isAskedFor && layer.isOn && reference->isVisible();
-        if (isAskedFor && !element.isShown)
-            hidden_.push_back(handleText(id));
-        index_.emplace(element.handle, elements_.size());
-        elements_.push_back(element);
-    }
-}
-
-void PlanElements::addJoints() {
-    std::vector<AcDbObjectId> ids;
-    ids.reserve(elements_.size());
-    for (const PlanElement& element : elements_)
-        ids.push_back(element.id);
-    const std::vector<zucomn::ConnectionPoint> points = zucomn::connectionPoints(ids);
-    const std::vector<std::vector<AcDbObjectId>> joined = zucomn::joinedElements(points);
-    std::set<std::string> connected;
-    std::vector<AcGePoint2d> ofElement;
+void PlanElements::addJoints(const std::vector<zucomn::ConnectionPoint>& points) {
+    const std::vector<std::vector<AcDbObjectId>> joined = zucomn::joinedElements(points, 1);
+    std::size_t at = 0; // The points are in the order of the elements.
     for (std::size_t i = 0; i < points.size(); ++i) {
-        const AcDbObjectId id = points[i].element;
-        const std::size_t at = index_.at(static_cast<std::uint64_t>(id.handle()));
-        ofElement.push_back(points[i].position);
-        if (i + 1 == points.size() || points[i + 1].element != id) {
-            elements_[at].position = middleOf(ofElement);
-            ofElement.clear();
-        }
+        while (elements_[at].id != points[i].element)
+            ++at;
         if (elements_[at].isShown)
             joints_.push_back({points[i].position, elements_[at].handle, !joined[i].empty()});
-        else
-            connected.insert(handleText(id));
     }
-    std::erase_if(hidden_, [&connected](const std::string& handle) { return !connected.contains(handle); });
 }
 
 const PlanElement* PlanElements::find(std::uint64_t handle) const {

@@ -2,6 +2,7 @@
 
 #include <dbid.h>
 #include <gepnt2d.h>
+#include <zucomn/model/joints.h>
 
 #include <QString>
 
@@ -53,9 +54,7 @@ public:
     [[nodiscard]] const std::vector<std::string>& hidden() const { return hidden_; }
 
 private:
-    void addElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
-                     const std::function<bool(AcDbObjectId)>& shows);
-    void addJoints();
+    void addJoints(const std::vector<zucomn::ConnectionPoint>& points);
 
     std::vector<PlanElement> elements_;
     std::unordered_map<std::uint64_t, std::size_t> index_;

@@ -1,6 +1,7 @@
 #include "report/csv.h"
 
 #include "command_line.h"
+#include "report/json_writer.h"
 
 #include <algorithm>
 #include <array>
@@ -24,10 +25,11 @@ bool isNumber(std::string_view text) {
 }
 
 bool looksLikeFormula(const std::string& text) {
-    return !isNumber(text) &&
-           std::any_of(kFormulaStarts.begin(), kFormulaStarts.end(), [&](std::string_view start) {
-               return text.starts_with(start) && text.size() > start.size();
-           });
+    return std::any_of(kFormulaStarts.begin(), kFormulaStarts.end(),
+                       [&](std::string_view start) {
+                           return text.starts_with(start) && text.size() > start.size();
+                       }) &&
+           !isNumber(text);
 }
 
 std::string quoted(const std::string& text) {
@@ -77,17 +79,35 @@ std::string csvField(const std::string& text) {
     return quoted(looksLikeFormula(text) ? '\'' + text : text);
 }
 
-void printCsv(const std::vector<std::string>& headings, const Json& rows) {
-    constexpr const char* kLineEnd = "\r\n";
+CsvPrinter::CsvPrinter(const std::vector<std::string>& headings) : columns_(headings.size()) {
     std::cout << kByteOrderMark;
-    for (std::size_t column = 0; column < headings.size(); ++column)
-        std::cout << (column == 0 ? "" : ",") << csvField(headings[column]);
-    std::cout << kLineEnd;
-    for (const Json& row : rows) {
-        for (std::size_t column = 0; column < headings.size(); ++column)
-            std::cout << (column == 0 ? "" : ",") << fieldOf(row, headings, column);
-        std::cout << kLineEnd;
+    for (const std::string& heading : headings)
+        add(heading);
+}
+
+void CsvPrinter::add(double value) {
+    std::string text;
+    appendNumber(text, value);
+    addField(text);
+}
+
+void CsvPrinter::addField(std::string_view field) {
+    line_ += field;
+    if (++column_ < columns_) {
+        line_ += ',';
+        return;
     }
+    line_ += "\r\n";
+    std::cout.write(line_.data(), static_cast<std::streamsize>(line_.size()));
+    line_.clear();
+    column_ = 0;
+}
+
+void printCsv(const std::vector<std::string>& headings, const Json& rows) {
+    CsvPrinter csv(headings);
+    for (const Json& row : rows)
+        for (std::size_t column = 0; column < headings.size(); ++column)
+            csv.addField(fieldOf(row, headings, column));
 }
 
 } // namespace zu::app

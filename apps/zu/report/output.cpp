@@ -1,6 +1,7 @@
 #include "report/output.h"
 
 #include "manners/translation.h"
+#include "report/json_writer.h"
 
 #include <algorithm>
 #include <charconv>
@@ -10,6 +11,8 @@
 namespace zu::app {
 
 namespace {
+
+constexpr std::size_t kGap = 2; ///< Columns between cells.
 
 struct CodePoint {
     char32_t value;
@@ -38,52 +41,63 @@ bool isWide(char32_t c) {
            (c >= 0xFFE0 && c <= 0xFFE6) || (c >= 0x20000 && c <= 0x3FFFD);
 }
 
-void printRow(const std::vector<std::string>& cells, const std::vector<std::size_t>& widths) {
-    std::string line;
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-        line += cells[i];
-        if (i + 1 < cells.size())
-            line.append(widths[i] - displayWidth(cells[i]) + 2, ' ');
-    }
-    std::cout << line << '\n';
+bool isAscii(std::string_view text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](char c) { return static_cast<unsigned char>(c) > 0x7F; });
 }
 
 } // namespace
 
+std::string jsonText(const Json& value) {
+    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 void printJson(const Json& value) {
-    constexpr auto kReplace = Json::error_handler_t::replace;
-    if (!value.is_array() || value.empty()) {
-        std::cout << value.dump(-1, ' ', false, kReplace) << '\n';
+    if (!value.is_array()) {
+        std::cout << jsonText(value) << '\n';
         return;
     }
-    std::cout << "[\n";
-    for (std::size_t i = 0; i < value.size(); ++i)
-        std::cout << value[i].dump(-1, ' ', false, kReplace) << (i + 1 < value.size() ? ",\n" : "\n");
-    std::cout << "]\n";
+    JsonArrayPrinter array;
+    for (const Json& element : value)
+        array.print(jsonText(element));
+    array.finish();
 }
 
-TextTable::TextTable(const std::vector<std::string>& headings) {
+TextTable::TextTable(const std::vector<std::string>& headings) : widths_(headings.size()) {
     for (const std::string& heading : headings)
-        headings_.push_back(translated(heading));
+        addCell(translated(heading));
 }
 
-void TextTable::addRow(std::vector<std::string> cells) {
-    cells.resize(headings_.size());
-    for (std::string& cell : cells)
-        cell = withoutControls(std::move(cell));
-    rows_.push_back(std::move(cells));
+void TextTable::addCell(std::string_view text) {
+    std::size_t& width = widths_[cells_++ % widths_.size()];
+    const std::size_t start = text_.size();
+    text_ += text;
+    std::replace_if(text_.begin() + static_cast<std::ptrdiff_t>(start), text_.end(), isControl, '?');
+    width = std::max(width, displayWidth(std::string_view(text_).substr(start)));
+    text_ += kCellEnd;
+}
+
+void TextTable::addRow(const std::vector<std::string>& cells) {
+    for (std::size_t i = 0; i < widths_.size(); ++i)
+        addCell(i < cells.size() ? std::string_view(cells[i]) : std::string_view());
 }
 
 void TextTable::print() const {
-    std::vector<std::size_t> widths;
-    for (const std::string& heading : headings_)
-        widths.push_back(displayWidth(heading));
-    for (const auto& row : rows_)
-        for (std::size_t i = 0; i < row.size(); ++i)
-            widths[i] = std::max(widths[i], displayWidth(row[i]));
-    printRow(headings_, widths);
-    for (const auto& row : rows_)
-        printRow(row, widths);
+    std::string line;
+    std::string_view rest = text_;
+    for (std::size_t cell = 0; cell < cells_; ++cell) {
+        const std::string_view text = rest.substr(0, rest.find(kCellEnd));
+        rest.remove_prefix(text.size() + 1);
+        line += text;
+        const std::size_t column = cell % widths_.size();
+        if (column + 1 < widths_.size()) {
+            line.append(widths_[column] - displayWidth(text) + kGap, ' ');
+            continue;
+        }
+        line += '\n';
+        std::cout.write(line.data(), static_cast<std::streamsize>(line.size()));
+        line.clear();
+    }
 }
 
 std::string withoutControls(std::string text) {
@@ -92,6 +106,8 @@ std::string withoutControls(std::string text) {
 }
 
 std::size_t displayWidth(std::string_view utf8) {
+    if (isAscii(utf8))
+        return utf8.size();
     std::size_t places = 0;
     while (!utf8.empty()) {
         const CodePoint c = firstCodePoint(utf8);

@@ -10,6 +10,9 @@ namespace zu::app {
 
 using Json = nlohmann::ordered_json;
 
+/// Returns a value on one line.
+[[nodiscard]] std::string jsonText(const Json& value);
+
 /// Prints a JSON array with one element a line, anything else on one line.
 void printJson(const Json& value);
 
@@ -19,14 +22,20 @@ public:
     /// The headings are shown in the user's language.
     explicit TextTable(const std::vector<std::string>& headings);
 
-    void addRow(std::vector<std::string> cells);
-    [[nodiscard]] bool empty() const { return rows_.empty(); }
-    [[nodiscard]] std::size_t size() const { return rows_.size(); }
+    /// Missing cells are empty.
+    void addRow(const std::vector<std::string>& cells);
+    /// Adds the next cell of a row; faster for long tables.
+    void addCell(std::string_view text);
+    [[nodiscard]] bool empty() const { return size() == 0; }
+    [[nodiscard]] std::size_t size() const { return cells_ / widths_.size() - 1; }
     void print() const;
 
 private:
-    std::vector<std::string> headings_;
-    std::vector<std::vector<std::string>> rows_;
+    static constexpr char kCellEnd = '\n'; ///< Cells have no control characters.
+
+    std::vector<std::size_t> widths_;
+    std::string text_; ///< All cells, those of the heading first.
+    std::size_t cells_ = 0;
 };
 
 /// Replaces control characters, which could act as terminal escapes.
