@@ -1,4 +1,4 @@
-#include "afxstr.h"
+#include "zuhost/format.h"
 
 #include "zuhost/text_codec.h"
 
@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 namespace zuhost {
 
@@ -24,6 +25,10 @@ struct Conversion {
     int precision = -1;
     wchar_t type = L'\0';
     bool wideInteger = false; ///< "ll", "I64"; other integers are truncated to 32 bits as on the platform.
+    bool isLong = false;      ///< "l".
+    bool isNarrow = false;    ///< "h": a narrow text.
+    bool hasWidth = false;    ///< The width is an argument, as is the precision below.
+    bool hasPrecision = false;
 };
 
 class Arguments {
@@ -98,24 +103,41 @@ void readSize(FormatReader& reader, Conversion& c) {
     if (reader.accept(L"I64") || reader.accept(L"ll") || reader.accept(L"j") || reader.accept(L"z") ||
         reader.accept(L"t"))
         c.wideInteger = true;
+    else if (reader.accept(L"hh") || reader.accept(L"h"))
+        c.isNarrow = true;
+    else if (reader.accept(L"I32") || reader.accept(L"w") || reader.accept(L"L"))
+        return;
     else
-        for (const wchar_t* const size : {L"hh", L"h", L"I32", L"l", L"w", L"L"})
-            if (reader.accept(size))
-                return;
+        c.isLong = reader.accept(L"l");
+}
+
+/// Reads a conversion, without the values of a width and a precision that are arguments.
+Conversion readConversion(FormatReader& reader) {
+    Conversion c;
+    readFlags(reader, c);
+    c.hasWidth = reader.accept(L"*");
+    if (!c.hasWidth)
+        c.width = reader.number();
+    if (reader.accept(L".")) {
+        c.hasPrecision = reader.accept(L"*");
+        if (!c.hasPrecision)
+            c.precision = reader.number();
+    }
+    readSize(reader, c);
+    c.type = reader.next();
+    return c;
 }
 
 Conversion readConversion(FormatReader& reader, Arguments& arguments) {
-    Conversion c;
-    readFlags(reader, c);
-    c.width = reader.accept(L"*") ? arguments.nextNumber() : reader.number();
+    Conversion c = readConversion(reader);
+    if (c.hasWidth)
+        c.width = arguments.nextNumber();
     if (c.width < 0) {
         c.left = true;
         c.width = -c.width;
     }
-    if (reader.accept(L"."))
-        c.precision = reader.accept(L"*") ? arguments.nextNumber() : reader.number();
-    readSize(reader, c);
-    c.type = reader.next();
+    if (c.hasPrecision)
+        c.precision = arguments.nextNumber();
     return c;
 }
 
@@ -252,6 +274,13 @@ std::wstring formatString(const FormatArgument& argument, const Conversion& c) {
     return padded(text, {}, c, false);
 }
 
+/// As many digits as an address has.
+std::wstring formatPointer(const FormatArgument& argument, const Conversion& c) {
+    const auto* const pointer = std::get_if<const void*>(&argument);
+    const auto bits = pointer != nullptr ? reinterpret_cast<std::uintptr_t>(*pointer) : integerBits(argument);
+    return bits ? padded(integerDigits(*bits, 16, true, 2 * sizeof(void*)), {}, c, false) : std::wstring();
+}
+
 std::wstring formatCharacter(const FormatArgument& argument, const Conversion& c) {
     const auto bits = integerBits(argument);
     return bits ? padded(std::wstring(1, static_cast<wchar_t>(*bits)), {}, c, false) : std::wstring();
@@ -280,6 +309,8 @@ std::wstring formatOne(const FormatArgument& argument, const Conversion& c) {
     case L'c':
     case L'C':
         return formatCharacter(argument, c);
+    case L'p':
+        return formatPointer(argument, c);
     default:
         return {};
     }
@@ -308,6 +339,65 @@ std::wstring formatText(std::wstring_view format, std::span<const FormatArgument
         at = reader.position();
     }
     return result;
+}
+
+namespace {
+
+/// Reads the arguments of a variadic function; the object's copy of the list ends with it.
+class VariadicArguments {
+public:
+    explicit VariadicArguments(std::va_list list) { va_copy(list_, list); }
+    ~VariadicArguments() { va_end(list_); }
+    VariadicArguments(const VariadicArguments&) = delete;
+    VariadicArguments& operator=(const VariadicArguments&) = delete;
+
+    FormatArgument number() { return std::int64_t{va_arg(list_, int)}; }
+    FormatArgument of(const Conversion& c) {
+        switch (c.type) {
+        case L's':
+        case L'S':
+            if ((c.type == L's') == c.isNarrow)
+                return static_cast<const char*>(va_arg(list_, char*));
+            return static_cast<const wchar_t*>(va_arg(list_, wchar_t*));
+        case L'p':
+            return static_cast<const void*>(va_arg(list_, void*));
+        case L'f':
+        case L'F':
+        case L'e':
+        case L'E':
+        case L'g':
+        case L'G':
+            return va_arg(list_, double);
+        default:
+            if (c.wideInteger)
+                return std::int64_t{va_arg(list_, long long)};
+            return c.isLong ? std::int64_t{va_arg(list_, long)} : number();
+        }
+    }
+
+private:
+    std::va_list list_;
+};
+
+} // namespace
+
+std::wstring formatText(std::wstring_view format, std::va_list list) {
+    VariadicArguments values(list);
+    std::vector<FormatArgument> arguments;
+    for (std::size_t at = format.find(L'%'); at < format.size(); at = format.find(L'%', at)) {
+        FormatReader reader(format, at + 1);
+        if (!reader.accept(L"%")) {
+            const Conversion conversion = readConversion(reader);
+            if (conversion.hasWidth)
+                arguments.push_back(values.number());
+            if (conversion.hasPrecision)
+                arguments.push_back(values.number());
+            if (conversion.type != L'\0')
+                arguments.push_back(values.of(conversion));
+        }
+        at = reader.position();
+    }
+    return formatText(format, std::span<const FormatArgument>(arguments));
 }
 
 } // namespace zuhost

@@ -114,6 +114,13 @@ HINSTANCE program() {
 
 namespace zuhost {
 
+AFX_MODULE_STATE* moduleStateAt(const void* address) {
+    const HINSTANCE found = findByPath(canonical(platform::fileOfAddress(address)));
+    const HINSTANCE module = found != nullptr ? found : program();
+    module->state = {module, module};
+    return &module->state;
+}
+
 ModuleRegistration::ModuleRegistration(const ModuleDeclaration& declaration) {
     const std::string path = canonical(platform::fileOfAddress(declaration.anchor));
     // Module objects that are linked into the program form a module with its own name in the program's file.
@@ -169,6 +176,20 @@ BOOL FreeLibrary(HMODULE module) {
 void* GetProcAddress(HMODULE module, const char* name) {
     void* const library = module != nullptr ? module->library : nullptr;
     return library != nullptr ? zuhost::platform::findSymbol(library, name) : nullptr;
+}
+
+HMODULE GetModuleHandleW(const wchar_t* name) {
+    if (name == nullptr)
+        return program();
+    const std::string path = moduleFile(name);
+    const std::wstring file = std::wstring(name).substr(std::wstring_view(name).find_last_of(L"\\/") + 1);
+    const std::wstring full = file.find(L'.') == std::wstring::npos ? file + L".dll" : file;
+    for (HINSTANCE__& module : modules())
+        if ((!path.empty() && module.path == path) ||
+            (file == name && _wcsicmp(zuhost::fromUtf8(module.name).c_str(), full.c_str()) == 0))
+            return &module;
+    SetLastError(ERROR_MOD_NOT_FOUND);
+    return nullptr;
 }
 
 DWORD GetModuleFileNameW(HMODULE module, wchar_t* buffer, DWORD size) {

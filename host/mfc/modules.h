@@ -1,6 +1,6 @@
 #pragma once
 
-#include "windows.h"
+#include "afxdllx.h"
 #include "zuhost/string_table.h"
 
 #include <string>
@@ -14,4 +14,5 @@ struct HINSTANCE__ {
     zuhost::StringTable strings;
     int loads = 0;         ///< Calls of LoadLibraryW without a FreeLibrary.
     bool declared = false; ///< Registered by ModuleRegistration.
+    AFX_MODULE_STATE state;
 };

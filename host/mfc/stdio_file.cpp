@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 #include <stdexcept>
 
 using zuhost::TextBlock;
@@ -17,6 +18,7 @@ struct CStdioFile::Text {
     TextEncoding encoding;
     std::optional<TextBlocks> blocks;
     CTextBlock block; ///< The block being read.
+    CString rest;     ///< Of a line that did not fit into a buffer.
     bool markWritten = false;
 };
 
@@ -102,6 +104,7 @@ void CStdioFile::readLinesFrom(ULONGLONG position) {
         CFile::Seek(static_cast<std::int64_t>(position), begin);
     }
     text_->block = {};
+    text_->rest.Empty();
     text_->blocks.emplace(
         [this](char* place, std::size_t size) { return Read(place, static_cast<UINT>(size)); }, encoding);
 }
@@ -116,10 +119,30 @@ ULONGLONG CStdioFile::Seek(std::int64_t offset, UINT from) {
 BOOL CStdioFile::ReadString(CString& line) {
     if (text_ == nullptr)
         fail(EBADF);
+    if (!text_->rest.IsEmpty()) {
+        line = std::exchange(text_->rest, {}).TrimRight(L'\n');
+        return TRUE;
+    }
     while (text_->block.ReadString(line) == FALSE)
         if (nextLines(text_->block, TextBlocks::kBlock) == FALSE)
             return FALSE;
     return TRUE;
+}
+
+wchar_t* CStdioFile::ReadString(wchar_t* buffer, UINT count) {
+    if (buffer == nullptr || count == 0)
+        return nullptr;
+    CString line = text_ != nullptr ? std::exchange(text_->rest, {}) : CString();
+    if (line.IsEmpty()) {
+        if (ReadString(line) == FALSE)
+            return nullptr;
+        line += L'\n';
+    }
+    const int room = static_cast<int>(std::min<UINT>(count - 1, std::numeric_limits<int>::max()));
+    const int copied = std::min(room, line.GetLength());
+    *std::copy_n(line.GetString(), copied, buffer) = L'\0';
+    text_->rest = line.Mid(copied);
+    return buffer;
 }
 
 BOOL CStdioFile::ReadBlock(CTextBlock& block, UINT size) {

@@ -1,6 +1,7 @@
 #include "afxstr.h"
 
 #include "afx.h"
+#include "atlconv.h"
 #include "zuhost/character.h"
 
 #include <algorithm>
@@ -46,6 +47,12 @@ CString::CString(const wchar_t* text, int length) {
     if (text != nullptr && length > 0)
         text_ = SharedText({text, static_cast<std::size_t>(length)});
 }
+
+CString::CString(const char* bytes) : text_(zuhost::wideText(bytes, CP_ACP)) {}
+
+CString::CString(const char* bytes, int length)
+    : CString(bytes != nullptr ? std::string(bytes, static_cast<std::size_t>(std::max(length, 0))).c_str()
+                               : nullptr) {}
 
 CString::CString(wchar_t character, int count)
     : text_(std::wstring(static_cast<std::size_t>(std::max(count, 0)), character)) {}
@@ -273,6 +280,16 @@ CString CString::Tokenize(const wchar_t* separators, int& start) const {
     const std::size_t last = std::min(view().find_first_of(orEmpty(separators), first), text_.size());
     start = static_cast<int>(last) + 1;
     return CString(view().substr(first, last - first));
+}
+
+void CString::FormatV(const wchar_t* format, std::va_list arguments) {
+    text_ = zuhost::SharedText(format != nullptr ? zuhost::formatText(format, arguments) : std::wstring());
+}
+
+void CString::AppendFormatV(const wchar_t* format, std::va_list arguments) {
+    CString piece;
+    piece.FormatV(format, arguments);
+    *this += piece;
 }
 
 std::span<wchar_t> CString::ownCharacters() {

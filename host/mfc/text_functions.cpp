@@ -1,4 +1,4 @@
-#include "windows.h"
+#include "tchar.h"
 
 #include "zuhost/character.h"
 #include "zuhost/text_codec.h"
@@ -82,8 +82,37 @@ int _wtoi(const wchar_t* text) {
     return static_cast<int>(negative ? -value : std::min(value, kLimit - 1));
 }
 
+std::int64_t _wtoi64(const wchar_t* text) {
+    constexpr auto kLargest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+    std::wstring_view rest = withoutSpaces(text);
+    const bool negative = rest.starts_with(L'-');
+    if (negative || rest.starts_with(L'+'))
+        rest.remove_prefix(1);
+    std::uint64_t value = 0;
+    for (const wchar_t c : rest) {
+        const int digit = digitValue(c);
+        if (digit < 0)
+            break;
+        const auto added = static_cast<std::uint64_t>(digit);
+        value = value > (kLargest - added) / 10 ? kLargest + 1 : value * 10 + added;
+    }
+    if (negative)
+        return value > kLargest ? std::numeric_limits<std::int64_t>::min()
+                                : -static_cast<std::int64_t>(value);
+    return static_cast<std::int64_t>(std::min(value, kLargest));
+}
+
 double _wtof(const wchar_t* text) {
-    std::string number = narrow(withoutSpaces(text));
+    return _tcstod(text, nullptr);
+}
+
+double _tcstod(const wchar_t* text, wchar_t** end) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the interface's way.
+    wchar_t* const start = const_cast<wchar_t*>(text);
+    if (end != nullptr)
+        *end = start;
+    const std::wstring_view rest = withoutSpaces(text);
+    std::string number = narrow(rest);
     const bool negative = number.starts_with('-');
     if (negative || number.starts_with('+'))
         number.erase(0, 1);
@@ -92,12 +121,16 @@ double _wtof(const wchar_t* text) {
     const bool hexadecimal = number.starts_with("0x") || number.starts_with("0X");
     const char* const first = number.data() + (hexadecimal ? 2 : 0);
     double value = 0.0;
-    const auto [end, error] =
+    const auto [last, error] =
         std::from_chars(first, number.data() + number.size(), value,
                         hexadecimal ? std::chars_format::hex : std::chars_format::general);
     if (error == std::errc::result_out_of_range) {
-        const std::string_view read(first, static_cast<std::size_t>(end - first));
+        const std::string_view read(first, static_cast<std::size_t>(last - first));
         value = isBelowOne(read, hexadecimal) ? 0.0 : std::numeric_limits<double>::infinity();
+    }
+    if (end != nullptr && error != std::errc::invalid_argument) {
+        const auto sign = static_cast<std::size_t>(negative || rest.starts_with(L'+') ? 1 : 0);
+        *end = start + (rest.data() - text) + sign + static_cast<std::size_t>(last - number.data());
     }
     return negative ? -value : value;
 }
@@ -116,6 +149,30 @@ int _wcsnicmp(const wchar_t* left, const wchar_t* right, std::size_t count) {
 
 int _wcsicmp(const wchar_t* left, const wchar_t* right) {
     return _wcsnicmp(left, right, std::numeric_limits<std::size_t>::max());
+}
+
+wchar_t* lstrcpyn(wchar_t* buffer, const wchar_t* text, int size) {
+    if (buffer == nullptr || text == nullptr || size <= 0)
+        return nullptr;
+    const std::size_t count = _tcsnlen(text, static_cast<std::size_t>(size) - 1);
+    *std::copy_n(text, count, buffer) = L'\0';
+    return buffer;
+}
+
+wchar_t* lstrcpy(wchar_t* buffer, const wchar_t* text) {
+    return buffer != nullptr && text != nullptr ? _tcscpy(buffer, text) : nullptr;
+}
+
+wchar_t* lstrcat(wchar_t* buffer, const wchar_t* text) {
+    return buffer != nullptr && text != nullptr ? _tcscat(buffer, text) : nullptr;
+}
+
+int lstrcmp(const wchar_t* left, const wchar_t* right) {
+    return _tcscmp(left != nullptr ? left : L"", right != nullptr ? right : L"");
+}
+
+int lstrcmpi(const wchar_t* left, const wchar_t* right) {
+    return _wcsicmp(left != nullptr ? left : L"", right != nullptr ? right : L"");
 }
 
 void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name, wchar_t* extension) {

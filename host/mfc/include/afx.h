@@ -1,13 +1,43 @@
 #pragma once
 
 #include "afxstr.h"
+#include "atlconv.h"
+#include "atltime.h"
+#include "tchar.h"
 #include "windows.h"
 
 #include <memory>
 
 namespace zuhost {
+
 class TextBlock;
-}
+
+} // namespace zuhost
+
+// Checks of modules, as the platform's release form has them: only VERIFY evaluates its condition.
+
+#define ASSERT(condition) static_cast<void>(sizeof((condition) ? 1 : 0))
+#define VERIFY(condition) static_cast<void>(condition)
+#define TRACE(...) static_cast<void>(0)
+#define TRACE0(text) TRACE(text)
+#define TRACE1(format, a) TRACE(format, a)
+#define TRACE2(format, a, b) TRACE(format, a, b)
+#define TRACE3(format, a, b, c) TRACE(format, a, b, c)
+#define ASSERT_VALID(object) ASSERT((object) != nullptr)
+#define ASSERT_KINDOF(class_name, object) ASSERT((object)->IsKindOf(RUNTIME_CLASS(class_name)))
+#define ASSERT_POINTER(pointer, type) ASSERT((pointer) != nullptr)
+/// Throws the invalid-argument exception unless the condition is true.
+#define ENSURE(condition) ((condition) ? static_cast<void>(0) : AfxThrowInvalidArgException())
+#define ENSURE_ARG(condition) ENSURE(condition)
+#define UNREFERENCED_PARAMETER(parameter) static_cast<void>(parameter)
+#define DEBUG_NEW new
+
+/// Marks a handler of a message map, and classes and data that a module exports.
+#define afx_msg
+#define AFX_EXT_CLASS __attribute__((visibility("default")))
+#define AFX_EXT_DATA __attribute__((visibility("default")))
+#define AFX_EXT_API __attribute__((visibility("default")))
+#define AFXAPI
 
 class CObject;
 
@@ -67,6 +97,17 @@ public:                                                                         
 
 #include "afxexcept_.h"
 
+/// What the system knows about a file; see CFile::GetStatus.
+struct CFileStatus {
+    CTime
+        m_ctime; ///< The time of the last change, as the last access: systems do not always keep the others.
+    CTime m_mtime;
+    CTime m_atime;
+    ULONGLONG m_size = 0;
+    BYTE m_attribute = 0; ///< As CFile::Attribute.
+    wchar_t m_szFullName[MAX_PATH] = {};
+};
+
 /// A file of bytes.
 ///
 /// A created file (modeCreate without modeNoTruncate) is written to a temporary file, which Close moves to
@@ -90,6 +131,15 @@ public:
         typeBinary = 0x8000
     };
     enum SeekPosition : UINT { begin = 0, current = 1, end = 2 };
+    enum Attribute : BYTE {
+        normal = 0x00,
+        readOnly = 0x01,
+        hidden = 0x02,
+        system = 0x04,
+        volume = 0x08,
+        directory = 0x10,
+        archive = 0x20
+    };
 
     CFile();
     /// Throws CFileException when the file cannot be opened.
@@ -112,6 +162,13 @@ public:
     [[nodiscard]] ULONGLONG GetLength();
     [[nodiscard]] ULONGLONG GetPosition();
     [[nodiscard]] CString GetFilePath() const { return path_; }
+    [[nodiscard]] virtual CString GetFileName() const;
+    /// Returns the name without its extension.
+    [[nodiscard]] virtual CString GetFileTitle() const;
+    /// FALSE, with the status unchanged, when there is no such file. A file being created has the status of
+    /// the one that it replaces.
+    BOOL GetStatus(CFileStatus& status) const;
+    static BOOL GetStatus(const wchar_t* path, CFileStatus& status);
 
     /// Moves a created file to its path. Throws CFileException when something could not be written; the old
     /// file is then unchanged.
@@ -153,6 +210,48 @@ private:
     std::unique_ptr<zuhost::TextBlock> lines_;
 };
 
+/// Finds the files of a folder by a mask with "*" and "?", ordered by name.
+class CFileFind : public CObject {
+public:
+    CFileFind() = default;
+    ~CFileFind() override;
+    CFileFind(const CFileFind&) = delete;
+    CFileFind& operator=(const CFileFind&) = delete;
+
+    /// Starts a search; null finds all files of the current folder. FALSE when there is none.
+    virtual BOOL FindFile(const wchar_t* mask = nullptr, DWORD unused = 0);
+    /// Goes to the first or the next file; returns whether there are more after it.
+    virtual BOOL FindNextFile();
+    void Close();
+
+    // What follows is empty before the first call of FindNextFile.
+
+    [[nodiscard]] virtual CString GetFileName() const;
+    /// Returns the name without its extension.
+    [[nodiscard]] virtual CString GetFileTitle() const;
+    [[nodiscard]] virtual CString GetFilePath() const;
+    /// Returns the folder with a final separator.
+    [[nodiscard]] CString GetRoot() const;
+    [[nodiscard]] ULONGLONG GetLength() const;
+    [[nodiscard]] virtual BOOL MatchesMask(DWORD attributes) const;
+    /// Returns whether the file is "." or "..".
+    [[nodiscard]] virtual BOOL IsDots() const;
+    [[nodiscard]] BOOL IsDirectory() const { return MatchesMask(FILE_ATTRIBUTE_DIRECTORY); }
+    [[nodiscard]] BOOL IsReadOnly() const { return MatchesMask(FILE_ATTRIBUTE_READONLY); }
+    [[nodiscard]] BOOL IsHidden() const { return MatchesMask(FILE_ATTRIBUTE_HIDDEN); }
+    virtual BOOL GetLastWriteTime(CTime& time) const;
+
+private:
+    [[nodiscard]] const WIN32_FIND_DATAW& current() const;
+
+    HANDLE search_ = INVALID_HANDLE_VALUE;
+    WIN32_FIND_DATAW current_;
+    WIN32_FIND_DATAW next_;
+    bool hasCurrent_ = false;
+    bool hasNext_ = false;
+    CString root_; ///< The folder without a final separator.
+};
+
 /// A file of lines of text.
 ///
 /// Reads Japanese code page 932, or UTF-8 or UTF-16 LE with a byte-order mark; a line ends in LF or CR LF,
@@ -174,6 +273,9 @@ public:
     /// Reads the next line, without its line end; returns FALSE at the end of the file. Throws CFileException
     /// for a failed read or a line of more than 16 MiB (2^24 bytes). Read does not return bytes read ahead.
     BOOL ReadString(CString& line);
+    /// Reads up to `count` - 1 characters of the line into the buffer, with "\\n" at its end, and returns the
+    /// buffer; the next call goes on from there. Null at the end of the file. Throws like the above.
+    wchar_t* ReadString(wchar_t* buffer, UINT count);
     /// Reads the next lines, about `size` bytes, into the block; returns FALSE at the end of the file. Throws
     /// like ReadString.
     BOOL ReadBlock(CTextBlock& block, UINT size);
@@ -188,3 +290,15 @@ private:
 
     std::unique_ptr<Text> text_;
 };
+
+/// Copies the piece at an index (from 0) of a text that a character separates. FALSE with an empty piece when
+/// there are fewer pieces.
+BOOL AfxExtractSubString(CString& piece, const wchar_t* text, int index, wchar_t separator = L'\n');
+
+/// Replace "%1" and "%2" (up to "%9") in a format, or in a string resource.
+void AfxFormatString1(CString& result, const wchar_t* format, const wchar_t* first);
+void AfxFormatString1(CString& result, UINT id, const wchar_t* first);
+void AfxFormatString2(CString& result, const wchar_t* format, const wchar_t* first, const wchar_t* second);
+void AfxFormatString2(CString& result, UINT id, const wchar_t* first, const wchar_t* second);
+void AfxFormatStrings(CString& result, const wchar_t* format, const wchar_t* const* texts, int count);
+void AfxFormatStrings(CString& result, UINT id, const wchar_t* const* texts, int count);

@@ -103,6 +103,8 @@ class CPtrArray : public zuhost::FrameworkArray<void*> {};
 class CObArray : public zuhost::FrameworkArray<CObject*> {};
 class CUIntArray : public zuhost::FrameworkArray<UINT> {};
 class CDWordArray : public zuhost::FrameworkArray<DWORD> {};
+class CWordArray : public zuhost::FrameworkArray<WORD> {};
+class CByteArray : public zuhost::FrameworkArray<BYTE> {};
 
 /// Creates texts and lists of texts for large numbers of them, such as the records of a table, without an
 /// allocation for each. Their lifetimes are independent of the pool's.
@@ -173,3 +175,5 @@ private:
     int allocated_ = 0;       ///< Nodes of all blocks.
     int count_ = 0;
 };
+
+#include "afxtempl.h"

@@ -39,3 +39,40 @@ HINSTANCE AfxGetInstanceHandle();
 /// Returns the first module with the text: the current resource handle, then the chain; the current resource
 /// handle when none has it.
 HINSTANCE AfxFindStringResourceHandle(UINT id);
+
+/// What the framework keeps for a module.
+struct AFX_MODULE_STATE {
+    HINSTANCE m_hCurrentInstanceHandle = nullptr;
+    HINSTANCE m_hCurrentResourceHandle = nullptr;
+};
+
+namespace zuhost {
+
+/// Returns the state of the module that contains the address; the program's when none does.
+AFX_MODULE_STATE* moduleStateAt(const void* address);
+
+/// Makes a module's resources the current ones for its lifetime.
+class ResourceScope {
+public:
+    explicit ResourceScope(const AFX_MODULE_STATE* state) : previous_(AfxGetResourceHandle()) {
+        if (state != nullptr)
+            AfxSetResourceHandle(state->m_hCurrentResourceHandle);
+    }
+    ~ResourceScope() { AfxSetResourceHandle(previous_); }
+    ResourceScope(const ResourceScope&) = delete;
+    ResourceScope& operator=(const ResourceScope&) = delete;
+
+private:
+    HINSTANCE previous_;
+};
+
+} // namespace zuhost
+
+/// Returns the state of the module that calls it.
+[[maybe_unused]] static inline AFX_MODULE_STATE* AfxGetStaticModuleState() {
+    static const char anchor = 0;
+    return zuhost::moduleStateAt(&anchor);
+}
+
+/// Makes a module's resources the current ones up to the end of the block.
+#define AFX_MANAGE_STATE(state) const zuhost::ResourceScope zuResources(state);

@@ -1,29 +1,15 @@
 #pragma once
 
 #include "windows.h"
+#include "zuhost/format.h"
 #include "zuhost/shared_text.h"
 
 #include <algorithm>
 #include <compare>
-#include <concepts>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-#include <type_traits>
-#include <variant>
-
-namespace zuhost {
-
-/// One argument of CString::Format with its type, so that a wrong conversion cannot read foreign memory.
-using FormatArgument =
-    std::variant<std::int64_t, std::uint64_t, double, const wchar_t*, const char*, const void*>;
-
-/// Formats as the platform's wprintf family does, independent of the process's locale.
-/// A conversion without an argument, or with one of the wrong kind, prints nothing.
-std::wstring formatText(std::wstring_view format, std::span<const FormatArgument> arguments);
-
-} // namespace zuhost
 
 class CString;
 
@@ -33,12 +19,17 @@ class CString;
 class CString {
 public:
     using XCHAR = wchar_t;
+    using PXSTR = wchar_t*;
+    using PCXSTR = const wchar_t*;
 
     CString() = default;
     CString(const CString&) = default;
     CString(CString&&) noexcept = default;
     CString(const wchar_t* text) : text_(text != nullptr ? std::wstring_view(text) : std::wstring_view()) {}
     CString(const wchar_t* text, int length);
+    /// Decodes bytes of the platform's code page (932).
+    explicit CString(const char* bytes);
+    CString(const char* bytes, int length);
     explicit CString(wchar_t character, int count = 1);
     explicit CString(const std::wstring& text) : text_(text) {}
     explicit CString(std::wstring_view text) : text_(text) {}
@@ -47,6 +38,7 @@ public:
     CString& operator=(CString&&) noexcept = default;
     CString& operator=(const wchar_t* text);
     CString& operator=(wchar_t character);
+    CString& operator=(const char* bytes) { return *this = CString(bytes); }
     ~CString() = default;
 
     operator const wchar_t*() const { return text_.c_str(); }
@@ -57,6 +49,10 @@ public:
     [[nodiscard]] int GetLength() const { return static_cast<int>(text_.size()); }
     [[nodiscard]] bool IsEmpty() const { return text_.size() == 0; }
     void Empty() { text_ = {}; }
+    void Truncate(int length) { text_.setSize(static_cast<std::size_t>(std::clamp(length, 0, GetLength()))); }
+    /// Sets a text that may contain null characters.
+    void SetString(const wchar_t* text, int length) { *this = CString(text, length); }
+    void SetString(const wchar_t* text) { *this = text; }
     [[nodiscard]] wchar_t GetAt(int index) const;
     wchar_t operator[](int index) const { return GetAt(index); }
     void SetAt(int index, wchar_t character);
@@ -64,7 +60,9 @@ public:
     CString& operator+=(const CString& text);
     CString& operator+=(const wchar_t* text);
     CString& operator+=(wchar_t character);
+    CString& operator+=(const char* bytes) { return *this += CString(bytes); }
     void Append(const wchar_t* text) { *this += text; }
+    void Append(const wchar_t* text, int length) { *this += CString(text, length); }
     void AppendChar(wchar_t character) { *this += character; }
 
     [[nodiscard]] CString Mid(int first) const;
@@ -86,6 +84,7 @@ public:
     /// Each returns the number of replacements or removals.
     int Replace(const wchar_t* from, const wchar_t* to);
     int Replace(wchar_t from, wchar_t to);
+    /// Removes each of the characters; upper and lower case differ.
     int Remove(wchar_t character);
 
     CString& Trim();
@@ -106,6 +105,9 @@ public:
     /// of ASCII letters, as the platform does in its C locale.
     [[nodiscard]] int Compare(const wchar_t* text) const;
     [[nodiscard]] int CompareNoCase(const wchar_t* text) const;
+    /// The same order: the platform's C locale sorts by character codes.
+    [[nodiscard]] int Collate(const wchar_t* text) const { return Compare(text); }
+    [[nodiscard]] int CollateNoCase(const wchar_t* text) const { return CompareNoCase(text); }
 
     /// Returns the next piece at or after `start` without separators; advances `start` past it, or sets it to
     /// -1 when no piece is left.
@@ -114,17 +116,28 @@ public:
     /// Formats with type-checked arguments: numbers, wide and narrow C strings, and CString itself.
     template <typename... Arguments>
     void Format(const wchar_t* format, const Arguments&... arguments) {
-        if constexpr (sizeof...(arguments) == 0) {
-            text_ = zuhost::SharedText(zuhost::formatText(format, {}));
-        } else {
-            const zuhost::FormatArgument list[] = {argument(arguments)...};
-            text_ = zuhost::SharedText(zuhost::formatText(format, list));
-        }
+        text_ = zuhost::SharedText(zuhost::formatAll(format, arguments...));
     }
+    /// Formats with a resource string; empty when the module lacks it.
+    template <typename... Arguments>
+    void Format(UINT id, const Arguments&... arguments) {
+        CString format;
+        static_cast<void>(format.LoadString(id));
+        Format(format.GetString(), arguments...);
+    }
+    /// Formats the arguments of a variadic function.
+    void FormatV(const wchar_t* format, std::va_list arguments);
+    void AppendFormatV(const wchar_t* format, std::va_list arguments);
     template <typename... Arguments>
     void AppendFormat(const wchar_t* format, const Arguments&... arguments) {
         CString piece;
         piece.Format(format, arguments...);
+        *this += piece;
+    }
+    template <typename... Arguments>
+    void AppendFormat(UINT id, const Arguments&... arguments) {
+        CString piece;
+        piece.Format(id, arguments...);
         *this += piece;
     }
 
@@ -137,6 +150,17 @@ public:
     wchar_t* GetBuffer(int length = 0) {
         return text_.own(static_cast<std::size_t>(std::max(length, GetLength())));
     }
+    /// The same with the text's length set at once to `length`.
+    wchar_t* GetBufferSetLength(int length) {
+        wchar_t* const buffer = GetBuffer(length);
+        text_.setSize(static_cast<std::size_t>(std::max(length, 0)));
+        return buffer;
+    }
+    void ReleaseBufferSetLength(int length) { ReleaseBuffer(std::max(length, 0)); }
+    /// Makes room for that many characters.
+    void Preallocate(int length) { GetBuffer(length); }
+    /// Frees the memory that the text does not use.
+    void FreeExtra() { text_ = zuhost::SharedText(text_.view()); }
     void ReleaseBuffer(int length = -1) {
         const std::wstring_view buffer(GetString(), text_.room());
         const std::size_t size = length < 0 ? buffer.find(L'\0') : static_cast<std::size_t>(length);
@@ -144,26 +168,6 @@ public:
     }
 
 private:
-    template <typename T>
-    static zuhost::FormatArgument argument(const T& value) {
-        if constexpr (std::is_same_v<T, CString>)
-            return value.GetString();
-        else if constexpr (std::is_enum_v<T>)
-            return argument(static_cast<std::underlying_type_t<T>>(value));
-        else if constexpr (std::floating_point<T>)
-            return static_cast<double>(value);
-        else if constexpr (std::signed_integral<T>)
-            return static_cast<std::int64_t>(value);
-        else if constexpr (std::unsigned_integral<T>)
-            return static_cast<std::uint64_t>(value);
-        else if constexpr (std::is_convertible_v<T, const wchar_t*>)
-            return static_cast<const wchar_t*>(value);
-        else if constexpr (std::is_convertible_v<T, const char*>)
-            return static_cast<const char*>(value);
-        else
-            return static_cast<const void*>(value);
-    }
-
     int exchangePart(int index, int count, std::wstring_view with);
     std::span<wchar_t> ownCharacters();
 
@@ -182,6 +186,12 @@ inline bool operator==(const CString& left, const CString& right) {
 inline bool operator==(const CString& left, const wchar_t* right) {
     return left.Compare(right) == 0;
 }
+inline bool operator==(const CString& left, wchar_t right) {
+    return left.GetLength() == 1 && *left.GetString() == right;
+}
+inline bool operator==(const CString& left, const char* right) {
+    return left == CString(right);
+}
 // Every combination is needed: a missing one would compare addresses.
 inline auto operator<=>(const CString& left, const CString& right) {
     return left.view() <=> right.view();
@@ -189,3 +199,9 @@ inline auto operator<=>(const CString& left, const CString& right) {
 inline auto operator<=>(const CString& left, const wchar_t* right) {
     return left.Compare(right) <=> 0;
 }
+inline auto operator<=>(const CString& left, const char* right) {
+    return left <=> CString(right);
+}
+
+using CStringW = CString;
+using CAtlString = CString;

@@ -1,30 +1,13 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include "windef.h"
 
-// The part of the platform's base interface that modules use, under the platform's names.
+#include <cwchar>
 
-using BOOL = int;
-using BYTE = unsigned char;
-using WORD = std::uint16_t;
-using DWORD = std::uint32_t;
-using UINT = unsigned int;
-using LONG = std::int32_t;
-using ULONGLONG = std::uint64_t;
-using COLORREF = std::uint32_t;
-using WPARAM = std::uintptr_t;
-using LPARAM = std::intptr_t;
-using LRESULT = std::intptr_t;
-using WCHAR = wchar_t;
-using TCHAR = wchar_t;
-using LPWSTR = wchar_t*;
-using LPTSTR = wchar_t*;
-using LPCWSTR = const wchar_t*;
-using LPCTSTR = const wchar_t*;
-using LPCSTR = const char*;
-using LANGID = WORD;
-using HRESULT = LONG;
+// The part of the platform's base interface that modules use, under the platform's names. What is a macro
+// with two forms there is a function here: the name without "W" calls the wide one.
+
+#define TEXT(text) L##text
 
 /// A loaded module: the program, a shared library, or a resource-only language module.
 struct HINSTANCE__;
@@ -34,10 +17,6 @@ using HMODULE = HINSTANCE;
 struct HKEY__;
 using HKEY = HKEY__*;
 
-inline constexpr BOOL TRUE = 1;
-inline constexpr BOOL FALSE = 0;
-inline constexpr std::size_t MAX_PATH = 260;
-
 inline constexpr DWORD ERROR_SUCCESS = 0;
 inline constexpr DWORD ERROR_FILE_NOT_FOUND = 2;
 inline constexpr DWORD ERROR_PATH_NOT_FOUND = 3;
@@ -45,6 +24,8 @@ inline constexpr DWORD ERROR_TOO_MANY_OPEN_FILES = 4;
 inline constexpr DWORD ERROR_ACCESS_DENIED = 5;
 inline constexpr DWORD ERROR_INVALID_HANDLE = 6;
 inline constexpr DWORD ERROR_NOT_ENOUGH_MEMORY = 8;
+inline constexpr DWORD ERROR_NO_MORE_FILES = 18;
+inline constexpr DWORD ERROR_ENVVAR_NOT_FOUND = 203;
 inline constexpr DWORD ERROR_SHARING_VIOLATION = 32;
 inline constexpr DWORD ERROR_FILE_EXISTS = 80;
 inline constexpr DWORD ERROR_INVALID_PARAMETER = 87;
@@ -55,21 +36,6 @@ inline constexpr DWORD ERROR_ALREADY_EXISTS = 183;
 inline constexpr DWORD ERROR_MORE_DATA = 234;
 inline constexpr DWORD ERROR_WRITE_FAULT = 29;
 inline constexpr DWORD ERROR_NO_UNICODE_TRANSLATION = 1113;
-
-struct POINT {
-    LONG x = 0;
-    LONG y = 0;
-};
-struct SIZE {
-    LONG cx = 0;
-    LONG cy = 0;
-};
-struct RECT {
-    LONG left = 0;
-    LONG top = 0;
-    LONG right = 0;
-    LONG bottom = 0;
-};
 
 /// The calling thread's last error, set by the functions below when they fail.
 DWORD GetLastError();
@@ -97,11 +63,17 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int count
 int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int count, char* bytes, int size,
                         const char* defaultCharacter, BOOL* usedDefault);
 
-// ---- files
+// As the platform's functions: a null text is empty, or fails.
 
-BOOL CopyFileW(const wchar_t* from, const wchar_t* to, BOOL failIfExists);
-BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
-BOOL DeleteFileW(const wchar_t* path);
+inline int lstrlen(const wchar_t* text) {
+    return text != nullptr ? static_cast<int>(std::wcslen(text)) : 0;
+}
+/// Copies up to `size` characters with the final zero; null for null.
+wchar_t* lstrcpyn(wchar_t* buffer, const wchar_t* text, int size);
+wchar_t* lstrcpy(wchar_t* buffer, const wchar_t* text);
+wchar_t* lstrcat(wchar_t* buffer, const wchar_t* text);
+int lstrcmp(const wchar_t* left, const wchar_t* right);
+int lstrcmpi(const wchar_t* left, const wchar_t* right);
 
 // ---- profile files
 
@@ -114,6 +86,21 @@ UINT GetPrivateProfileIntW(const wchar_t* section, const wchar_t* key, int fallb
 /// not at all.
 BOOL WritePrivateProfileStringW(const wchar_t* section, const wchar_t* key, const wchar_t* value,
                                 const wchar_t* file);
+inline DWORD GetPrivateProfileString(const wchar_t* section, const wchar_t* key, const wchar_t* fallback,
+                                     wchar_t* buffer, DWORD size, const wchar_t* file) {
+    return GetPrivateProfileStringW(section, key, fallback, buffer, size, file);
+}
+inline DWORD GetPrivateProfileSectionNames(wchar_t* buffer, DWORD size, const wchar_t* file) {
+    return GetPrivateProfileStringW(nullptr, nullptr, nullptr, buffer, size, file);
+}
+inline UINT GetPrivateProfileInt(const wchar_t* section, const wchar_t* key, int fallback,
+                                 const wchar_t* file) {
+    return GetPrivateProfileIntW(section, key, fallback, file);
+}
+inline BOOL WritePrivateProfileString(const wchar_t* section, const wchar_t* key, const wchar_t* value,
+                                      const wchar_t* file) {
+    return WritePrivateProfileStringW(section, key, value, file);
+}
 
 // ---- modules and their texts
 
@@ -128,6 +115,21 @@ DWORD GetModuleFileNameW(HMODULE module, wchar_t* buffer, DWORD size);
 /// Copies a text of the module, truncated to the buffer. Returns its length; 0 and an empty buffer when the
 /// module lacks it.
 int LoadStringW(HINSTANCE instance, UINT id, wchar_t* buffer, int size);
+/// Returns a loaded module by its name or path, with or without ".dll"; null with ERROR_MOD_NOT_FOUND when
+/// there is none. The program for null.
+HMODULE GetModuleHandleW(const wchar_t* name);
+inline HMODULE LoadLibrary(const wchar_t* path) {
+    return LoadLibraryW(path);
+}
+inline HMODULE GetModuleHandle(const wchar_t* name) {
+    return GetModuleHandleW(name);
+}
+inline DWORD GetModuleFileName(HMODULE module, wchar_t* buffer, DWORD size) {
+    return GetModuleFileNameW(module, buffer, size);
+}
+inline int LoadString(HINSTANCE instance, UINT id, wchar_t* buffer, int size) {
+    return LoadStringW(instance, id, buffer, size);
+}
 
 inline constexpr DWORD DLL_PROCESS_DETACH = 0;
 inline constexpr DWORD DLL_PROCESS_ATTACH = 1;
@@ -152,6 +154,36 @@ BOOL GetVersionExW(OSVERSIONINFOW* version);
 LANGID GetUserDefaultUILanguage();
 LANGID GetUserDefaultLangID();
 
+// ---- times and the environment
+
+struct SYSTEMTIME {
+    WORD wYear = 0;
+    WORD wMonth = 0;     ///< From 1.
+    WORD wDayOfWeek = 0; ///< From Sunday, 0.
+    WORD wDay = 0;
+    WORD wHour = 0;
+    WORD wMinute = 0;
+    WORD wSecond = 0;
+    WORD wMilliseconds = 0;
+};
+void GetLocalTime(SYSTEMTIME* time);
+void GetSystemTime(SYSTEMTIME* time);
+/// Returns milliseconds from some moment before the program's start; GetTickCount begins again after 2^32.
+ULONGLONG GetTickCount64();
+inline DWORD GetTickCount() {
+    return static_cast<DWORD>(GetTickCount64());
+}
+void Sleep(DWORD milliseconds);
+/// Copies a variable of the environment (UTF-8). Returns its length, or the size needed with the final zero
+/// when the buffer is too small; 0 when there is none.
+DWORD GetEnvironmentVariableW(const wchar_t* name, wchar_t* buffer, DWORD size);
+inline DWORD GetEnvironmentVariable(const wchar_t* name, wchar_t* buffer, DWORD size) {
+    return GetEnvironmentVariableW(name, buffer, size);
+}
+/// Does nothing: there is no debugger that receives the text.
+inline void OutputDebugStringW(const wchar_t* /*text*/) {}
+inline void OutputDebugString(const wchar_t* /*text*/) {}
+
 // ---- message boxes
 
 struct HWND__;
@@ -160,17 +192,37 @@ inline constexpr UINT MB_OK = 0x00;
 inline constexpr UINT MB_OKCANCEL = 0x01;
 inline constexpr UINT MB_YESNOCANCEL = 0x03;
 inline constexpr UINT MB_YESNO = 0x04;
+inline constexpr UINT MB_ABORTRETRYIGNORE = 0x02;
+inline constexpr UINT MB_RETRYCANCEL = 0x05;
+inline constexpr UINT MB_TYPEMASK = 0x0F;
+inline constexpr UINT MB_ICONHAND = 0x10;
 inline constexpr UINT MB_ICONSTOP = 0x10;
 inline constexpr UINT MB_ICONERROR = 0x10;
 inline constexpr UINT MB_ICONQUESTION = 0x20;
 inline constexpr UINT MB_ICONEXCLAMATION = 0x30;
+inline constexpr UINT MB_ICONWARNING = 0x30;
 inline constexpr UINT MB_ICONINFORMATION = 0x40;
+inline constexpr UINT MB_ICONASTERISK = 0x40;
+inline constexpr UINT MB_DEFBUTTON1 = 0x0000;
+inline constexpr UINT MB_DEFBUTTON2 = 0x0100;
+inline constexpr UINT MB_DEFBUTTON3 = 0x0200;
+inline constexpr UINT MB_APPLMODAL = 0x0000;
+inline constexpr UINT MB_TASKMODAL = 0x2000;
+inline constexpr UINT MB_SETFOREGROUND = 0x10000;
+inline constexpr UINT MB_TOPMOST = 0x40000;
 inline constexpr int IDOK = 1;
 inline constexpr int IDCANCEL = 2;
 inline constexpr int IDYES = 6;
 inline constexpr int IDNO = 7;
 /// Shows a box on the desktop; without one, prints it on standard error and returns its first button.
 int MessageBoxW(HWND owner, const wchar_t* text, const wchar_t* caption, UINT style);
+inline int MessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT style) {
+    return MessageBoxW(owner, text, caption, style);
+}
+/// Does nothing.
+inline BOOL MessageBeep(UINT /*style*/) {
+    return TRUE;
+}
 
 // ---- language detection of old platform versions; none of it exists on this host
 
@@ -184,3 +236,5 @@ inline const wchar_t* const RT_VERSION = L"#16";
 /// Enumerates the languages of a resource. Modules of this host have no version resources: returns FALSE.
 BOOL EnumResourceLanguagesW(HMODULE module, const wchar_t* type, const wchar_t* name,
                             ENUMRESLANGPROCW callback, LPARAM parameter);
+
+#include "fileapi.h"

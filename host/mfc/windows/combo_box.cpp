@@ -17,6 +17,8 @@ END_MESSAGE_MAP()
 
 namespace {
 
+constexpr const char* kSorted = "zuSorted";
+
 QComboBox* box(const CWnd& window) {
     return static_cast<QComboBox*>(window.widget());
 }
@@ -75,6 +77,7 @@ QWidget* CComboBox::makeWidget(QWidget* parent, DWORD style) {
     auto* const made = new NotifyingComboBox(parent, &CComboBox::notifyParentOf);
     made->setEditable((style & CBS_DROPDOWNLIST) == CBS_DROPDOWN);
     made->setInsertPolicy(QComboBox::NoInsert);
+    made->setProperty(kSorted, (style & CBS_SORT) != 0);
     if ((style & CBS_OWNERDRAWFIXED) != 0)
         made->setItemDelegate(new OwnerDelegate(*this, made));
     made->setPlaceholderText(QStringLiteral(" ")); // Without it Qt selects the first item inserted.
@@ -96,6 +99,12 @@ int CComboBox::GetLBTextLen(int index) const {
     return GetLBText(index, text);
 }
 
+int CComboBox::GetLBText(int index, wchar_t* text) const {
+    CString found;
+    const int length = GetLBText(index, found);
+    return length != CB_ERR && lstrcpy(text, found) != nullptr ? length : CB_ERR;
+}
+
 int CComboBox::GetLBText(int index, CString& text) const {
     if (!hasItem(box(*this), index))
         return CB_ERR;
@@ -104,7 +113,11 @@ int CComboBox::GetLBText(int index, CString& text) const {
 }
 
 int CComboBox::AddString(const wchar_t* text) {
-    return InsertString(GetCount(), text);
+    if (box(*this) == nullptr)
+        return CB_ERR;
+    const bool isSorted = box(*this)->property(kSorted).toBool();
+    const auto textAt = [this](int i) { return box(*this)->itemText(i); };
+    return InsertString(isSorted ? zuhost::sortedPlace(GetCount(), zuhost::toQt(text), textAt) : -1, text);
 }
 
 int CComboBox::InsertString(int index, const wchar_t* text) {
@@ -140,6 +153,39 @@ int CComboBox::FindString(int after, const wchar_t* text) const {
     return zuhost::findText(
         GetCount(), after, zuhost::toQt(text), [this](int i) { return box(*this)->itemText(i); },
         zuhost::beginsWith);
+}
+
+int CComboBox::SelectString(int after, const wchar_t* text) {
+    const int index = FindString(after, text);
+    return index != CB_ERR ? SetCurSel(index) : CB_ERR;
+}
+
+DWORD_PTR CComboBox::GetItemData(int index) const {
+    return hasItem(box(*this), index) ? static_cast<DWORD_PTR>(box(*this)->itemData(index).toULongLong())
+                                      : static_cast<DWORD_PTR>(CB_ERR);
+}
+
+int CComboBox::SetItemData(int index, DWORD_PTR data) {
+    if (!hasItem(box(*this), index))
+        return CB_ERR;
+    box(*this)->setItemData(index, static_cast<qulonglong>(data));
+    return 0;
+}
+
+DWORD CComboBox::GetEditSel() const {
+    const QLineEdit* const line = box(*this) != nullptr ? box(*this)->lineEdit() : nullptr;
+    if (line == nullptr)
+        return static_cast<DWORD>(CB_ERR);
+    const int start = line->hasSelectedText() ? line->selectionStart() : line->cursorPosition();
+    const int end = line->hasSelectedText() ? line->selectionEnd() : start;
+    return static_cast<DWORD>(MAKELONG(static_cast<UINT>(start), static_cast<UINT>(end)));
+}
+
+BOOL CComboBox::LimitText(int count) {
+    constexpr int kMost = 32767;
+    if (box(*this) != nullptr && box(*this)->lineEdit() != nullptr)
+        box(*this)->lineEdit()->setMaxLength(count <= 0 ? kMost : count);
+    return TRUE;
 }
 
 int CComboBox::GetCurSel() const {

@@ -22,6 +22,19 @@ inline bool equals(const QString& left, const QString& right) {
     return left.compare(right, Qt::CaseInsensitive) == 0;
 }
 
+/// Returns where a text belongs in a sorted list: after those that are not greater, ignoring case.
+template <typename TextAt>
+int sortedPlace(int count, const QString& text, TextAt textAt) {
+    int first = 0;
+    while (count > 0) {
+        const int half = count / 2;
+        const bool isAfter = textAt(first + half).compare(text, Qt::CaseInsensitive) <= 0;
+        first += isAfter ? half + 1 : 0;
+        count = isAfter ? count - half - 1 : half;
+    }
+    return first;
+}
+
 /// Returns the index of the first item after `after`, wrapping at the end, that matches the text; -1 when
 /// there is none. An empty text matches no item.
 template <typename TextAt, typename Matches>

@@ -45,6 +45,7 @@ private:
 
 struct CListBox::Rows {
     int height = 0;
+    bool isSorted = false;
     bool changing = false; ///< Set while the program, not the user, changes the selection.
 };
 
@@ -68,10 +69,18 @@ QWidget* CListBox::makeWidget(QWidget* parent, DWORD style) {
         rows_->height = zuhost::ownRowHeight(*this, *made);
         made->setItemDelegate(new OwnerDelegate(*this, made));
     }
-    QObject::connect(made, &QListWidget::currentRowChanged, made, [this, made](int) {
+    rows_->isSorted = (style & LBS_SORT) != 0;
+    const auto notify = [this, made] {
         if (fromWidget(made) != nullptr && !rows_->changing)
             notifyParent(LBN_SELCHANGE);
-    });
+    };
+    if ((style & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) != 0) {
+        made->setSelectionMode((style & LBS_EXTENDEDSEL) != 0 ? QAbstractItemView::ExtendedSelection
+                                                              : QAbstractItemView::MultiSelection);
+        QObject::connect(made, &QListWidget::itemSelectionChanged, made, notify);
+    } else {
+        QObject::connect(made, &QListWidget::currentRowChanged, made, notify);
+    }
     QObject::connect(made, &QListWidget::itemDoubleClicked, made,
                      [made] { notifyParentOf(made, LBN_DBLCLK); });
     return made;
@@ -82,7 +91,9 @@ int CListBox::GetCount() const {
 }
 
 int CListBox::AddString(const wchar_t* text) {
-    return InsertString(-1, text);
+    const auto textAt = [this](int i) { return list(*this)->item(i)->text(); };
+    return InsertString(rows_->isSorted ? zuhost::sortedPlace(GetCount(), zuhost::toQt(text), textAt) : -1,
+                        text);
 }
 
 int CListBox::InsertString(int index, const wchar_t* text) {
@@ -122,6 +133,59 @@ int CListBox::GetText(int index, CString& text) const {
         return LB_ERR;
     text = zuhost::fromQt(item->text());
     return text.GetLength();
+}
+
+int CListBox::GetText(int index, wchar_t* text) const {
+    CString found;
+    const int length = GetText(index, found);
+    return length != LB_ERR && lstrcpy(text, found) != nullptr ? length : LB_ERR;
+}
+
+int CListBox::GetTextLen(int index) const {
+    CString text;
+    return GetText(index, text);
+}
+
+int CListBox::SelectString(int after, const wchar_t* text) {
+    const int index = FindString(after, text);
+    return index != LB_ERR ? SetCurSel(index) : LB_ERR;
+}
+
+bool CListBox::isMultiple() const {
+    return list(*this) != nullptr && list(*this)->selectionMode() != QAbstractItemView::SingleSelection;
+}
+
+int CListBox::GetSel(int index) const {
+    const QListWidgetItem* const item = itemOf(*this, index);
+    return item == nullptr ? LB_ERR : (item->isSelected() ? 1 : 0);
+}
+
+int CListBox::SetSel(int index, BOOL select) {
+    if (!isMultiple() || (index != -1 && itemOf(*this, index) == nullptr))
+        return LB_ERR;
+    rows_->changing = true;
+    if (index != -1)
+        itemOf(*this, index)->setSelected(select != FALSE);
+    else if (select != FALSE)
+        list(*this)->selectAll();
+    else
+        list(*this)->clearSelection();
+    rows_->changing = false;
+    return 0;
+}
+
+int CListBox::GetSelCount() const {
+    return isMultiple() ? static_cast<int>(list(*this)->selectedItems().size()) : LB_ERR;
+}
+
+int CListBox::GetSelItems(int most, int* indices) const {
+    if (!isMultiple() || indices == nullptr)
+        return LB_ERR;
+    int count = 0;
+    for (int i = 0; i < GetCount() && count < most; ++i)
+        if (list(*this)->item(i)->isSelected())
+            indices[count++] = i;
+    return count;
 }
 
 int CListBox::FindStringExact(int after, const wchar_t* text) const {

@@ -1,5 +1,6 @@
 #include "afxcmn.h"
 
+#include "find_text.h"
 #include "owner_draw.h"
 #include "qt_text.h"
 #include "report_model.h"
@@ -29,6 +30,18 @@ QItemSelection mergedWithNeighbours(const QItemSelectionModel& selection, int ro
             last = range.bottom();
     }
     return selectionOf(*selection.model(), first, last);
+}
+
+Qt::Alignment alignmentOf(int format) {
+    return format == LVCFMT_RIGHT    ? Qt::AlignRight
+           : format == LVCFMT_CENTER ? Qt::AlignHCenter
+                                     : Qt::AlignLeft;
+}
+
+int formatOf(Qt::Alignment alignment) {
+    return alignment == Qt::AlignRight     ? LVCFMT_RIGHT
+           : alignment == Qt::AlignHCenter ? LVCFMT_CENTER
+                                           : LVCFMT_LEFT;
 }
 
 void configure(QTreeView& view, DWORD style) {
@@ -73,6 +86,7 @@ private:
 struct CListCtrl::Parts {
     zuhost::ReportModel model;
     QPointer<ReportView> view;
+    DWORD extendedStyle = 0;
 
     [[nodiscard]] QItemSelectionModel* selection() const { return view->selectionModel(); }
     [[nodiscard]] bool has(int index) const { return view != nullptr && model.hasLine(index); }
@@ -151,10 +165,49 @@ int CListCtrl::InsertColumn(int index, const wchar_t* heading, int format, int w
     if (parts_->view == nullptr || index < 0)
         return -1;
     const int place = std::min(index, GetColumnCount());
-    parts_->model.insertHeading(place, zuhost::toQt(heading),
-                                format == LVCFMT_RIGHT ? Qt::AlignRight : Qt::AlignLeft);
+    parts_->model.insertHeading(place, zuhost::toQt(heading), alignmentOf(format));
     parts_->view->setColumnWidth(place, width);
     return place;
+}
+
+int CListCtrl::InsertColumn(int index, const LVCOLUMN* column) {
+    if (column == nullptr)
+        return -1;
+    constexpr int kWidth = 100;
+    const UINT mask = column->mask;
+    return InsertColumn(index, (mask & LVCF_TEXT) != 0 ? column->pszText : nullptr,
+                        (mask & LVCF_FMT) != 0 ? column->fmt : LVCFMT_LEFT,
+                        (mask & LVCF_WIDTH) != 0 ? column->cx : kWidth);
+}
+
+BOOL CListCtrl::DeleteColumn(int index) {
+    if (parts_->view == nullptr || index < 0 || index >= GetColumnCount())
+        return FALSE;
+    parts_->model.removeHeading(index);
+    return TRUE;
+}
+
+BOOL CListCtrl::GetColumn(int index, LVCOLUMN* column) const {
+    if (column == nullptr || index < 0 || index >= GetColumnCount())
+        return FALSE;
+    if ((column->mask & LVCF_TEXT) != 0)
+        lstrcpyn(column->pszText, zuhost::fromQt(parts_->model.heading(index)), column->cchTextMax);
+    column->cx = GetColumnWidth(index);
+    column->fmt = formatOf(parts_->model.alignment(index));
+    column->iSubItem = index;
+    return TRUE;
+}
+
+BOOL CListCtrl::SetColumn(int index, const LVCOLUMN* column) {
+    if (column == nullptr || index < 0 || index >= GetColumnCount())
+        return FALSE;
+    zuhost::ReportModel& model = parts_->model;
+    model.setHeading(index,
+                     (column->mask & LVCF_TEXT) != 0 ? zuhost::toQt(column->pszText) : model.heading(index),
+                     (column->mask & LVCF_FMT) != 0 ? alignmentOf(column->fmt) : model.alignment(index));
+    if ((column->mask & LVCF_WIDTH) != 0)
+        SetColumnWidth(index, column->cx);
+    return TRUE;
 }
 
 int CListCtrl::GetColumnCount() const {
@@ -209,6 +262,20 @@ int CListCtrl::InsertItem(const LVITEM* item) {
     return place;
 }
 
+BOOL CListCtrl::SetItem(const LVITEM* item) {
+    if (item == nullptr || !parts_->has(item->iItem))
+        return FALSE;
+    if ((item->mask & LVIF_TEXT) != 0 && SetItemText(item->iItem, item->iSubItem, item->pszText) == FALSE)
+        return FALSE;
+    if ((item->mask & LVIF_PARAM) != 0)
+        SetItemData(item->iItem, static_cast<std::uintptr_t>(item->lParam));
+    if ((item->mask & LVIF_INDENT) != 0)
+        parts_->model.line(item->iItem).indent = item->iIndent;
+    if ((item->mask & LVIF_STATE) != 0)
+        SetItemState(item->iItem, item->state, item->stateMask);
+    return TRUE;
+}
+
 BOOL CListCtrl::DeleteItem(int index) {
     if (!parts_->has(index))
         return FALSE;
@@ -234,6 +301,49 @@ BOOL CListCtrl::SetItemText(int index, int subItem, const wchar_t* text) {
 
 CString CListCtrl::GetItemText(int index, int subItem) const {
     return parts_->has(index) ? zuhost::fromQt(parts_->model.line(index).texts.value(subItem)) : CString();
+}
+
+int CListCtrl::GetItemText(int index, int subItem, wchar_t* text, int size) const {
+    return lstrcpyn(text, GetItemText(index, subItem), size) != nullptr ? lstrlen(text) : 0;
+}
+
+int CListCtrl::FindItem(const LVFINDINFO* wanted, int after) const {
+    const int count = GetItemCount();
+    if (wanted == nullptr || after < -1 || after >= count)
+        return -1;
+    const QString text = zuhost::toQt(wanted->psz);
+    const auto matches = [&](int index) {
+        if ((wanted->flags & LVFI_PARAM) != 0)
+            return GetItemData(index) == static_cast<std::uintptr_t>(wanted->lParam);
+        const QString shown = parts_->model.line(index).texts.value(0);
+        return (wanted->flags & LVFI_PARTIAL) != 0 ? zuhost::beginsWith(shown, text)
+                                                   : zuhost::equals(shown, text);
+    };
+    for (int index = after + 1; index < count; ++index)
+        if (matches(index))
+            return index;
+    for (int index = 0; (wanted->flags & LVFI_WRAP) != 0 && index <= after; ++index)
+        if (matches(index))
+            return index;
+    return -1;
+}
+
+BOOL CListCtrl::SortItems(PFNLVCOMPARE compare, DWORD_PTR parameter) {
+    if (compare == nullptr)
+        return FALSE;
+    parts_->model.sortLines([&](const zuhost::ReportLine& left, const zuhost::ReportLine& right) {
+        return compare(static_cast<LPARAM>(left.data), static_cast<LPARAM>(right.data),
+                       static_cast<LPARAM>(parameter)) < 0;
+    });
+    return TRUE;
+}
+
+DWORD CListCtrl::SetExtendedStyle(DWORD style) {
+    return std::exchange(parts_->extendedStyle, style);
+}
+
+DWORD CListCtrl::GetExtendedStyle() const {
+    return parts_->extendedStyle;
 }
 
 BOOL CListCtrl::SetItemData(int index, std::uintptr_t data) {
@@ -292,6 +402,33 @@ UINT CListCtrl::GetSelectedCount() const {
         for (const QItemSelectionRange& range : parts_->selection()->selection())
             count += static_cast<UINT>(range.height());
     return count;
+}
+
+// A position is the number of a line plus 1.
+
+POSITION CListCtrl::GetFirstSelectedItemPosition() const {
+    const int first = GetNextItem(-1, LVNI_SELECTED);
+    return reinterpret_cast<POSITION>(std::intptr_t{first} + 1); // NOLINT(performance-no-int-to-ptr)
+}
+
+int CListCtrl::GetNextSelectedItem(POSITION& position) const {
+    const int index = static_cast<int>(reinterpret_cast<std::intptr_t>(position)) - 1;
+    position = nullptr;
+    if (index < 0)
+        return -1;
+    const int next = GetNextItem(index, LVNI_SELECTED);
+    position = reinterpret_cast<POSITION>(std::intptr_t{next} + 1); // NOLINT(performance-no-int-to-ptr)
+    return index;
+}
+
+int CListCtrl::SetSelectionMark(int index) {
+    const int before = GetSelectionMark();
+    SetItemState(index, LVIS_FOCUSED, LVIS_FOCUSED);
+    return before;
+}
+
+int CListCtrl::GetTopIndex() const {
+    return parts_->view != nullptr ? std::max(parts_->view->indexAt({0, 0}).row(), 0) : 0;
 }
 
 BOOL CListCtrl::EnsureVisible(int index, BOOL /*partlyWillDo*/) {

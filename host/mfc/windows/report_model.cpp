@@ -1,5 +1,8 @@
 #include "report_model.h"
 
+#include <algorithm>
+#include <numeric>
+
 #include <QSize>
 
 namespace zuhost {
@@ -64,6 +67,40 @@ void ReportModel::setText(int row, int column, const QString& text) {
         texts.append(QString());
     texts[column] = text;
     emit dataChanged(index(row, column), index(row, column));
+}
+
+void ReportModel::removeHeading(int column) {
+    beginRemoveColumns({}, column, column);
+    headings_.erase(headings_.begin() + column);
+    for (ReportLine& line : lines_)
+        if (column < line.texts.size())
+            line.texts.removeAt(column);
+    endRemoveColumns();
+}
+
+void ReportModel::setHeading(int column, const QString& text, Qt::Alignment alignment) {
+    headings_[static_cast<std::size_t>(column)] = {text, alignment};
+    emit headerDataChanged(Qt::Horizontal, column, column);
+}
+
+void ReportModel::sortLines(const std::function<bool(const ReportLine&, const ReportLine&)>& isBefore) {
+    emit layoutAboutToBeChanged();
+    std::vector<std::size_t> order(lines_.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+        return isBefore(lines_[left], lines_[right]);
+    });
+    std::vector<ReportLine> sorted;
+    std::vector<int> newRows(order.size());
+    sorted.reserve(order.size());
+    for (const std::size_t row : order) {
+        newRows[row] = static_cast<int>(sorted.size());
+        sorted.push_back(std::move(lines_[row]));
+    }
+    lines_ = std::move(sorted);
+    for (const QModelIndex& held : persistentIndexList())
+        changePersistentIndex(held, index(newRows[static_cast<std::size_t>(held.row())], held.column()));
+    emit layoutChanged();
 }
 
 } // namespace zuhost

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace zuhost {
@@ -28,6 +29,16 @@ public:
     void insertHeading(int column, const QString& heading, Qt::Alignment alignment);
     void insertLine(int row, ReportLine line);
     void removeLine(int row);
+    void removeHeading(int column);
+    [[nodiscard]] QString heading(int column) const {
+        return headings_[static_cast<std::size_t>(column)].text;
+    }
+    void setHeading(int column, const QString& text, Qt::Alignment alignment);
+    [[nodiscard]] Qt::Alignment alignment(int column) const {
+        return headings_[static_cast<std::size_t>(column)].alignment;
+    }
+    /// Sorts the lines; the indexes of lines that a view holds follow them.
+    void sortLines(const std::function<bool(const ReportLine&, const ReportLine&)>& isBefore);
     void clearLines();
     void setText(int row, int column, const QString& text);
 

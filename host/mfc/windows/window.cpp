@@ -4,6 +4,8 @@
 #include "zuhost/desktop.h"
 #include "zuhost/windows/frame.h"
 
+#include <zuhost/message_box.h>
+
 #include <QApplication>
 #include <QPointer>
 #include <QVariant>
@@ -180,6 +182,18 @@ BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     return TRUE;
 }
 
+UINT_PTR CWnd::SetTimer(UINT_PTR id, UINT milliseconds, TIMERPROC function) {
+    return link_->startTimer(id, milliseconds, function) ? id : 0;
+}
+
+BOOL CWnd::KillTimer(UINT_PTR id) {
+    return link_->stopTimer(id) ? TRUE : FALSE;
+}
+
+int CWnd::MessageBox(const wchar_t* text, const wchar_t* caption, UINT style) {
+    return caption != nullptr ? MessageBoxW(GetSafeHwnd(), text, caption, style) : AfxMessageBox(text, style);
+}
+
 BOOL CWnd::PreTranslateMessage(MSG* /*message*/) {
     return FALSE;
 }
@@ -302,6 +316,9 @@ void CWnd::OnLButtonUp(UINT /*flags*/, CPoint /*point*/) {
     Default();
 }
 void CWnd::OnLButtonDblClk(UINT /*flags*/, CPoint /*point*/) {
+    Default();
+}
+void CWnd::OnTimer(UINT_PTR /*id*/) {
     Default();
 }
 void CWnd::OnContextMenu(CWnd* /*window*/, CPoint /*point*/) {

@@ -11,10 +11,13 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QResizeEvent>
+#include <QTimerEvent>
 #include <QToolTip>
 #include <QVariant>
 
+#include <algorithm>
 #include <cstdlib>
+#include <limits>
 
 namespace zuhost {
 
@@ -66,6 +69,37 @@ void WindowLink::customEvent(QEvent* event) {
         owner_.SendMessage(posted.message, posted.wParam, posted.lParam);
 }
 
+bool WindowLink::startTimer(UINT_PTR id, UINT milliseconds, TIMERPROC function) {
+    if (widget_ == nullptr || id == 0)
+        return false;
+    stopTimer(id);
+    const UINT interval = std::min(milliseconds, static_cast<UINT>(std::numeric_limits<int>::max()));
+    timers_[id] = {QObject::startTimer(static_cast<int>(interval)), function};
+    return true;
+}
+
+bool WindowLink::stopTimer(UINT_PTR id) {
+    const auto timer = timers_.find(id);
+    if (timer == timers_.end())
+        return false;
+    killTimer(timer->second.number);
+    timers_.erase(timer);
+    return true;
+}
+
+void WindowLink::timerEvent(QTimerEvent* event) {
+    const auto timer = std::find_if(timers_.begin(), timers_.end(), [event](const auto& known) {
+        return known.second.number == event->timerId();
+    });
+    if (timer == timers_.end())
+        return;
+    const UINT_PTR id = timer->first;
+    if (timer->second.function == nullptr)
+        owner_.SendMessage(WM_TIMER, id);
+    else
+        timer->second.function(owner_.GetSafeHwnd(), WM_TIMER, id, GetTickCount());
+}
+
 void WindowLink::attach(QWidget* widget, UINT id) {
     widget_ = widget;
     id_ = id;
@@ -77,6 +111,8 @@ void WindowLink::attach(QWidget* widget, UINT id) {
 }
 
 void WindowLink::detach() {
+    while (!timers_.empty())
+        stopTimer(timers_.begin()->first);
     if (widget_ == nullptr)
         return;
     widget_->setProperty(kOwnerProperty, QVariant());

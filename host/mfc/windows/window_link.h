@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <map>
 #include <utility>
 
 class QKeyEvent;
@@ -36,10 +37,14 @@ public:
     /// Queues a message; the event loop sends it.
     void post(UINT message, WPARAM wParam, LPARAM lParam);
 
+    bool startTimer(UINT_PTR id, UINT milliseconds, TIMERPROC function);
+    bool stopTimer(UINT_PTR id);
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
     void customEvent(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
 private:
     bool onWidget(QEvent& event);
@@ -50,7 +55,13 @@ private:
     bool onPaint();
     bool send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
+    struct Timer {
+        int number = 0; ///< Of the desktop.
+        TIMERPROC function = nullptr;
+    };
+
     CWnd& owner_;
+    std::map<UINT_PTR, Timer> timers_;
     QPointer<QWidget> widget_;
     UINT id_ = 0;
     bool isBeingDestroyed_ = false;

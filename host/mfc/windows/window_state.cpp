@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFrame>
+#include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 
 // A window's appearance, position and focus. Every function does nothing while there is no window.
@@ -41,6 +43,10 @@ void CWnd::SetWindowText(const wchar_t* text) {
         line->setText(shown);
     else if (auto* const box = qobject_cast<QComboBox*>(widget()))
         box->setEditText(shown);
+    else if (auto* const label = qobject_cast<QLabel*>(widget()))
+        label->setText(shown);
+    else if (auto* const group = qobject_cast<QGroupBox*>(widget()))
+        group->setTitle(shown);
     else if (widget() != nullptr)
         widget()->setWindowTitle(shown);
 }
@@ -53,8 +59,24 @@ void CWnd::GetWindowText(CString& text) const {
         text = zuhost::fromQt(line->text());
     else if (const auto* const box = qobject_cast<QComboBox*>(widget()))
         text = zuhost::fromQt(box->currentText());
+    else if (const auto* const label = qobject_cast<QLabel*>(widget()))
+        text = zuhost::fromQt(label->text());
+    else if (const auto* const group = qobject_cast<QGroupBox*>(widget()))
+        text = zuhost::fromQt(group->title());
     else if (widget() != nullptr)
         text = zuhost::fromQt(widget()->windowTitle());
+}
+
+int CWnd::GetWindowText(wchar_t* buffer, int size) const {
+    CString text;
+    GetWindowText(text);
+    return lstrcpyn(buffer, text, size) != nullptr ? lstrlen(buffer) : 0;
+}
+
+int CWnd::GetWindowTextLength() const {
+    CString text;
+    GetWindowText(text);
+    return text.GetLength();
 }
 
 void CWnd::SetFont(const CFont* font, BOOL /*redraw*/) {
@@ -76,6 +98,21 @@ void CWnd::GetClientRect(RECT* rectangle) const {
     *rectangle = RECT{};
     if (const QWidget* const client = clientWidget())
         *rectangle = {0, 0, client->width(), client->height()};
+}
+
+void CWnd::GetWindowRect(RECT* rectangle) const {
+    *rectangle = RECT{};
+    if (widget() == nullptr)
+        return;
+    const QPoint corner = widget()->mapToGlobal(QPoint(0, 0));
+    *rectangle = CRect(CPoint(corner.x(), corner.y()), CSize(widget()->width(), widget()->height()));
+}
+
+void CWnd::ScreenToClient(POINT* point) const {
+    if (clientWidget() == nullptr)
+        return;
+    const QPoint inWindow = clientWidget()->mapFromGlobal(QPoint(point->x, point->y));
+    *point = {inWindow.x(), inWindow.y()};
 }
 
 void CWnd::ClientToScreen(POINT* point) const {
@@ -128,4 +165,15 @@ CWnd* CWnd::SetFocus() {
 
 CWnd* CWnd::GetFocus() {
     return fromWidget(QApplication::focusWidget());
+}
+
+BOOL IsWindow(HWND window) {
+    const QWidgetList widgets = QApplication::allWidgets();
+    return window != nullptr && std::any_of(widgets.begin(), widgets.end(),
+                                            [window](const QWidget* widget) {
+                                                const CWnd* const owner = CWnd::fromWidget(widget);
+                                                return owner != nullptr && owner->GetSafeHwnd() == window;
+                                            })
+               ? TRUE
+               : FALSE;
 }

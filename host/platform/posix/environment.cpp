@@ -35,4 +35,16 @@ bool isTerminal(std::FILE* stream) {
     return isatty(fileno(stream)) != 0;
 }
 
+std::tm localTime(std::time_t time) {
+    std::tm parts{};
+    localtime_r(&time, &parts);
+    return parts;
+}
+
+std::tm universalTime(std::time_t time) {
+    std::tm parts{};
+    gmtime_r(&time, &parts);
+    return parts;
+}
+
 } // namespace zuhost::platform

@@ -63,6 +63,12 @@ LRESULT key(CWnd& window, WPARAM wParam, LPARAM) {
     return 0;
 }
 
+template <auto Method>
+LRESULT timer(CWnd& window, WPARAM wParam, LPARAM) {
+    call<Method>(window, static_cast<UINT_PTR>(wParam));
+    return 0;
+}
+
 inline CPoint pointOf(LPARAM lParam) {
     const auto packed = static_cast<std::uintptr_t>(lParam);
     return {static_cast<std::int16_t>(LOWORD(packed)), static_cast<std::int16_t>(HIWORD(packed))};
@@ -140,15 +146,22 @@ protected:                                                                      
 #define ON_WM_LBUTTONDBLCLK() {WM_LBUTTONDBLCLK, 0, 0, &zuhost::handler::mouse<&ThisClass::OnLButtonDblClk>},
 #define ON_WM_CONTEXTMENU()                                                                                  \
     {WM_CONTEXTMENU, 0, 0, &zuhost::handler::windowAndPoint<&ThisClass::OnContextMenu>},
+#define ON_WM_TIMER() {WM_TIMER, 0, 0, &zuhost::handler::timer<&ThisClass::OnTimer>},
 #define ON_WM_VSCROLL() {WM_VSCROLL, 0, 0, &zuhost::handler::plain<&ThisClass::OnVScroll>},
 #define ON_CONTROL(code, id, method) {WM_COMMAND, code, id, &zuhost::handler::plain<&ThisClass::method>},
+/// For the items of menus; their code is 0.
+#define ON_COMMAND(id, method) ON_CONTROL(0, id, method)
 #define ON_BN_CLICKED(id, method) ON_CONTROL(BN_CLICKED, id, method)
 #define ON_LBN_SELCHANGE(id, method) ON_CONTROL(LBN_SELCHANGE, id, method)
 #define ON_LBN_DBLCLK(id, method) ON_CONTROL(LBN_DBLCLK, id, method)
 #define ON_EN_CHANGE(id, method) ON_CONTROL(EN_CHANGE, id, method)
+#define ON_EN_SETFOCUS(id, method) ON_CONTROL(EN_SETFOCUS, id, method)
 #define ON_EN_KILLFOCUS(id, method) ON_CONTROL(EN_KILLFOCUS, id, method)
 #define ON_CBN_SELCHANGE(id, method) ON_CONTROL(CBN_SELCHANGE, id, method)
 #define ON_CBN_SELENDOK(id, method) ON_CONTROL(CBN_SELENDOK, id, method)
+#define ON_CBN_EDITCHANGE(id, method) ON_CONTROL(CBN_EDITCHANGE, id, method)
+#define ON_CBN_DROPDOWN(id, method) ON_CONTROL(CBN_DROPDOWN, id, method)
+#define ON_CBN_CLOSEUP(id, method) ON_CONTROL(CBN_CLOSEUP, id, method)
 #define ON_CBN_KILLFOCUS(id, method) ON_CONTROL(CBN_KILLFOCUS, id, method)
 #define ON_NOTIFY(code, id, method) {WM_NOTIFY, code, id, &zuhost::handler::notify<&ThisClass::method>},
 #define ON_MESSAGE(number, method) {number, 0, 0, &zuhost::handler::message<&ThisClass::method>},

@@ -8,4 +8,6 @@
 #include "zuhost/windows/controls.h"
 #include "zuhost/windows/frame.h"
 #include "zuhost/windows/gdi.h"
+#include "zuhost/windows/menu.h"
+#include "zuhost/windows/wait_cursor.h"
 #include "zuhost/windows/wnd.h"

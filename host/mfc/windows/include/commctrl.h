@@ -15,6 +15,40 @@ inline constexpr int LVSCW_AUTOSIZE_USEHEADER = -2;
 inline constexpr int LVCFMT_LEFT = 0;
 inline constexpr int LVCFMT_RIGHT = 1;
 
+inline constexpr int LVSCW_AUTOSIZE = -1;
+inline constexpr DWORD LVS_EX_GRIDLINES = 0x0001;
+inline constexpr DWORD LVS_EX_CHECKBOXES = 0x0004;
+inline constexpr DWORD LVS_EX_FULLROWSELECT = 0x0020;
+inline constexpr int LVCFMT_CENTER = 2;
+inline constexpr UINT LVCF_FMT = 0x0001;
+inline constexpr UINT LVCF_WIDTH = 0x0002;
+inline constexpr UINT LVCF_TEXT = 0x0004;
+inline constexpr UINT LVCF_SUBITEM = 0x0008;
+inline constexpr UINT LVFI_PARAM = 0x0001;
+inline constexpr UINT LVFI_STRING = 0x0002;
+inline constexpr UINT LVFI_PARTIAL = 0x0008;
+inline constexpr UINT LVFI_WRAP = 0x0020;
+
+struct LVCOLUMNW {
+    UINT mask = 0;
+    int fmt = LVCFMT_LEFT;
+    int cx = 0;
+    wchar_t* pszText = nullptr;
+    int cchTextMax = 0;
+    int iSubItem = 0;
+};
+using LVCOLUMN = LVCOLUMNW;
+
+struct LVFINDINFOW {
+    UINT flags = 0;
+    const wchar_t* psz = nullptr;
+    LPARAM lParam = 0;
+};
+using LVFINDINFO = LVFINDINFOW;
+
+/// Compares two lines by their data: less than, equal to or greater than 0.
+using PFNLVCOMPARE = int (*)(LPARAM first, LPARAM second, LPARAM parameter);
+
 inline constexpr UINT LVIF_TEXT = 0x0001;
 inline constexpr UINT LVIF_PARAM = 0x0004;
 inline constexpr UINT LVIF_STATE = 0x0008;

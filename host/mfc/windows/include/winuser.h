@@ -21,6 +21,7 @@ inline constexpr UINT WM_KEYDOWN = 0x0100;
 inline constexpr UINT WM_KEYUP = 0x0101;
 inline constexpr UINT WM_CHAR = 0x0102;
 inline constexpr UINT WM_COMMAND = 0x0111;
+inline constexpr UINT WM_TIMER = 0x0113;
 inline constexpr UINT WM_VSCROLL = 0x0115;
 inline constexpr UINT WM_MOUSEMOVE = 0x0200;
 inline constexpr UINT WM_LBUTTONDOWN = 0x0201;
@@ -47,14 +48,37 @@ inline constexpr DWORD WS_TABSTOP = 0x00010000;
 inline constexpr DWORD WS_OVERLAPPEDWINDOW = 0x00CF0000;
 inline constexpr DWORD WS_EX_CLIENTEDGE = 0x00000200;
 
+inline constexpr DWORD WS_GROUP = 0x00020000;
 inline constexpr DWORD BS_PUSHBUTTON = 0x0000;
+inline constexpr DWORD BS_DEFPUSHBUTTON = 0x0001;
+inline constexpr DWORD BS_CHECKBOX = 0x0002;
+inline constexpr DWORD BS_AUTOCHECKBOX = 0x0003;
+inline constexpr DWORD BS_RADIOBUTTON = 0x0004;
+inline constexpr DWORD BS_3STATE = 0x0005;
+inline constexpr DWORD BS_AUTO3STATE = 0x0006;
+inline constexpr DWORD BS_GROUPBOX = 0x0007;
+inline constexpr DWORD BS_AUTORADIOBUTTON = 0x0009;
+inline constexpr int BST_UNCHECKED = 0;
+inline constexpr int BST_CHECKED = 1;
+inline constexpr int BST_INDETERMINATE = 2;
+inline constexpr DWORD SS_LEFT = 0x0000;
+inline constexpr DWORD SS_CENTER = 0x0001;
+inline constexpr DWORD SS_RIGHT = 0x0002;
+inline constexpr DWORD ES_LEFT = 0x0000;
+inline constexpr DWORD ES_PASSWORD = 0x0020;
 inline constexpr DWORD ES_AUTOHSCROLL = 0x0080;
 inline constexpr DWORD ES_READONLY = 0x0800;
 inline constexpr DWORD CBS_DROPDOWN = 0x0002;
 inline constexpr DWORD CBS_DROPDOWNLIST = 0x0003;
 inline constexpr DWORD CBS_OWNERDRAWFIXED = 0x0010;
+inline constexpr DWORD CBS_AUTOHSCROLL = 0x0040;
+inline constexpr DWORD CBS_SORT = 0x0100;
 inline constexpr DWORD CBS_HASSTRINGS = 0x0200;
 inline constexpr DWORD LBS_NOTIFY = 0x0001;
+inline constexpr DWORD LBS_SORT = 0x0002;
+inline constexpr DWORD LBS_MULTIPLESEL = 0x0008;
+inline constexpr DWORD LBS_EXTENDEDSEL = 0x0800;
+inline constexpr DWORD LBS_STANDARD = 0x00A00003;
 inline constexpr DWORD LBS_OWNERDRAWFIXED = 0x0010;
 inline constexpr DWORD LBS_NOINTEGRALHEIGHT = 0x0100;
 
@@ -82,6 +106,9 @@ inline constexpr UINT CBN_EDITCHANGE = 5;
 inline constexpr UINT CBN_DROPDOWN = 7;
 inline constexpr UINT CBN_CLOSEUP = 8;
 inline constexpr UINT CBN_SELENDOK = 9;
+
+/// Called for a timer instead of sending WM_TIMER.
+using TIMERPROC = void (*)(HWND window, UINT message, UINT_PTR id, DWORD tickCount);
 
 inline constexpr int CB_ERR = -1;
 inline constexpr int LB_ERR = -1;
@@ -209,12 +236,6 @@ inline constexpr int DEFAULT_GUI_FONT = 17;
 /// Returns the desktop's font for controls as a CFont; null for other objects.
 void* GetStockObject(int index);
 
-inline constexpr WORD LOWORD(std::uintptr_t value) {
-    return static_cast<WORD>(value & 0xFFFFU);
-}
-inline constexpr WORD HIWORD(std::uintptr_t value) {
-    return static_cast<WORD>(value >> 16 & 0xFFFFU);
-}
 inline constexpr WPARAM MAKEWPARAM(UINT low, UINT high) {
     return (low & 0xFFFFU) | static_cast<WPARAM>(high & 0xFFFFU) << 16;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdio>
+#include <ctime>
 #include <string>
 
 namespace zuhost::platform {
@@ -11,5 +12,9 @@ std::string userLocale();
 std::string userSettingsFolder();
 /// Returns whether the stream is shown on a terminal.
 bool isTerminal(std::FILE* stream);
+
+/// Return the calendar's parts of a time in the local time zone and in UTC; zeros for a time out of range.
+std::tm localTime(std::time_t time);
+std::tm universalTime(std::time_t time);
 
 } // namespace zuhost::platform

@@ -56,13 +56,40 @@ public:
 
     void SetWindowText(const wchar_t* text);
     void GetWindowText(CString& text) const;
+    /// Copies the text, truncated to `size` characters with the final zero; returns the number copied.
+    int GetWindowText(wchar_t* buffer, int size) const;
+    [[nodiscard]] int GetWindowTextLength() const;
+
+    // The child with an identifier. Without it, functions that read give an empty text or 0, the others do
+    // nothing.
+
+    int GetDlgItemText(int id, CString& text) const;
+    int GetDlgItemText(int id, wchar_t* buffer, int size) const;
+    void SetDlgItemText(int id, const wchar_t* text);
+    /// `translated` becomes FALSE for a text that is no number.
+    UINT GetDlgItemInt(int id, BOOL* translated = nullptr, BOOL isSigned = TRUE) const;
+    void SetDlgItemInt(int id, UINT value, BOOL isSigned = TRUE);
+    void CheckDlgButton(int id, UINT check);
+    [[nodiscard]] UINT IsDlgButtonChecked(int id) const;
+
+    /// Sends WM_TIMER, or calls the function, in intervals until KillTimer or the window's end. Replaces the
+    /// timer with the same identifier. Returns the identifier; 0 when there is no window or `id` is 0.
+    UINT_PTR SetTimer(UINT_PTR id, UINT milliseconds, TIMERPROC function);
+    /// FALSE when there is no such timer.
+    BOOL KillTimer(UINT_PTR id);
+
+    /// Shows a message box with the application's title unless there is a caption.
+    int MessageBox(const wchar_t* text, const wchar_t* caption = nullptr, UINT style = MB_OK);
     /// Null sets the desktop's font.
     void SetFont(const CFont* font, BOOL redraw = TRUE);
 
     void MoveWindow(int x, int y, int width, int height, BOOL redraw = TRUE);
     void MoveWindow(const RECT& rectangle, BOOL redraw = TRUE);
     void GetClientRect(RECT* rectangle) const;
+    /// On the screen.
+    void GetWindowRect(RECT* rectangle) const;
     void ClientToScreen(POINT* point) const;
+    void ScreenToClient(POINT* point) const;
     void Invalidate(BOOL erase = TRUE);
     void InvalidateRect(const RECT* rectangle, BOOL erase = TRUE);
     void UpdateWindow();
@@ -125,6 +152,7 @@ protected:
     void OnLButtonUp(UINT flags, CPoint point);
     void OnLButtonDblClk(UINT flags, CPoint point);
     void OnContextMenu(CWnd* window, CPoint point);
+    void OnTimer(UINT_PTR id);
 
     /// Notifies the parent of a control with WM_COMMAND or WM_NOTIFY.
     void notifyParent(UINT code);
@@ -141,3 +169,6 @@ private:
 
     std::unique_ptr<zuhost::WindowLink> link_;
 };
+
+/// Returns whether the handle is that of a window.
+BOOL IsWindow(HWND window);
