@@ -40,4 +40,16 @@ bool isTerminal(std::FILE* stream) {
     return _isatty(_fileno(stream)) != 0;
 }
 
+std::tm localTime(std::time_t time) {
+    std::tm parts{};
+    localtime_s(&parts, &time);
+    return parts;
+}
+
+std::tm universalTime(std::time_t time) {
+    std::tm parts{};
+    gmtime_s(&parts, &time);
+    return parts;
+}
+
 } // namespace zuhost::platform
