@@ -7,10 +7,10 @@
 
 #include <acdocman.h>
 #include <arxutil.h>
+#include <atlconv.h>
 #include <dbapserv.h>
 #include <dbmain.h>
 #include <rxregsvc.h>
-#include <zuhost/text_codec.h>
 
 #include <iostream>
 #include <span>
@@ -18,9 +18,13 @@
 
 namespace {
 
-int fail(std::wstring_view why) {
-    std::cerr << zuhost::toUtf8(why) << '\n';
+int fail(const std::wstring& why) {
+    std::cerr << static_cast<const char*>(CW2A(why.c_str(), CP_UTF8)) << '\n';
     return 1;
+}
+
+std::wstring wide(const char* utf8) {
+    return std::wstring(CA2W(utf8, CP_UTF8));
 }
 
 /// Returns the first element that is connected to the given one in one of its groups; null when there is
@@ -72,6 +76,5 @@ int main(int count, char** arguments) {
     const std::span<char*> given(arguments, static_cast<std::size_t>(count));
     if (given.size() != 5)
         return fail(L"usage: run_attredit MODULE DRAWING HANDLE OUT");
-    return run(zuhost::fromUtf8(given[1]), zuhost::fromUtf8(given[2]), zuhost::fromUtf8(given[3]),
-               zuhost::fromUtf8(given[4]));
+    return run(wide(given[1]), wide(given[2]), wide(given[3]), wide(given[4]));
 }

@@ -1,6 +1,7 @@
 #include <zucomn/attributes.h>
 
 #include "attribute_record.h"
+#include "frame/text_view.h"
 
 namespace {
 
@@ -16,7 +17,7 @@ CString withSeparator(const wchar_t* key) {
 int CAttributeData::FindAtt(const CStringArray* list, const wchar_t* key) {
     const std::wstring_view wanted = key != nullptr ? key : L"";
     for (int i = 0; list != nullptr && i < list->GetSize(); ++i)
-        if ((*list)[i].view().starts_with(wanted))
+        if (zu::view((*list)[i]).starts_with(wanted))
             return i;
     return -1;
 }

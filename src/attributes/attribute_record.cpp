@@ -1,5 +1,6 @@
 #include "attribute_record.h"
 
+#include "frame/text_view.h"
 #include "model/field_rules.h"
 
 #include <algorithm>
@@ -64,7 +65,7 @@ std::optional<AttributeRecord> decodeRecord(const CStringArray& strings) {
 std::wstring_view itemValue(const CStringArray& strings, std::wstring_view id) {
     constexpr std::wstring_view kBlanks = L" \t\u3000";
     for (int i = 1; i < strings.GetSize(); ++i) {
-        const std::wstring_view item = strings[i].view();
+        const std::wstring_view item = zu::view(strings[i]);
         if (!item.starts_with(id) || attributeFieldIn(item, 1) != id)
             continue;
         std::wstring_view value = item.size() > id.size() ? attributeFieldIn(item, 2) : std::wstring_view();

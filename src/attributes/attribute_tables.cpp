@@ -1,6 +1,7 @@
 #include "attribute_tables.h"
 
 #include "frame/environment.h"
+#include "frame/text_view.h"
 #include "model/parameter_index.h"
 #include "state/library_state.h"
 
@@ -71,7 +72,7 @@ bool AttributeTables::readParameters(CPtrArray& records) {
 } // namespace zu
 
 std::wstring zucomn::parameterTableFile() {
-    return std::wstring(zu::AttributeTables::parametersFile().view());
+    return std::wstring(zu::view(zu::AttributeTables::parametersFile()));
 }
 
 std::optional<bool> zucomn::isEditableAttribute(std::wstring_view id) {

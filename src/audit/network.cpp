@@ -1,5 +1,6 @@
 #include "network.h"
 
+#include "frame/text_view.h"
 #include "route/connection_points.h"
 #include "route/point_grid.h"
 
@@ -104,7 +105,7 @@ std::wstring numberText(double value) {
     CString text;
     // Adding 0.0 turns a negative zero, which would be written "-0", into a positive one.
     text.Format(L"%.15g", std::round(value * kSteps) / kSteps + 0.0);
-    return std::wstring(text.view());
+    return std::wstring(zu::view(text));
 }
 
 std::wstring placeText(const AcGePoint3d& point) {

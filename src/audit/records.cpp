@@ -1,6 +1,7 @@
 #include "attributes/attribute_record.h"
 #include "attributes/result_chain.h"
 #include "findings.h"
+#include "frame/text_view.h"
 #include "route/link_record.h"
 
 #include <arxutil.h>
@@ -80,7 +81,7 @@ CString join(const std::vector<CString>& fields) {
 
 /// Returns true for a text with the given number of terminated fields and nothing else.
 bool hasFields(const CString& text, std::size_t count) {
-    const std::wstring_view view = text.view();
+    const std::wstring_view view = zu::view(text);
     return view.ends_with(kFieldSeparator) &&
            static_cast<std::size_t>(std::count(view.begin(), view.end(), kFieldSeparator)) == count;
 }
@@ -102,13 +103,13 @@ std::optional<CString> withFields(const CString& text, std::size_t count) {
 std::wstring fieldsProblem(const std::wstring& what, const CString& text, std::size_t wanted) {
     const Fields fields = split(text);
     if (!fields.rest.IsEmpty())
-        return what + L" has a field that no bar ends: " + std::wstring(text.view());
+        return what + L" has a field that no bar ends: " + std::wstring(zu::view(text));
     return what + L" has " + std::to_wstring(fields.ended.size()) + L" fields instead of " +
-           std::to_wstring(wanted) + L": " + std::wstring(text.view());
+           std::to_wstring(wanted) + L": " + std::wstring(zu::view(text));
 }
 
 bool isCount(const CString& field) {
-    const std::wstring_view digits = field.view();
+    const std::wstring_view digits = zu::view(field);
     return !digits.empty() && digits.size() < 10 &&
            std::all_of(digits.begin(), digits.end(), [](wchar_t c) { return c >= L'0' && c <= L'9'; });
 }
@@ -144,7 +145,7 @@ public:
     }
 
     void checkLinkKind() {
-        const std::wstring_view text = record_.texts[0].view();
+        const std::wstring_view text = zu::view(record_.texts[0]);
         if (linkKind(text) < 0)
             note(L"link record doesn't begin with a link kind (0 to " + std::to_wstring(kLastLinkKind) +
                  L"): " + std::wstring(text));
@@ -186,7 +187,7 @@ private:
     [[nodiscard]] bool isHeaderRight() const {
         const CString& header = record_.texts[0];
         return hasFields(header, kHeaderFields) &&
-               header.view().starts_with(std::to_wstring(record_.texts.GetSize() - 1) + kFieldSeparator);
+               zu::view(header).starts_with(std::to_wstring(record_.texts.GetSize() - 1) + kFieldSeparator);
     }
 
     void checkHeader() {
@@ -207,8 +208,9 @@ private:
         }
         if (CString(count).Trim() == items)
             return;
-        const std::wstring problem = L"attribute record names \"" + std::wstring(count.view()) +
-                                     L"\" as the number of its items and has " + std::wstring(items.view());
+        const std::wstring problem = L"attribute record names \"" + std::wstring(zu::view(count)) +
+                                     L"\" as the number of its items and has " +
+                                     std::wstring(zu::view(items));
         if (!isCount(count) && !count.IsEmpty())
             return note(problem);
         count = items;
@@ -245,7 +247,7 @@ CountedElement elementOf(const AcDbBlockReference& reference, const RecordAudit&
                          const RecordAudit& link, ElementBlocks& blocks,
                          const zucomn::QuantityAttributes& ids) {
     CountedElement element = countedFrom(reference, blocks, attributes.texts(), ids);
-    element.kind = link.texts().IsEmpty() ? -1 : linkKind(link.texts()[0].view());
+    element.kind = link.texts().IsEmpty() ? -1 : linkKind(zu::view(link.texts()[0]));
     return element;
 }
 

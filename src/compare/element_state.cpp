@@ -1,6 +1,7 @@
 #include "element_state.h"
 
 #include "attributes/attribute_record.h"
+#include "frame/text_view.h"
 #include "route/link_record.h"
 
 #include <zucomn/model/elements.h>
@@ -25,7 +26,7 @@ std::vector<std::wstring> textsOf(AcDbObjectId id, const wchar_t* application) {
     std::vector<std::wstring> texts;
     texts.reserve(static_cast<std::size_t>(list.GetSize()));
     for (int i = 0; i < list.GetSize(); ++i)
-        texts.emplace_back(list[i].view());
+        texts.emplace_back(zu::view(list[i]));
     return texts;
 }
 
@@ -33,7 +34,7 @@ bool readReference(AcDbObjectId id, ElementState& state) {
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
     if (reference.openStatus() != Acad::eOk)
         return false;
-    state.block = CString(reference->blockName()).MakeLower().view();
+    state.block = zu::view(CString(reference->blockName()).MakeLower());
     state.layer = reference->layerName();
     state.position = reference->position();
     state.place = elementPlace(*reference.object());
@@ -43,7 +44,7 @@ bool readReference(AcDbObjectId id, ElementState& state) {
 std::wstring numberText(double value) {
     CString text;
     text.Format(L"%.15g", value);
-    return std::wstring(text.view());
+    return std::wstring(zu::view(text));
 }
 
 std::wstring scaleText(const ElementPlace& place) {
@@ -65,7 +66,7 @@ AttributeRecord recordOf(const ElementState& state) {
 }
 
 std::wstring text(const CString& value) {
-    return std::wstring(value.view());
+    return std::wstring(zu::view(value));
 }
 
 /// Records of damaged drawings have an id several times: its n-th occurrences belong together.

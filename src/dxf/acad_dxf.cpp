@@ -1,5 +1,6 @@
 #include <zucomn/dxf.h>
 
+#include "frame/text_view.h"
 #include "part_memory.h"
 #include "record_input.h"
 #include "values.h"
@@ -22,7 +23,7 @@ constexpr std::size_t kBinaryLimit = 255;
 std::wstring folded(const wchar_t* name) {
     CString text(name);
     text.MakeUpper();
-    return std::wstring(text.view());
+    return std::wstring(zu::view(text));
 }
 
 bool hasZufExtension(const CString& path) {

@@ -1,6 +1,7 @@
 #include <zucomn/dxf.h>
 
 #include "entity_reader.h"
+#include "frame/text_view.h"
 #include "part_memory.h"
 #include "record_input.h"
 #include "values.h"
@@ -20,7 +21,7 @@ std::string_view trimmed(std::string_view name) {
 std::wstring folded(const CString& name) {
     CString text(name);
     text.MakeUpper();
-    return std::wstring(text.view());
+    return std::wstring(zu::view(text));
 }
 
 template <typename Number>

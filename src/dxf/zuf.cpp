@@ -1,5 +1,6 @@
 #include <zucomn/dxf.h>
 
+#include "frame/text_view.h"
 #include "values.h"
 
 #include <string>
@@ -10,7 +11,7 @@ namespace {
 constexpr std::wstring_view kExtension = L"zuf";
 
 double numberOf(const CString& text) {
-    const std::wstring_view wide = text.view();
+    const std::wstring_view wide = zu::view(text);
     std::string digits;
     for (const wchar_t c : wide)
         digits += c > 0 && c < 0x80 ? static_cast<char>(c) : '?';
@@ -68,7 +69,7 @@ bool CAcadDxf::LoadZufData(const CStringArray& lines) {
 }
 
 int CAcadDxf::GetRecordMember(int n, const CString& line, CString& member) {
-    const std::wstring_view text = line.view();
+    const std::wstring_view text = zu::view(line);
     std::size_t at = n < 0 ? std::wstring_view::npos : 0;
     for (int run = 0; run < n && at != std::wstring_view::npos; ++run) {
         at = text.find(L' ', at);

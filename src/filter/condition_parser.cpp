@@ -3,6 +3,7 @@
 #include "condition.h"
 #include "condition_tokens.h"
 #include "frame/plain_number.h"
+#include "frame/text_view.h"
 
 #include <afxstr.h>
 
@@ -110,7 +111,7 @@ private:
         comparison.op = tokens_[next_++].op;
         if (token().kind != Kind::text)
             return fail(kExpectedValue);
-        comparison.text = std::wstring(CString(tokens_[next_++].text).Trim(L" \t\u3000").view());
+        comparison.text = std::wstring(zu::view(CString(tokens_[next_++].text).Trim(L" \t\u3000")));
         comparison.number = plainNumber(comparison.text);
         condition_.steps.emplace_back(std::move(comparison));
         return true;

@@ -1,4 +1,5 @@
 #include "name_patterns.h"
+#include "frame/text_view.h"
 
 #include <afxstr.h>
 
@@ -9,7 +10,7 @@ namespace zu {
 namespace {
 
 std::wstring folded(std::wstring_view text) {
-    return std::wstring(CString(std::wstring(text)).Trim().MakeLower().view());
+    return std::wstring(zu::view(CString(std::wstring(text)).Trim().MakeLower()));
 }
 
 bool matches(std::wstring_view pattern, std::wstring_view name) {

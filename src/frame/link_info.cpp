@@ -3,6 +3,7 @@
 #include "library_text.h"
 #include "link_merge.h"
 #include "resource_ids.h"
+#include "text_view.h"
 
 #include <zucomn/settings.h>
 #include <zucomn/tables.h>
@@ -23,10 +24,10 @@ ValuesByKey valuesOf(const CPtrArray& records) {
     for (int i = 0; i < records.GetSize(); ++i) {
         const auto& fields = *static_cast<const CStringArray*>(static_cast<const CObject*>(records[i]));
         if (fields.GetSize() == 1) {
-            key = std::wstring(fields[0].view()) + L'\n';
+            key = std::wstring(zu::view(fields[0])) + L'\n';
             continue;
         }
-        key += fields[0].view();
+        key += zu::view(fields[0]);
         values.try_emplace(key, fields[1]);
         key.clear();
     }
@@ -37,9 +38,9 @@ std::vector<zu::LinkPair> pairsOf(const CStringArray& keys, const CStringArray& 
     std::vector<zu::LinkPair> pairs;
     std::unordered_set<std::wstring_view> seen;
     for (int i = 0; i < keys.GetSize(); ++i) {
-        const std::wstring_view value = values[i].view();
-        if (seen.insert(keys[i].view()).second)
-            pairs.push_back({std::wstring(keys[i].view()), std::wstring(value)});
+        const std::wstring_view value = zu::view(values[i]);
+        if (seen.insert(zu::view(keys[i])).second)
+            pairs.push_back({std::wstring(zu::view(keys[i])), std::wstring(value)});
     }
     return pairs;
 }
@@ -151,7 +152,7 @@ bool ZuComn_GetLinkInfo(const wchar_t* path, const CStringArray& keys, CStringAr
     ZuComn_RemoveAllFree(records);
     const int count = keys.GetSize(); // `keys` and `values` may be the same array.
     for (int i = 0; i < count; ++i) {
-        const auto value = found.find(std::wstring(keys[i].view()));
+        const auto value = found.find(std::wstring(zu::view(keys[i])));
         values.Add(value != found.end() ? value->second : CString());
     }
     return true;

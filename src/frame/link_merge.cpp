@@ -2,6 +2,7 @@
 
 #include "line_splitter.h"
 #include "text_encoding.h"
+#include "text_view.h"
 
 #include <afxstr.h>
 
@@ -24,7 +25,7 @@ std::wstring_view withoutLineEnd(std::wstring_view line) {
 }
 
 bool isTrimmed(std::wstring_view text) {
-    return CString(text).Trim().view() == text;
+    return zu::view(CString(text).Trim()) == text;
 }
 
 class Merge {
@@ -95,11 +96,11 @@ private:
             return true;
         if (line.Find(kSeparator) < 0) {
             result_ += std::exchange(heldComments_, {});
-            heldText_ = std::wstring(line.view()) + L'\n';
+            heldText_ = std::wstring(zu::view(line)) + L'\n';
             heldBytes_ = bytes;
             return true;
         }
-        const std::wstring_view field = line.view().substr(0, line.view().find(kSeparator));
+        const std::wstring_view field = zu::view(line).substr(0, zu::view(line).find(kSeparator));
         const auto match = pending_.find(heldText_.append(withoutTrailingSpaces(field)));
         heldText_.clear();
         if (match == pending_.end()) {
@@ -147,7 +148,7 @@ private:
         CString lines(text);
         if (crlf_)
             lines.Replace(L"\n", L"\r\n");
-        const auto bytes = encoding_.encode(lines.view());
+        const auto bytes = encoding_.encode(zu::view(lines));
         if (!bytes || bytes->size() > kLongestLine)
             return false;
         result_ += *bytes;

@@ -1,5 +1,7 @@
 #include <zucomn/strings.h>
 
+#include "text_view.h"
+
 #include <algorithm>
 #include <string_view>
 
@@ -54,7 +56,7 @@ void ZuComn_ExtractFileName(wchar_t* directory, wchar_t* name, wchar_t* title, w
                             const wchar_t* path, int level) {
     // Copied because an output may be the buffer of the path.
     const CString whole(path);
-    const PathParts parts = splitPath(whole.view(), level);
+    const PathParts parts = splitPath(zu::view(whole), level);
     copyTo(parts.directory, directory);
     copyTo(parts.name, name);
     copyTo(parts.title, title);

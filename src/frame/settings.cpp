@@ -4,6 +4,7 @@
 #include "library_text.h"
 #include "reset.h"
 #include "resource_ids.h"
+#include "text_view.h"
 
 #include <zucomn/frame.h>
 
@@ -140,7 +141,7 @@ CString ZuComn_readConfig(const wchar_t* file, const wchar_t* section, const wch
 int ZuComn_readConfig(wchar_t* buffer, const wchar_t* file, const wchar_t* section, const wchar_t* key) {
     CString value;
     const int result = ZuComn_readConfig(value, file, section, key);
-    const std::wstring_view characters = value.view();
+    const std::wstring_view characters = zu::view(value);
     *std::copy(characters.begin(), characters.end(), buffer) = L'\0';
     return result;
 }
@@ -158,7 +159,7 @@ int ZuComn_readEnvConfig(CString& value, const wchar_t* key) {
     const CString name(key);
     value = valueOrEmpty(configurationFile(), zu::kEnvironmentSection, name);
     const auto option = std::find_if(kKnownOptions.begin(), kKnownOptions.end(),
-                                     [&name](const Option& known) { return known.key == name.view(); });
+                                     [&name](const Option& known) { return known.key == zu::view(name); });
     if (option == kKnownOptions.end())
         return 0;
     if (value.IsEmpty()) {

@@ -1,6 +1,7 @@
 #include <zucomn/strings.h>
 
 #include "line_splitter.h"
+#include "text_view.h"
 
 int ZuComn_SeparateString(const wchar_t* text, CStringArray& fields, wchar_t separator) {
     const CString whole(text);
@@ -27,7 +28,7 @@ int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, const wchar
     fields.RemoveAll();
     if (whole.IsEmpty() || delimiter == L'\0')
         return -1;
-    zu::splitLine(whole.view(), delimiter, selection,
+    zu::splitLine(zu::view(whole), delimiter, selection,
                   [&fields](std::wstring_view field) { fields.Add(CString(field)); });
     return fields.IsEmpty() ? -1 : 0;
 }

@@ -5,6 +5,7 @@
 #include "line_splitter.h"
 #include "module_state.h"
 #include "resource_ids.h"
+#include "text_view.h"
 
 #include <zucomn/frame.h>
 #include <zucomn/settings.h>
@@ -85,8 +86,8 @@ template <typename List>
 std::unique_ptr<Part<List>> readPart(CTextBlock& block, const Format& format) {
     auto part = std::make_unique<Part<List>>();
     for (CString line; !part->endsTable && block.ReadString(line) != FALSE;) {
-        part->endsTable = zu::endsTable(line.view());
-        const std::wstring_view data = zu::withoutTrailingSpaces(line.view());
+        part->endsTable = zu::endsTable(zu::view(line));
+        const std::wstring_view data = zu::withoutTrailingSpaces(zu::view(line));
         if (part->endsTable || data.empty() || zu::isComment(data))
             continue;
         part->list.startRecord();

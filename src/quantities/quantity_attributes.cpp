@@ -1,5 +1,6 @@
 #include "frame/library_text.h"
 #include "frame/resource_ids.h"
+#include "frame/text_view.h"
 
 #include <zucomn/model/quantities.h>
 #include <zucomn/settings.h>
@@ -29,7 +30,7 @@ Ids split(const CString& list) {
     Ids ids;
     for (int start = 0; start >= 0;)
         if (CString id = list.Tokenize(L",", start); !id.Trim().IsEmpty())
-            ids.emplace_back(id.view());
+            ids.emplace_back(zu::view(id));
     return ids;
 }
 

@@ -1,4 +1,5 @@
 #include "connection_cache.h"
+#include "frame/text_view.h"
 
 #include <zucomn/frame.h>
 #include <zucomn/route.h>
@@ -47,7 +48,7 @@ void ConnectionCache::clear() {
 }
 
 void ConnectionCache::checkLayer() {
-    if (ZUCONECT_LAYER.view() == layer_)
+    if (zu::view(ZUCONECT_LAYER) == layer_)
         return;
     layer_ = connectionLayer();
     clear();

@@ -1,6 +1,7 @@
 #include "connection_points.h"
 
 #include "connection_indexes.h"
+#include "frame/text_view.h"
 
 #include <zucomn/frame.h>
 #include <zucomn/route.h>
@@ -87,12 +88,13 @@ Read<Points> connectionPoints(AcDbObjectId element, std::wstring_view layer) {
     if (reference.openStatus() != Acad::eOk)
         return {reference.openStatus(), {}};
     const AcDbObjectId block = reference->blockTableRecord();
-    return placed(layer == ZUCONECT_LAYER.view() ? connectionPointsOf(block) : definitionPoints(block, layer),
+    return placed(layer == zu::view(ZUCONECT_LAYER) ? connectionPointsOf(block)
+                                                    : definitionPoints(block, layer),
                   *reference.object());
 }
 
 std::wstring connectionLayer() {
-    return std::wstring(ZUCONECT_LAYER.view());
+    return std::wstring(zu::view(ZUCONECT_LAYER));
 }
 
 bool isLargeScale() {

@@ -2,6 +2,7 @@
 
 #include "connection_points.h"
 #include "element_code.h"
+#include "frame/text_view.h"
 
 #include <zucomn/frame.h>
 
@@ -81,7 +82,7 @@ std::optional<CString> groupName(AcDbObjectId id) {
 }
 
 bool isRouteGroupName(const CString& name) {
-    return startsWithNoCase(name.view(), kNamedPrefix) || name.view().starts_with(L"*A");
+    return startsWithNoCase(zu::view(name), kNamedPrefix) || zu::view(name).starts_with(L"*A");
 }
 
 int groupNumber(const CString& name) {

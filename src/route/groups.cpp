@@ -1,5 +1,6 @@
 #include <zucomn/model/groups.h>
 
+#include "frame/text_view.h"
 #include "group_access.h"
 
 #include <zucomn/route.h>
@@ -18,7 +19,7 @@ std::optional<Group> readGroup(AcDbObjectId id) {
     if (!members)
         return std::nullopt;
     const CString name = zu::groupName(id).value_or(CString());
-    Group group{id, std::wstring(name.view()), zu::groupNumber(name), 0, zu::isRouteGroupName(name), {}};
+    Group group{id, std::wstring(zu::view(name)), zu::groupNumber(name), 0, zu::isRouteGroupName(name), {}};
     RootComn_GetRootKind2(id, &group.kind);
     group.members.assign(members->begin(), members->end());
     return group;

@@ -1,4 +1,5 @@
 #include "frame/library_text.h"
+#include "frame/text_view.h"
 #include "group_access.h"
 #include "route_kinds.h"
 
@@ -57,7 +58,7 @@ int RootComn_GetRootKind2(const AcDbObjectId& group, int* kind) {
 std::vector<zucomn::RouteKind> zucomn::routeKinds() {
     std::vector<RouteKind> kinds;
     for (const zu::RouteKindRow& row : zu::kRouteKinds)
-        kinds.push_back({row.number, std::wstring(zu::libraryText(row.name).view()), row.colour});
+        kinds.push_back({row.number, std::wstring(zu::view(zu::libraryText(row.name))), row.colour});
     return kinds;
 }
 

@@ -3,6 +3,7 @@
 #include "attributes/attribute_record.h"
 #include "frame/plain_number.h"
 #include "frame/resource_ids.h"
+#include "frame/text_view.h"
 #include "layer_locks.h"
 #include "progress_scope.h"
 
@@ -47,7 +48,7 @@ private:
 /// Returns true unless the record has a mounting height that is not a number.
 bool canBePlaced(const CStringArray& record) {
     const CString height = CAttributeData::GetValueAtt(&record, kMountingHeight).Trim();
-    return height.IsEmpty() || plainNumber(height.view());
+    return height.IsEmpty() || plainNumber(zu::view(height));
 }
 
 bool hasAnyOf(const CStringArray& record, std::span<const ShownItem> values) {
@@ -60,7 +61,7 @@ EditedElement edit(AcDbObjectId element, std::span<const ShownItem> values, cons
     CStringArray record;
     const bool isRead = ApiComn_extractAttributesArrayID(element, kAttributeApplication, record) == 0;
     EditedElement edited{element, EditOutcome::noAttribute, isRead && hasAnyOf(record, values), false,
-                         std::wstring(lockedLayer.view())};
+                         std::wstring(zu::view(lockedLayer))};
     if (!lockedLayer.IsEmpty()) {
         edited.outcome = EditOutcome::lockedLayer;
     } else if (edited.hasAttribute) {
@@ -111,7 +112,7 @@ std::vector<zucomn::AttributeRow> zucomn::readAttributes(AcDbObjectId element) {
     const auto record = zu::decodeRecord(list);
     if (!record)
         return rows;
-    const auto text = [](const CString& field) { return std::wstring(field.view()); };
+    const auto text = [](const CString& field) { return std::wstring(zu::view(field)); };
     for (const zu::ItemFields& item : record->items) {
         AttributeRow& row = rows.emplace_back(AttributeRow{text(record->first), text(record->second),
                                                            text(CAttributeData::GetItemName(item[0]))});

@@ -1,13 +1,14 @@
 #include "field_rules.h"
 
 #include "attributes/attribute_rows.h"
+#include "frame/text_view.h"
 
 #include <zucomn/model/attributes.h>
 
 namespace zu {
 
 CString attributeField(const CString& text, int n) {
-    return CString(attributeFieldIn(text.view(), n));
+    return CString(attributeFieldIn(zu::view(text), n));
 }
 
 std::wstring_view attributeFieldIn(std::wstring_view text, int n) {
@@ -26,7 +27,7 @@ bool containsText(const CString& text, const CString& part) {
 }
 
 bool canHold(const CString& value) {
-    const zucomn::ValueFault fault = zucomn::valueFault(value.view());
+    const zucomn::ValueFault fault = zucomn::valueFault(zu::view(value));
     return fault == zucomn::ValueFault::none || fault == zucomn::ValueFault::placeholder;
 }
 

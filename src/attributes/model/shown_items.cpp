@@ -3,6 +3,7 @@
 #include "attributes/attribute_rows.h"
 #include "field_rules.h"
 #include "frame/line_splitter.h"
+#include "frame/text_view.h"
 
 #include <zucomn/attributes.h>
 #include <zucomn/model/attributes.h>
@@ -16,7 +17,7 @@ namespace {
 
 /// Returns the value field without trailing blanks.
 std::wstring_view valueOf(const CString& text) {
-    return withoutTrailingSpaces(attributeFieldIn(text.view(), 2));
+    return withoutTrailingSpaces(attributeFieldIn(zu::view(text), 2));
 }
 
 /// Returns field n when it ends in "|", else an empty text.
@@ -34,12 +35,12 @@ std::wstring_view endedField(std::wstring_view text, int n) {
 
 bool isMarkedEditable(const CString& text) {
     constexpr int kMarkField = 6;
-    return endedField(text.view(), kMarkField).starts_with(L'1');
+    return endedField(zu::view(text), kMarkField).starts_with(L'1');
 }
 
 CString labelOf(const CString& text) {
     constexpr int kLabelField = 4;
-    return CString(endedField(text.view(), kLabelField)).Trim();
+    return CString(endedField(zu::view(text), kLabelField)).Trim();
 }
 
 struct Occurrence {
@@ -56,7 +57,7 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
     for (std::size_t entity = 0; entity < lists.size(); ++entity) {
         const CStringArray& list = *lists[entity];
         for (int i = 1; i < list.GetSize(); ++i) {
-            const std::wstring_view id = attributeFieldIn(list[i].view(), 1);
+            const std::wstring_view id = attributeFieldIn(zu::view(list[i]), 1);
             if (id.empty())
                 continue;
             const std::wstring_view value = valueOf(list[i]);
@@ -73,7 +74,7 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
             occurrence.lastEntity = entity;
             ++occurrence.entities;
             ShownItem& item = items[occurrence.index];
-            if (item.value.view() != value)
+            if (zu::view(item.value) != value)
                 item.value = kVarious;
             item.marked = item.marked && isMarkedEditable(list[i]);
             if (item.label.IsEmpty())
@@ -92,7 +93,7 @@ bool isEditable(const ShownItem& item, const ParameterIndex& parameters) {
 std::vector<ShownItem> writableItems(std::span<const ShownItem> items, const ParameterIndex& parameters) {
     std::vector<ShownItem> writable;
     std::copy_if(items.begin(), items.end(), std::back_inserter(writable), [&](const ShownItem& item) {
-        return zucomn::valueFault(item.value.view()) == zucomn::ValueFault::none &&
+        return zucomn::valueFault(zu::view(item.value)) == zucomn::ValueFault::none &&
                isEditable(item, parameters);
     });
     return writable;
@@ -102,7 +103,7 @@ bool applyItems(CStringArray& list, std::span<const ShownItem> writable) {
     bool changed = false;
     for (const ShownItem& item : writable) {
         const int index = CAttributeData::FindAtt(&list, item.key);
-        if (index < 0 || valueOf(list[index]) == item.value.view())
+        if (index < 0 || valueOf(list[index]) == zu::view(item.value))
             continue;
         // SetAtAtt removes a last field that does not end in "|".
         if (list[index].Find(kFieldSeparator, item.key.GetLength()) < 0)

@@ -1,6 +1,7 @@
 #include "lines_file.h"
 
 #include "attribute_lines.h"
+#include "frame/text_view.h"
 
 #include <afx.h>
 
@@ -30,7 +31,7 @@ bool write(const CString& path, const CString& text) {
 
 /// A line end would split the line, and the file's interface writes up to the first null character only.
 bool canBeSaved(const CString& line) {
-    return line.view().find_first_of(std::wstring_view(L"\r\n\0", 3)) == std::wstring_view::npos;
+    return zu::view(line).find_first_of(std::wstring_view(L"\r\n\0", 3)) == std::wstring_view::npos;
 }
 
 /// Returns true when reading the file gives exactly the lines.

@@ -8,6 +8,7 @@
 #include "frame/library_text.h"
 #include "frame/module_state.h"
 #include "frame/resource_ids.h"
+#include "frame/text_view.h"
 #include "lines_file.h"
 
 #include <arxutil.h>
@@ -71,7 +72,7 @@ std::vector<int> CUPEntView::Parts::selectedLines() const {
 int CUPEntView::Parts::findSelected(const wchar_t* key) const {
     const std::wstring_view wanted = key != nullptr ? key : L"";
     for (const int line : selectedLines())
-        if (lines[line].view().starts_with(wanted))
+        if (zu::view(lines[line]).starts_with(wanted))
             return line;
     return -1;
 }
