@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "model/comparison.h"
 #include "plan/comparison_picture.h"
+#include "report/csv.h"
 #include "report/differences.h"
 
 #include <memory>
@@ -18,7 +19,7 @@ struct Options {
     DrawingSource before;
     DrawingSource after;
     bool strict = false;
-    bool json = false;
+    ListingForm form;
     std::string picture;
 };
 
@@ -26,8 +27,10 @@ bool compareAndPrint(const Options& options) {
     DrawingFile before({options.before.path, options.strict});
     DrawingFile after({options.after.path, options.strict});
     const zucomn::DrawingDifferences differences = compare(before, after);
-    if (options.json)
+    if (options.form.json)
         printJson(differencesJson(differences));
+    else if (options.form.csv)
+        printDifferenceRows(differences);
     else
         printDifferences(differences);
     if (!options.picture.empty())
@@ -58,7 +61,7 @@ void addCompareCommand(Command& program) {
     command->add_option("A", options->before.path, "The first drawing")->required();
     command->add_option("B", options->after.path, "The second drawing")->required();
     command->add_flag("--strict", options->strict, "Refuse drawings that would open with warnings");
-    command->add_flag("--json", options->json, "As JSON");
+    addListingForm(*command, options->form);
     command->add_option("-o,--output", options->picture,
                         "A picture, .png, .svg or .pdf: removed red, added green, changed amber");
     command->callback([options] { run(*options); });

@@ -3,6 +3,7 @@
 #include "manners/translation.h"
 #include "model/drawing_file.h"
 #include "model/element.h"
+#include "report/csv.h"
 #include "text.h"
 
 #include <zucomn/model/attributes.h>
@@ -180,7 +181,54 @@ void printJoints(const DrawingDifferences& differences) {
     print("made joints:", differences.made);
 }
 
+/// A row of the table of differences; what is not given stays empty.
+Json rowOf(const char* difference, const Json& change) {
+    Json row = change.is_object() ? change : Json{{"handle", change}};
+    row["difference"] = difference;
+    return row;
+}
+
+/// One row for each value, group member or joint that differs.
+Json differenceRows(const Json& differences) {
+    Json rows = Json::array();
+    const auto add = [&rows](const char* difference, const Json& changes) {
+        for (const Json& change : changes)
+            rows.push_back(rowOf(difference, change));
+    };
+    add("removed", differences["removed"]);
+    add("added", differences["added"]);
+    for (Json change : differences["moved"]) {
+        change["old"] = change["from"];
+        change["new"] = change["to"];
+        rows.push_back(rowOf("moved", change));
+    }
+    for (const Json& change : differences["changed"])
+        for (Json value : change["attributes"]) {
+            value["handle"] = change["handle"];
+            value["was"] = change.value("was", "");
+            rows.push_back(rowOf("changed", value));
+        }
+    for (const Json& group : differences["groups"])
+        for (const auto& [difference, members] :
+             {std::pair("removed from group", group["removed"]), std::pair("added to group", group["added"])})
+            for (const Json& member : members)
+                rows.push_back(rowOf(difference, {{"handle", member}, {"group", group["name"]}}));
+    for (const auto& [difference, joints] : {std::pair("broken joint", differences["joints"]["broken"]),
+                                             std::pair("made joint", differences["joints"]["made"])})
+        for (const Json& joint : joints)
+            rows.push_back(rowOf(difference, {{"handle", joint[0]}, {"with", joint[1]}}));
+    add("other removed", differences["other"]["removed"]);
+    add("other added", differences["other"]["added"]);
+    add("other changed", differences["other"]["changed"]);
+    return rows;
+}
+
 } // namespace
+
+void printDifferenceRows(const DrawingDifferences& differences) {
+    printCsv({"difference", "handle", "was", "key", "old", "new", "group", "with"},
+             differenceRows(differencesJson(differences)));
+}
 
 Json differencesJson(const DrawingDifferences& differences) {
     return {{"same", differences.isEmpty()},
