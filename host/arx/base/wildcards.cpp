@@ -39,7 +39,7 @@ bool matchesElement(wchar_t c, Text element) {
         set.remove_prefix(negated ? 1 : 0);
         return isInSet(c, set) != negated;
     }
-    const auto character = static_cast<std::wint_t>(c);
+    const auto character = static_cast<std::wint_t>(static_cast<char32_t>(c));
     switch (element.front()) {
     case L'#':
         return c >= L'0' && c <= L'9';

@@ -306,7 +306,7 @@ private:
     static std::wstring anonymousName(const AcDbBlockTable& table, const std::wstring& name) {
         const std::wstring kind = name.substr(0, 2);
         for (int number = 1;; ++number)
-            if (const std::wstring free = kind + std::to_wstring(number); !table.has(free.c_str()))
+            if (std::wstring free = kind + std::to_wstring(number); !table.has(free.c_str()))
                 return free;
     }
 

@@ -71,7 +71,7 @@ Fraction fractionOf(double value, int precision) {
 }
 
 std::wstring fractional(const Fraction& number) {
-    const std::wstring whole = formatted(number.whole, std::chars_format::fixed, 0);
+    std::wstring whole = formatted(number.whole, std::chars_format::fixed, 0);
     if (number.numerator == 0)
         return whole;
     const std::wstring part = std::to_wstring(number.numerator) + L"/" + std::to_wstring(number.denominator);

@@ -4,6 +4,7 @@
 #include "dbents.h"
 #include "dbgroup.h"
 #include "dbsymtb.h"
+#include "dbxrecrd.h"
 
 #include <algorithm>
 #include <array>
@@ -29,6 +30,7 @@ constexpr std::array kTypes{
     TypeClass{"MTEXT", &AcDbMText::desc},
     TypeClass{"GROUP", &AcDbGroup::desc},
     TypeClass{"DICTIONARY", &AcDbDictionary::desc},
+    TypeClass{"XRECORD", &AcDbXrecord::desc},
     TypeClass{"LAYER", &AcDbLayerTableRecord::desc},
     TypeClass{"LTYPE", &AcDbLinetypeTableRecord::desc},
     TypeClass{"STYLE", &AcDbTextStyleTableRecord::desc},

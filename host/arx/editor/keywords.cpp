@@ -10,7 +10,7 @@ namespace zuhost {
 namespace {
 
 bool isCapital(wchar_t c) {
-    const auto character = static_cast<std::wint_t>(c);
+    const auto character = static_cast<std::wint_t>(static_cast<char32_t>(c));
     return std::iswupper(character) != 0 || std::iswdigit(character) != 0 || c == L'-';
 }
 

@@ -97,22 +97,25 @@ int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point);
 
 // ---- selection sets: up to 128 at a time, each until acedSSFree
 
-/// Selects entities that the filter admits into a new set, which the caller frees: the newest first. `mode`
-/// is
-///   "X"  all of model and paper space, "A" all of model space that is not on a frozen layer,
-///   "W", "C" those within, or within or crossing, the rectangle of two points (ads_point),
-///   "WP", "CP", "F" within a polygon, within or crossing it, crossing a fence: `point1` is a chain of
-///   points, "L" the entity drawn last, "P" those selected before, null with a point: the entity picked
-///   there; null without one: those that the user selects.
-/// A prefix "_" is ignored. "I" finds nothing: no entities are selected before a command. Entities on layers
-/// that are off or frozen are picked with none of the last six. Block references are tested by their content,
-/// texts by their approximate frame, entities of types that the host does not draw by their extents.
+/// Selects entities that the filter admits into a new set, the newest first, which the caller frees. Modes:
+/// - "X": all of model and paper space; "A": all of model space that is not on a frozen layer;
+/// - "W", "C": those within, or within or crossing, the rectangle of two points (ads_point);
+/// - "WP", "CP", "F": those within a polygon, within or crossing it, crossing a fence; `point1` is a chain of
+///   points;
+/// - "L": the entity drawn last; "P": those selected before; "I": none, as nothing is selected before a
+///   command;
+/// - null with a point: the entity there; null without one: those that the user selects.
 ///
-/// The filter is a chain of group codes and values that an entity's list (acdbEntGet) must have. Texts of
-/// codes other than 1 may have wildcards and ignore case. (-4, operator) before an item compares otherwise:
-/// "=", "!=" ("/=", "<>"),
-/// "<", "<=", ">", ">=", "&", "&=", "*", for points one for each coordinate: ">,>,*". (-4, "<AND") ... (-4,
-/// "AND>"), likewise OR, XOR and NOT, group items. (-3) before (1001, name) asks for extended data.
+/// A prefix "_" is ignored. What is selected by its place, or as the last entity, is on a layer that is
+/// neither off nor frozen. Lines, circles, arcs, polylines in a plane, points, texts (by their approximate
+/// frames) and, with their content, block references have a place.
+///
+/// The filter is a chain of group codes and values that an entity's list (acdbEntGet) must have:
+/// - texts may have wildcards and, but for code 1, ignore case;
+/// - (-4, operator) before an item compares otherwise: = != /= <> < <= > >= & &= *, for points one for each
+///   coordinate, as ">,>,*";
+/// - (-4, "<AND") ... (-4, "AND>") group items, likewise OR, XOR and NOT;
+/// - (-3) before (1001, name) asks for extended data of an application.
 ///
 /// RTERROR when nothing is selected and for an invalid mode, point or filter, RTCAN when the user cancels.
 int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const resbuf* filter, ads_name set);
