@@ -17,6 +17,10 @@ cmake --build "$work/outside" >/dev/null
 # The example of an application module, built outside and loaded by the host.
 cmake -S "$source/../../examples/attredit" -B "$work/attredit" -G Ninja -DCMAKE_PREFIX_PATH="$tree" -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
 cmake --build "$work/attredit" >/dev/null
+cmake -S "$source/../../examples/pipetag" -B "$work/pipetag" -G Ninja -DCMAKE_PREFIX_PATH="$tree" -DCMAKE_CXX_COMPILER="$compiler" >/dev/null
+cmake --build "$work/pipetag" >/dev/null
+"$tree/bin/zu" run-command "$work/pipetag/libpipetag.so" PIPETAGLIST "$samples/drawings/office-floor.dxf" </dev/null 2>&1 |
+  grep -q "The drawing has no tags"
 told=$("$work/attredit/run_attredit" "$work/attredit/libattredit.so" "$samples/drawings/office-floor.dxf" 110 "$work/edited.dxf" 2>&1)
 test "$told" = "attredit: 58 elements raised by 100
 attredit: 110 goes
