@@ -49,7 +49,7 @@ def synopsis(full_name, command):
     if command["commands"]:
         words.append("\\fICOMMAND\\fR ...")
     for argument in command["arguments"]:
-        name = f"\\fI{escaped(argument['name'])}\\fR"
+        name = f"\\fI{escaped(argument['name'])}\\fR" + (" ..." if argument["repeats"] else "")
         words.append(name if argument["required"] else f"[{name}]")
     return " ".join(words + ["[\\fIOPTIONS\\fR]"])
 

@@ -31,4 +31,4 @@ with tempfile.TemporaryDirectory() as folder:
     commands = run("--complete", "").split("\n")
     check(len(os.listdir(folder)) == len([c for c in commands if "\t" in c]) + 1, "a page for each command, and one for all")
     page = (pathlib.Path(folder) / "zu-set-attribute.1").read_text(encoding="utf-8")
-    check(all(text in page for text in (".TH", "\\fIDRAWING\\fR", "\\fB\\-\\-where\\fR", "EXIT STATUS")), "a page names arguments and options")
+    check(all(text in page for text in (".TH", "\\fIDRAWING\\fR ... \\fIKEY", "\\fB\\-\\-where\\fR", "EXIT STATUS")), "a page names arguments and options")

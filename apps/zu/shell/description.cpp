@@ -12,7 +12,8 @@ Json describeOption(const CLI::Option& option) {
             {"description", option.get_description()},
             {"value", takesValue ? option.get_type_name() : ""},
             {"default", option.get_default_str()},
-            {"required", option.get_required()}};
+            {"required", option.get_required()},
+            {"repeats", option.get_items_expected_max() > 1}};
 }
 
 } // namespace
