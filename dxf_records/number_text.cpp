@@ -76,8 +76,9 @@ std::optional<double> parseReal(std::string_view text) {
     const std::string_view number = withoutPlus(trimmed(text));
     if (number.empty())
         return std::nullopt;
+    constexpr std::size_t kLongestPlain = 18; // Longer ones have more digits than the fast path takes.
     double plain = 0;
-    if (parsePlainReal(number, plain))
+    if (number.size() <= kLongestPlain && parsePlainReal(number, plain))
         return plain;
     if (const auto value = parsePlain(number))
         return value;

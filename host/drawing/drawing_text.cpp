@@ -123,10 +123,11 @@ DrawingText DrawingText::of(int version, std::string_view codePageName, bool& kn
 }
 
 std::wstring DrawingText::decode(std::string_view value) const {
+    // Every encoding extends ASCII: without these bytes there is no such character.
+    const bool mayHaveEscapes =
+        std::any_of(value.begin(), value.end(), [](char c) { return c == '\\' || c == '^'; });
     std::wstring text = codec_.decode(value);
-    if (text.find_first_of(L"\\^") == std::wstring::npos)
-        return text;
-    return dxf::withoutEscapes(text, decodePair);
+    return mayHaveEscapes ? dxf::withoutEscapes(text, decodePair) : text;
 }
 
 std::string DrawingText::withLineEnds(std::string_view value) const {

@@ -48,8 +48,19 @@ void HandleIndex::completeHandles(std::deque<AcDbStub>& stubs) {
 }
 
 AcDbStub* HandleIndex::find(std::uint64_t handle) const {
-    const auto at = std::lower_bound(entries_.begin(), entries_.end(), Entry{handle, nullptr}, kByHandle);
-    return at != entries_.end() && at->handle == handle ? at->stub : nullptr;
+    if (entries_.empty() || handle < entries_.front().handle)
+        return nullptr;
+    // Handles differ, so that the entry is at most this far from the first. In most files few are missing:
+    // it is near.
+    const std::size_t last = std::min<std::uint64_t>(handle - entries_.front().handle, entries_.size() - 1);
+    std::size_t distance = 1;
+    while (distance <= last && entries_[last - distance].handle > handle)
+        distance *= 2;
+    const auto begin = entries_.begin();
+    const auto at =
+        std::lower_bound(begin + static_cast<std::ptrdiff_t>(last - std::min(distance, last)),
+                         begin + static_cast<std::ptrdiff_t>(last), Entry{handle, nullptr}, kByHandle);
+    return at->handle == handle ? at->stub : nullptr;
 }
 
 void HandleIndex::add(AcDbStub& stub) {

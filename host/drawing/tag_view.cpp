@@ -58,6 +58,8 @@ std::size_t readWith(Reader reader, std::size_t place, std::size_t last, bool is
 std::optional<double> TagRef::real() const {
     if (isBinary_ && dxf::valueType(code) == ValueType::real)
         return dxf::binaryReal(text);
+    if (!isBinary_)
+        return parseReal(text);
     std::string scratch;
     return parseReal(value(scratch));
 }
@@ -65,6 +67,8 @@ std::optional<double> TagRef::real() const {
 std::optional<std::int64_t> TagRef::integer() const {
     if (isBinary_ && dxf::isInteger(dxf::valueType(code)))
         return dxf::binaryInteger(text);
+    if (!isBinary_)
+        return parseInteger(text);
     std::string scratch;
     return parseInteger(value(scratch));
 }
@@ -233,6 +237,8 @@ std::optional<std::string_view> TagView::text(int code) const {
 void TagView::reals(std::span<const int> codes, std::span<double> values) const {
     std::uint32_t unseen = (1U << codes.size()) - 1;
     for (Iterator it = begin(); unseen != 0 && it != end(); ++it) {
+        if (dxf::valueType(it->code) != ValueType::real)
+            continue;
         for (std::size_t i = 0; i < codes.size(); ++i) {
             const std::uint32_t bit = 1U << i;
             if (it->code != codes[i] || (unseen & bit) == 0)

@@ -26,12 +26,17 @@ AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId
     setPosition(position);
 }
 
+zuhost::TagView AcDbBlockReference::ownSection() const {
+    const zuhost::TagView single = section(kMarker);
+    return single.empty() ? section(kRepeatedMarker) : single;
+}
+
 std::string_view AcDbBlockReference::marker() const {
     return section(kMarker).empty() && !section(kRepeatedMarker).empty() ? kRepeatedMarker : kMarker;
 }
 
 std::wstring AcDbBlockReference::blockName() const {
-    return textTag(marker(), 2);
+    return decoded(ownSection().text(2).value_or(""));
 }
 
 AcDbObjectId AcDbBlockReference::blockTableRecord() const {
@@ -49,12 +54,10 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
 
 AcDbBlockReference::Placement AcDbBlockReference::placement() const {
     std::array<double, 10> values{0, 0, 0, 1, 1, 1, 0, 0, 0, 1};
-    section(marker()).reals(std::array{10, 20, 30, 41, 42, 43, 50, 210, 220, 230}, values);
+    ownSection().reals(std::array{10, 20, 30, 41, 42, 43, 50, 210, 220, 230}, values);
     const auto& [x, y, z, sx, sy, sz, degrees, nx, ny, nz] = values;
-    Placement placement{{x, y, z}, {sx, sy, sz}, degrees * kDegree, unitNormal({nx, ny, nz})};
-    if (placement.normal != AcGeVector3d::kZAxis)
-        placement.position.transformBy(AcGeMatrix3d::planeToWorld(placement.normal));
-    return placement;
+    const AcGeVector3d normal = unitNormal({nx, ny, nz});
+    return {inWorld({x, y, z}, normal), {sx, sy, sz}, degrees * kDegree, normal};
 }
 
 AcGePoint3d AcDbBlockReference::position() const {

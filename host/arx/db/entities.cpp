@@ -36,10 +36,6 @@ constexpr double toDegrees(double radians) {
     return radians * 180.0 / std::numbers::pi;
 }
 
-AcGePoint3d inWorld(const AcGePoint3d& point, const AcGeVector3d& normal) {
-    return normal == AcGeVector3d::kZAxis ? point : AcGeMatrix3d::planeToWorld(normal) * point;
-}
-
 } // namespace
 
 TagList AcDbPoint::newRecords() const {
@@ -90,7 +86,7 @@ AcDbCircle::AcDbCircle(const AcGePoint3d& centre, double radius) : AcDbCircle() 
 }
 
 AcGePoint3d AcDbCircle::center() const {
-    return inWorld(pointTag(kCircle, 10), normal());
+    return planePointTag(kCircle, 10);
 }
 double AcDbCircle::radius() const {
     return realTag(kCircle, 40, 0.0);
@@ -114,7 +110,7 @@ AcDbArc::AcDbArc(const AcGePoint3d& centre, double radius, double startAngle, do
 }
 
 AcGePoint3d AcDbArc::center() const {
-    return inWorld(pointTag(kCircle, 10), normal());
+    return planePointTag(kCircle, 10);
 }
 double AcDbArc::radius() const {
     return realTag(kCircle, 40, 0.0);
@@ -229,7 +225,7 @@ Acad::ErrorStatus AcDbText::setTextString(const ACHAR* text) {
     return setTextTag(kText, 1, text);
 }
 AcGePoint3d AcDbText::position() const {
-    return inWorld(pointTag(kText, 10), normal());
+    return planePointTag(kText, 10);
 }
 AcGePoint3d AcDbText::alignmentPoint() const {
     return inWorld(pointTag(kText, 11, pointTag(kText, 10)), normal());

@@ -5,6 +5,8 @@
 #include "drawing/tag_view.h"
 #include "record_name.h"
 
+#include <array>
+
 namespace {
 
 constexpr std::string_view kMarker = "AcDbEntity";
@@ -86,6 +88,16 @@ bool AcDbEntity::isVisible() const {
 
 AcGeVector3d AcDbEntity::normalTag(std::string_view marker) const {
     return unitNormal(pointTag(marker, 210, {0, 0, 1}).asVector());
+}
+
+AcGePoint3d AcDbEntity::planePointTag(std::string_view marker, int code) const {
+    std::array<double, 6> values{0, 0, 0, 0, 0, 1};
+    section(marker).reals(std::array{code, code + 10, code + 20, 210, 220, 230}, values);
+    return inWorld({values[0], values[1], values[2]}, unitNormal({values[3], values[4], values[5]}));
+}
+
+AcGePoint3d AcDbEntity::inWorld(const AcGePoint3d& point, const AcGeVector3d& normal) {
+    return normal == AcGeVector3d::kZAxis ? point : AcGeMatrix3d::planeToWorld(normal) * point;
 }
 
 AcGeVector3d AcDbEntity::unitNormal(const AcGeVector3d& direction) {

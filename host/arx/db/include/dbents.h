@@ -178,5 +178,7 @@ private:
     };
     /// Returns the class marker: references repeated in rows and columns have a different one.
     [[nodiscard]] std::string_view marker() const;
+    /// Returns the records of that class.
+    [[nodiscard]] zuhost::TagView ownSection() const;
     [[nodiscard]] Placement placement() const;
 };

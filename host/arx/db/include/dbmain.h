@@ -261,6 +261,9 @@ protected:
 
     /// Returns the extrusion direction of a plane entity.
     [[nodiscard]] AcGeVector3d normalTag(std::string_view marker) const;
+    /// Return the point of a plane entity, or a point of a plane with the normal, in world coordinates.
+    [[nodiscard]] AcGePoint3d planePointTag(std::string_view marker, int code) const;
+    [[nodiscard]] static AcGePoint3d inWorld(const AcGePoint3d& point, const AcGeVector3d& normal);
     /// Returns the vector with length 1; the z axis for one without length.
     [[nodiscard]] static AcGeVector3d unitNormal(const AcGeVector3d& direction);
 };
