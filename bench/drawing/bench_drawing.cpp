@@ -1,5 +1,6 @@
 // Opens and saves whole drawings of 1, 10 and 100 MB, compared with dxflib only reading the same file. Each
-// task runs in its own process, so that its peak memory can be measured.
+// task runs in its own process, so that its peak memory can be measured. Arguments: a folder for the drawings
+// and other sizes in MB, as 1000.
 #include "own_process.h"
 #include "plan_generator.h"
 
@@ -15,6 +16,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <malloc.h>
 #include <stdexcept>
 #include <sys/wait.h>
@@ -85,6 +87,8 @@ double openDocument(const std::string& path) {
     return timed([&] { document = openDrawing(path); });
 }
 
+using Chain = std::unique_ptr<resbuf, int (*)(resbuf*)>;
+
 /// Returns the insertion point of a reference, the first point of other entities.
 AcGePoint3d positionOf(const AcDbObject& object) {
     if (const auto* const reference = AcDbBlockReference::cast(&object))
@@ -109,7 +113,7 @@ double readObject(AcDbObjectId id) {
     sum += static_cast<double>(object->getAcDbHandle().value() + object->ownerId().handle().value());
     if (const auto* const entity = AcDbEntity::cast(object.object()))
         sum += static_cast<double>(entity->layerName().size());
-    const std::unique_ptr<resbuf, int (*)(resbuf*)> values(object->xData(), &acutRelRb);
+    const Chain values(object->xData(), &acutRelRb);
     for (const resbuf* value = values.get(); value != nullptr; value = value->rbnext)
         sum += value->restype;
     const AcGePoint3d position = positionOf(*object);
@@ -129,6 +133,41 @@ double openDatabase(const std::string& path, bool everyObject) {
             sum += readObject(id);
     });
     return everyObject && sum == 0 ? 0 : seconds;
+}
+
+/// Changes the last value of an object's extended data, a number.
+void changeLastValue(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbObject> object(id, AcDb::kForWrite);
+    const Chain values(object->xData(), &acutRelRb);
+    resbuf* last = values.get();
+    while (last->rbnext != nullptr)
+        last = last->rbnext;
+    last->resval.rreal += 1;
+    if (object->setXData(values.get()) != Acad::eOk)
+        throw std::runtime_error("extended data cannot be set");
+}
+
+/// Opens the drawing as a database, reads the extended data of every object, changes that of one in a hundred
+/// and saves.
+double editDatabase(const std::string& path) {
+    AcDbDatabase database(false);
+    const std::string target = path + ".saved";
+    const double seconds = timed([&] {
+        if (database.dxfIn(hostPath(path).c_str()) != Acad::eOk)
+            throw std::runtime_error("cannot open " + path);
+        AcDbObjectId id;
+        std::uint64_t elements = 0;
+        for (Adesk::UInt64 handle = kFirstPlanHandle;
+             database.getAcDbObjectId(id, false, AcDbHandle(handle)) == Acad::eOk; ++handle) {
+            const bool isElement = Chain(AcDbObjectPointer<AcDbObject>(id)->xData(), &acutRelRb) != nullptr;
+            if (isElement && ++elements % 100 == 0)
+                changeLastValue(id);
+        }
+        if (database.dxfOut(hostPath(target).c_str()) != Acad::eOk)
+            throw std::runtime_error("cannot save " + target);
+    });
+    fs::remove(target);
+    return seconds;
 }
 
 double saveDocument(const std::string& path, DrawingForm form, bool changed) {
@@ -191,6 +230,7 @@ void benchmark(const fs::path& folder, std::uint64_t megabytes) {
     measured("open as a database", runs, [](const std::string& file) { return openDatabase(file, false); });
     measured("... and every object read", runs,
              [](const std::string& file) { return openDatabase(file, true); });
+    measured("... 1 of 100 changed, saved", 3, editDatabase);
     const double save = measured("save unedited", runs, [](const std::string& file) {
         return saveDocument(file, DrawingForm::ascii, false);
     });
@@ -210,7 +250,13 @@ int main(int argc, char** argv) {
     const fs::path folder =
         fs::path(argc > 1 ? argv[1] : ".") / ("bench-drawing-" + std::to_string(getpid()));
     fs::create_directories(folder);
-    for (const std::uint64_t megabytes : {1U, 10U, 100U})
+    std::vector<std::uint64_t> sizes{1, 10, 100};
+    if (argc > 2) {
+        sizes.clear();
+        std::transform(argv + 2, argv + argc, std::back_inserter(sizes),
+                       [](const char* size) { return std::stoull(size); });
+    }
+    for (const std::uint64_t megabytes : sizes)
         benchmark(folder, megabytes);
     fs::remove_all(folder);
     return 0;
