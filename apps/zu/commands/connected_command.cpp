@@ -137,7 +137,7 @@ private:
 
     TextTable table_{{"handle", "block", "what", "joined", "block", "what"}};
     std::unordered_map<std::wstring, Block> blocks_; ///< By name.
-    const Block none_;                               ///< Of what is no block reference.
+    const Block none_{};                             ///< Of what is no block reference.
 };
 
 void runOne(const DrawingFile& drawing, const Options& options, const Filter& filter, AcDbObjectId group) {
