@@ -72,17 +72,27 @@ TEST(Timers, SendMessagesUntilTheyEnd) {
     EXPECT_FALSE(panel.KillTimer(6));
 }
 
-/// Triggers an item of the menu that is open next.
-void choose(const QString& text) {
-    QTimer::singleShot(0, qApp, [text] {
+/// Triggers an item of the menu that is open next; without a text, closes the menu.
+class Choice {
+public:
+    explicit Choice(const QString& text) {
+        timer_.setSingleShot(true);
+        QObject::connect(&timer_, &QTimer::timeout, &timer_, [text] { trigger(text); });
+        timer_.start(0);
+    }
+
+private:
+    static void trigger(const QString& text) {
         auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         ASSERT_NE(menu, nullptr);
         for (QAction* const action : menu->actions())
             if (action->text() == text)
                 menu->setActiveAction(action);
         QTest::keyClick(menu, text.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
-    });
-}
+    }
+
+    QTimer timer_;
+};
 
 TEST(Menus, SendTheCommandThatTheUserChooses) {
     Panel panel;
@@ -92,13 +102,13 @@ TEST(Menus, SendTheCommandThatTheUserChooses) {
     menu.CreatePopupMenu();
     menu.AppendMenu(MF_STRING, 7, L"Run");
     menu.InsertMenu(7, MF_BYCOMMAND | MF_STRING | MF_GRAYED, 9, L"Grey");
-    choose(QStringLiteral("Run"));
+    const Choice sent(QStringLiteral("Run"));
     EXPECT_TRUE(menu.TrackPopupMenu(TPM_LEFTALIGN, 5, 5, &panel));
     EXPECT_EQ(panel.commands, 1);
-    choose(QStringLiteral("Run"));
+    const Choice returned(QStringLiteral("Run"));
     EXPECT_EQ(menu.TrackPopupMenu(TPM_RETURNCMD, 5, 5, &panel), 7);
     EXPECT_EQ(panel.commands, 1);
-    choose({});
+    const Choice none(QString{});
     EXPECT_EQ(menu.TrackPopupMenu(TPM_RETURNCMD, 5, 5, &panel), 0);
     EXPECT_FALSE(menu.TrackPopupMenu(0, 5, 5, nullptr));
 }
