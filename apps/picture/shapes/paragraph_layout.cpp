@@ -291,7 +291,8 @@ PlacedText layOut(const Paragraphs& paragraphs) {
     }
     result.height = filler.height();
     const int place = std::clamp(paragraphs.attachment, 1, 9) - 1;
-    const double lift = result.height * (place / 3) / 2.0;
+    const int row = place / 3;
+    const double lift = result.height * row / 2.0;
     // Lines align within the width, when there is one; it lies at the attachment point as the text does.
     const double box = paragraphs.width > 0.0 ? paragraphs.width : result.width;
     const double distance = paragraphs.columns.distance;
