@@ -35,8 +35,7 @@ if(ZU_SANITIZE)
 endif()
 
 add_library(zu_warnings INTERFACE)
-# Of g++ only: clang++ also rejects the framework's enumerator `system`, as hiding the C function.
-target_compile_options(zu_warnings INTERFACE -Wall -Wextra -Wconversion $<$<CXX_COMPILER_ID:GNU>:-Wshadow> -Werror)
+target_compile_options(zu_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
 
 # wchar_t of 16 bits, as other platforms have it, to show that nothing depends on its size. What the shared C++ and C
 # libraries do for wide text is made for 32 bits: here each library and program has the templates and functions itself.

@@ -108,6 +108,9 @@ struct CFileStatus {
     wchar_t m_szFullName[MAX_PATH] = {};
 };
 
+// An attribute of files has the name of a C function.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wshadow"
 /// A file of bytes.
 ///
 /// A created file (modeCreate without modeNoTruncate) is written to a temporary file, which Close moves to
@@ -189,6 +192,7 @@ private:
     std::unique_ptr<Handle> handle_;
     CString path_;
 };
+#pragma GCC diagnostic pop
 
 /// Some of a text file's lines. Independent of the file, so that blocks may be processed concurrently, each
 /// by one thread.

@@ -45,8 +45,8 @@ BOOL DeleteFileW(const wchar_t* path);
 /// The attributes are those of the folder above. ERROR_ALREADY_EXISTS when the name is taken.
 BOOL CreateDirectoryW(const wchar_t* path, LPSECURITY_ATTRIBUTES attributes);
 BOOL RemoveDirectoryW(const wchar_t* path);
-/// Returns FILE_ATTRIBUTE values: directory, read-only (nobody may write), hidden (names that begin with a
-/// dot); INVALID_FILE_ATTRIBUTES when there is no such file.
+/// Returns FILE_ATTRIBUTE values: directory, read-only (without the right to write), hidden (names that
+/// begin with a dot); INVALID_FILE_ATTRIBUTES when there is no such file.
 DWORD GetFileAttributesW(const wchar_t* path);
 /// Sets or clears the read-only attribute; the others are not stored.
 BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes);
