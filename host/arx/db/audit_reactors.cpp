@@ -1,6 +1,8 @@
 #include "audit_findings.h"
 #include "dbgroup.h"
 
+#include <algorithm>
+#include <span>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -20,9 +22,10 @@ public:
 
     [[nodiscard]] bool hasGroup(AcDbObjectId id) const { return known_.contains(id); }
 
-    [[nodiscard]] std::vector<AcDbObjectId> groupsOf(AcDbObjectId member) const {
+    [[nodiscard]] std::span<const AcDbObjectId> groupsOf(AcDbObjectId member) const {
         const auto of = groupsOf_.find(member);
-        return of != groupsOf_.end() ? of->second : std::vector<AcDbObjectId>();
+        return of != groupsOf_.end() ? std::span<const AcDbObjectId>(of->second)
+                                     : std::span<const AcDbObjectId>();
     }
 
 private:
@@ -76,8 +79,10 @@ public:
 
     void auditEntity(AcDbObjectId entity) {
         auditSurplusReactors(entity, audit_);
-        const std::vector<AcDbObjectId> listing = memberships_.groupsOf(entity);
+        const std::span<const AcDbObjectId> listing = memberships_.groupsOf(entity);
         const std::vector<AcDbObjectId> named = reactorGroups(entity);
+        if (std::equal(named.begin(), named.end(), listing.begin(), listing.end()))
+            return;
         auditUnlisted(entity, named, listing);
         auditUnnamed(entity, named, listing);
     }
@@ -96,7 +101,7 @@ public:
 private:
     // Reactors are changed in one pass: entities may have any number of them.
     void auditUnlisted(AcDbObjectId entity, const std::vector<AcDbObjectId>& named,
-                       const std::vector<AcDbObjectId>& listing) {
+                       std::span<const AcDbObjectId> listing) {
         std::unordered_set<AcDbObjectId> unlisted(named.begin(), named.end());
         for (const AcDbObjectId group : listing)
             unlisted.erase(group);
@@ -109,7 +114,7 @@ private:
     }
 
     void auditUnnamed(AcDbObjectId entity, const std::vector<AcDbObjectId>& named,
-                      const std::vector<AcDbObjectId>& listing) {
+                      std::span<const AcDbObjectId> listing) {
         const std::unordered_set<AcDbObjectId> known(named.begin(), named.end());
         std::vector<AcDbObjectId> missing;
         for (const AcDbObjectId group : listing)
