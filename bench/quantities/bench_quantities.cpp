@@ -1,7 +1,6 @@
-#include "../route/network.h"
 #include "own_process.h"
+#include "recorded_network.h"
 
-#include <arxutil.h>
 #include <dbapserv.h>
 #include <zucomn/model/attributes.h>
 #include <zucomn/model/audit.h>
@@ -18,30 +17,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int kGroupSize = 100;
-
-/// Writes a network of lines and tees of several sizes and kinds, in groups.
-void writeNetwork(const std::wstring& path, int count) {
-    const Network drawn(count);
-    for (int i = 0; i < count; ++i) {
-        CStringArray record;
-        CString text;
-        record.Add(L"3|系統|空調|");
-        text.Format(L"S302|%d|P|ｻｲｽﾞ|1|1|", 50 * (i % 7));
-        record.Add(text);
-        text.Format(L"S401|%d|E|取付高|2|1|", 2500 + 100 * (i % 3));
-        record.Add(text);
-        record.Add(i % 5 == 0 ? L"S501|給気|A|用途|3|1|" : L"S501|還気|A|用途|3|1|");
-        ApiComn_appendAttributesArray(drawn.elements[i], L"ZU_ATTR", record);
-        CStringArray link;
-        text.Format(L"%d|", 1 + i / kGroupSize % 4);
-        link.Add(text);
-        ApiComn_appendAttributesArray(drawn.elements[i], L"ZU_LINK", link);
-    }
-    if (drawn.database->dxfOut(path.c_str()) != Acad::eOk)
-        throw std::runtime_error("cannot write the drawing");
-}
 
 std::size_t readElements(const AcDbDatabase& drawing) {
     std::size_t count = 0;

@@ -26,6 +26,9 @@ AcDbObjectId addBlock(AcDbDatabase& database, const wchar_t* name, const std::ve
         record->appendAcDbEntity(point);
         point->setLayer(ZUCONECT_LAYER);
         point->close();
+        auto* const line = new AcDbLine(points.front(), place);
+        record->appendAcDbEntity(line);
+        line->close();
     }
     const AcDbObjectId id = record->objectId();
     record->close();
