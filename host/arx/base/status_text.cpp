@@ -68,6 +68,8 @@ constexpr std::array kTexts{
     StatusText{Acad::eUndoOperationNotAvailable, L"eUndoOperationNotAvailable"},
     StatusText{Acad::eDegenerateGeometry, L"eDegenerateGeometry"},
     StatusText{Acad::eNotFound, L"eNotFound"},
+    StatusText{Acad::eCannotScaleNonUniformly, L"eCannotScaleNonUniformly"},
+    StatusText{Acad::eInvalidExtents, L"eInvalidExtents"},
 };
 
 static_assert(
@@ -75,7 +77,7 @@ static_assert(
         for (std::size_t i = 0; i < kTexts.size(); ++i)
             if (kTexts[i].status != static_cast<Acad::ErrorStatus>(i))
                 return false;
-        return kTexts.size() == std::size_t{Acad::eNotFound} + 1;
+        return kTexts.size() == std::size_t{Acad::eInvalidExtents} + 1;
     }(),
     "every status has its text, in order");
 

@@ -1,10 +1,10 @@
 #include "dbents.h"
 
+#include "angles.h"
 #include "database_core.h"
 #include "record_name.h"
 
 #include <array>
-#include <numbers>
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity)
 
@@ -12,7 +12,6 @@ namespace {
 
 constexpr std::string_view kMarker = "AcDbBlockReference";
 constexpr std::string_view kRepeatedMarker = "AcDbMInsertBlock";
-constexpr double kDegree = std::numbers::pi / 180.0;
 
 } // namespace
 
@@ -57,7 +56,7 @@ AcDbBlockReference::Placement AcDbBlockReference::placement() const {
     ownSection().reals(std::array{10, 20, 30, 41, 42, 43, 50, 210, 220, 230}, values);
     const auto& [x, y, z, sx, sy, sz, degrees, nx, ny, nz] = values;
     const AcGeVector3d normal = unitNormal({nx, ny, nz});
-    return {inWorld({x, y, z}, normal), {sx, sy, sz}, degrees * kDegree, normal};
+    return {inWorld({x, y, z}, normal), {sx, sy, sz}, zuhost::toRadians(degrees), normal};
 }
 
 AcGePoint3d AcDbBlockReference::position() const {
@@ -74,9 +73,7 @@ AcGeVector3d AcDbBlockReference::normal() const {
 }
 
 Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& position) {
-    const AcGeVector3d up = normal();
-    const bool inPlan = up == AcGeVector3d::kZAxis;
-    return setPointTag(marker(), 10, inPlan ? position : AcGeMatrix3d::worldToPlane(up) * position);
+    return setPlanePointTag(marker(), 10, position);
 }
 
 Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& factors) {
@@ -89,7 +86,7 @@ Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& factors
 }
 
 Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
-    return setRealTag(marker(), 50, angle / kDegree);
+    return setRealTag(marker(), 50, zuhost::toDegrees(angle));
 }
 
 AcGeMatrix3d AcDbBlockReference::blockTransform() const {

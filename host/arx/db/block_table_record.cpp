@@ -97,15 +97,12 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
         return Acad::eNotOpenForWrite;
     if (core() == nullptr)
         return Acad::eNotInDatabase;
+    if (!entity->canBeIn(*core()->document))
+        return Acad::eNotApplicable;
     AcDbStub* const self = objectId();
-    Container* const block = core()->blockContainer(*self);
-    // The ENTITIES section holds model space and the current layout; other layouts have their entities in
-    // their blocks.
-    const bool inEntities = self == core()->modelSpace();
-    Container& target =
-        inEntities || block == nullptr ? core()->document->container(Container::Kind::entities) : *block;
-    id = core()->adopt(entity, target, self);
-    entity->ensureLayer();
+    id = core()->adopt(entity, core()->entityContainer(*self), self);
+    entity->fitToDrawing();
+    entity->subAppendedToBlock();
     return Acad::eOk;
 }
 

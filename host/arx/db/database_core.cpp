@@ -1,6 +1,7 @@
 #include "database_core.h"
 
 #include "dbdict.h"
+#include "dbents.h"
 #include "dbsymtb.h"
 #include "dxf_records/number_text.h"
 #include "object_factory.h"
@@ -43,6 +44,7 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
     blocks_.clear();
     names_.clear();
     tables_.clear();
+    parts.clear();
     groups_ = nullptr;
     modelSpace_ = nullptr;
     if (document && modelSpace() == nullptr) {
@@ -100,7 +102,12 @@ void DatabaseCore::initialise(AcDbObject& object, TagList tags) {
 
 AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbStub* owner) {
     const std::string type(object->tags().text(0).value_or(""));
+    const bool isPart = owner != nullptr && isPartType(type);
+    if (isPart)
+        parts.of(*document, *owner);
     AcDbStub* const stub = document->append(container, type, owner);
+    if (isPart)
+        parts.add(*document, *stub);
     TagList& tags = object->changingTags();
     encodeTexts(tags, *document);
     const std::size_t firstMarker = std::min(tags.find(100, tags.all()), tags.size());
@@ -121,6 +128,23 @@ AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbS
     object->appended_ = true;
     undo.record(*stub, &tags, UndoLog::Kind::appended);
     return {stub};
+}
+
+AcDbObjectId DatabaseCore::adoptPart(AcDbEntity& part, const AcDbEntity& owner) {
+    AcDbStub* const stub = owner.objectId();
+    const AcDbObjectId id = adopt(&part, entityContainer(*stub->owner), stub);
+    if (AcDbAttribute::cast(&part) == nullptr)
+        part.setLayer(owner.layerName().c_str());
+    part.fitToDrawing();
+    return id;
+}
+
+Container& DatabaseCore::entityContainer(AcDbStub& space) {
+    // The ENTITIES section holds model space and the current layout; other layouts have their entities in
+    // their blocks.
+    Container* const block = blockContainer(space);
+    const bool inEntities = &space == modelSpace();
+    return inEntities || block == nullptr ? document->container(Container::Kind::entities) : *block;
 }
 
 // ---- objects with a fixed role in the drawing

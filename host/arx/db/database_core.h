@@ -3,6 +3,7 @@
 #include "ads_names.h"
 #include "dbmain.h"
 #include "drawing/document.h"
+#include "part_index.h"
 #include "undo_log.h"
 #include "zuhost/folded_name.h"
 
@@ -26,6 +27,7 @@ struct DatabaseCore {
     std::unique_ptr<Document> document;
     std::vector<AcDbDatabaseReactor*> reactors;
     UndoLog undo;
+    PartIndex parts;
 
     /// Replaces the document. Destroys the objects of the previous one and clears the undo log.
     void reset(std::unique_ptr<Document> opened);
@@ -47,6 +49,10 @@ struct DatabaseCore {
     /// Adds a new object to the container, takes ownership of it and leaves it open for write. The caller
     /// adds its entry to a dictionary or table.
     AcDbObjectId adopt(AcDbObject* object, Container& container, AcDbStub* owner);
+    /// Adds a vertex, an attribute or the end of a sequence to its entity, as `adopt` does.
+    AcDbObjectId adoptPart(AcDbEntity& part, const AcDbEntity& owner);
+    /// Returns where new entities of model space, a layout or a block belong.
+    [[nodiscard]] Container& entityContainer(AcDbStub& space);
 
     // ---- objects with a fixed role in the drawing; null when it lacks them
     [[nodiscard]] AcDbStub* tableHead(std::string_view table);

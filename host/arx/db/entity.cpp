@@ -32,11 +32,6 @@ ACHAR* AcDbEntity::layer() const {
     return copy;
 }
 
-void AcDbEntity::ensureLayer() {
-    if (!section(kMarker).text(8))
-        setTextTag(kMarker, 8, L"0");
-}
-
 AcDbObjectId AcDbEntity::layerId() const {
     if (core() == nullptr)
         return {};

@@ -1,6 +1,7 @@
 #include "object_factory.h"
 
 #include "dbdict.h"
+#include "dbelipse.h"
 #include "dbents.h"
 #include "dbgroup.h"
 #include "dbsymtb.h"
@@ -28,6 +29,10 @@ constexpr std::array kTypes{
     TypeClass{"LWPOLYLINE", &AcDbPolyline::desc},
     TypeClass{"TEXT", &AcDbText::desc},
     TypeClass{"MTEXT", &AcDbMText::desc},
+    TypeClass{"ELLIPSE", &AcDbEllipse::desc},
+    TypeClass{"ATTRIB", &AcDbAttribute::desc},
+    TypeClass{"ATTDEF", &AcDbAttributeDefinition::desc},
+    TypeClass{"SEQEND", &AcDbSequenceEnd::desc},
     TypeClass{"GROUP", &AcDbGroup::desc},
     TypeClass{"DICTIONARY", &AcDbDictionary::desc},
     TypeClass{"XRECORD", &AcDbXrecord::desc},
@@ -48,8 +53,8 @@ constexpr std::array kTables{
 };
 
 /// Entity types, for drawings before R13, which have no class markers.
-constexpr std::array<std::string_view, 10> kOldEntities{
-    "POLYLINE", "VERTEX", "SEQEND", "ATTRIB", "ATTDEF", "SOLID", "TRACE", "3DFACE", "SHAPE", "DIMENSION"};
+constexpr std::array<std::string_view, 7> kOldEntities{"POLYLINE", "VERTEX", "SOLID",    "TRACE",
+                                                       "3DFACE",   "SHAPE",  "DIMENSION"};
 
 template <typename Table>
 AcRxClass* lookUp(const Table& table, std::string_view type) {
@@ -61,6 +66,26 @@ AcRxClass* lookUp(const Table& table, std::string_view type) {
 bool isEntity(std::string_view type, const TagView& tags) {
     return !tags.subclass("AcDbEntity").empty() || tags.find(8) ||
            std::find(kOldEntities.begin(), kOldEntities.end(), type) != kOldEntities.end();
+}
+
+/// Returns the class of a POLYLINE or VERTEX, which its flags (70) tell; null for those of meshes.
+AcRxClass* polylineClass(const TagView& tags, AcRxClass* (*flat)(), std::int64_t spaceFlag,
+                         AcRxClass* (*inSpace)()) {
+    constexpr std::int64_t kMesh = 16 | 64;
+    constexpr std::int64_t kMeshVertex = 64 | 128;
+    const std::int64_t flags = tags.integer(70).value_or(0);
+    const bool isVertex = inSpace == &AcDb3dPolylineVertex::desc;
+    if ((flags & (isVertex ? kMeshVertex : kMesh)) != 0)
+        return nullptr;
+    return (flags & spaceFlag) != 0 ? inSpace() : flat();
+}
+
+AcRxClass* curveClass(std::string_view type, const TagView& tags) {
+    if (type == "POLYLINE")
+        return polylineClass(tags, &AcDb2dPolyline::desc, 8, &AcDb3dPolyline::desc);
+    if (type == "VERTEX")
+        return polylineClass(tags, &AcDb2dVertex::desc, 32, &AcDb3dPolylineVertex::desc);
+    return nullptr;
 }
 
 AcRxClass* tableClass(const TagView& tags) {
@@ -75,6 +100,8 @@ AcRxClass* ObjectBuilder::classOf(const std::string& type, const TagView& tags) 
         return tableClass(tags);
     if (AcRxClass* const known = lookUp(kTypes, type))
         return known;
+    if (AcRxClass* const polyline = curveClass(type, tags))
+        return polyline;
     return isEntity(type, tags) ? AcDbEntity::desc() : AcDbObject::desc();
 }
 

@@ -31,11 +31,6 @@ bool isDictionary(const std::string& type) {
     return type == "DICTIONARY" || type == "ACDBDICTIONARYWDFLT";
 }
 
-/// Returns whether objects of the type belong to the entity before them.
-bool isPart(const std::string& type) {
-    return type == "VERTEX" || type == "ATTRIB" || type == "SEQEND";
-}
-
 /// Returns whether the record is the handle of a dictionary's entry, which follows its name (3).
 bool isEntry(int code, int codeBefore) {
     return (code == 350 || code == 360) && codeBefore == 3;
@@ -97,7 +92,8 @@ std::vector<AcDbStub*> DatabaseCore::collectErased() {
         for (AcDbStub* const member : container.members) {
             if (container.kind == Container::Kind::objects)
                 belongings.emplace(member->owner, member);
-            else if (blockIsErased || (known.contains(member->owner) && isPart(document->typeName(*member))))
+            else if (blockIsErased ||
+                     (known.contains(member->owner) && isPartType(document->typeName(*member))))
                 add(member);
         }
     }
@@ -141,6 +137,7 @@ void DatabaseCore::collectReferencesToErased() {
 }
 
 Document::TagSource DatabaseCore::savedTags() {
+    parts.arrange(*document);
     collectReferencesToErased();
     return [this](const AcDbStub& stub) -> const TagList* {
         if (!filtered_.empty())

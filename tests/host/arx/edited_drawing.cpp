@@ -92,7 +92,7 @@ void edit(AcDbDatabase& database) {
     addLayer(database);
     addGroup(database, find(database, 0x110));
     addToModelSpace(database, new AcDbBlockReference({1, 2, 3}, addBlock(database)));
-    addToModelSpace(database, new AcDbText({0, 0, 0}, L"追加", 100.0));
+    addToModelSpace(database, new AcDbText({0, 0, 0}, L"追加", AcDbObjectId::kNull, 100.0));
     auto* const outline = new AcDbPolyline;
     outline->addVertexAt(0, {0, 0});
     outline->addVertexAt(1, {10, 0}, 1.0);

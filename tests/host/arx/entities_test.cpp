@@ -92,9 +92,10 @@ TEST_F(Entities, NewEntitiesSurviveSaving) {
     polyline->setClosed(true);
     const AcDbObjectId line = add(*drawing, new AcDbLine({1, 2, 3}, {4, 5, 6}));
     const AcDbObjectId arc = add(*drawing, new AcDbArc({1, 2, 0}, 5.0, kQuarter, 2 * kQuarter));
-    const AcDbObjectId circle = add(*drawing, new AcDbCircle({7, 8, 0}, 2.5));
+    const AcDbObjectId circle = add(*drawing, new AcDbCircle({7, 8, 0}, AcGeVector3d::kZAxis, 2.5));
     const AcDbObjectId point = add(*drawing, new AcDbPoint({0.1, 0.2, 0.3}));
-    const AcDbObjectId text = add(*drawing, new AcDbText({5, 6, 0}, L"850㎥/h 能力", 250.0));
+    const AcDbObjectId text =
+        add(*drawing, new AcDbText({5, 6, 0}, L"850㎥/h 能力", AcDbObjectId::kNull, 250.0));
     const AcDbObjectId outline = add(*drawing, polyline);
     const AcDbObjectId insert =
         add(*drawing, new AcDbBlockReference({1000, 2000, 0}, blockId(*drawing, L"RT-D200")));

@@ -154,7 +154,7 @@ TEST_F(Saving, ObjectsWithoutAnOwnerAreKept) {
 
 TEST_F(Saving, NewDrawingsAreSavedAndReadBack) {
     AcDbDatabase made;
-    add(made, new AcDbText({0, 0, 0}, L"図面", 2.5));
+    add(made, new AcDbText({0, 0, 0}, L"図面", AcDbObjectId::kNull, 2.5));
     AcDbDictionary* groups = nullptr;
     ASSERT_EQ(made.getGroupDictionary(groups, AcDb::kForWrite), Acad::eOk);
     auto* const group = new AcDbGroup(L"first");
@@ -171,7 +171,8 @@ TEST_F(Saving, NewDrawingsAreSavedAndReadBack) {
 
 TEST_F(Saving, CharactersOutsideTheCodePageSurvive) {
     const auto database = read(samplePath(L"office-floor-932.dxf"));
-    const AcDbObjectId text = add(*database, new AcDbText({0, 0, 0}, L"表能ソ 850㎥ é", 100.0));
+    const AcDbObjectId text =
+        add(*database, new AcDbText({0, 0, 0}, L"表能ソ 850㎥ é", AcDbObjectId::kNull, 100.0));
     const auto again = readBytes(database->dxfOutBytes(false));
     EXPECT_EQ(AcDbObjectPointer<AcDbText>(idIn(*again, text.handle().value()))->textString(),
               L"表能ソ 850㎥ é");

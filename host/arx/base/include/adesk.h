@@ -15,6 +15,7 @@ struct Adesk {
     using UInt32 = std::uint32_t;
     using UInt64 = std::uint64_t;
     using Boolean = bool;
+    using GsMarker = std::intptr_t;
     static constexpr bool kTrue = true;
     static constexpr bool kFalse = false;
 };
@@ -103,7 +104,9 @@ struct Acad {
         eBadDxfFile,
         eUndoOperationNotAvailable,
         eDegenerateGeometry,
-        eNotFound
+        eNotFound,
+        eCannotScaleNonUniformly,
+        eInvalidExtents
     };
 };
 

@@ -189,4 +189,29 @@ struct AcDb {
         kDxfXdInteger32 = 1071,
         kDxfXdMax = 1071
     };
+
+    enum Visibility { kInvisible = 1, kVisible = 0 };
+
+    /// Which curves are extended for an intersection.
+    enum Intersect { kOnBothOperands = 0, kExtendThis = 1, kExtendArg = 2, kExtendBoth = 3 };
+
+    enum TextHorzMode : int {
+        kTextLeft = 0,
+        kTextCenter = 1,
+        kTextRight = 2,
+        kTextAlign = 3,
+        kTextMid = 4,
+        kTextFit = 5
+    };
+    enum TextVertMode : int { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
+
+    enum Poly2dType { k2dSimplePoly = 0, k2dFitCurvePoly = 1, k2dQuadSplinePoly = 2, k2dCubicSplinePoly = 3 };
+    enum Poly3dType { k3dSimplePoly = 0, k3dQuadSplinePoly = 1, k3dCubicSplinePoly = 2 };
+    enum Vertex2dType {
+        k2dVertex = 0,
+        k2dSplineCtlVertex = 1,
+        k2dSplineFitVertex = 2,
+        k2dCurveFitVertex = 3
+    };
+    enum Vertex3dType { k3dSimpleVertex = 0, k3dControlVertex = 1, k3dFitVertex = 2 };
 };

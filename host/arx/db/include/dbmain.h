@@ -2,8 +2,10 @@
 
 #include "acdb.h"
 #include "acutmem.h"
+#include "dbcolor.h"
+#include "dbextents.h"
 #include "dbid.h"
-#include "gemat3d.h"
+#include "gept3dar.h"
 #include "rxclass.h"
 
 #include <algorithm>
@@ -33,6 +35,7 @@ class TagRef;
 class TagView;
 struct DatabaseCore;
 struct DocumentError;
+struct Expansion;
 struct TagRange;
 AcRxObject* makeEntity();
 AcRxObject* makeSymbolTable();
@@ -253,12 +256,78 @@ public:
     [[nodiscard]] bool isInPaperSpace() const;
     [[nodiscard]] bool isVisible() const;
 
+    // ---- further common properties; `doSubents` also sets vertices and attributes
+    [[nodiscard]] AcCmColor color() const;
+    /// eNotApplicable for red, green and blue in drawings before R2004, which can't hold them.
+    Acad::ErrorStatus setColor(const AcCmColor& color, bool doSubents = true,
+                               AcDbDatabase* database = nullptr);
+    /// Null when the drawing lacks the linetype.
+    [[nodiscard]] AcDbObjectId linetypeId() const;
+    /// eKeyNotFound when the drawing has no such linetype.
+    Acad::ErrorStatus setLinetype(const ACHAR* name, bool doSubents = true);
+    Acad::ErrorStatus setLinetype(AcDbObjectId linetype, bool doSubents = true);
+    [[nodiscard]] double linetypeScale() const;
+    /// eInvalidInput unless the scale is above 0.
+    Acad::ErrorStatus setLinetypeScale(double scale, bool doSubents = true);
+    /// eInvalidInput for other than the declared weights; eNotApplicable in drawings before R2000.
+    Acad::ErrorStatus setLineWeight(AcDb::LineWeight weight, bool doSubents = true);
+    [[nodiscard]] AcDb::Visibility visibility() const;
+    Acad::ErrorStatus setVisibility(AcDb::Visibility visibility, bool doSubents = true);
+    /// Sets layer, colour, linetype, its scale and line weight to the current ones of the drawing: the
+    /// object's own, or the working database.
+    void setDatabaseDefaults();
+    void setDatabaseDefaults(AcDbDatabase* database);
+    /// Copies layer, colour, linetype, its scale, line weight and visibility. eWrongDatabase for an entity of
+    /// another drawing.
+    Acad::ErrorStatus setPropertiesFrom(const AcDbEntity* other, bool doSubents = true);
+
+    // ---- geometry
+    /// eCannotScaleNonUniformly when the result would be another kind of entity (an ellipse for a circle);
+    /// eNotImplementedYet for entities that are not modelled. The entity is unchanged on failure.
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix);
+    /// Returns a transformed copy, which is in no database; the caller owns it.
+    Acad::ErrorStatus getTransformedCopy(const AcGeMatrix3d& matrix, AcDbEntity*& copy) const;
+    /// eInvalidExtents for an entity without extent (a block reference without visible entities);
+    /// eNotImplementedYet for entities that are not modelled and for texts: fonts are not measured. A block
+    /// reference has the extents of what can be measured.
+    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
+    /// Appends the points in which two curves meet, in the order of this one. Extending makes lines endless
+    /// and arcs whole; polylines are not extended. eNotImplementedYet when one is no curve or has elliptical
+    /// arcs.
+    Acad::ErrorStatus intersectWith(const AcDbEntity* other, AcDb::Intersect type, AcGePoint3dArray& points,
+                                    Adesk::GsMarker thisMarker = 0, Adesk::GsMarker otherMarker = 0) const;
+    /// Appends the points in which the projections onto the plane meet, on the plane.
+    Acad::ErrorStatus intersectWith(const AcDbEntity* other, AcDb::Intersect type, const AcGePlane& plane,
+                                    AcGePoint3dArray& points, Adesk::GsMarker thisMarker = 0,
+                                    Adesk::GsMarker otherMarker = 0) const;
+    /// Appends new entities, which are in no database and which the caller owns, that look like this one.
+    /// eNotApplicable for an entity that has no parts; eNotImplementedYet for entities that are not modelled.
+    Acad::ErrorStatus explode(AcDbVoidPtrArray& entities) const;
+
 protected:
     AcDbEntity() = default;
-    friend class AcDbBlockTableRecord;
-    /// Adds the layer "0" when the records name none.
-    void ensureLayer();
+    friend class AcDbBlockReference;
+    friend struct zuhost::DatabaseCore;
+    virtual Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& matrix);
+    virtual Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const;
+    virtual Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entities) const;
+    /// Returns the extents of the transformed entity, whatever the matrix.
+    virtual Acad::ErrorStatus extentsUnder(const AcGeMatrix3d& matrix, zuhost::Expansion& expansion,
+                                           AcDbExtents& extents) const;
+    /// Calls the function with each vertex or attribute, open for write.
+    virtual void forEachPart(const std::function<void(AcDbEntity&)>& /*change*/) {}
+    /// The entity was added to a block and is open for write.
+    virtual void subAppendedToBlock() {}
 
+    /// Returns whether drawings of the document's version have entities of this type.
+    [[nodiscard]] bool canBeIn(const zuhost::Document& document) const;
+    /// Returns whether drawings of the entity's version have the common property.
+    [[nodiscard]] bool canHold(int code) const;
+    void removeTags(std::string_view marker, std::initializer_list<int> codes);
+    /// Completes the records of an entity that was added to a drawing: adds the layer "0" when they name
+    /// none, removes common properties that the drawing's version lacks.
+    void fitToDrawing();
+    friend class AcDbBlockTableRecord;
     /// Returns the extrusion direction of a plane entity.
     [[nodiscard]] AcGeVector3d normalTag(std::string_view marker) const;
     /// Return the point of a plane entity, or a point of a plane with the normal, in world coordinates.
@@ -266,6 +335,17 @@ protected:
     [[nodiscard]] static AcGePoint3d inWorld(const AcGePoint3d& point, const AcGeVector3d& normal);
     /// Returns the vector with length 1; the z axis for one without length.
     [[nodiscard]] static AcGeVector3d unitNormal(const AcGeVector3d& direction);
+    /// Sets the extrusion direction; eInvalidInput for a vector without length. Coordinates stay as they are.
+    Acad::ErrorStatus setNormalTag(std::string_view marker, const AcGeVector3d& normal);
+    /// Sets a point of a plane entity to one in world coordinates.
+    Acad::ErrorStatus setPlanePointTag(std::string_view marker, int code, const AcGePoint3d& point);
+    /// Name of a text style in the records (7), and the style.
+    [[nodiscard]] AcDbObjectId styleTag(std::string_view marker) const;
+    Acad::ErrorStatus setStyleTag(std::string_view marker, AcDbObjectId style);
+
+private:
+    Acad::ErrorStatus intersectUnder(const AcGeMatrix3d& matrix, const AcDbEntity* other,
+                                     AcDb::Intersect type, AcGePoint3dArray& points) const;
 };
 
 /// Opens an object. On failure `object` is null.

@@ -150,7 +150,9 @@ public:
     [[nodiscard]] AcGePoint3d origin() const;
     Acad::ErrorStatus setOrigin(const AcGePoint3d& origin);
     [[nodiscard]] bool isLayout() const;
-    /// Appends the entity, takes ownership of it and leaves it open for write.
+    /// Appends the entity, takes ownership of it and leaves it open for write. eNotApplicable, with the
+    /// entity still the caller's, when drawings of this version have no such entity (R12: AcDbPolyline,
+    /// AcDbMText, AcDbEllipse).
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
     /// The caller deletes the iterator.

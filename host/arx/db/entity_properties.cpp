@@ -1,0 +1,221 @@
+#include "dbmain.h"
+
+#include "database_core.h"
+#include "dbapserv.h"
+#include "dbsymtb.h"
+#include "drawing/tag_view.h"
+#include "record_name.h"
+
+#include <algorithm>
+#include <array>
+
+using zuhost::Tag;
+using zuhost::TagList;
+
+namespace {
+
+constexpr std::string_view kMarker = "AcDbEntity";
+constexpr int kColor = 62;
+constexpr int kTrueColor = 420;
+constexpr int kColorName = 430;
+constexpr int kLinetype = 6;
+constexpr int kLinetypeScale = 48;
+constexpr int kLineWeight = 370;
+constexpr int kVisibility = 60;
+
+/// The versions of drawings that introduced a property.
+struct Introduced {
+    int code;
+    int version;
+};
+constexpr std::array kIntroduced{Introduced{kLinetypeScale, 1012}, Introduced{kVisibility, 1012},
+                                 Introduced{kLineWeight, 1015}, Introduced{kTrueColor, 1018}};
+
+int introducedIn(int code) {
+    const auto* const found =
+        std::find_if(kIntroduced.begin(), kIntroduced.end(),
+                     [code](const Introduced& property) { return property.code == code; });
+    return found != kIntroduced.end() ? found->version : 0;
+}
+
+constexpr std::array kWeights{0,  5,  9,  13,  15,  18,  20,  25,  30,  35,  40, 50, 53, 60,
+                              70, 80, 90, 100, 106, 120, 140, 158, 200, 211, -1, -2, -3};
+
+/// Returns the text of a variable's first value in the header; empty when it is missing.
+std::string headerText(const TagList& header, std::string_view name) {
+    for (std::size_t i = 0; i + 1 < header.size(); ++i)
+        if (header[i].code == 9 && header[i].value == name)
+            return header[i + 1].value;
+    return {};
+}
+
+} // namespace
+
+AcCmColor AcDbEntity::color() const {
+    AcCmColor color;
+    const std::int64_t parts = integerTag(kMarker, kTrueColor, -1);
+    if (parts >= 0)
+        color.setRGB(static_cast<Adesk::UInt8>(parts >> 16), static_cast<Adesk::UInt8>(parts >> 8),
+                     static_cast<Adesk::UInt8>(parts));
+    else
+        color.setColorIndex(colorIndex());
+    return color;
+}
+
+Acad::ErrorStatus AcDbEntity::setColor(const AcCmColor& color, bool doSubents, AcDbDatabase* database) {
+    if (color.isByColor() && !canHold(kTrueColor))
+        return Acad::eNotApplicable;
+    const Acad::ErrorStatus status = setIntegerTag(kMarker, kColor, color.colorIndex());
+    if (status != Acad::eOk)
+        return status;
+    removeTags(kMarker, {kTrueColor, kColorName});
+    if (color.isByColor())
+        setIntegerTag(kMarker, kTrueColor, color.red() << 16 | color.green() << 8 | color.blue());
+    if (doSubents)
+        forEachPart([&](AcDbEntity& part) { part.setColor(color, true, database); });
+    return Acad::eOk;
+}
+
+AcDbObjectId AcDbEntity::linetypeId() const {
+    AcDbStub* const table = core() != nullptr ? core()->tableHead("LTYPE") : nullptr;
+    if (table == nullptr)
+        return {};
+    const std::wstring stored = textTag(kMarker, kLinetype);
+    return {core()->findRecord(*table, stored.empty() ? L"ByLayer" : stored, false)};
+}
+
+Acad::ErrorStatus AcDbEntity::setLinetype(const ACHAR* name, bool doSubents) {
+    if (name == nullptr)
+        return Acad::eInvalidInput;
+    if (core() != nullptr) {
+        AcDbStub* const table = core()->tableHead("LTYPE");
+        const bool isImplied =
+            zuhost::foldedName(name) == L"BYLAYER" || zuhost::foldedName(name) == L"BYBLOCK";
+        if (!isImplied && (table == nullptr || core()->findRecord(*table, name, false) == nullptr))
+            return Acad::eKeyNotFound;
+    }
+    const Acad::ErrorStatus status = setTextTag(kMarker, kLinetype, name);
+    if (status == Acad::eOk && doSubents)
+        forEachPart([&](AcDbEntity& part) { part.setLinetype(name); });
+    return status;
+}
+
+Acad::ErrorStatus AcDbEntity::setLinetype(AcDbObjectId linetype, bool doSubents) {
+    std::wstring name;
+    const Acad::ErrorStatus status = zuhost::readRecordName<AcDbLinetypeTableRecord>(linetype, name);
+    return status == Acad::eOk ? setLinetype(name.c_str(), doSubents) : status;
+}
+
+double AcDbEntity::linetypeScale() const {
+    return realTag(kMarker, kLinetypeScale, 1.0);
+}
+
+Acad::ErrorStatus AcDbEntity::setLinetypeScale(double scale, bool doSubents) {
+    if (!(scale > 0.0))
+        return Acad::eInvalidInput;
+    if (!canHold(kLinetypeScale))
+        return Acad::eNotApplicable;
+    const Acad::ErrorStatus status = setRealTag(kMarker, kLinetypeScale, scale);
+    if (status == Acad::eOk && doSubents)
+        forEachPart([&](AcDbEntity& part) { part.setLinetypeScale(scale); });
+    return status;
+}
+
+Acad::ErrorStatus AcDbEntity::setLineWeight(AcDb::LineWeight weight, bool doSubents) {
+    if (std::find(kWeights.begin(), kWeights.end(), weight) == kWeights.end())
+        return Acad::eInvalidInput;
+    if (!canHold(kLineWeight))
+        return Acad::eNotApplicable;
+    const Acad::ErrorStatus status = setIntegerTag(kMarker, kLineWeight, weight);
+    if (status == Acad::eOk && doSubents)
+        forEachPart([&](AcDbEntity& part) { part.setLineWeight(weight); });
+    return status;
+}
+
+AcDb::Visibility AcDbEntity::visibility() const {
+    return isVisible() ? AcDb::kVisible : AcDb::kInvisible;
+}
+
+Acad::ErrorStatus AcDbEntity::setVisibility(AcDb::Visibility visibility, bool doSubents) {
+    if (!canHold(kVisibility))
+        return Acad::eNotApplicable;
+    const Acad::ErrorStatus status = setIntegerTag(kMarker, kVisibility, visibility);
+    if (status == Acad::eOk && doSubents)
+        forEachPart([&](AcDbEntity& part) { part.setVisibility(visibility); });
+    return status;
+}
+
+void AcDbEntity::setDatabaseDefaults() {
+    setDatabaseDefaults(database());
+}
+
+void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
+    if (database == nullptr)
+        database = acdbHostApplicationServices()->workingDatabase();
+    if (database == nullptr || !database->core().document)
+        return;
+    const zuhost::Document& document = *database->core().document;
+    TagList current;
+    const auto take = [&](std::string_view variable, int code) {
+        const std::string value = headerText(document.header(), variable);
+        if (!value.empty())
+            current.add(code, value);
+    };
+    take("$CECOLOR", kColor);
+    take("$CELTSCALE", kLinetypeScale);
+    take("$CELWEIGHT", kLineWeight);
+    const std::wstring layer = document.decode(headerText(document.header(), "$CLAYER"));
+    const std::wstring linetype = document.decode(headerText(document.header(), "$CELTYPE"));
+    setLayer(layer.empty() ? L"0" : layer.c_str());
+    setLinetype(linetype.empty() ? L"ByLayer" : linetype.c_str());
+    const zuhost::TagView values(current);
+    AcCmColor color;
+    color.setColorIndex(static_cast<Adesk::UInt16>(values.integer(kColor).value_or(256)));
+    setColor(color);
+    setLinetypeScale(values.real(kLinetypeScale).value_or(1.0));
+    setLineWeight(static_cast<AcDb::LineWeight>(values.integer(kLineWeight).value_or(AcDb::kLnWtByLayer)));
+}
+
+Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* other, bool doSubents) {
+    if (other == nullptr)
+        return Acad::eNullObjectPointer;
+    if (database() != nullptr && other->database() != nullptr && database() != other->database())
+        return Acad::eWrongDatabase;
+    const Acad::ErrorStatus status = setLayer(other->layerName().c_str());
+    if (status != Acad::eOk)
+        return status;
+    const std::wstring linetype = other->textTag(kMarker, kLinetype);
+    setLinetype(linetype.empty() ? L"ByLayer" : linetype.c_str(), doSubents);
+    setColor(other->color(), doSubents);
+    setLinetypeScale(other->linetypeScale(), doSubents);
+    setLineWeight(other->lineWeight(), doSubents);
+    setVisibility(other->visibility(), doSubents);
+    return Acad::eOk;
+}
+
+bool AcDbEntity::canBeIn(const zuhost::Document& document) const {
+    const std::string_view type = tags().text(0).value_or("");
+    if (type == "LWPOLYLINE")
+        return document.version() >= 1014;
+    return document.version() >= 1012 || (type != "MTEXT" && type != "ELLIPSE");
+}
+
+bool AcDbEntity::canHold(int code) const {
+    return core() == nullptr || core()->document->version() >= introducedIn(code);
+}
+
+void AcDbEntity::removeTags(std::string_view marker, std::initializer_list<int> codes) {
+    const auto isOne = [&](const Tag& tag) {
+        return std::find(codes.begin(), codes.end(), tag.code) != codes.end();
+    };
+    TagList& records = changingTags();
+    records.eraseIf(section(marker).range(), isOne);
+}
+
+void AcDbEntity::fitToDrawing() {
+    if (!section(kMarker).text(8))
+        setTextTag(kMarker, 8, L"0");
+    for (const Introduced& property : kIntroduced)
+        if (!canHold(property.code))
+            removeTags(kMarker, {property.code});
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "drawing/document.h"
+
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace zuhost {
+
+/// Returns whether objects of the type belong to the entity before them.
+constexpr bool isPartType(std::string_view type) {
+    return type == "VERTEX" || type == "ATTRIB" || type == "SEQEND";
+}
+
+/// The vertices of polylines and the attributes of block references, with the records that end them, in their
+/// order. Built in one pass on first use.
+class PartIndex {
+public:
+    /// Returns the parts of an entity, erased ones included.
+    const std::vector<AcDbStub*>& of(const Document& document, const AcDbStub& owner);
+    /// Adds a new part as the last before the end of the sequence. Call `of` with its owner before the
+    /// document has the part.
+    void add(const Document& document, AcDbStub& part);
+    /// Moves the new parts after their owners: drawings have them there.
+    void arrange(Document& document);
+    void clear() { *this = PartIndex(); }
+
+private:
+    bool isBuilt_ = false;
+    std::unordered_map<const AcDbStub*, std::vector<AcDbStub*>> parts_;
+    std::unordered_set<const AcDbStub*> changed_; ///< Owners that have new parts.
+};
+
+} // namespace zuhost
