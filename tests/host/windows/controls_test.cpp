@@ -125,7 +125,7 @@ TEST(Menus, NeverHoldThemselves) {
     EXPECT_EQ(menu.GetMenuItemCount(), static_cast<UINT>(-1));
 }
 
-TEST(Windows, ExceptionsThatHandlersLetEscapeAreShown) {
+TEST(WindowHandlers, ExceptionsThatHandlersLetEscapeAreShown) {
     const zuhost::MessageBoxObserver shown;
     Panel panel;
     EXPECT_EQ(panel.SendMessage(WM_COMMAND, 8), 0);
