@@ -118,11 +118,10 @@ QString Records::textAt(std::size_t at) const {
 AcGePoint3d Records::pointAt(std::size_t at) const {
     AcGePoint3d point(realAt(at), 0.0, 0.0);
     const int x = at < size() ? tags_[at].code : 0;
-    for (int axis = 1; axis <= 2 && at + static_cast<std::size_t>(axis) < size(); ++axis) {
-        const std::size_t place = at + static_cast<std::size_t>(axis);
-        if (tags_[place].code != x + 10 * axis)
+    for (unsigned axis = 1; axis <= 2 && at + axis < size(); ++axis) {
+        if (tags_[at + axis].code != x + 10 * static_cast<int>(axis))
             break;
-        point[axis] = realAt(place);
+        point[axis] = realAt(at + axis);
     }
     return point;
 }

@@ -5,6 +5,16 @@
 class CPoint;
 class CRect;
 
+constexpr bool operator==(const SIZE& a, const SIZE& b) {
+    return a.cx == b.cx && a.cy == b.cy;
+}
+constexpr bool operator==(const POINT& a, const POINT& b) {
+    return a.x == b.x && a.y == b.y;
+}
+constexpr bool operator==(const RECT& a, const RECT& b) {
+    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+}
+
 class CSize : public SIZE {
 public:
     constexpr CSize() = default;
@@ -14,7 +24,6 @@ public:
     explicit CSize(const POINT& point) : SIZE{point.x, point.y} {}
 
     void SetSize(int width, int height) { *this = CSize(width, height); }
-    bool operator==(const SIZE& other) const { return cx == other.cx && cy == other.cy; }
     void operator+=(const SIZE& other) { *this = *this + other; }
     void operator-=(const SIZE& other) { *this = *this - other; }
     CSize operator+(const SIZE& other) const { return {cx + other.cx, cy + other.cy}; }
@@ -40,7 +49,6 @@ public:
     void Offset(int across, int down) { *this = {x + across, y + down}; }
     void Offset(const POINT& point) { Offset(point.x, point.y); }
     void Offset(const SIZE& size) { Offset(size.cx, size.cy); }
-    bool operator==(const POINT& other) const { return x == other.x && y == other.y; }
     void operator+=(const SIZE& size) { Offset(size); }
     void operator-=(const SIZE& size) { Offset(-size.cx, -size.cy); }
     void operator+=(const POINT& point) { Offset(point); }
@@ -144,9 +152,6 @@ public:
         return IsRectEmpty() == FALSE ? TRUE : FALSE;
     }
 
-    bool operator==(const RECT& other) const {
-        return left == other.left && top == other.top && right == other.right && bottom == other.bottom;
-    }
     void operator+=(const POINT& by) { OffsetRect(by); }
     void operator+=(const SIZE& by) { OffsetRect(by); }
     void operator+=(const RECT* by) { InflateRect(by->left, by->top, by->right, by->bottom); }
