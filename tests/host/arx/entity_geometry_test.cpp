@@ -9,7 +9,6 @@
 namespace {
 
 using EntityGeometry = SampleDrawing;
-constexpr double kPi = std::numbers::pi;
 constexpr int kSamples = 200;
 const AcGeVector3d kUp(0, 0, 1);
 
