@@ -4,8 +4,6 @@
 #include "geplane.h"
 #include "sample_drawing.h"
 
-#include <numbers>
-
 namespace {
 
 using EntityGeometry = SampleDrawing;
