@@ -55,8 +55,8 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
 
 /// Notifies all reactors before destroying any object: a reactor may open others.
 void DatabaseCore::destroyObjects() {
-    for (std::size_t i = 0; i < objects_.size();
-         ++i) { // NOLINT(modernize-loop-convert): reactors can add objects
+    // NOLINTNEXTLINE(modernize-loop-convert): reactors can add objects.
+    for (std::size_t i = 0; i < objects_.size(); ++i) {
         AcDbObject& object = *objects_[i];
         object.notifyReactors([&object](AcDbObjectReactor& r) { r.goodbye(&object); });
         if (object.reactors_)

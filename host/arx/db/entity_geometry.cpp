@@ -18,7 +18,7 @@ Acad::ErrorStatus AcDbEntity::getTransformedCopy(const AcGeMatrix3d& matrix, AcD
     if (status != Acad::eOk)
         return status;
     copy = entity;
-    cloned.release();
+    static_cast<void>(cloned.release());
     return Acad::eOk;
 }
 
