@@ -65,6 +65,7 @@ Acad::ErrorStatus AcDbMText::setContents(const ACHAR* text) {
     TagList& records = changingTags();
     records.eraseIf(section(kMarker).range(), [](const Tag& tag) { return isPartOfText(tag.code); });
     std::vector<Tag> tags;
+    tags.reserve(parts.size());
     for (std::string& part : parts)
         tags.push_back({&part == &parts.back() ? 1 : 3, std::move(part)});
     records.insert(section(kMarker).range().last, tags);
