@@ -2,7 +2,7 @@
 
 #include "database_core.h"
 
-#include <algorithm>
+#include <ranges>
 #include <utility>
 
 namespace zuhost {
@@ -85,8 +85,7 @@ bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step
     Step step = std::move(from.back());
     from.pop_back();
     Step opposite;
-    std::reverse(step.begin(), step.end()); // last change first
-    for (Entry& entry : step) {
+    for (Entry& entry : std::views::reverse(step)) {
         const AcDbObject& object = core.object(*entry.stub);
         opposite.push_back({entry.stub, copied(object.ownTags()), entry.stub->erased, entry.kind});
         core.restore(*entry.stub, std::move(entry.tags), entry.erased, entry.kind, undoing);
