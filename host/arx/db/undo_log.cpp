@@ -2,7 +2,6 @@
 
 #include "database_core.h"
 
-#include <ranges>
 #include <utility>
 
 namespace zuhost {
@@ -85,7 +84,8 @@ bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step
     Step step = std::move(from.back());
     from.pop_back();
     Step opposite;
-    for (Entry& entry : std::views::reverse(step)) {
+    for (std::size_t last = step.size(); last-- > 0;) {
+        Entry& entry = step[last];
         const AcDbObject& object = core.object(*entry.stub);
         opposite.push_back({entry.stub, copied(object.ownTags()), entry.stub->erased, entry.kind});
         core.restore(*entry.stub, std::move(entry.tags), entry.erased, entry.kind, undoing);
