@@ -2,8 +2,8 @@
 
 #include <dbmain.h>
 #include <dbobjptr.h>
+#include <zuhost/result_chain.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -12,10 +12,7 @@ namespace {
 constexpr short kApplicationName = 1001;
 constexpr short kText = 1000;
 
-struct ChainDeleter {
-    void operator()(resbuf* chain) const { acutRelRb(chain); }
-};
-using Chain = std::unique_ptr<resbuf, ChainDeleter>;
+using Chain = zuhost::ResultChain;
 
 /// Appends items to a new or an existing chain.
 class ChainBuilder {

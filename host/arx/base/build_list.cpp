@@ -1,19 +1,14 @@
 #include "acutmem.h"
 #include "zuhost/list_value.h"
+#include "zuhost/result_chain.h"
 #include "zuhost/result_kind.h"
 
 #include <limits>
-#include <memory>
 #include <utility>
 
 namespace zuhost {
 
 namespace {
-
-struct ReleaseChain {
-    void operator()(resbuf* chain) const { acutRelRb(chain); }
-};
-using Chain = std::unique_ptr<resbuf, ReleaseChain>;
 
 template <typename T>
 const T* get(const ListValue& value) {
@@ -97,7 +92,7 @@ bool isType(std::int64_t type) {
 } // namespace
 
 resbuf* buildList(std::span<const ListValue> arguments) {
-    Chain chain;
+    ResultChain chain;
     resbuf* last = nullptr;
     while (!arguments.empty()) {
         const auto* const type = get<std::int64_t>(arguments.front());

@@ -7,9 +7,8 @@
 #include "database_core.h"
 #include "dbents.h"
 #include "dbobjptr.h"
+#include "zuhost/result_chain.h"
 #include "zuhost/result_kind.h"
-
-#include <memory>
 
 namespace zuhost {
 
@@ -26,10 +25,6 @@ bool isIdentity(int code, bool isFirstOwner) {
     return code == 5 || code == 105 || (code == 330 && isFirstOwner);
 }
 
-struct ReleaseChain {
-    void operator()(resbuf* chain) const { acutRelRb(chain); }
-};
-
 bool matchesAny(const ACHAR* application, const resbuf* patterns) {
     const std::wstring name = foldedName(application != nullptr ? application : L"");
     for (; patterns != nullptr; patterns = patterns->rbnext)
@@ -40,7 +35,7 @@ bool matchesAny(const ACHAR* application, const resbuf* patterns) {
 }
 
 /// Returns the values of the applications with matching names, cut out of the chain, which is freed.
-resbuf* selectApplications(std::unique_ptr<resbuf, ReleaseChain> data, const resbuf* patterns) {
+resbuf* selectApplications(ResultChain data, const resbuf* patterns) {
     resbuf* first = nullptr;
     resbuf** place = &first;
     bool isWanted = false;
@@ -71,9 +66,7 @@ resbuf* entityList(const ads_name name, const resbuf* applications) {
     for (auto at = records.begin(); at != records.end();)
         chain.add(at);
     resbuf* const data =
-        applications != nullptr
-            ? selectApplications(std::unique_ptr<resbuf, ReleaseChain>(object->xData()), applications)
-            : nullptr;
+        applications != nullptr ? selectApplications(ResultChain(object->xData()), applications) : nullptr;
     if (data != nullptr)
         chain.append(kExtendedData).rbnext = data;
     return chain.release();

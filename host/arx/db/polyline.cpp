@@ -21,6 +21,21 @@ constexpr std::string_view kMarker = "AcDbPolyline";
 constexpr std::int64_t kClosed = 1;
 constexpr std::int64_t kAcross = 128;
 
+bool isOfVertex(const zuhost::Tag& tag) {
+    return tag.code == 10 || tag.code == 20 || (tag.code >= 40 && tag.code <= 42) || tag.code == 91;
+}
+
+/// The ends of a segment, which may be the last one of a closed polyline.
+template <typename Point>
+struct Ends {
+    Ends(const AcDbPolyline& polyline, unsigned int index) {
+        polyline.getPointAt(index, from);
+        polyline.getPointAt((index + 1) % polyline.numVerts(), to);
+    }
+    Point from;
+    Point to;
+};
+
 } // namespace
 
 zuhost::TagList AcDbPolyline::newRecords() const {
@@ -186,9 +201,6 @@ Acad::ErrorStatus AcDbPolyline::removeVertexAt(unsigned int index) {
     if (status != Acad::eOk)
         return status;
     TagList& records = changingTags();
-    const auto isOfVertex = [](const zuhost::Tag& tag) {
-        return tag.code == 10 || tag.code == 20 || (tag.code >= 40 && tag.code <= 42) || tag.code == 91;
-    };
     records.eraseIf(vertexRange(index), isOfVertex);
     return setIntegerTag(kMarker, 90, count - 1);
 }
@@ -199,9 +211,6 @@ Acad::ErrorStatus AcDbPolyline::reset(bool reuse, unsigned int count) {
     if (status != Acad::eOk)
         return status;
     TagList& records = changingTags();
-    const auto isOfVertex = [](const zuhost::Tag& tag) {
-        return tag.code == 10 || tag.code == 20 || (tag.code >= 40 && tag.code <= 42) || tag.code == 91;
-    };
     const std::vector<std::size_t>& places = vertices();
     records.eraseIf({places[kept], places.back()}, isOfVertex);
     return setIntegerTag(kMarker, 90, kept);
@@ -213,11 +222,8 @@ AcDbPolyline::SegType AcDbPolyline::segType(unsigned int index) const {
         return kEmpty;
     if (count == 1 || (index + 1 == count && !isClosed()))
         return kPoint;
-    AcGePoint2d from;
-    AcGePoint2d to;
-    getPointAt(index, from);
-    getPointAt((index + 1) % count, to);
-    if (from == to)
+    const Ends<AcGePoint2d> ends(*this, index);
+    if (ends.from == ends.to)
         return kCoincident;
     return vertexReal(index, 42) != 0.0 ? kArc : kLine;
 }
@@ -225,44 +231,32 @@ AcDbPolyline::SegType AcDbPolyline::segType(unsigned int index) const {
 Acad::ErrorStatus AcDbPolyline::getLineSegAt(unsigned int index, AcGeLineSeg2d& segment) const {
     if (segType(index) != kLine)
         return Acad::eInvalidIndex;
-    AcGePoint2d from;
-    AcGePoint2d to;
-    getPointAt(index, from);
-    getPointAt((index + 1) % numVerts(), to);
-    segment.set(from, to);
+    const Ends<AcGePoint2d> ends(*this, index);
+    segment.set(ends.from, ends.to);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::getLineSegAt(unsigned int index, AcGeLineSeg3d& segment) const {
     if (segType(index) != kLine)
         return Acad::eInvalidIndex;
-    AcGePoint3d from;
-    AcGePoint3d to;
-    getPointAt(index, from);
-    getPointAt((index + 1) % numVerts(), to);
-    segment.set(from, to);
+    const Ends<AcGePoint3d> ends(*this, index);
+    segment.set(ends.from, ends.to);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::getArcSegAt(unsigned int index, AcGeCircArc2d& arc) const {
     if (segType(index) != kArc)
         return Acad::eInvalidIndex;
-    AcGePoint2d from;
-    AcGePoint2d to;
-    getPointAt(index, from);
-    getPointAt((index + 1) % numVerts(), to);
-    arc.set(from, to, vertexReal(index, 42));
+    const Ends<AcGePoint2d> ends(*this, index);
+    arc.set(ends.from, ends.to, vertexReal(index, 42));
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::getArcSegAt(unsigned int index, AcGeCircArc3d& arc) const {
     if (segType(index) != kArc)
         return Acad::eInvalidIndex;
-    AcGePoint3d from;
-    AcGePoint3d to;
-    getPointAt(index, from);
-    getPointAt((index + 1) % numVerts(), to);
-    const CurvePiece piece = CurvePiece::bulged(from, to, normal(), vertexReal(index, 42), index);
+    const Ends<AcGePoint3d> ends(*this, index);
+    const CurvePiece piece = CurvePiece::bulged(ends.from, ends.to, normal(), vertexReal(index, 42), index);
     arc.set(piece.centre, piece.along.crossProduct(piece.across), piece.along, piece.along.length(),
             piece.start, piece.end);
     return Acad::eOk;

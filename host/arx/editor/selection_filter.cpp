@@ -3,6 +3,7 @@
 #include "acdbads.h"
 #include "acutads.h"
 #include "dbobjptr.h"
+#include "zuhost/result_chain.h"
 #include "zuhost/result_kind.h"
 
 #include <zuhost/folded_name.h>
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -24,10 +24,6 @@ constexpr int kApplication = 1001;
 constexpr int kSpace = 67;
 constexpr int kLayout = 410;
 constexpr int kDeepest = 64;
-
-struct ReleaseChain {
-    void operator()(resbuf* chain) const { acutRelRb(chain); }
-};
 
 std::wstring textOf(const resbuf& item) {
     return item.resval.rstring != nullptr ? item.resval.rstring : L"";
@@ -156,7 +152,7 @@ bool hasExtendedData(AcDbObjectId id, const std::wstring& application) {
     const AcDbObjectPointer<AcDbObject> object(id);
     if (object.openStatus() != Acad::eOk)
         return false;
-    const std::unique_ptr<resbuf, ReleaseChain> data(object->xData());
+    const ResultChain data(object->xData());
     for (const resbuf* item = data.get(); item != nullptr; item = item->rbnext)
         if (item->restype == kApplication &&
             acutWcMatch(foldedName(textOf(*item)).c_str(), foldedName(application).c_str()) == RTNORM)
@@ -168,7 +164,7 @@ bool hasExtendedData(AcDbObjectId id, const std::wstring& application) {
 
 struct SelectionFilter::Subject {
     AcDbObjectId id;
-    std::unique_ptr<resbuf, ReleaseChain> list;
+    ResultChain list;
     bool isInPaperSpace = false;
 };
 
@@ -264,7 +260,7 @@ bool SelectionFilter::admits(AcDbObjectId id) const {
         return true;
     ads_name name;
     acdbGetAdsName(name, id);
-    Subject subject{id, std::unique_ptr<resbuf, ReleaseChain>(acdbEntGet(name)), false};
+    Subject subject{id, ResultChain(acdbEntGet(name)), false};
     if (subject.list == nullptr)
         return false;
     for (const resbuf* item = subject.list.get(); item != nullptr; item = item->rbnext)

@@ -24,9 +24,8 @@ public:
     CW2A(const CW2A&) = delete;
     CW2A& operator=(const CW2A&) = delete;
     ~CW2A() = default;
-    operator char*() const {
-        return m_psz;
-    } // NOLINT(google-explicit-constructor, hicpp-explicit-conversions)
+    // NOLINTNEXTLINE(google-explicit-constructor, hicpp-explicit-conversions): as the interface has it.
+    operator char*() const { return m_psz; }
 
 private:
     std::string bytes_;
@@ -43,9 +42,8 @@ public:
     CA2W(const CA2W&) = delete;
     CA2W& operator=(const CA2W&) = delete;
     ~CA2W() = default;
-    operator wchar_t*() const {
-        return m_psz;
-    } // NOLINT(google-explicit-constructor, hicpp-explicit-conversions)
+    // NOLINTNEXTLINE(google-explicit-constructor, hicpp-explicit-conversions): as the interface has it.
+    operator wchar_t*() const { return m_psz; }
 
 private:
     std::wstring text_;
@@ -63,9 +61,8 @@ public:
     CW2W(const CW2W&) = delete;
     CW2W& operator=(const CW2W&) = delete;
     ~CW2W() = default;
-    operator wchar_t*() const {
-        return m_psz;
-    } // NOLINT(google-explicit-constructor, hicpp-explicit-conversions)
+    // NOLINTNEXTLINE(google-explicit-constructor, hicpp-explicit-conversions): as the interface has it.
+    operator wchar_t*() const { return m_psz; }
 
 private:
     std::wstring text_;

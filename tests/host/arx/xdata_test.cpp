@@ -1,14 +1,12 @@
 #include "dbapserv.h"
 #include "sample_drawing.h"
 
+#include <zuhost/result_chain.h>
 #include <zuhost/result_kind.h>
 
 namespace {
 
-struct ChainDeleter {
-    void operator()(resbuf* chain) const { acutRelRb(chain); }
-};
-using Chain = std::unique_ptr<resbuf, ChainDeleter>;
+using Chain = zuhost::ResultChain;
 
 /// Appends items to a new chain.
 class ChainBuilder {

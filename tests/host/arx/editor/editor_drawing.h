@@ -10,16 +10,14 @@
 #include <geassign.h>
 #include <zuhost/command_line.h>
 #include <zuhost/input.h>
+#include <zuhost/result_chain.h>
 
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
 
-struct ReleaseChain {
-    void operator()(resbuf* chain) const { acutRelRb(chain); }
-};
-using Chain = std::unique_ptr<resbuf, ReleaseChain>;
+using Chain = zuhost::ResultChain;
 
 /// An empty working drawing, without input; what is printed is captured.
 class EditorDrawing : public testing::Test {
