@@ -5,6 +5,7 @@
 #include <dbmain.h>
 #include <zucomn/model/elements.h>
 #include <zuhost/atomic_file.h>
+#include <zuhost/drawing_files.h>
 #include <zuhost/paths.h>
 
 #include <variant>
@@ -23,7 +24,7 @@ std::vector<std::uint64_t> handlesInModelSpace(AcDbDatabase& database) {
 } // namespace
 
 std::shared_ptr<const Drawing> readDatabase(AcDbDatabase& database) {
-    std::string bytes = database.dxfOutBytes(database.isBinary());
+    std::string bytes = zuhost::dxfOutBytes(database, zuhost::isBinary(database));
     if (bytes.empty())
         return nullptr;
     auto drawing = std::make_shared<Drawing>(std::move(bytes));

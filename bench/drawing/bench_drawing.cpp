@@ -8,6 +8,7 @@
 #include "dbobjptr.h"
 #include "drawing/document.h"
 #include "zuhost/paths.h"
+#include <zuhost/names.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -112,7 +113,7 @@ double readObject(AcDbObjectId id) {
     double sum = object->isA() == AcDbLine::desc() ? 1 : 0;
     sum += static_cast<double>(object->getAcDbHandle().value() + object->ownerId().handle().value());
     if (const auto* const entity = AcDbEntity::cast(object.object()))
-        sum += static_cast<double>(entity->layerName().size());
+        sum += static_cast<double>(zuhost::layerName(*entity).size());
     const Chain values(object->xData(), &acutRelRb);
     for (const resbuf* value = values.get(); value != nullptr; value = value->rbnext)
         sum += value->restype;

@@ -53,7 +53,15 @@ std::vector<AcDbObjectId> entitiesOfModelSpace() {
     if (table.openStatus() != Acad::eOk || table->getAt(ACDB_MODEL_SPACE, space) != Acad::eOk)
         return {};
     const AcDbObjectPointer<AcDbBlockTableRecord> record(space);
-    return record.openStatus() == Acad::eOk ? record->entityIds() : std::vector<AcDbObjectId>();
+    AcDbBlockTableRecordIterator* found = nullptr;
+    if (record.openStatus() != Acad::eOk || record->newIterator(found) != Acad::eOk)
+        return {};
+    std::vector<AcDbObjectId> ids;
+    for (const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(found); !iterator->done();
+         iterator->step())
+        if (AcDbObjectId id; iterator->getEntityId(id) == Acad::eOk)
+            ids.push_back(id);
+    return ids;
 }
 
 /// Raises an element by 100 drawing units. Returns false when it has no height or cannot be changed.

@@ -44,8 +44,8 @@ AcDbObjectId connectedTo(AcDbObjectId element) {
 int run(const std::wstring& module, const std::wstring& file, const std::wstring& handle,
         const std::wstring& out) {
     AcDbDatabase database(false);
-    if (database.dxfIn(file.c_str()) != Acad::eOk)
-        return fail(database.lastErrorText());
+    if (const Acad::ErrorStatus status = database.dxfIn(file.c_str()); status != Acad::eOk)
+        return fail(L"cannot open " + file + L": " + acadErrorStatusText(status));
     acdbHostApplicationServices()->setWorkingDatabase(&database);
     if (!acrxLoadModule(module.c_str(), true))
         return fail(L"cannot load the module " + module);
@@ -64,8 +64,8 @@ int run(const std::wstring& module, const std::wstring& file, const std::wstring
         return fail(L"element " + handle + L" cannot be replaced: it or one of its groups is open");
 
     const bool isUnloaded = acrxUnloadModule(module.c_str());
-    if (database.dxfOut(out.c_str()) != Acad::eOk)
-        return fail(database.lastErrorText());
+    if (const Acad::ErrorStatus status = database.dxfOut(out.c_str()); status != Acad::eOk)
+        return fail(L"cannot save " + out + L": " + acadErrorStatusText(status));
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     return isUnloaded ? 0 : 1;
 }

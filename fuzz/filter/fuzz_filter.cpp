@@ -9,6 +9,7 @@
 #include <zucomn/model/elements.h>
 #include <zucomn/model/filter.h>
 #include <zucomn/model/quantities.h>
+#include <zuhost/drawing_files.h>
 #include <zuhost/text_codec.h>
 
 #include <algorithm>
@@ -113,7 +114,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (where == nullptr || negation == nullptr || size - lineEnd > zu::fuzz::kLargestDrawing)
         return 0;
     AcDbDatabase drawing(false);
-    if (drawing.dxfInBytes(std::string(input.substr(lineEnd + (lineEnd < size))), L"fuzzed") != Acad::eOk)
+    if (zuhost::dxfInBytes(drawing, std::string(input.substr(lineEnd + (lineEnd < size))), L"fuzzed") !=
+        Acad::eOk)
         return 0;
     acdbHostApplicationServices()->setWorkingDatabase(&drawing);
     zu::fuzz::divide(drawing, where, negation);

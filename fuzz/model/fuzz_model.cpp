@@ -18,6 +18,7 @@
 #include <zucomn/model/groups.h>
 #include <zucomn/model/joints.h>
 #include <zucomn/route.h>
+#include <zuhost/drawing_files.h>
 
 #include <algorithm>
 #include <array>
@@ -79,11 +80,12 @@ void draw(app::DrawingFile& drawing) {
 }
 
 void requireOpens(app::DrawingFile& drawing) {
-    const bool binary = drawing.database().isBinary();
+    const bool binary = zuhost::isBinary(drawing.database());
     AcDbDatabase again(false);
-    const bool opens = again.dxfInBytes(drawing.database().dxfOutBytes(binary), L"saved") == Acad::eOk;
+    const bool opens =
+        zuhost::dxfInBytes(again, zuhost::dxfOutBytes(drawing.database(), binary), L"saved") == Acad::eOk;
     if (!opens)
-        std::fprintf(stderr, "%ls\n", again.lastErrorText().c_str());
+        std::fprintf(stderr, "%ls\n", zuhost::lastErrorText(again).c_str());
     require(opens, "what was saved does not open");
 }
 
@@ -94,9 +96,9 @@ void show(const CString& file, std::string_view bytes) {
     list(*drawing);
     (void)app::audit(*drawing, false);
     draw(*drawing);
-    const std::string saved = drawing->database().dxfOutBytes(drawing->database().isBinary());
+    const std::string saved = zuhost::dxfOutBytes(drawing->database(), zuhost::isBinary(drawing->database()));
     // Faults repaired while reading are repaired in the saved file, too.
-    if (drawing->database().warnings().empty())
+    if (zuhost::warnings(drawing->database()).empty())
         require(saved == bytes, "an unedited drawing was changed");
 }
 
@@ -155,7 +157,7 @@ void repair(const MemoryFile& memory, const CString& file) {
     if (!drawing)
         return;
     (void)app::audit(*drawing, true);
-    const std::string saved = drawing->database().dxfOutBytes(drawing->database().isBinary());
+    const std::string saved = zuhost::dxfOutBytes(drawing->database(), zuhost::isBinary(drawing->database()));
     const auto again = open(memory.fill(saved));
     require(again != nullptr, "a repaired drawing does not open");
     require(repairsOf(*again) == 0, "a second repair repaired something");

@@ -218,7 +218,10 @@ private:
     }
 
     [[nodiscard]] bool store() const {
-        return ApiComn_appendAttributesArray(entity_, application_, record_.texts) == 0;
+        // What is repaired is not drawn: entities on locked layers are repaired too.
+        const AcDbObjectPointer<AcDbObject> entity(entity_, AcDb::kForWrite, false, true);
+        return entity.openStatus() == Acad::eOk &&
+               ApiComn_appendAttributesArray(entity.object(), application_, record_.texts) == 0;
     }
 
     AcDbObjectId entity_;

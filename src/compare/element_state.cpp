@@ -1,6 +1,7 @@
 #include "element_state.h"
 
 #include "attributes/attribute_record.h"
+#include "entity_names.h"
 #include "frame/text_view.h"
 #include "route/link_record.h"
 
@@ -34,8 +35,8 @@ bool readReference(AcDbObjectId id, ElementState& state) {
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
     if (reference.openStatus() != Acad::eOk)
         return false;
-    state.block = zu::view(CString(reference->blockName()).MakeLower());
-    state.layer = reference->layerName();
+    state.block = zu::view(CString(zu::blockName(*reference).c_str()).MakeLower());
+    state.layer = zu::layerName(*reference);
     state.position = reference->position();
     state.place = elementPlace(*reference.object());
     return true;

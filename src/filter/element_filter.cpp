@@ -2,6 +2,7 @@
 
 #include "attributes/attribute_record.h"
 #include "condition.h"
+#include "entity_names.h"
 #include "name_patterns.h"
 #include "route/group_access.h"
 
@@ -56,10 +57,10 @@ public:
 private:
     bool hasNames(AcDbObjectId id) {
         const AcDbObjectPointer<AcDbEntity> entity(id);
-        if (entity.openStatus() != Acad::eOk || !layers_.match(entity->layerName()))
+        if (entity.openStatus() != Acad::eOk || !layers_.match(zu::layerName(*entity)))
             return false;
         const auto* const reference = AcDbBlockReference::cast(entity.object());
-        return blocks_.match(reference != nullptr ? reference->blockName() : std::wstring());
+        return blocks_.match(reference != nullptr ? zu::blockName(*reference) : std::wstring());
     }
 
     [[nodiscard]] bool hasLinkKind(AcDbObjectId id) const {

@@ -60,25 +60,33 @@ AcDbDatabase* ZuComn_getWorkDatabase() {
     return chosen != nullptr ? chosen : acdbHostApplicationServices()->workingDatabase();
 }
 
+namespace {
+
+/// The custom properties of the working drawing; null without one.
+std::unique_ptr<AcDbDatabaseSummaryInfo> summaryInfo() {
+    AcDbDatabaseSummaryInfo* info = nullptr;
+    acdbGetSummaryInfo(ZuComn_getWorkDatabase(), info);
+    return std::unique_ptr<AcDbDatabaseSummaryInfo>(info);
+}
+
+} // namespace
+
 int ZuComn_GetCustomVar(const wchar_t* name, CString& value) {
-    AcDbDatabase* const database = ZuComn_getWorkDatabase();
-    std::unique_ptr<AcDbDatabaseSummaryInfo> info;
-    std::wstring text;
-    if (database == nullptr || acdbGetSummaryInfo(database, info) != Acad::eOk ||
-        info->getCustomSummaryInfo(name, text) != Acad::eOk)
+    const auto info = summaryInfo();
+    AcString text;
+    if (!info || info->getCustomSummaryInfo(name, text) != Acad::eOk)
         return -1;
-    value = text.c_str();
+    value = text;
     return 0;
 }
 
 int ZuComn_SetCustomVar(const wchar_t* name, const wchar_t* value) {
-    AcDbDatabase* const database = ZuComn_getWorkDatabase();
-    std::unique_ptr<AcDbDatabaseSummaryInfo> info;
-    if (database == nullptr || acdbGetSummaryInfo(database, info) != Acad::eOk)
+    const auto info = summaryInfo();
+    if (!info)
         return -1;
     if (info->setCustomSummaryInfo(name, value) != Acad::eOk)
         info->addCustomSummaryInfo(name, value);
-    return acdbPutSummaryInfo(database, *info) == Acad::eOk ? 0 : -1;
+    return acdbPutSummaryInfo(info.get()) == Acad::eOk ? 0 : -1;
 }
 
 int ZuComn_GetEnableAnnoScale() {

@@ -1,6 +1,7 @@
 #include "counted_element.h"
 
 #include "attributes/attribute_record.h"
+#include "entity_names.h"
 #include "frame/plain_number.h"
 #include "route/link_record.h"
 
@@ -38,7 +39,7 @@ CountedElement countedFrom(const AcDbBlockReference& reference, ElementBlocks& b
                            const CStringArray& record, const zucomn::QuantityAttributes& attributes) {
     CountedElement element;
     element.id = reference.objectId();
-    element.block = reference.blockName();
+    element.block = blockName(reference);
     const ElementBlock& block = blocks.of(reference, element.block);
     element.definition = block.id;
     element.code = block.code;

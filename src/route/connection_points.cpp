@@ -1,6 +1,8 @@
 #include "connection_points.h"
 
 #include "connection_indexes.h"
+#include "dbservices/block_entities.h"
+#include "entity_names.h"
 #include "frame/text_view.h"
 
 #include <zucomn/frame.h>
@@ -20,7 +22,7 @@ namespace zu {
 namespace {
 
 bool isOnLayer(const AcDbEntity& entity, const std::wstring& layer) {
-    return _wcsicmp(entity.layerName().c_str(), layer.c_str()) == 0;
+    return _wcsicmp(zu::layerName(entity).c_str(), layer.c_str()) == 0;
 }
 
 CString coordinateText(double value) {
@@ -58,7 +60,7 @@ Read<DefinitionPoints> definitionPoints(AcDbObjectId block, std::wstring_view la
         return result;
     const std::wstring wanted(layer);
     const AcGePoint3d origin = definition->origin();
-    for (const AcDbObjectId id : definition->entityIds()) {
+    for (const AcDbObjectId id : zu::entityIds(*definition)) {
         if (id.objectClass() != AcDbPoint::desc())
             continue;
         const AcDbObjectPointer<AcDbPoint> point(id);
@@ -117,7 +119,7 @@ double connectionTolerance() {
 
 std::wstring blockNameOf(AcDbObjectId element) {
     const AcDbObjectPointer<AcDbBlockReference> reference(element);
-    return reference.openStatus() == Acad::eOk ? reference->blockName() : std::wstring();
+    return reference.openStatus() == Acad::eOk ? zu::blockName(*reference) : std::wstring();
 }
 
 } // namespace zu

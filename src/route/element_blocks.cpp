@@ -2,6 +2,7 @@
 
 #include "connection_indexes.h"
 #include "element_code.h"
+#include "entity_names.h"
 
 #include <dbents.h>
 #include <dbobjptr.h>
@@ -10,7 +11,7 @@
 namespace zu {
 
 const ElementBlock& ElementBlocks::of(const AcDbBlockReference& reference) {
-    return of(reference, reference.blockName());
+    return of(reference, blockName(reference));
 }
 
 const ElementBlock& ElementBlocks::of(const AcDbBlockReference& reference, const std::wstring& name) {

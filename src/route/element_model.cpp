@@ -2,6 +2,7 @@
 #include "connection_points.h"
 #include "element_code.h"
 #include "element_heights.h"
+#include "entity_names.h"
 #include "link_record.h"
 
 #include <zucomn/attributes.h>
@@ -23,7 +24,7 @@ int ZuComn_GetBlockElementCode(const AcDbObjectId& element, int& code) {
     const AcDbObjectPointer<AcDbBlockReference> reference(element);
     if (reference.openStatus() != Acad::eOk)
         return -1;
-    code = zu::elementCode(reference->blockName());
+    code = zu::elementCode(zu::blockName(*reference));
     return 0;
 }
 
@@ -69,7 +70,7 @@ int RootComn_GetOBlockHeight(const AcDbObjectId& element, int& kind, double& low
         return -1;
     CStringArray record;
     ApiComn_extractAttributesArray(reference.object(), zu::kAttributeApplication, record);
-    const zu::ElementHeights heights = zu::elementHeights(reference->blockName(), record);
+    const zu::ElementHeights heights = zu::elementHeights(zu::blockName(*reference), record);
     kind = heights.kind;
     if (heights.range) {
         low = heights.range->low;

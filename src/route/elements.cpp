@@ -1,8 +1,10 @@
 #include <zucomn/model/elements.h>
 
 #include "attributes/model/layer_locks.h"
+#include "dbservices/block_entities.h"
 #include "dbservices/group_lookup.h"
 #include "element_blocks.h"
+#include "entity_names.h"
 #include "link_record.h"
 
 #include <dbents.h>
@@ -25,8 +27,8 @@ public:
         if (reference.openStatus() != Acad::eOk)
             return false;
         element.id = id;
-        element.block = reference->blockName();
-        element.layer = reference->layerName();
+        element.block = zu::blockName(*reference);
+        element.layer = zu::layerName(*reference);
         element.isOnLocked = isLocked(element.layer, *reference.object());
         element.isVisible = reference->isVisible();
         element.origin = reference->position();
@@ -78,7 +80,7 @@ std::vector<AcDbObjectId> modelSpaceEntities(const AcDbDatabase& drawing) {
     const AcDbObjectPointer<AcDbBlockTableRecord> space(spaceId);
     if (space.openStatus() != Acad::eOk)
         return {};
-    return space->entityIds();
+    return zu::entityIds(*space);
 }
 
 std::vector<AcDbObjectId> modelSpaceReferences(const AcDbDatabase& drawing) {

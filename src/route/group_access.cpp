@@ -19,6 +19,9 @@ namespace zu {
 
 namespace {
 
+/// Membership in groups is not drawn: entities on locked layers can be grouped too.
+constexpr bool kOnLockedLayers = true;
+
 constexpr const wchar_t* kNamedPrefix = L"RTGR";
 constexpr int kNumberDigits = 5;
 
@@ -50,7 +53,7 @@ std::optional<AcDbObjectIdArray> usableMembers(const AcDbObjectIdArray& ids, con
     for (const AcDbObjectId id : ids) {
         if (id.isNull() || id.database() != drawing || !seen.insert(id).second)
             continue;
-        const AcDbEntityPointer entity(id, AcDb::kForWrite);
+        const AcDbEntityPointer entity(id, AcDb::kForWrite, false, kOnLockedLayers);
         if (isTemporary(entity.openStatus()))
             return std::nullopt;
         if (entity.openStatus() == Acad::eOk)
@@ -60,7 +63,8 @@ std::optional<AcDbObjectIdArray> usableMembers(const AcDbObjectIdArray& ids, con
 }
 
 bool canBeChanged(AcDbObjectId object) {
-    return AcDbObjectPointer<AcDbObject>(object, AcDb::kForWrite).openStatus() == Acad::eOk;
+    return AcDbObjectPointer<AcDbObject>(object, AcDb::kForWrite, false, kOnLockedLayers).openStatus() ==
+           Acad::eOk;
 }
 
 bool canBeDeleted(AcDbObjectId id) {
@@ -75,10 +79,8 @@ std::optional<CString> groupName(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbGroup> group(id);
     if (group.openStatus() != Acad::eOk)
         return std::nullopt;
-    const std::wstring name = group->getName();
-    if (name.empty())
-        return std::nullopt;
-    return CString(name);
+    AcString name;
+    return group->getName(name) == Acad::eOk ? std::optional(CString(name)) : std::nullopt;
 }
 
 bool isRouteGroupName(const CString& name) {

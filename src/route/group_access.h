@@ -18,7 +18,8 @@ namespace zu {
 [[nodiscard]] std::optional<AcDbObjectIdArray> usableMembers(const AcDbObjectIdArray& ids,
                                                              const AcDbDatabase* drawing);
 
-/// True when the object can be opened for write now.
+/// True when the object's groups can be changed now: it can be opened for write, or is an entity on a locked
+/// layer.
 [[nodiscard]] bool canBeChanged(AcDbObjectId object);
 /// True when the group can be opened for write now, and nothing else holds its dictionary open.
 [[nodiscard]] bool canBeDeleted(AcDbObjectId group);

@@ -18,7 +18,8 @@ namespace {
 /// False for groups that are only among the element's reactors, as in damaged drawings.
 bool lists(AcDbObjectId id, AcDbObjectId element) {
     const AcDbObjectPointer<AcDbGroup> group(id);
-    return group.openStatus() == Acad::eOk && group->has(element);
+    const AcDbEntityPointer entity(element);
+    return group.openStatus() == Acad::eOk && group->has(entity.object());
 }
 
 /// The groups of the kind that the element is to leave.

@@ -31,9 +31,12 @@ std::vector<AcDbObjectId> groupsOf(const AcDbDatabase& drawing) {
         return {};
     std::vector<AcDbObjectId> groups;
     std::unordered_set<AcDbObjectId> seen;
-    for (const auto& entry : dictionary->entries())
-        if (entry.id.objectClass()->isDerivedFrom(AcDbGroup::desc()) && seen.insert(entry.id).second)
-            groups.push_back(entry.id);
+    for (const std::unique_ptr<AcDbDictionaryIterator> entry(dictionary->newIterator()); !entry->done();
+         entry->next()) {
+        const AcDbObjectId id = entry->objectId();
+        if (id.objectClass()->isDerivedFrom(AcDbGroup::desc()) && seen.insert(id).second)
+            groups.push_back(id);
+    }
     return groups;
 }
 

@@ -32,8 +32,10 @@ std::optional<std::vector<Candidate>> routeGroups(const AcDbObjectIdArray& group
         const AcDbObjectPointer<AcDbGroup> group(id);
         if (group.openStatus() != Acad::eOk)
             return std::nullopt;
-        if (const CString name(group->getName()); zu::isRouteGroupName(name))
-            candidates.push_back({id, name});
+        AcString name;
+        group->getName(name);
+        if (zu::isRouteGroupName(CString(name)))
+            candidates.push_back({id, CString(name)});
     }
     return candidates;
 }

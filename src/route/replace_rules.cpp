@@ -17,9 +17,10 @@ namespace {
 
 using IdSet = std::unordered_set<AcDbObjectId>;
 
-bool canBeChanged(const AcDbObjectIdArray& ids) {
-    return std::all_of(ids.begin(), ids.end(), [](AcDbObjectId id) {
-        const AcDbEntityPointer entity(id, AcDb::kForWrite);
+/// Entities on locked layers can become members of groups but can't be erased.
+bool canBeChanged(const AcDbObjectIdArray& ids, bool onLockedLayers) {
+    return std::all_of(ids.begin(), ids.end(), [onLockedLayers](AcDbObjectId id) {
+        const AcDbEntityPointer entity(id, AcDb::kForWrite, false, onLockedLayers);
         return entity.openStatus() == Acad::eOk;
     });
 }
@@ -81,7 +82,7 @@ void eraseAll(const AcDbObjectIdArray& ids) {
 /// when an element or a group can't be changed. After a merge the new elements are in one route group of each
 /// kind only.
 bool replace(const AcDbObjectIdArray& oldIds, const AcDbObjectIdArray& newIds, bool isMerge) {
-    if (oldIds.isEmpty() || !canBeChanged(oldIds) || !canBeChanged(newIds))
+    if (oldIds.isEmpty() || !canBeChanged(oldIds, false) || !canBeChanged(newIds, true))
         return false;
     const AcDbObjectIdArray leaving = without(oldIds, newIds);
     const auto groups = groupsToChange(leaving);

@@ -1,5 +1,6 @@
 #include "plain_search.h"
 #include "random_network.h"
+#include <zuhost/undo.h>
 
 namespace {
 
@@ -111,7 +112,7 @@ TEST_P(RandomNetworks, FollowChangesOfTheDrawing) {
             database.undo();
         }
         if (network.upTo(5) == 0)
-            database.redo();
+            zuhost::redo(database);
         expectEqualEverywhere(network, round % 3);
     }
 }

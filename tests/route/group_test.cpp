@@ -4,6 +4,7 @@
 #include <zucomn/dbservices.h>
 #include <zucomn/frame.h>
 #include <zucomn/route.h>
+#include <zuhost/drawing_files.h>
 
 #include <windows.h>
 
@@ -55,7 +56,7 @@ TEST_F(Groups, AreCreatedNumberedAndListed) {
     EXPECT_EQ(RootComn_CreateNewGroup(key, TestDrawing::ids({a, b, a}), first, false), 0);
     EXPECT_EQ(members(first), TestDrawing::ids({a, b}));
     const AcDbObjectPointer<AcDbGroup> opened(first);
-    EXPECT_EQ(opened->description(), L"*");
+    EXPECT_STREQ(opened->description(), L"*");
     EXPECT_FALSE(opened->isSelectable());
     EXPECT_EQ(name(first), L"*A1");
     EXPECT_EQ(name(group(L"*", {a})), L"*A2");
@@ -255,14 +256,14 @@ TEST_F(Groups, MembersOfUnknownGroupsGetARoute) {
 TEST_F(Groups, AnElementThatNamesItsGroupTwiceStaysInIt) {
     const AcDbObjectId tee = element(L"0|");
     const AcDbObjectId route = group(L"RTGR00001", {element(L"1|"), tee});
-    std::string records = drawing.database().dxfOutBytes(false);
+    std::string records = zuhost::dxfOutBytes(drawing.database(), false);
     const std::string entry = "330\r\n" + zuhost::toUtf8(handleText(route)) + "\r\n";
     for (std::size_t at = records.find(entry); at != std::string::npos;
          at = records.find(entry, at + 2 * entry.size()))
         records.insert(at, entry);
     ASSERT_NE(records.find(entry + entry), std::string::npos);
     AcDbDatabase damaged(false);
-    ASSERT_EQ(damaged.dxfInBytes(records, L""), Acad::eOk);
+    ASSERT_EQ(zuhost::dxfInBytes(damaged, records, L""), Acad::eOk);
     AcDbObjectId twice;
     ASSERT_EQ(damaged.getAcDbObjectId(twice, false, tee.handle()), Acad::eOk);
     AcDbObjectIdArray groups;

@@ -9,6 +9,7 @@
 #include <dbobjptr.h>
 #include <dbsymtb.h>
 #include <zucomn/model/library.h>
+#include <zuhost/drawing_files.h>
 #include <zuhost/text_codec.h>
 
 #include <gtest/gtest.h>
@@ -28,7 +29,8 @@ public:
     explicit TestDrawing(const std::string& sample) : database_(std::make_unique<AcDbDatabase>(false)) {
         use();
         const std::wstring path = zuhost::fromUtf8(std::string(ZU_SAMPLES) + "/drawings/" + sample);
-        EXPECT_EQ(database_->dxfIn(path.c_str()), Acad::eOk) << zuhost::toUtf8(database_->lastErrorText());
+        EXPECT_EQ(database_->dxfIn(path.c_str()), Acad::eOk)
+            << zuhost::toUtf8(zuhost::lastErrorText(*database_));
     }
     ~TestDrawing() {
         acdbHostApplicationServices()->setWorkingDatabase(nullptr);

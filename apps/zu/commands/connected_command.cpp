@@ -15,6 +15,7 @@
 #include <dbobjptr.h>
 #include <zucomn/dbservices.h>
 #include <zucomn/route.h>
+#include <zuhost/names.h>
 
 #include <iostream>
 #include <memory>
@@ -126,7 +127,7 @@ private:
         const AcDbObjectPointer<AcDbBlockReference> reference(id);
         if (reference.openStatus() != Acad::eOk)
             return none_;
-        const auto [entry, isNew] = blocks_.try_emplace(reference->blockName());
+        const auto [entry, isNew] = blocks_.try_emplace(zuhost::blockName(*reference));
         if (isNew) {
             int code = zucomn::kNoElement;
             ZuComn_GetBlockElementCode(id, code);

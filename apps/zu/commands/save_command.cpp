@@ -2,6 +2,7 @@
 #include "command_line.h"
 #include "commands/commands.h"
 #include "model/drawing_file.h"
+#include <zuhost/drawing_files.h>
 
 #include <memory>
 
@@ -18,7 +19,7 @@ struct Options {
 
 void run(const Options& options) {
     DrawingFile drawing(options.drawing);
-    const bool binary = options.binary || (drawing.database().isBinary() && !options.ascii);
+    const bool binary = options.binary || (zuhost::isBinary(drawing.database()) && !options.ascii);
     drawing.save(options.saving, binary);
 }
 

@@ -6,6 +6,7 @@
 #include <dbobjptr.h>
 #include <zucomn/model/groups.h>
 #include <zuhost/audit.h>
+#include <zuhost/names.h>
 
 #include <unordered_map>
 
@@ -75,7 +76,7 @@ private:
         finding.repaired = found.isRepaired;
         finding.group = groups_.of(found.object);
         if (const AcDbObjectPointer<AcDbEntity> entity(found.object); entity.openStatus() == Acad::eOk) {
-            finding.layer = narrow(entity->layerName());
+            finding.layer = narrow(zuhost::layerName(*entity));
             if (const auto* const element = AcDbBlockReference::cast(entity.object()))
                 finding.position = element->position();
         }

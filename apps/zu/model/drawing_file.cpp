@@ -49,19 +49,21 @@ void addDrawing(Command& command, DrawingSource& source) {
 DrawingFile::DrawingFile(const DrawingSource& source)
     : path_(source.path), database_(std::make_unique<AcDbDatabase>(false)) {
     open(source);
-    for (const std::wstring& warning : database_->warnings())
+    for (const std::wstring& warning : zuhost::warnings(*database_))
         std::cerr << narrow(warning) << '\n';
     acdbHostApplicationServices()->setWorkingDatabase(database_.get());
 }
 
 void DrawingFile::open(const DrawingSource& source) {
     const bool isInput = source.path == kStandardStream;
-    const Acad::ErrorStatus status = isInput ? database_->dxfInBytes(readStandardInput(), kStandardInputName)
-                                             : database_->dxfIn(filePath(source.path), source.strict);
+    const Acad::ErrorStatus status =
+        isInput         ? zuhost::dxfInBytes(*database_, readStandardInput(), kStandardInputName)
+        : source.strict ? zuhost::dxfInStrict(*database_, filePath(source.path))
+                        : database_->dxfIn(filePath(source.path));
     if (status != Acad::eOk)
-        throw Failure(narrow(database_->lastErrorText()));
-    if (isInput && source.strict && !database_->warnings().empty())
-        throw Failure(narrow(database_->warnings().front()));
+        throw Failure(narrow(zuhost::lastErrorText(*database_)));
+    if (isInput && source.strict && !zuhost::warnings(*database_).empty())
+        throw Failure(narrow(zuhost::warnings(*database_).front()));
 }
 
 DrawingFile::~DrawingFile() {
@@ -102,21 +104,22 @@ AcDbObjectId DrawingFile::findGroup(const std::string& nameOrHandle) const {
 }
 
 void DrawingFile::save(const SaveOptions& options) {
-    save(options, database_->isBinary());
+    save(options, zuhost::isBinary(*database_));
 }
 
 void DrawingFile::save(const SaveOptions& options, bool binary) {
     if (options.output == kStandardStream) {
-        std::cout << database_->dxfOutBytes(binary);
+        std::cout << zuhost::dxfOutBytes(*database_, binary);
         return;
     }
     if (options.force)
         zuhost::allowReplacingChangedFile(*database_);
-    const Acad::ErrorStatus status = database_->dxfOut(filePath(outputFile(options.output)), binary);
+    const Acad::ErrorStatus status = zuhost::dxfOut(*database_, filePath(outputFile(options.output)), binary);
     if (status == Acad::eFileAccessErr)
-        throw FileChanged(narrow(database_->lastErrorText()) + "; open it again, or save with --force");
+        throw FileChanged(narrow(zuhost::lastErrorText(*database_)) +
+                          "; open it again, or save with --force");
     if (status != Acad::eOk)
-        throw Failure(narrow(database_->lastErrorText()));
+        throw Failure(narrow(zuhost::lastErrorText(*database_)));
 }
 
 std::string DrawingFile::outputFile(const std::string& output) const {

@@ -9,6 +9,7 @@
 #include <zucomn/model/attributes.h>
 #include <zucomn/model/elements.h>
 #include <zucomn/model/joints.h>
+#include <zuhost/names.h>
 
 #include <afxstr.h>
 
@@ -47,7 +48,7 @@ private:
         const AcDbObjectPointer<AcDbLayerTableRecord> layer(id);
         if (layer.openStatus() != Acad::eOk)
             return {};
-        const QString stored = QString::fromStdWString(std::wstring(CString(layer->name()).view()));
+        const QString stored = QString::fromStdWString(zuhost::recordName(*layer));
         return {!layer->isOff() && !layer->isFrozen(), !filter_ || filter_(stored)};
     }
 
@@ -130,7 +131,7 @@ QString elementName(AcDbObjectId element) {
     const AcDbObjectPointer<AcDbBlockTableRecord> block(reference->blockTableRecord());
     if (block.openStatus() != Acad::eOk)
         return {};
-    const QString name = text(CString(block->name()).view());
+    const QString name = QString::fromStdWString(zuhost::recordName(*block));
     qsizetype start = kPrefix;
     while (start < name.size() && name[start] == u'-')
         ++start;

@@ -9,6 +9,7 @@
 
 #include <zucomn/model/elements.h>
 #include <zucomn/model/quantities.h>
+#include <zuhost/drawing_files.h>
 #include <zuhost/language.h>
 
 #include <algorithm>
@@ -120,12 +121,12 @@ Json reportOn(const DrawingSource& source, PlanForm form) {
     Json report{{"drawing", source.path},
                 {"name", nameOf(source.path)},
                 {"program", "zu " ZU_VERSION},
-                {"format", formatName(drawing.database().originalFileVersion())},
+                {"format", formatName(zuhost::drawingVersion(drawing.database()))},
                 {"objects", drawing.database().approxNumObjects()},
                 {"elements", drawing.references().size()},
                 {"groups", drawing.groups().size()},
                 {"warnings", Json::array()}};
-    for (const std::wstring& warning : drawing.database().warnings())
+    for (const std::wstring& warning : zuhost::warnings(drawing.database()))
         report["warnings"].push_back(narrow(warning));
     report["findings"] = findingsJson(drawing, picture);
     report["quantities"] = quantitiesJson(drawing);

@@ -43,9 +43,9 @@ AcDbStub* findByAdsName(const ads_name name) {
     if (name == nullptr)
         return nullptr;
     const auto found = openDatabases().find(name[1]);
-    if (found == openDatabases().end() || !found->second->core().document)
+    if (found == openDatabases().end() || !zuhost::coreOf(*found->second).document)
         return nullptr;
-    return found->second->core().document->find(static_cast<std::uint64_t>(name[0]));
+    return zuhost::coreOf(*found->second).document->find(static_cast<std::uint64_t>(name[0]));
 }
 
 } // namespace zuhost
@@ -56,7 +56,7 @@ Acad::ErrorStatus acdbGetAdsName(ads_name name, AcDbObjectId id) {
     ads_name_clear(name);
     if (id.isNull())
         return Acad::eNullObjectId;
-    zuhost::setAdsName(name, id.database()->core().number, id.handle());
+    zuhost::setAdsName(name, zuhost::coreOf(*id.database()).number, id.handle());
     return Acad::eOk;
 }
 

@@ -2,6 +2,7 @@
 
 #include "database_core.h"
 #include "drawing/tag_view.h"
+#include "new_text.h"
 
 #include <algorithm>
 
@@ -32,12 +33,6 @@ std::int64_t withFlag(std::int64_t flags, std::int64_t flag, bool on) {
     return on ? flags | flag : flags & ~flag;
 }
 
-ACHAR* copyOf(const std::wstring& text) {
-    ACHAR* copy = nullptr;
-    acutNewString(text.c_str(), copy);
-    return copy;
-}
-
 } // namespace
 
 zuhost::TagList AcDbAttributeDefinition::newRecords() const {
@@ -61,13 +56,21 @@ AcDbAttributeDefinition::AcDbAttributeDefinition(const AcGePoint3d& position, co
 }
 
 ACHAR* AcDbAttributeDefinition::tag() const {
-    return copyOf(textTag(kDefinition, kTag));
+    return zuhost::newText(textTag(kDefinition, kTag));
+}
+Acad::ErrorStatus AcDbAttributeDefinition::tag(AcString& text) const {
+    text = textTag(kDefinition, kTag).c_str();
+    return Acad::eOk;
 }
 Acad::ErrorStatus AcDbAttributeDefinition::setTag(const ACHAR* tag) {
     return isTag(tag) ? setTextTag(kDefinition, kTag, tag) : Acad::eInvalidInput;
 }
 ACHAR* AcDbAttributeDefinition::prompt() const {
-    return copyOf(textTag(kDefinition, kPrompt));
+    return zuhost::newText(textTag(kDefinition, kPrompt));
+}
+Acad::ErrorStatus AcDbAttributeDefinition::prompt(AcString& text) const {
+    text = textTag(kDefinition, kPrompt).c_str();
+    return Acad::eOk;
 }
 Acad::ErrorStatus AcDbAttributeDefinition::setPrompt(const ACHAR* prompt) {
     return prompt != nullptr ? setTextTag(kDefinition, kPrompt, prompt) : Acad::eInvalidInput;
@@ -131,7 +134,11 @@ AcDbAttribute::AcDbAttribute(const AcGePoint3d& position, const ACHAR* text, con
 }
 
 ACHAR* AcDbAttribute::tag() const {
-    return copyOf(textTag(kAttribute, kTag));
+    return zuhost::newText(textTag(kAttribute, kTag));
+}
+Acad::ErrorStatus AcDbAttribute::tag(AcString& text) const {
+    text = textTag(kAttribute, kTag).c_str();
+    return Acad::eOk;
 }
 Acad::ErrorStatus AcDbAttribute::setTag(const ACHAR* tag) {
     return isTag(tag) ? setTextTag(kAttribute, kTag, tag) : Acad::eInvalidInput;

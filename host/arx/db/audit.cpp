@@ -4,6 +4,7 @@
 #include "database_core.h"
 #include "dbgroup.h"
 #include "dbsymtb.h"
+#include "zuhost/members.h"
 
 #include <array>
 #include <unordered_set>
@@ -22,7 +23,7 @@ std::vector<AcDbObjectId> auditedEntities(const AcDbDatabase& database) {
         blocks->getAt(ACDB_MODEL_SPACE, spaceId);
     std::vector<AcDbObjectId> entities;
     if (const AcDbObjectPointer<AcDbBlockTableRecord> space(spaceId); space.openStatus() == Acad::eOk)
-        entities = space->entityIds();
+        entities = entityIds(*space.object());
     std::unordered_set<AcDbObjectId> known(entities.begin(), entities.end());
     for (const AcDbObjectId group : dictionaryGroups(database))
         for (const AcDbObjectId member : membersOf(group))
@@ -42,7 +43,7 @@ std::vector<std::wstring> namedApplications(const std::vector<AcDbObjectId>& ent
             continue;
         for (const TagRef& tag : object->tags().extendedData())
             if (tag.code == kApplication && known.emplace(tag.text).second)
-                names.push_back(database.core().document->decode(tag.text));
+                names.push_back(coreOf(database).document->decode(tag.text));
     }
     return names;
 }

@@ -20,12 +20,13 @@ public:
         findings_.push_back({object, fault, std::move(problem), isRepaired});
     }
 
-    /// Opens the object for a change when repairing. True when the operation succeeded.
+    /// Opens the object for a change when repairing, also on a locked layer: the references between groups
+    /// and entities are not drawn. True when the operation succeeded.
     template <typename T, typename Operation>
     [[nodiscard]] bool repair(AcDbObjectId id, Operation operation) const {
         if (!repairing_)
             return false;
-        const AcDbObjectPointer<T> object(id, AcDb::kForWrite);
+        const AcDbObjectPointer<T> object(id, AcDb::kForWrite, false, true);
         return object.openStatus() == Acad::eOk && operation(*object.object()) == Acad::eOk;
     }
     [[nodiscard]] bool isRepairing() const { return repairing_; }

@@ -1,6 +1,7 @@
 #include "audit_findings.h"
 #include "dbdict.h"
 #include "dbgroup.h"
+#include "zuhost/members.h"
 
 namespace zuhost {
 
@@ -13,10 +14,10 @@ bool isGroup(AcDbObjectId id) {
 void auditDictionary(DatabaseAudit& audit) {
     const AcDbObjectId id = audit.database().groupDictionaryId();
     std::vector<std::wstring> dangling;
-    std::vector<AcDbDictionaryIterator::Entry> entries;
+    std::vector<DictionaryEntry> entries;
     if (const AcDbObjectPointer<AcDbDictionary> dictionary(id); dictionary.openStatus() == Acad::eOk) {
-        dangling = dictionary->danglingNames();
-        entries = dictionary->entries();
+        dangling = danglingNames(*dictionary.object());
+        entries = entriesOf(*dictionary.object());
     }
     for (const std::wstring& name : dangling) {
         const bool removed =
@@ -33,11 +34,11 @@ void auditDictionary(DatabaseAudit& audit) {
 void auditSurplusEntries(AcDbObjectId id, DatabaseAudit& audit) {
     std::vector<AcDbHandle> surplus;
     if (const AcDbObjectPointer<AcDbGroup> group(id); group.openStatus() == Acad::eOk)
-        surplus = group->surplusEntries();
+        surplus = surplusEntries(*group.object());
     if (surplus.empty())
         return;
     const bool removed =
-        audit.repair<AcDbGroup>(id, [](AcDbGroup& group) { return group.removeSurplusEntries(); });
+        audit.repair<AcDbGroup>(id, [](AcDbGroup& group) { return removeSurplusEntries(group); });
     for (const AcDbHandle handle : surplus) {
         AcDbObjectId member;
         const bool isThere = audit.database().getAcDbObjectId(member, false, handle) == Acad::eOk;
@@ -81,7 +82,7 @@ std::vector<AcDbObjectId> dictionaryGroups(const AcDbDatabase& database) {
     if (dictionary.openStatus() != Acad::eOk)
         return {};
     std::vector<AcDbObjectId> groups;
-    for (const auto& entry : dictionary->entries())
+    for (const auto& entry : entriesOf(*dictionary.object()))
         if (isGroup(entry.id))
             groups.push_back(entry.id);
     return groups;

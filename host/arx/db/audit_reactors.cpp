@@ -1,5 +1,7 @@
 #include "audit_findings.h"
 #include "dbgroup.h"
+#include "zuhost/members.h"
+#include "zuhost/names.h"
 
 #include <algorithm>
 #include <span>
@@ -55,20 +57,20 @@ std::vector<AcDbObjectId> reactorGroups(AcDbObjectId entity) {
 
 std::wstring groupName(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbGroup> group(id);
-    return group.openStatus() == Acad::eOk ? group->getName() : std::wstring();
+    return group.openStatus() == Acad::eOk ? zuhost::groupName(*group.object()) : std::wstring();
 }
 
 void auditSurplusReactors(AcDbObjectId entity, DatabaseAudit& audit) {
     std::vector<AcDbHandle> surplus;
     if (const AcDbObjectPointer<AcDbObject> object(entity); object.openStatus() == Acad::eOk)
-        surplus = object->surplusReactors();
+        surplus = surplusReactors(*object.object());
     if (surplus.empty())
         return;
     std::wstring handles;
     for (const AcDbHandle handle : surplus)
         handles += L' ' + handleText(handle);
     const bool removed =
-        audit.repair<AcDbObject>(entity, [](AcDbObject& object) { return object.removeSurplusReactors(); });
+        audit.repair<AcDbObject>(entity, [](AcDbObject& object) { return removeSurplusReactors(object); });
     audit.add(entity, DatabaseFault::reactor,
               L"names reactors that are not in the drawing, or twice:" + handles, removed);
 }
@@ -106,7 +108,7 @@ private:
         for (const AcDbObjectId group : listing)
             unlisted.erase(group);
         const bool removed = !unlisted.empty() && audit_.repair<AcDbObject>(entity, [&](AcDbObject& object) {
-            return object.removePersistentReactors(unlisted);
+            return removePersistentReactors(object, unlisted);
         });
         for (const AcDbObjectId group : named)
             if (unlisted.contains(group))
@@ -121,7 +123,7 @@ private:
             if (!known.contains(group))
                 missing.push_back(group);
         const bool added = !missing.empty() && audit_.repair<AcDbObject>(entity, [&](AcDbObject& object) {
-            return object.addPersistentReactors(missing);
+            return addPersistentReactors(object, missing);
         });
         for (const AcDbObjectId group : missing)
             audit_.add(entity, DatabaseFault::reactor,

@@ -34,7 +34,7 @@ std::string_view AcDbBlockReference::marker() const {
     return section(kMarker).empty() && !section(kRepeatedMarker).empty() ? kRepeatedMarker : kMarker;
 }
 
-std::wstring AcDbBlockReference::blockName() const {
+std::wstring AcDbBlockReference::nameOfBlock() const {
     return decoded(ownSection().text(2).value_or(""));
 }
 
@@ -42,7 +42,7 @@ AcDbObjectId AcDbBlockReference::blockTableRecord() const {
     if (core() == nullptr)
         return {};
     AcDbStub* const table = core()->tableHead("BLOCK_RECORD");
-    return table != nullptr ? AcDbObjectId(core()->findRecord(*table, blockName(), false)) : AcDbObjectId();
+    return table != nullptr ? AcDbObjectId(core()->findRecord(*table, nameOfBlock(), false)) : AcDbObjectId();
 }
 
 Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {

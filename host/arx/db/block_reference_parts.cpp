@@ -6,6 +6,7 @@
 #include "dbsymtb.h"
 #include "entity_parts.h"
 #include "expansion.h"
+#include "object_access.h"
 
 namespace {
 
@@ -73,7 +74,7 @@ std::vector<const AcDbEntity*> AcDbBlockReference::definitionEntities() const {
     const AcDbBlockTableRecord* const block = definition();
     if (block == nullptr)
         return entities;
-    for (const AcDbObjectId id : block->entityIds()) {
+    for (const AcDbObjectId id : zuhost::ObjectAccess::entities(*block, true)) {
         AcDbStub* const stub = id;
         if (const auto* entity = AcDbEntity::cast(&core()->object(*stub)))
             entities.push_back(entity);
@@ -167,6 +168,10 @@ void AcDbBlockReference::forEachPart(const std::function<void(AcDbEntity&)>& cha
     zuhost::changeParts(*this, attributesToCome_, change);
 }
 
-void AcDbBlockReference::subAppendedToBlock() {
+void AcDbBlockReference::copyPartsTo(AcDbEntity& copy) const {
+    zuhost::copyParts(*this, attributesToCome_, static_cast<AcDbBlockReference&>(copy).attributesToCome_);
+}
+
+void AcDbBlockReference::subAppended() {
     zuhost::appendPending(*this, attributesToCome_, false);
 }

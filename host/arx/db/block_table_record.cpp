@@ -1,7 +1,11 @@
 #include "dbsymtb.h"
 
 #include "database_core.h"
+#include "dbents.h"
+#include "new_text.h"
+#include "object_access.h"
 
+#include <algorithm>
 #include <array>
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbBlockTableRecord, AcDbSymbolTableRecord)
@@ -11,6 +15,10 @@ using zuhost::Container;
 namespace {
 
 constexpr std::string_view kBegin = "AcDbBlockBegin";
+// Flags of the BLOCK.
+constexpr std::int64_t kAnonymous = 1;
+constexpr std::int64_t kExternal = 4;
+constexpr std::int64_t kOverlay = 8;
 
 bool isSpaceName(const std::wstring& name) {
     const std::wstring folded = zuhost::foldedName(name);
@@ -35,38 +43,137 @@ zuhost::TagList AcDbBlockTableRecord::newRecords() const {
     return records;
 }
 
-AcGePoint3d AcDbBlockTableRecord::origin() const {
+AcDbObject* AcDbBlockTableRecord::head() const {
     Container* const block =
         core() != nullptr ? core()->blockContainer(*static_cast<AcDbStub*>(objectId())) : nullptr;
+    return block != nullptr ? &core()->object(*block->head) : nullptr;
+}
+
+AcGePoint3d AcDbBlockTableRecord::origin() const {
+    const AcDbObject* const block = head();
     if (block == nullptr)
-        return AcGePoint3d::kOrigin;
+        return originToCome_ ? *originToCome_ : AcGePoint3d::kOrigin;
     std::array<double, 3> values{};
-    core()->tags(*block->head).subclass(kBegin).reals(std::array{10, 20, 30}, values);
+    block->tags().subclass(kBegin).reals(std::array{10, 20, 30}, values);
     return {values[0], values[1], values[2]};
 }
 
-Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
+/// Changes the BLOCK, which holds what is not in the record itself.
+template <typename Change>
+Acad::ErrorStatus AcDbBlockTableRecord::changeHead(Change change) {
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;
-    Container* const block =
-        core() != nullptr ? core()->blockContainer(*static_cast<AcDbStub*>(objectId())) : nullptr;
+    AcDbObject* const block = head();
     if (block == nullptr)
         return Acad::eNotInDatabase;
-    if (block->head == static_cast<AcDbStub*>(objectId()))
-        return setPointTag(kBegin, 10, origin);
-    AcDbObject* head = nullptr;
-    const Acad::ErrorStatus opened = core()->open(*block->head, AcDb::kForWrite, head);
-    if (opened != Acad::eOk)
-        return opened;
-    const Acad::ErrorStatus set = static_cast<AcDbBlockTableRecord*>(head)->setPointTag(kBegin, 10, origin);
-    head->close();
-    changingTags(); // invalidates values cached for the record: the base point is not in its own records
+    if (block == this)
+        return change(*this);
+    AcDbObject* opened = nullptr;
+    const Acad::ErrorStatus open =
+        core()->open(*static_cast<AcDbStub*>(block->objectId()), AcDb::kForWrite, opened);
+    if (open != Acad::eOk)
+        return open;
+    const Acad::ErrorStatus set = change(static_cast<AcDbBlockTableRecord&>(*opened));
+    opened->close();
+    changingTags(); // invalidates values cached for the record: they are not in its own records
     return set;
 }
 
+Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
+    if (core() == nullptr) {
+        originToCome_ = std::make_unique<AcGePoint3d>(origin);
+        return Acad::eOk;
+    }
+    return changeHead([&](AcDbBlockTableRecord& block) { return block.setPointTag(kBegin, 10, origin); });
+}
+
+void AcDbBlockTableRecord::subAppended() {
+    if (originToCome_)
+        setOrigin(*originToCome_);
+    if (commentsToCome_)
+        setComments(commentsToCome_->c_str());
+    originToCome_.reset();
+    commentsToCome_.reset();
+}
+
 bool AcDbBlockTableRecord::isLayout() const {
-    return isSpaceName(name());
+    return isSpaceName(nameText());
+}
+
+std::int64_t AcDbBlockTableRecord::headFlags() const {
+    const AcDbObject* const block = head();
+    return block != nullptr ? block->tags().subclass(kBegin).integer(70).value_or(0) : 0;
+}
+
+bool AcDbBlockTableRecord::isAnonymous() const {
+    return !isLayout() && ((headFlags() & kAnonymous) != 0 || nameText().starts_with(L'*'));
+}
+bool AcDbBlockTableRecord::isFromExternalReference() const {
+    return (headFlags() & (kExternal | kOverlay)) != 0;
+}
+bool AcDbBlockTableRecord::isFromOverlayReference() const {
+    return (headFlags() & kOverlay) != 0;
+}
+
+bool AcDbBlockTableRecord::hasAttributeDefinitions() const {
+    const std::vector<AcDbObjectId> ids = entityIds();
+    return std::any_of(ids.begin(), ids.end(), [this](AcDbObjectId id) {
+        return core()->document->typeName(*static_cast<AcDbStub*>(id)) == "ATTDEF";
+    });
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::comments(ACHAR*& text) const {
+    const ACHAR* known = nullptr;
+    comments(known);
+    text = zuhost::newText(known);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::comments(const ACHAR*& text) const {
+    const AcDbObject* const block = head();
+    if (block == nullptr)
+        text = kept(commentsToCome_ ? *commentsToCome_ : std::wstring());
+    else
+        text = kept(decoded(block->tags().subclass(kBegin).text(4).value_or("")));
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::setComments(const ACHAR* text) {
+    const std::wstring comments(text != nullptr ? text : L"");
+    if (core() == nullptr) {
+        commentsToCome_ = std::make_unique<std::wstring>(comments);
+        return Acad::eOk;
+    }
+    return changeHead([&](AcDbBlockTableRecord& block) { return block.setTextTag(kBegin, 4, comments); });
+}
+
+bool AcDbBlockTableRecord::explodable() const {
+    return integerTag({}, 280, 1) != 0;
+}
+Acad::ErrorStatus AcDbBlockTableRecord::setExplodable(bool explodable) {
+    return setIntegerTag({}, 280, explodable ? 1 : 0);
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::getBlockReferenceIds(AcDbObjectIdArray& ids, bool directOnly,
+                                                             bool /*forceValidity*/) const {
+    ids.removeAll();
+    if (core() == nullptr)
+        return Acad::eNotInDatabase;
+    if (!directOnly)
+        return Acad::eNotImplementedYet;
+    for (const Container& container : core()->document->containers()) {
+        if (container.kind != Container::Kind::block && container.kind != Container::Kind::entities)
+            continue;
+        for (AcDbStub* const member : container.members) {
+            if (member->erased || core()->document->typeName(*member) != "INSERT")
+                continue;
+            const auto* const reference = AcDbBlockReference::cast(&core()->object(*member));
+            if (reference != nullptr && reference->blockTableRecord() == objectId())
+                ids.append(AcDbObjectId(member));
+        }
+    }
+    return Acad::eOk;
 }
 
 std::vector<AcDbObjectId> AcDbBlockTableRecord::entityIds(bool skipErased) const {
@@ -100,16 +207,43 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
     if (!entity->canBeIn(*core()->document))
         return Acad::eNotApplicable;
     AcDbStub* const self = objectId();
-    id = core()->adopt(entity, core()->entityContainer(*self), self);
-    entity->fitToDrawing();
-    entity->subAppendedToBlock();
+    id = core()->appendEntity(*self, *entity);
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator*& iterator,
-                                                    bool /*atBeginning*/, bool skipDeleted) const {
-    iterator = new AcDbBlockTableRecordIterator(entityIds(skipDeleted));
+zuhost::Container& zuhost::DatabaseCore::entitiesOf(const AcDbStub& block) {
+    Container* const own = blockContainer(block);
+    // The ENTITIES section holds model space and the current layout; other layouts have their entities in
+    // their blocks.
+    return &block == modelSpace() || own == nullptr ? document->container(Container::Kind::entities) : *own;
+}
+
+AcDbObjectId zuhost::DatabaseCore::appendEntity(AcDbStub& block, AcDbEntity& entity) {
+    return adopt(&entity, entitiesOf(block), &block, [&](AcDbStub&) { entity.fitToDrawing(); });
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator*& iterator, bool atBeginning,
+                                                    bool skipErased) const {
+    iterator = new AcDbBlockTableRecordIterator(objectId(), entityIds(false));
+    iterator->start(atBeginning, skipErased);
     return Acad::eOk;
+}
+
+void AcDbBlockTableRecordIterator::start(bool atBeginning, bool skipErased) {
+    at_ = atBeginning || ids_.empty() ? 0 : ids_.size() - 1;
+    skip(atBeginning, skipErased);
+}
+
+void AcDbBlockTableRecordIterator::step(bool forward, bool skipErased) {
+    if (done())
+        return;
+    at_ = forward ? at_ + 1 : at_ - 1; // before the first entity the position wraps to one past the end
+    skip(forward, skipErased);
+}
+
+void AcDbBlockTableRecordIterator::skip(bool forward, bool skipErased) {
+    while (skipErased && at_ < ids_.size() && ids_[at_].isErased())
+        at_ = forward ? at_ + 1 : at_ - 1;
 }
 
 Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntityId(AcDbObjectId& id) const {
@@ -117,4 +251,22 @@ Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntityId(AcDbObjectId& id) co
         return Acad::eInvalidIndex;
     id = ids_[at_];
     return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity, AcDb::OpenMode mode,
+                                                          bool openErased) const {
+    entity = nullptr;
+    return done() ? Acad::eInvalidIndex : acdbOpenObject(entity, ids_[at_], mode, openErased);
+}
+
+Acad::ErrorStatus AcDbBlockTableRecordIterator::seek(AcDbObjectId id) {
+    const auto found = std::find(ids_.begin(), ids_.end(), id);
+    if (found == ids_.end())
+        return Acad::eKeyNotFound;
+    at_ = static_cast<std::size_t>(found - ids_.begin());
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecordIterator::seek(const AcDbEntity* entity) {
+    return entity != nullptr ? seek(entity->objectId()) : Acad::eNullObjectPointer;
 }

@@ -6,6 +6,8 @@
 #include "dxf_records/number_text.h"
 #include "zuhost/result_kind.h"
 
+#include <zuhost/text_codec.h>
+
 #include <algorithm>
 #include <string>
 #include <string_view>
@@ -55,7 +57,15 @@ void setPoint(resbuf& item, TagView::Iterator& at) {
     }
 }
 
+std::string encodeText(const DatabaseCore* core, std::wstring_view text) {
+    return core != nullptr ? core->document->encode(text) : toUtf8(text);
+}
+
 } // namespace
+
+std::wstring decodeText(const DatabaseCore* core, std::string_view value) {
+    return core != nullptr ? core->document->decode(value) : fromUtf8(value);
+}
 
 ChainWriter::~ChainWriter() {
     acutRelRb(first_);
@@ -74,7 +84,7 @@ void ChainWriter::add(TagView::Iterator& at) {
     std::string scratch;
     switch (resultKind(tag.code)) {
     case ResultKind::text:
-        acutNewString(core_.document->decode(tag.text).c_str(), item.resval.rstring);
+        acutNewString(decodeText(core_, tag.text).c_str(), item.resval.rstring);
         break;
     case ResultKind::real:
         item.resval.rreal = tag.real().value_or(0.0);
@@ -92,7 +102,8 @@ void ChainWriter::add(TagView::Iterator& at) {
         item.resval.mnInt64 = tag.integer().value_or(0);
         break;
     case ResultKind::name:
-        setAdsName(item.resval.rlname, core_.number, tag.handle().value_or(0));
+        if (core_ != nullptr)
+            setAdsName(item.resval.rlname, core_->number, tag.handle().value_or(0));
         break;
     case ResultKind::chunk:
         setChunk(item, tag.value(scratch));
@@ -108,11 +119,11 @@ resbuf* ChainWriter::release() {
     return std::exchange(first_, nullptr);
 }
 
-void addRecords(TagList& tags, const resbuf& item, const DatabaseCore& core, std::size_t coordinates) {
+void addRecords(TagList& tags, const resbuf& item, const DatabaseCore* core, std::size_t coordinates) {
     const int code = item.restype == RTDXF0 ? 0 : item.restype;
     switch (resultKind(code)) {
     case ResultKind::text:
-        tags.add(code, core.document->encode(item.resval.rstring != nullptr ? item.resval.rstring : L""));
+        tags.add(code, encodeText(core, item.resval.rstring != nullptr ? item.resval.rstring : L""));
         break;
     case ResultKind::real:
         tags.add(code, formatReal(item.resval.rreal));

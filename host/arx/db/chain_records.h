@@ -4,6 +4,8 @@
 #include "drawing/tag_view.h"
 
 #include <cstddef>
+#include <string>
+#include <string_view>
 
 namespace zuhost {
 
@@ -16,7 +18,8 @@ inline constexpr short kChunkLimit = 127;
 /// item, handles that refer to objects as names.
 class ChainWriter {
 public:
-    explicit ChainWriter(const DatabaseCore& core) : core_(core) {}
+    /// Without a core the records are those of an object outside of drawings, in UTF-8.
+    explicit ChainWriter(const DatabaseCore* core) : core_(core) {}
     ~ChainWriter();
     ChainWriter(const ChainWriter&) = delete;
     ChainWriter& operator=(const ChainWriter&) = delete;
@@ -31,14 +34,17 @@ public:
     [[nodiscard]] resbuf* release();
 
 private:
-    const DatabaseCore& core_;
+    const DatabaseCore* core_;
     resbuf* first_ = nullptr;
     resbuf* last_ = nullptr;
 };
 
 /// Appends the records of an item of a chain: those of a point for its first `coordinates`. Nothing for a
 /// type without a value. A null text is empty.
-void addRecords(TagList& tags, const resbuf& item, const DatabaseCore& core, std::size_t coordinates = 3);
+void addRecords(TagList& tags, const resbuf& item, const DatabaseCore* core, std::size_t coordinates = 3);
+
+/// Converts a text of records, which is in UTF-8 without a core.
+[[nodiscard]] std::wstring decodeText(const DatabaseCore* core, std::string_view value);
 
 /// Returns false for a chunk of a size that no record holds.
 [[nodiscard]] bool isStorable(const resbuf& item);

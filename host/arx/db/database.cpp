@@ -3,13 +3,17 @@
 #include "dbdict.h"
 #include "dbmain.h"
 #include "dbsymtb.h"
+#include "dbtrans.h"
+#include "transactions.h"
 #include "zuhost/drawing_files.h"
 
 #include <zuhost/paths.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <filesystem>
+#include <utility>
 
 using zuhost::Document;
 using zuhost::DocumentError;
@@ -24,13 +28,18 @@ AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool /*noDocument*/)
 }
 
 AcDbDatabase::~AcDbDatabase() {
+    zuhost::leaveTransactions(*this);
     core_->goodbye();
     AcDbHostApplicationServices* const services = acdbHostApplicationServices();
     if (services->workingDatabase() == this)
         services->setWorkingDatabase(nullptr);
 }
 
-Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path, bool strict) {
+Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path, const ACHAR* /*logFile*/) {
+    return path != nullptr ? read(path, false) : Acad::eInvalidInput;
+}
+
+Acad::ErrorStatus AcDbDatabase::read(const ACHAR* path, bool strict) {
     const Acad::ErrorStatus status = install(Document::openFile(path, this), strict);
     std::error_code unknown;
     const bool isMissing =
@@ -38,7 +47,7 @@ Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path, bool strict) {
     return isMissing ? Acad::eFileNotFound : status;
 }
 
-Acad::ErrorStatus AcDbDatabase::dxfInBytes(std::string bytes, const ACHAR* name) {
+Acad::ErrorStatus AcDbDatabase::read(std::string bytes, const ACHAR* name) {
     return install(Document::open(std::move(bytes), name, this), false);
 }
 
@@ -56,11 +65,16 @@ Acad::ErrorStatus AcDbDatabase::install(std::variant<std::unique_ptr<Document>, 
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbDatabase::dxfOut(const ACHAR* path) {
-    return dxfOut(path, isBinary());
+Acad::ErrorStatus AcDbDatabase::dxfOut(const ACHAR* path, int /*precision*/, AcDb::AcDbDwgVersion version,
+                                       bool /*saveThumbnail*/) {
+    if (path == nullptr)
+        return Acad::eInvalidInput;
+    if (version != AcDb::kDHL_CURRENT && version != originalFileVersion())
+        return Acad::eNotApplicable;
+    return write(path, zuhost::isBinary(*this));
 }
 
-Acad::ErrorStatus AcDbDatabase::dxfOut(const ACHAR* path, bool binary) {
+Acad::ErrorStatus AcDbDatabase::write(const ACHAR* path, bool binary) {
     if (!core_->document)
         return Acad::eNoDatabase;
     const DrawingForm form = binary ? DrawingForm::binary : DrawingForm::ascii;
@@ -71,35 +85,17 @@ Acad::ErrorStatus AcDbDatabase::dxfOut(const ACHAR* path, bool binary) {
     return error->systemError == ESTALE ? Acad::eFileAccessErr : Acad::eFilerError;
 }
 
-std::string AcDbDatabase::dxfOutBytes(bool binary) {
-    if (!core_->document)
-        return {};
-    DocumentError error;
-    std::string bytes =
-        core_->document->bytes(binary ? DrawingForm::binary : DrawingForm::ascii, core_->savedTags(), &error);
-    if (bytes.empty())
-        lastError_ = error.message();
-    return bytes;
-}
-
-bool AcDbDatabase::isBinary() const {
-    return core_->document && core_->document->form() == DrawingForm::binary;
-}
-
-const std::wstring& AcDbDatabase::lastErrorText() const {
-    return lastError_;
-}
-
-std::vector<std::wstring> AcDbDatabase::warnings() const {
-    std::vector<std::wstring> texts;
-    if (core_->document)
-        for (const DocumentError& warning : core_->document->warnings())
-            texts.push_back(warning.message(L"warning: "));
-    return texts;
-}
-
-int AcDbDatabase::originalFileVersion() const {
-    return core_->document ? core_->document->version() : 0;
+AcDb::AcDbDwgVersion AcDbDatabase::originalFileVersion() const {
+    constexpr std::array kVersions{std::pair{1006, AcDb::kDHL_1006}, std::pair{1009, AcDb::kDHL_1009},
+                                   std::pair{1012, AcDb::kDHL_1012}, std::pair{1014, AcDb::kDHL_1014},
+                                   std::pair{1015, AcDb::kDHL_1015}, std::pair{1018, AcDb::kDHL_1800},
+                                   std::pair{1021, AcDb::kDHL_2100}, std::pair{1024, AcDb::kDHL_2400},
+                                   std::pair{1027, AcDb::kDHL_2700}, std::pair{1032, AcDb::kDHL_3200}};
+    const int number = zuhost::drawingVersion(*this);
+    for (const auto& [known, version] : kVersions)
+        if (known == number)
+            return version;
+    return AcDb::kDHL_Unknown;
 }
 
 Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool /*createIfNotFound*/,
@@ -130,6 +126,12 @@ AcDbObjectId AcDbDatabase::textStyleTableId() const {
 AcDbObjectId AcDbDatabase::regAppTableId() const {
     return {core_->tableHead("APPID")};
 }
+AcDbObjectId AcDbDatabase::dimStyleTableId() const {
+    return {core_->tableHead("DIMSTYLE")};
+}
+AcDbObjectId AcDbDatabase::currentSpaceId() const {
+    return {core_->modelSpace()};
+}
 AcDbObjectId AcDbDatabase::namedObjectsDictionaryId() const {
     return {core_->rootDictionary()};
 }
@@ -151,6 +153,10 @@ Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbTextStyleTable*& table, AcDb:
 }
 Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbRegAppTable*& table, AcDb::OpenMode mode) {
     return acdbOpenObject(table, regAppTableId(), mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbDimStyleTable*& table, AcDb::OpenMode mode) {
+    return acdbOpenObject(table, dimStyleTableId(), mode);
 }
 
 Acad::ErrorStatus AcDbDatabase::getNamedObjectsDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode) {
@@ -184,6 +190,10 @@ void AcDbDatabase::removeReactor(AcDbDatabaseReactor* reactor) {
     std::erase(core_->reactors, reactor);
 }
 
+AcDbTransactionManager* AcDbDatabase::transactionManager() const {
+    return acdbTransactionManager;
+}
+
 void AcDbDatabase::startUndoRecord() {
     core_->undo.startStep();
 }
@@ -198,13 +208,8 @@ Acad::ErrorStatus AcDbDatabase::undo() {
     return core_->undo.undo(*core_) ? Acad::eOk : Acad::eUndoOperationNotAvailable;
 }
 
-Acad::ErrorStatus AcDbDatabase::redo() {
-    return core_->undo.redo(*core_) ? Acad::eOk : Acad::eUndoOperationNotAvailable;
-}
-
-void zuhost::allowReplacingChangedFile(AcDbDatabase& database) {
-    if (database.core().document)
-        database.core().document->allowReplacingChangedFile();
+zuhost::DatabaseCore& zuhost::coreOf(const AcDbDatabase& database) {
+    return *database.core_;
 }
 
 AcDbHostApplicationServices* acdbHostApplicationServices() {

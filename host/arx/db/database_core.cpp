@@ -4,7 +4,9 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "dxf_records/number_text.h"
+#include "object_access.h"
 #include "object_factory.h"
+#include "transactions.h"
 
 #include <zuhost/text_codec.h>
 
@@ -38,6 +40,7 @@ DatabaseCore::DatabaseCore(AcDbDatabase& database) : self(database) {}
 DatabaseCore::~DatabaseCore() = default;
 
 void DatabaseCore::reset(std::unique_ptr<Document> opened) {
+    leaveTransactions(self);
     undo.clear();
     destroyObjects(); // before the document destroys their stubs
     document = std::move(opened);
@@ -45,6 +48,7 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
     names_.clear();
     tables_.clear();
     parts.clear();
+    lockedLayers_.reset();
     groups_ = nullptr;
     modelSpace_ = nullptr;
     if (document && modelSpace() == nullptr) {
@@ -100,7 +104,8 @@ void DatabaseCore::initialise(AcDbObject& object, TagList tags) {
     object.changingTags() = std::move(tags);
 }
 
-AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbStub* owner) {
+AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbStub* owner,
+                                 const std::function<void(AcDbStub&)>& prepare) {
     const std::string type(object->tags().text(0).value_or(""));
     const bool isPart = owner != nullptr && isPartType(type);
     if (isPart)
@@ -127,24 +132,38 @@ AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbS
     object->modified_ = true;
     object->appended_ = true;
     undo.record(*stub, &tags, UndoLog::Kind::appended);
+    if (prepare)
+        prepare(*stub);
+    registerApplications(tags);
+    object->subAppended();
     return {stub};
 }
 
-AcDbObjectId DatabaseCore::adoptPart(AcDbEntity& part, const AcDbEntity& owner) {
-    AcDbStub* const stub = owner.objectId();
-    const AcDbObjectId id = adopt(&part, entityContainer(*stub->owner), stub);
-    if (AcDbAttribute::cast(&part) == nullptr)
-        part.setLayer(owner.layerName().c_str());
-    part.fitToDrawing();
-    return id;
+AcDbObjectId DatabaseCore::adoptPart(AcDbEntity& part, AcDbStub& owner) {
+    const auto complete = [&](AcDbStub&) {
+        if (!part.section("AcDbEntity").text(8))
+            part.setLayer(ObjectAccess::layer(static_cast<const AcDbEntity&>(object(owner))).c_str());
+        part.fitToDrawing();
+    };
+    return adopt(&part, entitiesOf(*owner.owner), &owner, complete);
 }
 
-Container& DatabaseCore::entityContainer(AcDbStub& space) {
-    // The ENTITIES section holds model space and the current layout; other layouts have their entities in
-    // their blocks.
-    Container* const block = blockContainer(space);
-    const bool inEntities = &space == modelSpace();
-    return inEntities || block == nullptr ? document->container(Container::Kind::entities) : *block;
+AcDbStub* DatabaseCore::sequenceEnd(const AcDbStub& entity) {
+    const std::vector<AcDbStub*>& all = parts.of(*document, entity);
+    const bool isEnded =
+        !all.empty() && !all.back()->erased && document->typeName(*all.back()) == kSequenceEnd;
+    return isEnded ? all.back() : nullptr;
+}
+
+/// Registers the applications of extended data that an object was given outside of the drawing.
+void DatabaseCore::registerApplications(const TagList& tags) {
+    constexpr int kApplication = 1001;
+    std::vector<std::wstring> names;
+    for (std::size_t i = tags.extendedDataStart(); i < tags.size(); ++i)
+        if (tags[i].code == kApplication)
+            names.push_back(document->decode(tags[i].value));
+    for (const std::wstring& name : names)
+        acdbRegApp(&self, name.c_str());
 }
 
 // ---- objects with a fixed role in the drawing
@@ -217,6 +236,28 @@ Container* DatabaseCore::blockContainer(const AcDbStub& record) {
     return found == blocks_.end() ? nullptr : found->second;
 }
 
+// ---- locked layers
+
+bool DatabaseCore::isOnLockedLayer(const AcDbObject& object) {
+    const auto* const entity = AcDbEntity::cast(&object);
+    if (entity == nullptr)
+        return false;
+    if (!lockedLayers_) {
+        lockedLayers_.emplace();
+        if (AcDbStub* const table = tableHead("LAYER"))
+            for (AcDbStub* const record : records(*table))
+                if (const auto* const layer = AcDbLayerTableRecord::cast(&this->object(*record));
+                    layer != nullptr && !record->erased && layer->isLocked())
+                    lockedLayers_->insert(foldedName(ObjectAccess::name(*layer)));
+    }
+    return !lockedLayers_->empty() && lockedLayers_->contains(foldedName(ObjectAccess::layer(*entity)));
+}
+
+void DatabaseCore::recordClosed(const AcDbStub& owner) {
+    if (lockedLayers_ && &owner == tableHead("LAYER"))
+        lockedLayers_.reset();
+}
+
 // ---- names
 
 std::vector<AcDbStub*> DatabaseCore::records(const AcDbStub& table) {
@@ -284,14 +325,22 @@ void DatabaseCore::erased(const AcDbObject& object, bool erasing) {
     notifyAll(reactors, [&](AcDbDatabaseReactor& r) { r.objectErased(&self, &object, erasing); });
 }
 
+void DatabaseCore::headerVariable(const ACHAR* name, bool changed) {
+    notifyAll(reactors, [&](AcDbDatabaseReactor& r) {
+        changed ? r.headerSysVarChanged(&self, name, true) : r.headerSysVarWillChange(&self, name);
+    });
+}
+
 void DatabaseCore::restore(AcDbStub& stub, std::optional<TagList> tags, bool erased, UndoLog::Kind kind,
                            bool undoing) {
     AcDbObject& target = object(stub);
     const bool toggled = stub.erased != erased;
     target.replaceTags(std::move(tags));
     stub.erased = erased;
-    if (stub.owner != nullptr)
+    if (stub.owner != nullptr) {
         invalidateNames(stub.owner);
+        recordClosed(*stub.owner);
+    }
     if (kind == UndoLog::Kind::appended) {
         notifyAll(reactors, [&](AcDbDatabaseReactor& r) {
             undoing ? r.objectUnAppended(&self, &target) : r.objectReAppended(&self, &target);
@@ -301,6 +350,7 @@ void DatabaseCore::restore(AcDbStub& stub, std::optional<TagList> tags, bool era
         return;
     }
     modified(target);
+    target.notifyReactors([&](AcDbObjectReactor& r) { r.modifyUndone(&target); });
     target.notifyReactors([&](AcDbObjectReactor& r) { r.modified(&target); });
     if (!toggled)
         return;

@@ -7,13 +7,21 @@
 #include "undo_log.h"
 #include "zuhost/folded_name.h"
 
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
+class AcDbSymbolTableRecord;
+
 namespace zuhost {
+
+/// Returns the internal state of a database.
+[[nodiscard]] DatabaseCore& coreOf(const AcDbDatabase& database);
 
 /// The state of a database beside its document: the objects built so far, indexes, reactors, undo log.
 struct DatabaseCore {
@@ -35,7 +43,12 @@ struct DatabaseCore {
     /// Returns the stub's object; builds it from its records on first use.
     AcDbObject& object(AcDbStub& stub);
     /// Opens the stub's object, even if erased, by the rules of acdbOpenAcDbObject.
-    Acad::ErrorStatus open(AcDbStub& stub, AcDb::OpenMode mode, AcDbObject*& opened);
+    Acad::ErrorStatus open(AcDbStub& stub, AcDb::OpenMode mode, AcDbObject*& opened, bool ignoreLock = false);
+    /// Returns true for an entity whose layer is locked.
+    [[nodiscard]] bool isOnLockedLayer(const AcDbObject& object);
+    /// Called when a record or entry of the owner was closed after a change: drops what is known of layers.
+    void recordClosed(const AcDbStub& owner);
+    void invalidateLocks() { lockedLayers_.reset(); }
     /// Returns the class of the stub's object without building one of the file.
     AcRxClass* classOf(AcDbStub& stub);
     /// Returns the records of the stub's object, without building one of the file.
@@ -47,12 +60,22 @@ struct DatabaseCore {
     static void initialise(AcDbObject& object, TagList tags);
 
     /// Adds a new object to the container, takes ownership of it and leaves it open for write. The caller
-    /// adds its entry to a dictionary or table.
-    AcDbObjectId adopt(AcDbObject* object, Container& container, AcDbStub* owner);
-    /// Adds a vertex, an attribute or the end of a sequence to its entity, as `adopt` does.
-    AcDbObjectId adoptPart(AcDbEntity& part, const AcDbEntity& owner);
-    /// Returns where new entities of model space, a layout or a block belong.
-    [[nodiscard]] Container& entityContainer(AcDbStub& space);
+    /// adds its entry to a dictionary or table. `prepare` is called before the object adds what it held until
+    /// then.
+    AcDbObjectId adopt(AcDbObject* object, Container& container, AcDbStub* owner,
+                       const std::function<void(AcDbStub&)>& prepare = nullptr);
+
+    /// Appends a new entity to a block and leaves it open for write.
+    AcDbObjectId appendEntity(AcDbStub& block, AcDbEntity& entity);
+    /// Adds a vertex, an attribute or the end of a sequence to its entity, as `adopt` does. A part without a
+    /// layer has that of the entity.
+    AcDbObjectId adoptPart(AcDbEntity& part, AcDbStub& owner);
+    /// Returns the record that ends the vertices or attributes of an entity; null when there is none.
+    [[nodiscard]] AcDbStub* sequenceEnd(const AcDbStub& entity);
+    /// Adds a new record to a table that has none of its name, and leaves it open for write.
+    void addRecord(AcDbStub& table, AcDbSymbolTableRecord& record);
+    /// Returns the container that new entities of the block are added to.
+    [[nodiscard]] Container& entitiesOf(const AcDbStub& block);
 
     // ---- objects with a fixed role in the drawing; null when it lacks them
     [[nodiscard]] AcDbStub* tableHead(std::string_view table);
@@ -81,6 +104,8 @@ struct DatabaseCore {
     void appended(const AcDbObject& object);
     void modified(const AcDbObject& object);
     void erased(const AcDbObject& object, bool erasing);
+    /// Called before and after a variable of the header changes.
+    void headerVariable(const ACHAR* name, bool changed);
 
     /// Restores an object to a state of the undo log and notifies the reactors.
     void restore(AcDbStub& stub, std::optional<TagList> tags, bool erased, UndoLog::Kind kind, bool undoing);
@@ -90,6 +115,7 @@ struct DatabaseCore {
 
 private:
     void destroyObjects();
+    void registerApplications(const TagList& tags);
 
     using NameIndex = std::unordered_map<std::wstring, std::vector<AcDbStub*>>;
 
@@ -102,6 +128,7 @@ private:
     std::unordered_map<const AcDbStub*, Container*> blocks_;
     std::unordered_map<const AcDbStub*, NameIndex> names_;
     std::map<std::string, AcDbStub*, std::less<>> tables_;
+    std::optional<std::unordered_set<std::wstring>> lockedLayers_; ///< Folded names; empty until asked for.
     AcDbStub* groups_ = nullptr;
     AcDbStub* modelSpace_ = nullptr;
     /// While saving: records without references to erased objects; empty for objects dropped with their

@@ -3,6 +3,7 @@
 #include "database_core.h"
 #include "dbgroup.h"
 #include "dxf_records/number_text.h"
+#include "new_text.h"
 
 #include <algorithm>
 
@@ -122,11 +123,20 @@ bool AcDbDictionary::has(AcDbObjectId id) const {
     return index().byHandle.find(id.handle().value()).has_value();
 }
 
-Acad::ErrorStatus AcDbDictionary::nameAt(AcDbObjectId id, std::wstring& name) const {
+Acad::ErrorStatus AcDbDictionary::nameAt(AcDbObjectId id, ACHAR*& name) const {
+    name = nullptr;
+    AcString text;
+    const Acad::ErrorStatus status = nameAt(id, text);
+    if (status == Acad::eOk)
+        name = zuhost::newText(text.kwszPtr());
+    return status;
+}
+
+Acad::ErrorStatus AcDbDictionary::nameAt(AcDbObjectId id, AcString& name) const {
     const auto found = index().byHandle.find(id.handle().value());
     if (!found)
         return Acad::eKeyNotFound;
-    name = decoded(entryAt(storedTags(), *found).name.text);
+    name = decoded(entryAt(storedTags(), *found).name.text).c_str();
     return Acad::eOk;
 }
 
@@ -134,8 +144,8 @@ Adesk::UInt32 AcDbDictionary::numEntries() const {
     return static_cast<Adesk::UInt32>(entries().size());
 }
 
-std::vector<AcDbDictionaryIterator::Entry> AcDbDictionary::entries() const {
-    std::vector<AcDbDictionaryIterator::Entry> found;
+std::vector<zuhost::DictionaryEntry> AcDbDictionary::entries() const {
+    std::vector<zuhost::DictionaryEntry> found;
     visitEntries(section(kMarker), [&](const StoredEntry& entry) {
         const AcDbObjectId id = target(entry.pointer);
         if (!id.isNull() && !id.isErased())
@@ -151,6 +161,20 @@ std::vector<std::wstring> AcDbDictionary::danglingNames() const {
             names.push_back(decoded(entry.name.text));
     });
     return names;
+}
+
+Acad::ErrorStatus AcDbDictionaryIterator::getObject(AcDbObject*& object, AcDb::OpenMode mode) const {
+    object = nullptr;
+    return done() ? Acad::eInvalidIndex : acdbOpenAcDbObject(object, objectId(), mode);
+}
+
+bool AcDbDictionaryIterator::setPosition(AcDbObjectId id) {
+    const auto found = std::find_if(entries_.begin(), entries_.end(),
+                                    [id](const zuhost::DictionaryEntry& e) { return e.id == id; });
+    if (found == entries_.end())
+        return false;
+    at_ = static_cast<std::size_t>(found - entries_.begin());
+    return true;
 }
 
 AcDbDictionaryIterator* AcDbDictionary::newIterator() const {

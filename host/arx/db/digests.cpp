@@ -98,8 +98,10 @@ private:
 } // namespace
 
 std::vector<EntityDigest> entityDigests(const AcDbDatabase& database) {
-    Digests digests(database.core());
-    for (const Container& container : database.core().document->containers())
+    DatabaseCore& core = coreOf(database);
+    core.parts.arrange(*core.document);
+    Digests digests(core);
+    for (const Container& container : core.document->containers())
         if (container.kind == Container::Kind::block || container.kind == Container::Kind::entities)
             for (AcDbStub* const stub : container.members)
                 digests.add(*stub);

@@ -3,6 +3,7 @@
 #include "database_core.h"
 #include "dbsymtb.h"
 #include "drawing/tag_view.h"
+#include "new_text.h"
 #include "record_name.h"
 
 #include <array>
@@ -21,22 +22,25 @@ AcRxObject* zuhost::makeEntity() {
     return new Entity;
 }
 
-std::wstring AcDbEntity::layerName() const {
+std::wstring AcDbEntity::layerText() const {
     const std::wstring name = textTag(kMarker, 8);
     return name.empty() ? L"0" : name;
 }
 
 ACHAR* AcDbEntity::layer() const {
-    ACHAR* copy = nullptr;
-    acutNewString(layerName().c_str(), copy);
-    return copy;
+    return zuhost::newText(layerText());
+}
+
+Acad::ErrorStatus AcDbEntity::layer(AcString& name) const {
+    name = layerText().c_str();
+    return Acad::eOk;
 }
 
 AcDbObjectId AcDbEntity::layerId() const {
     if (core() == nullptr)
         return {};
     AcDbStub* const table = core()->tableHead("LAYER");
-    return table != nullptr ? AcDbObjectId(core()->findRecord(*table, layerName(), false)) : AcDbObjectId();
+    return table != nullptr ? AcDbObjectId(core()->findRecord(*table, layerText(), false)) : AcDbObjectId();
 }
 
 Acad::ErrorStatus AcDbEntity::setLayer(const ACHAR* name) {
@@ -64,9 +68,16 @@ Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 index) {
     return index > kByLayer ? Acad::eInvalidInput : setIntegerTag(kMarker, 62, index);
 }
 
-std::wstring AcDbEntity::linetypeName() const {
-    const std::wstring name = textTag(kMarker, 6);
-    return name.empty() ? L"ByLayer" : name;
+ACHAR* AcDbEntity::linetype() const {
+    AcString name;
+    linetype(name);
+    return zuhost::newText(name.kwszPtr());
+}
+
+Acad::ErrorStatus AcDbEntity::linetype(AcString& name) const {
+    const std::wstring stored = textTag(kMarker, 6);
+    name = stored.empty() ? L"ByLayer" : stored.c_str();
+    return Acad::eOk;
 }
 
 AcDb::LineWeight AcDbEntity::lineWeight() const {

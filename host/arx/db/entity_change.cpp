@@ -215,7 +215,7 @@ int acdbEntMod(const resbuf* list) {
     const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
     if (entity.openStatus() != Acad::eOk || !prepareReferences(list, *id.database()))
         return RTERROR;
-    DatabaseCore& core = id.database()->core();
+    DatabaseCore& core = coreOf(*id.database());
     const std::string type(entity->tags().text(0).value_or(""));
     const resbuf* const data = extendedDataOf(list);
     if (data != nullptr && entity->setXData(data) != Acad::eOk)

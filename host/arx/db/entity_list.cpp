@@ -60,7 +60,7 @@ resbuf* entityList(const ads_name name, const resbuf* applications) {
     const AcDbObjectPointer<AcDbObject> object(id);
     if (object.openStatus() != Acad::eOk)
         return nullptr;
-    ChainWriter chain(id.database()->core());
+    ChainWriter chain(&coreOf(*id.database()));
     ads_name_set(name, chain.append(kEntityName).resval.rlname);
     const TagView records = object->tags().withoutExtendedData();
     for (auto at = records.begin(); at != records.end();)
@@ -97,7 +97,7 @@ std::vector<ListItem> listItems(const resbuf* list, const DatabaseCore& core, bo
         isFirstOwner = isFirstOwner && code != 330;
         TagList records;
         if (isSet)
-            addRecords(records, *list, core, isPlane && code < 200 ? 2 : 3); // directions always have z
+            addRecords(records, *list, &core, isPlane && code < 200 ? 2 : 3); // directions always have z
         if (!records.empty())
             items.push_back({code, {records.begin(), records.end()}});
     }

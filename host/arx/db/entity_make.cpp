@@ -153,7 +153,7 @@ Unfinished& unfinished() {
 class EntityMaker {
 public:
     EntityMaker(AcDbDatabase& database, const resbuf* list)
-        : database_(database), core_(database.core()), list_(list) {
+        : database_(database), core_(zuhost::coreOf(database)), list_(list) {
         const std::string type = typeName();
         items_ = listItems(list, core_, hasPlanePoints(type));
         type_ = type;
@@ -199,7 +199,7 @@ private:
         return number;
     }
 
-    [[nodiscard]] bool isPart() const { return type_ == "VERTEX" || type_ == "ATTRIB" || type_ == "SEQEND"; }
+    [[nodiscard]] bool isPart() const { return isPartType(type_); }
 
     [[nodiscard]] bool isReferenceValid() const {
         if (type_ != "INSERT")
@@ -267,21 +267,28 @@ private:
         AcDbStub* const complex = unfinished().complex;
         if (complex == nullptr)
             return false;
-        Container* const container = containerOf(*complex);
-        auto entity = container != nullptr ? create(records) : nullptr;
+        if (type_ == kSequenceEnd)
+            return endSequence(*complex, records);
+        auto entity = create(records);
         if (entity == nullptr)
             return false;
-        AcDbEntity& added = *entity;
-        core_.adopt(entity.release(), *container, complex);
-        if (type_ == "SEQEND")
-            unfinished().complex.setNull();
+        AcDbEntity& added = *entity.release();
+        core_.adoptPart(added, *complex);
         return complete(added, records);
     }
 
-    Container* containerOf(const AcDbStub& entity) const {
-        if (entity.owner != core_.modelSpace() && entity.owner != nullptr)
-            return core_.blockContainer(*entity.owner);
-        return &core_.document->container(Container::Kind::entities);
+    /// Polylines end their vertices themselves, block references do not.
+    bool endSequence(AcDbStub& complex, const TagList& records) {
+        unfinished().complex.setNull();
+        AcDbObject* opened = nullptr;
+        if (AcDbStub* const end = core_.sequenceEnd(complex)) {
+            if (core_.open(*end, AcDb::kForWrite, opened, true) != Acad::eOk)
+                return false;
+        } else {
+            opened = create(records).release();
+            core_.adoptPart(static_cast<AcDbEntity&>(*opened), complex);
+        }
+        return complete(static_cast<AcDbEntity&>(*opened), records);
     }
 
     bool beginBlock() {
@@ -366,7 +373,7 @@ private:
 
 int acdbEntMake(const resbuf* list) {
     AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
-    if (list == nullptr || database == nullptr || !database->core().document)
+    if (list == nullptr || database == nullptr || !zuhost::coreOf(*database).document)
         return RTERROR;
     return zuhost::EntityMaker(*database, list).make() ? RTNORM : RTERROR;
 }

@@ -8,12 +8,12 @@ namespace zuhost {
 namespace {
 
 void endSequence(AcDbEntity& owner) {
-    DatabaseCore& core = owner.database()->core();
-    const std::vector<AcDbStub*>& parts = core.parts.of(*core.document, *owner.objectId());
-    if (!parts.empty() && core.document->typeName(*parts.back()) == "SEQEND")
+    DatabaseCore& core = coreOf(*owner.database());
+    AcDbStub& stub = *static_cast<AcDbStub*>(owner.objectId());
+    if (core.sequenceEnd(stub) != nullptr)
         return;
     auto* const end = new AcDbSequenceEnd;
-    core.adoptPart(*end, owner);
+    core.adoptPart(*end, stub);
     end->close();
 }
 
@@ -30,16 +30,16 @@ Acad::ErrorStatus appendPart(AcDbEntity& owner, NewParts& pending, AcDbEntity* p
     }
     if (!owner.isWriteEnabled())
         return Acad::eNotOpenForWrite;
-    id = owner.database()->core().adoptPart(*part, owner);
+    id = coreOf(*owner.database()).adoptPart(*part, *static_cast<AcDbStub*>(owner.objectId()));
     endSequence(owner);
     return Acad::eOk;
 }
 
 void appendPending(AcDbEntity& owner, NewParts& pending, bool endsAlways) {
-    DatabaseCore& core = owner.database()->core();
+    DatabaseCore& core = coreOf(*owner.database());
     const bool ends = endsAlways || !pending.empty();
     for (auto& part : pending) {
-        core.adoptPart(*part, owner);
+        core.adoptPart(*part, *static_cast<AcDbStub*>(owner.objectId()));
         part.release()->close();
     }
     pending.clear();
@@ -51,9 +51,9 @@ std::vector<AcDbObjectId> partIds(const AcDbEntity& owner) {
     std::vector<AcDbObjectId> ids;
     if (owner.database() == nullptr)
         return ids;
-    DatabaseCore& core = owner.database()->core();
+    DatabaseCore& core = coreOf(*owner.database());
     for (AcDbStub* const part : core.parts.of(*core.document, *owner.objectId()))
-        if (!part->erased && core.document->typeName(*part) != "SEQEND")
+        if (!part->erased && core.document->typeName(*part) != kSequenceEnd)
             ids.emplace_back(part);
     return ids;
 }
@@ -71,10 +71,16 @@ std::vector<const AcDbEntity*> readParts(const AcDbEntity& owner, const NewParts
         parts.push_back(part.get());
     for (const AcDbObjectId id : partIds(owner)) {
         AcDbStub* const stub = id;
-        if (const auto* part = AcDbEntity::cast(&owner.database()->core().object(*stub)))
+        if (const auto* part = AcDbEntity::cast(&coreOf(*owner.database()).object(*stub)))
             parts.push_back(part);
     }
     return parts;
+}
+
+void copyParts(const AcDbEntity& owner, const NewParts& pending, NewParts& copies) {
+    for (const AcDbEntity* const part : readParts(owner, pending))
+        if (std::unique_ptr<AcRxObject> copy(part->clone()); AcDbEntity::cast(copy.get()) != nullptr)
+            copies.emplace_back(static_cast<AcDbEntity*>(copy.release()));
 }
 
 void changeParts(const AcDbEntity& owner, const NewParts& pending,
@@ -83,7 +89,7 @@ void changeParts(const AcDbEntity& owner, const NewParts& pending,
         change(*part);
     for (const AcDbObjectId id : partIds(owner)) {
         AcDbEntity* part = nullptr;
-        if (acdbOpenObject(part, id, AcDb::kForWrite) != Acad::eOk)
+        if (acdbOpenObject(part, id, AcDb::kForWrite, false, true) != Acad::eOk)
             continue;
         change(*part);
         part->close();

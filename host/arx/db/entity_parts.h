@@ -25,7 +25,11 @@ void appendPending(AcDbEntity& owner, NewParts& pending, bool endsAlways);
 /// Returns the parts that are not erased, whether they are open or not, to be read.
 [[nodiscard]] std::vector<const AcDbEntity*> readParts(const AcDbEntity& owner, const NewParts& pending);
 
-/// Calls the function with each part, open for write; parts that cannot be opened are skipped.
+/// Adds copies of the parts to those of a copy of the entity, which is in no database.
+void copyParts(const AcDbEntity& owner, const NewParts& pending, NewParts& copies);
+
+/// Calls the function with each part, open for write even if its layer is locked: the entity was opened in
+/// spite of it. Parts that cannot be opened are skipped.
 void changeParts(const AcDbEntity& owner, const NewParts& pending,
                  const std::function<void(AcDbEntity&)>& change);
 

@@ -152,9 +152,9 @@ void AcDbEntity::setDatabaseDefaults() {
 void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
     if (database == nullptr)
         database = acdbHostApplicationServices()->workingDatabase();
-    if (database == nullptr || !database->core().document)
+    if (database == nullptr || !zuhost::coreOf(*database).document)
         return;
-    const zuhost::Document& document = *database->core().document;
+    const zuhost::Document& document = *zuhost::coreOf(*database).document;
     TagList current;
     const auto take = [&](std::string_view variable, int code) {
         const std::string value = headerText(document.header(), variable);
@@ -181,7 +181,7 @@ Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* other, bool do
         return Acad::eNullObjectPointer;
     if (database() != nullptr && other->database() != nullptr && database() != other->database())
         return Acad::eWrongDatabase;
-    const Acad::ErrorStatus status = setLayer(other->layerName().c_str());
+    const Acad::ErrorStatus status = setLayer(other->layerText().c_str());
     if (status != Acad::eOk)
         return status;
     const std::wstring linetype = other->textTag(kMarker, kLinetype);
@@ -213,8 +213,11 @@ void AcDbEntity::removeTags(std::string_view marker, std::initializer_list<int> 
 }
 
 void AcDbEntity::fitToDrawing() {
-    if (!section(kMarker).text(8))
-        setTextTag(kMarker, 8, L"0");
+    if (!section(kMarker).text(8)) {
+        std::wstring name = L"0";
+        zuhost::readRecordName<AcDbLayerTableRecord>(database()->clayer(), name);
+        setTextTag(kMarker, 8, name);
+    }
     for (const Introduced& property : kIntroduced)
         if (!canHold(property.code))
             removeTags(kMarker, {property.code});

@@ -14,7 +14,7 @@ using zuhost::Container;
 
 AcDbDatabase* workingDrawing() {
     AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
-    return drawing != nullptr && drawing->core().document ? drawing : nullptr;
+    return drawing != nullptr && zuhost::coreOf(*drawing).document ? drawing : nullptr;
 }
 
 /// The objects of model space, vertices and attributes included: few drawings have any in its block.
@@ -83,7 +83,9 @@ int acdbEntNext(const std::int64_t* entity, ads_name result) {
     AcDbDatabase* const drawing = workingDrawing();
     if (result == nullptr || drawing == nullptr)
         return RTERROR;
-    const ModelSpaceObjects objects(drawing->core());
+    zuhost::DatabaseCore& core = zuhost::coreOf(*drawing);
+    core.parts.arrange(*core.document);
+    const ModelSpaceObjects objects(core);
     if (entity == nullptr || ads_name_nil(entity))
         return nameOf(objects.from(0), result);
     AcDbObjectId id;
@@ -97,7 +99,7 @@ int acdbEntLast(ads_name result) {
     AcDbDatabase* const drawing = workingDrawing();
     if (result == nullptr || drawing == nullptr)
         return RTERROR;
-    return nameOf(ModelSpaceObjects(drawing->core()).last(), result);
+    return nameOf(ModelSpaceObjects(zuhost::coreOf(*drawing)).last(), result);
 }
 
 int acdbEntDel(const ads_name entity) {

@@ -4,6 +4,7 @@
 #include "dbdict.h"
 #include "dbobjptr.h"
 #include "dxf_records/number_text.h"
+#include "new_text.h"
 
 #include <algorithm>
 #include <unordered_set>
@@ -55,6 +56,11 @@ bool AcDbGroupIterator::next() {
     return !done();
 }
 
+Acad::ErrorStatus AcDbGroupIterator::getObject(AcDbObject*& object, AcDb::OpenMode mode) const {
+    object = nullptr;
+    return done() ? Acad::eInvalidIndex : acdbOpenAcDbObject(object, member_, mode);
+}
+
 AcDbGroupIterator* AcDbGroup::newIterator() const {
     return new AcDbGroupIterator(*this);
 }
@@ -71,8 +77,9 @@ AcDbGroup::AcDbGroup(const ACHAR* description, bool selectable) : AcDbGroup() {
     setSelectable(selectable);
 }
 
-std::wstring AcDbGroup::description() const {
-    return textTag(kMarker, 300);
+const ACHAR* AcDbGroup::description() const {
+    description_ = textTag(kMarker, 300);
+    return description_.c_str();
 }
 Acad::ErrorStatus AcDbGroup::setDescription(const ACHAR* description) {
     return setTextTag(kMarker, 300, description != nullptr ? description : L"");
@@ -90,13 +97,23 @@ Acad::ErrorStatus AcDbGroup::setAnonymous() {
     return setIntegerTag(kMarker, 70, 1);
 }
 
-std::wstring AcDbGroup::getName() const {
-    std::wstring name;
+std::wstring AcDbGroup::nameInDictionary() const {
+    AcString name;
     AcDbStub* const owner = ownerId();
-    if (owner == nullptr || core()->classOf(*owner) != AcDbDictionary::desc())
-        return name;
-    static_cast<const AcDbDictionary&>(core()->object(*owner)).nameAt(objectId(), name);
-    return name;
+    if (owner != nullptr && core()->classOf(*owner) == AcDbDictionary::desc())
+        static_cast<const AcDbDictionary&>(core()->object(*owner)).nameAt(objectId(), name);
+    return name.kwszPtr();
+}
+
+Acad::ErrorStatus AcDbGroup::getName(ACHAR*& name) const {
+    const std::wstring known = nameInDictionary();
+    name = known.empty() ? nullptr : zuhost::newText(known);
+    return known.empty() ? Acad::eNotInDatabase : Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbGroup::getName(AcString& name) const {
+    name = nameInDictionary().c_str();
+    return name.isEmpty() ? Acad::eNotInDatabase : Acad::eOk;
 }
 
 Adesk::UInt32 AcDbGroup::allEntityIds(AcDbObjectIdArray& ids) const {
@@ -156,7 +173,21 @@ AcDbGroup::Members& AcDbGroup::members() const {
     return members_;
 }
 
-bool AcDbGroup::has(AcDbObjectId id) const {
+bool AcDbGroup::has(const AcDbEntity* entity) const {
+    return entity != nullptr && hasMember(entity->objectId());
+}
+
+Acad::ErrorStatus AcDbGroup::getIndex(AcDbObjectId id, Adesk::UInt32& index) const {
+    AcDbObjectIdArray ids;
+    allEntityIds(ids);
+    const int found = ids.find(id);
+    if (found < 0)
+        return Acad::eNotInGroup;
+    index = static_cast<Adesk::UInt32>(found);
+    return Acad::eOk;
+}
+
+bool AcDbGroup::hasMember(AcDbObjectId id) const {
     return !id.isNull() && members().contains(id.handle().value());
 }
 
@@ -169,9 +200,10 @@ Acad::ErrorStatus AcDbGroup::admit(AcDbObjectId id) {
         return Acad::eWrongDatabase;
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
-    if (has(id))
+    if (hasMember(id))
         return Acad::eAlreadyInGroup;
-    const AcDbObjectPointer<AcDbEntity> member(id, AcDb::kForWrite);
+    // Membership is not drawn: entities on locked layers can be grouped too.
+    const AcDbObjectPointer<AcDbEntity> member(id, AcDb::kForWrite, false, true);
     if (member.openStatus() != Acad::eOk)
         return member.openStatus();
     return member->addPersistentReactor(objectId());
@@ -268,7 +300,7 @@ std::size_t AcDbGroup::placeOf(Adesk::UInt32 index) const {
 }
 
 Acad::ErrorStatus AcDbGroup::remove(AcDbObjectId id) {
-    if (!has(id))
+    if (!hasMember(id))
         return Acad::eNotInGroup;
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
@@ -281,6 +313,21 @@ Acad::ErrorStatus AcDbGroup::remove(AcDbObjectId id) {
     deferMemberChange();
     detach(id);
     return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbGroup::remove(const AcDbObjectIdArray& ids) {
+    for (const AcDbObjectId id : ids)
+        if (!hasMember(id))
+            return Acad::eNotInGroup;
+    for (const AcDbObjectId id : ids)
+        if (const Acad::ErrorStatus status = hasMember(id) ? remove(id) : Acad::eOk; status != Acad::eOk)
+            return status;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbGroup::removeAt(Adesk::UInt32 index) {
+    AcDbObjectIdArray ids;
+    return index < allEntityIds(ids) ? remove(ids[static_cast<int>(index)]) : Acad::eInvalidIndex;
 }
 
 Acad::ErrorStatus AcDbGroup::clear() {
@@ -318,7 +365,7 @@ void AcDbGroup::applyDeferred(zuhost::TagList& tags) const {
 }
 
 void AcDbGroup::detach(AcDbObjectId id) const {
-    const AcDbObjectPointer<AcDbObject> member(id, AcDb::kForWrite, true);
+    const AcDbObjectPointer<AcDbObject> member(id, AcDb::kForWrite, true, true);
     if (member.openStatus() == Acad::eOk)
         member->removePersistentReactor(objectId());
 }

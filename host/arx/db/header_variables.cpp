@@ -138,7 +138,7 @@ bool setPointValues(TagList& header, TagRange values, const resbuf& value) {
 } // namespace
 
 bool headerVariable(const AcDbDatabase& database, std::wstring_view name, resbuf& value) {
-    const auto& document = database.core().document;
+    const auto& document = coreOf(database).document;
     if (!document)
         return false;
     const TagList& header = document->header();
@@ -157,7 +157,7 @@ bool headerVariable(const AcDbDatabase& database, std::wstring_view name, resbuf
 }
 
 bool setHeaderVariable(AcDbDatabase& database, std::wstring_view name, const resbuf& value) {
-    const auto& document = database.core().document;
+    const auto& document = coreOf(database).document;
     const std::string variable = headerName(name);
     if (!document || std::find(kReadOnly.begin(), kReadOnly.end(), variable) != kReadOnly.end())
         return false;

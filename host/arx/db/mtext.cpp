@@ -2,6 +2,7 @@
 
 #include "angles.h"
 #include "drawing/tag_view.h"
+#include "new_text.h"
 #include "plane_change.h"
 
 #include <cmath>
@@ -37,12 +38,19 @@ zuhost::TagList AcDbMText::newRecords() const {
     return records;
 }
 
-std::wstring AcDbMText::contents() const {
+ACHAR* AcDbMText::contents() const {
+    AcString text;
+    contents(text);
+    return zuhost::newText(text.kwszPtr());
+}
+
+Acad::ErrorStatus AcDbMText::contents(AcString& text) const {
     std::string pieces;
     for (const zuhost::TagRef& tag : section(kMarker))
         if (isPartOfText(tag.code))
             pieces += tag.text;
-    return decoded(pieces);
+    text = decoded(pieces).c_str();
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbMText::setContents(const ACHAR* text) {

@@ -29,11 +29,7 @@ AcDbDatabase* AcDbObject::database() const {
 }
 
 zuhost::DatabaseCore* AcDbObject::core() const {
-    return stub_ != nullptr ? &stub_->database->core() : nullptr;
-}
-
-std::wstring AcDbObject::dxfName() const {
-    return decoded(tags().text(0).value_or(""));
+    return stub_ != nullptr ? &zuhost::coreOf(*stub_->database) : nullptr;
 }
 
 bool AcDbObject::isNewObject() const {
@@ -206,15 +202,12 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing) {
         return Acad::eNotOpenForWrite;
     if (stub_->erased == erasing)
         return erasing ? Acad::eWasErased : Acad::eOk;
+    if (!lockIsIgnored_ && core()->isOnLockedLayer(*this))
+        return Acad::eOnLockedLayer;
     startChange();
     stub_->erased = erasing;
     eraseToggled_ = !eraseToggled_;
     ++tagVersion_;
     subErased(erasing);
     return Acad::eOk;
-}
-
-AcDbObjectId AcDbObject::extensionDictionary() const {
-    const auto handle = tags().applicationGroup("ACAD_XDICTIONARY").handle(360);
-    return handle && core() != nullptr ? AcDbObjectId(core()->document->find(*handle)) : AcDbObjectId();
 }

@@ -40,6 +40,7 @@ constexpr std::array kTypes{
     TypeClass{"LTYPE", &AcDbLinetypeTableRecord::desc},
     TypeClass{"STYLE", &AcDbTextStyleTableRecord::desc},
     TypeClass{"APPID", &AcDbRegAppTableRecord::desc},
+    TypeClass{"DIMSTYLE", &AcDbDimStyleTableRecord::desc},
     TypeClass{"BLOCK_RECORD", &AcDbBlockTableRecord::desc},
     // Before R13 the BLOCK is the block's record; in later versions it is opened through its record only.
     TypeClass{"BLOCK", &AcDbBlockTableRecord::desc},
@@ -49,7 +50,7 @@ constexpr std::array kTypes{
 constexpr std::array kTables{
     TypeClass{"BLOCK_RECORD", &AcDbBlockTable::desc}, TypeClass{"LAYER", &AcDbLayerTable::desc},
     TypeClass{"LTYPE", &AcDbLinetypeTable::desc},     TypeClass{"STYLE", &AcDbTextStyleTable::desc},
-    TypeClass{"APPID", &AcDbRegAppTable::desc},
+    TypeClass{"APPID", &AcDbRegAppTable::desc},       TypeClass{"DIMSTYLE", &AcDbDimStyleTable::desc},
 };
 
 /// Entity types, for drawings before R13, which have no class markers.

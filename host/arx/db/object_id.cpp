@@ -22,7 +22,7 @@ AcDbDatabase* AcDbObjectId::database() const {
 }
 
 AcRxClass* AcDbObjectId::objectClass() const {
-    return stub_ != nullptr ? stub_->database->core().classOf(*stub_) : nullptr;
+    return stub_ != nullptr ? zuhost::coreOf(*stub_->database).classOf(*stub_) : nullptr;
 }
 
 AcDbHandle::AcDbHandle(const ACHAR* text) : value_(zuhost::parseHandle(zuhost::toUtf8(text)).value_or(0)) {}

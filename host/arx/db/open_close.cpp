@@ -8,27 +8,41 @@ namespace {
 
 constexpr std::uint16_t kMaxReaders = 256;
 
-} // namespace
-
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
-                                     bool openErased) {
+Acad::ErrorStatus openObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased,
+                             bool ignoreLock) {
     object = nullptr;
     AcDbStub* const stub = id;
     if (stub == nullptr)
         return Acad::eNullObjectId;
     if (stub->erased && !openErased)
         return Acad::eWasErased;
-    return stub->database->core().open(*stub, mode, object);
+    return zuhost::coreOf(*stub->database).open(*stub, mode, object, ignoreLock);
 }
 
-Acad::ErrorStatus zuhost::DatabaseCore::open(AcDbStub& stub, AcDb::OpenMode mode, AcDbObject*& opened) {
+} // namespace
+
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                     bool openErased) {
+    return openObject(object, id, mode, openErased, false);
+}
+
+Acad::ErrorStatus acdbForceOpenObjectOnLockedLayer(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                                   bool openErased) {
+    return openObject(object, id, mode, openErased, true);
+}
+
+Acad::ErrorStatus zuhost::DatabaseCore::open(AcDbStub& stub, AcDb::OpenMode mode, AcDbObject*& opened,
+                                             bool ignoreLock) {
     AcDbObject& target = object(stub);
     if (target.writing_)
         return Acad::eWasOpenForWrite;
     if (mode == AcDb::kForWrite) {
         if (target.readers_ > 0)
             return Acad::eWasOpenForRead;
+        if (!ignoreLock && isOnLockedLayer(target))
+            return Acad::eOnLockedLayer;
         target.writing_ = true;
+        target.lockIsIgnored_ = ignoreLock;
     } else {
         if (target.readers_ >= kMaxReaders)
             return Acad::eAtMaxReaders;
@@ -57,8 +71,11 @@ Acad::ErrorStatus AcDbObject::upgradeOpen() {
         return Acad::eWasOpenForWrite;
     if (readers_ != 1)
         return readers_ == 0 ? Acad::eNotOpenForRead : Acad::eWasOpenForRead;
+    if (core()->isOnLockedLayer(*this))
+        return Acad::eOnLockedLayer;
     readers_ = 0;
     writing_ = true;
+    lockIsIgnored_ = false;
     return Acad::eOk;
 }
 
@@ -79,6 +96,8 @@ void AcDbObject::notifyClosed() {
     const bool wasToggled = std::exchange(eraseToggled_, false);
     const bool nowErased = stub_->erased;
     zuhost::DatabaseCore& database = *core();
+    if (wasModified && stub_->owner != nullptr)
+        database.recordClosed(*stub_->owner);
     if (wasAppended)
         database.appended(*this);
     else if (wasModified)

@@ -25,7 +25,7 @@ const std::vector<AcDbStub*>& PartIndex::of(const Document& document, const AcDb
 
 void PartIndex::add(const Document& document, AcDbStub& part) {
     std::vector<AcDbStub*>& parts = parts_[part.owner];
-    const bool isBeforeEnd = !parts.empty() && document.typeName(*parts.back()) == "SEQEND";
+    const bool isBeforeEnd = !parts.empty() && document.typeName(*parts.back()) == kSequenceEnd;
     parts.insert(isBeforeEnd ? parts.end() - 1 : parts.end(), &part);
     changed_.insert(part.owner);
 }

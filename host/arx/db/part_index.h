@@ -9,9 +9,12 @@
 
 namespace zuhost {
 
+/// Type of the record that ends the vertices of a polyline or the attributes of a block reference.
+inline constexpr std::string_view kSequenceEnd = "SEQEND";
+
 /// Returns whether objects of the type belong to the entity before them.
 constexpr bool isPartType(std::string_view type) {
-    return type == "VERTEX" || type == "ATTRIB" || type == "SEQEND";
+    return type == "VERTEX" || type == "ATTRIB" || type == kSequenceEnd;
 }
 
 /// The vertices of polylines and the attributes of block references, with the records that end them, in their

@@ -2,7 +2,9 @@
 
 #include "database_core.h"
 #include "dxf_records/number_text.h"
+#include "object_access.h"
 #include "reactor_records.h"
+#include "zuhost/members.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -33,7 +35,7 @@ std::vector<zuhost::ReactorEntry> entriesWith(const TagView& tags, Predicate isW
 }
 
 /// Returns the entries that refer to no object of the drawing, or repeat an earlier entry.
-std::vector<zuhost::ReactorEntry> surplusEntries(const TagView& tags, const zuhost::Document& document) {
+std::vector<zuhost::ReactorEntry> surplusOf(const TagView& tags, const zuhost::Document& document) {
     std::unordered_set<const AcDbStub*> seen;
     return entriesWith(tags, [&](std::uint64_t handle) {
         const AcDbStub* const named = document.find(handle);
@@ -145,28 +147,10 @@ Acad::ErrorStatus AcDbObject::addPersistentReactor(AcDbObjectId reactor) {
     return changeReactors(AddReactor{reactor.handle().value()});
 }
 
-Acad::ErrorStatus AcDbObject::addPersistentReactors(const std::vector<AcDbObjectId>& reactors) {
-    indexReactors();
-    return changeReactors(ChangeReactors{[&](zuhost::ReactorIndex& index) {
-        for (const AcDbObjectId reactor : reactors)
-            if (!reactor.isNull())
-                index.add(reactor.handle().value());
-    }});
-}
-
 Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId reactor) {
     if (!hasPersistentReactor(reactor))
         return Acad::eKeyNotFound;
     return changeReactors(RemoveReactor{reactor.handle().value()});
-}
-
-Acad::ErrorStatus AcDbObject::removePersistentReactors(const std::unordered_set<AcDbObjectId>& reactors) {
-    indexReactors();
-    return changeReactors(ChangeReactors{[&](zuhost::ReactorIndex& index) {
-        for (const AcDbObjectId reactor : reactors)
-            if (!reactor.isNull())
-                index.remove(reactor.handle().value());
-    }});
 }
 
 template <typename Change>
@@ -184,23 +168,6 @@ Acad::ErrorStatus AcDbObject::changeReactors(Change change) {
     return Acad::eOk;
 }
 
-std::vector<AcDbHandle> AcDbObject::surplusReactors() const {
-    std::vector<AcDbHandle> surplus;
-    if (stub_ != nullptr)
-        for (const zuhost::ReactorEntry& entry : surplusEntries(tags(), *core()->document))
-            surplus.emplace_back(entry.handle);
-    return surplus;
-}
-
-Acad::ErrorStatus AcDbObject::removeSurplusReactors() {
-    const Acad::ErrorStatus status = stub_ != nullptr ? assertWriteEnabled() : Acad::eNotInDatabase;
-    if (status != Acad::eOk)
-        return status;
-    const std::vector<zuhost::ReactorEntry> surplus = surplusEntries(tags(), *core()->document);
-    zuhost::eraseReactorEntries(changingTags(), surplus);
-    return Acad::eOk;
-}
-
 const AcDbVoidPtrArray* AcDbObject::reactors() const {
     if (stub_ == nullptr)
         return nullptr;
@@ -212,4 +179,42 @@ const AcDbVoidPtrArray* AcDbObject::reactors() const {
     for (AcDbObjectReactor* reactor : reactors_->transient)
         list.append(reactor);
     return &list;
+}
+
+Acad::ErrorStatus zuhost::addPersistentReactors(AcDbObject& object,
+                                                const std::vector<AcDbObjectId>& reactors) {
+    ObjectAccess::indexReactors(object);
+    return ObjectAccess::changeReactors(object, ChangeReactors{[&](ReactorIndex& index) {
+                                            for (const AcDbObjectId reactor : reactors)
+                                                if (!reactor.isNull())
+                                                    index.add(reactor.handle().value());
+                                        }});
+}
+
+Acad::ErrorStatus zuhost::removePersistentReactors(AcDbObject& object,
+                                                   const std::unordered_set<AcDbObjectId>& reactors) {
+    ObjectAccess::indexReactors(object);
+    return ObjectAccess::changeReactors(object, ChangeReactors{[&](ReactorIndex& index) {
+                                            for (const AcDbObjectId reactor : reactors)
+                                                if (!reactor.isNull())
+                                                    index.remove(reactor.handle().value());
+                                        }});
+}
+
+std::vector<AcDbHandle> zuhost::surplusReactors(const AcDbObject& object) {
+    std::vector<AcDbHandle> surplus;
+    if (const AcDbDatabase* const database = object.database())
+        for (const ReactorEntry& entry : surplusOf(object.tags(), *coreOf(*database).document))
+            surplus.emplace_back(entry.handle);
+    return surplus;
+}
+
+Acad::ErrorStatus zuhost::removeSurplusReactors(AcDbObject& object) {
+    const Acad::ErrorStatus status =
+        object.database() != nullptr ? ObjectAccess::assertWriteEnabled(object) : Acad::eNotInDatabase;
+    if (status != Acad::eOk)
+        return status;
+    const std::vector<ReactorEntry> surplus = surplusOf(object.tags(), *coreOf(*object.database()).document);
+    eraseReactorEntries(ObjectAccess::changingTags(object), surplus);
+    return Acad::eOk;
 }

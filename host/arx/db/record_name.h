@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dbsymtb.h"
+#include "object_access.h"
 
 namespace zuhost {
 
@@ -11,7 +11,7 @@ Acad::ErrorStatus readRecordName(AcDbObjectId id, std::wstring& name) {
     const Acad::ErrorStatus status = acdbOpenObject(record, id, AcDb::kForRead);
     if (status != Acad::eOk)
         return status;
-    name = record->name();
+    name = ObjectAccess::name(*record);
     return record->close();
 }
 

@@ -52,6 +52,14 @@ Handles ownedHandles(const TagView& tags) {
     return owned;
 }
 
+/// Removes the extension dictionary's group when the dictionary is erased.
+void removeExtension(TagList& tags, const Handles& erased) {
+    const TagView extension = TagView(tags).applicationGroup("ACAD_XDICTIONARY");
+    const auto owned = extension.handle(360);
+    if (owned && erased.contains(*owned))
+        tags.erase(extension.range());
+}
+
 void removeEntries(TagList& tags, const Handles& erased) {
     for (std::size_t i = tags.size(); i-- > 1;)
         if (isEntry(tags[i].code, tags[i - 1].code) && names(tags[i], erased))
@@ -128,6 +136,7 @@ void DatabaseCore::collectReferencesToErased() {
     }
     for (auto& [stub, tags] : filtered_) {
         removeReactors(tags, erased);
+        removeExtension(tags, erased);
         const std::string& type = document->typeName(*stub);
         if (type == "GROUP")
             removeMembers(tags, erased);

@@ -1,6 +1,9 @@
 #include "summinfo.h"
 
 #include "database_core.h"
+#include "new_text.h"
+
+ACRX_CONS_DEFINE_MEMBERS(AcDbDatabaseSummaryInfo, AcRxObject)
 
 using zuhost::Tag;
 using zuhost::TagList;
@@ -35,39 +38,73 @@ int AcDbDatabaseSummaryInfo::find(const ACHAR* key) const {
     return -1;
 }
 
-Acad::ErrorStatus AcDbDatabaseSummaryInfo::getCustomSummaryInfo(const ACHAR* key, std::wstring& value) const {
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::getCustomSummaryInfo(const ACHAR* key, ACHAR*& value) const {
+    value = nullptr;
+    AcString text;
+    const Acad::ErrorStatus status = getCustomSummaryInfo(key, text);
+    if (status == Acad::eOk)
+        value = zuhost::newText(text.kwszPtr());
+    return status;
+}
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::getCustomSummaryInfo(const ACHAR* key, AcString& value) const {
+    if (key == nullptr)
+        return Acad::eInvalidInput;
     const int index = find(key);
     if (index < 0)
         return Acad::eKeyNotFound;
-    value = custom_[static_cast<std::size_t>(index)].value;
+    value = custom_[static_cast<std::size_t>(index)].value.c_str();
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbDatabaseSummaryInfo::getCustomSummaryInfo(int index, std::wstring& key,
-                                                                std::wstring& value) const {
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::getCustomSummaryInfo(int index, ACHAR*& key, ACHAR*& value) const {
+    key = nullptr;
+    value = nullptr;
     if (index < 0 || index >= numCustomInfo())
         return Acad::eInvalidIndex;
-    key = custom_[static_cast<std::size_t>(index)].key;
-    value = custom_[static_cast<std::size_t>(index)].value;
+    key = zuhost::newText(custom_[static_cast<std::size_t>(index)].key);
+    value = zuhost::newText(custom_[static_cast<std::size_t>(index)].value);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::getCustomSummaryInfo(int index, AcString& key,
+                                                                AcString& value) const {
+    if (index < 0 || index >= numCustomInfo())
+        return Acad::eInvalidIndex;
+    key = custom_[static_cast<std::size_t>(index)].key.c_str();
+    value = custom_[static_cast<std::size_t>(index)].value.c_str();
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDatabaseSummaryInfo::addCustomSummaryInfo(const ACHAR* key, const ACHAR* value) {
+    if (key == nullptr)
+        return Acad::eInvalidInput;
     if (find(key) >= 0)
         return Acad::eDuplicateKey;
-    custom_.push_back({key, value});
+    custom_.push_back({key, value != nullptr ? value : L""});
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDatabaseSummaryInfo::setCustomSummaryInfo(const ACHAR* key, const ACHAR* value) {
+    if (key == nullptr)
+        return Acad::eInvalidInput;
     const int index = find(key);
     if (index < 0)
         return Acad::eKeyNotFound;
-    custom_[static_cast<std::size_t>(index)].value = value;
+    custom_[static_cast<std::size_t>(index)].value = value != nullptr ? value : L"";
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::deleteCustomSummaryInfo(int index) {
+    if (index < 0 || index >= numCustomInfo())
+        return Acad::eInvalidIndex;
+    custom_.erase(custom_.begin() + index);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbDatabaseSummaryInfo::deleteCustomSummaryInfo(const ACHAR* key) {
+    if (key == nullptr)
+        return Acad::eInvalidInput;
     const int index = find(key);
     if (index < 0)
         return Acad::eKeyNotFound;
@@ -75,12 +112,13 @@ Acad::ErrorStatus AcDbDatabaseSummaryInfo::deleteCustomSummaryInfo(const ACHAR* 
     return Acad::eOk;
 }
 
-Acad::ErrorStatus acdbGetSummaryInfo(const AcDbDatabase* database,
-                                     std::unique_ptr<AcDbDatabaseSummaryInfo>& info) {
-    const auto& document = database->core().document;
-    if (!document)
+Acad::ErrorStatus acdbGetSummaryInfo(AcDbDatabase* database, AcDbDatabaseSummaryInfo*& info) {
+    info = nullptr;
+    if (database == nullptr || !zuhost::coreOf(*database).document)
         return Acad::eNoDatabase;
-    info = std::make_unique<AcDbDatabaseSummaryInfo>();
+    const auto& document = zuhost::coreOf(*database).document;
+    info = new AcDbDatabaseSummaryInfo;
+    info->setDatabase(database);
     const TagList& header = document->header();
     for (std::size_t i = 0; i + 3 < header.size(); ++i)
         if (isVariable(header, i, kKey) && isVariable(header, i + 2, kValue))
@@ -89,24 +127,26 @@ Acad::ErrorStatus acdbGetSummaryInfo(const AcDbDatabase* database,
     return Acad::eOk;
 }
 
-Acad::ErrorStatus acdbPutSummaryInfo(AcDbDatabase* database, const AcDbDatabaseSummaryInfo& info) {
-    const auto& document = database->core().document;
-    if (!document)
+Acad::ErrorStatus acdbPutSummaryInfo(const AcDbDatabaseSummaryInfo* info) {
+    if (info == nullptr)
+        return Acad::eNullObjectPointer;
+    if (info->database() == nullptr || !zuhost::coreOf(*info->database()).document)
         return Acad::eNoDatabase;
+    const auto& document = zuhost::coreOf(*info->database()).document;
     TagList header = document->header();
     const std::size_t place = customPlace(header);
     for (std::size_t i = header.size(); i-- > 0;)
         if (isCustom(header, i))
             header.erase({i, i + 2});
     std::vector<Tag> records;
-    for (int i = 0; i < info.numCustomInfo(); ++i) {
-        std::wstring key;
-        std::wstring value;
-        info.getCustomSummaryInfo(i, key, value);
+    for (int i = 0; i < info->numCustomInfo(); ++i) {
+        AcString key;
+        AcString value;
+        info->getCustomSummaryInfo(i, key, value);
         records.insert(records.end(), {{9, std::string(kKey)},
-                                       {1, document->encode(key)},
+                                       {1, document->encode(key.kwszPtr())},
                                        {9, std::string(kValue)},
-                                       {1, document->encode(value)}});
+                                       {1, document->encode(value.kwszPtr())}});
     }
     header.insert(place, records);
     document->setHeader(std::move(header));

@@ -1,6 +1,8 @@
 #include "dbsymtb.h"
 
 #include "database_core.h"
+#include "new_text.h"
+#include "object_access.h"
 
 #include <algorithm>
 
@@ -11,6 +13,7 @@ ACRX_CONS_DEFINE_MEMBERS(AcDbLayerTable, AcDbSymbolTable)
 ACRX_CONS_DEFINE_MEMBERS(AcDbLinetypeTable, AcDbSymbolTable)
 ACRX_CONS_DEFINE_MEMBERS(AcDbTextStyleTable, AcDbSymbolTable)
 ACRX_CONS_DEFINE_MEMBERS(AcDbRegAppTable, AcDbSymbolTable)
+ACRX_CONS_DEFINE_MEMBERS(AcDbDimStyleTable, AcDbSymbolTable)
 
 AcRxObject* zuhost::makeSymbolTable() {
     class Table : public AcDbSymbolTable {};
@@ -26,18 +29,42 @@ zuhost::TagList AcDbSymbolTableRecord::namedRecord(std::string_view type, std::s
     return records;
 }
 
-std::wstring AcDbSymbolTableRecord::name() const {
+std::wstring AcDbSymbolTableRecord::nameText() const {
     return textTag({}, 2);
 }
 
+const ACHAR* AcDbSymbolTableRecord::kept(std::wstring text) const {
+    kept_ = std::move(text);
+    return kept_.c_str();
+}
+
+Acad::ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& name) const {
+    name = zuhost::newText(nameText());
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbSymbolTableRecord::getName(const ACHAR*& name) const {
-    name_ = this->name();
+    name_ = nameText();
     name = name_.c_str();
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbSymbolTableRecord::getName(AcString& name) const {
+    name = nameText().c_str();
+    return Acad::eOk;
+}
+
+bool AcDbSymbolTableRecord::hasFlag(std::int64_t bit) const {
+    return (integerTag({}, 70, 0) & bit) != 0;
+}
+
+Acad::ErrorStatus AcDbSymbolTableRecord::setFlag(std::int64_t bit, bool on) {
+    const std::int64_t flags = integerTag({}, 70, 0);
+    return setIntegerTag({}, 70, on ? flags | bit : flags & ~bit);
+}
+
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
-    if (name == nullptr)
+    if (name == nullptr || *name == L'\0')
         return Acad::eInvalidInput;
     AcDbStub* const table = ownerId();
     if (core() != nullptr && table != nullptr) {
@@ -53,24 +80,21 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
 
 // ---- tables
 
-AcDbSymbolTableIterator::AcDbSymbolTableIterator(std::vector<AcDbObjectId> ids, bool skipErased)
-    : ids_(std::move(ids)), skipErased_(skipErased) {
-    skip();
+void AcDbSymbolTableIterator::start(bool atBeginning, bool skipErased) {
+    at_ = atBeginning || ids_.empty() ? 0 : ids_.size() - 1;
+    skip(atBeginning, skipErased);
 }
 
-void AcDbSymbolTableIterator::start() {
-    at_ = 0;
-    skip();
+void AcDbSymbolTableIterator::step(bool forward, bool skipErased) {
+    if (done())
+        return;
+    at_ = forward ? at_ + 1 : at_ - 1; // before the first record the position wraps to one past the end
+    skip(forward, skipErased);
 }
 
-void AcDbSymbolTableIterator::step() {
-    ++at_;
-    skip();
-}
-
-void AcDbSymbolTableIterator::skip() {
-    while (skipErased_ && at_ < ids_.size() && ids_[at_].isErased())
-        ++at_;
+void AcDbSymbolTableIterator::skip(bool forward, bool skipErased) {
+    while (skipErased && at_ < ids_.size() && ids_[at_].isErased())
+        at_ = forward ? at_ + 1 : at_ - 1;
 }
 
 Acad::ErrorStatus AcDbSymbolTableIterator::getRecordId(AcDbObjectId& id) const {
@@ -80,9 +104,31 @@ Acad::ErrorStatus AcDbSymbolTableIterator::getRecordId(AcDbObjectId& id) const {
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbSymbolTableIterator::getRecord(AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
+                                                     bool openErased) const {
+    record = nullptr;
+    AcDbObjectId id;
+    const Acad::ErrorStatus status = getRecordId(id);
+    return status == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : status;
+}
+
+Acad::ErrorStatus AcDbSymbolTableIterator::seek(AcDbObjectId id) {
+    const auto found = std::find(ids_.begin(), ids_.end(), id);
+    if (found == ids_.end())
+        return Acad::eKeyNotFound;
+    at_ = static_cast<std::size_t>(found - ids_.begin());
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbSymbolTableIterator::seek(const AcDbSymbolTableRecord* record) {
+    return record != nullptr ? seek(record->objectId()) : Acad::eNullObjectPointer;
+}
+
 Acad::ErrorStatus AcDbSymbolTable::getIdAt(const ACHAR* name, AcDbObjectId& id, bool getErased) const {
     if (name == nullptr)
         return Acad::eInvalidInput;
+    if (core() == nullptr)
+        return Acad::eNotInDatabase;
     AcDbStub* const found = core()->findRecord(*static_cast<AcDbStub*>(objectId()), name, getErased);
     if (found == nullptr)
         return Acad::eKeyNotFound;
@@ -90,9 +136,27 @@ Acad::ErrorStatus AcDbSymbolTable::getIdAt(const ACHAR* name, AcDbObjectId& id, 
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbSymbolTableRecord*& record,
+                                         AcDb::OpenMode mode, bool openErased) const {
+    record = nullptr;
+    AcDbObjectId id;
+    const Acad::ErrorStatus status = getIdAt(name, id, openErased);
+    return status == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : status;
+}
+
 bool AcDbSymbolTable::has(const ACHAR* name) const {
     AcDbObjectId id;
     return getIdAt(name, id) == Acad::eOk;
+}
+
+bool AcDbSymbolTable::has(AcDbObjectId id) const {
+    const std::vector<AcDbObjectId> ids = recordIds();
+    return !id.isErased() && std::find(ids.begin(), ids.end(), id) != ids.end();
+}
+
+Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record) {
+    AcDbObjectId id;
+    return add(id, record);
 }
 
 Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* record) {
@@ -100,36 +164,45 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
         return Acad::eNullObjectPointer;
     if (record->database() != nullptr)
         return Acad::eAlreadyInDb;
+    if (core() == nullptr)
+        return Acad::eNotInDatabase;
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
-    const std::wstring name = record->name();
+    const std::wstring name = record->nameText();
     if (name.empty())
         return Acad::eInvalidInput;
     if (has(name.c_str()))
         return Acad::eDuplicateRecordName;
-    zuhost::DatabaseCore& database = *core();
-    AcDbStub* const table = objectId();
-    id = database.adopt(record, database.document->container(zuhost::Container::Kind::table, tableName()),
-                        table);
-    if (AcDbBlockTableRecord::cast(record) != nullptr) {
-        database.document->appendBlock(database.document->encode(name), id);
-        database.invalidateBlocks();
-    }
-    database.invalidateNames(table);
+    core()->addRecord(*static_cast<AcDbStub*>(objectId()), *record);
+    id = record->objectId();
     return Acad::eOk;
 }
 
-std::string AcDbSymbolTable::tableName() const {
-    return std::string(tags().text(2).value_or(""));
+void zuhost::DatabaseCore::addRecord(AcDbStub& table, AcDbSymbolTableRecord& record) {
+    const std::string tableName(tags(table).text(2).value_or(""));
+    Container& target = document->container(Container::Kind::table, tableName);
+    const std::string name = document->encode(ObjectAccess::name(record));
+    const bool isBlock = AcDbBlockTableRecord::cast(&record) != nullptr;
+    adopt(&record, target, &table, [&](AcDbStub& stub) {
+        if (isBlock) {
+            document->appendBlock(name, &stub);
+            invalidateBlocks();
+        }
+        invalidateNames(&table);
+    });
 }
 
 std::vector<AcDbObjectId> AcDbSymbolTable::recordIds() const {
+    if (core() == nullptr)
+        return {};
     const std::vector<AcDbStub*> records = core()->records(*static_cast<AcDbStub*>(objectId()));
     return {records.begin(), records.end()};
 }
 
-Acad::ErrorStatus AcDbSymbolTable::newIterator(AcDbSymbolTableIterator*& iterator, bool /*atBeginning*/,
+Acad::ErrorStatus AcDbSymbolTable::newIterator(AcDbSymbolTableIterator*& iterator, bool atBeginning,
                                                bool skipErased) const {
-    iterator = new AcDbSymbolTableIterator(recordIds(), skipErased);
+    iterator = new AcDbSymbolTableIterator;
+    iterator->ids_ = recordIds();
+    iterator->start(atBeginning, skipErased);
     return Acad::eOk;
 }

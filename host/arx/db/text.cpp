@@ -2,6 +2,7 @@
 
 #include "angles.h"
 #include "drawing/tag_view.h"
+#include "new_text.h"
 #include "plane_change.h"
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbText, AcDbEntity)
@@ -31,8 +32,12 @@ AcDbText::AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId 
         setTextStyle(style);
 }
 
-std::wstring AcDbText::textString() const {
-    return textTag(kMarker, 1);
+ACHAR* AcDbText::textString() const {
+    return zuhost::newText(textTag(kMarker, 1));
+}
+Acad::ErrorStatus AcDbText::textString(AcString& text) const {
+    text = textTag(kMarker, 1).c_str();
+    return Acad::eOk;
 }
 Acad::ErrorStatus AcDbText::setTextString(const ACHAR* text) {
     return text != nullptr ? setTextTag(kMarker, 1, text) : Acad::eInvalidInput;

@@ -5,27 +5,32 @@
 namespace zuhost {
 
 void beginUndoGroup(AcDbDatabase& database) {
-    database.core().undo.beginGroup();
+    coreOf(database).undo.beginGroup();
 }
 
 void endUndoGroup(AcDbDatabase& database) {
-    database.core().undo.endGroup();
+    coreOf(database).undo.endGroup();
 }
 
 void setUndoMark(AcDbDatabase& database) {
-    database.core().undo.mark();
+    coreOf(database).undo.mark();
 }
 
 bool hasUndoMark(const AcDbDatabase& database) {
-    return database.core().undo.hasMark();
+    return coreOf(database).undo.hasMark();
 }
 
 bool isAtUndoMark(const AcDbDatabase& database) {
-    return database.core().undo.atMark();
+    return coreOf(database).undo.atMark();
+}
+
+Acad::ErrorStatus redo(AcDbDatabase& database) {
+    DatabaseCore& core = coreOf(database);
+    return core.undo.redo(core) ? Acad::eOk : Acad::eUndoOperationNotAvailable;
 }
 
 bool undoToMark(AcDbDatabase& database) {
-    DatabaseCore& core = database.core();
+    DatabaseCore& core = coreOf(database);
     return core.undo.undoToMark(core);
 }
 

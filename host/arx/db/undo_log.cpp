@@ -2,6 +2,8 @@
 
 #include "database_core.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zuhost {
@@ -37,13 +39,14 @@ void UndoLog::newStep() {
 
 void UndoLog::clear() {
     endGroup();
+    transactions_.clear();
     undo_.clear();
     redo_.clear();
     marks_.clear();
 }
 
 bool UndoLog::undo(DatabaseCore& core) {
-    if (!play(core, undo_, redo_, true))
+    if (undo_.size() <= lowestStep() || !play(core, undo_, redo_, true))
         return false;
     while (hasMark() && marks_.back() > undo_.size())
         marks_.pop_back();
@@ -56,9 +59,9 @@ void UndoLog::mark() {
 }
 
 bool UndoLog::undoToMark(DatabaseCore& core) {
-    if (!hasMark() && undo_.empty())
+    if (!hasMark() && undo_.size() <= lowestStep())
         return false;
-    const std::size_t steps = hasMark() ? marks_.back() : 0;
+    const std::size_t steps = std::max(hasMark() ? marks_.back() : 0, lowestStep());
     if (hasMark())
         marks_.pop_back();
     while (undo_.size() > steps)
@@ -67,7 +70,7 @@ bool UndoLog::undoToMark(DatabaseCore& core) {
 }
 
 void UndoLog::record(AcDbStub& stub, const TagList* own, Kind kind) {
-    if (disabled_ || !recorded_.insert(&stub).second)
+    if ((disabled_ && transactions_.empty()) || !recorded_.insert(&stub).second)
         return;
     if (!stepOpen_)
         undo_.emplace_back();
@@ -75,6 +78,51 @@ void UndoLog::record(AcDbStub& stub, const TagList* own, Kind kind) {
     redo_.clear();
     // Undoing an addition erases the object, whatever else changed in the step.
     undo_.back().push_back({&stub, copied(own), kind == Kind::appended || stub.erased, kind});
+}
+
+void UndoLog::startTransaction() {
+    transactions_.push_back({undo_.size(), stepOpen_, recorded_});
+    newStep();
+}
+
+void UndoLog::resume(Start start) {
+    newStep();
+    stepOpen_ = start.stepOpen;
+    recorded_ = std::move(start.recorded);
+}
+
+void UndoLog::commitTransaction() {
+    if (transactions_.empty())
+        return;
+    Start start = std::move(transactions_.back());
+    transactions_.pop_back();
+    const auto first = undo_.begin() + static_cast<std::ptrdiff_t>(start.steps);
+    Step changes;
+    for (auto step = first; step != undo_.end(); ++step)
+        std::move(step->begin(), step->end(), std::back_inserter(changes));
+    undo_.erase(first, undo_.end());
+    if (!disabled_ || !transactions_.empty()) {
+        // Only the state before the first change counts.
+        std::erase_if(changes, [&](const Entry& entry) { return !start.recorded.insert(entry.stub).second; });
+        if (!start.stepOpen && !changes.empty()) {
+            undo_.emplace_back();
+            start.stepOpen = true;
+        }
+        if (!changes.empty())
+            std::move(changes.begin(), changes.end(), std::back_inserter(undo_.back()));
+    }
+    resume(std::move(start));
+}
+
+void UndoLog::abortTransaction(DatabaseCore& core) {
+    if (transactions_.empty())
+        return;
+    std::vector<Step> dropped;
+    while (undo_.size() > transactions_.back().steps)
+        play(core, undo_, dropped, true);
+    Start start = std::move(transactions_.back());
+    transactions_.pop_back();
+    resume(std::move(start));
 }
 
 bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing) {

@@ -48,6 +48,14 @@ public:
     /// there is neither a mark nor a step.
     bool undoToMark(DatabaseCore& core);
 
+    // ---- transactions: what they change is recorded even while undo is disabled
+    void startTransaction();
+    /// Makes the changes of the innermost transaction part of the enclosing one, or of the undo step in which
+    /// it was started.
+    void commitTransaction();
+    /// Takes the changes of the innermost transaction back; they can't be redone.
+    void abortTransaction(DatabaseCore& core);
+
 private:
     struct Entry {
         AcDbStub* stub;
@@ -56,11 +64,24 @@ private:
         Kind kind;
     };
     using Step = std::vector<Entry>;
+    /// The state at the start of a transaction.
+    struct Start {
+        std::size_t steps;
+        bool stepOpen;
+        std::unordered_set<AcDbStub*> recorded;
+    };
 
     bool play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing);
 
     void newStep();
 
+    /// Returns the number of steps that belong to no transaction.
+    [[nodiscard]] std::size_t lowestStep() const {
+        return transactions_.empty() ? 0 : transactions_.back().steps;
+    }
+    void resume(Start start);
+
+    std::vector<Start> transactions_;
     std::vector<Step> undo_;
     std::vector<Step> redo_;
     std::vector<std::size_t> marks_;         ///< For each mark, the number of steps before it.

@@ -165,7 +165,10 @@ Acad::ErrorStatus AcDb2dPolyline::subTransformBy(const AcGeMatrix3d& matrix) {
 void AcDb2dPolyline::forEachPart(const std::function<void(AcDbEntity&)>& change) {
     zuhost::changeParts(*this, verticesToCome_, change);
 }
-void AcDb2dPolyline::subAppendedToBlock() {
+void AcDb2dPolyline::copyPartsTo(AcDbEntity& copy) const {
+    zuhost::copyParts(*this, verticesToCome_, static_cast<AcDb2dPolyline&>(copy).verticesToCome_);
+}
+void AcDb2dPolyline::subAppended() {
     zuhost::appendPending(*this, verticesToCome_, true);
 }
 
@@ -241,7 +244,10 @@ Acad::ErrorStatus AcDb3dPolyline::subTransformBy(const AcGeMatrix3d& matrix) {
 void AcDb3dPolyline::forEachPart(const std::function<void(AcDbEntity&)>& change) {
     zuhost::changeParts(*this, verticesToCome_, change);
 }
-void AcDb3dPolyline::subAppendedToBlock() {
+void AcDb3dPolyline::copyPartsTo(AcDbEntity& copy) const {
+    zuhost::copyParts(*this, verticesToCome_, static_cast<AcDb3dPolyline&>(copy).verticesToCome_);
+}
+void AcDb3dPolyline::subAppended() {
     zuhost::appendPending(*this, verticesToCome_, true);
 }
 

@@ -7,6 +7,8 @@
 #include "dxf_records/value_type.h"
 #include "zuhost/result_kind.h"
 
+#include <zuhost/text_codec.h>
+
 #include <algorithm>
 #include <map>
 
@@ -61,13 +63,13 @@ bool isValid(const resbuf& item) {
 
 /// Texts equal to those they replace keep their stored form, as with escapes ("\\U+33a5").
 void keepStoredForm(const TagList& tags, TagRange old, TagList& replacement,
-                    const zuhost::Document& document) {
+                    const zuhost::DatabaseCore* core) {
     for (std::size_t i = 0; i < replacement.size() && old.first + i < old.last; ++i) {
         const Tag& before = tags[old.first + i];
         Tag& now = replacement[i];
         if (now.code == before.code && now.value != before.value &&
             zuhost::resultKind(now.code) == zuhost::ResultKind::text &&
-            document.decode(now.value) == document.decode(before.value))
+            zuhost::decodeText(core, now.value) == zuhost::decodeText(core, before.value))
             now.value = before.value;
     }
 }
@@ -82,9 +84,19 @@ std::optional<std::string> registeredName(zuhost::DatabaseCore& core, const ACHA
     return std::string(core.tags(*record).withoutExtendedData().text(2).value_or(""));
 }
 
+/// As above for an object that is in no drawing: the working database decides.
+std::optional<std::string> nameOutsideDrawings(const ACHAR* application) {
+    if (application == nullptr || *application == L'\0')
+        return std::nullopt;
+    const AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    if (database != nullptr && !registeredName(zuhost::coreOf(*database), application))
+        return std::nullopt;
+    return zuhost::toUtf8(application);
+}
+
 /// Reads the values of each application of the chain, after its name. If an application occurs repeatedly,
 /// the last occurrence counts.
-Acad::ErrorStatus readChain(const resbuf* chain, zuhost::DatabaseCore& core, std::vector<TagList>& lists) {
+Acad::ErrorStatus readChain(const resbuf* chain, zuhost::DatabaseCore* core, std::vector<TagList>& lists) {
     if (chain == nullptr || chain->restype != kApplication)
         return Acad::eInvalidInput;
     for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
@@ -94,7 +106,8 @@ Acad::ErrorStatus readChain(const resbuf* chain, zuhost::DatabaseCore& core, std
             zuhost::addRecords(lists.back(), *item, core);
             continue;
         }
-        auto name = registeredName(core, item->resval.rstring);
+        auto name = core != nullptr ? registeredName(*core, item->resval.rstring)
+                                    : nameOutsideDrawings(item->resval.rstring);
         if (!name)
             return Acad::eRegappIdNotFound;
         std::erase_if(lists, [&name](const TagList& list) { return list[0].value == *name; });
@@ -114,7 +127,7 @@ std::size_t sizeWith(const TagView& tags, const std::vector<TagList>& replacemen
     return size;
 }
 
-void replace(TagList& tags, TagList replacement, const zuhost::Document& document) {
+void replace(TagList& tags, TagList replacement, const zuhost::DatabaseCore* core) {
     const std::string name = replacement[0].value;
     // Damaged objects name an application several times; only the first counts, the others are kept with it.
     if (replacement.size() == 1) {
@@ -123,7 +136,7 @@ void replace(TagList& tags, TagList replacement, const zuhost::Document& documen
         return;
     }
     const TagRange old = tags.extendedData(name);
-    keepStoredForm(tags, old, replacement, document);
+    keepStoredForm(tags, old, replacement, core);
     const std::size_t place = old.empty() ? tags.size() : old.first;
     tags.erase(old);
     tags.insert(place, std::move(replacement));
@@ -132,17 +145,16 @@ void replace(TagList& tags, TagList replacement, const zuhost::Document& documen
 } // namespace
 
 resbuf* AcDbObject::xData(const ACHAR* application) const {
-    if (core() == nullptr)
-        return nullptr;
     TagView values = tags().extendedData();
     if (values.empty())
         return nullptr;
     if (application != nullptr) {
         values = tags().extendedData(encoded(application));
-        if (const auto name = values.empty() ? registeredName(*core(), application) : std::nullopt)
+        if (const auto name =
+                values.empty() && core() != nullptr ? registeredName(*core(), application) : std::nullopt)
             values = tags().extendedData(*name);
     }
-    zuhost::ChainWriter chain(*core());
+    zuhost::ChainWriter chain(core());
     // Skips other group codes, which only damaged drawings have: a chain can't hold their values. One that is
     // not valid in extended data ends the values of its application, as when one application is asked for.
     bool isEnded = false;
@@ -157,12 +169,10 @@ resbuf* AcDbObject::xData(const ACHAR* application) const {
 }
 
 Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
-    if (core() == nullptr)
-        return Acad::eNotInDatabase;
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
     std::vector<TagList> replacements;
-    Acad::ErrorStatus status = readChain(chain, *core(), replacements);
+    Acad::ErrorStatus status = readChain(chain, core(), replacements);
     if (status == Acad::eOk && sizeWith(tags(), replacements) > kSizeLimit)
         status = Acad::eXdataSizeExceeded;
     if (status == Acad::eOk)
@@ -170,11 +180,13 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
     if (status != Acad::eOk)
         return status;
     for (TagList& replacement : replacements)
-        replace(changingTags(), std::move(replacement), *core()->document);
+        replace(changingTags(), std::move(replacement), core());
     return Acad::eOk;
 }
 
 Acad::ErrorStatus acdbRegApp(AcDbDatabase* database, const ACHAR* application) {
+    if (database == nullptr)
+        return Acad::eNoDatabase;
     AcDbRegAppTable* table = nullptr;
     const Acad::ErrorStatus status = database->getSymbolTable(table, AcDb::kForWrite);
     if (status != Acad::eOk)

@@ -45,11 +45,9 @@ Acad::ErrorStatus AcDbXrecord::rbChain(resbuf** chain, AcDbDatabase* /*auxiliary
     if (chain == nullptr)
         return Acad::eInvalidInput;
     *chain = nullptr;
-    if (core() == nullptr)
-        return Acad::eOk;
     const TagView records = tags();
     const TagView values = records.in(valueRange(records));
-    zuhost::ChainWriter writer(*core());
+    zuhost::ChainWriter writer(core());
     for (auto at = values.begin(); at != values.end();)
         writer.add(at);
     *chain = writer.release();
@@ -57,13 +55,11 @@ Acad::ErrorStatus AcDbXrecord::rbChain(resbuf** chain, AcDbDatabase* /*auxiliary
 }
 
 Acad::ErrorStatus AcDbXrecord::setFromRbChain(const resbuf& chain, AcDbDatabase* /*auxiliary*/) {
-    if (core() == nullptr)
-        return Acad::eNotInDatabase;
     TagList given;
     for (const resbuf* item = &chain; item != nullptr; item = item->rbnext) {
         if (!isValue(*item))
             return Acad::eInvalidInput;
-        zuhost::addRecords(given, *item, *core());
+        zuhost::addRecords(given, *item, core());
     }
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)

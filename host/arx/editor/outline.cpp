@@ -134,9 +134,9 @@ void OutlineBuilder::addReference(const AcDbBlockReference& reference, const AcG
 }
 
 double textWidth(const AcDbText& text) {
-    const auto string = text.textString();
-    return static_cast<double>(std::wstring_view(string).size()) * text.height() * kLetterWidth *
-           text.widthFactor();
+    AcString string;
+    text.textString(string);
+    return static_cast<double>(string.length()) * text.height() * kLetterWidth * text.widthFactor();
 }
 
 void OutlineBuilder::add(const AcDbEntity& entity, const AcGeMatrix3d& transform, int depth) {

@@ -15,15 +15,18 @@ namespace {
 constexpr const wchar_t* kGroup = L"HOST_UNDO";
 
 struct Direction {
-    Acad::ErrorStatus (AcDbDatabase::*step)();
+    Acad::ErrorStatus (*step)(AcDbDatabase& drawing);
     const wchar_t* noSteps;        ///< Printed when the first step fails.
     const wchar_t* noFurtherSteps; ///< Printed when a later one fails.
     bool stopsAtMarks;
 };
 
-constexpr Direction kUndo{&AcDbDatabase::undo, L"Nothing to undo.\n", L"Everything has been undone.\n", true};
-constexpr Direction kRedo{&AcDbDatabase::redo, L"Nothing to redo.\n", L"Everything has been redone.\n",
-                          false};
+Acad::ErrorStatus undoStep(AcDbDatabase& drawing) {
+    return drawing.undo();
+}
+
+constexpr Direction kUndo{&undoStep, L"Nothing to undo.\n", L"Everything has been undone.\n", true};
+constexpr Direction kRedo{&zuhost::redo, L"Nothing to redo.\n", L"Everything has been redone.\n", false};
 
 AcDbDatabase* currentDrawing() {
     return acDocManager->curDocument()->database();
@@ -36,7 +39,7 @@ void runSteps(const Direction& direction, int steps) {
         return;
     }
     for (int done = 0; done < steps; ++done) {
-        if (drawing == nullptr || (drawing->*direction.step)() != Acad::eOk) {
+        if (drawing == nullptr || direction.step(*drawing) != Acad::eOk) {
             acutPrintf(L"%s", done == 0 ? direction.noSteps : direction.noFurtherSteps);
             return;
         }

@@ -15,7 +15,10 @@ AcDbObjectId layerOf(AcDbObjectId id) {
 
 CString nameIfLocked(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbLayerTableRecord> layer(id);
-    return layer.openStatus() == Acad::eOk && layer->isLocked() ? CString(layer->name().c_str()) : CString();
+    AcString name;
+    if (layer.openStatus() == Acad::eOk && layer->isLocked())
+        layer->getName(name);
+    return {name};
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "attributes/attribute_record.h"
 #include "attributes/model/layer_locks.h"
 #include "entity_list.h"
+#include "entity_names.h"
 
 #include <arxutil.h>
 #include <dbents.h>
@@ -50,7 +51,7 @@ CString nameOf(AcDbObjectId id) {
 CEntityGroup::Row rowOf(const AcDbEntity& entity, AcDbObjectId id, LayerLocks& locks) {
     CEntityGroup::Row row{std::make_shared<CStringArray>(), id, !locks.lockedLayer(id).IsEmpty()};
     row.columns->Add(nameOf(id));
-    row.columns->Add(entity.layerName().c_str());
+    row.columns->Add(zu::layerName(entity).c_str());
     row.columns->Add(handleOf(id));
     return row;
 }

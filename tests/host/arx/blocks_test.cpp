@@ -1,4 +1,6 @@
 #include "sample_drawing.h"
+#include <zuhost/drawing_files.h>
+#include <zuhost/members.h>
 
 namespace {
 
@@ -9,13 +11,13 @@ using Blocks = SampleDrawing;
 TEST_F(Blocks, EntitiesAreListedInOrder) {
     const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
     EXPECT_TRUE(space->isLayout());
-    const auto ids = space->entityIds();
+    const auto ids = zuhost::entityIds(*space);
     // Attributes and their SEQEND belong to their references and are not listed.
     for (const AcDbObjectId entity : ids)
         EXPECT_EQ(entity.objectClass()->isDerivedFrom(AcDbEntity::desc()), true);
     erase(id(kDuct));
-    EXPECT_EQ(space->entityIds().size(), ids.size() - 1);
-    EXPECT_EQ(space->entityIds(false), ids);
+    EXPECT_EQ(zuhost::entityIds(*space).size(), ids.size() - 1);
+    EXPECT_EQ(zuhost::entityIds(*space, false), ids);
 
     AcDbBlockTableRecordIterator* iterator = nullptr;
     space->newIterator(iterator);
@@ -42,7 +44,7 @@ TEST_F(Blocks, NewBlocksAreSavedWithTheirReferences) {
     block->close();
     const AcDbObjectId placed = add(*drawing, new AcDbBlockReference({9, 9, 0}, definition));
 
-    const std::string bytes = drawing->dxfOutBytes(false);
+    const std::string bytes = zuhost::dxfOutBytes(*drawing, false);
     const auto count = [&bytes](std::string_view text) {
         int found = 0;
         for (std::size_t at = bytes.find(text); at != std::string::npos; at = bytes.find(text, at + 1))
@@ -55,7 +57,7 @@ TEST_F(Blocks, NewBlocksAreSavedWithTheirReferences) {
     const AcDbObjectPointer<AcDbBlockTableRecord> read(blockId(*again, L"新部品"));
     ASSERT_EQ(read.openStatus(), Acad::eOk);
     EXPECT_EQ(read->origin().y, 6.0);
-    EXPECT_EQ(read->entityIds().size(), 1U);
+    EXPECT_EQ(zuhost::entityIds(*read).size(), 1U);
     const AcDbObjectPointer<AcDbBlockReference> reference(idIn(*again, placed.handle().value()));
     EXPECT_EQ(reference->blockTableRecord(), read->objectId());
 }
@@ -69,7 +71,7 @@ TEST_F(Blocks, ErasedBlockIsNotSaved) {
     EXPECT_TRUE(blockId(*again, L"書棚").isNull());
     const AcDbObjectPointer<AcDbBlockTableRecord> before(blockId(*drawing, ACDB_MODEL_SPACE));
     const AcDbObjectPointer<AcDbBlockTableRecord> after(blockId(*again, ACDB_MODEL_SPACE));
-    EXPECT_EQ(before->entityIds().size(), after->entityIds().size());
+    EXPECT_EQ(zuhost::entityIds(*before).size(), zuhost::entityIds(*after).size());
 }
 
 TEST_F(Blocks, AppendingNeedsABlockOpenForWrite) {

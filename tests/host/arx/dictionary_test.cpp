@@ -1,5 +1,7 @@
 #include "sample_drawing.h"
 #include "summinfo.h"
+#include <zuhost/members.h>
+#include <zuhost/names.h>
 
 namespace {
 
@@ -9,7 +11,7 @@ protected:
 
     static std::vector<std::wstring> names(const AcDbDictionary& dictionary) {
         std::vector<std::wstring> found;
-        for (const auto& entry : dictionary.entries())
+        for (const auto& entry : zuhost::entriesOf(dictionary))
             found.push_back(entry.name);
         return found;
     }
@@ -25,7 +27,7 @@ TEST_F(Dictionaries, EntriesKeepTheirOrder) {
     EXPECT_EQ(groups->getAt(L"rtgr00007", found), Acad::eOk);
     EXPECT_EQ(found.handle().value(), 0x184U);
     EXPECT_EQ(groups->getAt(L"none", found), Acad::eKeyNotFound);
-    std::wstring name;
+    AcString name;
     EXPECT_EQ(groups->nameAt(id(kFurniture), name), Acad::eOk);
     EXPECT_EQ(name, L"家具");
     EXPECT_EQ(groups->nameAt(id(kDuct), name), Acad::eKeyNotFound);
@@ -50,7 +52,7 @@ TEST_F(Dictionaries, AnonymousGroupsGetTheNextNumber) {
     auto* const group = new AcDbGroup(L"説明", false);
     EXPECT_EQ(groups->setAt(L"*", group, added), Acad::eOk);
     EXPECT_TRUE(group->isAnonymous());
-    EXPECT_EQ(group->getName(), L"*A4");
+    EXPECT_EQ(zuhost::groupName(*group), L"*A4");
     group->close();
     auto* const named = new AcDbGroup;
     EXPECT_EQ(groups->setAt(L"給気", named, added), Acad::eOk);
@@ -64,7 +66,7 @@ TEST_F(Dictionaries, AnonymousGroupsGetTheNextNumber) {
     AcDbObjectId found;
     read->getAt(L"*A4", found);
     const AcDbObjectPointer<AcDbGroup> saved(found);
-    EXPECT_EQ(saved->description(), L"説明");
+    EXPECT_STREQ(saved->description(), L"説明");
     EXPECT_FALSE(saved->isSelectable());
     EXPECT_TRUE(saved->isAnonymous());
     EXPECT_EQ(saved->ownerId(), read->objectId());
@@ -93,12 +95,12 @@ TEST_F(Dictionaries, RemovedEntriesAreNoLongerFound) {
     EXPECT_EQ(groups->remove(L"*A3"), Acad::eOk);
     EXPECT_EQ(groups->remove(L"*A1"), Acad::eOk);
     EXPECT_EQ(groups->getAt(L"*A1", found), Acad::eKeyNotFound);
-    std::wstring name;
+    AcString name;
     EXPECT_EQ(groups->nameAt(id(kFurniture), name), Acad::eOk);
     EXPECT_EQ(name, L"家具");
     auto* const group = new AcDbGroup;
     EXPECT_EQ(groups->setAt(L"*", group, found), Acad::eOk);
-    EXPECT_EQ(group->getName(), L"*A3") << "the highest number in use is 2";
+    EXPECT_EQ(zuhost::groupName(*group), L"*A3") << "the highest number in use is 2";
     group->close();
     // An object with two entries is found by the remaining one.
     {
@@ -163,7 +165,7 @@ TEST_F(Dictionaries, InvalidEntriesAreRejected) {
     EXPECT_EQ(groups->getAt(nullptr, none), Acad::eInvalidInput);
     EXPECT_EQ(groups->remove(static_cast<const ACHAR*>(nullptr)), Acad::eInvalidInput);
     EXPECT_FALSE(groups->has(static_cast<const ACHAR*>(nullptr)));
-    EXPECT_EQ(AcDbGroup(nullptr).description(), L"");
+    EXPECT_STREQ(AcDbGroup(nullptr).description(), L"");
     groups->downgradeOpen();
     EXPECT_EQ(groups->setAt(L"x", group.get(), added), Acad::eNotOpenForWrite);
     EXPECT_EQ(groups->remove(L"*A1"), Acad::eNotOpenForWrite);
@@ -180,13 +182,17 @@ TEST_F(Dictionaries, EntriesOfErasedObjectsAreHidden) {
 }
 
 TEST_F(Dictionaries, CustomVariablesAreSaved) {
-    std::unique_ptr<AcDbDatabaseSummaryInfo> info;
-    ASSERT_EQ(acdbGetSummaryInfo(drawing.get(), info), Acad::eOk);
+    const auto infoOf = [](AcDbDatabase& database) {
+        AcDbDatabaseSummaryInfo* found = nullptr;
+        EXPECT_EQ(acdbGetSummaryInfo(&database, found), Acad::eOk);
+        return std::unique_ptr<AcDbDatabaseSummaryInfo>(found);
+    };
+    auto info = infoOf(*drawing);
     ASSERT_EQ(info->numCustomInfo(), 2);
-    std::wstring value;
+    AcString value;
     EXPECT_EQ(info->getCustomSummaryInfo(L"zuanno", value), Acad::eOk);
     EXPECT_EQ(value, L"1");
-    std::wstring key;
+    AcString key;
     EXPECT_EQ(info->getCustomSummaryInfo(1, key, value), Acad::eOk);
     EXPECT_EQ(key, L"図面名称");
     EXPECT_EQ(info->getCustomSummaryInfo(2, key, value), Acad::eInvalidIndex);
@@ -195,10 +201,10 @@ TEST_F(Dictionaries, CustomVariablesAreSaved) {
     EXPECT_EQ(info->addCustomSummaryInfo(L"縮尺", L"1:50"), Acad::eOk);
     EXPECT_EQ(info->deleteCustomSummaryInfo(L"図面名称"), Acad::eOk);
     EXPECT_EQ(info->deleteCustomSummaryInfo(L"図面名称"), Acad::eKeyNotFound);
-    ASSERT_EQ(acdbPutSummaryInfo(drawing.get(), *info), Acad::eOk);
+    ASSERT_EQ(acdbPutSummaryInfo(info.get()), Acad::eOk);
 
     const auto again = reopened();
-    ASSERT_EQ(acdbGetSummaryInfo(again.get(), info), Acad::eOk);
+    info = infoOf(*again);
     ASSERT_EQ(info->numCustomInfo(), 2);
     EXPECT_EQ(info->getCustomSummaryInfo(L"縮尺", value), Acad::eOk);
     EXPECT_EQ(value, L"1:50");

@@ -6,6 +6,7 @@
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 
+#include <zuhost/drawing_files.h>
 #include <zuhost/text_codec.h>
 
 #include <cstdio>
@@ -109,9 +110,9 @@ int main(int argc, char** argv) {
     if (database.dxfIn(zuhost::fromUtf8(argv[1]).c_str()) == Acad::eOk) {
         edit(database);
         const bool binary = argc > 3 && std::string_view(argv[3]) == "-b";
-        if (database.dxfOut(zuhost::fromUtf8(argv[2]).c_str(), binary) == Acad::eOk)
+        if (zuhost::dxfOut(database, zuhost::fromUtf8(argv[2]).c_str(), binary) == Acad::eOk)
             return 0;
     }
-    std::fprintf(stderr, "%s\n", zuhost::toUtf8(database.lastErrorText()).c_str());
+    std::fprintf(stderr, "%s\n", zuhost::toUtf8(zuhost::lastErrorText(database)).c_str());
     return 1;
 }

@@ -4,6 +4,8 @@
 #include "geplane.h"
 #include "sample_drawing.h"
 
+#include <zuhost/members.h>
+
 namespace {
 
 using EntityGeometry = SampleDrawing;
@@ -175,11 +177,11 @@ TEST_F(EntityGeometry, AttributesAndVerticesAreSavedAfterTheirOwners) {
     auto* const pending = new AcDb3dPolyline(AcDb::k3dSimplePoly, points);
     const AcDbObjectId polyline = add(*drawing, pending);
     const std::size_t entities =
-        AcDbObjectPointer<AcDbBlockTableRecord>(blockId(*drawing, ACDB_MODEL_SPACE))->entityIds().size();
+        zuhost::entityIds(*AcDbBlockTableRecordPointer(ACDB_MODEL_SPACE, drawing.get())).size();
 
     const auto again = reopened();
-    EXPECT_TRUE(again->warnings().empty());
-    EXPECT_EQ(AcDbObjectPointer<AcDbBlockTableRecord>(blockId(*again, ACDB_MODEL_SPACE))->entityIds().size(),
+    EXPECT_TRUE(zuhost::warnings(*again).empty());
+    EXPECT_EQ(zuhost::entityIds(*AcDbBlockTableRecordPointer(ACDB_MODEL_SPACE, again.get())).size(),
               entities);
     const auto countParts = [](AcDbObjectIterator* parts) {
         int count = 0;
@@ -200,5 +202,5 @@ TEST_F(EntityGeometry, AttributesAndVerticesAreSavedAfterTheirOwners) {
     const std::unique_ptr<AcDbObjectIterator> parts(reference->attributeIterator());
     const AcDbObjectPointer<AcDbAttribute> first(parts->objectId());
     EXPECT_EQ(first->position(), AcGePoint3d(100, 0, 0));
-    EXPECT_EQ(first->textString(), L"値");
+    EXPECT_EQ(textOf(first->objectId()), L"値");
 }

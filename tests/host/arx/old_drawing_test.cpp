@@ -1,5 +1,8 @@
 #include "dxf_records.h"
 #include "sample_drawing.h"
+#include <zuhost/drawing_files.h>
+#include <zuhost/members.h>
+#include <zuhost/names.h>
 
 namespace {
 
@@ -26,10 +29,10 @@ TEST_F(OldDrawing, BlocksAreFoundWithoutRecords) {
     const AcDbObjectId tree = blockId(*drawing, L"tree");
     const AcDbObjectPointer<AcDbBlockTableRecord> block(tree);
     ASSERT_EQ(block.openStatus(), Acad::eOk);
-    EXPECT_EQ(block->name(), L"TREE");
+    EXPECT_EQ(zuhost::recordName(*block), L"TREE");
     EXPECT_EQ(block->origin().x, 1.5);
-    ASSERT_EQ(block->entityIds().size(), 1U);
-    const AcDbObjectPointer<AcDbCircle> circle(block->entityIds().front());
+    ASSERT_EQ(zuhost::entityIds(*block).size(), 1U);
+    const AcDbObjectPointer<AcDbCircle> circle(zuhost::entityIds(*block).front());
     ASSERT_EQ(circle.openStatus(), Acad::eOk);
     EXPECT_EQ(circle->radius(), 1.0);
     const AcDbObjectPointer<AcDbLayerTableRecord> layer(circle->layerId());
@@ -41,7 +44,7 @@ TEST_F(OldDrawing, BlocksAreFoundWithoutRecords) {
 TEST_F(OldDrawing, ModelSpaceHoldsTheEntities) {
     const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
     ASSERT_EQ(space.openStatus(), Acad::eOk);
-    const auto ids = space->entityIds();
+    const auto ids = zuhost::entityIds(*space);
     ASSERT_EQ(ids.size(), 3U);
     const AcDbObjectPointer<AcDbBlockReference> insert(ids[0]);
     EXPECT_EQ(insert->blockTableRecord(), blockId(*drawing, L"TREE"));
@@ -52,10 +55,10 @@ TEST_F(OldDrawing, ReadingChangesNothing) {
     for (const AcDbObjectId table :
          {drawing->blockTableId(), drawing->layerTableId(), drawing->regAppTableId(),
           drawing->linetypeTableId(), drawing->textStyleTableId()})
-        EXPECT_LT(AcDbObjectPointer<AcDbSymbolTable>(table)->recordIds().size(), 4U);
+        EXPECT_LT(zuhost::recordIds(*AcDbObjectPointer<AcDbSymbolTable>(table)).size(), 4U);
     blockId(*drawing, ACDB_MODEL_SPACE);
     EXPECT_TRUE(drawing->groupDictionaryId().isNull());
-    EXPECT_TRUE(drawing->dxfOutBytes(false) == oldDrawing());
+    EXPECT_TRUE(zuhost::dxfOutBytes(*drawing, false) == oldDrawing());
 }
 
 TEST_F(OldDrawing, ErasingAnEntityDropsItsSubentities) {
@@ -63,12 +66,12 @@ TEST_F(OldDrawing, ErasingAnEntityDropsItsSubentities) {
     {
         const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
         ASSERT_EQ(space.openStatus(), Acad::eOk);
-        ids = space->entityIds();
+        ids = zuhost::entityIds(*space);
     }
     ASSERT_EQ(ids.size(), 3U);
     erase(ids[0]);
     erase(ids[1]);
-    const std::string saved = drawing->dxfOutBytes(false);
+    const std::string saved = zuhost::dxfOutBytes(*drawing, false);
     for (const char* removed : {"ATTRIB", "SEQEND", "VERTEX", "INSERT"})
         EXPECT_EQ(saved.find(removed), std::string::npos) << removed;
     EXPECT_NE(saved.find("LINE"), std::string::npos);
@@ -76,13 +79,13 @@ TEST_F(OldDrawing, ErasingAnEntityDropsItsSubentities) {
 
 TEST_F(OldDrawing, NewEntitiesAreWrittenInTheOldForm) {
     add(*drawing, new AcDbBlockReference({1, 1, 0}, blockId(*drawing, L"TREE")));
-    const std::string saved = drawing->dxfOutBytes(false);
+    const std::string saved = zuhost::dxfOutBytes(*drawing, false);
     EXPECT_EQ(saved.find("AcDb"), std::string::npos);
     EXPECT_EQ(saved.find("330\n"), std::string::npos);
     const auto again = readBytes(saved);
     const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*again, ACDB_MODEL_SPACE));
-    ASSERT_EQ(space->entityIds().size(), 4U);
-    const AcDbObjectPointer<AcDbBlockReference> added(space->entityIds().back());
+    ASSERT_EQ(zuhost::entityIds(*space).size(), 4U);
+    const AcDbObjectPointer<AcDbBlockReference> added(zuhost::entityIds(*space).back());
     ASSERT_EQ(added.openStatus(), Acad::eOk);
-    EXPECT_EQ(added->blockName(), L"TREE");
+    EXPECT_EQ(zuhost::blockName(*added), L"TREE");
 }

@@ -1,4 +1,6 @@
 #include "sample_drawing.h"
+#include <zuhost/drawing_files.h>
+#include <zuhost/names.h>
 
 namespace {
 
@@ -72,7 +74,7 @@ TEST_F(OpenClose, OpenModeIsUpgradedAndDowngraded) {
     EXPECT_EQ(duct->setRotation(2.0), Acad::eNotOpenForWrite);
     EXPECT_DOUBLE_EQ(duct->rotation(), 1.0);
     duct.close();
-    EXPECT_EQ(drawing->originalFileVersion(), 1032);
+    EXPECT_EQ(drawing->originalFileVersion(), AcDb::kDHL_3200);
 }
 
 TEST_F(OpenClose, ErasedObjectsOpenOnRequestOnly) {
@@ -102,10 +104,11 @@ TEST_F(OpenClose, ClassesAreKnownWithoutOpening) {
 
 TEST_F(OpenClose, FailedReadingLeavesTheDrawingUnchanged) {
     EXPECT_EQ(drawing->dxfIn(L"/no/such/folder/drawing.dxf"), Acad::eFileNotFound);
-    EXPECT_NE(drawing->lastErrorText().find(L"drawing.dxf"), std::wstring::npos);
-    EXPECT_EQ(drawing->dxfInBytes("  0\nSECTION\n  2\nENTITIES\n  x\nLINE\n", L"bad.dxf"), Acad::eBadDxfFile);
-    EXPECT_EQ(drawing->lastErrorText().rfind(L"bad.dxf:5: ", 0), 0U);
-    EXPECT_EQ(drawing->dxfInBytes("", L"empty.dxf"), Acad::eBadDxfFile);
+    EXPECT_NE(zuhost::lastErrorText(*drawing).find(L"drawing.dxf"), std::wstring::npos);
+    EXPECT_EQ(zuhost::dxfInBytes(*drawing, "  0\nSECTION\n  2\nENTITIES\n  x\nLINE\n", L"bad.dxf"),
+              Acad::eBadDxfFile);
+    EXPECT_EQ(zuhost::lastErrorText(*drawing).rfind(L"bad.dxf:5: ", 0), 0U);
+    EXPECT_EQ(zuhost::dxfInBytes(*drawing, "", L"empty.dxf"), Acad::eBadDxfFile);
     const AcDbObjectPointer<AcDbBlockReference> duct(id(kDuct));
-    EXPECT_EQ(duct->blockName(), L"RT-D300");
+    EXPECT_EQ(zuhost::blockName(*duct), L"RT-D300");
 }

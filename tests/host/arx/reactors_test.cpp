@@ -1,6 +1,10 @@
 #include "sample_drawing.h"
 
+#include <zuhost/drawing_files.h>
+#include <zuhost/members.h>
+#include <zuhost/names.h>
 #include <zuhost/text_codec.h>
+#include <zuhost/undo.h>
 
 namespace {
 
@@ -181,7 +185,8 @@ TEST_F(Reactors, OtherObjectsCanStillBeOpenedInGoodbye) {
         }
         bool isLocked = false;
     };
-    for (const AcDbObjectId layer : AcDbObjectPointer<AcDbLayerTable>(drawing->layerTableId())->recordIds())
+    for (const AcDbObjectId layer :
+         zuhost::recordIds(*AcDbObjectPointer<AcDbLayerTable>(drawing->layerTableId())))
         AcDbObjectPointer<AcDbLayerTableRecord>(layer, AcDb::kForWrite)->setIsLocked(true);
     LayerReader reader;
     AcDbObjectPointer<AcDbEntity>(id(kDuct))->addReactor(&reader);
@@ -192,7 +197,7 @@ TEST_F(Reactors, OtherObjectsCanStillBeOpenedInGoodbye) {
 
 TEST_F(Reactors, PersistentReactorsAreListedFirstInStoredOrder) {
     ObjectReactor objectReactor;
-    const AcDbObjectPointer<AcDbObject> handler(id(kAirHandler), AcDb::kForWrite);
+    const AcDbObjectPointer<AcDbObject> handler(id(kAirHandler), AcDb::kForWrite, false, true);
     handler->addReactor(&objectReactor);
     EXPECT_EQ(handler->addPersistentReactor(id(kSingle)), Acad::eOk);
     EXPECT_EQ(handler->addPersistentReactor(id(kSingle)), Acad::eOk);
@@ -213,7 +218,7 @@ TEST_F(Reactors, PersistentReactorsAreListedFirstInStoredOrder) {
 }
 
 TEST_F(Reactors, PersistentReactorsChangeSeveralAtATime) {
-    const AcDbObjectPointer<AcDbObject> handler(id(kAirHandler), AcDb::kForWrite);
+    const AcDbObjectPointer<AcDbObject> handler(id(kAirHandler), AcDb::kForWrite, false, true);
     const auto handles = [&handler] {
         std::vector<Adesk::UInt64> found;
         for (const void* const entry : *handler->reactors())
@@ -221,34 +226,36 @@ TEST_F(Reactors, PersistentReactorsChangeSeveralAtATime) {
         return found;
     };
     using Handles = std::vector<Adesk::UInt64>;
-    EXPECT_EQ(
-        handler->addPersistentReactors({id(kSingle), id(0x184), AcDbObjectId(), id(kSingle), id(kDuct)}),
-        Acad::eOk);
+    EXPECT_EQ(zuhost::addPersistentReactors(*handler,
+                                            {id(kSingle), id(0x184), AcDbObjectId(), id(kSingle), id(kDuct)}),
+              Acad::eOk);
     EXPECT_EQ(handles(), (Handles{0x185, 0x184, kSupply, kSingle, kDuct}));
-    EXPECT_EQ(handler->removePersistentReactors({id(kSupply), id(0x185), id(kFurniture)}), Acad::eOk);
+    EXPECT_EQ(zuhost::removePersistentReactors(*handler, {id(kSupply), id(0x185), id(kFurniture)}),
+              Acad::eOk);
     EXPECT_EQ(handles(), (Handles{0x184, kSingle, kDuct}));
-    EXPECT_EQ(handler->removePersistentReactors({id(kDuct), id(0x184), id(kSingle)}), Acad::eOk);
+    EXPECT_EQ(zuhost::removePersistentReactors(*handler, {id(kDuct), id(0x184), id(kSingle)}), Acad::eOk);
     EXPECT_TRUE(handles().empty());
-    EXPECT_EQ(handler->addPersistentReactors({id(kDuct)}), Acad::eOk);
+    EXPECT_EQ(zuhost::addPersistentReactors(*handler, {id(kDuct)}), Acad::eOk);
     EXPECT_EQ(handles(), Handles{kDuct});
     handler->downgradeOpen();
-    EXPECT_EQ(handler->addPersistentReactors({id(kSingle)}), Acad::eNotOpenForWrite);
-    EXPECT_EQ(handler->removePersistentReactors({id(kDuct)}), Acad::eNotOpenForWrite);
+    EXPECT_EQ(zuhost::addPersistentReactors(*handler, {id(kSingle)}), Acad::eNotOpenForWrite);
+    EXPECT_EQ(zuhost::removePersistentReactors(*handler, {id(kDuct)}), Acad::eNotOpenForWrite);
 }
 
 TEST_F(Reactors, ChangesMoveTheRecordsThatFollow) {
+    AcDbLayerTableRecordPointer(L"機器-固定", drawing.get(), AcDb::kForWrite)->setIsLocked(false);
     const AcDbObjectPointer<AcDbBlockReference> handler(id(kAirHandler));
-    EXPECT_EQ(handler->blockName(), L"KK-AHU");
+    EXPECT_EQ(zuhost::blockName(*handler), L"KK-AHU");
     ASSERT_EQ(handler->upgradeOpen(), Acad::eOk);
-    EXPECT_EQ(handler->removePersistentReactors({id(kSupply), id(0x184), id(0x185)}), Acad::eOk);
+    EXPECT_EQ(zuhost::removePersistentReactors(*handler, {id(kSupply), id(0x184), id(0x185)}), Acad::eOk);
     handler->downgradeOpen();
-    EXPECT_EQ(handler->blockName(), L"KK-AHU");
+    EXPECT_EQ(zuhost::blockName(*handler), L"KK-AHU");
 }
 
 TEST_F(Reactors, RemovingTheLastOneRemovesItsGroup) {
     const AcDbObjectPointer<AcDbObject> shelf(id(kShelf), AcDb::kForWrite);
     ASSERT_EQ(shelf->removePersistentReactor(id(kFurniture)), Acad::eOk);
-    EXPECT_EQ(drawing->dxfOutBytes(false).find("{ACAD_REACTORS\n102\n}"), std::string::npos);
+    EXPECT_EQ(zuhost::dxfOutBytes(*drawing, false).find("{ACAD_REACTORS\n102\n}"), std::string::npos);
 }
 
 TEST_F(Reactors, UndoAndRedoNotify) {
@@ -267,7 +274,7 @@ TEST_F(Reactors, UndoAndRedoNotify) {
     const std::string undone = reactor.take();
     EXPECT_NE(undone.find("unappend " + name + "|"), std::string::npos) << undone;
     EXPECT_NE(undone.find("modify 114|unerase 114|"), std::string::npos) << undone;
-    ASSERT_EQ(drawing->redo(), Acad::eOk);
+    ASSERT_EQ(zuhost::redo(*drawing), Acad::eOk);
     const std::string redone = reactor.take();
     EXPECT_NE(redone.find("reappend " + name + "|"), std::string::npos) << redone;
     EXPECT_NE(redone.find("modify 114|erase 114|"), std::string::npos) << redone;

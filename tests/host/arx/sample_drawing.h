@@ -5,6 +5,7 @@
 #include "dbgroup.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
+#include <zuhost/drawing_files.h>
 
 #include <gtest/gtest.h>
 
@@ -29,7 +30,7 @@ protected:
     }
     static std::unique_ptr<AcDbDatabase> readBytes(const std::string& bytes) {
         auto database = std::make_unique<AcDbDatabase>(false);
-        EXPECT_EQ(database->dxfInBytes(bytes, L"memory.dxf"), Acad::eOk);
+        EXPECT_EQ(zuhost::dxfInBytes(*database, bytes, L"memory.dxf"), Acad::eOk);
         return database;
     }
 
@@ -49,7 +50,13 @@ protected:
 
     /// Saves the drawing to memory and opens the result.
     [[nodiscard]] std::unique_ptr<AcDbDatabase> reopened() const {
-        return readBytes(drawing->dxfOutBytes(false));
+        return readBytes(zuhost::dxfOutBytes(*drawing, false));
+    }
+
+    static std::wstring textOf(AcDbObjectId text) {
+        AcString found;
+        AcDbObjectPointer<AcDbText>(text)->textString(found);
+        return found.kwszPtr();
     }
 
     static AcDbObjectId blockId(AcDbDatabase& database, const ACHAR* name) {
@@ -70,7 +77,7 @@ protected:
     }
 
     static void erase(AcDbObjectId object, bool erasing = true) {
-        const AcDbObjectPointer<AcDbObject> opened(object, AcDb::kForWrite, true);
+        const AcDbObjectPointer<AcDbObject> opened(object, AcDb::kForWrite, true, true);
         ASSERT_EQ(opened.openStatus(), Acad::eOk);
         EXPECT_EQ(opened->erase(erasing), Acad::eOk);
     }

@@ -1,4 +1,6 @@
 #include "sample_drawing.h"
+#include <zuhost/drawing_files.h>
+#include <zuhost/undo.h>
 
 namespace {
 
@@ -11,7 +13,7 @@ protected:
         EXPECT_EQ(AcDbObjectPointer<AcDbEntity>(id(handle), AcDb::kForWrite)->setColorIndex(index),
                   Acad::eOk);
     }
-    [[nodiscard]] std::string saved() const { return drawing->dxfOutBytes(false); }
+    [[nodiscard]] std::string saved() const { return zuhost::dxfOutBytes(*drawing, false); }
 };
 
 } // namespace
@@ -21,7 +23,7 @@ TEST_F(Undo, ChangesAfterAnUndoFormANewStep) {
     setColor(kDuct, 1);
     ASSERT_EQ(drawing->undo(), Acad::eOk);
     setColor(kDuct, 2); // without startUndoRecord
-    EXPECT_EQ(drawing->redo(), Acad::eUndoOperationNotAvailable);
+    EXPECT_EQ(zuhost::redo(*drawing), Acad::eUndoOperationNotAvailable);
     EXPECT_EQ(drawing->undo(), Acad::eOk);
     EXPECT_EQ(color(kDuct), 256);
 }
@@ -59,7 +61,7 @@ TEST_F(Undo, UndoRestoresTheSavedBytes) {
     ASSERT_TRUE(edited != original);
     ASSERT_EQ(drawing->undo(), Acad::eOk);
     EXPECT_TRUE(saved() == original);
-    ASSERT_EQ(drawing->redo(), Acad::eOk);
+    ASSERT_EQ(zuhost::redo(*drawing), Acad::eOk);
     EXPECT_TRUE(saved() == edited);
 }
 
@@ -79,7 +81,7 @@ TEST_F(Undo, NewBlocksAreUndoneWithTheirEntities) {
     ASSERT_EQ(drawing->undo(), Acad::eOk);
     EXPECT_TRUE(blockId(*drawing, L"NEW").isNull());
     EXPECT_TRUE(saved() == original);
-    ASSERT_EQ(drawing->redo(), Acad::eOk);
+    ASSERT_EQ(zuhost::redo(*drawing), Acad::eOk);
     EXPECT_FALSE(blockId(*reopened(), L"NEW").isNull());
 }
 

@@ -1,5 +1,7 @@
 #include "dbapserv.h"
 #include "sample_drawing.h"
+#include <zuhost/drawing_files.h>
+#include <zuhost/members.h>
 
 #include <zuhost/result_chain.h>
 #include <zuhost/result_kind.h>
@@ -91,7 +93,7 @@ TEST_F(ExtendedData, EveryTypeOfValueSurvivesSaving) {
     chain.longInteger(70000).real(1042, 0.1).point(1013, 1, 2.5, -3);
     ASSERT_EQ(set(kShelf, chain), Acad::eOk);
     for (const bool binary : {false, true}) {
-        const auto again = readBytes(drawing->dxfOutBytes(binary));
+        const auto again = readBytes(zuhost::dxfOutBytes(*drawing, binary));
         const Chain read = get(*again, kShelf, L"ZU_ATTR");
         const resbuf* item = read.get();
         for (const resbuf* given = chain.get(); given != nullptr;
@@ -119,7 +121,7 @@ TEST_F(ExtendedData, EveryTypeOfValueSurvivesSaving) {
 
 TEST_F(ExtendedData, LowerCaseChunksAreReadAndForeignCodesEndTheData) {
     ASSERT_EQ(set(kShelf, ChainBuilder().application(L"ZU_ATTR").bytes(kBytes)), Acad::eOk);
-    std::string bytes = drawing->dxfOutBytes(false);
+    std::string bytes = zuhost::dxfOutBytes(*drawing, false);
     const std::size_t at = bytes.find("1AF09B");
     ASSERT_NE(at, std::string::npos);
     bytes.replace(at, 6, "1af09b\n310\nFF\n1000\nx");
@@ -158,7 +160,7 @@ TEST_F(ExtendedData, ApplicationsMustBeRegistered) {
     EXPECT_NE(get(*again, kShelf, L"MY_APP"), nullptr);
     const AcDbObjectPointer<AcDbRegAppTable> applications(again->regAppTableId());
     EXPECT_TRUE(applications->has(L"MY_APP"));
-    EXPECT_EQ(applications->recordIds().size(), 6U);
+    EXPECT_EQ(zuhost::recordIds(*applications).size(), 6U);
 }
 
 TEST_F(ExtendedData, NamesOfApplicationsAreComparedIgnoringCase) {
@@ -189,12 +191,12 @@ TEST_F(ExtendedData, InvalidChainsChangeNothing) {
     cases[6].chain.application(L"ZU_LINK");
     for (int i = 0; i < 200; ++i)
         cases[6].chain.text(1000, std::wstring(80, L'x').c_str());
-    const std::string before = drawing->dxfOutBytes(false);
+    const std::string before = zuhost::dxfOutBytes(*drawing, false);
     for (const Case& c : cases)
         EXPECT_EQ(set(kDuct, c.chain), c.expected) << c.what;
     EXPECT_EQ(AcDbObjectPointer<AcDbObject>(id(kDuct))->setXData(cases[0].chain.get()),
               Acad::eNotOpenForWrite);
-    EXPECT_TRUE(drawing->dxfOutBytes(false) == before);
+    EXPECT_TRUE(zuhost::dxfOutBytes(*drawing, false) == before);
     EXPECT_EQ(set(kDuct, ChainBuilder().application(L"ZU_ATTR").bytes(std::string(127, 'x'))), Acad::eOk);
 }
 

@@ -6,6 +6,74 @@
 struct AcDb {
     enum OpenMode { kForRead = 0, kForWrite = 1, kForNotify = 2 };
 
+    /// Versions of drawing files; kDHL_CURRENT is the newest one.
+    enum AcDbDwgVersion {
+        kDHL_Unknown = 0,
+        kDHL_1006 = 13,
+        kDHL_1009 = 16,
+        kDHL_1012 = 19,
+        kDHL_1014 = 21,
+        kDHL_1015 = 23,
+        kDHL_1800 = 25,
+        kDHL_2100 = 27,
+        kDHL_2400 = 29,
+        kDHL_2700 = 31,
+        kDHL_3200 = 33,
+        kDHL_CURRENT = kDHL_3200
+    };
+
+    /// Drawing units of insertions.
+    enum UnitsValue {
+        kUnitsUndefined = 0,
+        kUnitsInches = 1,
+        kUnitsFeet = 2,
+        kUnitsMiles = 3,
+        kUnitsMillimeters = 4,
+        kUnitsCentimeters = 5,
+        kUnitsMeters = 6,
+        kUnitsKilometers = 7,
+        kUnitsMicroinches = 8,
+        kUnitsMils = 9,
+        kUnitsYards = 10,
+        kUnitsAngstroms = 11,
+        kUnitsNanometers = 12,
+        kUnitsMicrons = 13,
+        kUnitsDecimeters = 14,
+        kUnitsDekameters = 15,
+        kUnitsHectometers = 16,
+        kUnitsGigameters = 17,
+        kUnitsAstronomical = 18,
+        kUnitsLightYears = 19,
+        kUnitsParsecs = 20
+    };
+
+    enum MeasurementValue { kEnglish = 0, kMetric = 1 };
+
+    /// What cloning does with a table record or dictionary entry whose name is in use at the target.
+    enum DuplicateRecordCloning {
+        kDrcNotApplicable = 0,
+        kDrcIgnore = 1,
+        kDrcReplace = 2,
+        kDrcXrefMangleName = 3,
+        kDrcMangleName = 4,
+        kDrcUnmangleName = 5
+    };
+
+    /// The kind of cloning that an id mapping describes.
+    enum DeepCloneType {
+        kDcCopy = 0,
+        kDcExplode = 1,
+        kDcBlock = 2,
+        kDcXrefBind = 3,
+        kDcSymTableMerge = 4,
+        kDcInsert = 6,
+        kDcWblock = 7,
+        kDcObjects = 8,
+        kDcXrefInsert = 9,
+        kDcInsertCopy = 10,
+        kDcWblkObjects = 11
+    };
+
     /// In hundredths of a millimetre; negative values are codes.
     enum LineWeight : int {
         kLnWt000 = 0,

@@ -12,10 +12,12 @@ public:
 
     /// The name of the attribute; the caller frees it with acutDelString.
     [[nodiscard]] ACHAR* tag() const;
+    Acad::ErrorStatus tag(AcString& text) const;
     /// eInvalidInput for an empty name and one with blanks.
     Acad::ErrorStatus setTag(const ACHAR* tag);
     /// The caller frees the text with acutDelString.
     [[nodiscard]] ACHAR* prompt() const;
+    Acad::ErrorStatus prompt(AcString& text) const;
     Acad::ErrorStatus setPrompt(const ACHAR* prompt);
     [[nodiscard]] bool isInvisible() const;
     Acad::ErrorStatus setInvisible(bool invisible);
@@ -47,6 +49,7 @@ public:
 
     /// The name of the attribute; the caller frees it with acutDelString.
     [[nodiscard]] ACHAR* tag() const;
+    Acad::ErrorStatus tag(AcString& text) const;
     /// eInvalidInput for an empty name and one with blanks.
     Acad::ErrorStatus setTag(const ACHAR* tag);
     [[nodiscard]] bool isInvisible() const;

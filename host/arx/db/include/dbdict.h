@@ -10,24 +10,35 @@
 #include <unordered_set>
 #include <vector>
 
+namespace zuhost {
+
+struct DictionaryEntry {
+    std::wstring name;
+    AcDbObjectId id;
+};
+
+} // namespace zuhost
+
 /// Iterates over the entries of a dictionary in their order; skips erased objects.
 class AcDbDictionaryIterator {
 public:
-    struct Entry {
-        std::wstring name;
-        AcDbObjectId id;
-    };
-    explicit AcDbDictionaryIterator(std::vector<Entry> entries) : entries_(std::move(entries)) {}
-
     /// Null at the end.
     [[nodiscard]] const ACHAR* name() const { return done() ? nullptr : entries_[at_].name.c_str(); }
     [[nodiscard]] AcDbObjectId objectId() const { return done() ? AcDbObjectId() : entries_[at_].id; }
+    /// Opens the entry's object; the caller closes it. eInvalidIndex at the end.
+    Acad::ErrorStatus getObject(AcDbObject*& object, AcDb::OpenMode mode = AcDb::kForRead) const;
     [[nodiscard]] bool done() const { return at_ >= entries_.size(); }
     /// False at the end.
     bool next() { return !done() && ++at_ < entries_.size(); }
+    /// Moves to the entry of the object; false when there is none, and the position stays.
+    bool setPosition(AcDbObjectId id);
 
 private:
-    std::vector<Entry> entries_;
+    friend class AcDbDictionary;
+    explicit AcDbDictionaryIterator(std::vector<zuhost::DictionaryEntry> entries)
+        : entries_(std::move(entries)) {}
+
+    std::vector<zuhost::DictionaryEntry> entries_;
     std::size_t at_ = 0;
 };
 
@@ -40,12 +51,21 @@ public:
     /// eKeyNotFound when there is no such entry, eWasErased when its object is erased, eInvalidInput for a
     /// null name.
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id) const;
-    /// As above, and opens the object; the caller closes it.
+    /// As above, and opens the object; the caller closes it. eNotThatKindOfClass (typed form).
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbObject*& object, AcDb::OpenMode mode) const;
+    template <typename T>
+    Acad::ErrorStatus getAt(const ACHAR* name, T*& object, AcDb::OpenMode mode) const {
+        object = nullptr;
+        AcDbObjectId id;
+        const Acad::ErrorStatus status = getAt(name, id);
+        return status == Acad::eOk ? acdbOpenObject(object, id, mode) : status;
+    }
     [[nodiscard]] bool has(const ACHAR* name) const;
     [[nodiscard]] bool has(AcDbObjectId id) const;
-    /// Returns the name of the object's entry; eKeyNotFound when it has none.
-    Acad::ErrorStatus nameAt(AcDbObjectId id, std::wstring& name) const;
+    /// Returns the name of the object's entry, which the caller of the first form frees with acutDelString;
+    /// eKeyNotFound when it has none.
+    Acad::ErrorStatus nameAt(AcDbObjectId id, ACHAR*& name) const;
+    Acad::ErrorStatus nameAt(AcDbObjectId id, AcString& name) const;
     [[nodiscard]] Adesk::UInt32 numEntries() const;
 
     /// Adds an entry. An object in no database yet becomes owned by this one and stays open for write. An
@@ -58,12 +78,12 @@ public:
 
     /// The caller deletes the iterator.
     [[nodiscard]] AcDbDictionaryIterator* newIterator() const;
-    [[nodiscard]] std::vector<AcDbDictionaryIterator::Entry> entries() const;
-    /// Returns the names of entries whose object is not in the drawing, as damaged drawings have them.
-    [[nodiscard]] std::vector<std::wstring> danglingNames() const;
 
 private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
+    friend struct zuhost::ObjectAccess;
+    [[nodiscard]] std::vector<zuhost::DictionaryEntry> entries() const;
+    [[nodiscard]] std::vector<std::wstring> danglingNames() const;
     void applyDeferred(zuhost::TagList& tags) const override;
 
     /// The places of entries by key, in order: the first in one map, any further ones as a chain in the

@@ -213,7 +213,9 @@ public:
     AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId style = AcDbObjectId::kNull,
              double height = 0.0, double rotation = 0.0);
 
-    [[nodiscard]] std::wstring textString() const;
+    /// The caller frees the text with acutDelString.
+    [[nodiscard]] ACHAR* textString() const;
+    Acad::ErrorStatus textString(AcString& text) const;
     Acad::ErrorStatus setTextString(const ACHAR* text);
     /// The start of the text, in world coordinates.
     [[nodiscard]] AcGePoint3d position() const;
@@ -281,8 +283,9 @@ public:
         kBottomRight = 9
     };
 
-    /// Returns the text with its formatting codes, all parts joined.
-    [[nodiscard]] std::wstring contents() const;
+    /// Returns the text with its formatting codes, all parts joined; the caller frees it with acutDelString.
+    [[nodiscard]] ACHAR* contents() const;
+    Acad::ErrorStatus contents(AcString& text) const;
     Acad::ErrorStatus setContents(const ACHAR* text);
     [[nodiscard]] AcGePoint3d location() const;
     Acad::ErrorStatus setLocation(const AcGePoint3d& location);
@@ -324,8 +327,6 @@ public:
 
     /// Returns the block's definition; null when the drawing lacks it.
     [[nodiscard]] AcDbObjectId blockTableRecord() const;
-    /// Returns the name of the definition, even if the drawing lacks it.
-    [[nodiscard]] std::wstring blockName() const;
     Acad::ErrorStatus setBlockTableRecord(AcDbObjectId block);
     /// The insertion point in world coordinates.
     [[nodiscard]] AcGePoint3d position() const;
@@ -362,10 +363,13 @@ protected:
     Acad::ErrorStatus extentsUnder(const AcGeMatrix3d& matrix, zuhost::Expansion& expansion,
                                    AcDbExtents& extents) const override;
     void forEachPart(const std::function<void(AcDbEntity&)>& change) override;
-    void subAppendedToBlock() override;
+    void copyPartsTo(AcDbEntity& copy) const override;
+    void subAppended() override;
 
 private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
+    friend struct zuhost::ObjectAccess;
+    [[nodiscard]] std::wstring nameOfBlock() const;
     struct Placement {
         AcGePoint3d position;
         AcGeScale3d scale;

@@ -15,6 +15,8 @@ public:
     explicit AcDbGroupIterator(const AcDbGroup& group);
 
     [[nodiscard]] AcDbObjectId objectId() const { return member_; }
+    /// Opens the member; the caller closes it. eInvalidIndex at the end.
+    Acad::ErrorStatus getObject(AcDbObject*& object, AcDb::OpenMode mode = AcDb::kForRead) const;
     [[nodiscard]] bool done() const { return member_.isNull(); }
     /// False at the end.
     bool next();
@@ -36,22 +38,27 @@ public:
     AcDbGroup() = default;
     explicit AcDbGroup(const ACHAR* description, bool selectable = true);
 
-    [[nodiscard]] std::wstring description() const;
+    /// Valid until the next call or the object's end.
+    [[nodiscard]] const ACHAR* description() const;
     Acad::ErrorStatus setDescription(const ACHAR* description);
     [[nodiscard]] bool isSelectable() const;
     Acad::ErrorStatus setSelectable(bool selectable);
     /// Returns true when the group's name was generated.
     [[nodiscard]] bool isAnonymous() const;
     Acad::ErrorStatus setAnonymous();
-    /// Returns the group's name in its dictionary; empty when it is in none.
-    [[nodiscard]] std::wstring getName() const;
+    /// Returns the group's name in its dictionary, which the caller of the first form frees with
+    /// acutDelString; eNotInDatabase and an empty name (null in the first form) when it is in none.
+    Acad::ErrorStatus getName(ACHAR*& name) const;
+    Acad::ErrorStatus getName(AcString& name) const;
 
     /// Returns each member once, in order, including erased members, which can be restored.
     Adesk::UInt32 allEntityIds(AcDbObjectIdArray& ids) const;
     [[nodiscard]] Adesk::UInt32 numEntities() const;
     /// The caller deletes the iterator.
     [[nodiscard]] AcDbGroupIterator* newIterator() const;
-    [[nodiscard]] bool has(AcDbObjectId id) const;
+    [[nodiscard]] bool has(const AcDbEntity* entity) const;
+    /// Returns the position of a member, counted from 0; eNotInGroup for others.
+    Acad::ErrorStatus getIndex(AcDbObjectId id, Adesk::UInt32& index) const;
 
     /// eAlreadyInGroup for a member. The entity must not be open.
     Acad::ErrorStatus append(AcDbObjectId id);
@@ -65,16 +72,20 @@ public:
     Acad::ErrorStatus insertAt(Adesk::UInt32 index, AcDbObjectId id);
     /// eNotInGroup when it is not a member.
     Acad::ErrorStatus remove(AcDbObjectId id);
+    /// Removes the members of the list; eNotInGroup, and nothing is removed, when one is no member.
+    Acad::ErrorStatus remove(const AcDbObjectIdArray& ids);
+    /// eInvalidIndex when there is no such member.
+    Acad::ErrorStatus removeAt(Adesk::UInt32 index);
     Acad::ErrorStatus clear();
-
-    /// Returns the entries that are not members, in order: those of objects that are not in the drawing, and
-    /// repeated ones. Only damaged drawings have any.
-    [[nodiscard]] std::vector<AcDbHandle> surplusEntries() const;
-    Acad::ErrorStatus removeSurplusEntries();
 
 private:
     friend class AcDbGroupIterator;
     [[nodiscard]] zuhost::TagList newRecords() const override;
+    friend struct zuhost::ObjectAccess;
+    [[nodiscard]] bool hasMember(AcDbObjectId id) const;
+    [[nodiscard]] std::vector<AcDbHandle> surplusEntries() const;
+    Acad::ErrorStatus removeSurplusEntries();
+    [[nodiscard]] std::wstring nameInDictionary() const;
     /// Maps handles of members to positions: 0 for members in the records, negative for pending ones before
     /// them, positive for pending ones after them.
     using Members = std::unordered_map<std::uint64_t, std::int64_t>;
@@ -99,6 +110,7 @@ private:
     /// Defers a change of the records, which would move all later ones with each member.
     void deferMemberChange();
 
+    mutable std::wstring description_;
     mutable Members members_;
     /// Handles by position that are not in the records yet.
     mutable std::map<std::int64_t, std::uint64_t> pendingMembers_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AcString.h"
 #include "acdb.h"
 #include "acutmem.h"
 #include "dbcolor.h"
@@ -21,11 +22,14 @@
 
 class AcDbBlockTable;
 class AcDbDictionary;
+class AcDbDimStyleTable;
+class AcDbIdMapping;
 class AcDbLayerTable;
 class AcDbLinetypeTable;
 class AcDbObject;
 class AcDbRegAppTable;
 class AcDbTextStyleTable;
+class AcDbTransactionManager;
 
 namespace zuhost {
 class Document;
@@ -36,7 +40,10 @@ class TagView;
 struct DatabaseCore;
 struct DocumentError;
 struct Expansion;
+struct ObjectAccess;
+struct Tag;
 struct TagRange;
+DatabaseCore& coreOf(const AcDbDatabase& database);
 AcRxObject* makeEntity();
 AcRxObject* makeSymbolTable();
 } // namespace zuhost
@@ -49,7 +56,11 @@ public:
     virtual void openedForModify(const AcDbObject* /*object*/) {}
     virtual void modified(const AcDbObject* /*object*/) {}
     virtual void erased(const AcDbObject* /*object*/, bool /*erasing*/) {}
-    /// The object's addition was undone, or redone. Other undone and redone changes count as changes.
+    /// The object was copied by clone or deepClone; the copy may be in no database yet.
+    virtual void copied(const AcDbObject* /*object*/, const AcDbObject* /*copy*/) {}
+    /// A change of the object was undone or redone; `modified` is called too.
+    virtual void modifyUndone(const AcDbObject* /*object*/) {}
+    /// The object's addition was undone, or redone.
     virtual void unappended(const AcDbObject* /*object*/) {}
     virtual void reappended(const AcDbObject* /*object*/) {}
     virtual void goodbye(const AcDbObject* /*object*/) {}
@@ -69,6 +80,10 @@ public:
     virtual void objectModified(const AcDbDatabase* /*database*/, const AcDbObject* /*object*/) {}
     virtual void objectErased(const AcDbDatabase* /*database*/, const AcDbObject* /*object*/,
                               bool /*erased*/ = true) {}
+    /// A variable of the drawing is set, by its name without "$".
+    virtual void headerSysVarWillChange(const AcDbDatabase* /*database*/, const ACHAR* /*name*/) {}
+    virtual void headerSysVarChanged(const AcDbDatabase* /*database*/, const ACHAR* /*name*/,
+                                     bool /*success*/) {}
     /// The database is about to be destroyed; it no longer refers to the reactor afterwards.
     virtual void goodbye(const AcDbDatabase* /*database*/) {}
 };
@@ -87,11 +102,10 @@ public:
     [[nodiscard]] AcDbObjectId ownerId() const;
     [[nodiscard]] AcDbDatabase* database() const;
     [[nodiscard]] AcDbHandle getAcDbHandle() const { return objectId().handle(); }
-    /// The type's name in drawings: "INSERT", "DICTIONARY" ...
-    [[nodiscard]] std::wstring dxfName() const;
 
     // ---- open state
     Acad::ErrorStatus close();
+    /// eOnLockedLayer for an entity whose layer is locked.
     Acad::ErrorStatus upgradeOpen();
     Acad::ErrorStatus downgradeOpen();
     [[nodiscard]] bool isReadEnabled() const { return readers_ > 0 || writing_ || stub_ == nullptr; }
@@ -100,6 +114,7 @@ public:
     [[nodiscard]] bool isModified() const { return modified_; }
 
     // ---- erasing
+    /// eOnLockedLayer for an entity whose layer is locked, unless it is new or was opened in spite of it.
     Acad::ErrorStatus erase(bool erasing = true);
     [[nodiscard]] bool isErased() const { return objectId().isErased(); }
 
@@ -107,19 +122,11 @@ public:
     void addReactor(AcDbObjectReactor* reactor) const;
     void removeReactor(AcDbObjectReactor* reactor) const;
     Acad::ErrorStatus addPersistentReactor(AcDbObjectId reactor);
-    /// Adds the missing ones in the given order, in one pass.
-    Acad::ErrorStatus addPersistentReactors(const std::vector<AcDbObjectId>& reactors);
     Acad::ErrorStatus removePersistentReactor(AcDbObjectId reactor);
-    /// Removes all entries of several reactors in one pass.
-    Acad::ErrorStatus removePersistentReactors(const std::unordered_set<AcDbObjectId>& reactors);
     [[nodiscard]] bool hasPersistentReactor(AcDbObjectId reactor) const;
     /// Returns the persistent reactors in stored order, then the transient ones; acdbIsPersistentReactor
     /// tells them apart. Null for an object that is in no database. Valid until the object changes.
     [[nodiscard]] const AcDbVoidPtrArray* reactors() const;
-    /// Returns the entries of persistent reactors that are not in the drawing, and repeated entries. Only
-    /// damaged drawings have any.
-    [[nodiscard]] std::vector<AcDbHandle> surplusReactors() const;
-    Acad::ErrorStatus removeSurplusReactors();
 
     // ---- extended data
     /// Returns the values of one application, or of all (null), as a chain that the caller frees with
@@ -130,7 +137,25 @@ public:
     /// data would exceed 16 KB; the object is then unchanged.
     Acad::ErrorStatus setXData(const resbuf* chain);
 
+    /// Null when there is none, or it is erased.
     [[nodiscard]] AcDbObjectId extensionDictionary() const;
+    /// Adds an empty extension dictionary. eAlreadyInDb when there is one, eNotInDatabase for an object that
+    /// is in no database yet.
+    Acad::ErrorStatus createExtensionDictionary();
+    /// Erases the extension dictionary; eContainerNotEmpty when it has entries, eKeyNotFound when there is
+    /// none.
+    Acad::ErrorStatus releaseExtensionDictionary();
+
+    // ---- copies
+    /// Returns a copy with the same records and extended data, which is in no database; the caller owns it.
+    /// The copy names no persistent reactors and no extension dictionary.
+    [[nodiscard]] AcRxObject* clone() const override;
+    /// Copies the object, its vertices, attributes and extension dictionary into the same database and adds
+    /// them to the owner, a block or a dictionary; the copy stays open for write. `copy` is null, with eOk,
+    /// for an object that the mapping has already. AcDbDatabase::deepCloneObjects translates the references
+    /// between the objects of one operation as well.
+    Acad::ErrorStatus deepClone(AcDbObject* owner, AcDbObject*& copy, AcDbIdMapping& mapping,
+                                bool isPrimary = true) const;
 
     // ---- records, for classes of the database and tools
     /// Returns the records where they are: in the drawing's bytes until the object is first changed, then in
@@ -181,9 +206,13 @@ protected:
 
     /// Called after the object itself was erased or unerased.
     virtual void subErased(bool /*erasing*/) {}
+    /// Called when the object has become one of a database and is open for write: adds what it held until
+    /// then.
+    virtual void subAppended() {}
 
 private:
     friend struct zuhost::DatabaseCore;
+    friend struct zuhost::ObjectAccess;
     friend class AcDbDatabase;
 
     void notifyClosed();
@@ -228,9 +257,10 @@ private:
     std::uint16_t readers_ = 0;
     mutable bool hasDeferredChanges_ = false;
     bool writing_ = false;
-    bool modified_ = false;     ///< Changed since the object was opened.
-    bool appended_ = false;     ///< Added to the database since the object was opened.
-    bool eraseToggled_ = false; ///< Erased or unerased since the object was opened.
+    bool lockIsIgnored_ = false; ///< Open for write whatever the entity's layer.
+    bool modified_ = false;      ///< Changed since the object was opened.
+    bool appended_ = false;      ///< Added to the database since the object was opened.
+    bool eraseToggled_ = false;  ///< Erased or unerased since the object was opened.
 };
 
 /// An object that is drawn.
@@ -238,11 +268,13 @@ class AcDbEntity : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbEntity);
 
+    /// As AcDbObject::clone; the copy holds copies of the vertices or attributes.
+    [[nodiscard]] AcRxObject* clone() const override;
+
     [[nodiscard]] AcDbObjectId blockId() const { return ownerId(); }
     /// Name of the layer, "0" when none is given; the caller frees it with acutDelString.
     [[nodiscard]] ACHAR* layer() const;
-    /// Returns the layer's name by value.
-    [[nodiscard]] std::wstring layerName() const;
+    Acad::ErrorStatus layer(AcString& name) const;
     [[nodiscard]] AcDbObjectId layerId() const;
     /// eKeyNotFound when the drawing has no such layer.
     Acad::ErrorStatus setLayer(const ACHAR* name);
@@ -250,8 +282,9 @@ public:
     /// 1 to 255, 0 by block, 256 by layer (also when none is given).
     [[nodiscard]] Adesk::UInt16 colorIndex() const;
     Acad::ErrorStatus setColorIndex(Adesk::UInt16 index);
-    /// "ByLayer" when none is given.
-    [[nodiscard]] std::wstring linetypeName() const;
+    /// Name of the linetype, "ByLayer" when none is given; the caller frees it with acutDelString.
+    [[nodiscard]] ACHAR* linetype() const;
+    Acad::ErrorStatus linetype(AcString& name) const;
     [[nodiscard]] AcDb::LineWeight lineWeight() const;
     [[nodiscard]] bool isInPaperSpace() const;
     [[nodiscard]] bool isVisible() const;
@@ -307,7 +340,9 @@ public:
 protected:
     AcDbEntity() = default;
     friend class AcDbBlockReference;
+    friend class AcDbBlockTableRecord;
     friend struct zuhost::DatabaseCore;
+    friend struct zuhost::ObjectAccess;
     virtual Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& matrix);
     virtual Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const;
     virtual Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entities) const;
@@ -316,18 +351,18 @@ protected:
                                            AcDbExtents& extents) const;
     /// Calls the function with each vertex or attribute, open for write.
     virtual void forEachPart(const std::function<void(AcDbEntity&)>& /*change*/) {}
-    /// The entity was added to a block and is open for write.
-    virtual void subAppendedToBlock() {}
+    /// Adds copies of the vertices or attributes to a copy that is in no database.
+    virtual void copyPartsTo(AcDbEntity& /*copy*/) const {}
+    [[nodiscard]] std::wstring layerText() const;
 
     /// Returns whether drawings of the document's version have entities of this type.
     [[nodiscard]] bool canBeIn(const zuhost::Document& document) const;
     /// Returns whether drawings of the entity's version have the common property.
     [[nodiscard]] bool canHold(int code) const;
     void removeTags(std::string_view marker, std::initializer_list<int> codes);
-    /// Completes the records of an entity that was added to a drawing: adds the layer "0" when they name
+    /// Completes the records of an entity that was added to a drawing: adds the current layer when they name
     /// none, removes common properties that the drawing's version lacks.
     void fitToDrawing();
-    friend class AcDbBlockTableRecord;
     /// Returns the extrusion direction of a plane entity.
     [[nodiscard]] AcGeVector3d normalTag(std::string_view marker) const;
     /// Return the point of a plane entity, or a point of a plane with the normal, in world coordinates.
@@ -350,16 +385,22 @@ private:
 
 /// Opens an object. On failure `object` is null.
 /// eNullObjectId, eWasErased (unless `openErased`), eWasOpenForWrite, eWasOpenForRead (asking to write),
-/// eAtMaxReaders, eNotThatKindOfClass (typed form).
+/// eOnLockedLayer (asking to write an entity whose layer is locked), eAtMaxReaders, eNotThatKindOfClass
+/// (typed form).
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErased = false);
+/// As above, but opens entities on locked layers for write too; they can then be erased as well.
+Acad::ErrorStatus acdbForceOpenObjectOnLockedLayer(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                                   bool openErased = false);
 
 template <typename T>
 Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead,
-                                 bool openErased = false) {
+                                 bool openErased = false, bool openOnLockedLayer = false) {
     object = nullptr;
     AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = acdbOpenAcDbObject(opened, id, mode, openErased);
+    const Acad::ErrorStatus status = openOnLockedLayer
+                                         ? acdbForceOpenObjectOnLockedLayer(opened, id, mode, openErased)
+                                         : acdbOpenAcDbObject(opened, id, mode, openErased);
     if (status != Acad::eOk)
         return status;
     object = T::cast(opened);
@@ -389,28 +430,20 @@ public:
     AcDbDatabase(const AcDbDatabase&) = delete;
     AcDbDatabase& operator=(const AcDbDatabase&) = delete;
 
-    /// Fills the database from a DXF file, ASCII or binary. eFileNotFound, eFileAccessErr or eBadDxfFile,
-    /// with file, line and problem in lastErrorText; the database is then unchanged. `strict` makes the first
-    /// warning an error.
-    Acad::ErrorStatus dxfIn(const ACHAR* path, bool strict = false);
-    /// Fills the database from bytes in memory; `name` is for messages.
-    Acad::ErrorStatus dxfInBytes(std::string bytes, const ACHAR* name);
-    /// Saves as DXF in the form it was read in (or the given one), replacing the file as a whole.
-    /// On failure the old file is untouched and lastErrorText has the reason: eFileAccessErr when the file is
-    /// the one that the drawing was opened from (or last saved to) and another program has changed or removed
-    /// it since, see zuhost/drawing_files.h; eFilerError for all others.
-    Acad::ErrorStatus dxfOut(const ACHAR* path);
-    Acad::ErrorStatus dxfOut(const ACHAR* path, bool binary);
-    /// Returns the bytes that dxfOut would write.
-    [[nodiscard]] std::string dxfOutBytes(bool binary);
-    [[nodiscard]] bool isBinary() const;
-    /// "FILE:LINE: PROBLEM" of the last failure.
-    [[nodiscard]] const std::wstring& lastErrorText() const;
-    /// "FILE:LINE: warning: PROBLEM" of each fault that did not keep the drawing from opening, limited in
-    /// number.
-    [[nodiscard]] std::vector<std::wstring> warnings() const;
-    /// The number of $ACADVER: 1009 for R12 ... 1032 for R2018.
-    [[nodiscard]] int originalFileVersion() const;
+    /// Fills the database from a DXF file, ASCII or binary. eFileNotFound, eFileAccessErr or eBadDxfFile; the
+    /// database is then unchanged. No log file is written: zuhost/drawing_files.h has the reason and
+    /// warnings.
+    Acad::ErrorStatus dxfIn(const ACHAR* path, const ACHAR* logFile = nullptr);
+    /// Saves as DXF in the form and version that the drawing was read in, replacing the file as a whole.
+    /// Precision and version are not modelled: numbers keep their value, eNotApplicable for another version
+    /// than the drawing's. On failure the old file is untouched: eFileAccessErr when the file is the one that
+    /// the drawing was opened from (or last saved to) and another program has changed or removed it since,
+    /// see zuhost/drawing_files.h; eFilerError for all others.
+    Acad::ErrorStatus dxfOut(const ACHAR* path, int precision = 16,
+                             AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT, bool saveThumbnail = false);
+    Acad::ErrorStatus dxfOut(const ACHAR* path, bool) = delete;
+    /// The version of the file that the drawing was read from.
+    [[nodiscard]] AcDb::AcDbDwgVersion originalFileVersion() const;
 
     /// eUnknownHandle when there is no object with the handle. `createIfNotFound` is not supported.
     Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound,
@@ -422,6 +455,9 @@ public:
     [[nodiscard]] AcDbObjectId linetypeTableId() const;
     [[nodiscard]] AcDbObjectId textStyleTableId() const;
     [[nodiscard]] AcDbObjectId regAppTableId() const;
+    [[nodiscard]] AcDbObjectId dimStyleTableId() const;
+    /// The block table record of the current space: model space.
+    [[nodiscard]] AcDbObjectId currentSpaceId() const;
     [[nodiscard]] AcDbObjectId namedObjectsDictionaryId() const;
     /// Null when the drawing has none (before R13).
     [[nodiscard]] AcDbObjectId groupDictionaryId() const;
@@ -432,10 +468,23 @@ public:
     Acad::ErrorStatus getSymbolTable(AcDbLinetypeTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
     Acad::ErrorStatus getSymbolTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
     Acad::ErrorStatus getSymbolTable(AcDbRegAppTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getSymbolTable(AcDbDimStyleTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
     Acad::ErrorStatus getBlockTable(AcDbBlockTable*& table, AcDb::OpenMode mode = AcDb::kForRead) {
         return getSymbolTable(table, mode);
     }
     Acad::ErrorStatus getLayerTable(AcDbLayerTable*& table, AcDb::OpenMode mode = AcDb::kForRead) {
+        return getSymbolTable(table, mode);
+    }
+    Acad::ErrorStatus getLinetypeTable(AcDbLinetypeTable*& table, AcDb::OpenMode mode = AcDb::kForRead) {
+        return getSymbolTable(table, mode);
+    }
+    Acad::ErrorStatus getTextStyleTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode = AcDb::kForRead) {
+        return getSymbolTable(table, mode);
+    }
+    Acad::ErrorStatus getRegAppTable(AcDbRegAppTable*& table, AcDb::OpenMode mode = AcDb::kForRead) {
+        return getSymbolTable(table, mode);
+    }
+    Acad::ErrorStatus getDimStyleTable(AcDbDimStyleTable*& table, AcDb::OpenMode mode = AcDb::kForRead) {
         return getSymbolTable(table, mode);
     }
     Acad::ErrorStatus getNamedObjectsDictionary(AcDbDictionary*& dictionary,
@@ -450,20 +499,86 @@ public:
     void addReactor(AcDbDatabaseReactor* reactor);
     void removeReactor(AcDbDatabaseReactor* reactor);
 
+    // ---- variables of the drawing. One that the drawing lacks has the host's default. Setting one is not
+    // recorded for undo.
+    [[nodiscard]] AcDbObjectId clayer() const;
+    Acad::ErrorStatus setClayer(AcDbObjectId layer);
+    /// Null for "ByLayer" and "ByBlock".
+    [[nodiscard]] AcDbObjectId celtype() const;
+    Acad::ErrorStatus setCeltype(AcDbObjectId linetype);
+    [[nodiscard]] AcDbObjectId textstyle() const;
+    Acad::ErrorStatus setTextstyle(AcDbObjectId style);
+    [[nodiscard]] AcDb::LineWeight celweight() const;
+    Acad::ErrorStatus setCelweight(AcDb::LineWeight weight);
+    [[nodiscard]] double ltscale() const;
+    /// eInvalidInput for scales that are not positive.
+    Acad::ErrorStatus setLtscale(double scale);
+    [[nodiscard]] double celtscale() const;
+    Acad::ErrorStatus setCeltscale(double scale);
+    [[nodiscard]] double dimscale() const;
+    Acad::ErrorStatus setDimscale(double scale);
+    [[nodiscard]] double textsize() const;
+    Acad::ErrorStatus setTextsize(double size);
+    [[nodiscard]] AcDb::UnitsValue insunits() const;
+    Acad::ErrorStatus setInsunits(AcDb::UnitsValue units);
+    [[nodiscard]] AcDb::MeasurementValue measurement() const;
+    Acad::ErrorStatus setMeasurement(AcDb::MeasurementValue measurement);
+    [[nodiscard]] Adesk::Int16 lunits() const;
+    Acad::ErrorStatus setLunits(Adesk::Int16 units);
+    [[nodiscard]] Adesk::Int16 luprec() const;
+    Acad::ErrorStatus setLuprec(Adesk::Int16 digits);
+    [[nodiscard]] Adesk::Int16 aunits() const;
+    Acad::ErrorStatus setAunits(Adesk::Int16 units);
+    [[nodiscard]] Adesk::Int16 auprec() const;
+    Acad::ErrorStatus setAuprec(Adesk::Int16 digits);
+    [[nodiscard]] Adesk::Int16 pdmode() const;
+    Acad::ErrorStatus setPdmode(Adesk::Int16 mode);
+    [[nodiscard]] double pdsize() const;
+    Acad::ErrorStatus setPdsize(double size);
+    [[nodiscard]] bool tilemode() const;
+    [[nodiscard]] AcGePoint3d insbase() const;
+    Acad::ErrorStatus setInsbase(const AcGePoint3d& base);
+    /// As stored in the drawing: changes of entities do not change them.
+    [[nodiscard]] AcGePoint3d extmin() const;
+    [[nodiscard]] AcGePoint3d extmax() const;
+
+    // ---- copies of objects, with what they own; dbidmap.h has the mapping
+    /// Copies objects of this database and adds the copies to the owner, a block or a dictionary of it; a
+    /// null owner stands for each object's own owner. References between the copied objects are translated,
+    /// those to others stay; groups that hold a copied entity do not hold its copy. The copies are closed.
+    /// eInvalidOwnerObject for an owner of another kind; stops at the first object that cannot be copied.
+    Acad::ErrorStatus deepCloneObjects(AcDbObjectIdArray& ids, AcDbObjectId owner, AcDbIdMapping& mapping,
+                                       bool deferTranslation = false);
+    /// Copies objects of another database into this one, with the block definitions, layers, linetypes, text
+    /// and dimension styles and applications that they name. For those, and for table records among the
+    /// objects, `cloning` decides about names that are in use here: kDrcIgnore keeps the records of this
+    /// database, kDrcReplace overwrites them, others return eNotImplementedYet. References to objects that
+    /// are not copied become null. eNotApplicable between drawings before R13 and later ones.
+    Acad::ErrorStatus wblockCloneObjects(AcDbObjectIdArray& ids, AcDbObjectId owner, AcDbIdMapping& mapping,
+                                         AcDb::DuplicateRecordCloning cloning, bool deferTranslation = false);
+    /// Adds the model space of another database as a block with its $INSBASE as base point; the other
+    /// database is not changed. eInvalidInput for an empty name, eDuplicateRecordName for one in use.
+    Acad::ErrorStatus insert(AcDbObjectId& block, const ACHAR* name, AcDbDatabase* other,
+                             bool preserveSource = true);
+
+    /// Transactions are common to all databases.
+    [[nodiscard]] AcDbTransactionManager* transactionManager() const;
+
     // ---- undo
     /// Begins an undo step: changes up to the next step are undone together. Does nothing within a group that
     /// the user opened (UNDO BEGIN).
     void startUndoRecord();
     void disableUndoRecording(bool disable);
     [[nodiscard]] bool undoRecording() const;
-    /// Undoes or redoes a step; eUndoOperationNotAvailable when there is none.
+    /// Undoes a step; eUndoOperationNotAvailable when there is none.
     Acad::ErrorStatus undo();
-    Acad::ErrorStatus redo();
-
-    /// Returns the internal state, for the host's own classes.
-    [[nodiscard]] zuhost::DatabaseCore& core() const { return *core_; }
 
 private:
+    friend zuhost::DatabaseCore& zuhost::coreOf(const AcDbDatabase& database);
+    friend struct zuhost::ObjectAccess;
+    Acad::ErrorStatus read(const ACHAR* path, bool strict);
+    Acad::ErrorStatus read(std::string bytes, const ACHAR* name);
+    Acad::ErrorStatus write(const ACHAR* path, bool binary);
     Acad::ErrorStatus install(std::variant<std::unique_ptr<zuhost::Document>, zuhost::DocumentError> opened,
                               bool strict);
 

@@ -94,7 +94,8 @@ public:
 protected:
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& matrix) override;
     void forEachPart(const std::function<void(AcDbEntity&)>& change) override;
-    void subAppendedToBlock() override;
+    void copyPartsTo(AcDbEntity& copy) const override;
+    void subAppended() override;
 
 private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
@@ -128,7 +129,8 @@ public:
 protected:
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& matrix) override;
     void forEachPart(const std::function<void(AcDbEntity&)>& change) override;
-    void subAppendedToBlock() override;
+    void copyPartsTo(AcDbEntity& copy) const override;
+    void subAppended() override;
 
 private:
     [[nodiscard]] zuhost::TagList newRecords() const override;

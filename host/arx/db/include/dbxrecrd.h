@@ -11,8 +11,7 @@ public:
     /// eInvalidInput for a null pointer. The database is ignored.
     Acad::ErrorStatus rbChain(resbuf** chain, AcDbDatabase* auxiliary = nullptr) const;
     /// Replaces the values. eInvalidInput, and nothing changed, for types that are no group codes of values:
-    /// 0, 5, 105, negative ones, those above 481 and the RT codes; eNotInDatabase before the record is in a
-    /// dictionary.
+    /// 0, 5, 105, negative ones, those above 481 and the RT codes.
     Acad::ErrorStatus setFromRbChain(const resbuf& chain, AcDbDatabase* auxiliary = nullptr);
 
 protected:

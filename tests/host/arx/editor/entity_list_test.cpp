@@ -1,5 +1,7 @@
 #include "editor_drawing.h"
 
+#include <zuhost/drawing_files.h>
+
 namespace {
 
 class EntityList : public EditorDrawing {
@@ -130,16 +132,19 @@ TEST_F(EntityList, MakesBlocksAndEntitiesOfParts) {
         Chain(acutBuildList(RTDXF0, L"ATTRIB", 10, at, 40, 2.5, 1, L"P-1", 2, L"NUMBER", 70, 0, RTNONE))));
     ASSERT_TRUE(make(Chain(acutBuildList(RTDXF0, L"SEQEND", RTNONE))));
     EXPECT_FALSE(make(Chain(acutBuildList(RTDXF0, L"SEQEND", RTNONE))));
+    ASSERT_TRUE(make(Chain(acutBuildList(RTDXF0, L"POLYLINE", 66, 1, 70, 0, RTNONE))));
+    ASSERT_TRUE(make(Chain(acutBuildList(RTDXF0, L"VERTEX", 10, at, RTNONE))));
+    ASSERT_TRUE(make(Chain(acutBuildList(RTDXF0, L"SEQEND", RTNONE))));
 
     std::wstring types;
     for (int code = acdbEntNext(nullptr, name); code == RTNORM; code = acdbEntNext(name, name)) {
         const Chain list(acdbEntGet(name));
         types += std::wstring(item(list, 0)->resval.rstring) + L" ";
     }
-    EXPECT_EQ(types, L"INSERT ATTRIB SEQEND ");
+    EXPECT_EQ(types, L"INSERT ATTRIB SEQEND POLYLINE VERTEX SEQEND ");
     AcDbDatabase copy(false);
-    ASSERT_EQ(copy.dxfInBytes(drawing.dxfOutBytes(false), L"copy.dxf"), Acad::eOk);
-    EXPECT_TRUE(copy.warnings().empty());
+    ASSERT_EQ(zuhost::dxfInBytes(copy, zuhost::dxfOutBytes(drawing, false), L"copy.dxf"), Acad::eOk);
+    EXPECT_TRUE(zuhost::warnings(copy).empty());
 }
 
 TEST_F(EntityList, GivesExtendedDataOnRequest) {

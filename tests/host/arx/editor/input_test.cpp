@@ -1,6 +1,7 @@
 #include "editor_drawing.h"
 
 #include <accmd.h>
+#include <zuhost/drawing_files.h>
 
 #include <cmath>
 #include <numbers>
@@ -291,7 +292,7 @@ TEST_F(Input, ReadsAndSetsSystemVariables) {
     EXPECT_EQ(acedGetVar(nullptr, &value), RTERROR);
     EXPECT_EQ(acedSetVar(L"LTSCALE", nullptr), RTERROR);
     AcDbDatabase copy(false);
-    ASSERT_EQ(copy.dxfInBytes(drawing.dxfOutBytes(false), L"copy.dxf"), Acad::eOk);
+    ASSERT_EQ(zuhost::dxfInBytes(copy, zuhost::dxfOutBytes(drawing, false), L"copy.dxf"), Acad::eOk);
     acdbHostApplicationServices()->setWorkingDatabase(&copy);
     EXPECT_EQ(acedGetVar(L"LTSCALE", &value), RTNORM);
     EXPECT_EQ(value.resval.rreal, 2.5) << "in the saved drawing";

@@ -1,8 +1,32 @@
 #pragma once
 
+#include <adesk.h>
+
+#include <string>
+#include <vector>
+
 class AcDbDatabase;
 
 namespace zuhost {
+
+/// As AcDbDatabase::dxfIn; the first warning is an error.
+Acad::ErrorStatus dxfInStrict(AcDbDatabase& database, const ACHAR* path);
+/// Fills the database from bytes in memory, as AcDbDatabase::dxfIn; `name` is for messages.
+Acad::ErrorStatus dxfInBytes(AcDbDatabase& database, std::string bytes, const ACHAR* name);
+
+/// As AcDbDatabase::dxfOut, in the given form.
+Acad::ErrorStatus dxfOut(AcDbDatabase& database, const ACHAR* path, bool binary);
+/// Returns the bytes that dxfOut would write.
+[[nodiscard]] std::string dxfOutBytes(AcDbDatabase& database, bool binary);
+/// Returns true when the drawing was read from a binary file.
+[[nodiscard]] bool isBinary(const AcDbDatabase& database);
+/// The number of $ACADVER: 1009 for R12 ... 1032 for R2018; 0 without a drawing.
+[[nodiscard]] int drawingVersion(const AcDbDatabase& database);
+
+/// "FILE:LINE: PROBLEM" of the last failure to read or write.
+[[nodiscard]] const std::wstring& lastErrorText(const AcDbDatabase& database);
+/// "FILE:LINE: warning: PROBLEM" of each fault that did not keep the drawing from opening, limited in number.
+[[nodiscard]] std::vector<std::wstring> warnings(const AcDbDatabase& database);
 
 /// Lets the database's next save replace the file that the drawing was opened from although another program
 /// has changed or removed it since (AcDbDatabase::dxfOut refuses it with eFileAccessErr). Holds until a save

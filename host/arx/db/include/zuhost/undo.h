@@ -1,13 +1,18 @@
 #pragma once
 
+#include <adesk.h>
+
 class AcDbDatabase;
 
-/// Undo groups and marks of a database, for the editor's commands; AcDbDatabase undoes single steps.
+/// Undo groups, marks and redo of a database, for the editor's commands; AcDbDatabase undoes single steps.
 namespace zuhost {
 
 /// Begins a group: all changes up to its end form one undo step.
 void beginUndoGroup(AcDbDatabase& database);
 void endUndoGroup(AcDbDatabase& database);
+
+/// Redoes the step that was undone last; eUndoOperationNotAvailable when there is none.
+Acad::ErrorStatus redo(AcDbDatabase& database);
 
 /// Marks the current state. Undoing a step before the mark removes the mark.
 void setUndoMark(AcDbDatabase& database);
