@@ -5,6 +5,7 @@
 #include <acdocman.h>
 #include <aced.h>
 #include <acedads.h>
+#include <actrans.h>
 #include <adslib.h>
 #include <afx.h>
 #include <dbapserv.h>
@@ -23,8 +24,9 @@ extern "C" __attribute__((visibility("default"))) AcRx::AppRetCode acrxEntryPoin
 namespace {
 
 const ACHAR* const kGroup = L"PIPETAG";
-const ACHAR* const kApplication = L"PIPETAG"; // of the extended data, and of a dictionary
+const ACHAR* const kApplication = L"PIPETAG"; // of the extended data
 const ACHAR* const kBlock = L"PIPE_TAG";
+const ACHAR* const kRecord = L"PIPES"; // in the tag's extension dictionary
 const double kTextHeight = 2.5;
 
 // What one PIPETAG was asked for.
@@ -188,64 +190,44 @@ resbuf* pointersTo(const AcDbObjectIdArray& pipes) {
     return pFirst;
 }
 
-// Opens the application's dictionary, or makes it.
-Acad::ErrorStatus openDictionary(AcDbDictionary*& pDictionary) {
-    AcDbDictionary* pNamed = NULL;
-    Acad::ErrorStatus es =
-        acdbHostApplicationServices()->workingDatabase()->getNamedObjectsDictionary(pNamed, AcDb::kForWrite);
-    if (es != Acad::eOk)
-        return es;
-    AcDbObject* pKnown = NULL;
-    es = pNamed->getAt(kApplication, pKnown, AcDb::kForWrite);
-    pDictionary = AcDbDictionary::cast(pKnown);
-    if (es == Acad::eKeyNotFound) {
-        AcDbObjectId id;
-        pDictionary = new AcDbDictionary;
-        es = pNamed->setAt(kApplication, pDictionary, id);
-        if (es != Acad::eOk)
-            delete pDictionary;
-    }
-    pNamed->close();
-    return es;
-}
-
-// Writes the pipes to a record of the dictionary, named after the reference's handle.
-Acad::ErrorStatus writePipes(AcDbObjectId reference, const AcDbObjectIdArray& pipes) {
-    AcDbDictionary* pDictionary = NULL;
-    Acad::ErrorStatus es = openDictionary(pDictionary);
-    if (es != Acad::eOk)
-        return es;
-    ACHAR handle[17];
-    reference.handle().getIntoAsciiBuffer(handle);
+// Writes the pipes to a record in the reference's extension dictionary.
+Acad::ErrorStatus writePipes(AcTransaction* pTransaction, AcDbObject* pReference,
+                             const AcDbObjectIdArray& pipes) {
+    Acad::ErrorStatus es = pReference->createExtensionDictionary();
+    AcDbObject* pObject = NULL;
+    if (es == Acad::eOk)
+        es = pTransaction->getObject(pObject, pReference->extensionDictionary(), AcDb::kForWrite);
+    AcDbDictionary* pDictionary = AcDbDictionary::cast(pObject);
+    if (pDictionary == NULL)
+        return es != Acad::eOk ? es : Acad::eNotThatKindOfClass;
     AcDbXrecord* pRecord = new AcDbXrecord;
     AcDbObjectId id;
-    es = pDictionary->setAt(handle, pRecord, id);
-    pDictionary->close();
+    es = pDictionary->setAt(kRecord, pRecord, id);
     if (es != Acad::eOk) {
         delete pRecord;
         return es;
     }
     resbuf* pPipes = pointersTo(pipes);
-    es = pRecord->setFromRbChain(*pPipes);
+    es = pPipes != NULL ? pRecord->setFromRbChain(*pPipes) : Acad::eInvalidInput;
     acutRelRb(pPipes);
     pRecord->close();
     return es;
 }
 
-// Inserts the tag and writes what it remembers; a tag without its data is erased again.
+// Inserts the tag and writes what it remembers, all or nothing.
 Acad::ErrorStatus placeTag(const Tag& tag) {
-    if (!defineBlock())
-        return Acad::eInvalidInput;
-    const AcDbObjectId id = insertTag(tag);
-    AcDbObjectPointer<AcDbBlockReference> pReference(id, AcDb::kForWrite);
-    Acad::ErrorStatus es = pReference.openStatus();
-    if (es != Acad::eOk)
-        return es;
-    es = writeData(pReference, tag);
+    AcTransaction* pTransaction = actrTransactionManager->startTransaction();
+    AcDbObject* pReference = NULL;
+    Acad::ErrorStatus es = defineBlock() ? Acad::eOk : Acad::eInvalidInput;
     if (es == Acad::eOk)
-        es = writePipes(id, tag.pipes);
-    if (es != Acad::eOk)
-        pReference->erase();
+        es = pTransaction->getObject(pReference, insertTag(tag), AcDb::kForWrite);
+    if (es == Acad::eOk)
+        es = writeData(pReference, tag);
+    if (es == Acad::eOk)
+        es = writePipes(pTransaction, pReference, tag.pipes);
+    if (es == Acad::eOk)
+        return actrTransactionManager->endTransaction();
+    actrTransactionManager->abortTransaction();
     return es;
 }
 // [data]
@@ -296,15 +278,12 @@ CString attributeOf(const ads_name reference, const ACHAR* name) {
 
 // Returns the number of pipes that a tag remembers and the drawing still has.
 int countPipes(AcDbObjectId tag) {
-    AcDbDictionary* pDictionary = NULL;
-    if (openDictionary(pDictionary) != Acad::eOk)
+    AcDbObjectPointer<AcDbObject> pReference(tag, AcDb::kForRead);
+    if (pReference.openStatus() != Acad::eOk)
         return 0;
-    ACHAR handle[17];
+    AcDbObjectPointer<AcDbDictionary> pDictionary(pReference->extensionDictionary(), AcDb::kForRead);
     AcDbObjectId recordId;
-    tag.handle().getIntoAsciiBuffer(handle);
-    const Acad::ErrorStatus es = pDictionary->getAt(handle, recordId);
-    pDictionary->close();
-    if (es != Acad::eOk)
+    if (pDictionary.openStatus() != Acad::eOk || pDictionary->getAt(kRecord, recordId) != Acad::eOk)
         return 0;
     AcDbObjectPointer<AcDbXrecord> pRecord(recordId, AcDb::kForRead);
     resbuf* pPipes = NULL;

@@ -43,7 +43,7 @@ def check_tag(path, number, layer, length, pipes):
     check({a.dxf.tag: a.dxf.text for a in tag.attribs} == {"NUMBER": number, "LENGTH": length}, "attributes")
     check([(t.code, t.value) for t in tag.get_xdata("PIPETAG")] == [(1000, number), (1003, layer)],
           "extended data")
-    record = drawing.rootdict["PIPETAG"][tag.dxf.handle]
+    record = tag.get_extension_dict()["PIPES"]
     named = [drawing.entitydb[t.value].dxftype() for t in record.tags if t.code == 330]
     check(named == ["LINE"] * pipes, "the record names the pipes: %s" % named)
     definition = drawing.blocks["PIPE_TAG"]
