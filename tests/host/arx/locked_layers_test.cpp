@@ -53,6 +53,17 @@ TEST_F(LockedLayers, ForcedOpeningChangesAndErases) {
     EXPECT_EQ(AcDbEntityPointer(id(kAirHandler), AcDb::kForWrite, true).openStatus(), Acad::eOnLockedLayer);
 }
 
+TEST_F(LockedLayers, PartsChangeWithTheirEntity) {
+    const AcDbObjectPointer<AcDbBlockReference> reference(id(kAirHandler), AcDb::kForWrite, false, true);
+    auto* const attribute = new AcDbAttribute({1, 2, 3}, L"", L"TAG");
+    ASSERT_EQ(reference->appendAttribute(attribute), Acad::eOk);
+    EXPECT_EQ(zuhost::layerName(*attribute), L"機器-固定");
+    attribute->close();
+    EXPECT_EQ(AcDbEntityPointer(attribute->objectId(), AcDb::kForWrite).openStatus(), Acad::eOnLockedLayer);
+    EXPECT_EQ(reference->transformBy(AcGeMatrix3d::translation({10, 0, 0})), Acad::eOk);
+    EXPECT_EQ(AcDbObjectPointer<AcDbAttribute>(attribute->objectId())->position(), AcGePoint3d(11, 2, 3));
+}
+
 TEST_F(LockedLayers, NewEntitiesAndGroupsTakeNoNotice) {
     drawing->setClayer(AcDbEntityPointer(id(kAirHandler))->layerId());
     const AcDbObjectId added = add(*drawing, new AcDbLine({0, 0, 0}, {1, 0, 0}));

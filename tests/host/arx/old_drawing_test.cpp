@@ -1,3 +1,5 @@
+#include "dbidmap.h"
+#include "dboiter.h"
 #include "dxf_records.h"
 #include "sample_drawing.h"
 #include <zuhost/drawing_files.h>
@@ -88,4 +90,38 @@ TEST_F(OldDrawing, NewEntitiesAreWrittenInTheOldForm) {
     const AcDbObjectPointer<AcDbBlockReference> added(zuhost::entityIds(*space).back());
     ASSERT_EQ(added.openStatus(), Acad::eOk);
     EXPECT_EQ(zuhost::blockName(*added), L"TREE");
+}
+
+TEST_F(OldDrawing, CopiesKeepTheirPartsInTheOldForm) {
+    const std::vector<AcDbObjectId> ids =
+        zuhost::entityIds(*AcDbBlockTableRecordPointer(ACDB_MODEL_SPACE, drawing.get()));
+    AcDbObjectIdArray cloned;
+    for (const AcDbObjectId id : {ids[0], ids[1]}) {
+        AcDbEntity* copy = nullptr;
+        ASSERT_EQ(AcDbEntityPointer(id)->getTransformedCopy(AcGeMatrix3d::scaling(2.0), copy), Acad::eOk);
+        cloned.append(add(*drawing, copy));
+    }
+    AcDbIdMapping mapping;
+    ASSERT_EQ(drawing->deepCloneObjects(cloned, {}, mapping), Acad::eOk);
+    AcDbVoidPtrArray exploded;
+    ASSERT_EQ(AcDbEntityPointer(cloned[0])->explode(exploded), Acad::eOk);
+    ASSERT_EQ(exploded.length(), 1);
+    const std::unique_ptr<AcDbEntity> circle(static_cast<AcDbEntity*>(exploded[0]));
+    EXPECT_EQ(AcDbCircle::cast(circle.get())->radius(), 2.0);
+
+    const std::string saved = zuhost::dxfOutBytes(*drawing, false);
+    EXPECT_EQ(saved.find("AcDb"), std::string::npos);
+    const auto again = readBytes(saved);
+    EXPECT_TRUE(zuhost::warnings(*again).empty());
+    const AcDbBlockTableRecordPointer space(ACDB_MODEL_SPACE, again.get());
+    const std::vector<AcDbObjectId> read = zuhost::entityIds(*space);
+    ASSERT_EQ(read.size(), 7U);
+    for (const std::size_t polyline : {4U, 6U}) {
+        AcGePoint3d end;
+        ASSERT_EQ(AcDbObjectPointer<AcDb2dPolyline>(read[polyline])->getEndPoint(end), Acad::eOk);
+        EXPECT_EQ(end, AcGePoint3d(10, 0, 0));
+    }
+    const std::unique_ptr<AcDbObjectIterator> attributes(
+        AcDbObjectPointer<AcDbBlockReference>(read[5])->attributeIterator());
+    EXPECT_EQ(AcDbObjectPointer<AcDbText>(attributes->objectId())->height(), 2.0);
 }
