@@ -114,15 +114,14 @@ Acad::ErrorStatus Cloner::cloneEntity(AcDbObject& source, AcDbStub& block, bool 
     if (const Acad::ErrorStatus status = cloneNamedRecords(source); status != Acad::eOk)
         return status;
     std::unique_ptr<AcDbObject> copy = copyOf(source);
-    auto* const entity = static_cast<AcDbEntity*>(copy.get());
-    if (entity == nullptr || !ObjectAccess::canBeIn(*entity, *to_.document))
+    if (!copy || !ObjectAccess::canBeIn(static_cast<AcDbEntity&>(*copy), *to_.document))
         return Acad::eNotApplicable;
-    copy.release();
-    AcDbStub& added = *static_cast<AcDbStub*>(to_.appendEntity(block, *entity));
+    auto& entity = static_cast<AcDbEntity&>(*copy.release());
+    AcDbStub& added = *static_cast<AcDbStub*>(to_.appendEntity(block, entity));
     AcDbStub& stub = *static_cast<AcDbStub*>(source.objectId());
     note(stub, added, true, isPrimary);
-    Acad::ErrorStatus status = cloneExtension(source, *entity);
-    entity->close();
+    Acad::ErrorStatus status = cloneExtension(source, entity);
+    entity.close();
     return status == Acad::eOk ? cloneParts(stub, added) : status;
 }
 

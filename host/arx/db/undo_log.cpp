@@ -2,8 +2,6 @@
 
 #include "database_core.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace zuhost {

@@ -80,8 +80,7 @@ TEST_F(Cloning, ACloneIsInNoDatabaseUntilItIsAppended) {
     EXPECT_EQ(copy->database(), nullptr);
     EXPECT_EQ(zuhost::layerName(*copy), L"SA-ダクト");
     EXPECT_EQ(copy->setPosition({1, 2, 3}), Acad::eOk);
-    clone.release();
-    const AcDbObjectId added = add(*drawing, copy);
+    const AcDbObjectId added = add(*drawing, static_cast<AcDbEntity*>(clone.release()));
     EXPECT_NE(added, id(kBranch));
     EXPECT_EQ(dataOf(added), dataOf(id(kBranch)));
     EXPECT_EQ(AcDbObjectPointer<AcDbBlockReference>(added)->blockTableRecord(),
