@@ -1,6 +1,7 @@
 #include "dbmain.h"
 
 #include "database_core.h"
+#include "database_variables.h"
 #include "dbapserv.h"
 #include "dbsymtb.h"
 #include "drawing/tag_view.h"
@@ -15,6 +16,8 @@ using zuhost::TagList;
 namespace {
 
 constexpr std::string_view kMarker = "AcDbEntity";
+constexpr int kByLayer = 256;
+constexpr int kLayer = 8;
 constexpr int kColor = 62;
 constexpr int kTrueColor = 420;
 constexpr int kColorName = 430;
@@ -40,14 +43,6 @@ int introducedIn(int code) {
 
 constexpr std::array kWeights{0,  5,  9,  13,  15,  18,  20,  25,  30,  35,  40, 50, 53, 60,
                               70, 80, 90, 100, 106, 120, 140, 158, 200, 211, -1, -2, -3};
-
-/// Returns the text of a variable's first value in the header; empty when it is missing.
-std::string headerText(const TagList& header, std::string_view name) {
-    for (std::size_t i = 0; i + 1 < header.size(); ++i)
-        if (header[i].code == 9 && header[i].value == name)
-            return header[i + 1].value;
-    return {};
-}
 
 } // namespace
 
@@ -154,26 +149,17 @@ void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
         database = acdbHostApplicationServices()->workingDatabase();
     if (database == nullptr || !zuhost::coreOf(*database).document)
         return;
-    const zuhost::Document& document = *zuhost::coreOf(*database).document;
-    TagList current;
-    const auto take = [&](std::string_view variable, int code) {
-        const std::string value = headerText(document.header(), variable);
-        if (!value.empty())
-            current.add(code, value);
-    };
-    take("$CECOLOR", kColor);
-    take("$CELTSCALE", kLinetypeScale);
-    take("$CELWEIGHT", kLineWeight);
-    const std::wstring layer = document.decode(headerText(document.header(), "$CLAYER"));
-    const std::wstring linetype = document.decode(headerText(document.header(), "$CELTYPE"));
+    const zuhost::DatabaseCore& current = zuhost::coreOf(*database);
+    const std::wstring layer = zuhost::textVariable(current, "$CLAYER", kLayer);
+    const std::wstring linetype = zuhost::textVariable(current, "$CELTYPE", kLinetype);
     setLayer(layer.empty() ? L"0" : layer.c_str());
     setLinetype(linetype.empty() ? L"ByLayer" : linetype.c_str());
-    const zuhost::TagView values(current);
     AcCmColor color;
-    color.setColorIndex(static_cast<Adesk::UInt16>(values.integer(kColor).value_or(256)));
+    color.setColorIndex(
+        static_cast<Adesk::UInt16>(zuhost::integerVariable(current, "$CECOLOR", kColor, kByLayer)));
     setColor(color);
-    setLinetypeScale(values.real(kLinetypeScale).value_or(1.0));
-    setLineWeight(static_cast<AcDb::LineWeight>(values.integer(kLineWeight).value_or(AcDb::kLnWtByLayer)));
+    setLinetypeScale(database->celtscale());
+    setLineWeight(database->celweight());
 }
 
 Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* other, bool doSubents) {
@@ -213,10 +199,10 @@ void AcDbEntity::removeTags(std::string_view marker, std::initializer_list<int> 
 }
 
 void AcDbEntity::fitToDrawing() {
-    if (!section(kMarker).text(8)) {
+    if (!section(kMarker).text(kLayer)) {
         std::wstring name = L"0";
         zuhost::readRecordName<AcDbLayerTableRecord>(database()->clayer(), name);
-        setTextTag(kMarker, 8, name);
+        setTextTag(kMarker, kLayer, name);
     }
     for (const Introduced& property : kIntroduced)
         if (!canHold(property.code))
