@@ -177,12 +177,14 @@ TEST_F(EntityGeometry, AttributesAndVerticesAreSavedAfterTheirOwners) {
     auto* const pending = new AcDb3dPolyline(AcDb::k3dSimplePoly, points);
     const AcDbObjectId polyline = add(*drawing, pending);
     const std::size_t entities =
-        zuhost::entityIds(*AcDbBlockTableRecordPointer(ACDB_MODEL_SPACE, drawing.get())).size();
+        zuhost::entityIds(*AcDbObjectPointer<AcDbBlockTableRecord>(blockId(*drawing, ACDB_MODEL_SPACE)))
+            .size();
 
     const auto again = reopened();
     EXPECT_TRUE(zuhost::warnings(*again).empty());
-    EXPECT_EQ(zuhost::entityIds(*AcDbBlockTableRecordPointer(ACDB_MODEL_SPACE, again.get())).size(),
-              entities);
+    EXPECT_EQ(
+        zuhost::entityIds(*AcDbObjectPointer<AcDbBlockTableRecord>(blockId(*again, ACDB_MODEL_SPACE))).size(),
+        entities);
     const auto countParts = [](AcDbObjectIterator* parts) {
         int count = 0;
         for (; !parts->done(); parts->step())

@@ -94,7 +94,7 @@ TEST_F(OldDrawing, NewEntitiesAreWrittenInTheOldForm) {
 
 TEST_F(OldDrawing, CopiesKeepTheirPartsInTheOldForm) {
     const std::vector<AcDbObjectId> ids =
-        zuhost::entityIds(*AcDbBlockTableRecordPointer(ACDB_MODEL_SPACE, drawing.get()));
+        zuhost::entityIds(*AcDbObjectPointer<AcDbBlockTableRecord>(blockId(*drawing, ACDB_MODEL_SPACE)));
     AcDbObjectIdArray cloned;
     for (const AcDbObjectId id : {ids[0], ids[1]}) {
         AcDbEntity* copy = nullptr;
@@ -113,7 +113,7 @@ TEST_F(OldDrawing, CopiesKeepTheirPartsInTheOldForm) {
     EXPECT_EQ(saved.find("AcDb"), std::string::npos);
     const auto again = readBytes(saved);
     EXPECT_TRUE(zuhost::warnings(*again).empty());
-    const AcDbBlockTableRecordPointer space(ACDB_MODEL_SPACE, again.get());
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*again, ACDB_MODEL_SPACE));
     const std::vector<AcDbObjectId> read = zuhost::entityIds(*space);
     ASSERT_EQ(read.size(), 7U);
     for (const std::size_t polyline : {4U, 6U}) {
