@@ -74,11 +74,12 @@ AcDbDictionary::Index& AcDbDictionary::index() const {
     index_ = {};
     std::vector<StoredEntry> entries;
     visitEntries(section(kMarker), [&](const StoredEntry& entry) { entries.push_back(entry); });
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-        const std::wstring name = decoded(entry->name.text);
-        index_.byName.addFront(zuhost::foldedName(name), entry->place);
-        if (const auto handle = entry->pointer.handle())
-            index_.byHandle.addFront(*handle, entry->place);
+    for (std::size_t i = entries.size(); i-- > 0;) {
+        const StoredEntry& entry = entries[i];
+        const std::wstring name = decoded(entry.name.text);
+        index_.byName.addFront(zuhost::foldedName(name), entry.place);
+        if (const auto handle = entry.pointer.handle())
+            index_.byHandle.addFront(*handle, entry.place);
         if (const int number = anonymousNumber(name); number > 0)
             index_.anonymous.insert(number);
     }
