@@ -2,6 +2,8 @@
 
 #include "database_core.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zuhost {
