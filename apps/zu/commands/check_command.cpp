@@ -86,14 +86,18 @@ std::string count(std::ptrdiff_t number, const std::string& what) {
 }
 
 void printListing(const std::vector<Finding>& findings, bool repairing) {
-    TextTable table({"severity", "code", "handle", "group", "layer", "repaired", "problem"});
+    std::vector<std::string> headings{"severity", "code", "handle", "group", "layer", "problem"};
+    if (repairing)
+        headings.insert(headings.end() - 1, "repaired");
+    TextTable table(headings);
     for (const Finding& finding : findings) {
         table.addCell(translated(severityName(finding.severity)));
         table.addCell(finding.code);
         table.addCell(finding.handle);
         table.addCell(finding.group);
         table.addCell(finding.layer);
-        table.addCell(finding.repaired ? "yes" : "no");
+        if (repairing)
+            table.addCell(finding.repaired ? translated("yes") : "-");
         table.addCell(translated(finding.problem));
     }
     if (!table.empty())

@@ -2,6 +2,7 @@
 #include "commands/attribute_window.h"
 #include "commands/commands.h"
 #include "failure.h"
+#include "manners/translation.h"
 #include "model/attribute_edit.h"
 #include "model/attribute_rows.h"
 #include "model/drawing_file.h"
@@ -39,7 +40,7 @@ struct Options {
 class Step {
 public:
     Step(int number, const std::string& title) : started_(Clock::now()) {
-        std::cout << '\n' << number << ". " << title << '\n';
+        std::cout << '\n' << number << ". " << translated(title) << '\n';
     }
     ~Step() {
         const auto took = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - started_);
@@ -48,23 +49,22 @@ public:
     Step(const Step&) = delete;
     Step& operator=(const Step&) = delete;
 
-    template <typename... Pieces>
-    void say(const Pieces&... pieces) const {
-        std::cout << "   ";
-        ((std::cout << pieces), ...);
-        std::cout << '\n';
-    }
+    void say(const std::string& text) const { std::cout << "   " << translated(text) << '\n'; }
 
 private:
     using Clock = std::chrono::steady_clock;
     Clock::time_point started_;
 };
 
+std::string kilobytes(const std::string& path) {
+    return std::to_string(fs::file_size(path) / 1024);
+}
+
 std::unique_ptr<DrawingFile> openDrawing(const std::string& path) {
     const Step step(1, "Open the drawing");
     auto drawing = std::make_unique<DrawingFile>(DrawingSource{path});
-    step.say(path, ": ", fs::file_size(path) / 1024, " KB, ", drawing->database().approxNumObjects(),
-             " objects");
+    step.say(path + ": " + kilobytes(path) + " KB, " +
+             std::to_string(drawing->database().approxNumObjects()) + " objects");
     return drawing;
 }
 
@@ -76,12 +76,12 @@ std::vector<Element> listElements(const DrawingFile& drawing) {
         Element element = readElement(id);
         if (!element.isRouteElement())
             continue;
-        ++kinds[elementCodeName(element.code)];
+        ++kinds[translated(elementCodeName(element.code))];
         elements.push_back(std::move(element));
     }
     for (const auto& [kind, count] : kinds)
-        step.say(count, count < 10 ? "  x " : " x ", kind);
-    step.say(elements.size(), " route elements");
+        step.say(std::to_string(count) + (count < 10 ? "  x " : " x ") + kind);
+    step.say(std::to_string(elements.size()) + " route elements");
     return elements;
 }
 
@@ -91,9 +91,10 @@ void showAttributes(const std::vector<Element>& elements) {
         const AttributeRows rows = readAttributeRows(element.id);
         if (rows.empty() || element.locked)
             continue;
-        step.say(element.block, " (handle ", element.handle, "), ", rows.front()[0], ' ', rows.front()[1]);
+        step.say(element.block + " (handle " + element.handle + "), " + rows.front()[0] + ' ' +
+                 rows.front()[1]);
         for (const auto& row : rows)
-            step.say("  ", row[3], "  ", row[2].empty() ? row[6] : row[2], " = ", row[4]);
+            step.say("  " + row[3] + "  " + (row[2].empty() ? row[6] : row[2]) + " = " + row[4]);
         return;
     }
 }
@@ -105,16 +106,16 @@ AttributeEdit editAll(const std::vector<Element>& elements) {
     for (const Element& element : elements)
         ids.push_back(element.id);
     AttributeEdit edit = editAttribute(ids, kKey, kNewValue, false);
-    step.say(edit.changed.size(), " elements changed");
+    step.say(std::to_string(edit.changed.size()) + " elements changed");
     for (const SkippedElement& skipped : edit.skipped)
-        step.say("skipped ", skipped.handle, ": ", skipped.why);
+        step.say("skipped " + skipped.handle + ": " + skipped.why);
     return edit;
 }
 
 void saveDrawing(DrawingFile& drawing, const std::string& path) {
     const Step step(5, "Save");
     drawing.save({.output = path});
-    step.say(path, ": ", fs::file_size(path) / 1024, " KB");
+    step.say(path + ": " + kilobytes(path) + " KB");
 }
 
 /// The saved drawing must hold the new value where it was written, and the old one everywhere else.
@@ -128,13 +129,14 @@ void checkSaved(const std::string& path, const AttributeEdit& edit) {
     if (found != edit.changed.size())
         throw Failure("the saved drawing has the new value on " + std::to_string(found) +
                       " elements instead of " + std::to_string(edit.changed.size()));
-    step.say("the new value is on all ", found, " elements");
+    step.say("the new value is on all " + std::to_string(found) + " elements");
 }
 
 void drawPicture(DrawingFile& drawing, const std::string& path) {
     const Step step(7, "Draw the plan");
     const PlanReport plan = savePlan(drawing.database(), path, {});
-    step.say(path, ": ", plan.joined + plan.dangling, " connection points, ", plan.joined, " joined");
+    step.say(path + ": " + std::to_string(plan.joined + plan.dangling) + " connection points, " +
+             std::to_string(plan.joined) + " joined");
 }
 
 /// The first few elements of the main route and a pipe, all selected: shows shared, various and greyed
@@ -152,7 +154,7 @@ void drawWindow(const std::vector<Element>& elements, const std::string& drawing
     CAttFrameWnd& window = openAttributeWindow(selection, drawing);
     selectAll(window);
     closeWithPicture(window, path);
-    step.say(path, ": the attributes of ", selection.length(), " elements");
+    step.say(path + ": the attributes of " + std::to_string(selection.length()) + " elements");
 }
 
 /// The program's path as the user can call it from the current folder.
@@ -171,6 +173,20 @@ std::string samplesFolder(const Options& options) {
                                                            : installed.lexically_normal().string();
 }
 
+void sayDone(const std::string& folder, const std::string& result) {
+    std::cout << '\n'
+              << translated("Done. The results are in " + fs::absolute(folder).lexically_normal().string() +
+                            ':')
+              << '\n'
+              << "   office-floor-edited.dxf   " << translated("the drawing with the new attribute values")
+              << '\n'
+              << "   office-floor-plan.png     "
+              << translated("the plan, routes coloured by link kind, joints marked") << '\n'
+              << "   attribute-window.png      " << translated("the window in which attributes are edited")
+              << '\n'
+              << translated("Try: " + thisProgram() + " elements " + result + " --routes") << '\n';
+}
+
 void run(const Options& options) {
     const std::string samples = samplesFolder(options);
     const fs::path sample = fs::path(samples) / "drawings" / "office-floor.dxf";
@@ -178,8 +194,10 @@ void run(const Options& options) {
         throw Failure(sample.string() + ": not found; name the folder of the samples with --samples");
     fs::create_directories(options.output);
     const std::string result = (fs::path(options.output) / "office-floor-edited.dxf").string();
-    std::cout
-        << "The main job on a small office floor: supply and return duct, chilled water, one air handler.\n";
+    std::cout << translated(
+                     "The main job on a small office floor: supply and return duct, chilled water, one air "
+                     "handler.")
+              << '\n';
     const SampleSettings settings(samples, options.output);
     const auto drawing = openDrawing(sample.string());
     const std::vector<Element> elements = listElements(*drawing);
@@ -189,12 +207,7 @@ void run(const Options& options) {
     checkSaved(result, edit);
     drawPicture(*drawing, (fs::path(options.output) / "office-floor-plan.png").string());
     drawWindow(elements, sample.string(), (fs::path(options.output) / "attribute-window.png").string());
-    std::cout << "\nDone. The results are in " << fs::absolute(options.output).lexically_normal().string()
-              << ":\n"
-              << "   office-floor-edited.dxf   the drawing with the new attribute values\n"
-              << "   office-floor-plan.png     the plan, routes coloured by link kind, joints marked\n"
-              << "   attribute-window.png      the window in which attributes are edited\n"
-              << "Try: " << thisProgram() << " elements " << result << " --routes\n";
+    sayDone(options.output, result);
 }
 
 } // namespace
