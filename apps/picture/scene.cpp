@@ -5,6 +5,7 @@
 #include "text_outline.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <vector>
 
@@ -12,18 +13,23 @@ namespace zu::picture {
 
 namespace {
 
+/// The layout's object; nullopt when the drawing lacks it.
+std::optional<std::size_t> findLayout(const Drawing& drawing, const QString& name) {
+    for (const std::size_t entry : drawing.entries("LAYOUT"))
+        if (drawing.records(entry).subclass("AcDbLayout").text(1).compare(name, Qt::CaseInsensitive) == 0)
+            return entry;
+    return std::nullopt;
+}
+
 /// The entities to draw; none for a layout that the drawing lacks.
 std::vector<std::size_t> entitiesOf(const Drawing& drawing, const QString& layout) {
     if (layout.isEmpty())
         return drawing.modelSpace();
-    for (const std::size_t entry : drawing.entries("LAYOUT")) {
-        const Records own = drawing.records(entry).subclass("AcDbLayout");
-        if (own.text(1).compare(layout, Qt::CaseInsensitive) != 0)
-            continue;
-        const Block* const block = drawing.findBlock(own.handle(330));
-        return block != nullptr ? drawing.paperSpace(*block) : std::vector<std::size_t>();
-    }
-    return {};
+    const auto found = findLayout(drawing, layout);
+    if (!found)
+        return {};
+    const Block* const block = drawing.findBlock(drawing.records(*found).subclass("AcDbLayout").handle(330));
+    return block != nullptr ? drawing.paperSpace(*block) : std::vector<std::size_t>();
 }
 
 /// The box of one entity's shapes.
@@ -157,6 +163,33 @@ std::vector<QString> layoutNames(const Drawing& drawing) {
     for (auto& [order, name] : found)
         names.push_back(std::move(name));
     return names;
+}
+
+std::optional<Sheet> sheetOf(const Drawing& drawing, const QString& layout) {
+    constexpr double kInch = 25.4;
+    constexpr std::array kMillimetres{kInch, 1.0}; // of the units of the page setup; pixels have none
+    constexpr double kSmallest = 10.0;
+    constexpr double kLargest = 10'000.0;
+    // Left, bottom, right, top margin: those at the left and at the bottom after so many quarter turns.
+    constexpr std::array kMargins{40, 41, 42, 43};
+    const auto found = findLayout(drawing, layout);
+    if (!found)
+        return std::nullopt;
+    const Records setup = drawing.records(*found).subclass("AcDbPlotSettings");
+    const auto unit = static_cast<std::size_t>(setup.integer(72));
+    const double scale = setup.real(142, 1.0) / setup.real(143, 1.0);
+    const auto turns = static_cast<std::size_t>(setup.integer(73)) % kMargins.size();
+    QSizeF size(setup.real(44), setup.real(45));
+    if (turns % 2 != 0)
+        size.transpose();
+    const auto isSide = [](double side) { return side >= kSmallest && side <= kLargest; };
+    if (unit >= kMillimetres.size() || !isSide(size.width()) || !isSide(size.height()) || !(scale > 0.0) ||
+        !std::isfinite(scale))
+        return std::nullopt;
+    const double units = 1.0 / (kMillimetres[unit] * scale); // for a millimetre
+    const double left = setup.real(kMargins[turns]) + setup.real(46);
+    const double bottom = setup.real(kMargins[(turns + 1) % kMargins.size()]) + setup.real(47);
+    return Sheet{size, QRectF(QPointF(-left, -bottom) * units, size * units)};
 }
 
 } // namespace zu::picture

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -81,5 +82,15 @@ struct Extents {
 
 /// Returns the names of the layouts in tab order, without model space.
 [[nodiscard]] std::vector<QString> layoutNames(const Drawing& drawing);
+
+/// The sheet of paper that a layout is for.
+struct Sheet {
+    QSizeF size; ///< Millimetres.
+    QRectF area; ///< What it shows, in units of paper space.
+};
+
+/// Returns the sheet of a layout as its page setup has it, turned and to its plot scale. Nullopt when the
+/// layout has none in millimetres or inches, or is missing.
+[[nodiscard]] std::optional<Sheet> sheetOf(const Drawing& drawing, const QString& layout);
 
 } // namespace zu::picture

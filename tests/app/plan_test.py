@@ -2,12 +2,13 @@
 import os
 import resource
 import struct
+import subprocess
 import tempfile
 import xml.etree.ElementTree as xml
 
 import ezdxf
 
-from program import check, run, run_json, sample
+from program import ZU, check, run, run_json, sample
 
 SVG = "{http://www.w3.org/2000/svg}"
 COLOURS = {"給気 (link kind 1)": "#1565c0", "還気 (link kind 2)": "#c62828", "冷水 (link kind 3)": "#2e7d32",
@@ -55,6 +56,30 @@ with tempfile.TemporaryDirectory() as folder:
         run("plan", drawing, "-o", sheet, *options)
         with open(sheet, "rb") as f:
             check(b"/MediaBox [0 0 %s" % box in f.read(), "paper %s" % options)
+    # A layout has its sheet at full size, turned and in its own units, unless other paper is asked for.
+    layouts = ezdxf.new(setup=True)
+    layouts.modelspace().add_line((0, 0), (4000, 0))
+    view = layouts.layouts.get("Layout1")
+    view.page_setup(size=(200, 150), margins=(7, 7, 7, 7), units="mm")
+    view.add_viewport((80, 60), (100, 50), (2000, 0), 1000)
+    layouts.layouts.new("Inches").page_setup(size=(11, 8.5), margins=(0, 0, 0, 0), units="inch")
+    for name, line, turns in (("Inches", ((1, 1), (10, 1)), 0), ("Turned", ((0, 0), (250, 0)), 1)):
+        layout = layouts.layouts.get(name) if name in layouts.layouts else layouts.layouts.new(name)
+        layout.page_setup(size=(150, 200)) if turns else None
+        layout.dxf.plot_rotation = turns
+        layout.add_line(*line)
+    drawn = os.path.join(folder, "layouts.dxf")
+    layouts.saveas(drawn)
+    for name, options, size, remark in (("Layout1", [], (200, 150), ""), ("Inches", [], (279.4, 215.9), ""),
+                                        ("Turned", [], (200, 150), "outside of its paper"),
+                                        ("Layout1", ["--paper", "A4"], (297, 210), ""),
+                                        ("Inches", ["--window", "0,0,5,5"], (297, 420), "")):
+        remarks = subprocess.run([ZU, "plan", drawn, "-o", sheet, "--layout", name, *options],
+                                 capture_output=True, text=True, check=True).stderr
+        with open(sheet, "rb") as f:
+            box = [float(n) for n in f.read().split(b"/MediaBox [")[1].split(b"]")[0].split()[2:]]
+        check(all(abs(points * 25.4 / 72 - mm) < 0.5 for points, mm in zip(box, size)), "%s %s: %s" % (name, options, box))
+        check((remark in remarks) if remark else "paper" not in remarks, "%s %s: %s" % (name, options, remarks))
     picture = os.path.join(folder, "plan.png")
     run("plan", drawing, "-o", picture, "--width", "900")
     with open(picture, "rb") as f:

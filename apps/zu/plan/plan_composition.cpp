@@ -35,6 +35,8 @@ constexpr double kReadable = 4.5;
 constexpr double kHaloWidth = 4.0;
 constexpr double kDanglingDistance = 100.0;
 constexpr double kElementDistance = 30.0;
+/// Share of a sheet's width by which lines on its edge may pass it.
+constexpr double kOutside = 1e-3;
 // Marks are smaller than the elements that they are on.
 constexpr double kLargestJoined = 2.0;
 constexpr double kLargestDangling = 4.5;
@@ -108,11 +110,7 @@ PlanComposition::PlanComposition(AcDbDatabase& drawing, PlanOptions options)
     }
     world_ = measure();
     makeLegend();
-    page_ = layOut(world_, options_, [this](double width) { return legend_ ? legend_->height(width) : 0.0; });
-    if (page_.isCut)
-        report_.remarks.push_back("the plan does not fit on " + page_.paper.toStdString() +
-                                  " at this scale and is cut: choose a larger --paper, another --scale or a "
-                                  "--window");
+    page_ = makePage();
     sizeMarks();
     placeLabels();
 }
@@ -234,6 +232,27 @@ void PlanComposition::makeLegend() {
     else if (width < kMiddlePicture)
         capitals = kCapitals;
     legend_.emplace(std::move(entries), capitals, theme_.ink);
+}
+
+/// A layout on paper keeps its own sheet unless other paper or a part of it is asked for.
+PlanPage PlanComposition::makePage() {
+    if (!options_.layout.empty() && options_.paper && options_.paper->isDefault() && !options_.window) {
+        if (const auto sheet = picture::sheetOf(*drawing_, QString::fromStdString(options_.layout))) {
+            const double margin = kOutside * sheet->area.width();
+            const QRectF area = sheet->area.adjusted(-margin, -margin, margin, margin);
+            if (!area.contains(world_.topLeft()) || !area.contains(world_.bottomRight()))
+                report_.remarks.push_back("parts of the layout are outside of its paper and are not shown: "
+                                          "choose --paper or a --window to see them");
+            return layOut(*sheet);
+        }
+    }
+    PlanPage page =
+        layOut(world_, options_, [this](double width) { return legend_ ? legend_->height(width) : 0.0; });
+    if (page.isCut)
+        report_.remarks.push_back("the plan does not fit on " + page.paper.toStdString() +
+                                  " at this scale and is cut: choose a larger --paper, another --scale or a "
+                                  "--window");
+    return page;
 }
 
 /// Marks shrink with the elements that they are on.

@@ -43,6 +43,7 @@ private:
     [[nodiscard]] QRectF measure();
     void reportScene(const picture::Extents& extents);
     void makeLegend();
+    [[nodiscard]] PlanPage makePage();
     void sizeMarks();
     void placeLabels();
     void reportUnplaced(std::size_t labels);

@@ -46,6 +46,9 @@ struct PlanPaper {
     std::string size;              ///< "A0" to "A4", "B1" to "B4"; empty: the smallest that suits.
     std::optional<bool> landscape; ///< Chosen by the proportions of the plan when it is not given.
     double scale = 0.0; ///< Drawing millimetres for one on paper; 0: the largest usual scale that fits.
+
+    /// True when nothing is asked for: a layout then has its own sheet, at full size.
+    [[nodiscard]] bool isDefault() const { return size.empty() && !landscape && scale <= 0.0; }
 };
 
 /// How a plan looks. Colours, markers and highlights are for what a caller has found; the rest are the

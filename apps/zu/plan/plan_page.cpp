@@ -164,4 +164,14 @@ PlanPage layOut(const QRectF& world, const PlanOptions& options, const LegendHei
     return options.paper ? onPaper(shown, *options.paper, legend) : pictureOf(shown, options.size, legend);
 }
 
+PlanPage layOut(const picture::Sheet& sheet) {
+    PlanPage page;
+    page.size = sheet.size * kUnitsPerMillimetre;
+    page.plan = QRectF({}, page.size);
+    page.scale = sheet.area.width() / page.size.width();
+    page.paperScale = page.scale * kUnitsPerMillimetre;
+    place(page, sheet.area);
+    return page;
+}
+
 } // namespace zu::app

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plan/plan_options.h"
+#include "scene.h"
 
 #include <QTransform>
 
@@ -26,5 +27,8 @@ using LegendHeight = std::function<double(double width)>;
 /// Lays out a page for a part of the world. A picture without a given height or width has the proportions of
 /// that part. Throws WrongUsage for an unknown paper.
 [[nodiscard]] PlanPage layOut(const QRectF& world, const PlanOptions& options, const LegendHeight& legend);
+
+/// Lays out the page of a layout as its sheet of paper, at full size.
+[[nodiscard]] PlanPage layOut(const picture::Sheet& sheet);
 
 } // namespace zu::app
