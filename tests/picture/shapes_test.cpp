@@ -1,6 +1,7 @@
 // Shapes of drawings: every type, transforms, looks, texts, layouts, limits, extents.
 #include "dxf_records.h"
 #include "painters/dashes.h"
+#include "painters/png_file.h"
 #include "records/drawing.h"
 #include "scene.h"
 #include "shapes/paragraph_layout.h"
@@ -411,6 +412,20 @@ TEST(Painters, DashesHaveTheirLengthsAroundCorners) {
     EXPECT_EQ(QPointF(dashes.elementAt(4)), QPointF(3, 4));
     EXPECT_EQ(QPointF(dashes.elementAt(5)), QPointF(3, 4.5));
     EXPECT_EQ(QPointF(dashes.elementAt(6)), QPointF(3, 8.5));
+}
+
+TEST(Painters, PngKeepsEveryPixel) {
+    // Of one colour, as many as a palette has, one more.
+    for (const int colours : {1, 256, 257}) {
+        QImage picture(31, 17, QImage::Format_RGB32);
+        for (int i = 0; i < picture.width() * picture.height(); ++i)
+            picture.setPixel(i % picture.width(), i / picture.width(),
+                             0xFF000000U | static_cast<QRgb>(i % colours * 40503));
+        const QByteArray file = pngOf(picture);
+        EXPECT_EQ(QImage::fromData(file).convertToFormat(QImage::Format_RGB32), picture) << colours;
+        EXPECT_EQ(file.contains("PLTE"), colours <= 256);
+    }
+    EXPECT_TRUE(pngOf({}).isEmpty());
 }
 
 TEST(Shapes, LayoutsShowModelSpaceInViewports) {

@@ -48,11 +48,4 @@ QByteArray pagePdf(const QSizeF& size, const QColor& ground, const PagePainter& 
     return bytes;
 }
 
-QByteArray pngOf(const QImage& picture) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    return picture.save(&buffer, "PNG") ? bytes : QByteArray();
-}
-
 } // namespace zu::picture

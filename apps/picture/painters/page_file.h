@@ -18,7 +18,4 @@ using PagePainter = std::function<void(QPainter&)>;
 /// The page as a PDF document of this size; empty when it can't be made.
 [[nodiscard]] QByteArray pagePdf(const QSizeF& size, const QColor& ground, const PagePainter& paint);
 
-/// The picture in PNG; empty when it is null or memory does not suffice.
-[[nodiscard]] QByteArray pngOf(const QImage& picture);
-
 } // namespace zu::picture

@@ -5,6 +5,7 @@
 #include "model/drawing_file.h"
 #include "painters/page_file.h"
 #include "painters/painter_canvas.h"
+#include "painters/png_file.h"
 #include "painters/shape_painter.h"
 #include "painters/svg_canvas.h"
 #include "painters/theme.h"

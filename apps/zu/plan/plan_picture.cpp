@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "painters/page_file.h"
 #include "painters/painter_canvas.h"
+#include "painters/png_file.h"
 #include "painters/svg_canvas.h"
 #include "plan/picture_file.h"
 #include "plan/plan_composition.h"

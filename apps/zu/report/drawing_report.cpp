@@ -2,7 +2,7 @@
 
 #include "manners/translation.h"
 #include "model/audit.h"
-#include "painters/page_file.h"
+#include "painters/png_file.h"
 #include "plan/plan_picture.h"
 #include "report/finding_json.h"
 #include "text.h"
