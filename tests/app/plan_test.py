@@ -56,6 +56,17 @@ with tempfile.TemporaryDirectory() as folder:
         run("plan", drawing, "-o", sheet, *options)
         with open(sheet, "rb") as f:
             check(b"/MediaBox [0 0 %s" % box in f.read(), "paper %s" % options)
+    # Elements that show nothing but their points; a joint of two is one mark.
+    points = ezdxf.new()
+    block = points.blocks.new("RT-1")
+    for x in (0, 500):
+        block.add_point((x, 0), dxfattribs={"layer": "_ZU_CONNECT"})
+    for x in (70000, 70500):
+        points.modelspace().add_blockref("RT-1", (x, 90000))
+    drawn = os.path.join(folder, "points.dxf")
+    points.saveas(drawn)
+    paths = plan(drawn)[1]
+    check(paths.count(("fill", DANGLING)) == 2 + 1 and paths.count(("fill", "#101010")) == 1 + 1, "marks of points: %s" % paths)
     # A layout has its sheet at full size, turned and in its own units, unless other paper is asked for.
     layouts = ezdxf.new(setup=True)
     layouts.modelspace().add_line((0, 0), (4000, 0))

@@ -86,6 +86,15 @@ QString counted(PlanText words, std::size_t count) {
                   "references to others, or hatches with very dense lines");
 }
 
+/// The place of a mark among those that can be told apart: on small plans also those of small gaps, which
+/// show when the picture is enlarged.
+std::uint64_t markCell(const QPointF& onPage, std::size_t marks) {
+    constexpr std::size_t kMany = 10'000;
+    const double cells = marks > kMany ? 4.0 : 10'000.0; // in a page unit
+    return static_cast<std::uint64_t>(onPage.x() * cells) << 32U |
+           static_cast<std::uint64_t>(onPage.y() * cells);
+}
+
 double median(std::vector<double> values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
     std::nth_element(values.begin(), middle, values.end());
@@ -171,6 +180,9 @@ QRectF PlanComposition::measure() {
     }
     for (const PlanMarker& marker : options_.markers)
         corners << QPointF(marker.position.x, marker.position.y);
+    if (extents.isEmpty && options_.marksJoints)
+        for (const PlanJoint& joint : elements_.joints())
+            corners << QPointF(joint.position.x, joint.position.y);
     if (options_.window)
         return *options_.window;
     return corners.isEmpty() ? QRectF(0.0, 0.0, 1.0, 1.0) : corners.boundingRect();
@@ -183,8 +195,10 @@ void PlanComposition::reportScene(const picture::Extents& extents) {
         if (omission.why != picture::kLayerFilteredOut)
             report_.notDrawn.push_back({omission.type, omission.count, omission.why});
     if (extents.isEmpty)
-        report_.remarks.push_back(options_.layout.empty() ? "model space shows nothing"
-                                                          : "the layout shows nothing");
+        report_.remarks.push_back(!options_.layout.empty() ? "the layout shows nothing"
+                                  : options_.marksJoints && !elements_.joints().empty()
+                                      ? "model space shows nothing but connection points"
+                                      : "model space shows nothing");
     std::vector<std::string> outliers;
     for (const picture::Outlier& outlier : extents.outliers)
         outliers.push_back(outlier.type + " " + handleText(AcDbHandle(outlier.handle)));
@@ -459,11 +473,19 @@ void PlanComposition::paintHighlights(picture::ShapePainter& painter) const {
         });
 }
 
+/// Marks that cover each other are painted once: joined points lie on each other, and large plans have far
+/// more points than places that can be told apart.
 void PlanComposition::paintMarks(picture::PageCanvas& canvas) const {
-    for (const bool joined : {true, false})
+    for (const bool joined : {true, false}) {
+        if ((joined ? marks_.joined : marks_.dangling) <= 0.0)
+            continue;
+        std::unordered_set<std::uint64_t> taken;
         for (const PlanJoint& joint : elements_.joints())
-            if (const QPointF at = onPage(joint.position); joint.joined == joined && isInSight(at))
+            if (const QPointF at = onPage(joint.position);
+                joint.joined == joined && isInSight(at) &&
+                taken.insert(markCell(at, elements_.joints().size())).second)
                 paintMark(canvas, at, joined, marks_, theme_.ink);
+    }
 }
 
 } // namespace zu::app
