@@ -4,6 +4,8 @@ import os
 import re
 import tempfile
 
+import ezdxf
+
 from program import check, run, run_json, sample
 
 FLOOR = sample("drawings/office-floor.dxf")
@@ -44,6 +46,24 @@ with tempfile.TemporaryDirectory() as folder:
     check(sum(link.startswith("#d1f") for link in page.links) == sum(f["position"] is not None for f in findings),
           "every finding with a position has its mark")
     check(len(page.resources) == 2, "a light and a dark plan")
+    # Findings whose marks would cover each other have one, to which the numbers of all lead.
+    crowd = ezdxf.new()
+    block = crowd.blocks.new("RT-1")
+    block.add_line((0, 0), (5000, 0))
+    for x in (0, 5000):
+        block.add_point((x, 0), dxfattribs={"layer": "_ZU_CONNECT"})
+    for place in [(0, 10 * i) for i in range(40)] + [(0, 4000)]:
+        crowd.modelspace().add_blockref("RT-1", place)
+    drawing = os.path.join(folder, "crowd.dxf")
+    crowd.saveas(drawing)
+    run("report", drawing, "-o", output)
+    page, text = Page(output), open(output, encoding="utf-8").read()
+    count = sum(f["position"] is not None for f in run_json("check", drawing))
+    check(count >= 80 and {"d1m%d" % (i + 1) for i in range(count)} <= set(page.ids), "a mark for each of %d" % count)
+    marks = [(float(x), float(y)) for x, y in re.findall(r'class="mark [a-z]+" style="left:([0-9.]+)%;top:([0-9.]+)%', text)]
+    near = [(a, b) for a in marks for b in marks if a < b and abs(a[0] - b[0]) < 1.5 and abs(a[1] - b[1]) < 1.5]
+    check(4 <= len(marks) < count and not near, "marks that cover each other: %r" % near)
+    run("report", drawing, "-o", os.path.join(folder, "crowd.pdf"))
     broken = os.path.join(folder, "<b>.dxf")
     open(broken, "w").write("0\n")
     run("report", broken, FLOOR, "-o", output, status=1)

@@ -2,6 +2,7 @@
 
 #include "manners/translation.h"
 #include "report/document_links.h"
+#include "report/plan_marks.h"
 #include "report/report_page.h"
 
 #include <zuhost/desktop.h>
@@ -113,37 +114,34 @@ private:
         const QRectF area(0.0, y, plan.width() * scale, plan.height() * scale);
         painter_.drawImage(area, plan);
         painter_.setFont(fontOf(kTextPoints * 0.7));
-        for (const Json& finding : report["findings"])
-            if (finding["place"].is_array())
-                printMark(finding, area);
+        for (const PlanMark& mark : planMarks(report))
+            printMark(mark, area);
     }
 
-    void printMark(const Json& finding, const QRectF& area) {
-        const QString number = text(finding["number"].dump());
-        const double size = dots(kTextPoints);
-        const double width = std::max(size, painter_.fontMetrics().horizontalAdvance(number) + size / 2.0);
-        const QPointF at(area.left() + finding["place"][0].get<double>() * area.width(),
-                         area.top() + finding["place"][1].get<double>() * area.height() - size);
-        const QRectF mark(at.x() - width / 2.0, at.y() - size / 2.0, width, size);
-        painter_.setPen(Qt::NoPen);
-        painter_.setBrush(finding["severity"].get<std::string>() == "error" ? QColor(0xb3, 0x26, 0x1e)
-                                                                            : QColor(0x8a, 0x5a, 0x00));
-        painter_.drawRoundedRect(mark, size / 2.0, size / 2.0);
-        printLink(mark, number, "f" + number);
-        setPlace("m" + number, pages_, mark.top() - size);
-    }
-
-    void printLink(const QRectF& area, const QString& words, const QString& place) {
+    void printMark(const PlanMark& mark, const QRectF& area) {
         QTextDocument label;
         label.documentLayout()->setPaintDevice(&writer_);
         label.setDocumentMargin(0.0);
         label.setDefaultFont(painter_.font());
-        label.setDefaultStyleSheet("a{color:white;text-decoration:none}");
-        label.setHtml("<a href=\"" + DocumentLinks::address(placeName(place)) + "\">" + words + "</a>");
+        label.setDefaultStyleSheet("a,span{color:white;text-decoration:none}");
+        label.setHtml(text("<span>" + mark.text([this](const Json& finding) {
+            const std::string number = finding["number"].dump();
+            return "<a href=\"" + DocumentLinks::address(placeName(text("f" + number))).toStdString() +
+                   "\">" + number + "</a>";
+        }) + "</span>"));
+        const double size = dots(kTextPoints);
+        const double width = std::max(size, label.idealWidth() + size / 2.0);
+        const QPointF at(area.left() + mark.x * area.width(), area.top() + mark.y * area.height() - size);
+        const QRectF shape(at.x() - width / 2.0, at.y() - size / 2.0, width, size);
+        painter_.setPen(Qt::NoPen);
+        painter_.setBrush(mark.isError() ? QColor(0xb3, 0x26, 0x1e) : QColor(0x8a, 0x5a, 0x00));
+        painter_.drawRoundedRect(shape, size / 2.0, size / 2.0);
         painter_.save();
-        painter_.translate(area.center() - QRectF({}, label.size()).center());
+        painter_.translate(shape.center() - QPointF(label.idealWidth(), label.size().height()) / 2.0);
         label.drawContents(&painter_);
         painter_.restore();
+        for (const Json* const finding : mark.findings)
+            setPlace("m" + text((*finding)["number"].dump()), pages_, shape.top() - size);
     }
 
     /// On further pages.

@@ -1,11 +1,12 @@
 #include "report/report_page.h"
 
 #include "manners/translation.h"
+#include "report/plan_marks.h"
 #include "report/report_style.h"
 
 #include <algorithm>
 #include <array>
-#include <map>
+#include <set>
 #include <sstream>
 #include <utility>
 
@@ -169,23 +170,27 @@ private:
         out << "</div></figure>\n";
     }
 
-    /// Marks on one place stand beside each other.
     void writeMarks(std::ostream& out) const {
-        std::map<std::pair<int, int>, int> taken;
-        for (const Json& finding : report_["findings"]) {
-            const Json& place = finding["place"];
-            if (!place.is_array())
-                continue;
-            constexpr double kNear = 60.0; // A mark is about a 60th of the width.
-            const int nth = taken[{static_cast<int>(place[0].get<double>() * kNear),
-                                   static_cast<int>(place[1].get<double>() * kNear)}]++;
+        const auto link = [this](const Json& finding) {
             const std::string number = finding["number"].dump();
-            out << "<a class=\"mark " << severityOf(finding) << "\" id=\"" << id_ << "m" << number
-                << "\" href=\"#" << id_ << "f" << number << "\" title=\""
-                << word(finding["problem"].get<std::string>())
-                << "\" style=\"left:" << shortNumber(100.0 * place[0].get<double>())
-                << "%;top:" << shortNumber(100.0 * place[1].get<double>()) << "%;--nth:" << nth << "\"><span>"
-                << number << "</span></a>\n";
+            return "<a id=\"" + id_ + "m" + number + "\" href=\"#" + id_ + "f" + number + "\" title=\"" +
+                   word(finding["problem"].get<std::string>()) + "\">" + number + "</a>";
+        };
+        for (const PlanMark& mark : planMarks(report_)) {
+            std::set<const Json*> named;
+            const auto linked = [&](const Json& finding) {
+                named.insert(&finding);
+                return link(finding);
+            };
+            const std::string text = mark.text(linked);
+            out << "<span class=\"mark " << (mark.isError() ? "error" : "warning")
+                << "\" style=\"left:" << shortNumber(100.0 * mark.x)
+                << "%;top:" << shortNumber(100.0 * mark.y) << "%\"><span>" << text << "</span>";
+            // Those that it does not name lead to it as well.
+            for (const Json* const finding : mark.findings)
+                if (!named.contains(finding))
+                    out << "<i id=\"" << id_ << "m" << (*finding)["number"] << "\"></i>";
+            out << "</span>\n";
         }
     }
 

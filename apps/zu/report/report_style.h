@@ -12,8 +12,8 @@ h1{font-size:1.5rem;margin:.5rem 0}h2{font-size:1.15rem;margin:2rem 0 .5rem}h3{f
 a{color:inherit}.faint{color:var(--faint);font-size:.875rem;margin:.25rem 0}.error{color:var(--error)}.warning{color:var(--warning)}
 article+article{border-top:2px solid var(--rule);margin-top:3rem;padding-top:1rem}
 figure{margin:1rem 0;border:1px solid var(--rule)}.sheet{position:relative}.sheet img{display:block;width:100%;height:auto}
-.mark{position:absolute;transform:translate(-50%,-50%) translate(calc(var(--nth)*1.6em),-1.3em);min-width:1.6em;padding:0 .3em;border-radius:1em;background:currentColor;font-size:.75rem;line-height:1.6;text-align:center;text-decoration:none}
-.mark span{color:var(--mark)}.mark:target,.mark:focus{outline:3px solid var(--ink);z-index:1}
+.mark{position:absolute;transform:translate(-50%,-50%) translate(0,-1.3em);min-width:1.6em;padding:0 .3em;border-radius:1em;background:currentColor;font-size:.75rem;line-height:1.6;text-align:center;white-space:nowrap}
+.mark>span{color:var(--mark)}.mark a{text-decoration:none}.mark:focus-within{outline:3px solid var(--ink);z-index:1}.mark:has(:target){outline:3px solid var(--ink);z-index:1}
 .findings{list-style:none;margin:0;padding:0}.findings li{border-top:1px solid var(--rule);padding:.4rem .25rem .4rem 3rem;position:relative;scroll-margin:1rem}
 .findings .number{position:absolute;left:.25rem;font-weight:600;min-width:2rem;text-align:right}.findings li:target{background:var(--tint)}
 .table{overflow-x:auto}table{border-collapse:collapse;width:100%;font-size:.9375rem}
