@@ -26,8 +26,10 @@ char lower(char c) {
 
 /// Names of applications are case-insensitive. Non-ASCII bytes can be parts of characters and must be equal.
 bool sameName(std::string_view a, std::string_view b) {
-    if (!isAscii(a) || !isAscii(b))
-        return a == b;
+    if (a == b)
+        return true;
+    if (a.size() != b.size() || !isAscii(a) || !isAscii(b))
+        return false;
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](char x, char y) { return lower(x) == lower(y); });
 }
@@ -236,15 +238,21 @@ std::optional<std::string_view> TagView::text(int code) const {
 
 void TagView::reals(std::span<const int> codes, std::span<double> values) const {
     std::uint32_t unseen = (1U << codes.size()) - 1;
+    std::size_t next = 0;
     for (Iterator it = begin(); unseen != 0 && it != end(); ++it) {
         if (dxf::valueType(it->code) != ValueType::real)
             continue;
-        for (std::size_t i = 0; i < codes.size(); ++i) {
-            const std::uint32_t bit = 1U << i;
-            if (it->code != codes[i] || (unseen & bit) == 0)
+        // Records usually are in the order of the codes.
+        for (std::size_t tried = 0; tried < codes.size(); ++tried) {
+            const std::size_t i = next + tried < codes.size() ? next + tried : next + tried - codes.size();
+            if (it->code != codes[i])
                 continue;
-            unseen &= ~bit;
-            values[i] = it->real().value_or(values[i]);
+            if (const std::uint32_t bit = 1U << i; (unseen & bit) != 0) {
+                unseen &= ~bit;
+                values[i] = it->real().value_or(values[i]);
+            }
+            next = i + 1 < codes.size() ? i + 1 : 0;
+            break;
         }
     }
 }

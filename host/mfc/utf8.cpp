@@ -70,9 +70,12 @@ char32_t nextCodePoint(std::wstring_view text, std::size_t& at) {
 }
 
 std::string toUtf8(std::wstring_view text) {
-    std::string bytes;
-    bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
+    std::string bytes(text.size(), '\0');
+    std::size_t at = 0;
+    for (; at < text.size() && static_cast<char32_t>(text[at]) < 0x80; ++at)
+        bytes[at] = static_cast<char>(text[at]);
+    bytes.resize(at);
+    while (at < text.size()) {
         const char32_t c = nextCodePoint(text, at);
         appendUtf8(bytes, isCharacter(c) ? c : kReplacement);
     }

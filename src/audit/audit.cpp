@@ -36,8 +36,7 @@ std::vector<AcDbObjectId> otherMembers(const std::vector<Group>& groups,
 
 void auditEmptyGroups(const std::vector<Group>& groups, zu::RouteAudit& audit) {
     for (const Group& group : groups) {
-        int size = -1;
-        if (RootComn_GetGroupSize(group.id, &size) == 0 && size == 0)
+        if (group.members.empty())
             audit.add(group.id, RouteFault::emptyGroup, L"the group has no members",
                       audit.isRepairing() && RootComn_DelGroup(group.id) == 0);
     }

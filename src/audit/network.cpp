@@ -7,6 +7,7 @@
 #include <afxstr.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace zu {
@@ -102,9 +103,18 @@ std::wstring handleText(AcDbObjectId id) {
 }
 
 std::wstring numberText(double value) {
-    CString text;
+    constexpr double kLargestPlain = 1e12; // Smaller ones have at most 15 digits.
     // Adding 0.0 turns a negative zero, which would be written "-0", into a positive one.
-    text.Format(L"%.15g", std::round(value * kSteps) / kSteps + 0.0);
+    const double rounded = std::round(value * kSteps) / kSteps + 0.0;
+    if (std::abs(rounded) < kLargestPlain) {
+        std::array<char, 32> digits{};
+        const auto end =
+            std::to_chars(digits.data(), digits.data() + digits.size(), rounded, std::chars_format::fixed)
+                .ptr;
+        return {digits.data(), end};
+    }
+    CString text;
+    text.Format(L"%.15g", rounded);
     return std::wstring(zu::view(text));
 }
 
