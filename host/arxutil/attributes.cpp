@@ -2,6 +2,7 @@
 
 #include <dbmain.h>
 #include <dbobjptr.h>
+#include <zuhost/extended_data.h>
 #include <zuhost/result_chain.h>
 
 #include <string>
@@ -120,11 +121,13 @@ int ApiComn_extractAttributesArray(const AcDbObject* object, const wchar_t* appl
     texts.RemoveAll();
     if (object == nullptr || application == nullptr)
         return -1;
-    const Chain data(object->xData(application));
-    for (const resbuf* item = data.get(); item != nullptr; item = item->rbnext)
-        if (item->restype == kText)
-            texts.Add(item->resval.rstring);
-    return data != nullptr ? 0 : -1;
+    const bool isThere =
+        zuhost::visitExtendedData(*object, application, [&texts](short type, std::wstring_view text) {
+            if (type == kText)
+                texts.Add(CString(text));
+            return true;
+        });
+    return isThere ? 0 : -1;
 }
 
 int ApiComn_extractAttributesArrayID(AcDbObjectId id, const wchar_t* application, CStringArray& texts) {

@@ -157,6 +157,10 @@ std::wstring Document::decode(std::string_view value) const {
     return state_->encoding.decode(value);
 }
 
+void Document::decode(std::string_view value, std::wstring& text) const {
+    state_->encoding.decode(value, text);
+}
+
 std::string Document::encode(std::wstring_view text) const {
     return state_->encoding.encode(text);
 }

@@ -123,11 +123,17 @@ DrawingText DrawingText::of(int version, std::string_view codePageName, bool& kn
 }
 
 std::wstring DrawingText::decode(std::string_view value) const {
+    std::wstring text;
+    decode(value, text);
+    return text;
+}
+
+void DrawingText::decode(std::string_view value, std::wstring& text) const {
+    text.resize(value.size());
+    text.resize(codec_.decode(value, text.data()));
     // Every encoding extends ASCII: without these bytes there is no such character.
-    const bool mayHaveEscapes =
-        std::any_of(value.begin(), value.end(), [](char c) { return c == '\\' || c == '^'; });
-    std::wstring text = codec_.decode(value);
-    return mayHaveEscapes ? dxf::withoutEscapes(text, decodePair) : text;
+    if (std::any_of(value.begin(), value.end(), [](char c) { return c == '\\' || c == '^'; }))
+        text = dxf::withoutEscapes(text, decodePair);
 }
 
 std::string DrawingText::withLineEnds(std::string_view value) const {

@@ -22,6 +22,7 @@ public:
     static DrawingText of(int version, std::string_view codePageName, bool& known);
 
     [[nodiscard]] std::wstring decode(std::string_view value) const;
+    void decode(std::string_view value, std::wstring& text) const;
 
     /// Returns the value with "^J" and "^M" replaced by LF and CR.
     [[nodiscard]] std::string withLineEnds(std::string_view value) const;

@@ -7,7 +7,6 @@
 #include <dbobjptr.h>
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <unordered_set>
 #include <utility>
@@ -27,11 +26,7 @@ std::vector<Placed> sortedByPlace(const std::vector<CountedElement>& elements) {
     for (std::size_t i = 0; i < elements.size(); ++i) {
         if (elements[i].code == zucomn::kNoElement || elements[i].definition.isNull())
             continue;
-        const AcDbObjectPointer<AcDbBlockReference> reference(elements[i].id);
-        if (reference.openStatus() == Acad::eOk)
-            placed.push_back(
-                {hashOf(elementPlace(*reference.object()), std::hash<AcDbObjectId>()(elements[i].definition)),
-                 i});
+        placed.push_back({elements[i].placeHash, i});
     }
     std::sort(placed.begin(), placed.end(), [](const Placed& a, const Placed& b) {
         return std::pair(a.hash, a.place) < std::pair(b.hash, b.place);
@@ -39,10 +34,17 @@ std::vector<Placed> sortedByPlace(const std::vector<CountedElement>& elements) {
     return placed;
 }
 
+ElementPlace placeOf(const AcDbBlockReference& reference) {
+    ReferenceFacts facts;
+    readFacts(reference, facts);
+    return elementPlace(facts);
+}
+
 bool isSamePlace(const CountedElement& a, const CountedElement& b) {
     const AcDbObjectPointer<AcDbBlockReference> first(a.id);
     const AcDbObjectPointer<AcDbBlockReference> second(b.id);
-    return a.definition == b.definition && elementPlace(*first.object()) == elementPlace(*second.object());
+    return a.definition == b.definition && first.openStatus() == Acad::eOk &&
+           second.openStatus() == Acad::eOk && placeOf(*first.object()) == placeOf(*second.object());
 }
 
 } // namespace

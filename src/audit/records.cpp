@@ -1,7 +1,10 @@
 #include "attributes/attribute_record.h"
-#include "attributes/result_chain.h"
+#include "extended_data.h"
 #include "findings.h"
 #include "frame/text_view.h"
+#include "reference_facts.h"
+#include "route/element_code.h"
+#include "route/element_place.h"
 #include "route/link_record.h"
 
 #include <arxutil.h>
@@ -11,7 +14,9 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace zu {
 
@@ -40,23 +45,40 @@ struct Record {
     }
 };
 
-Record readRecord(const resbuf* chain, const wchar_t* application) {
-    Record record;
-    bool isWanted = false;
-    for (const resbuf* item = chain; item != nullptr; item = item->rbnext) {
-        if (item->restype == kApplicationName) {
-            isWanted = _wcsicmp(item->resval.rstring, application) == 0;
-            record.count += isWanted ? 1 : 0;
-        } else if (isWanted && record.count == 1) {
-            if (item->restype == kText)
-                record.texts.Add(item->resval.rstring);
-            else
-                record.hasOtherValues = true;
-        } else if (isWanted) {
-            record.hasLaterValues |= item->restype != kText || *item->resval.rstring != L'\0';
+struct Records {
+    Record attributes;
+    Record link;
+};
+
+void addValue(short type, std::wstring_view text, Record& record) {
+    if (record.count > 1)
+        record.hasLaterValues |= type != kText || !text.empty();
+    else if (type == kText)
+        record.texts.Add(CString(text));
+    else
+        record.hasOtherValues = true;
+}
+
+bool isSameName(std::wstring_view text, std::wstring_view name) {
+    return text.size() == name.size() && startsWithNoCase(text, name);
+}
+
+Records readRecords(const AcDbObject& entity) {
+    Records records;
+    Record* current = nullptr;
+    visitExtendedData(entity, nullptr, [&](short type, std::wstring_view text) {
+        if (type == kApplicationName) {
+            current = isSameName(text, kAttributeApplication) ? &records.attributes
+                      : isSameName(text, kLinkApplication)    ? &records.link
+                                                              : nullptr;
+            if (current != nullptr)
+                ++current->count;
+        } else if (current != nullptr) {
+            addValue(type, text, *current);
         }
-    }
-    return record;
+        return true;
+    });
+    return records;
 }
 
 /// The fields of a text, each terminated by a bar, and the rest after the last bar.
@@ -118,8 +140,8 @@ bool isCount(const CString& field) {
 /// findings.
 class RecordAudit {
 public:
-    RecordAudit(AcDbObjectId entity, const wchar_t* application, const resbuf* chain)
-        : entity_(entity), application_(application), record_(readRecord(chain, application)) {}
+    RecordAudit(AcDbObjectId entity, const wchar_t* application, Record record)
+        : entity_(entity), application_(application), record_(std::move(record)) {}
 
     [[nodiscard]] bool isThere() const { return record_.count > 0; }
     [[nodiscard]] const CStringArray& texts() const { return record_.texts; }
@@ -249,7 +271,10 @@ void auditLink(RecordAudit& record, RouteAudit& audit) {
 CountedElement elementOf(const AcDbBlockReference& reference, const RecordAudit& attributes,
                          const RecordAudit& link, ElementBlocks& blocks,
                          const zucomn::QuantityAttributes& ids) {
-    CountedElement element = countedFrom(reference, blocks, attributes.texts(), ids);
+    ReferenceFacts facts;
+    readFacts(reference, facts);
+    CountedElement element = countedFrom(reference, facts, blocks, attributes.texts(), ids);
+    element.placeHash = hashOf(elementPlace(facts), std::hash<AcDbObjectId>()(element.definition));
     element.kind = link.texts().IsEmpty() ? -1 : linkKind(zu::view(link.texts()[0]));
     return element;
 }
@@ -264,9 +289,9 @@ std::vector<CountedElement> auditRecords(const std::vector<AcDbObjectId>& entiti
         AcDbObjectPointer<AcDbObject> object(entity);
         if (object.openStatus() != Acad::eOk)
             continue;
-        const ResultChain chain(object->xData());
-        RecordAudit attributes(entity, kAttributeApplication, chain.get());
-        RecordAudit link(entity, kLinkApplication, chain.get());
+        Records records = readRecords(*object.object());
+        RecordAudit attributes(entity, kAttributeApplication, std::move(records.attributes));
+        RecordAudit link(entity, kLinkApplication, std::move(records.link));
         if (const auto* const reference = AcDbBlockReference::cast(object.object()))
             elements.push_back(elementOf(*reference, attributes, link, blocks, ids));
         object.close(); // repairs open it for write

@@ -35,10 +35,12 @@ bool readReference(AcDbObjectId id, ElementState& state) {
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
     if (reference.openStatus() != Acad::eOk)
         return false;
-    state.block = zu::view(CString(zu::blockName(*reference).c_str()).MakeLower());
+    ReferenceFacts facts;
+    readFacts(*reference.object(), facts);
+    state.block = zu::view(CString(facts.block.c_str()).MakeLower());
     state.layer = zu::layerName(*reference);
-    state.position = reference->position();
-    state.place = elementPlace(*reference.object());
+    state.position = facts.position;
+    state.place = elementPlace(facts);
     return true;
 }
 

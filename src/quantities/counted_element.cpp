@@ -1,7 +1,6 @@
 #include "counted_element.h"
 
 #include "attributes/attribute_record.h"
-#include "entity_names.h"
 #include "frame/plain_number.h"
 #include "route/link_record.h"
 
@@ -35,18 +34,19 @@ bool CountedElement::isFitting() const {
     return code != zucomn::kEquipment && code != zucomn::kNoElement && !isLine();
 }
 
-CountedElement countedFrom(const AcDbBlockReference& reference, ElementBlocks& blocks,
-                           const CStringArray& record, const zucomn::QuantityAttributes& attributes) {
+CountedElement countedFrom(const AcDbBlockReference& reference, const ReferenceFacts& facts,
+                           ElementBlocks& blocks, const CStringArray& record,
+                           const zucomn::QuantityAttributes& attributes) {
     CountedElement element;
     element.id = reference.objectId();
-    element.block = blockName(reference);
+    element.block = facts.block;
     const ElementBlock& block = blocks.of(reference, element.block);
     element.definition = block.id;
     element.code = block.code;
     element.size = firstValue(record, attributes.size);
     element.use = firstValue(record, attributes.use);
     element.heights = heightsOf(record, element.block, attributes.height);
-    (void)placePoints(block, reference, element.points);
+    (void)placePoints(block, facts.transform, element.points);
     return element;
 }
 
@@ -57,7 +57,9 @@ std::optional<CountedElement> readCounted(AcDbObjectId id, ElementBlocks& blocks
         return std::nullopt;
     CStringArray record;
     ApiComn_extractAttributesArray(reference.object(), kAttributeApplication, record);
-    CountedElement element = countedFrom(*reference.object(), blocks, record, attributes);
+    ReferenceFacts facts;
+    readFacts(*reference.object(), facts);
+    CountedElement element = countedFrom(*reference.object(), facts, blocks, record, attributes);
     element.kind = linkKindOf(*reference.object());
     return element;
 }

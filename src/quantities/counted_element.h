@@ -1,5 +1,6 @@
 #pragma once
 
+#include "reference_facts.h"
 #include "route/element_blocks.h"
 #include "route/element_heights.h"
 
@@ -23,6 +24,7 @@ struct CountedElement {
     std::wstring use;
     std::optional<HeightRange> heights; ///< Only where the attribute is a number.
     Points points;                      ///< Its connection points, in plan.
+    std::size_t placeHash = 0;          ///< Of its definition and place, for audits.
 
     [[nodiscard]] bool isLine() const { return code == kRouteLine || code == kMainRouteLine; }
     [[nodiscard]] bool isFitting() const;
@@ -31,9 +33,9 @@ struct CountedElement {
     static constexpr int kMainRouteLine = 2;
 };
 
-/// Returns the element with all but its kind, which is that of its link record.
-[[nodiscard]] CountedElement countedFrom(const AcDbBlockReference& reference, ElementBlocks& blocks,
-                                         const CStringArray& record,
+/// Returns the element with these facts, with all but its kind, which is that of its link record.
+[[nodiscard]] CountedElement countedFrom(const AcDbBlockReference& reference, const ReferenceFacts& facts,
+                                         ElementBlocks& blocks, const CStringArray& record,
                                          const zucomn::QuantityAttributes& attributes);
 
 /// Returns nullopt when the object is no block reference or cannot be opened.

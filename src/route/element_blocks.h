@@ -19,16 +19,14 @@ struct ElementBlock {
 class ElementBlocks {
 public:
     /// The block that the reference names; valid as long as this object.
-    const ElementBlock& of(const AcDbBlockReference& reference);
-    /// The same, for a caller that has already read the reference's block name.
     const ElementBlock& of(const AcDbBlockReference& reference, const std::wstring& name);
 
 private:
     std::unordered_map<std::wstring, ElementBlock> blocks_; ///< By the name in the references.
 };
 
-/// Reads the connection points of a reference to the block; on failure there are none. Returns eOk or why
-/// they can't be read.
-Acad::ErrorStatus placePoints(const ElementBlock& block, const AcDbBlockReference& reference, Points& points);
+/// Sets the connection points of a reference to the block with that transform; on failure there are none.
+/// Returns eOk or why they can't be read.
+Acad::ErrorStatus placePoints(const ElementBlock& block, const AcGeMatrix3d& transform, Points& points);
 
 } // namespace zu

@@ -1,7 +1,5 @@
 #include "element_place.h"
 
-#include <dbents.h>
-
 #include <cmath>
 #include <cstdint>
 #include <functional>
@@ -35,13 +33,13 @@ std::size_t mixed(std::size_t hash, double value) {
 
 } // namespace
 
-ElementPlace elementPlace(const AcDbBlockReference& reference) {
-    const AcGePoint3d position = reference.position();
-    const AcGeScale3d scale = reference.scaleFactors();
-    const AcGeVector3d normal = reference.normal();
-    return {{rounded(position.x), rounded(position.y), rounded(position.z)},
+ElementPlace elementPlace(const ReferenceFacts& facts) {
+    const auto& [x, y, z] = facts.position;
+    const AcGeScale3d& scale = facts.scale;
+    const AcGeVector3d& normal = facts.normal;
+    return {{rounded(x), rounded(y), rounded(z)},
             {rounded(scale.sx), rounded(scale.sy), rounded(scale.sz)},
-            degrees(reference.rotation()),
+            degrees(facts.rotation),
             {rounded(normal.x), rounded(normal.y), rounded(normal.z)}};
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <array>
+#include "reference_facts.h"
 
-class AcDbBlockReference;
+#include <array>
 
 namespace zu {
 
@@ -17,7 +17,7 @@ struct ElementPlace {
     bool operator==(const ElementPlace&) const = default;
 };
 
-[[nodiscard]] ElementPlace elementPlace(const AcDbBlockReference& reference);
+[[nodiscard]] ElementPlace elementPlace(const ReferenceFacts& facts);
 
 /// Returns a hash of the place, to be used with that of the block.
 [[nodiscard]] std::size_t hashOf(const ElementPlace& place, std::size_t blockHash);

@@ -6,6 +6,7 @@
 #include "element_blocks.h"
 #include "entity_names.h"
 #include "link_record.h"
+#include "reference_facts.h"
 
 #include <dbents.h>
 #include <dbmain.h>
@@ -27,15 +28,16 @@ public:
         if (reference.openStatus() != Acad::eOk)
             return false;
         element.id = id;
-        element.block = zu::blockName(*reference);
+        zu::readFacts(*reference.object(), facts_);
+        element.block = facts_.block;
         element.layer = zu::layerName(*reference);
         element.isOnLocked = isLocked(element.layer, *reference.object());
         element.isVisible = reference->isVisible();
-        element.origin = reference->position();
+        element.origin = facts_.position;
         element.linkKind = zu::linkKindOf(*reference.object());
         const zu::ElementBlock& block = blocks_.of(*reference.object(), element.block);
         element.code = block.code;
-        (void)zu::placePoints(block, *reference.object(), element.connectionPoints);
+        (void)zu::placePoints(block, facts_.transform, element.connectionPoints);
         element.groups.clear();
         if (const auto groups = zu::reactorGroups(*reference.object()))
             element.groups.assign(groups->ids.begin(), groups->ids.end());
@@ -50,6 +52,7 @@ private:
         return entry->second;
     }
 
+    zu::ReferenceFacts facts_;
     zu::ElementBlocks blocks_;
     zu::LayerLocks locks_;
     std::unordered_map<std::wstring, bool> isLocked_; ///< By layer.

@@ -2,6 +2,7 @@
 
 #include "element_blocks.h"
 #include "point_grid.h"
+#include "reference_facts.h"
 
 #include <dbents.h>
 #include <dbobjptr.h>
@@ -69,12 +70,14 @@ private:
 std::vector<ConnectionPoint> connectionPoints(std::span<const AcDbObjectId> elements) {
     zu::ElementBlocks blocks;
     std::vector<ConnectionPoint> points;
+    zu::ReferenceFacts facts;
     zu::Points own;
     for (const AcDbObjectId element : elements) {
         const AcDbObjectPointer<AcDbBlockReference> reference(element);
         if (reference.openStatus() != Acad::eOk)
             continue;
-        (void)zu::placePoints(blocks.of(*reference.object()), *reference.object(), own);
+        zu::readFacts(*reference.object(), facts);
+        (void)zu::placePoints(blocks.of(*reference.object(), facts.block), facts.transform, own);
         int number = 0;
         for (const AcGePoint3d& point : own)
             points.push_back({element, number++, {point.x, point.y}});

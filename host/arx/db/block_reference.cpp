@@ -2,7 +2,9 @@
 
 #include "angles.h"
 #include "database_core.h"
+#include "object_access.h"
 #include "record_name.h"
+#include "zuhost/reference_facts.h"
 
 #include <array>
 
@@ -12,6 +14,22 @@ namespace {
 
 constexpr std::string_view kMarker = "AcDbBlockReference";
 constexpr std::string_view kRepeatedMarker = "AcDbMInsertBlock";
+
+template <typename Place>
+AcGeMatrix3d transformOf(const Place& place) {
+    const AcGeScale3d& scale = place.scale;
+    const double c = std::cos(place.rotation);
+    const double s = std::sin(place.rotation);
+    AcGeMatrix3d transform;
+    transform.setCoordSystem(AcGePoint3d::kOrigin, {c * scale.sx, s * scale.sx, 0.0},
+                             {-s * scale.sy, c * scale.sy, 0.0}, {0.0, 0.0, scale.sz});
+    if (place.normal != AcGeVector3d::kZAxis)
+        transform.preMultBy(AcGeMatrix3d::planeToWorld(place.normal));
+    transform.entry[0][3] = place.position.x;
+    transform.entry[1][3] = place.position.y;
+    transform.entry[2][3] = place.position.z;
+    return transform;
+}
 
 } // namespace
 
@@ -51,12 +69,28 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
     return status == Acad::eOk ? setTextTag(marker(), 2, name) : status;
 }
 
-AcDbBlockReference::Placement AcDbBlockReference::placement() const {
+template <typename Place>
+void zuhost::ObjectAccess::readPlace(const TagView& own, Place& place) {
     std::array<double, 10> values{0, 0, 0, 1, 1, 1, 0, 0, 0, 1};
-    ownSection().reals(std::array{10, 20, 30, 41, 42, 43, 50, 210, 220, 230}, values);
+    own.reals(std::array{10, 20, 30, 41, 42, 43, 50, 210, 220, 230}, values);
     const auto& [x, y, z, sx, sy, sz, degrees, nx, ny, nz] = values;
-    const AcGeVector3d normal = unitNormal({nx, ny, nz});
-    return {inWorld({x, y, z}, normal), {sx, sy, sz}, zuhost::toRadians(degrees), normal};
+    place.normal = AcDbBlockReference::unitNormal({nx, ny, nz});
+    place.position = AcDbBlockReference::inWorld({x, y, z}, place.normal);
+    place.scale = {sx, sy, sz};
+    place.rotation = toRadians(degrees);
+}
+
+AcDbBlockReference::Placement AcDbBlockReference::placement() const {
+    Placement place;
+    zuhost::ObjectAccess::readPlace(ownSection(), place);
+    return place;
+}
+
+void zuhost::readFacts(const AcDbBlockReference& reference, ReferenceFacts& facts) {
+    const TagView own = ObjectAccess::records(reference);
+    facts.block = ObjectAccess::decoded(reference, own.text(2).value_or(""));
+    ObjectAccess::readPlace(own, facts);
+    facts.transform = transformOf(facts);
 }
 
 AcGePoint3d AcDbBlockReference::position() const {
@@ -90,16 +124,5 @@ Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
 }
 
 AcGeMatrix3d AcDbBlockReference::blockTransform() const {
-    const Placement p = placement();
-    const double c = std::cos(p.rotation);
-    const double s = std::sin(p.rotation);
-    AcGeMatrix3d transform;
-    transform.setCoordSystem(AcGePoint3d::kOrigin, {c * p.scale.sx, s * p.scale.sx, 0.0},
-                             {-s * p.scale.sy, c * p.scale.sy, 0.0}, {0.0, 0.0, p.scale.sz});
-    if (p.normal != AcGeVector3d::kZAxis)
-        transform.preMultBy(AcGeMatrix3d::planeToWorld(p.normal));
-    transform.entry[0][3] = p.position.x;
-    transform.entry[1][3] = p.position.y;
-    transform.entry[2][3] = p.position.z;
-    return transform;
+    return transformOf(placement());
 }

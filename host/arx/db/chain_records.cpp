@@ -67,6 +67,13 @@ std::wstring decodeText(const DatabaseCore* core, std::string_view value) {
     return core != nullptr ? core->document->decode(value) : fromUtf8(value);
 }
 
+void decodeText(const DatabaseCore* core, std::string_view value, std::wstring& text) {
+    if (core != nullptr)
+        core->document->decode(value, text);
+    else
+        text = fromUtf8(value);
+}
+
 ChainWriter::~ChainWriter() {
     acutRelRb(first_);
 }

@@ -45,6 +45,7 @@ void addRecords(TagList& tags, const resbuf& item, const DatabaseCore* core, std
 
 /// Converts a text of records, which is in UTF-8 without a core.
 [[nodiscard]] std::wstring decodeText(const DatabaseCore* core, std::string_view value);
+void decodeText(const DatabaseCore* core, std::string_view value, std::wstring& text);
 
 /// Returns false for a chunk of a size that no record holds.
 [[nodiscard]] bool isStorable(const resbuf& item);

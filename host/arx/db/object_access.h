@@ -12,8 +12,15 @@ namespace zuhost {
 struct ObjectAccess {
     static std::wstring layer(const AcDbEntity& entity) { return entity.layerText(); }
     static std::wstring block(const AcDbBlockReference& reference) { return reference.nameOfBlock(); }
+    static TagView records(const AcDbBlockReference& reference) { return reference.ownSection(); }
+    /// Sets position, scale, rotation and normal to those in the records of a reference.
+    template <typename Place>
+    static void readPlace(const TagView& own, Place& place);
     static std::wstring name(const AcDbSymbolTableRecord& record) { return record.nameText(); }
     static std::wstring name(const AcDbGroup& group) { return group.nameInDictionary(); }
+    static std::string encoded(const AcDbObject& object, std::wstring_view text) {
+        return object.encoded(text);
+    }
     static std::wstring decoded(const AcDbObject& object, std::string_view value) {
         return object.decoded(value);
     }

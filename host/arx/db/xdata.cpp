@@ -5,6 +5,8 @@
 #include "dbapserv.h"
 #include "dbsymtb.h"
 #include "dxf_records/value_type.h"
+#include "object_access.h"
+#include "zuhost/extended_data.h"
 #include "zuhost/result_kind.h"
 
 #include <zuhost/text_codec.h>
@@ -142,30 +144,61 @@ void replace(TagList& tags, TagList replacement, const zuhost::DatabaseCore* cor
     tags.insert(place, std::move(replacement));
 }
 
-} // namespace
+/// Returns the records of the application; with null, of all.
+TagView valuesOf(const AcDbObject& object, const ACHAR* application) {
+    if (application == nullptr)
+        return object.tags().extendedData();
+    const TagView values = object.tags().extendedData(zuhost::ObjectAccess::encoded(object, application));
+    const AcDbDatabase* const database = object.database();
+    if (database == nullptr || !values.empty() || object.tags().extendedData().empty())
+        return values;
+    const auto name = registeredName(zuhost::coreOf(*database), application);
+    return name ? object.tags().extendedData(*name) : values;
+}
 
-resbuf* AcDbObject::xData(const ACHAR* application) const {
-    TagView values = tags().extendedData();
-    if (values.empty())
-        return nullptr;
-    if (application != nullptr) {
-        values = tags().extendedData(encoded(application));
-        if (const auto name =
-                values.empty() && core() != nullptr ? registeredName(*core(), application) : std::nullopt)
-            values = tags().extendedData(*name);
-    }
-    zuhost::ChainWriter chain(core());
-    // Skips other group codes, which only damaged drawings have: a chain can't hold their values. One that is
-    // not valid in extended data ends the values of its application, as when one application is asked for.
+/// Calls `visit`, which moves past the value, with each value that a chain can hold until it returns false.
+/// Skips other group codes, which only damaged drawings have. One that is not valid in extended data ends the
+/// values of its application, as when one application is asked for.
+template <typename Visit>
+void visitValues(const TagView& values, Visit visit) {
     bool isEnded = false;
     for (auto at = values.begin(); at != values.end();) {
         isEnded = at->code != kApplication && (isEnded || at->code < kComment);
-        if (isValueCode(at->code) && !isEnded)
-            chain.add(at);
-        else
+        if (!isValueCode(at->code) || isEnded)
             ++at;
+        else if (!visit(at))
+            return;
     }
+}
+
+} // namespace
+
+resbuf* AcDbObject::xData(const ACHAR* application) const {
+    zuhost::ChainWriter chain(core());
+    visitValues(valuesOf(*this, application), [&chain](TagView::Iterator& at) {
+        chain.add(at);
+        return true;
+    });
     return chain.release();
+}
+
+bool zuhost::visitExtendedData(const AcDbObject& object, const ACHAR* application,
+                               const ExtendedValueVisitor& visit) {
+    const AcDbDatabase* const database = object.database();
+    const DatabaseCore* const core = database != nullptr ? &coreOf(*database) : nullptr;
+    bool isFound = false;
+    std::wstring text;
+    visitValues(valuesOf(object, application), [&](TagView::Iterator& at) {
+        isFound = true;
+        text.clear();
+        if (resultKind(at->code) == ResultKind::text)
+            decodeText(core, at->text, text);
+        // Chains end texts at a zero, too.
+        const bool goesOn = visit(static_cast<short>(at->code), text.c_str());
+        ++at;
+        return goesOn;
+    });
+    return isFound;
 }
 
 Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {

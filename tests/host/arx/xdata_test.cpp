@@ -3,6 +3,7 @@
 #include <zuhost/drawing_files.h>
 #include <zuhost/members.h>
 
+#include <zuhost/extended_data.h>
 #include <zuhost/result_chain.h>
 #include <zuhost/result_kind.h>
 
@@ -129,6 +130,43 @@ TEST_F(ExtendedData, LowerCaseChunksAreReadAndForeignCodesEndTheData) {
     EXPECT_EQ(bytesOf(*get(*again, kShelf, L"ZU_ATTR")->rbnext), kBytes);
     const Chain all = get(*again, kShelf, nullptr);
     EXPECT_EQ(all->rbnext->rbnext, nullptr);
+}
+
+TEST_F(ExtendedData, VisitsTheValuesOfChains) {
+    using Values = std::vector<std::pair<short, std::wstring>>;
+    ASSERT_EQ(set(kShelf, ChainBuilder().application(L"ZU_ATTR").text(1000, L"表示").bytes(kBytes)),
+              Acad::eOk);
+    const std::string bytes = zuhost::dxfOutBytes(*drawing, false);
+    const std::string value = "1AF09B\n";
+    const std::size_t at = bytes.find(value);
+    ASSERT_NE(at, std::string::npos);
+    for (const std::string records : {
+             "1070\n7\n1005\n10C\n1040\n0.5\n1001\nZU_LINK\n1000\n2|\n",
+             "1000\n\n1001\nZU_LINK\n1000\n2|\n1001\nzu_attr\n1000\nrepeated\n",
+             "310\nFF\n1000\nafter a foreign code\n1001\nZU_LINK\n1000\n2|\n",
+             "1010\n1.0\n1020\n2.0\n1000\nafter a plane point\n1020\n5.0\n1010\n1.0\n1010\n2.0\n1002\n}\n",
+             "1000\n\\U+33A5^Jz^ \\U+0000beyond the end\n1003\n\\M+18372\n",
+             "1006\nunknown\n1072\n3\n1001\nOTHER\n1000\nnot registered\n",
+         }) {
+        const auto again = readBytes(std::string(bytes).insert(at + value.size(), records));
+        for (const wchar_t* const application : {L"", L"ZU_ATTR", L"zu_Link", L"OTHER", L"none"}) {
+            const ACHAR* const name = *application != L'\0' ? application : nullptr;
+            Values listed;
+            const Chain chain = get(*again, kShelf, name);
+            for (const resbuf* item = chain.get(); item != nullptr; item = item->rbnext) {
+                const bool isText = zuhost::resultKind(item->restype) == zuhost::ResultKind::text;
+                listed.emplace_back(item->restype, isText ? item->resval.rstring : L"");
+            }
+            Values visited;
+            const AcDbObjectPointer<AcDbObject> object(idIn(*again, kShelf));
+            const auto add = [&visited](short type, std::wstring_view text) {
+                visited.emplace_back(type, text);
+                return true;
+            };
+            EXPECT_EQ(zuhost::visitExtendedData(*object.object(), name, add), chain != nullptr);
+            EXPECT_EQ(visited, listed) << records;
+        }
+    }
 }
 
 TEST_F(ExtendedData, ApplicationsAreReplacedOneByOne) {

@@ -83,6 +83,8 @@ public:
     /// Encoding never fails: characters outside the encoding are written as "\U+XXXX", line ends and other
     /// control characters in caret notation ("^J").
     [[nodiscard]] std::wstring decode(std::string_view value) const;
+    /// Replaces the text, of which the memory is reused.
+    void decode(std::string_view value, std::wstring& text) const;
     [[nodiscard]] std::string encode(std::wstring_view text) const;
 
     /// Returns the faults that the drawing was opened with, in file order and limited in number.
