@@ -1,4 +1,5 @@
 #include "network.h"
+#include "problem_text.h"
 
 namespace zu {
 
@@ -6,16 +7,18 @@ namespace {
 
 using zucomn::RouteFault;
 
-std::wstring pointText(const NetworkPoint& point) {
-    return L"connection point " + std::to_wstring(point.number) + L" at " + placeText(point.position);
+ProblemText startOf(const NetworkPoint& point) {
+    ProblemText text;
+    text << L"connection point " << point.number << L" at " << point.position;
+    return text;
 }
 
 void reportCrowd(const Network& network, const NetworkPoint& point, RouteAudit& audit) {
     std::vector<AcDbObjectId> joined = network.joinedTo(point);
-    audit.add({network.elementOf(point), RouteFault::crowdedJoint,
-               pointText(point) + L" joins several elements: " + handleText(joined[0]) + L", " +
-                   handleText(joined[1]),
-               false, std::move(joined), point.position});
+    ProblemText text = startOf(point);
+    text << L" joins several elements: " << joined[0] << L", " << joined[1];
+    audit.add({network.elementOf(point), RouteFault::crowdedJoint, text.take(), false, std::move(joined),
+               point.position});
 }
 
 void reportGap(const Network& network, std::size_t i, RouteAudit& audit) {
@@ -25,10 +28,17 @@ void reportGap(const Network& network, std::size_t i, RouteAudit& audit) {
     if (other.gap && other.gap->point == i && point.gap->point < i)
         return;
     const AcDbObjectId element = network.elementOf(other);
-    audit.add({network.elementOf(point), RouteFault::gap,
-               pointText(point) + L" joins nothing: " + numberText(point.gap->distance) + L" from " +
-                   handleText(element) + L"'s point " + std::to_wstring(other.number),
-               false, std::vector{element}, point.position});
+    ProblemText text = startOf(point);
+    text << L" joins nothing: " << Rounded{point.gap->distance} << L" from " << element << L"'s point "
+         << other.number;
+    audit.add({network.elementOf(point), RouteFault::gap, text.take(), false, std::vector{element},
+               point.position});
+}
+
+void reportOpenEnd(const Network& network, const NetworkPoint& point, RouteAudit& audit) {
+    ProblemText text = startOf(point);
+    text << L" joins nothing";
+    audit.add({network.elementOf(point), RouteFault::openEnd, text.take(), false, {}, point.position});
 }
 
 } // namespace
@@ -41,12 +51,7 @@ void auditConnectionPoints(const Network& network, RouteAudit& audit) {
         else if (point.gap)
             reportGap(network, i, audit);
         else if (point.joinedCount == 0)
-            audit.add({network.elementOf(point),
-                       RouteFault::openEnd,
-                       pointText(point) + L" joins nothing",
-                       false,
-                       {},
-                       point.position});
+            reportOpenEnd(network, point, audit);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "network.h"
+#include "problem_text.h"
 #include "route/element_place.h"
 
 #include <zucomn/model/elements.h>
@@ -62,9 +63,10 @@ void auditDuplicates(std::vector<CountedElement>& elements, RouteAudit& audit) {
     for (const auto& [place, original] : duplicates) {
         repeating.insert(elements[place].id);
         const AcDbObjectId repeated = elements[original].id;
-        audit.add({elements[place].id, zucomn::RouteFault::duplicate,
-                   L"stands exactly where " + handleText(repeated) + L" of the same block stands", false,
-                   std::vector{repeated}, std::nullopt});
+        audit.add(
+            {elements[place].id, zucomn::RouteFault::duplicate,
+             (ProblemText() << L"stands exactly where " << repeated << L" of the same block stands").take(),
+             false, std::vector{repeated}, std::nullopt});
     }
     std::erase_if(elements, [&](const CountedElement& element) { return repeating.contains(element.id); });
 }

@@ -1,4 +1,5 @@
 #include "network.h"
+#include "problem_text.h"
 #include "route/route_kinds.h"
 
 #include <zucomn/model/elements.h>
@@ -33,29 +34,31 @@ struct AuditedJoint {
     const CountedElement& second;
     const NetworkPoint& point;
 
-    void report(RouteFault fault, const std::wstring& own, const std::wstring& other,
-                RouteAudit& audit) const {
-        audit.add({first.id, fault,
-                   own + L", and " + handleText(second.id) + L", joined at " + placeText(point.position) +
-                       L", " + other,
-                   false, std::vector{second.id}, point.position});
+    /// `describe` appends what is wrong with one of the elements.
+    template <typename Describe>
+    void report(RouteFault fault, RouteAudit& audit, Describe describe) const {
+        ProblemText text;
+        describe(text, first);
+        text << L", and " << second.id << L", joined at " << point.position << L", ";
+        describe(text, second);
+        audit.add({first.id, fault, text.take(), false, std::vector{second.id}, point.position});
     }
 };
 
 void auditKinds(const AuditedJoint& joint, RouteAudit& audit) {
-    const auto text = [](const CountedElement& element) {
-        return L"has link kind " + std::to_wstring(element.kind);
-    };
     if (isRouteKind(joint.first.kind) && isRouteKind(joint.second.kind) &&
         joint.first.kind != joint.second.kind && !isEquipment(joint.first) && !isEquipment(joint.second))
-        joint.report(RouteFault::kindMismatch, text(joint.first), text(joint.second), audit);
+        joint.report(RouteFault::kindMismatch, audit, [](ProblemText& text, const CountedElement& element) {
+            text << L"has link kind " << element.kind;
+        });
 }
 
 void auditSizes(const AuditedJoint& joint, RouteAudit& audit) {
-    const auto text = [](const CountedElement& element) { return L"has size \"" + element.size + L'"'; };
     if (isAmong(kOneSize, joint.first.code) && isAmong(kOneSize, joint.second.code) &&
         !joint.first.size.empty() && !joint.second.size.empty() && joint.first.size != joint.second.size)
-        joint.report(RouteFault::sizeMismatch, text(joint.first), text(joint.second), audit);
+        joint.report(RouteFault::sizeMismatch, audit, [](ProblemText& text, const CountedElement& element) {
+            text << L"has size \"" << element.size << L"\"";
+        });
 }
 
 void auditHeights(const AuditedJoint& joint, RouteAudit& audit) {
@@ -68,11 +71,12 @@ void auditHeights(const AuditedJoint& joint, RouteAudit& audit) {
     const auto [otherLow, otherHigh] = std::minmax(joint.second.heights->low, joint.second.heights->high);
     if (std::max(low, otherLow) - std::min(high, otherHigh) <= zucomn::kHeightTolerance)
         return;
-    const auto text = [](double least, double greatest) {
-        return L"lies at height " + numberText(least) +
-               (least == greatest ? std::wstring() : L" to " + numberText(greatest));
-    };
-    joint.report(RouteFault::heightMismatch, text(low, high), text(otherLow, otherHigh), audit);
+    joint.report(RouteFault::heightMismatch, audit, [](ProblemText& text, const CountedElement& element) {
+        const auto [least, greatest] = std::minmax(element.heights->low, element.heights->high);
+        text << L"lies at height " << Rounded{least};
+        if (least != greatest)
+            text << L" to " << Rounded{greatest};
+    });
 }
 
 } // namespace

@@ -1,20 +1,14 @@
 #include "network.h"
 
-#include "frame/text_view.h"
 #include "route/connection_points.h"
 #include "route/point_grid.h"
 
-#include <afxstr.h>
-
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
 namespace zu {
 
 namespace {
 
-constexpr double kSteps = 1000.0; ///< In one drawing unit.
 /// More elements around one point, and more points of one element, are damage; the others are not searched
 /// for gaps.
 constexpr std::size_t kMostSearched = 64;
@@ -94,32 +88,6 @@ std::optional<NearPoint> Network::nearest(const NetworkPoint& point, std::size_t
             found = {i, distance};
     }
     return found;
-}
-
-std::wstring handleText(AcDbObjectId id) {
-    ACHAR buffer[17];
-    id.handle().getIntoAsciiBuffer(buffer);
-    return buffer;
-}
-
-std::wstring numberText(double value) {
-    constexpr double kLargestPlain = 1e12; // Smaller ones have at most 15 digits.
-    // Adding 0.0 turns a negative zero, which would be written "-0", into a positive one.
-    const double rounded = std::round(value * kSteps) / kSteps + 0.0;
-    if (std::abs(rounded) < kLargestPlain) {
-        std::array<char, 32> digits{};
-        const auto end =
-            std::to_chars(digits.data(), digits.data() + digits.size(), rounded, std::chars_format::fixed)
-                .ptr;
-        return {digits.data(), end};
-    }
-    CString text;
-    text.Format(L"%.15g", rounded);
-    return std::wstring(zu::view(text));
-}
-
-std::wstring placeText(const AcGePoint3d& point) {
-    return numberText(point.x) + L", " + numberText(point.y);
 }
 
 } // namespace zu

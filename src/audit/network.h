@@ -69,9 +69,4 @@ void auditJoints(const Network& network, RouteAudit& audit);
 /// Route groups that fall into parts.
 void auditReach(const std::vector<zucomn::Group>& groups, const Network& network, RouteAudit& audit);
 
-// Parts of the problems' texts.
-[[nodiscard]] std::wstring handleText(AcDbObjectId id);
-[[nodiscard]] std::wstring numberText(double value); ///< Rounded to 0.001.
-[[nodiscard]] std::wstring placeText(const AcGePoint3d& point);
-
 } // namespace zu

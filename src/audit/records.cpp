@@ -284,6 +284,7 @@ CountedElement elementOf(const AcDbBlockReference& reference, const RecordAudit&
 std::vector<CountedElement> auditRecords(const std::vector<AcDbObjectId>& entities, RouteAudit& audit) {
     const zucomn::QuantityAttributes ids = zucomn::quantityAttributes();
     std::vector<CountedElement> elements;
+    elements.reserve(entities.size());
     ElementBlocks blocks;
     for (const AcDbObjectId entity : entities) {
         AcDbObjectPointer<AcDbObject> object(entity);

@@ -1,7 +1,7 @@
 #include "group_lookup.h"
 
+#include "reactor_ids.h"
 #include "route/link_record.h"
-#include "route/small_set.h"
 
 #include <zucomn/dbservices.h>
 #include <zucomn/strings.h>
@@ -44,14 +44,13 @@ std::optional<zu::ReactorGroups> zu::reactorGroups(AcDbObjectId element) {
 }
 
 std::optional<zu::ReactorGroups> zu::reactorGroups(const AcDbObject& element) {
-    const AcDbVoidPtrArray* const reactors = element.reactors();
-    if (reactors == nullptr)
+    if (element.database() == nullptr)
         return std::nullopt;
     ReactorGroups groups;
-    SmallSet<AcDbObjectId> seen;
-    for (const void* const reactor : *reactors) {
-        const AcDbObjectId id = acdbPersistentReactorObjectId(reactor);
-        if (id.isNull() || !id.objectClass()->isDerivedFrom(AcDbGroup::desc()) || !seen.insert(id))
+    std::vector<AcDbObjectId> reactors;
+    readPersistentReactors(element, reactors);
+    for (const AcDbObjectId id : reactors) {
+        if (!id.objectClass()->isDerivedFrom(AcDbGroup::desc()))
             continue;
         const AcDbObjectPointer<AcDbGroup> group(id);
         if (group.openStatus() == Acad::eOk)

@@ -14,8 +14,18 @@
 
 namespace {
 
-double attributeNumber(const CStringArray& record, const wchar_t* key) {
-    return _wtof(CAttributeData::GetValueAtt(&record, key));
+/// The number in the value of the first item with the id, as CAttributeData::GetValueAtt finds it; 0 without
+/// one.
+double attributeNumber(const CStringArray& record, std::wstring_view id) {
+    if (id.ends_with(zu::kFieldSeparator))
+        id.remove_suffix(1);
+    for (int i = 0; i < record.GetSize(); ++i) {
+        const wchar_t* const text = record[i];
+        // What follows the value is no part of a number.
+        if (record[i].view().starts_with(id) && text[id.size()] == zu::kFieldSeparator)
+            return _wtof(text + id.size() + 1);
+    }
+    return 0.0;
 }
 
 } // namespace

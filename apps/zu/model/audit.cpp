@@ -9,6 +9,7 @@
 #include <zuhost/names.h>
 
 #include <unordered_map>
+#include <utility>
 
 namespace zu::app {
 
@@ -57,27 +58,29 @@ public:
         add(found, narrow(zuhost::faultCode(found.fault)), zucomn::Severity::error);
     }
     void add(const zucomn::RouteFinding& found) {
-        Finding& finding =
-            add(found, narrow(zucomn::faultCode(found.fault)), zucomn::faultSeverity(found.fault));
+        Finding& finding = add(found, narrow(zucomn::faultCode(found.fault)),
+                               zucomn::faultSeverity(found.fault), found.position);
         finding.with = handleTexts(found.with);
-        if (found.position)
-            finding.position = found.position;
     }
+    void reserve(std::size_t more) { findings_.reserve(findings_.size() + more); }
     [[nodiscard]] std::vector<Finding> take() { return std::move(findings_); }
 
 private:
     template <typename Found>
-    Finding& add(const Found& found, std::string code, zucomn::Severity severity) {
+    Finding& add(const Found& found, std::string code, zucomn::Severity severity,
+                 const std::optional<AcGePoint3d>& position = {}) {
         Finding& finding = findings_.emplace_back();
         finding.code = std::move(code);
         finding.severity = severity;
         finding.handle = handleText(found.object);
         finding.problem = narrow(found.problem);
         finding.repaired = found.isRepaired;
+        finding.position = position;
         finding.group = groups_.of(found.object);
         if (const AcDbObjectPointer<AcDbEntity> entity(found.object); entity.openStatus() == Acad::eOk) {
             finding.layer = narrow(zuhost::layerName(*entity));
-            if (const auto* const element = AcDbBlockReference::cast(entity.object()))
+            if (const auto* const element = AcDbBlockReference::cast(entity.object());
+                element != nullptr && !position)
                 finding.position = element->position();
         }
         return finding;
@@ -87,14 +90,20 @@ private:
     std::vector<Finding> findings_;
 };
 
+/// Frees each finding once it is added: damaged drawings have many.
+template <typename Found>
+void addAll(std::vector<Found> found, FindingList& findings) {
+    findings.reserve(found.size());
+    for (Found& each : found)
+        findings.add(std::exchange(each, {}));
+}
+
 } // namespace
 
 std::vector<Finding> audit(DrawingFile& drawing, bool repairing) {
     FindingList findings(drawing.database()); // first: repairs delete groups
-    for (const zuhost::DatabaseFinding& found : zuhost::auditDatabase(drawing.database(), repairing))
-        findings.add(found);
-    for (const zucomn::RouteFinding& found : zucomn::auditRoutes(drawing.database(), repairing))
-        findings.add(found);
+    addAll(zuhost::auditDatabase(drawing.database(), repairing), findings);
+    addAll(zucomn::auditRoutes(drawing.database(), repairing), findings);
     return findings.take();
 }
 

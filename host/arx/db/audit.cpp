@@ -16,7 +16,8 @@ namespace {
 constexpr int kApplication = 1001;
 
 /// The entities of model space and, from elsewhere, the members of groups.
-std::vector<AcDbObjectId> auditedEntities(const AcDbDatabase& database) {
+std::vector<AcDbObjectId> auditedEntities(const AcDbDatabase& database,
+                                          const std::vector<GroupMembers>& groups) {
     AcDbObjectId spaceId;
     if (const AcDbObjectPointer<AcDbBlockTable> blocks(database.blockTableId());
         blocks.openStatus() == Acad::eOk)
@@ -25,8 +26,8 @@ std::vector<AcDbObjectId> auditedEntities(const AcDbDatabase& database) {
     if (const AcDbObjectPointer<AcDbBlockTableRecord> space(spaceId); space.openStatus() == Acad::eOk)
         entities = entityIds(*space.object());
     std::unordered_set<AcDbObjectId> known(entities.begin(), entities.end());
-    for (const AcDbObjectId group : dictionaryGroups(database))
-        for (const AcDbObjectId member : membersOf(group))
+    for (const GroupMembers& group : groups)
+        for (const AcDbObjectId member : group.members)
             if (member.objectClass()->isDerivedFrom(AcDbEntity::desc()) && known.insert(member).second)
                 entities.push_back(member);
     return entities;
@@ -36,13 +37,13 @@ std::vector<AcDbObjectId> auditedEntities(const AcDbDatabase& database) {
 std::vector<std::wstring> namedApplications(const std::vector<AcDbObjectId>& entities,
                                             const AcDbDatabase& database) {
     std::vector<std::wstring> names;
-    std::unordered_set<std::string> known;
+    std::unordered_set<std::string_view> known;
     for (const AcDbObjectId id : entities) {
         const AcDbObjectPointer<AcDbObject> object(id);
         if (object.openStatus() != Acad::eOk)
             continue;
         for (const TagRef& tag : object->tags().extendedData())
-            if (tag.code == kApplication && known.emplace(tag.text).second)
+            if (tag.code == kApplication && known.insert(tag.text).second)
                 names.push_back(coreOf(database).document->decode(tag.text));
     }
     return names;
@@ -74,8 +75,9 @@ std::wstring_view faultCode(DatabaseFault fault) {
 std::vector<DatabaseFinding> auditDatabase(AcDbDatabase& database, bool repairing) {
     DatabaseAudit audit(database, repairing);
     auditGroups(audit);
-    const std::vector<AcDbObjectId> entities = auditedEntities(database);
-    auditReactors(entities, audit);
+    const std::vector<GroupMembers> groups = groupsWithMembers(database);
+    const std::vector<AcDbObjectId> entities = auditedEntities(database, groups);
+    auditReactors(entities, groups, audit);
     auditApplications(entities, audit);
     return audit.takeFindings();
 }

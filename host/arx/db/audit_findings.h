@@ -45,12 +45,20 @@ private:
 /// The members of a group in its order; none when it can't be opened.
 [[nodiscard]] std::vector<AcDbObjectId> membersOf(AcDbObjectId group);
 
+struct GroupMembers {
+    AcDbObjectId group;
+    std::vector<AcDbObjectId> members;
+};
+/// The groups of the group dictionary in its order, each once.
+[[nodiscard]] std::vector<GroupMembers> groupsWithMembers(const AcDbDatabase& database);
+
 // The parts of the audit.
 
 /// Entries of the group dictionary and members of its groups.
 void auditGroups(DatabaseAudit& audit);
 /// Reactors of the entities, and groups outside of the group dictionary that they name.
-void auditReactors(const std::vector<AcDbObjectId>& entities, DatabaseAudit& audit);
+void auditReactors(const std::vector<AcDbObjectId>& entities, const std::vector<GroupMembers>& groups,
+                   DatabaseAudit& audit);
 /// Applications that the entities name in their extended data.
 void auditApplications(const std::vector<AcDbObjectId>& entities, DatabaseAudit& audit);
 

@@ -3,6 +3,8 @@
 #include "dbgroup.h"
 #include "zuhost/members.h"
 
+#include <unordered_set>
+
 namespace zuhost {
 
 namespace {
@@ -95,6 +97,15 @@ std::vector<AcDbObjectId> membersOf(AcDbObjectId group) {
     AcDbObjectIdArray members;
     object->allEntityIds(members);
     return {members.begin(), members.end()};
+}
+
+std::vector<GroupMembers> groupsWithMembers(const AcDbDatabase& database) {
+    std::vector<GroupMembers> groups;
+    std::unordered_set<AcDbObjectId> known;
+    for (const AcDbObjectId group : dictionaryGroups(database))
+        if (known.insert(group).second)
+            groups.push_back({group, membersOf(group)});
+    return groups;
 }
 
 void auditGroups(DatabaseAudit& audit) {

@@ -2,6 +2,7 @@
 #include "dbgroup.h"
 #include "zuhost/members.h"
 #include "zuhost/names.h"
+#include "zuhost/reactor_ids.h"
 
 #include <algorithm>
 #include <span>
@@ -15,11 +16,12 @@ namespace {
 /// The groups of the drawing, and which of them list an entity.
 class Memberships {
 public:
-    explicit Memberships(const AcDbDatabase& database) {
-        for (const AcDbObjectId group : dictionaryGroups(database))
-            if (known_.insert(group).second)
-                for (const AcDbObjectId member : membersOf(group))
-                    groupsOf_[member].push_back(group);
+    explicit Memberships(const std::vector<GroupMembers>& groups) {
+        for (const GroupMembers& group : groups) {
+            known_.insert(group.group);
+            for (const AcDbObjectId member : group.members)
+                groupsOf_[member].push_back(group.group);
+        }
     }
 
     [[nodiscard]] bool hasGroup(AcDbObjectId id) const { return known_.contains(id); }
@@ -40,35 +42,16 @@ bool isLiveGroup(AcDbObjectId id) {
            AcDbObjectPointer<AcDbGroup>(id).openStatus() == Acad::eOk;
 }
 
-/// The groups among the persistent reactors of an entity, each once.
-std::vector<AcDbObjectId> reactorGroups(AcDbObjectId entity) {
-    const AcDbObjectPointer<AcDbObject> object(entity);
-    const AcDbVoidPtrArray* const reactors = object.openStatus() == Acad::eOk ? object->reactors() : nullptr;
-    if (reactors == nullptr)
-        return {};
-    std::vector<AcDbObjectId> groups;
-    std::unordered_set<AcDbObjectId> seen;
-    for (const void* const reactor : *reactors)
-        if (const AcDbObjectId id = acdbPersistentReactorObjectId(reactor);
-            seen.insert(id).second && isLiveGroup(id))
-            groups.push_back(id);
-    return groups;
-}
-
 std::wstring groupName(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbGroup> group(id);
     return group.openStatus() == Acad::eOk ? zuhost::groupName(*group.object()) : std::wstring();
 }
 
 void auditSurplusReactors(AcDbObjectId entity, DatabaseAudit& audit) {
-    std::vector<AcDbHandle> surplus;
-    if (const AcDbObjectPointer<AcDbObject> object(entity); object.openStatus() == Acad::eOk)
-        surplus = surplusReactors(*object.object());
-    if (surplus.empty())
-        return;
     std::wstring handles;
-    for (const AcDbHandle handle : surplus)
-        handles += L' ' + handleText(handle);
+    if (const AcDbObjectPointer<AcDbObject> object(entity); object.openStatus() == Acad::eOk)
+        for (const AcDbHandle handle : surplusReactors(*object.object()))
+            handles += L' ' + handleText(handle);
     const bool removed =
         audit.repair<AcDbObject>(entity, [](AcDbObject& object) { return removeSurplusReactors(object); });
     audit.add(entity, DatabaseFault::reactor,
@@ -77,16 +60,17 @@ void auditSurplusReactors(AcDbObjectId entity, DatabaseAudit& audit) {
 
 class ReactorAudit {
 public:
-    explicit ReactorAudit(DatabaseAudit& audit) : memberships_(audit.database()), audit_(audit) {}
+    ReactorAudit(const std::vector<GroupMembers>& groups, DatabaseAudit& audit)
+        : memberships_(groups), audit_(audit) {}
 
     void auditEntity(AcDbObjectId entity) {
-        auditSurplusReactors(entity, audit_);
+        if (!readReactorGroups(entity))
+            auditSurplusReactors(entity, audit_);
         const std::span<const AcDbObjectId> listing = memberships_.groupsOf(entity);
-        const std::vector<AcDbObjectId> named = reactorGroups(entity);
-        if (std::equal(named.begin(), named.end(), listing.begin(), listing.end()))
+        if (std::equal(named_.begin(), named_.end(), listing.begin(), listing.end()))
             return;
-        auditUnlisted(entity, named, listing);
-        auditUnnamed(entity, named, listing);
+        auditUnlisted(entity, named_, listing);
+        auditUnnamed(entity, named_, listing);
     }
 
     /// Members of a group that is in no dictionary must not name it, so it is emptied before it is erased.
@@ -101,6 +85,16 @@ public:
     }
 
 private:
+    /// Reads the groups among the persistent reactors. Returns false when there are surplus entries.
+    bool readReactorGroups(AcDbObjectId entity) {
+        named_.clear();
+        const AcDbObjectPointer<AcDbObject> object(entity);
+        const bool isClean =
+            object.openStatus() != Acad::eOk || readPersistentReactors(*object.object(), named_);
+        std::erase_if(named_, [](AcDbObjectId id) { return !isLiveGroup(id); });
+        return isClean;
+    }
+
     // Reactors are changed in one pass: entities may have any number of them.
     void auditUnlisted(AcDbObjectId entity, const std::vector<AcDbObjectId>& named,
                        std::span<const AcDbObjectId> listing) {
@@ -142,14 +136,16 @@ private:
 
     Memberships memberships_;
     DatabaseAudit& audit_;
+    std::vector<AcDbObjectId> named_; ///< The groups that the current entity names, each once.
     std::vector<AcDbObjectId> strays_;
     std::unordered_set<AcDbObjectId> knownStrays_;
 };
 
 } // namespace
 
-void auditReactors(const std::vector<AcDbObjectId>& entities, DatabaseAudit& audit) {
-    ReactorAudit reactors(audit);
+void auditReactors(const std::vector<AcDbObjectId>& entities, const std::vector<GroupMembers>& groups,
+                   DatabaseAudit& audit) {
+    ReactorAudit reactors(groups, audit);
     for (const AcDbObjectId entity : entities)
         reactors.auditEntity(entity);
     reactors.auditStrays();

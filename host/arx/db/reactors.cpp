@@ -5,6 +5,7 @@
 #include "object_access.h"
 #include "reactor_records.h"
 #include "zuhost/members.h"
+#include "zuhost/reactor_ids.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -199,6 +200,31 @@ Acad::ErrorStatus zuhost::removePersistentReactors(AcDbObject& object,
                                                 if (!reactor.isNull())
                                                     index.remove(reactor.handle().value());
                                         }});
+}
+
+bool zuhost::readPersistentReactors(const AcDbObject& object, std::vector<AcDbObjectId>& ids) {
+    ids.clear();
+    const AcDbDatabase* const database = object.database();
+    if (database == nullptr)
+        return true;
+    const Document& document = *coreOf(*database).document;
+    std::unordered_set<AcDbObjectId> seen; // Once there are more than a few.
+    const auto isSeen = [&](AcDbObjectId id) {
+        if (ids.size() < kFewEntries)
+            return std::ranges::find(ids, id) != ids.end();
+        if (seen.empty())
+            seen.insert(ids.begin(), ids.end());
+        return !seen.insert(id).second;
+    };
+    bool hasSurplus = false;
+    visitReactorEntries(object.tags(), [&](const ReactorEntry& entry) {
+        const AcDbObjectId id(document.find(entry.handle));
+        if (id.isNull() || isSeen(id))
+            hasSurplus = true;
+        else
+            ids.push_back(id);
+    });
+    return !hasSurplus;
 }
 
 std::vector<AcDbHandle> zuhost::surplusReactors(const AcDbObject& object) {
