@@ -7,6 +7,7 @@
 #include "zuhost/reference_facts.h"
 
 #include <array>
+#include <cmath>
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity)
 
@@ -111,6 +112,8 @@ Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& position) {
 }
 
 Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& factors) {
+    if (!std::isfinite(factors.sy) || !std::isfinite(factors.sz))
+        return Acad::eInvalidInput;
     const Acad::ErrorStatus status = setRealTag(marker(), 41, factors.sx);
     if (status == Acad::eOk) {
         setRealTag(marker(), 42, factors.sy);

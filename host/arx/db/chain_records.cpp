@@ -9,6 +9,7 @@
 #include <zuhost/text_codec.h>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -160,10 +161,18 @@ void addRecords(TagList& tags, const resbuf& item, const DatabaseCore* core, std
 }
 
 bool isStorable(const resbuf& item) {
-    if (resultKind(item.restype) != ResultKind::chunk)
-        return true;
+    const auto isFinite = [](double value) { return std::isfinite(value); };
     const auto& chunk = item.resval.rbinary;
-    return chunk.clen >= 0 && chunk.clen <= kChunkLimit && (chunk.clen == 0 || chunk.buf != nullptr);
+    switch (resultKind(item.restype)) {
+    case ResultKind::real:
+        return isFinite(item.resval.rreal);
+    case ResultKind::point:
+        return std::all_of(item.resval.rpoint, item.resval.rpoint + kAxes, isFinite);
+    case ResultKind::chunk:
+        return chunk.clen >= 0 && chunk.clen <= kChunkLimit && (chunk.clen == 0 || chunk.buf != nullptr);
+    default:
+        return true;
+    }
 }
 
 } // namespace zuhost

@@ -47,7 +47,7 @@ void addRecords(TagList& tags, const resbuf& item, const DatabaseCore* core, std
 [[nodiscard]] std::wstring decodeText(const DatabaseCore* core, std::string_view value);
 void decodeText(const DatabaseCore* core, std::string_view value, std::wstring& text);
 
-/// Returns false for a chunk of a size that no record holds.
+/// Returns false for a chunk of a size that no record holds and a number that is not finite.
 [[nodiscard]] bool isStorable(const resbuf& item);
 
 } // namespace zuhost

@@ -5,6 +5,8 @@
 #include "drawing/tag_view.h"
 #include "record_name.h"
 
+#include <cmath>
+
 namespace zuhost {
 
 namespace {
@@ -74,6 +76,8 @@ AcGePoint3d pointVariable(const DatabaseCore& core, std::string_view name) {
 }
 
 Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, int code, double value) {
+    if (!std::isfinite(value))
+        return Acad::eInvalidInput;
     return setValue(core, name, [&](TagList& header, TagRange range) { header.setReal(code, value, range); });
 }
 
@@ -89,6 +93,8 @@ Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, int cod
 }
 
 Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, const AcGePoint3d& point) {
+    if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z))
+        return Acad::eInvalidInput;
     return setValue(core, name, [&](TagList& header, TagRange range) {
         header.setReal(10, point.x, range);
         header.setReal(20, point.y, valueOf(header, name));

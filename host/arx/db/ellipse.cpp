@@ -51,7 +51,8 @@ Acad::ErrorStatus AcDbEllipse::set(const AcGePoint3d& centre, const AcGeVector3d
                                    double endAngle) {
     const AcGeTol tolerance = AcGeTol().setEqualVector(1e-8);
     if (!normal.isPerpendicularTo(majorAxis, tolerance) ||
-        !(radiusRatio >= kLeastRatio && radiusRatio <= 1.0))
+        !(radiusRatio >= kLeastRatio && radiusRatio <= 1.0) || !std::isfinite(startAngle) ||
+        !std::isfinite(endAngle))
         return Acad::eInvalidInput;
     const Acad::ErrorStatus status = setCenter(centre);
     if (status != Acad::eOk)

@@ -64,10 +64,6 @@ Adesk::UInt16 AcDbEntity::colorIndex() const {
     return static_cast<Adesk::UInt16>(integerTag(kMarker, 62, kByLayer));
 }
 
-Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 index) {
-    return index > kByLayer ? Acad::eInvalidInput : setIntegerTag(kMarker, 62, index);
-}
-
 ACHAR* AcDbEntity::linetype() const {
     AcString name;
     linetype(name);

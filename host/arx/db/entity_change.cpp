@@ -11,7 +11,6 @@
 #include "zuhost/result_kind.h"
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <memory>
 
@@ -165,15 +164,6 @@ bool addLayer(AcDbDatabase& database, const ACHAR* name) {
     return true;
 }
 
-bool isFinite(const resbuf& item) {
-    const ResultKind kind = resultKind(item.restype);
-    if (kind == ResultKind::real)
-        return std::isfinite(item.resval.rreal);
-    return kind != ResultKind::point ||
-           (std::isfinite(item.resval.rpoint[0]) && std::isfinite(item.resval.rpoint[1]) &&
-            std::isfinite(item.resval.rpoint[2]));
-}
-
 bool isBuiltInLinetype(const ACHAR* name) {
     const std::wstring folded = foldedName(name);
     return folded == L"BYLAYER" || folded == L"BYBLOCK";
@@ -183,7 +173,7 @@ bool isBuiltInLinetype(const ACHAR* name) {
 
 bool prepareReferences(const resbuf* list, AcDbDatabase& database) {
     for (const resbuf* item = list; item != nullptr; item = item->rbnext)
-        if (!isStorable(*item) || !isFinite(*item))
+        if (!isStorable(*item))
             return false;
     for (const resbuf* item = list; item != nullptr && item->restype != -3; item = item->rbnext) {
         const ACHAR* const name =

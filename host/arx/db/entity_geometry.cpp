@@ -3,7 +3,13 @@
 #include "expansion.h"
 #include "geplane.h"
 
+#include <algorithm>
+#include <cmath>
+
 Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d& matrix) {
+    const auto isFinite = [](double value) { return std::isfinite(value); };
+    if (!std::all_of(&matrix.entry[0][0], &matrix.entry[0][0] + 16, isFinite))
+        return Acad::eInvalidInput;
     const Acad::ErrorStatus status = assertWriteEnabled();
     return status == Acad::eOk ? subTransformBy(matrix) : status;
 }

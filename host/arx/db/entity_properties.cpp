@@ -71,6 +71,14 @@ Acad::ErrorStatus AcDbEntity::setColor(const AcCmColor& color, bool doSubents, A
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 index) {
+    if (index > kByLayer)
+        return Acad::eInvalidInput;
+    AcCmColor color;
+    color.setColorIndex(index);
+    return setColor(color, false);
+}
+
 AcDbObjectId AcDbEntity::linetypeId() const {
     AcDbStub* const table = core() != nullptr ? core()->tableHead("LTYPE") : nullptr;
     if (table == nullptr)

@@ -1,6 +1,7 @@
 #include "zuhost/header_variables.h"
 
 #include "acutmem.h"
+#include "chain_records.h"
 #include "database_core.h"
 #include "dxf_records/number_text.h"
 #include "zuhost/result_kind.h"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -112,7 +114,7 @@ std::optional<std::string> recordValue(int code, const resbuf& value, const Docu
     const ResultKind kind = resultKind(code);
     if (kind == ResultKind::real) {
         const auto real = realOf(value);
-        return real ? std::optional(formatReal(*real)) : std::nullopt;
+        return real && std::isfinite(*real) ? std::optional(formatReal(*real)) : std::nullopt;
     }
     if (kind == ResultKind::int16 || kind == ResultKind::int32) {
         const auto integer = integerOf(value);
@@ -127,7 +129,7 @@ std::optional<std::string> recordValue(int code, const resbuf& value, const Docu
 }
 
 bool setPointValues(TagList& header, TagRange values, const resbuf& value) {
-    if (resultKind(value.restype) != ResultKind::point)
+    if (resultKind(value.restype) != ResultKind::point || !isStorable(value))
         return false;
     for (std::size_t i = values.first; i < values.last; ++i)
         if (header[i].code == kPoint || header[i].code == 2 * kPoint || header[i].code == 3 * kPoint)

@@ -6,6 +6,7 @@
 #include <zuhost/text_codec.h>
 
 #include <array>
+#include <cmath>
 
 using zuhost::TagList;
 using zuhost::TagView;
@@ -90,6 +91,8 @@ AcGePoint3d AcDbObject::pointTag(std::string_view marker, int code, const AcGePo
 }
 
 Acad::ErrorStatus AcDbObject::setRealTag(std::string_view marker, int code, double value) {
+    if (!std::isfinite(value))
+        return Acad::eInvalidInput;
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status == Acad::eOk) {
         TagList& records = changingTags();
@@ -121,6 +124,8 @@ Acad::ErrorStatus AcDbObject::setTextTag(std::string_view marker, int code, std:
 }
 
 Acad::ErrorStatus AcDbObject::setPointTag(std::string_view marker, int code, const AcGePoint3d& point) {
+    if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z))
+        return Acad::eInvalidInput;
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;

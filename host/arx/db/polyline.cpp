@@ -8,6 +8,7 @@
 #include "plane_change.h"
 
 #include <algorithm>
+#include <cmath>
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbPolyline, AcDbCurve)
 
@@ -96,6 +97,8 @@ Acad::ErrorStatus AcDbPolyline::setVertexReals(unsigned int index,
                                                std::initializer_list<std::pair<int, double>> reals) {
     if (index >= numVerts())
         return Acad::eInvalidIndex;
+    if (!std::all_of(reals.begin(), reals.end(), [](const auto& r) { return std::isfinite(r.second); }))
+        return Acad::eInvalidInput;
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;
@@ -112,6 +115,8 @@ Acad::ErrorStatus AcDbPolyline::setVertexReals(unsigned int index,
 }
 
 Acad::ErrorStatus AcDbPolyline::setHeadReal(int code, double value) {
+    if (!std::isfinite(value))
+        return Acad::eInvalidInput;
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;
@@ -173,6 +178,9 @@ Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2
     const unsigned int count = numVerts();
     if (index > count)
         return Acad::eInvalidIndex;
+    for (const double value : {point.x, point.y, bulge, startWidth, endWidth})
+        if (!std::isfinite(value))
+            return Acad::eInvalidInput;
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;

@@ -5,6 +5,7 @@
 #include "new_text.h"
 #include "record_name.h"
 
+#include <cmath>
 #include <cstdlib>
 #include <numbers>
 #include <utility>
@@ -164,6 +165,8 @@ double AcDbLinetypeTableRecord::dashLengthAt(int index) const {
 Acad::ErrorStatus AcDbLinetypeTableRecord::setDashLengthAt(int index, double length) {
     if (index < 0 || index >= numDashes())
         return Acad::eInvalidIndex;
+    if (!std::isfinite(length))
+        return Acad::eInvalidInput;
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk)
         return status;
