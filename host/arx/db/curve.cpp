@@ -148,6 +148,8 @@ Acad::ErrorStatus AcDbCurve::getFirstDeriv(double param, AcGeVector3d& derivativ
     const CurvePiece* const piece = pieceAt(all, param);
     if (piece == nullptr)
         return all.empty() ? Acad::eDegenerateGeometry : Acad::eInvalidInput;
+    if (piece->lastParam == piece->firstParam)
+        return Acad::eDegenerateGeometry; // a line without length has no direction
     const double stretch = (piece->end - piece->start) / (piece->lastParam - piece->firstParam);
     derivative = piece->derivative(piece->fromParam(param)) * stretch;
     return Acad::eOk;

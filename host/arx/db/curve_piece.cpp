@@ -25,7 +25,8 @@ double ellipseLength(const CurvePiece& piece, double from, double to) {
                                 -0.9061798459386640};
     constexpr std::array kWeights{0.5688888888888889, 0.4786286704993665, 0.4786286704993665,
                                   0.2369268850561891, 0.2369268850561891};
-    const int parts = std::clamp(static_cast<int>(std::ceil(std::abs(to - from) / (kTurn / 64.0))), 1, 1024);
+    const double wanted = std::ceil(std::abs(to - from) / (kTurn / 64.0));
+    const int parts = wanted >= 1.0 ? static_cast<int>(std::min(wanted, 1024.0)) : 1;
     const double half = (to - from) / (2.0 * parts);
     double sum = 0.0;
     for (int part = 0; part < parts; ++part) {

@@ -21,6 +21,16 @@ double sameTurn(double angle, double near) {
     return angle + kTurn * std::round((near - angle) / kTurn);
 }
 
+/// Returns the angle from start to end, more than 0 and at most a turn, whatever turns they are in.
+double sweepOf(double start, double end) {
+    constexpr double kRounding = 1e-9;
+    const double sweep = end - start;
+    if (sweep > 0.0 && sweep <= kTurn + kRounding)
+        return sweep;
+    const double rest = std::fmod(sweep, kTurn);
+    return rest > kRounding ? rest : rest + kTurn;
+}
+
 } // namespace
 
 zuhost::TagList AcDbEllipse::newRecords() const {
@@ -155,8 +165,6 @@ Acad::ErrorStatus AcDbEllipse::assign(const CurvePiece& piece) {
 
 std::vector<CurvePiece> AcDbEllipse::pieces() const {
     const double start = startParam();
-    double end = endParam();
-    while (end <= start && std::isfinite(start))
-        end += kTurn * std::max(1.0, std::floor((start - end) / kTurn));
+    const double end = start + sweepOf(start, endParam());
     return {CurvePiece::arc(center(), majorAxis(), minorAxis(), start, end, start, end)};
 }

@@ -49,6 +49,8 @@ Acad::ErrorStatus AcDbPoint::setEcsRotation(double angle) {
 Acad::ErrorStatus AcDbPoint::subTransformBy(const AcGeMatrix3d& matrix) {
     const auto change = zuhost::planeChange(matrix, normal());
     setPosition(matrix * position());
+    if (thickness() != 0.0)
+        setThickness(thickness() * (matrix * normal()).length());
     if (!change)
         return Acad::eOk; // a point has no extent that could be scaled unequally
     if (ecsRotation() != 0.0)

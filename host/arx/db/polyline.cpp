@@ -382,21 +382,26 @@ std::vector<CurvePiece> AcDbPolyline::pieces() const {
 }
 
 Acad::ErrorStatus AcDbPolyline::subExplode(AcDbVoidPtrArray& entities) const {
+    const AcGeVector3d up = normal();
+    const double thick = thickness();
+    const auto add = [&](auto* part) {
+        part->setPropertiesFrom(this);
+        part->setThickness(thick);
+        entities.append(part);
+    };
+    const AcGeVector3d x = AcGeMatrix3d::planeToWorld(up) * AcGeVector3d::kXAxis;
     for (const CurvePiece& piece : pieces()) {
-        AcDbEntity* part = nullptr;
         if (piece.isArc) {
-            const AcGeVector3d up = normal();
-            const AcGeVector3d x = AcGeMatrix3d::planeToWorld(up) * AcGeVector3d::kXAxis;
             const bool isClockwise = piece.along.crossProduct(piece.across).dotProduct(up) < 0.0;
             const AcGePoint3d from = isClockwise ? piece.last() : piece.first();
             const AcGePoint3d to = isClockwise ? piece.first() : piece.last();
-            part = new AcDbArc(piece.centre, up, piece.along.length(), x.angleTo(from - piece.centre, up),
-                               x.angleTo(to - piece.centre, up));
+            add(new AcDbArc(piece.centre, up, piece.along.length(), x.angleTo(from - piece.centre, up),
+                            x.angleTo(to - piece.centre, up)));
         } else {
-            part = new AcDbLine(piece.first(), piece.last());
+            auto* const line = new AcDbLine(piece.first(), piece.last());
+            line->setNormal(up);
+            add(line);
         }
-        part->setPropertiesFrom(this);
-        entities.append(part);
     }
     return Acad::eOk;
 }
