@@ -21,11 +21,6 @@ constexpr int kSecondsPrecision = 4; ///< Further digits are decimals of seconds
 
 enum Unit { kDegrees, kMinutes, kGrads, kRadians, kBearings };
 
-double normalised(double angle) {
-    const double rest = std::fmod(angle, kFullTurn);
-    return rest < 0.0 ? rest + kFullTurn : rest;
-}
-
 std::wstring fixed(double value, int precision) {
     std::array<char, 64> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
@@ -197,7 +192,7 @@ int acdbAngToS(ads_real angle, int unit, int precision, ACHAR* text, std::size_t
     const int used = unit == -1 ? settings.angleUnit : unit;
     // Bearings name directions of the world.
     const auto written = angleText(
-        used == kBearings ? normalised(angle) : zuhost::fromAngleBase(angle, settings), used, digits);
+        used == kBearings ? zuhost::withinTurn(angle) : zuhost::fromAngleBase(angle, settings), used, digits);
     return written && zuhost::copyToBuffer(*written, text, size) ? RTNORM : RTERROR;
 }
 
@@ -210,8 +205,9 @@ int acdbAngToF(const ACHAR* text, int unit, ads_real* angle) {
         return RTERROR;
     const bool isBearing = std::wstring_view(text).find_first_of(L"NSEWnsew") != std::wstring_view::npos;
     if (isBearing)
-        *angle = normalised(*read);
+        *angle = zuhost::withinTurn(*read);
     else
-        *angle = normalised(settings.isClockwise ? settings.angleBase - *read : settings.angleBase + *read);
+        *angle = zuhost::withinTurn(settings.isClockwise ? settings.angleBase - *read
+                                                         : settings.angleBase + *read);
     return RTNORM;
 }

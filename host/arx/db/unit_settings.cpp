@@ -48,10 +48,16 @@ UnitSettings unitSettings() {
 }
 
 double fromAngleBase(double angle, const UnitSettings& settings) {
+    return withinTurn(settings.isClockwise ? settings.angleBase - angle : angle - settings.angleBase);
+}
+
+double withinTurn(double angle) {
     constexpr double kFullTurn = 2.0 * std::numbers::pi;
-    const double difference = settings.isClockwise ? settings.angleBase - angle : angle - settings.angleBase;
-    const double rest = std::fmod(difference, kFullTurn);
-    return rest < 0.0 ? rest + kFullTurn : rest;
+    const double rest = std::fmod(angle, kFullTurn);
+    if (rest >= 0.0)
+        return rest;
+    const double turned = rest + kFullTurn; // a whole turn for a rest that is tiny
+    return turned < kFullTurn ? turned : 0.0;
 }
 
 } // namespace zuhost

@@ -9,6 +9,7 @@
 
 #include <zuhost/unit_settings.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -39,6 +40,9 @@ const ACHAR* readReal(const std::wstring& text, int flags, double& result) {
 }
 
 const ACHAR* readInteger(const std::wstring& text, int flags, int& result) {
+    const auto isNumeric = [](wchar_t c) { return (c >= L'0' && c <= L'9') || c == L'-' || c == L'+'; };
+    if (!std::all_of(text.begin(), text.end(), isNumeric) || text.starts_with(L"+-"))
+        return kNotInteger;
     const std::string digits(text.begin(), text.end());
     const char* const first = digits.data() + (digits.starts_with('+') ? 1 : 0);
     const char* const last = digits.data() + digits.size();

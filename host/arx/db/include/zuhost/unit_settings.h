@@ -19,4 +19,7 @@ struct UnitSettings {
 /// Returns the settings of the working drawing; the usual ones without one.
 [[nodiscard]] UnitSettings unitSettings();
 
+/// Returns the angle in [0, 2 pi).
+[[nodiscard]] double withinTurn(double angle);
+
 } // namespace zuhost
