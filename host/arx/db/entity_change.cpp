@@ -8,9 +8,12 @@
 #include "dbsymtb.h"
 #include "dxf_records/number_text.h"
 #include "entity_list.h"
+#include "entity_types.h"
 #include "zuhost/result_kind.h"
 
 #include <algorithm>
+#include <array>
+#include <limits>
 #include <map>
 #include <memory>
 
@@ -108,26 +111,70 @@ struct Placed {
     std::size_t place = 0; ///< In the list, from 1; 0 for items that the list lacks.
 };
 
-/// Inserts the unused items after the ones that precede them in the list.
-std::vector<ListItem> withUnused(const std::vector<Placed>& kept, const GivenItems& given) {
-    const std::vector<std::size_t> unused = given.unused();
-    std::vector<ListItem> items;
-    std::size_t next = 0;
-    // Each unused item goes before the first kept one that follows it in the list.
-    for (const Placed& placed : kept) {
-        while (next < unused.size() && placed.place != 0 && unused[next] + 1 < placed.place)
-            items.push_back(given[unused[next++]]);
-        items.push_back(placed.item);
+/// The sections of an entity's records: its common class, its class and a second one.
+constexpr std::size_t kSections = 3;
+
+/// Inserts the unused items into the section of their class, each before the first kept one that follows it
+/// in the list.
+class UnusedItems {
+public:
+    UnusedItems(const GivenItems& given, const EntityType* type, bool hasMarkers)
+        : given_(given), type_(type) {
+        for (const std::size_t place : given.unused())
+            places_[hasMarkers ? sectionOf(given[place].code) : 0].push_back(place);
     }
-    while (next < unused.size())
-        items.push_back(given[unused[next++]]);
-    return items;
-}
+
+    [[nodiscard]] std::vector<ListItem> insertedInto(const std::vector<Placed>& kept) {
+        std::size_t markers = 0;
+        for (const Placed& placed : kept) {
+            if (placed.item.code == kSubclass)
+                beginSection(++markers);
+            else if (placed.place != 0)
+                insertBefore(placed.place);
+            items_.push_back(placed.item);
+        }
+        for (section_ = 0; section_ < kSections; ++section_)
+            insertBefore(kEnd);
+        return std::move(items_);
+    }
+
+private:
+    static constexpr std::size_t kEnd = std::numeric_limits<std::size_t>::max();
+
+    [[nodiscard]] std::size_t sectionOf(int code) const {
+        if (isCommonCode(code))
+            return 0;
+        return type_ != nullptr && isOfSecondClass(*type_, code) ? 2 : 1;
+    }
+    /// The first marker is that of the common class.
+    void beginSection(std::size_t marker) {
+        const std::size_t last = type_ != nullptr && !type_->secondMarker.empty() ? 2 : 1;
+        const std::size_t section = std::min(marker - 1, last);
+        if (section != section_)
+            insertBefore(kEnd);
+        section_ = section;
+    }
+    void insertBefore(std::size_t place) {
+        std::vector<std::size_t>& places = places_[section_];
+        std::size_t& next = next_[section_];
+        while (next < places.size() && places[next] + 1 < place)
+            items_.push_back(given_[places[next++]]);
+    }
+
+    const GivenItems& given_;
+    const EntityType* type_;
+    std::array<std::vector<std::size_t>, kSections> places_;
+    std::array<std::size_t, kSections> next_{};
+    std::size_t section_ = 0;
+    std::vector<ListItem> items_;
+};
 
 TagList changedTags(const TagView& tags, GivenItems given, const Document& document) {
     std::vector<Placed> kept;
+    bool hasMarkers = false;
     FixedItems fixed;
     for (ListItem& item : listItems(tags.withoutExtendedData())) {
+        hasMarkers = hasMarkers || item.code == kSubclass;
         if (fixed.isFixed(item) || !given.hasCode(item.code)) {
             kept.push_back({std::move(item), 0});
             continue;
@@ -139,7 +186,8 @@ TagList changedTags(const TagView& tags, GivenItems given, const Document& docum
         }
     }
     TagList changed;
-    for (const ListItem& item : withUnused(kept, given))
+    UnusedItems unused(given, entityType(tags.text(0).value_or("")), hasMarkers);
+    for (const ListItem& item : unused.insertedInto(kept))
         for (const Tag& record : item.records)
             changed.add(record.code, record.value);
     for (const TagRef& tag : tags.extendedData())

@@ -7,6 +7,7 @@
 #include "dbsymtb.h"
 #include "entity_change.h"
 #include "entity_list.h"
+#include "entity_types.h"
 #include "object_factory.h"
 
 #include <algorithm>
@@ -25,43 +26,9 @@ namespace {
 constexpr int kRelease12 = 1009;
 constexpr std::string_view kEntityMarker = "AcDbEntity";
 
-/// The classes of a type, for lists without their markers.
-struct EntityType {
-    std::string_view name;
-    std::string_view marker;
-    std::string_view secondMarker;  ///< Empty without a second class.
-    std::array<int, 4> secondCodes; ///< The second class's codes; 0 fills the rest.
-    std::array<int, 4> required;    ///< Codes that a list must have, -1 fills the rest.
-};
-
-constexpr std::array kTypes{
-    EntityType{"LINE", "AcDbLine", {}, {}, {10, 11, -1, -1}},
-    EntityType{"POINT", "AcDbPoint", {}, {}, {10, -1, -1, -1}},
-    EntityType{"CIRCLE", "AcDbCircle", {}, {}, {10, 40, -1, -1}},
-    EntityType{"ARC", "AcDbCircle", "AcDbArc", {50, 51}, {10, 40, 50, 51}},
-    EntityType{"ELLIPSE", "AcDbEllipse", {}, {}, {10, 11, 40, -1}},
-    EntityType{"TEXT", "AcDbText", "AcDbText", {73}, {1, 10, 40, -1}},
-    EntityType{"MTEXT", "AcDbMText", {}, {}, {1, 10, -1, -1}},
-    EntityType{"INSERT", "AcDbBlockReference", {}, {}, {2, 10, -1, -1}},
-    EntityType{"ATTRIB", "AcDbText", "AcDbAttribute", {2, 70, 73, 74}, {1, 2, 10, 40}},
-    EntityType{"ATTDEF", "AcDbText", "AcDbAttributeDefinition", {2, 3, 70, 74}, {1, 2, 10, 40}},
-    EntityType{"LWPOLYLINE", "AcDbPolyline", {}, {}, {10, -1, -1, -1}},
-    EntityType{"POLYLINE", "AcDb2dPolyline", {}, {}, {-1, -1, -1, -1}},
-    EntityType{"VERTEX", "AcDbVertex", "AcDb2dVertex", {10, 42, 70, 50}, {10, -1, -1, -1}},
-    EntityType{"SEQEND", {}, {}, {}, {-1, -1, -1, -1}},
-    EntityType{"SOLID", "AcDbTrace", {}, {}, {10, 11, 12, -1}},
-    EntityType{"TRACE", "AcDbTrace", {}, {}, {10, 11, 12, -1}},
-    EntityType{"3DFACE", "AcDbFace", {}, {}, {10, 11, 12, -1}},
-};
-
-/// The codes that all entities have.
-constexpr std::array kCommonCodes{6, 8, 48, 60, 62, 67, 284, 347, 348, 370, 380, 390, 410, 420, 430, 440};
-
-constexpr int kThreeDimensional = 8; ///< Flag of a POLYLINE.
-
-bool contains(const auto& codes, int code) {
-    return std::find(codes.begin(), codes.end(), code) != codes.end();
-}
+// Flags of a POLYLINE and a VERTEX.
+constexpr int kThreeDimensional = 8;
+constexpr int kOfThreeDimensional = 32;
 
 const ListItem* find(const std::vector<ListItem>& items, int code) {
     const auto found =
@@ -86,44 +53,48 @@ void appendIf(TagList& tags, const std::vector<ListItem>& items, Wanted wanted) 
             append(tags, item);
 }
 
-/// Returns the marker of a class that its own flags determine, as that of 3D polylines.
+bool hasFlag(const std::vector<ListItem>& items, int flag) {
+    return (std::atoi(textOf(items, 70).c_str()) & flag) != 0;
+}
+
+/// Return the markers of classes that the flags of the list determine, as those of 3D polylines.
 std::string_view markerOf(const EntityType& type, const std::vector<ListItem>& items) {
-    const std::string flags = textOf(items, 70);
-    const bool is3d = type.name == "POLYLINE" && (std::atoi(flags.c_str()) & kThreeDimensional) != 0;
-    return is3d ? "AcDb3dPolyline" : type.marker;
+    return type.name == "POLYLINE" && hasFlag(items, kThreeDimensional) ? "AcDb3dPolyline" : type.marker;
+}
+std::string_view secondMarkerOf(const EntityType& type, const std::vector<ListItem>& items) {
+    return type.name == "VERTEX" && hasFlag(items, kOfThreeDimensional) ? "AcDb3dPolylineVertex"
+                                                                        : type.secondMarker;
 }
 
 /// Sorts the values of a list without markers into the type's classes.
 TagList withMarkers(const EntityType& type, const std::vector<ListItem>& items) {
-    const auto isCommon = [](int code) { return contains(kCommonCodes, code); };
-    const auto isSecond = [&type](int code) { return contains(type.secondCodes, code); };
+    const auto isSecond = [&type](int code) { return isOfSecondClass(type, code); };
     TagList tags;
     tags.add(100, std::string(kEntityMarker));
     if (find(items, 8) == nullptr)
         tags.add(8, "0");
-    appendIf(tags, items, isCommon);
+    appendIf(tags, items, isCommonCode);
     if (type.marker.empty())
         return tags;
     tags.add(100, std::string(markerOf(type, items)));
     if (type.name == "LWPOLYLINE" && find(items, 90) == nullptr)
         tags.add(90, std::to_string(std::count_if(items.begin(), items.end(),
                                                   [](const ListItem& i) { return i.code == 10; })));
-    appendIf(tags, items, [&](int code) { return !isCommon(code) && !isSecond(code); });
+    appendIf(tags, items, [&](int code) { return !isCommonCode(code) && !isSecond(code); });
     if (type.secondMarker.empty())
         return tags;
-    tags.add(100, std::string(type.secondMarker));
+    tags.add(100, std::string(secondMarkerOf(type, items)));
     appendIf(tags, items, isSecond);
     return tags;
 }
 
 /// Returns the records of a new entity after its identity; nullopt for a list that is not complete.
 std::optional<TagList> recordsOf(const std::string& name, const std::vector<ListItem>& items) {
-    const auto type =
-        std::find_if(kTypes.begin(), kTypes.end(), [&](const EntityType& t) { return t.name == name; });
+    const EntityType* const type = entityType(name);
     const bool hasMarkers = find(items, 100) != nullptr;
-    if (type == kTypes.end() && !hasMarkers)
+    if (type == nullptr && !hasMarkers)
         return std::nullopt;
-    if (type != kTypes.end())
+    if (type != nullptr)
         for (const int code : type->required)
             if (code >= 0 && find(items, code) == nullptr)
                 return std::nullopt;
@@ -176,8 +147,8 @@ private:
         for (const resbuf* item = list_; item != nullptr; item = item->rbnext)
             if ((item->restype == 0 || item->restype == RTDXF0) && item->resval.rstring != nullptr) {
                 const std::wstring name = foldedName(item->resval.rstring);
-                return {name.begin(),
-                        name.end()}; // names of types are plain letters; others are unknown types
+                const bool isPlain = std::all_of(name.begin(), name.end(), [](wchar_t c) { return c < 128; });
+                return isPlain ? std::string(name.begin(), name.end()) : std::string();
             }
         return {};
     }
