@@ -49,13 +49,16 @@ public:
 
     POSITION AddHead(Argument value) { return insert(nodes_.begin(), value); }
     POSITION AddTail(Argument value) { return insert(nodes_.end(), value); }
+    // The other list may be this one: as many elements are added as it has before.
     void AddHead(CList* other) {
-        for (auto node = other->nodes_.rbegin(); node != other->nodes_.rend(); ++node)
-            AddHead(node->value);
+        POSITION place = other->GetTailPosition();
+        for (int left = other->GetCount(); left > 0; --left)
+            AddHead(other->GetPrev(place));
     }
     void AddTail(CList* other) {
-        for (const Node& node : other->nodes_)
-            AddTail(node.value);
+        POSITION place = other->GetHeadPosition();
+        for (int left = other->GetCount(); left > 0; --left)
+            AddTail(other->GetNext(place));
     }
     void RemoveAll() { nodes_.clear(); }
 
