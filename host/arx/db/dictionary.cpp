@@ -2,6 +2,7 @@
 
 #include "database_core.h"
 #include "dbgroup.h"
+#include "dbsymtb.h"
 #include "dxf_records/number_text.h"
 #include "new_text.h"
 
@@ -189,6 +190,9 @@ std::wstring AcDbDictionary::anonymousName() const {
 Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id) {
     if (name == nullptr || *name == L'\0' || object == nullptr)
         return Acad::eInvalidInput;
+    if (AcDbEntity::cast(object) != nullptr || AcDbSymbolTableRecord::cast(object) != nullptr ||
+        AcDbSymbolTable::cast(object) != nullptr)
+        return Acad::eWrongObjectType;
     if (core() == nullptr)
         return Acad::eNotInDatabase;
     if (!isWriteEnabled())

@@ -168,6 +168,8 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
         return Acad::eNotInDatabase;
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
+    if (tags().text(2) != record->tags().text(0))
+        return Acad::eWrongObjectType;
     const std::wstring name = record->nameText();
     if (name.empty())
         return Acad::eInvalidInput;

@@ -117,12 +117,14 @@ void UndoLog::commitTransaction() {
 void UndoLog::abortTransaction(DatabaseCore& core) {
     if (transactions_.empty())
         return;
+    const bool grouped = grouped_; // playing a step ends the group, which goes on after the transaction
     std::vector<Step> dropped;
     while (undo_.size() > transactions_.back().steps)
         play(core, undo_, dropped, true);
     Start start = std::move(transactions_.back());
     transactions_.pop_back();
     resume(std::move(start));
+    grouped_ = grouped;
 }
 
 bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing) {
