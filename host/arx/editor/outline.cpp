@@ -145,8 +145,7 @@ void OutlineBuilder::add(const AcDbEntity& entity, const AcGeMatrix3d& transform
     else if (const auto* const circle = AcDbCircle::cast(&entity))
         addArc(circle->center(), circle->radius(), circle->normal(), 0.0, kTurn, transform);
     else if (const auto* const arc = AcDbArc::cast(&entity))
-        addArc(arc->center(), arc->radius(), arc->normal(), arc->startAngle(),
-               std::fmod(arc->endAngle() - arc->startAngle() + kTurn, kTurn), transform);
+        addArc(arc->center(), arc->radius(), arc->normal(), arc->startAngle(), arc->totalAngle(), transform);
     else if (const auto* const polyline = AcDbPolyline::cast(&entity))
         addPolyline(*polyline, transform);
     else if (const auto* const point = AcDbPoint::cast(&entity))
