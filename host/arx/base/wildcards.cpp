@@ -1,7 +1,9 @@
 #include "acutads.h"
 
-#include <cwctype>
+#include <algorithm>
+#include <array>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -30,6 +32,26 @@ bool isInSet(wchar_t c, Text set) {
     return false;
 }
 
+bool isDigit(wchar_t c) {
+    return c >= L'0' && c <= L'9';
+}
+
+/// Beyond ASCII all characters are letters but the blocks of punctuation and symbols, in every locale.
+bool isLetter(wchar_t c) {
+    if (c < 0x80)
+        return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z');
+    constexpr std::array kOthers{
+        std::pair{0x80, 0xBF},     std::pair{0xD7, 0xD7},     std::pair{0xF7, 0xF7},
+        std::pair{0x2000, 0x2BFF}, std::pair{0x3000, 0x3004}, std::pair{0x3008, 0x3020},
+        std::pair{0x3030, 0x3030}, std::pair{0x30FB, 0x30FB}, std::pair{0xFE10, 0xFE6F},
+        std::pair{0xFF00, 0xFF20}, std::pair{0xFF3B, 0xFF40}, std::pair{0xFF5B, 0xFF65},
+        std::pair{0xFFE0, 0xFFFF}};
+    const auto code = static_cast<char32_t>(c);
+    return std::none_of(kOthers.begin(), kOthers.end(), [code](const auto& block) {
+        return code >= static_cast<char32_t>(block.first) && code <= static_cast<char32_t>(block.second);
+    });
+}
+
 bool matchesElement(wchar_t c, Text element) {
     if (element.size() > 1 && element.front() == L'`')
         return c == element[1];
@@ -39,14 +61,13 @@ bool matchesElement(wchar_t c, Text element) {
         set.remove_prefix(negated ? 1 : 0);
         return isInSet(c, set) != negated;
     }
-    const auto character = static_cast<std::wint_t>(static_cast<char32_t>(c));
     switch (element.front()) {
     case L'#':
-        return c >= L'0' && c <= L'9';
+        return isDigit(c);
     case L'@':
-        return std::iswalpha(character) != 0;
+        return isLetter(c);
     case L'.':
-        return std::iswalnum(character) == 0;
+        return !isDigit(c) && !isLetter(c);
     case L'?':
         return true;
     default:
