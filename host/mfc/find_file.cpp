@@ -10,7 +10,9 @@
 #include <cerrno>
 #include <filesystem>
 #include <memory>
+#include <mutex>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace zuhost {
@@ -91,9 +93,34 @@ WIN32_FIND_DATAW dataOf(const Search& search, const std::wstring& name) {
     return data;
 }
 
-Search* searchOf(HANDLE handle) {
-    return handle != INVALID_HANDLE_VALUE ? static_cast<Search*>(handle) : nullptr;
-}
+/// The searches that are not closed: handles of others are refused.
+class OpenSearches {
+public:
+    static OpenSearches& instance() {
+        static OpenSearches searches;
+        return searches;
+    }
+    HANDLE add(std::unique_ptr<Search> search) {
+        const std::lock_guard lock(mutex_);
+        Search* const key = search.get();
+        searches_.emplace(key, std::move(search));
+        return key;
+    }
+    /// Null when there is no such search.
+    Search* find(HANDLE handle) {
+        const std::lock_guard lock(mutex_);
+        const auto found = searches_.find(handle);
+        return found != searches_.end() ? found->second.get() : nullptr;
+    }
+    bool close(HANDLE handle) {
+        const std::lock_guard lock(mutex_);
+        return searches_.erase(handle) != 0;
+    }
+
+private:
+    std::mutex mutex_;
+    std::unordered_map<HANDLE, std::unique_ptr<Search>> searches_;
+};
 
 HANDLE failed(int systemError) {
     SetLastError(zuhost::lastErrorOf(systemError));
@@ -124,11 +151,11 @@ HANDLE FindFirstFileW(const wchar_t* path, WIN32_FIND_DATAW* found) {
     if (search->names.empty())
         return failed(ENOENT);
     *found = dataOf(*search, search->names[search->at++]);
-    return search.release();
+    return OpenSearches::instance().add(std::move(search));
 }
 
 BOOL FindNextFileW(HANDLE handle, WIN32_FIND_DATAW* found) {
-    Search* const search = searchOf(handle);
+    Search* const search = OpenSearches::instance().find(handle);
     if (search == nullptr || found == nullptr) {
         SetLastError(ERROR_INVALID_HANDLE);
         return FALSE;
@@ -142,8 +169,7 @@ BOOL FindNextFileW(HANDLE handle, WIN32_FIND_DATAW* found) {
 }
 
 BOOL FindClose(HANDLE handle) {
-    const std::unique_ptr<Search> search(searchOf(handle));
-    if (search != nullptr)
+    if (OpenSearches::instance().close(handle))
         return TRUE;
     SetLastError(ERROR_INVALID_HANDLE);
     return FALSE;

@@ -241,7 +241,7 @@ int CListBox::SetTopIndex(int index) {
 
 int CListBox::GetItemRect(int index, RECT* rectangle) const {
     const QListWidgetItem* const item = itemOf(*this, index);
-    if (item == nullptr)
+    if (item == nullptr || rectangle == nullptr)
         return LB_ERR;
     const QRect row = list(*this)->visualItemRect(item);
     *rectangle = {row.left(), row.top(), row.left() + row.width(), row.top() + row.height()};

@@ -246,7 +246,7 @@ int CListCtrl::InsertItem(int index, const wchar_t* text) {
 }
 
 int CListCtrl::InsertItem(const LVITEM* item) {
-    if (parts_->view == nullptr || item->iItem < 0)
+    if (parts_->view == nullptr || item == nullptr || item->iItem < 0)
         return -1;
     zuhost::ReportLine line;
     if ((item->mask & LVIF_TEXT) != 0)
@@ -439,7 +439,7 @@ BOOL CListCtrl::EnsureVisible(int index, BOOL /*partlyWillDo*/) {
 }
 
 BOOL CListCtrl::GetItemRect(int index, RECT* rectangle) const {
-    if (!parts_->has(index))
+    if (!parts_->has(index) || rectangle == nullptr)
         return FALSE;
     const QRect row = parts_->view->visualRect(parts_->model.index(index, 0));
     *rectangle = {0, row.top(), parts_->view->viewport()->width(), row.top() + row.height()};
