@@ -52,7 +52,9 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTransform(const AcGeMatrix3d& tran
 }
 
 Acad::ErrorStatus AcDbBlockReference::subTransformBy(const AcGeMatrix3d& matrix) {
-    const Acad::ErrorStatus status = setBlockTransform(matrix * blockTransform());
+    Acad::ErrorStatus status = zuhost::canChangeParts(*this);
+    if (status == Acad::eOk)
+        status = setBlockTransform(matrix * blockTransform());
     if (status == Acad::eOk)
         forEachPart([&](AcDbEntity& part) { part.transformBy(matrix); });
     return status;

@@ -201,6 +201,8 @@ bool hasRecord(AcDbObjectId table, const ACHAR* name) {
     return records.openStatus() == Acad::eOk && records->has(name);
 }
 
+} // namespace
+
 bool addLayer(AcDbDatabase& database, const ACHAR* name) {
     const AcDbObjectPointer<AcDbLayerTable> table(database.layerTableId(), AcDb::kForWrite);
     if (table.openStatus() != Acad::eOk)
@@ -216,8 +218,6 @@ bool isBuiltInLinetype(const ACHAR* name) {
     const std::wstring folded = foldedName(name);
     return folded == L"BYLAYER" || folded == L"BYBLOCK";
 }
-
-} // namespace
 
 bool prepareReferences(const resbuf* list, AcDbDatabase& database) {
     for (const resbuf* item = list; item != nullptr; item = item->rbnext)

@@ -2,6 +2,7 @@
 
 #include "database_core.h"
 #include "dbents.h"
+#include "object_access.h"
 
 namespace zuhost {
 
@@ -22,9 +23,10 @@ void endSequence(AcDbEntity& owner) {
 Acad::ErrorStatus appendPart(AcDbEntity& owner, NewParts& pending, AcDbEntity* part, AcDbObjectId& id) {
     if (part == nullptr)
         return Acad::eNullObjectPointer;
-    if (part->database() != nullptr)
+    if (part->database() != nullptr || ObjectAccess::isPending(*part))
         return Acad::eAlreadyInDb;
     if (owner.database() == nullptr) {
+        ObjectAccess::setPending(*part);
         pending.emplace_back(part);
         return Acad::eOk;
     }
@@ -81,6 +83,17 @@ void copyParts(const AcDbEntity& owner, const NewParts& pending, NewParts& copie
     for (const AcDbEntity* const part : readParts(owner, pending))
         if (std::unique_ptr<AcRxObject> copy(part->clone()); AcDbEntity::cast(copy.get()) != nullptr)
             copies.emplace_back(static_cast<AcDbEntity*>(copy.release()));
+}
+
+Acad::ErrorStatus canChangeParts(const AcDbEntity& owner) {
+    for (const AcDbObjectId id : partIds(owner)) {
+        AcDbEntity* part = nullptr;
+        const Acad::ErrorStatus status = acdbOpenObject(part, id, AcDb::kForWrite, false, true);
+        if (status != Acad::eOk)
+            return status;
+        part->close();
+    }
+    return Acad::eOk;
 }
 
 void changeParts(const AcDbEntity& owner, const NewParts& pending,

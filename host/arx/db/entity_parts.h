@@ -28,6 +28,8 @@ void appendPending(AcDbEntity& owner, NewParts& pending, bool endsAlways);
 /// Adds copies of the parts to those of a copy of the entity, which is in no database.
 void copyParts(const AcDbEntity& owner, const NewParts& pending, NewParts& copies);
 
+/// Returns why a part cannot be opened for write; eOk when all can.
+[[nodiscard]] Acad::ErrorStatus canChangeParts(const AcDbEntity& owner);
 /// Calls the function with each part, open for write even if its layer is locked: the entity was opened in
 /// spite of it. Parts that cannot be opened are skipped.
 void changeParts(const AcDbEntity& owner, const NewParts& pending,

@@ -5,6 +5,7 @@
 #include "dbapserv.h"
 #include "dbsymtb.h"
 #include "drawing/tag_view.h"
+#include "entity_change.h"
 #include "record_name.h"
 
 #include <algorithm>
@@ -92,9 +93,8 @@ Acad::ErrorStatus AcDbEntity::setLinetype(const ACHAR* name, bool doSubents) {
         return Acad::eInvalidInput;
     if (core() != nullptr) {
         AcDbStub* const table = core()->tableHead("LTYPE");
-        const bool isImplied =
-            zuhost::foldedName(name) == L"BYLAYER" || zuhost::foldedName(name) == L"BYBLOCK";
-        if (!isImplied && (table == nullptr || core()->findRecord(*table, name, false) == nullptr))
+        if (!zuhost::isBuiltInLinetype(name) &&
+            (table == nullptr || core()->findRecord(*table, name, false) == nullptr))
             return Acad::eKeyNotFound;
     }
     const Acad::ErrorStatus status = setTextTag(kMarker, kLinetype, name);
@@ -211,7 +211,12 @@ void AcDbEntity::fitToDrawing() {
         std::wstring name = L"0";
         zuhost::readRecordName<AcDbLayerTableRecord>(database()->clayer(), name);
         setTextTag(kMarker, kLayer, name);
+    } else if (layerId().isNull()) {
+        zuhost::addLayer(*database(), layerText().c_str());
     }
+    const std::wstring linetype = textTag(kMarker, kLinetype);
+    if (!linetype.empty() && !zuhost::isBuiltInLinetype(linetype.c_str()) && linetypeId().isNull())
+        removeTags(kMarker, {kLinetype});
     for (const Introduced& property : kIntroduced)
         if (!canHold(property.code))
             removeTags(kMarker, {property.code});

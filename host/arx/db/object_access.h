@@ -52,6 +52,11 @@ struct ObjectAccess {
     static void setRecords(AcDbObject& object, TagList records) {
         object.changingTags() = std::move(records);
     }
+    /// Marks an object that is in no database as a part of another one that will add it to a database.
+    static void setPending(AcDbObject& object) { object.appended_ = true; }
+    static bool isPending(const AcDbObject& object) {
+        return object.appended_ && object.database() == nullptr;
+    }
     static std::wstring anonymousName(const AcDbDictionary& dictionary) { return dictionary.anonymousName(); }
     template <typename Notify>
     static void notifyReactors(const AcDbObject& object, Notify notify) {

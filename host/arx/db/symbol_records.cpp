@@ -23,6 +23,8 @@ namespace {
 constexpr std::int64_t kFrozen = 1;
 constexpr std::int64_t kLocked = 4;
 constexpr int kWhite = 7;
+constexpr int kTrueColor = 420;
+constexpr int kColorName = 430;
 constexpr int kDash = 49;
 constexpr int kDashType = 74;
 constexpr double kDegree = std::numbers::pi / 180.0;
@@ -75,7 +77,14 @@ Acad::ErrorStatus AcDbLayerTableRecord::setColorIndex(Adesk::UInt16 index) {
     constexpr Adesk::UInt16 kLast = 255;
     if (index == 0 || index > kLast)
         return Acad::eInvalidInput;
-    return setIntegerTag({}, 62, isOff() ? -std::int64_t{index} : std::int64_t{index});
+    const Acad::ErrorStatus status =
+        setIntegerTag({}, 62, isOff() ? -std::int64_t{index} : std::int64_t{index});
+    // The index replaces a colour by its parts, or by its name.
+    if (status == Acad::eOk)
+        changingTags().eraseIf(section({}).range(), [](const zuhost::Tag& tag) {
+            return tag.code == kTrueColor || tag.code == kColorName;
+        });
+    return status;
 }
 
 AcDbObjectId AcDbLayerTableRecord::linetypeObjectId() const {

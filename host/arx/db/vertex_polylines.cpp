@@ -135,6 +135,8 @@ Acad::ErrorStatus AcDb2dPolyline::subTransformBy(const AcGeMatrix3d& matrix) {
     const auto change = zuhost::planeChange(matrix, normal());
     if (!change)
         return Acad::eCannotScaleNonUniformly;
+    if (const Acad::ErrorStatus status = zuhost::canChangeParts(*this); status != Acad::eOk)
+        return status;
     const AcGeMatrix3d toNew = change->coordinates(matrix, normal());
     const double before = elevation();
     const double height = (toNew * AcGePoint3d(0.0, 0.0, before)).z;
@@ -238,6 +240,8 @@ Acad::ErrorStatus AcDb3dPolyline::openVertex(AcDb3dPolylineVertex*& vertex, AcDb
 }
 
 Acad::ErrorStatus AcDb3dPolyline::subTransformBy(const AcGeMatrix3d& matrix) {
+    if (const Acad::ErrorStatus status = zuhost::canChangeParts(*this); status != Acad::eOk)
+        return status;
     forEachPart([&](AcDbEntity& part) { part.transformBy(matrix); });
     return Acad::eOk;
 }

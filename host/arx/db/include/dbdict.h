@@ -70,7 +70,7 @@ public:
 
     /// Adds an entry. An object in no database yet becomes owned by this one and stays open for write. An
     /// entry with the same name is replaced and its object erased. For a group, a name that begins with "*"
-    /// stands for the next anonymous name "*A1", "*A2" ...
+    /// stands for the next anonymous name "*A1", "*A2" ... eWrongObjectType for entities and tables' records.
     Acad::ErrorStatus setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id);
     /// Removes the entry but does not erase the object.
     Acad::ErrorStatus remove(const ACHAR* name);

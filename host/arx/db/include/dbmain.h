@@ -88,7 +88,7 @@ public:
     virtual void goodbye(const AcDbDatabase* /*database*/) {}
 };
 
-/// An object of a drawing.
+/// An object of a drawing. Its setters return eInvalidInput for numbers that are not finite.
 ///
 /// Objects of a database are opened with acdbOpenObject and closed again; members that change the object need
 /// it to be open for write and otherwise return eNotOpenForWrite and change nothing. An object that is in no
@@ -360,8 +360,8 @@ protected:
     /// Returns whether drawings of the entity's version have the common property.
     [[nodiscard]] bool canHold(int code) const;
     void removeTags(std::string_view marker, std::initializer_list<int> codes);
-    /// Completes the records of an entity that was added to a drawing: adds the current layer when they name
-    /// none, removes common properties that the drawing's version lacks.
+    /// Completes the records of an entity that was added to a drawing: names the current layer when they name
+    /// none, adds a missing layer, removes an unknown linetype and properties that the version lacks.
     void fitToDrawing();
     /// Returns the extrusion direction of a plane entity.
     [[nodiscard]] AcGeVector3d normalTag(std::string_view marker) const;

@@ -77,7 +77,7 @@ public:
     [[nodiscard]] bool has(const ACHAR* name) const;
     [[nodiscard]] bool has(AcDbObjectId id) const;
     /// Adds the record, takes ownership of it and leaves it open for write. eDuplicateRecordName when the
-    /// name is in use.
+    /// name is in use, eWrongObjectType for a record of another table.
     Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
     Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
     /// The caller deletes the iterator.
@@ -245,9 +245,9 @@ public:
     Acad::ErrorStatus getBlockReferenceIds(AcDbObjectIdArray& ids, bool directOnly = true,
                                            bool forceValidity = false) const;
 
-    /// Appends the entity, takes ownership of it and leaves it open for write. eNotInDatabase when the record
-    /// is in no table yet; eNotApplicable, with the entity still the caller's, when drawings of this version
-    /// have no such entity (R12: AcDbPolyline, AcDbMText, AcDbEllipse).
+    /// Appends the entity, takes ownership of it and leaves it open for write; adds a missing layer.
+    /// eNotInDatabase when the record is in no table yet; eNotApplicable, with the entity still the caller's,
+    /// when drawings of this version have no such entity (R12: AcDbPolyline, AcDbMText, AcDbEllipse).
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
     /// The caller deletes the iterator.
