@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace zu::picture {
 
@@ -111,17 +112,62 @@ QFont fontOf(const TextRun& run, double capitalHeight) {
     return font;
 }
 
-QPainterPath outlineOf(const TextRun& run) {
+namespace {
+
+/// The outline of a run in text space.
+QPainterPath lettersOf(const TextRun& run) {
     thread_local QCache<QString, QPainterPath> known(400'000);
     const QString key = keyOf(run.family, run.bold, run.italic, run.onGrid) + run.text;
     if (const QPainterPath* path = known.object(key))
-        return run.place.map(*path);
+        return *path;
     const Face& face = faceOf(run.family, run.bold, run.italic, run.onGrid);
     QPainterPath path = run.onGrid ? gridLetters(run.text, face) : naturalLetters(run.text, face);
     path.setFillRule(Qt::WindingFill);
-    QPainterPath placed = run.place.map(path);
     known.insert(key, new QPainterPath(path), std::max(1, path.elementCount()));
-    return placed;
+    return path;
+}
+
+/// The part of a path from the start of a line on; `at` becomes the start of the next one.
+QPainterPath nextLine(const QPainterPath& path, int& at) {
+    QPainterPath line(path.elementAt(at++));
+    while (at < path.elementCount() && !path.elementAt(at).isMoveTo()) {
+        if (path.elementAt(at).isCurveTo()) {
+            line.cubicTo(path.elementAt(at), path.elementAt(at + 1), path.elementAt(at + 2));
+            at += 3;
+        } else {
+            line.lineTo(path.elementAt(at++));
+        }
+    }
+    return line;
+}
+
+} // namespace
+
+QPainterPath outlineOf(const TextRun& run) {
+    return run.place.map(lettersOf(run));
+}
+
+std::vector<QPainterPath> outlinesOf(const TextRun& run) {
+    constexpr int kMost = 2000; // A painter's time grows with the square of the corners of a path.
+    const QPainterPath letters = lettersOf(run);
+    if (letters.elementCount() <= kMost)
+        return {run.place.map(letters)};
+    std::vector<QPainterPath> groups;
+    QPainterPath group;
+    double right = -std::numeric_limits<double>::infinity();
+    for (int at = 0; at < letters.elementCount();) {
+        const QPainterPath line = nextLine(letters, at);
+        const QRectF box = line.controlPointRect();
+        if (group.elementCount() > kMost / 4 && box.left() > right) {
+            groups.push_back(run.place.map(group));
+            group.clear();
+        }
+        group.setFillRule(Qt::WindingFill);
+        group.addPath(line);
+        right = std::max(right, box.right());
+    }
+    groups.push_back(run.place.map(group));
+    return groups;
 }
 
 QPolygonF cornersOf(const TextRun& run) {

@@ -98,7 +98,8 @@ void PainterCanvas::fill(const QPainterPath& path, const QColor& colour) {
 void PainterCanvas::text(const TextRun& run, const QColor& colour) {
     flush();
     if (letters_ == Letters::areas) {
-        painter_.fillPath(outlineOf(run), colour);
+        for (const QPainterPath& letters : outlinesOf(run))
+            painter_.fillPath(letters, colour);
         return;
     }
     const QFont font = fontOf(run, kFontHeight);

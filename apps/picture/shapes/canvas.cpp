@@ -137,6 +137,12 @@ bool Canvas::isSpeck(const QRectF& box) const {
            options_.resolution;
 }
 
+bool Canvas::isOutside(const QRectF& box) const {
+    const QRectF& frame = options_.frame;
+    return !frame.isNull() && (box.left() > frame.right() || box.right() < frame.left() ||
+                               box.top() > frame.bottom() || box.bottom() < frame.top());
+}
+
 /// A line as long as the shape, unless one of the colour is there already.
 void Canvas::deliverSpeck(const QRectF& box) {
     const double size = options_.resolution;
@@ -233,7 +239,7 @@ void Canvas::text(const Entity& entity, TextRun run, const QTransform& toWorld) 
 }
 
 void Canvas::text(const Entity& entity, TextRun run, const QTransform& toWorld, const Colour& colour) {
-    if (run.text.isEmpty() || !take(kWorkPerLetter * static_cast<std::uint64_t>(run.text.size())))
+    if (run.text.isEmpty())
         return;
     run.place = run.place * toWorld;
     const QRectF box = cornersOf(run).boundingRect();
@@ -241,6 +247,12 @@ void Canvas::text(const Entity& entity, TextRun run, const QTransform& toWorld, 
         isOutOfRange_ = true;
         return;
     }
+    shape_.kind = Shape::Kind::text;
+    // Blocks multiply their letters, and legible ones take a painter's time. All others are as many as in the
+    // file.
+    const bool isCheap = !isInBlock() && (isMeasuring() || isSpeck(box) || isOutside(box));
+    if (!take(isCheap ? 1 : kWorkPerLetter * static_cast<std::uint64_t>(run.text.size())))
+        return;
     shape_.path.clear();
     shape_.run = std::move(run);
     shape_.colour = colour;

@@ -100,6 +100,7 @@ private:
     void deliver(const Linetype* linetype, double linetypeScale, const QRectF& box);
     void deliverTexts(const Linetype& linetype, double scale);
     [[nodiscard]] bool isSpeck(const QRectF& box) const;
+    [[nodiscard]] bool isOutside(const QRectF& box) const;
     void deliverSpeck(const QRectF& box);
     [[nodiscard]] Entity entityOf(std::size_t index) const;
     const BlockPicture* pictureOf(const Entity& entity, const Block& block);

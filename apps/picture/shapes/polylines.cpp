@@ -2,6 +2,7 @@
 #include "shapes/curve_path.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <limits>
 
@@ -23,6 +24,32 @@ QPainterPath thinSegments(std::span<const Vertex> vertices, bool closed) {
     return path;
 }
 
+void drawWideSegments(Canvas& canvas, const Entity& entity, std::span<const Vertex> vertices, bool closed,
+                      const QTransform& toWorld) {
+    const bool fills = canvas.drawing().variable("$FILLMODE").integer(70, 1) != 0;
+    const QPainterPath areas = wideSegments(vertices, closed);
+    if (fills)
+        canvas.fill(entity, areas, toWorld);
+    else
+        canvas.stroke(entity, areas, toWorld);
+}
+
+/// A painter's time grows with the square of the areas in a path: those of long polylines are several paths.
+void drawWide(Canvas& canvas, const Entity& entity, std::span<const Vertex> vertices, bool closed,
+              const QTransform& toWorld) {
+    constexpr std::size_t kMost = 500;
+    if (vertices.size() <= kMost) {
+        drawWideSegments(canvas, entity, vertices, closed, toWorld);
+        return;
+    }
+    for (std::size_t first = 0; first + 1 < vertices.size() && !canvas.isStopped(); first += kMost)
+        drawWideSegments(canvas, entity,
+                         vertices.subspan(first).first(std::min(kMost + 1, vertices.size() - first)), false,
+                         toWorld);
+    if (closed)
+        drawWideSegments(canvas, entity, std::array{vertices.back(), vertices.front()}, false, toWorld);
+}
+
 Outcome drawVertices(Canvas& canvas, const Entity& entity, std::span<const Vertex> vertices, bool closed,
                      double elevation) {
     if (vertices.empty())
@@ -30,16 +57,11 @@ Outcome drawVertices(Canvas& canvas, const Entity& entity, std::span<const Verte
     const QTransform toWorld = canvas.planeOf(entity, elevation);
     const bool isWide = std::any_of(vertices.begin(), vertices.end(),
                                     [](const Vertex& v) { return v.startWidth > 0.0 || v.endWidth > 0.0; });
-    const bool fills = canvas.drawing().variable("$FILLMODE").integer(70, 1) != 0;
     if (!isWide) {
         canvas.stroke(entity, polylinePath(vertices, closed), toWorld);
         return kDrawn;
     }
-    const QPainterPath areas = wideSegments(vertices, closed);
-    if (fills)
-        canvas.fill(entity, areas, toWorld);
-    else
-        canvas.stroke(entity, areas, toWorld);
+    drawWide(canvas, entity, vertices, closed, toWorld);
     canvas.stroke(entity, thinSegments(vertices, closed), toWorld);
     return kDrawn;
 }

@@ -83,7 +83,7 @@ QString counted(PlanText words, std::size_t count) {
 
 [[noreturn]] void throwTooMuch() {
     throw Failure("the plan has more to draw than a picture holds: look for blocks that hold very many "
-                  "references to others, or hatches with very dense lines");
+                  "references to others, hatches with very dense lines, or very many letters");
 }
 
 /// The place of a mark among those that can be told apart: on small plans also those of small gaps, which
@@ -443,10 +443,13 @@ void PlanComposition::paintEntities(picture::ShapePainter& painter, const Filter
     // What is too small to see counts by its place and colour; a caller's colours are not those of shapes.
     if (options_.colours.empty())
         options.resolution = painter.resolution();
-    picture::produceShapes(*drawing_, options, [&](const picture::Shape& shape) {
-        painter.paint(shape, inks_.inkOf(shape));
-        return true;
-    });
+    const picture::SceneReport report =
+        picture::produceShapes(*drawing_, options, [&](const picture::Shape& shape) {
+            painter.paint(shape, inks_.inkOf(shape));
+            return true;
+        });
+    if (report.isTooMuch)
+        throwTooMuch();
 }
 
 void PlanComposition::paintOthers(picture::ShapePainter& painter) const {
