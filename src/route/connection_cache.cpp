@@ -86,7 +86,10 @@ CachedElement ConnectionCache::read(AcDbObjectId id) {
     result.block = reference->blockTableRecord();
     const Read<DefinitionPoints>& local = definition(result.block);
     result.status = local.status;
+    if (local.value.empty())
+        return result;
     const AcGeMatrix3d transform = reference->blockTransform();
+    result.points.reserve(local.value.size());
     for (const DefinitionPoint& point : local.value)
         result.points.push_back(planPoint(point.position, transform));
     return result;

@@ -96,14 +96,16 @@ private:
 class TextListing {
 public:
     void add(AcDbObjectId element, std::span<const AcDbObjectId> others) {
+        const std::string handle = handleText(element);
+        const Block& block = blockOf(element);
         if (others.empty()) {
-            addCells(element);
+            addCells(handle, block);
             for (int i = 0; i < kCells; ++i)
                 table_.addCell("");
         }
         for (const AcDbObjectId other : others) {
-            addCells(element);
-            addCells(other);
+            addCells(handle, block);
+            addCells(handleText(other), blockOf(other));
         }
     }
     void finish() const { table_.print(); }
@@ -116,9 +118,8 @@ private:
         std::string what;
     };
 
-    void addCells(AcDbObjectId id) {
-        const Block& block = blockOf(id);
-        table_.addCell(handleText(id));
+    void addCells(const std::string& handle, const Block& block) {
+        table_.addCell(handle);
         table_.addCell(block.name);
         table_.addCell(block.what);
     }

@@ -98,6 +98,8 @@ private:
     // Reactors are changed in one pass: entities may have any number of them.
     void auditUnlisted(AcDbObjectId entity, const std::vector<AcDbObjectId>& named,
                        std::span<const AcDbObjectId> listing) {
+        if (named.empty())
+            return;
         std::unordered_set<AcDbObjectId> unlisted(named.begin(), named.end());
         for (const AcDbObjectId group : listing)
             unlisted.erase(group);
@@ -111,11 +113,11 @@ private:
 
     void auditUnnamed(AcDbObjectId entity, const std::vector<AcDbObjectId>& named,
                       std::span<const AcDbObjectId> listing) {
-        const std::unordered_set<AcDbObjectId> known(named.begin(), named.end());
-        std::vector<AcDbObjectId> missing;
-        for (const AcDbObjectId group : listing)
-            if (!known.contains(group))
-                missing.push_back(group);
+        std::vector<AcDbObjectId> missing(listing.begin(), listing.end());
+        if (!named.empty()) {
+            const std::unordered_set<AcDbObjectId> known(named.begin(), named.end());
+            std::erase_if(missing, [&known](AcDbObjectId group) { return known.contains(group); });
+        }
         const bool added = !missing.empty() && audit_.repair<AcDbObject>(entity, [&](AcDbObject& object) {
             return addPersistentReactors(object, missing);
         });
