@@ -3,8 +3,11 @@
 #include <zuhost/drawing_files.h>
 #include <zuhost/members.h>
 #include <zuhost/names.h>
+#include <zuhost/reactor_ids.h>
 #include <zuhost/text_codec.h>
 #include <zuhost/undo.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -240,6 +243,37 @@ TEST_F(Reactors, PersistentReactorsChangeSeveralAtATime) {
     handler->downgradeOpen();
     EXPECT_EQ(zuhost::addPersistentReactors(*handler, {id(kSingle)}), Acad::eNotOpenForWrite);
     EXPECT_EQ(zuhost::removePersistentReactors(*handler, {id(kDuct)}), Acad::eNotOpenForWrite);
+}
+
+TEST_F(Reactors, PersistentReactorsAreReadOnceEachInPlace) {
+    const std::string bytes = zuhost::dxfOutBytes(*drawing, false);
+    const std::string start = "{ACAD_REACTORS\n";
+    const std::size_t at = bytes.find(start, bytes.find("\n106\n")) + start.size();
+    std::string many; // More than are searched one by one.
+    for (int handle = 100; handle < 190; ++handle)
+        many += "330\n" + std::to_string(handle) + "\n";
+    const std::pair<std::string, bool> cases[] = {
+        {"", true},
+        {"330\n183\n330\n187\n", true},
+        {"330\n186\n", false},
+        {"330\nFFFFFF\n330\n183\n", false},
+        {"330\nno handle\n330\n0\n", false},
+        {many, false},
+        {many + many, false},
+    };
+    for (const auto& [records, isClean] : cases) {
+        const auto again = readBytes(std::string(bytes).insert(at, records));
+        const AcDbObjectPointer<AcDbObject> shelf(idIn(*again, kShelf));
+        std::vector<AcDbObjectId> listed;
+        for (const void* const reactor : *shelf->reactors())
+            if (const AcDbObjectId id = acdbPersistentReactorObjectId(reactor);
+                std::ranges::count(listed, id) == 0)
+                listed.push_back(id);
+        std::vector<AcDbObjectId> read{idIn(*again, kDuct)};
+        EXPECT_EQ(zuhost::readPersistentReactors(*shelf.object(), read), isClean) << records;
+        EXPECT_EQ(zuhost::surplusReactors(*shelf.object()).empty(), isClean) << records;
+        EXPECT_EQ(read, listed) << records;
+    }
 }
 
 TEST_F(Reactors, ChangesMoveTheRecordsThatFollow) {
