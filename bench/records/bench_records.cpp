@@ -1,17 +1,20 @@
 // Reads part drawings of 1, 10 and 100 MB, ASCII and binary, and a folder of 3,000 small ones, compared with
-// dxflib and with the minimum work of any reader.
+// dxflib, ezdxf and with the minimum work of any reader.
 #include "limit.h"
 #include "measure.h"
 #include "part_generator.h"
 
 #include <zucomn/dxf.h>
 
+#include <array>
+#include <charconv>
 #include <cstdio>
 #include <dl_creationadapter.h>
 #include <dl_dxf.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <unistd.h>
 #include <zuhost/paths.h>
@@ -37,6 +40,22 @@ Held readWithDxflib(const std::string& path) {
     if (!reader.in(path, &nothing))
         throw std::runtime_error("dxflib cannot read " + path);
     return nullptr;
+}
+
+/// Seconds that ezdxf takes to read the drawing, without the start of Python; nullopt where it is not
+/// installed. It keeps all of the drawing and is one pass, as it is too slow for more.
+std::optional<double> secondsOfEzdxf(const std::string& path) {
+    const std::string command = "/usr/bin/python3 -c \"import sys, time, ezdxf\nstart = time.perf_counter()\n"
+                                "ezdxf.readfile(sys.argv[1])\nprint(time.perf_counter() - start)\" '" +
+                                path + "' 2>/dev/null";
+    FILE* const output = popen(command.c_str(), "r");
+    if (output == nullptr)
+        return std::nullopt;
+    std::array<char, 64> line{};
+    const bool isRead = std::fgets(line.data(), static_cast<int>(line.size()), output) != nullptr;
+    double seconds = 0.0;
+    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), seconds);
+    return pclose(output) == 0 && isRead && error == std::errc() ? std::optional(seconds) : std::nullopt;
 }
 
 Held measureLimit(const std::string& path) {
@@ -72,6 +91,8 @@ void compare(const fs::path& folder, std::size_t megabytes, bool binary) {
         const Measure dxflib = measure(megabytes < 100 ? 5 : 2, [&] { return readWithDxflib(path); });
         std::printf(", %.1f times dxflib's (%.1f MB/s)", dxflib.seconds / part.seconds,
                     bytes / dxflib.seconds / 1e6);
+        if (const std::optional<double> ezdxf = secondsOfEzdxf(path))
+            std::printf(", %.0f times ezdxf's (%.2f MB/s)", *ezdxf / part.seconds, bytes / *ezdxf / 1e6);
     }
     std::printf("\n");
 }
