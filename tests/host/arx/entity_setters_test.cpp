@@ -63,9 +63,9 @@ Property property(std::string name, std::function<Entity*()> make, Acad::ErrorSt
     Property made{std::move(name), make, setTo(value), {}, [get, value](const AcDbEntity& entity) {
                       return isSame(static_cast<Value>((static_cast<const Entity&>(entity).*get)()), value);
                   }};
-    for (const Value& bad : notFinite(value))
+    for (const auto& bad : notFinite(value))
         made.refused.push_back(setTo(bad));
-    for (const Value& bad : invalid)
+    for (const auto& bad : invalid)
         made.refused.push_back(setTo(bad));
     return made;
 }

@@ -35,6 +35,7 @@ struct Counted {
 template <typename Array>
 std::vector<int> valuesOf(const Array& array) {
     std::vector<int> values;
+    values.reserve(static_cast<std::size_t>(array.GetSize()));
     for (int i = 0; i < array.GetSize(); ++i)
         values.push_back(array.GetAt(i).value);
     return values;

@@ -77,7 +77,6 @@ TEST(Times, CountInTheCalendar) {
     moved += CTimeSpan(0, 1, 0, 0);
     moved -= CTimeSpan(0, 0, 60, 0);
     EXPECT_EQ(moved, leap);
-    EXPECT_LT(leap, leap + CTimeSpan(1));
     for (const auto& [year, month, day, hour, minute, second] : {std::tuple{1899, 1, 1, 0, 0, 0},
                                                                  {10000, 1, 1, 0, 0, 0},
                                                                  {2024, 0, 1, 0, 0, 0},

@@ -115,6 +115,7 @@ protected:
         append(chain, acutBuildList(-4, kBegin[kind], RTNONE));
         std::vector<Predicate> inner;
         const int count = kind == 3 ? 1 : kind == 2 ? 2 : 1 + below(3);
+        inner.reserve(static_cast<std::size_t>(count));
         for (int i = 0; i < count; ++i)
             inner.push_back(appendTree(chain, depth - 1));
         append(chain, acutBuildList(-4, kEnd[kind], RTNONE));
