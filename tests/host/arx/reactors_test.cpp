@@ -188,9 +188,11 @@ TEST_F(Reactors, OtherObjectsCanStillBeOpenedInGoodbye) {
         }
         bool isLocked = false;
     };
-    for (const AcDbObjectId layer :
-         zuhost::recordIds(*AcDbObjectPointer<AcDbLayerTable>(drawing->layerTableId())))
+    AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
+    ASSERT_NE(layers.object(), nullptr);
+    for (const AcDbObjectId layer : zuhost::recordIds(*layers.object()))
         AcDbObjectPointer<AcDbLayerTableRecord>(layer, AcDb::kForWrite)->setIsLocked(true);
+    layers.close();
     LayerReader reader;
     AcDbObjectPointer<AcDbEntity>(id(kDuct))->addReactor(&reader);
     EXPECT_EQ(drawing->dxfIn(samplePath(L"office-floor-932.dxf").c_str()), Acad::eOk);
@@ -264,6 +266,7 @@ TEST_F(Reactors, PersistentReactorsAreReadOnceEachInPlace) {
     for (const auto& [records, isClean] : cases) {
         const auto again = readBytes(std::string(bytes).insert(at, records));
         const AcDbObjectPointer<AcDbObject> shelf(idIn(*again, kShelf));
+        ASSERT_NE(shelf.object(), nullptr);
         std::vector<AcDbObjectId> listed;
         for (const void* const reactor : *shelf->reactors())
             if (const AcDbObjectId id = acdbPersistentReactorObjectId(reactor);
