@@ -42,4 +42,8 @@ const zuhost::ModuleRegistration registration({&registration, "@ZU_MODULE_NAME@"
 } // namespace
 ]=])
   target_sources(${target} PRIVATE ${source})
+  if(WIN32)
+    # The host runs the module's DllMain, with its own handle; the system is to find none.
+    target_compile_definitions(${target} PRIVATE DllMain=zuModuleMain)
+  endif()
 endfunction()

@@ -106,6 +106,10 @@ void Command::callback(std::function<void()> run) {
     app_.callback(std::move(run));
 }
 
+void Command::takeAnything() {
+    app_.prefix_command();
+}
+
 std::vector<std::string> Command::path() const {
     std::vector<std::string> names;
     for (const CLI::App* app = &app_; app->get_parent() != nullptr; app = app->get_parent())

@@ -78,6 +78,8 @@ public:
     CommandOption* add_flag(const std::string& name, bool& value, const std::string& description);
     /// Sets what the command does once its arguments are parsed.
     void callback(std::function<void()> run);
+    /// Takes every option and argument; for commands that fail whatever they are given.
+    void takeAnything();
 
     /// The name, after those of the commands that it belongs to.
     [[nodiscard]] std::vector<std::string> path() const;

@@ -13,6 +13,7 @@
 #include <zucomn/frame.h>
 #include <zuhost/application.h>
 #include <zuhost/message_box.h>
+#include <zuhost/platform/streams.h>
 
 #include <algorithm>
 #include <exception>
@@ -119,7 +120,7 @@ void translateHelp(CLI::App& program) {
     program.get_help_ptr()->group(translated("Options"));
 }
 
-int run(int argc, char** argv) {
+int run(std::vector<std::string> words) {
     startLibrary();
     CLI::App program(
         translated("Checks and edits drawings of building services: elements, routes, attributes."), "zu");
@@ -129,10 +130,13 @@ int run(int argc, char** argv) {
     program.set_version_flag("--version", "zu " ZU_VERSION, translated("Print the version"));
     zu::app::Command commands(program);
     addCommands(commands);
-    if (answer(program, std::vector<std::string>(argv + std::min(argc, 1), argv + argc)))
+    if (!words.empty())
+        words.erase(words.begin());
+    if (answer(program, words))
         return 0;
     try {
-        program.parse(argc, argv);
+        std::reverse(words.begin(), words.end()); // The parser takes them from the end.
+        program.parse(words);
         return 0;
     } catch (const CLI::RequiredError& error) {
         const std::vector<std::string> unknown = program.remaining();
@@ -170,9 +174,10 @@ int report(const std::exception& error, int status) {
 } // namespace
 
 int main(int argc, char** argv) {
+    zuhost::platform::prepareStandardStreams();
     const zu::app::MessageFilter messages;
     try {
-        return flushOutput(run(argc, argv));
+        return flushOutput(run(zuhost::platform::programArguments(argc, argv)));
     } catch (const zu::app::WrongUsage& error) {
         return report(error, kWrongUsage);
     } catch (const std::exception& error) {

@@ -3,6 +3,7 @@
 #include "failure.h"
 
 #include <zuhost/paths.h>
+#include <zuhost/platform/paths.h>
 #include <zuhost/text_codec.h>
 
 #include <filesystem>
@@ -33,7 +34,9 @@ CString filePath(const std::string& file) {
 }
 
 CString fullPath(const std::string& file) {
-    return CString(zuhost::hostPath(narrow(filePath(std::filesystem::absolute(file).string()).view())));
+    return CString(zuhost::hostPath(
+        narrow(filePath(zuhost::platform::textOf(std::filesystem::absolute(zuhost::platform::pathOf(file))))
+                   .view())));
 }
 
 } // namespace zu::app

@@ -2,6 +2,8 @@
 
 #include "zuhost/atomic_file.h"
 
+#include <zuhost/platform/paths.h>
+
 #include <filesystem>
 
 namespace zuhost {
@@ -11,8 +13,8 @@ namespace {
 /// Returns the path unchanged when the current folder is unknown.
 std::string absolutePath(const std::string& path) {
     std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
-    return error ? path : absolute.string();
+    const std::filesystem::path absolute = std::filesystem::absolute(zuhost::platform::pathOf(path), error);
+    return error ? path : zuhost::platform::textOf(absolute);
 }
 
 } // namespace

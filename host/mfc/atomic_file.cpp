@@ -2,7 +2,10 @@
 
 #include "temporary_file.h"
 
-#include <cerrno>
+#include <zuhost/platform/error_numbers.h>
+#include <zuhost/platform/file_rules.h>
+#include <zuhost/platform/paths.h>
+
 #include <chrono>
 #include <filesystem>
 #include <new>
@@ -24,7 +27,7 @@ constexpr std::chrono::seconds kPatience{10};
 constexpr std::chrono::milliseconds kPause{2};
 
 std::string folderOf(const std::string& path) {
-    const std::string folder = fs::path(path).parent_path().string();
+    const std::string folder = platform::textOf(platform::pathOf(path).parent_path());
     return folder.empty() ? "." : folder;
 }
 
@@ -32,7 +35,7 @@ std::string folderOf(const std::string& path) {
 /// pipes. `exists` receives whether there is a file.
 int writable(const std::string& path, bool& exists) {
     std::error_code error;
-    const fs::file_status status = fs::status(path, error);
+    const fs::file_status status = fs::status(platform::pathOf(path), error);
     exists = fs::exists(status);
     if (!exists)
         return status.type() == fs::file_type::not_found ? 0 : error.value();
@@ -63,7 +66,7 @@ std::variant<std::string, int> followLinks(const std::string& path) {
     if (path.find('\0') != std::string::npos)
         return EILSEQ;
     std::error_code error;
-    fs::path named = path;
+    fs::path named = platform::pathOf(path);
     for (int followed = 0; fs::is_symlink(fs::symlink_status(named, error)); ++followed) {
         if (followed == kMostLinks)
             return ELOOP;
@@ -72,7 +75,7 @@ std::variant<std::string, int> followLinks(const std::string& path) {
     const fs::path real = fs::weakly_canonical(named, error);
     if (error)
         return error.value();
-    return real.empty() ? std::variant<std::string, int>(ENOENT) : real.string();
+    return real.empty() ? std::variant<std::string, int>(ENOENT) : platform::textOf(real);
 }
 
 std::variant<std::string, int> readWholeFile(const std::string& path, FileIdentity* identity) try {
@@ -82,7 +85,7 @@ std::variant<std::string, int> readWholeFile(const std::string& path, FileIdenti
     if (const int error = identity != nullptr ? file.identify(*identity) : 0)
         return error;
     std::error_code sizeError;
-    const auto expected = fs::file_size(path, sizeError);
+    const auto expected = fs::file_size(platform::pathOf(path), sizeError);
     std::string bytes;
     std::size_t filled = 0;
     // One byte more than expected, so that the first read already finds the end.
@@ -171,6 +174,8 @@ int AtomicFile::replace(const FileIdentity* expected) {
         if (now != *expected)
             return ESTALE;
     }
+    if (!platform::kReplacesOpenFiles)
+        static_cast<void>(old.close());
     if (const int error = temporary_->renameTo(target_))
         return error;
     // The new file is in place: without its identity, the next save of the caller is refused at worst.

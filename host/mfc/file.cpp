@@ -4,6 +4,8 @@
 #include "zuhost/paths.h"
 #include "zuhost/system_error.h"
 
+#include <zuhost/platform/paths.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
@@ -36,7 +38,7 @@ File::Mode openMode(UINT flags, const std::string& path) {
     if (!writes(flags))
         return File::Mode::read;
     std::error_code error;
-    if ((flags & CFile::modeCreate) != 0 && !std::filesystem::exists(path, error))
+    if ((flags & CFile::modeCreate) != 0 && !std::filesystem::exists(zuhost::platform::pathOf(path), error))
         return File::Mode::replace;
     return File::Mode::update;
 }

@@ -4,6 +4,8 @@
 #include "zuhost/paths.h"
 #include "zuhost/system_error.h"
 
+#include <zuhost/platform/paths.h>
+
 #include <cerrno>
 #include <filesystem>
 
@@ -15,7 +17,7 @@ std::string systemPath(const wchar_t* path) {
 
 bool exists(const std::string& path) {
     std::error_code error;
-    return std::filesystem::exists(path, error);
+    return std::filesystem::exists(zuhost::platform::pathOf(path), error);
 }
 
 BOOL resultOf(int systemError) {

@@ -6,6 +6,8 @@
 #include "zuhost/system_error.h"
 #include "zuhost/text_codec.h"
 
+#include <zuhost/platform/paths.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
@@ -66,8 +68,9 @@ bool matches(std::wstring_view name, std::wstring_view mask) {
 
 std::vector<std::wstring> namesIn(const std::string& folder, std::wstring_view mask, std::error_code& error) {
     std::vector<std::wstring> names;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
-        names.push_back(zuhost::fromUtf8(entry->path().filename().string()));
+    for (fs::directory_iterator entry(zuhost::platform::pathOf(folder), error), end; !error && entry != end;
+         entry.increment(error))
+        names.push_back(zuhost::fromUtf8(zuhost::platform::textOf(entry->path().filename())));
     std::sort(names.begin(), names.end());
     names.insert(names.begin(), {L".", L".."});
     std::erase_if(
@@ -78,7 +81,7 @@ std::vector<std::wstring> namesIn(const std::string& folder, std::wstring_view m
 WIN32_FIND_DATAW dataOf(const Search& search, const std::wstring& name) {
     WIN32_FIND_DATAW data;
     const std::wstring path = search.folder + name;
-    const std::string file = zuhost::systemPath(path);
+    const fs::path file = zuhost::platform::pathOf(zuhost::systemPath(path));
     std::error_code error;
     const DWORD attributes = GetFileAttributesW(path.c_str());
     // A link whose file is missing is a file of its own.

@@ -4,6 +4,8 @@
 #include "zuhost/paths.h"
 #include "zuhost/system_error.h"
 
+#include <zuhost/platform/paths.h>
+
 #include <cerrno>
 #include <filesystem>
 
@@ -71,9 +73,10 @@ BOOL MoveFileExW(const wchar_t* from, const wchar_t* to, DWORD flags) {
 }
 
 BOOL CreateDirectoryW(const wchar_t* path, LPSECURITY_ATTRIBUTES /*attributes*/) {
-    const std::string folder = systemPath(path);
-    if (const int error = pathError(folder))
+    const std::string name = systemPath(path);
+    if (const int error = pathError(name))
         return resultOf(error);
+    const fs::path folder = zuhost::platform::pathOf(name);
     std::error_code error;
     if (fs::create_directory(folder, error))
         return TRUE;
@@ -84,9 +87,10 @@ BOOL CreateDirectoryW(const wchar_t* path, LPSECURITY_ATTRIBUTES /*attributes*/)
 }
 
 BOOL RemoveDirectoryW(const wchar_t* path) {
-    const std::string folder = systemPath(path);
-    if (const int error = pathError(folder))
+    const std::string name = systemPath(path);
+    if (const int error = pathError(name))
         return resultOf(error);
+    const fs::path folder = zuhost::platform::pathOf(name);
     std::error_code error;
     if (!fs::is_directory(fs::symlink_status(folder, error)))
         return resultOf(error ? error.value() : ENOTDIR);
@@ -100,8 +104,9 @@ DWORD GetFileAttributesW(const wchar_t* path) {
         resultOf(error);
         return INVALID_FILE_ATTRIBUTES;
     }
+    const fs::path named = zuhost::platform::pathOf(file);
     std::error_code error;
-    const fs::file_status status = fs::status(file, error);
+    const fs::file_status status = fs::status(named, error);
     if (!fs::exists(status)) {
         resultOf(zuhost::missingFileError(file));
         return INVALID_FILE_ATTRIBUTES;
@@ -111,7 +116,7 @@ DWORD GetFileAttributesW(const wchar_t* path) {
         attributes |= FILE_ATTRIBUTE_DIRECTORY;
     else if ((status.permissions() & kWriters) == fs::perms::none)
         attributes |= FILE_ATTRIBUTE_READONLY;
-    const std::string name = fs::path(file).filename().string();
+    const std::string name = zuhost::platform::textOf(named.filename());
     if (name.size() > 1 && name.front() == '.' && name != "..")
         attributes |= FILE_ATTRIBUTE_HIDDEN;
     return attributes != 0 ? attributes : FILE_ATTRIBUTE_NORMAL;
@@ -125,7 +130,8 @@ BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes) {
         return TRUE;
     const bool isReadOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
     std::error_code error;
-    fs::permissions(systemPath(path), isReadOnly ? kWriters : fs::perms::owner_write,
+    fs::permissions(zuhost::platform::pathOf(systemPath(path)),
+                    isReadOnly ? kWriters : fs::perms::owner_write,
                     isReadOnly ? fs::perm_options::remove : fs::perm_options::add, error);
     return resultOf(error);
 }
@@ -135,7 +141,7 @@ DWORD GetTempPathW(DWORD size, wchar_t* buffer) {
     const fs::path folder = fs::temp_directory_path(error);
     if (resultOf(error) == FALSE)
         return 0;
-    std::wstring path = zuhost::hostPath(folder.string());
+    std::wstring path = zuhost::hostPath(zuhost::platform::textOf(folder));
     if (path.back() != L'\\')
         path += L'\\';
     return copyPath(path, size, buffer);
@@ -164,13 +170,16 @@ UINT GetTempFileNameW(const wchar_t* folder, const wchar_t* prefix, UINT unique,
 DWORD GetCurrentDirectoryW(DWORD size, wchar_t* buffer) {
     std::error_code error;
     const fs::path folder = fs::current_path(error);
-    return resultOf(error) != FALSE ? copyPath(zuhost::hostPath(folder.string()), size, buffer) : 0;
+    return resultOf(error) != FALSE
+               ? copyPath(zuhost::hostPath(zuhost::platform::textOf(folder)), size, buffer)
+               : 0;
 }
 
 BOOL SetCurrentDirectoryW(const wchar_t* path) {
-    const std::string folder = systemPath(path);
-    if (const int error = pathError(folder))
+    const std::string name = systemPath(path);
+    if (const int error = pathError(name))
         return resultOf(error);
+    const fs::path folder = zuhost::platform::pathOf(name);
     std::error_code error;
     fs::current_path(folder, error);
     return resultOf(error);
@@ -185,10 +194,10 @@ DWORD GetFullPathNameW(const wchar_t* path, DWORD size, wchar_t* buffer, wchar_t
         return 0;
     }
     std::error_code error;
-    const fs::path full = fs::absolute(given, error).lexically_normal();
+    const fs::path full = fs::absolute(zuhost::platform::pathOf(given), error).lexically_normal();
     if (resultOf(error) == FALSE)
         return 0;
-    const std::wstring text = zuhost::hostPath(full.string());
+    const std::wstring text = zuhost::hostPath(zuhost::platform::textOf(full));
     const DWORD length = copyPath(text, size, buffer);
     const std::size_t start = text.rfind(L'\\') + 1;
     if (name != nullptr && length == text.size() && start < text.size())

@@ -6,6 +6,7 @@
 #include "zuhost/text_codec.h"
 
 #include <zuhost/platform/libraries.h>
+#include <zuhost/platform/paths.h>
 
 #include <algorithm>
 #include <array>
@@ -37,8 +38,12 @@ void removeModule(HINSTANCE module) {
 
 std::string canonical(const std::string& path) {
     std::error_code error;
-    const fs::path real = fs::canonical(path, error);
-    return error ? path : real.string();
+    const fs::path real = fs::canonical(platform::pathOf(path), error);
+    return error ? path : platform::textOf(real);
+}
+
+std::string nameOf(const fs::path& path) {
+    return platform::textOf(path.filename());
 }
 
 /// Returns "ZuComn.dll" for "libZuComn.so.1.0.0" and "ZuComn.strings".
@@ -52,22 +57,22 @@ std::string hostName(const std::string& file) {
 HINSTANCE add(const std::string& path) {
     HINSTANCE__& module = modules().emplace_back();
     module.path = path;
-    module.name = hostName(fs::path(path).filename().string());
+    module.name = hostName(nameOf(platform::pathOf(path)));
     return &module;
 }
 
 /// Returns the file of a module by its path in the platform's form; empty when there is none.
 std::string moduleFile(const std::wstring& path) {
-    const fs::path given = zuhost::systemPath(path);
-    const std::string stem = given.stem().string();
+    const fs::path given = platform::pathOf(zuhost::systemPath(path));
+    const std::string stem = platform::textOf(given.stem());
     std::vector<std::string> names = platform::libraryNames(stem);
-    names.insert(names.begin(), given.filename().string());
+    names.insert(names.begin(), nameOf(given));
     names.push_back(stem + ".strings");
     for (const std::string& name : names) {
-        const std::string candidate =
-            zuhost::systemPath(zuhost::hostPath((given.parent_path() / name).string()));
+        const std::string candidate = zuhost::systemPath(
+            zuhost::hostPath(platform::textOf(given.parent_path() / platform::pathOf(name))));
         std::error_code error;
-        if (fs::is_regular_file(candidate, error))
+        if (fs::is_regular_file(platform::pathOf(candidate), error))
             return canonical(candidate);
     }
     return {};
@@ -104,7 +109,7 @@ HINSTANCE program() {
     static const HINSTANCE module = [] {
         const std::string path = canonical(platform::programFile());
         const HINSTANCE added = add(path);
-        added->name = fs::path(path).filename().string() + ".exe";
+        added->name = nameOf(platform::pathOf(path)) + (path.ends_with(".exe") ? "" : ".exe");
         return added;
     }();
     return module;
@@ -197,8 +202,8 @@ DWORD GetModuleFileNameW(HMODULE module, wchar_t* buffer, DWORD size) {
         return 0;
     if (module == nullptr)
         module = program();
-    const std::wstring path =
-        zuhost::hostPath((fs::path(module->path).parent_path() / module->name).string());
+    const std::wstring path = zuhost::hostPath(
+        platform::textOf(platform::pathOf(module->path).parent_path() / platform::pathOf(module->name)));
     const std::size_t count = std::min<std::size_t>(path.size(), size - 1);
     std::copy_n(path.begin(), count, buffer);
     buffer[count] = L'\0';

@@ -3,6 +3,9 @@
 #include "zuhost/character.h"
 #include "zuhost/text_codec.h"
 
+#include <zuhost/platform/paths.h>
+#include <zuhost/platform/system_rules.h>
+
 #include <algorithm>
 #include <filesystem>
 
@@ -24,14 +27,14 @@ bool equalIgnoringCase(std::wstring_view a, std::wstring_view b) {
 
 /// Returns the folder's entry whose name differs from `name` in case only; `name` itself when there is none.
 std::string nameInFolder(const fs::path& folder, const std::string& name) {
-    if (entryExists(folder / name))
+    if (entryExists(folder / platform::pathOf(name)))
         return name;
     const std::wstring wanted = fromUtf8(name);
     std::string best;
     std::error_code error;
     for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
          entry.increment(error)) {
-        const std::string candidate = entry->path().filename().string();
+        const std::string candidate = platform::textOf(entry->path().filename());
         if (equalIgnoringCase(fromUtf8(candidate), wanted) && (best.empty() || candidate < best))
             best = candidate;
     }
@@ -45,7 +48,7 @@ bool isSpecial(const std::string& name) {
 std::string withSlashes(std::wstring_view path) {
     const bool drive =
         path.size() > 2 && path[1] == L':' && toUpper(path[0]) >= L'A' && toUpper(path[0]) <= L'Z';
-    std::string slashed = toUtf8(drive ? path.substr(2) : path);
+    std::string slashed = toUtf8(drive && !platform::kPathsHaveDrives ? path.substr(2) : path);
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
     return slashed;
 }
@@ -72,14 +75,15 @@ std::string systemPath(std::wstring_view path) {
     std::string slashed = withSlashes(path);
     if (!canBeName(path))
         return '\0' + slashed;
-    if (slashed.empty() || entryExists(slashed))
+    if (slashed.empty() || entryExists(platform::pathOf(slashed)))
         return slashed;
     fs::path found;
-    for (const fs::path& component : fs::path(withoutTrailingDots(slashed))) {
-        const std::string name = component.string();
-        found /= component.has_root_directory() || isSpecial(name) ? name : nameInFolder(found, name);
+    for (const fs::path& component : platform::pathOf(withoutTrailingDots(slashed))) {
+        const std::string name = platform::textOf(component);
+        found /=
+            platform::pathOf(component.has_root_path() || isSpecial(name) ? name : nameInFolder(found, name));
     }
-    return found.string();
+    return platform::textOf(found);
 }
 
 std::wstring hostPath(std::string_view systemPath) {

@@ -2,8 +2,10 @@
 
 #include "afx.h"
 
+#include <zuhost/platform/error_numbers.h>
+#include <zuhost/platform/paths.h>
+
 #include <array>
-#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -67,7 +69,7 @@ int fileExceptionCauseOfLastError(DWORD lastError) {
 }
 
 int missingFileError(const std::string& path) {
-    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+    const std::filesystem::path folder = platform::pathOf(path).parent_path();
     std::error_code error;
     return folder.empty() || std::filesystem::is_directory(folder, error) ? ENOENT : ENOTDIR;
 }

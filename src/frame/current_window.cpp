@@ -2,9 +2,6 @@
 
 #include "reset.h"
 
-#include <afxwin.h>
-#include <rxmfcapi.h>
-
 CWnd* close_pLastWnd = nullptr;
 bool close_bDoHide = false;
 UINT close_Msg = 0;
@@ -52,13 +49,4 @@ void ZuceComn_ClearCurrentWindow(bool both) {
     if (both)
         close_pLastWnd2 = nullptr;
     ZuComn_ClearSendCueCommand();
-}
-
-void ZuComn_ShowWindow(CWnd* window, int command) {
-    if (window == nullptr || window->GetSafeHwnd() == nullptr)
-        return;
-    CWnd* const parent = window->GetParentFrame();
-    CWnd* const target = parent == nullptr || parent == acedGetAcadFrame() ? window : parent;
-    if (target->IsWindowVisible())
-        target->ShowWindow(command);
 }

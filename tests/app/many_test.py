@@ -1,4 +1,5 @@
 """Many drawings in one call: what is damaged or crashes the program harms no other, and streams."""
+import glob
 import json
 import os
 import shutil
@@ -46,10 +47,10 @@ def crash(folder):
     writer = os.open(pipe, os.O_RDWR)
     program = subprocess.Popen([ZU, "groups", "--json", FLOOR, pipe, FLOOR, "--jobs", "2"], stdout=subprocess.PIPE,
                                stderr=subprocess.PIPE, text=True)
-    children = "/proc/%d/task/%d/children" % (program.pid, program.pid)
     for _ in range(600):
         time.sleep(0.05)
-        found = [pid for pid in open(children).read().split()
+        threads = glob.glob("/proc/%d/task/*/children" % program.pid)
+        found = [pid for thread in threads for pid in open(thread).read().split()
                  if open("/proc/%s/cmdline" % pid).read().endswith("--\0%s\0" % pipe)]
         if found:
             os.kill(int(found[0]), signal.SIGKILL)

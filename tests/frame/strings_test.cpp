@@ -1,9 +1,10 @@
-#include "combo_numbers_fixture.h"
 #include "sample_settings.h"
 #include "texts.h"
 
 #include <zucomn/strings.h>
 #include <zuhost/file_ops.h>
+
+#include <gtest/gtest.h>
 
 #include <cmath>
 
@@ -111,38 +112,6 @@ TEST(Numbers, RealFormat) {
         {3e9, 1, 0, L"3000000000"}};
     for (const auto& [value, precision, rounding, text] : cases)
         EXPECT_STREQ(ZuComn_RealFormat(value, precision, rounding), text) << value << ' ' << precision;
-}
-
-TEST_F(ComboNumbers, AreSortedAndFormattedAlike) {
-    fill({L"1", L"3"});
-    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.50", 99), -1);
-    EXPECT_EQ(items(), (Texts{L"1", L"2.5", L"3"}));
-    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3", 99), 2);
-    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"1.0", 99), 0);
-    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.5", 99), 1);
-    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"10", 0), 3);
-    EXPECT_EQ(items(), (Texts{L"1", L"2", L"3", L"10"}));
-    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"0.25", 100), 0);
-    EXPECT_EQ(items().front(), L"0.25");
-    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"2.26", 1), -1);
-    EXPECT_EQ(items(), (Texts{L"0.25", L"1", L"2", L"2.3", L"3", L"10"}));
-    const SampleSettings settings; // without a configured precision
-    settings.folder().write("system/ZuConfig.ini", "");
-    WritePrivateProfileStringW(L"ｵﾌﾟｼｮﾝ", L"REALACCURACY", nullptr, settings.system("master.ini").c_str());
-    EXPECT_EQ(ZuComn_ComboBoxAdd(box, L"3.7", -1), -1);
-    EXPECT_EQ(items(), (Texts{L"0", L"1", L"2", L"2", L"3", L"4", L"10"}));
-    // The number of items does not change how often the settings are read.
-    const zuhost::file_ops::FailAt never(std::numeric_limits<std::uint64_t>::max());
-    const auto readings = [&] {
-        const std::uint64_t before = never.count();
-        ZuComn_ComboBoxAdd(box, std::to_wstring(1000 + before).c_str(), -1);
-        return never.count() - before;
-    };
-    const std::uint64_t few = readings();
-    EXPECT_GT(few, 0U);
-    for (int i = 100; i < 150; ++i)
-        box.AddString(std::to_wstring(i).c_str());
-    EXPECT_EQ(readings(), few);
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include "model/save_options.h"
 #include "model/standard_streams.h"
 
+#include <zuhost/platform/paths.h>
+
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -16,6 +18,8 @@
 namespace zu::app {
 
 namespace {
+
+using zuhost::platform::pathOf;
 
 constexpr std::string_view kName = "{}";
 constexpr const char* kDrawings = "Drawings and folders of drawings; - reads standard input";
@@ -33,7 +37,8 @@ bool isOwn(const GivenOption& option) {
 /// Whether the call is for one drawing by its form, not by what a folder holds at the moment.
 bool isSingle(const DrawingBatch& batch) {
     std::error_code unknown;
-    return batch.operands.size() == 1 && !std::filesystem::is_directory(batch.operands.front(), unknown);
+    return batch.operands.size() == 1 &&
+           !std::filesystem::is_directory(pathOf(batch.operands.front()), unknown);
 }
 
 bool hasNamePlace(const GivenOption& output) {
@@ -70,11 +75,11 @@ void requireOutputs(const std::vector<GivenOption>& options, const std::vector<L
 std::string outputOf(const GivenOption& option, const ListedDrawing& drawing) {
     std::string pattern = option.values.front();
     if (option.takesFolder && !hasNamePlace(option) && namesFolder(pattern))
-        pattern += '/' + std::string(kName) + std::filesystem::path(drawing.path).extension().string();
+        pattern += '/' + std::string(kName) + zuhost::platform::textOf(pathOf(drawing.path).extension());
     for (std::size_t at = 0; (at = pattern.find(kName, at)) != std::string::npos; at += drawing.name.size())
         pattern.replace(at, kName.size(), drawing.name);
     std::error_code failed; // Saving reports what is wrong with the folder.
-    std::filesystem::create_directories(std::filesystem::path(pattern).parent_path(), failed);
+    std::filesystem::create_directories(pathOf(pattern).parent_path(), failed);
     return pattern;
 }
 

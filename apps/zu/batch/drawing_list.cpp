@@ -2,6 +2,8 @@
 
 #include "failure.h"
 
+#include <zuhost/platform/paths.h>
+
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
@@ -11,9 +13,11 @@ namespace zu::app {
 namespace {
 
 namespace fs = std::filesystem;
+using zuhost::platform::pathOf;
+using zuhost::platform::textOf;
 
 bool isDrawing(const fs::directory_entry& entry) {
-    std::string ending = entry.path().extension().string();
+    std::string ending = textOf(entry.path().extension());
     std::transform(ending.begin(), ending.end(), ending.begin(),
                    [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     std::error_code unknown;
@@ -29,7 +33,7 @@ std::vector<fs::path> drawingsIn(const fs::path& folder) {
         if (isDrawing(*entry))
             found.push_back(entry->path());
     if (error)
-        throw Failure(folder.string() + ": " + error.message());
+        throw Failure(textOf(folder) + ": " + error.message());
     std::sort(found.begin(), found.end());
     return found;
 }
@@ -38,10 +42,10 @@ void appendFolder(const fs::path& folder, bool descends, std::vector<ListedDrawi
     const std::vector<fs::path> found = descends ? drawingsIn<fs::recursive_directory_iterator>(folder)
                                                  : drawingsIn<fs::directory_iterator>(folder);
     if (found.empty())
-        throw Failure(folder.string() + ": holds no .dxf file" +
+        throw Failure(textOf(folder) + ": holds no .dxf file" +
                       (descends ? "" : "; -r looks into its folders too"));
     for (const fs::path& path : found)
-        drawings.push_back({path.string(), path.lexically_relative(folder).replace_extension().string()});
+        drawings.push_back({textOf(path), textOf(path.lexically_relative(folder).replace_extension())});
 }
 
 } // namespace
@@ -50,10 +54,10 @@ std::vector<ListedDrawing> listDrawings(const std::vector<std::string>& operands
     std::vector<ListedDrawing> drawings;
     for (const std::string& operand : operands) {
         std::error_code unknown;
-        if (fs::is_directory(operand, unknown))
-            appendFolder(operand, descends, drawings);
+        if (fs::is_directory(pathOf(operand), unknown))
+            appendFolder(pathOf(operand), descends, drawings);
         else
-            drawings.push_back({operand, fs::path(operand).stem().string()});
+            drawings.push_back({operand, textOf(pathOf(operand).stem())});
     }
     return drawings;
 }

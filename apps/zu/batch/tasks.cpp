@@ -1,121 +1,165 @@
 #include "batch/tasks.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
-#include <QProcess>
+#include <zuhost/platform/libraries.h>
+#include <zuhost/platform/processes.h>
+#include <zuhost/system_error.h>
 
+#include <algorithm>
+#include <array>
+#include <condition_variable>
 #include <exception>
-#include <memory>
+#include <mutex>
 #include <optional>
+#include <string_view>
+#include <thread>
 #include <utility>
 
 namespace zu::app {
 
 namespace {
 
+namespace platform = zuhost::platform;
+
 constexpr int kFailed = 1;
 
-/// Qt waits for processes in the loop of an application object, which a command may have made already.
-class ApplicationScope {
-public:
-    ApplicationScope() {
-        if (QCoreApplication::instance() == nullptr)
-            application_ = std::make_unique<QCoreApplication>(count_, arguments_);
+std::string readToEnd(platform::FileHandle pipe) {
+    std::string text;
+    std::array<char, std::size_t{1} << 16U> buffer{};
+    for (std::size_t done = buffer.size(); done == buffer.size();) {
+        if (platform::readFile(pipe, buffer.data(), buffer.size(), done) != 0)
+            break;
+        text += std::string_view(buffer.data(), done);
     }
-
-private:
-    char name_[3] = "zu";
-    char* arguments_[2] = {name_, nullptr};
-    int count_ = 1;
-    std::unique_ptr<QCoreApplication> application_;
-};
-
-QStringList argumentList(const Task& task) {
-    QStringList list;
-    for (const std::string& argument : task.arguments)
-        list << QString::fromStdString(argument);
-    return list;
+    platform::closeFile(pipe);
+    return text;
 }
 
-class TaskRunner {
+/// The processes that can be ended; those that have closed their pipes end by themselves.
+class RunningProcesses {
 public:
-    TaskRunner(std::span<const Task> tasks, const TaskObserver& observer)
-        : tasks_(tasks), observer_(observer), results_(tasks.size()) {}
-
-    void run(int jobs) {
-        for (int i = 0; i < jobs; ++i)
-            startNext();
-        if (done_ < tasks_.size())
-            loop_.exec();
-        if (failure_)
-            std::rethrow_exception(failure_);
+    /// Returns false, with nothing started, once `endAll` was called.
+    bool start(const Task& task, platform::Process& process, int& error) {
+        const std::lock_guard lock(mutex_);
+        if (isOver_)
+            return false;
+        error = platform::startProcess(platform::programFile(), task.arguments, task.readsInput, process);
+        if (error == 0)
+            running_.push_back(process);
+        return true;
+    }
+    /// Called before the process is waited for: its number may be given to another one then.
+    void release(const platform::Process& process) {
+        const std::lock_guard lock(mutex_);
+        std::erase_if(running_, [&](const platform::Process& p) { return p.id == process.id; });
+    }
+    void endAll() {
+        const std::lock_guard lock(mutex_);
+        isOver_ = true;
+        std::for_each(running_.begin(), running_.end(), platform::killProcess);
     }
 
 private:
-    void startNext() {
-        if (next_ == tasks_.size() || failure_)
-            return;
-        const std::size_t index = next_++;
-        auto* const process = new QProcess(&parent_);
-        QObject::connect(
-            process, &QProcess::finished, process, [=, this](int status, QProcess::ExitStatus how) {
-                const bool crashed = how == QProcess::CrashExit;
-                end(process, index,
-                    {crashed ? kFailed : status, crashed, process->readAllStandardOutput().toStdString(),
-                     process->readAllStandardError().toStdString()});
-            });
-        // Queued: a failure that start() itself reports would otherwise start the next task within it.
-        const auto failed = [=, this](QProcess::ProcessError error) {
-            if (error == QProcess::FailedToStart)
-                end(process, index, {kFailed, false, {}, process->errorString().toStdString() + '\n'});
-        };
-        QObject::connect(process, &QProcess::errorOccurred, process, failed, Qt::QueuedConnection);
-        if (tasks_[index].readsInput)
-            process->setInputChannelMode(QProcess::ForwardedInputChannel);
-        else
-            process->setStandardInputFile(QProcess::nullDevice());
-        process->start(QCoreApplication::applicationFilePath(), argumentList(tasks_[index]));
+    std::mutex mutex_;
+    std::vector<platform::Process> running_;
+    bool isOver_ = false;
+};
+
+/// Nullopt when the tasks are over.
+std::optional<TaskResult> runTask(const Task& task, RunningProcesses& processes) {
+    platform::Process process;
+    int error = 0;
+    if (!processes.start(task, process, error))
+        return std::nullopt;
+    if (error != 0)
+        return TaskResult{kFailed, false, {}, zuhost::errorText(error) + '\n'};
+    TaskResult result;
+    std::jthread errors([&] { result.errors = readToEnd(process.errors); });
+    result.output = readToEnd(process.output);
+    errors.join();
+    processes.release(process);
+    const auto [status, crashed] = platform::waitForProcess(process);
+    result.status = crashed ? kFailed : status;
+    result.crashed = crashed;
+    return result;
+}
+
+/// Threads run the tasks; the observer is called on the caller's thread.
+class TaskRunner {
+public:
+    explicit TaskRunner(std::span<const Task> tasks) : tasks_(tasks), results_(tasks.size()) {}
+    ~TaskRunner() {
+        processes_.endAll();
+        for (std::thread& thread : threads_)
+            thread.join();
+    }
+    TaskRunner(const TaskRunner&) = delete;
+    TaskRunner& operator=(const TaskRunner&) = delete;
+
+    void run(int jobs, const TaskObserver& observer) {
+        const std::size_t count = std::min(static_cast<std::size_t>(std::max(jobs, 1)), tasks_.size());
+        for (std::size_t i = 0; i < count; ++i)
+            threads_.emplace_back([this] { work(); });
+        std::size_t delivered = 0;
+        for (std::size_t done = 0; done < tasks_.size();) {
+            done = waitForMore(done);
+            while (const std::optional<TaskResult> result = take(delivered))
+                observer.finished(delivered++, *result);
+            observer.counted(done);
+        }
     }
 
-    /// Exceptions don't pass through the loop.
-    void end(QProcess* process, std::size_t index, TaskResult result) {
-        process->deleteLater();
-        ++done_;
+private:
+    void work() {
         try {
-            results_[index] = std::move(result);
-            deliver();
-            observer_.counted(done_);
+            while (const std::optional<std::size_t> index = next()) {
+                std::optional<TaskResult> result = runTask(tasks_[*index], processes_);
+                if (!result)
+                    return;
+                const std::lock_guard lock(mutex_);
+                results_[*index] = std::move(result);
+                ++done_;
+                changed_.notify_one();
+            }
         } catch (...) {
+            const std::lock_guard lock(mutex_);
             failure_ = std::current_exception();
+            changed_.notify_one();
         }
-        startNext();
-        if (failure_ || done_ == tasks_.size())
-            loop_.quit();
     }
 
-    void deliver() {
-        for (; delivered_ < results_.size() && results_[delivered_]; ++delivered_) {
-            const TaskResult result = *std::exchange(results_[delivered_], TaskResult());
-            observer_.finished(delivered_, result);
-        }
+    std::optional<std::size_t> next() {
+        const std::lock_guard lock(mutex_);
+        return next_ < tasks_.size() ? std::optional(next_++) : std::nullopt;
+    }
+
+    std::size_t waitForMore(std::size_t known) {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [&] { return done_ > known || failure_; });
+        if (failure_)
+            std::rethrow_exception(failure_);
+        return done_;
+    }
+
+    std::optional<TaskResult> take(std::size_t index) {
+        const std::lock_guard lock(mutex_);
+        return index < results_.size() ? std::exchange(results_[index], std::nullopt) : std::nullopt;
     }
 
     std::span<const Task> tasks_;
-    const TaskObserver& observer_;
+    RunningProcesses processes_;
+    std::mutex mutex_;
+    std::condition_variable changed_;
     std::vector<std::optional<TaskResult>> results_;
     std::size_t next_ = 0;
     std::size_t done_ = 0;
-    std::size_t delivered_ = 0;
     std::exception_ptr failure_;
-    QEventLoop loop_;
-    QObject parent_; ///< Ends the processes that still run when an exception ends the others.
+    std::vector<std::thread> threads_;
 };
 
 } // namespace
 
 void runTasks(std::span<const Task> tasks, int jobs, const TaskObserver& observer) {
-    const ApplicationScope application;
-    TaskRunner(tasks, observer).run(jobs);
+    TaskRunner(tasks).run(jobs, observer);
 }
 
 } // namespace zu::app

@@ -24,7 +24,7 @@ struct TaskResult {
 struct TaskObserver {
     /// In the order of the tasks.
     std::function<void(std::size_t index, const TaskResult& result)> finished;
-    /// For every task in the order in which they end, with the number of those that have.
+    /// Whenever tasks have ended, with the number of those that have.
     std::function<void(std::size_t done)> counted;
 };
 

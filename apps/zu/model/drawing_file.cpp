@@ -12,6 +12,7 @@
 #include <zucomn/model/groups.h>
 #include <zucomn/route.h>
 #include <zuhost/drawing_files.h>
+#include <zuhost/platform/paths.h>
 
 #include <charconv>
 #include <filesystem>
@@ -128,8 +129,9 @@ std::string DrawingFile::outputFile(const std::string& output) const {
     if (path_ == kStandardStream)
         throw Failure(output + ": name a file in the folder; the drawing comes from standard input");
     std::error_code failed; // Saving reports what is wrong with the folder.
-    std::filesystem::create_directories(output, failed);
-    return (std::filesystem::path(output) / std::filesystem::path(path_).filename()).string();
+    std::filesystem::create_directories(zuhost::platform::pathOf(output), failed);
+    return zuhost::platform::textOf(zuhost::platform::pathOf(output) /
+                                    zuhost::platform::pathOf(path_).filename());
 }
 
 std::string handleText(AcDbObjectId id) {

@@ -2,6 +2,8 @@
 
 #include "model/standard_streams.h"
 
+#include <zuhost/platform/paths.h>
+
 #include <filesystem>
 
 namespace zu::app {
@@ -13,7 +15,7 @@ bool isHandle(const std::string& word) {
         return true;
     std::error_code unknown;
     return word != kStandardStream && word.find_first_of("./") == std::string::npos &&
-           !std::filesystem::exists(word, unknown);
+           !std::filesystem::exists(zuhost::platform::pathOf(word), unknown);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <zuhost/file_ops.h>
 #include <zuhost/paths.h>
+#include <zuhost/platform/paths.h>
 #include <zuhost/system_error.h>
 
 #include <filesystem>
@@ -15,9 +16,9 @@ void requireReadable(const std::string& file) {
     const std::string path = zuhost::systemPath(filePath(file).view());
     std::error_code unknown;
     // Opening a pipe to test it would consume its data.
-    if (std::filesystem::is_fifo(path, unknown))
+    if (std::filesystem::is_fifo(zuhost::platform::pathOf(path), unknown))
         return;
-    if (std::filesystem::is_other(path, unknown))
+    if (std::filesystem::is_other(zuhost::platform::pathOf(path), unknown))
         throw Failure(file + ": is a device, not a file");
     zuhost::file_ops::File opened;
     if (const int error = opened.open(path, zuhost::file_ops::File::Mode::read))

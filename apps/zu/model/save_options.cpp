@@ -2,13 +2,15 @@
 
 #include "command_line.h"
 
+#include <zuhost/platform/paths.h>
+
 #include <filesystem>
 
 namespace zu::app {
 
 bool namesFolder(const std::string& output) {
     std::error_code unknown;
-    return output.ends_with('/') || std::filesystem::is_directory(output, unknown);
+    return output.ends_with('/') || std::filesystem::is_directory(zuhost::platform::pathOf(output), unknown);
 }
 
 CommandOption* addSaveOptions(Command& command, SaveOptions& options, const std::string& where) {

@@ -8,6 +8,7 @@
 #include <zucomn/settings.h>
 #include <zucomn/tables.h>
 #include <zuhost/paths.h>
+#include <zuhost/platform/paths.h>
 
 #include <filesystem>
 #include <system_error>
@@ -27,7 +28,7 @@ SettingsFile::SettingsFile(const std::string& path) {
     requireReadable(path);
     // Settings are read again for each value.
     std::error_code unknown;
-    if (std::filesystem::is_other(std::filesystem::status(path, unknown)))
+    if (std::filesystem::is_other(std::filesystem::status(zuhost::platform::pathOf(path), unknown)))
         throw Failure(path + ": is a device or pipe, not a file");
     ZuComn_SetIniFile(wide(path));
     warnOfUnmarkedUtf8(path);

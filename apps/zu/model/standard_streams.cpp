@@ -2,28 +2,46 @@
 
 #include "failure.h"
 
-#include <QTemporaryFile>
+#include <zuhost/platform/files.h>
+#include <zuhost/system_error.h>
 
 #include <iostream>
 #include <iterator>
 
 namespace zu::app {
 
+namespace {
+
+int writeTo(zuhost::platform::FileHandle file, const std::string& bytes) {
+    const int error = zuhost::platform::writeFile(file, bytes);
+    const int atClose = zuhost::platform::closeFile(file);
+    return error != 0 ? error : atClose;
+}
+
+} // namespace
+
 std::string readStandardInput() {
     return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
 }
 
-InputFile::InputFile(const std::string& file) : path_(file) {
-    if (file != kStandardStream)
+InputFile::InputFile(const std::string& file) : path_(file), isCopy_(file == kStandardStream) {
+    if (!isCopy_)
         return;
-    copy_ = std::make_unique<QTemporaryFile>();
     const std::string bytes = readStandardInput();
-    const auto size = static_cast<qint64>(bytes.size());
-    if (!copy_->open() || copy_->write(bytes.data(), size) != size || !copy_->flush())
-        throw Failure("standard input: " + copy_->errorString().toStdString());
-    path_ = copy_->fileName().toStdString();
+    zuhost::platform::FileHandle copy = zuhost::platform::kNoFile;
+    int error = zuhost::platform::openTemporaryFile(copy, path_);
+    if (error == 0)
+        error = writeTo(copy, bytes);
+    if (error == 0)
+        return;
+    if (copy != zuhost::platform::kNoFile)
+        zuhost::platform::removeFile(path_);
+    throw Failure("standard input: " + zuhost::errorText(error));
 }
 
-InputFile::~InputFile() = default;
+InputFile::~InputFile() {
+    if (isCopy_)
+        zuhost::platform::removeFile(path_);
+}
 
 } // namespace zu::app

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <memory>
 #include <string>
-
-class QTemporaryFile;
 
 namespace zu::app {
 
@@ -25,7 +22,7 @@ public:
 
 private:
     std::string path_;
-    std::unique_ptr<QTemporaryFile> copy_;
+    bool isCopy_;
 };
 
 } // namespace zu::app

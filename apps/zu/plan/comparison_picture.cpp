@@ -1,6 +1,7 @@
 #include "plan/comparison_picture.h"
 
 #include "manners/translation.h"
+#include "plan/plan_picture.h"
 
 #include <span>
 
@@ -24,8 +25,8 @@ void show(PlanOptions& options, std::span<const AcDbObjectId> removed) {
 
 } // namespace
 
-PlanReport saveComparison(AcDbDatabase& after, const zucomn::DrawingDifferences& differences,
-                          const std::string& file) {
+void saveComparison(AcDbDatabase& after, const zucomn::DrawingDifferences& differences,
+                    const std::string& file) {
     PlanOptions options;
     options.labels = PlanLabelKind::none;
     options.marksJoints = false;
@@ -43,7 +44,7 @@ PlanReport saveComparison(AcDbDatabase& after, const zucomn::DrawingDifferences&
         }
         options.colours.insert_or_assign(change.after, kChanged);
     }
-    return savePlan(after, file, options);
+    savePlan(after, file, options);
 }
 
 } // namespace zu::app

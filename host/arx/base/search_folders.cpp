@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <zuhost/paths.h>
 #include <zuhost/platform/libraries.h>
+#include <zuhost/platform/paths.h>
 
 #include <filesystem>
 
@@ -19,8 +20,8 @@ std::wstring folderOfProgram() {
 std::wstring folderOfHost() {
     const std::string file = platform::fileOfAddress(reinterpret_cast<const void*>(&searchFolders));
     std::error_code error;
-    const auto folder = std::filesystem::absolute(file, error).parent_path();
-    return file.empty() || error ? std::wstring() : hostPath(folder.string()) + L"\\";
+    const auto folder = std::filesystem::absolute(platform::pathOf(file), error).parent_path();
+    return file.empty() || error ? std::wstring() : hostPath(platform::textOf(folder)) + L"\\";
 }
 
 } // namespace

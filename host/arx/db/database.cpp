@@ -8,10 +8,11 @@
 #include "zuhost/drawing_files.h"
 
 #include <zuhost/paths.h>
+#include <zuhost/platform/error_numbers.h>
+#include <zuhost/platform/paths.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <filesystem>
 #include <utility>
 
@@ -43,7 +44,8 @@ Acad::ErrorStatus AcDbDatabase::read(const ACHAR* path, bool strict) {
     const Acad::ErrorStatus status = install(Document::openFile(path, this), strict);
     std::error_code unknown;
     const bool isMissing =
-        status == Acad::eFileAccessErr && !std::filesystem::exists(zuhost::systemPath(path), unknown);
+        status == Acad::eFileAccessErr &&
+        !std::filesystem::exists(zuhost::platform::pathOf(zuhost::systemPath(path)), unknown);
     return isMissing ? Acad::eFileNotFound : status;
 }
 

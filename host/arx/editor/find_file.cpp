@@ -2,6 +2,7 @@
 
 #include <afx.h>
 #include <zuhost/paths.h>
+#include <zuhost/platform/paths.h>
 #include <zuhost/search_folders.h>
 
 #include <filesystem>
@@ -28,8 +29,9 @@ std::vector<std::wstring> candidates(const std::wstring& name) {
 
 std::wstring fullPath(const std::wstring& path) {
     std::error_code error;
-    const auto full = std::filesystem::absolute(zuhost::systemPath(path), error).lexically_normal();
-    return error ? path : zuhost::hostPath(full.string());
+    const auto full = std::filesystem::absolute(zuhost::platform::pathOf(zuhost::systemPath(path)), error)
+                          .lexically_normal();
+    return error ? path : zuhost::hostPath(zuhost::platform::textOf(full));
 }
 
 std::optional<std::wstring> find(const std::wstring& name) {

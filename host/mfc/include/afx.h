@@ -34,9 +34,9 @@ class TextBlock;
 
 /// Marks a handler of a message map, and classes and data that a module exports.
 #define afx_msg
-#define AFX_EXT_CLASS __attribute__((visibility("default")))
-#define AFX_EXT_DATA __attribute__((visibility("default")))
-#define AFX_EXT_API __attribute__((visibility("default")))
+#define AFX_EXT_CLASS ZUHOST_EXPORTED
+#define AFX_EXT_DATA ZUHOST_EXPORTED
+#define AFX_EXT_API ZUHOST_EXPORTED
 #define AFXAPI
 
 class CObject;

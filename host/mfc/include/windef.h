@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/system_rules.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <ctime>
 #include <vector>
 
@@ -147,6 +148,18 @@ int openUnnamedFile(const std::string& folder, FileHandle& file) {
 int linkFile(FileHandle file, const std::string& path) {
     return result(
         ::linkat(AT_FDCWD, shownAt(descriptor(file)).c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW));
+}
+
+int openTemporaryFile(FileHandle& file, std::string& path) {
+    const char* const folder = std::getenv("TMPDIR");
+    std::string name = folder != nullptr && *folder != '\0' ? folder : "/tmp";
+    name += "/zu.XXXXXX";
+    const int opened = ::mkostemp(name.data(), O_CLOEXEC);
+    if (opened < 0)
+        return errno;
+    file = opened;
+    path = name;
+    return 0;
 }
 
 int readFile(FileHandle file, char* buffer, std::size_t size, std::size_t& done) {

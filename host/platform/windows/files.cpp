@@ -145,6 +145,18 @@ int linkFile(FileHandle /*file*/, const std::string& /*path*/) {
     return EOPNOTSUPP;
 }
 
+/// The folder is the user's own, whose access list new files inherit.
+int openTemporaryFile(FileHandle& file, std::string& path) {
+    std::wstring folder(MAX_PATH + 1, L'\0');
+    folder.resize(GetTempPathW(static_cast<DWORD>(folder.size()), folder.data()));
+    std::wstring name(folder.size() + MAX_PATH, L'\0');
+    if (GetTempFileNameW(folder.c_str(), L"zu", 0, name.data()) == 0)
+        return lastErrorNumber();
+    name.resize(name.find(L'\0'));
+    path = portablePath(name);
+    return openFile(path, FileMode::replace, file);
+}
+
 int readFile(FileHandle file, char* buffer, std::size_t size, std::size_t& done) {
     done = 0;
     while (done < size) {

@@ -44,6 +44,9 @@ int openFile(const std::string& path, FileMode mode, FileHandle& file);
 int openUnnamedFile(const std::string& folder, FileHandle& file);
 /// Names a file of `openUnnamedFile`. EEXIST when the name is taken.
 int linkFile(FileHandle file, const std::string& path);
+/// Creates a file with a new name in the folder for temporary files, which only the user may read. The caller
+/// removes it.
+int openTemporaryFile(FileHandle& file, std::string& path);
 /// Reads up to `size` bytes and stores their number in `done` (0 at the end).
 int readFile(FileHandle file, char* buffer, std::size_t size, std::size_t& done);
 /// Writes all bytes, or fails.

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace zuhost::platform {
+
+/// A file can be replaced while this process has it open. Only file systems with POSIX renames could.
+inline constexpr bool kReplacesOpenFiles = false;
+
+} // namespace zuhost::platform
