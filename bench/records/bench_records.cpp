@@ -18,6 +18,7 @@
 #include <stdexcept>
 #include <unistd.h>
 #include <zuhost/paths.h>
+#include <zuhost/texts.h>
 
 namespace fs = std::filesystem;
 
@@ -28,7 +29,7 @@ constexpr std::size_t kSmallFile = 12000;
 constexpr std::size_t kTinyFile = 600; ///< Measures the cost of a file apart from its entities.
 
 Held readPart(const std::string& path) {
-    auto part = std::make_shared<CAcadDxf>(CString(zuhost::hostPath(path)));
+    auto part = std::make_shared<CAcadDxf>(zuhost::textOf(zuhost::hostPath(path)));
     if (part->GetEntities().IsEmpty() != FALSE)
         throw std::runtime_error("nothing in " + path);
     return part;

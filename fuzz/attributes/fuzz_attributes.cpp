@@ -5,6 +5,7 @@
 
 #include <zucomn/attributes.h>
 #include <zuhost/text_codec.h>
+#include <zuhost/texts.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -16,10 +17,10 @@ CStringArray linesOf(const std::wstring& text) {
     CStringArray lines;
     std::size_t start = 0;
     for (std::size_t end = text.find(L'\n'); end != std::wstring::npos; end = text.find(L'\n', start)) {
-        lines.Add(CString(text.substr(start, end - start)));
+        lines.Add(zuhost::textOf(text.substr(start, end - start)));
         start = end + 1;
     }
-    lines.Add(CString(text.substr(start)));
+    lines.Add(zuhost::textOf(text.substr(start)));
     return lines;
 }
 
@@ -57,7 +58,7 @@ void checkPartsList(const CString& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::wstring text = zuhost::fromUtf8(std::string_view(reinterpret_cast<const char*>(data), size));
-    checkPartsList(CString(text));
+    checkPartsList(zuhost::textOf(text));
     CStringArray lines = linesOf(text);
     const auto record = zu::decodeRecord(lines);
     const std::vector<CString> encoded = zu::encodeRecord(*record);

@@ -19,6 +19,7 @@
 #include <zucomn/model/joints.h>
 #include <zucomn/route.h>
 #include <zuhost/drawing_files.h>
+#include <zuhost/texts.h>
 
 #include <algorithm>
 #include <array>
@@ -42,7 +43,7 @@ using Ids = std::vector<AcDbObjectId>;
 /// Returns no value for a drawing that can't be opened.
 std::unique_ptr<app::DrawingFile> open(const CString& file) {
     try {
-        return std::make_unique<app::DrawingFile>(app::DrawingSource{app::narrow(file.view())});
+        return std::make_unique<app::DrawingFile>(app::DrawingSource{app::narrow(zuhost::viewOf(file))});
     } catch (const app::Failure&) {
         return nullptr;
     }

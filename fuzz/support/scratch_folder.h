@@ -2,6 +2,7 @@
 
 #include <afxstr.h>
 #include <zuhost/text_codec.h>
+#include <zuhost/texts.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -36,7 +37,7 @@ public:
         std::ofstream out(file, std::ios::binary | std::ios::trunc);
         if (!out.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush())
             std::abort();
-        return CString(zuhost::fromUtf8(file.string()));
+        return zuhost::textOf(zuhost::fromUtf8(file.string()));
     }
 
 private:

@@ -4,6 +4,7 @@
 #include <dbobjptr.h>
 #include <zuhost/extended_data.h>
 #include <zuhost/result_chain.h>
+#include <zuhost/texts.h>
 
 #include <string>
 #include <vector>
@@ -124,7 +125,7 @@ int ApiComn_extractAttributesArray(const AcDbObject* object, const wchar_t* appl
     const bool isThere =
         zuhost::visitExtendedData(*object, application, [&texts](short type, std::wstring_view text) {
             if (type == kText)
-                texts.Add(CString(text));
+                texts.Add(zuhost::textOf(text));
             return true;
         });
     return isThere ? 0 : -1;

@@ -1,5 +1,6 @@
 #include "arxutil.h"
 
+#include "zuhost/input.h"
 #include <acdocman.h>
 #include <windows.h>
 

@@ -36,7 +36,7 @@ BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& extension, HMODULE module) {
 void AfxTermExtensionModule(AFX_EXTENSION_MODULE& extension, BOOL /*all*/) {
     const std::vector<CDynLinkLibrary*> chain = state().chain;
     for (CDynLinkLibrary* library : chain)
-        if (library->module() == extension.hModule)
+        if (library->m_hModule == extension.hModule)
             std::unique_ptr<CDynLinkLibrary>(library).reset();
     if (state().current == extension.hResource)
         state().current = nullptr;
@@ -44,7 +44,7 @@ void AfxTermExtensionModule(AFX_EXTENSION_MODULE& extension, BOOL /*all*/) {
 }
 
 CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& extension)
-    : module_(extension.hModule), resource_(extension.hResource) {
+    : m_hModule(extension.hModule), m_hResource(extension.hResource) {
     state().chain.push_back(this);
 }
 
@@ -70,9 +70,9 @@ HINSTANCE AfxFindStringResourceHandle(UINT id) {
         return resources.current;
     const auto found =
         std::find_if(resources.chain.rbegin(), resources.chain.rend(), [id](const CDynLinkLibrary* library) {
-            return textOf(library->resource(), id) != nullptr;
+            return textOf(library->m_hResource, id) != nullptr;
         });
-    return found != resources.chain.rend() ? (*found)->resource() : resources.current;
+    return found != resources.chain.rend() ? (*found)->m_hResource : resources.current;
 }
 
 BOOL CString::LoadString(UINT id) {

@@ -1,6 +1,7 @@
 #include "afx.h"
 
 #include "zuhost/atomic_file.h"
+#include "zuhost/line_block.h"
 #include "zuhost/paths.h"
 #include "zuhost/system_error.h"
 #include "zuhost/text_file.h"
@@ -10,6 +11,7 @@
 #include <limits>
 #include <stdexcept>
 
+using zuhost::LineBlock;
 using zuhost::TextBlock;
 using zuhost::TextBlocks;
 using zuhost::TextEncoding;
@@ -17,8 +19,8 @@ using zuhost::TextEncoding;
 struct CStdioFile::Text {
     TextEncoding encoding;
     std::optional<TextBlocks> blocks;
-    CTextBlock block; ///< The block being read.
-    CString rest;     ///< Of a line that did not fit into a buffer.
+    LineBlock block; ///< The block being read.
+    CString rest;    ///< Of a line that did not fit into a buffer.
     bool markWritten = false;
 };
 
@@ -51,22 +53,22 @@ std::wstring withCarriageReturns(std::wstring_view text) {
 
 } // namespace
 
-CTextBlock::CTextBlock() = default;
-CTextBlock::CTextBlock(CTextBlock&& other) noexcept = default;
-CTextBlock& CTextBlock::operator=(CTextBlock&& other) noexcept = default;
-CTextBlock::~CTextBlock() = default;
+LineBlock::LineBlock() = default;
+LineBlock::LineBlock(LineBlock&& other) noexcept = default;
+LineBlock& LineBlock::operator=(LineBlock&& other) noexcept = default;
+LineBlock::~LineBlock() = default;
 
-BOOL CTextBlock::ReadString(CString& line) {
+bool LineBlock::readLine(CString& line) {
     const auto bytes = lines_ != nullptr ? lines_->next() : std::nullopt;
     if (!bytes)
-        return FALSE;
+        return false;
     wchar_t* const buffer = line.GetBuffer(static_cast<int>(bytes->size()));
     line.ReleaseBuffer(static_cast<int>(lines_->encoding().decode(*bytes, buffer)));
-    return TRUE;
+    return true;
 }
 
-BOOL CTextBlock::IsLast() const {
-    return lines_ != nullptr && lines_->isLast() ? TRUE : FALSE;
+bool LineBlock::isLast() const {
+    return lines_ != nullptr && lines_->isLast();
 }
 
 CStdioFile::CStdioFile() = default;
@@ -123,8 +125,8 @@ BOOL CStdioFile::ReadString(CString& line) {
         line = std::exchange(text_->rest, {}).TrimRight(L'\n');
         return TRUE;
     }
-    while (text_->block.ReadString(line) == FALSE)
-        if (nextLines(text_->block, TextBlocks::kBlock) == FALSE)
+    while (!text_->block.readLine(line))
+        if (!nextLines(text_->block, TextBlocks::kBlock))
             return FALSE;
     return TRUE;
 }
@@ -145,18 +147,18 @@ wchar_t* CStdioFile::ReadString(wchar_t* buffer, UINT count) {
     return buffer;
 }
 
-BOOL CStdioFile::ReadBlock(CTextBlock& block, UINT size) {
-    if (text_ == nullptr)
-        fail(EBADF);
-    block = std::move(text_->block);
-    return block.lines_ != nullptr && !block.lines_->atEnd() ? TRUE : nextLines(block, size);
+bool zuhost::readLines(CStdioFile& file, LineBlock& block, UINT size) {
+    if (file.text_ == nullptr)
+        file.fail(EBADF);
+    block = std::move(file.text_->block);
+    return (block.lines_ != nullptr && !block.lines_->atEnd()) || file.nextLines(block, size);
 }
 
-BOOL CStdioFile::nextLines(CTextBlock& block, std::size_t size) {
+bool CStdioFile::nextLines(LineBlock& block, std::size_t size) {
     if (block.lines_ == nullptr)
         block.lines_ = std::make_unique<TextBlock>();
     try {
-        return text_->blocks->next(*block.lines_, size) ? TRUE : FALSE;
+        return text_->blocks->next(*block.lines_, size);
     } catch (const std::length_error&) {
         fail(EOVERFLOW);
     }

@@ -3,6 +3,7 @@
 #include "afx.h"
 #include "atlconv.h"
 #include "zuhost/character.h"
+#include "zuhost/texts.h"
 
 #include <algorithm>
 
@@ -118,11 +119,11 @@ CString CString::Right(int count) const {
 }
 
 CString CString::SpanIncluding(const wchar_t* characters) const {
-    return CString(view().substr(0, view().find_first_not_of(orEmpty(characters))));
+    return zuhost::textOf(view().substr(0, view().find_first_not_of(orEmpty(characters))));
 }
 
 CString CString::SpanExcluding(const wchar_t* characters) const {
-    return CString(view().substr(0, view().find_first_of(orEmpty(characters))));
+    return zuhost::textOf(view().substr(0, view().find_first_of(orEmpty(characters))));
 }
 
 int CString::Find(const wchar_t* text, int start) const {
@@ -279,7 +280,7 @@ CString CString::Tokenize(const wchar_t* separators, int& start) const {
     }
     const std::size_t last = std::min(view().find_first_of(orEmpty(separators), first), text_.size());
     start = static_cast<int>(last) + 1;
-    return CString(view().substr(first, last - first));
+    return zuhost::textOf(view().substr(first, last - first));
 }
 
 void CString::FormatV(const wchar_t* format, std::va_list arguments) {

@@ -1,4 +1,4 @@
-#include "afxcoll.h"
+#include "zuhost/string_pool.h"
 
 #include <algorithm>
 
@@ -22,7 +22,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<CStringArray> CStringPool::MakeArray(int room) {
+std::unique_ptr<CStringArray> zuhost::StringPool::makeArray(int room) {
     constexpr int kLongestPooled = 500;
     if (room <= kLongestPooled)
         return PooledArray::make(pool_, std::max(room, 0));

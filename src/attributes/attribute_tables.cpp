@@ -81,5 +81,5 @@ std::optional<bool> zucomn::isEditableAttribute(std::wstring_view id) {
         return std::nullopt;
     const zu::ParameterIndex parameters(records);
     ZuComn_RemoveAllFree(records);
-    return parameters.editable(CString(id));
+    return parameters.editable(zu::textOf(id));
 }

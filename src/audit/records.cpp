@@ -54,7 +54,7 @@ void addValue(short type, std::wstring_view text, Record& record) {
     if (record.count > 1)
         record.hasLaterValues |= type != kText || !text.empty();
     else if (type == kText)
-        record.texts.Add(CString(text));
+        record.texts.Add(zu::textOf(text));
     else
         record.hasOtherValues = true;
 }

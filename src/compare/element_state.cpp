@@ -64,7 +64,7 @@ std::optional<std::wstring> valueOrNone(const std::wstring& text) {
 AttributeRecord recordOf(const ElementState& state) {
     CStringArray texts;
     for (const std::wstring& text : state.attributes)
-        texts.Add(CString(text));
+        texts.Add(zu::textOf(text));
     return decodeRecord(texts).value_or(AttributeRecord());
 }
 

@@ -4,6 +4,7 @@
 #include "part_memory.h"
 
 #include "dxf_records/number_text.h"
+#include "frame/text_view.h"
 
 #include <algorithm>
 #include <array>
@@ -41,7 +42,7 @@ CString CEnt::GetHandle() const {
     if (!Has(5))
         return {};
     const std::string digits = zuhost::formatHandle(handle_);
-    return CString(std::wstring(digits.begin(), digits.end()));
+    return zu::textOf(std::wstring(digits.begin(), digits.end()));
 }
 
 bool CEnt::Has(int code) const {

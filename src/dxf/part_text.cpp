@@ -1,6 +1,7 @@
 #include "part_text.h"
 
 #include "dxf_records/text_escapes.h"
+#include "frame/text_view.h"
 
 #include <algorithm>
 #include <optional>
@@ -55,7 +56,7 @@ CString PartText::decode(std::string_view bytes) const {
         text = zuhost::dxf::withoutEscapes(text, decodePair);
     if (text.size() > limit_)
         text.resize(limit_);
-    return CString(text);
+    return zu::textOf(text);
 }
 
 const CString& NamePool::find(std::string_view bytes, const PartText& text) {

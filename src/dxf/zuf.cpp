@@ -78,7 +78,7 @@ int CAcadDxf::GetRecordMember(int n, const CString& line, CString& member) {
     }
     const bool found = at != std::wstring_view::npos;
     // `member` may be `line`: assign it last.
-    member = found ? CString(text.substr(at, text.find(L' ', at) - at)) : CString();
+    member = found ? zu::textOf(text.substr(at, text.find(L' ', at) - at)) : CString();
     return found ? 0 : -1;
 }
 

@@ -111,7 +111,7 @@ private:
         comparison.op = tokens_[next_++].op;
         if (token().kind != Kind::text)
             return fail(kExpectedValue);
-        comparison.text = std::wstring(zu::view(CString(tokens_[next_++].text).Trim(L" \t\u3000")));
+        comparison.text = std::wstring(zu::view(zu::textOf(tokens_[next_++].text).Trim(L" \t\u3000")));
         comparison.number = plainNumber(comparison.text);
         condition_.steps.emplace_back(std::move(comparison));
         return true;

@@ -1,5 +1,7 @@
 #include "condition_tokens.h"
 
+#include "frame/text_view.h"
+
 #include <afxstr.h>
 
 #include <algorithm>
@@ -66,7 +68,7 @@ private:
     }
 
     ConditionToken word(std::wstring_view text) {
-        const CString wanted{std::wstring(text)};
+        const CString wanted = zu::textOf(text);
         const auto* const found = std::find_if(kWords.begin(), kWords.end(), [&](const Symbol& symbol) {
             return wanted.CompareNoCase(symbol.text.data()) == 0;
         });

@@ -10,7 +10,7 @@ namespace zu {
 namespace {
 
 std::wstring folded(std::wstring_view text) {
-    return std::wstring(zu::view(CString(std::wstring(text)).Trim().MakeLower()));
+    return std::wstring(zu::view(zu::textOf(std::wstring(text)).Trim().MakeLower()));
 }
 
 bool matches(std::wstring_view pattern, std::wstring_view name) {

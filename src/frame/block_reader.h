@@ -1,5 +1,7 @@
 #pragma once
 
+#include "line_block.h"
+
 #include <afx.h>
 
 #include <algorithm>
@@ -17,7 +19,7 @@ template <typename Result>
 class BlockReader {
 public:
     /// Processes the lines of a block; must not access objects of other threads.
-    using Read = std::function<Result(CTextBlock block)>;
+    using Read = std::function<Result(LineBlock block)>;
 
     /// Starts at the file's current line.
     BlockReader(CStdioFile& file, Read read) : file_(file), read_(std::move(read)) {}
@@ -43,12 +45,12 @@ private:
         if (complete_)
             return;
         try {
-            CTextBlock block;
-            if (file_.ReadBlock(block, blockSize_) == FALSE) {
+            LineBlock block;
+            if (!readLines(file_, block, blockSize_)) {
                 complete_ = true;
                 return;
             }
-            complete_ = block.IsLast() != FALSE;
+            complete_ = block.isLast();
             blocks_.push_back(std::async(policy(), std::cref(read_), std::move(block)));
             if (complete_)
                 blocks_.back().wait();

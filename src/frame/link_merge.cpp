@@ -25,7 +25,7 @@ std::wstring_view withoutLineEnd(std::wstring_view line) {
 }
 
 bool isTrimmed(std::wstring_view text) {
-    return zu::view(CString(text).Trim()) == text;
+    return zu::view(zu::textOf(text).Trim()) == text;
 }
 
 class Merge {
@@ -90,7 +90,7 @@ private:
             (heldText_.empty() ? result_ : heldComments_) += withLineEnd(bytes);
             return true;
         }
-        CString line(text);
+        CString line = zu::textOf(text);
         line.Trim();
         if (line.IsEmpty())
             return true;
@@ -145,7 +145,7 @@ private:
     }
 
     bool write(const std::wstring& text) {
-        CString lines(text);
+        CString lines = zu::textOf(text);
         if (crlf_)
             lines.Replace(L"\n", L"\r\n");
         const auto bytes = encoding_.encode(zu::view(lines));

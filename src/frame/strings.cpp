@@ -29,6 +29,6 @@ int ZuComn_GetSplitString(const wchar_t* text, CStringArray& fields, const wchar
     if (whole.IsEmpty() || delimiter == L'\0')
         return -1;
     zu::splitLine(zu::view(whole), delimiter, selection,
-                  [&fields](std::wstring_view field) { fields.Add(CString(field)); });
+                  [&fields](std::wstring_view field) { fields.Add(zu::textOf(field)); });
     return fields.IsEmpty() ? -1 : 0;
 }

@@ -5,6 +5,7 @@
 #include "line_splitter.h"
 #include "module_state.h"
 #include "resource_ids.h"
+#include "text_pool.h"
 #include "text_view.h"
 
 #include <zucomn/frame.h>
@@ -29,7 +30,7 @@ public:
     using Kept = CStringArray;
 
     void startRecord() {}
-    void add(std::wstring_view field) { fields_.Add(pool_.Make(field)); }
+    void add(std::wstring_view field) { fields_.Add(pool_.make(field)); }
     void moveTo(Kept& fields) {
         for (int i = 0; i < fields_.GetSize(); ++i)
             fields.Add(std::move(fields_[i]));
@@ -38,7 +39,7 @@ public:
 
 private:
     CStringArray fields_;
-    CStringPool pool_;
+    zu::TextPool pool_;
 };
 
 /// Collects the fields of a table in one list for each record.
@@ -53,11 +54,11 @@ public:
 
     void startRecord() {
         // Most records of a table have as many fields as their predecessor.
-        auto record = pool_.MakeArray(current_ != nullptr ? current_->GetSize() : 0);
+        auto record = pool_.makeArray(current_ != nullptr ? current_->GetSize() : 0);
         current_ = record.get();
         records_.Add(static_cast<CObject*>(record.release()));
     }
-    void add(std::wstring_view field) { current_->Add(pool_.Make(field)); }
+    void add(std::wstring_view field) { current_->Add(pool_.make(field)); }
     void moveTo(Kept& records) {
         records.Append(records_);
         records_.RemoveAll();
@@ -67,7 +68,7 @@ public:
 private:
     CPtrArray records_;
     CStringArray* current_ = nullptr;
-    CStringPool pool_;
+    zu::TextPool pool_;
 };
 
 /// How lines are split, and which of their fields are kept.
@@ -83,9 +84,9 @@ struct Part {
 };
 
 template <typename List>
-std::unique_ptr<Part<List>> readPart(CTextBlock& block, const Format& format) {
+std::unique_ptr<Part<List>> readPart(zu::LineBlock& block, const Format& format) {
     auto part = std::make_unique<Part<List>>();
-    for (CString line; !part->endsTable && block.ReadString(line) != FALSE;) {
+    for (CString line; !part->endsTable && block.readLine(line);) {
         part->endsTable = zu::endsTable(zu::view(line));
         const std::wstring_view data = zu::withoutTrailingSpaces(zu::view(line));
         if (part->endsTable || data.empty() || zu::isComment(data))
@@ -100,7 +101,7 @@ std::unique_ptr<Part<List>> readPart(CTextBlock& block, const Format& format) {
 template <typename List>
 void readParts(CStdioFile& file, const Format& format, typename List::Kept& kept) {
     zu::BlockReader<std::unique_ptr<Part<List>>> parts(
-        file, [&format](CTextBlock block) { return readPart<List>(block, format); });
+        file, [&format](zu::LineBlock block) { return readPart<List>(block, format); });
     while (const auto part = parts.next()) {
         (*part)->list.moveTo(kept);
         if ((*part)->endsTable)

@@ -12,4 +12,9 @@ inline std::wstring_view view(const CString& text) {
     return {text.GetString(), static_cast<std::size_t>(text.GetLength())};
 }
 
+/// Returns a text that may contain null characters.
+inline CString textOf(std::wstring_view text) {
+    return {text.data(), static_cast<int>(text.size())};
+}
+
 } // namespace zu

@@ -28,7 +28,7 @@ bool isOnLayer(const AcDbEntity& entity, const std::wstring& layer) {
 CString coordinateText(double value) {
     std::array<char, 32> digits{};
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-    return CString(std::wstring(digits.data(), end));
+    return zu::textOf(std::wstring(digits.data(), end));
 }
 
 /// The points under the transform of a reference.

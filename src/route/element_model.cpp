@@ -3,6 +3,7 @@
 #include "element_code.h"
 #include "element_heights.h"
 #include "entity_names.h"
+#include "frame/text_view.h"
 #include "link_record.h"
 
 #include <zucomn/attributes.h>
@@ -22,7 +23,7 @@ double attributeNumber(const CStringArray& record, std::wstring_view id) {
     for (int i = 0; i < record.GetSize(); ++i) {
         const wchar_t* const text = record[i];
         // What follows the value is no part of a number.
-        if (record[i].view().starts_with(id) && text[id.size()] == zu::kFieldSeparator)
+        if (zu::view(record[i]).starts_with(id) && text[id.size()] == zu::kFieldSeparator)
             return _wtof(text + id.size() + 1);
     }
     return 0.0;

@@ -11,7 +11,10 @@
 #include <zucomn/model/attributes.h>
 #include <zucomn/views.h>
 #include <zuhost/desktop.h>
+#include <zuhost/input.h>
 #include <zuhost/message_box.h>
+#include <zuhost/texts.h>
+#include <zuhost/windows/widgets.h>
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -83,8 +86,8 @@ protected:
 
     void show(CFrameWnd& frame) {
         frame.ShowWindow(SW_SHOW);
-        frame.widget()->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(frame.widget()));
+        zuhost::widgetOf(frame)->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(zuhost::widgetOf(frame)));
         zuhost::processPendingEvents();
     }
 
@@ -93,14 +96,14 @@ protected:
         CRect place;
         ASSERT_EQ(list.GetItemRect(row, &place), 0);
         const int x = onValue ? list.GetDivider() + 20 : list.GetDivider() - 20;
-        QTest::mouseClick(list.clientWidget(), Qt::LeftButton, Qt::NoModifier,
+        QTest::mouseClick(zuhost::clientWidgetOf(list), Qt::LeftButton, Qt::NoModifier,
                           QPoint(x, (place.top + place.bottom) / 2));
     }
 
     static QWidget* editor(const CPropertyListCtrl& list) {
-        if (auto* const box = list.clientWidget()->findChild<QComboBox*>())
+        if (auto* const box = zuhost::clientWidgetOf(list)->findChild<QComboBox*>())
             return box;
-        return list.clientWidget()->findChild<QLineEdit*>();
+        return zuhost::clientWidgetOf(list)->findChild<QLineEdit*>();
     }
 
     SampleSettings settings_;
@@ -139,7 +142,7 @@ protected:
     }
 
     void pressButton() {
-        QTest::mouseClick(frame_.GetLeftPane()->GetDlgItem(3001)->widget(), Qt::LeftButton);
+        QTest::mouseClick(zuhost::widgetOf(*frame_.GetLeftPane()->GetDlgItem(3001)), Qt::LeftButton);
     }
 
     CAttFrameWnd& frame_;
@@ -155,14 +158,14 @@ TEST_F(FrameTest, GroupsCollapseAndTheSelectionIsShown) {
     EXPECT_EQ(shown(L"S302|"), L"300");
 
     lines().SetFocus();
-    QTest::keyClick(lines().widget(), Qt::Key_Down);
+    QTest::keyClick(zuhost::widgetOf(lines()), Qt::Key_Down);
     zuhost::processPendingEvents();
     EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 1);
-    QTest::keyClick(lines().widget(), Qt::Key_Left);
-    QTest::keyClick(lines().widget(), Qt::Key_Left);
+    QTest::keyClick(zuhost::widgetOf(lines()), Qt::Key_Left);
+    QTest::keyClick(zuhost::widgetOf(lines()), Qt::Key_Left);
     EXPECT_EQ(listedLines(), (Lines{L"RT-D300 (2)", L"RT-P50 (1)"}));
-    QTest::keyClick(lines().widget(), Qt::Key_Down);
-    QTest::keyClick(lines().widget(), Qt::Key_Right);
+    QTest::keyClick(zuhost::widgetOf(lines()), Qt::Key_Down);
+    QTest::keyClick(zuhost::widgetOf(lines()), Qt::Key_Right);
     ASSERT_EQ(lines().GetItemCount(), 3);
     EXPECT_EQ(text(lines().GetItemText(2, 2)), L"168");
     lines().SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
@@ -199,11 +202,11 @@ TEST_F(FrameTest, ButtonWritesChangesAsOneUndoStep) {
     pressButton();
     EXPECT_EQ(drawing_.value(kDuct, L"S302"), L"400");
     EXPECT_EQ(drawing_.value(kSecondDuct, L"S302"), L"400");
-    QTest::keyClick(lines().widget(), Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(zuhost::widgetOf(lines()), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(shown(L"S302|"), L"300");
     EXPECT_EQ(drawing_.value(kDuct, L"S302"), L"300");
     EXPECT_EQ(drawing_.value(kSecondDuct, L"S302"), L"300");
-    QTest::keyClick(lines().widget(), Qt::Key_Y, Qt::ControlModifier);
+    QTest::keyClick(zuhost::widgetOf(lines()), Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(drawing_.value(kSecondDuct, L"S302"), L"400");
 }
 
@@ -225,17 +228,17 @@ TEST_F(FrameTest, KeysCollapseHeadingsAndMoveTheEditor) {
     click(list, 0, false);
     EXPECT_EQ(list.GetSelectedItem(), -1);
     const int rows = list.GetCount();
-    QTest::keyClick(list.widget(), Qt::Key_Left);
+    QTest::keyClick(zuhost::widgetOf(list), Qt::Key_Left);
     EXPECT_EQ(list.GetCount(), rows - 6) << "the attributes; the facts stay";
-    QTest::keyClick(list.widget(), Qt::Key_Space);
+    QTest::keyClick(zuhost::widgetOf(list), Qt::Key_Space);
     EXPECT_EQ(list.GetCount(), rows);
 
     // The size item has choices; the next item has none and accepts any text.
-    QTest::keyClick(list.widget(), Qt::Key_Down);
-    QTest::keyClick(list.widget(), Qt::Key_F2);
+    QTest::keyClick(zuhost::widgetOf(list), Qt::Key_Down);
+    QTest::keyClick(zuhost::widgetOf(list), Qt::Key_F2);
     QTest::keyClick(editor(list), Qt::Key_Escape);
     EXPECT_FALSE(list.IsEditing());
-    QTest::keyClick(list.widget(), Qt::Key_F2);
+    QTest::keyClick(zuhost::widgetOf(list), Qt::Key_F2);
     QTest::keyClick(editor(list), Qt::Key_Tab);
     EXPECT_TRUE(list.IsEditing());
     QTest::keyClick(editor(list), Qt::Key_Return);
@@ -250,7 +253,7 @@ TEST_F(FrameTest, TypingReplacesTheValueAndRejectsTheSeparator) {
     CPropertyListCtrl& list = properties();
     list.SetFocus();
     list.SelectItem(1);
-    QTest::keyClicks(list.widget(), "9");
+    QTest::keyClicks(zuhost::widgetOf(list), "9");
     QTest::keyClicks(editor(list), "0|");
     {
         const zuhost::MessageBoxObserver observer;
@@ -271,13 +274,13 @@ TEST_F(FrameTest, TypingReplacesTheValueAndRejectsTheSeparator) {
 
     // A change that is not applied yet is marked; Escape takes it back.
     const CMyAdaptablePropertyItemManager& items = frame_.GetRightPane()->pane().manager();
-    QTest::keyClick(list.widget(), Qt::Key_Up);
+    QTest::keyClick(zuhost::widgetOf(list), Qt::Key_Up);
     EXPECT_TRUE(items.GetItem(1).changed);
-    QTest::keyClick(list.widget(), Qt::Key_Escape);
+    QTest::keyClick(zuhost::widgetOf(list), Qt::Key_Escape);
     EXPECT_EQ(shown(L"S304|"), L"0");
     EXPECT_FALSE(items.GetItem(1).changed);
 
-    QTest::keyClick(list.widget(), Qt::Key_F2);
+    QTest::keyClick(zuhost::widgetOf(list), Qt::Key_F2);
     QApplication::clipboard()->setText("a\nb");
     QTest::keyClick(editor(list), Qt::Key_V, Qt::ControlModifier);
     const zuhost::MessageBoxObserver observer;
@@ -332,10 +335,10 @@ TEST_F(FrameTest, ReadsShowTheNewSelectionAtOnce) {
 
 TEST_F(FrameTest, SearchFiltersEntitiesAndItemsAsOneTypes) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct, kSecondDuct, kPipe}));
-    auto* const search = frame_.widget()->findChild<QToolBar*>()->findChild<QLineEdit*>();
+    auto* const search = zuhost::widgetOf(frame_)->findChild<QToolBar*>()->findChild<QLineEdit*>();
     ASSERT_NE(search, nullptr);
     lines().SetFocus();
-    QTest::keyClick(lines().widget(), Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClick(zuhost::widgetOf(lines()), Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(search->hasFocus());
     QTest::keyClicks(search, "-04");
     zuhost::processPendingEvents();
@@ -354,8 +357,8 @@ TEST_F(FrameTest, SearchFiltersEntitiesAndItemsAsOneTypes) {
     EXPECT_GT(properties().GetCount(), 7);
     EXPECT_EQ(shown(L"S304|"), L"7") << "a search keeps changed values";
     QTest::keyClick(search, Qt::Key_Down);
-    EXPECT_TRUE(lines().widget()->hasFocus());
-    QTest::keyClick(lines().widget(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(zuhost::widgetOf(lines())->hasFocus());
+    QTest::keyClick(zuhost::widgetOf(lines()), Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(frame_.GetLeftPane()->GetSelectedEntities().length(), 3);
     frame_.GetLeftPane()->Select(drawing_.find({kPipe}));
     EXPECT_EQ(shown(L"S401|"), drawing_.value(kPipe, L"S401"));
@@ -367,13 +370,13 @@ TEST_F(FrameTest, StatusSaysWhatWasChangedAndSkipped) {
     frame_.GetRightPane()->SetValue(L"S401", L"2500");
     EXPECT_NE(text(frame_.GetStatus()).find(L"3 要素中 1 要素はロック画層"), std::wstring::npos);
     const zuhost::MessageBoxObserver observer;
-    QTest::keyClick(lines().widget(), Qt::Key_Return, Qt::ControlModifier);
+    QTest::keyClick(zuhost::widgetOf(lines()), Qt::Key_Return, Qt::ControlModifier);
     EXPECT_EQ(text(frame_.GetStatus()), L"2 要素を修正、1 要素は対象外");
     EXPECT_TRUE(observer.boxes().empty());
     EXPECT_EQ(drawing_.value(kSecondDuct, L"S401"), L"2500");
     properties().SetFocus();
     properties().SelectItem(frame_.GetRightPane()->pane().manager().FindItem(L"S304|"));
-    QTest::keyClicks(properties().widget(), "5");
+    QTest::keyClicks(zuhost::widgetOf(properties()), "5");
     QTest::keyClick(editor(properties()), Qt::Key_Return, Qt::ControlModifier);
     EXPECT_EQ(drawing_.value(kDuct, L"S304"), L"5") << "accepted and written";
     pressButton();
@@ -401,12 +404,12 @@ TEST_F(FrameTest, FactsFollowTheAttributesWithoutKeys) {
 }
 
 TEST_F(FrameTest, TheWidthOfThePaneIsRemembered) {
-    auto* const splitter = frame_.widget()->findChild<QSplitter*>();
+    auto* const splitter = zuhost::widgetOf(frame_)->findChild<QSplitter*>();
     const QPoint grip(splitter->handle(1)->rect().center());
     QTest::mousePress(splitter->handle(1), Qt::LeftButton, Qt::NoModifier, grip);
     QTest::mouseMove(splitter->handle(1), grip + QPoint(90, 0));
     QTest::mouseRelease(splitter->handle(1), Qt::LeftButton, Qt::NoModifier, grip + QPoint(90, 0));
-    const int width = frame_.GetLeftPane()->widget()->width();
+    const int width = zuhost::widgetOf(*frame_.GetLeftPane())->width();
     EXPECT_GT(width, 200);
     EXPECT_EQ(lines().GetColumnCount(), 3);
     EXPECT_LE(lines().GetColumnWidth(0) + lines().GetColumnWidth(1) + lines().GetColumnWidth(2), width);
@@ -415,7 +418,7 @@ TEST_F(FrameTest, TheWidthOfThePaneIsRemembered) {
     ASSERT_TRUE(next->Create(nullptr, L"属性", WS_OVERLAPPEDWINDOW, CRect(0, 0, 640, 480)));
     next->SetPaneWidth(100);
     show(*next);
-    EXPECT_EQ(next->GetLeftPane()->widget()->width(), width);
+    EXPECT_EQ(zuhost::widgetOf(*next->GetLeftPane())->width(), width);
     next->DestroyWindow();
 }
 
@@ -447,7 +450,7 @@ TEST_F(FrameTest, OnlyEditableItemsOpenAnEditor) {
 
 TEST_F(FrameTest, SavesTheDividerPosition) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
-    QWidget* const surface = properties().clientWidget();
+    QWidget* const surface = zuhost::clientWidgetOf(properties());
     const int y = 30;
     const int before = properties().GetDivider();
     QTest::mousePress(surface, Qt::LeftButton, Qt::NoModifier, QPoint(before, y));
@@ -461,7 +464,7 @@ TEST_F(FrameTest, SavesTheDividerPosition) {
 TEST_F(FrameTest, TruncatedTextsHaveToolTips) {
     frame_.GetLeftPane()->SetEntities(drawing_.find({kDuct}));
     const QPoint name(25, 30);
-    QWidget* const surface = properties().clientWidget();
+    QWidget* const surface = zuhost::clientWidgetOf(properties());
     QHelpEvent help(QEvent::ToolTip, name, surface->mapToGlobal(name));
     QToolTip::hideText();
     QApplication::sendEvent(surface, &help);
@@ -484,10 +487,10 @@ TEST_F(FrameTest, SetsValuesByKeyAndShowsParts) {
     EXPECT_EQ(view.GetAttSel(selected, selected), -1);
     EXPECT_TRUE(selected.IsEmpty());
     keys.RemoveAll();
-    view.AddGrid(CString(settings_.folder().wide("parts/fitting-01.dxf")), &keys);
+    view.AddGrid(zuhost::textOf(settings_.folder().wide("parts/fitting-01.dxf")), &keys);
     EXPECT_GT(keys.GetSize(), 2);
     settings_.folder().write("parts/pipe.csv", "S303|25a|P|||1|\n");
-    view.AddGrid(CString(settings_.folder().wide("parts/pipe.csv")), nullptr);
+    view.AddGrid(zuhost::textOf(settings_.folder().wide("parts/pipe.csv")), nullptr);
     click(properties(), 1, true);
     ASSERT_TRUE(properties().EndEdit(true));
     EXPECT_EQ(shown(L"S303|"), L"25a") << "the choice 25A was not selected";
@@ -594,7 +597,7 @@ TEST_F(AViewTest, WritesAChosenValueToUnlockedEntities) {
 TEST_F(AViewTest, KeepsChangedValuesOfAPart) {
     view_->AddListView(drawing_.find(kDuct), nullptr);
     const std::wstring height = drawing_.value(kDuct, L"S401");
-    view_->AddGrid(CString(settings_.folder().wide("parts/fitting-01.dxf")), nullptr);
+    view_->AddGrid(zuhost::textOf(settings_.folder().wide("parts/fitting-01.dxf")), nullptr);
     view_->SetValue(L"S401", L"1");
     view_->OnUpdateAttributes();
     CStringArray keys;

@@ -4,6 +4,7 @@
 #include "texts.h"
 
 #include <zuhost/file_ops.h>
+#include <zuhost/texts.h>
 
 #include <gtest/gtest.h>
 
@@ -72,8 +73,8 @@ TEST(PartsList, MergesItemsOfSeveralParts) {
     std::wstring text;
     for (const zu::ShownItem& item :
          zu::shownItemsOf(arrayOf({L"A|1|", L"B|2|", L"|x|", L"A|3|", L"B|2|", L"C|4|"})))
-        text +=
-            std::wstring(item.key.view()) + std::wstring(item.value.view()) + (item.shared ? L" " : L"- ");
+        text += std::wstring(zuhost::viewOf(item.key)) + std::wstring(zuhost::viewOf(item.value)) +
+                (item.shared ? L" " : L"- ");
     EXPECT_EQ(text, L"A|*各種* B|2 C|4- ");
     EXPECT_EQ(zu::lineName(L"x|1|P|ｻｲｽﾞ|"), L"ｻｲｽﾞ");
     EXPECT_EQ(zu::lineName(L"x|1|"), L"x");
@@ -84,7 +85,7 @@ protected:
     void save(std::string_view name, CStringArray lines, bool saved = true) const {
         EXPECT_EQ(zu::saveLines(path(name), lines), saved);
     }
-    [[nodiscard]] CString path(std::string_view name) const { return CString(folder_.wide(name)); }
+    [[nodiscard]] CString path(std::string_view name) const { return zuhost::textOf(folder_.wide(name)); }
     [[nodiscard]] std::string read(std::string_view name) const {
         return TemporaryFolder::read(folder_.file(name));
     }
@@ -134,7 +135,7 @@ TEST_F(LinesFile, FailedSaveKeepsFileAndLines) {
     save("missing/parts.txt", arrayOf({L"A|1"}), false);
     save("parts.txt", arrayOf({L"A|𠮷"}), false);
     CStringArray withNull;
-    withNull.Add(CString(std::wstring_view(L"A\0|1", 4)));
+    withNull.Add(zuhost::textOf(std::wstring_view(L"A\0|1", 4)));
     save("parts.txt", withNull, false);
     EXPECT_EQ(read("parts.txt"), "old") << "the encoding cannot represent a character, and a null character";
 

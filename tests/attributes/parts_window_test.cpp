@@ -6,7 +6,10 @@
 #include <zucomn/frame.h>
 #include <zucomn/parts_list_views.h>
 #include <zuhost/desktop.h>
+#include <zuhost/input.h>
 #include <zuhost/message_box.h>
+#include <zuhost/texts.h>
+#include <zuhost/windows/widgets.h>
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -29,8 +32,8 @@ protected:
         ZuComn_SetResource();
         EXPECT_TRUE(frame_.Create(nullptr, L"部品", WS_OVERLAPPEDWINDOW, CRect(0, 0, 640, 480)));
         frame_.ShowWindow(SW_SHOW);
-        frame_.widget()->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(frame_.widget()));
+        zuhost::widgetOf(frame_)->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(zuhost::widgetOf(frame_)));
         left().SetCommands(L"ZU_CONFIRMED", L"ZU_BACK");
     }
     ~PartsWindow() override {
@@ -44,21 +47,23 @@ protected:
 
     void open(std::string_view name, std::string_view bytes) {
         settings_.folder().write(name, bytes);
-        ASSERT_EQ(left().ReadCSVFile(CString(settings_.folder().wide(name))), 0);
+        ASSERT_EQ(left().ReadCSVFile(zuhost::textOf(settings_.folder().wide(name))), 0);
     }
     [[nodiscard]] std::string saved(std::string_view name) const {
         return TemporaryFolder::read(settings_.folder().file(name));
     }
-    [[nodiscard]] std::wstring line(int index) { return std::wstring(left().GetLines()[index].view()); }
+    [[nodiscard]] std::wstring line(int index) {
+        return std::wstring(zuhost::viewOf(left().GetLines()[index]));
+    }
 
     /// Returns all texts of the list, with the lines of parts in brackets.
     std::wstring listed() {
         std::wstring texts;
         for (int i = 0; i < list().GetItemCount(); ++i) {
-            const std::wstring name(list().GetItemText(i, 0).view());
+            const std::wstring name(zuhost::viewOf(list().GetItemText(i, 0)));
             texts += list().GetItemIndent(i) == 0
                          ? L"[" + name + L"]"
-                         : name + L"=" + std::wstring(list().GetItemText(i, 1).view()) + L" ";
+                         : name + L"=" + std::wstring(zuhost::viewOf(list().GetItemText(i, 1))) + L" ";
         }
         return texts;
     }
@@ -68,31 +73,31 @@ protected:
         frame_.GetRightPane()->GetAttAll(keys, values);
         std::wstring texts;
         for (int i = 0; i < keys.GetSize(); ++i)
-            texts += std::wstring(keys[i].view()) + std::wstring(values[i].view()) + L" ";
+            texts += std::wstring(zuhost::viewOf(keys[i])) + std::wstring(zuhost::viewOf(values[i])) + L" ";
         return texts;
     }
 
     void clickLine(int index, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         CRect place;
         ASSERT_TRUE(list().GetItemRect(index, &place));
-        QTest::mouseClick(list().clientWidget(), Qt::LeftButton, modifiers,
+        QTest::mouseClick(zuhost::clientWidgetOf(list()), Qt::LeftButton, modifiers,
                           QPoint(60, (place.top + place.bottom) / 2));
         zuhost::processPendingEvents();
     }
     void press(int button) {
-        QTest::mouseClick(left().GetDlgItem(button)->widget(), Qt::LeftButton);
+        QTest::mouseClick(zuhost::widgetOf(*left().GetDlgItem(button)), Qt::LeftButton);
         zuhost::processPendingEvents();
     }
     QWidget* editor() {
-        if (auto* const box = properties().clientWidget()->findChild<QComboBox*>())
+        if (auto* const box = zuhost::clientWidgetOf(properties())->findChild<QComboBox*>())
             return box;
-        return properties().clientWidget()->findChild<QLineEdit*>();
+        return zuhost::clientWidgetOf(properties())->findChild<QLineEdit*>();
     }
     /// Opens the editor on the item of a row; row 0 is the first heading.
     void beginEdit(int row) {
         properties().SetFocus();
         properties().SetCurSel(row);
-        QTest::keyClick(properties().widget(), Qt::Key_F2);
+        QTest::keyClick(zuhost::widgetOf(properties()), Qt::Key_F2);
         ASSERT_TRUE(properties().IsEditing());
     }
     void choose(int row, int down) {
@@ -113,12 +118,12 @@ TEST_F(PartsWindow, LaysOutItsControls) {
         CString caption;
         left().GetDlgItem(id)->GetWindowText(caption);
         EXPECT_EQ(caption, expectedCaption);
-        EXPECT_EQ(left().GetDlgItem(id)->widget()->geometry(), place);
+        EXPECT_EQ(zuhost::widgetOf(*left().GetDlgItem(id))->geometry(), place);
     }
     frame_.MoveWindow(0, 0, 500, 300);
     zuhost::processPendingEvents();
-    const QRect pane = left().widget()->rect();
-    EXPECT_EQ(list().widget()->geometry(), QRect(0, 70, pane.width(), pane.height() - 70));
+    const QRect pane = zuhost::widgetOf(left())->rect();
+    EXPECT_EQ(zuhost::widgetOf(list())->geometry(), QRect(0, 70, pane.width(), pane.height() - 70));
     EXPECT_EQ(properties().GetDlgCtrlID(), 3002);
 }
 
@@ -213,7 +218,7 @@ TEST_F(PartsWindow, EscapeClosesTheEditorThenHidesTheFrame) {
     QTest::keyClick(editor(), Qt::Key_Escape);
     EXPECT_FALSE(properties().IsEditing());
     EXPECT_TRUE(frame_.IsWindowVisible());
-    QTest::keyClick(properties().widget(), Qt::Key_Escape);
+    QTest::keyClick(zuhost::widgetOf(properties()), Qt::Key_Escape);
     EXPECT_FALSE(frame_.IsWindowVisible());
     EXPECT_EQ(saved("parts.txt"), kTwoParts);
 }
@@ -225,7 +230,7 @@ TEST_F(PartsWindow, FailedSaveShowsAMessageAndKeepsTheLines) {
     left().SaveCSVFile();
     ASSERT_EQ(observer.boxes().size(), 1U);
     EXPECT_EQ(observer.boxes()[0].text,
-              std::wstring(left().GetFilePath().view()) + L" に保存できません。確認してください。");
+              std::wstring(zuhost::viewOf(left().GetFilePath())) + L" に保存できません。確認してください。");
     EXPECT_EQ(observer.boxes()[0].style & 0xF0U, static_cast<UINT>(MB_ICONSTOP));
     EXPECT_EQ(saved("parts.txt"), "S401|2700");
     EXPECT_EQ(line(0), L"S401|𠮷|||||");

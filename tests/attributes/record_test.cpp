@@ -4,6 +4,7 @@
 #include "test_drawing.h"
 
 #include <zucomn/attributes.h>
+#include <zuhost/texts.h>
 
 namespace {
 
@@ -125,7 +126,7 @@ TEST(AttributeFiles, AreNamedAfterParts) {
 TEST(AttributeFiles, AreReadWithNamesFromTheTitleTable) {
     const SampleSettings settings;
     CAttributeData data;
-    EXPECT_EQ(data.ReadData(CString(settings.folder().wide("parts/fitting-02.dxf")), 0), 0);
+    EXPECT_EQ(data.ReadData(zuhost::textOf(settings.folder().wide("parts/fitting-02.dxf")), 0), 0);
     EXPECT_EQ(data.ReadData2(CString(L"Z:\\elsewhere\\fitting-01.dxf"), 1), 0)
         << "found in the route-parts folder";
     EXPECT_EQ(data.ReadData(CString(L"none-01.dxf"), 1), -1);

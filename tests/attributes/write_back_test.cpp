@@ -7,6 +7,7 @@
 #include <afxdllx.h>
 #include <zucomn/frame.h>
 #include <zuhost/command_line.h>
+#include <zuhost/input.h>
 #include <zuhost/message_box.h>
 #include <zuhost/progress.h>
 

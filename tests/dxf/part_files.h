@@ -4,6 +4,7 @@
 #include "temporary_folder.h"
 
 #include <zuhost/paths.h>
+#include <zuhost/texts.h>
 
 #include <filesystem>
 #include <fstream>
@@ -21,7 +22,7 @@ inline std::string readBytes(const std::filesystem::path& path) {
 }
 
 inline CString hostPath(const std::filesystem::path& path) {
-    return CString(zuhost::hostPath(path.string()));
+    return zuhost::textOf(zuhost::hostPath(path.string()));
 }
 
 inline PlainJson modelOf(const CAcadDxf& part) {

@@ -3,6 +3,7 @@
 
 #include <zucomn/strings.h>
 #include <zuhost/file_ops.h>
+#include <zuhost/texts.h>
 
 #include <afxwin.h>
 
@@ -28,7 +29,7 @@ protected:
         for (int i = 0; i < box.GetCount(); ++i) {
             CString text;
             box.GetLBText(i, text);
-            texts.emplace_back(text.view());
+            texts.emplace_back(zuhost::viewOf(text));
         }
         return texts;
     }

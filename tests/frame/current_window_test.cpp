@@ -2,6 +2,7 @@
 
 #include <afxwin.h>
 #include <rxmfcapi.h>
+#include <zuhost/main_frame.h>
 
 #include <gtest/gtest.h>
 

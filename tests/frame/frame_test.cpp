@@ -12,6 +12,7 @@
 #include <zuhost/language.h>
 #include <zuhost/message_box.h>
 #include <zuhost/paths.h>
+#include <zuhost/texts.h>
 
 #include <gtest/gtest.h>
 
@@ -140,7 +141,7 @@ TEST(Frame, LayerNamesComeFromTheLanguageModule) {
         const Language french("fr_FR.UTF-8");
         for (std::size_t i = 0; i < builtIn.size(); ++i) {
             const std::wstring own = L"calque " + std::to_wstring(kLayers[i].textId);
-            EXPECT_EQ(kLayers[i].name, isMissing(kLayers[i]) ? builtIn[i] : CString(own))
+            EXPECT_EQ(kLayers[i].name, isMissing(kLayers[i]) ? builtIn[i] : zuhost::textOf(own))
                 << kLayers[i].textId;
         }
         const HINSTANCE loaded = ZuComn_GetResource();
@@ -159,7 +160,7 @@ TEST(Frame, LanguageModulesMayRenameSectionsAndKeys) {
                               *zuhost::TextCodec::forCodePage(932)->encode(L"機器線幅") + "=50\r\n");
     const LanguageModule module("3082", "134 = \"entorno\"\n144 = \"grueso\"\n");
     const Language spanish("es_ES.UTF-8");
-    ZuComn_SetIniFile(CString(folder.wide("m.ini")));
+    ZuComn_SetIniFile(zuhost::textOf(folder.wide("m.ini")));
     EXPECT_EQ(gblComn_lineWeight, 70);
     EXPECT_EQ(gblComn_kikiLineWeight, 50) << "falls back to the built-in name when the module lacks it";
     zucomn::resetLibrary();

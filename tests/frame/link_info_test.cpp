@@ -5,6 +5,7 @@
 
 #include <zuhost/file_ops.h>
 #include <zuhost/message_box.h>
+#include <zuhost/texts.h>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -27,7 +28,7 @@ protected:
     [[nodiscard]] CString path(std::string_view name = "links.lif") const {
         std::wstring text = folder_.wide(name);
         std::replace(text.begin(), text.end(), L'/', L'\\');
-        return CString(text);
+        return zuhost::textOf(text);
     }
     [[nodiscard]] std::string read(std::string_view name) const {
         return TemporaryFolder::read(folder_.file(name));
@@ -103,8 +104,8 @@ TEST_F(LinkInfo, RejectsLinesOverTheLimit) {
 
 TEST_F(LinkInfo, ReadsWhatItWrites) {
     EXPECT_EQ(value(L"A"), L"(unread)");
-    ASSERT_TRUE(ZuComn_SaveLinkInfo(CString(folder_.wide("links.lif")), arrayOf({L"x\ny", L"A", L"", L"END"}),
-                                    arrayOf({L"1", L"2", L"3", L"4"})))
+    ASSERT_TRUE(ZuComn_SaveLinkInfo(zuhost::textOf(folder_.wide("links.lif")),
+                                    arrayOf({L"x\ny", L"A", L"", L"END"}), arrayOf({L"1", L"2", L"3", L"4"})))
         << "a path with /";
     EXPECT_EQ(value(L"END"), L"4");
     EXPECT_FALSE(exists("links.bak")) << "the first save has nothing to back up";
@@ -151,7 +152,7 @@ TEST_F(LinkInfo, ReadsTheSample) {
         const std::wstring key = zuhost::fromUtf8(link.at(0).get<std::string>());
         ASSERT_TRUE(
             ZuComn_GetLinkInfo(settings.system("LinkInfo.lif").c_str(), arrayOf({key.c_str()}), values));
-        EXPECT_EQ(zuhost::toUtf8(values[0].view()), link.at(1).get<std::string>());
+        EXPECT_EQ(zuhost::toUtf8(zuhost::viewOf(values[0])), link.at(1).get<std::string>());
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <zuhost/texts.h>
 
 namespace {
 
@@ -19,7 +20,7 @@ std::wstring wide(const std::string& text) {
     return zuhost::fromUtf8(text);
 }
 std::string narrow(const CString& text) {
-    return zuhost::toUtf8(text.view());
+    return zuhost::toUtf8(zuhost::viewOf(text));
 }
 
 class Settings : public testing::Test {
@@ -41,7 +42,7 @@ TEST_F(Settings, OptionsFallBackToTheOlderKeys) {
         CString value = L"before";
         EXPECT_EQ(ZuComn_readEnvConfig(value, wide(key).c_str()), result[0].get<int>()) << key;
         EXPECT_EQ(narrow(value), result[1].get<std::string>()) << key;
-        CString keyAndValue(wide(key));
+        CString keyAndValue = zuhost::textOf(wide(key));
         EXPECT_EQ(ZuComn_readEnvConfig(keyAndValue, keyAndValue), result[0].get<int>())
             << "its own key: " << key;
         EXPECT_EQ(keyAndValue, value) << "its own key: " << key;
@@ -80,7 +81,7 @@ TEST_F(Settings, ComposesTheOlderSeparator) {
 }
 
 TEST_F(Settings, WritesAndTruncatesValues) {
-    const CString longValue(std::wstring(600, L'長'));
+    const CString longValue(L'長', 600);
     EXPECT_NE(ZuComn_writeConfig(L"環境設定", L"長い値", longValue, L"ignored"), 0);
     EXPECT_EQ(ZuComn_readConfig(L"", L"環境設定", L"長い値"), longValue.Left(511));
     EXPECT_EQ(ZuComn_writeConfig(L"環境設定", L"長い値", L"850㎥", L"ignored"), 0);

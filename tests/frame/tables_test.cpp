@@ -4,6 +4,7 @@
 #include <zucomn/tables.h>
 
 #include <zuhost/file_ops.h>
+#include <zuhost/texts.h>
 
 #include <gtest/gtest.h>
 
@@ -73,7 +74,7 @@ TEST(Tables, RecordsOfALargeFileKeepTheirOrder) {
     for (int i = 0; i < kRecords; ++i) {
         const CStringArray& record = *static_cast<CStringArray*>(static_cast<CObject*>(records[i]));
         ASSERT_EQ(textsOf(record), (Texts{std::to_wstring(i), L"ポ"}));
-        ASSERT_EQ(fields[3 * i].view(), record[0].view());
+        ASSERT_EQ(zuhost::viewOf(fields[3 * i]), zuhost::viewOf(record[0]));
         ASSERT_EQ(fields[3 * i + 2], L"same");
     }
     ZuComn_RemoveAllFree(records);

@@ -5,6 +5,7 @@
 #include <zucomn/frame.h>
 #include <zucomn/route.h>
 #include <zuhost/drawing_files.h>
+#include <zuhost/texts.h>
 
 #include <windows.h>
 
@@ -31,7 +32,7 @@ protected:
     static std::wstring name(AcDbObjectId id) {
         CString text;
         RootComn_GetGroupNameFromGroupOid(id, text);
-        return std::wstring(text.view());
+        return std::wstring(zuhost::viewOf(text));
     }
     static std::wstring handleText(AcDbObjectId id) {
         ACHAR buffer[17];
@@ -213,7 +214,7 @@ TEST_F(Groups, ListingFiltersByKind) {
         EXPECT_EQ(RootComn_GetRootGroups5(id, &count, groups, names, kinds, filter), 0);
         std::wstring text;
         for (int i = 0; i < count; ++i)
-            text += std::wstring(names[i].view()) + L":" + std::to_wstring(kinds[i]) + L" ";
+            text += std::wstring(zuhost::viewOf(names[i])) + L":" + std::to_wstring(kinds[i]) + L" ";
         return text;
     };
     EXPECT_EQ(list(duct, 0), L"RTGR00005:1 RTGR00006:1 ");

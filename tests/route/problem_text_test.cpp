@@ -1,6 +1,8 @@
 #include "audit/problem_text.h"
 
 #include <afxstr.h>
+#include <zuhost/texts.h>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -15,7 +17,7 @@ using zu::Rounded;
 std::wstring formatted(double value) {
     CString text;
     text.Format(L"%.15g", std::round(value * 1000.0) / 1000.0 + 0.0);
-    return std::wstring(text.view());
+    return std::wstring(zuhost::viewOf(text));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <zucomn/attributes.h>
 #include <zucomn/dbservices.h>
 #include <zucomn/route.h>
+#include <zuhost/texts.h>
 
 #include <nlohmann/json.hpp>
 
@@ -98,11 +99,11 @@ TEST_P(Sample, AttributesAndHeightsAreRead) {
         std::vector<std::string> read;
         read.reserve(static_cast<std::size_t>(texts.GetSize()));
         for (int i = 0; i < texts.GetSize(); ++i)
-            read.push_back(zuhost::toUtf8(texts[i].view()));
+            read.push_back(zuhost::toUtf8(zuhost::viewOf(texts[i])));
         EXPECT_EQ(read, e["attributes"].is_null() ? std::vector<std::string>()
                                                   : e["attributes"].get<std::vector<std::string>>());
         for (const char* key : {"S401", "S501"})
-            EXPECT_EQ(zuhost::toUtf8(data.GetValueAttID(id, zuhost::fromUtf8(key).c_str()).view()),
+            EXPECT_EQ(zuhost::toUtf8(zuhost::viewOf(data.GetValueAttID(id, zuhost::fromUtf8(key).c_str()))),
                       e[key].get<std::string>());
         constexpr double kUntouched = -12345.0;
         int kind = -1;
@@ -122,7 +123,7 @@ TEST_P(Sample, GroupsAreRead) {
         const AcDbObjectId id = drawing.at(g["handle"]);
         CString name;
         EXPECT_EQ(RootComn_GetGroupNameFromGroupOid(id, name), 0);
-        EXPECT_EQ(zuhost::toUtf8(name.view()), g["name"].get<std::string>());
+        EXPECT_EQ(zuhost::toUtf8(zuhost::viewOf(name)), g["name"].get<std::string>());
         AcDbObjectIdArray members;
         EXPECT_EQ(RootComn_GetGroupMember(id, members), 0);
         EXPECT_EQ(handlesOf(members), g["members"].get<std::vector<std::string>>());

@@ -4,6 +4,7 @@
 
 #include <zucomn/model/library.h>
 #include <zucomn/settings.h>
+#include <zuhost/texts.h>
 
 #include <filesystem>
 #include <string>
@@ -19,7 +20,7 @@ public:
         for (std::size_t at = text.find("@ROOT@"); at != std::string::npos; at = text.find("@ROOT@"))
             text.replace(at, 6, folder_.path().string());
         folder_.write("system/master.ini", text);
-        ZuComn_SetIniFile(CString(folder_.wide("system/master.ini")));
+        ZuComn_SetIniFile(zuhost::textOf(folder_.wide("system/master.ini")));
     }
     ~SampleSettings() { zucomn::resetLibrary(); }
     SampleSettings(const SampleSettings&) = delete;

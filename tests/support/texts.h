@@ -1,6 +1,7 @@
 #pragma once
 
 #include <afxcoll.h>
+#include <zuhost/texts.h>
 
 #include <initializer_list>
 #include <string>
@@ -12,13 +13,13 @@ template <typename List = std::initializer_list<const wchar_t*>>
 CStringArray arrayOf(const List& texts) {
     CStringArray array;
     for (const auto& text : texts)
-        array.Add(CString(text));
+        array.Add(zuhost::textOf(text));
     return array;
 }
 
 inline Texts textsOf(const CStringArray& array) {
     Texts texts;
     for (int i = 0; i < array.GetSize(); ++i)
-        texts.emplace_back(array[i].view());
+        texts.emplace_back(zuhost::viewOf(array[i]));
     return texts;
 }

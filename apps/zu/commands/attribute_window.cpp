@@ -8,6 +8,7 @@
 #include <zucomn/frame.h>
 #include <zucomn/model/elements.h>
 #include <zuhost/desktop.h>
+#include <zuhost/windows/widgets.h>
 
 #include <QDockWidget>
 #include <QMainWindow>
@@ -36,7 +37,7 @@ public:
             selected.append(element);
             GetLeftPane()->Select(selected);
         });
-        auto& frame = static_cast<QMainWindow&>(*widget());
+        auto& frame = static_cast<QMainWindow&>(*zuhost::widgetOf(*this));
         auto* const dock = new QDockWidget(&frame);
         dock->setTitleBarWidget(new QWidget(dock));
         dock->setFeatures(QDockWidget::NoDockWidgetFeatures);

@@ -15,6 +15,7 @@
 #include <iostream>
 #include <map>
 #include <memory>
+#include <zuhost/texts.h>
 
 namespace zu::app {
 
@@ -70,8 +71,8 @@ void printLayers(const CAcadDxf& part) {
     TextTable table({"layer", "colour", "linetype", "flags"});
     for (POSITION at = part.GetLayers().GetHeadPosition(); at != nullptr;) {
         const auto& layer = static_cast<const CLayer&>(*part.GetLayers().GetNext(at));
-        table.addRow({narrow(layer.m_name.view()), std::to_string(layer.m_color),
-                      narrow(layer.m_linetype.view()), std::to_string(layer.m_flags)});
+        table.addRow({narrow(zuhost::viewOf(layer.m_name)), std::to_string(layer.m_color),
+                      narrow(zuhost::viewOf(layer.m_linetype)), std::to_string(layer.m_flags)});
     }
     table.print();
     std::cout << counted(part.GetLayers(), "layers") << "\n\n";
@@ -81,7 +82,8 @@ void printBlocks(const CAcadDxf& part) {
     TextTable table({"block", "base", "entities"});
     for (POSITION at = part.GetBlocks().GetHeadPosition(); at != nullptr;) {
         const auto& block = static_cast<const CBlock&>(*part.GetBlocks().GetNext(at));
-        table.addRow({narrow(block.m_name.view()), shortNumber(block.m_x) + ", " + shortNumber(block.m_y),
+        table.addRow({narrow(zuhost::viewOf(block.m_name)),
+                      shortNumber(block.m_x) + ", " + shortNumber(block.m_y),
                       std::to_string(block.m_entities.GetCount())});
     }
     table.print();

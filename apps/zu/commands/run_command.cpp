@@ -58,7 +58,7 @@ public:
     LoadedModule& operator=(const LoadedModule&) = delete;
 
 private:
-    [[nodiscard]] bool isLoaded() const { return acrxDynamicLinker->isModuleLoaded(path_); }
+    [[nodiscard]] bool isLoaded() const { return acrxAppIsLoaded(path_); }
     static std::string withoutLineEnd(std::string text) {
         if (text.ends_with('\n'))
             text.pop_back();

@@ -12,6 +12,7 @@
 #include "text.h"
 
 #include <zucomn/model/attributes.h>
+#include <zuhost/texts.h>
 
 #include <algorithm>
 #include <iostream>
@@ -71,7 +72,7 @@ void print(const AttributeEdit& edit, const ListingForm& form) {
 }
 
 void requireStorable(const std::string& value) {
-    switch (zucomn::valueFault(wide(value).view())) {
+    switch (zucomn::valueFault(zuhost::viewOf(wide(value)))) {
     case zucomn::ValueFault::placeholder:
         throw WrongUsage("the value \"" + value + "\" stands for different values and is never stored");
     case zucomn::ValueFault::separator:
@@ -81,7 +82,7 @@ void requireStorable(const std::string& value) {
     case zucomn::ValueFault::none:
         break;
     }
-    if (narrow(wide(value).view()) != value)
+    if (narrow(zuhost::viewOf(wide(value))) != value)
         throw WrongUsage("the value is not valid UTF-8");
 }
 

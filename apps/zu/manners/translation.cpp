@@ -5,6 +5,7 @@
 
 #include <zucomn/frame.h>
 #include <zuhost/language.h>
+#include <zuhost/texts.h>
 
 #include <algorithm>
 #include <array>
@@ -103,7 +104,7 @@ std::string translate(std::string_view english, int depth) {
 
 std::string textOf(HMODULE module, unsigned id) {
     CString text;
-    return ZuComn_LoadString(module, id, text) != 0 ? narrow(text.view()) : std::string();
+    return ZuComn_LoadString(module, id, text) != 0 ? narrow(zuhost::viewOf(text)) : std::string();
 }
 
 } // namespace

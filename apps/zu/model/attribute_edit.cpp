@@ -7,13 +7,14 @@
 
 #include <zucomn/model/attributes.h>
 #include <zuhost/paths.h>
+#include <zuhost/texts.h>
 
 namespace zu::app {
 
 AttributeEdit editAttribute(const std::vector<AcDbObjectId>& elements, const std::string& key,
                             const std::string& value, bool askedByName) {
-    const zucomn::AttributeValue wanted{std::wstring(wide(key).SpanExcluding(L"|").view()),
-                                        std::wstring(wide(value).view())};
+    const zucomn::AttributeValue wanted{std::wstring(zuhost::viewOf(wide(key).SpanExcluding(L"|"))),
+                                        std::wstring(zuhost::viewOf(wide(value)))};
     AttributeEdit edit;
     for (const zucomn::EditedElement& edited : zucomn::editAttributes(elements, {&wanted, 1})) {
         const std::string handle = handleText(edited.element);
@@ -35,7 +36,7 @@ bool mayEditAttribute(const std::string& key) {
     const std::wstring file = zucomn::parameterTableFile();
     if (file.empty())
         throw Failure("the settings name no folder of the parameter table (標準部品 in [環境設定])");
-    const auto editable = zucomn::isEditableAttribute(wide(key).SpanExcluding(L"|").view());
+    const auto editable = zucomn::isEditableAttribute(zuhost::viewOf(wide(key).SpanExcluding(L"|")));
     if (editable)
         return *editable;
     const std::string path = zuhost::systemPath(file);

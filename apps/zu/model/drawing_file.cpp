@@ -13,6 +13,7 @@
 #include <zucomn/route.h>
 #include <zuhost/drawing_files.h>
 #include <zuhost/platform/paths.h>
+#include <zuhost/texts.h>
 
 #include <charconv>
 #include <filesystem>
@@ -99,7 +100,7 @@ AcDbObjectId DrawingFile::findGroup(const std::string& nameOrHandle) const {
         RootComn_GetGroupNameFromGroupOid(group, groupName);
         if (group == byHandle || groupName.CompareNoCase(name) == 0)
             return group;
-        names.push_back(narrow(groupName.view()));
+        names.push_back(narrow(zuhost::viewOf(groupName)));
     }
     throw Failure("the drawing has no group " + nameOrHandle + suggestion(nameOrHandle, names));
 }

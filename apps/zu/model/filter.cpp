@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <zuhost/texts.h>
 
 namespace zu::app {
 
@@ -16,7 +17,7 @@ constexpr int kNoLinkRecord = -1;
 constexpr int kLastLinkKind = 6;
 
 std::wstring wideText(const std::string& text) {
-    return std::wstring(wide(text).view());
+    return std::wstring(zuhost::viewOf(wide(text)));
 }
 
 int linkKind(const std::string& text) {

@@ -2,6 +2,7 @@
 
 #include <zucomn/frame.h>
 #include <zuhost/language.h>
+#include <zuhost/texts.h>
 
 #include <string>
 
@@ -31,7 +32,7 @@ std::wstring programText(unsigned id) {
     CString text;
     if (ZuComn_LoadString(ZuComn_GetResource(), id, text) == 0)
         ZuComn_LoadString(nullptr, id, text); // a language module may lack texts
-    return std::wstring(text.view());
+    return std::wstring(zuhost::viewOf(text));
 }
 
 } // namespace zu::app

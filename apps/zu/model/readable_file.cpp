@@ -7,13 +7,14 @@
 #include <zuhost/paths.h>
 #include <zuhost/platform/paths.h>
 #include <zuhost/system_error.h>
+#include <zuhost/texts.h>
 
 #include <filesystem>
 
 namespace zu::app {
 
 void requireReadable(const std::string& file) {
-    const std::string path = zuhost::systemPath(filePath(file).view());
+    const std::string path = zuhost::systemPath(zuhost::viewOf(filePath(file)));
     std::error_code unknown;
     // Opening a pipe to test it would consume its data.
     if (std::filesystem::is_fifo(zuhost::platform::pathOf(path), unknown))

@@ -9,6 +9,7 @@
 #include <zucomn/tables.h>
 #include <zuhost/paths.h>
 #include <zuhost/platform/paths.h>
+#include <zuhost/texts.h>
 
 #include <filesystem>
 #include <system_error>
@@ -35,7 +36,7 @@ SettingsFile::SettingsFile(const std::string& path) {
     CString folder;
     if (ZuComn_GetSystemPath(folder))
         for (const wchar_t* const name : kSystemFiles)
-            warnOfUnmarkedUtf8(zuhost::systemPath((folder + L"\\" + name).view()));
+            warnOfUnmarkedUtf8(zuhost::systemPath(zuhost::viewOf(folder + L"\\" + name)));
 }
 
 SettingsFile::~SettingsFile() {

@@ -26,6 +26,7 @@
 #include <iostream>
 #include <utility>
 #include <vector>
+#include <zuhost/texts.h>
 
 namespace zu::app {
 
@@ -111,7 +112,7 @@ QByteArray paintInto(const std::string& file, const QSizeF& size, const picture:
 Preview previewOf(const std::string& part, const std::string& file, int width,
                   const PreviewOptions& options) {
     const auto drawing =
-        picture::readPart(std::wstring(wide(part).view()), {.strictTable = options.strictTable});
+        picture::readPart(std::wstring(zuhost::viewOf(wide(part))), {.strictTable = options.strictTable});
     if (drawing == nullptr)
         throw Failure(part + ": cannot be opened");
     Preview preview{{}, picture::measureScene(*drawing, {})};

@@ -12,6 +12,7 @@
 #include <dbmain.h>
 #include <zucomn/frame.h>
 #include <zucomn/model/elements.h>
+#include <zuhost/texts.h>
 
 #include <algorithm>
 #include <array>
@@ -45,7 +46,9 @@ constexpr double kSmallestDangling = 1.5;
 
 /// Layers of marks that the plan draws itself.
 std::array<QString, 2> markLayers() {
-    const auto text = [](const CString& name) { return QString::fromStdWString(std::wstring(name.view())); };
+    const auto text = [](const CString& name) {
+        return QString::fromStdWString(std::wstring(zuhost::viewOf(name)));
+    };
     return {text(ZUCONECT_LAYER), text(ZUSNAP_LAYER)};
 }
 

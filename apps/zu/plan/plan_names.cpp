@@ -4,6 +4,7 @@
 
 #include <zucomn/model/elements.h>
 #include <zucomn/settings.h>
+#include <zuhost/texts.h>
 
 #include <QStringList>
 
@@ -20,7 +21,7 @@ QString nameInSettings(int kind) {
     CString name;
     if (ZuComn_readConfig(name, nullptr, kSection, std::to_wstring(kind).c_str()) != 0)
         return {};
-    return QString::fromStdWString(std::wstring(name.view())).trimmed();
+    return QString::fromStdWString(std::wstring(zuhost::viewOf(name))).trimmed();
 }
 
 QString joined(const std::vector<QString>& uses) {

@@ -1,6 +1,7 @@
 #include "report/part_json.h"
 
 #include <zuhost/text_codec.h>
+#include <zuhost/texts.h>
 
 #include <cmath>
 
@@ -9,7 +10,7 @@ namespace zu::app {
 namespace {
 
 Json textOf(const CString& text) {
-    return zuhost::toUtf8(text.view());
+    return zuhost::toUtf8(zuhost::viewOf(text));
 }
 
 /// JSON can express finite numbers only.

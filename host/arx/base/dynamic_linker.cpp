@@ -158,6 +158,6 @@ bool AcRxDynamicLinker::isAppMDIAware(const ACHAR* name) const {
     return application != nullptr && application->mdiAware;
 }
 
-bool AcRxDynamicLinker::isModuleLoaded(const ACHAR* file) const {
+bool acrxAppIsLoaded(const ACHAR* file) {
     return findByName(file) != nullptr;
 }

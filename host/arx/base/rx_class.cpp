@@ -17,7 +17,7 @@ Registry& registry() {
 AcRxClass* newAcRxClass(const wchar_t* name, AcRxClass* parent, AcRxClass::Creator creator) {
     auto& entry = registry()[name];
     if (!entry)
-        entry = std::make_unique<AcRxClass>(name, parent, creator);
+        entry.reset(new AcRxClass(name, parent, creator));
     return entry.get();
 }
 

@@ -62,6 +62,7 @@ constexpr std::array kTexts{
     StatusText{Acad::eXdataSizeExceeded, L"eXdataSizeExceeded"},
     StatusText{Acad::eRegappIdNotFound, L"eRegappIdNotFound"},
     StatusText{Acad::eBadDxfSequence, L"eBadDxfSequence"},
+    StatusText{Acad::eNoFileName, L"eNoFileName"},
     StatusText{Acad::eFileNotFound, L"eFileNotFound"},
     StatusText{Acad::eFileAccessErr, L"eFileAccessErr"},
     StatusText{Acad::eFilerError, L"eFilerError"},

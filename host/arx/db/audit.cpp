@@ -4,6 +4,7 @@
 #include "database_core.h"
 #include "dbgroup.h"
 #include "dbsymtb.h"
+#include "object_access.h"
 #include "zuhost/members.h"
 
 #include <array>
@@ -42,7 +43,7 @@ std::vector<std::wstring> namedApplications(const std::vector<AcDbObjectId>& ent
         const AcDbObjectPointer<AcDbObject> object(id);
         if (object.openStatus() != Acad::eOk)
             continue;
-        for (const TagRef& tag : object->tags().extendedData())
+        for (const TagRef& tag : ObjectAccess::tags(*object).extendedData())
             if (tag.code == kApplication && known.insert(tag.text).second)
                 names.push_back(coreOf(database).document->decode(tag.text));
     }

@@ -54,7 +54,7 @@ AcGePoint3d AcDbBlockTableRecord::origin() const {
     if (block == nullptr)
         return originToCome_ ? *originToCome_ : AcGePoint3d::kOrigin;
     std::array<double, 3> values{};
-    block->tags().subclass(kBegin).reals(std::array{10, 20, 30}, values);
+    zuhost::ObjectAccess::tags(*block).subclass(kBegin).reals(std::array{10, 20, 30}, values);
     return {values[0], values[1], values[2]};
 }
 
@@ -103,7 +103,7 @@ bool AcDbBlockTableRecord::isLayout() const {
 
 std::int64_t AcDbBlockTableRecord::headFlags() const {
     const AcDbObject* const block = head();
-    return block != nullptr ? block->tags().subclass(kBegin).integer(70).value_or(0) : 0;
+    return block != nullptr ? zuhost::ObjectAccess::tags(*block).subclass(kBegin).integer(70).value_or(0) : 0;
 }
 
 bool AcDbBlockTableRecord::isAnonymous() const {
@@ -135,7 +135,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::comments(const ACHAR*& text) const {
     if (block == nullptr)
         text = kept(commentsToCome_ ? *commentsToCome_ : std::wstring());
     else
-        text = kept(decoded(block->tags().subclass(kBegin).text(4).value_or("")));
+        text = kept(decoded(zuhost::ObjectAccess::tags(*block).subclass(kBegin).text(4).value_or("")));
     return Acad::eOk;
 }
 

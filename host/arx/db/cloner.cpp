@@ -184,7 +184,7 @@ AcDbStub* Cloner::cloneOwned(AcDbObject& source, AcDbStub* owner, bool isPrimary
         object->addPersistentReactor(AcDbObjectId(owner));
     cloneExtension(source, *object);
     object->close();
-    for (const std::uint64_t handle : entryHandles(source.tags())) {
+    for (const std::uint64_t handle : entryHandles(ObjectAccess::tags(source))) {
         AcDbStub* const entry = from_.document->find(handle);
         if (entry != nullptr && !entry->erased && entry->owner == &stub && copyOfStub(entry) == nullptr)
             cloneOwned(from_.object(*entry), &added, false);
@@ -249,7 +249,7 @@ void Cloner::overwrite(AcDbStub& record, const AcDbObject& source) {
     } else if (ObjectAccess::assertWriteEnabled(*opened) == Acad::eOk) {
         TagList& records = ObjectAccess::changingTags(*opened);
         records.erase({TagView(records).firstMarker(), records.size()});
-        const TagView other = source.tags();
+        const TagView other = ObjectAccess::tags(source);
         for (auto at = other.at(other.firstMarker()); at != TagView::end(); ++at) {
             const Tag tag = at->tag();
             records.add(tag.code, to_.document->encode(from_.document->decode(tag.value)));
@@ -264,8 +264,8 @@ void Cloner::overwrite(AcDbStub& record, const AcDbObject& source) {
 Acad::ErrorStatus Cloner::cloneNamedRecords(const AcDbObject& object) {
     if (isWithin())
         return Acad::eOk;
-    const std::string type(object.tags().text(0).value_or(""));
-    const TagView own = object.tags().withoutExtendedData();
+    const std::string type(ObjectAccess::tags(object).text(0).value_or(""));
+    const TagView own = ObjectAccess::tags(object).withoutExtendedData();
     for (const NameCode& name : kNameCodes) {
         if (!name.type.empty() && name.type != type)
             continue;

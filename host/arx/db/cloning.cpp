@@ -41,7 +41,7 @@ void removeIdentity(TagList& tags) {
 
 std::unique_ptr<AcDbObject> copyOf(const AcDbObject& object) {
     TagList records;
-    for (const TagRef& tag : object.tags())
+    for (const TagRef& tag : ObjectAccess::tags(object))
         records.add(tag.tag());
     removeIdentity(records);
     if (object.database() != nullptr) // the texts of an object outside of drawings are in UTF-8

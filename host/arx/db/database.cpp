@@ -42,6 +42,8 @@ Acad::ErrorStatus AcDbDatabase::dxfIn(const ACHAR* path, const ACHAR* /*logFile*
 
 Acad::ErrorStatus AcDbDatabase::read(const ACHAR* path, bool strict) {
     const Acad::ErrorStatus status = install(Document::openFile(path, this), strict);
+    if (status == Acad::eOk)
+        fileName_ = path;
     std::error_code unknown;
     const bool isMissing =
         status == Acad::eFileAccessErr &&
@@ -50,7 +52,10 @@ Acad::ErrorStatus AcDbDatabase::read(const ACHAR* path, bool strict) {
 }
 
 Acad::ErrorStatus AcDbDatabase::read(std::string bytes, const ACHAR* name) {
-    return install(Document::open(std::move(bytes), name, this), false);
+    const Acad::ErrorStatus status = install(Document::open(std::move(bytes), name, this), false);
+    if (status == Acad::eOk)
+        fileName_.clear();
+    return status;
 }
 
 Acad::ErrorStatus AcDbDatabase::install(std::variant<std::unique_ptr<Document>, DocumentError> opened,
@@ -81,10 +86,17 @@ Acad::ErrorStatus AcDbDatabase::write(const ACHAR* path, bool binary) {
         return Acad::eNoDatabase;
     const DrawingForm form = binary ? DrawingForm::binary : DrawingForm::ascii;
     const auto error = core_->document->save(path, form, core_->savedTags());
-    if (!error)
+    if (!error) {
+        fileName_ = path;
         return Acad::eOk;
+    }
     lastError_ = error->message();
     return error->systemError == ESTALE ? Acad::eFileAccessErr : Acad::eFilerError;
+}
+
+Acad::ErrorStatus AcDbDatabase::getFilename(const ACHAR*& path) const {
+    path = fileName_.empty() ? nullptr : fileName_.c_str();
+    return path != nullptr ? Acad::eOk : Acad::eNoFileName;
 }
 
 AcDb::AcDbDwgVersion AcDbDatabase::originalFileVersion() const {

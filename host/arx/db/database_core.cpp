@@ -48,6 +48,7 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
     names_.clear();
     tables_.clear();
     parts.clear();
+    erasedStart = {};
     lockedLayers_.reset();
     groups_ = nullptr;
     modelSpace_ = nullptr;
@@ -337,6 +338,7 @@ void DatabaseCore::restore(AcDbStub& stub, std::optional<TagList> tags, bool era
     const bool toggled = stub.erased != erased;
     target.replaceTags(std::move(tags));
     stub.erased = erased;
+    erasedStart = {};
     if (stub.owner != nullptr) {
         invalidateNames(stub.owner);
         recordClosed(*stub.owner);

@@ -36,6 +36,13 @@ struct DatabaseCore {
     std::vector<AcDbDatabaseReactor*> reactors;
     UndoLog undo;
     PartIndex parts;
+    /// Number of objects at the start of model space that are known to be erased, for the arrangement of the
+    /// parts in which they were counted. Walks begin after them.
+    struct ErasedStart {
+        std::size_t count = 0;
+        std::uint64_t arrangement = 0;
+    };
+    ErasedStart erasedStart;
 
     /// Replaces the document. Destroys the objects of the previous one and clears the undo log.
     void reset(std::unique_ptr<Document> opened);

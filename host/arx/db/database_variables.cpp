@@ -5,6 +5,8 @@
 #include "drawing/tag_view.h"
 #include "record_name.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace zuhost {
@@ -13,46 +15,59 @@ namespace {
 
 constexpr int kName = 9;
 
-/// Returns the records of a variable's value; an empty range at the end of the header when it is missing.
-TagRange valueOf(const TagList& header, std::string_view name) {
-    for (std::size_t i = 0; i < header.size(); ++i) {
-        if (header[i].code != kName || header[i].value != name)
-            continue;
-        std::size_t last = i + 1;
-        while (last < header.size() && header[last].code != kName)
-            ++last;
-        return {i + 1, last};
-    }
-    return {header.size(), header.size()};
-}
+constexpr std::array<std::string_view, 3> kPositive{"$CELTSCALE", "$LTSCALE", "$TEXTSIZE"};
+constexpr std::array<std::string_view, 8> kNotNegative{"$AUNITS", "$AUPREC", "$DIMSCALE",    "$INSUNITS",
+                                                       "$LUNITS", "$LUPREC", "$MEASUREMENT", "$PDMODE"};
 
 std::wstring interfaceName(std::string_view name) {
     return {name.begin() + 1, name.end()};
 }
 
-/// Calls `change` with the header and the range of the variable's value, which is added when it is missing.
+/// As changeVariable, but adds the variable when it is missing.
 template <typename Change>
 Acad::ErrorStatus setValue(DatabaseCore& core, std::string_view name, Change change) {
+    return changeVariable(core, name, [&](TagList& header, TagRange range) {
+        if (range.empty())
+            header.add(kName, std::string(name));
+        change(header, variableValue(header, name));
+    });
+}
+
+} // namespace
+
+TagRange variableValue(const TagList& header, std::string_view name) {
+    for (std::size_t at = 0; at < header.size(); ++at)
+        if (header[at].code == kName && header[at].value == name)
+            return {at + 1, std::min(header.find(kName, {at + 1, header.size()}), header.size())};
+    return {header.size(), header.size()};
+}
+
+bool isInRange(std::string_view name, double value) {
+    if (!std::isfinite(value))
+        return false;
+    if (std::ranges::find(kPositive, name) != kPositive.end())
+        return value > 0.0;
+    return std::ranges::find(kNotNegative, name) == kNotNegative.end() || value >= 0.0;
+}
+
+Acad::ErrorStatus changeVariable(DatabaseCore& core, std::string_view name,
+                                 const std::function<void(TagList&, TagRange)>& change) {
     if (!core.document)
         return Acad::eNoDatabase;
     const std::wstring shown = interfaceName(name);
     core.headerVariable(shown.c_str(), false);
     TagList header = core.document->header();
-    if (valueOf(header, name).empty())
-        header.add(kName, std::string(name));
-    change(header, valueOf(header, name));
+    change(header, variableValue(header, name));
     core.document->setHeader(std::move(header));
     core.headerVariable(shown.c_str(), true);
     return Acad::eOk;
 }
 
-} // namespace
-
 double realVariable(const DatabaseCore& core, std::string_view name, int code, double missing) {
     if (!core.document)
         return missing;
     const TagList& header = core.document->header();
-    return TagView(header).in(valueOf(header, name)).real(code).value_or(missing);
+    return TagView(header).in(variableValue(header, name)).real(code).value_or(missing);
 }
 
 std::int64_t integerVariable(const DatabaseCore& core, std::string_view name, int code,
@@ -60,14 +75,14 @@ std::int64_t integerVariable(const DatabaseCore& core, std::string_view name, in
     if (!core.document)
         return missing;
     const TagList& header = core.document->header();
-    return TagView(header).in(valueOf(header, name)).integer(code).value_or(missing);
+    return TagView(header).in(variableValue(header, name)).integer(code).value_or(missing);
 }
 
 std::wstring textVariable(const DatabaseCore& core, std::string_view name, int code) {
     if (!core.document)
         return {};
     const TagList& header = core.document->header();
-    return core.document->decode(TagView(header).in(valueOf(header, name)).text(code).value_or(""));
+    return core.document->decode(TagView(header).in(variableValue(header, name)).text(code).value_or(""));
 }
 
 AcGePoint3d pointVariable(const DatabaseCore& core, std::string_view name) {
@@ -76,12 +91,14 @@ AcGePoint3d pointVariable(const DatabaseCore& core, std::string_view name) {
 }
 
 Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, int code, double value) {
-    if (!std::isfinite(value))
+    if (!isInRange(name, value))
         return Acad::eInvalidInput;
     return setValue(core, name, [&](TagList& header, TagRange range) { header.setReal(code, value, range); });
 }
 
 Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, int code, std::int64_t value) {
+    if (!isInRange(name, static_cast<double>(value)))
+        return Acad::eInvalidInput;
     return setValue(core, name,
                     [&](TagList& header, TagRange range) { header.setInteger(code, value, range); });
 }
@@ -97,8 +114,8 @@ Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, const A
         return Acad::eInvalidInput;
     return setValue(core, name, [&](TagList& header, TagRange range) {
         header.setReal(10, point.x, range);
-        header.setReal(20, point.y, valueOf(header, name));
-        header.setReal(30, point.z, valueOf(header, name));
+        header.setReal(20, point.y, variableValue(header, name));
+        header.setReal(30, point.z, variableValue(header, name));
     });
 }
 
@@ -124,12 +141,8 @@ Acad::ErrorStatus setRecord(const AcDbDatabase& database, std::string_view name,
     return status == Acad::eOk ? setVariable(zuhost::coreOf(database), name, code, record) : status;
 }
 
-Acad::ErrorStatus setPositive(zuhost::DatabaseCore& core, std::string_view name, double value) {
-    return value > 0.0 ? setVariable(core, name, 40, value) : Acad::eInvalidInput;
-}
-
 Acad::ErrorStatus setInteger(zuhost::DatabaseCore& core, std::string_view name, std::int64_t value) {
-    return value >= 0 ? setVariable(core, name, 70, value) : Acad::eInvalidInput;
+    return setVariable(core, name, 70, value);
 }
 
 } // namespace
@@ -165,25 +178,25 @@ double AcDbDatabase::ltscale() const {
     return realVariable(*core_, "$LTSCALE", 40, 1.0);
 }
 Acad::ErrorStatus AcDbDatabase::setLtscale(double scale) {
-    return setPositive(*core_, "$LTSCALE", scale);
+    return setVariable(*core_, "$LTSCALE", 40, scale);
 }
 double AcDbDatabase::celtscale() const {
     return realVariable(*core_, "$CELTSCALE", 40, 1.0);
 }
 Acad::ErrorStatus AcDbDatabase::setCeltscale(double scale) {
-    return setPositive(*core_, "$CELTSCALE", scale);
+    return setVariable(*core_, "$CELTSCALE", 40, scale);
 }
 double AcDbDatabase::dimscale() const {
     return realVariable(*core_, "$DIMSCALE", 40, 1.0);
 }
 Acad::ErrorStatus AcDbDatabase::setDimscale(double scale) {
-    return scale >= 0.0 ? setVariable(*core_, "$DIMSCALE", 40, scale) : Acad::eInvalidInput;
+    return setVariable(*core_, "$DIMSCALE", 40, scale);
 }
 double AcDbDatabase::textsize() const {
     return realVariable(*core_, "$TEXTSIZE", 40, 2.5);
 }
 Acad::ErrorStatus AcDbDatabase::setTextsize(double size) {
-    return setPositive(*core_, "$TEXTSIZE", size);
+    return setVariable(*core_, "$TEXTSIZE", 40, size);
 }
 
 AcDb::UnitsValue AcDbDatabase::insunits() const {

@@ -7,6 +7,7 @@
 #include "new_text.h"
 
 #include <algorithm>
+#include <utility>
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbDictionary, AcDbObject)
 
@@ -118,7 +119,7 @@ Acad::ErrorStatus AcDbDictionary::getAt(const ACHAR* name, AcDbObject*& object, 
 
 bool AcDbDictionary::has(const ACHAR* name) const {
     AcDbObjectId id;
-    return getAt(name, id) == Acad::eOk;
+    return getAt(name, id) == Acad::eOk || findToCome(name) != entriesToCome_.end();
 }
 
 bool AcDbDictionary::has(AcDbObjectId id) const {
@@ -143,7 +144,7 @@ Acad::ErrorStatus AcDbDictionary::nameAt(AcDbObjectId id, AcString& name) const 
 }
 
 Adesk::UInt32 AcDbDictionary::numEntries() const {
-    return static_cast<Adesk::UInt32>(entries().size());
+    return static_cast<Adesk::UInt32>(entries().size() + entriesToCome_.size());
 }
 
 std::vector<zuhost::DictionaryEntry> AcDbDictionary::entries() const {
@@ -193,8 +194,10 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
     if (AcDbEntity::cast(object) != nullptr || AcDbSymbolTableRecord::cast(object) != nullptr ||
         AcDbSymbolTable::cast(object) != nullptr)
         return Acad::eWrongObjectType;
-    if (core() == nullptr)
-        return Acad::eNotInDatabase;
+    if (core() == nullptr) {
+        id = AcDbObjectId();
+        return setToCome(name, object);
+    }
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
     if (object->database() != nullptr && object->database() != database())
@@ -222,6 +225,44 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
     if (!object->hasPersistentReactor(objectId()) && object->isWriteEnabled())
         object->addPersistentReactor(objectId());
     return Acad::eOk;
+}
+
+std::vector<AcDbDictionary::EntryToCome>::const_iterator AcDbDictionary::findToCome(const ACHAR* name) const {
+    const std::wstring key = zuhost::foldedName(name != nullptr ? name : L"");
+    return std::find_if(entriesToCome_.begin(), entriesToCome_.end(),
+                        [&](const EntryToCome& entry) { return zuhost::foldedName(entry.name) == key; });
+}
+
+/// Returns true when the object is the dictionary or is owned by it, also through other dictionaries.
+bool AcDbDictionary::holdsToCome(const AcDbObject* object) const {
+    return object == this ||
+           std::any_of(entriesToCome_.begin(), entriesToCome_.end(), [&](const EntryToCome& e) {
+               const auto* const inner = AcDbDictionary::cast(e.object.get());
+               return e.object.get() == object || (inner != nullptr && inner->holdsToCome(object));
+           });
+}
+
+Acad::ErrorStatus AcDbDictionary::setToCome(const ACHAR* name, AcDbObject* object) {
+    if (object->database() != nullptr)
+        return Acad::eNotInDatabase;
+    const auto* const inner = AcDbDictionary::cast(object);
+    if (holdsToCome(object) || (inner != nullptr && inner->holdsToCome(this)))
+        return Acad::eInvalidInput;
+    if (const auto old = findToCome(name); old != entriesToCome_.end())
+        entriesToCome_.erase(old);
+    entriesToCome_.push_back({name, std::unique_ptr<AcDbObject>(object)});
+    return Acad::eOk;
+}
+
+void AcDbDictionary::subAppended() {
+    for (EntryToCome& entry : std::exchange(entriesToCome_, {})) {
+        AcDbObjectId id;
+        AcDbObject* const object = entry.object.release();
+        if (setAt(entry.name.c_str(), object, id) == Acad::eOk)
+            object->close();
+        else
+            delete object;
+    }
 }
 
 void AcDbDictionary::addEntry(const std::wstring& name, std::uint64_t handle) {
@@ -277,6 +318,10 @@ Acad::ErrorStatus AcDbDictionary::removeFound(const Find& find) {
 Acad::ErrorStatus AcDbDictionary::remove(const ACHAR* name) {
     if (name == nullptr)
         return Acad::eInvalidInput;
+    if (const auto pending = findToCome(name); pending != entriesToCome_.end()) {
+        entriesToCome_.erase(pending);
+        return Acad::eOk;
+    }
     return removeFound([&, key = zuhost::foldedName(name)] { return index().byName.find(key); });
 }
 

@@ -9,6 +9,7 @@
 #include "dxf_records/number_text.h"
 #include "entity_list.h"
 #include "entity_types.h"
+#include "object_access.h"
 #include "zuhost/result_kind.h"
 
 #include <algorithm>
@@ -254,13 +255,13 @@ int acdbEntMod(const resbuf* list) {
     if (entity.openStatus() != Acad::eOk || !prepareReferences(list, *id.database()))
         return RTERROR;
     DatabaseCore& core = coreOf(*id.database());
-    const std::string type(entity->tags().text(0).value_or(""));
+    const std::string type(ObjectAccess::tags(*entity).text(0).value_or(""));
     const resbuf* const data = extendedDataOf(list);
     if (data != nullptr && entity->setXData(data) != Acad::eOk)
         return RTERROR;
     GivenItems given(listItems(list, core, hasPlanePoints(type)));
-    TagList changed = changedTags(entity->tags(), std::move(given), *core.document);
-    if (std::ranges::equal(changed, entity->tags(), {}, {}, &TagRef::tag))
+    TagList changed = changedTags(ObjectAccess::tags(*entity), std::move(given), *core.document);
+    if (std::ranges::equal(changed, ObjectAccess::tags(*entity), {}, {}, &TagRef::tag))
         return RTNORM;
     return DatabaseCore::replaceTags(*entity.object(), std::move(changed)) == Acad::eOk ? RTNORM : RTERROR;
 }

@@ -7,6 +7,7 @@
 #include "database_core.h"
 #include "dbents.h"
 #include "dbobjptr.h"
+#include "object_access.h"
 #include "zuhost/result_chain.h"
 #include "zuhost/result_kind.h"
 
@@ -62,7 +63,7 @@ resbuf* entityList(const ads_name name, const resbuf* applications) {
         return nullptr;
     ChainWriter chain(&coreOf(*id.database()));
     ads_name_set(name, chain.append(kEntityName).resval.rlname);
-    const TagView records = object->tags().withoutExtendedData();
+    const TagView records = ObjectAccess::tags(*object).withoutExtendedData();
     for (auto at = records.begin(); at != records.end();)
         chain.add(at);
     resbuf* const data =

@@ -8,6 +8,7 @@
 #include "entity_change.h"
 #include "entity_list.h"
 #include "entity_types.h"
+#include "object_access.h"
 #include "object_factory.h"
 
 #include <algorithm>
@@ -199,7 +200,7 @@ private:
     /// Gives an entity that was added its records, after those of its identity.
     bool complete(AcDbEntity& entity, TagList records) const {
         TagList tags;
-        for (const TagRef& tag : entity.tags())
+        for (const TagRef& tag : ObjectAccess::tags(entity))
             if (tag.code == 0 || tag.code == 5 || tag.code == 330)
                 tags.add(tag.tag());
         if (core_.document->version() <= kRelease12)

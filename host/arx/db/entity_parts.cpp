@@ -64,7 +64,7 @@ AcDbObjectIterator* newPartIterator(const AcDbEntity& owner, const NewParts& pen
     std::vector<AcDbEntity*> entities;
     for (const auto& part : pending)
         entities.push_back(part.get());
-    return new AcDbObjectIterator(partIds(owner), std::move(entities));
+    return ObjectAccess::newIterator(partIds(owner), std::move(entities));
 }
 
 std::vector<const AcDbEntity*> readParts(const AcDbEntity& owner, const NewParts& pending) {

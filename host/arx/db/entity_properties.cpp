@@ -1,5 +1,6 @@
 #include "dbmain.h"
 
+#include "color_records.h"
 #include "database_core.h"
 #include "database_variables.h"
 #include "dbapserv.h"
@@ -11,6 +12,9 @@
 #include <algorithm>
 #include <array>
 
+using zuhost::kColor;
+using zuhost::kColorName;
+using zuhost::kTrueColor;
 using zuhost::Tag;
 using zuhost::TagList;
 
@@ -19,9 +23,6 @@ namespace {
 constexpr std::string_view kMarker = "AcDbEntity";
 constexpr int kByLayer = 256;
 constexpr int kLayer = 8;
-constexpr int kColor = 62;
-constexpr int kTrueColor = 420;
-constexpr int kColorName = 430;
 constexpr int kLinetype = 6;
 constexpr int kLinetypeScale = 48;
 constexpr int kLineWeight = 370;
@@ -33,7 +34,8 @@ struct Introduced {
     int version;
 };
 constexpr std::array kIntroduced{Introduced{kLinetypeScale, 1012}, Introduced{kVisibility, 1012},
-                                 Introduced{kLineWeight, 1015}, Introduced{kTrueColor, 1018}};
+                                 Introduced{kLineWeight, 1015},
+                                 Introduced{kTrueColor, zuhost::kTrueColorVersion}};
 
 int introducedIn(int code) {
     const auto* const found =
@@ -48,14 +50,7 @@ constexpr std::array kWeights{0,  5,  9,  13,  15,  18,  20,  25,  30,  35,  40,
 } // namespace
 
 AcCmColor AcDbEntity::color() const {
-    AcCmColor color;
-    const std::int64_t parts = integerTag(kMarker, kTrueColor, -1);
-    if (parts >= 0)
-        color.setRGB(static_cast<Adesk::UInt8>(parts >> 16), static_cast<Adesk::UInt8>(parts >> 8),
-                     static_cast<Adesk::UInt8>(parts));
-    else
-        color.setColorIndex(colorIndex());
-    return color;
+    return zuhost::colorOf(colorIndex(), integerTag(kMarker, kTrueColor, -1));
 }
 
 Acad::ErrorStatus AcDbEntity::setColor(const AcCmColor& color, bool doSubents, AcDbDatabase* database) {
@@ -66,7 +61,7 @@ Acad::ErrorStatus AcDbEntity::setColor(const AcCmColor& color, bool doSubents, A
         return status;
     removeTags(kMarker, {kTrueColor, kColorName});
     if (color.isByColor())
-        setIntegerTag(kMarker, kTrueColor, color.red() << 16 | color.green() << 8 | color.blue());
+        setIntegerTag(kMarker, kTrueColor, zuhost::partsOf(color));
     if (doSubents)
         forEachPart([&](AcDbEntity& part) { part.setColor(color, true, database); });
     return Acad::eOk;

@@ -20,13 +20,23 @@ AcDbDatabase* workingDrawing() {
 /// The objects of model space, vertices and attributes included: few drawings have any in its block.
 class ModelSpaceObjects {
 public:
-    explicit ModelSpaceObjects(zuhost::DatabaseCore& core) : space_(core.modelSpace()) {
+    explicit ModelSpaceObjects(zuhost::DatabaseCore& core) : core_(core), space_(core.modelSpace()) {
+        if (core.erasedStart.arrangement != core.parts.arrangements())
+            core.erasedStart = {0, core.parts.arrangements()};
         if (space_ == nullptr)
             return;
         parts_[0] = core.blockContainer(*space_);
         for (const Container& container : core.document->containers())
             if (container.kind == Container::Kind::entities)
                 parts_[1] = &container;
+    }
+
+    /// Returns the first object that is not erased; null without one.
+    [[nodiscard]] AcDbStub* first() const {
+        std::size_t& erased = core_.erasedStart.count;
+        while (erased < size() && at(erased)->erased)
+            ++erased;
+        return from(erased);
     }
 
     /// Returns the first object at or after the place that is not erased; null at the end.
@@ -69,6 +79,7 @@ private:
         return stub.owner == space_ || (stub.owner != nullptr && stub.owner->owner == space_);
     }
 
+    zuhost::DatabaseCore& core_;
     const AcDbStub* space_;
     std::array<const Container*, 2> parts_{};
 };
@@ -87,7 +98,7 @@ int acdbEntNext(const std::int64_t* entity, ads_name result) {
     core.parts.arrange(*core.document);
     const ModelSpaceObjects objects(core);
     if (entity == nullptr || ads_name_nil(entity))
-        return nameOf(objects.from(0), result);
+        return nameOf(objects.first(), result);
     AcDbObjectId id;
     if (acdbGetObjectId(id, entity) != Acad::eOk)
         return RTERROR;

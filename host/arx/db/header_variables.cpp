@@ -3,6 +3,7 @@
 #include "acutmem.h"
 #include "chain_records.h"
 #include "database_core.h"
+#include "database_variables.h"
 #include "dxf_records/number_text.h"
 #include "zuhost/result_kind.h"
 
@@ -51,17 +52,6 @@ constexpr std::array<std::string_view, 9> kReadOnly{"$ACADVER",  "$DWGCODEPAGE",
 
 std::string headerName(std::wstring_view name) {
     return toUtf8(L"$" + foldedName(name));
-}
-
-/// Returns the range of the variable's values, after its name; empty when the header lacks it.
-TagRange findValues(const TagList& header, std::string_view name) {
-    for (std::size_t at = 0; at + 1 < header.size(); ++at) {
-        if (header[at].code != kName || header[at].value != name)
-            continue;
-        const std::size_t end = header.find(kName, {at + 1, header.size()});
-        return {at + 1, std::min(end, header.size())};
-    }
-    return {header.size(), header.size()};
 }
 
 std::optional<Tag> usualValue(std::string_view name) {
@@ -128,13 +118,10 @@ std::optional<std::string> recordValue(int code, const resbuf& value, const Docu
     return document.encode(value.resval.rstring);
 }
 
-bool setPointValues(TagList& header, TagRange values, const resbuf& value) {
-    if (resultKind(value.restype) != ResultKind::point || !isStorable(value))
-        return false;
+void setPointValues(TagList& header, TagRange values, const resbuf& value) {
     for (std::size_t i = values.first; i < values.last; ++i)
         if (header[i].code == kPoint || header[i].code == 2 * kPoint || header[i].code == 3 * kPoint)
             header.setReal(header[i].code, value.resval.rpoint[header[i].code / kPoint - 1], values);
-    return true;
 }
 
 } // namespace
@@ -145,7 +132,7 @@ bool headerVariable(const AcDbDatabase& database, std::wstring_view name, resbuf
         return false;
     const TagList& header = document->header();
     const std::string variable = headerName(name);
-    const TagRange values = findValues(header, variable);
+    const TagRange values = variableValue(header, variable);
     const std::optional<Tag> usual = values.empty() ? usualValue(variable) : std::nullopt;
     if (values.empty() && !usual)
         return false;
@@ -159,29 +146,28 @@ bool headerVariable(const AcDbDatabase& database, std::wstring_view name, resbuf
 }
 
 bool setHeaderVariable(AcDbDatabase& database, std::wstring_view name, const resbuf& value) {
-    const auto& document = coreOf(database).document;
+    DatabaseCore& core = coreOf(database);
     const std::string variable = headerName(name);
-    if (!document || std::find(kReadOnly.begin(), kReadOnly.end(), variable) != kReadOnly.end())
+    const auto number = realOf(value);
+    if (!core.document || std::find(kReadOnly.begin(), kReadOnly.end(), variable) != kReadOnly.end() ||
+        (number && !isInRange(variable, *number)))
         return false;
-    TagList header = document->header();
-    const TagRange values = findValues(header, variable);
-    if (!values.empty() && header[values.first].code == kPoint) {
-        if (!setPointValues(header, values, value))
-            return false;
-        document->setHeader(std::move(header));
-        return true;
-    }
+    const TagList& header = core.document->header();
+    const TagRange values = variableValue(header, variable);
+    if (!values.empty() && header[values.first].code == kPoint)
+        return resultKind(value.restype) == ResultKind::point && isStorable(value) &&
+               changeVariable(core, variable, [&](TagList& changed, TagRange range) {
+                   setPointValues(changed, range, value);
+               }) == Acad::eOk;
     const std::optional<Tag> tag =
         values.empty() ? usualValue(variable) : std::optional(header[values.first]);
-    const auto text = tag ? recordValue(tag->code, value, *document) : std::nullopt;
-    if (!text)
-        return false;
-    if (values.empty())
-        header.insert(header.size(), {Tag{kName, variable}, Tag{tag->code, *text}});
-    else
-        header[values.first].value = *text;
-    document->setHeader(std::move(header));
-    return true;
+    const auto text = tag ? recordValue(tag->code, value, *core.document) : std::nullopt;
+    return text && changeVariable(core, variable, [&](TagList& changed, TagRange range) {
+                       if (range.empty())
+                           changed.insert(changed.size(), {Tag{kName, variable}, Tag{tag->code, *text}});
+                       else
+                           changed[range.first].value = *text;
+                   }) == Acad::eOk;
 }
 
 } // namespace zuhost

@@ -19,7 +19,7 @@ std::wstring groupName(const AcDbGroup& group) {
     return ObjectAccess::name(group);
 }
 std::wstring typeName(const AcDbObject& object) {
-    return ObjectAccess::decoded(object, object.tags().text(0).value_or(""));
+    return ObjectAccess::decoded(object, ObjectAccess::tags(object).text(0).value_or(""));
 }
 
 } // namespace zuhost

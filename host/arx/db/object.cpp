@@ -211,6 +211,8 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing) {
         return Acad::eOnLockedLayer;
     startChange();
     stub_->erased = erasing;
+    if (!erasing)
+        core()->erasedStart = {};
     eraseToggled_ = !eraseToggled_;
     ++tagVersion_;
     subErased(erasing);

@@ -3,6 +3,7 @@
 #include "dbdict.h"
 #include "dbents.h"
 #include "dbgroup.h"
+#include "dboiter.h"
 #include "dbsymtb.h"
 #include "drawing/tag_view.h"
 
@@ -38,6 +39,13 @@ struct ObjectAccess {
     static bool has(const AcDbGroup& group, AcDbObjectId id) { return group.hasMember(id); }
     static std::vector<AcDbHandle> surplusEntries(const AcDbGroup& group) { return group.surplusEntries(); }
     static Acad::ErrorStatus removeSurplusEntries(AcDbGroup& group) { return group.removeSurplusEntries(); }
+
+    static TagView tags(const AcDbObject& object) { return object.tags(); }
+    static const TagList* ownTags(const AcDbObject& object) { return object.ownTags(); }
+
+    static AcDbObjectIterator* newIterator(std::vector<AcDbObjectId> ids, std::vector<AcDbEntity*> entities) {
+        return new AcDbObjectIterator(std::move(ids), std::move(entities));
+    }
 
     static void indexReactors(const AcDbObject& object) { object.indexReactors(); }
     template <typename Change>

@@ -50,6 +50,7 @@ void PartIndex::arrange(Document& document) {
         container.members = std::move(arranged);
     }
     changed_.clear();
+    ++arrangements_;
 }
 
 } // namespace zuhost

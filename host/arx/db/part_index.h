@@ -2,6 +2,7 @@
 
 #include "drawing/document.h"
 
+#include <cstdint>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
@@ -28,10 +29,13 @@ public:
     void add(const Document& document, AcDbStub& part);
     /// Moves the new parts after their owners: drawings have them there.
     void arrange(Document& document);
+    /// Returns a number that grows with each arrangement that moves objects.
+    [[nodiscard]] std::uint64_t arrangements() const { return arrangements_; }
     void clear() { *this = PartIndex(); }
 
 private:
     bool isBuilt_ = false;
+    std::uint64_t arrangements_ = 0;
     std::unordered_map<const AcDbStub*, std::vector<AcDbStub*>> parts_;
     std::unordered_set<const AcDbStub*> changed_; ///< Owners that have new parts.
 };

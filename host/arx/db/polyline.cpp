@@ -194,9 +194,33 @@ Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2
         add(41, endWidth);
     if (bulge != 0.0)
         add(42, bulge);
-    const TagRange at = vertexRange(index);
-    changingTags().insert(at.first, std::vector<zuhost::Tag>(vertex.begin(), vertex.end()));
-    return setIntegerTag(kMarker, 90, count + 1);
+    const std::size_t at = vertexRange(index).first;
+    TagList& records = changingTags();
+    const std::size_t added = vertex.size();
+    records.insert(at, std::move(vertex));
+    // Updates the index of the vertices: building it for each new one would take quadratic time.
+    const auto next = vertices_.insert(vertices_.begin() + index, at) + 1;
+    std::for_each(next, vertices_.end(), [added](std::size_t& place) { place += added; });
+    verticesVersion_ = tagVersion();
+    const std::size_t size = records.size();
+    const Acad::ErrorStatus counted = setVertexCount(count + 1);
+    // A number that was missing has moved the vertices.
+    if (records.size() == size)
+        verticesVersion_ = tagVersion();
+    return counted;
+}
+
+Acad::ErrorStatus AcDbPolyline::setVertexCount(unsigned int count) {
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status != Acad::eOk)
+        return status;
+    const std::size_t end = vertices().front();
+    TagList& records = changingTags();
+    std::size_t first = 0;
+    while (first < end && (records[first].code != 100 || records[first].value != kMarker))
+        ++first;
+    records.setInteger(90, count, {first, end});
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbPolyline::removeVertexAt(unsigned int index) {
@@ -210,7 +234,7 @@ Acad::ErrorStatus AcDbPolyline::removeVertexAt(unsigned int index) {
         return status;
     TagList& records = changingTags();
     records.eraseIf(vertexRange(index), isOfVertex);
-    return setIntegerTag(kMarker, 90, count - 1);
+    return setVertexCount(count - 1);
 }
 
 Acad::ErrorStatus AcDbPolyline::reset(bool reuse, unsigned int count) {
@@ -221,7 +245,7 @@ Acad::ErrorStatus AcDbPolyline::reset(bool reuse, unsigned int count) {
     TagList& records = changingTags();
     const std::vector<std::size_t>& places = vertices();
     records.eraseIf({places[kept], places.back()}, isOfVertex);
-    return setIntegerTag(kMarker, 90, kept);
+    return setVertexCount(kept);
 }
 
 AcDbPolyline::SegType AcDbPolyline::segType(unsigned int index) const {

@@ -217,7 +217,7 @@ bool zuhost::readPersistentReactors(const AcDbObject& object, std::vector<AcDbOb
         return !seen.insert(id).second;
     };
     bool hasSurplus = false;
-    visitReactorEntries(object.tags(), [&](const ReactorEntry& entry) {
+    visitReactorEntries(ObjectAccess::tags(object), [&](const ReactorEntry& entry) {
         const AcDbObjectId id(document.find(entry.handle));
         if (id.isNull() || isSeen(id))
             hasSurplus = true;
@@ -230,7 +230,7 @@ bool zuhost::readPersistentReactors(const AcDbObject& object, std::vector<AcDbOb
 std::vector<AcDbHandle> zuhost::surplusReactors(const AcDbObject& object) {
     std::vector<AcDbHandle> surplus;
     if (const AcDbDatabase* const database = object.database())
-        for (const ReactorEntry& entry : surplusOf(object.tags(), *coreOf(*database).document))
+        for (const ReactorEntry& entry : surplusOf(ObjectAccess::tags(object), *coreOf(*database).document))
             surplus.emplace_back(entry.handle);
     return surplus;
 }
@@ -240,7 +240,8 @@ Acad::ErrorStatus zuhost::removeSurplusReactors(AcDbObject& object) {
         object.database() != nullptr ? ObjectAccess::assertWriteEnabled(object) : Acad::eNotInDatabase;
     if (status != Acad::eOk)
         return status;
-    const std::vector<ReactorEntry> surplus = surplusOf(object.tags(), *coreOf(*object.database()).document);
+    const std::vector<ReactorEntry> surplus =
+        surplusOf(ObjectAccess::tags(object), *coreOf(*object.database()).document);
     eraseReactorEntries(ObjectAccess::changingTags(object), surplus);
     return Acad::eOk;
 }

@@ -1,6 +1,7 @@
 #include "database_core.h"
 
 #include "dxf_records/number_text.h"
+#include "object_access.h"
 #include "reactor_records.h"
 
 #include <unordered_set>
@@ -71,7 +72,7 @@ void removeEntries(TagList& tags, const Handles& erased) {
 void DatabaseCore::addFiltered(AcDbStub* stub) {
     if (stub == nullptr || stub->erased || filtered_.contains(stub))
         return;
-    const TagList* const own = stub->object != nullptr ? stub->object->ownTags() : nullptr;
+    const TagList* const own = stub->object != nullptr ? ObjectAccess::ownTags(*stub->object) : nullptr;
     filtered_.emplace(stub, own != nullptr ? *own : document->tags(*stub));
 }
 
@@ -152,7 +153,7 @@ Document::TagSource DatabaseCore::savedTags() {
         if (!filtered_.empty())
             if (const auto found = filtered_.find(&stub); found != filtered_.end())
                 return &found->second;
-        return stub.object != nullptr ? stub.object->ownTags() : nullptr;
+        return stub.object != nullptr ? ObjectAccess::ownTags(*stub.object) : nullptr;
     };
 }
 

@@ -1,5 +1,6 @@
 #include "dbsymtb.h"
 
+#include "color_records.h"
 #include "database_core.h"
 #include "drawing/tag_view.h"
 #include "new_text.h"
@@ -23,8 +24,6 @@ namespace {
 constexpr std::int64_t kFrozen = 1;
 constexpr std::int64_t kLocked = 4;
 constexpr int kWhite = 7;
-constexpr int kTrueColor = 420;
-constexpr int kColorName = 430;
 constexpr int kDash = 49;
 constexpr int kDashType = 74;
 constexpr double kDegree = std::numbers::pi / 180.0;
@@ -74,17 +73,29 @@ Adesk::UInt16 AcDbLayerTableRecord::colorIndex() const {
 }
 
 Acad::ErrorStatus AcDbLayerTableRecord::setColorIndex(Adesk::UInt16 index) {
-    constexpr Adesk::UInt16 kLast = 255;
-    if (index == 0 || index > kLast)
+    AcCmColor color;
+    const Acad::ErrorStatus status = color.setColorIndex(index);
+    return status == Acad::eOk ? setColor(color) : status;
+}
+
+AcCmColor AcDbLayerTableRecord::color() const {
+    return zuhost::colorOf(colorIndex(), integerTag({}, zuhost::kTrueColor, -1));
+}
+
+Acad::ErrorStatus AcDbLayerTableRecord::setColor(const AcCmColor& color) {
+    if (color.isByLayer() || color.isByBlock())
         return Acad::eInvalidInput;
-    const Acad::ErrorStatus status =
-        setIntegerTag({}, 62, isOff() ? -std::int64_t{index} : std::int64_t{index});
-    // The index replaces a colour by its parts, or by its name.
-    if (status == Acad::eOk)
-        changingTags().eraseIf(section({}).range(), [](const zuhost::Tag& tag) {
-            return tag.code == kTrueColor || tag.code == kColorName;
-        });
-    return status;
+    if (color.isByColor() && core() != nullptr && core()->document->version() < zuhost::kTrueColorVersion)
+        return Acad::eNotApplicable;
+    const std::int64_t index = color.colorIndex();
+    const Acad::ErrorStatus status = setIntegerTag({}, zuhost::kColor, isOff() ? -index : index);
+    if (status != Acad::eOk)
+        return status;
+    TagList& records = changingTags();
+    records.eraseIf(section({}).range(), [](const zuhost::Tag& tag) {
+        return tag.code == zuhost::kTrueColor || tag.code == zuhost::kColorName;
+    });
+    return color.isByColor() ? setIntegerTag({}, zuhost::kTrueColor, zuhost::partsOf(color)) : Acad::eOk;
 }
 
 AcDbObjectId AcDbLayerTableRecord::linetypeObjectId() const {

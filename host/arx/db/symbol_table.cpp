@@ -168,7 +168,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
         return Acad::eNotInDatabase;
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
-    if (tags().text(2) != record->tags().text(0))
+    if (tags().text(2) != zuhost::ObjectAccess::tags(*record).text(0))
         return Acad::eWrongObjectType;
     const std::wstring name = record->nameText();
     if (name.empty())

@@ -1,6 +1,7 @@
 #include "undo_log.h"
 
 #include "database_core.h"
+#include "object_access.h"
 
 #include <algorithm>
 #include <iterator>
@@ -137,7 +138,8 @@ bool UndoLog::play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step
     for (std::size_t last = step.size(); last-- > 0;) {
         Entry& entry = step[last];
         const AcDbObject& object = core.object(*entry.stub);
-        opposite.push_back({entry.stub, copied(object.ownTags()), entry.stub->erased, entry.kind});
+        opposite.push_back(
+            {entry.stub, copied(ObjectAccess::ownTags(object)), entry.stub->erased, entry.kind});
         core.restore(*entry.stub, std::move(entry.tags), entry.erased, entry.kind, undoing);
     }
     to.push_back(std::move(opposite));

@@ -1,6 +1,8 @@
 #include "accmd.h"
 #include "aced.h"
 #include "undo_commands.h"
+#include "zuhost/input.h"
+#include "zuhost/main_frame.h"
 
 #include <afxstr.h>
 
@@ -79,7 +81,8 @@ Acad::ErrorStatus AcEdCommandStack::removeGroup(const ACHAR* group) {
     return removeIf([&](const Command& c) { return c.group.CompareNoCase(group) == 0; });
 }
 
-AcRxFunctionPtr AcEdCommandStack::lookup(const ACHAR* name) const {
+AcRxFunctionPtr zuhost::findCommand(const ACHAR* name) {
+    commandStack();
     if (!isSet(name))
         return nullptr;
     const bool global = *name == L'_';
@@ -102,6 +105,10 @@ void AcEditor::addReactor(AcEditorReactor* reactor) {
 
 void AcEditor::removeReactor(AcEditorReactor* reactor) {
     reactors_.remove(reactor);
+}
+
+const AcArray<AcEditorReactor*>& zuhost::reactorsOf(const AcEditor& editor) {
+    return editor.reactors_;
 }
 
 CMDIFrameWnd* acedGetAcadFrame() {

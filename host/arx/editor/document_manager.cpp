@@ -1,15 +1,14 @@
 #include "acdocman.h"
 #include "aced.h"
 #include "acutads.h"
-#include "dbapserv.h"
+#include "command_lock.h"
 #include "input_queue.h"
 #include "undo_commands.h"
 
+#include "zuhost/input.h"
 #include <afx.h>
 #include <zuhost/escaped_exception.h>
-
-ACRX_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
-ACRX_CONS_DEFINE_MEMBERS(AcApDocManager, AcRxObject)
+#include <zuhost/texts.h>
 
 namespace {
 
@@ -20,21 +19,22 @@ zuhost::InputQueue& input() {
 template <typename Notification>
 void notifyReactors(Notification notification) {
     // A copy: a reactor may remove itself or others.
-    const AcArray<AcEditorReactor*> registered = acedEditor->reactors();
+    const AcArray<AcEditorReactor*> registered = zuhost::reactorsOf(*acedEditor);
     for (AcEditorReactor* const reactor : registered)
-        if (acedEditor->reactors().contains(reactor))
+        if (zuhost::reactorsOf(*acedEditor).contains(reactor))
             notification(*reactor);
 }
 
 /// "'_.name" -> "_NAME": ignores the marks of transparent and built-in commands.
 CString commandName(std::wstring_view word) {
-    CString name{word};
+    CString name = zuhost::textOf(word);
     name.Remove(L'\'');
     name.Remove(L'.');
     return name.MakeUpper();
 }
 
 zuhost::CommandEnd run(AcRxFunctionPtr function, const wchar_t* name) {
+    const zuhost::CommandLock lock(name);
     const zuhost::CommandUndoStep step;
     notifyReactors([name](AcEditorReactor& reactor) { reactor.commandWillStart(name); });
     try {
@@ -49,20 +49,6 @@ zuhost::CommandEnd run(AcRxFunctionPtr function, const wchar_t* name) {
 }
 
 } // namespace
-
-AcApDocManager& zuhost::documentManager() {
-    static auto* const manager = new AcApDocManager;
-    return *manager;
-}
-
-AcDbDatabase* AcApDocument::database() const {
-    return acdbHostApplicationServices()->workingDatabase();
-}
-
-AcApDocument* AcApDocManager::curDocument() const {
-    static auto* const document = new AcApDocument;
-    return document;
-}
 
 Acad::ErrorStatus AcApDocManager::sendStringToExecute(AcApDocument* document, const ACHAR* text,
                                                       bool /*activate*/, bool /*wrapUpInactive*/,
@@ -84,7 +70,7 @@ void zuhost::clearPendingInput() {
 zuhost::CommandEnd zuhost::runCommand(const std::wstring& word) {
     const CString name = commandName(word);
     const wchar_t* const shown = name.GetString() + (name.Find(L'_') == 0 ? 1 : 0);
-    if (const AcRxFunctionPtr function = acedRegCmds->lookup(name))
+    if (const AcRxFunctionPtr function = findCommand(name))
         return run(function, shown);
     acutPrintf(L"Unknown command \"%s\".\n", shown);
     notifyReactors([shown](AcEditorReactor& reactor) { reactor.unknownCommand(shown); });
@@ -102,7 +88,7 @@ int zuhost::runPendingCommands() {
 std::wstring zuhost::pendingWord() {
     CString word = commandName(input().nextWord());
     word.Remove(L'_');
-    return std::wstring(word.view());
+    return std::wstring(zuhost::viewOf(word));
 }
 
 void zuhost::takePendingWord() {

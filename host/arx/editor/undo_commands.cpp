@@ -6,6 +6,7 @@
 #include "dbmain.h"
 #include "zuhost/undo.h"
 
+#include "zuhost/input.h"
 #include <zuhost/text_codec.h>
 
 #include <charconv>

@@ -8,9 +8,12 @@
 
 #include <memory>
 
+class CStdioFile;
+
 namespace zuhost {
 
-class TextBlock;
+class LineBlock;
+bool readLines(CStdioFile& file, LineBlock& block, UINT size);
 
 } // namespace zuhost
 
@@ -194,26 +197,6 @@ private:
 };
 #pragma GCC diagnostic pop
 
-/// Some of a text file's lines. Independent of the file, so that blocks may be processed concurrently, each
-/// by one thread.
-class CTextBlock {
-public:
-    CTextBlock();
-    CTextBlock(CTextBlock&& other) noexcept;
-    CTextBlock& operator=(CTextBlock&& other) noexcept;
-    ~CTextBlock();
-
-    /// Like CStdioFile::ReadString; returns FALSE after the last line.
-    BOOL ReadString(CString& line);
-    /// Returns whether the file is known to end with this block.
-    [[nodiscard]] BOOL IsLast() const;
-
-private:
-    friend class CStdioFile;
-
-    std::unique_ptr<zuhost::TextBlock> lines_;
-};
-
 /// Finds the files of a folder by a mask with "*" and "?", ordered by name.
 class CFileFind : public CObject {
 public:
@@ -280,16 +263,14 @@ public:
     /// Reads up to `count` - 1 characters of the line into the buffer, with "\\n" at its end, and returns the
     /// buffer; the next call goes on from there. Null at the end of the file. Throws like the above.
     wchar_t* ReadString(wchar_t* buffer, UINT count);
-    /// Reads the next lines, about `size` bytes, into the block; returns FALSE at the end of the file. Throws
-    /// like ReadString.
-    BOOL ReadBlock(CTextBlock& block, UINT size);
     /// Throws CFileException.
     void WriteString(const wchar_t* text);
 
 private:
+    friend bool zuhost::readLines(CStdioFile& file, zuhost::LineBlock& block, UINT size);
     struct Text;
 
-    BOOL nextLines(CTextBlock& block, std::size_t size);
+    bool nextLines(zuhost::LineBlock& block, std::size_t size);
     void readLinesFrom(ULONGLONG position);
 
     std::unique_ptr<Text> text_;

@@ -106,18 +106,6 @@ class CDWordArray : public zuhost::FrameworkArray<DWORD> {};
 class CWordArray : public zuhost::FrameworkArray<WORD> {};
 class CByteArray : public zuhost::FrameworkArray<BYTE> {};
 
-/// Creates texts and lists of texts for large numbers of them, such as the records of a table, without an
-/// allocation for each. Their lifetimes are independent of the pool's.
-class CStringPool {
-public:
-    [[nodiscard]] CString Make(std::wstring_view text) { return CString(pool_.make(text)); }
-    /// Returns an empty list with room for that many texts; it grows on demand.
-    [[nodiscard]] std::unique_ptr<CStringArray> MakeArray(int room);
-
-private:
-    zuhost::TextPool pool_;
-};
-
 /// A position in a list; null is the end.
 using POSITION = zuhost::FrameworkPosition*;
 

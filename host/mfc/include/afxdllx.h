@@ -23,12 +23,8 @@ public:
     CDynLinkLibrary(const CDynLinkLibrary&) = delete;
     CDynLinkLibrary& operator=(const CDynLinkLibrary&) = delete;
 
-    [[nodiscard]] HMODULE resource() const { return resource_; }
-    [[nodiscard]] HMODULE module() const { return module_; }
-
-private:
-    HMODULE module_;
-    HMODULE resource_;
+    HMODULE m_hModule;
+    HMODULE m_hResource;
 };
 
 /// Returns the module whose resources are loaded by default; null for the program.

@@ -13,6 +13,10 @@
 
 class CString;
 
+namespace zuhost {
+class StringPool;
+}
+
 /// The host framework's wide text, a value type: copies are cheap and share their characters until one is
 /// changed. Indices and lengths count wide characters. Mid, Left, Right, Insert and Delete clamp positions
 /// that are out of range; GetAt and SetAt throw the invalid-argument exception.
@@ -31,9 +35,6 @@ public:
     explicit CString(const char* bytes);
     CString(const char* bytes, int length);
     explicit CString(wchar_t character, int count = 1);
-    explicit CString(const std::wstring& text) : text_(text) {}
-    explicit CString(std::wstring_view text) : text_(text) {}
-    explicit CString(zuhost::SharedText text) : text_(std::move(text)) {}
     CString& operator=(const CString&) = default;
     CString& operator=(CString&&) noexcept = default;
     CString& operator=(const wchar_t* text);
@@ -43,8 +44,6 @@ public:
 
     operator const wchar_t*() const { return text_.c_str(); }
     [[nodiscard]] const wchar_t* GetString() const { return text_.c_str(); }
-    /// Returns a view of the text, valid until its next change.
-    [[nodiscard]] std::wstring_view view() const { return text_.view(); }
 
     [[nodiscard]] int GetLength() const { return static_cast<int>(text_.size()); }
     [[nodiscard]] bool IsEmpty() const { return text_.size() == 0; }
@@ -168,6 +167,12 @@ public:
     }
 
 private:
+    friend class zuhost::StringPool;
+    friend bool operator==(const CString& left, const CString& right);
+    friend std::strong_ordering operator<=>(const CString& left, const CString& right);
+
+    explicit CString(zuhost::SharedText text) : text_(std::move(text)) {}
+    [[nodiscard]] std::wstring_view view() const { return text_.view(); }
     int exchangePart(int index, int count, std::wstring_view with);
     std::span<wchar_t> ownCharacters();
 
@@ -193,7 +198,7 @@ inline bool operator==(const CString& left, const char* right) {
     return left == CString(right);
 }
 // Every combination is needed: a missing one would compare addresses.
-inline auto operator<=>(const CString& left, const CString& right) {
+inline std::strong_ordering operator<=>(const CString& left, const CString& right) {
     return left.view() <=> right.view();
 }
 inline auto operator<=>(const CString& left, const wchar_t* right) {

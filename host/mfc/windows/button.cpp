@@ -1,4 +1,5 @@
 #include "zuhost/windows/controls.h"
+#include "zuhost/windows/widgets.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -37,7 +38,7 @@ QAbstractButton* newButton(QWidget* parent, DWORD type) {
 }
 
 QAbstractButton* buttonOf(const CWnd& window) {
-    return qobject_cast<QAbstractButton*>(window.widget());
+    return qobject_cast<QAbstractButton*>(zuhost::widgetOf(window));
 }
 
 } // namespace

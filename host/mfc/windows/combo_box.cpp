@@ -3,6 +3,7 @@
 #include "qt_text.h"
 #include "select_text.h"
 #include "zuhost/windows/controls.h"
+#include "zuhost/windows/widgets.h"
 
 #include <QAbstractItemDelegate>
 #include <QAbstractItemView>
@@ -20,7 +21,7 @@ namespace {
 constexpr const char* kSorted = "zuSorted";
 
 QComboBox* box(const CWnd& window) {
-    return static_cast<QComboBox*>(window.widget());
+    return static_cast<QComboBox*>(zuhost::widgetOf(window));
 }
 
 bool hasItem(const QComboBox* list, int index) {

@@ -4,6 +4,7 @@
 #include "zuhost/system_error.h"
 #include "zuhost/windows/wnd.h"
 
+#include "zuhost/windows/widgets.h"
 #include <zuhost/application.h>
 #include <zuhost/atomic_file.h>
 #include <zuhost/progress.h>
@@ -101,7 +102,7 @@ void processPendingEvents() {
 }
 
 bool savePicture(const CWnd& window, const std::string& path) {
-    if (window.widget() == nullptr)
+    if (zuhost::widgetOf(window) == nullptr)
         return false;
     processPendingEvents();
     const QString name = QString::fromStdString(path);
@@ -109,7 +110,7 @@ bool savePicture(const CWnd& window, const std::string& path) {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     const bool isKnownFormat =
-        window.widget()->grab().save(&buffer, QFileInfo(name).suffix().toLatin1().constData());
+        zuhost::widgetOf(window)->grab().save(&buffer, QFileInfo(name).suffix().toLatin1().constData());
     const int error = isKnownFormat
                           ? replaceFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())})
                           : EINVAL;

@@ -1,6 +1,7 @@
 #include "qt_text.h"
 #include "select_text.h"
 #include "zuhost/windows/controls.h"
+#include "zuhost/windows/widgets.h"
 
 #include <QLineEdit>
 
@@ -13,7 +14,7 @@ END_MESSAGE_MAP()
 namespace {
 
 QLineEdit* lineOf(const CWnd& window) {
-    return static_cast<QLineEdit*>(window.widget());
+    return static_cast<QLineEdit*>(zuhost::widgetOf(window));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "zuhost/windows/frame.h"
 #include "dispatch.h"
+#include "zuhost/windows/widgets.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -52,8 +53,8 @@ BOOL CFrameWnd::OnCreateClient(LPCREATESTRUCT /*create*/, CCreateContext* contex
 void CFrameWnd::RecalcLayout(BOOL /*notify*/) {
     const CWnd* const pane = GetDlgItem(static_cast<int>(AFX_IDW_PANE_FIRST));
     auto* const frame = qobject_cast<QMainWindow*>(widget());
-    if (pane != nullptr && frame != nullptr && frame->centralWidget() != pane->widget())
-        frame->setCentralWidget(pane->widget());
+    if (pane != nullptr && frame != nullptr && frame->centralWidget() != zuhost::widgetOf(*pane))
+        frame->setCentralWidget(zuhost::widgetOf(*pane));
 }
 
 void CFrameWnd::InitialUpdateFrame(CDocument* /*document*/, BOOL makeVisible) {

@@ -1,5 +1,6 @@
 #include "afxext.h"
 #include "qt_text.h"
+#include "zuhost/windows/widgets.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -12,11 +13,11 @@ IMPLEMENT_DYNCREATE(CReBar, CWnd)
 namespace {
 
 QStatusBar* statusBar(const CWnd& window) {
-    return static_cast<QStatusBar*>(window.widget());
+    return static_cast<QStatusBar*>(zuhost::widgetOf(window));
 }
 
 QMainWindow* mainWindow(const CWnd* frame) {
-    return frame != nullptr ? qobject_cast<QMainWindow*>(frame->widget()) : nullptr;
+    return frame != nullptr ? qobject_cast<QMainWindow*>(zuhost::widgetOf(*frame)) : nullptr;
 }
 
 } // namespace
@@ -73,11 +74,11 @@ QWidget* CReBar::makeWidget(QWidget* parent, DWORD /*style*/) {
 
 BOOL CReBar::AddBar(CWnd* control, const wchar_t* text) {
     auto* const bar = static_cast<QToolBar*>(widget());
-    if (bar == nullptr || control == nullptr || control->widget() == nullptr)
+    if (bar == nullptr || control == nullptr || zuhost::widgetOf(*control) == nullptr)
         return FALSE;
     if (text != nullptr)
         bar->addWidget(new QLabel(zuhost::toQt(text)));
-    bar->addWidget(control->widget());
+    bar->addWidget(zuhost::widgetOf(*control));
     return TRUE;
 }
 

@@ -3,6 +3,7 @@
 #include "dispatch.h"
 #include "qt_text.h"
 #include "zuhost/desktop.h"
+#include "zuhost/windows/widgets.h"
 #include "zuhost/windows/wnd.h"
 
 #include <QApplication>
@@ -96,10 +97,6 @@ void* GetStockObject(int index) {
 
 // ---- drawing
 
-CDC CDC::FromHandle(HDC dc) {
-    return CDC(*reinterpret_cast<QPainter*>(dc));
-}
-
 void CDC::FillSolidRect(const RECT& rectangle, COLORREF color) {
     painter_->fillRect(toQt(rectangle), toQt(color));
 }
@@ -158,8 +155,8 @@ CClientDC::CClientDC(const CWnd* window) : CClientDC(std::make_unique<Surface>()
 
 CClientDC::CClientDC(std::unique_ptr<Surface> surface, const CWnd* window)
     : CDC(surface->painter), surface_(std::move(surface)) {
-    if (window->widget() != nullptr)
-        surface_->painter.setFont(window->widget()->font());
+    if (zuhost::widgetOf(*window) != nullptr)
+        surface_->painter.setFont(zuhost::widgetOf(*window)->font());
 }
 
 CClientDC::~CClientDC() = default;
@@ -184,7 +181,7 @@ HCURSOR LoadCursorW(HINSTANCE /*instance*/, const wchar_t* name) {
 
 HCURSOR SetCursor(HCURSOR cursor) {
     const zuhost::Dispatch* const now = zuhost::Dispatch::current();
-    QWidget* const window = now != nullptr ? now->window.clientWidget() : nullptr;
+    QWidget* const window = now != nullptr ? zuhost::clientWidgetOf(now->window) : nullptr;
     if (window == nullptr || cursor == nullptr)
         return nullptr;
     window->setCursor(*reinterpret_cast<const Qt::CursorShape*>(cursor));

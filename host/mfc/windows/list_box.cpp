@@ -2,6 +2,7 @@
 #include "owner_draw.h"
 #include "qt_text.h"
 #include "zuhost/windows/controls.h"
+#include "zuhost/windows/widgets.h"
 
 #include <QAbstractItemDelegate>
 #include <QListWidget>
@@ -14,7 +15,7 @@ namespace {
 constexpr int kData = Qt::UserRole;
 
 QListWidget* list(const CWnd& window) {
-    return static_cast<QListWidget*>(window.widget());
+    return static_cast<QListWidget*>(zuhost::widgetOf(window));
 }
 
 QListWidgetItem* itemOf(const CWnd& window, int index) {

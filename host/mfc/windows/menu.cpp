@@ -1,6 +1,7 @@
 #include "zuhost/windows/menu.h"
 
 #include "qt_text.h"
+#include "zuhost/windows/widgets.h"
 #include "zuhost/windows/wnd.h"
 
 #include <QAction>
@@ -263,10 +264,10 @@ CMenu* CMenu::GetSubMenu(int index) const {
 
 BOOL CMenu::TrackPopupMenu(UINT flags, int x, int y, CWnd* window, const RECT* /*excluded*/) {
     const std::shared_ptr<Menu> menu = menuOf(m_hMenu);
-    if (menu == nullptr || window == nullptr || window->widget() == nullptr)
+    if (menu == nullptr || window == nullptr || zuhost::widgetOf(*window) == nullptr)
         return FALSE;
-    const QPointer<QWidget> alive = window->widget();
-    QMenu shown(window->widget());
+    const QPointer<QWidget> alive = zuhost::widgetOf(*window);
+    QMenu shown(zuhost::widgetOf(*window));
     fill(shown, *menu);
     const QAction* const chosen = shown.exec(QPoint(x, y));
     if (chosen == nullptr)

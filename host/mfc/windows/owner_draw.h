@@ -1,5 +1,7 @@
 #pragma once
 
+#include "paint_context.h"
+#include "zuhost/windows/widgets.h"
 #include "zuhost/windows/wnd.h"
 
 #include <QPainter>
@@ -10,17 +12,18 @@ namespace zuhost {
 /// Has an owner-drawn list draw one of its rows.
 template <typename List>
 void drawOwnRow(List& list, QPainter& painter, const QRect& row, int index, UINT state) {
+    PaintContext context(painter);
     DRAWITEMSTRUCT draw;
     draw.CtlID = static_cast<UINT>(list.GetDlgCtrlID());
     draw.itemID = static_cast<UINT>(index);
     draw.itemState = state | (list.IsWindowEnabled() != FALSE ? 0U : ODS_DISABLED);
     draw.hwndItem = list.GetSafeHwnd();
-    draw.hDC = CDC(painter).GetSafeHdc();
+    draw.hDC = context.GetSafeHdc();
     draw.rcItem = {row.left(), row.top(), row.left() + row.width(), row.top() + row.height()};
     if constexpr (requires { list.GetItemData(index); })
         draw.itemData = list.GetItemData(index);
     painter.save();
-    painter.setFont(list.widget()->font());
+    painter.setFont(zuhost::widgetOf(list)->font());
     list.DrawItem(&draw);
     painter.restore();
 }

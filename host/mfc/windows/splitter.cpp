@@ -1,4 +1,5 @@
 #include "afxext.h"
+#include "zuhost/windows/widgets.h"
 
 #include <QSplitter>
 
@@ -12,7 +13,7 @@ namespace {
 constexpr int kMaxPanes = 16;
 
 QSplitter* splitter(const CWnd& window) {
-    return static_cast<QSplitter*>(window.widget());
+    return static_cast<QSplitter*>(zuhost::widgetOf(window));
 }
 
 } // namespace
@@ -78,13 +79,13 @@ void CSplitterWnd::SetColumnInfo(int column, int ideal, int minimum) {
     changed.ideal = ideal;
     changed.minimum = minimum;
     if (changed.window != nullptr)
-        changed.window->widget()->setMinimumWidth(minimum);
+        zuhost::widgetOf(*changed.window)->setMinimumWidth(minimum);
     RecalcLayout();
 }
 
 void CSplitterWnd::GetColumnInfo(int column, int& ideal, int& minimum) const {
     const Pane& info = const_cast<CSplitterWnd*>(this)->pane(0, column);
-    ideal = info.window != nullptr ? info.window->widget()->width() : info.ideal;
+    ideal = info.window != nullptr ? zuhost::widgetOf(*info.window)->width() : info.ideal;
     minimum = info.minimum;
 }
 

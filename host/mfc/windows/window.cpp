@@ -4,6 +4,7 @@
 #include "zuhost/desktop.h"
 #include "zuhost/windows/frame.h"
 
+#include "zuhost/windows/widgets.h"
 #include <zuhost/message_box.h>
 
 #include <QApplication>
@@ -23,7 +24,7 @@ using Widgets = std::vector<QPointer<QWidget>>;
 Widgets widgetsIn(const QWidget& widget) {
     Widgets widgets;
     for (QWidget* const inner : widget.findChildren<QWidget*>())
-        if (CWnd::fromWidget(inner) != nullptr)
+        if (zuhost::windowOf(inner) != nullptr)
             widgets.emplace_back(inner);
     return widgets;
 }
@@ -54,7 +55,7 @@ BOOL CWnd::Create(const wchar_t* /*className*/, const wchar_t* text, DWORD style
     if (this->widget() != nullptr)
         return FALSE;
     zuhost::ensureDesktop();
-    QWidget* const widget = makeWidget(parent != nullptr ? parent->clientWidget() : nullptr, style);
+    QWidget* const widget = makeWidget(parent != nullptr ? zuhost::clientWidgetOf(*parent) : nullptr, style);
     link_->attach(widget, id);
     SetWindowText(text);
     if (const CRect place(rectangle); !place.IsRectEmpty())
@@ -123,8 +124,19 @@ QWidget* CWnd::clientWidget() const {
 }
 
 CWnd* CWnd::fromWidget(const QWidget* widget) {
-    return widget != nullptr ? static_cast<CWnd*>(widget->property(zuhost::kOwnerProperty).value<void*>())
-                             : nullptr;
+    return zuhost::windowOf(widget);
+}
+
+QWidget* zuhost::widgetOf(const CWnd& window) {
+    return reinterpret_cast<QWidget*>(window.GetSafeHwnd());
+}
+
+QWidget* zuhost::clientWidgetOf(const CWnd& window) {
+    return clientOf(widgetOf(window));
+}
+
+CWnd* zuhost::windowOf(const QWidget* widget) {
+    return widget != nullptr ? static_cast<CWnd*>(widget->property(kOwnerProperty).value<void*>()) : nullptr;
 }
 
 HWND CWnd::GetSafeHwnd() const {

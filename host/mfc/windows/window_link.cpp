@@ -1,7 +1,9 @@
 #include "window_link.h"
 
 #include "dispatch.h"
+#include "paint_context.h"
 #include "zuhost/windows/frame.h"
+#include "zuhost/windows/widgets.h"
 
 #include <QAbstractScrollArea>
 #include <QContextMenuEvent>
@@ -30,10 +32,10 @@ LPARAM packed(const QPoint& point) {
 /// Calls PreTranslateMessage of the window and its parents until one consumes the message. A call may destroy
 /// any of them.
 bool preTranslate(const CWnd& window, MSG& message) {
-    QPointer<QWidget> current = window.widget();
-    while (CWnd* const owner = CWnd::fromWidget(current)) {
+    QPointer<QWidget> current = zuhost::widgetOf(window);
+    while (CWnd* const owner = zuhost::windowOf(current)) {
         const CWnd* const above = owner->GetParent();
-        const QPointer<QWidget> next = above != nullptr ? above->widget() : nullptr;
+        const QPointer<QWidget> next = above != nullptr ? zuhost::widgetOf(*above) : nullptr;
         if (owner->PreTranslateMessage(&message) != FALSE)
             return true;
         current = next.data();
@@ -121,9 +123,13 @@ void WindowLink::detach() {
     widget_ = nullptr;
 }
 
+QWidget* clientOf(QWidget* widget) {
+    const auto* const area = qobject_cast<QAbstractScrollArea*>(widget);
+    return area != nullptr ? area->viewport() : widget;
+}
+
 QWidget* WindowLink::client() const {
-    const auto* const area = qobject_cast<QAbstractScrollArea*>(widget_.data());
-    return area != nullptr ? area->viewport() : widget_.data();
+    return clientOf(widget_.data());
 }
 
 /// Returns true when a handler consumed the message: the desktop's default handling is skipped.
@@ -238,8 +244,8 @@ bool WindowLink::onPaint() {
     if (owner_.IsKindOf(RUNTIME_CLASS(CView)) == FALSE)
         return false;
     QPainter painter(client());
-    CDC dc(painter);
-    owner_.paint(dc);
+    PaintContext context(painter);
+    owner_.paint(context);
     return false;
 }
 

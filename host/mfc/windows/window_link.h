@@ -67,6 +67,9 @@ private:
     bool isBeingDestroyed_ = false;
 };
 
+/// Returns the widget of a window that it draws on: the viewport in lists that scroll.
+[[nodiscard]] QWidget* clientOf(QWidget* widget);
+
 /// Returns the VK_ number of a key; 0 for keys without one.
 [[nodiscard]] UINT virtualKey(int qtKey);
 /// Stores the modifiers of the latest event for GetKeyState.

@@ -1,6 +1,7 @@
 #include "qt_text.h"
 #include "window_link.h"
 #include "zuhost/windows/frame.h"
+#include "zuhost/windows/widgets.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -171,7 +172,7 @@ BOOL IsWindow(HWND window) {
     const QWidgetList widgets = QApplication::allWidgets();
     return window != nullptr && std::any_of(widgets.begin(), widgets.end(),
                                             [window](const QWidget* widget) {
-                                                const CWnd* const owner = CWnd::fromWidget(widget);
+                                                const CWnd* const owner = zuhost::windowOf(widget);
                                                 return owner != nullptr && owner->GetSafeHwnd() == window;
                                             })
                ? TRUE

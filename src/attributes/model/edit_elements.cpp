@@ -100,7 +100,7 @@ std::vector<EditedElement> zucomn::editAttributes(std::span<const AcDbObjectId> 
     std::vector<zu::ShownItem> items;
     for (const AttributeValue& value : values)
         if (valueFault(value.value) == ValueFault::none)
-            items.push_back({CString(value.id) + L"|", CString(value.value)});
+            items.push_back({zu::textOf(value.id) + L"|", zu::textOf(value.value)});
     return zu::editElements(elements, items);
 }
 

@@ -3,6 +3,7 @@
 #include "attributes/attribute_rows.h"
 #include "frame/library_text.h"
 #include "frame/resource_ids.h"
+#include "frame/text_view.h"
 
 #include <zucomn/model/elements.h>
 #include <zucomn/model/groups.h>
@@ -47,15 +48,15 @@ CString kindName(int code) {
 CString linkKindName(int linkKind) {
     for (const zucomn::RouteKind& kind : zucomn::routeKinds())
         if (kind.number == linkKind)
-            return CString(kind.name);
-    return linkKind < 0 ? CString(L"-") : CString(std::to_wstring(linkKind));
+            return zu::textOf(kind.name);
+    return linkKind < 0 ? CString(L"-") : zu::textOf(std::to_wstring(linkKind));
 }
 
 CString groupNames(const Element& element) {
     std::vector<CString> names;
     for (const AcDbObjectId id : element.groups)
         if (const auto group = zucomn::readGroup(id); group && !group->name.empty())
-            names.emplace_back(group->name);
+            names.push_back(zu::textOf(group->name));
     return joined(names);
 }
 
@@ -94,7 +95,7 @@ std::vector<ElementFact> factsOf(const Element& element) {
     const AcGePoint3d& at = element.origin;
     return {{libraryText(text::kElementKind), kindName(element.code)},
             {libraryText(text::kLinkKind), linkKindName(element.linkKind)},
-            {libraryText(text::kLayer), CString(element.layer)},
+            {libraryText(text::kLayer), zu::textOf(element.layer)},
             {libraryText(text::kGroup), groupNames(element)},
             {libraryText(text::kPosition), joined({numberText(at.x), numberText(at.y), numberText(at.z)})},
             {libraryText(text::kHeights), heights(element.id)}};
@@ -124,7 +125,7 @@ std::vector<ElementFact> factsOf(std::span<const AcDbObjectId> elements) {
     }
     if (elements.size() > 1)
         facts.insert(facts.begin(),
-                     {libraryText(text::kElementCount), CString(std::to_wstring(elements.size()))});
+                     {libraryText(text::kElementCount), zu::textOf(std::to_wstring(elements.size()))});
     return facts;
 }
 

@@ -8,7 +8,7 @@
 namespace zu {
 
 CString attributeField(const CString& text, int n) {
-    return CString(attributeFieldIn(zu::view(text), n));
+    return zu::textOf(attributeFieldIn(zu::view(text), n));
 }
 
 std::wstring_view attributeFieldIn(std::wstring_view text, int n) {

@@ -40,7 +40,7 @@ bool isMarkedEditable(const CString& text) {
 
 CString labelOf(const CString& text) {
     constexpr int kLabelField = 4;
-    return CString(endedField(zu::view(text), kLabelField)).Trim();
+    return zu::textOf(endedField(zu::view(text), kLabelField)).Trim();
 }
 
 struct Occurrence {
@@ -64,8 +64,8 @@ std::vector<ShownItem> shownItems(std::span<const CStringArray* const> lists) {
             const auto found = byId.find(id);
             if (found == byId.end()) {
                 byId.emplace(id, Occurrence{items.size(), 1, entity});
-                items.push_back(
-                    {CString(id) + L"|", CString(value), true, labelOf(list[i]), isMarkedEditable(list[i])});
+                items.push_back({zu::textOf(id) + L"|", zu::textOf(value), true, labelOf(list[i]),
+                                 isMarkedEditable(list[i])});
                 continue;
             }
             Occurrence& occurrence = found->second;

@@ -7,6 +7,7 @@
 #include "frame/library_text.h"
 #include "frame/module_state.h"
 #include "frame/resource_ids.h"
+#include "frame/text_view.h"
 
 #include <acutads.h>
 #include <afxwin.h>
@@ -33,7 +34,7 @@ void warnAboutLock(const CString& layer) {
 void report(const std::vector<EditedElement>& edited, LockReport locks) {
     for (const EditedElement& element : edited)
         if (locks == LockReport::messageBoxes && element.outcome == EditOutcome::lockedLayer)
-            warnAboutLock(CString(element.layer));
+            warnAboutLock(zu::textOf(element.layer));
     const auto unplaced = std::count_if(edited.begin(), edited.end(),
                                         [](const EditedElement& element) { return element.isUnplaced; });
     if (unplaced > 0)

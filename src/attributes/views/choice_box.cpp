@@ -45,7 +45,7 @@ void ChoiceBox::MeasureItem(LPMEASUREITEMSTRUCT measure) {
 void ChoiceBox::DrawItem(LPDRAWITEMSTRUCT draw) {
     const int index = static_cast<int>(draw->itemID);
     const bool isSelected = (draw->itemState & ODS_SELECTED) != 0;
-    CDC dc = CDC::FromHandle(draw->hDC);
+    CDC& dc = *CDC::FromHandle(draw->hDC);
     CRect row(draw->rcItem);
     dc.FillSolidRect(row, GetSysColor(isSelected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
     dc.SetTextColor(GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));

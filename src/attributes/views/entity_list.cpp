@@ -298,7 +298,7 @@ void EntityList::DrawItem(LPDRAWITEMSTRUCT draw) {
     const Line* const line = lineAt(index);
     if (line == nullptr)
         return;
-    CDC dc = CDC::FromHandle(draw->hDC);
+    CDC& dc = *CDC::FromHandle(draw->hDC);
     const CRect row(draw->rcItem);
     const bool isSelected = (draw->itemState & ODS_SELECTED) != 0;
     const bool isParent = line->kind == Line::kParent;

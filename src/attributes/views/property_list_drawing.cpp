@@ -33,7 +33,7 @@ void CPropertyListCtrl::DrawItem(LPDRAWITEMSTRUCT draw) {
     const Row* const row = rowAt(static_cast<int>(draw->itemID));
     if (row == nullptr)
         return;
-    CDC dc = CDC::FromHandle(draw->hDC);
+    CDC& dc = *CDC::FromHandle(draw->hDC);
     CRect place(draw->rcItem);
     const bool isSelected = (draw->itemState & ODS_SELECTED) != 0;
     dc.FillSolidRect(CRect(place.left, place.bottom - 1, place.right, place.bottom), gridColor());

@@ -15,8 +15,8 @@ int main(int count, char** arguments) {
     ZuComn_SetResource();
     AcDbDatabase drawing(false);
     if (count != 2 ||
-        drawing.dxfIn(CString(std::wstring(
-            arguments[1], arguments[1] + std::char_traits<char>::length(arguments[1])))) != Acad::eOk)
+        drawing.dxfIn(std::wstring(arguments[1], arguments[1] + std::char_traits<char>::length(arguments[1]))
+                          .c_str()) != Acad::eOk)
         return 1;
     AcDbObjectId element;
     drawing.getAcDbObjectId(element, false, AcDbHandle(L"110"));

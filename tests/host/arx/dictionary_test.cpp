@@ -1,7 +1,11 @@
 #include "sample_drawing.h"
 #include "summinfo.h"
+
+#include <acutads.h>
+#include <dbxrecrd.h>
 #include <zuhost/members.h>
 #include <zuhost/names.h>
+#include <zuhost/result_chain.h>
 
 namespace {
 
@@ -147,6 +151,55 @@ TEST_F(Dictionaries, ManyEntriesAreAddedAndRemovedInLinearTime) {
     for (const AcDbObjectId group : made)
         ASSERT_EQ(groups->remove(group), Acad::eOk);
     EXPECT_EQ(names(*groups), (Names{L"*A1", L"RTGR00007", L"*A2", L"家具", L"*A3"}));
+}
+
+TEST_F(Dictionaries, OneInNoDatabaseHoldsObjectsUntilItIsAdded) {
+    const auto add = [](AcDbDictionary& dictionary, const wchar_t* name, AcDbObject* object) {
+        AcDbObjectId none;
+        const Acad::ErrorStatus status = dictionary.setAt(name, object, none);
+        EXPECT_TRUE(none.isNull());
+        return status;
+    };
+    const auto text = [](const wchar_t* value) {
+        auto record = std::make_unique<AcDbXrecord>();
+        const zuhost::ResultChain chain(acutBuildList(1, value, RTNONE));
+        EXPECT_EQ(record->setFromRbChain(*chain), Acad::eOk);
+        return record.release();
+    };
+    auto* const outer = new AcDbDictionary;
+    auto* const inner = new AcDbDictionary;
+    EXPECT_EQ(add(*outer, L"first", text(L"replaced")), Acad::eOk);
+    EXPECT_EQ(add(*outer, L"FIRST", text(L"kept")), Acad::eOk);
+    EXPECT_EQ(add(*outer, L"inner", inner), Acad::eOk);
+    EXPECT_EQ(add(*inner, L"deep", text(L"deep")), Acad::eOk);
+    EXPECT_EQ(add(*outer, L"gone", text(L"gone")), Acad::eOk);
+    EXPECT_EQ(outer->remove(L"gone"), Acad::eOk);
+    EXPECT_EQ(outer->numEntries(), 2U);
+    EXPECT_TRUE(outer->has(L"First"));
+    EXPECT_EQ(add(*outer, L"itself", outer), Acad::eInvalidInput);
+    EXPECT_EQ(add(*inner, L"its owner", outer), Acad::eInvalidInput);
+    EXPECT_EQ(add(*outer, L"twice", inner), Acad::eInvalidInput);
+
+    AcDbObjectPointer<AcDbDictionary> root(drawing->namedObjectsDictionaryId(), AcDb::kForWrite);
+    AcDbObjectId added;
+    ASSERT_EQ(root->setAt(L"OUTER", outer, added), Acad::eOk);
+    EXPECT_EQ(names(*outer), (Names{L"FIRST", L"inner"}));
+    outer->close();
+    root.close();
+
+    const auto again = reopened();
+    const AcDbObjectPointer<AcDbDictionary> named(again->namedObjectsDictionaryId());
+    AcDbDictionary* read = nullptr;
+    ASSERT_EQ(named->getAt(L"OUTER", read, AcDb::kForRead), Acad::eOk);
+    const AcDbDictionaryPointer owned(read);
+    ASSERT_EQ(read->getAt(L"inner", read, AcDb::kForRead), Acad::eOk);
+    const AcDbDictionaryPointer ownedInner(read);
+    AcDbXrecord* record = nullptr;
+    ASSERT_EQ(read->getAt(L"deep", record, AcDb::kForRead), Acad::eOk);
+    const AcDbObjectPointer<AcDbXrecord> ownedRecord(record);
+    resbuf* chain = nullptr;
+    ASSERT_EQ(record->rbChain(&chain), Acad::eOk);
+    EXPECT_STREQ(zuhost::ResultChain(chain)->resval.rstring, L"deep");
 }
 
 TEST_F(Dictionaries, InvalidEntriesAreRejected) {

@@ -3,6 +3,7 @@
 #include <zuhost/drawing_files.h>
 #include <zuhost/names.h>
 
+#include <array>
 #include <numbers>
 
 namespace {
@@ -83,6 +84,31 @@ TEST_F(Entities, RepeatedReferencesKeepTheirRowsAndColumns) {
     EXPECT_NE(saved.find("AcDbMInsertBlock"), std::string::npos);
     EXPECT_NE(saved.find("10\n6"), std::string::npos);
     EXPECT_NE(saved.find("45\n20"), std::string::npos);
+}
+
+TEST_F(Entities, PolylinesTakeManyVerticesInLinearTime) {
+    constexpr unsigned int kMany = 100000;
+    AcDbPolyline polyline;
+    polyline.setNormal({0, 0, -1}); // A record after the vertices.
+    for (unsigned int i = 0; i < kMany; ++i)
+        ASSERT_EQ(polyline.addVertexAt(i, {static_cast<double>(i), 1.0}, i % 2 == 0 ? 0.0 : 0.5), Acad::eOk);
+    EXPECT_EQ(polyline.addVertexAt(1, {-1.0, -1.0}, 0.25, 1.0, 2.0), Acad::eOk);
+    EXPECT_EQ(polyline.removeVertexAt(0), Acad::eOk);
+    EXPECT_EQ(polyline.addVertexAt(2, {-2.0, -2.0}), Acad::eOk);
+    ASSERT_EQ(polyline.numVerts(), kMany + 1);
+    const auto x = [&polyline](unsigned int index) {
+        AcGePoint2d point;
+        EXPECT_EQ(polyline.getPointAt(index, point), Acad::eOk);
+        return point.x;
+    };
+    EXPECT_EQ((std::array{x(0), x(1), x(2), x(3), x(kMany)}),
+              (std::array{-1.0, 1.0, -2.0, 2.0, kMany - 1.0}));
+    double bulge = 0.0;
+    polyline.getBulgeAt(0, bulge);
+    EXPECT_EQ(bulge, 0.25);
+    EXPECT_EQ(polyline.normal(), AcGeVector3d(0, 0, -1));
+    EXPECT_EQ(polyline.reset(true, 2), Acad::eOk);
+    EXPECT_EQ(polyline.numVerts(), 2U);
 }
 
 TEST_F(Entities, NewEntitiesSurviveSaving) {

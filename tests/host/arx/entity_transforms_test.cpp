@@ -199,14 +199,19 @@ TEST_F(EntityTransforms, UnequalScalesAreRefusedWhereTheShapeWouldChangeItsKind)
     polyline.addVertexAt(1, {4, 1});
     AcDbEntity* const refusing[] = {&circle, &arc, &text, &lines, &polyline};
     for (AcDbEntity* const entity : refusing) {
-        const std::uint32_t version = entity->tagVersion();
         EXPECT_EQ(entity->transformBy(stretch), Acad::eCannotScaleNonUniformly);
         AcDbEntity* copy = entity;
         EXPECT_EQ(entity->getTransformedCopy(stretch, copy), Acad::eCannotScaleNonUniformly);
         EXPECT_EQ(copy, nullptr);
-        EXPECT_EQ(entity->tagVersion(), version) << "unchanged";
     }
     EXPECT_EQ(circle.center(), AcGePoint3d(1, 2, 3));
+    EXPECT_EQ(arc.radius(), 2.0);
+    EXPECT_EQ(arc.endAngle(), 2.5);
+    EXPECT_EQ(text.position(), AcGePoint3d(1, 2, 3));
+    EXPECT_EQ(text.height(), 2.5);
+    AcGePoint2d end;
+    polyline.getPointAt(1, end);
+    EXPECT_EQ(end, AcGePoint2d(4, 1));
     // Across the plane of a circle the scale does not matter.
     EXPECT_EQ(circle.transformBy(AcGeScale3d(2, 2, 9)), Acad::eOk);
     EXPECT_EQ(circle.radius(), 4.0);

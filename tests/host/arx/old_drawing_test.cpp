@@ -41,6 +41,10 @@ TEST_F(OldDrawing, BlocksAreFoundWithoutRecords) {
     EXPECT_TRUE(layer->isLocked());
     EXPECT_TRUE(layer->isOff());
     EXPECT_EQ(layer->colorIndex(), 3);
+    AcCmColor parts;
+    parts.setRGB(1, 2, 3);
+    EXPECT_EQ(AcDbObjectPointer<AcDbLayerTableRecord>(layer->objectId())->setColor(parts),
+              Acad::eNotApplicable);
 }
 
 TEST_F(OldDrawing, ModelSpaceHoldsTheEntities) {

@@ -122,6 +122,29 @@ TEST_F(SymbolTables, RenamedRecordsAreFoundByTheNewName) {
     EXPECT_FALSE(layers->has(L"_ZU_OTHERS"));
 }
 
+TEST_F(SymbolTables, LayersHaveColoursOfPartsOrOfThePalette) {
+    const AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
+    const AcDbObjectId layer = find(*layers, L"_ZU_OTHERS");
+    AcCmColor color;
+    {
+        const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
+        record->setIsOff(true);
+        EXPECT_EQ(record->setColor(color), Acad::eInvalidInput) << "by layer";
+        color.setRGB(200, 100, 50);
+        ASSERT_EQ(record->setColor(color), Acad::eOk);
+    }
+    const auto again = reopened();
+    const AcDbLayerTablePointer read(again.get());
+    const AcDbObjectPointer<AcDbLayerTableRecord> record(find(*read, L"_ZU_OTHERS"), AcDb::kForWrite);
+    EXPECT_TRUE(record->color() == color);
+    EXPECT_TRUE(record->isOff());
+    EXPECT_EQ(record->setColorIndex(3), Acad::eOk);
+    EXPECT_TRUE(record->color().isByACI()) << "the index replaces the parts";
+    EXPECT_EQ(record->color().colorIndex(), 3);
+    EXPECT_TRUE(record->isOff());
+    EXPECT_EQ(record->setColorIndex(256), Acad::eInvalidInput);
+}
+
 TEST_F(SymbolTables, DashesOfALinetypeAreReadInOrder) {
     std::string bytes = zuhost::dxfOutBytes(*drawing, false);
     const std::string_view pattern = " 73\n0\n 40\n0.0\n";

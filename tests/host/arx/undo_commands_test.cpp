@@ -5,6 +5,7 @@
 #include "sample_drawing.h"
 #include "zuhost/command_line.h"
 #include "zuhost/text_codec.h"
+#include <zuhost/input.h>
 
 namespace {
 

@@ -3,9 +3,11 @@
 #include <afx.h>
 #include <zuhost/atomic_file.h>
 #include <zuhost/file_ops.h>
+#include <zuhost/line_block.h>
 #include <zuhost/message_box.h>
 #include <zuhost/paths.h>
 #include <zuhost/string_table.h>
+#include <zuhost/texts.h>
 
 #include <gtest/gtest.h>
 
@@ -197,7 +199,7 @@ TEST(StdioFile, ReadsLinesInTheFilesEncoding) {
         CStdioFile file(folder.wide("t").c_str(), CFile::modeRead | CFile::typeText);
         std::vector<std::wstring> lines;
         for (CString line; file.ReadString(line);)
-            lines.emplace_back(line.view());
+            lines.emplace_back(zuhost::viewOf(line));
         EXPECT_EQ(lines, expectedLines) << bytes;
     }
 }
@@ -230,23 +232,23 @@ TEST(StdioFile, BlocksContinueAfterTheLinesRead) {
     }
     folder.write("t", bytes);
     CStdioFile file(folder.wide("t").c_str(), CFile::modeRead | CFile::typeText);
-    std::vector<CTextBlock> blocks(3);
+    std::vector<zuhost::LineBlock> blocks(3);
     std::vector<std::wstring> lines;
     CString line;
-    EXPECT_FALSE(blocks[0].ReadString(line));
-    ASSERT_TRUE(file.ReadBlock(blocks[0], 20'000));
-    EXPECT_FALSE(blocks[0].IsLast());
+    EXPECT_FALSE(blocks[0].readLine(line));
+    ASSERT_TRUE(zuhost::readLines(file, blocks[0], 20'000));
+    EXPECT_FALSE(blocks[0].isLast());
     ASSERT_TRUE(file.ReadString(line));
-    const std::wstring between(line.view());
-    ASSERT_TRUE(file.ReadBlock(blocks[1], 20'000));
-    EXPECT_TRUE(blocks[1].IsLast());
-    EXPECT_FALSE(file.ReadBlock(blocks[2], 20'000));
+    const std::wstring between(zuhost::viewOf(line));
+    ASSERT_TRUE(zuhost::readLines(file, blocks[1], 20'000));
+    EXPECT_TRUE(blocks[1].isLast());
+    EXPECT_FALSE(zuhost::readLines(file, blocks[2], 20'000));
     file.Close();
-    while (blocks[0].ReadString(line))
-        lines.emplace_back(line.view());
+    while (blocks[0].readLine(line))
+        lines.emplace_back(zuhost::viewOf(line));
     lines.push_back(between);
-    while (blocks[1].ReadString(line))
-        lines.emplace_back(line.view());
+    while (blocks[1].readLine(line))
+        lines.emplace_back(zuhost::viewOf(line));
     EXPECT_EQ(lines, wanted);
 }
 

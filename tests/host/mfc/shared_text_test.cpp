@@ -1,6 +1,8 @@
 #include <afxcoll.h>
 
 #include <gtest/gtest.h>
+#include <zuhost/string_pool.h>
+#include <zuhost/texts.h>
 
 #include <algorithm>
 #include <optional>
@@ -27,10 +29,10 @@ TEST(SharedText, CopiesShareUntilOneIsChanged) {
         },
         [](CString& text) { text.ReleaseBuffer(3); },
     };
-    CStringPool pool;
+    zuhost::StringPool pool;
     const CString own(L"abcdef");
-    const CString pooled = pool.Make(L"abcdef");
-    EXPECT_EQ(pooled.GetString(), pool.Make(L"abcdef").GetString());
+    const CString pooled = pool.make(L"abcdef");
+    EXPECT_EQ(pooled.GetString(), pool.make(L"abcdef").GetString());
     for (const CString* const original : {&own, &pooled}) {
         for (std::size_t i = 0; i < std::size(changes); ++i) {
             CString copy = *original;
@@ -71,13 +73,13 @@ TEST(SharedText, AppendingManyTimesCopiesLittle) {
         wanted += static_cast<wchar_t>(L'a' + i % 26);
         moves += text.GetString() != before ? 1 : 0;
     }
-    EXPECT_EQ(text.view(), wanted);
+    EXPECT_EQ(zuhost::viewOf(text), wanted);
     EXPECT_LT(moves, 40);
 }
 
 TEST(SharedText, MayBeCopiedByThreads) {
-    CStringPool pool;
-    const std::vector<CString> texts = {L"own", pool.Make(L"pooled")};
+    zuhost::StringPool pool;
+    const std::vector<CString> texts = {L"own", pool.make(L"pooled")};
     const auto copyOften = [&texts] {
         for (std::size_t i = 0; i < 2000; ++i) {
             CString copy = texts[i % 2];
@@ -93,13 +95,13 @@ TEST(SharedText, MayBeCopiedByThreads) {
 }
 
 TEST(StringPool, TextsAndListsOutliveItAndEachOther) {
-    std::optional<CStringPool> pool(std::in_place);
+    std::optional<zuhost::StringPool> pool(std::in_place);
     std::vector<std::unique_ptr<CStringArray>> lists;
     for (int i = 0; i < 3000; ++i) {
-        lists.push_back(pool->MakeArray(i % 7 == 0 ? i : 3));
+        lists.push_back(pool->makeArray(i % 7 == 0 ? i : 3));
         for (int field = 0; field < i % 6; ++field)
-            lists.back()->Add(pool->Make(std::to_wstring(i * field)));
-        lists.back()->Add(pool->Make(std::wstring(static_cast<std::size_t>(i % 700), L'x')));
+            lists.back()->Add(pool->make(std::to_wstring(i * field)));
+        lists.back()->Add(pool->make(std::wstring(static_cast<std::size_t>(i % 700), L'x')));
     }
     pool.reset();
     CStringArray kept;
@@ -111,7 +113,7 @@ TEST(StringPool, TextsAndListsOutliveItAndEachOther) {
         const CStringArray& list = *lists[static_cast<std::size_t>(i)];
         ASSERT_EQ(list.GetSize(), i % 6 + 1);
         for (int field = 0; field < i % 6; ++field)
-            ASSERT_EQ(list[field].view(), std::to_wstring(i * field));
+            ASSERT_EQ(zuhost::viewOf(list[field]), std::to_wstring(i * field));
         ASSERT_EQ(list[i % 6].GetLength(), i % 700);
     }
     lists.clear();
@@ -120,8 +122,8 @@ TEST(StringPool, TextsAndListsOutliveItAndEachOther) {
 }
 
 TEST(StringPool, ListsChangeLikeOthers) {
-    CStringPool pool;
-    const std::unique_ptr<CStringArray> list = pool.MakeArray(2);
+    zuhost::StringPool pool;
+    const std::unique_ptr<CStringArray> list = pool.makeArray(2);
     for (const wchar_t* const text : {L"a", L"b", L"c", L"d"})
         list->Add(text);
     list->InsertAt(1, (*list)[3], 2);
@@ -130,7 +132,7 @@ TEST(StringPool, ListsChangeLikeOthers) {
     list->Append(*list);
     std::wstring all;
     for (int i = 0; i < list->GetSize(); ++i)
-        all += (*list)[i].view();
+        all += zuhost::viewOf((*list)[i]);
     EXPECT_EQ(all, L"ddbcdddbcd");
     list->SetSize(1);
     *list = CStringArray();

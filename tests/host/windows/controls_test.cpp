@@ -1,6 +1,7 @@
 #include "afxcmn.h"
 #include "afxwin.h"
 #include "zuhost/desktop.h"
+#include <zuhost/windows/widgets.h>
 
 #include <QApplication>
 #include <QMenu>
@@ -143,11 +144,11 @@ TEST(Controls, ManualButtonsChangeByTheProgramOnly) {
     CButton automatic;
     manual.Create(L"m", WS_CHILD | WS_VISIBLE | BS_CHECKBOX, CRect(0, 0, 50, 20), &panel, 2);
     automatic.Create(L"a", WS_CHILD | WS_VISIBLE | BS_AUTO3STATE, CRect(0, 20, 50, 40), &panel, 3);
-    QTest::keyClick(manual.widget(), Qt::Key_Space);
+    QTest::keyClick(zuhost::widgetOf(manual), Qt::Key_Space);
     EXPECT_EQ(manual.GetCheck(), BST_UNCHECKED);
     manual.SetCheck(BST_CHECKED);
     EXPECT_EQ(manual.GetCheck(), BST_CHECKED);
-    QTest::keyClick(automatic.widget(), Qt::Key_Space);
+    QTest::keyClick(zuhost::widgetOf(automatic), Qt::Key_Space);
     EXPECT_EQ(automatic.GetCheck(), BST_INDETERMINATE);
 }
 

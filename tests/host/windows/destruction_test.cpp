@@ -1,6 +1,7 @@
 #include "afxcmn.h"
 #include "afxext.h"
 #include "zuhost/desktop.h"
+#include <zuhost/windows/widgets.h>
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -74,13 +75,13 @@ TEST_F(WindowDestruction, ParentsMayDeleteTheControlThatNotifiesThem) {
     auto& box = add<CComboBox>(CBS_DROPDOWNLIST, CBN_SELENDOK);
     box.AddString(L"1");
     box.AddString(L"2");
-    QTest::keyClick(box.widget(), Qt::Key_Down);
+    QTest::keyClick(zuhost::widgetOf(box), Qt::Key_Down);
     EXPECT_EQ(owner_.received, Codes{CBN_SELENDOK});
     EXPECT_EQ(owner_.GetDlgItem(2), nullptr);
 
     auto& edit = add<CEdit>(0, EN_KILLFOCUS);
     QFocusEvent lost(QEvent::FocusOut, Qt::MouseFocusReason);
-    QApplication::sendEvent(edit.widget(), &lost);
+    QApplication::sendEvent(zuhost::widgetOf(edit), &lost);
     EXPECT_EQ(owner_.control, nullptr);
 
     owner_.received.clear();
@@ -88,7 +89,7 @@ TEST_F(WindowDestruction, ParentsMayDeleteTheControlThatNotifiesThem) {
     lines.InsertColumn(0, L"", LVCFMT_LEFT, 50);
     for (int i = 0; i < 3; ++i)
         lines.InsertItem(i, L"");
-    QTest::keyClick(lines.widget(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(zuhost::widgetOf(lines), Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(owner_.received, Codes{LVN_ITEMCHANGED});
 }
 
@@ -129,8 +130,8 @@ TEST_F(WindowDestruction, HandlersMayDeleteTheirWindow) {
         return *edit;
     };
     SelfDeletingEdit::deleted = 0;
-    QTest::keyClick(make().widget(), Qt::Key_Escape);
-    QTest::keyClick(make().widget(), Qt::Key_Return);
+    QTest::keyClick(zuhost::widgetOf(make()), Qt::Key_Escape);
+    QTest::keyClick(zuhost::widgetOf(make()), Qt::Key_Return);
     make().MoveWindow(0, 0, 1, 24);
     EXPECT_EQ(SelfDeletingEdit::deleted, 3);
 }

@@ -2,6 +2,7 @@
 #include "afxext.h"
 #include "temporary_folder.h"
 #include "zuhost/desktop.h"
+#include <zuhost/windows/widgets.h>
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -127,12 +128,12 @@ TEST_F(Windows, SplitFramesDestroyTheirViewsWithThemselves) {
     EXPECT_EQ(frame_.splitter.GetParent(), &frame_);
     EXPECT_EQ(left().GetParentFrame(), &frame_);
     EXPECT_EQ(left().GetDlgItem(4), &left().button);
-    EXPECT_EQ(left().widget()->width(), 150);
+    EXPECT_EQ(zuhost::widgetOf(left())->width(), 150);
     EXPECT_THROW(static_cast<void>(frame_.splitter.GetPane(0, 2)), CInvalidArgException*);
     EXPECT_FALSE(frame_.splitter.CreateView(0, 1, RUNTIME_CLASS(Sheet), CSize(1, 1), nullptr));
     frame_.InitialUpdateFrame(nullptr, TRUE);
     isDestroyed_ = true;
-    frame_.widget()->close();
+    zuhost::widgetOf(frame_)->close();
     EXPECT_EQ(received, (Received{L"initial update", L"initial update", L"view destroyed", L"view destroyed",
                                   L"view end", L"view end", L"frame end"}));
 }
@@ -146,26 +147,26 @@ TEST_F(Windows, FrameCreationFailsWithAView) {
 
 TEST_F(Windows, EventsReachMessageMaps) {
     Sheet& view = left();
-    QTest::mouseClick(view.widget(), Qt::LeftButton, Qt::NoModifier, QPoint(120, 30));
-    QTest::mouseClick(view.button.widget(), Qt::LeftButton);
-    QTest::keyClicks(view.edit.widget(), "a");
-    QTest::keyClick(view.edit.widget(), Qt::Key_F2);
+    QTest::mouseClick(zuhost::widgetOf(view), Qt::LeftButton, Qt::NoModifier, QPoint(120, 30));
+    QTest::mouseClick(zuhost::widgetOf(view.button), Qt::LeftButton);
+    QTest::keyClicks(zuhost::widgetOf(view.edit), "a");
+    QTest::keyClick(zuhost::widgetOf(view.edit), Qt::Key_F2);
     for (const wchar_t* text : {L"い", L"ろ", L"は"})
         view.list.AddString(text);
     EXPECT_EQ(view.list.SetCurSel(0), 0);
-    QTest::keyClick(view.list.widget(), Qt::Key_Down);
+    QTest::keyClick(zuhost::widgetOf(view.list), Qt::Key_Down);
     EXPECT_EQ(view.list.DeleteString(0), 2);
     EXPECT_EQ(view.list.GetCurSel(), 0);
     EXPECT_EQ(view.list.DeleteString(0), 1);
     EXPECT_EQ(view.list.GetCurSel(), LB_ERR) << "the selected row was deleted";
     EXPECT_EQ(received, (Received{L"120,30", L"button", L"edited", L"F2", L"row 1"}));
-    EXPECT_EQ(view.widget()->grab().toImage().pixelColor(112, 2), QColor(1, 2, 3));
+    EXPECT_EQ(zuhost::widgetOf(view)->grab().toImage().pixelColor(112, 2), QColor(1, 2, 3));
 }
 
 TEST_F(Windows, SetSelLimitsTheSelectionToTheText) {
     CEdit& edit = left().edit;
     edit.SetWindowText(L"abcd");
-    const auto* const line = static_cast<QLineEdit*>(edit.widget());
+    const auto* const line = static_cast<QLineEdit*>(zuhost::widgetOf(edit));
     const std::tuple<int, int, const char*> cases[] = {{0, -1, "abcd"}, {2, -1, "cd"}, {1, 3, "bc"},
                                                        {-1, 0, ""},     {3, 9, "d"},   {9, 12, ""}};
     for (const auto& [start, end, selected] : cases) {
@@ -186,7 +187,7 @@ TEST_F(Windows, ListControlsNotifyEveryChangeOfState) {
     EXPECT_TRUE(lines.SetItemData(2, 77));
     EXPECT_EQ(lines.GetItemData(2), 77U);
     lines.SetItemState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-    QTest::keyClick(lines.widget(), Qt::Key_Down);
+    QTest::keyClick(zuhost::widgetOf(lines), Qt::Key_Down);
     lines.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
     EXPECT_EQ(received, (Received{L"+1", L"-1", L"+2", L"+0", L"+1"}));
     EXPECT_EQ(lines.GetSelectedCount(), 3U);
@@ -204,7 +205,7 @@ TEST_F(Windows, AdjacentSelectedLinesMergeIntoOneRange) {
         lines.InsertItem(i, L"");
     for (const int line : {0, 2, 1, 1, 4})
         lines.SetItemState(line, LVIS_SELECTED, LVIS_SELECTED);
-    const auto* const view = static_cast<QAbstractItemView*>(lines.widget());
+    const auto* const view = static_cast<QAbstractItemView*>(zuhost::widgetOf(lines));
     EXPECT_EQ(view->selectionModel()->selection().size(), 2) << "0 to 2, and 4";
     lines.SetItemState(1, 0, LVIS_SELECTED);
     EXPECT_EQ(received, (Received{L"+0", L"+2", L"+1", L"+4", L"-1"}));
@@ -214,7 +215,7 @@ TEST_F(Windows, AdjacentSelectedLinesMergeIntoOneRange) {
 class OwnerDrawnList : public CListBox {
 public:
     void DrawItem(LPDRAWITEMSTRUCT draw) override {
-        CDC dc = CDC::FromHandle(draw->hDC);
+        CDC& dc = *CDC::FromHandle(draw->hDC);
         dc.FillSolidRect(draw->rcItem, draw->itemID == 0 ? RGB(200, 0, 0) : RGB(0, 0, 200));
     }
     void MeasureItem(LPMEASUREITEMSTRUCT measure) override { measure->itemHeight = 30; }
@@ -242,11 +243,12 @@ TEST_F(Windows, ListBoxesDrawTheirRowsAndShowToolTips) {
     EXPECT_EQ(list.GetItemRect(1, &second), 0);
     EXPECT_EQ(second.top, 30);
     EXPECT_EQ(list.GetItemRect(2, &second), LB_ERR);
-    const QImage picture = list.clientWidget()->grab().toImage();
+    const QImage picture = zuhost::clientWidgetOf(list)->grab().toImage();
     EXPECT_EQ(picture.pixelColor(10, 10), QColor(200, 0, 0));
     EXPECT_EQ(picture.pixelColor(10, 40), QColor(0, 0, 200));
-    QHelpEvent help(QEvent::ToolTip, QPoint(10, 40), list.clientWidget()->mapToGlobal(QPoint(10, 40)));
-    QApplication::sendEvent(list.clientWidget(), &help);
+    QHelpEvent help(QEvent::ToolTip, QPoint(10, 40),
+                    zuhost::clientWidgetOf(list)->mapToGlobal(QPoint(10, 40)));
+    QApplication::sendEvent(zuhost::clientWidgetOf(list), &help);
     EXPECT_EQ(QToolTip::text(), "b");
 }
 
@@ -257,7 +259,7 @@ TEST_F(Windows, ComboBoxesSelectByKeyAndFindTexts) {
         EXPECT_GE(box.AddString(text), 0);
     EXPECT_EQ(box.GetCurSel(), CB_ERR);
     EXPECT_EQ(box.SetCurSel(0), 0);
-    QTest::keyClick(box.widget(), Qt::Key_Down);
+    QTest::keyClick(zuhost::widgetOf(box), Qt::Key_Down);
     EXPECT_EQ(box.GetCurSel(), 1);
     CString text;
     EXPECT_EQ(box.GetLBText(1, text), 2);
@@ -278,11 +280,11 @@ TEST_F(Windows, ComboBoxesSelectByKeyAndFindTexts) {
 }
 
 TEST_F(Windows, DesktopRunsUntilNoWindowIsShown) {
-    QMetaObject::invokeMethod(frame_.widget(), "hide", Qt::QueuedConnection);
+    QMetaObject::invokeMethod(zuhost::widgetOf(frame_), "hide", Qt::QueuedConnection);
     zuhost::runDesktop();
     EXPECT_FALSE(frame_.IsWindowVisible());
     frame_.ShowWindow(SW_SHOW);
-    QMetaObject::invokeMethod(frame_.widget(), "close", Qt::QueuedConnection);
+    QMetaObject::invokeMethod(zuhost::widgetOf(frame_), "close", Qt::QueuedConnection);
     zuhost::runDesktop();
     isDestroyed_ = true;
     EXPECT_EQ(received.back(), L"frame end");

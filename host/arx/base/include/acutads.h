@@ -1,6 +1,7 @@
 #pragma once
 
 #include "acutmem.h"
+#include "zuhost/buffer_size.h"
 #include "zuhost/command_line.h"
 #include "zuhost/list_value.h"
 

@@ -99,6 +99,7 @@ struct Acad {
         eXdataSizeExceeded,
         eRegappIdNotFound,
         eBadDxfSequence,
+        eNoFileName,
         eFileNotFound,
         eFileAccessErr,
         eFilerError,

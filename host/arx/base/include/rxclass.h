@@ -9,9 +9,6 @@ class AcRxClass : public AcRxObject {
 public:
     using Creator = AcRxObject* (*)();
 
-    AcRxClass(std::wstring name, AcRxClass* parent, Creator creator)
-        : name_(std::move(name)), parent_(parent), creator_(creator) {}
-
     [[nodiscard]] const wchar_t* name() const { return name_.c_str(); }
     [[nodiscard]] AcRxClass* myParent() const { return parent_; }
     [[nodiscard]] bool isDerivedFrom(const AcRxClass* other) const;
@@ -22,6 +19,10 @@ public:
     static AcRxClass* desc();
 
 private:
+    friend AcRxClass* newAcRxClass(const wchar_t* name, AcRxClass* parent, Creator creator);
+    AcRxClass(std::wstring name, AcRxClass* parent, Creator creator)
+        : name_(std::move(name)), parent_(parent), creator_(creator) {}
+
     std::wstring name_;
     AcRxClass* parent_;
     Creator creator_;

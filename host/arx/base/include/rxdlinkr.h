@@ -31,10 +31,10 @@ public:
     virtual bool registerAppMDIAware(void* application) const;
     virtual bool registerAppNotMDIAware(void* application) const;
     [[nodiscard]] virtual bool isAppMDIAware(const ACHAR* name) const;
-
-    /// Returns true when the module is loaded; ignores the name's folder and extension.
-    [[nodiscard]] bool isModuleLoaded(const ACHAR* file) const;
 };
+
+/// Returns true when the module is loaded; ignores the name's folder and extension.
+[[nodiscard]] bool acrxAppIsLoaded(const ACHAR* file);
 
 namespace zuhost {
 AcRxDynamicLinker& dynamicLinker();

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "acutmem.h"
+#include "acutads.h"
 #include "dbid.h"
-#include "zuhost/buffer_size.h"
 
 #include <cstddef>
 

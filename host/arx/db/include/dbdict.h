@@ -71,6 +71,10 @@ public:
     /// Adds an entry. An object in no database yet becomes owned by this one and stays open for write. An
     /// entry with the same name is replaced and its object erased. For a group, a name that begins with "*"
     /// stands for the next anonymous name "*A1", "*A2" ... eWrongObjectType for entities and tables' records.
+    ///
+    /// A dictionary that is in no database takes objects that are in none either, and owns them; they have no
+    /// id until they are added to a database together with the dictionary. `has`, `numEntries` and `remove`
+    /// find them by name; `remove` deletes them.
     Acad::ErrorStatus setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id);
     /// Removes the entry but does not erase the object.
     Acad::ErrorStatus remove(const ACHAR* name);
@@ -79,9 +83,20 @@ public:
     /// The caller deletes the iterator.
     [[nodiscard]] AcDbDictionaryIterator* newIterator() const;
 
+protected:
+    void subAppended() override;
+
 private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
     friend struct zuhost::ObjectAccess;
+    /// An entry of a dictionary that is in no database.
+    struct EntryToCome {
+        std::wstring name;
+        std::unique_ptr<AcDbObject> object;
+    };
+    [[nodiscard]] std::vector<EntryToCome>::const_iterator findToCome(const ACHAR* name) const;
+    [[nodiscard]] bool holdsToCome(const AcDbObject* object) const;
+    Acad::ErrorStatus setToCome(const ACHAR* name, AcDbObject* object);
     [[nodiscard]] std::vector<zuhost::DictionaryEntry> entries() const;
     [[nodiscard]] std::vector<std::wstring> danglingNames() const;
     void applyDeferred(zuhost::TagList& tags) const override;
@@ -137,6 +152,7 @@ private:
     void removeEntry(std::size_t place);
     void addEntry(const std::wstring& name, std::uint64_t handle);
 
+    std::vector<EntryToCome> entriesToCome_;
     mutable Index index_;
     mutable std::uint32_t indexVersion_ = ~std::uint32_t{0};
     mutable std::unordered_set<std::size_t>

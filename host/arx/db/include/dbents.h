@@ -196,6 +196,7 @@ private:
     /// Returns a number of a vertex, 0 when it is missing.
     [[nodiscard]] double vertexReal(unsigned int index, int code) const;
     Acad::ErrorStatus setVertexReals(unsigned int index, std::initializer_list<std::pair<int, double>> reals);
+    Acad::ErrorStatus setVertexCount(unsigned int count);
     /// Sets a number of the whole polyline, which stands before its vertices.
     Acad::ErrorStatus setHeadReal(int code, double value);
     [[nodiscard]] AcGeMatrix3d planeToWorld() const;

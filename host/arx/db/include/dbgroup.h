@@ -12,8 +12,6 @@ class AcDbGroup;
 /// group must stay open and unchanged while the iterator is in use.
 class AcDbGroupIterator {
 public:
-    explicit AcDbGroupIterator(const AcDbGroup& group);
-
     [[nodiscard]] AcDbObjectId objectId() const { return member_; }
     /// Opens the member; the caller closes it. eInvalidIndex at the end.
     Acad::ErrorStatus getObject(AcDbObject*& object, AcDb::OpenMode mode = AcDb::kForRead) const;
@@ -22,6 +20,8 @@ public:
     bool next();
 
 private:
+    friend class AcDbGroup;
+    explicit AcDbGroupIterator(const AcDbGroup& group);
     void start();
 
     const AcDbGroup& group_;

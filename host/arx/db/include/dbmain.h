@@ -157,7 +157,10 @@ public:
     Acad::ErrorStatus deepClone(AcDbObject* owner, AcDbObject*& copy, AcDbIdMapping& mapping,
                                 bool isPrimary = true) const;
 
-    // ---- records, for classes of the database and tools
+protected:
+    AcDbObject();
+
+    // ---- records
     /// Returns the records where they are: in the drawing's bytes until the object is first changed, then in
     /// a list of its own. Valid until the object changes.
     [[nodiscard]] zuhost::TagView tags() const;
@@ -165,9 +168,6 @@ public:
     [[nodiscard]] const zuhost::TagList* ownTags() const;
     /// Returns a number that grows with each change of the records; caches compare it.
     [[nodiscard]] std::uint32_t tagVersion() const { return tagVersion_; }
-
-protected:
-    AcDbObject();
 
     /// Returns eOk when the object may be changed now. Before the first change records its state for undo and
     /// gives it a list of its own: places in the drawing's bytes do not apply to it.
@@ -442,6 +442,9 @@ public:
     Acad::ErrorStatus dxfOut(const ACHAR* path, int precision = 16,
                              AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT, bool saveThumbnail = false);
     Acad::ErrorStatus dxfOut(const ACHAR* path, bool) = delete;
+    /// Returns the path that the drawing was read from or last saved to, valid until the next of either;
+    /// eNoFileName and null when there is none.
+    Acad::ErrorStatus getFilename(const ACHAR*& path) const;
     /// The version of the file that the drawing was read from.
     [[nodiscard]] AcDb::AcDbDwgVersion originalFileVersion() const;
 
@@ -584,4 +587,5 @@ private:
 
     std::unique_ptr<zuhost::DatabaseCore> core_;
     std::wstring lastError_;
+    std::wstring fileName_;
 };

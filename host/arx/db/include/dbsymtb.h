@@ -105,6 +105,10 @@ public:
     Acad::ErrorStatus setIsOff(bool off);
     [[nodiscard]] bool isPlottable() const;
     Acad::ErrorStatus setIsPlottable(bool plottable);
+    [[nodiscard]] AcCmColor color() const;
+    /// eInvalidInput for by layer and by block; eNotApplicable for red, green and blue in drawings before
+    /// R2004, which can't hold them.
+    Acad::ErrorStatus setColor(const AcCmColor& color);
     /// 1 to 255; setting others returns eInvalidInput.
     [[nodiscard]] Adesk::UInt16 colorIndex() const;
     Acad::ErrorStatus setColorIndex(Adesk::UInt16 index);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dbmain.h"
-#include "zuhost/service.h"
+#include "rxdlinkr.h"
 
 class AcDbTransactionManager;
 

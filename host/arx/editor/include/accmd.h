@@ -1,7 +1,6 @@
 #pragma once
 
-#include "rxclass.h"
-#include "zuhost/service.h"
+#include "rxdlinkr.h"
 
 /// The function that a command runs.
 using AcRxFunctionPtr = void (*)();
@@ -25,10 +24,6 @@ public:
     /// Both return eKeyNotFound when there is no command or group of that name.
     virtual Acad::ErrorStatus removeCmd(const ACHAR* group, const ACHAR* globalName);
     virtual Acad::ErrorStatus removeGroup(const ACHAR* group);
-
-    /// Returns the function of the command that the user typed: its local name, or "_" and its global name;
-    /// null when there is none. Of equal names in several groups the one registered last is found.
-    [[nodiscard]] AcRxFunctionPtr lookup(const ACHAR* name) const;
 };
 
 namespace zuhost {

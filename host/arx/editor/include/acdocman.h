@@ -1,11 +1,27 @@
 #pragma once
 
-#include "rxclass.h"
-#include "zuhost/service.h"
+#include "acarray.h"
+#include "rxdlinkr.h"
 
-#include <string>
+#include <vector>
 
 class AcDbDatabase;
+
+namespace zuhost {
+class CommandLock;
+}
+
+struct AcAp {
+    enum DocLockMode {
+        kNone = 0x00,
+        kAutoWrite = 0x01,
+        kNotLocked = 0x02,
+        kWrite = 0x04,
+        kRead = 0x08,
+        kXWrite = 0x10,
+        kProtectedAutoWrite = 0x14
+    };
+};
 
 /// The host's only document, which shows the working database.
 class AcApDocument : public AcRxObject {
@@ -14,6 +30,52 @@ public:
 
     /// Returns the working database, not owned; null without one.
     [[nodiscard]] AcDbDatabase* database() const;
+    /// Returns the path of the drawing's file, empty for a drawing that has none; valid until the drawing is
+    /// opened or saved.
+    [[nodiscard]] const ACHAR* fileName() const;
+
+    /// Returns the innermost lock, kNotLocked without one. There is one user of documents, so both are the
+    /// same.
+    [[nodiscard]] AcAp::DocLockMode lockMode(bool includeMine = true) const;
+    [[nodiscard]] AcAp::DocLockMode myLockMode() const { return lockMode(); }
+    /// Returns true when no command runs.
+    [[nodiscard]] bool isQuiescent() const;
+
+private:
+    friend class AcApDocManager;
+    friend class zuhost::CommandLock;
+    struct Lock {
+        AcAp::DocLockMode mode;
+        bool isCommand;
+    };
+    std::vector<Lock> locks_; ///< The innermost last.
+};
+
+/// Notified of locks of the document. The host has one document from its start to its end, so the other
+/// members are never called.
+class AcApDocManagerReactor : public AcRxObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcApDocManagerReactor);
+
+    virtual void documentCreateStarted(AcApDocument* /*document*/) {}
+    virtual void documentCreated(AcApDocument* /*document*/) {}
+    virtual void documentToBeDestroyed(AcApDocument* /*document*/) {}
+    virtual void documentDestroyed(const ACHAR* /*fileName*/) {}
+    virtual void documentCreateCanceled(AcApDocument* /*document*/) {}
+    /// Called before and after a lock is set or released; `command` is the command's name, with "#" before it
+    /// on release.
+    virtual void documentLockModeWillChange(AcApDocument* /*document*/, AcAp::DocLockMode /*mine*/,
+                                            AcAp::DocLockMode /*newMine*/, AcAp::DocLockMode /*current*/,
+                                            const ACHAR* /*command*/) {}
+    virtual void documentLockModeChanged(AcApDocument* /*document*/, AcAp::DocLockMode /*previousMine*/,
+                                         AcAp::DocLockMode /*mine*/, AcAp::DocLockMode /*current*/,
+                                         const ACHAR* /*command*/) {}
+    virtual void documentBecameCurrent(AcApDocument* /*document*/) {}
+    virtual void documentToBeActivated(AcApDocument* /*document*/) {}
+    virtual void documentToBeDeactivated(AcApDocument* /*document*/) {}
+    virtual void documentActivated(AcApDocument* /*document*/) {}
+    virtual void documentActivationModified(bool /*isActive*/) {}
+    virtual void documentTitleUpdated(AcApDocument* /*document*/) {}
 };
 
 class AcApDocManager : public AcRxObject {
@@ -22,33 +84,45 @@ public:
 
     [[nodiscard]] virtual AcApDocument* curDocument() const;
     [[nodiscard]] AcApDocument* mdiActiveDocument() const { return curDocument(); }
+    [[nodiscard]] AcApDocument* document(const AcDbDatabase* database) const;
+    [[nodiscard]] long documentCount() const { return 1; }
+    /// Returns true when no command runs.
+    [[nodiscard]] bool isApplicationContext() const;
 
-    /// Queues text as if the user had typed it; a blank or a line end terminates a command's name.
-    /// zuhost::runPendingCommands runs it. eNullObjectPointer for a null document or text.
+    /// Locks the document until unlockDocument; locks nest, and a running command holds one. They keep
+    /// nothing from being changed: there is one user. eInvalidInput for kNone and kNotLocked,
+    /// eNullObjectPointer for a null document.
+    virtual Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kWrite,
+                                           const ACHAR* globalCommand = nullptr,
+                                           const ACHAR* localCommand = nullptr, bool prompt = true);
+    /// Releases the innermost lock; eNotApplicable when it is a command's or there is none.
+    virtual Acad::ErrorStatus unlockDocument(AcApDocument* document);
+
+    /// The reactor stays owned by the caller, which removes it before destroying it.
+    void addReactor(AcApDocManagerReactor* reactor);
+    void removeReactor(AcApDocManagerReactor* reactor);
+
+    /// Queues text as if the user had typed it; a blank or a line end terminates a command's name. It runs
+    /// when the running command has ended. eNullObjectPointer for a null document or text.
     virtual Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const ACHAR* text,
                                                   bool activate = true, bool wrapUpInactive = false,
                                                   bool echo = true);
+
+private:
+    friend class zuhost::CommandLock;
+    void lock(AcApDocument& document, AcAp::DocLockMode mode, const ACHAR* command, bool isCommand);
+    /// Releases all locks but the outermost `depth` ones.
+    void unlockTo(AcApDocument& document, std::size_t depth, const ACHAR* command);
+
+    AcArray<AcApDocManagerReactor*> reactors_;
 };
 
 namespace zuhost {
-
 AcApDocManager& documentManager();
-
-/// Returns the text that was sent and has not run yet.
-const std::wstring& pendingInput();
-void clearPendingInput();
-
-/// Runs the commands that were sent, and those that they send themselves, in order; returns their number. The
-/// changes of a command are one undo step. Unknown names and commands left by an exception are printed on the
-/// command line and reported to the editor reactors; the commands after them still run.
-int runPendingCommands();
-
-/// Returns the next word that was sent, in upper case and without the prefixes "'", "_" and "."; empty when
-/// there is none. A running command that uses it as its input removes it with takePendingWord; otherwise it
-/// is the next command.
-std::wstring pendingWord();
-void takePendingWord();
-
-} // namespace zuhost
+}
 
 inline constexpr zuhost::Service<AcApDocManager, zuhost::documentManager> acDocManager;
+
+inline AcApDocument* curDoc() {
+    return acDocManager->curDocument();
+}

@@ -17,6 +17,12 @@ public:
     virtual void unknownCommand(const ACHAR* /*command*/) {}
 };
 
+class AcEditor;
+
+namespace zuhost {
+const AcArray<AcEditorReactor*>& reactorsOf(const AcEditor& editor);
+}
+
 /// The command loop's reactors.
 class AcEditor : public AcRxObject {
 public:
@@ -26,9 +32,9 @@ public:
     virtual void addReactor(AcEditorReactor* reactor);
     virtual void removeReactor(AcEditorReactor* reactor);
 
-    [[nodiscard]] const AcArray<AcEditorReactor*>& reactors() const { return reactors_; }
-
 private:
+    friend const AcArray<AcEditorReactor*>& zuhost::reactorsOf(const AcEditor& editor);
+
     AcArray<AcEditorReactor*> reactors_;
 };
 

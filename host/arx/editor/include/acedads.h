@@ -1,7 +1,6 @@
 #pragma once
 
 #include "acutads.h"
-#include "zuhost/buffer_size.h"
 
 // Input from the user. Prompts are printed on the command line, each with its answer. Headless, answers are
 // the words that were sent (acedCommandS, sendStringToExecute), then those of the input source

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "../afxmbox_.h"
 #include "../windows.h"
 
 #include <functional>
@@ -47,6 +48,3 @@ private:
 };
 
 } // namespace zuhost
-
-/// As MessageBoxW, with the application's title (zuhost/application.h) as caption.
-int AfxMessageBox(const wchar_t* text, UINT style = MB_OK, UINT helpId = 0);

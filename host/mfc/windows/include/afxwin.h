@@ -3,7 +3,7 @@
 #include "afx.h"
 #include "afxcoll.h"
 #include "afxdllx.h"
-#include "zuhost/message_box.h"
+#include "afxmbox_.h"
 #include "zuhost/windows/app.h"
 #include "zuhost/windows/controls.h"
 #include "zuhost/windows/frame.h"

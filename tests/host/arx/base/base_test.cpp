@@ -7,6 +7,7 @@
 #include <rxregsvc.h>
 
 #include <gtest/gtest.h>
+#include <zuhost/input.h>
 
 #include <numbers>
 
@@ -85,11 +86,11 @@ TEST(Commands, RunInTheOrderSent) {
     EXPECT_EQ(reactor.log, L"start ZU_FAIL;fail ZU_FAIL;start ZU_SEND;end ZU_SEND;unknown ZU_SEND;"
                            L"start ZU_FAIL;fail ZU_FAIL;");
     EXPECT_NE(printed.text().find(L"Unknown command \"ZU_SEND\""), std::wstring::npos);
-    EXPECT_EQ(acedRegCmds->lookup(L"送信"), &sending);
+    EXPECT_EQ(zuhost::findCommand(L"送信"), &sending);
     EXPECT_EQ(acedRegCmds->removeCmd(L"G", L"ZU_FAIL"), Acad::eOk);
     EXPECT_EQ(acedRegCmds->removeGroup(L"G"), Acad::eOk);
     EXPECT_EQ(acedRegCmds->removeGroup(L"G"), Acad::eKeyNotFound);
-    EXPECT_EQ(acedRegCmds->lookup(L"送信"), nullptr);
+    EXPECT_EQ(zuhost::findCommand(L"送信"), nullptr);
 }
 
 TEST(Commands, ReportTheExceptionsThatTheyLetEscape) {
@@ -123,7 +124,7 @@ TEST(Modules, AreAttachedStartedAndUnloaded) {
     EXPECT_TRUE(acrxUnloadModule(L"zu_test_module.arx"));
     EXPECT_EQ(printed.text(), L"attach init command unload detach ");
     EXPECT_FALSE(acrxUnloadModule(L"zu_test_module.arx"));
-    EXPECT_EQ(acedRegCmds->lookup(L"_ZU_TEST"), nullptr);
+    EXPECT_EQ(zuhost::findCommand(L"_ZU_TEST"), nullptr);
 }
 
 TEST(Modules, FailToLoadWithAReason) {
@@ -131,7 +132,7 @@ TEST(Modules, FailToLoadWithAReason) {
     EXPECT_FALSE(acrxLoadModule(L"no_such_module.arx", true));
     EXPECT_NE(printed.text().find(L"no_such_module.arx"), std::wstring::npos);
     EXPECT_FALSE(acrxLoadModule(ZU_TEST_MODULES "\\zu_test_refusing.arx", false));
-    EXPECT_FALSE(acrxDynamicLinker->isModuleLoaded(L"zu_test_refusing"));
+    EXPECT_FALSE(acrxAppIsLoaded(L"zu_test_refusing"));
     EXPECT_NE(printed.text().find(L"attach init detach "), std::wstring::npos);
     EXPECT_TRUE(acrxLoadModule(ZU_TEST_MODULES "\\zu_test_locked.arx", true));
     EXPECT_TRUE(acrxDynamicLinker->isApplicationLocked(L"zu_test_locked"));

@@ -185,6 +185,28 @@ TEST_F(EntityList, ErasesAndUnerases) {
     EXPECT_EQ(acdbEntUpd(circle), RTNORM);
 }
 
+TEST_F(EntityList, ManyEntitiesAreErasedInLinearTime) {
+    constexpr int kMany = 40000;
+    AcDbBlockTableRecordPointer space(drawing.currentSpaceId(), AcDb::kForWrite);
+    for (int i = 0; i < kMany; ++i) {
+        AcDbObjectPointer<AcDbPoint> point;
+        point.create();
+        ASSERT_EQ(space->appendAcDbEntity(point), Acad::eOk);
+    }
+    space.close();
+    ads_name first;
+    ASSERT_EQ(acdbEntNext(nullptr, first), RTNORM);
+    int erased = 0;
+    ads_name name;
+    for (; acdbEntNext(nullptr, name) == RTNORM; ++erased)
+        ASSERT_EQ(acdbEntDel(name), RTNORM);
+    EXPECT_EQ(erased, kMany);
+    EXPECT_EQ(acdbEntDel(first), RTNORM) << "takes the erasing back";
+    ASSERT_EQ(acdbEntNext(nullptr, name), RTNORM);
+    EXPECT_TRUE(ads_name_equal(name, first));
+    EXPECT_EQ(acdbEntNext(name, name), RTERROR);
+}
+
 TEST(EntityNames, AreRefusedOnceTheirDrawingIsClosed) {
     ads_name name;
     {

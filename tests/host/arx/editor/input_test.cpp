@@ -2,6 +2,7 @@
 
 #include <accmd.h>
 #include <zuhost/drawing_files.h>
+#include <zuhost/input.h>
 
 #include <cmath>
 #include <numbers>
@@ -287,6 +288,9 @@ TEST_F(Input, ReadsAndSetsSystemVariables) {
     value.resval.rreal = 0;
     EXPECT_EQ(acedGetVar(L"LTSCALE", &value), RTNORM);
     EXPECT_EQ(value.resval.rreal, 2.5);
+    value.resval.rreal = -1;
+    EXPECT_EQ(acedSetVar(L"LTSCALE", &value), RTERROR) << "as AcDbDatabase::setLtscale";
+    EXPECT_EQ(drawing.ltscale(), 2.5);
     EXPECT_EQ(acedSetVar(L"ACADVER", &value), RTERROR);
     EXPECT_EQ(acedGetVar(L"NO_SUCH_VARIABLE", &value), RTERROR);
     EXPECT_EQ(acedGetVar(nullptr, &value), RTERROR);
@@ -296,6 +300,28 @@ TEST_F(Input, ReadsAndSetsSystemVariables) {
     acdbHostApplicationServices()->setWorkingDatabase(&copy);
     EXPECT_EQ(acedGetVar(L"LTSCALE", &value), RTNORM);
     EXPECT_EQ(value.resval.rreal, 2.5) << "in the saved drawing";
+}
+
+TEST_F(Input, ReactorsAreNotifiedOfVariablesHoweverTheyAreSet) {
+    struct Recorder : AcDbDatabaseReactor {
+        void headerSysVarWillChange(const AcDbDatabase*, const ACHAR* name) override {
+            heard += std::wstring(name) + L"? ";
+        }
+        void headerSysVarChanged(const AcDbDatabase*, const ACHAR* name, bool) override {
+            heard += std::wstring(name) + L"! ";
+        }
+        std::wstring heard;
+    } recorder;
+    drawing.addReactor(&recorder);
+    resbuf value;
+    value.restype = RTREAL;
+    value.resval.rreal = 4.0;
+    EXPECT_EQ(acedSetVar(L"LTSCALE", &value), RTNORM);
+    EXPECT_EQ(drawing.setLtscale(5.0), Acad::eOk);
+    EXPECT_EQ(drawing.setLtscale(0.0), Acad::eInvalidInput);
+    EXPECT_EQ(acedSetVar(L"CLAYER", &value), RTERROR);
+    EXPECT_EQ(recorder.heard, L"LTSCALE? LTSCALE! LTSCALE? LTSCALE! ");
+    drawing.removeReactor(&recorder);
 }
 
 TEST_F(Input, FindsFiles) {

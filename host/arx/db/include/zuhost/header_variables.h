@@ -13,8 +13,9 @@ namespace zuhost {
 /// value. Returns false for an unknown one.
 bool headerVariable(const AcDbDatabase& database, std::wstring_view name, resbuf& value);
 
-/// Sets the variable, or adds it. Returns false, and changes nothing, for an unknown or read-only variable
-/// and for a value of another kind or beyond 16 bits. Undo does not restore it.
+/// Sets the variable, or adds it, and notifies the database's reactors. Returns false, and changes nothing,
+/// for an unknown or read-only variable and for a value of another kind, beyond 16 bits or out of the
+/// variable's range. Undo does not restore it.
 bool setHeaderVariable(AcDbDatabase& database, std::wstring_view name, const resbuf& value);
 
 } // namespace zuhost

@@ -35,9 +35,11 @@ public:
     int GetLogFont(LOGFONT* description) const;
     static CFont* FromHandle(HFONT font);
 
+private:
+    friend class CDC;
+    friend class CWnd;
     [[nodiscard]] const QFont& font() const { return *font_; }
 
-private:
     std::unique_ptr<QFont> font_;
 };
 
@@ -52,11 +54,12 @@ inline constexpr UINT DT_END_ELLIPSIS = 0x8000;
 /// Draws on a window while it is painted.
 class CDC {
 public:
-    explicit CDC(QPainter& painter) : painter_(&painter) {}
+    CDC(const CDC&) = delete;
+    CDC& operator=(const CDC&) = delete;
 
-    /// Returns the context of a DRAWITEMSTRUCT.
-    [[nodiscard]] static CDC FromHandle(HDC dc);
-    [[nodiscard]] HDC GetSafeHdc() const { return reinterpret_cast<HDC>(painter_); }
+    /// Returns the context of a DRAWITEMSTRUCT, valid while the item is drawn.
+    [[nodiscard]] static CDC* FromHandle(HDC dc) { return reinterpret_cast<CDC*>(dc); }
+    [[nodiscard]] HDC GetSafeHdc() { return reinterpret_cast<HDC>(this); }
 
     void FillSolidRect(const RECT& rectangle, COLORREF color);
     void DrawFocusRect(const RECT& rectangle);
@@ -68,6 +71,9 @@ public:
     [[nodiscard]] CSize GetTextExtent(const CString& text) const;
     /// Fills the polygon with the text's colour.
     void Polygon(const POINT* points, int count);
+
+protected:
+    explicit CDC(QPainter& painter) : painter_(&painter) {}
 
 private:
     QPainter* painter_;

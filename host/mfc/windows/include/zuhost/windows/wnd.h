@@ -111,14 +111,12 @@ public:
     /// parents; TRUE consumes the key.
     virtual BOOL PreTranslateMessage(MSG* message);
 
+protected:
+    // zuhost/windows/widgets.h has these for other code.
     [[nodiscard]] QWidget* widget() const;
-    /// Returns the widget that the window draws on and that holds its children: the viewport in lists that
-    /// scroll, else the window's widget.
     [[nodiscard]] QWidget* clientWidget() const;
-    /// Returns the window that owns the widget; null when there is none.
     static CWnd* fromWidget(const QWidget* widget);
 
-protected:
     /// Returns a new widget for the window; the caller sets its position and text.
     [[nodiscard]] virtual QWidget* makeWidget(QWidget* parent, DWORD style);
 
