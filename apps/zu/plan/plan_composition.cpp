@@ -89,7 +89,7 @@ QString counted(PlanText words, std::size_t count) {
                   "references to others, hatches with very dense lines, or very many letters");
 }
 
-/// The place of a mark among those that can be told apart: on small plans also those of small gaps, which
+/// The place of a mark among those that differ on it: on small plans also those of small gaps, which
 /// show when the picture is enlarged.
 std::uint64_t markCell(const QPointF& onPage, std::size_t marks) {
     constexpr std::size_t kMany = 10'000;
@@ -480,7 +480,7 @@ void PlanComposition::paintHighlights(picture::ShapePainter& painter) const {
 }
 
 /// Marks that cover each other are painted once: joined points lie on each other, and large plans have far
-/// more points than places that can be told apart.
+/// more points than places that differ on the picture.
 void PlanComposition::paintMarks(picture::PageCanvas& canvas) const {
     for (const bool joined : {true, false}) {
         if ((joined ? marks_.joined : marks_.dangling) <= 0.0)
