@@ -128,7 +128,7 @@ TEST_F(Appending, AColourIndexOfALayerReplacesItsColourByParts) {
     std::string bytes = saved();
     const std::size_t layer = bytes.find("SA-\u30C0\u30AF\u30C8\n");
     ASSERT_NE(layer, std::string::npos);
-    bytes.insert(bytes.find("\n", layer) + 1, "420\n1193046\n430\nBOOK$NAME\n");
+    bytes.insert(bytes.find('\n', layer) + 1, "420\n1193046\n430\nBOOK$NAME\n");
     drawing = readBytes(bytes);
     {
         const AcDbLayerTableRecordPointer record(L"SA-\u30C0\u30AF\u30C8", drawing.get(), AcDb::kForWrite);

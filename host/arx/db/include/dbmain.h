@@ -41,7 +41,6 @@ struct DatabaseCore;
 struct DocumentError;
 struct Expansion;
 struct ObjectAccess;
-struct Tag;
 struct TagRange;
 DatabaseCore& coreOf(const AcDbDatabase& database);
 AcRxObject* makeEntity();
