@@ -13,7 +13,8 @@ namespace {
 
 template <typename Notification>
 void notifyReactors(const AcArray<AcApDocManagerReactor*>& reactors, Notification notification) {
-    // A copy: a reactor may remove itself or others. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    // A copy: a reactor may remove itself or others.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const AcArray<AcApDocManagerReactor*> registered = reactors;
     for (AcApDocManagerReactor* const reactor : registered)
         if (reactors.contains(reactor))
