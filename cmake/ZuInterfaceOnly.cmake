@@ -4,11 +4,16 @@
 # Forwards each header of the interface. Its own includes of zuhost/ headers, in quotes, are found beside the header.
 set(interface ${CMAKE_BINARY_DIR}/interface)
 file(GLOB headers CONFIGURE_DEPENDS host/*/include/*.h host/*/*/include/*.h)
+list(FILTER headers EXCLUDE REGEX "/without_windows/") # takes the place of the windows' header where they are left out
 foreach(header ${headers})
   cmake_path(GET header FILENAME name)
   file(CONFIGURE OUTPUT ${interface}/${name} CONTENT "#include \"${header}\"\n" @ONLY)
   string(APPEND every_header "#include <${name}>\n")
 endforeach()
+# The one header that the interface includes from another folder: what differs between systems.
+set(rules zuhost/platform/system_rules.h)
+file(CONFIGURE OUTPUT ${interface}/${rules} @ONLY
+  CONTENT "#include \"${PROJECT_SOURCE_DIR}/host/platform/posix/include/${rules}\"\n")
 file(CONFIGURE OUTPUT every_header.cpp CONTENT "${every_header}" @ONLY)
 
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS src/*.cpp examples/*.cpp)
