@@ -67,4 +67,6 @@ if(WIN32)
     list(APPEND ZU_COMPILER_LIBRARIES ${file})
   endforeach()
 endif()
+# Paths from $ORIGIN have the same length in every folder, so that every folder's build has the same bytes.
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
