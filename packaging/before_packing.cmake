@@ -14,6 +14,7 @@ file(WRITE ${work}/debian/control
   "Source: zucomn\nMaintainer: ${CPACK_PACKAGE_CONTACT}\n\nPackage: ${CPACK_ZU_LIBRARY_PACKAGE}\nArchitecture: any\n")
 file(GLOB libraries ${CPACK_TEMPORARY_DIRECTORY}/library/usr/${CPACK_ZU_LIBDIR}/lib*.so.*.*)
 list(TRANSFORM libraries PREPEND -e)
+file(REMOVE ${CPACK_ZU_MADE}/symbols) # else the symbols of an earlier build stay in it
 execute_process(COMMAND dpkg-gensymbols -q -c0 -v${CPACK_ZU_VERSION} -p${CPACK_ZU_LIBRARY_PACKAGE}
     -P${CPACK_TEMPORARY_DIRECTORY}/library ${libraries} -O${CPACK_ZU_MADE}/symbols
   WORKING_DIRECTORY ${work} COMMAND_ERROR_IS_FATAL ANY)
