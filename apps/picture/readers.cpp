@@ -23,12 +23,15 @@ std::vector<std::uint64_t> handlesInModelSpace(AcDbDatabase& database) {
 
 } // namespace
 
-std::shared_ptr<const Drawing> readDatabase(AcDbDatabase& database) {
-    std::string bytes = zuhost::dxfOutBytes(database, zuhost::isBinary(database));
-    if (bytes.empty())
+DatabaseCopy copyDatabase(AcDbDatabase& database) {
+    return {zuhost::dxfOutBytes(database, zuhost::isBinary(database)), handlesInModelSpace(database)};
+}
+
+std::shared_ptr<const Drawing> readDatabase(DatabaseCopy copy) {
+    if (copy.bytes.empty())
         return nullptr;
-    auto drawing = std::make_shared<Drawing>(std::move(bytes));
-    drawing->setHandles(handlesInModelSpace(database));
+    auto drawing = std::make_shared<Drawing>(std::move(copy.bytes));
+    drawing->setHandles(copy.handles);
     return drawing;
 }
 

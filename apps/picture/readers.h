@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 class AcDbDatabase;
 
@@ -9,9 +11,18 @@ namespace zu::picture {
 
 class Drawing;
 
-/// Reads the records of a drawing database as it is now. The result does not refer to the database. Null when
+/// A drawing database as a file would hold it.
+struct DatabaseCopy {
+    std::string bytes;                  ///< Empty when memory does not suffice.
+    std::vector<std::uint64_t> handles; ///< Of the entities of model space.
+};
+
+/// Copies a drawing database as it is now.
+[[nodiscard]] DatabaseCopy copyDatabase(AcDbDatabase& database);
+
+/// Reads the records of a copy. Does not use the database, which another thread may read meanwhile. Null when
 /// memory does not suffice.
-[[nodiscard]] std::shared_ptr<const Drawing> readDatabase(AcDbDatabase& database);
+[[nodiscard]] std::shared_ptr<const Drawing> readDatabase(DatabaseCopy copy);
 
 struct PartOptions {
     bool strictTable = false;   ///< Group codes beyond those of early part drawings end the reading.

@@ -14,17 +14,11 @@ namespace zu::picture {
 
 class Drawing;
 
-/// An entity as a filter sees it.
-struct EntityInfo {
-    std::uint64_t handle = 0; ///< 0 when it has none.
-    std::string_view type;    ///< "LINE", in upper case.
-    QString layer;
-};
-
 struct SceneOptions {
     QString layout; ///< Name of a layout; empty for model space.
-    /// Called with the entities of the space that is drawn; false leaves one out. Empty shows all.
-    std::function<bool(const EntityInfo&)> shows;
+    /// Called with the handles of the entities of the space that is drawn, 0 for those without; false leaves
+    /// one out. Empty shows all.
+    std::function<bool(std::uint64_t handle)> shows;
     /// Called with a layer's name, also for entities in blocks; false hides the layer. Empty shows all.
     std::function<bool(const QString&)> showsLayer;
     /// Where infinite lines are cut; the extents of the scene when it is empty.

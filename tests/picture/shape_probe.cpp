@@ -25,7 +25,8 @@ std::shared_ptr<const Drawing> open(const QString& file, bool asDatabase) {
     if (!asDatabase)
         return readPart(file.toStdWString());
     AcDbDatabase database(false, true);
-    return database.dxfIn(file.toStdWString().c_str()) == Acad::eOk ? readDatabase(database) : nullptr;
+    return database.dxfIn(file.toStdWString().c_str()) == Acad::eOk ? readDatabase(copyDatabase(database))
+                                                                    : nullptr;
 }
 
 /// United by hand: QRectF drops boxes without width or height.

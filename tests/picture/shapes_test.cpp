@@ -1,6 +1,7 @@
 // Shapes of drawings: every type, transforms, looks, texts, layouts, limits, extents.
 #include "dxf_records.h"
 #include "painters/dashes.h"
+#include "painters/painter_canvas.h"
 #include "painters/png_file.h"
 #include "records/drawing.h"
 #include "scene.h"
@@ -486,6 +487,34 @@ TEST(Shapes, SmallShapesBecomeSpecks) {
         sceneOf(drawingOf("0 INSERT|2 B|70 100|44 0.001|41 0.01|42 0.01|0 LINE|11 50"), options);
     ASSERT_LE(scene.shapes.size(), 4U);
     expectBox(scene.shapes.back(), {0, 0, 50, 0}, "line");
+}
+
+/// Very many circles are copied to a quarter of a pixel; fewer are drawn where they are.
+TEST(Painters, CopiedCirclesLookLikeDrawnOnes) {
+    constexpr int kSide = 75;
+    constexpr double kStep = 9.13;
+    constexpr int kPixels = 700;
+    std::vector<QPointF> places;
+    for (int i = 0; i < kSide * kSide; ++i)
+        places.emplace_back(8.0 + kStep * (i % kSide), 8.0 + kStep * (i / kSide));
+    const Circle circle{3.5, Qt::yellow, {Qt::black, 1.4, {}}};
+    const auto painted = [&](std::size_t atOnce) {
+        QImage image(kPixels, kPixels, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        PainterCanvas canvas(painter, Letters::areas);
+        for (std::size_t i = 0; i < places.size(); i += atOnce)
+            canvas.circles(std::span(places).subspan(i, std::min(atOnce, places.size() - i)), circle);
+        return image;
+    };
+    const QImage drawn = painted(100);
+    const QImage copied = painted(places.size());
+    int greatest = 0;
+    for (int y = 0; y < kPixels; ++y)
+        for (int x = 0; x < kPixels; ++x)
+            greatest = std::max(greatest, std::abs(qGray(drawn.pixel(x, y)) - qGray(copied.pixel(x, y))));
+    EXPECT_GT(greatest, 0);
+    EXPECT_LT(greatest, 64);
 }
 
 TEST(Extents, StraysAreNamed) {

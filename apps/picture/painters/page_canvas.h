@@ -4,6 +4,7 @@
 
 #include <QColor>
 
+#include <span>
 #include <vector>
 
 namespace zu::picture {
@@ -15,6 +16,13 @@ struct Pen {
     std::vector<double> dashes; ///< Dash, gap, dash ...; empty for a continuous line.
 
     bool operator==(const Pen&) const = default;
+};
+
+/// A disc, with a ring around it unless the ring's width is 0.
+struct Circle {
+    double radius = 0.0;
+    QColor fill;
+    Pen ring{{}, 0.0, {}};
 };
 
 /// PageCanvas::resolution of pages that can be enlarged, such as printed ones.
@@ -33,6 +41,8 @@ public:
 
     virtual void stroke(const QPainterPath& path, const Pen& pen) = 0;
     virtual void fill(const QPainterPath& path, const QColor& colour) = 0;
+    /// Draws equal circles, one over the other.
+    virtual void circles(std::span<const QPointF> centres, const Circle& circle);
     /// Draws a run whose `place` leads to the page.
     virtual void text(const TextRun& run, const QColor& colour) = 0;
     /// Restricts what follows to a rectangle; a null one lifts the restriction.

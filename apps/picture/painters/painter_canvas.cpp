@@ -7,6 +7,7 @@
 #include <QFontMetricsF>
 
 #include <algorithm>
+#include <array>
 
 namespace zu::picture {
 
@@ -44,6 +45,19 @@ QPen asQPen(const Pen& pen, Letters letters) {
         pattern << length / pen.width;
     made.setDashPattern(pattern);
     return made;
+}
+
+/// More are painted by stamps.
+constexpr std::size_t kManyCircles = 5000;
+constexpr int kStampPlaces = 4; ///< In a pixel, on each axis.
+
+QImage stampOf(const Circle& circle, int half, const QPointF& offset) {
+    QImage image(2 * half + 1, 2 * half + 1, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    const QPointF centre = QPointF(half, half) + offset;
+    PainterCanvas(painter, Letters::areas).circles(std::span(&centre, 1), circle);
+    return image;
 }
 
 } // namespace
@@ -93,6 +107,29 @@ void PainterCanvas::flush() {
 void PainterCanvas::fill(const QPainterPath& path, const QColor& colour) {
     flush();
     painter_.fillPath(path, colour);
+}
+
+void PainterCanvas::circles(std::span<const QPointF> centres, const Circle& circle) {
+    if (letters_ == Letters::areas && centres.size() > kManyCircles && painter_.transform().isIdentity())
+        stamp(centres, circle);
+    else
+        PageCanvas::circles(centres, circle);
+}
+
+/// Copies pictures of the circle, one for each place in a pixel, to a quarter of a pixel.
+void PainterCanvas::stamp(std::span<const QPointF> centres, const Circle& circle) {
+    flush();
+    const int half = qCeil(circle.radius + circle.ring.width) + 1;
+    std::array<std::array<QImage, kStampPlaces>, kStampPlaces> stamps;
+    for (const QPointF& centre : centres) {
+        const int x = qRound(centre.x() * kStampPlaces);
+        const int y = qRound(centre.y() * kStampPlaces);
+        const QPoint place(x % kStampPlaces, y % kStampPlaces);
+        QImage& stamp = stamps[static_cast<std::size_t>(place.y())][static_cast<std::size_t>(place.x())];
+        if (stamp.isNull())
+            stamp = stampOf(circle, half, QPointF(place) / kStampPlaces);
+        painter_.drawImage(QPoint(x / kStampPlaces - half, y / kStampPlaces - half), stamp);
+    }
 }
 
 void PainterCanvas::text(const TextRun& run, const QColor& colour) {

@@ -23,10 +23,12 @@ public:
     }
     void stroke(const QPainterPath& path, const Pen& pen) override;
     void fill(const QPainterPath& path, const QColor& colour) override;
+    void circles(std::span<const QPointF> centres, const Circle& circle) override;
     void text(const TextRun& run, const QColor& colour) override;
     void setClip(const QRectF& rectangle) override;
 
 private:
+    void stamp(std::span<const QPointF> centres, const Circle& circle);
     void addLines(const QPainterPath& path);
     void flush();
 

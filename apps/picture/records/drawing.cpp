@@ -46,6 +46,7 @@ Drawing::Drawing(std::string bytes, const PartOptions& options)
         page.size() > 0 ? page.tags()[0].value : std::string_view(),
         bytes_.starts_with(zuhost::dxf::kByteOrderMark));
     indexBlocks();
+    listModelSpace();
 }
 
 /// Continues after blank lines in place of a group code, as the light model of part drawings does.
@@ -240,14 +241,12 @@ std::vector<std::size_t> Drawing::spaceEntities(bool inPaper) const {
     return found;
 }
 
-std::vector<std::size_t> Drawing::modelSpace() const {
-    std::vector<std::size_t> found;
+void Drawing::listModelSpace() {
     for (const Block& block : blocks_)
         if (isSpaceName(block.name, u"MODEL_SPACE"))
-            found = entitiesIn(block.objects);
+            modelSpace_ = entitiesIn(block.objects);
     const std::vector<std::size_t> others = spaceEntities(false);
-    found.insert(found.end(), others.begin(), others.end());
-    return found;
+    modelSpace_.insert(modelSpace_.end(), others.begin(), others.end());
 }
 
 std::vector<std::size_t> Drawing::paperSpace(const Block& block) const {
@@ -260,11 +259,10 @@ std::vector<std::size_t> Drawing::paperSpace(const Block& block) const {
 }
 
 void Drawing::setHandles(const std::vector<std::uint64_t>& handles) {
-    const std::vector<std::size_t> entities = modelSpace();
-    if (entities.size() != handles.size())
+    if (modelSpace_.size() != handles.size())
         return;
-    for (std::size_t i = 0; i < entities.size(); ++i)
-        objects_[entities[i]].handle = handles[i];
+    for (std::size_t i = 0; i < handles.size(); ++i)
+        objects_[modelSpace_[i]].handle = handles[i];
 }
 
 } // namespace zu::picture

@@ -73,7 +73,7 @@ public:
     [[nodiscard]] const Block* findBlock(std::uint64_t blockRecord) const;
 
     /// The entities of model space, vertices and attributes left out.
-    [[nodiscard]] std::vector<std::size_t> modelSpace() const;
+    [[nodiscard]] const std::vector<std::size_t>& modelSpace() const { return modelSpace_; }
     /// The entities of a layout's block ("*Paper_Space").
     [[nodiscard]] std::vector<std::size_t> paperSpace(const Block& block) const;
     [[nodiscard]] std::vector<std::size_t> entitiesIn(ObjectRange range) const;
@@ -94,6 +94,7 @@ private:
     void startObject(std::string_view type);
     void endBlock();
     void indexBlocks();
+    void listModelSpace();
     [[nodiscard]] std::vector<std::size_t> spaceEntities(bool inPaper) const;
 
     PartOptions options_;
@@ -108,6 +109,7 @@ private:
     std::map<QString, std::size_t> blockIndex_;
     mutable std::unordered_map<std::string_view, const Block*> knownBlocks_;
     ObjectRange entities_;
+    std::vector<std::size_t> modelSpace_;
 
     Section section_ = Section::none;
     std::string_view currentVariable_;

@@ -21,6 +21,7 @@ struct Look {
     int lineWeight = Styles::kDefaultWeight;
     const Linetype* linetype = nullptr;
     double linetypeScale = 1.0;
+    bool isMarkedInvisible = false;
 };
 
 /// A shape of a block, in the coordinates of the block.

@@ -405,13 +405,11 @@ void Canvas::topLevel(const std::vector<std::size_t>& entities) {
     for (const std::size_t entity : entities) {
         if (isStopped_)
             return;
-        const Object& object = drawing_.object(entity);
-        const Records records = drawing_.records(entity);
-        if (options_.shows &&
-            !options_.shows({object.handle, object.type, styles_.layer(records.raw(8)).name}))
+        const std::uint64_t handle = drawing_.object(entity).handle;
+        if (options_.shows && !options_.shows(handle))
             continue;
         current_ = entity;
-        shape_.source = object.handle;
+        shape_.source = handle;
         draw(entity);
     }
 }
@@ -421,8 +419,8 @@ namespace {
 /// The places of the records that all entities can have, found in one pass.
 struct CommonPlaces {
     explicit CommonPlaces(const Records& records)
-        : layer(records.size()), linetype(layer), scale(layer), colour(layer), trueColour(layer),
-          weight(layer) {
+        : layer(records.size()), linetype(layer), scale(layer), invisible(layer), colour(layer),
+          trueColour(layer), weight(layer) {
         for (std::size_t i = records.size(); i-- > 0;) {
             switch (records.code(i)) {
             case 6:
@@ -433,6 +431,9 @@ struct CommonPlaces {
                 break;
             case 48:
                 scale = i;
+                break;
+            case 60:
+                invisible = i;
                 break;
             case 62:
                 colour = i;
@@ -452,6 +453,7 @@ struct CommonPlaces {
     std::size_t layer;
     std::size_t linetype;
     std::size_t scale;
+    std::size_t invisible;
     std::size_t colour;
     std::size_t trueColour;
     std::size_t weight;
@@ -483,12 +485,13 @@ Look Canvas::lookOf(const Records& records) const {
                     : linetype == u"BYBLOCK"                     ? (isInBlock ? around_->linetype : nullptr)
                                                                  : styles_.linetype(linetype);
     look.linetypeScale = records.realAt(places.scale, 1.0);
+    look.isMarkedInvisible = records.integerAt(places.invisible) != 0;
     return look;
 }
 
 Outcome Canvas::hiddenBy(const Entity& entity) const {
     const Layer& layer = *entity.look.layer;
-    if (entity.records.integer(60) != 0)
+    if (entity.look.isMarkedInvisible)
         return "it is marked invisible";
     if (layer.isOff && entity.type != "INSERT")
         return "its layer is off";
@@ -496,9 +499,16 @@ Outcome Canvas::hiddenBy(const Entity& entity) const {
         return "its layer is frozen";
     if (!layer.isPlotted)
         return "its layer is not plotted";
-    if (options_.showsLayer && !options_.showsLayer(layer.name))
-        return kLayerFilteredOut;
-    return {};
+    return passesFilter(layer) ? Outcome() : kLayerFilteredOut;
+}
+
+bool Canvas::passesFilter(const Layer& layer) const {
+    if (!options_.showsLayer)
+        return true;
+    const auto [known, isNew] = passingLayers_.try_emplace(&layer, true);
+    if (isNew)
+        known->second = options_.showsLayer(layer.name);
+    return known->second;
 }
 
 Entity Canvas::entityOf(std::size_t index) const {

@@ -91,6 +91,7 @@ private:
     [[nodiscard]] Look lookOf(const Records& records) const;
     /// Why the entity is hidden; empty when it shows.
     [[nodiscard]] Outcome hiddenBy(const Entity& entity) const;
+    [[nodiscard]] bool passesFilter(const Layer& layer) const;
     void draw(std::size_t index);
     void count(std::size_t index, Outcome outcome);
     void drawPath(const Entity& entity, Shape::Kind kind, const QPainterPath& path,
@@ -117,6 +118,7 @@ private:
     std::optional<Look> around_; ///< Of the block reference around what is drawn.
     std::vector<const Block*> blocks_;
     std::vector<std::uint64_t> frozen_;
+    mutable std::unordered_map<const Layer*, bool> passingLayers_; ///< Each is filtered once.
     int spaces_ = 0;
     Shape shape_;
     std::uint64_t left_;

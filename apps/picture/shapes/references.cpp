@@ -10,43 +10,93 @@ namespace {
 
 constexpr double kDegree = std::numbers::pi / 180.0;
 
-AcGeMatrix3d planeMatrix(const Records& records) {
-    const AcGeVector3d normal = records.point(210, {0.0, 0.0, 1.0}).asVector();
-    const bool isPlan = normal == AcGeVector3d::kZAxis || normal.isZeroLength();
-    return isPlan ? AcGeMatrix3d() : AcGeMatrix3d::planeToWorld(normal);
+/// Where a reference lies, and the rows and columns of an array. Read in one pass: drawings consist of
+/// references.
+struct Placement {
+    explicit Placement(const Records& records);
+
+    [[nodiscard]] AcGeMatrix3d matrix() const { return matrix(position); }
+    [[nodiscard]] AcGeMatrix3d matrix(const AcGePoint3d& place) const;
+
+    AcGePoint3d position;
+    AcGePoint3d scale{1.0, 1.0, 1.0};
+    AcGePoint3d normal{0.0, 0.0, 1.0};
+    double angle = 0.0; ///< Radians.
+    std::int64_t columns = 1;
+    std::int64_t rows = 1;
+    double columnSpacing = 0.0;
+    double rowSpacing = 0.0;
+};
+
+Placement::Placement(const Records& records) {
+    // A scale of 0 counts as 1, as in damaged drawings.
+    const auto factorAt = [&records](std::size_t at) {
+        const double value = records.realAt(at, 1.0);
+        return value == 0.0 ? 1.0 : value;
+    };
+    // From the end: of repeated records the first counts.
+    for (std::size_t i = records.size(); i-- > 0;) {
+        const int code = records.code(i);
+        switch (code) {
+        case 10:
+        case 20:
+        case 30:
+            position[static_cast<unsigned>(code / 10 - 1)] = records.realAt(i);
+            break;
+        case 41:
+        case 42:
+        case 43:
+            scale[static_cast<unsigned>(code - 41)] = factorAt(i);
+            break;
+        case 44:
+            columnSpacing = records.realAt(i);
+            break;
+        case 45:
+            rowSpacing = records.realAt(i);
+            break;
+        case 50:
+            angle = std::fmod(records.realAt(i), 360.0) * kDegree;
+            break;
+        case 70:
+            columns = std::max(1, records.integerAt(i, 1));
+            break;
+        case 71:
+            rows = std::max(1, records.integerAt(i, 1));
+            break;
+        case 210:
+        case 220:
+        case 230:
+            normal[static_cast<unsigned>(code / 10 - 21)] = records.realAt(i);
+            break;
+        default:
+            break;
+        }
+    }
 }
 
-/// A scale of 0 counts as 1, as in damaged drawings.
-double factor(const Records& records, int code) {
-    const double value = records.real(code, 1.0);
-    return value == 0.0 ? 1.0 : value;
-}
-
-AcGeMatrix3d scaleAndTurn(const Records& records) {
-    const double angle = std::fmod(records.real(50), 360.0) * kDegree;
-    const AcGeMatrix3d scale = AcGeScale3d(factor(records, 41), factor(records, 42), factor(records, 43));
-    return angle == 0.0 ? scale : AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis) * scale;
+AcGeMatrix3d Placement::matrix(const AcGePoint3d& place) const {
+    AcGeMatrix3d figure = AcGeScale3d(scale.x, scale.y, scale.z);
+    if (angle != 0.0)
+        figure = AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis) * figure;
+    figure.setTranslation(place.asVector());
+    const AcGeVector3d direction = normal.asVector();
+    const bool isPlan = direction == AcGeVector3d::kZAxis || direction.isZeroLength();
+    return isPlan ? figure : AcGeMatrix3d::planeToWorld(direction) * figure;
 }
 
 Outcome drawArray(Canvas& canvas, const Entity& entity, const Block& block) {
-    const Records& records = entity.records;
-    const std::int64_t columns = std::max(1, records.integer(70, 1));
-    const std::int64_t rows = std::max(1, records.integer(71, 1));
-    const double angle = std::fmod(records.real(50), 360.0) * kDegree;
-    const AcGeMatrix3d plane = planeMatrix(records);
-    const AcGePoint3d place = records.point(10);
-    const AcGeVector3d along(std::cos(angle), std::sin(angle), 0.0);
+    const Placement placement(entity.records);
+    const AcGeVector3d along(std::cos(placement.angle), std::sin(placement.angle), 0.0);
     const AcGeVector3d up(-along.y, along.x, 0.0);
-    const AcGeMatrix3d figure = scaleAndTurn(records);
     Outcome outcome = kDrawn;
-    for (std::int64_t row = 0; row < rows; ++row)
-        for (std::int64_t column = 0; column < columns; ++column) {
+    for (std::int64_t row = 0; row < placement.rows; ++row)
+        for (std::int64_t column = 0; column < placement.columns; ++column) {
             if (canvas.isStopped() || !canvas.take(1))
                 return outcome;
-            const AcGePoint3d cell = place + along * (records.real(44) * static_cast<double>(column)) +
-                                     up * (records.real(45) * static_cast<double>(row));
-            outcome =
-                canvas.block(entity, block, plane * AcGeMatrix3d::translation(cell.asVector()) * figure);
+            const AcGePoint3d cell = placement.position +
+                                     along * (placement.columnSpacing * static_cast<double>(column)) +
+                                     up * (placement.rowSpacing * static_cast<double>(row));
+            outcome = canvas.block(entity, block, placement.matrix(cell));
             if (!outcome.empty())
                 return outcome;
         }
@@ -151,6 +201,7 @@ Outcome buildImage(Canvas& canvas, const Entity& entity) {
                 {-0.5, height - 0.5, 0.0}};
     }
     std::vector<AcGePoint3d> frame;
+    frame.reserve(clip.size());
     for (const AcGePoint3d& point : clip)
         frame.push_back(corner + u * (point.x + 0.5) + v * (height - point.y - 0.5));
     canvas.stroke(entity, frame, true);
@@ -165,9 +216,7 @@ Outcome buildUnderlay(Canvas& canvas, const Entity& entity) {
         clip = {clip[0], {clip[1].x, clip[0].y, 0.0}, clip[1], {clip[0].x, clip[1].y, 0.0}};
     if (clip.size() < 3)
         return "its contents are in another file";
-    const AcGeMatrix3d placement = planeMatrix(records) *
-                                   AcGeMatrix3d::translation(records.point(10).asVector()) *
-                                   scaleAndTurn(records);
+    const AcGeMatrix3d placement = Placement(records).matrix();
     for (AcGePoint3d& point : clip)
         point = placement * point;
     canvas.stroke(entity, clip, true);

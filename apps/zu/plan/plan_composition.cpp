@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <future>
 
 namespace zu::app {
 
@@ -52,8 +53,8 @@ std::array<QString, 2> markLayers() {
     return {text(ZUCONECT_LAYER), text(ZUSNAP_LAYER)};
 }
 
-std::shared_ptr<const picture::Drawing> read(AcDbDatabase& drawing) {
-    std::shared_ptr<const picture::Drawing> records = picture::readDatabase(drawing);
+std::shared_ptr<const picture::Drawing> recordsOf(picture::DatabaseCopy copy) {
+    std::shared_ptr<const picture::Drawing> records = picture::readDatabase(std::move(copy));
     if (records == nullptr)
         throw Failure("the drawing needs more memory for its picture than there is");
     return records;
@@ -108,10 +109,9 @@ double median(std::vector<double> values) {
 
 PlanComposition::PlanComposition(AcDbDatabase& drawing, PlanOptions options)
     : options_(std::move(options)),
-      theme_(options_.theme == PlanTheme::dark ? picture::Theme::dark() : picture::Theme::light()),
-      drawing_(read(drawing)), elements_(drawing, options_.showsLayer, options_.showsElement),
-      inks_(theme_, elements_, options_, drawing) {
-    requireLayout(*drawing_, options_.layout);
+      theme_(options_.theme == PlanTheme::dark ? picture::Theme::dark() : picture::Theme::light()) {
+    const picture::Extents extents = read(drawing);
+    inks_.emplace(theme_, elements_, options_, drawing);
     for (const AcDbObjectId id : options_.highlighted)
         highlighted_.insert(static_cast<std::uint64_t>(id.handle()));
     readOthers(drawing);
@@ -120,19 +120,38 @@ PlanComposition::PlanComposition(AcDbDatabase& drawing, PlanOptions options)
         options_.marksJoints = false;
         options_.labels = PlanLabelKind::none;
     }
-    world_ = measure();
+    reportScene(extents);
+    world_ = worldOf(extents);
     makeLegend();
     page_ = makePage();
     sizeMarks();
     placeLabels();
 }
 
+/// The elements of the database are read on another thread while the records that were written from it are
+/// parsed and measured.
+picture::Extents PlanComposition::read(AcDbDatabase& drawing) {
+    picture::DatabaseCopy copy = picture::copyDatabase(drawing);
+    std::future<void> reading =
+        std::async([&] { elements_ = PlanElements(drawing, options_.showsLayer, options_.showsElement); });
+    drawing_ = recordsOf(std::move(copy));
+    requireLayout(*drawing_, options_.layout);
+    if (options_.showsElement) // Measuring then asks which elements are shown.
+        reading.wait();
+    picture::Extents extents = picture::measureScene(*drawing_, scene({}));
+    reading.get();
+    if (extents.report.isTooMuch)
+        throwTooMuch();
+    return extents;
+}
+
 picture::SceneOptions PlanComposition::scene(const Filter& filter) const {
     picture::SceneOptions scene;
     scene.layout = QString::fromStdString(options_.layout);
-    scene.shows = [this, filter](const picture::EntityInfo& entity) {
-        return (!filter || filter(entity)) && isInPicture(entity);
-    };
+    if (filter || options_.showsElement)
+        scene.shows = [this, filter](std::uint64_t handle) {
+            return (!filter || filter(handle)) && isInPicture(handle);
+        };
     scene.showsLayer = [this, marks = markLayers()](const QString& layer) {
         const bool isMark = std::any_of(marks.begin(), marks.end(), [&layer](const QString& mark) {
             return layer.compare(mark, Qt::CaseInsensitive) == 0;
@@ -147,10 +166,10 @@ picture::SceneOptions PlanComposition::scene(const Filter& filter) const {
 }
 
 /// Leaves out what a filter of elements refuses; layers and visibility are the scene's business.
-bool PlanComposition::isInPicture(const picture::EntityInfo& entity) const {
+bool PlanComposition::isInPicture(std::uint64_t handle) const {
     if (!options_.showsElement)
         return true;
-    const PlanElement* const element = elements_.find(entity.handle);
+    const PlanElement* const element = elements_.find(handle);
     return element == nullptr || element->isShown;
 }
 
@@ -158,26 +177,22 @@ void PlanComposition::readOthers(AcDbDatabase& drawing) {
     std::map<AcDbDatabase*, std::unordered_map<std::uint64_t, QColor>> byDrawing;
     for (const AcDbObjectId id : options_.others) {
         const auto given = options_.colours.find(id);
-        const QColor colour = given != options_.colours.end() ? given->second : inks_.finding();
+        const QColor colour = given != options_.colours.end() ? given->second : inks_->finding();
         if (AcDbDatabase* const other = id.database(); other != nullptr && other != &drawing)
             byDrawing[other].emplace(static_cast<std::uint64_t>(id.handle()), colour);
     }
     for (auto& [other, colours] : byDrawing)
-        others_.push_back({read(*other), std::move(colours)});
+        others_.push_back({recordsOf(picture::copyDatabase(*other)), std::move(colours)});
 }
 
-QRectF PlanComposition::measure() {
-    const picture::Extents extents = picture::measureScene(*drawing_, scene({}));
-    if (extents.report.isTooMuch)
-        throwTooMuch();
-    reportScene(extents);
+QRectF PlanComposition::worldOf(const picture::Extents& extents) const {
     QPolygonF corners;
     const auto add = [&corners](const QRectF& box) { corners << box.topLeft() << box.bottomRight(); };
     if (!extents.isEmpty)
         add(extents.box);
     for (const Other& other : others_) {
         picture::SceneOptions options = scene({});
-        options.shows = [&other](const picture::EntityInfo& e) { return other.colours.contains(e.handle); };
+        options.shows = [&other](std::uint64_t handle) { return other.colours.contains(handle); };
         if (const picture::Extents found = picture::measureScene(*other.drawing, options); !found.isEmpty)
             add(found.box);
     }
@@ -226,7 +241,7 @@ void PlanComposition::makeLegend() {
             {LegendSample::line, theme_.visible(entry.colour), QString::fromStdString(entry.text)});
     if (entries.empty()) {
         for (const KindName& kind : kindNames(elements_.all()))
-            entries.push_back({LegendSample::line, inks_.kind(kind.kind), kind.name});
+            entries.push_back({LegendSample::line, inks_->kind(kind.kind), kind.name});
         const auto holds = [this](bool equipment) {
             return std::any_of(
                 elements_.all().begin(), elements_.all().end(), [equipment](const PlanElement& e) {
@@ -234,9 +249,10 @@ void PlanComposition::makeLegend() {
                 });
         };
         if (holds(true))
-            entries.push_back({LegendSample::line, inks_.equipment(), planText(PlanText::equipment)});
+            entries.push_back({LegendSample::line, inks_->equipment(), planText(PlanText::equipment)});
         if (holds(false))
-            entries.push_back({LegendSample::line, inks_.otherElements(), planText(PlanText::otherElements)});
+            entries.push_back(
+                {LegendSample::line, inks_->otherElements(), planText(PlanText::otherElements)});
     }
     if (options_.marksJoints && report_.joined > 0)
         entries.push_back({LegendSample::joined, {}, counted(PlanText::joined, report_.joined)});
@@ -293,7 +309,7 @@ void PlanComposition::placeLabels() {
     for (const PlanMarker& marker : options_.markers)
         if (const QPointF at = onPage(marker.position); isInSight(at))
             labels_->addMarker(QString::fromStdString(marker.text), at,
-                               marker.colour.isValid() ? theme_.visible(marker.colour) : inks_.finding());
+                               marker.colour.isValid() ? theme_.visible(marker.colour) : inks_->finding());
     if (options_.labels != PlanLabelKind::none && page_.size.width() >= kSmallPicture) {
         if (options_.marksJoints && options_.markers.empty())
             for (const PlanJoint& joint : elements_.joints())
@@ -356,8 +372,8 @@ void PlanComposition::addEquipmentNames() {
         double capitals = 0.0; ///< Its height on the page.
     };
     std::unordered_map<std::uint64_t, Seen> seen;
-    const Filter isEquipment = [this](const picture::EntityInfo& entity) {
-        const PlanElement* const element = elements_.find(entity.handle);
+    const Filter isEquipment = [this](std::uint64_t handle) {
+        const PlanElement* const element = elements_.find(handle);
         return element != nullptr && element->code == zucomn::kEquipment;
     };
     picture::produceShapes(*drawing_, scene(isEquipment), [&](const picture::Shape& shape) {
@@ -383,7 +399,7 @@ void PlanComposition::addEquipmentNames() {
         const QRectF box = page_.toPage.mapRect(found->second.corners.boundingRect());
         if (isInSight(box.center()))
             labels_->add(found->second.text.isEmpty() ? elementName(element.id) : found->second.text,
-                         box.center(), box.size() / 2.0, inks_.ofElement(element), kElementDistance);
+                         box.center(), box.size() / 2.0, inks_->ofElement(element), kElementDistance);
     }
 }
 
@@ -432,10 +448,10 @@ void PlanComposition::paintDrawing(picture::PageCanvas& canvas) const {
     if (!options_.layout.empty() || elements_.all().empty()) {
         paintEntities(painter, {});
     } else {
-        paintEntities(painter,
-                      [this](const picture::EntityInfo& e) { return elements_.find(e.handle) == nullptr; });
-        paintEntities(painter,
-                      [this](const picture::EntityInfo& e) { return elements_.find(e.handle) != nullptr; });
+        for (const bool isElement : {false, true})
+            paintEntities(painter, [this, isElement](std::uint64_t handle) {
+                return (elements_.find(handle) != nullptr) == isElement;
+            });
     }
     paintOthers(painter);
     paintHighlights(painter);
@@ -448,7 +464,7 @@ void PlanComposition::paintEntities(picture::ShapePainter& painter, const Filter
         options.resolution = painter.resolution();
     const picture::SceneReport report =
         picture::produceShapes(*drawing_, options, [&](const picture::Shape& shape) {
-            painter.paint(shape, inks_.inkOf(shape));
+            painter.paint(shape, inks_->inkOf(shape));
             return true;
         });
     if (report.isTooMuch)
@@ -458,9 +474,9 @@ void PlanComposition::paintEntities(picture::ShapePainter& painter, const Filter
 void PlanComposition::paintOthers(picture::ShapePainter& painter) const {
     for (const Other& other : others_) {
         picture::SceneOptions options = scene({});
-        options.shows = [&other](const picture::EntityInfo& e) { return other.colours.contains(e.handle); };
+        options.shows = [&other](std::uint64_t handle) { return other.colours.contains(handle); };
         picture::produceShapes(*other.drawing, options, [&](const picture::Shape& shape) {
-            painter.paint(shape, inks_.inkOf(other.colours.at(shape.source)));
+            painter.paint(shape, inks_->inkOf(other.colours.at(shape.source)));
             return true;
         });
     }
@@ -470,11 +486,11 @@ void PlanComposition::paintHighlights(picture::ShapePainter& painter) const {
     if (highlighted_.empty())
         return;
     const picture::SceneOptions options =
-        scene([this](const picture::EntityInfo& entity) { return highlighted_.contains(entity.handle); });
+        scene([this](std::uint64_t handle) { return highlighted_.contains(handle); });
     for (const bool halo : {true, false})
         picture::produceShapes(*drawing_, options, [&](const picture::Shape& shape) {
             painter.paint(shape,
-                          halo ? picture::Ink{inks_.highlight(), 0.8, kHaloWidth} : inks_.inkOf(shape));
+                          halo ? picture::Ink{inks_->highlight(), 0.8, kHaloWidth} : inks_->inkOf(shape));
             return true;
         });
 }
@@ -486,11 +502,13 @@ void PlanComposition::paintMarks(picture::PageCanvas& canvas) const {
         if ((joined ? marks_.joined : marks_.dangling) <= 0.0)
             continue;
         std::unordered_set<std::uint64_t> taken;
+        std::vector<QPointF> places;
         for (const PlanJoint& joint : elements_.joints())
             if (const QPointF at = onPage(joint.position);
                 joint.joined == joined && isInSight(at) &&
                 taken.insert(markCell(at, elements_.joints().size())).second)
-                paintMark(canvas, at, joined, marks_, theme_.ink);
+                places.push_back(at);
+        zu::app::paintMarks(canvas, places, joined, marks_, theme_.ink);
     }
 }
 

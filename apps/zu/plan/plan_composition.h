@@ -29,7 +29,7 @@ public:
     void paint(picture::PageCanvas& canvas) const;
 
 private:
-    using Filter = std::function<bool(const picture::EntityInfo&)>;
+    using Filter = std::function<bool(std::uint64_t handle)>;
 
     /// Another drawing of which some entities are drawn.
     struct Other {
@@ -38,9 +38,10 @@ private:
     };
 
     [[nodiscard]] picture::SceneOptions scene(const Filter& filter) const;
-    [[nodiscard]] bool isInPicture(const picture::EntityInfo& entity) const;
+    [[nodiscard]] bool isInPicture(std::uint64_t handle) const;
+    [[nodiscard]] picture::Extents read(AcDbDatabase& drawing);
     void readOthers(AcDbDatabase& drawing);
-    [[nodiscard]] QRectF measure();
+    [[nodiscard]] QRectF worldOf(const picture::Extents& extents) const;
     void reportScene(const picture::Extents& extents);
     void makeLegend();
     [[nodiscard]] PlanPage makePage();
@@ -66,7 +67,7 @@ private:
     std::shared_ptr<const picture::Drawing> drawing_;
     std::vector<Other> others_;
     PlanElements elements_;
-    PlanInks inks_;
+    std::optional<PlanInks> inks_; ///< Once the elements are known.
     std::unordered_set<std::uint64_t> highlighted_;
     QRectF world_;
     std::optional<PlanLegend> legend_;

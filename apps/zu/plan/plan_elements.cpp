@@ -14,6 +14,7 @@
 #include <afxstr.h>
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace zu::app {
 
@@ -98,12 +99,14 @@ PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
         if (isAskedFor && !isShown && !read.connectionPoints.empty())
             hidden_.push_back(handleText(read.id));
         const auto handle = static_cast<std::uint64_t>(read.id.handle());
-        index_.emplace(handle, elements_.size());
+        index_.emplace_back(handle, elements_.size());
         elements_.push_back({read.id, handle, read.code, kind, isShown, middleOf(read)});
         int number = 0;
         for (const AcGePoint3d& point : read.connectionPoints)
             points.push_back({read.id, number++, {point.x, point.y}});
     });
+    if (!std::is_sorted(index_.begin(), index_.end()))
+        std::sort(index_.begin(), index_.end());
     addJoints(points);
 }
 
@@ -119,8 +122,8 @@ void PlanElements::addJoints(const std::vector<zucomn::ConnectionPoint>& points)
 }
 
 const PlanElement* PlanElements::find(std::uint64_t handle) const {
-    const auto found = index_.find(handle);
-    return found != index_.end() ? &elements_[found->second] : nullptr;
+    const auto found = std::lower_bound(index_.begin(), index_.end(), std::pair(handle, std::size_t{0}));
+    return found != index_.end() && found->first == handle ? &elements_[found->second] : nullptr;
 }
 
 QString elementName(AcDbObjectId element) {

@@ -10,7 +10,7 @@
 #include <functional>
 #include <map>
 #include <string>
-#include <unordered_map>
+#include <utility>
 #include <vector>
 
 class AcDbDatabase;
@@ -40,6 +40,7 @@ using LayerFilter = std::function<bool(const QString& layer)>;
 /// The elements of a drawing's model space.
 class PlanElements {
 public:
+    PlanElements() = default;
     /// Elements on layers that are off, frozen or filtered out, hidden ones and those that `shows` refuses
     /// are not shown.
     PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
@@ -57,7 +58,7 @@ private:
     void addJoints(const std::vector<zucomn::ConnectionPoint>& points);
 
     std::vector<PlanElement> elements_;
-    std::unordered_map<std::uint64_t, std::size_t> index_;
+    std::vector<std::pair<std::uint64_t, std::size_t>> index_; ///< Places of elements by handle, ascending.
     std::vector<PlanJoint> joints_;
     std::vector<std::string> hidden_;
 };

@@ -82,13 +82,13 @@ picture::Ink PlanInks::inkOf(const QColor& given) const {
 picture::Ink PlanInks::inkOf(const picture::Shape& shape) const {
     if (const auto given = given_.find(shape.source); given != given_.end())
         return inkOf(given->second);
-    const QColor own = theme_.colourOf(shape.colour);
     if (ownColours_)
-        return {own, kBackground};
+        return {theme_.colourOf(shape.colour), kBackground};
     const PlanElement* const element = elements_.find(shape.source);
-    if (element == nullptr || !given_.empty())
-        return {theme_.faded(theme_.visible(grey(own)), fading(shape.kind)), kBackground};
-    return {ofElement(*element), element_};
+    if (element != nullptr && given_.empty())
+        return {ofElement(*element), element_};
+    const QColor own = theme_.colourOf(shape.colour);
+    return {theme_.faded(theme_.visible(grey(own)), fading(shape.kind)), kBackground};
 }
 
 } // namespace zu::app

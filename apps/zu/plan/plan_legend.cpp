@@ -16,16 +16,15 @@ constexpr double kEntryGap = 2.0;
 
 } // namespace
 
-void paintMark(picture::PageCanvas& canvas, const QPointF& at, bool joined, const MarkSize& size,
-               const QColor& ink) {
+void paintMarks(picture::PageCanvas& canvas, std::span<const QPointF> places, bool joined,
+                const MarkSize& size, const QColor& ink) {
     const double radius = joined ? size.joined : size.dangling;
     if (radius <= 0.0)
         return;
-    QPainterPath circle;
-    circle.addEllipse(at, radius, radius);
-    canvas.fill(circle, joined ? ink : kDangling);
+    picture::Circle circle{radius, ink};
     if (!joined)
-        canvas.stroke(circle, {ink, std::min(1.4, radius / 2.0), {}});
+        circle = {radius, kDangling, {ink, std::min(1.4, radius / 2.0), {}}};
+    canvas.circles(places, circle);
 }
 
 PlanLegend::PlanLegend(std::vector<LegendEntry> entries, double capitals, const QColor& ink)
@@ -63,7 +62,8 @@ void PlanLegend::paint(picture::PageCanvas& canvas, const QRectF& area) const {
             line.lineTo(end);
             canvas.stroke(line, {entry.colour, capitals_ * 0.3, {}});
         } else if (entry.sample != LegendSample::none) {
-            paintMark(canvas, (at + end) / 2.0, entry.sample == LegendSample::joined, {}, ink_);
+            const QPointF middle = (at + end) / 2.0;
+            paintMarks(canvas, std::span(&middle, 1), entry.sample == LegendSample::joined, {}, ink_);
         }
         if (entry.sample != LegendSample::none)
             at = end + QPointF(kSampleGap * capitals_, 0.0);

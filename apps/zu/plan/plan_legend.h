@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <span>
 #include <vector>
 
 namespace zu::app {
@@ -22,9 +23,9 @@ struct MarkSize {
     double dangling = 4.5;
 };
 
-/// Paints the mark of a connection point.
-void paintMark(picture::PageCanvas& canvas, const QPointF& at, bool joined, const MarkSize& size,
-               const QColor& ink);
+/// Paints marks of connection points.
+void paintMarks(picture::PageCanvas& canvas, std::span<const QPointF> places, bool joined,
+                const MarkSize& size, const QColor& ink);
 
 /// Entries in rows, from left to right.
 class PlanLegend {
