@@ -20,18 +20,14 @@ public:
     /// Applies the changes of elements since the last call.
     void update();
 
-    /// Returns the positions, ascending, of the candidates with a connection point within the distance that
-    /// are not in `seen`, and adds them to it.
-    [[nodiscard]] std::vector<int> near(const AcGePoint3d& point, double distance, SmallSet<int>& seen) const;
+    /// Sets the positions, ascending, of the candidates with a connection point within the distance that are
+    /// not in `seen`, and adds them to it.
+    void findNear(const AcGePoint3d& point, double distance, SmallSet<int>& seen,
+                  std::vector<int>& positions) const;
 
 private:
-    struct Placed {
-        Points points; ///< Those in the grid.
-        bool isPending = false;
-    };
-
     void insert(int position);
-    void remove(int position);
+    void findPositions();
 
     ConnectionCache& cache_;
     AcDbObjectIdArray candidates_;
@@ -39,8 +35,8 @@ private:
     std::uint64_t generation_;
     std::size_t seenChanges_;
     PointGrid grid_;
-    std::vector<Placed> placed_;
-    std::unordered_multimap<AcDbObjectId, int> positions_;
+    Points distinct_;                                      ///< Those of the candidate that is inserted.
+    std::unordered_multimap<AcDbObjectId, int> positions_; ///< Empty before the first change.
     std::vector<int> pending_; ///< Candidates that were open elsewhere when they were read.
 };
 

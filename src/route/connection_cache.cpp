@@ -41,6 +41,7 @@ void ConnectionCache::goodbye(const AcDbDatabase* /*database*/) {
 
 void ConnectionCache::clear() {
     elements_.clear();
+    points_.clear();
     definitions_.clear();
     groupVersions_.clear();
     changedElements_.clear();
@@ -63,8 +64,10 @@ void ConnectionCache::changed(const AcDbObject& object) {
     const AcDbObjectId id = object.objectId();
     if (const auto group = groupVersions_.find(id); group != groupVersions_.end())
         ++group->second;
-    if (elements_.erase(id) > 0)
+    if (CachedElement* const element = elements_.find(id); element != nullptr && element->isValid) {
+        element->isValid = false;
         changedElements_.push_back(id);
+    }
     const bool isInDefinition = definitions_.contains(object.ownerId());
     if (isInDefinition || isSharedRecord(object) || changedElements_.size() > kLongestLog)
         clear();
@@ -77,22 +80,34 @@ const Read<DefinitionPoints>& ConnectionCache::definition(AcDbObjectId block) {
     return entry->second;
 }
 
-CachedElement ConnectionCache::read(AcDbObjectId id) {
-    CachedElement result;
+void ConnectionCache::read(AcDbObjectId id, CachedElement& element) {
+    element.block = {};
+    element.linkKind.reset();
+    element.pointCount = 0;
     const AcDbObjectPointer<AcDbBlockReference> reference(id);
-    result.status = reference.openStatus();
-    if (result.status != Acad::eOk)
-        return result;
-    result.block = reference->blockTableRecord();
-    const Read<DefinitionPoints>& local = definition(result.block);
-    result.status = local.status;
-    if (local.value.empty())
-        return result;
-    const AcGeMatrix3d transform = reference->blockTransform();
-    result.points.reserve(local.value.size());
-    for (const DefinitionPoint& point : local.value)
-        result.points.push_back(planPoint(point.position, transform));
-    return result;
+    element.status = reference.openStatus();
+    if (element.status != Acad::eOk)
+        return;
+    element.block = reference->blockTableRecord();
+    const Read<DefinitionPoints>& local = definition(element.block);
+    element.status = local.status;
+    placePoints(*reference.object(), local.value, element);
+}
+
+void ConnectionCache::placePoints(const AcDbBlockReference& reference, const DefinitionPoints& local,
+                                  CachedElement& element) {
+    if (local.empty())
+        return;
+    element.pointCount = local.size();
+    if (element.pointRoom < local.size()) {
+        element.firstPoint = points_.size();
+        element.pointRoom = local.size();
+        points_.resize(points_.size() + local.size());
+    }
+    const AcGeMatrix3d transform = reference.blockTransform();
+    auto place = points_.begin() + static_cast<std::ptrdiff_t>(element.firstPoint);
+    for (const DefinitionPoint& point : local)
+        *place++ = planPoint(point.position, transform);
 }
 
 const CachedElement& ConnectionCache::element(AcDbObjectId id) {
@@ -107,14 +122,12 @@ int ConnectionCache::linkKind(AcDbObjectId id) {
 }
 
 CachedElement& ConnectionCache::cached(AcDbObjectId id) {
-    if (const auto found = elements_.find(id); found != elements_.end())
-        return found->second;
-    CachedElement fresh = read(id);
-    if (isTemporary(fresh.status)) {
-        uncached_ = std::move(fresh);
-        return uncached_;
+    CachedElement& element = elements_.tryEmplace(id).first;
+    if (!element.isValid) {
+        read(id, element);
+        element.isValid = !isTemporary(element.status);
     }
-    return elements_.emplace(id, std::move(fresh)).first->second;
+    return element;
 }
 
 } // namespace zu

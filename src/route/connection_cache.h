@@ -1,20 +1,27 @@
 #pragma once
 
 #include "connection_points.h"
+#include "id_map.h"
 
 #include <dbmain.h>
 
 #include <optional>
+#include <span>
 #include <unordered_map>
+#include <vector>
 
 namespace zu {
 
-/// The cached points and link kind of an element. Valid until the element or its definition changes.
+/// The cached link kind of an element and the place of its points in the cache. Valid until the element or
+/// its definition changes.
 struct CachedElement {
-    Acad::ErrorStatus status = Acad::eOk; ///< The result of reading the points.
     AcDbObjectId block;                   ///< The definition of its block.
-    Points points;
-    std::optional<int> linkKind; ///< Read when it is first asked for.
+    Acad::ErrorStatus status = Acad::eOk; ///< The result of reading the points.
+    bool isValid = false;                 ///< False once the element has changed.
+    std::optional<int> linkKind;          ///< Read when it is first asked for.
+    std::size_t firstPoint = 0;
+    std::size_t pointCount = 0;
+    std::size_t pointRoom = 0; ///< Of the most points that the element has had.
 };
 
 /// The connection points of a drawing's elements, read once and updated when the drawing changes. Indexes
@@ -32,8 +39,12 @@ public:
     /// True for ids of the cache's own drawing.
     [[nodiscard]] bool covers(AcDbObjectId id) const { return !id.isNull() && id.database() == database_; }
 
-    /// Valid until the next change of the drawing, and until the next call for one that can't be read now.
+    /// Valid until the next change of the drawing, and until the next call for another element.
     const CachedElement& element(AcDbObjectId id);
+    /// The points of an element; valid as long as the element.
+    [[nodiscard]] std::span<const AcGePoint3d> points(const CachedElement& element) const {
+        return std::span(points_).subspan(element.firstPoint, element.pointCount);
+    }
     /// The link kind of an element; -1 for one that can't be read.
     int linkKind(AcDbObjectId id);
     /// The connection points of a block definition; valid until the next change of the drawing.
@@ -62,16 +73,18 @@ private:
     void changed(const AcDbObject& object);
     void clear();
     CachedElement& cached(AcDbObjectId id);
-    [[nodiscard]] CachedElement read(AcDbObjectId id);
+    void read(AcDbObjectId id, CachedElement& element);
+    void placePoints(const AcDbBlockReference& reference, const DefinitionPoints& local,
+                     CachedElement& element);
 
     AcDbDatabase* database_;
     std::wstring layer_;
-    std::unordered_map<AcDbObjectId, CachedElement> elements_;
+    IdMap<CachedElement> elements_;
+    Points points_; ///< Of all elements.
     std::unordered_map<AcDbObjectId, Read<DefinitionPoints>> definitions_;
     std::unordered_map<AcDbObjectId, std::uint64_t> groupVersions_;
     std::vector<AcDbObjectId> changedElements_;
     std::uint64_t generation_ = 0;
-    CachedElement uncached_; ///< The last element that could not be read for now.
 };
 
 } // namespace zu

@@ -15,6 +15,9 @@ public:
     explicit ConnectionIndexes(AcDbDatabase& database) : cache_(database) {}
 
     [[nodiscard]] const CachedElement& element(AcDbObjectId id) { return cache_.element(id); }
+    [[nodiscard]] std::span<const AcGePoint3d> points(const CachedElement& element) const {
+        return cache_.points(element);
+    }
     [[nodiscard]] int linkKind(AcDbObjectId id) { return cache_.linkKind(id); }
     /// The points of a block definition on the connection layer.
     [[nodiscard]] const Read<DefinitionPoints>& definition(AcDbObjectId block) {

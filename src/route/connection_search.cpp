@@ -81,7 +81,10 @@ public:
         if (indexes_ == nullptr || !canBeRead(*indexes_, element_))
             return std::nullopt;
         const zu::CachedElement& read = indexes_->element(element_);
-        return read.status == Acad::eOk ? std::optional(read.points) : std::nullopt;
+        if (read.status != Acad::eOk)
+            return std::nullopt;
+        const std::span<const AcGePoint3d> points = indexes_->points(read);
+        return zu::Points(points.begin(), points.end());
     }
 
     /// Appends the joined candidates; -1 when they can't be read.
@@ -94,8 +97,10 @@ public:
             return -1;
         Contained isKnown(result);
         zu::SmallSet<int> seen;
+        std::vector<int> positions;
         for (const AcGePoint3d& point : tested) {
-            for (const int position : index->near(zu::inPlan(point), distance_, seen)) {
+            index->findNear(zu::inPlan(point), distance_, seen, positions);
+            for (const int position : positions) {
                 const AcDbObjectId candidate = index->candidates()[position];
                 if (candidate == element_ || !canBeRead(*indexes_, candidate) ||
                     !filter_(*indexes_, candidate) || isKnown(candidate))

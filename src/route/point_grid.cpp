@@ -45,7 +45,7 @@ std::uint64_t mixed(std::uint64_t bits) {
 } // namespace
 
 PointGrid::PointGrid(double greatestDistance)
-    : cellSize_(std::max(greatestDistance * kCellsPerDistance, kLeastCell)), slots_(kFewestSlots) {}
+    : cellSize_(std::max(greatestDistance * kCellsPerDistance, kLeastCell)), slots_(kFewestSlots, kEnd) {}
 
 void PointGrid::reserve(std::size_t points) {
     entries_.reserve(points);
@@ -56,24 +56,28 @@ void PointGrid::reserve(std::size_t points) {
 std::size_t PointGrid::placeOf(const Cell& cell) const {
     const std::size_t mask = slots_.size() - 1;
     std::size_t place = CellHash()(cell) & mask;
-    while (slots_[place].isUsed && !(slots_[place].cell == cell))
+    const auto isOther = [&](std::int32_t first) {
+        return first == kLeft ||
+               (first != kEnd && !(cellOf(entries_[static_cast<std::size_t>(first)].point) == cell));
+    };
+    while (isOther(slots_[place]))
         place = (place + 1) & mask;
     return place;
 }
 
 std::int32_t PointGrid::firstOf(const Cell& cell) const {
-    return slots_[placeOf(cell)].first;
+    return slots_[placeOf(cell)];
 }
 
 /// Makes the table at least as large, and drops cells without entries.
 void PointGrid::grow(std::size_t slots) {
-    const std::vector<Slot> old =
-        std::exchange(slots_, std::vector<Slot>(std::max({slots, slots_.size(), kFewestSlots})));
+    std::vector<std::int32_t> old(std::max({slots, slots_.size(), kFewestSlots}), kEnd);
+    std::swap(old, slots_);
     usedSlots_ = 0;
-    for (const Slot& slot : old) {
-        if (slot.first == kEnd)
+    for (const std::int32_t first : old) {
+        if (first < 0)
             continue;
-        slots_[placeOf(slot.cell)] = slot;
+        slots_[placeOf(cellOf(entries_[static_cast<std::size_t>(first)].point))] = first;
         ++usedSlots_;
     }
 }
@@ -126,39 +130,41 @@ void PointGrid::addEntry(const Cell& at, const AcGePoint3d& point, int owner, st
     }
     if ((usedSlots_ + 1) * kSlotsPerCell > slots_.size())
         grow(entries_.size() * kSlotsPerCell * 2 > slots_.size() ? slots_.size() * 2 : slots_.size());
-    Slot& slot = slots_[placeOf(at)];
-    usedSlots_ += slot.isUsed ? 0 : 1;
-    slot.cell = at;
-    slot.isUsed = true;
-    entries_[static_cast<std::size_t>(place)] = {point, owner, cluster, slot.first};
-    slot.first = place;
+    std::int32_t& first = slots_[placeOf(at)];
+    usedSlots_ += first == kEnd ? 1 : 0;
+    if (static_cast<std::size_t>(owner) >= owners_.size())
+        owners_.resize(static_cast<std::size_t>(owner) + 1, kEnd);
+    std::int32_t& firstOwn = owners_[static_cast<std::size_t>(owner)];
+    entries_[static_cast<std::size_t>(place)] = {point, owner, cluster, first, firstOwn};
+    first = place;
+    firstOwn = place;
 }
 
-void PointGrid::remove(std::span<const AcGePoint3d> points, int owner) {
-    if (points.size() <= kFewPoints) {
-        for (const AcGePoint3d& point : points)
-            if (isFinite(point))
-                removeOwner(cellOf(point), owner);
+void PointGrid::remove(int owner) {
+    if (static_cast<std::size_t>(owner) >= owners_.size())
+        return;
+    std::int32_t place = std::exchange(owners_[static_cast<std::size_t>(owner)], kEnd);
+    while (place != kEnd) {
+        Entry& entry = entries_[static_cast<std::size_t>(place)];
+        unlink(place);
+        clusters_.erase(entry.cluster);
+        entry.next = std::exchange(free_, place);
+        place = entry.nextOwn;
+    }
+}
+
+/// Takes an entry out of its cell.
+void PointGrid::unlink(std::int32_t place) {
+    const Entry& entry = entries_[static_cast<std::size_t>(place)];
+    std::int32_t& first = slots_[placeOf(cellOf(entry.point))];
+    if (first == place) {
+        first = entry.next == kEnd ? kLeft : entry.next;
         return;
     }
-    for (const Run& run : runs(points))
-        removeOwner(run.first, owner);
-}
-
-void PointGrid::removeOwner(const Cell& at, int owner) {
-    std::int32_t* link = &slots_[placeOf(at)].first;
-    while (*link != kEnd) {
-        Entry& entry = entries_[static_cast<std::size_t>(*link)];
-        if (entry.owner != owner) {
-            link = &entry.next;
-            continue;
-        }
-        const std::int32_t place = *link;
-        clusters_.erase(entry.cluster);
-        *link = entry.next;
-        entry.next = free_;
-        free_ = place;
-    }
+    std::int32_t* link = &first;
+    while (*link != place)
+        link = &entries_[static_cast<std::size_t>(*link)].next;
+    *link = entry.next;
 }
 
 std::array<std::int32_t, 9> PointGrid::chainsNear(const AcGePoint3d& centre, double distance) const {

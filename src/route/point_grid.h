@@ -24,8 +24,8 @@ public:
     void reserve(std::size_t points);
     /// Adds all points of an owner; skips points that are not finite.
     void add(std::span<const AcGePoint3d> points, int owner);
-    /// Removes the owner's entries at these points.
-    void remove(std::span<const AcGePoint3d> points, int owner);
+    /// Removes all points of an owner.
+    void remove(int owner);
 
     /// Calls `take` with the owner of each point within the distance, in no particular order and possibly
     /// several times per owner, until it returns false. Skips owners for which `skips` returns true.
@@ -55,15 +55,10 @@ private:
         int owner;
         std::int32_t cluster; ///< The cluster of the owner's points; kEnd for a single point.
         std::int32_t next;    ///< In the same cell, or in the chain of free entries.
+        std::int32_t nextOwn; ///< Of the same owner.
     };
     static constexpr std::int32_t kEnd = -1;
-    /// A cell with its first entry. Cells lie in a table where each is found from its hash on, the next free
-    /// place; those without entries stay until the table grows.
-    struct Slot {
-        Cell cell;
-        std::int32_t first = kEnd;
-        bool isUsed = false;
-    };
+    static constexpr std::int32_t kLeft = -2; ///< The slot of a cell that has no entries any more.
 
     [[nodiscard]] double index(double coordinate) const;
     [[nodiscard]] Cell cellOf(const AcGePoint3d& point) const { return {index(point.x), index(point.y)}; }
@@ -73,7 +68,7 @@ private:
     [[nodiscard]] std::int32_t firstOf(const Cell& cell) const;
     void grow(std::size_t slots);
     void addEntry(const Cell& cell, const AcGePoint3d& point, int owner, std::int32_t cluster);
-    void removeOwner(const Cell& cell, int owner);
+    void unlink(std::int32_t place);
     /// First entries of the cells within the distance of the centre; kEnd for empty ones.
     [[nodiscard]] std::array<std::int32_t, 9> chainsNear(const AcGePoint3d& centre, double distance) const;
     [[nodiscard]] bool isWithin(const Entry& entry, const AcGePoint3d& centre, double distance) const {
@@ -82,10 +77,13 @@ private:
     }
 
     double cellSize_;
-    std::vector<Slot> slots_; ///< Their number is a power of two.
+    /// The first entry of each cell, which is that of its point. Cells lie in a table where each is found
+    /// from its hash on, in the next free place. The number of places is a power of two.
+    std::vector<std::int32_t> slots_;
     std::size_t usedSlots_ = 0;
     std::vector<Entry> entries_;
     std::int32_t free_ = kEnd;
+    std::vector<std::int32_t> owners_; ///< The first entry of each.
     std::unordered_map<std::int32_t, PointCluster> clusters_;
     std::int32_t nextCluster_ = 0;
 };

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <unordered_set>
-#include <vector>
 
 namespace zu {
 
@@ -12,16 +12,15 @@ template <typename T>
 class SmallSet {
 public:
     [[nodiscard]] bool contains(const T& value) const {
-        return many_.empty() ? std::find(few_.begin(), few_.end(), value) != few_.end()
-                             : many_.contains(value);
+        return many_.empty() ? std::find(few_.begin(), end(), value) != end() : many_.contains(value);
     }
 
     /// Returns false when the value was there.
     bool insert(const T& value) {
         if (contains(value))
             return false;
-        if (few_.size() < kFew) {
-            few_.push_back(value);
+        if (count_ < kFew) {
+            few_[count_++] = value;
             return true;
         }
         if (many_.empty())
@@ -33,7 +32,10 @@ public:
 private:
     static constexpr std::size_t kFew = 16;
 
-    std::vector<T> few_;
+    [[nodiscard]] auto end() const { return few_.begin() + static_cast<std::ptrdiff_t>(count_); }
+
+    std::array<T, kFew> few_{};
+    std::size_t count_ = 0;
     std::unordered_set<T> many_; ///< All values once there are more than a few.
 };
 

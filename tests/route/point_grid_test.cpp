@@ -24,7 +24,7 @@ TEST(PointGrid, FindsWhatComparingAllFinds) {
     for (int step = 0; step < 4000; ++step) {
         const int owner = static_cast<int>(below(150));
         if (const auto found = owners.find(owner); found != owners.end()) {
-            grid.remove(found->second, owner);
+            grid.remove(owner);
             owners.erase(found);
         } else {
             Points& points = owners[owner];

@@ -21,7 +21,6 @@
 #include <memory>
 #include <span>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace zu::app {
 
@@ -45,14 +44,8 @@ AcArray<AcDbObjectId> connectedTo(AcDbObjectId element, AcDbObjectId named, int 
     else
         groups.append(named);
     AcArray<AcDbObjectId> found;
-    std::unordered_set<AcDbObjectId> seen;
-    for (const AcDbObjectId group : groups) {
-        AcArray<AcDbObjectId> joined;
-        RootComn_GetConnectBlock(group, element, joined, nullptr, kind);
-        for (const AcDbObjectId other : joined)
-            if (seen.insert(other).second)
-                found.append(other);
-    }
+    for (const AcDbObjectId group : groups)
+        RootComn_GetConnectBlock(group, element, found, nullptr, kind);
     return found;
 }
 
