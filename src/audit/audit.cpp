@@ -1,14 +1,13 @@
 #include <zucomn/model/audit.h>
 
 #include "network.h"
+#include "route/id_map.h"
 
 #include <zucomn/model/elements.h>
 #include <zucomn/model/groups.h>
 #include <zucomn/route.h>
 
 #include <dbmain.h>
-
-#include <unordered_set>
 
 namespace zucomn {
 
@@ -26,10 +25,12 @@ std::vector<Group> readGroups(const AcDbDatabase& drawing) {
 std::vector<AcDbObjectId> otherMembers(const std::vector<Group>& groups,
                                        const std::vector<AcDbObjectId>& entities) {
     std::vector<AcDbObjectId> others;
-    std::unordered_set<AcDbObjectId> known(entities.begin(), entities.end());
+    zu::IdMap<bool> known;
+    for (const AcDbObjectId entity : entities)
+        known.tryEmplace(entity);
     for (const Group& group : groups)
         for (const AcDbObjectId member : group.members)
-            if (known.insert(member).second && member.objectClass()->isDerivedFrom(AcDbEntity::desc()))
+            if (known.tryEmplace(member).second && member.objectClass()->isDerivedFrom(AcDbEntity::desc()))
                 others.push_back(member);
     return others;
 }

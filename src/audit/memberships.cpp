@@ -1,4 +1,5 @@
 #include "findings.h"
+#include "route/id_map.h"
 #include "route/route_kinds.h"
 
 #include <zucomn/route.h>
@@ -83,11 +84,11 @@ private:
     using Groups = std::vector<ShrinkingGroup*>;
 
     void findSharedMembers() {
-        std::unordered_set<AcDbObjectId> members;
+        IdMap<bool> members;
         std::unordered_set<AcDbObjectId> shared;
         for (const ShrinkingGroup& group : groups_)
             for (const AcDbObjectId member : group.group().members)
-                if (!members.insert(member).second)
+                if (!members.tryEmplace(member).second)
                     shared.insert(member);
         if (shared.empty())
             return;

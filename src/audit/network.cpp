@@ -35,6 +35,11 @@ std::vector<AcDbObjectId> Network::joinedTo(const NetworkPoint& point) const {
 }
 
 void Network::addPoints() {
+    std::size_t count = 0;
+    for (const CountedElement& element : elements_)
+        count += element.points.size();
+    points_.reserve(count);
+    firstPoints_.reserve(elements_.size() + 1);
     for (std::size_t i = 0; i < elements_.size(); ++i) {
         firstPoints_.push_back(points_.size());
         int number = 0;

@@ -1,4 +1,5 @@
 #include "network.h"
+#include "route/id_map.h"
 
 #include <algorithm>
 #include <numeric>
@@ -14,10 +15,9 @@ class Parts {
 public:
     explicit Parts(const Network& network) : parents_(network.elements().size()) {
         std::iota(parents_.begin(), parents_.end(), std::size_t{0});
-        numbers_.reserve(parents_.size());
         for (const NetworkPoint& point : network.points()) {
             if (point.number == 0)
-                numbers_.emplace(network.elementOf(point), point.element);
+                numbers_.tryEmplace(network.elementOf(point)).first = point.element;
             for (const std::size_t other : point.others())
                 unite(point.element, other);
             if (point.gap)
@@ -27,8 +27,8 @@ public:
 
     /// Nullopt for what has no connection points.
     [[nodiscard]] std::optional<std::size_t> of(AcDbObjectId element) {
-        const auto number = numbers_.find(element);
-        return number != numbers_.end() ? std::optional(root(number->second)) : std::nullopt;
+        const std::size_t* const number = numbers_.find(element);
+        return number != nullptr ? std::optional(root(*number)) : std::nullopt;
     }
 
 private:
@@ -39,7 +39,7 @@ private:
     }
     void unite(std::size_t a, std::size_t b) { parents_[root(b)] = root(a); }
 
-    std::unordered_map<AcDbObjectId, std::size_t> numbers_;
+    IdMap<std::size_t> numbers_;
     std::vector<std::size_t> parents_;
 };
 

@@ -14,6 +14,8 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -207,9 +209,13 @@ private:
 
     /// As nearly every header is.
     [[nodiscard]] bool isHeaderRight() const {
-        const CString& header = record_.texts[0];
-        return hasFields(header, kHeaderFields) &&
-               zu::view(header).starts_with(std::to_wstring(record_.texts.GetSize() - 1) + kFieldSeparator);
+        const std::wstring_view header = zu::view(record_.texts[0]);
+        std::array<char, 16> digits{};
+        const char* const end =
+            std::to_chars(digits.data(), digits.data() + digits.size(), record_.texts.GetSize() - 1).ptr;
+        const auto field = std::mismatch<const char*>(digits.data(), end, header.begin(), header.end());
+        return hasFields(record_.texts[0], kHeaderFields) && field.first == end &&
+               *field.second == kFieldSeparator;
     }
 
     void checkHeader() {

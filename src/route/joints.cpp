@@ -1,6 +1,7 @@
 #include <zucomn/model/joints.h>
 
 #include "element_blocks.h"
+#include "id_map.h"
 #include "point_grid.h"
 #include "reference_facts.h"
 
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <unordered_map>
 
 namespace zucomn {
 
@@ -52,13 +52,15 @@ private:
     int numberOf(AcDbObjectId element) {
         if (!elements_.empty() && elements_.back() == element)
             return static_cast<int>(elements_.size()) - 1;
-        const auto [number, isNew] = numbers_.try_emplace(element, static_cast<int>(elements_.size()));
-        if (isNew)
+        const auto [number, isNew] = numbers_.tryEmplace(element);
+        if (isNew) {
+            number = static_cast<int>(elements_.size());
             elements_.push_back(element);
-        return number->second;
+        }
+        return number;
     }
 
-    std::unordered_map<AcDbObjectId, int> numbers_;
+    zu::IdMap<int> numbers_;
     std::vector<AcDbObjectId> elements_;
     std::vector<int> owners_;         ///< Of each point.
     std::vector<AcGePoint3d> places_; ///< Those of the first element, then those of the next one ...

@@ -8,7 +8,7 @@
 #include <zuhost/audit.h>
 #include <zuhost/names.h>
 
-#include <unordered_map>
+#include <algorithm>
 #include <utility>
 
 namespace zu::app {
@@ -22,11 +22,16 @@ public:
         for (const AcDbObjectId id : zucomn::groupsOf(drawing))
             if (const auto group = zucomn::readGroup(id))
                 add(*group);
+        std::ranges::stable_sort(members_, {}, &Member::id);
     }
 
     [[nodiscard]] std::string of(AcDbObjectId object) const {
-        const auto found = groupOf_.find(object);
-        return found != groupOf_.end() ? names_[found->second].name : std::string();
+        const auto [first, last] = std::ranges::equal_range(members_, object, {}, &Member::id);
+        const auto isRoute = [this](const Member& member) { return names_[member.group].isRoute; };
+        const auto route = std::find_if(first, last, isRoute);
+        if (route != last)
+            return names_[route->group].name;
+        return first != last ? names_[first->group].name : std::string();
     }
 
 private:
@@ -34,20 +39,21 @@ private:
         std::string name;
         bool isRoute = false;
     };
+    struct Member {
+        AcDbObjectId id;
+        std::size_t group = 0; ///< Its place among the names.
+    };
 
     void add(const zucomn::Group& group) {
         const std::size_t number = names_.size();
         names_.push_back({narrow(group.name), group.isRouteGroup});
-        groupOf_.insert_or_assign(group.id, number);
-        for (const AcDbObjectId member : group.members) {
-            const auto [known, isNew] = groupOf_.try_emplace(member, number);
-            if (!isNew && group.isRouteGroup && !names_[known->second].isRoute)
-                known->second = number;
-        }
+        members_.push_back({group.id, number});
+        for (const AcDbObjectId member : group.members)
+            members_.push_back({member, number});
     }
 
     std::vector<Name> names_;
-    std::unordered_map<AcDbObjectId, std::size_t> groupOf_; ///< Places among the names.
+    std::vector<Member> members_; ///< By id, then in the order of the groups.
 };
 
 class FindingList {

@@ -7,6 +7,7 @@
 #include "object_access.h"
 #include "zuhost/members.h"
 
+#include <algorithm>
 #include <array>
 #include <unordered_set>
 
@@ -26,10 +27,13 @@ std::vector<AcDbObjectId> auditedEntities(const AcDbDatabase& database,
     std::vector<AcDbObjectId> entities;
     if (const AcDbObjectPointer<AcDbBlockTableRecord> space(spaceId); space.openStatus() == Acad::eOk)
         entities = entityIds(*space.object());
-    std::unordered_set<AcDbObjectId> known(entities.begin(), entities.end());
+    std::vector<AcDbObjectId> known = entities;
+    std::sort(known.begin(), known.end());
+    std::unordered_set<AcDbObjectId> others;
     for (const GroupMembers& group : groups)
         for (const AcDbObjectId member : group.members)
-            if (member.objectClass()->isDerivedFrom(AcDbEntity::desc()) && known.insert(member).second)
+            if (member.objectClass()->isDerivedFrom(AcDbEntity::desc()) &&
+                !std::binary_search(known.begin(), known.end(), member) && others.insert(member).second)
                 entities.push_back(member);
     return entities;
 }

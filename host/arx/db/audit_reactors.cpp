@@ -6,8 +6,8 @@
 
 #include <algorithm>
 #include <span>
-#include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace zuhost {
 
@@ -17,24 +17,31 @@ namespace {
 class Memberships {
 public:
     explicit Memberships(const std::vector<GroupMembers>& groups) {
+        std::vector<std::pair<AcDbObjectId, AcDbObjectId>> pairs;
         for (const GroupMembers& group : groups) {
             known_.insert(group.group);
             for (const AcDbObjectId member : group.members)
-                groupsOf_[member].push_back(group.group);
+                pairs.emplace_back(member, group.group);
+        }
+        std::ranges::stable_sort(pairs, {}, [](const auto& pair) { return pair.first; });
+        for (const auto& [member, group] : pairs) {
+            members_.push_back(member);
+            groups_.push_back(group);
         }
     }
 
     [[nodiscard]] bool hasGroup(AcDbObjectId id) const { return known_.contains(id); }
 
     [[nodiscard]] std::span<const AcDbObjectId> groupsOf(AcDbObjectId member) const {
-        const auto of = groupsOf_.find(member);
-        return of != groupsOf_.end() ? std::span<const AcDbObjectId>(of->second)
-                                     : std::span<const AcDbObjectId>();
+        const auto [first, last] = std::equal_range(members_.begin(), members_.end(), member);
+        return std::span(groups_).subspan(static_cast<std::size_t>(first - members_.begin()),
+                                          static_cast<std::size_t>(last - first));
     }
 
 private:
     std::unordered_set<AcDbObjectId> known_;
-    std::unordered_map<AcDbObjectId, std::vector<AcDbObjectId>> groupsOf_;
+    std::vector<AcDbObjectId> members_; ///< Ascending; once for each group.
+    std::vector<AcDbObjectId> groups_;  ///< Of each of the members, in the order of the groups.
 };
 
 bool isLiveGroup(AcDbObjectId id) {

@@ -25,6 +25,29 @@ zuhost::Tag entryOf(std::uint64_t handle) {
     return {kMember, zuhost::formatHandle(handle)};
 }
 
+/// The members of a group that were seen. Nearly all are listed in ascending order.
+class SeenMembers {
+public:
+    /// Returns false for a member that was there.
+    bool insert(const AcDbStub& member) {
+        if (ascending_.empty() || ascending_.back() < member.handle) {
+            ascending_.push_back(member.handle);
+            return true;
+        }
+        return !std::ranges::binary_search(ascending_, member.handle) && others_.insert(member.handle).second;
+    }
+
+private:
+    std::vector<std::uint64_t> ascending_;
+    std::unordered_set<std::uint64_t> others_;
+};
+
+/// The object that the record lists as a member; null for other records and objects not in the drawing.
+AcDbStub* listedBy(const TagRef& record, const zuhost::Document& document) {
+    const auto handle = record.code == kMember ? record.handle() : std::nullopt;
+    return handle ? document.find(*handle) : nullptr;
+}
+
 template <typename Predicate>
 void eraseEntries(zuhost::TagList& tags, Predicate isErased) {
     const TagRange range = tags.subclass(kMarker);
@@ -120,18 +143,15 @@ Adesk::UInt32 AcDbGroup::allEntityIds(AcDbObjectIdArray& ids) const {
     ids.removeAll();
     if (core() == nullptr)
         return 0;
-    std::unordered_set<const AcDbStub*> seen;
+    SeenMembers seen;
     for (const TagRef& tag : section(kMarker))
-        if (AcDbStub* const member = memberOf(tag, seen))
+        if (AcDbStub* const member = listedBy(tag, *core()->document); member && seen.insert(*member))
             ids.append(member);
     return static_cast<Adesk::UInt32>(ids.length());
 }
 
 AcDbStub* AcDbGroup::memberOf(const TagRef& record, std::unordered_set<const AcDbStub*>& seen) const {
-    if (record.code != kMember || core() == nullptr)
-        return nullptr;
-    const auto handle = record.handle();
-    AcDbStub* const member = handle ? core()->document->find(*handle) : nullptr;
+    AcDbStub* const member = core() != nullptr ? listedBy(record, *core()->document) : nullptr;
     return member != nullptr && seen.insert(member).second ? member : nullptr;
 }
 
@@ -139,10 +159,12 @@ std::vector<AcDbHandle> AcDbGroup::surplusEntries() const {
     std::vector<AcDbHandle> surplus;
     if (core() == nullptr)
         return surplus;
-    std::unordered_set<const AcDbStub*> seen;
-    for (const TagRef& tag : section(kMarker))
-        if (tag.code == kMember && memberOf(tag, seen) == nullptr)
+    SeenMembers seen;
+    for (const TagRef& tag : section(kMarker)) {
+        const AcDbStub* const member = listedBy(tag, *core()->document);
+        if (tag.code == kMember && (member == nullptr || !seen.insert(*member)))
             surplus.emplace_back(tag.handle().value_or(0));
+    }
     return surplus;
 }
 
