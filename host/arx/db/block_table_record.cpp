@@ -198,7 +198,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbEntity* entity) {
 Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity) {
     if (entity == nullptr)
         return Acad::eNullObjectPointer;
-    if (entity->database() != nullptr)
+    if (entity->database() != nullptr || zuhost::ObjectAccess::isPending(*entity))
         return Acad::eAlreadyInDb;
     if (!isWriteEnabled())
         return Acad::eNotOpenForWrite;
@@ -227,46 +227,4 @@ Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator
     iterator = new AcDbBlockTableRecordIterator(objectId(), entityIds(false));
     iterator->start(atBeginning, skipErased);
     return Acad::eOk;
-}
-
-void AcDbBlockTableRecordIterator::start(bool atBeginning, bool skipErased) {
-    at_ = atBeginning || ids_.empty() ? 0 : ids_.size() - 1;
-    skip(atBeginning, skipErased);
-}
-
-void AcDbBlockTableRecordIterator::step(bool forward, bool skipErased) {
-    if (done())
-        return;
-    at_ = forward ? at_ + 1 : at_ - 1; // before the first entity the position wraps to one past the end
-    skip(forward, skipErased);
-}
-
-void AcDbBlockTableRecordIterator::skip(bool forward, bool skipErased) {
-    while (skipErased && at_ < ids_.size() && ids_[at_].isErased())
-        at_ = forward ? at_ + 1 : at_ - 1;
-}
-
-Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntityId(AcDbObjectId& id) const {
-    if (done())
-        return Acad::eInvalidIndex;
-    id = ids_[at_];
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity, AcDb::OpenMode mode,
-                                                          bool openErased) const {
-    entity = nullptr;
-    return done() ? Acad::eInvalidIndex : acdbOpenObject(entity, ids_[at_], mode, openErased);
-}
-
-Acad::ErrorStatus AcDbBlockTableRecordIterator::seek(AcDbObjectId id) {
-    const auto found = std::find(ids_.begin(), ids_.end(), id);
-    if (found == ids_.end())
-        return Acad::eKeyNotFound;
-    at_ = static_cast<std::size_t>(found - ids_.begin());
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbBlockTableRecordIterator::seek(const AcDbEntity* entity) {
-    return entity != nullptr ? seek(entity->objectId()) : Acad::eNullObjectPointer;
 }

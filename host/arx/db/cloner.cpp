@@ -6,6 +6,7 @@
 #include "dbsymtb.h"
 #include "dxf_records/number_text.h"
 #include "dxf_records/value_type.h"
+#include "name_codes.h"
 #include "object_access.h"
 
 #include <algorithm>
@@ -17,27 +18,6 @@ namespace {
 constexpr int kBracket = 102;
 constexpr int kOwned = 360;
 constexpr std::string_view kExtension = "ACAD_XDICTIONARY";
-
-/// Where an object names a record of a symbol table.
-struct NameCode {
-    std::string_view type; ///< Empty for all types.
-    int code;
-    std::string_view table;
-};
-
-constexpr NameCode kNameCodes[] = {
-    {"", 8, "LAYER"},
-    {"", 6, "LTYPE"},
-    {"INSERT", 2, "BLOCK_RECORD"},
-    {"TEXT", 7, "STYLE"},
-    {"MTEXT", 7, "STYLE"},
-    {"ATTRIB", 7, "STYLE"},
-    {"ATTDEF", 7, "STYLE"},
-    {"LEADER", 3, "DIMSTYLE"},
-    {"TOLERANCE", 3, "DIMSTYLE"},
-    {"DIMENSION", 3, "DIMSTYLE"},
-    {"DIMENSION", 2, "BLOCK_RECORD"},
-};
 
 /// Returns the handles of a dictionary's entries, which follow their names (3).
 std::vector<std::uint64_t> entryHandles(const TagView& tags) {

@@ -129,8 +129,9 @@ Acad::ErrorStatus AcDbDatabase::wblockCloneObjects(AcDbObjectIdArray& ids, AcDbO
 
 Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& block, const ACHAR* name, AcDbDatabase* other,
                                        bool /*preserveSource*/) {
-    if (name == nullptr || *name == L'\0')
-        return Acad::eInvalidInput;
+    auto record = std::make_unique<AcDbBlockTableRecord>();
+    if (const Acad::ErrorStatus named = record->setName(name); named != Acad::eOk)
+        return named;
     if (other == nullptr)
         return Acad::eNullObjectPointer;
     if (other == this)
@@ -139,8 +140,6 @@ Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& block, const ACHAR* name, A
     Acad::ErrorStatus status = getSymbolTable(table, AcDb::kForWrite);
     if (status != Acad::eOk)
         return status;
-    auto record = std::make_unique<AcDbBlockTableRecord>();
-    record->setName(name);
     record->setOrigin(other->insbase());
     AcDbObjectId added;
     status = table->add(added, record.get());

@@ -4,6 +4,7 @@
 #include "dbmain.h"
 #include "dbsymtb.h"
 #include "dbtrans.h"
+#include "object_access.h"
 #include "transactions.h"
 #include "zuhost/drawing_files.h"
 
@@ -186,7 +187,7 @@ Acad::ErrorStatus AcDbDatabase::getGroupDictionary(AcDbDictionary*& dictionary, 
 Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* object) {
     if (object == nullptr)
         return Acad::eNullObjectPointer;
-    if (object->database() != nullptr)
+    if (object->database() != nullptr || zuhost::ObjectAccess::isPending(*object))
         return Acad::eAlreadyInDb;
     if (!core_->document)
         return Acad::eNoDatabase;

@@ -132,6 +132,7 @@ AcDbObjectId DatabaseCore::adopt(AcDbObject* object, Container& container, AcDbS
     object->writing_ = true;
     object->modified_ = true;
     object->appended_ = true;
+    object->isHeld_ = false;
     undo.record(*stub, &tags, UndoLog::Kind::appended);
     if (prepare)
         prepare(*stub);

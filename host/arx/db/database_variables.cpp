@@ -3,6 +3,7 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "drawing/tag_view.h"
+#include "line_weights.h"
 #include "record_name.h"
 
 #include <algorithm>
@@ -171,6 +172,8 @@ AcDb::LineWeight AcDbDatabase::celweight() const {
     return static_cast<AcDb::LineWeight>(integerVariable(*core_, "$CELWEIGHT", 370, AcDb::kLnWtByLayer));
 }
 Acad::ErrorStatus AcDbDatabase::setCelweight(AcDb::LineWeight weight) {
+    if (!zuhost::isLineWeight(weight))
+        return Acad::eInvalidInput;
     return setVariable(*core_, "$CELWEIGHT", 370, std::int64_t{weight});
 }
 

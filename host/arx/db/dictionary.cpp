@@ -5,6 +5,7 @@
 #include "dbsymtb.h"
 #include "dxf_records/number_text.h"
 #include "new_text.h"
+#include "object_access.h"
 
 #include <algorithm>
 #include <utility>
@@ -194,6 +195,8 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
     if (AcDbEntity::cast(object) != nullptr || AcDbSymbolTableRecord::cast(object) != nullptr ||
         AcDbSymbolTable::cast(object) != nullptr)
         return Acad::eWrongObjectType;
+    if (zuhost::ObjectAccess::isPending(*object))
+        return Acad::eInvalidInput;
     if (core() == nullptr) {
         id = AcDbObjectId();
         return setToCome(name, object);
@@ -246,22 +249,23 @@ Acad::ErrorStatus AcDbDictionary::setToCome(const ACHAR* name, AcDbObject* objec
     if (object->database() != nullptr)
         return Acad::eNotInDatabase;
     const auto* const inner = AcDbDictionary::cast(object);
-    if (holdsToCome(object) || (inner != nullptr && inner->holdsToCome(this)))
+    if (inner != nullptr && inner->holdsToCome(this))
         return Acad::eInvalidInput;
     if (const auto old = findToCome(name); old != entriesToCome_.end())
         entriesToCome_.erase(old);
-    entriesToCome_.push_back({name, std::unique_ptr<AcDbObject>(object)});
+    entriesToCome_.push_back({name, zuhost::ObjectAccess::pending(object)});
     return Acad::eOk;
 }
 
 void AcDbDictionary::subAppended() {
     for (EntryToCome& entry : std::exchange(entriesToCome_, {})) {
         AcDbObjectId id;
-        AcDbObject* const object = entry.object.release();
-        if (setAt(entry.name.c_str(), object, id) == Acad::eOk)
+        const bool staysOpen = zuhost::ObjectAccess::isHeld(*entry.object);
+        AcDbObject* const object = zuhost::ObjectAccess::released(std::move(entry.object));
+        if (setAt(entry.name.c_str(), object, id) != Acad::eOk)
+            zuhost::PendingDeleter()(object);
+        else if (!staysOpen)
             object->close();
-        else
-            delete object;
     }
 }
 

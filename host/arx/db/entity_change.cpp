@@ -209,7 +209,7 @@ bool addLayer(AcDbDatabase& database, const ACHAR* name) {
     if (table.openStatus() != Acad::eOk)
         return false;
     auto record = std::make_unique<AcDbLayerTableRecord>();
-    if (record->setName(name) != Acad::eOk || table->add(record.get()) != Acad::eOk)
+    if (ObjectAccess::setName(*record, name) != Acad::eOk || table->add(record.get()) != Acad::eOk)
         return false;
     record.release()->close();
     return true;

@@ -26,8 +26,7 @@ Acad::ErrorStatus appendPart(AcDbEntity& owner, NewParts& pending, AcDbEntity* p
     if (part->database() != nullptr || ObjectAccess::isPending(*part))
         return Acad::eAlreadyInDb;
     if (owner.database() == nullptr) {
-        ObjectAccess::setPending(*part);
-        pending.emplace_back(part);
+        pending.push_back(ObjectAccess::pending(part));
         return Acad::eOk;
     }
     if (!owner.isWriteEnabled())
@@ -41,8 +40,11 @@ void appendPending(AcDbEntity& owner, NewParts& pending, bool endsAlways) {
     DatabaseCore& core = coreOf(*owner.database());
     const bool ends = endsAlways || !pending.empty();
     for (auto& part : pending) {
-        core.adoptPart(*part, *static_cast<AcDbStub*>(owner.objectId()));
-        part.release()->close();
+        const bool staysOpen = ObjectAccess::isHeld(*part);
+        AcDbEntity* const added = ObjectAccess::released(std::move(part));
+        core.adoptPart(*added, *static_cast<AcDbStub*>(owner.objectId()));
+        if (!staysOpen)
+            added->close();
     }
     pending.clear();
     if (ends)
@@ -82,7 +84,7 @@ std::vector<const AcDbEntity*> readParts(const AcDbEntity& owner, const NewParts
 void copyParts(const AcDbEntity& owner, const NewParts& pending, NewParts& copies) {
     for (const AcDbEntity* const part : readParts(owner, pending))
         if (std::unique_ptr<AcRxObject> copy(part->clone()); AcDbEntity::cast(copy.get()) != nullptr)
-            copies.emplace_back(static_cast<AcDbEntity*>(copy.release()));
+            copies.push_back(ObjectAccess::pending(static_cast<AcDbEntity*>(copy.release())));
 }
 
 Acad::ErrorStatus canChangeParts(const AcDbEntity& owner) {

@@ -7,7 +7,7 @@
 namespace zuhost {
 
 /// Parts of an entity that is in no database.
-using NewParts = std::vector<std::unique_ptr<AcDbEntity>>;
+using NewParts = std::vector<PendingPtr<AcDbEntity>>;
 
 /// Appends a part to its entity: to `pending` while the entity is in no database, else to the database, open
 /// for write and with a record that ends the sequence. The part is owned by the callee on success only.

@@ -7,6 +7,7 @@
 #include "dbsymtb.h"
 #include "drawing/tag_view.h"
 #include "entity_change.h"
+#include "line_weights.h"
 #include "record_name.h"
 
 #include <algorithm>
@@ -43,9 +44,6 @@ int introducedIn(int code) {
                      [code](const Introduced& property) { return property.code == code; });
     return found != kIntroduced.end() ? found->version : 0;
 }
-
-constexpr std::array kWeights{0,  5,  9,  13,  15,  18,  20,  25,  30,  35,  40, 50, 53, 60,
-                              70, 80, 90, 100, 106, 120, 140, 158, 200, 211, -1, -2, -3};
 
 } // namespace
 
@@ -120,7 +118,7 @@ Acad::ErrorStatus AcDbEntity::setLinetypeScale(double scale, bool doSubents) {
 }
 
 Acad::ErrorStatus AcDbEntity::setLineWeight(AcDb::LineWeight weight, bool doSubents) {
-    if (std::find(kWeights.begin(), kWeights.end(), weight) == kWeights.end())
+    if (!zuhost::isLineWeight(weight))
         return Acad::eInvalidInput;
     if (!canHold(kLineWeight))
         return Acad::eNotApplicable;

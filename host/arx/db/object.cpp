@@ -21,6 +21,12 @@ AcDbObject::~AcDbObject() {
     notifyReactors([this](AcDbObjectReactor& r) { r.goodbye(this); });
 }
 
+void zuhost::PendingDeleter::operator()(AcDbObject* object) const {
+    object->isPending_ = false;
+    if (!object->isHeld_)
+        delete object;
+}
+
 AcDbObjectId AcDbObject::ownerId() const {
     return stub_ != nullptr ? AcDbObjectId(stub_->owner) : AcDbObjectId();
 }

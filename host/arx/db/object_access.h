@@ -13,6 +13,7 @@ namespace zuhost {
 struct ObjectAccess {
     static std::wstring layer(const AcDbEntity& entity) { return entity.layerText(); }
     static std::wstring block(const AcDbBlockReference& reference) { return reference.nameOfBlock(); }
+    static std::vector<CurvePiece> pieces(const AcDbCurve& curve);
     static TagView records(const AcDbBlockReference& reference) { return reference.ownSection(); }
     /// Sets position, scale, rotation and normal to those in the records of a reference.
     template <typename Place>
@@ -57,14 +58,37 @@ struct ObjectAccess {
     static bool canBeIn(const AcDbEntity& entity, const Document& document) {
         return entity.canBeIn(document);
     }
+    /// Changes the records of an object of a database, whether it is open or not.
+    template <typename Change>
+    static void changeAnyhow(AcDbObject& object, Change change) {
+        const bool wasWriting = object.writing_;
+        object.writing_ = true;
+        if (object.assertWriteEnabled() == Acad::eOk)
+            change(object.changingTags());
+        object.writing_ = wasWriting;
+        if (!wasWriting)
+            object.notifyClosed();
+    }
+    /// Sets a name without checking it.
+    static Acad::ErrorStatus setName(AcDbSymbolTableRecord& record, std::wstring_view name) {
+        return record.setTextTag({}, 2, name);
+    }
     static void setRecords(AcDbObject& object, TagList records) {
         object.changingTags() = std::move(records);
     }
-    /// Marks an object that is in no database as a part of another one that will add it to a database.
-    static void setPending(AcDbObject& object) { object.appended_ = true; }
-    static bool isPending(const AcDbObject& object) {
-        return object.appended_ && object.database() == nullptr;
+    /// Takes ownership of an object that is in no database for another one, which will add it to a database.
+    template <typename T>
+    static PendingPtr<T> pending(T* object) {
+        object->isPending_ = true;
+        return PendingPtr<T>(object);
     }
+    template <typename T>
+    static T* released(PendingPtr<T> object) {
+        object->isPending_ = false;
+        return object.release();
+    }
+    static bool isPending(const AcDbObject& object) { return object.isPending_; }
+    static bool isHeld(const AcDbObject& object) { return object.isHeld_; }
     static std::wstring anonymousName(const AcDbDictionary& dictionary) { return dictionary.anonymousName(); }
     template <typename Notify>
     static void notifyReactors(const AcDbObject& object, Notify notify) {

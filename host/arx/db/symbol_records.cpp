@@ -3,6 +3,7 @@
 #include "color_records.h"
 #include "database_core.h"
 #include "drawing/tag_view.h"
+#include "line_weights.h"
 #include "new_text.h"
 #include "record_name.h"
 
@@ -115,6 +116,8 @@ AcDb::LineWeight AcDbLayerTableRecord::lineWeight() const {
 }
 
 Acad::ErrorStatus AcDbLayerTableRecord::setLineWeight(AcDb::LineWeight weight) {
+    if (!zuhost::isLineWeight(weight) || weight == AcDb::kLnWtByLayer || weight == AcDb::kLnWtByBlock)
+        return Acad::eInvalidInput;
     return setIntegerTag({}, 370, weight);
 }
 

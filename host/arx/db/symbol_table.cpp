@@ -3,6 +3,7 @@
 #include "database_core.h"
 #include "new_text.h"
 #include "object_access.h"
+#include "renaming.h"
 
 #include <algorithm>
 
@@ -64,65 +65,28 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setFlag(std::int64_t bit, bool on) {
 }
 
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
-    if (name == nullptr || *name == L'\0')
+    const bool isBlock = AcDbBlockTableRecord::cast(this) != nullptr;
+    if (name == nullptr || !zuhost::isRecordName(name, isBlock))
         return Acad::eInvalidInput;
     AcDbStub* const table = ownerId();
-    if (core() != nullptr && table != nullptr) {
-        const AcDbStub* const known = core()->findRecord(*table, name, false);
-        if (known != nullptr && known != static_cast<AcDbStub*>(objectId()))
-            return Acad::eDuplicateRecordName;
-    }
+    if (core() == nullptr || table == nullptr)
+        return setTextTag({}, 2, name);
+    const AcDbStub* const known = core()->findRecord(*table, name, false);
+    if (known != nullptr && known != static_cast<AcDbStub*>(objectId()))
+        return Acad::eDuplicateRecordName;
+    const std::wstring before = nameText();
     const Acad::ErrorStatus status = setTextTag({}, 2, name);
-    if (status == Acad::eOk && table != nullptr)
-        core()->invalidateNames(table);
+    if (status != Acad::eOk || before == name)
+        return status;
+    core()->invalidateNames(table);
+    core()->invalidateLocks();
+    const std::string type =
+        isBlock ? "BLOCK_RECORD" : std::string(core()->tags(*table).text(2).value_or(""));
+    zuhost::renameReferences(*core(), type, before, name);
     return status;
 }
 
 // ---- tables
-
-void AcDbSymbolTableIterator::start(bool atBeginning, bool skipErased) {
-    at_ = atBeginning || ids_.empty() ? 0 : ids_.size() - 1;
-    skip(atBeginning, skipErased);
-}
-
-void AcDbSymbolTableIterator::step(bool forward, bool skipErased) {
-    if (done())
-        return;
-    at_ = forward ? at_ + 1 : at_ - 1; // before the first record the position wraps to one past the end
-    skip(forward, skipErased);
-}
-
-void AcDbSymbolTableIterator::skip(bool forward, bool skipErased) {
-    while (skipErased && at_ < ids_.size() && ids_[at_].isErased())
-        at_ = forward ? at_ + 1 : at_ - 1;
-}
-
-Acad::ErrorStatus AcDbSymbolTableIterator::getRecordId(AcDbObjectId& id) const {
-    if (done())
-        return Acad::eInvalidIndex;
-    id = ids_[at_];
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbSymbolTableIterator::getRecord(AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
-                                                     bool openErased) const {
-    record = nullptr;
-    AcDbObjectId id;
-    const Acad::ErrorStatus status = getRecordId(id);
-    return status == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : status;
-}
-
-Acad::ErrorStatus AcDbSymbolTableIterator::seek(AcDbObjectId id) {
-    const auto found = std::find(ids_.begin(), ids_.end(), id);
-    if (found == ids_.end())
-        return Acad::eKeyNotFound;
-    at_ = static_cast<std::size_t>(found - ids_.begin());
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbSymbolTableIterator::seek(const AcDbSymbolTableRecord* record) {
-    return record != nullptr ? seek(record->objectId()) : Acad::eNullObjectPointer;
-}
 
 Acad::ErrorStatus AcDbSymbolTable::getIdAt(const ACHAR* name, AcDbObjectId& id, bool getErased) const {
     if (name == nullptr)
@@ -204,7 +168,7 @@ std::vector<AcDbObjectId> AcDbSymbolTable::recordIds() const {
 Acad::ErrorStatus AcDbSymbolTable::newIterator(AcDbSymbolTableIterator*& iterator, bool atBeginning,
                                                bool skipErased) const {
     iterator = new AcDbSymbolTableIterator;
-    iterator->ids_ = recordIds();
+    iterator->records_ = zuhost::IdCursor(recordIds());
     iterator->start(atBeginning, skipErased);
     return Acad::eOk;
 }

@@ -3,18 +3,17 @@
 #include "dbents.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
+#include "zuhost/curve_points.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <memory>
-#include <numbers>
 
 namespace zuhost {
 
 namespace {
 
-constexpr double kTurn = 2.0 * std::numbers::pi;
 constexpr int kChordsPerTurn = 96;
 constexpr int kDeepest = 16;
 /// Limits what nested blocks expand to, which grows exponentially.
@@ -29,9 +28,7 @@ public:
 
 private:
     void addPath(const std::vector<AcGePoint3d>& points, const AcGeMatrix3d& transform);
-    void addArc(const AcGePoint3d& centre, double radius, const AcGeVector3d& normal, double start,
-                double sweep, const AcGeMatrix3d& transform);
-    void addPolyline(const AcDbPolyline& polyline, const AcGeMatrix3d& transform);
+    void addCurve(const AcDbCurve& curve, const AcGeMatrix3d& transform);
     void addFrame(const AcGePoint3d& corner, double width, double height, double rotation,
                   const AcGeMatrix3d& transform);
     void addReference(const AcDbBlockReference& reference, const AcGeMatrix3d& transform, int depth);
@@ -47,63 +44,13 @@ void OutlineBuilder::addPath(const std::vector<AcGePoint3d>& points, const AcGeM
         paths.push_back(std::move(path));
 }
 
-int chords(double sweep) {
-    return std::clamp(static_cast<int>(std::ceil(std::abs(sweep) / kTurn * kChordsPerTurn)), 1,
-                      kChordsPerTurn);
-}
-
-void OutlineBuilder::addArc(const AcGePoint3d& centre, double radius, const AcGeVector3d& normal,
-                            double start, double sweep, const AcGeMatrix3d& transform) {
-    if (!std::isfinite(sweep))
-        return;
-    const AcGeMatrix3d plane = AcGeMatrix3d::planeToWorld(normal);
-    std::vector<AcGePoint3d> points;
-    const int count = chords(sweep);
-    for (int i = 0; i <= count; ++i) {
-        const double angle = start + sweep * i / count;
-        points.push_back(centre +
-                         plane * AcGeVector3d(radius * std::cos(angle), radius * std::sin(angle), 0.0));
-    }
+void OutlineBuilder::addCurve(const AcDbCurve& curve, const AcGeMatrix3d& transform) {
+    std::vector<AcGePoint3d> points = curvePoints(curve, kChordsPerTurn);
+    const auto* const polyline = AcDbPolyline::cast(&curve);
+    AcGePoint3d only;
+    if (points.empty() && polyline != nullptr && polyline->getPointAt(0, only) == Acad::eOk)
+        points.push_back(only);
     addPath(points, transform);
-}
-
-/// Appends the points of an arc segment after its first one.
-void addBulge(std::vector<AcGePoint3d>& points, const AcGePoint2d& from, const AcGePoint2d& to, double bulge,
-              double elevation) {
-    const double sweep = 4.0 * std::atan(bulge);
-    const int count = bulge == 0.0 ? 1 : chords(sweep);
-    const AcGeVector2d chord = to - from;
-    const double size = chord.length();
-    if (count > 1 && size > 0.0 && std::isfinite(bulge)) {
-        const double radius = size / 2.0 / std::sin(sweep / 2.0);
-        const double height = radius * std::cos(sweep / 2.0);
-        const AcGePoint2d centre(from.x + chord.x / 2.0 - chord.y / size * height,
-                                 from.y + chord.y / 2.0 + chord.x / size * height);
-        const double start = std::atan2(from.y - centre.y, from.x - centre.x);
-        for (int i = 1; i < count; ++i) {
-            const double angle = start + sweep * i / count;
-            points.emplace_back(centre.x + std::abs(radius) * std::cos(angle),
-                                centre.y + std::abs(radius) * std::sin(angle), elevation);
-        }
-    }
-    points.emplace_back(to.x, to.y, elevation);
-}
-
-void OutlineBuilder::addPolyline(const AcDbPolyline& polyline, const AcGeMatrix3d& transform) {
-    const unsigned int count = polyline.numVerts();
-    std::vector<AcGePoint3d> points;
-    AcGePoint2d from;
-    for (unsigned int i = 0; i < count + (polyline.isClosed() ? 1 : 0); ++i) {
-        AcGePoint2d to;
-        double bulge = 0.0;
-        polyline.getPointAt(i % count, to);
-        if (i == 0)
-            points.emplace_back(to.x, to.y, polyline.elevation());
-        else if (polyline.getBulgeAt(i - 1, bulge) == Acad::eOk)
-            addBulge(points, from, to, bulge, polyline.elevation());
-        from = to;
-    }
-    addPath(points, transform * AcGeMatrix3d::planeToWorld(polyline.normal()));
 }
 
 void OutlineBuilder::addFrame(const AcGePoint3d& corner, double width, double height, double rotation,
@@ -140,14 +87,8 @@ double textWidth(const AcDbText& text) {
 }
 
 void OutlineBuilder::add(const AcDbEntity& entity, const AcGeMatrix3d& transform, int depth) {
-    if (const auto* const line = AcDbLine::cast(&entity))
-        addPath({line->startPoint(), line->endPoint()}, transform);
-    else if (const auto* const circle = AcDbCircle::cast(&entity))
-        addArc(circle->center(), circle->radius(), circle->normal(), 0.0, kTurn, transform);
-    else if (const auto* const arc = AcDbArc::cast(&entity))
-        addArc(arc->center(), arc->radius(), arc->normal(), arc->startAngle(), arc->totalAngle(), transform);
-    else if (const auto* const polyline = AcDbPolyline::cast(&entity))
-        addPolyline(*polyline, transform);
+    if (const auto* const curve = AcDbCurve::cast(&entity))
+        addCurve(*curve, transform);
     else if (const auto* const point = AcDbPoint::cast(&entity))
         addPath({point->position()}, transform);
     else if (const auto* const text = AcDbText::cast(&entity))

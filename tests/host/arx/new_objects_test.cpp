@@ -1,4 +1,5 @@
 #include "dbapserv.h"
+#include "dbxrecrd.h"
 #include "sample_drawing.h"
 
 #include <zuhost/drawing_files.h>
@@ -26,6 +27,44 @@ TEST_F(NewObjects, NewBlocksAreFilledBeforeTheyAreAdded) {
     const ACHAR* comments = nullptr;
     read->comments(comments);
     EXPECT_STREQ(comments, L"新しい");
+}
+
+TEST_F(NewObjects, ContainersAndSmartPointersDeleteAnObjectOnce) {
+    AcDbObjectId id;
+    AcDbObjectPointer<AcDbXrecord> outlives;
+    AcDbObjectPointer<AcDb2dVertex> vertex;
+    outlives.create();
+    vertex.create();
+    {
+        AcDbDictionaryPointer dictionary;
+        dictionary.create();
+        AcDbObjectPointer<AcDbXrecord> ends;
+        ends.create();
+        EXPECT_EQ(dictionary->setAt(L"ENDS", ends, id), Acad::eOk);
+        EXPECT_EQ(ends.close(), Acad::eOk);
+        EXPECT_TRUE(dictionary->has(L"ENDS"));
+        EXPECT_EQ(dictionary->setAt(L"OUTLIVES", outlives, id), Acad::eOk);
+        AcDbDictionary other;
+        EXPECT_EQ(other.setAt(L"OUTLIVES", outlives, id), Acad::eInvalidInput) << "owned already";
+        EXPECT_EQ(drawing->addAcDbObject(id, outlives), Acad::eAlreadyInDb);
+        AcDbObjectPointer<AcDb2dPolyline> polyline;
+        polyline.create();
+        EXPECT_EQ(polyline->appendVertex(vertex), Acad::eOk);
+        const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE),
+                                                            AcDb::kForWrite);
+        EXPECT_EQ(space->appendAcDbEntity(vertex), Acad::eAlreadyInDb);
+    }
+    AcDbXrecord* released = nullptr;
+    EXPECT_EQ(outlives.release(released), Acad::eOk) << "the dictionary has left it to the pointer";
+    const AcDbDictionaryPointer root(drawing->namedObjectsDictionaryId(), AcDb::kForWrite);
+    AcDbDictionaryPointer dictionary;
+    dictionary.create();
+    ASSERT_EQ(dictionary->setAt(L"RECORD", released, id), Acad::eOk);
+    ASSERT_EQ(outlives.acquire(released), Acad::eOk);
+    ASSERT_EQ(root->setAt(L"ADDED", dictionary, id), Acad::eOk);
+    EXPECT_TRUE(outlives->isWriteEnabled()) << "stays open for its pointer";
+    EXPECT_EQ(outlives.close(), Acad::eOk);
+    EXPECT_EQ(dictionary->getAt(L"RECORD", id), Acad::eOk);
 }
 
 TEST_F(NewObjects, NewEntitiesTakeExtendedData) {

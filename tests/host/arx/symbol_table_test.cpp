@@ -122,6 +122,92 @@ TEST_F(SymbolTables, RenamedRecordsAreFoundByTheNewName) {
     EXPECT_FALSE(layers->has(L"_ZU_OTHERS"));
 }
 
+TEST_F(SymbolTables, NamesThatRecordsCannotHaveAreRefused) {
+    AcDbLayerTableRecord layer;
+    AcDbBlockTableRecord block;
+    for (const wchar_t* const name : {L"", L"a<b", L"a>b", L"a/b", L"a\\b", L"a\"b", L"a:b", L"a;b", L"a?b",
+                                      L"a*b", L"a|b", L"a,b", L"a=b", L"a`b", L"a\nb", L"a\x7F"}) {
+        EXPECT_EQ(layer.setName(name), Acad::eInvalidInput) << name;
+        EXPECT_EQ(block.setName(name), Acad::eInvalidInput) << name;
+    }
+    EXPECT_EQ(layer.setName(L"*U"), Acad::eInvalidInput);
+    EXPECT_EQ(block.setName(L"*U1"), Acad::eOk);
+    EXPECT_EQ(block.setName(L"*"), Acad::eInvalidInput);
+    EXPECT_EQ(layer.setName(L" A-1 $_%&()[]{}ダクト"), Acad::eOk);
+    AcDbObjectId inserted;
+    AcDbDatabase other;
+    EXPECT_EQ(drawing->insert(inserted, L"a/b", &other), Acad::eInvalidInput);
+}
+
+TEST_F(SymbolTables, WhatNamesARecordFollowsItsNewName) {
+    AcDbDatabase made;
+    const auto record = [&made](AcDbSymbolTable* table, AcDbSymbolTableRecord* added, const ACHAR* name) {
+        const AcDbObjectPointer<AcDbSymbolTable> owner(table);
+        added->setName(name);
+        EXPECT_EQ(owner->add(added), Acad::eOk);
+        const AcDbObjectId id = added->objectId();
+        added->close();
+        return id;
+    };
+    AcDbLayerTable* layers = nullptr;
+    AcDbLinetypeTable* linetypes = nullptr;
+    AcDbTextStyleTable* styles = nullptr;
+    AcDbBlockTable* blocks = nullptr;
+    made.getSymbolTable(layers, AcDb::kForWrite);
+    made.getSymbolTable(linetypes, AcDb::kForWrite);
+    made.getSymbolTable(styles, AcDb::kForWrite);
+    made.getSymbolTable(blocks, AcDb::kForWrite);
+    const AcDbObjectId layer = record(layers, new AcDbLayerTableRecord, L"OLD");
+    const AcDbObjectId linetype = record(linetypes, new AcDbLinetypeTableRecord, L"OLD");
+    const AcDbObjectId style = record(styles, new AcDbTextStyleTableRecord, L"OLD");
+    const AcDbObjectId block = record(blocks, new AcDbBlockTableRecord, L"OLD");
+    AcDbObjectPointer<AcDbLayerTableRecord>(layer, AcDb::kForWrite)->setLinetypeObjectId(linetype);
+    made.setClayer(layer);
+    auto* const text = new AcDbText({0, 0, 0}, L"OLD", style, 1.0);
+    const AcDbObjectId textId = add(made, text);
+    const AcDbObjectId reference = add(made, new AcDbBlockReference({0, 0, 0}, block));
+    AcDbObjectPointer<AcDbText>(textId, AcDb::kForWrite)->setLinetype(linetype);
+
+    made.startUndoRecord();
+    const AcDbObjectPointer<AcDbText> open(textId); // an open object follows too
+    for (const AcDbObjectId id : {layer, linetype, style, block})
+        EXPECT_EQ(AcDbObjectPointer<AcDbSymbolTableRecord>(id, AcDb::kForWrite)->setName(L"neu"), Acad::eOk);
+    const auto expectNamed = [&](const AcDbDatabase& database, const char* when) {
+        const AcDbObjectPointer<AcDbText> read(idIn(database, textId.handle().value()));
+        EXPECT_EQ(read->layerId().handle(), layer.handle()) << when;
+        EXPECT_EQ(read->linetypeId().handle(), linetype.handle()) << when;
+        EXPECT_EQ(read->textStyle().handle(), style.handle()) << when;
+        EXPECT_EQ(textOf(read->objectId()), L"OLD") << when;
+        EXPECT_EQ(database.clayer().handle(), layer.handle()) << when;
+        const AcDbObjectPointer<AcDbLayerTableRecord> named(idIn(database, layer.handle().value()));
+        EXPECT_EQ(named->linetypeObjectId().handle(), linetype.handle()) << when;
+        const AcDbObjectPointer<AcDbBlockReference> insert(idIn(database, reference.handle().value()));
+        EXPECT_EQ(insert->blockTableRecord().handle(), block.handle()) << when;
+    };
+    expectNamed(made, "renamed");
+    expectNamed(*readBytes(zuhost::dxfOutBytes(made, false)), "saved");
+    std::string saved = zuhost::dxfOutBytes(made, false);
+    std::erase(saved, '\r');
+    std::size_t left = 0;
+    for (std::size_t at = saved.find("\nOLD\n"); at != std::string::npos; at = saved.find("\nOLD\n", at + 1))
+        ++left;
+    EXPECT_EQ(left, 1U) << "the text";
+    EXPECT_EQ(AcDbObjectPointer<AcDbText>(textId)->upgradeOpen(), Acad::eWasOpenForRead) << "as it was open";
+}
+
+TEST_F(SymbolTables, LayersHaveTheDeclaredLineWeights) {
+    AcDbLayerTableRecord layer;
+    const auto weight = [](int value) { return static_cast<AcDb::LineWeight>(value); };
+    for (const int refused : {-1, -2, -4, 1, 26, 212, 9999})
+        EXPECT_EQ(layer.setLineWeight(weight(refused)), Acad::eInvalidInput) << refused;
+    EXPECT_EQ(layer.lineWeight(), AcDb::kLnWtByLwDefault);
+    EXPECT_EQ(layer.setLineWeight(AcDb::kLnWt211), Acad::eOk);
+    EXPECT_EQ(layer.lineWeight(), AcDb::kLnWt211);
+    EXPECT_EQ(drawing->setCelweight(weight(7)), Acad::eInvalidInput);
+    EXPECT_EQ(AcDbLine().setLineWeight(weight(7)), Acad::eInvalidInput);
+    EXPECT_EQ(AcDbLine().setLineWeight(AcDb::kLnWtByBlock), Acad::eOk);
+}
+
 TEST_F(SymbolTables, LayersHaveColoursOfPartsOrOfThePalette) {
     const AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
     const AcDbObjectId layer = find(*layers, L"_ZU_OTHERS");

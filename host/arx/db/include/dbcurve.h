@@ -54,6 +54,7 @@ protected:
 private:
     friend class AcDbBlockReference;
     friend class AcDbEntity;
+    friend struct zuhost::ObjectAccess;
     /// Returns the curve's segments and arcs in order, in world coordinates.
     [[nodiscard]] virtual std::vector<zuhost::CurvePiece> pieces() const = 0;
 };

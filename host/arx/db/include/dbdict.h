@@ -74,7 +74,8 @@ public:
     ///
     /// A dictionary that is in no database takes objects that are in none either, and owns them; they have no
     /// id until they are added to a database together with the dictionary. `has`, `numEntries` and `remove`
-    /// find them by name; `remove` deletes them.
+    /// find them by name; `remove` deletes them. eInvalidInput for an object that one owns
+    /// already.
     Acad::ErrorStatus setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id);
     /// Removes the entry but does not erase the object.
     Acad::ErrorStatus remove(const ACHAR* name);
@@ -92,7 +93,7 @@ private:
     /// An entry of a dictionary that is in no database.
     struct EntryToCome {
         std::wstring name;
-        std::unique_ptr<AcDbObject> object;
+        zuhost::PendingPtr<AcDbObject> object;
     };
     [[nodiscard]] std::vector<EntryToCome>::const_iterator findToCome(const ACHAR* name) const;
     [[nodiscard]] bool holdsToCome(const AcDbObject* object) const;

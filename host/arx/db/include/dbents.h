@@ -390,7 +390,7 @@ private:
     [[nodiscard]] zuhost::TagView ownSection() const;
     [[nodiscard]] Placement placement() const;
 
-    std::vector<std::unique_ptr<AcDbEntity>> attributesToCome_; ///< Of a reference in no database.
+    std::vector<zuhost::PendingPtr<AcDbEntity>> attributesToCome_; ///< Of a reference in no database.
 };
 
 #include "dbattrib.h"

@@ -45,6 +45,14 @@ struct TagRange;
 DatabaseCore& coreOf(const AcDbDatabase& database);
 AcRxObject* makeEntity();
 AcRxObject* makeSymbolTable();
+
+/// Deletes an object that another one owned while both are in no database. One that a smart pointer holds is
+/// left to that pointer.
+struct PendingDeleter {
+    void operator()(AcDbObject* object) const;
+};
+template <typename T>
+using PendingPtr = std::unique_ptr<T, PendingDeleter>;
 } // namespace zuhost
 
 /// Notified of the changes of one object that it was added to. The object must not be changed by the reactor.
@@ -212,7 +220,10 @@ protected:
 private:
     friend struct zuhost::DatabaseCore;
     friend struct zuhost::ObjectAccess;
+    friend struct zuhost::PendingDeleter;
     friend class AcDbDatabase;
+    template <typename T>
+    friend class AcDbObjectPointer;
 
     void notifyClosed();
     /// Calls `notify` with each transient reactor, except those that are added or removed meanwhile.
@@ -254,12 +265,14 @@ private:
     std::uint32_t tagVersion_ = 0;
     std::uint32_t recordedStep_ = 0; ///< The undo step in which the object's state was recorded last.
     std::uint16_t readers_ = 0;
-    mutable bool hasDeferredChanges_ = false;
-    bool writing_ = false;
-    bool lockIsIgnored_ = false; ///< Open for write whatever the entity's layer.
-    bool modified_ = false;      ///< Changed since the object was opened.
-    bool appended_ = false;      ///< Added to the database since the object was opened.
-    bool eraseToggled_ = false;  ///< Erased or unerased since the object was opened.
+    mutable bool hasDeferredChanges_ : 1 = false;
+    bool writing_ : 1 = false;
+    bool lockIsIgnored_ : 1 = false; ///< Open for write whatever the entity's layer.
+    bool isPending_ : 1 = false;     ///< In no database, and owned by an object that is in none either.
+    bool isHeld_ : 1 = false;        ///< In no database, and held by a smart pointer.
+    bool modified_ = false;          ///< Changed since the object was opened.
+    bool appended_ = false;          ///< Added to the database since the object was opened.
+    bool eraseToggled_ = false;      ///< Erased or unerased since the object was opened.
 };
 
 /// An object that is drawn.

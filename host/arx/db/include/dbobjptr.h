@@ -4,7 +4,8 @@
 #include "dbsymtb.h"
 
 /// Keeps an object open for a scope: the constructor or `open` opens it, the destructor closes it. An object
-/// that is in no database is deleted instead.
+/// that is in no database is deleted instead, unless one that is in none either owns it (an entry of a
+/// dictionary, a vertex, an attribute).
 template <typename T>
 class AcDbObjectPointer {
 public:
@@ -47,7 +48,10 @@ public:
         object = object_;
         object_ = nullptr;
         status_ = Acad::eNullObjectPointer;
-        return object != nullptr ? Acad::eOk : Acad::eNullObjectPointer;
+        if (object == nullptr)
+            return Acad::eNullObjectPointer;
+        object->isHeld_ = false;
+        return Acad::eOk;
     }
     Acad::ErrorStatus close() {
         T* object = nullptr;
@@ -55,7 +59,8 @@ public:
             return Acad::eNullObjectPointer;
         if (object->database() != nullptr)
             return object->close();
-        delete object;
+        if (!object->isPending_)
+            delete object;
         return Acad::eOk;
     }
 
@@ -77,7 +82,10 @@ protected:
 private:
     Acad::ErrorStatus hold(T* object) {
         object_ = object;
-        return status_ = object != nullptr ? Acad::eOk : Acad::eNullObjectPointer;
+        if (object == nullptr)
+            return status_ = Acad::eNullObjectPointer;
+        object->isHeld_ = object->database() == nullptr;
+        return status_ = Acad::eOk;
     }
 
     T* object_ = nullptr;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dbmain.h"
+#include "zuhost/id_cursor.h"
 
 /// An entry of a symbol table.
 class AcDbSymbolTableRecord : public AcDbObject {
@@ -12,7 +13,9 @@ public:
     Acad::ErrorStatus getName(ACHAR*& name) const;
     Acad::ErrorStatus getName(const ACHAR*& name) const;
     Acad::ErrorStatus getName(AcString& name) const;
-    /// eDuplicateRecordName when another record of the table has the name.
+    /// eInvalidInput for an empty name and one with control characters or any of < > / \ " : ; ? , = | ` and
+    /// *, with which only names of blocks can begin; eDuplicateRecordName when another record of the table
+    /// has the name. All objects that name the record name it anew.
     Acad::ErrorStatus setName(const ACHAR* name);
 
     /// Returns true for a record of an external reference, and for one whose external reference is loaded.
@@ -39,26 +42,30 @@ private:
 /// Iterates over the records of a symbol table in their order.
 class AcDbSymbolTableIterator {
 public:
-    void start(bool atBeginning = true, bool skipErased = true);
-    [[nodiscard]] bool done() const { return at_ >= ids_.size(); }
-    void step(bool forward = true, bool skipErased = true);
+    void start(bool atBeginning = true, bool skipErased = true) { records_.start(atBeginning, skipErased); }
+    [[nodiscard]] bool done() const { return records_.done(); }
+    void step(bool forward = true, bool skipErased = true) { records_.step(forward, skipErased); }
     /// eInvalidIndex at the end.
-    Acad::ErrorStatus getRecordId(AcDbObjectId& id) const;
+    Acad::ErrorStatus getRecordId(AcDbObjectId& id) const { return records_.getId(id); }
     /// Opens the record; the caller closes it. eInvalidIndex at the end.
     Acad::ErrorStatus getRecord(AcDbSymbolTableRecord*& record, AcDb::OpenMode mode = AcDb::kForRead,
-                                bool openErased = false) const;
+                                bool openErased = false) const {
+        return records_.open(record, mode, openErased);
+    }
     /// Moves to a record; eKeyNotFound when the table lacks it, and the position stays.
-    Acad::ErrorStatus seek(AcDbObjectId id);
-    Acad::ErrorStatus seek(const AcDbSymbolTableRecord* record);
+    Acad::ErrorStatus seek(AcDbObjectId id) { return records_.seek(id); }
+    Acad::ErrorStatus seek(const AcDbSymbolTableRecord* record) {
+        return record != nullptr ? seek(record->objectId()) : Acad::eNullObjectPointer;
+    }
 
 private:
     friend class AcDbSymbolTable;
+    template <typename Record>
+    friend class AcDbTypedSymbolTableIterator;
     template <typename Record, typename Iterator>
     friend class AcDbTypedSymbolTable;
-    void skip(bool forward, bool skipErased);
 
-    std::vector<AcDbObjectId> ids_;
-    std::size_t at_ = 0;
+    zuhost::IdCursor records_;
 };
 
 /// A table of named records. Names are compared ignoring case.
@@ -117,6 +124,7 @@ public:
     /// eNotThatKindOfClass for what is no linetype.
     Acad::ErrorStatus setLinetypeObjectId(AcDbObjectId linetype);
     [[nodiscard]] AcDb::LineWeight lineWeight() const;
+    /// eInvalidInput for by layer, by block and other than the declared weights.
     Acad::ErrorStatus setLineWeight(AcDb::LineWeight weight);
 
 private:
@@ -198,28 +206,30 @@ private:
 /// Iterates over the entities of a block in drawing order.
 class AcDbBlockTableRecordIterator {
 public:
-    void start(bool atBeginning = true, bool skipErased = true);
-    [[nodiscard]] bool done() const { return at_ >= ids_.size(); }
-    void step(bool forward = true, bool skipErased = true);
+    void start(bool atBeginning = true, bool skipErased = true) { entities_.start(atBeginning, skipErased); }
+    [[nodiscard]] bool done() const { return entities_.done(); }
+    void step(bool forward = true, bool skipErased = true) { entities_.step(forward, skipErased); }
     /// eInvalidIndex at the end.
-    Acad::ErrorStatus getEntityId(AcDbObjectId& id) const;
+    Acad::ErrorStatus getEntityId(AcDbObjectId& id) const { return entities_.getId(id); }
     /// Opens the entity; the caller closes it. eInvalidIndex at the end.
     Acad::ErrorStatus getEntity(AcDbEntity*& entity, AcDb::OpenMode mode = AcDb::kForRead,
-                                bool openErased = false) const;
+                                bool openErased = false) const {
+        return entities_.open(entity, mode, openErased);
+    }
     /// Moves to an entity; eKeyNotFound when the block lacks it, and the position stays.
-    Acad::ErrorStatus seek(AcDbObjectId id);
-    Acad::ErrorStatus seek(const AcDbEntity* entity);
+    Acad::ErrorStatus seek(AcDbObjectId id) { return entities_.seek(id); }
+    Acad::ErrorStatus seek(const AcDbEntity* entity) {
+        return entity != nullptr ? seek(entity->objectId()) : Acad::eNullObjectPointer;
+    }
     [[nodiscard]] AcDbObjectId blockTableRecord() const { return block_; }
 
 private:
     friend class AcDbBlockTableRecord;
-    AcDbBlockTableRecordIterator(AcDbObjectId block, std::vector<AcDbObjectId> ids)
-        : block_(block), ids_(std::move(ids)) {}
-    void skip(bool forward, bool skipErased);
+    AcDbBlockTableRecordIterator(AcDbObjectId block, std::vector<AcDbObjectId> entities)
+        : block_(block), entities_(std::move(entities)) {}
 
     AcDbObjectId block_;
-    std::vector<AcDbObjectId> ids_;
-    std::size_t at_ = 0;
+    zuhost::IdCursor entities_;
 };
 
 /// The definition of a block, or model or paper space.
@@ -287,10 +297,7 @@ public:
     using AcDbSymbolTableIterator::getRecord;
     Acad::ErrorStatus getRecord(Record*& record, AcDb::OpenMode mode = AcDb::kForRead,
                                 bool openErased = false) const {
-        record = nullptr;
-        AcDbObjectId id;
-        const Acad::ErrorStatus status = getRecordId(id);
-        return status == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : status;
+        return records_.open(record, mode, openErased);
     }
 };
 
@@ -311,7 +318,7 @@ public:
     Acad::ErrorStatus newIterator(Iterator*& iterator, bool atBeginning = true,
                                   bool skipErased = true) const {
         iterator = new Iterator;
-        iterator->ids_ = recordIds();
+        iterator->records_ = zuhost::IdCursor(recordIds());
         iterator->start(atBeginning, skipErased);
         return Acad::eOk;
     }

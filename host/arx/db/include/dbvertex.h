@@ -101,7 +101,7 @@ private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
     [[nodiscard]] std::vector<zuhost::CurvePiece> pieces() const override;
 
-    std::vector<std::unique_ptr<AcDbEntity>> verticesToCome_; ///< Of a polyline in no database.
+    std::vector<zuhost::PendingPtr<AcDbEntity>> verticesToCome_; ///< Of a polyline in no database.
 };
 
 /// A polyline in space whose vertices are entities of their own.
@@ -136,5 +136,5 @@ private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
     [[nodiscard]] std::vector<zuhost::CurvePiece> pieces() const override;
 
-    std::vector<std::unique_ptr<AcDbEntity>> verticesToCome_; ///< Of a polyline in no database.
+    std::vector<zuhost::PendingPtr<AcDbEntity>> verticesToCome_; ///< Of a polyline in no database.
 };

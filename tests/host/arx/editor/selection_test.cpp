@@ -86,6 +86,37 @@ TEST_F(Selection, SelectsByMode) {
     EXPECT_EQ(select(L"F", fence.get()), "0");
 }
 
+TEST_F(Selection, WindowsSelectEveryKindOfCurve) {
+    AcGePoint3dArray corners;
+    for (const AcGePoint3d& corner :
+         {AcGePoint3d(100, 0, 0), AcGePoint3d(110, 0, 7), AcGePoint3d(110, 10, 0)})
+        corners.append(corner);
+    AcGeDoubleArray bulges;
+    bulges.setLogicalLength(3);
+    bulges[0] = 1.0; // a half circle below
+    bulges[1] = bulges[2] = 0.0;
+    AcDbEntity* const curves[] = {
+        new AcDb3dPolyline(AcDb::k3dSimplePoly, corners),
+        new AcDb2dPolyline(AcDb::k2dSimplePoly, corners, 0.0, true, 0.0, 0.0, &bulges),
+        new AcDbEllipse({105, 5, 0}, AcGeVector3d::kZAxis, {4, 0, 0}, 0.5),
+    };
+    for (AcDbEntity* const curve : curves) {
+        AcDbBlockTableRecordPointer(ACDB_MODEL_SPACE, &drawing, AcDb::kForWrite)->appendAcDbEntity(curve);
+        curve->close();
+    }
+    const ads_point low{99, -1, 0};
+    const ads_point belowArc{99, -6, 0};
+    const ads_point high{111, 11, 0};
+    EXPECT_EQ(select(L"W", belowArc, high), "654");
+    EXPECT_EQ(select(L"W", low, high), "64") << "the arc of the second leaves the window";
+    EXPECT_EQ(select(L"C", low, high), "654");
+    const ads_point middle{105, 5, 0};
+    const ads_point right{106, 9, 0};
+    EXPECT_EQ(select(L"C", middle, right), "65") << "the ellipse, and the side that closes the second";
+    const ads_point onEllipse{105, 7, 0};
+    EXPECT_EQ(select(nullptr, onEllipse), "6");
+}
+
 TEST_F(Selection, Filters) {
     const ads_point origin{0, 0, 0};
     EXPECT_EQ(filtered(acutBuildList(RTDXF0, L"LINE,TEXT", RTNONE)), "320");

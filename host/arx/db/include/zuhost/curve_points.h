@@ -1,0 +1,14 @@
+#pragma once
+
+#include <dbcurve.h>
+
+#include <vector>
+
+namespace zuhost {
+
+/// Returns points on a curve in order, its ends among them: those of straight parts, and of arcs the ends of
+/// equal chords, at most `chordsPerTurn` for a whole turn. Empty for a curve without parts and one that is
+/// not finite.
+[[nodiscard]] std::vector<AcGePoint3d> curvePoints(const AcDbCurve& curve, int chordsPerTurn);
+
+} // namespace zuhost
