@@ -4,6 +4,14 @@
 
 namespace zuhost {
 
+UndoControl undoControl(const AcDbDatabase& database) {
+    return coreOf(database).undo.control();
+}
+
+void setUndoControl(AcDbDatabase& database, UndoControl control) {
+    coreOf(database).undo.setControl(control);
+}
+
 void beginUndoGroup(AcDbDatabase& database) {
     coreOf(database).undo.beginGroup();
 }

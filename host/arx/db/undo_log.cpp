@@ -44,6 +44,24 @@ void UndoLog::clear() {
     undo_.clear();
     redo_.clear();
     marks_.clear();
+    control_ = {};
+}
+
+void UndoLog::setControl(UndoControl control) {
+    const bool drops = !control.isEnabled && transactions_.empty();
+    if (drops)
+        clear();
+    control_ = control;
+    keepAllowed();
+    ++step_; // as for disable
+}
+
+void UndoLog::keepAllowed() {
+    if (!control_.onlyOne || !transactions_.empty())
+        return;
+    marks_.clear();
+    if (undo_.size() > 1)
+        undo_.erase(undo_.begin(), undo_.end() - 1);
 }
 
 bool UndoLog::undo(DatabaseCore& core) {
@@ -57,6 +75,7 @@ bool UndoLog::undo(DatabaseCore& core) {
 void UndoLog::mark() {
     endGroup();
     marks_.push_back(undo_.size());
+    keepAllowed();
 }
 
 bool UndoLog::undoToMark(DatabaseCore& core) {
@@ -71,10 +90,12 @@ bool UndoLog::undoToMark(DatabaseCore& core) {
 }
 
 void UndoLog::record(AcDbStub& stub, const TagList* own, Kind kind) {
-    if ((disabled_ && transactions_.empty()) || !recorded_.insert(&stub).second)
+    if ((!isRecording() && transactions_.empty()) || !recorded_.insert(&stub).second)
         return;
-    if (!stepOpen_)
+    if (!stepOpen_) {
         undo_.emplace_back();
+        keepAllowed();
+    }
     stepOpen_ = true;
     redo_.clear();
     // Undoing an addition erases the object, whatever else changed in the step.
@@ -102,7 +123,7 @@ void UndoLog::commitTransaction() {
     for (auto step = first; step != undo_.end(); ++step)
         std::move(step->begin(), step->end(), std::back_inserter(changes));
     undo_.erase(first, undo_.end());
-    if (!disabled_ || !transactions_.empty()) {
+    if (isRecording() || !transactions_.empty()) {
         // Only the state before the first change counts.
         std::erase_if(changes, [&](const Entry& entry) { return !start.recorded.insert(entry.stub).second; });
         if (!start.stepOpen && !changes.empty()) {
@@ -111,6 +132,7 @@ void UndoLog::commitTransaction() {
         }
         if (!changes.empty())
             std::move(changes.begin(), changes.end(), std::back_inserter(undo_.back()));
+        keepAllowed();
     }
     resume(std::move(start));
 }

@@ -2,6 +2,7 @@
 
 #include "drawing/stub.h"
 #include "drawing/tag_list.h"
+#include "zuhost/undo.h"
 
 #include <cstdint>
 #include <optional>
@@ -29,6 +30,9 @@ public:
         ++step_; // objects changed meanwhile were not recorded and must be when they change again
     }
     [[nodiscard]] bool enabled() const { return !disabled_; }
+    [[nodiscard]] UndoControl control() const { return control_; }
+    /// Drops the steps that the control does not allow.
+    void setControl(UndoControl control);
     void clear();
 
     /// Records the state of an object before it changes; ignores all but the object's first change in a step.
@@ -74,6 +78,10 @@ private:
     bool play(DatabaseCore& core, std::vector<Step>& from, std::vector<Step>& to, bool undoing);
 
     void newStep();
+    /// Returns true when changes outside of transactions are recorded.
+    [[nodiscard]] bool isRecording() const { return !disabled_ && control_.isEnabled; }
+    /// Drops all steps but the last when the control allows one only.
+    void keepAllowed();
 
     /// Returns the number of steps that belong to no transaction.
     [[nodiscard]] std::size_t lowestStep() const {
@@ -90,6 +98,7 @@ private:
     bool stepOpen_ = false;
     bool grouped_ = false;
     bool disabled_ = false;
+    UndoControl control_;
 };
 
 } // namespace zuhost

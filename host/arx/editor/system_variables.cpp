@@ -7,6 +7,7 @@
 
 #include <zuhost/folded_name.h>
 #include <zuhost/header_variables.h>
+#include <zuhost/undo.h>
 
 #include <algorithm>
 #include <map>
@@ -81,6 +82,15 @@ AcDbDatabase* drawing() {
 constexpr std::wstring_view kAngleBase = L"ANGBASE";
 constexpr double kDegree = std::numbers::pi / 180.0;
 
+/// Read-only: the user sets it by UNDO CONTROL and UNDO AUTO.
+constexpr std::wstring_view kUndoControl = L"UNDOCTL";
+
+short undoControl() {
+    const zuhost::UndoControl control = zuhost::undoControl(*drawing());
+    return static_cast<short>((control.isEnabled ? 1 : 0) | (control.onlyOne ? 2 : 0) |
+                              (control.autoGroups ? 4 : 0));
+}
+
 } // namespace
 
 namespace zuhost {
@@ -108,6 +118,10 @@ int acedGetVar(const ACHAR* name, resbuf* value) {
         store(found->second.value, *value);
         return RTNORM;
     }
+    if (variable == kUndoControl && drawing() != nullptr) {
+        store(undoControl(), *value);
+        return RTNORM;
+    }
     if (drawing() == nullptr || !zuhost::headerVariable(*drawing(), variable, *value))
         return RTERROR;
     if (variable == kAngleBase && value->restype == RTREAL)
@@ -121,7 +135,7 @@ int acedSetVar(const ACHAR* name, const resbuf* value) {
     const std::wstring variable = zuhost::foldedName(name);
     if (const auto found = session().find(variable); found != session().end())
         return !found->second.isReadOnly && load(*value, found->second.value) ? RTNORM : RTERROR;
-    if (drawing() == nullptr)
+    if (drawing() == nullptr || variable == kUndoControl)
         return RTERROR;
     resbuf stored = *value;
     if (variable == kAngleBase && stored.restype == RTREAL)

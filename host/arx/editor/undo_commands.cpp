@@ -10,6 +10,7 @@
 #include <zuhost/text_codec.h>
 
 #include <charconv>
+#include <functional>
 
 namespace {
 
@@ -33,8 +34,17 @@ AcDbDatabase* currentDrawing() {
     return acDocManager->curDocument()->database();
 }
 
+bool isDisabled() {
+    const AcDbDatabase* const drawing = currentDrawing();
+    return drawing != nullptr && !zuhost::undoControl(*drawing).isEnabled;
+}
+
 void runSteps(const Direction& direction, int steps) {
     AcDbDatabase* const drawing = currentDrawing();
+    if (isDisabled()) {
+        acutPrintf(L"Undo is disabled. UNDO CONTROL ALL enables it.\n");
+        return;
+    }
     if (steps < 1) {
         acutPrintf(L"The number of steps must be 1 or more.\n");
         return;
@@ -71,8 +81,34 @@ bool takeOption(std::wstring_view name, std::size_t minLength) {
     return true;
 }
 
-bool takeUnsupportedOption() {
-    return takeOption(L"AUTO", 1) || takeOption(L"CONTROL", 1);
+void setControl(const std::function<void(zuhost::UndoControl&)>& change) {
+    AcDbDatabase* const drawing = currentDrawing();
+    if (drawing == nullptr)
+        return;
+    zuhost::UndoControl control = zuhost::undoControl(*drawing);
+    change(control);
+    zuhost::setUndoControl(*drawing, control);
+}
+
+/// Enter stands for ON.
+void setAuto() {
+    const bool off = takeOption(L"OFF", 2);
+    if (!off && !takeOption(L"ON", 2) && !zuhost::pendingWord().empty())
+        acutPrintf(L"ON or OFF is required.\n");
+    else
+        setControl([off](zuhost::UndoControl& control) { control.autoGroups = !off; });
+}
+
+/// Enter stands for All.
+void setControlOption() {
+    const bool none = takeOption(L"NONE", 1);
+    const bool one = !none && takeOption(L"ONE", 1);
+    if (!none && !one && !takeOption(L"ALL", 1) && !zuhost::pendingWord().empty())
+        return static_cast<void>(acutPrintf(L"All, None or One is required.\n"));
+    setControl([&](zuhost::UndoControl& control) {
+        control.isEnabled = !none;
+        control.onlyOne = one;
+    });
 }
 
 void setGroup(bool open) {
@@ -106,8 +142,10 @@ void undoCommand() {
         setMark();
     else if (takeOption(L"BACK", 1))
         undoToLastMark();
-    else if (takeUnsupportedOption())
-        acutPrintf(L"This option of UNDO is not supported.\n");
+    else if (takeOption(L"AUTO", 1))
+        setAuto();
+    else if (takeOption(L"CONTROL", 1))
+        setControlOption();
     else
         runSteps(kUndo, takeStepCount());
 }

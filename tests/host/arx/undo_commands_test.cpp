@@ -94,6 +94,7 @@ private:
 
 TEST_F(UndoCommands, UndoAndRedoSteps) {
     const std::wstring noUndo = L"Nothing to undo.\n";
+    const std::wstring noControl = L"Undo is disabled. UNDO CONTROL ALL enables it.\n";
     const std::wstring noRedo = L"Nothing to redo.\n";
     const std::tuple<const wchar_t*, const char*, std::wstring> cases[] = {
         {L"U\n", "0", noUndo},
@@ -111,7 +112,13 @@ TEST_F(UndoCommands, UndoAndRedoSteps) {
         {L"PAINT UNDO Begin PAINT PAINT _.UNDO _E U\n", "1", L""},
         {L"PAINT UNDO BE PAINT UNDO END PAINT UNDO 2 REDO\n", "2", L""},
         {L"UNDO BE PAINT PAINT U PAINT PAINT U\n", "1", L""},
-        {L"PAINT UNDO CONTROL\n", "1", L"This option of UNDO is not supported.\n"},
+        {L"PAINT UNDO CONTROL\n", "1", L""},
+        {L"PAINT UNDO CONTROL NONE PAINT U UNDO 2\n", "2", noControl + noControl},
+        {L"PAINT UNDO C _N PAINT UNDO CONTROL ALL PAINT U U\n", "2", noUndo},
+        {L"PAINT UNDO MARK PAINT UNDO CONTROL One U U\n", "1", noUndo},
+        {L"UNDO C O PAINT UNDO M PAINT LINE UNDO BACK\n", "2", L"Everything has been undone.\n"},
+        {L"PAINT UNDO AUTO OFF PAINT U UNDO A\n", "1", L""},
+        {L"UNDO C MANY\n", "0", L"All, None or One is required.\nUnknown command \"MANY\".\n"},
         {L"PAINT UNDO MARK PAINT PAINT UNDO BACK\n", "1", L""},
         {L"PAINT UNDO M PAINT UNDO M UNDO B PAINT UNDO Back MREDO 9\n", "3",
          L"Everything has been redone.\n"},

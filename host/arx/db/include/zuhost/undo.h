@@ -7,6 +7,17 @@ class AcDbDatabase;
 /// Undo groups, marks and redo of a database, for the editor's commands; AcDbDatabase undoes single steps.
 namespace zuhost {
 
+/// What the user has set by UNDO CONTROL and UNDO AUTO; that of a drawing that was opened just now has the
+/// initial values.
+struct UndoControl {
+    bool isEnabled = true;  ///< Otherwise only what transactions change is recorded, until they end.
+    bool onlyOne = false;   ///< Keeps the last step only, and no marks.
+    bool autoGroups = true; ///< Kept only: commands are steps of their own anyway.
+};
+[[nodiscard]] UndoControl undoControl(const AcDbDatabase& database);
+/// Drops the recorded steps that the control does not allow.
+void setUndoControl(AcDbDatabase& database, UndoControl control);
+
 /// Begins a group: all changes up to its end form one undo step.
 void beginUndoGroup(AcDbDatabase& database);
 void endUndoGroup(AcDbDatabase& database);
