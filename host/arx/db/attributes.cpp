@@ -58,6 +58,9 @@ AcDbAttributeDefinition::AcDbAttributeDefinition(const AcGePoint3d& position, co
 ACHAR* AcDbAttributeDefinition::tag() const {
     return zuhost::newText(textTag(kDefinition, kTag));
 }
+const ACHAR* AcDbAttributeDefinition::tagConst() const {
+    return kept(tag_, textTag(kDefinition, kTag));
+}
 Acad::ErrorStatus AcDbAttributeDefinition::tag(AcString& text) const {
     text = textTag(kDefinition, kTag).c_str();
     return Acad::eOk;
@@ -67,6 +70,9 @@ Acad::ErrorStatus AcDbAttributeDefinition::setTag(const ACHAR* tag) {
 }
 ACHAR* AcDbAttributeDefinition::prompt() const {
     return zuhost::newText(textTag(kDefinition, kPrompt));
+}
+const ACHAR* AcDbAttributeDefinition::promptConst() const {
+    return kept(prompt_, textTag(kDefinition, kPrompt));
 }
 Acad::ErrorStatus AcDbAttributeDefinition::prompt(AcString& text) const {
     text = textTag(kDefinition, kPrompt).c_str();
@@ -135,6 +141,9 @@ AcDbAttribute::AcDbAttribute(const AcGePoint3d& position, const ACHAR* text, con
 
 ACHAR* AcDbAttribute::tag() const {
     return zuhost::newText(textTag(kAttribute, kTag));
+}
+const ACHAR* AcDbAttribute::tagConst() const {
+    return kept(tag_, textTag(kAttribute, kTag));
 }
 Acad::ErrorStatus AcDbAttribute::tag(AcString& text) const {
     text = textTag(kAttribute, kTag).c_str();

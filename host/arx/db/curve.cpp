@@ -1,6 +1,7 @@
 #include "dbcurve.h"
 
 #include "curve_piece.h"
+#include "geplane.h"
 
 #include <cmath>
 
@@ -159,6 +160,42 @@ Acad::ErrorStatus AcDbCurve::getFirstDeriv(const AcGePoint3d& point, AcGeVector3
     double param = 0.0;
     const Acad::ErrorStatus status = getParamAtPoint(point, param);
     return status == Acad::eOk ? getFirstDeriv(param, derivative) : status;
+}
+
+Acad::ErrorStatus AcDbCurve::getSecondDeriv(double param, AcGeVector3d& derivative) const {
+    const CurvePieces all = pieces();
+    const CurvePiece* const piece = pieceAt(all, param);
+    if (piece == nullptr)
+        return all.empty() ? Acad::eDegenerateGeometry : Acad::eInvalidInput;
+    if (piece->lastParam == piece->firstParam)
+        return Acad::eDegenerateGeometry;
+    const double stretch = (piece->end - piece->start) / (piece->lastParam - piece->firstParam);
+    const AcGePoint3d at = piece->at(piece->fromParam(param));
+    derivative = piece->isArc ? (piece->centre - at) * (stretch * stretch) : AcGeVector3d();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbCurve::getSecondDeriv(const AcGePoint3d& point, AcGeVector3d& derivative) const {
+    double param = 0.0;
+    const Acad::ErrorStatus status = getParamAtPoint(point, param);
+    return status == Acad::eOk ? getSecondDeriv(param, derivative) : status;
+}
+
+Acad::ErrorStatus AcDbCurve::getClosestPointTo(const AcGePoint3d& point, const AcGeVector3d& normal,
+                                               AcGePoint3d& onCurve, bool extend) const {
+    if (normal.isZeroLength())
+        return Acad::eInvalidInput;
+    AcGeMatrix3d flat;
+    flat.setToProjection(AcGePlane(point, normal), normal);
+    const CurvePieces all = pieces();
+    CurvePieces projected;
+    for (const CurvePiece& piece : all)
+        projected.push_back(piece.transformed(flat));
+    const Nearest nearest = nearestOf(projected, point, extend && all.size() == 1);
+    if (nearest.piece == nullptr)
+        return Acad::eDegenerateGeometry;
+    onCurve = all[static_cast<std::size_t>(nearest.piece - projected.data())].at(nearest.t);
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbCurve::getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,

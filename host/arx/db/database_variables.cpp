@@ -110,6 +110,15 @@ Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, int cod
     });
 }
 
+Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, const AcGePoint2d& point) {
+    if (!std::isfinite(point.x) || !std::isfinite(point.y))
+        return Acad::eInvalidInput;
+    return setValue(core, name, [&](TagList& header, TagRange range) {
+        header.setReal(10, point.x, range);
+        header.setReal(20, point.y, variableValue(header, name));
+    });
+}
+
 Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, const AcGePoint3d& point) {
     if (!std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z))
         return Acad::eInvalidInput;
@@ -142,6 +151,12 @@ Acad::ErrorStatus setRecord(const AcDbDatabase& database, std::string_view name,
     return status == Acad::eOk ? setVariable(zuhost::coreOf(database), name, code, record) : status;
 }
 
+constexpr std::int64_t kByLayer = 256;
+
+AcGePoint2d cornerVariable(const zuhost::DatabaseCore& core, std::string_view name) {
+    return {realVariable(core, name, 10, 0.0), realVariable(core, name, 20, 0.0)};
+}
+
 Acad::ErrorStatus setInteger(zuhost::DatabaseCore& core, std::string_view name, std::int64_t value) {
     return setVariable(core, name, 70, value);
 }
@@ -167,6 +182,16 @@ AcDbObjectId AcDbDatabase::textstyle() const {
 }
 Acad::ErrorStatus AcDbDatabase::setTextstyle(AcDbObjectId style) {
     return setRecord<AcDbTextStyleTableRecord>(*this, "$TEXTSTYLE", 7, style);
+}
+AcCmColor AcDbDatabase::cecolor() const {
+    AcCmColor color;
+    color.setColorIndex(static_cast<Adesk::UInt16>(integerVariable(*core_, "$CECOLOR", 62, kByLayer)));
+    return color;
+}
+Acad::ErrorStatus AcDbDatabase::setCecolor(const AcCmColor& color) {
+    if (color.isByColor())
+        return Acad::eNotApplicable;
+    return setVariable(*core_, "$CECOLOR", 62, std::int64_t{color.colorIndex()});
 }
 AcDb::LineWeight AcDbDatabase::celweight() const {
     return static_cast<AcDb::LineWeight>(integerVariable(*core_, "$CELWEIGHT", 370, AcDb::kLnWtByLayer));
@@ -265,4 +290,16 @@ AcGePoint3d AcDbDatabase::extmin() const {
 }
 AcGePoint3d AcDbDatabase::extmax() const {
     return pointVariable(*core_, "$EXTMAX");
+}
+AcGePoint2d AcDbDatabase::limmin() const {
+    return cornerVariable(*core_, "$LIMMIN");
+}
+Acad::ErrorStatus AcDbDatabase::setLimmin(const AcGePoint2d& corner) {
+    return setVariable(*core_, "$LIMMIN", corner);
+}
+AcGePoint2d AcDbDatabase::limmax() const {
+    return cornerVariable(*core_, "$LIMMAX");
+}
+Acad::ErrorStatus AcDbDatabase::setLimmax(const AcGePoint2d& corner) {
+    return setVariable(*core_, "$LIMMAX", corner);
 }

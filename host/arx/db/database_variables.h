@@ -35,6 +35,7 @@ Acad::ErrorStatus changeVariable(DatabaseCore& core, std::string_view name,
 Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, int code, double value);
 Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, int code, std::int64_t value);
 Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, int code, const std::wstring& text);
+Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, const AcGePoint2d& point);
 Acad::ErrorStatus setVariable(DatabaseCore& core, std::string_view name, const AcGePoint3d& point);
 
 } // namespace zuhost

@@ -19,9 +19,12 @@ namespace {
 
 constexpr std::string_view kMarker = "AcDbDictionary";
 constexpr int kName = 3;
+constexpr int kHard = 280;
+constexpr int kShared = 350;
+constexpr int kOwned = 360;
 
 bool isPointer(int code) {
-    return code == 350 || code == 360;
+    return code == kShared || code == kOwned;
 }
 
 struct StoredEntry {
@@ -181,6 +184,29 @@ bool AcDbDictionaryIterator::setPosition(AcDbObjectId id) {
     return true;
 }
 
+bool AcDbDictionary::isTreatElementsAsHard() const {
+    // The flag precedes the entries, of which there may be many.
+    for (const TagRef& tag : section(kMarker))
+        if (tag.code == kHard || tag.code == kName)
+            return tag.code == kHard && tag.integer().value_or(0) != 0;
+    return false;
+}
+
+Acad::ErrorStatus AcDbDictionary::setTreatElementsAsHard(bool isHard) {
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status != Acad::eOk || isHard == isTreatElementsAsHard())
+        return status;
+    zuhost::TagList& records = changingTags();
+    records.eraseIf(records.subclass(kMarker), [](const zuhost::Tag& tag) { return tag.code == kHard; });
+    const zuhost::TagRange own = records.subclass(kMarker);
+    for (std::size_t at = own.first + 1; at < own.last; ++at)
+        if (records[at - 1].code == kName && isPointer(records[at].code))
+            records[at].code = isHard ? kOwned : kShared;
+    if (isHard)
+        records.insert(own.first, zuhost::Tag{kHard, "1"});
+    return Acad::eOk;
+}
+
 AcDbDictionaryIterator* AcDbDictionary::newIterator() const {
     return new AcDbDictionaryIterator(entries());
 }
@@ -273,7 +299,8 @@ void AcDbDictionary::addEntry(const std::wstring& name, std::uint64_t handle) {
     const bool isIndexed = indexVersion_ == tagVersion() && removed_.empty() && !index_.byHandle.find(handle);
     zuhost::TagList& records = changingTags();
     const std::size_t place = records.subclass(kMarker).last;
-    records.insert(place, {{kName, encoded(name)}, {350, zuhost::formatHandle(handle)}});
+    const int pointer = isTreatElementsAsHard() ? kOwned : kShared;
+    records.insert(place, {{kName, encoded(name)}, {pointer, zuhost::formatHandle(handle)}});
     if (!isIndexed)
         return;
     index_.byName.addFront(zuhost::foldedName(name), place);

@@ -68,8 +68,11 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
     const bool isBlock = AcDbBlockTableRecord::cast(this) != nullptr;
     if (name == nullptr || !zuhost::isRecordName(name, isBlock))
         return Acad::eInvalidInput;
-    AcDbStub* const table = ownerId();
-    if (core() == nullptr || table == nullptr)
+    if (core() == nullptr)
+        return setTextTag({}, 2, name);
+    // Blocks of drawings before R13 are in no table of their own.
+    AcDbStub* const table = isBlock ? core()->tableHead("BLOCK_RECORD") : static_cast<AcDbStub*>(ownerId());
+    if (table == nullptr)
         return setTextTag({}, 2, name);
     const AcDbStub* const known = core()->findRecord(*table, name, false);
     if (known != nullptr && known != static_cast<AcDbStub*>(objectId()))
@@ -80,8 +83,7 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
         return status;
     core()->invalidateNames(table);
     core()->invalidateLocks();
-    const std::string type =
-        isBlock ? "BLOCK_RECORD" : std::string(core()->tags(*table).text(2).value_or(""));
+    const std::string type(core()->tags(*table).text(2).value_or(""));
     zuhost::renameReferences(*core(), type, before, name);
     return status;
 }

@@ -35,6 +35,9 @@ AcDbText::AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId 
 ACHAR* AcDbText::textString() const {
     return zuhost::newText(textTag(kMarker, 1));
 }
+const ACHAR* AcDbText::textStringConst() const {
+    return kept(text_, textTag(kMarker, 1));
+}
 Acad::ErrorStatus AcDbText::textString(AcString& text) const {
     text = textTag(kMarker, 1).c_str();
     return Acad::eOk;

@@ -4,6 +4,7 @@
 #include "dbmain.h"
 
 #include <algorithm>
+#include <string>
 
 ACRX_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
 ACRX_CONS_DEFINE_MEMBERS(AcApDocManager, AcRxObject)
@@ -37,6 +38,12 @@ const ACHAR* AcApDocument::fileName() const {
     if (database() != nullptr)
         database()->getFilename(path);
     return path != nullptr ? path : L"";
+}
+
+const ACHAR* AcApDocument::docTitle() const {
+    const std::wstring path = fileName();
+    title_ = path.empty() ? L"Drawing" : path.substr(path.find_last_of(L"/\\") + 1);
+    return title_.c_str();
 }
 
 AcAp::DocLockMode AcApDocument::lockMode(bool /*includeMine*/) const {

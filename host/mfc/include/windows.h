@@ -2,6 +2,8 @@
 
 #include "windef.h"
 
+#include <cstddef>
+#include <cstring>
 #include <cwchar>
 
 // The part of the platform's base interface that modules use, under the platform's names. What is a macro
@@ -62,6 +64,19 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int count
 /// Encodes a text. Returns 0 when the code page cannot represent a character.
 int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int count, char* bytes, int size,
                         const char* defaultCharacter, BOOL* usedDefault);
+
+inline void ZeroMemory(void* memory, std::size_t size) {
+    std::memset(memory, 0, size);
+}
+inline void FillMemory(void* memory, std::size_t size, BYTE value) {
+    std::memset(memory, value, size);
+}
+inline void CopyMemory(void* to, const void* from, std::size_t size) {
+    std::memcpy(to, from, size);
+}
+inline void MoveMemory(void* to, const void* from, std::size_t size) {
+    std::memmove(to, from, size);
+}
 
 // As the platform's functions: a null text is empty, or fails.
 

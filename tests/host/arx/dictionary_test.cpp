@@ -202,6 +202,32 @@ TEST_F(Dictionaries, OneInNoDatabaseHoldsObjectsUntilItIsAdded) {
     EXPECT_STREQ(zuhost::ResultChain(chain)->resval.rstring, L"deep");
 }
 
+TEST_F(Dictionaries, EntriesAreOwnedHardOnRequest) {
+    const auto pointers = [this] {
+        std::string codes;
+        const std::string bytes = zuhost::dxfOutBytes(*drawing, false);
+        std::size_t at = bytes.find("RTGR00007");
+        for (const char* const name : {"RTGR00007", "LAST"})
+            if (at = bytes.find(name, at); at != std::string::npos)
+                codes += bytes.substr(bytes.find('\n', at) + 1, 3);
+        return codes;
+    };
+    EXPECT_FALSE(groups->isTreatElementsAsHard());
+    EXPECT_EQ(pointers(), "350");
+    EXPECT_EQ(groups->setTreatElementsAsHard(true), Acad::eOk);
+    AcDbObjectId added;
+    auto* const group = new AcDbGroup;
+    ASSERT_EQ(groups->setAt(L"LAST", group, added), Acad::eOk);
+    group->close();
+    EXPECT_EQ(pointers(), "360360") << "those known and those to come";
+    EXPECT_EQ(groups->getAt(L"rtgr00007", added), Acad::eOk);
+    EXPECT_EQ(groups->setTreatElementsAsHard(false), Acad::eOk);
+    EXPECT_FALSE(groups->isTreatElementsAsHard());
+    EXPECT_EQ(pointers(), "350350");
+    groups->downgradeOpen();
+    EXPECT_EQ(groups->setTreatElementsAsHard(true), Acad::eNotOpenForWrite);
+}
+
 TEST_F(Dictionaries, InvalidEntriesAreRejected) {
     auto group = std::make_unique<AcDbGroup>();
     AcDbObjectId added;

@@ -56,6 +56,8 @@ public:
 
     [[nodiscard]] AcString mid(int start, int count = -1) const;
     [[nodiscard]] AcString substr(int start, int count) const { return mid(start, count); }
+    /// The first characters.
+    [[nodiscard]] AcString substr(int count) const { return left(count); }
     [[nodiscard]] AcString left(int count) const { return mid(0, count < 0 ? 0 : count); }
     [[nodiscard]] AcString right(int count) const;
     AcString& makeUpper();

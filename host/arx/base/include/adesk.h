@@ -117,3 +117,8 @@ struct Acad {
 
 /// Returns the name of a status, for messages.
 const ACHAR* acadErrorStatusText(Acad::ErrorStatus status);
+
+/// Returns whether the status is eOk.
+inline bool eOkVerify(Acad::ErrorStatus status) {
+    return status == Acad::eOk;
+}

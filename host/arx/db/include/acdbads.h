@@ -44,6 +44,17 @@ int acdbAngToS(ads_real angle, int unit, int precision, Buffer&& text) {
     return acdbAngToS(angle, unit, precision, text, zuhost::bufferSize<Buffer>());
 }
 
+// ---- records of symbol tables as chains: type (0), name (2) and the values that drawings of all versions
+// have
+
+/// Returns the list of the record, which the caller frees; of a block that of its BLOCK and its first entity
+/// (-2). Null when there is none. `table` is "LAYER", "LTYPE", "STYLE", "BLOCK", "APPID" ...; with `setNext`
+/// acdbTblNext continues after the record.
+[[nodiscard]] resbuf* acdbTblSearch(const ACHAR* table, const ACHAR* name, int setNext);
+/// Returns the list of the next record, of the first with `rewind`; null at the end. A table that was not
+/// asked for last begins anew.
+[[nodiscard]] resbuf* acdbTblNext(const ACHAR* table, int rewind);
+
 // ---- entities as chains of their records: group codes and values, points as one item, handles as names
 
 /// Returns the entity's list, which the caller frees: its name (-1), type (0) and records without extended

@@ -12,11 +12,14 @@ public:
 
     /// The name of the attribute; the caller frees it with acutDelString.
     [[nodiscard]] ACHAR* tag() const;
+    /// Valid until the next call or the object's end.
+    [[nodiscard]] const ACHAR* tagConst() const;
     Acad::ErrorStatus tag(AcString& text) const;
     /// eInvalidInput for an empty name and one with blanks.
     Acad::ErrorStatus setTag(const ACHAR* tag);
     /// The caller frees the text with acutDelString.
     [[nodiscard]] ACHAR* prompt() const;
+    [[nodiscard]] const ACHAR* promptConst() const;
     Acad::ErrorStatus prompt(AcString& text) const;
     Acad::ErrorStatus setPrompt(const ACHAR* prompt);
     [[nodiscard]] bool isInvisible() const;
@@ -37,6 +40,9 @@ private:
     [[nodiscard]] std::wstring styleName() const;
     [[nodiscard]] std::int64_t flags() const;
     [[nodiscard]] int verticalCode() const override { return 74; }
+
+    mutable std::unique_ptr<std::wstring> tag_;
+    mutable std::unique_ptr<std::wstring> prompt_;
 };
 
 /// The value of an attribute of a block reference, which owns it.
@@ -49,6 +55,8 @@ public:
 
     /// The name of the attribute; the caller frees it with acutDelString.
     [[nodiscard]] ACHAR* tag() const;
+    /// Valid until the next call or the object's end.
+    [[nodiscard]] const ACHAR* tagConst() const;
     Acad::ErrorStatus tag(AcString& text) const;
     /// eInvalidInput for an empty name and one with blanks.
     Acad::ErrorStatus setTag(const ACHAR* tag);
@@ -72,4 +80,6 @@ private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
     [[nodiscard]] std::int64_t flags() const;
     [[nodiscard]] int verticalCode() const override { return 74; }
+
+    mutable std::unique_ptr<std::wstring> tag_;
 };

@@ -35,10 +35,16 @@ public:
     Acad::ErrorStatus getPointAtDist(double distance, AcGePoint3d& point) const;
     Acad::ErrorStatus getFirstDeriv(double param, AcGeVector3d& derivative) const;
     Acad::ErrorStatus getFirstDeriv(const AcGePoint3d& point, AcGeVector3d& derivative) const;
+    Acad::ErrorStatus getSecondDeriv(double param, AcGeVector3d& derivative) const;
+    Acad::ErrorStatus getSecondDeriv(const AcGePoint3d& point, AcGeVector3d& derivative) const;
 
     /// With `extend`, lines count as endless and arcs as whole; the ends of polylines are not extended.
     Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
                                         bool extend = false) const;
+    /// The point of the curve whose projection along the normal is closest to the point's. eInvalidInput for
+    /// a normal without length.
+    Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& point, const AcGeVector3d& normal,
+                                        AcGePoint3d& onCurve, bool extend = false) const;
     /// The area that the curve, closed by a straight line, encloses; eNotApplicable for curves that are not
     /// in a plane, and straight ones.
     Acad::ErrorStatus getArea(double& area) const;

@@ -81,6 +81,10 @@ public:
     Acad::ErrorStatus remove(const ACHAR* name);
     Acad::ErrorStatus remove(AcDbObjectId id);
 
+    /// Returns whether the entries' pointers say that the dictionary needs its objects.
+    [[nodiscard]] bool isTreatElementsAsHard() const;
+    Acad::ErrorStatus setTreatElementsAsHard(bool isHard);
+
     /// The caller deletes the iterator.
     [[nodiscard]] AcDbDictionaryIterator* newIterator() const;
 

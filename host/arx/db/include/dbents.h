@@ -216,6 +216,8 @@ public:
 
     /// The caller frees the text with acutDelString.
     [[nodiscard]] ACHAR* textString() const;
+    /// Valid until the next call or the object's end.
+    [[nodiscard]] const ACHAR* textStringConst() const;
     Acad::ErrorStatus textString(AcString& text) const;
     Acad::ErrorStatus setTextString(const ACHAR* text);
     /// The start of the text, in world coordinates.
@@ -256,6 +258,11 @@ public:
     Acad::ErrorStatus setThickness(double thickness);
 
 protected:
+    /// Keeps a text that a member returns by pointer.
+    static const ACHAR* kept(std::unique_ptr<std::wstring>& place, std::wstring text) {
+        place = std::make_unique<std::wstring>(std::move(text));
+        return place->c_str();
+    }
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& matrix) override;
 
 private:
@@ -264,6 +271,8 @@ private:
     Acad::ErrorStatus setMirrored(std::int64_t bit, bool mirrored);
     /// The group code of the vertical mode.
     [[nodiscard]] virtual int verticalCode() const { return 73; }
+
+    mutable std::unique_ptr<std::wstring> text_; ///< Returned by textStringConst.
 };
 
 class AcDbMText : public AcDbEntity {
@@ -394,4 +403,5 @@ private:
 };
 
 #include "dbattrib.h"
+#include "dboiter.h"
 #include "dbvertex.h"

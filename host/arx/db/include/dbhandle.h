@@ -7,6 +7,9 @@
 /// The permanent number of an object in its drawing; 0 is the null handle.
 class AcDbHandle {
 public:
+    /// Size of a buffer for getIntoAsciiBuffer.
+    enum { kStrSiz = 17 };
+
     constexpr AcDbHandle() = default;
     constexpr explicit AcDbHandle(Adesk::UInt64 value) : value_(value) {}
     /// Parses hexadecimal digits; anything else gives 0.

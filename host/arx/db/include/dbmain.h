@@ -6,6 +6,7 @@
 #include "dbcolor.h"
 #include "dbextents.h"
 #include "dbid.h"
+#include "gepnt2d.h"
 #include "gept3dar.h"
 #include "rxclass.h"
 
@@ -109,6 +110,7 @@ public:
     [[nodiscard]] AcDbObjectId ownerId() const;
     [[nodiscard]] AcDbDatabase* database() const;
     [[nodiscard]] AcDbHandle getAcDbHandle() const { return objectId().handle(); }
+    void getAcDbHandle(AcDbHandle& handle) const { handle = getAcDbHandle(); }
 
     // ---- open state
     Acad::ErrorStatus close();
@@ -422,6 +424,11 @@ Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mod
     return Acad::eNotThatKindOfClass;
 }
 
+inline Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
+                                            bool openErased = false) {
+    return acdbOpenObject(entity, id, mode, openErased);
+}
+
 /// Returns whether an entry of AcDbObject::reactors refers to an object of the drawing, and to which.
 bool acdbIsPersistentReactor(const void* reactor);
 AcDbObjectId acdbPersistentReactorObjectId(const void* reactor);
@@ -523,6 +530,10 @@ public:
     Acad::ErrorStatus setCeltype(AcDbObjectId linetype);
     [[nodiscard]] AcDbObjectId textstyle() const;
     Acad::ErrorStatus setTextstyle(AcDbObjectId style);
+    /// The colour of new entities. Setting red, green and blue returns eNotApplicable: drawings hold an
+    /// index.
+    [[nodiscard]] AcCmColor cecolor() const;
+    Acad::ErrorStatus setCecolor(const AcCmColor& color);
     [[nodiscard]] AcDb::LineWeight celweight() const;
     Acad::ErrorStatus setCelweight(AcDb::LineWeight weight);
     [[nodiscard]] double ltscale() const;
@@ -556,6 +567,10 @@ public:
     /// As stored in the drawing: changes of entities do not change them.
     [[nodiscard]] AcGePoint3d extmin() const;
     [[nodiscard]] AcGePoint3d extmax() const;
+    [[nodiscard]] AcGePoint2d limmin() const;
+    Acad::ErrorStatus setLimmin(const AcGePoint2d& corner);
+    [[nodiscard]] AcGePoint2d limmax() const;
+    Acad::ErrorStatus setLimmax(const AcGePoint2d& corner);
 
     // ---- copies of objects, with what they own; dbidmap.h has the mapping
     /// Copies objects of this database and adds the copies to the owner, a block or a dictionary of it; a

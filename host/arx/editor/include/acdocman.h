@@ -33,6 +33,9 @@ public:
     /// Returns the path of the drawing's file, empty for a drawing that has none; valid until the drawing is
     /// opened or saved.
     [[nodiscard]] const ACHAR* fileName() const;
+    /// Returns the name of that file without its folder, "Drawing" for a drawing that has none; valid until
+    /// the next call.
+    [[nodiscard]] const ACHAR* docTitle() const;
 
     /// Returns the innermost lock, kNotLocked without one. There is one user of documents, so both are the
     /// same.
@@ -49,6 +52,7 @@ private:
         bool isCommand;
     };
     std::vector<Lock> locks_; ///< The innermost last.
+    mutable std::wstring title_;
 };
 
 /// Notified of locks of the document. The host has one document from its start to its end, so the other
@@ -123,6 +127,9 @@ AcApDocManager& documentManager();
 
 inline constexpr zuhost::Service<AcApDocManager, zuhost::documentManager> acDocManager;
 
+inline AcApDocManager* acDocManagerPtr() {
+    return acDocManager;
+}
 inline AcApDocument* curDoc() {
     return acDocManager->curDocument();
 }

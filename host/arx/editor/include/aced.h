@@ -12,6 +12,8 @@ public:
 
     virtual void commandWillStart(const ACHAR* /*command*/) {}
     virtual void commandEnded(const ACHAR* /*command*/) {}
+    /// Never called: a command that the user cancels ends as others do, with what it makes of RTCAN.
+    virtual void commandCancelled(const ACHAR* /*command*/) {}
     /// The command threw an exception.
     virtual void commandFailed(const ACHAR* /*command*/) {}
     virtual void unknownCommand(const ACHAR* /*command*/) {}

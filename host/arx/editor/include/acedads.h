@@ -61,6 +61,15 @@ int acedPrompt(const ACHAR* text);
 /// Shows a message box (zuhost/message_box.h); headless programs print it.
 int acedAlert(const ACHAR* text);
 
+/// Nothing is displayed: there is nothing to redraw, and vectors can't be drawn (RTERROR).
+inline int acedRedraw(const ads_name /*entity*/, int /*mode*/) {
+    return RTNORM;
+}
+inline int acedGrDraw(const ads_point /*from*/, const ads_point /*to*/, int /*color*/, int /*highlight*/) {
+    return RTERROR;
+}
+inline void acedUpdateDisplay() {}
+
 /// Runs a command with the values as its name and its answers; those left over are further commands. A name
 /// of an entity or a selection set answers a selection. RTERROR when there is no such command, when it fails
 /// or asks for more than was given, and for a pause ("\\").
@@ -106,8 +115,8 @@ int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point);
 /// - null with a point: the entity there; null without one: those that the user selects.
 ///
 /// A prefix "_" is ignored. What is selected by its place, or as the last entity, is on a layer that is
-/// neither off nor frozen. Lines, circles, arcs, polylines in a plane, points, texts (by their approximate
-/// frames) and, with their content, block references have a place.
+/// neither off nor frozen. Curves of all classes, points, texts (by their approximate frames) and, with their
+/// content, block references have a place; entities that are not modelled have none.
 ///
 /// The filter is a chain of group codes and values that an entity's list (acdbEntGet) must have:
 /// - texts may have wildcards and, but for code 1, ignore case;

@@ -1,5 +1,7 @@
 #include "editor_drawing.h"
 
+#include <dbelipse.h>
+
 #include <functional>
 #include <vector>
 
@@ -104,17 +106,18 @@ TEST_F(Selection, WindowsSelectEveryKindOfCurve) {
         AcDbBlockTableRecordPointer(ACDB_MODEL_SPACE, &drawing, AcDb::kForWrite)->appendAcDbEntity(curve);
         curve->close();
     }
+    // Vertices and the ends of their sequences count: the curves are 4, 9 and 14.
     const ads_point low{99, -1, 0};
     const ads_point belowArc{99, -6, 0};
     const ads_point high{111, 11, 0};
-    EXPECT_EQ(select(L"W", belowArc, high), "654");
-    EXPECT_EQ(select(L"W", low, high), "64") << "the arc of the second leaves the window";
-    EXPECT_EQ(select(L"C", low, high), "654");
+    EXPECT_EQ(select(L"W", belowArc, high), "1494");
+    EXPECT_EQ(select(L"W", low, high), "144") << "the arc of the second leaves the window";
+    EXPECT_EQ(select(L"C", low, high), "1494");
     const ads_point middle{105, 5, 0};
     const ads_point right{106, 9, 0};
-    EXPECT_EQ(select(L"C", middle, right), "65") << "the ellipse, and the side that closes the second";
+    EXPECT_EQ(select(L"C", middle, right), "149") << "the ellipse, and the side that closes the second";
     const ads_point onEllipse{105, 7, 0};
-    EXPECT_EQ(select(nullptr, onEllipse), "6");
+    EXPECT_EQ(select(nullptr, onEllipse), "14");
 }
 
 TEST_F(Selection, Filters) {
