@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <mutex>
 
 namespace zu::picture {
 
@@ -94,8 +95,11 @@ double advanceOf(const QString& text, const QString& family, bool bold, bool ita
             advance += isFullWidth(c) ? face.full : face.full / 2.0;
         return advance;
     }
-    thread_local QCache<QString, double> known(20'000);
+    // Shared: a scene is often measured by one thread and painted by another.
+    static std::mutex lock;
+    static QCache<QString, double> known(20'000);
     const QString key = keyOf(family, bold, italic, false) + text;
+    const std::scoped_lock locked(lock);
     if (const double* advance = known.object(key))
         return *advance;
     const double advance = QFontMetricsF(face.font).horizontalAdvance(text) / face.capital;

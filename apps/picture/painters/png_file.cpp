@@ -62,8 +62,9 @@ struct Lines {
 /// Nullopt when the picture has more colours than a palette.
 std::optional<Lines> linesByPalette(const QImage& picture) {
     constexpr std::size_t kMostColours = 256;
+    const int width = picture.width();
     Lines lines;
-    lines.bytes.resize(picture.height() * (qsizetype{picture.width()} + 1));
+    lines.bytes.resize(picture.height() * (qsizetype{width} + 1));
     std::unordered_map<QRgb, char> known;
     QRgb last = 0;
     char index = 0;
@@ -71,7 +72,7 @@ std::optional<Lines> linesByPalette(const QImage& picture) {
     for (int y = 0; y < picture.height(); ++y) {
         const auto* const pixels = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         *at++ = kNoFilter;
-        for (int x = 0; x < picture.width(); ++x) {
+        for (int x = 0; x < width; ++x) {
             const QRgb colour = pixels[x] & kColour;
             if (colour != last || known.empty()) {
                 if (known.size() == kMostColours && !known.contains(colour))
@@ -90,13 +91,14 @@ std::optional<Lines> linesByPalette(const QImage& picture) {
 
 Lines linesOfPixels(const QImage& picture) {
     constexpr qsizetype kBytes = 3;
+    const int width = picture.width();
     Lines lines;
-    lines.bytes.resize(picture.height() * (kBytes * picture.width() + 1));
+    lines.bytes.resize(picture.height() * (kBytes * width + 1));
     char* at = lines.bytes.data();
     for (int y = 0; y < picture.height(); ++y) {
         const auto* const pixels = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         *at++ = kNoFilter;
-        for (int x = 0; x < picture.width(); ++x) {
+        for (int x = 0; x < width; ++x) {
             *at++ = static_cast<char>(qRed(pixels[x]));
             *at++ = static_cast<char>(qGreen(pixels[x]));
             *at++ = static_cast<char>(qBlue(pixels[x]));

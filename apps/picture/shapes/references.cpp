@@ -75,7 +75,9 @@ Placement::Placement(const Records& records) {
 }
 
 AcGeMatrix3d Placement::matrix(const AcGePoint3d& place) const {
-    AcGeMatrix3d figure = AcGeScale3d(scale.x, scale.y, scale.z);
+    AcGeMatrix3d figure;
+    for (unsigned axis = 0; axis < 3; ++axis)
+        figure(axis, axis) = scale[axis];
     if (angle != 0.0)
         figure = AcGeMatrix3d::rotation(angle, AcGeVector3d::kZAxis) * figure;
     figure.setTranslation(place.asVector());

@@ -128,21 +128,23 @@ PlanComposition::PlanComposition(AcDbDatabase& drawing, PlanOptions options)
     placeLabels();
 }
 
-/// The elements of the database are read on another thread while the records that were written from it are
-/// parsed and measured.
+/// Another thread parses and measures the records that were written from the database, while this one reads
+/// its elements.
 picture::Extents PlanComposition::read(AcDbDatabase& drawing) {
     picture::DatabaseCopy copy = picture::copyDatabase(drawing);
-    std::future<void> reading =
-        std::async([&] { elements_ = PlanElements(drawing, options_.showsLayer, options_.showsElement); });
-    drawing_ = recordsOf(std::move(copy));
-    requireLayout(*drawing_, options_.layout);
-    if (options_.showsElement) // Measuring then asks which elements are shown.
-        reading.wait();
-    picture::Extents extents = picture::measureScene(*drawing_, scene({}));
-    reading.get();
-    if (extents.report.isTooMuch)
+    const auto measure = [&] {
+        drawing_ = recordsOf(std::move(copy));
+        requireLayout(*drawing_, options_.layout);
+        return picture::measureScene(*drawing_, scene({}));
+    };
+    // With a filter of elements, measuring asks which of them are shown: it waits for them.
+    std::future<picture::Extents> extents = std::async(
+        options_.showsElement ? std::launch::deferred : std::launch::async | std::launch::deferred, measure);
+    elements_ = PlanElements(drawing, options_.showsLayer, options_.showsElement);
+    picture::Extents measured = extents.get();
+    if (measured.report.isTooMuch)
         throwTooMuch();
-    return extents;
+    return measured;
 }
 
 picture::SceneOptions PlanComposition::scene(const Filter& filter) const {
@@ -366,6 +368,9 @@ void PlanComposition::reportUnplaced(std::size_t labels) {
 
 /// Equipment gets its name when its block has no text, and its text when that is too small to read.
 void PlanComposition::addEquipmentNames() {
+    const auto isNamed = [](const PlanElement& e) { return e.code == zucomn::kEquipment; };
+    if (std::none_of(elements_.all().begin(), elements_.all().end(), isNamed))
+        return;
     struct Seen {
         QPolygonF corners;
         QString text;          ///< The largest.

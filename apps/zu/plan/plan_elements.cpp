@@ -6,6 +6,7 @@
 #include <dbmain.h>
 #include <dbobjptr.h>
 #include <dbsymtb.h>
+#include <zucomn/frame.h>
 #include <zucomn/model/attributes.h>
 #include <zucomn/model/elements.h>
 #include <zucomn/model/joints.h>
@@ -14,6 +15,9 @@
 #include <afxstr.h>
 
 #include <algorithm>
+#include <cmath>
+#include <future>
+#include <limits>
 #include <unordered_map>
 
 namespace zu::app {
@@ -83,13 +87,59 @@ AcGePoint2d middleOf(const zucomn::Element& element) {
     return sum;
 }
 
+/// Which of the points from `low` to `high` on the x axis join another element: sets their places in
+/// `joined`.
+void findJoined(const std::vector<zucomn::ConnectionPoint>& points, double low, double high,
+                std::vector<char>& joined) {
+    double reach = 0.0;
+    double other = 0.0;
+    ZuComn_getTolerance(&reach, &other);
+    reach = std::max(reach, other);
+    std::vector<zucomn::ConnectionPoint> near;
+    std::vector<std::size_t> places;
+    near.reserve(points.size());
+    places.reserve(points.size());
+    for (std::size_t i = 0; i < points.size(); ++i)
+        if (const double x = points[i].position.x; x >= low - reach && x <= high + reach) {
+            near.push_back(points[i]);
+            places.push_back(i);
+        }
+    const std::vector<std::vector<AcDbObjectId>> found = zucomn::joinedElements(near, 1);
+    for (std::size_t i = 0; i < near.size(); ++i)
+        if (const double x = near[i].position.x; x >= low && x <= high)
+            joined[places[i]] = found[i].empty() ? 0 : 1;
+}
+
+/// The halves of the plane are searched at the same time.
+std::vector<char> joinedPoints(const std::vector<zucomn::ConnectionPoint>& points) {
+    constexpr double kFarthest = std::numeric_limits<double>::infinity();
+    std::vector<char> joined(points.size());
+    std::vector<double> across;
+    across.reserve(points.size());
+    for (const zucomn::ConnectionPoint& point : points)
+        if (std::isfinite(point.position.x))
+            across.push_back(point.position.x);
+    if (across.empty())
+        return joined;
+    const auto middle = across.begin() + static_cast<std::ptrdiff_t>(across.size() / 2);
+    std::nth_element(across.begin(), middle, across.end());
+    std::future<void> left = std::async([&] { findJoined(points, -kFarthest, *middle, joined); });
+    findJoined(points, std::nextafter(*middle, kFarthest), kFarthest, joined);
+    left.get();
+    return joined;
+}
+
 } // namespace
 
 PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
                            const std::function<bool(AcDbObjectId)>& shows) {
     ShownLayers layers(drawing, showsLayer);
+    const std::vector<AcDbObjectId> references = zucomn::modelSpaceReferences(drawing);
+    elements_.reserve(references.size());
+    index_.reserve(references.size());
     std::vector<zucomn::ConnectionPoint> points;
-    zucomn::readElements(zucomn::modelSpaceReferences(drawing), [&](const zucomn::Element& read) {
+    points.reserve(2 * references.size());
+    zucomn::readElements(references, [&](const zucomn::Element& read) {
         const int kind = zucomn::isRouteKind(read.linkKind) ? read.linkKind : 0;
         if (read.code == zucomn::kNoElement && kind == 0)
             return;
@@ -111,13 +161,13 @@ PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
 }
 
 void PlanElements::addJoints(const std::vector<zucomn::ConnectionPoint>& points) {
-    const std::vector<std::vector<AcDbObjectId>> joined = zucomn::joinedElements(points, 1);
+    const std::vector<char> joined = joinedPoints(points);
     std::size_t at = 0; // The points are in the order of the elements.
     for (std::size_t i = 0; i < points.size(); ++i) {
         while (elements_[at].id != points[i].element)
             ++at;
         if (elements_[at].isShown)
-            joints_.push_back({points[i].position, elements_[at].handle, !joined[i].empty()});
+            joints_.push_back({points[i].position, elements_[at].handle, joined[i] != 0});
     }
 }
 

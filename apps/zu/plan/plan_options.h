@@ -66,8 +66,8 @@ struct PlanOptions {
     bool marksJoints = true;
     bool textAsOutlines = false; ///< SVG only: letters as areas, which look the same without the fonts.
 
-    // Called by two threads at the same time.
-    /// Called with the name of a layer; false hides it. Empty shows all that are on.
+    /// Called with the name of a layer, by two threads at the same time; false hides it. Empty shows all that
+    /// are on.
     std::function<bool(const QString& layer)> showsLayer;
     /// Called with an element (a block reference with an element prefix); false leaves it out. Empty shows
     /// all.
