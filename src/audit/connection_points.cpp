@@ -7,18 +7,18 @@ namespace {
 
 using zucomn::RouteFault;
 
-ProblemText startOf(const NetworkPoint& point) {
+ProblemText startOf(const Network& network, const NetworkPoint& point) {
     ProblemText text;
-    text << L"connection point " << point.number << L" at " << point.position;
+    text << L"connection point " << static_cast<int>(point.number) << L" at " << network.positionOf(point);
     return text;
 }
 
 void reportCrowd(const Network& network, const NetworkPoint& point, RouteAudit& audit) {
     std::vector<AcDbObjectId> joined = network.joinedTo(point);
-    ProblemText text = startOf(point);
+    ProblemText text = startOf(network, point);
     text << L" joins several elements: " << joined[0] << L", " << joined[1];
     audit.add({network.elementOf(point), RouteFault::crowdedJoint, text.take(), false, std::move(joined),
-               point.position});
+               network.positionOf(point)});
 }
 
 void reportGap(const Network& network, std::size_t i, RouteAudit& audit) {
@@ -28,17 +28,18 @@ void reportGap(const Network& network, std::size_t i, RouteAudit& audit) {
     if (other.gap && other.gap->point == i && point.gap->point < i)
         return;
     const AcDbObjectId element = network.elementOf(other);
-    ProblemText text = startOf(point);
+    ProblemText text = startOf(network, point);
     text << L" joins nothing: " << Rounded{point.gap->distance} << L" from " << element << L"'s point "
-         << other.number;
+         << static_cast<int>(other.number);
     audit.add({network.elementOf(point), RouteFault::gap, text.take(), false, std::vector{element},
-               point.position});
+               network.positionOf(point)});
 }
 
 void reportOpenEnd(const Network& network, const NetworkPoint& point, RouteAudit& audit) {
-    ProblemText text = startOf(point);
+    ProblemText text = startOf(network, point);
     text << L" joins nothing";
-    audit.add({network.elementOf(point), RouteFault::openEnd, text.take(), false, {}, point.position});
+    audit.add(
+        {network.elementOf(point), RouteFault::openEnd, text.take(), false, {}, network.positionOf(point)});
 }
 
 } // namespace

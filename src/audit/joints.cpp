@@ -28,20 +28,20 @@ bool isEquipment(const CountedElement& element) {
     return element.code == zucomn::kEquipment;
 }
 
-/// A joint of two elements, at a point of the first.
+/// A joint of two elements, at a place of the first.
 struct AuditedJoint {
     const CountedElement& first;
     const CountedElement& second;
-    const NetworkPoint& point;
+    const AcGePoint3d& place;
 
     /// `describe` appends what is wrong with one of the elements.
     template <typename Describe>
     void report(RouteFault fault, RouteAudit& audit, Describe describe) const {
         ProblemText text;
         describe(text, first);
-        text << L", and " << second.id << L", joined at " << point.position << L", ";
+        text << L", and " << second.id << L", joined at " << place << L", ";
         describe(text, second);
-        audit.add({first.id, fault, text.take(), false, std::vector{second.id}, point.position});
+        audit.add({first.id, fault, text.take(), false, std::vector{second.id}, place});
     }
 };
 
@@ -87,7 +87,7 @@ void auditJoints(const Network& network, RouteAudit& audit) {
         if (point.joinedCount != 1 || point.joined[0] < point.element)
             continue;
         const AuditedJoint joint{network.elements()[point.element], network.elements()[point.joined[0]],
-                                 point};
+                                 network.positionOf(point)};
         auditKinds(joint, audit);
         auditSizes(joint, audit);
         auditHeights(joint, audit);

@@ -42,12 +42,10 @@ void Network::addPoints() {
     firstPoints_.reserve(elements_.size() + 1);
     for (std::size_t i = 0; i < elements_.size(); ++i) {
         firstPoints_.push_back(points_.size());
-        int number = 0;
-        for (const AcGePoint3d& position : elements_[i].points) {
+        for (std::size_t number = 0; number < elements_[i].points.size(); ++number) {
             NetworkPoint& point = points_.emplace_back();
-            point.element = i;
-            point.number = number++;
-            point.position = position;
+            point.element = static_cast<std::uint32_t>(i);
+            point.number = static_cast<std::uint32_t>(number);
         }
     }
     firstPoints_.push_back(points_.size());
@@ -57,11 +55,11 @@ void Network::findJoined(const PointGrid& grid, double tolerance) {
     for (NetworkPoint& point : points_) {
         const auto isKnown = [&](int other) {
             const auto known = point.others();
-            return static_cast<std::size_t>(other) == point.element ||
-                   std::find(known.begin(), known.end(), static_cast<std::size_t>(other)) != known.end();
+            const auto element = static_cast<std::uint32_t>(other);
+            return element == point.element || std::find(known.begin(), known.end(), element) != known.end();
         };
-        grid.visit(point.position, tolerance, isKnown, [&](int other) {
-            point.joined[point.joinedCount++] = static_cast<std::size_t>(other);
+        grid.visit(positionOf(point), tolerance, isKnown, [&](int other) {
+            point.joined[point.joinedCount++] = static_cast<std::uint32_t>(other);
             return point.joinedCount < point.joined.size();
         });
         std::sort(point.joined.begin(),
@@ -74,8 +72,8 @@ void Network::findGaps(const PointGrid& grid, double reach) {
         if (point.joinedCount > 0)
             continue;
         std::size_t searched = 0;
-        const auto isOwn = [&](int other) { return static_cast<std::size_t>(other) == point.element; };
-        grid.visit(point.position, reach, isOwn, [&](int other) {
+        const auto isOwn = [&](int other) { return static_cast<std::uint32_t>(other) == point.element; };
+        grid.visit(positionOf(point), reach, isOwn, [&](int other) {
             const auto found = nearest(point, static_cast<std::size_t>(other));
             if (found && (!point.gap || found->distance < point.gap->distance))
                 point.gap = found;
@@ -88,7 +86,7 @@ std::optional<NearPoint> Network::nearest(const NetworkPoint& point, std::size_t
     std::optional<NearPoint> found;
     const std::size_t last = std::min(firstPoints_[element + 1], firstPoints_[element] + kMostSearched);
     for (std::size_t i = firstPoints_[element]; i < last; ++i) {
-        const double distance = points_[i].position.distanceTo(point.position);
+        const double distance = positionOf(points_[i]).distanceTo(positionOf(point));
         if (!found || distance < found->distance)
             found = {i, distance};
     }

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -23,15 +24,16 @@ struct NearPoint {
 
 /// A connection point and what it meets. Elements are named by their places in the network.
 struct NetworkPoint {
-    std::size_t element = 0;
-    int number = 0; ///< Number among the points of the element, from 0.
-    AcGePoint3d position;
-    std::array<std::size_t, 2> joined{}; ///< Of more than two elements any two, in order.
-    std::size_t joinedCount = 0;
+    std::uint32_t element = 0;
+    std::uint32_t number = 0;              ///< Number among the points of the element, from 0.
+    std::array<std::uint32_t, 2> joined{}; ///< Of more than two elements any two, in order.
+    std::uint32_t joinedCount = 0;
     /// For a point that joins nothing the nearest point of another element within kGapReach.
     std::optional<NearPoint> gap;
 
-    [[nodiscard]] std::span<const std::size_t> others() const { return std::span(joined).first(joinedCount); }
+    [[nodiscard]] std::span<const std::uint32_t> others() const {
+        return std::span(joined).first(joinedCount);
+    }
 };
 
 /// The connection points of elements, in their order. The time is proportional to the number of points,
@@ -44,6 +46,9 @@ public:
     [[nodiscard]] const std::vector<NetworkPoint>& points() const { return points_; }
     [[nodiscard]] AcDbObjectId elementOf(const NetworkPoint& point) const {
         return elements_[point.element].id;
+    }
+    [[nodiscard]] const AcGePoint3d& positionOf(const NetworkPoint& point) const {
+        return elements_[point.element].points[point.number];
     }
     [[nodiscard]] std::vector<AcDbObjectId> joinedTo(const NetworkPoint& point) const;
 
