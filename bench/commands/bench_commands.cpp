@@ -85,6 +85,10 @@ void print(const std::string& what, const Cost& cost, const Cost& save, int elem
     std::fflush(stdout);
 }
 
+void writeDrawing(const std::string& path, int elements, Design design) {
+    inOwnProcess([&] { return timed([&] { writeNetwork(zuhost::fromUtf8(path), elements, design); }); });
+}
+
 void benchmark(const fs::path& folder, int elements) {
     const std::string drawing = folder / "network.dxf";
     const std::string saved = folder / "saved.dxf";
@@ -97,7 +101,7 @@ void benchmark(const fs::path& folder, int elements) {
                                                          {"check", drawing},
                                                          {"quantities", drawing},
                                                          {"plan", drawing, "-o", picture}};
-    inOwnProcess([&] { return timed([&] { writeNetwork(zuhost::fromUtf8(drawing), elements); }); });
+    writeDrawing(drawing, elements, Design::sound);
     const auto bytes = static_cast<double>(fs::file_size(drawing));
     const int runs = elements > 100'000 ? 1 : 5;
     std::printf("%d elements, %.1f MB\n", elements, bytes * 1e-6);
@@ -112,6 +116,13 @@ void benchmark(const fs::path& folder, int elements) {
                 what += (what.empty() ? "" : " ") + word;
         print(what, leastOf(runs, [&] { return costOf(command); }), save, elements, bytes);
     }
+    writeDrawing(drawing, elements, Design::faulty);
+    print("check, many findings",
+          leastOf(runs,
+                  [&] {
+                      return costOf({"check", drawing});
+                  }),
+          save, elements, bytes);
 }
 
 } // namespace
