@@ -6,6 +6,7 @@
 #include "dxf_records/number_text.h"
 #include "object_access.h"
 #include "object_factory.h"
+#include "renaming.h"
 #include "transactions.h"
 
 #include <zuhost/text_codec.h>
@@ -337,7 +338,12 @@ void DatabaseCore::restore(AcDbStub& stub, std::optional<TagList> tags, bool era
                            bool undoing) {
     AcDbObject& target = object(stub);
     const bool toggled = stub.erased != erased;
+    const auto* const record = AcDbSymbolTableRecord::cast(&target);
+    const std::wstring nameBefore = record != nullptr ? ObjectAccess::name(*record) : std::wstring();
     target.replaceTags(std::move(tags));
+    if (record != nullptr && stub.owner != nullptr && ObjectAccess::name(*record) != nameBefore)
+        renameInVariables(*this, this->tags(*stub.owner).text(2).value_or(""), nameBefore,
+                          ObjectAccess::name(*record));
     stub.erased = erased;
     erasedStart = {};
     if (stub.owner != nullptr) {

@@ -48,6 +48,10 @@ public:
                 rename(member, container.kind);
             rename(container.tail, container.kind);
         }
+        renameVariables();
+    }
+
+    void renameVariables() {
         for (const NameCode& variable : kNamingVariables)
             if (variable.table == table_ && isOld(textVariable(core_, variable.type, variable.code)))
                 setVariable(core_, variable.type, variable.code, to_);
@@ -94,6 +98,11 @@ bool isRecordName(std::wstring_view name, bool isBlock) {
     return !name.empty() && std::ranges::none_of(name, [](wchar_t c) {
         return c < L' ' || c == 0x7F || kExcluded.find(c) != std::wstring_view::npos;
     });
+}
+
+void renameInVariables(DatabaseCore& core, std::string_view table, const std::wstring& from,
+                       const std::wstring& to) {
+    Renaming(core, table, from, to).renameVariables();
 }
 
 void renameReferences(DatabaseCore& core, std::string_view table, const std::wstring& from,

@@ -192,6 +192,9 @@ TEST_F(SymbolTables, WhatNamesARecordFollowsItsNewName) {
     for (std::size_t at = saved.find("\nOLD\n"); at != std::string::npos; at = saved.find("\nOLD\n", at + 1))
         ++left;
     EXPECT_EQ(left, 1U) << "the text";
+    ASSERT_EQ(made.undo(), Acad::eOk);
+    expectNamed(made, "undone");
+    EXPECT_TRUE(AcDbLayerTablePointer(&made)->has(L"OLD"));
     EXPECT_EQ(AcDbObjectPointer<AcDbText>(textId)->upgradeOpen(), Acad::eWasOpenForRead) << "as it was open";
 }
 
