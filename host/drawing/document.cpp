@@ -42,7 +42,11 @@ Container& insertContainer(DrawingState& state, Container container) {
         std::find_if(state.containers.rbegin(), state.containers.rend(), [&](const Container& c) {
             return c.end < container.end || (c.end == container.end && c.kind <= container.kind);
         });
-    return *state.containers.insert(after.base(), std::move(container));
+    Container& inserted = *state.containers.insert(after.base(), std::move(container));
+    for (const AcDbStub* const frame : {inserted.head, inserted.tail})
+        if (frame != nullptr)
+            state.newFrames.emplace(frame, &inserted);
+    return inserted;
 }
 
 AcDbStub* newStub(DrawingState& state, std::string_view typeName, AcDbStub* owner) {
@@ -202,10 +206,19 @@ std::size_t Document::objectCount() const {
     return state_->stubs.size();
 }
 
+Container* Document::findContainer(Container::Kind kind, std::string_view name) const {
+    auto& found = state_->foundContainers[static_cast<std::size_t>(kind)];
+    if (const auto known = found.find(name); known != found.end())
+        return known->second;
+    for (Container& container : state_->containers)
+        if (container.kind == kind && container.name == name)
+            return found.emplace(name, &container).first->second;
+    return nullptr;
+}
+
 Container& Document::container(Container::Kind kind, std::string_view name) {
-    for (Container& known : state_->containers)
-        if (known.kind == kind && known.name == name)
-            return known;
+    if (Container* const known = findContainer(kind, name))
+        return *known;
     if (kind == Container::Kind::block)
         return appendBlock(std::string(name), nullptr);
     Container created;

@@ -7,8 +7,11 @@
 #include "source_file.h"
 #include "type_names.h"
 
+#include <array>
 #include <deque>
+#include <map>
 #include <optional>
+#include <unordered_map>
 
 namespace zuhost {
 
@@ -46,6 +49,10 @@ struct DrawingState {
     bool replacesHandles = false; ///< Whether any stub does.
     bool writesHandles = true;    ///< False for drawings before R13 whose objects have none.
     std::list<Container> containers;
+    /// By kind, the first containers of the names searched so far: drawings have tens of thousands of blocks.
+    std::array<std::map<std::string, Container*, std::less<>>, 4> foundContainers;
+    std::unordered_map<const AcDbStub*, const Container*>
+        newFrames; ///< By head and tail, those created since.
     std::vector<SectionFrame> sections;
     std::vector<AcDbStub*> spaceless; ///< Entities of model space when the file has no block for it.
 

@@ -135,9 +135,8 @@ TagList firstRecords(const DrawingState& state, const AcDbStub& stub, const Cont
 }
 
 const Container* framedBy(const DrawingState& state, const AcDbStub& stub) {
-    const auto at = std::find_if(state.containers.rbegin(), state.containers.rend(),
-                                 [&](const Container& c) { return c.head == &stub || c.tail == &stub; });
-    return at == state.containers.rend() ? nullptr : &*at;
+    const auto framed = state.newFrames.find(&stub);
+    return framed == state.newFrames.end() ? nullptr : framed->second;
 }
 
 } // namespace zuhost

@@ -21,7 +21,7 @@ namespace zuhost {
 /// Returns the group code of an object's handle.
 [[nodiscard]] int handleCode(const DrawingState& state, const AcDbStub& stub);
 
-/// Returns the container whose head or tail the stub is; null for other objects.
+/// Returns the container whose new head or tail the stub is; null for other objects.
 [[nodiscard]] const Container* framedBy(const DrawingState& state, const AcDbStub& stub);
 
 } // namespace zuhost

@@ -183,10 +183,9 @@ std::vector<AcDbObjectId> AcDbBlockTableRecord::entityIds(bool skipErased) const
     AcDbStub* const self = objectId();
     if (const Container* const block = core()->blockContainer(*self))
         addOwned(block->members, self, skipErased, found);
-    if (isLayout())
-        for (const Container& container : core()->document->containers())
-            if (container.kind == Container::Kind::entities)
-                addOwned(container.members, self, skipErased, found);
+    if (const Container* const entities = core()->document->findContainer(Container::Kind::entities);
+        entities != nullptr && isLayout())
+        addOwned(entities->members, self, skipErased, found);
     return found;
 }
 

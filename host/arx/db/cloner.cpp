@@ -50,6 +50,17 @@ Acad::ErrorStatus Cloner::cloneAll(const AcDbObjectIdArray& ids, AcDbObjectId ow
 }
 
 Acad::ErrorStatus Cloner::clone(AcDbObjectId id, AcDbObjectId owner, bool isPrimary) {
+    Acad::ErrorStatus status = cloneAlone(id, owner, isPrimary);
+    while (status == Acad::eOk && !pending_.empty()) {
+        const auto [source, copy] = pending_.back();
+        pending_.pop_back();
+        status = cloneContents(*source, *copy);
+    }
+    pending_.clear();
+    return status;
+}
+
+Acad::ErrorStatus Cloner::cloneAlone(AcDbObjectId id, AcDbObjectId owner, bool isPrimary) {
     if (id.isNull())
         return Acad::eNullObjectId;
     if (id.database() != &from_.self)
@@ -75,6 +86,19 @@ Acad::ErrorStatus Cloner::clone(AcDbObjectId id, AcDbObjectId owner, bool isPrim
         !ownerClass->isDerivedFrom(AcDbDictionary::desc()))
         return Acad::eInvalidOwnerObject;
     return cloneEntry(source, *target, isPrimary);
+}
+
+Acad::ErrorStatus Cloner::cloneContents(AcDbStub& source, AcDbStub& copy) {
+    AcDbObject& object = from_.object(source);
+    if (AcDbBlockTableRecord::cast(&object) != nullptr)
+        return cloneBlockContents(source, copy);
+    for (const std::uint64_t handle : entryHandles(ObjectAccess::tags(object))) {
+        AcDbStub* const entry = from_.document->find(handle);
+        if (entry != nullptr && !entry->erased && entry->owner == &source && copyOfStub(entry) == nullptr)
+            cloneOwned(from_.object(*entry), &copy, false);
+    }
+    cloneExtension(object, to_.object(copy));
+    return Acad::eOk;
 }
 
 void Cloner::note(AcDbStub& source, AcDbStub& copy, bool isCloned, bool isPrimary) {
@@ -162,13 +186,8 @@ AcDbStub* Cloner::cloneOwned(AcDbObject& source, AcDbStub* owner, bool isPrimary
     note(stub, added, true, isPrimary);
     if (owner != nullptr)
         object->addPersistentReactor(AcDbObjectId(owner));
-    cloneExtension(source, *object);
     object->close();
-    for (const std::uint64_t handle : entryHandles(ObjectAccess::tags(source))) {
-        AcDbStub* const entry = from_.document->find(handle);
-        if (entry != nullptr && !entry->erased && entry->owner == &stub && copyOfStub(entry) == nullptr)
-            cloneOwned(from_.object(*entry), &added, false);
-    }
+    pending_.emplace_back(&stub, &added);
     return &added;
 }
 
@@ -194,17 +213,15 @@ Acad::ErrorStatus Cloner::cloneRecord(AcDbObject& source, AcDbStub& table, bool 
     note(stub, added, true, isPrimary);
     Acad::ErrorStatus status = cloneExtension(source, *record);
     record->close();
-    if (status == Acad::eOk)
-        status = cloneNamedRecords(source);
-    return status == Acad::eOk ? cloneBlockContents(stub, added) : status;
+    if (AcDbBlockTableRecord::cast(&source) != nullptr)
+        pending_.emplace_back(&stub, &added);
+    return status == Acad::eOk ? cloneNamedRecords(source) : status;
 }
 
 Acad::ErrorStatus Cloner::cloneBlockContents(AcDbStub& source, AcDbStub& copy) {
-    const auto* const block = AcDbBlockTableRecord::cast(&from_.object(source));
-    if (block == nullptr)
-        return Acad::eOk;
-    for (const AcDbObjectId entity : ObjectAccess::entities(*block, true)) {
-        const Acad::ErrorStatus status = clone(entity, AcDbObjectId(&copy), false);
+    const auto& block = static_cast<const AcDbBlockTableRecord&>(from_.object(source));
+    for (const AcDbObjectId entity : ObjectAccess::entities(block, true)) {
+        const Acad::ErrorStatus status = cloneAlone(entity, AcDbObjectId(&copy), false);
         if (status != Acad::eOk)
             return status;
     }
@@ -225,7 +242,7 @@ void Cloner::overwrite(AcDbStub& record, const AcDbObject& source) {
             }
         }
         block->setOrigin(static_cast<const AcDbBlockTableRecord&>(source).origin());
-        cloneBlockContents(*static_cast<AcDbStub*>(source.objectId()), record);
+        pending_.emplace_back(static_cast<AcDbStub*>(source.objectId()), &record);
     } else if (ObjectAccess::assertWriteEnabled(*opened) == Acad::eOk) {
         TagList& records = ObjectAccess::changingTags(*opened);
         records.erase({TagView(records).firstMarker(), records.size()});

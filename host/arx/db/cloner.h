@@ -13,7 +13,8 @@ namespace zuhost {
 [[nodiscard]] std::unique_ptr<AcDbObject> copyOf(const AcDbObject& object);
 
 /// Copies objects with what they own, within a database or from one to another. First all objects are copied,
-/// then `translate` replaces the handles in the copies.
+/// then `translate` replaces the handles in the copies. What blocks and dictionaries hold waits its turn in a
+/// list: they may be nested as deep as a drawing likes.
 class Cloner {
 public:
     Cloner(DatabaseCore& from, DatabaseCore& to, AcDbIdMapping& mapping, AcDb::DuplicateRecordCloning mode);
@@ -27,13 +28,15 @@ public:
 
 private:
     [[nodiscard]] bool isWithin() const { return &from_ == &to_; }
+    Acad::ErrorStatus cloneAlone(AcDbObjectId id, AcDbObjectId owner, bool isPrimary);
+    Acad::ErrorStatus cloneContents(AcDbStub& source, AcDbStub& copy);
     Acad::ErrorStatus cloneEntity(AcDbObject& source, AcDbStub& block, bool isPrimary);
     Acad::ErrorStatus cloneRecord(AcDbObject& source, AcDbStub& table, bool isPrimary);
     Acad::ErrorStatus cloneEntry(AcDbObject& source, AcDbStub& dictionary, bool isPrimary);
     Acad::ErrorStatus cloneParts(AcDbStub& source, AcDbStub& copy);
     Acad::ErrorStatus cloneBlockContents(AcDbStub& source, AcDbStub& copy);
     Acad::ErrorStatus cloneExtension(AcDbObject& source, AcDbObject& copy);
-    /// Copies an object that another object owns, with the entries that it owns itself.
+    /// Copies an object that another object owns; the entries that it owns itself follow.
     AcDbStub* cloneOwned(AcDbObject& source, AcDbStub* owner, bool isPrimary);
     Acad::ErrorStatus cloneNamedRecords(const AcDbObject& object);
     Acad::ErrorStatus cloneNamed(std::string_view table, const std::wstring& name);
@@ -49,6 +52,8 @@ private:
     AcDbIdMapping& mapping_;
     AcDb::DuplicateRecordCloning mode_;
     std::vector<AcDbStub*> copies_; ///< To be translated.
+    std::vector<std::pair<AcDbStub*, AcDbStub*>>
+        pending_; ///< Blocks and dictionaries, their copies still empty.
 };
 
 } // namespace zuhost

@@ -45,7 +45,7 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
     undo.clear();
     destroyObjects(); // before the document destroys their stubs
     document = std::move(opened);
-    blocks_.clear();
+    blocks_.reset();
     names_.clear();
     tables_.clear();
     parts.clear();
@@ -230,13 +230,19 @@ AcDbStub* DatabaseCore::modelSpace() {
 }
 
 Container* DatabaseCore::blockContainer(const AcDbStub& record) {
-    if (blocks_.empty())
+    if (!blocks_) {
+        blocks_.emplace();
         for (Container& container : document->containers())
-            if (container.kind == Container::Kind::block && container.head != nullptr)
-                blocks_.emplace(container.head->owner != nullptr ? container.head->owner : container.head,
-                                &container);
-    const auto found = blocks_.find(&record);
-    return found == blocks_.end() ? nullptr : found->second;
+            if (container.kind == Container::Kind::block)
+                indexBlock(container);
+    }
+    const auto found = blocks_->find(&record);
+    return found == blocks_->end() ? nullptr : found->second;
+}
+
+void DatabaseCore::indexBlock(Container& block) {
+    if (blocks_ && block.head != nullptr)
+        blocks_->emplace(block.head->owner != nullptr ? block.head->owner : block.head, &block);
 }
 
 // ---- locked layers
@@ -280,13 +286,18 @@ std::vector<AcDbStub*> DatabaseCore::records(const AcDbStub& table) {
 
 const DatabaseCore::NameIndex& DatabaseCore::names(const AcDbStub& table) {
     const auto [entry, isNew] = names_.try_emplace(&table);
-    if (isNew) {
-        for (AcDbStub* record : records(table)) {
-            if (const auto name = tags(*record).withoutExtendedData().text(2))
-                entry->second[foldedName(document->decode(*name))].push_back(record);
-        }
-    }
+    if (isNew)
+        for (AcDbStub* const record : records(table))
+            indexName(table, *record);
     return entry->second;
+}
+
+void DatabaseCore::indexName(const AcDbStub& table, AcDbStub& record) {
+    const auto index = names_.find(&table);
+    if (index == names_.end())
+        return;
+    if (const auto name = tags(record).withoutExtendedData().text(2))
+        index->second[foldedName(document->decode(*name))].push_back(&record);
 }
 
 AcDbStub* DatabaseCore::findRecord(const AcDbStub& table, std::wstring_view name, bool erasedToo) {

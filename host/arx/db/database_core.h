@@ -94,13 +94,15 @@ struct DatabaseCore {
     /// Returns the container of a block's entities, by the block record or, in drawings before R13, the
     /// BLOCK; null when there is none.
     [[nodiscard]] Container* blockContainer(const AcDbStub& record);
-    void invalidateBlocks() { blocks_.clear(); }
+    /// Adds a new block to the index of blocks, once there is one.
+    void indexBlock(Container& block);
 
     /// Returns the table's record with the name, an erased one only with `erasedToo` and if no other has the
-    /// name; null when there is none. The index of names is built on first use; invalidateNames discards it
-    /// after a record is added or renamed.
+    /// name; null when there is none. The index of names is built on first use; new records
+    /// join it, and invalidateNames discards it after a change of names.
     [[nodiscard]] AcDbStub* findRecord(const AcDbStub& table, std::wstring_view name, bool erasedToo);
     [[nodiscard]] std::vector<AcDbStub*> records(const AcDbStub& table);
+    void indexName(const AcDbStub& table, AcDbStub& record);
     void invalidateNames(const AcDbStub* table) { names_.erase(table); }
 
     /// Notifies the reactors of the database's end and destroys its objects.
@@ -132,7 +134,7 @@ private:
     void addFiltered(AcDbStub* stub);
 
     std::vector<std::unique_ptr<AcDbObject>> objects_;
-    std::unordered_map<const AcDbStub*, Container*> blocks_;
+    std::optional<std::unordered_map<const AcDbStub*, Container*>> blocks_; ///< Empty until asked for.
     std::unordered_map<const AcDbStub*, NameIndex> names_;
     std::map<std::string, AcDbStub*, std::less<>> tables_;
     std::optional<std::unordered_set<std::wstring>> lockedLayers_; ///< Folded names; empty until asked for.

@@ -26,9 +26,7 @@ public:
         if (space_ == nullptr)
             return;
         parts_[0] = core.blockContainer(*space_);
-        for (const Container& container : core.document->containers())
-            if (container.kind == Container::Kind::entities)
-                parts_[1] = &container;
+        parts_[1] = core.document->findContainer(Container::Kind::entities);
     }
 
     /// Returns the first object that is not erased; null without one.

@@ -152,11 +152,9 @@ void zuhost::DatabaseCore::addRecord(AcDbStub& table, AcDbSymbolTableRecord& rec
     const std::string name = document->encode(ObjectAccess::name(record));
     const bool isBlock = AcDbBlockTableRecord::cast(&record) != nullptr;
     adopt(&record, target, &table, [&](AcDbStub& stub) {
-        if (isBlock) {
-            document->appendBlock(name, &stub);
-            invalidateBlocks();
-        }
-        invalidateNames(&table);
+        if (isBlock)
+            indexBlock(document->appendBlock(name, &stub));
+        indexName(table, stub);
     });
 }
 

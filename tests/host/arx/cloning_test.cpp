@@ -298,6 +298,49 @@ TEST_F(Cloning, ExplodedReferencesBecomeCopiesOfTheBlocksEntities) {
     EXPECT_EQ(entitiesIn(*drawing), before + 3);
 }
 
+TEST_F(Cloning, BlocksAndDictionariesMayBeNestedDeeply) {
+    constexpr int kDepth = 20'000;
+    AcDbDatabase source;
+    AcDbObjectId reference;
+    {
+        const AcDbBlockTablePointer table(&source, AcDb::kForWrite);
+        AcDbObjectId inner;
+        for (int i = 0; i <= kDepth; ++i) {
+            auto* const block = new AcDbBlockTableRecord;
+            block->setName((L"B" + std::to_wstring(i)).c_str());
+            AcDbObjectId outer;
+            ASSERT_EQ(table->add(outer, block), Acad::eOk);
+            if (i > 0) {
+                auto* const entity = new AcDbBlockReference(AcGePoint3d::kOrigin, inner);
+                ASSERT_EQ(block->appendAcDbEntity(reference, entity), Acad::eOk);
+                entity->close();
+            }
+            block->close();
+            inner = outer;
+        }
+    }
+    {
+        const AcDbEntityPointer entity(reference, AcDb::kForWrite);
+        ASSERT_EQ(entity->createExtensionDictionary(), Acad::eOk);
+        AcDbObjectId dictionary = entity->extensionDictionary();
+        for (int i = 0; i < kDepth; ++i) {
+            const AcDbDictionaryPointer opened(dictionary, AcDb::kForWrite);
+            auto* const entry = new AcDbDictionary;
+            ASSERT_EQ(opened->setAt(L"内", entry, dictionary), Acad::eOk);
+            entry->close();
+        }
+    }
+    AcDbDatabase target;
+    AcDbObjectIdArray ids = listOf({reference});
+    AcDbIdMapping mapping;
+    ASSERT_EQ(target.wblockCloneObjects(ids, target.currentSpaceId(), mapping, AcDb::kDrcIgnore), Acad::eOk);
+    int pairs = 0;
+    for (AcDbIdMappingIter pair(mapping); !pair.done(); pair.next())
+        ++pairs;
+    EXPECT_GE(pairs, 3 * kDepth) << "a block, its reference and a dictionary on each level";
+    EXPECT_EQ(entitiesIn(target, L"B1"), 1U);
+}
+
 TEST_F(Cloning, ExtensionDictionariesAreReleasedWhenEmpty) {
     const AcDbEntityPointer duct(id(kDuct), AcDb::kForWrite);
     EXPECT_EQ(duct->releaseExtensionDictionary(), Acad::eKeyNotFound);

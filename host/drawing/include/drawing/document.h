@@ -107,6 +107,8 @@ public:
     /// Returns the first container of the kind and name (case-sensitive), created when the drawing lacks it.
     /// Kind::entities and Kind::objects have no name.
     Container& container(Container::Kind kind, std::string_view name = {});
+    /// Returns the same container; null when the drawing lacks it.
+    [[nodiscard]] Container* findContainer(Container::Kind kind, std::string_view name = {}) const;
     [[nodiscard]] std::size_t objectCount() const;
 
     /// Appends a stub for a new object of the type, with the next free handle, to the container's members.
