@@ -195,6 +195,12 @@ std::size_t TagView::firstMarker() const {
 std::size_t TagView::extendedDataStart() const {
     if (extended_ != kUnknown)
         return extended_;
+    if (list_ != nullptr && !endsWithSubclass_) {
+        std::size_t place = first_;
+        while (place < last_ && (*list_)[place].code < kFirstExtended)
+            ++place;
+        return place;
+    }
     Iterator it = begin();
     while (it != end() && it->code < kFirstExtended)
         ++it;

@@ -42,6 +42,21 @@ void visitReactorEntries(const TagView& tags, Visit visit) {
     }
 }
 
+/// The same for records in a list, which objects that change have.
+template <typename Visit>
+void visitReactorEntries(const TagList& tags, Visit visit) {
+    using namespace reactor_records;
+    bool isInGroup = false;
+    for (std::size_t i = 0; i < tags.size() && tags[i].code < kFirstExtended; ++i) {
+        const Tag& tag = tags[i];
+        if (tag.code == kBracket || tag.code == kMarker)
+            isInGroup = tag.code == kBracket && tag.value == kOpening;
+        else if (isInGroup && tag.code == kEntry)
+            if (const auto handle = parseHandle(tag.value))
+                visit(ReactorEntry{i, *handle});
+    }
+}
+
 /// Returns all entries in order.
 [[nodiscard]] std::vector<ReactorEntry> reactorEntries(const TagView& tags);
 

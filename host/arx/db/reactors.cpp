@@ -25,8 +25,8 @@ void* persistentEntry(AcDbStub* stub) {
     return reinterpret_cast<char*>(stub) + 1;
 }
 
-template <typename Predicate>
-std::vector<zuhost::ReactorEntry> entriesWith(const TagView& tags, Predicate isWanted) {
+template <typename Records, typename Predicate>
+std::vector<zuhost::ReactorEntry> entriesWith(const Records& tags, Predicate isWanted) {
     std::vector<zuhost::ReactorEntry> entries;
     zuhost::visitReactorEntries(tags, [&](const zuhost::ReactorEntry& entry) {
         if (isWanted(entry.handle))
@@ -131,10 +131,14 @@ bool AcDbObject::hasPersistentReactor(AcDbObjectId reactor) const {
         return index->has(handle);
     std::size_t count = 0;
     bool isFound = false;
-    zuhost::visitReactorEntries(tags(), [&](const zuhost::ReactorEntry& entry) {
+    const auto search = [&](const zuhost::ReactorEntry& entry) {
         ++count;
         isFound |= entry.handle == handle;
-    });
+    };
+    if (const TagList* const own = ownTags())
+        zuhost::visitReactorEntries(*own, search);
+    else
+        zuhost::visitReactorEntries(tags(), search);
     if (count > kFewEntries)
         indexReactors(); // for the next search
     return isFound;

@@ -146,15 +146,15 @@ void replace(TagList& tags, TagList replacement, const zuhost::DatabaseCore* cor
 
 /// Returns the records of the application; with null, of all.
 TagView valuesOf(const AcDbObject& object, const ACHAR* application) {
-    const TagView records = zuhost::ObjectAccess::tags(object);
-    if (application == nullptr)
-        return records.extendedData();
-    const TagView values = records.extendedData(zuhost::ObjectAccess::encoded(object, application));
+    const TagView all = zuhost::ObjectAccess::tags(object).extendedData();
+    if (application == nullptr || all.empty())
+        return all;
+    const TagView values = all.extendedData(zuhost::ObjectAccess::encoded(object, application));
     const AcDbDatabase* const database = object.database();
-    if (database == nullptr || !values.empty() || records.extendedData().empty())
+    if (database == nullptr || !values.empty())
         return values;
     const auto name = registeredName(zuhost::coreOf(*database), application);
-    return name ? records.extendedData(*name) : values;
+    return name ? all.extendedData(*name) : values;
 }
 
 /// Calls `visit`, which moves past the value, with each value that a chain can hold until it returns false.
