@@ -1,5 +1,5 @@
 #include "attributes/model/progress_scope.h"
-#include "attributes/views/apply.h"
+#include "attributes/model/write_back.h"
 #include "frame/resource_ids.h"
 #include "test_drawing.h"
 
