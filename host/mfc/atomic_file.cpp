@@ -176,10 +176,15 @@ int AtomicFile::replace(const FileIdentity* expected) {
     }
     if (!platform::kReplacesOpenFiles)
         static_cast<void>(old.close());
+    // Without its identity, the next save of the caller is refused at worst.
+    static_cast<void>(temporary_->file().identify(identity_));
     if (const int error = temporary_->renameTo(target_))
         return error;
-    // The new file is in place: without its identity, the next save of the caller is refused at worst.
-    static_cast<void>(temporary_->file().identify(identity_));
+    // Some systems give a file that replaces another the time of creation of that one.
+    FileIdentity renamed;
+    if (file_ops::identify(target_, renamed) == 0 && renamed.device == identity_.device &&
+        renamed.inode == identity_.inode)
+        identity_ = renamed;
     return 0;
 }
 

@@ -3,6 +3,8 @@
 #include "zuhost/character.h"
 #include "zuhost/text_codec.h"
 
+#include <zuhost/platform/file_rules.h>
+#include <zuhost/platform/files.h>
 #include <zuhost/platform/paths.h>
 #include <zuhost/platform/system_rules.h>
 
@@ -27,8 +29,9 @@ bool equalIgnoringCase(std::wstring_view a, std::wstring_view b) {
 
 /// Returns the folder's entry whose name differs from `name` in case only; `name` itself when there is none.
 std::string nameInFolder(const fs::path& folder, const std::string& name) {
-    if (entryExists(folder / platform::pathOf(name)))
-        return name;
+    if (std::string stored = platform::storedName(platform::textOf(folder / platform::pathOf(name)));
+        !stored.empty())
+        return stored;
     const std::wstring wanted = fromUtf8(name);
     std::string best;
     std::error_code error;
@@ -75,7 +78,8 @@ std::string systemPath(std::wstring_view path) {
     std::string slashed = withSlashes(path);
     if (!canBeName(path))
         return '\0' + slashed;
-    if (slashed.empty() || entryExists(platform::pathOf(slashed)))
+    // Where several names lead to a file, the stored one identifies it.
+    if (slashed.empty() || (!platform::kNamesIgnoreCase && entryExists(platform::pathOf(slashed))))
         return slashed;
     fs::path found;
     for (const fs::path& component : platform::pathOf(withoutTrailingDots(slashed))) {

@@ -65,7 +65,7 @@ CTime::CTime(int year, int month, int day, int hour, int minute, int second, int
     parts.tm_min = minute;
     parts.tm_sec = second;
     parts.tm_isdst = summerTime;
-    time_ = std::mktime(&parts);
+    time_ = zuhost::platform::timeOfLocal(parts);
 }
 
 CTime::CTime(const SYSTEMTIME& time, int summerTime)

@@ -47,4 +47,8 @@ std::tm universalTime(std::time_t time) {
     return parts;
 }
 
+std::time_t timeOfLocal(std::tm& parts) {
+    return std::mktime(&parts);
+}
+
 } // namespace zuhost::platform

@@ -220,6 +220,11 @@ int identifyName(const std::string& path, FileIdentity& identity) {
     return path.empty() ? ENOENT : identityOf(AT_FDCWD, path.c_str(), identity);
 }
 
+std::string storedName(const std::string& path) {
+    struct stat facts {};
+    return ::lstat(path.c_str(), &facts) == 0 ? path.substr(path.rfind('/') + 1) : std::string();
+}
+
 int copyRights(const std::string& from, FileHandle to) {
     const int target = descriptor(to);
     struct stat wanted {};

@@ -10,6 +10,25 @@ namespace zuhost::platform {
 
 namespace {
 
+// The C library knows no times before 1970. The calendar repeats after 400 years.
+// The first hours of 1970 lie before it where clocks are ahead of UTC.
+constexpr int kFirstYear = 71; // as std::tm counts
+constexpr int kCycleYears = 400;
+constexpr std::time_t kCycleSeconds = std::time_t{146'097} * 24 * 60 * 60;
+
+template <typename Convert>
+std::tm partsOf(std::time_t time, Convert convert) {
+    std::tm parts{};
+    if (time >= 0 || time < -kCycleSeconds) {
+        convert(&parts, &time);
+        return parts;
+    }
+    time += kCycleSeconds;
+    convert(&parts, &time);
+    parts.tm_year -= kCycleYears;
+    return parts;
+}
+
 std::string variable(const wchar_t* name) {
     std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
     value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
@@ -41,15 +60,20 @@ bool isTerminal(std::FILE* stream) {
 }
 
 std::tm localTime(std::time_t time) {
-    std::tm parts{};
-    localtime_s(&parts, &time);
-    return parts;
+    return partsOf(time, localtime_s);
 }
 
 std::tm universalTime(std::time_t time) {
-    std::tm parts{};
-    gmtime_s(&parts, &time);
-    return parts;
+    return partsOf(time, gmtime_s);
+}
+
+std::time_t timeOfLocal(std::tm& parts) {
+    if (parts.tm_year >= kFirstYear)
+        return std::mktime(&parts);
+    parts.tm_year += kCycleYears;
+    const std::time_t time = std::mktime(&parts);
+    parts.tm_year -= kCycleYears;
+    return time == -1 ? -1 : time - kCycleSeconds;
 }
 
 } // namespace zuhost::platform

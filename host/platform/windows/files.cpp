@@ -231,6 +231,20 @@ int identifyName(const std::string& path, FileIdentity& identity) {
     return file.isValid() ? identityOf(file.get(), identity) : lastErrorNumber();
 }
 
+std::string storedName(const std::string& path) {
+    const std::wstring name = systemName(path);
+    constexpr std::wstring_view kPrefix = LR"(\\?\)";
+    const bool isPrefixed = name.starts_with(kPrefix);
+    if (name.find_first_of(L"*?", isPrefixed ? kPrefix.size() : 0) != std::wstring::npos)
+        return {};
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(name.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE)
+        return {};
+    FindClose(search);
+    return utf8Text(found.cFileName);
+}
+
 /// The list that grants access; owners stay as the system sets them for new files.
 int copyRights(const std::string& from, FileHandle to) {
     const std::wstring name = systemName(from);

@@ -62,6 +62,9 @@ int tryLockFile(FileHandle file);
 int identifyFile(FileHandle file, FileIdentity& identity);
 /// Identifies the name itself: links are not followed.
 int identifyName(const std::string& path, FileIdentity& identity);
+/// Returns the name of the file or folder as the system stores it, which can differ in case; empty when there
+/// is none. Links are not followed.
+std::string storedName(const std::string& path);
 /// Gives the file the owner, group, access rights and access list of another as far as the system allows.
 /// Never adds access: if the group can't be kept, the new group gets the rights of all others, and bits that
 /// run a program as its owner or group are dropped.
