@@ -10,6 +10,11 @@
 using zu::dxf::CodeTable;
 using zu::dxf::RecordInput;
 
+// Where libraries are imported, programs may refer to these constants by their addresses.
+constexpr int CAcadDxf::kWhite;
+constexpr int CAcadDxf::kStrictTable;
+constexpr int CAcadDxf::kNoEntities;
+
 ACRX_NO_CONS_DEFINE_MEMBERS(CAcadDxf, AcRxObject)
 
 namespace {

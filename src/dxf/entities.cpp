@@ -9,6 +9,13 @@
 #include <algorithm>
 #include <array>
 
+// Where libraries are imported, programs may refer to these constants by their addresses.
+constexpr short CEnt::kByBlock;
+constexpr short CEnt::kByLayer;
+constexpr short CEnt::kWeightByLayer;
+constexpr short CEnt::kWeightByBlock;
+constexpr short CEnt::kWeightDefault;
+
 IMPLEMENT_DYNAMIC(CEnt, CObject)
 IMPLEMENT_DYNAMIC(CLine, CEnt)
 IMPLEMENT_DYNAMIC(CLwPline, CEnt)
