@@ -125,6 +125,7 @@ int run(std::vector<std::string> words) {
     CLI::App program(
         translated("Checks and edits drawings of building services: elements, routes, attributes."), "zu");
     translateHelp(program);
+    program.allow_windows_style_options(false); // "/samples/x.dxf" is a path on every system
     program.require_subcommand(1);
     program.set_help_all_flag("--help-all", translated("Help of every command"));
     program.set_version_flag("--version", "zu " ZU_VERSION, translated("Print the version"));
