@@ -1,8 +1,9 @@
 # zu_module(TARGET [NAME name] [STRINGS file.strings])
 #
 # Makes a module of the host from a shared library (or from the objects of one): adds the source file by which it tells
-# the host of itself when it is loaded, with its DllMain and its built-in texts. The file is the target's last source,
-# so that the module's own static objects are there before its attach runs.
+# the host of itself when it is loaded, with its DllMain and its built-in texts. The file's static object is the last to be
+# constructed, so that the module's own are there before its attach runs: the file is the target's last source, or, for
+# Windows, where static objects are constructed from the last source to the first, its first one.
 #
 # The module defines   extern "C" int DllMain(HINSTANCE, DWORD reason, void*)   (hidden, one in each module)
 # and, when the host is to start it,   extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode, void*)   (exported).
@@ -41,9 +42,12 @@ const zuhost::ModuleRegistration registration({&registration, "@ZU_MODULE_NAME@"
 
 } // namespace
 ]=])
-  target_sources(${target} PRIVATE ${source})
   if(WIN32)
+    get_target_property(sources ${target} SOURCES)
+    set_property(TARGET ${target} PROPERTY SOURCES ${source} ${sources})
     # The host runs the module's DllMain, with its own handle; the system is to find none.
     target_compile_definitions(${target} PRIVATE DllMain=zuModuleMain)
+  else()
+    target_sources(${target} PRIVATE ${source})
   endif()
 endfunction()

@@ -2,6 +2,7 @@
 # only are those of this machine.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
@@ -11,3 +12,4 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_CROSSCOMPILING_EMULATOR /usr/lib/wine/wine64)
 set(CLI11_DIR ${CMAKE_CURRENT_LIST_DIR}/windows)
 set(nlohmann_json_DIR ${CMAKE_CURRENT_LIST_DIR}/windows)
+set(GTest_DIR ${CMAKE_CURRENT_LIST_DIR}/windows)

@@ -33,6 +33,12 @@ inline std::filesystem::path sample(const std::string& name) {
     return std::filesystem::path(ZU_SAMPLES) / "parts" / name;
 }
 
+inline const PlainJson& expectedDrawings() {
+    static const PlainJson all =
+        PlainJson::parse(std::ifstream(std::filesystem::path(ZU_SAMPLES) / "expected" / "parts.json"));
+    return all.at("drawings");
+}
+
 inline void append(std::string& bytes, std::uint64_t value, int count) {
     for (int i = 0; i < count; ++i)
         bytes += static_cast<char>(value >> (8 * i) & 0xFF);

@@ -6,12 +6,6 @@
 namespace zu::test {
 namespace {
 
-const PlainJson& expectedDrawings() {
-    static const PlainJson all =
-        PlainJson::parse(std::ifstream(std::filesystem::path(ZU_SAMPLES) / "expected" / "parts.json"));
-    return all.at("drawings");
-}
-
 template <typename Change>
 void forEachEntity(PlainJson& model, Change change) {
     for (PlainJson& entity : model["entities"])
@@ -60,24 +54,6 @@ TEST(Samples, BinaryTwinsEqualTheirOriginals) {
         ++twins;
     }
     EXPECT_EQ(twins, 4);
-}
-
-/// Reads binary drawings of another writer, with the group codes of newer versions.
-TEST(Samples, BinaryDrawingsOfAnotherWriter) {
-    for (const PlainJson& drawing : expectedDrawings()) {
-        const std::string name = drawing.at("file");
-        SCOPED_TRACE(name);
-        const PartFile ascii("", "ascii.dxf");
-        const PartFile binary("", "binary.dxf");
-        const std::string command = std::string("/usr/bin/python3 " ZU_WRITE_BINARY " '") +
-                                    sample(name).string() + "' '" + ascii.systemPath() + "' '" +
-                                    binary.systemPath() + "'";
-        ASSERT_EQ(std::system(command.c_str()), 0);
-        PlainJson original = modelOf(CAcadDxf(ascii.path()));
-        ASSERT_FALSE(original["entities"].empty());
-        original["ascii"] = 0;
-        EXPECT_EQ(modelOf(CAcadDxf(binary.path())), original);
-    }
 }
 
 } // namespace

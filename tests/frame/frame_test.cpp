@@ -1,3 +1,4 @@
+#include "environment.h"
 #include "temporary_folder.h"
 
 #include <zucomn/frame.h>
@@ -22,11 +23,11 @@ namespace {
 class Language {
 public:
     explicit Language(const char* locale) {
-        setenv("LC_ALL", locale, 1);
+        setVariable("LC_ALL", locale);
         ZuComn_SetResource();
     }
     ~Language() {
-        setenv("LC_ALL", "C.UTF-8", 1);
+        setVariable("LC_ALL", "C.UTF-8");
         ZuComn_SetResource();
     }
 };

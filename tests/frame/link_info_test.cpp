@@ -1,5 +1,4 @@
-#include "sample_settings.h"
-#include "texts.h"
+#include "link_info_fixture.h"
 
 #include <zucomn/link_info.h>
 
@@ -13,46 +12,9 @@
 #include <algorithm>
 #include <chrono>
 
-#include <sys/wait.h>
-
 namespace {
 
 namespace file_ops = zuhost::file_ops;
-
-constexpr const char* kOld = "A|old\nC|3\n";
-constexpr const char* kNew = "A|new\nC|3\nB|2\n";
-
-/// Provides a folder and paths in the platform's form.
-class LinkInfo : public testing::Test {
-protected:
-    [[nodiscard]] CString path(std::string_view name = "links.lif") const {
-        std::wstring text = folder_.wide(name);
-        std::replace(text.begin(), text.end(), L'/', L'\\');
-        return zuhost::textOf(text);
-    }
-    [[nodiscard]] std::string read(std::string_view name) const {
-        return TemporaryFolder::read(folder_.file(name));
-    }
-    [[nodiscard]] bool exists(std::string_view name) const {
-        return std::filesystem::exists(folder_.file(name));
-    }
-    [[nodiscard]] CString value(const wchar_t* key) const {
-        CStringArray values;
-        return ZuComn_GetLinkInfo(path(), arrayOf({key}), values) ? values[0] : CString(L"(unread)");
-    }
-    [[nodiscard]] bool save() const {
-        return ZuComn_SaveLinkInfo(path(), arrayOf({L"A", L"B"}), arrayOf({L"new", L"2"}));
-    }
-
-    /// Removes the files of the previous run, which would add operations to the next one.
-    void restart() const {
-        for (const auto& left : std::filesystem::directory_iterator(folder_.path()))
-            std::filesystem::remove(left);
-        folder_.write("links.lif", kOld);
-    }
-
-    TemporaryFolder folder_;
-};
 
 TEST_F(LinkInfo, Merges) {
     const std::tuple<std::string, CStringArray, CStringArray, std::string> cases[] = {
@@ -216,44 +178,6 @@ TEST_F(LinkInfo, NoFailureLosesTheFile) {
             EXPECT_FALSE(box.text.ends_with(L"(0)")) << n;
             EXPECT_EQ(box.style & MB_ICONSTOP, MB_ICONSTOP) << n;
         }
-    }
-}
-
-TEST_F(LinkInfo, SavingFollowsLinksAndKeepsPermissions) {
-    namespace fs = std::filesystem;
-    const auto ownerOnly = fs::perms::owner_read | fs::perms::owner_write;
-    fs::permissions(folder_.write("real", kOld), ownerOnly);
-    fs::create_symlink("real", folder_.file("links.lif"));
-    ASSERT_TRUE(save());
-    EXPECT_EQ(read("real"), kNew);
-    EXPECT_EQ(read("links.bak"), kOld);
-    EXPECT_TRUE(fs::is_symlink(folder_.file("links.lif")));
-    EXPECT_FALSE(fs::is_symlink(folder_.file("links.bak")));
-    for (const char* const name : {"real", "links.bak"})
-        EXPECT_EQ(fs::status(folder_.file(name)).permissions(), ownerOnly) << name;
-}
-
-// The process is ended before each file operation in turn.
-TEST_F(LinkInfo, EndingTheProcessNeverLosesTheFile) {
-    bool finished = false;
-    for (int n = 1; !finished; ++n) {
-        ASSERT_LT(n, 100);
-        restart();
-        const pid_t child = fork();
-        if (child == 0) {
-            int count = 0;
-            const file_ops::Interception killer([&](file_ops::Operation, const std::string&) {
-                if (++count == n)
-                    _exit(1);
-                return 0;
-            });
-            _exit(save() ? 0 : 2);
-        }
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        finished = WEXITSTATUS(status) == 0;
-        const std::string now = read("links.lif");
-        EXPECT_TRUE(now == kNew || (!finished && now == kOld)) << n << now;
     }
 }
 

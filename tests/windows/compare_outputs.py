@@ -6,6 +6,7 @@
 Every command runs on the samples in a folder of the same name, in English and in Japanese; standard output, standard
 error, status and the files left have to be the same bytes.
 """
+import concurrent.futures
 import os
 import pathlib
 import re
@@ -113,25 +114,31 @@ def difference(linux, windows):
     return None
 
 
+def compare(linux_zu, windows_zu, samples, locale):
+    """Returns how many commands ran, how many files they wrote, and the differences."""
+    commands, wrote, differences = listings() + edits() + mistakes(), 0, []
+    with tempfile.TemporaryDirectory() as parent:
+        folder = pathlib.Path(parent) / "folder"
+        for words in commands:
+            linux = run(linux_zu, words, locale, folder, samples)
+            windows = run(windows_zu, words, locale, folder, samples)
+            wrote += len(linux[3])
+            if problem := difference(linux, windows):
+                differences.append("zu %s (%s): %s" % (" ".join(words), locale, problem))
+    return len(commands), wrote, differences
+
+
 def main():
     linux_zu, wine, windows_zu, samples = (os.path.abspath(argument) for argument in sys.argv[1:])
-    faults, count, wrote = 0, 0, 0
-    folder = pathlib.Path(tempfile.mkdtemp()) / "folder"
-    for locale in LOCALES:
-        for words in listings() + edits() + mistakes():
-            linux = run([linux_zu], words, locale, folder, samples)
-            windows = run([wine, windows_zu], words, locale, folder, samples)
-            problem = difference(linux, windows)
-            count += 1
-            wrote += len(linux[3])
-            if problem:
-                faults += 1
-                print("zu %s (%s): %s" % (" ".join(words), locale, problem), flush=True)
-    shutil.rmtree(folder.parent)
+    with concurrent.futures.ThreadPoolExecutor() as pool:
+        results = list(pool.map(lambda locale: compare([linux_zu], [wine, windows_zu], samples, locale), LOCALES))
+    count, wrote = (sum(result[i] for result in results) for i in (0, 1))
+    differences = [line for result in results for line in result[2]]
+    print(*differences, sep="\n", end="\n" if differences else "")
     if wrote < 20:
         sys.exit("the commands write files: only %d were" % wrote)
-    print("%d commands, %d files, %d differ" % (count, wrote, faults))
-    sys.exit(1 if faults else 0)
+    print("%d commands, %d files, %d differ" % (count, wrote, len(differences)))
+    sys.exit(1 if differences else 0)
 
 
 main()

@@ -67,14 +67,16 @@ TEST_F(Saving, EditsOfAnotherProgramAreNotReplaced) {
     const TemporaryFolder folder;
     const std::wstring path = folder.wide("plan.dxf");
     ASSERT_EQ(drawing->dxfOut(path.c_str()), Acad::eOk);
-    std::filesystem::create_symlink("plan.dxf", folder.file("link.dxf"));
+    std::error_code noLinks; // not every system lets users make them
+    std::filesystem::create_symlink("plan.dxf", folder.file("link.dxf"), noLinks);
+    const char* const link = noLinks ? "plan.dxf" : "link.dxf";
     std::filesystem::create_hard_link(folder.file("plan.dxf"), folder.file("same.dxf"));
     const auto second = read(path);
-    const auto first = read(folder.wide("link.dxf"));
+    const auto first = read(folder.wide(link));
     EXPECT_EQ(first->dxfOut(path.c_str()), Acad::eOk);
-    EXPECT_EQ(first->dxfOut(folder.wide("link.dxf").c_str()), Acad::eOk) << "its own save is no change";
+    EXPECT_EQ(first->dxfOut(folder.wide(link).c_str()), Acad::eOk) << "its own save is no change";
     std::filesystem::create_directory(folder.path() / "sub");
-    for (const char* name : {"plan.dxf", "link.dxf", "sub/../link.dxf", "PLAN.DXF"}) {
+    for (const char* name : {"plan.dxf", link, noLinks ? "sub/../plan.dxf" : "sub/../link.dxf", "PLAN.DXF"}) {
         EXPECT_EQ(second->dxfOut(folder.wide(name).c_str()), Acad::eFileAccessErr) << name;
         EXPECT_NE(zuhost::lastErrorText(*second).find(L"changed"), std::wstring::npos);
     }

@@ -1,47 +1,7 @@
-// A save that fails or is killed at any point leaves the old file or the new one.
-#include "notation.h"
-#include "temporary_folder.h"
-
-#include "zuhost/file_ops.h"
-#include "zuhost/paths.h"
-
-#include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
+// A save that fails at any point leaves the old file or the new one.
+#include "save_failure_fixture.h"
 
 using namespace zuhost;
-namespace fs = std::filesystem;
-
-namespace {
-
-class SaveFailure : public testing::Test {
-protected:
-    void SetUp() override {
-        document_ = opened(oldBytes_);
-        AcDbStub* line = member(*document_, "LINE");
-        line->erased = true;
-        newBytes_ = saved(*document_);
-        writeOld();
-    }
-
-    void writeOld() const { ASSERT_FALSE(opened(oldBytes_)->save(path(), DrawingForm::ascii, nullptr)); }
-
-    [[nodiscard]] std::wstring path() const { return hostPath(folder_.file("plan.dxf")); }
-    [[nodiscard]] std::string onDisk() const { return fileBytes(folder_.file("plan.dxf")); }
-    [[nodiscard]] std::size_t filesInFolder() const {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder_.path()), {}));
-    }
-
-    TemporaryFolder folder_;
-    std::string oldBytes_ = fileBytes(ZU_SAMPLES "/drawings/office-floor.dxf");
-    std::string newBytes_;
-    std::unique_ptr<Document> document_;
-};
-
-} // namespace
 
 TEST_F(SaveFailure, EveryFailingOperationLeavesAWholeFile) {
     for (const bool fromThenOn : {false, true}) {
@@ -64,32 +24,6 @@ TEST_F(SaveFailure, EveryFailingOperationLeavesAWholeFile) {
         }
         EXPECT_GE(failures, 4U);
     }
-}
-
-TEST_F(SaveFailure, KilledAtAnyOperationLeavesAWholeFile) {
-    bool finished = false;
-    for (int n = 1; n < 100 && !finished; ++n) {
-        writeOld();
-        const pid_t child = fork();
-        if (child == 0) {
-            int seen = 0;
-            const file_ops::Interception interception([&](file_ops::Operation, const std::string&) {
-                if (++seen == n)
-                    raise(SIGKILL);
-                return 0;
-            });
-            const auto error = document_->save(path(), DrawingForm::ascii, nullptr);
-            _exit(error ? 1 : 0);
-        }
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        finished = WIFEXITED(status) && WEXITSTATUS(status) == 0;
-        const std::string now = onDisk();
-        ASSERT_TRUE(now == newBytes_ || (!finished && now == oldBytes_)) << "operation " << n;
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder_.path()))
-            fs::remove(entry.path()); // temporary files of killed processes
-    }
-    EXPECT_TRUE(finished);
 }
 
 /// A value that does not fit is found while writing.

@@ -1,4 +1,5 @@
-#include "temporary_folder.h"
+#include "atomic_file_fixture.h"
+#include "environment.h"
 
 #include <afx.h>
 #include <zuhost/atomic_file.h>
@@ -6,15 +7,11 @@
 #include <zuhost/line_block.h>
 #include <zuhost/message_box.h>
 #include <zuhost/paths.h>
+#include <zuhost/platform/system_rules.h>
 #include <zuhost/string_table.h>
 #include <zuhost/texts.h>
 
 #include <gtest/gtest.h>
-
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -22,54 +19,17 @@ namespace fs = std::filesystem;
 
 TEST(Paths, AreFoundIgnoringCase) {
     const TemporaryFolder folder;
-    fs::create_directories(folder.path() / "System" / "表能");
+    fs::create_directories(zuhost::platform::pathOf(folder.file("System/表能")));
     folder.write("System/ZuConfig.ini", "x");
     folder.write("System/表能/Ａ.csv", "x");
     const std::wstring root = folder.wide("");
     EXPECT_EQ(zuhost::systemPath(root + L"\\SYSTEM\\zuconfig.INI"), folder.file("System/ZuConfig.ini"));
     EXPECT_EQ(zuhost::systemPath(root + L"/system\\表能\\Ａ.CSV"), folder.file("System/表能/Ａ.csv"));
     EXPECT_EQ(zuhost::systemPath(root + L"\\system\\new.ini"), folder.file("System/new.ini"));
-    EXPECT_EQ(zuhost::systemPath(L"C:\\nowhere\\x"), "/nowhere/x");
+    const std::string drive = zuhost::platform::kPathsHaveDrives ? "C:" : "";
+    EXPECT_EQ(zuhost::systemPath(L"C:\\nowhere\\x"), drive + "/nowhere/x");
     EXPECT_EQ(zuhost::systemPath(L""), "");
 }
-
-std::size_t filesIn(const TemporaryFolder& folder) {
-    return static_cast<std::size_t>(
-        std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()));
-}
-
-/// Runs `at` before each operation with its number, from 1, on a system with or without unnamed files.
-zuhost::file_ops::Interceptor counting(bool unnamedFiles, std::function<int(std::uint64_t n)> at) {
-    return [unnamedFiles, at = std::move(at), n = std::uint64_t{0}](zuhost::file_ops::Operation operation,
-                                                                    const std::string&) mutable {
-        const bool isLacking = !unnamedFiles && operation == zuhost::file_ops::Operation::openUnnamed;
-        return isLacking ? EOPNOTSUPP : at(++n);
-    };
-}
-
-/// The status that a process ends with.
-int statusOf(const std::function<int()>& process) {
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(process());
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-}
-
-class AtomicFile : public testing::TestWithParam<bool> {
-protected:
-    int replace(const std::string& bytes, std::function<int(std::uint64_t)> at) const {
-        const zuhost::file_ops::Interception interception(counting(GetParam(), std::move(at)));
-        return zuhost::replaceFile(path, bytes);
-    }
-    int replace(const std::string& bytes) const {
-        return replace(bytes, [](std::uint64_t) { return 0; });
-    }
-
-    TemporaryFolder folder;
-    std::string path = folder.write("f", "old");
-};
 
 INSTANTIATE_TEST_SUITE_P(WithAndWithoutUnnamedFiles, AtomicFile, testing::Bool());
 
@@ -90,21 +50,6 @@ TEST_P(AtomicFile, AnyFailureLeavesTheOldFile) {
     }
 }
 
-TEST_P(AtomicFile, KillingTheProcessLeavesOneOfTheTwo) {
-    int status = 9;
-    for (std::uint64_t n = 1; status == 9; ++n) {
-        ASSERT_LT(n, 50U);
-        folder.write("f", "old");
-        status = statusOf(
-            [&] { return replace("new", [n](std::uint64_t at) { return at == n ? _exit(9), 0 : 0; }); });
-        const std::string left = TemporaryFolder::read(path);
-        EXPECT_TRUE(left == "new" || (left == "old" && status == 9)) << n;
-        EXPECT_LE(filesIn(folder), 2U) << n;
-    }
-    EXPECT_EQ(status, 0);
-    EXPECT_EQ(filesIn(folder), 1U) << "a save removes leftovers";
-}
-
 TEST_P(AtomicFile, LeavesTemporaryFilesOfLivingProcesses) {
     zuhost::file_ops::File living;
     ASSERT_EQ(living.open(folder.write(".zu-saving-0", "x"), zuhost::file_ops::File::Mode::update), 0);
@@ -113,75 +58,6 @@ TEST_P(AtomicFile, LeavesTemporaryFilesOfLivingProcesses) {
     EXPECT_EQ(replace("new"), 0);
     EXPECT_TRUE(fs::exists(folder.file(".zu-saving-0")));
     EXPECT_EQ(filesIn(folder), 2U);
-}
-
-TEST_P(AtomicFile, ALimitOfFileSizesIsAnError) {
-    EXPECT_EQ(statusOf([&] {
-                  const rlimit limit{10, 10};
-                  setrlimit(RLIMIT_FSIZE, &limit);
-                  return replace("longer than ten bytes");
-              }),
-              EFBIG);
-    EXPECT_EQ(TemporaryFolder::read(path), "old");
-    EXPECT_EQ(filesIn(folder), 1U);
-}
-
-TEST_P(AtomicFile, FollowsLinksAndKeepsRights) {
-    chmod(path.c_str(), 0640);
-    fs::create_symlink(path, folder.file("link"));
-    EXPECT_EQ(zuhost::replaceFile(folder.file("link"), "new"), 0);
-    EXPECT_TRUE(fs::is_symlink(folder.file("link")));
-    EXPECT_EQ(TemporaryFolder::read(path), "new");
-    struct stat status {};
-    stat(path.c_str(), &status);
-    EXPECT_EQ(status.st_mode & 07777U, 0640U);
-    fs::create_symlink("made", folder.file("to be made"));
-    EXPECT_EQ(zuhost::replaceFile(folder.file("to be made"), "new"), 0);
-    EXPECT_TRUE(fs::is_symlink(folder.file("to be made")));
-    EXPECT_EQ(TemporaryFolder::read(folder.file("made")), "new");
-}
-
-TEST_P(AtomicFile, KeepsOwnerAndGroupWhereAllowed) {
-    if (geteuid() != 0)
-        GTEST_SKIP() << "only root may give files away";
-    const auto rightsAfter = [&](uid_t saver) {
-        EXPECT_EQ(chown(path.c_str(), 1234, 4321), 0);
-        chmod(path.c_str(), 06757);
-        EXPECT_EQ(statusOf([&] { return setgid(saver) != 0 || setuid(saver) != 0 ? EPERM : replace("new"); }),
-                  0);
-        struct stat status {};
-        stat(path.c_str(), &status);
-        return std::tuple(status.st_uid, status.st_gid, status.st_mode & 07777U);
-    };
-    chmod(folder.path().c_str(), 0777);
-    EXPECT_EQ(rightsAfter(0), std::tuple(1234U, 4321U, 06757U));
-    EXPECT_EQ(rightsAfter(99), std::tuple(99U, 99U, 0777U)) << "no program runs as the new owner";
-}
-
-TEST(FileNames, ThatNoFileCanHaveAreErrors) {
-    const TemporaryFolder folder;
-    fs::create_symlink("b", folder.file("a"));
-    fs::create_symlink("a", folder.file("b"));
-    const std::pair<std::wstring, int> cases[] = {{L"a", ELOOP},
-                                                  {std::wstring(300, L'x'), ENAMETOOLONG},
-                                                  {std::wstring(L"c\0d", 3), EILSEQ},
-                                                  {L"c\xD800", EILSEQ}};
-    for (const auto& [name, error] : cases) {
-        const std::string path = zuhost::systemPath(folder.wide("") + name);
-        EXPECT_EQ(zuhost::replaceFile(path, "x"), error);
-        EXPECT_EQ(std::get<int>(zuhost::readWholeFile(path)), error);
-    }
-    EXPECT_EQ(zuhost::replaceFile(folder.file(std::string(255, 'x')), "x"), 0);
-    EXPECT_EQ(filesIn(folder), 3U);
-}
-
-TEST(Replacing, RefusesPipesAndDevices) {
-    const TemporaryFolder folder;
-    const std::string pipe = folder.file("pipe");
-    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(zuhost::replaceFile(pipe, "new"), EPERM);
-    EXPECT_TRUE(fs::is_fifo(pipe));
-    EXPECT_EQ(filesIn(folder), 1U);
 }
 
 TEST(StdioFile, ReadsLinesInTheFilesEncoding) {
@@ -383,10 +259,10 @@ TEST(Language, FollowsTheEnvironment) {
                                                     {"C.UTF-8", 0},
                                                     {"xx_YY", 0}};
     for (const auto& [locale, id] : cases) {
-        setenv("LC_ALL", locale, 1);
+        setVariable("LC_ALL", locale);
         EXPECT_EQ(GetUserDefaultUILanguage(), id) << locale;
     }
-    setenv("LC_ALL", "C.UTF-8", 1);
+    setVariable("LC_ALL", "C.UTF-8");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <afx.h>
 #include <afxdllx.h>
+#include <zuhost/platform/libraries.h>
 
 #include <gtest/gtest.h>
 
@@ -12,7 +13,9 @@ namespace fs = std::filesystem;
 /// A copy of the sample module's library in a folder of its own.
 class SampleModule {
 public:
-    SampleModule() { fs::copy_file(ZU_SAMPLE_MODULE, folder_.file("libSample.so")); }
+    explicit SampleModule(const std::string& name = zuhost::platform::libraryNames("Sample").front()) {
+        fs::copy_file(ZU_SAMPLE_MODULE, folder_.file(name));
+    }
 
     [[nodiscard]] HMODULE load() const { return LoadLibraryW((folder_.wide("") + L"SAMPLE.dll").c_str()); }
     [[nodiscard]] const TemporaryFolder& folder() const { return folder_; }
@@ -43,6 +46,18 @@ TEST(Modules, AttachOnceAndDetachWithTheLastHandle) {
     EXPECT_EQ(std::getenv("ZU_SAMPLE_MODULE"), nullptr);
     EXPECT_FALSE(FreeLibrary(module));
     EXPECT_EQ(GetLastError(), ERROR_INVALID_HANDLE);
+}
+
+TEST(Modules, HaveSeveralFileNames) {
+    const auto names = zuhost::platform::libraryNames("Sample");
+    EXPECT_GE(names.size(), 2U);
+    for (const std::string& name : names) {
+        const SampleModule sample(name);
+        const HMODULE module = sample.load();
+        ASSERT_NE(module, nullptr) << name;
+        EXPECT_TRUE(fileName(module).ends_with(L"\\Sample.dll")) << name;
+        EXPECT_TRUE(FreeLibrary(module)) << name;
+    }
 }
 
 TEST(Modules, ReturnTheirNameInThePlatformsForm) {

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 #include <zuhost/paths.h>
+#include <zuhost/platform/paths.h>
 
 #include <gtest/gtest.h>
 
@@ -24,9 +25,11 @@ private:
 };
 
 /// Cases that differ on this host, which has no system folder, no default profile and no devices named like
-/// files; names that are too long for the file system already fail to be written.
+/// files; names that are too long for the file system already fail to be written. Where there are drives, X:
+/// is none.
 bool differsHere(const std::string& name) {
-    return name == "null" || name == "device" || name == "longer than 260";
+    return name == "null" || name == "device" || name == "longer than 260" ||
+           (name == "drive relative" && zuhost::platform::kPathsHaveDrives);
 }
 
 /// Returns the path of a case with drive X: replaced by the folder.
@@ -77,7 +80,7 @@ TEST(ProfilePaths, NameFilesAsRecorded) {
         }
         // "where: name". Files in the platform's system folder are in the current folder here.
         const std::string place = recorded[6][0];
-        EXPECT_EQ(found.filename(), place.substr(place.find(": ") + 2)) << name;
+        EXPECT_EQ(found.filename(), zuhost::platform::pathOf(place.substr(place.find(": ") + 2))) << name;
         EXPECT_EQ(found.parent_path().filename() == "dir", place.starts_with("where the path says")) << name;
     }
 }

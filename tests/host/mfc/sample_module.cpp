@@ -1,7 +1,8 @@
 // A module that records its attach and detach in the environment.
+#include "environment.h"
+
 #include <afxdllx.h>
 
-#include <cstdlib>
 #include <string>
 
 namespace {
@@ -12,18 +13,18 @@ const std::string kGreeting = "a text too long for the small buffer of a string"
 
 } // namespace
 
-extern "C" __attribute__((visibility("hidden"))) int DllMain(HINSTANCE instance, DWORD reason, void*) {
+extern "C" int DllMain(HINSTANCE instance, DWORD reason, void*) {
     if (reason == DLL_PROCESS_ATTACH) {
         AfxInitExtensionModule(extension, instance);
         new CDynLinkLibrary(extension); // owned by the chain
-        setenv("ZU_SAMPLE_MODULE", kGreeting.c_str(), 1);
+        setVariable("ZU_SAMPLE_MODULE", kGreeting.c_str());
     } else {
         AfxTermExtensionModule(extension);
-        unsetenv("ZU_SAMPLE_MODULE");
+        setVariable("ZU_SAMPLE_MODULE", nullptr);
     }
     return TRUE;
 }
 
-extern "C" __attribute__((visibility("default"))) int sampleAnswer() {
+extern "C" AFX_EXT_API int sampleAnswer() {
     return 42;
 }

@@ -1,3 +1,4 @@
+#include "environment.h"
 #include "temporary_folder.h"
 
 #include <afx.h>
@@ -26,11 +27,11 @@ public:
     explicit TimeZone(const char* zone) {
         if (const char* const old = std::getenv("TZ"))
             old_ = old;
-        setenv("TZ", zone, 1);
+        setVariable("TZ", zone);
         tzset();
     }
     ~TimeZone() {
-        old_ ? setenv("TZ", old_->c_str(), 1) : unsetenv("TZ");
+        setVariable("TZ", old_ ? old_->c_str() : nullptr);
         tzset();
     }
     TimeZone(const TimeZone&) = delete;
