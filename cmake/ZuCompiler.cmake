@@ -29,7 +29,11 @@ function(zu_precompile target)
 endfunction()
 
 # Results must not depend on the compiler's freedom to fuse multiply and add.
-add_compile_options(-ffp-contract=off)
+if(MSVC)
+  add_compile_options(/utf-8 /permissive- /Zc:__cplusplus /fp:precise)
+else()
+  add_compile_options(-ffp-contract=off)
+endif()
 
 # For fuzzing, fuzzer-no-link instruments the libraries too: their coverage guides the fuzzer.
 set(ZU_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address,undefined")
@@ -39,7 +43,11 @@ if(ZU_SANITIZE)
 endif()
 
 add_library(zu_warnings INTERFACE)
-target_compile_options(zu_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+if(MSVC)
+  target_compile_options(zu_warnings INTERFACE /W4)
+else()
+  target_compile_options(zu_warnings INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+endif()
 
 # wchar_t of 16 bits, as other platforms have it, to show that nothing depends on its size. What the shared C++ and C
 # libraries do for wide text is made for 32 bits: here each library and program has the templates and functions itself.
@@ -57,6 +65,8 @@ endif()
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 if(WIN32)
+  # The same sources give the same bytes.
+  add_link_options(-Wl,--no-insert-timestamp)
   # The system looks for libraries beside the program: those of the project, and of the compiler.
   set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
   set(CMAKE_SHARED_LIBRARY_PREFIX "")
