@@ -6,14 +6,20 @@ set(ZU_HOST_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/zuhost)
 set(ZU_CMAKEDIR ${CMAKE_INSTALL_LIBDIR}/cmake/ZuComn)
 
 install(TARGETS zuhost ZuComn EXPORT ZuComnTargets
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} ${ZU_HOST_INCLUDEDIR})
 
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME program)
 install(TARGETS zu RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-install(FILES packaging/completions/zu.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zu)
-install(FILES packaging/completions/zu.zsh DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions RENAME _zu)
-install(FILES packaging/completions/zu.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+if(WIN32)
+  install(FILES ${ZU_COMPILER_LIBRARIES} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library)
+else()
+  install(FILES packaging/completions/zu.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zu)
+  install(FILES packaging/completions/zu.zsh DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions RENAME _zu)
+  install(FILES packaging/completions/zu.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+endif()
 install(DIRECTORY samples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zucomn/samples
   PATTERN "expected" EXCLUDE PATTERN "*.py" EXCLUDE)
 

@@ -1,0 +1,12 @@
+# The archive for Windows; scripts/package makes it. The licences of the compiler's libraries go with them.
+foreach(package gcc-mingw-w64-x86-64-posix-runtime mingw-w64-common)
+  install(FILES /usr/share/doc/${package}/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT library)
+endforeach()
+install(FILES packaging/copyright CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/zucomn COMPONENT library)
+set(CPACK_PACKAGE_NAME zucomn)
+set(CPACK_PACKAGE_VENDOR "The ZuComn developers")
+set(CPACK_PACKAGE_FILE_NAME zucomn-${PROJECT_VERSION}-Windows)
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
+set(CPACK_GENERATOR ZIP)
+set(CPACK_STRIP_FILES ON)
+include(CPack)
