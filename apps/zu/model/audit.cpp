@@ -22,11 +22,11 @@ public:
         for (const AcDbObjectId id : zucomn::groupsOf(drawing))
             if (const auto group = zucomn::readGroup(id))
                 add(*group);
-        std::ranges::stable_sort(members_, {}, &Member::id);
+        std::stable_sort(members_.begin(), members_.end());
     }
 
     [[nodiscard]] std::string of(AcDbObjectId object) const {
-        const auto [first, last] = std::ranges::equal_range(members_, object, {}, &Member::id);
+        const auto [first, last] = std::equal_range(members_.begin(), members_.end(), Member{object});
         const auto isRoute = [this](const Member& member) { return names_[member.group].isRoute; };
         const auto route = std::find_if(first, last, isRoute);
         if (route != last)
@@ -42,6 +42,8 @@ private:
     struct Member {
         AcDbObjectId id;
         std::size_t group = 0; ///< Its place among the names.
+
+        bool operator<(const Member& other) const { return id < other.id; }
     };
 
     void add(const zucomn::Group& group) {
