@@ -9,6 +9,9 @@
 #include <dbobjptr.h>
 
 #include <algorithm>
+#include <cmath>
+#include <future>
+#include <limits>
 #include <numeric>
 
 namespace zucomn {
@@ -67,6 +70,61 @@ private:
     std::vector<std::size_t> firsts_; ///< Where each element's places begin; then their number.
 };
 
+/// Calls `take` with each point that joins up to `most` other elements, and their numbers.
+template <typename Take>
+void search(std::span<const ConnectionPoint> points, double tolerance, std::size_t most, Take take) {
+    const PointsOfElements elements(points);
+    zu::PointGrid grid(tolerance);
+    elements.addTo(grid);
+    std::vector<int> found;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        found.clear();
+        const int own = elements.ownerOf(i);
+        const auto isKnown = [&](int other) {
+            return other == own || std::find(found.begin(), found.end(), other) != found.end();
+        };
+        grid.visit(PointsOfElements::placeOf(points[i]), tolerance, isKnown, [&](int other) {
+            found.push_back(other);
+            return found.size() < most;
+        });
+        if (!found.empty())
+            take(i, elements, found);
+    }
+}
+
+/// Which of the points from `low` to `high` on the x axis join another element: sets their places in
+/// `joined`.
+void findJoined(std::span<const ConnectionPoint> points, double tolerance, double low, double high,
+                std::vector<char>& joined) {
+    std::vector<ConnectionPoint> near;
+    std::vector<std::size_t> places;
+    near.reserve(points.size());
+    places.reserve(points.size());
+    for (std::size_t i = 0; i < points.size(); ++i)
+        if (const double x = points[i].position.x; x >= low - tolerance && x <= high + tolerance) {
+            near.push_back(points[i]);
+            places.push_back(i);
+        }
+    search(near, tolerance, 1, [&](std::size_t point, const PointsOfElements&, const std::vector<int>&) {
+        if (const double x = near[point].position.x; x >= low && x <= high)
+            joined[places[point]] = 1;
+    });
+}
+
+/// Returns a place on the x axis with about as many points on either side.
+double middleColumn(std::span<const ConnectionPoint> points) {
+    constexpr std::size_t kSamples = 1000;
+    std::vector<double> across;
+    for (std::size_t i = 0; i < points.size(); i += points.size() / kSamples + 1)
+        if (std::isfinite(points[i].position.x))
+            across.push_back(points[i].position.x);
+    if (across.empty())
+        return 0.0;
+    const auto middle = across.begin() + static_cast<std::ptrdiff_t>(across.size() / 2);
+    std::nth_element(across.begin(), middle, across.end());
+    return *middle;
+}
+
 } // namespace
 
 std::vector<ConnectionPoint> connectionPoints(std::span<const AcDbObjectId> elements) {
@@ -89,28 +147,32 @@ std::vector<ConnectionPoint> connectionPoints(std::span<const AcDbObjectId> elem
 
 std::vector<std::vector<AcDbObjectId>> joinedElements(std::span<const ConnectionPoint> points,
                                                       std::size_t most) {
-    const double tolerance = zu::connectionTolerance();
-    const PointsOfElements elements(points);
-    zu::PointGrid grid(tolerance);
-    elements.addTo(grid);
     std::vector<std::vector<AcDbObjectId>> joined(points.size());
-    std::vector<int> found;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        found.clear();
-        const int own = elements.ownerOf(i);
-        const auto isKnown = [&](int other) {
-            return other == own || std::find(found.begin(), found.end(), other) != found.end();
-        };
-        grid.visit(PointsOfElements::placeOf(points[i]), tolerance, isKnown, [&](int other) {
-            found.push_back(other);
-            return found.size() < most;
-        });
-        std::sort(found.begin(), found.end());
-        joined[i].reserve(found.size());
-        for (const int other : found)
-            joined[i].push_back(elements.element(other));
-    }
+    search(points, zu::connectionTolerance(), most,
+           [&](std::size_t point, const PointsOfElements& elements, std::vector<int>& found) {
+               std::sort(found.begin(), found.end());
+               joined[point].reserve(found.size());
+               for (const int other : found)
+                   joined[point].push_back(elements.element(other));
+           });
     return joined;
+}
+
+std::vector<bool> joinedPoints(std::span<const ConnectionPoint> points) {
+    constexpr double kFarthest = std::numeric_limits<double>::infinity();
+    constexpr std::size_t kWorthAThread = 10'000;
+    const double tolerance = zu::connectionTolerance();
+    std::vector<char> joined(points.size());
+    if (points.size() < kWorthAThread) {
+        findJoined(points, tolerance, -kFarthest, kFarthest, joined);
+    } else {
+        const double middle = middleColumn(points);
+        std::future<void> left =
+            std::async([&] { findJoined(points, tolerance, -kFarthest, middle, joined); });
+        findJoined(points, tolerance, std::nextafter(middle, kFarthest), kFarthest, joined);
+        left.get();
+    }
+    return {joined.begin(), joined.end()};
 }
 
 } // namespace zucomn

@@ -5,6 +5,7 @@
 #include "text_outline.h"
 
 #include <QFontMetricsF>
+#include <QPaintDevice>
 
 #include <algorithm>
 #include <array>
@@ -121,14 +122,18 @@ void PainterCanvas::stamp(std::span<const QPointF> centres, const Circle& circle
     flush();
     const int half = qCeil(circle.radius + circle.ring.width) + 1;
     std::array<std::array<QImage, kStampPlaces>, kStampPlaces> stamps;
+    const QPointF edge(half, half);
+    const QRectF sheet(-edge, QPointF(painter_.device()->width(), painter_.device()->height()) + edge);
     for (const QPointF& centre : centres) {
-        const int x = qRound(centre.x() * kStampPlaces);
-        const int y = qRound(centre.y() * kStampPlaces);
-        const QPoint place(x % kStampPlaces, y % kStampPlaces);
+        if (!sheet.contains(centre))
+            continue;
+        const QPoint at = ((centre + edge) * kStampPlaces).toPoint();
+        const QPoint place(at.x() % kStampPlaces, at.y() % kStampPlaces);
         QImage& stamp = stamps[static_cast<std::size_t>(place.y())][static_cast<std::size_t>(place.x())];
         if (stamp.isNull())
             stamp = stampOf(circle, half, QPointF(place) / kStampPlaces);
-        painter_.drawImage(QPoint(x / kStampPlaces - half, y / kStampPlaces - half), stamp);
+        painter_.drawImage(QPoint(at.x() / kStampPlaces, at.y() / kStampPlaces) - QPoint(half, half) * 2,
+                           stamp);
     }
 }
 

@@ -6,7 +6,6 @@
 #include <dbmain.h>
 #include <dbobjptr.h>
 #include <dbsymtb.h>
-#include <zucomn/frame.h>
 #include <zucomn/model/attributes.h>
 #include <zucomn/model/elements.h>
 #include <zucomn/model/joints.h>
@@ -15,9 +14,6 @@
 #include <afxstr.h>
 
 #include <algorithm>
-#include <cmath>
-#include <future>
-#include <limits>
 #include <unordered_map>
 
 namespace zu::app {
@@ -87,48 +83,6 @@ AcGePoint2d middleOf(const zucomn::Element& element) {
     return sum;
 }
 
-/// Which of the points from `low` to `high` on the x axis join another element: sets their places in
-/// `joined`.
-void findJoined(const std::vector<zucomn::ConnectionPoint>& points, double low, double high,
-                std::vector<char>& joined) {
-    double reach = 0.0;
-    double other = 0.0;
-    ZuComn_getTolerance(&reach, &other);
-    reach = std::max(reach, other);
-    std::vector<zucomn::ConnectionPoint> near;
-    std::vector<std::size_t> places;
-    near.reserve(points.size());
-    places.reserve(points.size());
-    for (std::size_t i = 0; i < points.size(); ++i)
-        if (const double x = points[i].position.x; x >= low - reach && x <= high + reach) {
-            near.push_back(points[i]);
-            places.push_back(i);
-        }
-    const std::vector<std::vector<AcDbObjectId>> found = zucomn::joinedElements(near, 1);
-    for (std::size_t i = 0; i < near.size(); ++i)
-        if (const double x = near[i].position.x; x >= low && x <= high)
-            joined[places[i]] = found[i].empty() ? 0 : 1;
-}
-
-/// The halves of the plane, with about as many points each, are searched at the same time.
-std::vector<char> joinedPoints(const std::vector<zucomn::ConnectionPoint>& points) {
-    constexpr double kFarthest = std::numeric_limits<double>::infinity();
-    std::vector<char> joined(points.size());
-    constexpr std::size_t kSamples = 1000;
-    std::vector<double> across;
-    for (std::size_t i = 0; i < points.size(); i += points.size() / kSamples + 1)
-        if (std::isfinite(points[i].position.x))
-            across.push_back(points[i].position.x);
-    if (across.empty())
-        across.push_back(0.0);
-    const auto middle = across.begin() + static_cast<std::ptrdiff_t>(across.size() / 2);
-    std::nth_element(across.begin(), middle, across.end());
-    std::future<void> left = std::async([&] { findJoined(points, -kFarthest, *middle, joined); });
-    findJoined(points, std::nextafter(*middle, kFarthest), kFarthest, joined);
-    left.get();
-    return joined;
-}
-
 } // namespace
 
 PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
@@ -161,13 +115,13 @@ PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
 }
 
 void PlanElements::addJoints(const std::vector<zucomn::ConnectionPoint>& points) {
-    const std::vector<char> joined = joinedPoints(points);
+    const std::vector<bool> joined = zucomn::joinedPoints(points);
     std::size_t at = 0; // The points are in the order of the elements.
     for (std::size_t i = 0; i < points.size(); ++i) {
         while (elements_[at].id != points[i].element)
             ++at;
         if (elements_[at].isShown)
-            joints_.push_back({points[i].position, elements_[at].handle, joined[i] != 0});
+            joints_.push_back({points[i].position, elements_[at].handle, joined[i]});
     }
 }
 

@@ -29,4 +29,8 @@ connectionPoints(std::span<const AcDbObjectId> elements);
 [[nodiscard]] ZUCOMN_API std::vector<std::vector<AcDbObjectId>>
 joinedElements(std::span<const ConnectionPoint> points, std::size_t most = 2);
 
+/// Returns for each point, in order, whether another element has a connection point within the connection
+/// tolerance. Of many points, halves of the plane are searched at the same time, in threads of this call.
+[[nodiscard]] ZUCOMN_API std::vector<bool> joinedPoints(std::span<const ConnectionPoint> points);
+
 } // namespace zucomn
