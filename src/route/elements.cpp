@@ -22,6 +22,8 @@ namespace {
 /// Reads elements one after another; what they share is read once.
 class ElementReader {
 public:
+    explicit ElementReader(ElementGroups groups) : groups_(groups) {}
+
     /// Returns false when the object is no block reference or can't be opened.
     bool read(AcDbObjectId id, Element& element) {
         const AcDbObjectPointer<AcDbBlockReference> reference(id);
@@ -38,13 +40,18 @@ public:
         const zu::ElementBlock& block = blocks_.of(*reference.object(), element.block);
         element.code = block.code;
         (void)zu::placePoints(block, facts_.transform, element.connectionPoints);
-        element.groups.clear();
-        if (const auto groups = zu::reactorGroups(*reference.object()))
-            element.groups.assign(groups->ids.begin(), groups->ids.end());
+        if (groups_ == ElementGroups::read)
+            readGroups(*reference.object(), element.groups);
         return true;
     }
 
 private:
+    static void readGroups(const AcDbBlockReference& reference, std::vector<AcDbObjectId>& found) {
+        found.clear();
+        if (const auto groups = zu::reactorGroups(reference))
+            found.assign(groups->ids.begin(), groups->ids.end());
+    }
+
     bool isLocked(const std::wstring& layer, const AcDbBlockReference& reference) {
         const auto [entry, isNew] = isLocked_.try_emplace(layer);
         if (isNew)
@@ -52,6 +59,7 @@ private:
         return entry->second;
     }
 
+    ElementGroups groups_;
     zu::ReferenceFacts facts_;
     zu::ElementBlocks blocks_;
     zu::LayerLocks locks_;
@@ -62,13 +70,14 @@ private:
 
 std::optional<Element> readElement(AcDbObjectId id) {
     std::optional<Element> element(std::in_place);
-    if (!ElementReader().read(id, *element))
+    if (!ElementReader(ElementGroups::read).read(id, *element))
         element.reset();
     return element;
 }
 
-void readElements(std::span<const AcDbObjectId> ids, const std::function<void(const Element&)>& take) {
-    ElementReader reader;
+void readElements(std::span<const AcDbObjectId> ids, const std::function<void(const Element&)>& take,
+                  ElementGroups groups) {
+    ElementReader reader(groups);
     Element element;
     for (const AcDbObjectId id : ids)
         if (reader.read(id, element))

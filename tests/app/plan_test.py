@@ -67,6 +67,9 @@ with tempfile.TemporaryDirectory() as folder:
     points.saveas(drawn)
     paths = plan(drawn)[1]
     check(paths.count(("fill", DANGLING)) == 2 + 1 and paths.count(("fill", "#101010")) == 1 + 1, "marks of points: %s" % paths)
+    for window in ("0,0,100,9000", "0,0,9000,100"):
+        root = plan(sample("drawings/office-floor.dxf"), "--window", window)[2]
+        check(1600 <= max(float(root.get("width")), float(root.get("height"))) < 1800, "a long side of 1600: %s" % root.attrib)
     # A layout has its sheet at full size, turned and in its own units, unless other paper is asked for.
     layouts = ezdxf.new(setup=True)
     layouts.modelspace().add_line((0, 0), (4000, 0))

@@ -93,7 +93,7 @@ PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
     index_.reserve(references.size());
     std::vector<zucomn::ConnectionPoint> points;
     points.reserve(2 * references.size());
-    zucomn::readElements(references, [&](const zucomn::Element& read) {
+    const auto take = [&](const zucomn::Element& read) {
         const int kind = zucomn::isRouteKind(read.linkKind) ? read.linkKind : 0;
         if (read.code == zucomn::kNoElement && kind == 0)
             return;
@@ -108,7 +108,8 @@ PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
         int number = 0;
         for (const AcGePoint3d& point : read.connectionPoints)
             points.push_back({read.id, number++, {point.x, point.y}});
-    });
+    };
+    zucomn::readElements(references, take, zucomn::ElementGroups::leaveEmpty);
     if (!std::is_sorted(index_.begin(), index_.end()))
         std::sort(index_.begin(), index_.end());
     addJoints(points);

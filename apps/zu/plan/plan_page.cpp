@@ -101,7 +101,7 @@ PlanPage pictureOf(const QRectF& world, const QSize& asked, const LegendHeight& 
     double width = asked.width();
     double height = asked.height();
     if (width <= 0.0 && height <= 0.0)
-        width = proportion > 1.0 ? kDefaultLongSide / proportion : kDefaultLongSide;
+        width = kDefaultLongSide / std::clamp(proportion, 1.0, kTallest);
     if (height > 0.0) {
         if (width <= 0.0)
             width = std::clamp(height / proportion, height / kTallest, height * kTallest);

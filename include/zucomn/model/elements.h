@@ -54,11 +54,14 @@ struct Element {
 /// Returns nullopt when the object is no block reference or can't be opened.
 [[nodiscard]] ZUCOMN_API std::optional<Element> readElement(AcDbObjectId id);
 
+enum class ElementGroups { read, leaveEmpty };
+
 /// Calls `take` with what readElement returns for each object, in order; skips the objects for which it
 /// returns nullopt. Faster than readElement for many elements: blocks and layers are read once, so `take`
-/// must not change them.
+/// must not change them; and faster still when Element::groups stays empty.
 ZUCOMN_API void readElements(std::span<const AcDbObjectId> ids,
-                             const std::function<void(const Element&)>& take);
+                             const std::function<void(const Element&)>& take,
+                             ElementGroups groups = ElementGroups::read);
 
 /// Returns the entities of the drawing's model space, in drawing order; none when it can't be opened.
 [[nodiscard]] ZUCOMN_API std::vector<AcDbObjectId> modelSpaceEntities(const AcDbDatabase& drawing);

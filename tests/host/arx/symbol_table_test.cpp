@@ -141,7 +141,7 @@ TEST_F(SymbolTables, NamesThatRecordsCannotHaveAreRefused) {
 
 TEST_F(SymbolTables, WhatNamesARecordFollowsItsNewName) {
     AcDbDatabase made;
-    const auto record = [&made](AcDbSymbolTable* table, AcDbSymbolTableRecord* added, const ACHAR* name) {
+    const auto record = [](AcDbSymbolTable* table, AcDbSymbolTableRecord* added, const ACHAR* name) {
         const AcDbObjectPointer<AcDbSymbolTable> owner(table);
         added->setName(name);
         EXPECT_EQ(owner->add(added), Acad::eOk);
