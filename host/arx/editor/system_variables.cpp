@@ -119,7 +119,8 @@ int acedGetVar(const ACHAR* name, resbuf* value) {
         return RTNORM;
     }
     if (variable == kUndoControl && drawing() != nullptr) {
-        store(undoControl(), *value);
+        value->restype = RTSHORT;
+        value->resval.rint = undoControl();
         return RTNORM;
     }
     if (drawing() == nullptr || !zuhost::headerVariable(*drawing(), variable, *value))
