@@ -26,18 +26,17 @@ TEST(JoinedPoints, OfManyAreThoseOfEachElement) {
     constexpr std::size_t kPoints = 20'000;
     TestDrawing drawing;
     const AcDbObjectId block = drawing.block(L"RT-A", {});
-    std::vector<AcDbObjectId> owners;
-    for (int i = 0; i < 40; ++i)
-        owners.push_back(drawing.element(block, {}));
+    std::vector<AcDbObjectId> owners(40);
+    std::generate(owners.begin(), owners.end(), [&] { return drawing.element(block, {}); });
     std::mt19937 random(3);
     const auto at = [&](unsigned places) { return 0.05 * static_cast<double>(random() % places); };
     std::vector<zucomn::ConnectionPoint> points;
     for (std::size_t i = 0; i < kPoints; ++i)
         points.push_back({owners[random() % owners.size()], 0, {at(200), at(9000)}});
     const std::vector<std::vector<AcDbObjectId>> elements = zucomn::joinedElements(points, 1);
-    std::vector<bool> expected;
-    for (const std::vector<AcDbObjectId>& joined : elements)
-        expected.push_back(!joined.empty());
+    std::vector<bool> expected(kPoints);
+    std::transform(elements.begin(), elements.end(), expected.begin(),
+                   [](const auto& of) { return !of.empty(); });
     EXPECT_EQ(zucomn::joinedPoints(points), expected);
     const auto joined = std::count(expected.begin(), expected.end(), true);
     EXPECT_TRUE(joined > 1000 && joined < 19'000) << joined;

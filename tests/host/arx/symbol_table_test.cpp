@@ -6,9 +6,10 @@ namespace {
 
 using SymbolTables = SampleDrawing;
 
-AcDbObjectId find(const AcDbSymbolTable& table, const ACHAR* name) {
+AcDbObjectId find(const AcDbSymbolTable* table, const ACHAR* name) {
     AcDbObjectId found;
-    table.getIdAt(name, found);
+    if (table != nullptr)
+        table->getIdAt(name, found);
     return found;
 }
 
@@ -16,9 +17,10 @@ AcDbObjectId find(const AcDbSymbolTable& table, const ACHAR* name) {
 
 TEST_F(SymbolTables, NamesAreFoundIgnoringCase) {
     const AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
+    ASSERT_EQ(layers.openStatus(), Acad::eOk);
     EXPECT_EQ(zuhost::recordIds(*layers).size(), 29U);
-    EXPECT_EQ(find(*layers, L"_zu_connect"), find(*layers, L"_ZU_CONNECT"));
-    EXPECT_FALSE(find(*layers, L"ｓａ-ダクト") == find(*layers, L"SA-ダクト"));
+    EXPECT_EQ(find(layers, L"_zu_connect"), find(layers, L"_ZU_CONNECT"));
+    EXPECT_FALSE(find(layers, L"ｓａ-ダクト") == find(layers, L"SA-ダクト"));
     EXPECT_TRUE(layers->has(L"sa-ダクト"));
     EXPECT_FALSE(layers->has(L""));
     AcDbObjectId none;
@@ -68,12 +70,12 @@ TEST_F(SymbolTables, RecordsAreAddedOnce) {
     EXPECT_EQ(layers->AcDbSymbolTable::add(added, kept), Acad::eOk);
     EXPECT_EQ(layers->add(kept), Acad::eAlreadyInDb);
     kept->close();
-    EXPECT_EQ(find(*layers, L"新しい画層"), added);
+    EXPECT_EQ(find(layers, L"新しい画層"), added);
     layers->close();
 
     const auto again = reopened();
     const AcDbObjectPointer<AcDbLayerTable> read(again->layerTableId());
-    const AcDbObjectPointer<AcDbLayerTableRecord> record(find(*read, L"新しい画層"));
+    const AcDbObjectPointer<AcDbLayerTableRecord> record(find(read, L"新しい画層"));
     ASSERT_EQ(record.openStatus(), Acad::eOk);
     EXPECT_TRUE(record->isLocked());
     EXPECT_EQ(record->ownerId(), again->layerTableId());
@@ -81,7 +83,7 @@ TEST_F(SymbolTables, RecordsAreAddedOnce) {
 
 TEST_F(SymbolTables, NamesOfErasedRecordsCanBeReused) {
     AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
-    const AcDbObjectId old = find(*layers, L"_ZU_HIDE");
+    const AcDbObjectId old = find(layers, L"_ZU_HIDE");
     erase(old);
     EXPECT_FALSE(layers->has(L"_ZU_HIDE"));
     AcDbObjectId found;
@@ -106,19 +108,19 @@ TEST_F(SymbolTables, NamesOfErasedRecordsCanBeReused) {
     EXPECT_EQ(layers->add(layer), Acad::eOk);
     layer->close();
     erase(old, false);
-    EXPECT_EQ(find(*layers, L"_ZU_HIDE"), old);
+    EXPECT_EQ(find(layers, L"_ZU_HIDE"), old);
 }
 
 TEST_F(SymbolTables, RenamedRecordsAreFoundByTheNewName) {
     AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
-    const AcDbObjectId layer = find(*layers, L"_ZU_OTHERS");
+    const AcDbObjectId layer = find(layers, L"_ZU_OTHERS");
     {
         const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
         EXPECT_EQ(record->setName(L"_ZU_SNAP"), Acad::eDuplicateRecordName);
         EXPECT_EQ(record->setName(L"_zu_others"), Acad::eOk);
         EXPECT_EQ(record->setName(L"その他"), Acad::eOk);
     }
-    EXPECT_EQ(find(*layers, L"その他"), layer);
+    EXPECT_EQ(find(layers, L"その他"), layer);
     EXPECT_FALSE(layers->has(L"_ZU_OTHERS"));
 }
 
@@ -213,7 +215,7 @@ TEST_F(SymbolTables, LayersHaveTheDeclaredLineWeights) {
 
 TEST_F(SymbolTables, LayersHaveColoursOfPartsOrOfThePalette) {
     const AcDbObjectPointer<AcDbLayerTable> layers(drawing->layerTableId());
-    const AcDbObjectId layer = find(*layers, L"_ZU_OTHERS");
+    const AcDbObjectId layer = find(layers, L"_ZU_OTHERS");
     AcCmColor color;
     {
         const AcDbObjectPointer<AcDbLayerTableRecord> record(layer, AcDb::kForWrite);
@@ -224,7 +226,7 @@ TEST_F(SymbolTables, LayersHaveColoursOfPartsOrOfThePalette) {
     }
     const auto again = reopened();
     const AcDbLayerTablePointer read(again.get());
-    const AcDbObjectPointer<AcDbLayerTableRecord> record(find(*read, L"_ZU_OTHERS"), AcDb::kForWrite);
+    const AcDbObjectPointer<AcDbLayerTableRecord> record(find(read, L"_ZU_OTHERS"), AcDb::kForWrite);
     EXPECT_TRUE(record->color() == color);
     EXPECT_TRUE(record->isOff());
     EXPECT_EQ(record->setColorIndex(3), Acad::eOk);
@@ -242,7 +244,7 @@ TEST_F(SymbolTables, DashesOfALinetypeAreReadInOrder) {
     bytes.replace(at, pattern.size(), " 73\n2\n 40\n0.75\n 49\n0.5\n 74\n0\n 49\n-0.25\n 74\n0\n");
     const auto dashed = readBytes(bytes);
     const AcDbObjectPointer<AcDbLinetypeTable> linetypes(dashed->linetypeTableId());
-    const AcDbObjectPointer<AcDbLinetypeTableRecord> record(find(*linetypes, L"Continuous"));
+    const AcDbObjectPointer<AcDbLinetypeTableRecord> record(find(linetypes, L"Continuous"));
     EXPECT_EQ(record->patternLength(), 0.75);
     ASSERT_EQ(record->numDashes(), 2);
     EXPECT_EQ(record->dashLengthAt(0), 0.5);
