@@ -24,11 +24,11 @@ std::vector<std::uint64_t> handlesInModelSpace(AcDbDatabase& database) {
 } // namespace
 
 DatabaseCopy copyDatabase(AcDbDatabase& database) {
-    return {zuhost::dxfOutBytes(database, zuhost::isBinary(database)), handlesInModelSpace(database)};
+    return {zuhost::dxfOutShared(database), handlesInModelSpace(database)};
 }
 
 std::shared_ptr<const Drawing> readDatabase(DatabaseCopy copy) {
-    if (copy.bytes.empty())
+    if (copy.bytes == nullptr)
         return nullptr;
     auto drawing = std::make_shared<Drawing>(std::move(copy.bytes));
     drawing->setHandles(copy.handles);

@@ -13,8 +13,8 @@ class Drawing;
 
 /// A drawing database as a file would hold it.
 struct DatabaseCopy {
-    std::string bytes;                  ///< Empty when memory does not suffice.
-    std::vector<std::uint64_t> handles; ///< Of the entities of model space.
+    std::shared_ptr<const std::string> bytes; ///< Null when memory does not suffice.
+    std::vector<std::uint64_t> handles;       ///< Of the entities of model space.
 };
 
 /// Copies a drawing database as it is now.

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <new>
+#include <utility>
 
 namespace zuhost {
 namespace {
@@ -106,12 +107,12 @@ std::wstring DocumentError::message(std::wstring_view label) const {
     return (text += L": ").append(label) + problem;
 }
 
-Document::Document(std::unique_ptr<DrawingState> state) : state_(std::move(state)) {}
+Document::Document(std::shared_ptr<DrawingState> state) : state_(std::move(state)) {}
 
 Document::~Document() = default;
 
 Document::OpenResult Document::open(std::string bytes, const std::wstring& file, AcDbDatabase* database) {
-    auto state = std::make_unique<DrawingState>();
+    auto state = std::make_shared<DrawingState>();
     state->bytes = std::move(bytes);
     state->file = file;
     state->database = database;
@@ -290,6 +291,24 @@ std::string Document::bytes(DrawingForm form, const TagSource& tags, DocumentErr
     if (error)
         *error = fileError(state_->file, std::move(fault));
     return {};
+}
+
+std::shared_ptr<const std::string> Document::sharedBytes(const TagSource& tags) const {
+    const std::string& own = state_->bytes;
+    std::string_view whole;
+    std::string copy;
+    const std::wstring fault = write(*state_, form(), tags, [&](std::string_view bytes) {
+        if (whole.empty() && copy.empty() && bytes.data() == own.data() && bytes.size() == own.size()) {
+            whole = bytes;
+            return;
+        }
+        copy.append(std::exchange(whole, {})).append(bytes);
+    });
+    if (!fault.empty())
+        return nullptr;
+    if (!whole.empty())
+        return {state_, &own};
+    return std::make_shared<const std::string>(std::move(copy));
 }
 
 } // namespace zuhost

@@ -28,10 +28,13 @@ bool isSpaceName(const QString& name, QStringView space) {
 } // namespace
 
 Drawing::Drawing(std::string bytes, const PartOptions& options)
+    : Drawing(std::make_shared<const std::string>(std::move(bytes)), options) {}
+
+Drawing::Drawing(std::shared_ptr<const std::string> bytes, const PartOptions& options)
     : options_(options), bytes_(std::move(bytes)) {
-    form_.isBinary = zuhost::dxf::isBinaryDrawing(bytes_);
+    form_.isBinary = zuhost::dxf::isBinaryDrawing(*bytes_);
     if (form_.isBinary)
-        readAll(BinaryReader(bytes_, options_.strictTable ? CodeTable::strict : CodeTable::complete));
+        readAll(BinaryReader(*bytes_, options_.strictTable ? CodeTable::strict : CodeTable::complete));
     else
         readAscii();
     if (section_ == Section::entities)
@@ -44,14 +47,14 @@ Drawing::Drawing(std::string bytes, const PartOptions& options)
         static_cast<int>(
             zuhost::parseInteger(number.substr(std::min<std::size_t>(2, number.size()))).value_or(0)),
         page.size() > 0 ? page.tags()[0].value : std::string_view(),
-        bytes_.starts_with(zuhost::dxf::kByteOrderMark));
+        bytes_->starts_with(zuhost::dxf::kByteOrderMark));
     indexBlocks();
     listModelSpace();
 }
 
 /// Continues after blank lines in place of a group code, as the light model of part drawings does.
 void Drawing::readAscii() {
-    const std::string_view all(bytes_);
+    const std::string_view all(*bytes_);
     const char lineEnd = zuhost::dxf::lineEndOf(all);
     std::size_t start = all.starts_with(zuhost::dxf::kByteOrderMark) ? zuhost::dxf::kByteOrderMark.size() : 0;
     while (start < all.size()) {

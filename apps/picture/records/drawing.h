@@ -38,10 +38,11 @@ struct Block {
 };
 
 /// The records of a drawing, as its file holds them: header variables, tables, blocks, entities, layouts and
-/// multiline styles. Owns the bytes. Reading ends at the first record that is unreadable.
+/// multiline styles. Shares the bytes. Reading ends at the first record that is unreadable.
 class Drawing {
 public:
     explicit Drawing(std::string bytes, const PartOptions& options = {});
+    explicit Drawing(std::shared_ptr<const std::string> bytes, const PartOptions& options = {});
     Drawing(const Drawing&) = delete;
     Drawing& operator=(const Drawing&) = delete;
 
@@ -98,7 +99,7 @@ private:
     [[nodiscard]] std::vector<std::size_t> spaceEntities(bool inPaper) const;
 
     PartOptions options_;
-    std::string bytes_;
+    std::shared_ptr<const std::string> bytes_;
     ValueForm form_;
     std::vector<Tag> tags_;
     std::vector<Object> objects_;

@@ -29,6 +29,11 @@ std::string dxfOutBytes(AcDbDatabase& database, bool binary) {
     return bytes;
 }
 
+std::shared_ptr<const std::string> dxfOutShared(AcDbDatabase& database) {
+    DatabaseCore& core = coreOf(database);
+    return core.document ? core.document->sharedBytes(core.savedTags()) : nullptr;
+}
+
 bool isBinary(const AcDbDatabase& database) {
     const auto& document = coreOf(database).document;
     return document && document->form() == DrawingForm::binary;

@@ -52,6 +52,24 @@ TEST_F(Saving, OpeningChangesNothing) {
     }
 }
 
+TEST_F(Saving, BytesOfAnUneditedDrawingAreSharedAndOutliveIt) {
+    std::string large;
+    while (large.size() < 300'000)
+        large += "999\ncomment\n";
+    large += zuhost::dxfOutBytes(*drawing, false);
+    auto copy = readBytes(large);
+    const auto unedited = zuhost::dxfOutShared(*copy);
+    ASSERT_TRUE(unedited);
+    EXPECT_EQ(unedited.get(), zuhost::dxfOutShared(*copy).get()) << "no copy";
+    EXPECT_EQ(AcDbEntityPointer(idIn(*copy, kDuct), AcDb::kForWrite)->erase(), Acad::eOk);
+    const auto edited = zuhost::dxfOutShared(*copy);
+    ASSERT_TRUE(edited);
+    EXPECT_TRUE(*edited == zuhost::dxfOutBytes(*copy, false));
+    copy.reset();
+    EXPECT_TRUE(*unedited == large);
+    EXPECT_TRUE(*edited != large);
+}
+
 TEST_F(Saving, FailedSavingKeepsTheOldFile) {
     const TemporaryFolder folder;
     const std::wstring path = folder.wide("copy.dxf");

@@ -149,10 +149,14 @@ public:
     [[nodiscard]] std::string bytes(DrawingForm form, const TagSource& tags,
                                     DocumentError* error = nullptr) const;
 
-private:
-    explicit Document(std::unique_ptr<DrawingState> state);
+    /// Returns the bytes that `save` writes in the drawing's own form: those of an unchanged drawing are
+    /// shared, not copied, and outlive the document. Null when the form cannot hold a value.
+    [[nodiscard]] std::shared_ptr<const std::string> sharedBytes(const TagSource& tags) const;
 
-    std::unique_ptr<DrawingState> state_;
+private:
+    explicit Document(std::shared_ptr<DrawingState> state);
+
+    std::shared_ptr<DrawingState> state_;
 };
 
 } // namespace zuhost

@@ -2,6 +2,7 @@
 
 #include <adesk.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,9 @@ Acad::ErrorStatus dxfInBytes(AcDbDatabase& database, std::string bytes, const AC
 Acad::ErrorStatus dxfOut(AcDbDatabase& database, const ACHAR* path, bool binary);
 /// Returns the bytes that dxfOut would write.
 [[nodiscard]] std::string dxfOutBytes(AcDbDatabase& database, bool binary);
+/// Returns the same in the drawing's own form. Those of an unedited drawing are not copied; they never change
+/// and outlive the database. Null on failure.
+[[nodiscard]] std::shared_ptr<const std::string> dxfOutShared(AcDbDatabase& database);
 /// Returns true when the drawing was read from a binary file.
 [[nodiscard]] bool isBinary(const AcDbDatabase& database);
 /// The number of $ACADVER: 1009 for R12 ... 1032 for R2018; 0 without a drawing.
