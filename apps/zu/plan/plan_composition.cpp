@@ -60,6 +60,10 @@ std::shared_ptr<const picture::Drawing> recordsOf(picture::DatabaseCopy copy) {
     return records;
 }
 
+QString handleLabel(std::uint64_t handle) {
+    return QString::fromStdString(handleText(AcDbHandle(handle)));
+}
+
 std::string listOf(const std::vector<std::string>& names) {
     constexpr std::size_t kMost = 8;
     std::string list;
@@ -316,7 +320,7 @@ void PlanComposition::placeLabels() {
         if (options_.marksJoints && options_.markers.empty())
             for (const PlanJoint& joint : elements_.joints())
                 if (const QPointF at = onPage(joint.position); !joint.joined && isInSight(at))
-                    labels_->add(QString::fromStdString(handleText(AcDbHandle(joint.element))), at,
+                    labels_->add(labels_->isFull() ? QString() : handleLabel(joint.element), at,
                                  {marks_.dangling, marks_.dangling}, theme_.ink, kDanglingDistance);
         if (options_.labels == PlanLabelKind::automatic)
             addEquipmentNames();
@@ -325,7 +329,7 @@ void PlanComposition::placeLabels() {
     }
     if (labels_->isEmpty())
         return;
-    if (labels_->count() > PlanLabels::kMost) {
+    if (labels_->isFull()) {
         reportUnplaced(labels_->count());
         labels_.emplace(capitals_);
         return;
@@ -451,25 +455,31 @@ void PlanComposition::paintScale(picture::PageCanvas& canvas) const {
 void PlanComposition::paintDrawing(picture::PageCanvas& canvas) const {
     picture::ShapePainter painter(canvas, page_.toPage, page_.plan);
     if (!options_.layout.empty() || elements_.all().empty()) {
-        paintEntities(painter, {});
+        paintEntities(painter, Entities::all);
     } else {
-        for (const bool isElement : {false, true})
-            paintEntities(painter, [this, isElement](std::uint64_t handle) {
-                return (elements_.find(handle) != nullptr) == isElement;
-            });
+        paintEntities(painter, Entities::others);
+        paintEntities(painter, Entities::elements);
     }
     paintOthers(painter);
     paintHighlights(painter);
 }
 
-void PlanComposition::paintEntities(picture::ShapePainter& painter, const Filter& filter) const {
+void PlanComposition::paintEntities(picture::ShapePainter& painter, Entities which) const {
+    PlanElements::Finder find(elements_);
+    const PlanElement* element = nullptr;
+    Filter filter;
+    if (which != Entities::all)
+        filter = [&](std::uint64_t handle) {
+            element = find(handle);
+            return (element != nullptr) == (which == Entities::elements);
+        };
     picture::SceneOptions options = scene(filter);
     // What is too small to see counts by its place and colour; a caller's colours are not those of shapes.
     if (options_.colours.empty())
         options.resolution = painter.resolution();
     const picture::SceneReport report =
         picture::produceShapes(*drawing_, options, [&](const picture::Shape& shape) {
-            painter.paint(shape, inks_->inkOf(shape));
+            painter.paint(shape, inks_->inkOf(shape, element));
             return true;
         });
     if (report.isTooMuch)
@@ -494,8 +504,8 @@ void PlanComposition::paintHighlights(picture::ShapePainter& painter) const {
         scene([this](std::uint64_t handle) { return highlighted_.contains(handle); });
     for (const bool halo : {true, false})
         picture::produceShapes(*drawing_, options, [&](const picture::Shape& shape) {
-            painter.paint(shape,
-                          halo ? picture::Ink{inks_->highlight(), 0.8, kHaloWidth} : inks_->inkOf(shape));
+            painter.paint(shape, halo ? picture::Ink{inks_->highlight(), 0.8, kHaloWidth}
+                                      : inks_->inkOf(shape, elements_.find(shape.source)));
             return true;
         });
 }

@@ -56,7 +56,8 @@ private:
     }
 
     void paintDrawing(picture::PageCanvas& canvas) const;
-    void paintEntities(picture::ShapePainter& painter, const Filter& filter) const;
+    enum class Entities { all, elements, others };
+    void paintEntities(picture::ShapePainter& painter, Entities which) const;
     void paintHighlights(picture::ShapePainter& painter) const;
     void paintOthers(picture::ShapePainter& painter) const;
     void paintMarks(picture::PageCanvas& canvas) const;

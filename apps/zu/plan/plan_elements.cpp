@@ -33,10 +33,14 @@ public:
         bool passes = true;
     };
 
+    /// Most elements are on the layer of the one before.
     const State& operator[](const std::wstring& name) {
+        if (last_ != nullptr && last_->first == name)
+            return last_->second;
         const auto [known, isNew] = states_.try_emplace(name);
         if (isNew)
             known->second = stateOf(name);
+        last_ = &*known;
         return known->second;
     }
 
@@ -56,6 +60,7 @@ private:
     const AcDbDatabase& drawing_;
     const LayerFilter& filter_;
     std::unordered_map<std::wstring, State> states_;
+    const std::pair<const std::wstring, State>* last_ = nullptr;
 };
 
 QString text(std::wstring_view wide) {
@@ -117,6 +122,7 @@ PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
 
 void PlanElements::addJoints(const std::vector<zucomn::ConnectionPoint>& points) {
     const std::vector<bool> joined = zucomn::joinedPoints(points);
+    joints_.reserve(points.size());
     std::size_t at = 0; // The points are in the order of the elements.
     for (std::size_t i = 0; i < points.size(); ++i) {
         while (elements_[at].id != points[i].element)
@@ -127,8 +133,19 @@ void PlanElements::addJoints(const std::vector<zucomn::ConnectionPoint>& points)
 }
 
 const PlanElement* PlanElements::find(std::uint64_t handle) const {
-    const auto found = std::lower_bound(index_.begin(), index_.end(), std::pair(handle, std::size_t{0}));
-    return found != index_.end() && found->first == handle ? &elements_[found->second] : nullptr;
+    return Finder(*this)(handle);
+}
+
+const PlanElement* PlanElements::Finder::operator()(std::uint64_t handle) {
+    const auto& index = elements_.index_;
+    const bool isNext = (next_ == 0 || index[next_ - 1].first < handle) &&
+                        (next_ == index.size() || handle <= index[next_].first);
+    if (!isNext)
+        next_ = static_cast<std::size_t>(
+            std::lower_bound(index.begin(), index.end(), std::pair(handle, std::size_t{0})) - index.begin());
+    if (next_ == index.size() || index[next_].first != handle)
+        return nullptr;
+    return &elements_.elements_[index[next_++].second];
 }
 
 QString elementName(AcDbObjectId element) {

@@ -49,6 +49,7 @@ public:
     /// In drawing order.
     [[nodiscard]] const std::vector<PlanElement>& all() const { return elements_; }
     [[nodiscard]] const PlanElement* find(std::uint64_t handle) const;
+    class Finder;
     /// The connection points of shown elements, joined to shown elements or hidden ones.
     [[nodiscard]] const std::vector<PlanJoint>& joints() const { return joints_; }
     /// Elements with connection points that are hidden although no filter asks for it.
@@ -61,6 +62,17 @@ private:
     std::vector<std::pair<std::uint64_t, std::size_t>> index_; ///< Places of elements by handle, ascending.
     std::vector<PlanJoint> joints_;
     std::vector<std::string> hidden_;
+};
+
+/// Finds elements by handle, at once where handles come in ascending order.
+class PlanElements::Finder {
+public:
+    explicit Finder(const PlanElements& elements) : elements_(elements) {}
+    [[nodiscard]] const PlanElement* operator()(std::uint64_t handle);
+
+private:
+    const PlanElements& elements_;
+    std::size_t next_ = 0; ///< In the index, after the place of the last search.
 };
 
 /// Returns the name of an element's block without its element prefix: "AHU" of "KK-AHU".

@@ -35,7 +35,7 @@ double fading(picture::Shape::Kind kind) {
 
 PlanInks::PlanInks(const picture::Theme& theme, const PlanElements& elements, const PlanOptions& options,
                    const AcDbDatabase& drawing)
-    : theme_(theme), elements_(elements),
+    : theme_(theme),
       ownColours_(!options.layout.empty() || (elements.all().empty() && options.colours.empty())),
       element_(options.size.width() > 0 && options.size.width() < kSmall ? kThinElement : kElement) {
     for (const zucomn::RouteKind& kind : zucomn::routeKinds())
@@ -79,12 +79,11 @@ picture::Ink PlanInks::inkOf(const QColor& given) const {
     return {theme_.visible(given), element_};
 }
 
-picture::Ink PlanInks::inkOf(const picture::Shape& shape) const {
+picture::Ink PlanInks::inkOf(const picture::Shape& shape, const PlanElement* element) const {
     if (const auto given = given_.find(shape.source); given != given_.end())
         return inkOf(given->second);
     if (ownColours_)
         return {theme_.colourOf(shape.colour), kBackground};
-    const PlanElement* const element = elements_.find(shape.source);
     if (element != nullptr && given_.empty())
         return {ofElement(*element), element_};
     const QColor own = theme_.colourOf(shape.colour);

@@ -12,12 +12,11 @@ namespace zu::app {
 /// The colours of a plan.
 class PlanInks {
 public:
-    /// `elements` has to outlive the inks.
     PlanInks(const picture::Theme& theme, const PlanElements& elements, const PlanOptions& options,
              const AcDbDatabase& drawing);
 
-    /// How a shape of the drawing is painted.
-    [[nodiscard]] picture::Ink inkOf(const picture::Shape& shape) const;
+    /// How a shape of the drawing is painted. `element` is the one it belongs to, null of none.
+    [[nodiscard]] picture::Ink inkOf(const picture::Shape& shape, const PlanElement* element) const;
     /// The same for shapes of other drawings: the given colour.
     [[nodiscard]] picture::Ink inkOf(const QColor& given) const;
     [[nodiscard]] QColor ofElement(const PlanElement& element) const;
@@ -29,7 +28,6 @@ public:
 
 private:
     const picture::Theme& theme_;
-    const PlanElements& elements_;
     std::map<int, QColor> kinds_;
     std::unordered_map<std::uint64_t, QColor> given_;
     bool ownColours_; ///< Nothing is emphasised: the drawing keeps its colours.

@@ -19,29 +19,36 @@ constexpr double kLeaderWidth = 0.7;
 
 void PlanLabels::add(const QString& text, const QPointF& anchor, const QSizeF& clearance,
                      const QColor& colour, double farthest) {
-    if (++asked_ > kMost)
+    ++asked_;
+    if (isFull())
         return;
-    const double width = picture::labelRun(text, 1.0, {}).width;
     PlanLabel& label = labels_.emplace_back();
     label.text = text;
     label.colour = colour;
-    label.request = {QSizeF(width, kAscent + kDescent) * capitals_, anchor, clearance, farthest};
+    label.request = {{}, anchor, clearance, farthest};
 }
 
 void PlanLabels::addMarker(const QString& text, const QPointF& anchor, const QColor& colour) {
     add(text, anchor, {5.0, 5.0}, colour, kMarkerDistance);
-    if (asked_ > kMost)
+    if (isFull())
         return;
     PlanLabel& label = labels_.back();
     label.isMarker = true;
     label.request.mostInk = 1.0;
-    label.request.size += QSizeF(2.0 * kMarkerPadding, kMarkerPadding) * capitals_;
-    label.request.size.setWidth(std::max(label.request.size.width(), label.request.size.height()));
+}
+
+QSizeF PlanLabels::sizeOf(const PlanLabel& label) const {
+    QSizeF size = QSizeF(picture::labelRun(label.text, 1.0, {}).width, kAscent + kDescent) * capitals_;
+    if (!label.isMarker)
+        return size;
+    size += QSizeF(2.0 * kMarkerPadding, kMarkerPadding) * capitals_;
+    return {std::max(size.width(), size.height()), size.height()};
 }
 
 std::size_t PlanLabels::place(LabelPlacer& placer) {
     const std::size_t all = labels_.size();
     std::erase_if(labels_, [&](PlanLabel& label) {
+        label.request.size = sizeOf(label);
         const auto place = placer.place(label.request);
         if (place)
             label.place = *place;

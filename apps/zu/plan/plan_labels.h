@@ -28,11 +28,14 @@ public:
     /// `capitals` is the height of the letters, in page units.
     explicit PlanLabels(double capitals) : capitals_(capitals) {}
 
-    /// `clearance` is the half width and height of what the label must not cover.
+    /// `clearance` is the half width and height of what the label must not cover. The text does not matter
+    /// when isFull().
     void add(const QString& text, const QPointF& anchor, const QSizeF& clearance, const QColor& colour,
              double farthest);
     void addMarker(const QString& text, const QPointF& anchor, const QColor& colour);
     [[nodiscard]] bool isEmpty() const { return labels_.empty(); }
+    /// There are too many to place; further ones are only counted.
+    [[nodiscard]] bool isFull() const { return asked_ > kMost; }
     /// Those asked for, also beyond kMost.
     [[nodiscard]] std::size_t count() const { return asked_; }
 
@@ -41,6 +44,8 @@ public:
     void paint(picture::PageCanvas& canvas, const QColor& ground) const;
 
 private:
+    [[nodiscard]] QSizeF sizeOf(const PlanLabel& label) const;
+
     double capitals_;
     std::size_t asked_ = 0;
     std::vector<PlanLabel> labels_;

@@ -10,6 +10,8 @@
 
 #include <zuhost/desktop.h>
 
+#include <future>
+
 namespace zu::app {
 
 namespace {
@@ -80,12 +82,18 @@ PlanReport savePlan(AcDbDatabase& drawing, const std::string& file, const PlanOp
     PlanOptions asked = options;
     if (is(".pdf") && !asked.paper)
         asked.paper.emplace();
-    const PlanPicture plan(drawing, asked);
-    if (is(".png"))
-        savePicture(picture::pngOf(plan.image()), file);
-    else
-        savePicture(is(".svg") ? plan.svg() : plan.pdf(), file);
-    return plan.report();
+    auto plan = std::make_unique<PlanPicture>(drawing, asked);
+    const PlanReport report = plan->report();
+    if (is(".png")) {
+        const QImage image = plan->image();
+        // Large drawings take as long to free as to compress their picture.
+        const auto freed =
+            std::async(std::launch::async, [done = std::move(plan)]() mutable { done.reset(); });
+        savePicture(picture::pngOf(image), file);
+    } else {
+        savePicture(is(".svg") ? plan->svg() : plan->pdf(), file);
+    }
+    return report;
 }
 
 } // namespace zu::app
