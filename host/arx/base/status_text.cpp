@@ -75,6 +75,7 @@ constexpr std::array kTexts{
     StatusText{Acad::eNotFound, L"eNotFound"},
     StatusText{Acad::eCannotScaleNonUniformly, L"eCannotScaleNonUniformly"},
     StatusText{Acad::eInvalidExtents, L"eInvalidExtents"},
+    StatusText{Acad::eNonPlanarEntity, L"eNonPlanarEntity"},
 };
 
 static_assert(
@@ -82,7 +83,7 @@ static_assert(
         for (std::size_t i = 0; i < kTexts.size(); ++i)
             if (kTexts[i].status != static_cast<Acad::ErrorStatus>(i))
                 return false;
-        return kTexts.size() == std::size_t{Acad::eInvalidExtents} + 1;
+        return kTexts.size() == std::size_t{Acad::eNonPlanarEntity} + 1;
     }(),
     "every status has its text, in order");
 

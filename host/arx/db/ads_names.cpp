@@ -1,6 +1,7 @@
 #include "ads_names.h"
 
 #include "acdbads.h"
+#include "acutads.h"
 #include "database_core.h"
 #include "dbapserv.h"
 #include "dxf_records/number_text.h"
@@ -75,4 +76,8 @@ int acdbHandEnt(const ACHAR* handle, ads_name name) {
     if (!value || database->getAcDbObjectId(id, false, AcDbHandle(*value)) != Acad::eOk)
         return RTERROR;
     return acdbGetAdsName(name, id) == Acad::eOk ? RTNORM : RTERROR;
+}
+
+void acdbFail(const ACHAR* message) {
+    acutPrintf(L"Application ERROR: %s\n", message != nullptr ? message : L"");
 }

@@ -126,38 +126,3 @@ Acad::ErrorStatus AcDbDatabase::wblockCloneObjects(AcDbObjectIdArray& ids, AcDbO
     zuhost::Cloner cloner(zuhost::coreOf(*source), *core_, mapping, cloning);
     return cloner.cloneAll(ids, owner);
 }
-
-Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& block, const ACHAR* name, AcDbDatabase* other,
-                                       bool /*preserveSource*/) {
-    auto record = std::make_unique<AcDbBlockTableRecord>();
-    if (const Acad::ErrorStatus named = record->setName(name); named != Acad::eOk)
-        return named;
-    if (other == nullptr)
-        return Acad::eNullObjectPointer;
-    if (other == this)
-        return Acad::eWrongDatabase;
-    AcDbBlockTable* table = nullptr;
-    Acad::ErrorStatus status = getSymbolTable(table, AcDb::kForWrite);
-    if (status != Acad::eOk)
-        return status;
-    record->setOrigin(other->insbase());
-    AcDbObjectId added;
-    status = table->add(added, record.get());
-    table->close();
-    if (status != Acad::eOk)
-        return status;
-    record.release()->close();
-    AcDbObjectIdArray entities;
-    if (const auto* const space = AcDbBlockTableRecord::cast(
-            other->currentSpaceId().isNull()
-                ? nullptr
-                : &zuhost::coreOf(*other).object(*static_cast<AcDbStub*>(other->currentSpaceId()))))
-        for (const AcDbObjectId id : zuhost::ObjectAccess::entities(*space, true))
-            entities.append(id);
-    AcDbIdMapping mapping;
-    mapping.setDeepCloneContext(AcDb::kDcInsert);
-    status = wblockCloneObjects(entities, added, mapping, AcDb::kDrcIgnore);
-    if (status == Acad::eOk)
-        block = added;
-    return status;
-}

@@ -279,6 +279,30 @@ bool AcDbDatabase::tilemode() const {
     return integerVariable(*core_, "$TILEMODE", 70, 1) != 0;
 }
 
+double AcDbDatabase::elevation() const {
+    return realVariable(*core_, "$ELEVATION", 40, 0.0);
+}
+Acad::ErrorStatus AcDbDatabase::setElevation(double elevation) {
+    return setVariable(*core_, "$ELEVATION", 40, elevation);
+}
+double AcDbDatabase::thickness() const {
+    return realVariable(*core_, "$THICKNESS", 40, 0.0);
+}
+Acad::ErrorStatus AcDbDatabase::setThickness(double thickness) {
+    return setVariable(*core_, "$THICKNESS", 40, thickness);
+}
+AcGePoint3d AcDbDatabase::ucsorg() const {
+    return pointVariable(*core_, "$UCSORG");
+}
+AcGeVector3d AcDbDatabase::ucsxdir() const {
+    const AcGeVector3d axis = pointVariable(*core_, "$UCSXDIR").asVector();
+    return axis.isZeroLength() ? AcGeVector3d::kXAxis : axis;
+}
+AcGeVector3d AcDbDatabase::ucsydir() const {
+    const AcGeVector3d axis = pointVariable(*core_, "$UCSYDIR").asVector();
+    return axis.isZeroLength() ? AcGeVector3d::kYAxis : axis;
+}
+
 AcGePoint3d AcDbDatabase::insbase() const {
     return pointVariable(*core_, "$INSBASE");
 }

@@ -13,14 +13,14 @@ namespace {
 constexpr std::string_view kMarker = "AcDbEntity";
 constexpr int kByLayer = 256;
 
-} // namespace
-
-ACRX_DEFINE_MEMBERS_WITH(AcDbEntity, AcDbObject, &zuhost::makeEntity)
-
-AcRxObject* zuhost::makeEntity() {
+AcRxObject* makeEntity() {
     class Entity : public AcDbEntity {};
     return new Entity;
 }
+
+} // namespace
+
+ACRX_DEFINE_MEMBERS_WITH(AcDbEntity, AcDbObject, &makeEntity)
 
 std::wstring AcDbEntity::layerText() const {
     const std::wstring name = textTag(kMarker, 8);

@@ -110,6 +110,7 @@ Acad::ErrorStatus AcDbPolyline::setVertexReals(unsigned int index,
         while (last < range.last && records[last].code < 100 && records[last].code != 39)
             ++last;
         records.setReal(code, value, {range.first, last});
+        vertices_.clear(); // a number that was missing has moved the vertices
     }
     return Acad::eOk;
 }
@@ -124,6 +125,7 @@ Acad::ErrorStatus AcDbPolyline::setHeadReal(int code, double value) {
     const TagRange range = section(kMarker).range();
     const bool isThere = records.find(code, range) < range.last;
     records.setReal(code, value, isThere ? range : TagRange{range.first, vertices().front()});
+    vertices_.clear(); // a number that was missing has moved them
     return Acad::eOk;
 }
 

@@ -1,6 +1,7 @@
 #include "summinfo.h"
 
 #include "database_core.h"
+#include "database_variables.h"
 #include "new_text.h"
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbDatabaseSummaryInfo, AcRxObject)
@@ -12,6 +13,10 @@ namespace {
 
 constexpr std::string_view kKey = "$CUSTOMPROPERTYTAG";
 constexpr std::string_view kValue = "$CUSTOMPROPERTY";
+/// In the order of AcDbDatabaseSummaryInfo::Fixed.
+constexpr std::array<std::string_view, 8> kFixedNames{"$TITLE",          "$SUBJECT",      "$AUTHOR",
+                                                      "$KEYWORDS",       "$COMMENTS",     "$LASTSAVEDBY",
+                                                      "$REVISIONNUMBER", "$HYPERLINKBASE"};
 
 bool isVariable(const TagList& header, std::size_t at, std::string_view name) {
     return at + 1 < header.size() && header[at].code == 9 && header[at].value == name;
@@ -30,6 +35,21 @@ std::size_t customPlace(const TagList& header) {
 }
 
 } // namespace
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::fixed(Fixed property, ACHAR*& text) const {
+    text = zuhost::newText(fixed_[property]);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::fixed(Fixed property, AcString& text) const {
+    text = fixed_[property].c_str();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabaseSummaryInfo::setFixed(Fixed property, const ACHAR* text) {
+    fixed_[property] = text != nullptr ? text : L"";
+    return Acad::eOk;
+}
 
 int AcDbDatabaseSummaryInfo::find(const ACHAR* key) const {
     for (std::size_t i = 0; i < custom_.size(); ++i)
@@ -120,6 +140,8 @@ Acad::ErrorStatus acdbGetSummaryInfo(AcDbDatabase* database, AcDbDatabaseSummary
     info = new AcDbDatabaseSummaryInfo;
     info->setDatabase(database);
     const TagList& header = document->header();
+    for (std::size_t i = 0; i < kFixedNames.size(); ++i)
+        info->fixed_[i] = zuhost::textVariable(zuhost::coreOf(*database), kFixedNames[i], 1);
     for (std::size_t i = 0; i + 3 < header.size(); ++i)
         if (isVariable(header, i, kKey) && isVariable(header, i + 2, kValue))
             info->addCustomSummaryInfo(document->decode(header[i + 1].value).c_str(),
@@ -134,11 +156,19 @@ Acad::ErrorStatus acdbPutSummaryInfo(const AcDbDatabaseSummaryInfo* info) {
         return Acad::eNoDatabase;
     const auto& document = zuhost::coreOf(*info->database()).document;
     TagList header = document->header();
+    std::vector<Tag> records;
+    for (std::size_t i = 0; i < kFixedNames.size(); ++i) {
+        const zuhost::TagRange known = zuhost::variableValue(header, kFixedNames[i]);
+        const std::string text = document->encode(info->fixed_[i]);
+        if (!known.empty())
+            header.setText(1, text, known);
+        else if (!text.empty())
+            records.insert(records.end(), {{9, std::string(kFixedNames[i])}, {1, text}});
+    }
     const std::size_t place = customPlace(header);
     for (std::size_t i = header.size(); i-- > 0;)
         if (isCustom(header, i))
             header.erase({i, i + 2});
-    std::vector<Tag> records;
     for (int i = 0; i < info->numCustomInfo(); ++i) {
         AcString key;
         AcString value;

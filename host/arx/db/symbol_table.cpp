@@ -7,19 +7,23 @@
 
 #include <algorithm>
 
+namespace {
+
+AcRxObject* makeSymbolTable() {
+    class Table : public AcDbSymbolTable {};
+    return new Table;
+}
+
+} // namespace
+
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbSymbolTableRecord, AcDbObject)
-ACRX_DEFINE_MEMBERS_WITH(AcDbSymbolTable, AcDbObject, &zuhost::makeSymbolTable)
+ACRX_DEFINE_MEMBERS_WITH(AcDbSymbolTable, AcDbObject, &makeSymbolTable)
 ACRX_CONS_DEFINE_MEMBERS(AcDbBlockTable, AcDbSymbolTable)
 ACRX_CONS_DEFINE_MEMBERS(AcDbLayerTable, AcDbSymbolTable)
 ACRX_CONS_DEFINE_MEMBERS(AcDbLinetypeTable, AcDbSymbolTable)
 ACRX_CONS_DEFINE_MEMBERS(AcDbTextStyleTable, AcDbSymbolTable)
 ACRX_CONS_DEFINE_MEMBERS(AcDbRegAppTable, AcDbSymbolTable)
 ACRX_CONS_DEFINE_MEMBERS(AcDbDimStyleTable, AcDbSymbolTable)
-
-AcRxObject* zuhost::makeSymbolTable() {
-    class Table : public AcDbSymbolTable {};
-    return new Table;
-}
 
 // ---- records
 

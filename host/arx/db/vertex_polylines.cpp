@@ -174,7 +174,7 @@ void AcDb2dPolyline::subAppended() {
     zuhost::appendPending(*this, verticesToCome_, true);
 }
 
-std::vector<CurvePiece> AcDb2dPolyline::pieces() const {
+std::vector<const AcDb2dVertex*> AcDb2dPolyline::curveVertices() const {
     std::vector<const AcDb2dVertex*> vertices;
     for (const AcDbEntity* const part : zuhost::readParts(*this, verticesToCome_)) {
         const auto* const vertex = AcDb2dVertex::cast(part);
@@ -182,6 +182,11 @@ std::vector<CurvePiece> AcDb2dPolyline::pieces() const {
         if (vertex != nullptr && vertex->vertexType() != AcDb::k2dSplineCtlVertex)
             vertices.push_back(vertex);
     }
+    return vertices;
+}
+
+std::vector<CurvePiece> AcDb2dPolyline::pieces() const {
+    const std::vector<const AcDb2dVertex*> vertices = curveVertices();
     std::vector<CurvePiece> pieces;
     const std::size_t count = vertices.size();
     const std::size_t segments = count == 0 || isClosed() ? count : count - 1;

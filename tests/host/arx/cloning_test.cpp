@@ -191,6 +191,34 @@ TEST_F(Cloning, InsertMakesABlockOfADrawing) {
     EXPECT_EQ(target.insert(block, L"x", nullptr), Acad::eNullObjectPointer);
 }
 
+TEST_F(Cloning, DrawingsAreWrittenToNewOnes) {
+    AcDbDatabase* output = nullptr;
+    ASSERT_EQ(drawing->wblock(output), Acad::eOk);
+    std::unique_ptr<AcDbDatabase> made(output);
+    EXPECT_EQ(zuhost::dxfOutBytes(*made, false), zuhost::dxfOutBytes(*drawing, false));
+
+    drawing->setInsunits(AcDb::kUnitsMeters);
+    ASSERT_EQ(drawing->wblock(output, listOf({id(kShelf), id(kDuct)}), {5, 6, 0}), Acad::eOk);
+    made.reset(output);
+    EXPECT_EQ(entitiesIn(*made), 2U);
+    EXPECT_EQ(made->insbase(), AcGePoint3d(5, 6, 0));
+    EXPECT_EQ(made->insunits(), AcDb::kUnitsMeters);
+
+    const AcDbObjectPointer<AcDbBlockReference> duct(id(kDuct));
+    const AcDbObjectId block = duct->blockTableRecord();
+    const AcDbObjectPointer<AcDbBlockTableRecord> definition(block);
+    ASSERT_EQ(drawing->wblock(output, block), Acad::eOk);
+    made.reset(output);
+    EXPECT_EQ(entitiesIn(*made), zuhost::entityIds(*definition).size());
+    EXPECT_EQ(made->insbase(), definition->origin());
+
+    EXPECT_EQ(drawing->wblock(output, id(kDuct)), Acad::eInvalidInput);
+    EXPECT_EQ(output, nullptr);
+    EXPECT_EQ(made->wblock(output, listOf({id(kDuct)}), {}), Acad::eWrongDatabase);
+    EXPECT_EQ(drawing->wblock(nullptr, listOf({id(kDuct)}), {}, AcDb::kDrcIgnore), Acad::eNullObjectPointer);
+    EXPECT_EQ(AcDbDatabase(false).wblock(output), Acad::eNoDatabase);
+}
+
 TEST_F(Cloning, PartsAndExtensionDictionariesAreCopiedWithTheirOwner) {
     std::string bytes = zuhost::dxfOutBytes(*drawing, false);
     const std::string_view section = "ENTITIES\n";

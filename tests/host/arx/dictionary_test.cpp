@@ -280,6 +280,9 @@ TEST_F(Dictionaries, CustomVariablesAreSaved) {
     EXPECT_EQ(info->addCustomSummaryInfo(L"縮尺", L"1:50"), Acad::eOk);
     EXPECT_EQ(info->deleteCustomSummaryInfo(L"図面名称"), Acad::eOk);
     EXPECT_EQ(info->deleteCustomSummaryInfo(L"図面名称"), Acad::eKeyNotFound);
+    EXPECT_EQ(info->setTitle(L"空調"), Acad::eOk);
+    EXPECT_EQ(info->setHyperlinkBase(L"https://example.org"), Acad::eOk);
+    EXPECT_EQ(info->setTitle(L"空調設備"), Acad::eOk);
     ASSERT_EQ(acdbPutSummaryInfo(info.get()), Acad::eOk);
 
     const auto again = reopened();
@@ -289,4 +292,13 @@ TEST_F(Dictionaries, CustomVariablesAreSaved) {
     EXPECT_EQ(value, L"1:50");
     EXPECT_EQ(info->getCustomSummaryInfo(0, key, value), Acad::eOk);
     EXPECT_EQ(value, L"2");
+    EXPECT_EQ(info->getTitle(value), Acad::eOk);
+    EXPECT_EQ(value, L"空調設備");
+    EXPECT_EQ(info->getHyperlinkBase(value), Acad::eOk);
+    EXPECT_EQ(value, L"https://example.org");
+    EXPECT_EQ(info->getSubject(value), Acad::eOk);
+    EXPECT_TRUE(value.isEmpty());
+    const std::string bytes = zuhost::dxfOutBytes(*again, false);
+    ASSERT_EQ(acdbPutSummaryInfo(info.get()), Acad::eOk);
+    EXPECT_EQ(zuhost::dxfOutBytes(*again, false), bytes) << "nothing changed";
 }

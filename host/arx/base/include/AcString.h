@@ -33,6 +33,12 @@ public:
     AcString& assign(const ACHAR* text) { return *this = AcString(text); }
     AcString& assign(const AcString& text) { return *this = text; }
     AcString& append(const ACHAR* text) { return *this += text; }
+    /// Puts the text before this one.
+    AcString& precat(const ACHAR* text) { return *this = AcString(text) += *this; }
+    /// Inserts before the position, at the end for one beyond it.
+    AcString& insert(int at, const ACHAR* text);
+    /// Removes characters from the position on.
+    AcString& deleteAtIndex(int at, int count);
     AcString& operator+=(const ACHAR* text) {
         text_ += text != nullptr ? text : L"";
         return *this;
@@ -60,6 +66,18 @@ public:
     [[nodiscard]] AcString substr(int count) const { return left(count); }
     [[nodiscard]] AcString left(int count) const { return mid(0, count < 0 ? 0 : count); }
     [[nodiscard]] AcString right(int count) const;
+    [[nodiscard]] AcString first(int count) const { return left(count); }
+    [[nodiscard]] AcString last(int count) const { return right(count); }
+    /// The characters at the start up to the first one that is not, or is, one of the given.
+    [[nodiscard]] AcString spanIncluding(const ACHAR* characters) const;
+    [[nodiscard]] AcString spanExcluding(const ACHAR* characters) const;
+    /// Returns the next part that the given characters separate, and sets `start` to the place after it; -1,
+    /// with an empty text, at the end.
+    [[nodiscard]] AcString tokenize(const ACHAR* separators, int& start) const;
+    /// 0 for a position outside of the text.
+    [[nodiscard]] ACHAR getAt(int at) const;
+    /// Does nothing for a position outside of the text, and for a character 0.
+    AcString& setAt(int at, ACHAR character);
     AcString& makeUpper();
     AcString& makeLower();
     AcString& trimLeft();
@@ -88,6 +106,16 @@ public:
         return text_.compare(other != nullptr ? other : L"");
     }
     [[nodiscard]] int compareNoCase(const ACHAR* other) const;
+    /// As the comparisons above: texts are not sorted by a language.
+    [[nodiscard]] int collate(const ACHAR* other) const { return compare(other); }
+    [[nodiscard]] int collateNoCase(const ACHAR* other) const { return compareNoCase(other); }
+    /// Returns how many characters at the start are the same in both texts.
+    [[nodiscard]] int match(const ACHAR* other) const;
+    [[nodiscard]] int matchNoCase(const ACHAR* other) const;
+
+    [[nodiscard]] bool isAscii() const;
+    /// Returns the text in UTF-8, valid until the text changes or is asked for again.
+    [[nodiscard]] const char* utf8Ptr() const;
 
     bool operator==(const AcString& other) const { return text_ == other.text_; }
     bool operator==(const ACHAR* other) const { return compare(other) == 0; }
@@ -103,4 +131,5 @@ private:
     }
 
     std::wstring text_;
+    mutable std::string utf8_; ///< Returned by utf8Ptr.
 };

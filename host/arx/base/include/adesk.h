@@ -111,7 +111,8 @@ struct Acad {
         eDegenerateGeometry,
         eNotFound,
         eCannotScaleNonUniformly,
-        eInvalidExtents
+        eInvalidExtents,
+        eNonPlanarEntity
     };
 };
 

@@ -263,6 +263,8 @@ struct AcDb {
     /// Which curves are extended for an intersection.
     enum Intersect { kOnBothOperands = 0, kExtendThis = 1, kExtendArg = 2, kExtendBoth = 3 };
 
+    enum Planarity { kNonPlanar = 0, kPlanar = 1, kLinear = 2 };
+
     enum TextHorzMode : int {
         kTextLeft = 0,
         kTextCenter = 1,

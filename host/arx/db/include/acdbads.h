@@ -44,6 +44,9 @@ int acdbAngToS(ads_real angle, int unit, int precision, Buffer&& text) {
     return acdbAngToS(angle, unit, precision, text, zuhost::bufferSize<Buffer>());
 }
 
+/// Prints "Application ERROR: " and the message on the command line; the command goes on.
+void acdbFail(const ACHAR* message);
+
 // ---- records of symbol tables as chains: type (0), name (2) and the values that drawings of all versions
 // have
 

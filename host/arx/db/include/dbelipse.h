@@ -44,6 +44,8 @@ private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
     friend class AcDbBlockReference;
     [[nodiscard]] std::vector<zuhost::CurvePiece> pieces() const override;
+    [[nodiscard]] AcGeVector3d extrusion() const override { return normal(); }
+    Acad::ErrorStatus cut(double from, double to, std::unique_ptr<AcDbCurve>& part) const override;
     /// Sets the ellipse of a piece, whatever its axes.
     Acad::ErrorStatus assign(const zuhost::CurvePiece& piece);
 };

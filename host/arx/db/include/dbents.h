@@ -57,6 +57,10 @@ protected:
 private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
     [[nodiscard]] std::vector<zuhost::CurvePiece> pieces() const override;
+    [[nodiscard]] AcGeVector3d extrusion() const override { return normal(); }
+    Acad::ErrorStatus reverse() override;
+    Acad::ErrorStatus cut(double from, double to, std::unique_ptr<AcDbCurve>& part) const override;
+    Acad::ErrorStatus offset(double distance, std::unique_ptr<AcDbCurve>& parallel) const override;
 };
 
 class AcDbCircle : public AcDbCurve {
@@ -84,6 +88,9 @@ protected:
 private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
     [[nodiscard]] std::vector<zuhost::CurvePiece> pieces() const override;
+    [[nodiscard]] AcGeVector3d extrusion() const override { return normal(); }
+    Acad::ErrorStatus cut(double from, double to, std::unique_ptr<AcDbCurve>& part) const override;
+    Acad::ErrorStatus offset(double distance, std::unique_ptr<AcDbCurve>& parallel) const override;
 };
 
 class AcDbArc : public AcDbCurve {
@@ -120,6 +127,9 @@ protected:
 private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
     [[nodiscard]] std::vector<zuhost::CurvePiece> pieces() const override;
+    [[nodiscard]] AcGeVector3d extrusion() const override { return normal(); }
+    Acad::ErrorStatus cut(double from, double to, std::unique_ptr<AcDbCurve>& part) const override;
+    Acad::ErrorStatus offset(double distance, std::unique_ptr<AcDbCurve>& parallel) const override;
 };
 
 /// A polyline of straight and arc segments in a plane.
@@ -201,6 +211,10 @@ private:
     Acad::ErrorStatus setHeadReal(int code, double value);
     [[nodiscard]] AcGeMatrix3d planeToWorld() const;
     [[nodiscard]] std::vector<zuhost::CurvePiece> pieces() const override;
+    [[nodiscard]] AcGeVector3d extrusion() const override { return normal(); }
+    Acad::ErrorStatus reverse() override;
+    Acad::ErrorStatus cut(double from, double to, std::unique_ptr<AcDbCurve>& part) const override;
+    Acad::ErrorStatus offset(double distance, std::unique_ptr<AcDbCurve>& parallel) const override;
 
     mutable std::vector<std::size_t> vertices_; ///< Empty until first used.
     mutable std::uint32_t verticesVersion_ = 0;
@@ -256,6 +270,7 @@ public:
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
     [[nodiscard]] double thickness() const;
     Acad::ErrorStatus setThickness(double thickness);
+    Acad::ErrorStatus getPlane(AcGePlane& plane, AcDb::Planarity& planarity) const override;
 
 protected:
     /// Keeps a text that a member returns by pointer.
@@ -320,6 +335,7 @@ public:
     /// Null when the drawing lacks the style.
     [[nodiscard]] AcDbObjectId textStyle() const;
     Acad::ErrorStatus setTextStyle(AcDbObjectId style);
+    Acad::ErrorStatus getPlane(AcGePlane& plane, AcDb::Planarity& planarity) const override;
 
 protected:
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& matrix) override;
@@ -364,6 +380,7 @@ public:
     [[nodiscard]] AcDbObjectIterator* attributeIterator() const;
     Acad::ErrorStatus openAttribute(AcDbAttribute*& attribute, AcDbObjectId id, AcDb::OpenMode mode,
                                     bool openErased = false) const;
+    Acad::ErrorStatus getPlane(AcGePlane& plane, AcDb::Planarity& planarity) const override;
 
 protected:
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& matrix) override;

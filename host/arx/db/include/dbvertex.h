@@ -99,7 +99,13 @@ protected:
 
 private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
+    /// Returns the vertices of the curve, without the frame of a spline.
+    [[nodiscard]] std::vector<const AcDb2dVertex*> curveVertices() const;
     [[nodiscard]] std::vector<zuhost::CurvePiece> pieces() const override;
+    [[nodiscard]] AcGeVector3d extrusion() const override { return normal(); }
+    Acad::ErrorStatus reverse() override;
+    Acad::ErrorStatus cut(double from, double to, std::unique_ptr<AcDbCurve>& part) const override;
+    Acad::ErrorStatus offset(double distance, std::unique_ptr<AcDbCurve>& parallel) const override;
 
     std::vector<zuhost::PendingPtr<AcDbEntity>> verticesToCome_; ///< Of a polyline in no database.
 };
@@ -135,6 +141,8 @@ protected:
 private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
     [[nodiscard]] std::vector<zuhost::CurvePiece> pieces() const override;
+    Acad::ErrorStatus reverse() override;
+    Acad::ErrorStatus cut(double from, double to, std::unique_ptr<AcDbCurve>& part) const override;
 
     std::vector<zuhost::PendingPtr<AcDbEntity>> verticesToCome_; ///< Of a polyline in no database.
 };

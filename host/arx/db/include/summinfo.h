@@ -2,14 +2,42 @@
 
 #include "dbmain.h"
 
-/// The drawing's custom properties: texts by key, in their order. Title, author and the other fixed
-/// properties are not modelled; they are saved as they were read.
+#include <array>
+
+/// The drawing's properties: the fixed ones, such as the title, and custom ones, texts by key in their order.
+/// A fixed one that the drawing lacks is empty.
 class AcDbDatabaseSummaryInfo : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDatabaseSummaryInfo);
 
     [[nodiscard]] AcDbDatabase* database() const { return database_; }
     void setDatabase(AcDbDatabase* database) { database_ = database; }
+
+    /// The caller frees texts with acutDelString. A null text counts as empty.
+    Acad::ErrorStatus getTitle(ACHAR*& text) const { return fixed(kTitle, text); }
+    Acad::ErrorStatus getTitle(AcString& text) const { return fixed(kTitle, text); }
+    Acad::ErrorStatus setTitle(const ACHAR* text) { return setFixed(kTitle, text); }
+    Acad::ErrorStatus getSubject(ACHAR*& text) const { return fixed(kSubject, text); }
+    Acad::ErrorStatus getSubject(AcString& text) const { return fixed(kSubject, text); }
+    Acad::ErrorStatus setSubject(const ACHAR* text) { return setFixed(kSubject, text); }
+    Acad::ErrorStatus getAuthor(ACHAR*& text) const { return fixed(kAuthor, text); }
+    Acad::ErrorStatus getAuthor(AcString& text) const { return fixed(kAuthor, text); }
+    Acad::ErrorStatus setAuthor(const ACHAR* text) { return setFixed(kAuthor, text); }
+    Acad::ErrorStatus getKeywords(ACHAR*& text) const { return fixed(kKeywords, text); }
+    Acad::ErrorStatus getKeywords(AcString& text) const { return fixed(kKeywords, text); }
+    Acad::ErrorStatus setKeywords(const ACHAR* text) { return setFixed(kKeywords, text); }
+    Acad::ErrorStatus getComments(ACHAR*& text) const { return fixed(kComments, text); }
+    Acad::ErrorStatus getComments(AcString& text) const { return fixed(kComments, text); }
+    Acad::ErrorStatus setComments(const ACHAR* text) { return setFixed(kComments, text); }
+    Acad::ErrorStatus getLastSavedBy(ACHAR*& text) const { return fixed(kLastSavedBy, text); }
+    Acad::ErrorStatus getLastSavedBy(AcString& text) const { return fixed(kLastSavedBy, text); }
+    Acad::ErrorStatus setLastSavedBy(const ACHAR* text) { return setFixed(kLastSavedBy, text); }
+    Acad::ErrorStatus getRevisionNumber(ACHAR*& text) const { return fixed(kRevisionNumber, text); }
+    Acad::ErrorStatus getRevisionNumber(AcString& text) const { return fixed(kRevisionNumber, text); }
+    Acad::ErrorStatus setRevisionNumber(const ACHAR* text) { return setFixed(kRevisionNumber, text); }
+    Acad::ErrorStatus getHyperlinkBase(ACHAR*& text) const { return fixed(kHyperlinkBase, text); }
+    Acad::ErrorStatus getHyperlinkBase(AcString& text) const { return fixed(kHyperlinkBase, text); }
+    Acad::ErrorStatus setHyperlinkBase(const ACHAR* text) { return setFixed(kHyperlinkBase, text); }
 
     [[nodiscard]] int numCustomInfo() const { return static_cast<int>(custom_.size()); }
     /// Keys are compared ignoring case; the caller frees keys and values with acutDelString. eKeyNotFound
@@ -26,6 +54,23 @@ public:
     Acad::ErrorStatus deleteCustomSummaryInfo(int index);
 
 private:
+    enum Fixed {
+        kTitle,
+        kSubject,
+        kAuthor,
+        kKeywords,
+        kComments,
+        kLastSavedBy,
+        kRevisionNumber,
+        kHyperlinkBase,
+        kFixedCount
+    };
+    friend Acad::ErrorStatus acdbGetSummaryInfo(AcDbDatabase* database, AcDbDatabaseSummaryInfo*& info);
+    friend Acad::ErrorStatus acdbPutSummaryInfo(const AcDbDatabaseSummaryInfo* info);
+    Acad::ErrorStatus fixed(Fixed property, ACHAR*& text) const;
+    Acad::ErrorStatus fixed(Fixed property, AcString& text) const;
+    Acad::ErrorStatus setFixed(Fixed property, const ACHAR* text);
+
     struct Custom {
         std::wstring key;
         std::wstring value;
@@ -33,6 +78,7 @@ private:
     [[nodiscard]] int find(const ACHAR* key) const;
 
     AcDbDatabase* database_ = nullptr;
+    std::array<std::wstring, kFixedCount> fixed_;
     std::vector<Custom> custom_;
 };
 

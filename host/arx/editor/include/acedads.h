@@ -56,6 +56,44 @@ int acedGetString(int allowsBlanks, const ACHAR* prompt, Buffer&& result) {
     return acedGetString(allowsBlanks, prompt, result, zuhost::bufferSize<Buffer>());
 }
 
+// ---- functions for scripts are not modelled: nothing calls them. Write a command (accmd.h).
+
+/// Returns the arguments of the function that a script called: null, as for a call without any.
+inline resbuf* acedGetArgs() {
+    return nullptr;
+}
+/// Return RTERROR: there is no call to answer, and no function to be defined.
+inline int acedGetFunCode() {
+    return RTERROR;
+}
+inline int acedDefun(const ACHAR* /*name*/, int /*code*/) {
+    return RTERROR;
+}
+inline int acedUndef(const ACHAR* /*name*/, int /*code*/) {
+    return RTERROR;
+}
+inline int acedRetVoid() {
+    return RTERROR;
+}
+inline int acedRetNil() {
+    return RTERROR;
+}
+inline int acedRetT() {
+    return RTERROR;
+}
+inline int acedRetInt(int /*value*/) {
+    return RTERROR;
+}
+inline int acedRetReal(ads_real /*value*/) {
+    return RTERROR;
+}
+inline int acedRetStr(const ACHAR* /*text*/) {
+    return RTERROR;
+}
+inline int acedRetList(const resbuf* /*chain*/) {
+    return RTERROR;
+}
+
 /// Prints a text as it is; RTERROR for a null one.
 int acedPrompt(const ACHAR* text);
 /// Shows a message box (zuhost/message_box.h); headless programs print it.
