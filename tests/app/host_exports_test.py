@@ -1,4 +1,4 @@
-"""What the host exports as a PE file: everything exported is named in one of its headers, and what modules use is there."""
+"""What the host exports: everything exported is named in one of its headers, and what modules use is there."""
 import glob
 import re
 import sys

@@ -57,8 +57,6 @@ void configure(QTreeView& view, DWORD style) {
     view.header()->setSectionsMovable(false);
 }
 
-} // namespace
-
 /// A view whose lines are drawn by the list control when it is owner-drawn.
 class ReportView : public QTreeView {
 public:
@@ -82,6 +80,8 @@ private:
     CListCtrl& owner_;
     bool ownerDrawn_;
 };
+
+} // namespace
 
 struct CListCtrl::Parts {
     zuhost::ReportModel model;
