@@ -15,11 +15,13 @@ double peakOfProcess() {
     return static_cast<double>(usage.ru_maxrss) * 1024;
 }
 
+/// Resident memory without pages of files: those of libraries are read when they are first used.
 double residentBytes() {
     std::size_t all = 0;
     std::size_t resident = 0;
-    std::ifstream("/proc/self/statm") >> all >> resident;
-    return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE));
+    std::size_t ofFiles = 0;
+    std::ifstream("/proc/self/statm") >> all >> resident >> ofFiles;
+    return static_cast<double>(resident - ofFiles) * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
 Measure measureHere(int runs, const Task& task) {

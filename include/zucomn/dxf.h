@@ -512,6 +512,7 @@ private:
     void skipTo(std::string_view end);
     bool toSection(bool isFirst);
     bool skipToKeptEntity();
+    bool toEntity();
     CTable* readTableName();
     void loadEntities();
     void readHeaderVariable(std::string_view variable);

@@ -70,8 +70,8 @@ private:
 template <typename Form>
 class EntityBuilder {
 public:
-    EntityBuilder(RecordInput& input, PartMemory& memory, CEntList& list)
-        : input_(input), memory_(memory), list_(list) {}
+    explicit EntityBuilder(const EntityReading& reading)
+        : input_(reading.input), memory_(reading.memory), list_(reading.list), polyline_(reading.polyline) {}
 
     void start(std::string_view typeName) {
         finish();
@@ -80,6 +80,7 @@ public:
         if (type == nullptr)
             return;
         if (isVertex && polyline_ == nullptr) {
+            hasStrayVertex_ = true;
             input_.report(typeName.data(), 0, "the vertex belongs to no polyline and is skipped");
             return;
         }
@@ -100,6 +101,11 @@ public:
             entity_->*rule.real = real(code, value);
         else
             addOther(*entity_, rule, code, value);
+    }
+
+    void store(EntityReading& reading) const {
+        reading.polyline = polyline_;
+        reading.hasStrayVertex = reading.hasStrayVertex || hasStrayVertex_;
     }
 
     /// Completes the current entity with the set of records it had; ignores records up to the next start().
@@ -233,28 +239,34 @@ private:
     RecordInput& input_;
     PartMemory& memory_;
     CEntList& list_;
-    CPline* polyline_ = nullptr;
+    CPline* polyline_;
+    bool hasStrayVertex_ = false;
     CEnt* entity_ = nullptr;
     const FieldRules* rules_ = nullptr;
     std::uint32_t present_ = 0;
 };
 
 template <typename Form>
-void readAll(RecordInput& input, PartMemory& memory, CEntList& list) {
-    RecordRun<Form> records(input);
-    EntityBuilder<Form> builder(input, memory, list);
-    builder.start(input.record().value);
+bool readAll(EntityReading& reading, std::uint64_t stop) {
+    RecordRun<Form> records(reading.input);
+    EntityBuilder<Form> builder(reading);
+    builder.start(reading.input.record().value);
+    bool isStopped = false;
     ScannedRecord record;
-    while (records.next(record)) {
+    while (!isStopped && records.next(record)) {
         if (record.code != 0)
             builder.add(record.code, record.value);
         else if (record.value == "ENDSEC" || record.value == "ENDBLK")
             break;
+        else if (reading.input.offsetOf(record.value.data()) == stop)
+            isStopped = true;
         else
             builder.start(record.value);
     }
     builder.finish();
+    builder.store(reading);
     records.makeCurrent();
+    return isStopped;
 }
 
 } // namespace
@@ -264,11 +276,8 @@ bool isKeptEntity(std::string_view typeName) {
     return type != nullptr && type->type != EntType::vertex;
 }
 
-void readEntities(RecordInput& input, PartMemory& memory, CEntList& list) {
-    if (input.isBinary())
-        readAll<BinaryForm>(input, memory, list);
-    else
-        readAll<AsciiForm>(input, memory, list);
+bool readEntities(EntityReading& reading, std::uint64_t stop) {
+    return reading.input.isBinary() ? readAll<BinaryForm>(reading, stop) : readAll<AsciiForm>(reading, stop);
 }
 
 } // namespace zu::dxf

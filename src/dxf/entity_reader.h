@@ -5,11 +5,29 @@
 
 #include <zucomn/dxf.h>
 
+#include <cstdint>
+#include <limits>
+#include <string_view>
+
 namespace zu::dxf {
 
-/// Reads entities into a list, from the current record (the type of the first entity, not an end) up to the
+/// Reading the entities of a section or block.
+struct EntityReading {
+    RecordInput& input;
+    PartMemory& memory;
+    CEntList& list;
+    CPline* polyline = nullptr;  ///< The last polyline, which owns the vertices that follow.
+    bool hasStrayVertex = false; ///< A vertex followed no polyline.
+};
+
+inline constexpr std::uint64_t kToTheEnd = std::numeric_limits<std::uint64_t>::max();
+
+/// Reads entities into the list, from the current record (the type of the first entity, not an end) up to the
 /// end of the section or block, which is then the current record. Reports faults of records to the input.
-void readEntities(RecordInput& input, PartMemory& memory, CEntList& list);
+///
+/// Returns true when it came to the entity whose type stands at the offset `stop` in the file, which is then
+/// the current record, and did not read it.
+bool readEntities(EntityReading& reading, std::uint64_t stop = kToTheEnd);
 
 /// Returns whether entities of that type are kept wherever they occur; vertices are kept only in polylines.
 [[nodiscard]] bool isKeptEntity(std::string_view typeName);

@@ -3,6 +3,7 @@
 #include "entity_reader.h"
 #include "frame/text_view.h"
 #include "part_memory.h"
+#include "piece_reader.h"
 #include "record_input.h"
 #include "values.h"
 
@@ -90,7 +91,10 @@ void CAcadDxf::skipTo(std::string_view end) {
 
 void CAcadDxf::loadEntities() {
     defaultColor_ = colorOption_ != 0 ? 7 : 1;
-    LoadEnt(entities_);
+    if (!toEntity())
+        return;
+    entities_.Share(memory_);
+    zu::dxf::readInPieces(*input_, *memory_, entities_);
 }
 
 void CAcadDxf::LoadHeader() {
@@ -228,13 +232,17 @@ bool CAcadDxf::readBlockFields(CBlock& block) {
     return false;
 }
 
+/// Goes to the next entity, unless the current record is one; returns false when there is none.
+bool CAcadDxf::toEntity() {
+    return input_ != nullptr && (GetCode() == 0 || Skip(0) != 0) && !at(0, "ENDSEC") && !at(0, "ENDBLK");
+}
+
 void CAcadDxf::LoadEnt(CEntList& list) {
-    if (input_ == nullptr || (GetCode() != 0 && Skip(0) == 0))
-        return;
-    if (at(0, "ENDSEC") || at(0, "ENDBLK"))
+    if (!toEntity())
         return;
     list.Share(memory_);
-    zu::dxf::readEntities(*input_, *memory_, list);
+    zu::dxf::EntityReading reading{*input_, *memory_, list};
+    zu::dxf::readEntities(reading);
 }
 
 /// Skips to an entity that LoadEnt would keep; returns false at the end of the section when there is none.

@@ -7,8 +7,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <new>
 #include <string_view>
+#include <vector>
 
 namespace zu::dxf {
 
@@ -25,11 +27,20 @@ struct KeptPart {
     const KeptText* text;
 };
 
-/// Owns the entities of a drawing and the texts and names they refer to.
+/// Owns the entities of a drawing, or of a piece of it, and the texts and names they refer to.
 struct PartMemory {
+    PartMemory() = default;
+    /// Memory for a piece, whose texts are decoded as those of the drawing; to become one of its pieces.
+    explicit PartMemory(PartMemory& drawing) : text(drawing.text) {}
+
+private:
+    PartText ownText_;
+
+public:
     Arena arena;
-    PartText text;
+    PartText& text = ownText_;
     NamePool names;
+    std::vector<std::unique_ptr<PartMemory>> pieces;
 
     const KeptText* keep(std::string_view bytes) {
         const std::string_view kept = text.part(bytes);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace zu::dxf {
 
@@ -13,35 +14,14 @@ constexpr std::size_t kLongestRecord = std::size_t{64} * 1024 * 1024;
 /// Limits the findings of a file that is not a drawing, where every record is faulty.
 constexpr std::size_t kMaxFindings = 50;
 
-/// A read error counts as the end of the file.
-std::size_t readFrom(CFile& file, char* target, std::size_t count) {
-    try {
-        return file.Read(target, static_cast<UINT>(count));
-    } catch (CFileException* error) {
-        error->Delete();
-        return 0;
-    }
-}
-
-/// 0 for a pipe, which has no length.
-std::uint64_t lengthOf(CFile& file) {
-    try {
-        return file.GetLength();
-    } catch (CFileException* error) {
-        error->Delete();
-        return 0;
-    }
-}
-
 } // namespace
 
 std::unique_ptr<RecordInput> RecordInput::open(const wchar_t* path, CodeTable table) {
-    auto file = std::make_unique<CFile>();
-    if (path == nullptr ||
-        file->Open(path, CFile::modeRead | CFile::shareDenyNone | CFile::typeBinary) == FALSE)
+    auto file = InputFile::open(path);
+    if (file == nullptr)
         return nullptr;
     std::unique_ptr<RecordInput> input(new RecordInput);
-    input->length_ = lengthOf(*file);
+    input->length_ = file->length();
     const bool isSmall = input->length_ > 0 && input->length_ < kBlock;
     input->capacity_ = isSmall ? static_cast<std::size_t>(input->length_) + 1 : kBlock;
     input->file_ = std::move(file);
@@ -60,6 +40,53 @@ std::unique_ptr<RecordInput> RecordInput::fromText(std::string text) {
     std::copy(text.begin(), text.end(), input->buffer_.get());
     input->start();
     return input;
+}
+
+std::unique_ptr<RecordInput> RecordInput::from(std::uint64_t offset,
+                                               bool (*accepts)(std::string_view value)) const {
+    if (file_ == nullptr || !hasFastPath_)
+        return nullptr;
+    std::unique_ptr<RecordInput> input(new RecordInput);
+    input->file_ = file_;
+    input->table_ = table_;
+    input->length_ = length_;
+    input->capacity_ = kBlock;
+    input->buffer_ = std::make_unique_for_overwrite<char[]>(kBlock);
+    input->dropped_ = offset;
+    input->binary_ = binary_;
+    input->marked_ = marked_;
+    input->hasFastPath_ = true;
+    input->form_ = form_;
+    input->lineEnd_ = lineEnd_;
+    input->refill();
+    return input->goToStart(accepts) ? std::move(input) : nullptr;
+}
+
+bool RecordInput::goToStart(bool (*accepts)(std::string_view value)) {
+    const auto [first, end] = ahead();
+    const auto next = [this, end = end](const char* at) {
+        return binary_ ? at + 1 : std::min(end, zuhost::dxf::findByte(at, end, lineEnd_) + 1);
+    };
+    for (const char* at = next(first); at < end; at = next(at)) {
+        const ScannedRecord record = scan(at, end);
+        if (record.end == nullptr || record.code != 0 || !accepts(record.value))
+            continue;
+        setCurrent(record, 0);
+        return true;
+    }
+    return false;
+}
+
+void RecordInput::continueAs(RecordInput&& later) {
+    const std::uint64_t lines = line_ - 1;
+    Findings findings = std::exchange(later.findings_, std::move(findings_));
+    later.line_ += lines;
+    for (Finding& finding : findings.kept) {
+        finding.line += binary_ ? 0 : lines;
+        later.add(finding);
+    }
+    later.findings_.count += findings.count - findings.kept.size();
+    *this = std::move(later);
 }
 
 void RecordInput::start() {
@@ -91,7 +118,7 @@ void RecordInput::refill() {
     } else if (kept > 0) {
         std::memmove(buffer_.get(), buffer_.get() + used_, kept);
     }
-    const std::size_t got = readFrom(*file_, buffer_.get() + kept, capacity_ - kept);
+    const std::size_t got = file_->readAt(dropped_ + size_, buffer_.get() + kept, capacity_ - kept);
     size_ = kept + got;
     dropped_ += used_;
     used_ = 0;
@@ -106,10 +133,14 @@ RecordInput::Ahead RecordInput::ahead() const {
     return {at, hasFastPath_ ? std::max(at, end) : at};
 }
 
-void RecordInput::add(std::uint64_t line, std::uint64_t offset, int code, std::string_view problem) {
+void RecordInput::add(const Finding& finding) {
     if (findings_.kept.size() < kMaxFindings)
-        findings_.kept.push_back({line, offset, code, problem});
+        findings_.kept.push_back(finding);
     ++findings_.count;
+}
+
+void RecordInput::add(std::uint64_t line, std::uint64_t offset, int code, std::string_view problem) {
+    add({line, offset, code, problem});
 }
 
 void RecordInput::report(const char* place, int code, std::string_view problem) {
@@ -119,7 +150,7 @@ void RecordInput::report(const char* place, int code, std::string_view problem) 
     }
     const char* const here = buffer_.get() + used_;
     const char* const at = place != nullptr ? place : here;
-    const std::uint64_t offset = dropped_ + static_cast<std::uint64_t>(at - buffer_.get());
+    const std::uint64_t offset = offsetOf(at);
     if (binary_) {
         add(0, offset, code, problem);
         return;
@@ -148,10 +179,13 @@ void RecordInput::setCurrent(const ScannedRecord& scanned, std::uint64_t count) 
     used_ = static_cast<std::size_t>(scanned.end - buffer_.get());
 }
 
+ScannedRecord RecordInput::scan(const char* at, const char* end) const {
+    return binary_ ? zuhost::dxf::scanBinaryRecord(at, end) : zuhost::dxf::scanAsciiRecord(at, end);
+}
+
 bool RecordInput::nextFast() {
     const auto [at, end] = ahead();
-    const ScannedRecord scanned =
-        binary_ ? zuhost::dxf::scanBinaryRecord(at, end) : zuhost::dxf::scanAsciiRecord(at, end);
+    const ScannedRecord scanned = scan(at, end);
     if (scanned.end == nullptr)
         return false;
     setCurrent(scanned);

@@ -1,0 +1,84 @@
+#include "piece_reader.h"
+
+#include <algorithm>
+#include <future>
+#include <memory>
+#include <thread>
+#include <vector>
+
+namespace zu::dxf {
+
+namespace {
+
+constexpr unsigned kMostThreads = 8;
+/// Starting a thread takes as long as reading about 50 KB.
+constexpr std::uint64_t kSmallestPiece = std::uint64_t{256} * 1024;
+
+/// The rest of a section from an entity on, read on a thread of its own. Where an entity starts can only be
+/// guessed there: what was read counts when the reading of what is before it arrives at the same place.
+class Piece {
+public:
+    Piece(std::unique_ptr<RecordInput> input, PartMemory& drawing, std::uint64_t size)
+        : input_(std::move(input)), memory_(std::make_unique<PartMemory>(drawing)),
+          start_(input_->offsetOf(input_->record().value.data())), reading_{*input_, *memory_, list_} {
+        memory_->arena.expect(size);
+    }
+
+    [[nodiscard]] std::uint64_t start() const { return start_; }
+
+    void read(std::uint64_t stop) {
+        isStopped_ = std::async([this, stop] { return readEntities(reading_, stop); });
+    }
+    /// Adds what was read to what another reader has read up to the start of the piece. Returns whether it
+    /// did: only the other reader may know the polyline of the first vertices.
+    bool addTo(EntityReading& whole, bool& isStopped) {
+        isStopped = isStopped_.get();
+        if (reading_.hasStrayVertex)
+            return false;
+        for (POSITION at = list_.GetHeadPosition(); at != nullptr;)
+            whole.list.AddTail(list_.GetNext(at));
+        list_.RemoveAll();
+        whole.memory.pieces.push_back(std::move(memory_));
+        whole.input.continueAs(std::move(*input_));
+        if (reading_.polyline != nullptr)
+            whole.polyline = reading_.polyline;
+        return true;
+    }
+
+private:
+    std::unique_ptr<RecordInput> input_;
+    std::unique_ptr<PartMemory> memory_;
+    CEntList list_;
+    std::uint64_t start_;
+    EntityReading reading_;
+    std::future<bool> isStopped_; ///< Waits for the thread; declared after what it uses.
+};
+
+/// Divides the rest of the file, the greatest part of which is nearly always the section.
+std::vector<std::unique_ptr<Piece>> piecesOf(const RecordInput& input, PartMemory& memory) {
+    std::vector<std::unique_ptr<Piece>> pieces;
+    const std::uint64_t start = input.offset();
+    const std::uint64_t rest = std::max(input.length(), start) - start;
+    const std::uint64_t threads = std::min(std::thread::hardware_concurrency(), kMostThreads);
+    const std::uint64_t count = std::min(threads, rest / kSmallestPiece);
+    for (std::uint64_t i = 1; i < count; ++i)
+        if (auto later = input.from(start + rest / count * i, isKeptEntity))
+            pieces.push_back(std::make_unique<Piece>(std::move(later), memory, rest / count));
+    return pieces;
+}
+
+} // namespace
+
+void readInPieces(RecordInput& input, PartMemory& memory, CEntList& list) {
+    const std::vector<std::unique_ptr<Piece>> pieces = piecesOf(input, memory);
+    const auto startOf = [&](std::size_t i) { return i < pieces.size() ? pieces[i]->start() : kToTheEnd; };
+    for (std::size_t i = 0; i < pieces.size(); ++i)
+        pieces[i]->read(startOf(i + 1));
+    EntityReading whole{input, memory, list};
+    bool isStopped = readEntities(whole, startOf(0));
+    for (std::size_t i = 0; isStopped && i < pieces.size(); ++i)
+        if (!pieces[i]->addTo(whole, isStopped))
+            isStopped = readEntities(whole, startOf(i + 1));
+}
+
+} // namespace zu::dxf
