@@ -2,8 +2,6 @@
 
 #include <QPainterPath>
 
-#include <gepnt3d.h>
-
 #include <span>
 #include <vector>
 
@@ -37,22 +35,5 @@ struct Vertex {
 
 /// Returns the areas of the segments that have a width; empty when none has.
 [[nodiscard]] QPainterPath wideSegments(std::span<const Vertex> vertices, bool closed);
-
-/// A B-spline, rational when it has weights.
-struct Nurbs {
-    int degree = 3;
-    std::vector<double> knots;
-    std::vector<double> weights;
-    std::vector<AcGePoint3d> points;
-};
-
-/// Returns points on the curve, `perSpan` to each span between knots; empty when the curve is not valid.
-[[nodiscard]] std::vector<AcGePoint3d> nurbsPoints(const Nurbs& curve, int perSpan);
-
-/// Returns points on a smooth curve through all fit points, with natural ends unless tangents are given (null
-/// vectors are none).
-[[nodiscard]] std::vector<AcGePoint3d> fitCurve(std::span<const AcGePoint3d> fit, bool closed,
-                                                const AcGeVector3d& startTangent,
-                                                const AcGeVector3d& endTangent, int perSpan);
 
 } // namespace zu::picture

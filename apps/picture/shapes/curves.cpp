@@ -1,11 +1,17 @@
 #include "shapes/builders.h"
 #include "shapes/curve_path.h"
 
+#include <zuhost/spline_points.h>
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
 namespace zu::picture {
+
+using zuhost::fitCurve;
+using zuhost::Nurbs;
+using zuhost::nurbsPoints;
 
 namespace {
 

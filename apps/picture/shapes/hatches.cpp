@@ -2,11 +2,17 @@
 #include "shapes/curve_path.h"
 #include "shapes/hatch_lines.h"
 
+#include <zuhost/spline_points.h>
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
 namespace zu::picture {
+
+using zuhost::fitCurve;
+using zuhost::Nurbs;
+using zuhost::nurbsPoints;
 
 namespace {
 

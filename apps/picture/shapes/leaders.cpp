@@ -2,6 +2,8 @@
 #include "shapes/curve_path.h"
 #include "shapes/paragraphs.h"
 
+#include <zuhost/spline_points.h>
+
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -9,6 +11,8 @@
 #include <utility>
 
 namespace zu::picture {
+
+using zuhost::fitCurve;
 
 namespace {
 

@@ -35,7 +35,7 @@ struct Introduced {
     int version;
 };
 constexpr std::array kIntroduced{Introduced{kLinetypeScale, 1012}, Introduced{kVisibility, 1012},
-                                 Introduced{kLineWeight, 1015},
+                                 Introduced{kLineWeight, zuhost::kLineWeightVersion},
                                  Introduced{kTrueColor, zuhost::kTrueColorVersion}};
 
 int introducedIn(int code) {

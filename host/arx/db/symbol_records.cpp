@@ -29,6 +29,11 @@ constexpr int kDash = 49;
 constexpr int kDashType = 74;
 constexpr double kDegree = std::numbers::pi / 180.0;
 
+/// Returns whether the drawing, if any, holds line weights of layers and whether they are plotted.
+bool canHoldWeights(const zuhost::DatabaseCore* core) {
+    return core == nullptr || core->document->version() >= zuhost::kLineWeightVersion;
+}
+
 } // namespace
 
 TagList AcDbLayerTableRecord::newRecords() const {
@@ -66,6 +71,8 @@ bool AcDbLayerTableRecord::isPlottable() const {
     return integerTag({}, 290, 1) != 0;
 }
 Acad::ErrorStatus AcDbLayerTableRecord::setIsPlottable(bool plottable) {
+    if (!canHoldWeights(core()))
+        return Acad::eNotApplicable;
     return setIntegerTag({}, 290, plottable ? 1 : 0);
 }
 
@@ -118,6 +125,8 @@ AcDb::LineWeight AcDbLayerTableRecord::lineWeight() const {
 Acad::ErrorStatus AcDbLayerTableRecord::setLineWeight(AcDb::LineWeight weight) {
     if (!zuhost::isLineWeight(weight) || weight == AcDb::kLnWtByLayer || weight == AcDb::kLnWtByBlock)
         return Acad::eInvalidInput;
+    if (!canHoldWeights(core()))
+        return Acad::eNotApplicable;
     return setIntegerTag({}, 370, weight);
 }
 

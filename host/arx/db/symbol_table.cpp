@@ -1,6 +1,8 @@
 #include "dbsymtb.h"
 
+#include "color_records.h"
 #include "database_core.h"
+#include "line_weights.h"
 #include "new_text.h"
 #include "object_access.h"
 #include "renaming.h"
@@ -12,6 +14,13 @@ namespace {
 AcRxObject* makeSymbolTable() {
     class Table : public AcDbSymbolTable {};
     return new Table;
+}
+
+/// Returns whether the value of a layer is one that older drawings lack: true colour, plotting, weight, plot
+/// style.
+bool isSinceR2000(const zuhost::Tag& tag) {
+    return tag.code == zuhost::kTrueColor || tag.code == zuhost::kColorName || tag.code == 290 ||
+           tag.code == 370 || tag.code == 390;
 }
 
 } // namespace
@@ -155,6 +164,12 @@ void zuhost::DatabaseCore::addRecord(AcDbStub& table, AcDbSymbolTableRecord& rec
     Container& target = document->container(Container::Kind::table, tableName);
     const std::string name = document->encode(ObjectAccess::name(record));
     const bool isBlock = AcDbBlockTableRecord::cast(&record) != nullptr;
+    const bool isOldLayer =
+        AcDbLayerTableRecord::cast(&record) != nullptr && document->version() < kLineWeightVersion;
+    if (isOldLayer && ObjectAccess::assertWriteEnabled(record) == Acad::eOk) {
+        TagList& records = ObjectAccess::changingTags(record);
+        records.eraseIf(records.all(), isSinceR2000);
+    }
     adopt(&record, target, &table, [&](AcDbStub& stub) {
         if (isBlock)
             indexBlock(document->appendBlock(name, &stub));

@@ -3,6 +3,7 @@
 #include "dbents.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
+#include "record_outline.h"
 #include "zuhost/curve_points.h"
 
 #include <algorithm>
@@ -32,6 +33,9 @@ private:
     void addFrame(const AcGePoint3d& corner, double width, double height, double rotation,
                   const AcGeMatrix3d& transform);
     void addReference(const AcDbBlockReference& reference, const AcGeMatrix3d& transform, int depth);
+    /// Returns false for a block that can't be read.
+    bool addBlock(AcDbObjectId id, const AcGeMatrix3d& transform, int depth);
+    void addRecords(const AcDbEntity& entity, const AcGeMatrix3d& transform, int depth);
 };
 
 void OutlineBuilder::addPath(const std::vector<AcGePoint3d>& points, const AcGeMatrix3d& transform) {
@@ -64,20 +68,37 @@ void OutlineBuilder::addFrame(const AcGePoint3d& corner, double width, double he
 
 void OutlineBuilder::addReference(const AcDbBlockReference& reference, const AcGeMatrix3d& transform,
                                   int depth) {
-    const AcDbObjectPointer<AcDbBlockTableRecord> block(reference.blockTableRecord());
+    if (!addBlock(reference.blockTableRecord(), transform * reference.blockTransform(), depth))
+        addPath({reference.position()}, transform);
+}
+
+bool OutlineBuilder::addBlock(AcDbObjectId id, const AcGeMatrix3d& transform, int depth) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> block(id);
     AcDbBlockTableRecordIterator* made = nullptr;
     if (block.openStatus() != Acad::eOk || depth >= kDeepest || block->newIterator(made) != Acad::eOk)
-        return addPath({reference.position()}, transform);
+        return false;
     const std::unique_ptr<AcDbBlockTableRecordIterator> entities(made);
-    const AcGeMatrix3d inner =
-        transform * reference.blockTransform() * AcGeMatrix3d::translation(-block->origin().asVector());
+    const AcGeMatrix3d inner = transform * AcGeMatrix3d::translation(-block->origin().asVector());
     for (; !entities->done() && paths.size() < kMostPaths; entities->step()) {
-        AcDbObjectId id;
-        entities->getEntityId(id);
-        const AcDbObjectPointer<AcDbEntity> entity(id);
+        AcDbObjectId content;
+        entities->getEntityId(content);
+        const AcDbObjectPointer<AcDbEntity> entity(content);
         if (entity.openStatus() == Acad::eOk)
             add(*entity.object(), inner, depth + 1);
     }
+    return true;
+}
+
+void OutlineBuilder::addRecords(const AcDbEntity& entity, const AcGeMatrix3d& transform, int depth) {
+    const RecordOutline found = recordOutline(entity, kChordsPerTurn);
+    for (const std::vector<AcGePoint3d>& path : found.paths)
+        addPath(path, transform);
+    if (found.block.empty())
+        return;
+    const AcDbObjectPointer<AcDbBlockTable> table(entity.database()->blockTableId());
+    AcDbObjectId block;
+    if (table.openStatus() == Acad::eOk && table->getAt(found.block.c_str(), block) == Acad::eOk)
+        addBlock(block, transform, depth);
 }
 
 double textWidth(const AcDbText& text) {
@@ -97,6 +118,8 @@ void OutlineBuilder::add(const AcDbEntity& entity, const AcGeMatrix3d& transform
         addPath({paragraph->location()}, transform);
     else if (const auto* const reference = AcDbBlockReference::cast(&entity))
         addReference(*reference, transform, depth);
+    else if (entity.isA() == AcDbEntity::desc())
+        addRecords(entity, transform, depth);
 }
 
 double cross(const AcGeVector2d& a, const AcGeVector2d& b) {

@@ -47,6 +47,25 @@ TEST_F(OldDrawing, BlocksAreFoundWithoutRecords) {
               Acad::eNotApplicable);
 }
 
+TEST_F(OldDrawing, LayersHaveNoWeights) {
+    const auto layers = [&] {
+        return std::make_unique<AcDbLayerTablePointer>(drawing.get(), AcDb::kForWrite);
+    };
+    auto added = std::make_unique<AcDbLayerTableRecord>();
+    added->setName(L"PIPES");
+    EXPECT_EQ(added->setLineWeight(AcDb::kLnWt050), Acad::eOk) << "in no drawing yet";
+    EXPECT_EQ(added->setIsPlottable(false), Acad::eOk);
+    EXPECT_EQ(added->setColorIndex(5), Acad::eOk);
+    ASSERT_EQ((*layers())->add(added.get()), Acad::eOk);
+    AcDbLayerTableRecord& layer = *added.release();
+    EXPECT_EQ(layer.setLineWeight(AcDb::kLnWt050), Acad::eNotApplicable);
+    EXPECT_EQ(layer.setIsPlottable(false), Acad::eNotApplicable);
+    EXPECT_EQ(layer.lineWeight(), AcDb::kLnWtByLwDefault);
+    EXPECT_TRUE(layer.isPlottable());
+    EXPECT_EQ(layer.colorIndex(), 5);
+    layer.close();
+}
+
 TEST_F(OldDrawing, ModelSpaceHoldsTheEntities) {
     const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE));
     ASSERT_EQ(space.openStatus(), Acad::eOk);

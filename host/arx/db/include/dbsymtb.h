@@ -111,7 +111,7 @@ public:
     [[nodiscard]] bool isOff() const;
     Acad::ErrorStatus setIsOff(bool off);
     [[nodiscard]] bool isPlottable() const;
-    Acad::ErrorStatus setIsPlottable(bool plottable);
+    Acad::ErrorStatus setIsPlottable(bool plottable); ///< eNotApplicable before R2000.
     [[nodiscard]] AcCmColor color() const;
     /// eInvalidInput for by layer and by block; eNotApplicable for red, green and blue in drawings before
     /// R2004, which can't hold them.
@@ -124,7 +124,7 @@ public:
     /// eNotThatKindOfClass for what is no linetype.
     Acad::ErrorStatus setLinetypeObjectId(AcDbObjectId linetype);
     [[nodiscard]] AcDb::LineWeight lineWeight() const;
-    /// eInvalidInput for by layer, by block and other than the declared weights.
+    /// eInvalidInput for by layer, by block and undeclared weights; eNotApplicable before R2000.
     Acad::ErrorStatus setLineWeight(AcDb::LineWeight weight);
 
 private:

@@ -153,8 +153,9 @@ int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point);
 /// - null with a point: the entity there; null without one: those that the user selects.
 ///
 /// A prefix "_" is ignored. What is selected by its place, or as the last entity, is on a layer that is
-/// neither off nor frozen. Curves of all classes, points, texts (by their approximate frames) and, with their
-/// content, block references have a place; entities that are not modelled have none.
+/// neither off nor frozen. Curves of all classes, splines, the boundaries of hatches, leaders, solids, faces,
+/// points, texts (by their approximate frames) and, with their content, block references and dimensions have
+/// a place; other entities have none.
 ///
 /// The filter is a chain of group codes and values that an entity's list (acdbEntGet) must have:
 /// - texts may have wildcards and, but for code 1, ignore case;

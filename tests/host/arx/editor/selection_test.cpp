@@ -1,6 +1,8 @@
 #include "editor_drawing.h"
 
 #include <dbelipse.h>
+#include <dxf_records.h>
+#include <zuhost/drawing_files.h>
 
 #include <functional>
 #include <vector>
@@ -118,6 +120,52 @@ TEST_F(Selection, WindowsSelectEveryKindOfCurve) {
     EXPECT_EQ(select(L"C", middle, right), "149") << "the ellipse, and the side that closes the second";
     const ads_point onEllipse{105, 7, 0};
     EXPECT_EQ(select(nullptr, onEllipse), "14");
+}
+
+TEST_F(Selection, WindowsSelectWhatIsDrawnByRecords) {
+    int handle = 0xA0;
+    const auto drawn = [&](std::string_view type, std::string_view records) {
+        return dxfRecords("0 " + std::string(type) + "|5 " + std::to_string(handle++) +
+                          "|100 AcDbEntity|8 0|" + std::string(records));
+    };
+    // A spline that bends from (0,0) over (5,10) to (10,0), reaching y = 5; a hatch whose boundaries are a
+    // square at 20 and a clockwise circle at 40; a dimension drawn by a line at 60; a face at 80.
+    const std::string bytes =
+        dxfRecords(
+            "0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|0 ENDSEC|0 SECTION|2 BLOCKS|0 BLOCK|5 B1|100 "
+            "AcDbEntity|8 0|100 AcDbBlockBegin|2 *D1|70 1|10 0.0|20 0.0|30 0.0|0 LINE|5 B2|100 AcDbEntity|8 "
+            "0|100 AcDbLine|10 60.0|20 0.0|30 0.0|11 65.0|21 0.0|31 0.0|0 ENDBLK|5 B3|100 AcDbEntity|8 "
+            "0|100 AcDbBlockEnd|0 ENDSEC|0 SECTION|2 ENTITIES") +
+        drawn("SPLINE",
+              "100 AcDbSpline|70 8|71 2|72 6|73 3|74 0|40 0.0|40 0.0|40 0.0|40 1.0|40 1.0|40 1.0|10 "
+              "0.0|20 0.0|30 0.0|10 5.0|20 10.0|30 0.0|10 10.0|20 0.0|30 0.0") +
+        drawn("HATCH",
+              "100 AcDbHatch|10 0.0|20 0.0|30 0.0|210 0.0|220 0.0|230 1.0|2 SOLID|70 1|71 0|91 2|92 2|72 "
+              "0|73 1|93 4|10 20.0|20 0.0|10 24.0|20 0.0|10 24.0|20 4.0|10 20.0|20 4.0|97 0|92 1|93 1|72 "
+              "2|10 40.0|20 0.0|40 3.0|50 0.0|51 360.0|73 0|97 0|75 1|76 1|98 0") +
+        drawn("DIMENSION", "100 AcDbDimension|2 *D1|10 60.0|20 0.0|30 0.0|70 0") +
+        drawn("3DFACE", "100 AcDbFace|10 80.0|20 0.0|30 0.0|11 84.0|21 0.0|31 0.0|12 84.0|22 4.0|32 0.0|13 "
+                        "80.0|23 4.0|33 0.0") +
+        dxfRecords("0 ENDSEC|0 EOF");
+    AcDbDatabase other(false);
+    ASSERT_EQ(zuhost::dxfInBytes(other, bytes, L"memory.dxf"), Acad::eOk);
+    acdbHostApplicationServices()->setWorkingDatabase(&other);
+    struct Case {
+        ads_point low, high;
+        const char* within;
+        const char* crossing;
+    };
+    for (const Case& c :
+         {Case{{-1, -1, 0}, {11, 5.1, 0}, "0", "0"}, Case{{-1, -1, 0}, {11, 4.9, 0}, "error", "0"},
+          Case{{4, 4.9, 0}, {6, 6, 0}, "error", "0"}, Case{{4, 5.1, 0}, {6, 9, 0}, "error", "error"},
+          Case{{19, -4, 0}, {44, 5, 0}, "1", "1"}, Case{{23, 3, 0}, {25, 5, 0}, "error", "1"},
+          Case{{36, -1, 0}, {38, 1, 0}, "error", "1"}, Case{{59, -1, 0}, {66, 1, 0}, "2", "2"},
+          Case{{79, -1, 0}, {85, 5, 0}, "3", "3"}, Case{{81, 3, 0}, {82, 5, 0}, "error", "3"}}) {
+        SCOPED_TRACE(c.low[X]);
+        EXPECT_EQ(select(L"W", c.low, c.high), c.within);
+        EXPECT_EQ(select(L"C", c.low, c.high), c.crossing);
+    }
+    acdbHostApplicationServices()->setWorkingDatabase(&drawing);
 }
 
 TEST_F(Selection, Filters) {
