@@ -166,6 +166,14 @@ void Styles::readTextStyles(const Drawing& drawing) {
 }
 
 const Layer& Styles::layer(std::string_view name) const {
+    if (last_.second != nullptr && last_.first == name)
+        return *last_.second;
+    const Layer& found = findLayer(name);
+    last_ = {name, &found};
+    return found;
+}
+
+const Layer& Styles::findLayer(std::string_view name) const {
     const auto [known, isNew] = known_.try_emplace(name, nullptr);
     if (!isNew)
         return *known->second;

@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 
 namespace zu::picture {
 
@@ -73,6 +74,7 @@ public:
     [[nodiscard]] double linetypeScale() const { return linetypeScale_; }
 
 private:
+    [[nodiscard]] const Layer& findLayer(std::string_view name) const;
     void readLinetypes(const Drawing& drawing);
     [[nodiscard]] Linetype readLinetype(const Records& records) const;
     void readLayers(const Drawing& drawing);
@@ -86,6 +88,7 @@ private:
     std::unordered_map<std::uint64_t, const TextStyle*> stylesByHandle_;
     TextStyle defaultStyle_;
     mutable std::unordered_map<std::string_view, const Layer*> known_;
+    mutable std::pair<std::string_view, const Layer*> last_; ///< Entities of a layer follow each other.
     mutable std::map<QString, Layer> missing_;
 };
 

@@ -59,7 +59,7 @@ bool Specks::add(QPointF cell, const Colour& colour) {
     if (taken_.size() >= kMost)
         return true;
     const std::int64_t rgb = rgbOf(colour);
-    return taken_.insert({cell.x(), cell.y(), rgb >= 0 ? rgb + 256 : colour.number}).second;
+    return taken_.insert({cell.x(), cell.y(), rgb >= 0 ? rgb + 256 : colour.number});
 }
 
 std::size_t Specks::Hash::operator()(const Speck& speck) const {

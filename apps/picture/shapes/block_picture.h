@@ -1,5 +1,6 @@
 #pragma once
 
+#include "flat_set.h"
 #include "records/drawing.h"
 #include "records/styles.h"
 #include "shape.h"
@@ -9,7 +10,6 @@
 #include <compare>
 #include <cstdint>
 #include <map>
-#include <unordered_set>
 #include <vector>
 
 namespace zu::picture {
@@ -87,7 +87,7 @@ private:
         std::size_t operator()(const Speck& speck) const;
     };
 
-    std::unordered_set<Speck, Hash> taken_;
+    FlatSet<Speck, Hash> taken_;
 };
 
 } // namespace zu::picture

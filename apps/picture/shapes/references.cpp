@@ -88,6 +88,8 @@ AcGeMatrix3d Placement::matrix(const AcGePoint3d& place) const {
 
 Outcome drawArray(Canvas& canvas, const Entity& entity, const Block& block) {
     const Placement placement(entity.records);
+    if (placement.rows == 1 && placement.columns == 1)
+        return canvas.take(1) ? canvas.block(entity, block, placement.matrix()) : kDrawn;
     const AcGeVector3d along(std::cos(placement.angle), std::sin(placement.angle), 0.0);
     const AcGeVector3d up(-along.y, along.x, 0.0);
     Outcome outcome = kDrawn;

@@ -25,10 +25,12 @@ bool crosses(const QLineF& line, const QRectF& box) {
 /// The label in a direction from the anchor, and the line to it.
 LabelPlace candidate(const LabelRequest& request, double direction, double distance) {
     const QPointF along(std::cos(direction), std::sin(direction));
+    // To the sides of a square: on a circle, labels between its quarters would touch what they belong to.
+    const QPointF beside = along / std::max(std::abs(along.x()), std::abs(along.y()));
     const QSizeF half = request.size / 2.0;
     const QPointF centre =
-        request.anchor + QPointF(along.x() * (half.width() + request.clearance.width() + distance),
-                                 along.y() * (half.height() + request.clearance.height() + distance));
+        request.anchor + QPointF(beside.x() * (half.width() + request.clearance.width() + distance),
+                                 beside.y() * (half.height() + request.clearance.height() + distance));
     LabelPlace place;
     place.box = QRectF(centre - QPointF(half.width(), half.height()), request.size);
     if (distance > kNextTo) {

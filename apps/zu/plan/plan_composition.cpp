@@ -1,6 +1,7 @@
 #include "plan/plan_composition.h"
 
 #include "failure.h"
+#include "flat_set.h"
 #include "model/drawing_file.h"
 #include "painters/painter_canvas.h"
 #include "painters/text_pieces.h"
@@ -102,6 +103,13 @@ std::uint64_t markCell(const QPointF& onPage, std::size_t marks) {
     return static_cast<std::uint64_t>(onPage.x() * cells) << 32U |
            static_cast<std::uint64_t>(onPage.y() * cells);
 }
+
+struct CellHash {
+    std::size_t operator()(std::uint64_t cell) const {
+        cell = (cell ^ (cell >> 32U)) * 0x9E3779B97F4A7C15ULL;
+        return static_cast<std::size_t>(cell ^ (cell >> 29U));
+    }
+};
 
 double median(std::vector<double> values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
@@ -516,12 +524,12 @@ void PlanComposition::paintMarks(picture::PageCanvas& canvas) const {
     for (const bool joined : {true, false}) {
         if ((joined ? marks_.joined : marks_.dangling) <= 0.0)
             continue;
-        std::unordered_set<std::uint64_t> taken;
+        picture::FlatSet<std::uint64_t, CellHash> taken;
         std::vector<QPointF> places;
         for (const PlanJoint& joint : elements_.joints())
             if (const QPointF at = onPage(joint.position);
                 joint.joined == joined && isInSight(at) &&
-                taken.insert(markCell(at, elements_.joints().size())).second)
+                taken.insert(markCell(at, elements_.joints().size())))
                 places.push_back(at);
         zu::app::paintMarks(canvas, places, joined, marks_, theme_.ink);
     }
