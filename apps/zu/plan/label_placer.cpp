@@ -10,7 +10,6 @@ namespace zu::app {
 namespace {
 
 constexpr int kDirections = 16;
-constexpr double kNextTo = 3.0;    ///< Distance of a label without a leader.
 constexpr double kStep = 12.0;     ///< Between distances that are tried.
 constexpr double kInkWeight = 250; ///< As much as this distance counts a label all drawn over.
 constexpr double kPadding = 2.0;
@@ -33,7 +32,7 @@ LabelPlace candidate(const LabelRequest& request, double direction, double dista
                                  beside.y() * (half.height() + request.clearance.height() + distance));
     LabelPlace place;
     place.box = QRectF(centre - QPointF(half.width(), half.height()), request.size);
-    if (distance > kNextTo) {
+    if (distance > LabelPlacer::kNextTo) {
         const QPointF end(std::clamp(request.anchor.x(), place.box.left(), place.box.right()),
                           std::clamp(request.anchor.y(), place.box.top(), place.box.bottom()));
         const QPointF start = request.anchor + QPointF(along.x() * request.clearance.width(),

@@ -27,6 +27,8 @@ struct LabelPlace {
 /// Finds places for labels: within an area, off each other and each other's leaders, where little is drawn.
 class LabelPlacer {
 public:
+    static constexpr double kNextTo = 3.0; ///< Distance of a label without a leader.
+
     /// `ink` is the page without labels, white on black, with pixels of `cell` page units.
     LabelPlacer(const QImage& ink, double cell, const QRectF& area);
 

@@ -352,7 +352,7 @@ void PlanComposition::placeLabels() {
     painter.scale(1.0 / kInkCell, 1.0 / kInkCell);
     {
         picture::PainterCanvas canvas(painter, picture::Letters::areas);
-        picture::ShapePainter shapes(canvas, page_.toPage, page_.plan);
+        picture::ShapePainter shapes(canvas, page_.toPage, paintedArea());
         picture::SceneOptions options = scene({});
         options.resolution = shapes.resolution();
         picture::produceShapes(*drawing_, options, [&shapes](const picture::Shape& shape) {
@@ -459,9 +459,19 @@ void PlanComposition::paintScale(picture::PageCanvas& canvas) const {
                 theme_.ink);
 }
 
+/// Lines and letters on the edge of a plan reach into its margin, unless the plan goes on there.
+QRectF PlanComposition::paintedArea() const {
+    if (options_.window || page_.isCut)
+        return page_.plan;
+    QRectF area({}, page_.size);
+    if (page_.legend.height() > 0.0)
+        area.setBottom(page_.legend.top());
+    return area;
+}
+
 /// Elements lie over everything else.
 void PlanComposition::paintDrawing(picture::PageCanvas& canvas) const {
-    picture::ShapePainter painter(canvas, page_.toPage, page_.plan);
+    picture::ShapePainter painter(canvas, page_.toPage, paintedArea());
     if (!options_.layout.empty() || elements_.all().empty()) {
         paintEntities(painter, Entities::all);
     } else {

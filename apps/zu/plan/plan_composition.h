@@ -55,6 +55,7 @@ private:
         return page_.toPage.map(QPointF(point.x, point.y));
     }
 
+    [[nodiscard]] QRectF paintedArea() const;
     void paintDrawing(picture::PageCanvas& canvas) const;
     enum class Entities { all, elements, others };
     void paintEntities(picture::ShapePainter& painter, Entities which) const;

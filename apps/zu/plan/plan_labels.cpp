@@ -46,26 +46,37 @@ QSizeF PlanLabels::sizeOf(const PlanLabel& label) const {
 }
 
 std::size_t PlanLabels::place(LabelPlacer& placer) {
-    const std::size_t all = labels_.size();
-    std::erase_if(labels_, [&](PlanLabel& label) {
+    const LabelPlacer empty = placer;
+    if (2 * tryPlaces(placer) < labels_.size()) {
+        placer = empty;
+        for (PlanLabel& label : labels_)
+            if (!label.isMarker)
+                label.request.farthest = LabelPlacer::kNextTo;
+        (void)tryPlaces(placer);
+    }
+    return std::erase_if(labels_, [](const PlanLabel& label) { return !label.place; });
+}
+
+/// Returns how many labels have a place.
+std::size_t PlanLabels::tryPlaces(LabelPlacer& placer) {
+    std::size_t placed = 0;
+    for (PlanLabel& label : labels_) {
         label.request.size = sizeOf(label);
-        const auto place = placer.place(label.request);
-        if (place)
-            label.place = *place;
-        return !place;
-    });
-    return all - labels_.size();
+        label.place = placer.place(label.request);
+        placed += label.place ? 1 : 0;
+    }
+    return placed;
 }
 
 void PlanLabels::paint(picture::PageCanvas& canvas, const QColor& ground) const {
     for (const PlanLabel& label : labels_) {
-        const QLineF& leader = label.place.leader;
+        const QLineF& leader = label.place->leader;
         if (!leader.isNull()) {
             QPainterPath line(leader.p1());
             line.lineTo(leader.p2());
             canvas.stroke(line, {label.colour, kLeaderWidth, {}});
         }
-        const QRectF& box = label.place.box;
+        const QRectF& box = label.place->box;
         if (label.isMarker) {
             QPainterPath around;
             around.addRoundedRect(box, box.height() / 2.0, box.height() / 2.0);

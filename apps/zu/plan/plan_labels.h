@@ -6,6 +6,7 @@
 #include "plan/plan_options.h"
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace zu::app {
@@ -16,7 +17,7 @@ struct PlanLabel {
     LabelRequest request;
     QColor colour;
     bool isMarker = false; ///< In a box of its colour.
-    LabelPlace place;
+    std::optional<LabelPlace> place;
 };
 
 /// The labels of a plan: asked for one by one, then placed all at the same time.
@@ -39,11 +40,13 @@ public:
     /// Those asked for, also beyond kMost.
     [[nodiscard]] std::size_t count() const { return asked_; }
 
-    /// Keeps those that find a place. Returns the number of the others.
+    /// Keeps those that find a place. Where fewer than half do, lines to them would cover the plan: only
+    /// places right beside what they name count then. Returns the number of the others.
     std::size_t place(LabelPlacer& placer);
     void paint(picture::PageCanvas& canvas, const QColor& ground) const;
 
 private:
+    std::size_t tryPlaces(LabelPlacer& placer);
     [[nodiscard]] QSizeF sizeOf(const PlanLabel& label) const;
 
     double capitals_;
