@@ -1,5 +1,6 @@
 #include "dxf_records/number_text.h"
 
+#include "decimal_quotient.h"
 #include "dxf_records/plain_number.h"
 
 #include <array>
@@ -55,6 +56,15 @@ std::optional<std::string> exponentWithPlus(std::string_view text) {
     return std::string(text.substr(0, exponent + 1)) + '+' + std::string(text.substr(digits));
 }
 
+/// Fast path for numbers without exponent and with up to 19 digits. Returns false for others.
+bool parseDecimal(std::string_view text, double& value) {
+    constexpr std::size_t kLongest = 21; // with a sign and a point
+    PlainDecimal decimal;
+    if (text.size() > kLongest || !parsePlainDecimal(text, decimal))
+        return false;
+    return divideExactly(decimal, value) || divideRounding(decimal, value);
+}
+
 std::optional<double> parsePlain(std::string_view text) {
     double value = 0;
     const char* const end = text.data() + text.size();
@@ -70,16 +80,8 @@ std::optional<double> parsePlain(std::string_view text) {
     return error == std::errc{} ? std::optional(value) : std::nullopt;
 }
 
-} // namespace
-
-std::optional<double> parseReal(std::string_view text) {
-    const std::string_view number = withoutPlus(trimmed(text));
-    if (number.empty())
-        return std::nullopt;
-    constexpr std::size_t kLongestPlain = 18; // Longer ones have more digits than the fast path takes.
-    double plain = 0;
-    if (number.size() <= kLongestPlain && parsePlainReal(number, plain))
-        return plain;
+/// Parses a number with an exponent or many digits, and what is no number.
+std::optional<double> parseUnusual(std::string_view number) {
     if (const auto value = parsePlain(number))
         return value;
     if (const auto repaired = exponentWithPlus(number))
@@ -87,6 +89,24 @@ std::optional<double> parseReal(std::string_view text) {
     const bool negative = number.front() == '-';
     const auto special = parseOldSpecial(negative ? number.substr(1) : number);
     return special && negative ? std::optional(-*special) : special;
+}
+
+} // namespace
+
+std::optional<double> parseReal(std::string_view text) {
+    double value = 0;
+    return parseReal(text, value) ? std::optional(value) : std::nullopt;
+}
+
+bool parseReal(std::string_view text, double& value) {
+    const std::string_view number = withoutPlus(trimmed(text));
+    if (number.empty())
+        return false;
+    if (parseDecimal(number, value))
+        return true;
+    const auto unusual = parseUnusual(number);
+    value = unusual.value_or(value);
+    return unusual.has_value();
 }
 
 std::optional<std::int64_t> parseInteger(std::string_view text) {

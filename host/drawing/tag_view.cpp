@@ -243,6 +243,7 @@ std::optional<std::string_view> TagView::text(int code) const {
 }
 
 void TagView::reals(std::span<const int> codes, std::span<double> values) const {
+    const bool isBinary = form_ == TagForm::binary || form_ == TagForm::shortBinary;
     std::uint32_t unseen = (1U << codes.size()) - 1;
     std::size_t next = 0;
     for (Iterator it = begin(); unseen != 0 && it != end(); ++it) {
@@ -255,7 +256,10 @@ void TagView::reals(std::span<const int> codes, std::span<double> values) const 
                 continue;
             if (const std::uint32_t bit = 1U << i; (unseen & bit) != 0) {
                 unseen &= ~bit;
-                values[i] = it->real().value_or(values[i]);
+                if (isBinary)
+                    values[i] = dxf::binaryReal(it->text);
+                else
+                    parseReal(it->text, values[i]);
             }
             next = i + 1 < codes.size() ? i + 1 : 0;
             break;

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace zuhost {
@@ -31,21 +33,47 @@ inline constexpr auto kHexDigits = [] {
     return values;
 }();
 
+/// Reads eight digits at once: adds them to the number and returns true when these bytes are digits.
+inline bool takeEightDigits(const char* at, std::uint64_t& number) {
+    if constexpr (std::endian::native != std::endian::little)
+        return false;
+    constexpr std::uint64_t kUpperHalves = 0xF0F0F0F0F0F0F0F0;
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, at, sizeof bytes);
+    const std::uint64_t afterNine = bytes + 0x0606060606060606;
+    if (((bytes & kUpperHalves) | (afterNine & kUpperHalves) >> 4U) != 0x3333333333333333)
+        return false;
+    // Pairs of digits, of pairs, and of these: the first digit is in the lowest byte.
+    bytes = (bytes & 0x0F0F0F0F0F0F0F0F) * (1 + (10 << 8)) >> 8U;
+    bytes = (bytes & 0x00FF00FF00FF00FF) * (1 + (100 << 16)) >> 16U;
+    bytes = (bytes & 0x0000FFFF0000FFFF) * (1 + (std::uint64_t{10000} << 32U)) >> 32U;
+    number = number * 100'000'000 + bytes;
+    return true;
+}
+
 } // namespace detail
 
-/// Fast path for nearly every number of a drawing: "12.5", "-300". Returns false and leaves the value
-/// untouched for any other text, which parseReal may still accept. Digits up to 2^53 and the powers of ten
-/// are exact as doubles, so that their quotient is rounded once, correctly.
-inline bool parsePlainReal(std::string_view text, double& value) {
-    constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53U;
-    constexpr std::ptrdiff_t kMostDigits = 18;
+/// A number without exponent: digits / 10^places.
+struct PlainDecimal {
+    std::uint64_t digits = 0;
+    std::size_t places = 0;
+    bool negative = false;
+
+    [[nodiscard]] double withSign(double magnitude) const { return negative ? -magnitude : magnitude; }
+};
+
+/// Parses "12.5", "-300" of up to 19 digits. Returns false for any other text.
+inline bool parsePlainDecimal(std::string_view text, PlainDecimal& decimal) {
+    constexpr std::ptrdiff_t kMostDigits = 19;
     const char* at = text.data();
     const char* const end = at + text.size();
-    const bool negative = at != end && *at == '-';
-    at += negative ? 1 : 0;
+    decimal.negative = at != end && *at == '-';
+    at += decimal.negative ? 1 : 0;
     std::uint64_t digits = 0;
     const auto takeDigits = [&] {
         const char* const first = at;
+        while (end - at >= 8 && detail::takeEightDigits(at, digits))
+            at += 8;
         for (; at != end && static_cast<unsigned char>(*at - '0') < 10; ++at)
             digits = digits * 10 + static_cast<unsigned char>(*at - '0');
         return at - first;
@@ -56,14 +84,26 @@ inline bool parsePlainReal(std::string_view text, double& value) {
         ++at;
         places = takeDigits();
     }
-    const bool plain =
-        at == end && whole + places > 0 && whole + places <= kMostDigits && digits <= kLargestExact;
-    if (!plain)
+    decimal.digits = digits;
+    decimal.places = static_cast<std::size_t>(places);
+    return at == end && whole + places > 0 && whole + places <= kMostDigits;
+}
+
+/// Sets the value of a number of up to 2^53 digits: these and the powers of ten are exact as doubles, so that
+/// their quotient is rounded once, correctly. Returns false and leaves it untouched for more digits.
+inline bool divideExactly(const PlainDecimal& decimal, double& value) {
+    constexpr std::uint64_t kLargestExact = std::uint64_t{1} << 53U;
+    if (decimal.digits > kLargestExact)
         return false;
-    const double magnitude =
-        static_cast<double>(digits) / detail::kPowersOfTen[static_cast<std::size_t>(places)];
-    value = negative ? -magnitude : magnitude;
+    value = decimal.withSign(static_cast<double>(decimal.digits) / detail::kPowersOfTen[decimal.places]);
     return true;
+}
+
+/// Fast path for nearly every number of a drawing. Returns false and leaves the value untouched for any other
+/// text, which parseReal may still accept.
+inline bool parsePlainReal(std::string_view text, double& value) {
+    PlainDecimal decimal;
+    return parsePlainDecimal(text, decimal) && divideExactly(decimal, value);
 }
 
 /// Parses one to sixteen hexadecimal digits without blanks. Returns false and leaves the value untouched for

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
 #include <random>
 
@@ -48,6 +49,31 @@ TEST(Numbers, RealsRoundTrip) {
         char text[64];
         std::snprintf(text, sizeof text, "%.*f", static_cast<int>(random() % 17), value);
         EXPECT_EQ(parseReal(text), std::strtod(text, nullptr)) << text;
+    }
+}
+
+TEST(Numbers, RealsOfManyDigitsAreRoundedCorrectly) {
+    std::mt19937_64 random(2);
+    const auto expectNearest = [](const std::string& text) {
+        double nearest = 0;
+        std::from_chars(text.data(), text.data() + text.size(), nearest);
+        EXPECT_EQ(parseReal(text), nearest) << text;
+    };
+    for (int i = 0; i < 300000; ++i) {
+        std::string text = std::to_string(random() >> random() % 14);
+        text.insert(random() % (text.size() + 1), 1, '.');
+        if (i % 2 == 0)
+            text.insert(0, 1, '-');
+        expectNearest(text);
+    }
+    // Just below, at and just above the middle between two doubles.
+    for (std::uint64_t middle = (1ULL << 54U) + 2; middle < (1ULL << 60U); middle += middle / 7 * 4) {
+        middle &= ~7ULL;
+        const auto half =
+            static_cast<std::uint64_t>(std::nextafter(static_cast<double>(middle), 1e30)) - middle;
+        for (const std::uint64_t digits : {middle + half / 2 - 1, middle + half / 2, middle + half / 2 + 1})
+            for (const char* const zeros : {"", ".0", ".00"})
+                expectNearest(std::to_string(digits) + zeros);
     }
 }
 
