@@ -7,10 +7,9 @@ namespace zuhost {
 
 namespace {
 
+using reactor_records::endsHead;
 using reactor_records::kBracket;
 using reactor_records::kEntry;
-using reactor_records::kFirstExtended;
-using reactor_records::kMarker;
 using reactor_records::kOpening;
 
 struct ReactorGroup {
@@ -22,12 +21,12 @@ struct ReactorGroup {
 /// Calls `visit` with each group in order.
 template <typename Visit>
 void visitGroups(const TagList& tags, Visit visit) {
-    const auto isInside = [&tags](std::size_t i) { return i < tags.size() && tags[i].code < kFirstExtended; };
+    const auto isInside = [&tags](std::size_t i) { return i < tags.size() && !endsHead(tags[i].code); };
     for (std::size_t i = 0; isInside(i); ++i) {
         if (tags[i].code != kBracket || tags[i].value != kOpening)
             continue;
         std::size_t last = i + 1;
-        while (isInside(last) && tags[last].code != kBracket && tags[last].code != kMarker)
+        while (isInside(last) && tags[last].code != kBracket)
             ++last;
         const bool closed =
             isInside(last) && tags[last].code == kBracket && !tags[last].value.starts_with('{');

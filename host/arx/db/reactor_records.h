@@ -25,6 +25,12 @@ inline constexpr int kEntry = 330;
 inline constexpr int kFirstExtended = 1000;
 inline constexpr std::string_view kOpening = "{ACAD_REACTORS";
 
+/// Groups of reactors precede the first subclass marker. After it the same records are data, of X-records for
+/// example.
+constexpr bool endsHead(int code) {
+    return code == kMarker || code >= kFirstExtended;
+}
+
 } // namespace reactor_records
 
 /// Calls `visit` with each entry in order. Damaged objects can have several groups of them, or one that is
@@ -33,9 +39,9 @@ template <typename Visit>
 void visitReactorEntries(const TagView& tags, Visit visit) {
     using namespace reactor_records;
     bool isInGroup = false;
-    for (auto it = tags.begin(); it != tags.end() && it->code < kFirstExtended; ++it) {
-        if (it->code == kBracket || it->code == kMarker)
-            isInGroup = it->code == kBracket && it->text == kOpening;
+    for (auto it = tags.begin(); it != tags.end() && !endsHead(it->code); ++it) {
+        if (it->code == kBracket)
+            isInGroup = it->text == kOpening;
         else if (isInGroup && it->code == kEntry)
             if (const auto handle = it->handle())
                 visit(ReactorEntry{it.place(), *handle});
@@ -47,10 +53,10 @@ template <typename Visit>
 void visitReactorEntries(const TagList& tags, Visit visit) {
     using namespace reactor_records;
     bool isInGroup = false;
-    for (std::size_t i = 0; i < tags.size() && tags[i].code < kFirstExtended; ++i) {
+    for (std::size_t i = 0; i < tags.size() && !endsHead(tags[i].code); ++i) {
         const Tag& tag = tags[i];
-        if (tag.code == kBracket || tag.code == kMarker)
-            isInGroup = tag.code == kBracket && tag.value == kOpening;
+        if (tag.code == kBracket)
+            isInGroup = tag.value == kOpening;
         else if (isInGroup && tag.code == kEntry)
             if (const auto handle = parseHandle(tag.value))
                 visit(ReactorEntry{i, *handle});

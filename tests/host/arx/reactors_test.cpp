@@ -279,6 +279,24 @@ TEST_F(Reactors, PersistentReactorsAreReadOnceEachInPlace) {
     }
 }
 
+TEST_F(Reactors, RecordsLikeThemAfterTheFirstMarkerAreData) {
+    std::string bytes = zuhost::dxfOutBytes(*drawing, false);
+    const std::string marker = "AcDbEntity\n";
+    const std::string data = "102\n{ACAD_REACTORS\n330\n187\n102\n}\n";
+    bytes.insert(bytes.find(marker, bytes.find("\n106\n")) + marker.size(), data);
+    const auto again = readBytes(bytes);
+    std::vector<AcDbObjectId> before;
+    std::vector<AcDbObjectId> after;
+    zuhost::readPersistentReactors(*AcDbObjectPointer<AcDbObject>(id(kShelf)).object(), before);
+    const AcDbObjectPointer<AcDbObject> shelf(idIn(*again, kShelf), AcDb::kForWrite);
+    zuhost::readPersistentReactors(*shelf.object(), after);
+    EXPECT_EQ(after.size(), before.size());
+    const AcDbObjectId added = idIn(*again, kSingle);
+    EXPECT_EQ(shelf->addPersistentReactor(added), Acad::eOk);
+    EXPECT_TRUE(shelf->hasPersistentReactor(added));
+    EXPECT_NE(zuhost::dxfOutBytes(*again, false).find(data), std::string::npos);
+}
+
 TEST_F(Reactors, ChangesMoveTheRecordsThatFollow) {
     AcDbLayerTableRecordPointer(L"機器-固定", drawing.get(), AcDb::kForWrite)->setIsLocked(false);
     const AcDbObjectPointer<AcDbBlockReference> handler(id(kAirHandler));
