@@ -28,6 +28,7 @@ void makeDistinctFinite(Points& points) {
 CandidateIndex::CandidateIndex(ConnectionCache& cache, AcDbObjectIdArray candidates, double distance)
     : cache_(cache), candidates_(std::move(candidates)), distance_(distance), generation_(cache.generation()),
       seenChanges_(cache.changedElements().size()), grid_(distance) {
+    grid_.reserve(static_cast<std::size_t>(candidates_.length()));
     for (int position = 0; position < candidates_.length(); ++position)
         insert(position);
 }

@@ -43,6 +43,7 @@ void ConnectionCache::clear() {
     elements_.clear();
     points_.clear();
     definitions_.clear();
+    blocks_.clear();
     groupVersions_.clear();
     changedElements_.clear();
     ++generation_;
@@ -88,14 +89,18 @@ void ConnectionCache::read(AcDbObjectId id, CachedElement& element) {
     element.status = reference.openStatus();
     if (element.status != Acad::eOk)
         return;
-    element.block = reference->blockTableRecord();
+    readFacts(*reference.object(), facts_);
+    const auto [block, isNew] = blocks_.try_emplace(facts_.block);
+    if (isNew)
+        block->second = reference->blockTableRecord();
+    element.block = block->second;
     const Read<DefinitionPoints>& local = definition(element.block);
     element.status = local.status;
-    placePoints(*reference.object(), local.value, element);
+    placePoints(local.value, element);
 }
 
-void ConnectionCache::placePoints(const AcDbBlockReference& reference, const DefinitionPoints& local,
-                                  CachedElement& element) {
+/// Places the points as the facts of the reference say.
+void ConnectionCache::placePoints(const DefinitionPoints& local, CachedElement& element) {
     if (local.empty())
         return;
     element.pointCount = local.size();
@@ -104,10 +109,9 @@ void ConnectionCache::placePoints(const AcDbBlockReference& reference, const Def
         element.pointRoom = local.size();
         points_.resize(points_.size() + local.size());
     }
-    const AcGeMatrix3d transform = reference.blockTransform();
     auto place = points_.begin() + static_cast<std::ptrdiff_t>(element.firstPoint);
     for (const DefinitionPoint& point : local)
-        *place++ = planPoint(point.position, transform);
+        *place++ = planPoint(point.position, facts_.transform);
 }
 
 const CachedElement& ConnectionCache::element(AcDbObjectId id) {

@@ -2,6 +2,7 @@
 
 #include "connection_points.h"
 #include "id_map.h"
+#include "reference_facts.h"
 
 #include <dbmain.h>
 
@@ -74,13 +75,14 @@ private:
     void clear();
     CachedElement& cached(AcDbObjectId id);
     void read(AcDbObjectId id, CachedElement& element);
-    void placePoints(const AcDbBlockReference& reference, const DefinitionPoints& local,
-                     CachedElement& element);
+    void placePoints(const DefinitionPoints& local, CachedElement& element);
 
     AcDbDatabase* database_;
     std::wstring layer_;
     IdMap<CachedElement> elements_;
-    Points points_; ///< Of all elements.
+    Points points_;                                         ///< Of all elements.
+    ReferenceFacts facts_;                                  ///< Of the element that is read.
+    std::unordered_map<std::wstring, AcDbObjectId> blocks_; ///< By name.
     std::unordered_map<AcDbObjectId, Read<DefinitionPoints>> definitions_;
     std::unordered_map<AcDbObjectId, std::uint64_t> groupVersions_;
     std::vector<AcDbObjectId> changedElements_;

@@ -36,6 +36,15 @@ struct Indices {
     }
 };
 
+/// std::floor without a call, for numbers that are not infinite.
+double whole(double value) {
+    constexpr double kLeastWhole = 4503599627370496.0; // 2^52; larger numbers have no fraction
+    if (!(std::abs(value) < kLeastWhole))
+        return value;
+    const auto truncated = static_cast<double>(static_cast<std::int64_t>(value));
+    return truncated > value ? truncated - 1.0 : truncated;
+}
+
 std::uint64_t mixed(std::uint64_t bits) {
     bits ^= bits >> 32U;
     bits *= 0x9E3779B97F4A7C15ULL;
@@ -45,7 +54,12 @@ std::uint64_t mixed(std::uint64_t bits) {
 } // namespace
 
 PointGrid::PointGrid(double greatestDistance)
-    : cellSize_(std::max(greatestDistance * kCellsPerDistance, kLeastCell)), slots_(kFewestSlots, kEnd) {}
+    : cellsPerUnit_(1.0 / std::max(greatestDistance * kCellsPerDistance, kLeastCell)),
+      slots_(kFewestSlots, kEnd) {}
+
+double PointGrid::index(double coordinate) const {
+    return whole(coordinate * cellsPerUnit_) + 0.0; // no negative zero: equal cells have equal bits
+}
 
 void PointGrid::reserve(std::size_t points) {
     entries_.reserve(points);
@@ -85,10 +99,6 @@ void PointGrid::grow(std::size_t slots) {
 std::size_t PointGrid::CellHash::operator()(const Cell& cell) const noexcept {
     const std::uint64_t column = mixed(std::bit_cast<std::uint64_t>(cell.column));
     return static_cast<std::size_t>(mixed(column + std::bit_cast<std::uint64_t>(cell.row)));
-}
-
-double PointGrid::index(double coordinate) const {
-    return std::floor(coordinate / cellSize_) + 0.0; // no negative zero: equal cells have equal bits
 }
 
 /// The points by cell; those that are not finite are left out.
@@ -175,9 +185,14 @@ std::array<std::int32_t, 9> PointGrid::chainsNear(const AcGePoint3d& centre, dou
     const auto indices = [&](double coordinate) {
         // Slightly more than the distance, to allow for rounding.
         const double reach = distance * (1.0 + 1e-9) + std::abs(coordinate) * 1e-15;
+        const double own = index(coordinate);
+        const double within = coordinate * cellsPerUnit_ - own;
+        const double margin = reach * cellsPerUnit_;
         Indices met;
+        met.add(own);
+        if (within > margin && 1.0 - within > margin)
+            return met;
         met.add(index(coordinate - reach));
-        met.add(index(coordinate));
         met.add(index(coordinate + reach));
         return met;
     };

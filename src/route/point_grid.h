@@ -76,7 +76,7 @@ private:
                                      : clusters_.at(entry.cluster).hasWithin(centre, distance);
     }
 
-    double cellSize_;
+    double cellsPerUnit_;
     /// The first entry of each cell, which is that of its point. Cells lie in a table where each is found
     /// from its hash on, in the next free place. The number of places is a power of two.
     std::vector<std::int32_t> slots_;
