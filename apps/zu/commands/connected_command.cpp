@@ -89,38 +89,51 @@ private:
 class TextListing {
 public:
     void add(AcDbObjectId element, std::span<const AcDbObjectId> others) {
-        const std::string handle = handleText(element);
-        const Block& block = blockOf(element);
-        if (others.empty()) {
-            addCells(handle, block);
-            for (int i = 0; i < kCells; ++i)
-                table_.addCell("");
-        }
-        for (const AcDbObjectId other : others) {
-            addCells(handle, block);
-            addCells(handleText(other), blockOf(other));
-        }
+        const Cells cells = cellsOf(element);
+        if (others.empty())
+            addRow(cells, none_);
+        for (const AcDbObjectId other : others)
+            addRow(cells, cellsOf(other));
     }
     void finish() const { table_.print(); }
 
 private:
-    static constexpr int kCells = 3; ///< Of one element.
-
     struct Block {
         std::string name;
         std::string what;
     };
+    /// What is shown of one element.
+    struct Cells {
+        std::string handle;
+        const Block* block;
+    };
+    struct Listed {
+        AcDbObjectId id;
+        Cells cells;
+    };
+    static constexpr std::size_t kRecent = 1024;
+    static constexpr std::size_t kUnit = 16; ///< Objects are at least so many bytes apart.
 
-    void addCells(const std::string& handle, const Block& block) {
-        table_.addCell(handle);
-        table_.addCell(block.name);
-        table_.addCell(block.what);
+    void addRow(const Cells& element, const Cells& other) {
+        for (const Cells* const cells : {&element, &other}) {
+            table_.addCell(cells->handle);
+            table_.addCell(cells->block->name);
+            table_.addCell(cells->block->what);
+        }
+    }
+
+    /// An element is listed with each that it joins, and those lie near it in the drawing.
+    const Cells& cellsOf(AcDbObjectId id) {
+        Listed& listed = recent_[std::hash<AcDbObjectId>()(id) / kUnit % kRecent];
+        if (listed.id != id)
+            listed = {id, {handleText(id), &blockOf(id)}};
+        return listed.cells;
     }
 
     const Block& blockOf(AcDbObjectId id) {
         const AcDbObjectPointer<AcDbBlockReference> reference(id);
         if (reference.openStatus() != Acad::eOk)
-            return none_;
+            return noBlock_;
         const auto [entry, isNew] = blocks_.try_emplace(zuhost::blockName(*reference));
         if (isNew) {
             int code = zucomn::kNoElement;
@@ -132,7 +145,9 @@ private:
 
     TextTable table_{{"handle", "block", "what", "joined", "block", "what"}};
     std::unordered_map<std::wstring, Block> blocks_; ///< By name.
-    const Block none_{};                             ///< Of what is no block reference.
+    std::vector<Listed> recent_{kRecent};            ///< Each where its id belongs.
+    const Block noBlock_{};                          ///< Of what is no block reference.
+    const Cells none_{{}, &noBlock_};
 };
 
 void runOne(const DrawingFile& drawing, const Options& options, const Filter& filter, AcDbObjectId group) {

@@ -142,7 +142,10 @@ std::string handleText(AcDbObjectId id) {
 std::string handleText(AcDbHandle handle) {
     ACHAR buffer[17];
     handle.getIntoAsciiBuffer(buffer);
-    return narrow(buffer);
+    std::string digits;
+    for (const ACHAR* digit = buffer; *digit != L'\0'; ++digit)
+        digits += static_cast<char>(*digit);
+    return digits;
 }
 
 std::vector<std::string> handleTexts(std::span<const AcDbObjectId> ids) {

@@ -35,6 +35,11 @@ bool isControl(char c) {
     return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
 }
 
+/// True for texts whose characters are one byte and one column each, none of them a control character.
+bool isPlain(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7F; });
+}
+
 bool isWide(char32_t c) {
     return (c >= 0x1100 && c <= 0x115F) || (c >= 0x2E80 && c <= 0xA4CF) || (c >= 0xAC00 && c <= 0xD7A3) ||
            (c >= 0xF900 && c <= 0xFAFF) || (c >= 0xFE30 && c <= 0xFE6F) || (c >= 0xFF00 && c <= 0xFF60) ||
@@ -63,41 +68,58 @@ void printJson(const Json& value) {
     array.finish();
 }
 
-TextTable::TextTable(const std::vector<std::string>& headings) : widths_(headings.size()) {
+TextTable::TextTable(const std::vector<std::string>& headings) : columns_(headings.size()) {
     for (const std::string& heading : headings)
         addCell(translated(heading));
 }
 
 void TextTable::addCell(std::string_view text) {
-    std::size_t& width = widths_[cells_++ % widths_.size()];
-    const std::size_t start = text_.size();
-    text_ += text;
-    std::replace_if(text_.begin() + static_cast<std::ptrdiff_t>(start), text_.end(), isControl, '?');
-    width = std::max(width, displayWidth(std::string_view(text_).substr(start)));
-    text_ += kCellEnd;
+    if (next_ == 0 && (parts_.empty() || parts_.back().size() >= kPart))
+        parts_.emplace_back().reserve(kPart + kPart / 16);
+    Column& column = columns_[next_];
+    std::string& part = parts_.back();
+    if (isPlain(text)) {
+        part += text;
+        column.width = std::max(column.width, text.size());
+    } else {
+        const std::string shown = withoutControls(std::string(text));
+        part += shown;
+        column.width = std::max(column.width, displayWidth(shown));
+        column.isPlain = false;
+    }
+    part += kCellEnd;
+    if (++next_ < columns_.size())
+        return;
+    next_ = 0;
+    ++lines_;
 }
 
 void TextTable::addRow(const std::vector<std::string>& cells) {
-    for (std::size_t i = 0; i < widths_.size(); ++i)
+    for (std::size_t i = 0; i < columns_.size(); ++i)
         addCell(i < cells.size() ? std::string_view(cells[i]) : std::string_view());
 }
 
 void TextTable::print() const {
-    std::string line;
-    std::string_view rest = text_;
-    for (std::size_t cell = 0; cell < cells_; ++cell) {
+    std::string lines;
+    std::size_t printed = 0;
+    for (std::string_view rest : parts_) {
+        for (; printed < lines_ && !rest.empty(); ++printed)
+            appendLine(lines, rest);
+        std::cout.write(lines.data(), static_cast<std::streamsize>(lines.size()));
+        lines.clear();
+    }
+}
+
+/// Removes the cells of the line from `rest`.
+void TextTable::appendLine(std::string& lines, std::string_view& rest) const {
+    for (const Column& column : columns_) {
         const std::string_view text = rest.substr(0, rest.find(kCellEnd));
         rest.remove_prefix(text.size() + 1);
-        line += text;
-        const std::size_t column = cell % widths_.size();
-        if (column + 1 < widths_.size()) {
-            line.append(widths_[column] - displayWidth(text) + kGap, ' ');
-            continue;
-        }
-        line += '\n';
-        std::cout.write(line.data(), static_cast<std::streamsize>(line.size()));
-        line.clear();
+        lines += text;
+        if (&column != &columns_.back())
+            lines.append(column.width - (column.isPlain ? text.size() : displayWidth(text)) + kGap, ' ');
     }
+    lines += '\n';
 }
 
 std::string withoutControls(std::string text) {

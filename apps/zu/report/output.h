@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,15 +28,23 @@ public:
     /// Adds the next cell of a row; faster for long tables.
     void addCell(std::string_view text);
     [[nodiscard]] bool empty() const { return size() == 0; }
-    [[nodiscard]] std::size_t size() const { return cells_ / widths_.size() - 1; }
+    [[nodiscard]] std::size_t size() const { return lines_ - 1; }
     void print() const;
 
 private:
+    struct Column {
+        std::size_t width = 0;
+        bool isPlain = true; ///< The width of each text is its size.
+    };
     static constexpr char kCellEnd = '\n'; ///< Cells have no control characters.
+    static constexpr std::size_t kPart = 1U << 16U;
 
-    std::vector<std::size_t> widths_;
-    std::string text_; ///< All cells, those of the heading first.
-    std::size_t cells_ = 0;
+    void appendLine(std::string& lines, std::string_view& rest) const;
+
+    std::vector<Column> columns_;
+    std::deque<std::string> parts_; ///< The cells of some lines each, those of the heading first.
+    std::size_t lines_ = 0;         ///< Complete ones, the heading included.
+    std::size_t next_ = 0;          ///< The column of the next cell.
 };
 
 /// Replaces control characters, which could act as terminal escapes.
