@@ -98,13 +98,6 @@ std::string encodeEach(const TextCodec& codec, std::wstring_view text) {
     return bytes;
 }
 
-bool hasLoneSurrogate(std::wstring_view text) {
-    for (std::size_t at = 0; at < text.size();)
-        if (isSurrogate(nextCodePoint(text, at)))
-            return true;
-    return false;
-}
-
 } // namespace
 
 DrawingText DrawingText::of(int version, std::string_view codePageName, bool& known) {
@@ -132,7 +125,7 @@ void DrawingText::decode(std::string_view value, std::wstring& text) const {
     text.resize(value.size());
     text.resize(codec_.decode(value, text.data()));
     // Every encoding extends ASCII: without these bytes there is no such character.
-    if (std::any_of(value.begin(), value.end(), [](char c) { return c == '\\' || c == '^'; }))
+    if (value.find('\\') != std::string_view::npos || value.find('^') != std::string_view::npos)
         text = dxf::withoutEscapes(text, decodePair);
 }
 
@@ -162,9 +155,8 @@ std::string DrawingText::encode(std::wstring_view text) const {
     std::wstring escaped;
     if (mayNeedEscapes(text))
         text = escaped = withEscapes(text);
-    if (!hasLoneSurrogate(text))
-        if (auto bytes = codec_.encode(text))
-            return *std::move(bytes);
+    if (auto bytes = codec_.encode(text)) // No encoding has lone surrogates.
+        return *std::move(bytes);
     return encodeEach(codec_, text);
 }
 

@@ -4,6 +4,7 @@
 
 #include <zuhost/platform/code_pages.h>
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <mutex>
@@ -17,6 +18,7 @@ namespace {
 constexpr int kUtf8 = 65001;
 constexpr int kJapanese = 932;
 constexpr char32_t kNone = 0xFFFFFFFF;
+constexpr char32_t kFirstSurrogate = 0xD800;
 
 struct Alternative {
     char32_t character;
@@ -175,8 +177,10 @@ std::size_t TextCodec::decode(std::string_view bytes, wchar_t* text) const {
 std::optional<std::string> TextCodec::encode(std::wstring_view text) const {
     if (tables_)
         return tables_->encode(text);
-    for (std::size_t at = 0; at < text.size();)
-        if (const char32_t c = nextCodePoint(text, at); c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF))
+    const auto isAlone = [](wchar_t c) { return static_cast<char32_t>(c) < kFirstSurrogate; };
+    const auto known = std::find_if_not(text.begin(), text.end(), isAlone) - text.begin();
+    for (auto at = static_cast<std::size_t>(known); at < text.size();)
+        if (const char32_t c = nextCodePoint(text, at); c > 0x10FFFF || (c >= kFirstSurrogate && c <= 0xDFFF))
             return std::nullopt;
     return toUtf8(text);
 }

@@ -95,7 +95,10 @@ void zuhost::readFacts(const AcDbBlockReference& reference, ReferenceFacts& fact
 }
 
 AcGePoint3d AcDbBlockReference::position() const {
-    return placement().position;
+    std::array<double, 6> values{0, 0, 0, 0, 0, 1};
+    ownSection().reals(std::array{10, 20, 30, 210, 220, 230}, values);
+    const auto& [x, y, z, nx, ny, nz] = values;
+    return inWorld({x, y, z}, unitNormal({nx, ny, nz}));
 }
 AcGeScale3d AcDbBlockReference::scaleFactors() const {
     return placement().scale;

@@ -92,7 +92,8 @@ void ChainWriter::add(TagView::Iterator& at) {
     std::string scratch;
     switch (resultKind(tag.code)) {
     case ResultKind::text:
-        acutNewString(decodeText(core_, tag.text).c_str(), item.resval.rstring);
+        decodeText(core_, tag.text, text_);
+        acutNewString(text_.c_str(), item.resval.rstring);
         break;
     case ResultKind::real:
         item.resval.rreal = tag.real().value_or(0.0);

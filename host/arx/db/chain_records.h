@@ -37,6 +37,7 @@ private:
     const DatabaseCore* core_;
     resbuf* first_ = nullptr;
     resbuf* last_ = nullptr;
+    std::wstring text_; ///< Of the record that is added.
 };
 
 /// Appends the records of an item of a chain: those of a point for its first `coordinates`. Nothing for a

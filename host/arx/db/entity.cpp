@@ -23,8 +23,10 @@ AcRxObject* makeEntity() {
 ACRX_DEFINE_MEMBERS_WITH(AcDbEntity, AcDbObject, &makeEntity)
 
 std::wstring AcDbEntity::layerText() const {
-    const std::wstring name = textTag(kMarker, 8);
-    return name.empty() ? L"0" : name;
+    std::wstring name = textTag(kMarker, 8);
+    if (name.empty())
+        name = L"0";
+    return name;
 }
 
 ACHAR* AcDbEntity::layer() const {
