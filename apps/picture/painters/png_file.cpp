@@ -3,10 +3,14 @@
 #include <QBuffer>
 #include <QtEndian>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <future>
 #include <optional>
 #include <unordered_map>
+#include <vector>
+#include <zlib.h>
 
 namespace zu::picture {
 
@@ -16,26 +20,8 @@ constexpr QRgb kColour = 0xFFFFFF;
 constexpr int kCompression = 4; // 3 is twice as fast, but its files are a third larger
 constexpr char kNoFilter = 0;
 
-using CrcTable = std::array<std::uint32_t, 256>;
-
-constexpr CrcTable crcTable() {
-    constexpr std::uint32_t kPolynomial = 0xEDB88320U;
-    CrcTable table{};
-    for (std::uint32_t i = 0; i < table.size(); ++i) {
-        std::uint32_t value = i;
-        for (int bit = 0; bit < 8; ++bit)
-            value = (value >> 1U) ^ ((value & 1U) != 0 ? kPolynomial : 0U);
-        table[i] = value;
-    }
-    return table;
-}
-
-std::uint32_t crcOf(QByteArrayView bytes) {
-    static constexpr CrcTable kTable = crcTable();
-    std::uint32_t crc = 0xFFFFFFFFU;
-    for (const char byte : bytes)
-        crc = kTable[(crc ^ static_cast<std::uint8_t>(byte)) & 0xFFU] ^ (crc >> 8U);
-    return ~crc;
+const Bytef* bytesOf(QByteArrayView bytes) {
+    return reinterpret_cast<const Bytef*>(bytes.data());
 }
 
 /// In four bytes.
@@ -50,7 +36,9 @@ void appendChunk(QByteArray& file, QByteArrayView type, QByteArrayView data) {
     const qsizetype start = file.size();
     file += type;
     file += data;
-    file += number(crcOf(QByteArrayView(file).sliced(start)));
+    const QByteArrayView covered = QByteArrayView(file).sliced(start);
+    file +=
+        number(static_cast<qint64>(crc32_z(0, bytesOf(covered), static_cast<std::size_t>(covered.size()))));
 }
 
 /// The lines of a picture as the file has them, before compression.
@@ -107,6 +95,58 @@ Lines linesOfPixels(const QImage& picture) {
     return lines;
 }
 
+/// A part of a compressed stream and the sum of its uncompressed bytes.
+struct Part {
+    QByteArray bytes; ///< Empty when memory does not suffice.
+    uLong sum = 0;
+};
+
+Part compressed(QByteArrayView bytes, bool isLast) {
+    constexpr int kNoHeader = -15; // and the largest window
+    constexpr int kDefaultMemory = 8;
+    constexpr uLong kEndOfPart = 16;
+    z_stream stream{};
+    if (deflateInit2(&stream, kCompression, Z_DEFLATED, kNoHeader, kDefaultMemory, Z_DEFAULT_STRATEGY) !=
+        Z_OK)
+        return {};
+    const auto size = static_cast<uInt>(bytes.size());
+    Part part{QByteArray(static_cast<qsizetype>(deflateBound(&stream, size) + kEndOfPart), Qt::Uninitialized),
+              adler32(adler32(0, nullptr, 0), bytesOf(bytes), size)};
+    stream.next_in = bytesOf(bytes);
+    stream.avail_in = size;
+    stream.next_out = reinterpret_cast<Bytef*>(part.bytes.data());
+    stream.avail_out = static_cast<uInt>(part.bytes.size());
+    const int result = deflate(&stream, isLast ? Z_FINISH : Z_SYNC_FLUSH);
+    part.bytes.resize(result == (isLast ? Z_STREAM_END : Z_OK) ? static_cast<qsizetype>(stream.total_out)
+                                                               : 0);
+    deflateEnd(&stream);
+    return part;
+}
+
+/// One stream, of which large ones are compressed in parts at the same time. Empty when memory does not
+/// suffice.
+QByteArray compressed(QByteArrayView bytes) {
+    constexpr qsizetype kParts = 4;
+    constexpr qsizetype kWorthThreads = qsizetype{1} << 20U;
+    const qsizetype size = bytes.size() < kWorthThreads ? bytes.size() : bytes.size() / kParts + 1;
+    std::vector<std::future<Part>> parts;
+    for (qsizetype at = 0; at < bytes.size(); at += size)
+        parts.push_back(
+            std::async([part = bytes.sliced(at, std::min(size, bytes.size() - at)),
+                        isLast = at + size >= bytes.size()] { return compressed(part, isLast); }));
+    QByteArray stream("\x78\x5E"); // as kCompression has it
+    uLong sum = adler32(0, nullptr, 0);
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        const Part part = parts[i].get();
+        if (part.bytes.isEmpty())
+            return {};
+        stream += part.bytes;
+        const qsizetype length = std::min(size, bytes.size() - static_cast<qsizetype>(i) * size);
+        sum = adler32_combine(sum, part.sum, static_cast<z_off_t>(length));
+    }
+    return stream + number(static_cast<qint64>(sum));
+}
+
 /// Needs no more memory than the picture itself.
 QByteArray lineByLine(const QImage& picture) {
     QByteArray bytes;
@@ -121,7 +161,6 @@ QByteArray pngOf(const QImage& picture) {
     constexpr qsizetype kMostAtOnce = qsizetype{256} << 20U;
     constexpr char kPalette = 3;
     constexpr char kPixels = 2;
-    constexpr qsizetype kLength = 4; // of the uncompressed bytes, before the compressed ones
     if (picture.isNull() || picture.format() != QImage::Format_RGB32 || picture.sizeInBytes() > kMostAtOnce)
         return lineByLine(picture);
     std::optional<Lines> lines = linesByPalette(picture);
@@ -134,7 +173,10 @@ QByteArray pngOf(const QImage& picture) {
     appendChunk(file, "pHYs", number(picture.dotsPerMeterX()) + number(picture.dotsPerMeterY()) + '\1');
     if (!lines->palette.isEmpty())
         appendChunk(file, "PLTE", lines->palette);
-    appendChunk(file, "IDAT", QByteArrayView(qCompress(lines->bytes, kCompression)).sliced(kLength));
+    const QByteArray stream = compressed(lines->bytes);
+    if (stream.isEmpty())
+        return {};
+    appendChunk(file, "IDAT", stream);
     appendChunk(file, "IEND", {});
     return file;
 }
