@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace zu::picture {
 
@@ -16,6 +17,8 @@ namespace {
 
 /// Corners and control points of lines that are painted together.
 constexpr int kMostWaiting = 2000;
+/// More lines than these are painted by another thread.
+constexpr qsizetype kWorthAThread = 500;
 /// Height of capitals in which text is given to the painter, before its place scales it.
 constexpr double kFontHeight = 100.0;
 
@@ -68,7 +71,7 @@ PainterCanvas::PainterCanvas(QPainter& painter, Letters letters) : painter_(pain
 }
 
 PainterCanvas::~PainterCanvas() {
-    flush();
+    finish();
 }
 
 void PainterCanvas::stroke(const QPainterPath& path, const Pen& pen) {
@@ -91,26 +94,49 @@ void PainterCanvas::addLines(const QPainterPath& path) {
             lines_.emplace_back(path.elementAt(i - 1), path.elementAt(i));
 }
 
+/// Many lines are painted by another thread, while this one goes on until it needs the painter itself.
 void PainterCanvas::flush() {
-    if (!lines_.isEmpty()) {
-        QPen pen = asQPen(pen_, letters_);
-        pen.setCapStyle(Qt::SquareCap);
-        painter_.setPen(pen);
-        painter_.drawLines(lines_);
-        lines_.clear();
-    }
+    if (!lines_.isEmpty())
+        flushLines();
     if (path_.isEmpty())
         return;
+    wait();
     painter_.strokePath(path_, asQPen(pen_, letters_));
     path_ = {};
 }
 
-void PainterCanvas::fill(const QPainterPath& path, const QColor& colour) {
+void PainterCanvas::flushLines() {
+    wait();
+    QPen pen = asQPen(pen_, letters_);
+    pen.setCapStyle(Qt::SquareCap);
+    const bool isMany = letters_ == Letters::areas && lines_.size() > kWorthAThread;
+    auto paint = [this, pen, lines = std::exchange(lines_, {})] {
+        painter_.setPen(pen);
+        painter_.drawLines(lines);
+    };
+    if (isMany)
+        painting_ = std::async(std::move(paint));
+    else
+        paint();
+}
+
+void PainterCanvas::finish() {
     flush();
+    wait();
+}
+
+void PainterCanvas::wait() {
+    if (painting_.valid())
+        painting_.get();
+}
+
+void PainterCanvas::fill(const QPainterPath& path, const QColor& colour) {
+    finish();
     painter_.fillPath(path, colour);
 }
 
 void PainterCanvas::circles(std::span<const QPointF> centres, const Circle& circle) {
+    finish();
     if (letters_ == Letters::areas && centres.size() > kManyCircles && painter_.transform().isIdentity())
         stamp(centres, circle);
     else
@@ -119,7 +145,6 @@ void PainterCanvas::circles(std::span<const QPointF> centres, const Circle& circ
 
 /// Copies pictures of the circle, one for each place in a pixel, to a quarter of a pixel.
 void PainterCanvas::stamp(std::span<const QPointF> centres, const Circle& circle) {
-    flush();
     const int half = qCeil(circle.radius + circle.ring.width) + 1;
     std::array<std::array<QImage, kStampPlaces>, kStampPlaces> stamps;
     const QPointF edge(half, half);
@@ -138,7 +163,7 @@ void PainterCanvas::stamp(std::span<const QPointF> centres, const Circle& circle
 }
 
 void PainterCanvas::text(const TextRun& run, const QColor& colour) {
-    flush();
+    finish();
     if (letters_ == Letters::areas) {
         for (const QPainterPath& letters : outlinesOf(run))
             painter_.fillPath(letters, colour);
@@ -165,7 +190,7 @@ void PainterCanvas::text(const TextRun& run, const QColor& colour) {
 }
 
 void PainterCanvas::setClip(const QRectF& rectangle) {
-    flush();
+    finish();
     if (rectangle.isNull())
         painter_.setClipping(false);
     else

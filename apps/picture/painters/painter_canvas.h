@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+#include <future>
+
 namespace zu::picture {
 
 enum class Letters {
@@ -31,6 +33,9 @@ private:
     void stamp(std::span<const QPointF> centres, const Circle& circle);
     void addLines(const QPainterPath& path);
     void flush();
+    void flushLines();
+    void finish();
+    void wait();
 
     QPainter& painter_;
     Letters letters_;
@@ -38,6 +43,7 @@ private:
     QPainterPath path_;
     QList<QLineF>
         lines_; ///< Thin ones, which are painted one by one, much faster than the outline of a path.
+    std::future<void> painting_; ///< Of lines, by another thread. The painter is not used meanwhile.
 };
 
 } // namespace zu::picture
