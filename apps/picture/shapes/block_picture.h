@@ -7,9 +7,9 @@
 
 #include <QRectF>
 
-#include <compare>
 #include <cstdint>
 #include <map>
+#include <tuple>
 #include <vector>
 
 namespace zu::picture {
@@ -55,16 +55,8 @@ public:
     std::pair<BlockPicture*, bool> find(const Block& block, const Look& look);
 
 private:
-    struct Key {
-        const Block* block;
-        const Layer* layer;
-        const Linetype* linetype;
-        int number;
-        std::int64_t rgb;
-        int lineWeight;
-
-        auto operator<=>(const Key&) const = default;
-    };
+    /// Block, layer, linetype, number and true colour, line weight.
+    using Key = std::tuple<const Block*, const Layer*, const Linetype*, int, std::int64_t, int>;
 
     std::map<Key, BlockPicture> pictures_;
 };

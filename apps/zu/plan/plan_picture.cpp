@@ -83,7 +83,7 @@ PlanReport savePlan(AcDbDatabase& drawing, const std::string& file, const PlanOp
     if (is(".pdf") && !asked.paper)
         asked.paper.emplace();
     auto plan = std::make_unique<PlanPicture>(drawing, asked);
-    const PlanReport report = plan->report();
+    PlanReport report = plan->report();
     if (is(".png")) {
         const QImage image = plan->image();
         // Large drawings take as long to free as to compress their picture.
