@@ -326,10 +326,7 @@ void PlanComposition::placeLabels() {
                                marker.colour.isValid() ? theme_.visible(marker.colour) : inks_->finding());
     if (options_.labels != PlanLabelKind::none && page_.size.width() >= kSmallPicture) {
         if (options_.marksJoints && options_.markers.empty())
-            for (const PlanJoint& joint : elements_.joints())
-                if (const QPointF at = onPage(joint.position); !joint.joined && isInSight(at))
-                    labels_->add(labels_->isFull() ? QString() : handleLabel(joint.element), at,
-                                 {marks_.dangling, marks_.dangling}, theme_.ink, kDanglingDistance);
+            addDanglingLabels();
         if (options_.labels == PlanLabelKind::automatic)
             addEquipmentNames();
         else
@@ -420,10 +417,22 @@ void PlanComposition::addEquipmentNames() {
     }
 }
 
+void PlanComposition::addDanglingLabels() {
+    for (const PlanJoint& joint : elements_.joints()) {
+        const QPointF at = onPage(joint.position);
+        if (joint.joined || !isInSight(at))
+            continue;
+        labels_->add(labels_->isFull() ? QString() : handleLabel(joint.element), at,
+                     {marks_.dangling, marks_.dangling}, theme_.ink, kDanglingDistance);
+        if (options_.labels == PlanLabelKind::handles)
+            labelled_.insert(joint.element);
+    }
+}
+
 void PlanComposition::addElementLabels() {
     for (const PlanElement& element : elements_.all()) {
         const QPointF at = onPage(element.position);
-        if (!element.isShown || !isInSight(at))
+        if (!element.isShown || !isInSight(at) || labelled_.contains(element.handle))
             continue;
         QString text;
         if (options_.labels == PlanLabelKind::handles)

@@ -49,6 +49,7 @@ private:
     void placeLabels();
     void reportUnplaced(std::size_t labels);
     void addEquipmentNames();
+    void addDanglingLabels();
     void addElementLabels();
     [[nodiscard]] bool isInSight(const QPointF& onPage) const { return page_.plan.contains(onPage); }
     [[nodiscard]] QPointF onPage(const AcGePoint2d& point) const {
@@ -71,6 +72,7 @@ private:
     PlanElements elements_;
     std::optional<PlanInks> inks_; ///< Once the elements are known.
     std::unordered_set<std::uint64_t> highlighted_;
+    std::unordered_set<std::uint64_t> labelled_; ///< Elements with their handle at a dangling point.
     QRectF world_;
     std::optional<PlanLegend> legend_;
     PlanPage page_;
