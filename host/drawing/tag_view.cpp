@@ -208,6 +208,8 @@ std::size_t TagView::extendedDataStart() const {
 }
 
 std::size_t TagView::subclassStart(std::string_view marker) const {
+    if (list_ != nullptr && !endsWithSubclass_)
+        return subclassStartInList(marker);
     bool anyMarker = false;
     Iterator it = at(firstMarker());
     for (; it != end() && it->code < kFirstExtended; ++it) {
@@ -220,6 +222,20 @@ std::size_t TagView::subclassStart(std::string_view marker) const {
     if (anyMarker || it.place() == first_)
         return it.place();
     return begin().next();
+}
+
+std::size_t TagView::subclassStartInList(std::string_view marker) const {
+    const TagList& list = *list_;
+    bool anyMarker = false;
+    std::size_t place = first_;
+    for (; place < last_ && list[place].code < kFirstExtended; ++place) {
+        if (list[place].code != kSubclassMarker)
+            continue;
+        anyMarker = true;
+        if (list[place].value == marker)
+            return place + 1;
+    }
+    return anyMarker || place == first_ ? place : first_ + 1;
 }
 
 std::optional<double> TagView::real(int code) const {
@@ -246,25 +262,26 @@ void TagView::reals(std::span<const int> codes, std::span<double> values) const 
     const bool isBinary = form_ == TagForm::binary || form_ == TagForm::shortBinary;
     std::uint32_t unseen = (1U << codes.size()) - 1;
     std::size_t next = 0;
-    for (Iterator it = begin(); unseen != 0 && it != end(); ++it) {
-        if (dxf::valueType(it->code) != ValueType::real)
-            continue;
+    visit([&](int code, const auto& tag) {
         // Records usually are in the order of the codes.
-        for (std::size_t tried = 0; tried < codes.size(); ++tried) {
-            const std::size_t i = next + tried < codes.size() ? next + tried : next + tried - codes.size();
-            if (it->code != codes[i])
-                continue;
-            if (const std::uint32_t bit = 1U << i; (unseen & bit) != 0) {
-                unseen &= ~bit;
-                if (isBinary)
-                    values[i] = dxf::binaryReal(it->text);
-                else
-                    parseReal(it->text, values[i]);
-            }
-            next = i + 1 < codes.size() ? i + 1 : 0;
-            break;
+        std::size_t i = next;
+        if (code != codes[i]) {
+            if (dxf::valueType(code) != ValueType::real)
+                return false;
+            i = static_cast<std::size_t>(std::ranges::find(codes, code) - codes.begin());
+            if (i == codes.size())
+                return false;
         }
-    }
+        if (const std::uint32_t bit = 1U << i; (unseen & bit) != 0) {
+            unseen &= ~bit;
+            if (isBinary)
+                values[i] = dxf::binaryReal(tag().text);
+            else
+                parseReal(tag().text, values[i]);
+        }
+        next = i + 1 < codes.size() ? i + 1 : 0;
+        return unseen == 0;
+    });
 }
 
 } // namespace zuhost

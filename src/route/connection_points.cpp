@@ -35,6 +35,7 @@ CString coordinateText(double value) {
 Read<Points> placed(const Read<DefinitionPoints>& definition, const AcDbBlockReference& reference) {
     Read<Points> points{definition.status, {}};
     const AcGeMatrix3d transform = reference.blockTransform();
+    points.value.reserve(definition.value.size());
     for (const DefinitionPoint& point : definition.value)
         points.value.push_back(planPoint(point.position, transform));
     return points;

@@ -98,7 +98,10 @@ void AcDbBlockTableRecord::subAppended() {
 }
 
 bool AcDbBlockTableRecord::isLayout() const {
-    return isSpaceName(nameText());
+    // Names of other blocks need not be decoded; the text may begin with an encoded character.
+    const std::string_view stored = section({}).text(2).value_or("");
+    const bool canBeSpace = stored.starts_with('*') || stored.starts_with('$') || stored.starts_with('\\');
+    return canBeSpace && isSpaceName(decoded(stored));
 }
 
 std::int64_t AcDbBlockTableRecord::headFlags() const {
@@ -181,8 +184,10 @@ std::vector<AcDbObjectId> AcDbBlockTableRecord::entityIds(bool skipErased) const
     if (core() == nullptr)
         return found;
     AcDbStub* const self = objectId();
-    if (const Container* const block = core()->blockContainer(*self))
+    if (const Container* const block = core()->blockContainer(*self)) {
+        found.reserve(block->members.size());
         addOwned(block->members, self, skipErased, found);
+    }
     if (const Container* const entities = core()->document->findContainer(Container::Kind::entities);
         entities != nullptr && isLayout())
         addOwned(entities->members, self, skipErased, found);

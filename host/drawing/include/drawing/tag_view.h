@@ -131,10 +131,13 @@ public:
 
     /// Returns the first record with the code.
     [[nodiscard]] std::optional<TagRef> find(int code) const {
-        for (const TagRef& tag : *this)
-            if (tag.code == code)
-                return tag;
-        return std::nullopt;
+        std::optional<TagRef> found;
+        visit([&](int tried, const auto& tag) {
+            if (tried == code)
+                found = tag();
+            return tried == code;
+        });
+        return found;
     }
     /// Return the value of the first record with the code; nullopt when it is missing or unreadable.
     [[nodiscard]] std::optional<double> real(int code) const;
@@ -164,8 +167,26 @@ private:
         tag = {scanned.code, scanned.value, form_ == TagForm::binary};
         return static_cast<std::size_t>(scanned.end - bytes_);
     }
+    /// Calls `function` with each group code, and with a function that returns the record, until it returns
+    /// true. Lists, which objects have when they are made or changed, need no iterator.
+    template <typename Function>
+    void visit(Function function) const {
+        if (form_ != TagForm::list) {
+            for (const TagRef& tag : *this)
+                if (function(tag.code, [&tag] { return tag; }))
+                    return;
+            return;
+        }
+        for (std::size_t place = first_; place < last_; ++place) {
+            const Tag& stored = (*list_)[place];
+            if ((endsWithSubclass_ && TagList::endsSubclass(stored.code)) ||
+                function(stored.code, [&stored] { return TagRef(stored.code, stored.value, false); }))
+                return;
+        }
+    }
     std::size_t readUnusual(std::size_t place, TagRef& tag) const;
     [[nodiscard]] std::size_t subclassStart(std::string_view marker) const;
+    [[nodiscard]] std::size_t subclassStartInList(std::string_view marker) const;
 
     const TagList* list_ = nullptr;
     const char* bytes_ = nullptr;
