@@ -13,6 +13,7 @@ namespace {
 
 constexpr short kApplicationName = 1001;
 constexpr short kText = 1000;
+constexpr int kUsualTexts = 24; ///< Most records have fewer.
 
 using Chain = zuhost::ResultChain;
 
@@ -124,8 +125,11 @@ int ApiComn_extractAttributesArray(const AcDbObject* object, const wchar_t* appl
         return -1;
     const bool isThere =
         zuhost::visitExtendedData(*object, application, [&texts](short type, std::wstring_view text) {
-            if (type == kText)
-                texts.Add(zuhost::textOf(text));
+            if (type != kText)
+                return true;
+            if (texts.IsEmpty())
+                texts.SetSize(0, kUsualTexts); // one allocation where growing takes several
+            texts.Add(zuhost::textOf(text));
             return true;
         });
     return isThere ? 0 : -1;
