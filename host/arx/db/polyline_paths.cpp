@@ -158,7 +158,7 @@ Acad::ErrorStatus AcDb3dPolyline::reverse() {
             points.push_back(vertex->position());
     });
     if (isClosed() && !points.empty()) // keeps its start
-        std::ranges::rotate(points, points.begin() + 1);
+        std::rotate(points.begin(), points.begin() + 1, points.end());
     forEachPart([&](AcDbEntity& part) {
         auto* const vertex = AcDb3dPolylineVertex::cast(&part);
         if (vertex == nullptr || points.empty())
