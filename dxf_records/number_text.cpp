@@ -99,6 +99,11 @@ std::optional<double> parseReal(std::string_view text) {
 }
 
 bool parseReal(std::string_view text, double& value) {
+    // Heights, scales and normals mostly are "0.0" or "1.0".
+    if (text.size() == 3 && text[1] == '.' && text[2] == '0' && text[0] >= '0' && text[0] <= '9') {
+        value = text[0] - '0';
+        return true;
+    }
     const std::string_view number = withoutPlus(trimmed(text));
     if (number.empty())
         return false;
