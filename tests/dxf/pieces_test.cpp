@@ -115,8 +115,9 @@ TEST(Pieces, AsFrontToBack) {
     };
     for (const auto& [what, entities] : drawings) {
         SCOPED_TRACE(what);
-        expectAsFrontToBack(kStart + entities + kEnd);
-        expectAsFrontToBack(toBinary(kStart + entities + kEnd));
+        const std::string bytes = std::string(kStart).append(entities).append(kEnd);
+        expectAsFrontToBack(bytes);
+        expectAsFrontToBack(toBinary(bytes));
     }
     for (const std::string& entities :
          {broken + lines, lineAt(1) + "\nTEXT\n" + lines, lines + "0\nLINE\n10", lines + broken}) {

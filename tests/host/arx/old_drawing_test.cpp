@@ -116,8 +116,9 @@ TEST_F(OldDrawing, NewEntitiesAreWrittenInTheOldForm) {
 }
 
 TEST_F(OldDrawing, CopiesKeepTheirPartsInTheOldForm) {
-    const std::vector<AcDbObjectId> ids =
-        zuhost::entityIds(*AcDbObjectPointer<AcDbBlockTableRecord>(blockId(*drawing, ACDB_MODEL_SPACE)));
+    const AcDbObjectPointer<AcDbBlockTableRecord> old(blockId(*drawing, ACDB_MODEL_SPACE));
+    ASSERT_EQ(old.openStatus(), Acad::eOk);
+    const std::vector<AcDbObjectId> ids = zuhost::entityIds(*old);
     AcDbObjectIdArray cloned;
     for (const AcDbObjectId id : {ids[0], ids[1]}) {
         AcDbEntity* copy = nullptr;
@@ -137,6 +138,7 @@ TEST_F(OldDrawing, CopiesKeepTheirPartsInTheOldForm) {
     const auto again = readBytes(saved);
     EXPECT_TRUE(zuhost::warnings(*again).empty());
     const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*again, ACDB_MODEL_SPACE));
+    ASSERT_EQ(space.openStatus(), Acad::eOk);
     const std::vector<AcDbObjectId> read = zuhost::entityIds(*space);
     ASSERT_EQ(read.size(), 7U);
     for (const std::size_t polyline : {4U, 6U}) {
