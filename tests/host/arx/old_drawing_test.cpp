@@ -77,10 +77,12 @@ TEST_F(OldDrawing, ModelSpaceHoldsTheEntities) {
 }
 
 TEST_F(OldDrawing, ReadingChangesNothing) {
-    for (const AcDbObjectId table :
-         {drawing->blockTableId(), drawing->layerTableId(), drawing->regAppTableId(),
-          drawing->linetypeTableId(), drawing->textStyleTableId()})
-        EXPECT_LT(zuhost::recordIds(*AcDbObjectPointer<AcDbSymbolTable>(table)).size(), 4U);
+    for (const AcDbObjectId id : {drawing->blockTableId(), drawing->layerTableId(), drawing->regAppTableId(),
+                                  drawing->linetypeTableId(), drawing->textStyleTableId()}) {
+        const AcDbObjectPointer<AcDbSymbolTable> table(id);
+        ASSERT_EQ(table.openStatus(), Acad::eOk);
+        EXPECT_LT(zuhost::recordIds(*table).size(), 4U);
+    }
     blockId(*drawing, ACDB_MODEL_SPACE);
     EXPECT_TRUE(drawing->groupDictionaryId().isNull());
     EXPECT_TRUE(zuhost::dxfOutBytes(*drawing, false) == oldDrawing());
