@@ -118,9 +118,10 @@ TEST_F(OldDrawing, NewEntitiesAreWrittenInTheOldForm) {
 }
 
 TEST_F(OldDrawing, CopiesKeepTheirPartsInTheOldForm) {
-    const AcDbObjectPointer<AcDbBlockTableRecord> old(blockId(*drawing, ACDB_MODEL_SPACE));
+    AcDbObjectPointer<AcDbBlockTableRecord> old(blockId(*drawing, ACDB_MODEL_SPACE));
     ASSERT_EQ(old.openStatus(), Acad::eOk);
     const std::vector<AcDbObjectId> ids = zuhost::entityIds(*old);
+    old.close();
     AcDbObjectIdArray cloned;
     for (const AcDbObjectId id : {ids[0], ids[1]}) {
         AcDbEntity* copy = nullptr;
