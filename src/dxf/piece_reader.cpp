@@ -11,8 +11,9 @@ namespace zu::dxf {
 namespace {
 
 constexpr unsigned kMostThreads = 8;
-/// Starting a thread takes as long as reading about 50 KB.
-constexpr std::uint64_t kSmallestPiece = std::uint64_t{256} * 1024;
+/// Until a thread runs, another one reads 50 KB of an ASCII drawing, up to 300 KB of a binary one.
+constexpr std::uint64_t kSmallestAsciiPiece = std::uint64_t{256} * 1024;
+constexpr std::uint64_t kSmallestBinaryPiece = std::uint64_t{768} * 1024;
 
 /// The rest of a section from an entity on, read on a thread of its own. Where an entity starts can only be
 /// guessed there: what was read counts when the reading of what is before it arrives at the same place.
@@ -60,7 +61,8 @@ std::vector<std::unique_ptr<Piece>> piecesOf(const RecordInput& input, PartMemor
     const std::uint64_t start = input.offset();
     const std::uint64_t rest = std::max(input.length(), start) - start;
     const std::uint64_t threads = std::min(std::thread::hardware_concurrency(), kMostThreads);
-    const std::uint64_t count = std::min(threads, rest / kSmallestPiece);
+    const std::uint64_t smallest = input.isBinary() ? kSmallestBinaryPiece : kSmallestAsciiPiece;
+    const std::uint64_t count = std::min(threads, rest / smallest);
     for (std::uint64_t i = 1; i < count; ++i)
         if (auto later = input.from(start + rest / count * i, isKeptEntity))
             pieces.push_back(std::make_unique<Piece>(std::move(later), memory, rest / count));
