@@ -1,6 +1,7 @@
 #include "dbelipse.h"
 #include "geplane.h"
 #include "sample_drawing.h"
+#include "test_curves.h"
 
 #include <cmath>
 #include <numbers>
@@ -8,23 +9,6 @@
 namespace {
 
 using CurveCuts = SampleDrawing;
-
-constexpr double kPi = std::numbers::pi;
-const AcGeVector3d kUp(0, 0, 1);
-using Curve = std::unique_ptr<AcDbCurve>;
-
-struct Vertex {
-    AcGePoint2d point;
-    double bulge = 0.0;
-};
-
-std::unique_ptr<AcDbPolyline> polyline(const std::vector<Vertex>& vertices, bool closed = false) {
-    auto made = std::make_unique<AcDbPolyline>();
-    for (const Vertex& vertex : vertices)
-        made->addVertexAt(made->numVerts(), vertex.point, vertex.bulge);
-    made->setClosed(closed);
-    return made;
-}
 
 Curve heavy(const std::vector<Vertex>& vertices, bool closed = false) {
     AcGePoint3dArray points;
@@ -34,21 +18,6 @@ Curve heavy(const std::vector<Vertex>& vertices, bool closed = false) {
         bulges.append(vertex.bulge);
     }
     return std::make_unique<AcDb2dPolyline>(AcDb::k2dSimplePoly, points, 2.0, closed, 0.0, 0.0, &bulges);
-}
-
-Curve inSpace(const std::vector<AcGePoint3d>& points, bool closed = false) {
-    AcGePoint3dArray vertices;
-    for (const AcGePoint3d& point : points)
-        vertices.append(point);
-    return std::make_unique<AcDb3dPolyline>(AcDb::k3dSimplePoly, vertices, closed);
-}
-
-double lengthOf(const AcDbCurve& curve) {
-    double end = 0.0;
-    double length = -1.0;
-    EXPECT_EQ(curve.getEndParam(end), Acad::eOk);
-    EXPECT_EQ(curve.getDistAtParam(end, length), Acad::eOk);
-    return length;
 }
 
 AcGePoint3d pointAt(const AcDbCurve& curve, double distance) {
@@ -83,7 +52,7 @@ std::vector<Named> allCurves() {
     add("closed polyline", polyline(bent, true));
     add("2d polyline", heavy(bent));
     add("closed 2d polyline", heavy(bent, true));
-    add("3d polyline", inSpace({{0, 0, 0}, {2, 0, 0}, {2, 2, 0}, {2, 2, 1}}, true));
+    add("3d polyline", polyline3d({{0, 0, 0}, {2, 0, 0}, {2, 2, 0}, {2, 2, 1}}, true));
     return all;
 }
 
@@ -246,9 +215,9 @@ TEST_F(CurveCuts, PlanesHoldTheWholeEntity) {
     }
     AcGePlane plane;
     AcDb::Planarity planarity{};
-    EXPECT_EQ(inSpace({{0, 0, 0}, {0, 1, 0}, {0, 1, 3}})->getPlane(plane, planarity), Acad::eOk);
+    EXPECT_EQ(polyline3d({{0, 0, 0}, {0, 1, 0}, {0, 1, 3}})->getPlane(plane, planarity), Acad::eOk);
     EXPECT_TRUE(plane.normal().isParallelTo({1, 0, 0}));
-    EXPECT_EQ(inSpace({{0, 0, 0}, {0, 0, 1}, {0, 0, 3}})->getPlane(plane, planarity), Acad::eOk);
+    EXPECT_EQ(polyline3d({{0, 0, 0}, {0, 0, 1}, {0, 0, 3}})->getPlane(plane, planarity), Acad::eOk);
     EXPECT_EQ(planarity, AcDb::kLinear);
     EXPECT_TRUE(plane.normal().isPerpendicularTo(kUp));
     EXPECT_EQ(AcDbPoint().getPlane(plane, planarity), Acad::eNotImplementedYet);

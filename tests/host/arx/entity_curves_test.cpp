@@ -1,6 +1,7 @@
 #include "dbelipse.h"
 #include "geplane.h"
 #include "sample_drawing.h"
+#include "test_curves.h"
 
 #include <zuhost/names.h>
 
@@ -11,40 +12,6 @@
 namespace {
 
 using EntityCurves = SampleDrawing;
-
-constexpr double kPi = std::numbers::pi;
-const AcGeVector3d kUp(0, 0, 1);
-using Curve = std::unique_ptr<AcDbCurve>;
-
-struct Vertex {
-    AcGePoint2d point;
-    double bulge = 0.0;
-};
-
-std::unique_ptr<AcDbPolyline> polyline(const std::vector<Vertex>& vertices, bool closed = false,
-                                       const AcGeVector3d& normal = kUp) {
-    auto made = std::make_unique<AcDbPolyline>();
-    for (const Vertex& vertex : vertices)
-        made->addVertexAt(made->numVerts(), vertex.point, vertex.bulge);
-    made->setClosed(closed);
-    made->setNormal(normal);
-    return made;
-}
-
-Curve polyline3d(const std::vector<AcGePoint3d>& points, bool closed = false) {
-    AcGePoint3dArray vertices;
-    for (const AcGePoint3d& point : points)
-        vertices.append(point);
-    return std::make_unique<AcDb3dPolyline>(AcDb::k3dSimplePoly, vertices, closed);
-}
-
-double lengthOf(const AcDbCurve& curve) {
-    double end = 0.0;
-    double length = -1.0;
-    EXPECT_EQ(curve.getEndParam(end), Acad::eOk);
-    EXPECT_EQ(curve.getDistAtParam(end, length), Acad::eOk);
-    return length;
-}
 
 /// Integrates the length of an arc of an ellipse with the half axes a and b by small chords.
 double ellipseLength(double a, double b, double from, double to) {
@@ -289,9 +256,9 @@ TEST_F(EntityCurves, MeetWhereTheirDistanceChangesSign) {
     };
     for (int round = 0; round < 40; ++round) {
         SCOPED_TRACE(round);
-        std::vector<Vertex> vertices;
-        for (int i = 0; i < 5; ++i)
-            vertices.push_back({{at(-9, 9), at(-9, 9)}, i % 2 == 0 ? at(-1.5, 1.5) : 0.0});
+        std::vector<Vertex> vertices(5);
+        for (std::size_t i = 0; i < vertices.size(); ++i)
+            vertices[i] = {{at(-9, 9), at(-9, 9)}, i % 2 == 0 ? at(-1.5, 1.5) : 0.0};
         const auto path = polyline(vertices, round % 2 == 0);
         const AcDbCircle circle({at(-3, 3), at(-3, 3), 0}, round % 3 == 0 ? -kUp : kUp, at(2, 8));
         int changes = 0;
