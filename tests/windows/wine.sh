@@ -1,10 +1,13 @@
-# Starts Wine for a script that reads this file: start_wine FOLDER keeps its settings there, sets $wine and $WINEPREFIX, and
-# ends the script with an error if Wine does not start within two minutes. stop_wine ends its services.
-wine=/usr/lib/wine/wine64
+# Starts Wine for a script that reads this file and has set $root, the project's folder: start_wine FOLDER keeps Wine's
+# settings there, sets $wine and $WINEPREFIX, and ends the script with an error if Wine does not start within two minutes.
+# stop_wine ends its services.
+wine=$root/tests/windows/wine
 
 start_wine() {
-  # No messages of Wine itself, no programs that it offers to download, no display.
-  export WINEDEBUG=-all WINEPREFIX=$1 WINEDLLOVERRIDES="mscoree,mshtml="
+  # Of Wine itself only why a program has no memory to start in; no programs that it offers to download, no display.
+  export WINEDEBUG=-all,err+virtual WINEPREFIX=$1 WINEDLLOVERRIDES="mscoree,mshtml="
+  # File names have letters of several scripts.
+  export LC_ALL=C.UTF-8
   unset DISPLAY
   mkdir -p "$WINEPREFIX"
   if ! timeout -k 10 120 "$wine" wineboot -i >/dev/null 2>"$WINEPREFIX/wineboot.log"; then
