@@ -218,13 +218,6 @@ const Block* Drawing::findBlock(const QString& name) const {
     return found == blockIndex_.end() ? nullptr : &blocks_[found->second];
 }
 
-const Block* Drawing::findBlockRaw(std::string_view name) const {
-    const auto [known, isNew] = knownBlocks_.try_emplace(name, nullptr);
-    if (isNew)
-        known->second = findBlock(decode(name));
-    return known->second;
-}
-
 const Block* Drawing::findBlock(std::uint64_t blockRecord) const {
     const Object* const record = find(blockRecord);
     return record != nullptr ? findBlock(records(*record).text(2)) : nullptr;

@@ -38,7 +38,8 @@ struct Block {
 };
 
 /// The records of a drawing, as its file holds them: header variables, tables, blocks, entities, layouts and
-/// multiline styles. Shares the bytes. Reading ends at the first record that is unreadable.
+/// multiline styles. Shares the bytes. Reading ends at the first record that is unreadable. Several threads
+/// can produce shapes of it at the same time.
 class Drawing {
 public:
     explicit Drawing(std::string bytes, const PartOptions& options = {});
@@ -68,8 +69,6 @@ public:
 
     // Names are compared without regard to case.
     [[nodiscard]] const Block* findBlock(const QString& name) const;
-    /// By the undecoded name, which is kept: most references are to few blocks.
-    [[nodiscard]] const Block* findBlockRaw(std::string_view name) const;
     /// The block whose block record has the handle.
     [[nodiscard]] const Block* findBlock(std::uint64_t blockRecord) const;
 
@@ -108,7 +107,6 @@ private:
     std::vector<Block> blocks_;
     std::vector<std::size_t> blockHeads_;
     std::map<QString, std::size_t> blockIndex_;
-    mutable std::unordered_map<std::string_view, const Block*> knownBlocks_;
     ObjectRange entities_;
     std::vector<std::size_t> modelSpace_;
 

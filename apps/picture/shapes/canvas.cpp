@@ -277,6 +277,13 @@ private:
     std::optional<Look> around_;
 };
 
+const Block* Canvas::findBlock(std::string_view name) {
+    const auto [known, isNew] = knownBlocks_.try_emplace(name, nullptr);
+    if (isNew)
+        known->second = drawing_.findBlock(drawing_.decode(name));
+    return known->second;
+}
+
 Outcome Canvas::block(const Entity& entity, const Block& block, const AcGeMatrix3d& placement) {
     if (std::find(blocks_.begin(), blocks_.end(), &block) != blocks_.end())
         return "its block contains itself";

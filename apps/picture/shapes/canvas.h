@@ -62,6 +62,8 @@ public:
     /// The same in another colour.
     void text(const Entity& entity, TextRun run, const QTransform& toWorld, const Colour& colour);
 
+    /// The block with an undecoded name, each looked up once: most references are to few blocks.
+    [[nodiscard]] const Block* findBlock(std::string_view name);
     /// Draws the contents of a block with its base point at the origin of `placement`.
     Outcome block(const Entity& entity, const Block& block, const AcGeMatrix3d& placement);
     /// Calls `draw` with each entity of a block that shows, placed as by block().
@@ -131,6 +133,7 @@ private:
     std::map<std::string, std::size_t> drawn_;
     std::map<std::pair<std::string, std::string>, std::size_t> notDrawn_;
     std::optional<QRectF> frame_;
+    std::unordered_map<std::string_view, const Block*> knownBlocks_;
     BlockPictures pictures_;
     BlockPicture* recorded_ = nullptr; ///< Receives the shapes while a block is recorded.
     Specks specks_;

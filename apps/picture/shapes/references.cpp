@@ -120,7 +120,7 @@ Outcome drawGraphics(Canvas& canvas, const Entity& entity, const QString& name,
 
 /// INSERT: a block once or in rows and columns, then its attributes.
 Outcome buildReference(Canvas& canvas, const Entity& entity) {
-    const Block* const block = canvas.drawing().findBlockRaw(entity.records.raw(2));
+    const Block* const block = canvas.findBlock(entity.records.raw(2));
     const ObjectRange attributes = canvas.drawing().partsOf(entity.index);
     for (std::size_t i = attributes.first; i < attributes.last; ++i)
         canvas.entityAt(i);

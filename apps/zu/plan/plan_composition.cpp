@@ -18,7 +18,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <future>
 
 namespace zu::app {
 
@@ -137,7 +136,7 @@ PlanComposition::PlanComposition(AcDbDatabase& drawing, PlanOptions options)
     makeLegend();
     page_ = makePage();
     sizeMarks();
-    placeLabels();
+    startLabels();
 }
 
 /// Another thread parses and measures the records that were written from the database, while this one reads
@@ -318,32 +317,47 @@ void PlanComposition::sizeMarks() {
         capitals_ = kSmallCapitals;
 }
 
-void PlanComposition::placeLabels() {
-    labels_.emplace(capitals_);
+PlanReport PlanComposition::report() const {
+    PlanReport report = report_;
+    if (const std::size_t count = labels_.get().withoutRoom; count > 0)
+        report.remarks.push_back(std::to_string(count) +
+                                 " labels have no room: enlarge the picture or show a part with --window");
+    return report;
+}
+
+/// Their texts are read from the database, which is not used any more once this returns.
+void PlanComposition::startLabels() {
+    PlanLabels labels = wantedLabels();
+    const bool isWorthAThread = !labels.isEmpty() && !labels.isFull();
+    labels_ = std::async(isWorthAThread ? std::launch::async | std::launch::deferred : std::launch::deferred,
+                         [this, labels = std::move(labels)] { return placed(labels); });
+}
+
+PlanLabels PlanComposition::wantedLabels() {
+    PlanLabels labels(capitals_);
     for (const PlanMarker& marker : options_.markers)
         if (const QPointF at = onPage(marker.position); isInSight(at))
-            labels_->addMarker(QString::fromStdString(marker.text), at,
-                               marker.colour.isValid() ? theme_.visible(marker.colour) : inks_->finding());
+            labels.addMarker(QString::fromStdString(marker.text), at,
+                             marker.colour.isValid() ? theme_.visible(marker.colour) : inks_->finding());
     if (options_.labels != PlanLabelKind::none && page_.size.width() >= kSmallPicture) {
         if (options_.marksJoints && options_.markers.empty())
-            addDanglingLabels();
+            addDanglingLabels(labels);
         if (options_.labels == PlanLabelKind::automatic)
-            addEquipmentNames();
+            addEquipmentNames(labels);
         else
-            addElementLabels();
+            addElementLabels(labels);
     }
-    if (labels_->isEmpty())
-        return;
-    if (labels_->isFull()) {
-        reportUnplaced(labels_->count());
-        labels_.emplace(capitals_);
-        return;
-    }
+    return labels;
+}
+
+PlanComposition::PlacedLabels PlanComposition::placed(PlanLabels labels) const {
+    if (labels.isEmpty() || labels.isFull())
+        return {PlanLabels(capitals_), labels.count()};
     const QSize size(static_cast<int>(page_.size.width() / kInkCell) + 1,
                      static_cast<int>(page_.size.height() / kInkCell) + 1);
     QImage ink(size, QImage::Format_Grayscale8);
     if (ink.isNull())
-        return;
+        return {PlanLabels(capitals_), labels.count()};
     ink.fill(0);
     QPainter painter(&ink);
     painter.scale(1.0 / kInkCell, 1.0 / kInkCell);
@@ -366,17 +380,12 @@ void PlanComposition::placeLabels() {
         if (isInSight(at))
             placer.block({at - QPointF(radius, radius), QSizeF(2.0 * radius, 2.0 * radius)});
     }
-    reportUnplaced(labels_->place(placer));
-}
-
-void PlanComposition::reportUnplaced(std::size_t labels) {
-    if (labels > 0)
-        report_.remarks.push_back(std::to_string(labels) +
-                                  " labels have no room: enlarge the picture or show a part with --window");
+    const std::size_t withoutRoom = labels.place(placer);
+    return {std::move(labels), withoutRoom};
 }
 
 /// Equipment gets its name when its block has no text, and its text when that is too small to read.
-void PlanComposition::addEquipmentNames() {
+void PlanComposition::addEquipmentNames(PlanLabels& labels) const {
     const auto isNamed = [](const PlanElement& e) { return e.code == zucomn::kEquipment; };
     if (std::none_of(elements_.all().begin(), elements_.all().end(), isNamed))
         return;
@@ -412,24 +421,24 @@ void PlanComposition::addEquipmentNames() {
             continue;
         const QRectF box = page_.toPage.mapRect(found->second.corners.boundingRect());
         if (isInSight(box.center()))
-            labels_->add(found->second.text.isEmpty() ? elementName(element.id) : found->second.text,
-                         box.center(), box.size() / 2.0, inks_->ofElement(element), kElementDistance);
+            labels.add(found->second.text.isEmpty() ? elementName(element.id) : found->second.text,
+                       box.center(), box.size() / 2.0, inks_->ofElement(element), kElementDistance);
     }
 }
 
-void PlanComposition::addDanglingLabels() {
+void PlanComposition::addDanglingLabels(PlanLabels& labels) {
     for (const PlanJoint& joint : elements_.joints()) {
         const QPointF at = onPage(joint.position);
         if (joint.joined || !isInSight(at))
             continue;
-        labels_->add(labels_->isFull() ? QString() : handleLabel(joint.element), at,
-                     {marks_.dangling, marks_.dangling}, theme_.ink, kDanglingDistance);
+        labels.add(labels.isFull() ? QString() : handleLabel(joint.element), at,
+                   {marks_.dangling, marks_.dangling}, theme_.ink, kDanglingDistance);
         if (options_.labels == PlanLabelKind::handles)
             labelled_.insert(joint.element);
     }
 }
 
-void PlanComposition::addElementLabels() {
+void PlanComposition::addElementLabels(PlanLabels& labels) const {
     for (const PlanElement& element : elements_.all()) {
         const QPointF at = onPage(element.position);
         if (!element.isShown || !isInSight(at) || labelled_.contains(element.handle))
@@ -441,7 +450,7 @@ void PlanComposition::addElementLabels() {
             text =
                 options_.labels == PlanLabelKind::names ? elementName(element.id) : elementSize(element.id);
         if (!text.isEmpty())
-            labels_->add(text, at, {2.0, 2.0}, theme_.ink, kElementDistance);
+            labels.add(text, at, {2.0, 2.0}, theme_.ink, kElementDistance);
     }
 }
 
@@ -449,7 +458,7 @@ void PlanComposition::paint(picture::PageCanvas& canvas) const {
     paintDrawing(canvas);
     if (options_.marksJoints)
         paintMarks(canvas);
-    labels_->paint(canvas, theme_.ground);
+    labels_.get().labels.paint(canvas, theme_.ground);
     if (legend_ && page_.legend.height() > 0.0)
         legend_->paint(canvas, page_.legend);
     if (options_.hasLegend && page_.paperScale > 0.0)

@@ -10,6 +10,7 @@
 #include "plan/plan_picture.h"
 #include "scene.h"
 
+#include <future>
 #include <memory>
 #include <optional>
 #include <unordered_set>
@@ -22,7 +23,7 @@ class PlanComposition {
 public:
     PlanComposition(AcDbDatabase& drawing, PlanOptions options);
 
-    [[nodiscard]] const PlanReport& report() const { return report_; }
+    [[nodiscard]] PlanReport report() const;
     [[nodiscard]] const PlanPage& page() const { return page_; }
     [[nodiscard]] const PlanOptions& options() const { return options_; }
     [[nodiscard]] const picture::Theme& theme() const { return theme_; }
@@ -37,6 +38,11 @@ private:
         std::unordered_map<std::uint64_t, QColor> colours;
     };
 
+    struct PlacedLabels {
+        PlanLabels labels;
+        std::size_t withoutRoom = 0;
+    };
+
     [[nodiscard]] picture::SceneOptions scene(const Filter& filter) const;
     [[nodiscard]] bool isInPicture(std::uint64_t handle) const;
     [[nodiscard]] picture::Extents read(AcDbDatabase& drawing);
@@ -46,11 +52,12 @@ private:
     void makeLegend();
     [[nodiscard]] PlanPage makePage();
     void sizeMarks();
-    void placeLabels();
-    void reportUnplaced(std::size_t labels);
-    void addEquipmentNames();
-    void addDanglingLabels();
-    void addElementLabels();
+    void startLabels();
+    [[nodiscard]] PlacedLabels placed(PlanLabels labels) const;
+    [[nodiscard]] PlanLabels wantedLabels();
+    void addEquipmentNames(PlanLabels& labels) const;
+    void addDanglingLabels(PlanLabels& labels);
+    void addElementLabels(PlanLabels& labels) const;
     [[nodiscard]] bool isInSight(const QPointF& onPage) const { return page_.plan.contains(onPage); }
     [[nodiscard]] QPointF onPage(const AcGePoint2d& point) const {
         return page_.toPage.map(QPointF(point.x, point.y));
@@ -78,8 +85,9 @@ private:
     PlanPage page_;
     MarkSize marks_;
     double capitals_ = 8.0; ///< Height of the letters of labels.
-    std::optional<PlanLabels> labels_;
     PlanReport report_;
+    /// Placed while the drawing is painted, which takes as long; waits for the thread that uses the others.
+    std::shared_future<PlacedLabels> labels_;
 };
 
 } // namespace zu::app

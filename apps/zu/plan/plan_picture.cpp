@@ -37,7 +37,7 @@ PlanPicture::~PlanPicture() = default;
 PlanPicture::PlanPicture(PlanPicture&&) noexcept = default;
 PlanPicture& PlanPicture::operator=(PlanPicture&&) noexcept = default;
 
-const PlanReport& PlanPicture::report() const {
+PlanReport PlanPicture::report() const {
     return data_->composition.report();
 }
 
@@ -83,17 +83,17 @@ PlanReport savePlan(AcDbDatabase& drawing, const std::string& file, const PlanOp
     if (is(".pdf") && !asked.paper)
         asked.paper.emplace();
     auto plan = std::make_unique<PlanPicture>(drawing, asked);
-    PlanReport report = plan->report();
     if (is(".png")) {
         const QImage image = plan->image();
+        PlanReport report = plan->report();
         // Large drawings take as long to free as to compress their picture.
         const auto freed =
             std::async(std::launch::async, [done = std::move(plan)]() mutable { done.reset(); });
         savePicture(picture::pngOf(image), file);
-    } else {
-        savePicture(is(".svg") ? plan->svg() : plan->pdf(), file);
+        return report;
     }
-    return report;
+    savePicture(is(".svg") ? plan->svg() : plan->pdf(), file);
+    return plan->report();
 }
 
 } // namespace zu::app

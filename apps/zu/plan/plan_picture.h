@@ -44,7 +44,7 @@ public:
     PlanPicture(PlanPicture&&) noexcept;
     PlanPicture& operator=(PlanPicture&&) noexcept;
 
-    [[nodiscard]] const PlanReport& report() const;
+    [[nodiscard]] PlanReport report() const;
     /// Pixels of 1/96 inch.
     [[nodiscard]] QSize size() const;
     /// From world coordinates to pixels of the picture, y downwards.
