@@ -93,6 +93,8 @@ std::vector<bool> findStrays(const std::vector<Box>& boxes) {
     std::vector<double> rights;
     std::vector<double> bottoms;
     std::vector<double> tops;
+    for (std::vector<double>* const edges : {&lefts, &rights, &bottoms, &tops})
+        edges->reserve(boxes.size());
     for (const Box& box : boxes) {
         lefts.push_back(box.left);
         rights.push_back(box.right);
@@ -118,7 +120,9 @@ SceneReport produceShapes(const Drawing& drawing, const SceneOptions& options, c
 }
 
 Extents measureScene(const Drawing& drawing, const SceneOptions& options) {
+    const std::vector<std::size_t> entities = entitiesOf(drawing, options.layout);
     std::vector<Box> boxes;
+    boxes.reserve(entities.size());
     const Canvas* source = nullptr;
     const ShapeSink sink = [&](const Shape& shape) {
         if (boxes.empty() || boxes.back().entity != source->current()) {
@@ -130,7 +134,7 @@ Extents measureScene(const Drawing& drawing, const SceneOptions& options) {
     };
     Canvas canvas(drawing, options, sink, Canvas::Purpose::measure);
     source = &canvas;
-    canvas.topLevel(entitiesOf(drawing, options.layout));
+    canvas.topLevel(entities);
     Extents extents;
     extents.report = canvas.report();
     const std::vector<bool> strays = findStrays(boxes);

@@ -32,6 +32,11 @@ Drawing::Drawing(std::string bytes, const PartOptions& options)
 
 Drawing::Drawing(std::shared_ptr<const std::string> bytes, const PartOptions& options)
     : options_(options), bytes_(std::move(bytes)) {
+    // Enough for most drawings. What is not used takes no memory, while growing would take all of it anew.
+    constexpr std::size_t kBytesPerTag = 16;
+    constexpr std::size_t kBytesPerObject = 160;
+    tags_.reserve(bytes_->size() / kBytesPerTag);
+    objects_.reserve(bytes_->size() / kBytesPerObject);
     form_.isBinary = zuhost::dxf::isBinaryDrawing(*bytes_);
     if (form_.isBinary)
         readAll(BinaryReader(*bytes_, options_.strictTable ? CodeTable::strict : CodeTable::complete));
@@ -41,12 +46,12 @@ Drawing::Drawing(std::shared_ptr<const std::string> bytes, const PartOptions& op
         entities_.last = objects_.size();
     endBlock();
     const Records version = variable("$ACADVER");
-    const std::string_view number = version.size() > 0 ? version.tags()[0].value : std::string_view();
+    const std::string_view number = version.size() > 0 ? version.tags()[0].value() : std::string_view();
     const Records page = variable("$DWGCODEPAGE");
     form_.encoding.set(
         static_cast<int>(
             zuhost::parseInteger(number.substr(std::min<std::size_t>(2, number.size()))).value_or(0)),
-        page.size() > 0 ? page.tags()[0].value : std::string_view(),
+        page.size() > 0 ? page.tags()[0].value() : std::string_view(),
         bytes_->starts_with(zuhost::dxf::kByteOrderMark));
     indexBlocks();
     listModelSpace();
@@ -107,7 +112,7 @@ void Drawing::add(const Record& record) {
             currentVariable_ = record.value;
             variables_[currentVariable_] = {tags_.size(), tags_.size()};
         } else if (!currentVariable_.empty()) {
-            tags_.push_back({record.code, record.value});
+            tags_.emplace_back(record.code, record.value);
             variables_[currentVariable_].last = tags_.size();
         }
         return;
@@ -125,7 +130,7 @@ void Drawing::add(const Record& record) {
         return;
     }
     if (isEmbedded_) {
-        tags_.push_back({record.code, record.value});
+        tags_.emplace_back(record.code, record.value);
         ++object.embeddedCount;
         return;
     }
@@ -134,7 +139,7 @@ void Drawing::add(const Record& record) {
         if (section_ == Section::tables || section_ == Section::objects)
             byHandle_.try_emplace(object.handle, objects_.size() - 1);
     }
-    tags_.push_back({record.code, record.value});
+    tags_.emplace_back(record.code, record.value);
     ++object.tagCount;
 }
 

@@ -38,20 +38,20 @@ const Tag* Records::find(int code) const {
 
 double Records::real(const Tag& tag, double missing) const {
     if (!form_->isBinary)
-        return parsedReal(tag.value, missing);
+        return parsedReal(tag.value(), missing);
     if (valueType(tag.code) != ValueType::real)
         return integer(tag, 0);
-    const double value = zuhost::dxf::binaryReal(tag.value);
+    const double value = zuhost::dxf::binaryReal(tag.value());
     return std::isfinite(value) ? value : missing;
 }
 
 int Records::integer(const Tag& tag, int missing) const {
     if (form_->isBinary)
-        return zuhost::dxf::isInteger(valueType(tag.code)) ? clamped(zuhost::dxf::binaryInteger(tag.value))
+        return zuhost::dxf::isInteger(valueType(tag.code)) ? clamped(zuhost::dxf::binaryInteger(tag.value()))
                                                            : missing;
-    if (const auto value = zuhost::parseInteger(tag.value))
+    if (const auto value = zuhost::parseInteger(tag.value()))
         return clamped(*value);
-    const double value = parsedReal(tag.value, missing);
+    const double value = parsedReal(tag.value(), missing);
     constexpr double kMost = std::numeric_limits<int>::max();
     return static_cast<int>(std::clamp(value, -kMost, kMost));
 }
@@ -72,7 +72,7 @@ std::uint64_t Records::handle(int code) const {
 
 std::string_view Records::raw(int code) const {
     const Tag* const tag = find(code);
-    return tag != nullptr ? tag->value : std::string_view();
+    return tag != nullptr ? tag->value() : std::string_view();
 }
 
 QString Records::text(int code) const {
@@ -108,11 +108,11 @@ int Records::integerAt(std::size_t at, int missing) const {
 }
 
 std::uint64_t Records::handleAt(std::size_t at) const {
-    return at < size() ? zuhost::parseHandle(tags_[at].value).value_or(0) : 0;
+    return at < size() ? zuhost::parseHandle(tags_[at].value()).value_or(0) : 0;
 }
 
 QString Records::textAt(std::size_t at) const {
-    return at < size() ? form_->encoding.decode(tags_[at].value) : QString();
+    return at < size() ? form_->encoding.decode(tags_[at].value()) : QString();
 }
 
 AcGePoint3d Records::pointAt(std::size_t at) const {
@@ -134,7 +134,7 @@ std::size_t Records::position(int code, std::size_t from) const {
 
 Records Records::subclass(std::string_view marker) const {
     std::size_t first = 0;
-    while (first < size() && !(tags_[first].code == 100 && tags_[first].value == marker))
+    while (first < size() && !(tags_[first].code == 100 && tags_[first].value() == marker))
         ++first;
     return first < size() ? part(first + 1, position(100, first + 1)) : part(0, 0);
 }

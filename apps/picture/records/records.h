@@ -4,17 +4,31 @@
 
 #include <gepnt3d.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <string_view>
 #include <vector>
 
 namespace zu::picture {
 
-/// One record: group code and value, a view into the bytes of the drawing.
+/// One record: group code and value, a view into the bytes of the drawing. Drawings have millions of them.
 struct Tag {
-    int code = 0;
-    std::string_view value; ///< The value's text; in binary drawings the bytes of a number.
+    Tag(int groupCode, std::string_view value)
+        : code(groupCode), size_(static_cast<std::uint32_t>(std::min(value.size(), kLongest))),
+          start_(value.data()) {}
+
+    /// The value's text, cut after 4 GB; in binary drawings the bytes of a number.
+    [[nodiscard]] std::string_view value() const { return {start_, size_}; }
+
+    int code;
+
+private:
+    static constexpr std::size_t kLongest = std::numeric_limits<std::uint32_t>::max();
+
+    std::uint32_t size_;
+    const char* start_;
 };
 
 /// The form of the values of a drawing.

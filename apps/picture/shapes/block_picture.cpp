@@ -1,7 +1,10 @@
 #include "shapes/block_picture.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cmath>
+#include <limits>
 
 namespace zu::picture {
 
@@ -56,16 +59,18 @@ std::pair<BlockPicture*, bool> BlockPictures::find(const Block& block, const Loo
 
 bool Specks::add(QPointF cell, const Colour& colour) {
     constexpr std::size_t kMost = 4'000'000;
-    if (taken_.size() >= kMost)
+    constexpr double kFarthest = std::numeric_limits<std::int32_t>::max();
+    if (taken_.size() >= kMost || !(std::abs(cell.x()) < kFarthest && std::abs(cell.y()) < kFarthest))
         return true;
     const std::int64_t rgb = rgbOf(colour);
-    return taken_.insert({cell.x(), cell.y(), rgb >= 0 ? rgb + 256 : colour.number});
+    return taken_.insert({static_cast<std::int32_t>(cell.x()), static_cast<std::int32_t>(cell.y()),
+                          static_cast<std::int32_t>(rgb >= 0 ? rgb + 256 : colour.number)});
 }
 
 std::size_t Specks::Hash::operator()(const Speck& speck) const {
     constexpr std::uint64_t kMixer = 0x9E3779B97F4A7C15ULL;
-    std::uint64_t hash = std::bit_cast<std::uint64_t>(speck.x) * kMixer;
-    hash = (hash ^ (hash >> 29U) ^ std::bit_cast<std::uint64_t>(speck.y)) * kMixer;
+    const auto place = std::bit_cast<std::uint64_t>(std::array{speck.x, speck.y});
+    std::uint64_t hash = place * kMixer;
     hash = (hash ^ (hash >> 32U) ^ static_cast<std::uint64_t>(speck.colour)) * kMixer;
     return hash ^ (hash >> 31U);
 }

@@ -64,14 +64,14 @@ private:
 /// The places of shapes too small to see, each taken once.
 class Specks {
 public:
-    /// Returns false when a shape of the colour is there already.
+    /// Returns false when a shape of the colour is there already; true also for cells far off every picture.
     bool add(QPointF cell, const Colour& colour);
 
 private:
     struct Speck {
-        double x;
-        double y;
-        std::int64_t colour;
+        std::int32_t x;
+        std::int32_t y;
+        std::int32_t colour;
 
         bool operator==(const Speck&) const = default;
     };

@@ -472,7 +472,7 @@ Look Canvas::lookOf(const Records& records) const {
     constexpr int kByLayerColour = 256;
     const CommonPlaces places(records);
     const bool isInBlock = around_.has_value();
-    const std::string_view layer = places.layer < records.size() ? records.tags()[places.layer].value : "0";
+    const std::string_view layer = places.layer < records.size() ? records.tags()[places.layer].value() : "0";
     Look look;
     look.layer = isInBlock && layer == "0" ? around_->layer : &styles_.layer(layer);
     const int number = records.integerAt(places.colour, kByLayerColour);

@@ -87,7 +87,7 @@ QString joinedText(const Canvas& canvas, const Records& records, int partCode, i
     std::string bytes;
     for (const Tag& tag : records.tags())
         if (tag.code == partCode)
-            bytes += tag.value;
+            bytes += tag.value();
     return canvas.drawing().decode(bytes += records.raw(lastCode)).left(kLongestText);
 }
 

@@ -21,6 +21,7 @@ namespace zu::app {
 namespace {
 
 constexpr std::size_t kMostReadForUses = 2000;
+constexpr std::size_t kMostUsualPoints = 3; ///< Of an element.
 
 /// Layers as the plan sees them, each looked up once.
 class ShownLayers {
@@ -97,7 +98,7 @@ PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
     elements_.reserve(references.size());
     index_.reserve(references.size());
     std::vector<zucomn::ConnectionPoint> points;
-    points.reserve(2 * references.size());
+    points.reserve(kMostUsualPoints * references.size());
     const auto take = [&](const zucomn::Element& read) {
         const int kind = zucomn::isRouteKind(read.linkKind) ? read.linkKind : 0;
         if (read.code == zucomn::kNoElement && kind == 0)
