@@ -1,6 +1,7 @@
 #include "plan/label_placer.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <numbers>
@@ -9,7 +10,7 @@ namespace zu::app {
 
 namespace {
 
-constexpr int kDirections = 16;
+constexpr std::size_t kDirections = 16;
 constexpr double kStep = 12.0;     ///< Between distances that are tried.
 constexpr double kInkWeight = 250; ///< As much as this distance counts a label all drawn over.
 constexpr double kPadding = 2.0;
@@ -32,9 +33,22 @@ bool crosses(const QLineF& line, const QRectF& box) {
            line.intersects({box.bottomLeft(), box.topRight()}, nullptr) == QLineF::BoundedIntersection;
 }
 
+/// Unit vectors, right above first, where a reader expects a label.
+const std::array<QPointF, kDirections>& directions() {
+    static const auto known = [] {
+        std::array<QPointF, kDirections> made;
+        for (std::size_t i = 0; i < made.size(); ++i) {
+            const double direction =
+                -std::numbers::pi / 4.0 + 2.0 * std::numbers::pi * static_cast<double>(i) / kDirections;
+            made[i] = {std::cos(direction), std::sin(direction)};
+        }
+        return made;
+    }();
+    return known;
+}
+
 /// The label in a direction from the anchor, and the line to it.
-LabelPlace candidate(const LabelRequest& request, double direction, double distance) {
-    const QPointF along(std::cos(direction), std::sin(direction));
+LabelPlace candidate(const LabelRequest& request, const QPointF& along, double distance) {
     // To the sides of a square: on a circle, labels between its quarters would touch what they belong to.
     const QPointF beside = along / std::max(std::abs(along.x()), std::abs(along.y()));
     const QSizeF half = request.size / 2.0;
@@ -130,9 +144,7 @@ std::optional<LabelPlace> LabelPlacer::place(const LabelRequest& request) {
     std::optional<LabelPlace> best;
     double least = std::numeric_limits<double>::infinity();
     for (double distance = kNextTo; distance <= request.farthest && distance < least; distance += kStep)
-        for (int i = 0; i < kDirections; ++i) {
-            // Right above first, where a reader expects a label.
-            const double direction = -std::numbers::pi / 4.0 + 2.0 * std::numbers::pi * i / kDirections;
+        for (const QPointF& direction : directions()) {
             const LabelPlace found = candidate(request, direction, distance);
             const double ink = inkIn(found.box);
             const double cost = distance + kInkWeight * ink;

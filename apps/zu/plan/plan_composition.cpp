@@ -5,7 +5,6 @@
 #include "model/drawing_file.h"
 #include "painters/painter_canvas.h"
 #include "painters/text_pieces.h"
-#include "plan/plan_names.h"
 #include "plan/plan_texts.h"
 #include "readers.h"
 #include "text_outline.h"
@@ -151,11 +150,20 @@ picture::Extents PlanComposition::read(AcDbDatabase& drawing) {
     // With a filter of elements, measuring asks which of them are shown: it waits for them.
     std::future<picture::Extents> extents = std::async(
         options_.showsElement ? std::launch::deferred : std::launch::async | std::launch::deferred, measure);
-    elements_ = PlanElements(drawing, options_.showsLayer, options_.showsElement);
+    readElements(drawing);
     picture::Extents measured = extents.get();
     if (measured.report.isTooMuch)
         throwTooMuch();
     return measured;
+}
+
+/// Another thread finds the joints, while this one reads the uses of route kinds.
+void PlanComposition::readElements(AcDbDatabase& drawing) {
+    elements_ = PlanElements(drawing, options_.showsLayer, options_.showsElement);
+    std::future<void> joints = std::async([this] { elements_.findJoints(); });
+    if (options_.hasLegend && options_.legend.empty() && options_.layout.empty())
+        kinds_ = kindNames(elements_.all());
+    joints.get();
 }
 
 picture::SceneOptions PlanComposition::scene(const Filter& filter) const {
@@ -253,7 +261,7 @@ void PlanComposition::makeLegend() {
         entries.push_back(
             {LegendSample::line, theme_.visible(entry.colour), QString::fromStdString(entry.text)});
     if (entries.empty()) {
-        for (const KindName& kind : kindNames(elements_.all()))
+        for (const KindName& kind : kinds_)
             entries.push_back({LegendSample::line, inks_->kind(kind.kind), kind.name});
         const auto holds = [this](bool equipment) {
             return std::any_of(

@@ -6,6 +6,7 @@
 #include "plan/plan_inks.h"
 #include "plan/plan_labels.h"
 #include "plan/plan_legend.h"
+#include "plan/plan_names.h"
 #include "plan/plan_page.h"
 #include "plan/plan_picture.h"
 #include "scene.h"
@@ -46,6 +47,7 @@ private:
     [[nodiscard]] picture::SceneOptions scene(const Filter& filter) const;
     [[nodiscard]] bool isInPicture(std::uint64_t handle) const;
     [[nodiscard]] picture::Extents read(AcDbDatabase& drawing);
+    void readElements(AcDbDatabase& drawing);
     void readOthers(AcDbDatabase& drawing);
     [[nodiscard]] QRectF worldOf(const picture::Extents& extents) const;
     void reportScene(const picture::Extents& extents);
@@ -81,6 +83,7 @@ private:
     std::unordered_set<std::uint64_t> highlighted_;
     std::unordered_set<std::uint64_t> labelled_; ///< Elements with their handle at a dangling point.
     QRectF world_;
+    std::vector<KindName> kinds_; ///< For the legend.
     std::optional<PlanLegend> legend_;
     PlanPage page_;
     MarkSize marks_;

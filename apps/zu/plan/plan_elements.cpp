@@ -97,8 +97,7 @@ PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
     const std::vector<AcDbObjectId> references = zucomn::modelSpaceReferences(drawing);
     elements_.reserve(references.size());
     index_.reserve(references.size());
-    std::vector<zucomn::ConnectionPoint> points;
-    points.reserve(kMostUsualPoints * references.size());
+    points_.reserve(kMostUsualPoints * references.size());
     const auto take = [&](const zucomn::Element& read) {
         const int kind = zucomn::isRouteKind(read.linkKind) ? read.linkKind : 0;
         if (read.code == zucomn::kNoElement && kind == 0)
@@ -113,18 +112,18 @@ PlanElements::PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
         elements_.push_back({read.id, handle, read.code, kind, isShown, middleOf(read)});
         int number = 0;
         for (const AcGePoint3d& point : read.connectionPoints)
-            points.push_back({read.id, number++, {point.x, point.y}});
+            points_.push_back({read.id, number++, {point.x, point.y}});
     };
     zucomn::readElements(references, take, zucomn::ElementGroups::leaveEmpty);
     if (!std::is_sorted(index_.begin(), index_.end()))
         std::sort(index_.begin(), index_.end());
-    addJoints(points);
 }
 
-void PlanElements::addJoints(const std::vector<zucomn::ConnectionPoint>& points) {
+void PlanElements::findJoints() {
+    const std::vector<zucomn::ConnectionPoint> points = std::move(points_);
     const std::vector<bool> joined = zucomn::joinedPoints(points);
     joints_.reserve(points.size());
-    std::size_t at = 0; // The points are in the order of the elements.
+    std::size_t at = 0;
     for (std::size_t i = 0; i < points.size(); ++i) {
         while (elements_[at].id != points[i].element)
             ++at;

@@ -42,7 +42,7 @@ class PlanElements {
 public:
     PlanElements() = default;
     /// Elements on layers that are off, frozen or filtered out, hidden ones and those that `shows` refuses
-    /// are not shown.
+    /// are not shown. Finds no joints yet.
     PlanElements(AcDbDatabase& drawing, const LayerFilter& showsLayer,
                  const std::function<bool(AcDbObjectId)>& shows);
 
@@ -50,16 +50,17 @@ public:
     [[nodiscard]] const std::vector<PlanElement>& all() const { return elements_; }
     [[nodiscard]] const PlanElement* find(std::uint64_t handle) const;
     class Finder;
+    /// Does not use the drawing, which another thread may read meanwhile, as it may read all().
+    void findJoints();
     /// The connection points of shown elements, joined to shown elements or hidden ones.
     [[nodiscard]] const std::vector<PlanJoint>& joints() const { return joints_; }
     /// Elements with connection points that are hidden although no filter asks for it.
     [[nodiscard]] const std::vector<std::string>& hidden() const { return hidden_; }
 
 private:
-    void addJoints(const std::vector<zucomn::ConnectionPoint>& points);
-
     std::vector<PlanElement> elements_;
     std::vector<std::pair<std::uint64_t, std::size_t>> index_; ///< Places of elements by handle, ascending.
+    std::vector<zucomn::ConnectionPoint> points_; ///< In the order of the elements, until joints are found.
     std::vector<PlanJoint> joints_;
     std::vector<std::string> hidden_;
 };

@@ -47,25 +47,26 @@ QSizeF PlanLabels::sizeOf(const PlanLabel& label) const {
 
 std::size_t PlanLabels::place(LabelPlacer& placer) {
     const LabelPlacer empty = placer;
-    if (2 * tryPlaces(placer) < labels_.size()) {
+    if (!tryPlaces(placer, (labels_.size() + 1) / 2)) {
         placer = empty;
         for (PlanLabel& label : labels_)
             if (!label.isMarker)
                 label.request.farthest = LabelPlacer::kNextTo;
-        (void)tryPlaces(placer);
+        (void)tryPlaces(placer, 0);
     }
     return std::erase_if(labels_, [](const PlanLabel& label) { return !label.place; });
 }
 
-/// Returns how many labels have a place.
-std::size_t PlanLabels::tryPlaces(LabelPlacer& placer) {
-    std::size_t placed = 0;
+/// Returns false as soon as fewer labels than `fewest` can get a place.
+bool PlanLabels::tryPlaces(LabelPlacer& placer, std::size_t fewest) {
+    std::size_t possible = labels_.size();
     for (PlanLabel& label : labels_) {
         label.request.size = sizeOf(label);
         label.place = placer.place(label.request);
-        placed += label.place ? 1 : 0;
+        if (!label.place && --possible < fewest)
+            return false;
     }
-    return placed;
+    return true;
 }
 
 void PlanLabels::paint(picture::PageCanvas& canvas, const QColor& ground) const {

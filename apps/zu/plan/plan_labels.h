@@ -46,7 +46,7 @@ public:
     void paint(picture::PageCanvas& canvas, const QColor& ground) const;
 
 private:
-    std::size_t tryPlaces(LabelPlacer& placer);
+    [[nodiscard]] bool tryPlaces(LabelPlacer& placer, std::size_t fewest);
     [[nodiscard]] QSizeF sizeOf(const PlanLabel& label) const;
 
     double capitals_;
