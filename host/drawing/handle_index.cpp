@@ -50,15 +50,16 @@ void HandleIndex::completeHandles(std::deque<AcDbStub>& stubs) {
 AcDbStub* HandleIndex::find(std::uint64_t handle) const {
     if (entries_.empty() || handle < entries_.front().handle)
         return nullptr;
-    // Handles differ, so that the entry is at most this far from the first. In most files few are missing:
-    // it is near.
-    const std::size_t last = std::min<std::uint64_t>(handle - entries_.front().handle, entries_.size() - 1);
-    std::size_t distance = 1;
-    while (distance <= last && entries_[last - distance].handle > handle)
-        distance *= 2;
+    // Handles differ: an entry is at most as far from another as the difference of their handles. In most
+    // files few are missing, and these limits meet.
+    std::size_t last = std::min<std::uint64_t>(handle - entries_.front().handle, entries_.size() - 1);
+    if (entries_[last].handle < handle)
+        return nullptr;
+    const std::size_t first = last - std::min<std::uint64_t>(entries_[last].handle - handle, last);
+    last = std::min<std::uint64_t>(last, first + (handle - entries_[first].handle));
     const auto begin = entries_.begin();
     const auto at =
-        std::lower_bound(begin + static_cast<std::ptrdiff_t>(last - std::min(distance, last)),
+        std::lower_bound(begin + static_cast<std::ptrdiff_t>(first),
                          begin + static_cast<std::ptrdiff_t>(last), Entry{handle, nullptr}, kByHandle);
     return at->handle == handle ? at->stub : nullptr;
 }

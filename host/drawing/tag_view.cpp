@@ -106,6 +106,38 @@ Tag TagRef::tag() const {
     return {code, std::string(value(scratch))};
 }
 
+/// Calls `function` with each group code, and with a function that returns the record, until it returns true.
+template <typename Function>
+void TagView::visit(Function function) const {
+    const auto isDone = [&](int code, const auto& tag) {
+        return (endsWithSubclass_ && TagList::endsSubclass(code)) || function(code, tag);
+    };
+    if (form_ == TagForm::list) {
+        for (std::size_t place = first_; place < last_; ++place) {
+            const Tag& stored = (*list_)[place];
+            if (isDone(stored.code, [&stored] { return TagRef(stored.code, stored.value, false); }))
+                return;
+        }
+        return;
+    }
+    TagRef tag;
+    for (std::size_t place = first_; place < last_;) {
+        place = read(place, tag);
+        if (isDone(tag.code, [&tag] { return tag; }))
+            return;
+    }
+}
+
+std::optional<TagRef> TagView::find(int code) const {
+    std::optional<TagRef> found;
+    visit([&](int tried, const auto& tag) {
+        if (tried == code)
+            found = tag();
+        return tried == code;
+    });
+    return found;
+}
+
 std::size_t TagView::readUnusual(std::size_t place, TagRef& tag) const {
     const std::string_view rest(bytes_ + place, last_ - place);
     if (form_ == TagForm::ascii || form_ == TagForm::asciiReturns)
@@ -211,16 +243,20 @@ std::size_t TagView::subclassStart(std::string_view marker) const {
     if (list_ != nullptr && !endsWithSubclass_)
         return subclassStartInList(marker);
     bool anyMarker = false;
-    Iterator it = at(firstMarker());
-    for (; it != end() && it->code < kFirstExtended; ++it) {
-        if (it->code != kSubclassMarker)
+    TagRef tag;
+    std::size_t place = firstMarker();
+    for (std::size_t next = place; place < last_; place = next) {
+        next = read(place, tag);
+        if (tag.code >= kFirstExtended || (endsWithSubclass_ && TagList::endsSubclass(tag.code)))
+            break;
+        if (tag.code != kSubclassMarker)
             continue;
         anyMarker = true;
-        if (it->text == marker)
-            return it.next();
+        if (tag.text == marker)
+            return next;
     }
-    if (anyMarker || it.place() == first_)
-        return it.place();
+    if (anyMarker || place == first_)
+        return place;
     return begin().next();
 }
 

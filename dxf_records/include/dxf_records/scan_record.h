@@ -22,21 +22,67 @@ struct ScannedRecord {
     std::string_view value; ///< As in Record.
 };
 
-/// Scans blanks, up to four digits and a line end, then a line with its end, each LF or CR LF.
-inline ScannedRecord scanAsciiRecord(const char* at, const char* end) {
+namespace detail {
+
+inline constexpr unsigned char kNoCodeDigit = 0xFF;
+
+/// The digit that a character of a group code stands for; a blank before the others counts as 0.
+inline constexpr auto kCodeDigits = [] {
+    std::array<unsigned char, 256> digits{};
+    digits.fill(kNoCodeDigit);
+    digits[' '] = 0;
+    for (unsigned char i = 0; i < 10; ++i)
+        digits['0' + std::size_t{i}] = i;
+    return digits;
+}();
+
+/// Scans a group code of three characters, blanks first, or of four digits, and its line end. Returns the
+/// place after it; null for any other text.
+inline const char* scanPaddedCode(const char* at, const char* end, int& code) {
+    constexpr std::ptrdiff_t kLongest = 6; // with CR LF
+    if (end - at < kLongest || (at[0] != ' ' && at[1] == ' ') || at[2] == ' ')
+        return nullptr;
+    const auto digit = [at](std::size_t i) { return kCodeDigits[static_cast<unsigned char>(at[i])]; };
+    const unsigned hundreds = digit(0);
+    const unsigned tens = digit(1);
+    const unsigned ones = digit(2);
+    if ((hundreds | tens | ones) == kNoCodeDigit)
+        return nullptr;
+    code = static_cast<int>(hundreds * 100 + tens * 10 + ones);
+    at += 3;
+    if (const unsigned next = static_cast<unsigned char>(*at - '0'); next < 10) {
+        code = code * 10 + static_cast<int>(next);
+        ++at;
+    }
+    at += *at == '\r' ? 1 : 0;
+    return *at == '\n' ? at + 1 : nullptr;
+}
+
+/// As above, for blanks and up to four digits.
+inline const char* scanAnyCode(const char* at, const char* end, int& code) {
     constexpr std::ptrdiff_t kMostDigits = 4;
     while (at != end && *at == ' ')
         ++at;
     const char* const digits = at;
-    int code = 0;
+    code = 0;
     for (; at != end && at - digits <= kMostDigits && static_cast<unsigned char>(*at - '0') < 10; ++at)
         code = code * 10 + (*at - '0');
     const std::ptrdiff_t count = at - digits;
     if (at != end && *at == '\r')
         ++at;
-    if (count == 0 || count > kMostDigits || at == end || *at != '\n' || code == kComment)
+    return count == 0 || count > kMostDigits || at == end || *at != '\n' ? nullptr : at + 1;
+}
+
+} // namespace detail
+
+/// Scans a line with blanks and up to four digits, then a second line. Both end in LF or CR LF.
+inline ScannedRecord scanAsciiRecord(const char* at, const char* end) {
+    int code = 0;
+    const char* value = detail::scanPaddedCode(at, end, code);
+    if (value == nullptr)
+        value = detail::scanAnyCode(at, end, code);
+    if (value == nullptr || code == kComment)
         return {};
-    const char* const value = at + 1;
     const char* const lineEnd = findByte(value, end, '\n');
     if (lineEnd == end)
         return {};

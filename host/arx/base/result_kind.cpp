@@ -68,12 +68,25 @@ constexpr std::array kRanges{
 static_assert(std::is_sorted(kRanges.begin(), kRanges.end(),
                              [](const TypeRange& a, const TypeRange& b) { return a.last < b.first; }));
 
-} // namespace
-
-ResultKind resultKind(int type) {
+constexpr ResultKind kindByRange(int type) {
     const auto range = std::lower_bound(kRanges.begin(), kRanges.end(), type,
                                         [](const TypeRange& r, int wanted) { return r.last < wanted; });
     return range != kRanges.end() && type >= range->first ? range->kind : ResultKind::none;
+}
+
+/// The kinds of group codes, which are looked up for each value of a chain.
+constexpr auto kCodeKinds = [] {
+    std::array<ResultKind, 1072> kinds{};
+    for (std::size_t code = 0; code < kinds.size(); ++code)
+        kinds[code] = kindByRange(static_cast<int>(code));
+    return kinds;
+}();
+
+} // namespace
+
+ResultKind resultKind(int type) {
+    const auto code = static_cast<std::size_t>(type);
+    return code < kCodeKinds.size() ? kCodeKinds[code] : kindByRange(type);
 }
 
 } // namespace zuhost

@@ -147,18 +147,29 @@ Acad::ErrorStatus AcDbBlockReference::subExplode(AcDbVoidPtrArray& entities) con
     return Acad::eOk;
 }
 
+const zuhost::NewParts& AcDbBlockReference::newAttributes() const {
+    static const NewParts kNone;
+    return newAttributes_ ? *newAttributes_ : kNone;
+}
+
+zuhost::NewParts& AcDbBlockReference::newAttributes() {
+    if (!newAttributes_)
+        newAttributes_ = std::make_unique<NewParts>();
+    return *newAttributes_;
+}
+
 Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbAttribute* attribute) {
     AcDbObjectId id;
     return appendAttribute(id, attribute);
 }
 
 Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbObjectId& id, AcDbAttribute* attribute) {
-    const Acad::ErrorStatus status = zuhost::appendPart(*this, attributesToCome_, attribute, id);
+    const Acad::ErrorStatus status = zuhost::appendPart(*this, newAttributes(), attribute, id);
     return status == Acad::eOk ? setIntegerTag(marker(), kAttributesFollow, 1) : status;
 }
 
 AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
-    return zuhost::newPartIterator(*this, attributesToCome_);
+    return zuhost::newPartIterator(*this, newAttributes());
 }
 
 Acad::ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& attribute, AcDbObjectId id,
@@ -167,13 +178,15 @@ Acad::ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& attribute, A
 }
 
 void AcDbBlockReference::forEachPart(const std::function<void(AcDbEntity&)>& change) {
-    zuhost::changeParts(*this, attributesToCome_, change);
+    zuhost::changeParts(*this, std::as_const(*this).newAttributes(), change);
 }
 
 void AcDbBlockReference::copyPartsTo(AcDbEntity& copy) const {
-    zuhost::copyParts(*this, attributesToCome_, static_cast<AcDbBlockReference&>(copy).attributesToCome_);
+    zuhost::copyParts(*this, newAttributes(), static_cast<AcDbBlockReference&>(copy).newAttributes());
 }
 
 void AcDbBlockReference::subAppended() {
-    zuhost::appendPending(*this, attributesToCome_, false);
+    if (newAttributes_)
+        zuhost::appendPending(*this, *newAttributes_, false);
+    newAttributes_.reset();
 }

@@ -416,7 +416,11 @@ private:
     [[nodiscard]] zuhost::TagView ownSection() const;
     [[nodiscard]] Placement placement() const;
 
-    std::vector<zuhost::PendingPtr<AcDbEntity>> attributesToCome_; ///< Of a reference in no database.
+    using NewParts = std::vector<zuhost::PendingPtr<AcDbEntity>>;
+    [[nodiscard]] const NewParts& newAttributes() const;
+    [[nodiscard]] NewParts& newAttributes();
+
+    std::unique_ptr<NewParts> newAttributes_; ///< Of a reference in no database; null in most others.
 };
 
 #include "dbattrib.h"

@@ -130,15 +130,7 @@ public:
     [[nodiscard]] std::size_t extendedDataStart() const;
 
     /// Returns the first record with the code.
-    [[nodiscard]] std::optional<TagRef> find(int code) const {
-        std::optional<TagRef> found;
-        visit([&](int tried, const auto& tag) {
-            if (tried == code)
-                found = tag();
-            return tried == code;
-        });
-        return found;
-    }
+    [[nodiscard]] std::optional<TagRef> find(int code) const;
     /// Return the value of the first record with the code; nullopt when it is missing or unreadable.
     [[nodiscard]] std::optional<double> real(int code) const;
     [[nodiscard]] std::optional<std::int64_t> integer(int code) const;
@@ -162,28 +154,17 @@ private:
             scanned = dxf::scanAsciiRecord(bytes_ + place, bytes_ + last_);
         else if (form_ == TagForm::binary)
             scanned = dxf::scanBinaryRecord(bytes_ + place, bytes_ + last_);
-        if (scanned.end == nullptr)
-            return readUnusual(place, tag);
+        if (scanned.end == nullptr) {
+            TagRef unusual; // Its address is taken: `tag` can stay in registers.
+            const std::size_t next = readUnusual(place, unusual);
+            tag = unusual;
+            return next;
+        }
         tag = {scanned.code, scanned.value, form_ == TagForm::binary};
         return static_cast<std::size_t>(scanned.end - bytes_);
     }
-    /// Calls `function` with each group code, and with a function that returns the record, until it returns
-    /// true. Lists, which objects have when they are made or changed, need no iterator.
     template <typename Function>
-    void visit(Function function) const {
-        if (form_ != TagForm::list) {
-            for (const TagRef& tag : *this)
-                if (function(tag.code, [&tag] { return tag; }))
-                    return;
-            return;
-        }
-        for (std::size_t place = first_; place < last_; ++place) {
-            const Tag& stored = (*list_)[place];
-            if ((endsWithSubclass_ && TagList::endsSubclass(stored.code)) ||
-                function(stored.code, [&stored] { return TagRef(stored.code, stored.value, false); }))
-                return;
-        }
-    }
+    void visit(Function function) const;
     std::size_t readUnusual(std::size_t place, TagRef& tag) const;
     [[nodiscard]] std::size_t subclassStart(std::string_view marker) const;
     [[nodiscard]] std::size_t subclassStartInList(std::string_view marker) const;
