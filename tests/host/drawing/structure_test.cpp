@@ -1,5 +1,7 @@
 #include "notation.h"
 
+#include "dxf_records/number_text.h"
+
 #include <gtest/gtest.h>
 
 using namespace zuhost;
@@ -51,6 +53,22 @@ TEST(Structure, DrawingsBeforeR13GetInternalHandles) {
             EXPECT_TRUE(stub->hasInternalHandle);
             EXPECT_EQ(document->find(stub->handle), stub);
         }
+    }
+}
+
+TEST(Structure, HandlesAreFoundBetweenGaps) {
+    std::string sections = "0 SECTION|2 ENTITIES";
+    std::vector<bool> used(700);
+    // Runs and gaps of many lengths, from a first handle above 1.
+    for (std::size_t handle = 5, step = 1; handle < used.size(); handle += step % 7 == 0 ? step : 1, ++step) {
+        used[handle] = true;
+        sections += "|0 LINE|5 " + formatHandle(handle) + "|8 0";
+    }
+    const auto document = opened(drawing("AC1009", sections + "|0 ENDSEC"));
+    for (std::size_t handle = 0; handle < used.size(); ++handle) {
+        const AcDbStub* const found = document->find(handle);
+        ASSERT_EQ(found != nullptr && document->typeName(*found) == "LINE", used[handle]) << handle;
+        EXPECT_TRUE(found == nullptr || found->handle == handle);
     }
 }
 

@@ -48,12 +48,24 @@ TEST(AsciiReader, ValuesOfEveryLength) {
     }
 }
 
+TEST(AsciiReader, GroupCodesOfEveryWidth) {
+    const std::pair<std::string, int> codes[] = {
+        {"1", 1},    {" 1", 1},    {"  1", 1},    {"   1", 1},    {" 10", 10},     {"010", 10},
+        {"10 ", 10}, {"100", 100}, {" 100", 100}, {"1071", 1071}, {" 1071", 1071}, {"12345", 12345}};
+    for (const auto& [text, code] : codes)
+        for (const char* end : {"\n", "\r\n"}) {
+            const std::string file = text + end + "x" + end;
+            EXPECT_EQ(readAll(AsciiReader(file + file)), (Records{{code, "x"}, {code, "x"}})) << text;
+        }
+}
+
 TEST(AsciiReader, Faults) {
     const std::tuple<std::string_view, std::size_t, std::size_t, std::uint64_t, bool> cases[] = {
-        {"0\na\nx\nb\n", 1, 4, 3, false}, {"0\na\n1x\nb\n", 1, 4, 3, false},
-        {"0\na\n\nb\n", 1, 4, 3, false},  {"0\na\n123456\nb", 1, 4, 3, false},
-        {"0\na\n5\n", 1, 4, 3, true},     {"0\na\n5", 1, 4, 3, true},
-        {"0\na\n-", 1, 4, 3, true},       {"1 2\na\n", 0, 0, 1, false},
+        {"0\na\nx\nb\n", 1, 4, 3, false},    {"0\na\n1x\nb\n", 1, 4, 3, false},
+        {"0\na\n\nb\n", 1, 4, 3, false},     {"0\na\n123456\nb", 1, 4, 3, false},
+        {"0\na\n5\n", 1, 4, 3, true},        {"0\na\n5", 1, 4, 3, true},
+        {"0\na\n-", 1, 4, 3, true},          {"1 2\na\n", 0, 0, 1, false},
+        {"0\na\n 1 2\nb\n", 1, 4, 3, false}, {"0\na\n   \nbbb\n", 1, 4, 3, false},
     };
     for (const auto& [file, good, offset, line, incomplete] : cases) {
         RecordError error;
