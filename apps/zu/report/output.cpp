@@ -73,25 +73,42 @@ TextTable::TextTable(const std::vector<std::string>& headings) : columns_(headin
         addCell(translated(heading));
 }
 
+std::size_t TextTable::Column::find(std::string_view text) const {
+    const bool isVaried = known.size() == kMostKnown && repeats < kMostKnown;
+    return isVaried ? kMostKnown
+                    : static_cast<std::size_t>(std::find(known.begin(), known.end(), text) - known.begin());
+}
+
 void TextTable::addCell(std::string_view text) {
     if (next_ == 0 && (parts_.empty() || parts_.back().size() >= kPart))
         parts_.emplace_back().reserve(kPart + kPart / 16);
     Column& column = columns_[next_];
     std::string& part = parts_.back();
-    if (isPlain(text)) {
-        part += text;
-        column.width = std::max(column.width, text.size());
+    if (const std::size_t place = column.find(text); place < column.known.size()) {
+        part += static_cast<char>(kFirstKnown + static_cast<char>(place));
+        ++column.repeats;
     } else {
-        const std::string shown = withoutControls(std::string(text));
-        part += shown;
-        column.width = std::max(column.width, displayWidth(shown));
-        column.isPlain = false;
+        addNewText(column, part, text);
     }
-    part += kCellEnd;
     if (++next_ < columns_.size())
         return;
     next_ = 0;
     ++lines_;
+}
+
+void TextTable::addNewText(Column& column, std::string& part, std::string_view text) {
+    const std::size_t start = part.size();
+    part += text;
+    if (isPlain(text)) {
+        column.width = std::max(column.width, text.size());
+    } else {
+        std::replace_if(part.begin() + static_cast<std::ptrdiff_t>(start), part.end(), isControl, '?');
+        column.width = std::max(column.width, displayWidth(std::string_view(part).substr(start)));
+        column.isPlain = false;
+    }
+    if (column.known.size() < kMostKnown)
+        column.known.push_back(part.substr(start));
+    part += kCellEnd;
 }
 
 void TextTable::addRow(const std::vector<std::string>& cells) {
@@ -113,8 +130,10 @@ void TextTable::print() const {
 /// Removes the cells of the line from `rest`.
 void TextTable::appendLine(std::string& lines, std::string_view& rest) const {
     for (const Column& column : columns_) {
-        const std::string_view text = rest.substr(0, rest.find(kCellEnd));
-        rest.remove_prefix(text.size() + 1);
+        const auto place = static_cast<std::size_t>(static_cast<unsigned char>(rest.front() - kFirstKnown));
+        const bool isKnown = place < column.known.size();
+        const std::string_view text = isKnown ? column.known[place] : rest.substr(0, rest.find(kCellEnd));
+        rest.remove_prefix(isKnown ? 1 : text.size() + 1);
         lines += text;
         if (&column != &columns_.back())
             lines.append(column.width - (column.isPlain ? text.size() : displayWidth(text)) + kGap, ' ');

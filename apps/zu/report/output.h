@@ -33,12 +33,21 @@ public:
 
 private:
     struct Column {
+        /// Returns the place of the text among the known ones; one beyond them for any other text.
+        [[nodiscard]] std::size_t find(std::string_view text) const;
+
         std::size_t width = 0;
-        bool isPlain = true; ///< The width of each text is its size.
+        std::vector<std::string> known; ///< Its first texts; cells that repeat them are one character.
+        std::size_t repeats = 0;        ///< Number of these cells.
+        bool isPlain = true;            ///< The width of each text is its size.
     };
-    static constexpr char kCellEnd = '\n'; ///< Cells have no control characters.
+    // Cells have no control characters.
+    static constexpr char kCellEnd = '\n';
+    static constexpr char kFirstKnown = '\x10'; ///< For the first of the known texts.
+    static constexpr std::size_t kMostKnown = 16;
     static constexpr std::size_t kPart = 1U << 16U;
 
+    static void addNewText(Column& column, std::string& part, std::string_view text);
     void appendLine(std::string& lines, std::string_view& rest) const;
 
     std::vector<Column> columns_;
