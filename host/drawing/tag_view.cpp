@@ -245,15 +245,14 @@ std::size_t TagView::subclassStart(std::string_view marker) const {
     bool anyMarker = false;
     TagRef tag;
     std::size_t place = firstMarker();
-    for (std::size_t next = place; place < last_; place = next) {
-        next = read(place, tag);
+    while (place < last_) {
+        const std::size_t next = read(place, tag);
         if (tag.code >= kFirstExtended || (endsWithSubclass_ && TagList::endsSubclass(tag.code)))
             break;
-        if (tag.code != kSubclassMarker)
-            continue;
-        anyMarker = true;
-        if (tag.text == marker)
+        if (tag.code == kSubclassMarker && tag.text == marker)
             return next;
+        anyMarker = anyMarker || tag.code == kSubclassMarker;
+        place = next;
     }
     if (anyMarker || place == first_)
         return place;
