@@ -18,22 +18,27 @@ namespace {
 namespace fs = std::filesystem;
 namespace platform = zuhost::platform;
 
-std::list<HINSTANCE__>& modules() {
+using zuhost::Module;
+
+std::list<Module>& modules() {
     // Never destroyed: modules may be unloaded, and removed from the list, after the host's static
     // destructors.
-    static auto* const list = new std::list<HINSTANCE__>;
+    static auto* const list = new std::list<Module>;
     return *list;
 }
 
-HINSTANCE findByPath(const std::string& path) {
-    for (HINSTANCE__& module : modules())
-        if (module.path == path)
-            return &module;
-    return nullptr;
+template <typename Predicate>
+Module* find(Predicate predicate) {
+    const auto found = std::find_if(modules().begin(), modules().end(), predicate);
+    return found != modules().end() ? &*found : nullptr;
 }
 
-void removeModule(HINSTANCE module) {
-    modules().remove_if([module](const HINSTANCE__& m) { return &m == module; });
+Module* findByPath(const std::string& path) {
+    return find([&](const Module& module) { return module.path == path; });
+}
+
+void removeModule(HINSTANCE handle) {
+    modules().remove_if([handle](const Module& module) { return module.handle == handle; });
 }
 
 std::string canonical(const std::string& path) {
@@ -54,8 +59,10 @@ std::string hostName(const std::string& file) {
     return stem + ".dll";
 }
 
-HINSTANCE add(const std::string& path) {
-    HINSTANCE__& module = modules().emplace_back();
+/// Records a module with the system's handle; null where the system has none for it.
+Module* add(const std::string& path, void* systemHandle) {
+    Module& module = modules().emplace_back();
+    module.handle = static_cast<HINSTANCE>(systemHandle != nullptr ? systemHandle : &module);
     module.path = path;
     module.name = hostName(nameOf(platform::pathOf(path)));
     return &module;
@@ -78,37 +85,37 @@ std::string moduleFile(const std::wstring& path) {
     return {};
 }
 
-HINSTANCE loadTexts(const std::string& path) {
+Module* loadTexts(const std::string& path) {
     const auto bytes = zuhost::readWholeFile(path);
     if (std::holds_alternative<int>(bytes))
         return nullptr;
-    const HINSTANCE module = add(path);
+    Module* const module = add(path, nullptr);
     module->strings = zuhost::StringTable::parse(std::get<std::string>(bytes));
     return module;
 }
 
-HINSTANCE loadLibrary(const std::string& path) {
+Module* loadLibrary(const std::string& path) {
     void* library = platform::openLibrary(path);
     if (library == nullptr)
         return nullptr;
-    HINSTANCE module = findByPath(path);
+    Module* module = findByPath(path);
     if (module == nullptr)
-        module = add(path);
+        module = add(path, platform::handleOfLibrary(library));
     module->library = library;
     return module;
 }
 
-HINSTANCE load(const std::string& path) {
-    if (const HINSTANCE known = findByPath(path);
+Module* load(const std::string& path) {
+    if (Module* const known = findByPath(path);
         known != nullptr && known->library == nullptr && !known->declared)
         return known;
     return path.ends_with(".strings") ? loadTexts(path) : loadLibrary(path);
 }
 
-HINSTANCE program() {
-    static const HINSTANCE module = [] {
+Module* program() {
+    static Module* const module = [] {
         const std::string path = canonical(platform::programFile());
-        const HINSTANCE added = add(path);
+        Module* const added = add(path, platform::handleOfAddress(nullptr));
         added->name = nameOf(platform::pathOf(path)) + (path.ends_with(".exe") ? "" : ".exe");
         return added;
     }();
@@ -119,10 +126,14 @@ HINSTANCE program() {
 
 namespace zuhost {
 
+Module* moduleOf(HINSTANCE handle) {
+    return find([handle](const Module& module) { return module.handle == handle; });
+}
+
 AFX_MODULE_STATE* moduleStateAt(const void* address) {
-    const HINSTANCE found = findByPath(canonical(platform::fileOfAddress(address)));
-    const HINSTANCE module = found != nullptr ? found : program();
-    module->state = {module, module};
+    Module* const found = findByPath(canonical(platform::fileOfAddress(address)));
+    Module* const module = found != nullptr ? found : program();
+    module->state = {module->handle, module->handle};
     return &module->state;
 }
 
@@ -130,21 +141,24 @@ ModuleRegistration::ModuleRegistration(const ModuleDeclaration& declaration) {
     const std::string path = canonical(platform::fileOfAddress(declaration.anchor));
     // Module objects that are linked into the program form a module with its own name in the program's file.
     const bool inProgram = path == canonical(platform::programFile());
-    const HINSTANCE known = inProgram ? nullptr : findByPath(path);
-    instance_ = known != nullptr ? known : add(path);
-    instance_->declared = true;
-    instance_->entry = declaration.entry;
+    Module* module = inProgram ? nullptr : findByPath(path);
+    if (module == nullptr)
+        module = add(path, inProgram ? nullptr : platform::handleOfAddress(declaration.anchor));
+    instance_ = module->handle;
+    module->declared = true;
+    module->entry = declaration.entry;
     if (inProgram && declaration.name != nullptr)
-        instance_->name = std::string(declaration.name) + ".dll";
+        module->name = std::string(declaration.name) + ".dll";
     if (declaration.strings != nullptr)
-        instance_->strings = StringTable::parse(declaration.strings);
-    if (instance_->entry != nullptr)
-        instance_->entry(instance_, DLL_PROCESS_ATTACH, nullptr);
+        module->strings = StringTable::parse(declaration.strings);
+    if (module->entry != nullptr)
+        module->entry(instance_, DLL_PROCESS_ATTACH, nullptr);
 }
 
 ModuleRegistration::~ModuleRegistration() {
-    if (instance_->entry != nullptr)
-        instance_->entry(instance_, DLL_PROCESS_DETACH, nullptr);
+    const Module* const module = moduleOf(instance_);
+    if (module != nullptr && module->entry != nullptr)
+        module->entry(instance_, DLL_PROCESS_DETACH, nullptr);
     removeModule(instance_);
 }
 
@@ -152,58 +166,64 @@ ModuleRegistration::~ModuleRegistration() {
 
 HMODULE LoadLibraryW(const wchar_t* path) {
     const std::string file = moduleFile(path != nullptr ? path : L"");
-    const HINSTANCE module = file.empty() ? nullptr : load(file);
+    Module* const module = file.empty() ? nullptr : load(file);
     if (module == nullptr) {
         SetLastError(ERROR_MOD_NOT_FOUND);
         return nullptr;
     }
     ++module->loads;
-    return module;
+    return module->handle;
 }
 
 BOOL FreeLibrary(HMODULE module) {
-    const auto known = std::find_if(modules().begin(), modules().end(),
-                                    [module](const HINSTANCE__& m) { return &m == module && m.loads > 0; });
-    if (known == modules().end()) {
+    Module* const known = zuhost::moduleOf(module);
+    if (known == nullptr || known->loads == 0) {
         SetLastError(ERROR_INVALID_HANDLE);
         return FALSE;
     }
     --known->loads;
-    void* const library = known->library;
-    if (library == nullptr && known->loads == 0)
+    // The library's last use destroys its ModuleRegistration, which removes the module from the list.
+    const bool remove = known->loads == 0 && !known->declared;
+    if (known->library != nullptr)
+        platform::closeLibrary(known->library);
+    if (remove)
         removeModule(module);
-    else if (library != nullptr)
-        // The last one destroys the ModuleRegistration, which removes the module from the list.
-        zuhost::platform::closeLibrary(library);
     return TRUE;
 }
 
-void* GetProcAddress(HMODULE module, const char* name) {
-    void* const library = module != nullptr ? module->library : nullptr;
-    return library != nullptr ? zuhost::platform::findSymbol(library, name) : nullptr;
+// The address of a function on one system, of an object on another.
+auto GetProcAddress(HMODULE module, const char* name) -> decltype(GetProcAddress(module, name)) {
+    const Module* const known = zuhost::moduleOf(module);
+    void* const library = known != nullptr ? known->library : nullptr;
+    void* const found = library != nullptr ? platform::findSymbol(library, name) : nullptr;
+    return reinterpret_cast<decltype(GetProcAddress(module, name))>(found);
 }
 
 HMODULE GetModuleHandleW(const wchar_t* name) {
     if (name == nullptr)
-        return program();
+        return program()->handle;
     const std::string path = moduleFile(name);
     const std::wstring file = std::wstring(name).substr(std::wstring_view(name).find_last_of(L"\\/") + 1);
     const std::wstring full = file.find(L'.') == std::wstring::npos ? file + L".dll" : file;
-    for (HINSTANCE__& module : modules())
-        if ((!path.empty() && module.path == path) ||
-            (file == name && _wcsicmp(zuhost::fromUtf8(module.name).c_str(), full.c_str()) == 0))
-            return &module;
-    SetLastError(ERROR_MOD_NOT_FOUND);
-    return nullptr;
+    const Module* const known = find([&](const Module& module) {
+        return (!path.empty() && module.path == path) ||
+               (file == name && _wcsicmp(zuhost::fromUtf8(module.name).c_str(), full.c_str()) == 0);
+    });
+    if (known == nullptr)
+        SetLastError(ERROR_MOD_NOT_FOUND);
+    return known != nullptr ? known->handle : nullptr;
 }
 
 DWORD GetModuleFileNameW(HMODULE module, wchar_t* buffer, DWORD size) {
     if (size == 0)
         return 0;
-    if (module == nullptr)
-        module = program();
+    const Module* const known = module != nullptr ? zuhost::moduleOf(module) : program();
+    if (known == nullptr) {
+        SetLastError(ERROR_MOD_NOT_FOUND);
+        return 0;
+    }
     const std::wstring path = zuhost::hostPath(
-        platform::textOf(platform::pathOf(module->path).parent_path() / platform::pathOf(module->name)));
+        platform::textOf(platform::pathOf(known->path).parent_path() / platform::pathOf(known->name)));
     const std::size_t count = std::min<std::size_t>(path.size(), size - 1);
     std::copy_n(path.begin(), count, buffer);
     buffer[count] = L'\0';
@@ -214,7 +234,8 @@ int LoadStringW(HINSTANCE instance, UINT id, wchar_t* buffer, int size) {
     if (size <= 0)
         return 0;
     buffer[0] = L'\0';
-    const std::wstring* text = (instance != nullptr ? instance : program())->strings.find(id);
+    const Module* const module = instance != nullptr ? zuhost::moduleOf(instance) : program();
+    const std::wstring* const text = module != nullptr ? module->strings.find(id) : nullptr;
     if (text == nullptr)
         return 0;
     const std::size_t count = std::min(text->size(), static_cast<std::size_t>(size) - 1);

@@ -20,7 +20,8 @@ ResourceState& state() {
 
 /// Returns null when the text is missing or empty.
 const std::wstring* textOf(HINSTANCE instance, UINT id) {
-    const std::wstring* const text = instance != nullptr ? instance->strings.find(id) : nullptr;
+    const zuhost::Module* const module = zuhost::moduleOf(instance);
+    const std::wstring* const text = module != nullptr ? module->strings.find(id) : nullptr;
     return text != nullptr && !text->empty() ? text : nullptr;
 }
 

@@ -32,6 +32,14 @@ std::string fileOfAddress(const void* address) {
     return dladdr(address, &info) != 0 && info.dli_fname != nullptr ? info.dli_fname : std::string();
 }
 
+void* handleOfLibrary(void* /*library*/) {
+    return nullptr;
+}
+
+void* handleOfAddress(const void* /*address*/) {
+    return nullptr;
+}
+
 std::string programFile() {
     std::error_code unknown;
     return std::filesystem::read_symlink("/proc/self/exe", unknown).string();

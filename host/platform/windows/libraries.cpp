@@ -42,12 +42,22 @@ std::string moduleStem(const std::string& file) {
 }
 
 std::string fileOfAddress(const void* address) {
+    const auto module = static_cast<HMODULE>(handleOfAddress(address));
+    return module != nullptr ? fileOfModule(module) : std::string();
+}
+
+void* handleOfLibrary(void* library) {
+    return library;
+}
+
+void* handleOfAddress(const void* address) {
+    if (address == nullptr)
+        return GetModuleHandleW(nullptr);
     constexpr DWORD kByAddress =
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
     HMODULE module = nullptr;
-    return GetModuleHandleExW(kByAddress, static_cast<const wchar_t*>(address), &module) != FALSE
-               ? fileOfModule(module)
-               : std::string();
+    return GetModuleHandleExW(kByAddress, static_cast<const wchar_t*>(address), &module) != FALSE ? module
+                                                                                                  : nullptr;
 }
 
 std::string programFile() {

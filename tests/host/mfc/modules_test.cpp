@@ -36,9 +36,12 @@ TEST(Modules, AttachOnceAndDetachWithTheLastHandle) {
     ASSERT_NE(module, nullptr);
     EXPECT_EQ(sample.load(), module);
     EXPECT_STREQ(std::getenv("ZU_SAMPLE_MODULE"), "a text too long for the small buffer of a string");
-    auto* const answer = reinterpret_cast<int (*)()>(GetProcAddress(module, "sampleAnswer"));
+    auto* const answer =
+        reinterpret_cast<int (*)()>(reinterpret_cast<void*>(GetProcAddress(module, "sampleAnswer")));
     ASSERT_NE(answer, nullptr);
     EXPECT_EQ(answer(), 42);
+    const void* const systems = zuhost::platform::handleOfAddress(reinterpret_cast<const void*>(answer));
+    EXPECT_TRUE(systems == nullptr || systems == module) << "the system's handle, where it has one";
     EXPECT_EQ(GetProcAddress(module, "DllMain"), nullptr) << "each module has its own";
     EXPECT_TRUE(FreeLibrary(module));
     EXPECT_NE(std::getenv("ZU_SAMPLE_MODULE"), nullptr);

@@ -164,6 +164,12 @@ TEST(PlatformNames, OfModules) {
     EXPECT_EQ(moduleStem("ZuComn.dll"), "ZuComn");
     EXPECT_TRUE(programFile().ends_with("/test_platform.exe")) << programFile();
     EXPECT_EQ(fileOfAddress(reinterpret_cast<const void*>(&temporaryFolder)), programFile());
+    EXPECT_EQ(handleOfAddress(nullptr), GetModuleHandleW(nullptr));
+    EXPECT_EQ(handleOfAddress(reinterpret_cast<const void*>(&temporaryFolder)), GetModuleHandleW(nullptr));
+    void* const library = openLibrary("C:/windows/system32/version.dll");
+    ASSERT_NE(library, nullptr);
+    EXPECT_EQ(handleOfLibrary(library), GetModuleHandleW(L"version.dll"));
+    closeLibrary(library);
     EXPECT_EQ(openLibrary("C:/missing.dll"), nullptr);
 }
 

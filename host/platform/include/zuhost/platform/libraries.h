@@ -19,6 +19,10 @@ std::vector<std::string> libraryNames(const std::string& stem);
 std::string moduleStem(const std::string& file);
 /// Returns the file that the code or constant was loaded from; empty if unknown.
 std::string fileOfAddress(const void* address);
+/// Returns the handle by which the system's own functions know the library from openLibrary, and the library
+/// or program that holds the address, the running program for null; null on systems without such handles.
+void* handleOfLibrary(void* library);
+void* handleOfAddress(const void* address);
 /// Returns the file of the running program; empty if unknown.
 std::string programFile();
 
