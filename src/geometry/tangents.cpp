@@ -25,7 +25,7 @@ struct Touch {
 /// The tangent points on either side of the corner, for each of two distances from it.
 using Touches = std::array<Touch, 4>;
 
-Touches touchesOn(const Point& corner, double angle, double near, double far) {
+Touches touchesOn(const Point& corner, double angle, double inAngle, double inSupplement) {
     const Point forward = unitAt(toRadians(angle));
     const Point backward = unitAt(toRadians(angle + 180.0));
     const Point across = unitAt(toRadians(angle + 90.0));
@@ -36,7 +36,8 @@ Touches touchesOn(const Point& corner, double angle, double near, double far) {
             return {p, std::nullopt};
         return {p, ImplicitLine(*normal)};
     };
-    return {at(forward, near), at(backward, near), at(forward, far), at(backward, far)};
+    return {at(forward, inAngle), at(backward, inAngle), at(forward, inSupplement),
+            at(backward, inSupplement)};
 }
 
 /// Stores in `out` up to four circles whose centre, the intersection of two normals, is about `r` from the
@@ -104,9 +105,10 @@ int Esg_tangentArc_l2l(const Line* a, const Line* b, double r, Circle* out) {
     if (delta <= 0.0 || 180.0 - delta <= 0.0)
         return 6;
 
-    const double near = r / std::tan(toRadians(delta / 2.0));
-    const double far = r / std::tan(toRadians((180.0 - delta) / 2.0));
-    return findCircles(touchesOn(*corner, *alpha, near, far), touchesOn(*corner, *beta, near, far), r, out);
+    const double inAngle = r / std::tan(toRadians(delta / 2.0));
+    const double inSupplement = r / std::tan(toRadians((180.0 - delta) / 2.0));
+    return findCircles(touchesOn(*corner, *alpha, inAngle, inSupplement),
+                       touchesOn(*corner, *beta, inAngle, inSupplement), r, out);
 }
 
 int Esg_tangentLine_c2c(const Circle* a, const Circle* b, Line* out, int* n) {

@@ -96,17 +96,17 @@ void search(std::span<const ConnectionPoint> points, double tolerance, std::size
 /// `joined`.
 void findJoined(std::span<const ConnectionPoint> points, double tolerance, double low, double high,
                 std::vector<char>& joined) {
-    std::vector<ConnectionPoint> near;
+    std::vector<ConnectionPoint> nearby;
     std::vector<std::size_t> places;
-    near.reserve(points.size());
+    nearby.reserve(points.size());
     places.reserve(points.size());
     for (std::size_t i = 0; i < points.size(); ++i)
         if (const double x = points[i].position.x; x >= low - tolerance && x <= high + tolerance) {
-            near.push_back(points[i]);
+            nearby.push_back(points[i]);
             places.push_back(i);
         }
-    search(near, tolerance, 1, [&](std::size_t point, const PointsOfElements&, const std::vector<int>&) {
-        if (const double x = near[point].position.x; x >= low && x <= high)
+    search(nearby, tolerance, 1, [&](std::size_t point, const PointsOfElements&, const std::vector<int>&) {
+        if (const double x = nearby[point].position.x; x >= low && x <= high)
             joined[places[point]] = 1;
     });
 }

@@ -127,15 +127,16 @@ TEST_F(Properties, FilletsTouchBothLinesInThePickedCornerWhateverTheOrderOfLines
         if (offAxis < 10 || offAxis > 80 || footAtCorner)
             continue;
         const Point corner = point();
-        const auto at = [&](double degrees, double far) -> Point {
+        const auto at = [&](double degrees, double distance) -> Point {
             const double t = degrees * std::numbers::pi / 180;
-            return {corner.x + far * std::cos(t), corner.y + far * std::sin(t)};
+            return {corner.x + distance * std::cos(t), corner.y + distance * std::sin(t)};
         };
         const double r = number(50, 100);
         const Point pick = at(first + toPick, 300);
         const double angles[] = {i % 2 != 0 ? second : first, i % 2 != 0 ? first : second};
-        const auto lineAt = [&](double degrees, double far) -> Line {
-            return {at(degrees, -far).x, at(degrees, -far).y, at(degrees, far).x, at(degrees, far).y};
+        const auto lineAt = [&](double degrees, double distance) -> Line {
+            return {at(degrees, -distance).x, at(degrees, -distance).y, at(degrees, distance).x,
+                    at(degrees, distance).y};
         };
         const Line a = lineAt(angles[0], i % 4 >= 2 ? 900 : -900);
         const Line b = lineAt(angles[1], i % 8 >= 4 ? 900 : -900);

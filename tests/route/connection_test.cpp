@@ -239,10 +239,10 @@ TEST_F(Joined, VariantsDifferInCandidatesAndPoints) {
 }
 
 TEST_F(Joined, TheExtendedFormReachesFarAtLargeScales) {
-    const AcDbObjectId far = drawing.element(line, {22, 0, 0});
+    const AcDbObjectId remote = drawing.element(line, {22, 0, 0});
     const AcDbObjectId beyond = drawing.element(line, {22.001, 0, 0});
-    const AcDbObjectIdArray all = TestDrawing::ids({a, b, c, beyond, far});
-    AcDbObjectIdArray found = TestDrawing::ids({far});
+    const AcDbObjectIdArray all = TestDrawing::ids({a, b, c, beyond, remote});
+    AcDbObjectIdArray found = TestDrawing::ids({remote});
     int count = -1;
     const int full = 1;
     EXPECT_EQ(RootComn_GetConnectBlock4EX(0, all, c, found, &count, &full), -1) << "one connection point";
@@ -251,10 +251,10 @@ TEST_F(Joined, TheExtendedFormReachesFarAtLargeScales) {
     EXPECT_EQ(found, TestDrawing::ids({a, c}));
     ZuComn_SetScale(50.0);
     EXPECT_EQ(RootComn_GetConnectBlock4EX(0, all, b, found, &count, &full), 0);
-    EXPECT_EQ(found, TestDrawing::ids({a, c, far}));
+    EXPECT_EQ(found, TestDrawing::ids({a, c, remote}));
     EXPECT_EQ(count, 3);
     EXPECT_EQ(RootComn_GetConnectBlock4EX(1, all, b, found, &count, &full), 0);
-    EXPECT_EQ(found, TestDrawing::ids({a, far})) << "the element's own code";
+    EXPECT_EQ(found, TestDrawing::ids({a, remote})) << "the element's own code";
     EXPECT_EQ(RootComn_GetConnectBlock4EX(2, all, b, found, &count, nullptr), 0);
     EXPECT_EQ(found, TestDrawing::ids({c}));
 }

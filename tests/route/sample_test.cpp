@@ -74,18 +74,18 @@ TEST_P(Sample, ConnectionPointsLieWhereExpected) {
         ASSERT_EQ(static_cast<std::size_t>(points.length()), e["connect"].size());
         for (int i = 0; i < points.length(); ++i)
             expectPoint(points[i], e["connect"][static_cast<std::size_t>(i)]);
-        const Json& near = e["near"];
-        if (near.is_null())
+        const Json& nearby = e["near"];
+        if (nearby.is_null())
             continue;
-        const AcGePoint3d asked(near["point"][0].get<double>(), near["point"][1].get<double>(), 0.0);
+        const AcGePoint3d asked(nearby["point"][0].get<double>(), nearby["point"][1].get<double>(), 0.0);
         int count = -1;
-        EXPECT_EQ(RootComn_GetConnectPointNo(id, asked, count), near["no"].get<int>());
-        EXPECT_EQ(count, near["count"].get<int>());
+        EXPECT_EQ(RootComn_GetConnectPointNo(id, asked, count), nearby["no"].get<int>());
+        EXPECT_EQ(count, nearby["count"].get<int>());
         AcGePoint3d nearest;
         double distance = -1.0;
         EXPECT_EQ(RootComn_GetNearConnectPoint(id, asked, nearest, &distance), 0);
-        expectPoint(nearest, near["nearest"]);
-        EXPECT_NEAR(distance, near["distance"].get<double>(), 1e-6);
+        expectPoint(nearest, nearby["nearest"]);
+        EXPECT_NEAR(distance, nearby["distance"].get<double>(), 1e-6);
     }
 }
 

@@ -16,9 +16,9 @@ namespace {
 constexpr std::string_view kMarker = "AcDbEllipse";
 constexpr double kLeastRatio = 1e-6;
 
-/// Returns the angle in the same turn as `near`.
-double sameTurn(double angle, double near) {
-    return angle + kTurn * std::round((near - angle) / kTurn);
+/// Returns the angle in the same turn as `reference`.
+double sameTurn(double angle, double reference) {
+    return angle + kTurn * std::round((reference - angle) / kTurn);
 }
 
 /// Returns the angle from start to end, more than 0 and at most a turn, whatever turns they are in.

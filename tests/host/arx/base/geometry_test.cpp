@@ -74,10 +74,10 @@ TEST(Geometry, LinesMeetWithinTheirEnds) {
         EXPECT_LT(point.distanceTo(meets ? AcGePoint3d(start.x, 0, 0) : AcGePoint3d(-1, -1, -1)), 1e-12);
     }
     // Far from the origin coordinates are rounded to more than the tolerance.
-    const AcGeLineSeg2d far({3.1e7, 1.7e7}, AcGePoint2d(3.1e7 + 333.3, 1.7e7 + 77.7));
+    const AcGeLineSeg2d remote({3.1e7, 1.7e7}, AcGePoint2d(3.1e7 + 333.3, 1.7e7 + 77.7));
     const AcGeLineSeg2d across({3.1e7 + 100.1, 1.7e7 - 50}, AcGePoint2d(3.1e7 + 90.3, 1.7e7 + 100));
     AcGePoint2d met;
-    EXPECT_TRUE(far.intersectWith(across, met));
+    EXPECT_TRUE(remote.intersectWith(across, met));
     EXPECT_EQ(segment.closestPointTo({12, 3, 4}), AcGePoint3d(10, 0, 0));
     EXPECT_EQ(AcGeLine3d(segment.startPoint(), segment.endPoint()).closestPointTo({12, 3, 4}),
               AcGePoint3d(12, 0, 0));
