@@ -4,7 +4,8 @@
 # Forwards each header of the interface. Its own includes of zuhost/ headers, in quotes, are found beside the header.
 set(interface ${CMAKE_BINARY_DIR}/interface)
 file(GLOB headers CONFIGURE_DEPENDS host/*/include/*.h host/*/*/include/*.h)
-list(FILTER headers EXCLUDE REGEX "/without_windows/") # takes the place of the windows' header where they are left out
+# These take the place of others, where windows are left out and where the platform's own headers are used.
+list(FILTER headers EXCLUDE REGEX "/(without_windows|on_windows)/")
 foreach(header ${headers})
   cmake_path(GET header FILENAME name)
   file(CONFIGURE OUTPUT ${interface}/${name} CONTENT "#include \"${header}\"\n" @ONLY)

@@ -1,4 +1,4 @@
-#include "windows.h"
+#include <windows.h>
 
 #include "zuhost/atomic_file.h"
 #include "zuhost/paths.h"

@@ -1,6 +1,6 @@
 #include "afx.h"
 
-#include "shlwapi.h"
+#include <shlwapi.h>
 
 CFileFind::~CFileFind() {
     Close();
@@ -32,12 +32,12 @@ BOOL CFileFind::FindNextFile() {
     if (!hasNext_)
         return FALSE;
     current_ = next_;
-    hasNext_ = FindNextFileW(search_, &next_) != FALSE;
+    hasNext_ = ::FindNextFileW(search_, &next_) != FALSE;
     return hasNext_ ? TRUE : FALSE;
 }
 
 const WIN32_FIND_DATAW& CFileFind::current() const {
-    static const WIN32_FIND_DATAW none;
+    static const WIN32_FIND_DATAW none{};
     return hasCurrent_ ? current_ : none;
 }
 

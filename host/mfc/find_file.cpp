@@ -1,4 +1,4 @@
-#include "windows.h"
+#include <windows.h>
 
 #include "zuhost/character.h"
 #include "zuhost/file_times.h"
@@ -79,7 +79,7 @@ std::vector<std::wstring> namesIn(const std::string& folder, std::wstring_view m
 }
 
 WIN32_FIND_DATAW dataOf(const Search& search, const std::wstring& name) {
-    WIN32_FIND_DATAW data;
+    WIN32_FIND_DATAW data{};
     const std::wstring path = search.folder + name;
     const fs::path file = zuhost::platform::pathOf(zuhost::systemPath(path));
     std::error_code error;

@@ -1,4 +1,4 @@
-#include "windows.h"
+#include <windows.h>
 
 #include "zuhost/atomic_file.h"
 #include "zuhost/paths.h"
@@ -115,6 +115,11 @@ UINT GetPrivateProfileIntW(const wchar_t* section, const wchar_t* key, int fallb
         value = value * (hexadecimal ? 16U : 10U) + digit;
     }
     return negative ? 0U - value : value;
+}
+
+// Where the platform's header is used; the host's own header has the function inline.
+DWORD GetPrivateProfileSectionNamesW(wchar_t* buffer, DWORD size, const wchar_t* file) {
+    return GetPrivateProfileStringW(nullptr, nullptr, nullptr, buffer, size, file);
 }
 
 BOOL WritePrivateProfileStringW(const wchar_t* section, const wchar_t* key, const wchar_t* value,

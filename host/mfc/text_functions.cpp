@@ -179,7 +179,7 @@ void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* 
     const auto copyTo = [](std::wstring_view piece, wchar_t* buffer) {
         if (buffer == nullptr)
             return;
-        const std::size_t count = std::min(piece.size(), MAX_PATH - 1);
+        const std::size_t count = std::min<std::size_t>(piece.size(), MAX_PATH - 1);
         std::copy_n(piece.begin(), count, buffer);
         buffer[count] = L'\0';
     };

@@ -1,4 +1,4 @@
-#include "windows.h"
+#include <windows.h>
 
 #include "zuhost/text_codec.h"
 

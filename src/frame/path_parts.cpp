@@ -45,7 +45,7 @@ PathParts splitPath(std::wstring_view path, int level) {
 void copyTo(std::wstring_view text, wchar_t* buffer) {
     if (buffer == nullptr)
         return;
-    const std::size_t count = std::min(text.size(), MAX_PATH - 1);
+    const std::size_t count = std::min<std::size_t>(text.size(), MAX_PATH - 1);
     std::copy_n(text.begin(), count, buffer);
     buffer[count] = L'\0';
 }

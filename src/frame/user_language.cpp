@@ -36,7 +36,8 @@ bool isHongKongEdition() {
     if (library == nullptr)
         return false;
     using Release = BOOL (*)(HWND, void*);
-    const auto release = reinterpret_cast<Release>(GetProcAddress(library, "ImmReleaseContext"));
+    const auto release =
+        reinterpret_cast<Release>(reinterpret_cast<void*>(GetProcAddress(library, "ImmReleaseContext")));
     const bool edition = release != nullptr && release(nullptr, nullptr) != FALSE;
     FreeLibrary(library);
     return edition;

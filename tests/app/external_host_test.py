@@ -22,7 +22,7 @@ def make_kit(folder):
     """Headers that lead to those of the interface, of which none lies below zuhost/, and a library of stubs."""
     for pattern in ("*/include/*.h", "*/*/include/*.h"):
         for header in glob.glob(os.path.join(SOURCE, "host", pattern)):
-            if "/without_windows/" not in header:
+            if "/without_windows/" not in header and "/on_windows/" not in header:
                 write(os.path.join(folder, "include", os.path.basename(header)), '#include "%s"\n' % header)
     rules = "zuhost/platform/system_rules.h"
     write(os.path.join(folder, "include", rules), '#include "%s/host/platform/posix/include/%s"\n' % (SOURCE, rules))

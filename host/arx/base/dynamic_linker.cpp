@@ -77,7 +77,8 @@ HMODULE loadLibrary(const std::wstring& path) {
 }
 
 bool start(Application& application) {
-    application.entry = reinterpret_cast<EntryPoint>(GetProcAddress(application.module, "acrxEntryPoint"));
+    application.entry = reinterpret_cast<EntryPoint>(
+        reinterpret_cast<void*>(GetProcAddress(application.module, "acrxEntryPoint")));
     return application.entry != nullptr &&
            application.entry(AcRx::kInitAppMsg, &application) != AcRx::kRetError;
 }

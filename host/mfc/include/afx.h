@@ -4,7 +4,7 @@
 #include "atlconv.h"
 #include "atltime.h"
 #include "tchar.h"
-#include "windows.h"
+#include <windows.h>
 
 #include <memory>
 

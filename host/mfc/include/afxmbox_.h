@@ -1,6 +1,6 @@
 #pragma once
 
-#include "windows.h"
+#include <windows.h>
 
 // Included by afxwin.h.
 

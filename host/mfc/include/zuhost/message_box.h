@@ -1,7 +1,7 @@
 #pragma once
 
 #include "../afxmbox_.h"
-#include "../windows.h"
+#include <windows.h>
 
 #include <functional>
 #include <optional>

@@ -50,11 +50,5 @@ inline constexpr bool kPathsHaveDrives = true;
 #define wcsncpy_s zuhost_wcsncpy_s
 #define wcstok_s zuhost_wcstok_s
 
-// Constants of the host, which has them as typed ones.
-#undef _MAX_DIR
-#undef _MAX_DRIVE
-#undef _MAX_EXT
-#undef _MAX_FNAME
-#undef _MAX_PATH
+// A constant of the host, which has it as a typed one.
 #undef _TRUNCATE
-#undef _countof
