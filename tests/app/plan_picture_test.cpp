@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <future>
+#include <memory>
 
 using namespace zu;
 
@@ -48,6 +50,20 @@ TEST_F(PlanPictureTest, ShowsWhatACallerHasFound) {
     const QRect around = QRectF(inDuct - QPointF(4, 4), QSizeF(9, 9)).toRect();
     EXPECT_EQ(plan.image().size(), QSize(900, 700));
     EXPECT_NE(plan.image().copy(around), app::PlanPicture(drawing_, options).image().copy(around));
+}
+
+TEST_F(PlanPictureTest, IsPaintedByTwoThreadsOnceItsDrawingIsClosed) {
+    auto drawing = std::make_unique<AcDbDatabase>(false, true);
+    ASSERT_EQ(drawing->dxfIn(L"" ZU_SAMPLES "/drawings/office-floor.dxf"), Acad::eOk);
+    app::PlanOptions options;
+    options.labels = app::PlanLabelKind::names;
+    const app::PlanPicture plan(*drawing, options);
+    drawing.reset();
+    std::future<QImage> other = std::async(std::launch::async, [&plan] { return plan.image(); });
+    const QImage image = plan.image();
+    EXPECT_EQ(image, other.get());
+    options.labels = app::PlanLabelKind::none;
+    EXPECT_NE(image, app::PlanPicture(drawing_, options).image()) << "there are no labels";
 }
 
 TEST(LabelPlacer, KeepsLabelsApartAndOffInk) {

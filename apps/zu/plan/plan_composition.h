@@ -89,7 +89,8 @@ private:
     MarkSize marks_;
     double capitals_ = 8.0; ///< Height of the letters of labels.
     PlanReport report_;
-    /// Placed while the drawing is painted, which takes as long; waits for the thread that uses the others.
+    /// Placed by another thread while the drawing is painted. The last member: its destructor waits for that
+    /// thread, which reads the others.
     std::shared_future<PlacedLabels> labels_;
 };
 
