@@ -1,11 +1,10 @@
 #pragma once
 
+#include "zuhost/min_max.h"
 #include <zuhost/platform/system_rules.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <type_traits>
 
 // The platform's basic types. Included by windows.h.
 
@@ -124,23 +123,6 @@ using LPCRECT = const RECT*;
 #define CALLBACK
 #define WINAPI
 #define APIENTRY
-
-// Macros on the platform; functions here, so that the standard headers keep their own.
-using std::max;
-using std::min;
-
-template <typename Left, typename Right>
-requires(!std::is_same_v<Left, Right>) constexpr auto min(const Left& left, const Right& right) {
-    using Common = std::common_type_t<Left, Right>;
-    return static_cast<Common>(right) < static_cast<Common>(left) ? static_cast<Common>(right)
-                                                                  : static_cast<Common>(left);
-}
-template <typename Left, typename Right>
-requires(!std::is_same_v<Left, Right>) constexpr auto max(const Left& left, const Right& right) {
-    using Common = std::common_type_t<Left, Right>;
-    return static_cast<Common>(left) < static_cast<Common>(right) ? static_cast<Common>(right)
-                                                                  : static_cast<Common>(left);
-}
 
 /// Returns the number of elements of an array.
 template <typename Element, std::size_t count>

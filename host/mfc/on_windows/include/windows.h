@@ -14,12 +14,11 @@
 #define WIN32_LEAN_AND_MEAN
 #include_next <windows.h>
 
+#include <zuhost/min_max.h>
 #include <zuhost/platform/system_rules.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <type_traits>
 
 decltype(CompareFileTime) zuhost_CompareFileTime;
 decltype(CopyFileW) zuhost_CopyFileW;
@@ -120,21 +119,3 @@ double _wtof(const wchar_t* text);
 int _wcsicmp(const wchar_t* left, const wchar_t* right);
 int _wcsnicmp(const wchar_t* left, const wchar_t* right, std::size_t count);
 void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name, wchar_t* extension);
-
-// ---- macros of the platform; functions here, so that the standard headers keep their own
-
-using std::max;
-using std::min;
-
-template <typename Left, typename Right>
-requires(!std::is_same_v<Left, Right>) constexpr auto min(const Left& left, const Right& right) {
-    using Common = std::common_type_t<Left, Right>;
-    return static_cast<Common>(right) < static_cast<Common>(left) ? static_cast<Common>(right)
-                                                                  : static_cast<Common>(left);
-}
-template <typename Left, typename Right>
-requires(!std::is_same_v<Left, Right>) constexpr auto max(const Left& left, const Right& right) {
-    using Common = std::common_type_t<Left, Right>;
-    return static_cast<Common>(left) < static_cast<Common>(right) ? static_cast<Common>(right)
-                                                                  : static_cast<Common>(left);
-}
