@@ -44,6 +44,11 @@ private:
         std::size_t withoutRoom = 0;
     };
 
+    // Widths of pictures.
+    static constexpr double kSmallPicture = 360.0;
+    static constexpr double kMiddlePicture = 800.0;
+
+    [[noreturn]] static void throwTooMuch();
     [[nodiscard]] picture::SceneOptions scene(const Filter& filter) const;
     [[nodiscard]] bool isInPicture(std::uint64_t handle) const;
     [[nodiscard]] picture::Extents read(AcDbDatabase& drawing);
