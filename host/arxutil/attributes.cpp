@@ -62,32 +62,6 @@ int store(AcDbObject& object, const ChainBuilder& data) {
     return object.setXData(data.chain()) == Acad::eOk ? 0 : -1;
 }
 
-void setText(resbuf& item, const CString& text) {
-    if (text == item.resval.rstring)
-        return;
-    acutDelString(item.resval.rstring);
-    acutNewString(text, item.resval.rstring);
-}
-
-/// Replaces the text items of the chain by the texts, in order, and removes surplus text items. Returns the
-/// number of texts placed.
-int placeTexts(resbuf* chain, const CStringArray& texts) {
-    int placed = 0;
-    for (resbuf* before = chain; before != nullptr && before->rbnext != nullptr;) {
-        resbuf* const item = before->rbnext;
-        if (item->restype == kText && placed == texts.GetSize()) {
-            before->rbnext = item->rbnext;
-            item->rbnext = nullptr;
-            acutRelRb(item);
-            continue;
-        }
-        if (item->restype == kText)
-            setText(*item, texts[placed++]);
-        before = item;
-    }
-    return placed;
-}
-
 } // namespace
 
 int ApiComn_appendAttributes(AcDbObject* object, const wchar_t* application, int registering, int itemKind,
@@ -106,11 +80,11 @@ int ApiComn_appendAttributesArray(AcDbObject* object, const wchar_t* application
     if (object == nullptr || application == nullptr || !object->isWriteEnabled() ||
         !registerApplication(*object, application))
         return -1;
-    ChainBuilder data = dataOf(*object, application);
-    const int placed = placeTexts(data.chain(), texts);
-    for (int i = placed; i < texts.GetSize(); ++i)
-        data.addText(kText, texts[i]);
-    return store(*object, data);
+    std::vector<std::wstring_view> views;
+    views.reserve(static_cast<std::size_t>(texts.GetSize()));
+    for (int i = 0; i < texts.GetSize(); ++i)
+        views.emplace_back(texts[i].GetString());
+    return zuhost::setExtendedTexts(*object, application, views) == Acad::eOk ? 0 : -1;
 }
 
 int ApiComn_appendAttributesArray(AcDbObjectId id, const wchar_t* application, const CStringArray& texts) {

@@ -58,10 +58,6 @@ void setPoint(resbuf& item, TagView::Iterator& at) {
     }
 }
 
-std::string encodeText(const DatabaseCore* core, std::wstring_view text) {
-    return core != nullptr ? core->document->encode(text) : toUtf8(text);
-}
-
 } // namespace
 
 std::wstring decodeText(const DatabaseCore* core, std::string_view value) {
@@ -73,6 +69,10 @@ void decodeText(const DatabaseCore* core, std::string_view value, std::wstring& 
         core->document->decode(value, text);
     else
         text = fromUtf8(value);
+}
+
+std::string encodeText(const DatabaseCore* core, std::wstring_view text) {
+    return core != nullptr ? core->document->encode(text) : toUtf8(text);
 }
 
 ChainWriter::~ChainWriter() {

@@ -44,9 +44,10 @@ private:
 /// type without a value. A null text is empty.
 void addRecords(TagList& tags, const resbuf& item, const DatabaseCore* core, std::size_t coordinates = 3);
 
-/// Converts a text of records, which is in UTF-8 without a core.
+/// Convert texts of records, which are in UTF-8 without a core.
 [[nodiscard]] std::wstring decodeText(const DatabaseCore* core, std::string_view value);
 void decodeText(const DatabaseCore* core, std::string_view value, std::wstring& text);
+[[nodiscard]] std::string encodeText(const DatabaseCore* core, std::wstring_view text);
 
 /// Returns false for a chunk of a size that no record holds and a number that is not finite.
 [[nodiscard]] bool isStorable(const resbuf& item);

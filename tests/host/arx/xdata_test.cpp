@@ -169,6 +169,52 @@ TEST_F(ExtendedData, VisitsTheValuesOfChains) {
     }
 }
 
+TEST_F(ExtendedData, TextsAreReplacedInOrder) {
+    const std::string name = "1001\nZU_ATTR\n";
+    const std::string values = "1000\na\n1040\n0.50\n999\nnote\n1000\n\\U+33A5\n1070\n7\n";
+    ASSERT_EQ(set(kShelf, ChainBuilder().application(L"ZU_ATTR").text(1000, L"a")), Acad::eOk);
+    const std::string bytes = zuhost::dxfOutBytes(*drawing, false);
+    const std::string stored = name + "1000\na\n";
+    const std::size_t at = bytes.find(stored);
+    ASSERT_NE(at, std::string::npos);
+    const auto drawingWith = [&](const std::string& data) {
+        return std::string(bytes).replace(at, stored.size(), data);
+    };
+    const auto setTexts = [](const AcDbDatabase& database, const ACHAR* application,
+                             std::span<const std::wstring_view> texts, AcDb::OpenMode mode) {
+        const AcDbObjectPointer<AcDbObject> object(idIn(database, kShelf), mode);
+        return zuhost::setExtendedTexts(*object.object(), application, texts);
+    };
+    const struct {
+        std::string before;
+        std::vector<std::wstring_view> texts;
+        std::string after;
+    } cases[] = {
+        {name + values, {L"a", L"㎥"}, name + values},
+        {name + values, {L"b"}, name + "1000\nb\n1040\n0.50\n999\nnote\n1070\n7\n"},
+        {name + values, {}, name + "1040\n0.50\n999\nnote\n1070\n7\n"},
+        {name + values,
+         {L"", L"c", L"d|", L"e"},
+         name + "1000\n\n1040\n0.50\n999\nnote\n1000\nc\n1070\n7\n1000\nd|\n1000\ne\n"},
+        {stored, {}, ""},
+        {"", {}, ""},
+        {"", {L"a"}, stored},
+    };
+    for (const auto& c : cases) {
+        const auto database = readBytes(drawingWith(c.before));
+        EXPECT_EQ(setTexts(*database, L"zu_attr", c.texts, AcDb::kForWrite), Acad::eOk);
+        EXPECT_EQ(zuhost::dxfOutBytes(*database, false), drawingWith(c.after));
+    }
+    const auto database = readBytes(drawingWith(name + values));
+    const std::vector<std::wstring_view> tooMuch(1638, L"six by");
+    EXPECT_EQ(setTexts(*database, L"ZU_ATTR", tooMuch, AcDb::kForWrite), Acad::eXdataSizeExceeded);
+    EXPECT_EQ(setTexts(*database, L"none", {}, AcDb::kForWrite), Acad::eRegappIdNotFound);
+    EXPECT_EQ(setTexts(*database, L"ZU_ATTR", {}, AcDb::kForRead), Acad::eNotOpenForWrite);
+    EXPECT_EQ(zuhost::dxfOutBytes(*database, false), drawingWith(name + values));
+    const std::vector<std::wstring_view> most(1635, L"six by");
+    EXPECT_EQ(setTexts(*database, L"ZU_ATTR", most, AcDb::kForWrite), Acad::eOk);
+}
+
 TEST_F(ExtendedData, ApplicationsAreReplacedOneByOne) {
     const Chain links = get(*drawing, kDuct, L"ZU_LINK");
     ASSERT_NE(links, nullptr);
