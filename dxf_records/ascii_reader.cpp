@@ -3,6 +3,7 @@
 #include "dxf_records/scan_record.h"
 
 #include <algorithm>
+#include <array>
 
 namespace zuhost::dxf {
 
@@ -29,6 +30,41 @@ bool parseCode(std::string_view line, int& code) {
         ++at;
     code = negative ? -value : value;
     return at == line.size();
+}
+
+constexpr unsigned char kNoCodeDigit = 0xFF;
+
+/// The digit that a character of a group code stands for; a blank before the others counts as 0.
+constexpr auto kCodeDigits = [] {
+    std::array<unsigned char, 256> digits{};
+    digits.fill(kNoCodeDigit);
+    digits[' '] = 0;
+    for (unsigned char i = 0; i < 10; ++i)
+        digits['0' + std::size_t{i}] = i;
+    return digits;
+}();
+
+/// Scans a group code of three characters, blanks first, or of four digits, and its line end. Faster than
+/// detail::scanCode for such codes, which most drawings have, but slower where values are converted between
+/// them.
+const char* scanPaddedCode(const char* at, const char* end, int& code) {
+    constexpr std::ptrdiff_t kLongest = 6; // with CR LF
+    if (end - at < kLongest || (at[0] != ' ' && at[1] == ' ') || at[2] == ' ')
+        return nullptr;
+    const auto digit = [at](std::size_t i) { return kCodeDigits[static_cast<unsigned char>(at[i])]; };
+    const unsigned hundreds = digit(0);
+    const unsigned tens = digit(1);
+    const unsigned ones = digit(2);
+    if ((hundreds | tens | ones) == kNoCodeDigit)
+        return nullptr;
+    code = static_cast<int>(hundreds * 100 + tens * 10 + ones);
+    at += 3;
+    if (const unsigned next = static_cast<unsigned char>(*at - '0'); next < 10) {
+        code = code * 10 + static_cast<int>(next);
+        ++at;
+    }
+    at += *at == '\r' ? 1 : 0;
+    return *at == '\n' ? at + 1 : nullptr;
 }
 
 } // namespace
@@ -75,7 +111,12 @@ bool AsciiReader::nextFast(Record& record) {
     if (lineEnd_ != '\n')
         return false;
     const char* const start = bytes_.data();
-    const ScannedRecord scanned = scanAsciiRecord(start + at_, start + bytes_.size());
+    const char* const end = start + bytes_.size();
+    int code = 0;
+    const char* value = scanPaddedCode(start + at_, end, code);
+    if (value == nullptr)
+        value = detail::scanCode(start + at_, end, code);
+    const ScannedRecord scanned = detail::scanValue(value, end, code);
     if (scanned.end == nullptr)
         return false;
     const std::size_t offset = at_;

@@ -24,42 +24,8 @@ struct ScannedRecord {
 
 namespace detail {
 
-inline constexpr unsigned char kNoCodeDigit = 0xFF;
-
-/// The digit that a character of a group code stands for; a blank before the others counts as 0.
-inline constexpr auto kCodeDigits = [] {
-    std::array<unsigned char, 256> digits{};
-    digits.fill(kNoCodeDigit);
-    digits[' '] = 0;
-    for (unsigned char i = 0; i < 10; ++i)
-        digits['0' + std::size_t{i}] = i;
-    return digits;
-}();
-
-/// Scans a group code of three characters, blanks first, or of four digits, and its line end. Returns the
-/// place after it; null for any other text.
-inline const char* scanPaddedCode(const char* at, const char* end, int& code) {
-    constexpr std::ptrdiff_t kLongest = 6; // with CR LF
-    if (end - at < kLongest || (at[0] != ' ' && at[1] == ' ') || at[2] == ' ')
-        return nullptr;
-    const auto digit = [at](std::size_t i) { return kCodeDigits[static_cast<unsigned char>(at[i])]; };
-    const unsigned hundreds = digit(0);
-    const unsigned tens = digit(1);
-    const unsigned ones = digit(2);
-    if ((hundreds | tens | ones) == kNoCodeDigit)
-        return nullptr;
-    code = static_cast<int>(hundreds * 100 + tens * 10 + ones);
-    at += 3;
-    if (const unsigned next = static_cast<unsigned char>(*at - '0'); next < 10) {
-        code = code * 10 + static_cast<int>(next);
-        ++at;
-    }
-    at += *at == '\r' ? 1 : 0;
-    return *at == '\n' ? at + 1 : nullptr;
-}
-
-/// As above, for blanks and up to four digits.
-inline const char* scanAnyCode(const char* at, const char* end, int& code) {
+/// Scans blanks, up to four digits and their line end. Returns the place after it; null for any other text.
+inline const char* scanCode(const char* at, const char* end, int& code) {
     constexpr std::ptrdiff_t kMostDigits = 4;
     while (at != end && *at == ' ')
         ++at;
@@ -73,14 +39,8 @@ inline const char* scanAnyCode(const char* at, const char* end, int& code) {
     return count == 0 || count > kMostDigits || at == end || *at != '\n' ? nullptr : at + 1;
 }
 
-} // namespace detail
-
-/// Scans a line with blanks and up to four digits, then a second line. Both end in LF or CR LF.
-inline ScannedRecord scanAsciiRecord(const char* at, const char* end) {
-    int code = 0;
-    const char* value = detail::scanPaddedCode(at, end, code);
-    if (value == nullptr)
-        value = detail::scanAnyCode(at, end, code);
+/// Scans the line of a value, null where there was no group code before it.
+inline ScannedRecord scanValue(const char* value, const char* end, int code) {
     if (value == nullptr || code == kComment)
         return {};
     const char* const lineEnd = findByte(value, end, '\n');
@@ -88,6 +48,15 @@ inline ScannedRecord scanAsciiRecord(const char* at, const char* end) {
         return {};
     const bool withReturn = lineEnd != value && lineEnd[-1] == '\r';
     return {lineEnd + 1, code, {value, static_cast<std::size_t>(lineEnd - value) - (withReturn ? 1 : 0)}};
+}
+
+} // namespace detail
+
+/// Scans a line with blanks and up to four digits, then a second line. Both end in LF or CR LF.
+inline ScannedRecord scanAsciiRecord(const char* at, const char* end) {
+    int code = 0;
+    const char* const value = detail::scanCode(at, end, code);
+    return detail::scanValue(value, end, code);
 }
 
 namespace detail {
