@@ -1,5 +1,7 @@
 #include "afxcoll.h"
 
+#include <algorithm>
+
 struct CObList::Node {
     CObject* object;
     Node* previous;
@@ -8,14 +10,15 @@ struct CObList::Node {
 
 namespace {
 
-/// Returns the nodes of the next block: doubles their number, then uses blocks of the size of a large page.
+/// Returns the nodes of the next block: doubles their number in small blocks; long lists use blocks on pages.
 int nextBlock(int allocated, std::size_t nodeSize) {
     constexpr int kFirst = 4;
+    constexpr int kMostOfSmallBlock = 4096;
     constexpr std::size_t kManyBytes = std::size_t{384} * 1024;
-    constexpr std::size_t kLargeBlock = std::size_t{2} * 1024 * 1024;
+    constexpr std::size_t kBlockOnPages = std::size_t{127} * 1024;
     if (static_cast<std::size_t>(allocated) * nodeSize >= kManyBytes)
-        return static_cast<int>((kLargeBlock - sizeof(CPlex)) / nodeSize);
-    return std::max(allocated, kFirst);
+        return static_cast<int>(kBlockOnPages / nodeSize);
+    return std::clamp(allocated, kFirst, kMostOfSmallBlock);
 }
 
 } // namespace

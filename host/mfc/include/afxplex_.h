@@ -4,8 +4,8 @@
 
 /// A block of memory for many small elements, in a chain of blocks; the user manages its contents.
 ///
-/// Blocks of more than 1 MB use large pages of 2 MB where the system has them, which removes most of the cost
-/// of new memory when drawings are read.
+/// Blocks of more than 124 KB share large pages of 2 MB where the system has them. Small pages are supplied
+/// with each block, so that the processor's cache still holds them when it is filled.
 struct alignas(std::max_align_t) CPlex {
     CPlex* pNext;
 
@@ -17,5 +17,5 @@ struct alignas(std::max_align_t) CPlex {
     void FreeDataChain();
 
 private:
-    std::size_t mapped_; ///< Bytes of a block with pages of its own; 0 for others.
+    std::size_t mapped_; ///< Bytes of a block on pages; 0 for others.
 };

@@ -21,16 +21,17 @@ void* allocatePages(std::size_t bytes) {
 #ifdef MADV_HUGEPAGE
     madvise(start + before, bytes, MADV_HUGEPAGE); // On failure small pages are used.
 #endif
-#ifdef MADV_POPULATE_WRITE
-    // Without large pages the small ones of a pool's block are supplied in one call instead of 512 faults.
-    if (bytes <= kLargePage)
-        madvise(start + before, bytes, MADV_POPULATE_WRITE);
-#endif
     return start + before;
 }
 
 void freePages(void* start, std::size_t bytes) {
     munmap(start, bytes);
+}
+
+void supplyPages([[maybe_unused]] void* start, [[maybe_unused]] std::size_t bytes) {
+#ifdef MADV_POPULATE_WRITE
+    madvise(start, bytes, MADV_POPULATE_WRITE); // On failure they are supplied when they are used.
+#endif
 }
 
 } // namespace zuhost::platform

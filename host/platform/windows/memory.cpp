@@ -13,4 +13,7 @@ void freePages(void* start, std::size_t /*bytes*/) {
     VirtualFree(start, 0, MEM_RELEASE);
 }
 
+/// Without effect: the system has no cheaper way than supplying them when they are used.
+void supplyPages(void* /*start*/, std::size_t /*bytes*/) {}
+
 } // namespace zuhost::platform

@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -327,15 +329,24 @@ TEST(Lists, KeepTheirOrder) {
 }
 
 TEST(Lists, BlocksOfMemory) {
+    constexpr std::size_t kShared = std::size_t{127} << 10U; // lie on the same pages
+    constexpr std::size_t kSizes[] = {1,       std::size_t{1} << 16U, kShared,
+                                      kShared, std::size_t{3} << 20U, kShared};
     CPlex* blocks = nullptr;
-    for (const std::size_t size : {std::size_t{1}, std::size_t{1} << 16U, std::size_t{3} << 20U}) {
+    std::vector<std::string_view> filled;
+    for (const std::size_t size : kSizes) {
         CPlex* const block = CPlex::Create(blocks, 1, size);
         EXPECT_EQ(block, blocks);
-        std::memset(block->data(), 1, size);
+        std::memset(block->data(), static_cast<int>('a' + filled.size()), size);
+        filled.emplace_back(static_cast<const char*>(block->data()), size);
     }
     EXPECT_THROW(CPlex::Create(blocks, std::numeric_limits<std::size_t>::max() / 4, 8), std::bad_alloc);
-    ASSERT_NE(blocks->pNext, nullptr);
-    EXPECT_EQ(blocks->pNext->pNext->pNext, nullptr);
+    for (std::size_t i = 0; i < filled.size(); ++i)
+        EXPECT_EQ(filled[i].find_first_not_of(static_cast<char>('a' + i)), std::string_view::npos);
+    std::size_t count = 0;
+    for (const CPlex* block = blocks; block != nullptr; block = block->pNext)
+        ++count;
+    EXPECT_EQ(count, filled.size());
     blocks->FreeDataChain();
 }
 

@@ -4,6 +4,7 @@
 
 namespace zuhost::platform {
 
+inline constexpr std::size_t kSmallPage = std::size_t{4} << 10U;
 /// Large pages remove most of the cost of new memory where the system has them.
 inline constexpr std::size_t kLargePage = std::size_t{2} << 20U;
 
@@ -11,5 +12,9 @@ inline constexpr std::size_t kLargePage = std::size_t{2} << 20U;
 /// `bytes` is a multiple of kLargePage.
 void* allocatePages(std::size_t bytes);
 void freePages(void* start, std::size_t bytes);
+
+/// Makes the system supply pages of that memory at once instead of one by one when they are first used.
+/// `start` and `bytes` are multiples of kSmallPage.
+void supplyPages(void* start, std::size_t bytes);
 
 } // namespace zuhost::platform
