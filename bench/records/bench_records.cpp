@@ -1,5 +1,5 @@
 // Reads part drawings of 1, 10 and 100 MB, ASCII and binary, and a folder of 3,000 small ones, compared with
-// dxflib, ezdxf and with the minimum work of any reader.
+// dxflib, ezdxf and with the minimum work of any reader: bench_records [FOLDER [small-pages]].
 #include "limit.h"
 #include "measure.h"
 #include "part_generator.h"
@@ -16,6 +16,8 @@
 #include <functional>
 #include <optional>
 #include <stdexcept>
+#include <string_view>
+#include <sys/prctl.h>
 #include <unistd.h>
 #include <zuhost/paths.h>
 #include <zuhost/texts.h>
@@ -139,6 +141,8 @@ int main(int argc, char** argv) {
     const fs::path folder =
         fs::path(argc > 1 ? argv[1] : ".") / ("bench-records-" + std::to_string(getpid()));
     fs::create_directories(folder);
+    if (argc > 2 && std::string_view(argv[2]) == "small-pages" && prctl(PR_SET_THP_DISABLE, 1, 0, 0, 0) != 0)
+        throw std::runtime_error("large pages cannot be switched off");
     warmUp(folder);
     for (const bool binary : {false, true})
         for (const std::size_t megabytes : {1U, 10U, 100U})

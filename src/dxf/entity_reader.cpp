@@ -70,8 +70,9 @@ private:
 template <typename Form>
 class EntityBuilder {
 public:
-    explicit EntityBuilder(const EntityReading& reading)
-        : input_(reading.input), memory_(reading.memory), list_(reading.list), polyline_(reading.polyline) {}
+    explicit EntityBuilder(EntityReading& reading)
+        : input_(reading.input), memory_(reading.memory), list_(reading.list), run_(reading.run),
+          polyline_(reading.polyline) {}
 
     void start(std::string_view typeName) {
         finish();
@@ -88,7 +89,10 @@ public:
         rules_ = &type->rules;
         if (type->type == EntType::polyline)
             polyline_ = static_cast<CPline*>(entity_);
-        (isVertex ? polyline_->m_vertices : list_).AddTail(entity_);
+        if (CEntList* const list = isVertex ? &polyline_->m_vertices : list_; list != nullptr)
+            list->AddTail(entity_);
+        else
+            run_.emplace_back(entity_);
     }
 
     void add(int code, std::string_view value) {
@@ -238,7 +242,8 @@ private:
 
     RecordInput& input_;
     PartMemory& memory_;
-    CEntList& list_;
+    CEntList* list_;
+    EntityRun& run_;
     CPline* polyline_;
     bool hasStrayVertex_ = false;
     CEnt* entity_ = nullptr;

@@ -1,5 +1,7 @@
 #include "input_file.h"
 
+#include <thread>
+
 namespace zu::dxf {
 
 namespace {
@@ -25,7 +27,9 @@ std::shared_ptr<InputFile> InputFile::open(const wchar_t* path) {
 }
 
 std::size_t InputFile::readAt(std::uint64_t offset, char* target, std::size_t count) {
-    const std::scoped_lock lock(mutex_);
+    while (!mutex_.try_lock()) // Copying a block is faster than waking a thread.
+        std::this_thread::yield();
+    const std::scoped_lock lock(std::adopt_lock, mutex_);
     try {
         if (offset != position_)
             position_ = file_.Seek(static_cast<std::int64_t>(offset), CFile::begin);

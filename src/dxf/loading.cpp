@@ -241,7 +241,7 @@ void CAcadDxf::LoadEnt(CEntList& list) {
     if (!toEntity())
         return;
     list.Share(memory_);
-    zu::dxf::EntityReading reading{*input_, *memory_, list};
+    zu::dxf::EntityReading reading{*input_, *memory_, &list};
     zu::dxf::readEntities(reading);
 }
 

@@ -11,9 +11,11 @@ namespace zu::dxf {
 namespace {
 
 constexpr unsigned kMostThreads = 8;
-/// Until a thread runs, another one reads 50 KB of an ASCII drawing, up to 300 KB of a binary one.
 constexpr std::uint64_t kSmallestAsciiPiece = std::uint64_t{256} * 1024;
-constexpr std::uint64_t kSmallestBinaryPiece = std::uint64_t{768} * 1024;
+constexpr std::uint64_t kSmallestBinaryPiece = std::uint64_t{384} * 1024;
+/// Bytes that another thread reads until a new one runs.
+constexpr std::uint64_t kAsciiLead = std::uint64_t{100} * 1024;
+constexpr std::uint64_t kBinaryLead = std::uint64_t{256} * 1024;
 
 /// The rest of a section from an entity on, read on a thread of its own. Where an entity starts can only be
 /// guessed there: what was read counts when the reading of what is before it arrives at the same place.
@@ -21,7 +23,7 @@ class Piece {
 public:
     Piece(std::unique_ptr<RecordInput> input, PartMemory& drawing, std::uint64_t size)
         : input_(std::move(input)), memory_(std::make_unique<PartMemory>(drawing)),
-          start_(input_->offsetOf(input_->record().value.data())), reading_{*input_, *memory_, list_} {
+          start_(input_->offsetOf(input_->record().value.data())), reading_{*input_, *memory_, nullptr} {
         memory_->arena.expect(size);
     }
 
@@ -36,9 +38,8 @@ public:
         isStopped = isStopped_.get();
         if (reading_.hasStrayVertex)
             return false;
-        for (POSITION at = list_.GetHeadPosition(); at != nullptr;)
-            whole.list.AddTail(list_.GetNext(at));
-        list_.RemoveAll();
+        for (std::unique_ptr<CEnt>& entity : reading_.run)
+            whole.list->AddTail(entity.release());
         whole.memory.pieces.push_back(std::move(memory_));
         whole.input.continueAs(std::move(*input_));
         if (reading_.polyline != nullptr)
@@ -49,13 +50,13 @@ public:
 private:
     std::unique_ptr<RecordInput> input_;
     std::unique_ptr<PartMemory> memory_;
-    CEntList list_;
     std::uint64_t start_;
     EntityReading reading_;
     std::future<bool> isStopped_; ///< Waits for the thread; declared after what it uses.
 };
 
-/// Divides the rest of the file, the greatest part of which is nearly always the section.
+/// Divides the rest of the file, the greatest part of which is nearly always the section. The calling thread
+/// reads what is before the first piece, more than the others because it starts first.
 std::vector<std::unique_ptr<Piece>> piecesOf(const RecordInput& input, PartMemory& memory) {
     std::vector<std::unique_ptr<Piece>> pieces;
     const std::uint64_t start = input.offset();
@@ -63,9 +64,13 @@ std::vector<std::unique_ptr<Piece>> piecesOf(const RecordInput& input, PartMemor
     const std::uint64_t threads = std::min(std::thread::hardware_concurrency(), kMostThreads);
     const std::uint64_t smallest = input.isBinary() ? kSmallestBinaryPiece : kSmallestAsciiPiece;
     const std::uint64_t count = std::min(threads, rest / smallest);
-    for (std::uint64_t i = 1; i < count; ++i)
-        if (auto later = input.from(start + rest / count * i, isKeptEntity))
-            pieces.push_back(std::make_unique<Piece>(std::move(later), memory, rest / count));
+    if (count < 2)
+        return pieces;
+    const std::uint64_t lead = input.isBinary() ? kBinaryLead : kAsciiLead;
+    const std::uint64_t size = (rest - lead) / count;
+    for (std::uint64_t at = input.length() - size * (count - 1); at < input.length(); at += size)
+        if (auto later = input.from(at, isKeptEntity))
+            pieces.push_back(std::make_unique<Piece>(std::move(later), memory, size));
     return pieces;
 }
 
@@ -76,7 +81,7 @@ void readInPieces(RecordInput& input, PartMemory& memory, CEntList& list) {
     const auto startOf = [&](std::size_t i) { return i < pieces.size() ? pieces[i]->start() : kToTheEnd; };
     for (std::size_t i = 0; i < pieces.size(); ++i)
         pieces[i]->read(startOf(i + 1));
-    EntityReading whole{input, memory, list};
+    EntityReading whole{input, memory, &list};
     bool isStopped = readEntities(whole, startOf(0));
     for (std::size_t i = 0; isStopped && i < pieces.size(); ++i)
         if (!pieces[i]->addTo(whole, isStopped))
