@@ -26,10 +26,22 @@ std::shared_ptr<InputFile> InputFile::open(const wchar_t* path) {
     return input;
 }
 
-std::size_t InputFile::readAt(std::uint64_t offset, char* target, std::size_t count) {
-    while (!mutex_.try_lock()) // Copying a block is faster than waking a thread.
+/// Copying a block that the system has in memory is faster than waking a thread: only for slower ones it
+/// sleeps.
+std::unique_lock<std::mutex> InputFile::turn() {
+    constexpr int kTries = 200;
+    std::unique_lock lock(mutex_, std::try_to_lock);
+    for (int i = 0; !lock && i < kTries; ++i) {
         std::this_thread::yield();
-    const std::scoped_lock lock(std::adopt_lock, mutex_);
+        (void)lock.try_lock();
+    }
+    if (!lock)
+        lock.lock();
+    return lock;
+}
+
+std::size_t InputFile::readAt(std::uint64_t offset, char* target, std::size_t count) {
+    const std::unique_lock lock = turn();
     try {
         if (offset != position_)
             position_ = file_.Seek(static_cast<std::int64_t>(offset), CFile::begin);

@@ -23,6 +23,8 @@ public:
 private:
     InputFile() = default;
 
+    [[nodiscard]] std::unique_lock<std::mutex> turn();
+
     std::mutex mutex_;
     CFile file_;
     std::uint64_t position_ = 0;
