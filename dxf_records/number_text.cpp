@@ -104,10 +104,12 @@ bool parseReal(std::string_view text, double& value) {
         value = text[0] - '0';
         return true;
     }
+    if (parseDecimal(text, value))
+        return true;
     const std::string_view number = withoutPlus(trimmed(text));
     if (number.empty())
         return false;
-    if (parseDecimal(number, value))
+    if (number.size() < text.size() && parseDecimal(number, value))
         return true;
     const auto unusual = parseUnusual(number);
     value = unusual.value_or(value);

@@ -42,10 +42,12 @@ void readStyle(DrawingState& state) {
         state.style.form = DrawingForm::binary;
         state.content.begin = std::min(dxf::kBinarySentinel.size(), bytes.size());
         state.style.byteCodes = dxf::BinaryReader(bytes).codeForm() == dxf::CodeForm::bytes;
+        state.form = state.style.byteCodes ? TagForm::shortBinary : TagForm::binary;
         return;
     }
     state.content.begin = bytes.starts_with(dxf::kByteOrderMark) ? dxf::kByteOrderMark.size() : 0;
     readAsciiStyle(state, bytes.substr(state.content.begin));
+    state.form = state.style.lineEnd == "\r" ? TagForm::asciiReturns : TagForm::ascii;
 }
 
 DocumentError errorAt(const DrawingState& state, std::uint64_t offset, std::wstring problem) {

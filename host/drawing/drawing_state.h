@@ -34,10 +34,11 @@ struct DrawingState {
     std::optional<SourceFile> source; ///< None for drawings from memory.
     AcDbDatabase* database = nullptr;
 
-    RecordStyle style;     ///< How the file formats its records.
-    Span content;          ///< From the first record to the end of the EOF record.
-    std::uint64_t eof = 0; ///< Offset of the EOF record.
-    int version = 1009;    ///< Number in $ACADVER.
+    RecordStyle style;             ///< How the file formats its records.
+    TagForm form = TagForm::ascii; ///< The same for reading them in the buffer.
+    Span content;                  ///< From the first record to the end of the EOF record.
+    std::uint64_t eof = 0;         ///< Offset of the EOF record.
+    int version = 1009;            ///< Number in $ACADVER.
     DrawingText encoding;
     bool shortCodesInBinary = true; ///< Group codes of one byte when the drawing is written in binary form.
     std::vector<DocumentError> warnings;

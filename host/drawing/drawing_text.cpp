@@ -123,6 +123,10 @@ std::wstring DrawingText::decode(std::string_view value) const {
 
 void DrawingText::decode(std::string_view value, std::wstring& text) const {
     text.resize(value.size());
+    if (std::all_of(value.begin(), value.end(), isPlain)) {
+        std::copy(value.begin(), value.end(), text.begin());
+        return;
+    }
     text.resize(codec_.decode(value, text.data()));
     // Every encoding extends ASCII: without these bytes there is no such character.
     if (value.find('\\') != std::string_view::npos || value.find('^') != std::string_view::npos)

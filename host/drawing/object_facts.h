@@ -66,6 +66,8 @@ public:
         case 100:
             if (inHead_)
                 marker = record.offset;
+            else if (secondMarker == kNone)
+                secondMarker = record.offset;
             inHead_ = false;
             return true;
         case 102:
@@ -85,8 +87,9 @@ public:
     std::uint64_t handle = 0;
     bool unreadableHandle = false;
     OwnerHint owner;
-    std::string_view name;          ///< Group code 2.
-    std::uint64_t marker = kNone;   ///< Offset of the first subclass marker.
+    std::string_view name;        ///< Group code 2.
+    std::uint64_t marker = kNone; ///< Offset of the first subclass marker.
+    std::uint64_t secondMarker = kNone;
     std::uint64_t extended = kNone; ///< Offset of the extended data.
 
 private:

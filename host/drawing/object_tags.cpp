@@ -59,16 +59,6 @@ void addBlockTail(const DrawingState& state, const AcDbStub& stub, TagList& tags
     addMarker(state, tags, "AcDbBlockEnd");
 }
 
-std::string_view bytesOf(const DrawingState& state, Span span) {
-    return std::string_view(state.bytes).substr(span.begin, span.end - span.begin);
-}
-
-TagForm formOf(const RecordStyle& style) {
-    if (style.form == DrawingForm::binary)
-        return style.byteCodes ? TagForm::shortBinary : TagForm::binary;
-    return style.lineEnd == "\r" ? TagForm::asciiReturns : TagForm::ascii;
-}
-
 /// Returns the position of the first readable handle before the subclasses and outside of application groups;
 /// without one, of the first unreadable handle there.
 std::size_t handlePlace(const TagList& tags, int code) {
@@ -94,13 +84,8 @@ int handleCode(const DrawingState& state, const AcDbStub& stub) {
     return state.types.name(stub.type) == "DIMSTYLE" ? 105 : 5;
 }
 
-TagView objectView(const DrawingState& state, const AcDbStub& stub) {
-    return {bytesOf(state, {stub.offset, stub.offset + stub.length}), formOf(state.style), stub.marker,
-            stub.extended};
-}
-
 TagList bufferTags(const DrawingState& state, Span span) {
-    const TagView view(bytesOf(state, span), formOf(state.style));
+    const TagView view(std::string_view(state.bytes).substr(span.begin, span.end - span.begin), state.form);
     TagList tags;
     tags.reserve(static_cast<std::size_t>(std::ranges::distance(view)));
     for (const TagRef& tag : view)

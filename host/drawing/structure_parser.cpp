@@ -34,6 +34,10 @@ std::string_view trimmed(std::string_view text) {
                                            : text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
+std::uint8_t byteOrZero(std::uint64_t value) {
+    return value <= std::numeric_limits<std::uint8_t>::max() ? static_cast<std::uint8_t>(value) : 0;
+}
+
 } // namespace
 
 StructureParser::StructureParser(DrawingState& state, RecordSource& source, WarningLog& log)
@@ -282,6 +286,8 @@ AcDbStub* StructureParser::parseObject(std::string* name) {
     const std::uint64_t extended = std::min<std::uint64_t>(facts.extended, record_.offset);
     stub.extended = static_cast<std::uint32_t>(extended - begin);
     stub.marker = static_cast<std::uint32_t>(std::min(facts.marker, extended) - begin);
+    if (facts.secondMarker < extended)
+        stub.firstSubclass = byteOrZero(facts.secondMarker - facts.marker);
     stub.type = type.value_or(0);
     stub.replacesHandle = facts.unreadableHandle;
     hints_.push_back(facts.owner);

@@ -106,34 +106,23 @@ Tag TagRef::tag() const {
     return {code, std::string(value(scratch))};
 }
 
-/// Calls `function` with each group code, and with a function that returns the record, until it returns true.
+/// Calls `function` with each record until it returns true.
 template <typename Function>
 void TagView::visit(Function function) const {
-    const auto isDone = [&](int code, const auto& tag) {
-        return (endsWithSubclass_ && TagList::endsSubclass(code)) || function(code, tag);
-    };
-    if (form_ == TagForm::list) {
-        for (std::size_t place = first_; place < last_; ++place) {
-            const Tag& stored = (*list_)[place];
-            if (isDone(stored.code, [&stored] { return TagRef(stored.code, stored.value, false); }))
-                return;
-        }
-        return;
-    }
     TagRef tag;
     for (std::size_t place = first_; place < last_;) {
         place = read(place, tag);
-        if (isDone(tag.code, [&tag] { return tag; }))
+        if ((endsWithSubclass_ && TagList::endsSubclass(tag.code)) || function(tag))
             return;
     }
 }
 
 std::optional<TagRef> TagView::find(int code) const {
     std::optional<TagRef> found;
-    visit([&](int tried, const auto& tag) {
-        if (tried == code)
-            found = tag();
-        return tried == code;
+    visit([&](const TagRef& tag) {
+        if (tag.code == code)
+            found = tag;
+        return tag.code == code;
     });
     return found;
 }
@@ -159,13 +148,7 @@ TagRange TagView::range() const {
 }
 
 TagView TagView::in(TagRange range) const {
-    TagView part = *this;
-    part.first_ = range.first;
-    part.last_ = std::min(range.last, last_);
-    part.marker_ = kUnknown;
-    part.extended_ = kUnknown;
-    part.endsWithSubclass_ = false;
-    return part;
+    return {*this, range};
 }
 
 TagView TagView::subclass(std::string_view marker) const {
@@ -216,8 +199,8 @@ TagView TagView::applicationGroup(std::string_view name) const {
 }
 
 std::size_t TagView::firstMarker() const {
-    if (marker_ != kUnknown)
-        return marker_;
+    if (places_.firstMarker != RecordPlaces::kUnknown)
+        return places_.firstMarker;
     Iterator it = begin();
     while (it != end() && it->code < kFirstExtended && it->code != kSubclassMarker)
         ++it;
@@ -225,8 +208,8 @@ std::size_t TagView::firstMarker() const {
 }
 
 std::size_t TagView::extendedDataStart() const {
-    if (extended_ != kUnknown)
-        return extended_;
+    if (places_.extendedData != RecordPlaces::kUnknown)
+        return places_.extendedData;
     if (list_ != nullptr && !endsWithSubclass_) {
         std::size_t place = first_;
         while (place < last_ && (*list_)[place].code < kFirstExtended)
@@ -252,7 +235,9 @@ std::size_t TagView::subclassStart(std::string_view marker) const {
         if (tag.code == kSubclassMarker && tag.text == marker)
             return next;
         anyMarker = anyMarker || tag.code == kSubclassMarker;
-        place = next;
+        const bool skipsSubclass =
+            place == places_.firstMarker && places_.secondMarker != RecordPlaces::kUnknown;
+        place = skipsSubclass ? places_.secondMarker : next;
     }
     if (anyMarker || place == first_)
         return place;
@@ -289,15 +274,21 @@ std::optional<std::uint64_t> TagView::handle(int code) const {
 }
 
 std::optional<std::string_view> TagView::text(int code) const {
-    const auto tag = find(code);
-    return tag ? std::optional(tag->text) : std::nullopt;
+    std::optional<std::string_view> text;
+    visit([&](const TagRef& tag) {
+        if (tag.code == code)
+            text = tag.text;
+        return tag.code == code;
+    });
+    return text;
 }
 
 void TagView::reals(std::span<const int> codes, std::span<double> values) const {
     const bool isBinary = form_ == TagForm::binary || form_ == TagForm::shortBinary;
     std::uint32_t unseen = (1U << codes.size()) - 1;
     std::size_t next = 0;
-    visit([&](int code, const auto& tag) {
+    visit([&](const TagRef& tag) {
+        const int code = tag.code;
         // Records usually are in the order of the codes.
         std::size_t i = next;
         if (code != codes[i]) {
@@ -310,9 +301,9 @@ void TagView::reals(std::span<const int> codes, std::span<double> values) const 
         if (const std::uint32_t bit = 1U << i; (unseen & bit) != 0) {
             unseen &= ~bit;
             if (isBinary)
-                values[i] = dxf::binaryReal(tag().text);
+                values[i] = dxf::binaryReal(tag.text);
             else
-                parseReal(tag().text, values[i]);
+                parseReal(tag.text, values[i]);
         }
         next = i + 1 < codes.size() ? i + 1 : 0;
         return unseen == 0;

@@ -21,6 +21,9 @@ inline constexpr auto kPowersOfTen = [] {
     return powers;
 }();
 
+inline constexpr std::array<std::uint64_t, 9> kWholePowers{1,       10,        100,        1'000,      10'000,
+                                                           100'000, 1'000'000, 10'000'000, 100'000'000};
+
 inline constexpr unsigned char kNoDigit = 0xFF;
 
 inline constexpr auto kHexDigits = [] {
@@ -33,13 +36,18 @@ inline constexpr auto kHexDigits = [] {
     return values;
 }();
 
-/// Reads eight digits at once: adds them to the number and returns true when these bytes are digits.
-inline bool takeEightDigits(const char* at, std::uint64_t& number) {
+/// Reads the last `count` of the eight bytes before `end` at once, 1 to 8: adds them to the number and
+/// returns true when they are digits.
+inline bool takeDigitsBefore(const char* end, std::ptrdiff_t count, std::uint64_t& number) {
     if constexpr (std::endian::native != std::endian::little)
         return false;
     constexpr std::uint64_t kUpperHalves = 0xF0F0F0F0F0F0F0F0;
+    constexpr std::uint64_t kZeros = 0x3030303030303030;
     std::uint64_t bytes = 0;
-    std::memcpy(&bytes, at, sizeof bytes);
+    std::memcpy(&bytes, end - sizeof bytes, sizeof bytes);
+    // The bytes before the digits, the lower ones, count as zeros.
+    const std::uint64_t wanted = ~std::uint64_t{0} << (8 * (8 - static_cast<unsigned>(count)));
+    bytes = (bytes & wanted) | (kZeros & ~wanted);
     const std::uint64_t afterNine = bytes + 0x0606060606060606;
     if (((bytes & kUpperHalves) | (afterNine & kUpperHalves) >> 4U) != 0x3333333333333333)
         return false;
@@ -47,8 +55,16 @@ inline bool takeEightDigits(const char* at, std::uint64_t& number) {
     bytes = (bytes & 0x0F0F0F0F0F0F0F0F) * (1 + (10 << 8)) >> 8U;
     bytes = (bytes & 0x00FF00FF00FF00FF) * (1 + (100 << 16)) >> 16U;
     bytes = (bytes & 0x0000FFFF0000FFFF) * (1 + (std::uint64_t{10000} << 32U)) >> 32U;
-    number = number * 100'000'000 + bytes;
+    number = number * kWholePowers[static_cast<std::size_t>(count)] + bytes;
     return true;
+}
+
+/// Reads digits up to `end`, eight at once; at least eight bytes of text precede it. Returns the place of the
+/// first byte that it did not read.
+inline const char* takeLastDigits(const char* at, const char* end, std::uint64_t& number) {
+    while (end - at > 8 && takeDigitsBefore(at + 8, 8, number))
+        at += 8;
+    return end - at >= 1 && end - at <= 8 && takeDigitsBefore(end, end - at, number) ? end : at;
 }
 
 } // namespace detail
@@ -72,8 +88,6 @@ inline bool parsePlainDecimal(std::string_view text, PlainDecimal& decimal) {
     std::uint64_t digits = 0;
     const auto takeDigits = [&] {
         const char* const first = at;
-        while (end - at >= 8 && detail::takeEightDigits(at, digits))
-            at += 8;
         for (; at != end && static_cast<unsigned char>(*at - '0') < 10; ++at)
             digits = digits * 10 + static_cast<unsigned char>(*at - '0');
         return at - first;
@@ -81,8 +95,11 @@ inline bool parsePlainDecimal(std::string_view text, PlainDecimal& decimal) {
     const std::ptrdiff_t whole = takeDigits();
     std::ptrdiff_t places = 0;
     if (at != end && *at == '.') {
-        ++at;
-        places = takeDigits();
+        const char* const fraction = ++at;
+        if (text.size() >= 8)
+            at = detail::takeLastDigits(at, end, digits);
+        takeDigits();
+        places = at - fraction;
     }
     decimal.digits = digits;
     decimal.places = static_cast<std::size_t>(places);

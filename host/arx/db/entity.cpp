@@ -105,6 +105,9 @@ AcGePoint3d AcDbEntity::inWorld(const AcGePoint3d& point, const AcGeVector3d& no
 }
 
 AcGeVector3d AcDbEntity::unitNormal(const AcGeVector3d& direction) {
+    // Nearly always, and then without rounding.
+    if (direction.x == 0.0 && direction.y == 0.0 && direction.z == 1.0)
+        return direction;
     const AcGeVector3d normal = direction.normal();
     return normal.isZeroLength() ? AcGeVector3d::kZAxis : normal;
 }

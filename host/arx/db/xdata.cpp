@@ -11,10 +11,7 @@
 
 #include <algorithm>
 
-using zuhost::Tag;
 using zuhost::TagList;
-using zuhost::TagRange;
-using zuhost::TagRef;
 using zuhost::TagView;
 
 namespace {
@@ -65,8 +62,10 @@ std::size_t sizeWith(const TagView& tags, const std::vector<TagList>& replacemen
 
 /// Returns the records of the application; with null, of all.
 TagView valuesOf(const AcDbObject& object, const ACHAR* application) {
+    if (application == nullptr)
+        return zuhost::ObjectAccess::tags(object).extendedData();
     const TagView all = zuhost::ObjectAccess::tags(object).extendedData();
-    if (application == nullptr || all.empty())
+    if (all.empty())
         return all;
     const TagView values = all.extendedData(zuhost::ObjectAccess::encoded(object, application));
     const AcDbDatabase* const database = object.database();
@@ -94,8 +93,11 @@ void visitValues(const TagView& values, Visit visit) {
 } // namespace
 
 resbuf* AcDbObject::xData(const ACHAR* application) const {
+    const TagView values = valuesOf(*this, application);
+    if (values.empty())
+        return nullptr;
     zuhost::ChainWriter chain(core());
-    visitValues(valuesOf(*this, application), [&chain](TagView::Iterator& at) {
+    visitValues(values, [&chain](TagView::Iterator& at) {
         chain.add(at);
         return true;
     });

@@ -89,10 +89,19 @@ std::string described(const TagView& tags) {
 
 /// The bytes of every form read as the list of their records.
 TEST(TagView, ReadsEveryFormInPlace) {
-    const std::string records =
+    const std::string usual =
         "0 X|5 1A|999 comment|102 {ACAD_REACTORS|330 A|102 }|100 AcDbEntity|8 L|100 AcDbX|10 -0.25"
         "|60 -3|90 70000|310 00FF|1 text|1001 Zu|1004 0A|1040 2.0|1070 7|1010 1.0|1000 last";
-    for (const char* version : {"AC1009", "AC1032"}) {
+    const std::string longFirstSubclass =
+        "0 X|5 1A|100 AcDbEntity|8 " + std::string(300, 'L') + "|100 AcDbX|10 1.0|1001 Zu|1070 7";
+    const std::string thirdSubclass =
+        "0 X|5 1A|100 AcDbEntity|8 L|100 AcDbY|10 2.0|100 AcDbX|10 1.0|100 Z|8 M";
+    const std::string markerInExtendedData = "0 X|5 1A|100 AcDbEntity|8 L|1001 Zu|100 AcDbX|10 1.0";
+    const std::string oneMarker = "0 X|5 1A|100 AcDbX|10 1.0";
+    for (const auto& [version, records] :
+         {std::pair("AC1009", usual), std::pair("AC1032", usual), std::pair("AC1032", longFirstSubclass),
+          std::pair("AC1032", thirdSubclass), std::pair("AC1032", markerInExtendedData),
+          std::pair("AC1032", oneMarker)}) {
         const std::string lines = drawing(version, "0 SECTION|2 ENTITIES|" + records + "|0 Y|0 ENDSEC");
         std::string returns = lines;
         std::ranges::replace(returns, '\n', '\r');
@@ -100,7 +109,7 @@ TEST(TagView, ReadsEveryFormInPlace) {
              {lines, returns, opened(lines)->bytes(DrawingForm::binary, nullptr)}) {
             const auto document = opened(bytes);
             const AcDbStub& stub = *member(*document, "X");
-            EXPECT_EQ(described(document->view(stub)), described(list(records))) << version;
+            EXPECT_EQ(described(document->view(stub)), described(list(records))) << version << records;
             EXPECT_EQ(described(document->view(*member(*document, "Y"))), described(list("0 Y")));
         }
     }

@@ -17,6 +17,8 @@ struct AcDbStub {
     std::uint32_t marker = 0;     ///< Bytes before the first subclass marker, or `extended` without one.
     std::uint32_t extended = 0;   ///< Bytes before the extended data, or `length` without any.
     std::uint16_t type = 0;       ///< Index into zuhost::Document::typeName.
+    /// Bytes from the first subclass marker to the second; 0 when there is none within 255.
+    std::uint8_t firstSubclass = 0;
     bool erased : 1 = false;
     bool hasInternalHandle : 1 = false; ///< The file has none (before R13): `handle` is not written.
     /// The handle in its records is unreadable or that of an earlier object; `handle` replaces it when the

@@ -3,6 +3,7 @@
 #include "dxf_records/scan_record.h"
 #include "tag_list.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -45,6 +46,15 @@ public:
 
 private:
     bool isBinary_ = false;
+};
+
+/// Places in an object's records that the parser found.
+struct RecordPlaces {
+    static constexpr std::size_t kUnknown = std::numeric_limits<std::size_t>::max();
+
+    std::size_t firstMarker = kUnknown;  ///< That of the extended data when there is none.
+    std::size_t secondMarker = kUnknown; ///< Known only together with the first one.
+    std::size_t extendedData = kUnknown; ///< That after the last record when there is none.
 };
 
 /// The records of an object, or some of them in a row, read where they are stored: in the bytes of the
@@ -96,10 +106,8 @@ public:
     TagView(const TagList& list) // NOLINT(google-explicit-constructor): a list can be read as it is
         : list_(&list), last_(list.size()) {}
     TagView(std::string_view bytes, TagForm form) : bytes_(bytes.data()), last_(bytes.size()), form_(form) {}
-    /// The records of an object of which the parser found these places.
-    TagView(std::string_view bytes, TagForm form, std::size_t firstMarker, std::size_t extendedData)
-        : bytes_(bytes.data()), last_(bytes.size()), marker_(firstMarker), extended_(extendedData),
-          form_(form) {}
+    TagView(std::string_view bytes, TagForm form, const RecordPlaces& places)
+        : bytes_(bytes.data()), last_(bytes.size()), places_(places), form_(form) {}
 
     [[nodiscard]] Iterator begin() const { return {*this, first_}; }
     [[nodiscard]] static std::default_sentinel_t end() { return {}; }
@@ -140,7 +148,9 @@ public:
     void reals(std::span<const int> codes, std::span<double> values) const;
 
 private:
-    static constexpr std::size_t kUnknown = std::numeric_limits<std::size_t>::max();
+    TagView(const TagView& whole, TagRange range)
+        : list_(whole.list_), first_(range.first), bytes_(whole.bytes_),
+          last_(std::min(range.last, whole.last_)), form_(whole.form_) {}
 
     /// Reads the record at the place, which is before `last_`; returns the place after it.
     std::size_t read(std::size_t place, TagRef& tag) const {
@@ -170,11 +180,10 @@ private:
     [[nodiscard]] std::size_t subclassStartInList(std::string_view marker) const;
 
     const TagList* list_ = nullptr;
-    const char* bytes_ = nullptr;
     std::size_t first_ = 0;
+    const char* bytes_ = nullptr;
     std::size_t last_;
-    std::size_t marker_ = kUnknown;
-    std::size_t extended_ = kUnknown;
+    RecordPlaces places_;
     TagForm form_ = TagForm::list;
     bool endsWithSubclass_ = false;
 };
