@@ -11,10 +11,11 @@ foreach(header ${headers})
   file(CONFIGURE OUTPUT ${interface}/${name} CONTENT "#include \"${header}\"\n" @ONLY)
   string(APPEND every_header "#include <${name}>\n")
 endforeach()
-# The one header that the interface includes from another folder: what differs between systems.
-set(rules zuhost/platform/system_rules.h)
-file(CONFIGURE OUTPUT ${interface}/${rules} @ONLY
-  CONTENT "#include \"${PROJECT_SOURCE_DIR}/host/platform/posix/include/${rules}\"\n")
+# The headers that the interface includes from another folder: what differs between systems.
+foreach(rules zuhost/platform/export.h zuhost/platform/system_rules.h)
+  file(CONFIGURE OUTPUT ${interface}/${rules} @ONLY
+    CONTENT "#include \"${PROJECT_SOURCE_DIR}/host/platform/posix/include/${rules}\"\n")
+endforeach()
 file(CONFIGURE OUTPUT every_header.cpp CONTENT "${every_header}" @ONLY)
 
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS src/*.cpp examples/*.cpp)

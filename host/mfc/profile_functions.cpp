@@ -117,7 +117,6 @@ UINT GetPrivateProfileIntW(const wchar_t* section, const wchar_t* key, int fallb
     return negative ? 0U - value : value;
 }
 
-// Where the platform's header is used; the host's own header has the function inline.
 DWORD GetPrivateProfileSectionNamesW(wchar_t* buffer, DWORD size, const wchar_t* file) {
     return GetPrivateProfileStringW(nullptr, nullptr, nullptr, buffer, size, file);
 }

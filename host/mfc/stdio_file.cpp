@@ -147,11 +147,15 @@ wchar_t* CStdioFile::ReadString(wchar_t* buffer, UINT count) {
     return buffer;
 }
 
-bool zuhost::readLines(CStdioFile& file, LineBlock& block, UINT size) {
+bool zuhost::LineBlock::read(CStdioFile& file, UINT size) {
     if (file.text_ == nullptr)
         file.fail(EBADF);
-    block = std::move(file.text_->block);
-    return (block.lines_ != nullptr && !block.lines_->atEnd()) || file.nextLines(block, size);
+    *this = std::move(file.text_->block);
+    return (lines_ != nullptr && !lines_->atEnd()) || file.nextLines(*this, size);
+}
+
+bool zuhost::readLines(CStdioFile& file, LineBlock& block, UINT size) {
+    return block.read(file, size);
 }
 
 bool CStdioFile::nextLines(LineBlock& block, std::size_t size) {

@@ -4,22 +4,18 @@ import glob
 import re
 import sys
 
-from exported_names import exported_names
+from exported_names import code_of, exported_names, marked_names
 
 library, headers, objdump, *left_out = sys.argv[1:]
 functions, variables, classes, modern = set(), set(), set(), set()
 for path in glob.glob(headers + "/**/*.h", recursive=True):
-    with open(path, encoding="utf-8") as f:
-        text = re.sub(r"//[^\n]*", "", f.read())
-    text = re.sub(r"#[^\n]*", "", text)
-    classes |= set(re.findall(r"\b(?:class|struct)\s+ZUCOMN_API\s+(\w+)", text))
-    for declaration in re.findall(r"(?<!class )(?<!struct )\bZUCOMN_API\b([^;{]*)", text):
-        call = re.search(r"(\w+)\s*\(", declaration)
-        name = call.group(1) if call else declaration.split()[-1]
-        if "/zucomn/model/" in path:
-            modern.add("zucomn::" + name)
-        else:
-            (functions if call else variables).add(name)
+    marked = marked_names(code_of(path), "ZUCOMN_API")
+    classes |= marked[0]
+    if "/zucomn/model/" in path:
+        modern |= {"zucomn::" + name for name in marked[1] | marked[2]}
+    else:
+        functions |= marked[1]
+        variables |= marked[2]
 
 exported = exported_names(library, objdump)
 exported_functions, exported_variables, exported_modern, strange = set(), set(), set(), []

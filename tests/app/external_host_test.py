@@ -24,8 +24,8 @@ def make_kit(folder):
         for header in glob.glob(os.path.join(SOURCE, "host", pattern)):
             if "/without_windows/" not in header and "/on_windows/" not in header:
                 write(os.path.join(folder, "include", os.path.basename(header)), '#include "%s"\n' % header)
-    rules = "zuhost/platform/system_rules.h"
-    write(os.path.join(folder, "include", rules), '#include "%s/host/platform/posix/include/%s"\n' % (SOURCE, rules))
+    for rules in ("zuhost/platform/export.h", "zuhost/platform/system_rules.h"):
+        write(os.path.join(folder, "include", rules), '#include "%s/host/platform/posix/include/%s"\n' % (SOURCE, rules))
     write(os.path.join(folder, "stubs.cpp"), 'extern "C" void kitStub() {}\n')
     subprocess.run([COMPILER, "-shared", "-fPIC", folder + "/stubs.cpp", "-o", folder + "/libhost.so"], check=True)
 

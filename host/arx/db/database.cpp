@@ -224,7 +224,7 @@ Acad::ErrorStatus AcDbDatabase::undo() {
 }
 
 zuhost::DatabaseCore& zuhost::coreOf(const AcDbDatabase& database) {
-    return *database.core_;
+    return ObjectAccess::core(database);
 }
 
 AcDbHostApplicationServices* acdbHostApplicationServices() {

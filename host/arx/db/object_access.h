@@ -11,6 +11,7 @@ namespace zuhost {
 
 /// Members that the interface lacks, for the free functions of zuhost/ and the host's own classes.
 struct ObjectAccess {
+    static DatabaseCore& core(const AcDbDatabase& database) { return *database.core_; }
     static std::wstring layer(const AcDbEntity& entity) { return entity.layerText(); }
     static std::wstring block(const AcDbBlockReference& reference) { return reference.nameOfBlock(); }
     static std::vector<CurvePiece> pieces(const AcDbCurve& curve);

@@ -107,10 +107,6 @@ void AcEditor::removeReactor(AcEditorReactor* reactor) {
     reactors_.remove(reactor);
 }
 
-const AcArray<AcEditorReactor*>& zuhost::reactorsOf(const AcEditor& editor) {
-    return editor.reactors_;
-}
-
 CMDIFrameWnd* acedGetAcadFrame() {
     return mainFrame;
 }

@@ -1,7 +1,7 @@
 #include "acdocman.h"
-#include "aced.h"
 #include "acutads.h"
 #include "command_lock.h"
+#include "editor_access.h"
 #include "input_queue.h"
 #include "undo_commands.h"
 
@@ -19,9 +19,9 @@ zuhost::InputQueue& input() {
 template <typename Notification>
 void notifyReactors(Notification notification) {
     // A copy: a reactor may remove itself or others.
-    const AcArray<AcEditorReactor*> registered = zuhost::reactorsOf(*acedEditor);
+    const AcArray<AcEditorReactor*> registered = zuhost::EditorAccess::reactors(*acedEditor);
     for (AcEditorReactor* const reactor : registered)
-        if (zuhost::reactorsOf(*acedEditor).contains(reactor))
+        if (zuhost::EditorAccess::reactors(*acedEditor).contains(reactor))
             notification(*reactor);
 }
 

@@ -5,17 +5,13 @@
 #include "atltime.h"
 #include "tchar.h"
 #include <windows.h>
+#include <zuhost/platform/export.h>
 
 #include <memory>
 
-class CStdioFile;
-
 namespace zuhost {
-
 class LineBlock;
-bool readLines(CStdioFile& file, LineBlock& block, UINT size);
-
-} // namespace zuhost
+}
 
 // Checks of modules, as the platform's release form has them: only VERIFY evaluates its condition.
 
@@ -45,7 +41,7 @@ bool readLines(CStdioFile& file, LineBlock& block, UINT size);
 class CObject;
 
 /// Run-time description of a class of the framework; see RUNTIME_CLASS.
-struct CRuntimeClass {
+struct ZUHOST_API CRuntimeClass {
     const char* m_lpszClassName;
     CObject* (*m_pfnCreateObject)();
     const CRuntimeClass* m_pBaseClass;
@@ -58,7 +54,7 @@ struct CRuntimeClass {
 };
 
 /// Root of the framework's classes.
-class CObject {
+class ZUHOST_API CObject {
 public:
     static const CRuntimeClass classCObject;
 
@@ -119,7 +115,7 @@ struct CFileStatus {
 /// A created file (modeCreate without modeNoTruncate) is written to a temporary file, which Close moves to
 /// the path: a failed or interrupted write leaves the old file intact. It is written from start to end,
 /// without seeking. Paths may contain "\\" or "/"; their case is ignored.
-class CFile : public CObject {
+class ZUHOST_API CFile : public CObject {
 public:
     enum OpenFlags : UINT {
         modeRead = 0x0000,
@@ -198,7 +194,7 @@ private:
 #pragma GCC diagnostic pop
 
 /// Finds the files of a folder by a mask with "*" and "?", ordered by name.
-class CFileFind : public CObject {
+class ZUHOST_API CFileFind : public CObject {
 public:
     CFileFind() = default;
     ~CFileFind() override;
@@ -245,7 +241,7 @@ private:
 /// the text at the first Ctrl-Z. Writes in the encoding of the file it replaces (932 for a new file), LF as
 /// CR LF. A character that the encoding cannot represent is an error (CFileException, cause genericException)
 /// and is never replaced.
-class CStdioFile : public CFile {
+class ZUHOST_API CStdioFile : public CFile {
 public:
     CStdioFile();
     /// Throws CFileException when the file cannot be opened.
@@ -267,7 +263,7 @@ public:
     void WriteString(const wchar_t* text);
 
 private:
-    friend bool zuhost::readLines(CStdioFile& file, zuhost::LineBlock& block, UINT size);
+    friend class zuhost::LineBlock;
     struct Text;
 
     bool nextLines(zuhost::LineBlock& block, std::size_t size);
@@ -278,12 +274,15 @@ private:
 
 /// Copies the piece at an index (from 0) of a text that a character separates. FALSE with an empty piece when
 /// there are fewer pieces.
-BOOL AfxExtractSubString(CString& piece, const wchar_t* text, int index, wchar_t separator = L'\n');
+ZUHOST_API BOOL AfxExtractSubString(CString& piece, const wchar_t* text, int index,
+                                    wchar_t separator = L'\n');
 
 /// Replace "%1" and "%2" (up to "%9") in a format, or in a string resource.
-void AfxFormatString1(CString& result, const wchar_t* format, const wchar_t* first);
-void AfxFormatString1(CString& result, UINT id, const wchar_t* first);
-void AfxFormatString2(CString& result, const wchar_t* format, const wchar_t* first, const wchar_t* second);
-void AfxFormatString2(CString& result, UINT id, const wchar_t* first, const wchar_t* second);
-void AfxFormatStrings(CString& result, const wchar_t* format, const wchar_t* const* texts, int count);
-void AfxFormatStrings(CString& result, UINT id, const wchar_t* const* texts, int count);
+ZUHOST_API void AfxFormatString1(CString& result, const wchar_t* format, const wchar_t* first);
+ZUHOST_API void AfxFormatString1(CString& result, UINT id, const wchar_t* first);
+ZUHOST_API void AfxFormatString2(CString& result, const wchar_t* format, const wchar_t* first,
+                                 const wchar_t* second);
+ZUHOST_API void AfxFormatString2(CString& result, UINT id, const wchar_t* first, const wchar_t* second);
+ZUHOST_API void AfxFormatStrings(CString& result, const wchar_t* format, const wchar_t* const* texts,
+                                 int count);
+ZUHOST_API void AfxFormatStrings(CString& result, UINT id, const wchar_t* const* texts, int count);

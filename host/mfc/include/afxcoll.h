@@ -4,6 +4,8 @@
 #include "afxplex_.h"
 #include "zuhost/element_list.h"
 
+#include <zuhost/platform/export.h>
+
 #include <algorithm>
 #include <limits>
 #include <memory>
@@ -111,7 +113,7 @@ using POSITION = zuhost::FrameworkPosition*;
 
 /// A doubly linked list of object pointers; it does not own the objects. Allocates its nodes in blocks, which
 /// it frees when it becomes empty.
-class CObList : public CObject {
+class ZUHOST_API CObList : public CObject {
 public:
     CObList() = default;
     ~CObList() override;

@@ -2,6 +2,8 @@
 
 #include "afx.h"
 
+#include <zuhost/platform/export.h>
+
 /// State of a shared library that extends the framework.
 struct AFX_EXTENSION_MODULE {
     BOOL bInitialized = FALSE;
@@ -10,13 +12,13 @@ struct AFX_EXTENSION_MODULE {
 };
 
 /// Initialises the state for a module; returns FALSE for a null module.
-BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE module);
+ZUHOST_API BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE module);
 /// Removes the module from the resource chain and resets the state.
-void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all = FALSE);
+ZUHOST_API void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all = FALSE);
 
 /// A module in the chain that is searched for resources. Owned by the chain: deleted by
 /// AfxTermExtensionModule, or at the end of the host.
-class CDynLinkLibrary {
+class ZUHOST_API CDynLinkLibrary {
 public:
     explicit CDynLinkLibrary(AFX_EXTENSION_MODULE& state);
     ~CDynLinkLibrary();
@@ -28,13 +30,13 @@ public:
 };
 
 /// Returns the module whose resources are loaded by default; null for the program.
-HINSTANCE AfxGetResourceHandle();
-void AfxSetResourceHandle(HINSTANCE instance);
+ZUHOST_API HINSTANCE AfxGetResourceHandle();
+ZUHOST_API void AfxSetResourceHandle(HINSTANCE instance);
 /// Returns the program.
-HINSTANCE AfxGetInstanceHandle();
+ZUHOST_API HINSTANCE AfxGetInstanceHandle();
 /// Returns the first module with the text: the current resource handle, then the chain; the current resource
 /// handle when none has it.
-HINSTANCE AfxFindStringResourceHandle(UINT id);
+ZUHOST_API HINSTANCE AfxFindStringResourceHandle(UINT id);
 
 /// What the framework keeps for a module.
 struct AFX_MODULE_STATE {
@@ -45,7 +47,7 @@ struct AFX_MODULE_STATE {
 namespace zuhost {
 
 /// Returns the state of the module that contains the address; the program's when none does.
-AFX_MODULE_STATE* moduleStateAt(const void* address);
+ZUHOST_API AFX_MODULE_STATE* moduleStateAt(const void* address);
 
 /// Makes a module's resources the current ones for its lifetime.
 class ResourceScope {

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 // The framework's exceptions: thrown by pointer, caught by pointer, and deleted by the handler with Delete.
 // Included by afx.h.
 
 /// Root of the framework's exceptions.
-class CException : public CObject {
+class ZUHOST_API CException : public CObject {
     DECLARE_DYNAMIC(CException)
 
 public:
@@ -30,7 +32,7 @@ protected:
 
 /// Root of the exceptions with a fixed text. AfxThrow functions throw one object per class, which Delete
 /// leaves alone.
-class CSimpleException : public CException {
+class ZUHOST_API CSimpleException : public CException {
     DECLARE_DYNAMIC(CSimpleException)
 
 public:
@@ -38,7 +40,7 @@ public:
 };
 
 /// Not enough memory.
-class CMemoryException : public CSimpleException {
+class ZUHOST_API CMemoryException : public CSimpleException {
     DECLARE_DYNAMIC(CMemoryException)
 
 public:
@@ -47,7 +49,7 @@ public:
 };
 
 /// A feature that is not supported.
-class CNotSupportedException : public CSimpleException {
+class ZUHOST_API CNotSupportedException : public CSimpleException {
     DECLARE_DYNAMIC(CNotSupportedException)
 
 public:
@@ -56,7 +58,7 @@ public:
 };
 
 /// A resource that does not exist.
-class CResourceException : public CSimpleException {
+class ZUHOST_API CResourceException : public CSimpleException {
     DECLARE_DYNAMIC(CResourceException)
 
 public:
@@ -65,7 +67,7 @@ public:
 };
 
 /// An operation ended by the program after the user was informed.
-class CUserException : public CSimpleException {
+class ZUHOST_API CUserException : public CSimpleException {
     DECLARE_DYNAMIC(CUserException)
 
 public:
@@ -74,7 +76,7 @@ public:
 };
 
 /// An argument out of range, such as an index beyond an array's end.
-class CInvalidArgException : public CSimpleException {
+class ZUHOST_API CInvalidArgException : public CSimpleException {
     DECLARE_DYNAMIC(CInvalidArgException)
 
 public:
@@ -83,7 +85,7 @@ public:
 };
 
 /// A failed file operation; `m_cause` is the reason as one of the framework's numbers.
-class CFileException : public CException {
+class ZUHOST_API CFileException : public CException {
     DECLARE_DYNAMIC(CFileException)
 
 public:
@@ -120,18 +122,19 @@ public:
     CString m_strFileName;
 };
 
-[[noreturn]] void AfxThrowMemoryException();
-[[noreturn]] void AfxThrowNotSupportedException();
-[[noreturn]] void AfxThrowResourceException();
-[[noreturn]] void AfxThrowUserException();
-[[noreturn]] void AfxThrowInvalidArgException();
-[[noreturn]] void AfxThrowFileException(int cause, LONG osError = -1, const wchar_t* file = nullptr);
+[[noreturn]] ZUHOST_API void AfxThrowMemoryException();
+[[noreturn]] ZUHOST_API void AfxThrowNotSupportedException();
+[[noreturn]] ZUHOST_API void AfxThrowResourceException();
+[[noreturn]] ZUHOST_API void AfxThrowUserException();
+[[noreturn]] ZUHOST_API void AfxThrowInvalidArgException();
+[[noreturn]] ZUHOST_API void AfxThrowFileException(int cause, LONG osError = -1,
+                                                   const wchar_t* file = nullptr);
 
 namespace zuhost {
 
 /// The exception that a block of TRY and CATCH handles; deletes it at the end of the block unless
 /// THROW_LAST throws it again.
-class HandledException {
+class ZUHOST_API HandledException {
 public:
     HandledException();
     ~HandledException();

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <windows.h>
+#include <zuhost/platform/export.h>
 
 // Included by afxwin.h.
 
 /// As MessageBoxW, with the application's title as caption.
-int AfxMessageBox(const wchar_t* text, UINT style = MB_OK, UINT helpId = 0);
+ZUHOST_API int AfxMessageBox(const wchar_t* text, UINT style = MB_OK, UINT helpId = 0);

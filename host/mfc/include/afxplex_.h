@@ -1,13 +1,15 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <cstddef>
 
 /// A block of memory for many small elements, in a chain of blocks; the user manages its contents.
 ///
 /// Blocks of more than 124 KB share large pages of 2 MB where the system has them. Small pages are supplied
 /// with each block, so that the processor's cache still holds them when it is filled.
-struct alignas(std::max_align_t) CPlex {
-    CPlex* pNext;
+struct ZUHOST_API CPlex {
+    alignas(std::max_align_t) CPlex* pNext;
 
     [[nodiscard]] void* data() { return this + 1; }
 

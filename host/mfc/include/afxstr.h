@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <zuhost/platform/export.h>
 #include "zuhost/format.h"
 #include "zuhost/shared_text.h"
 
@@ -20,7 +21,7 @@ class StringPool;
 /// The host framework's wide text, a value type: copies are cheap and share their characters until one is
 /// changed. Indices and lengths count wide characters. Mid, Left, Right, Insert and Delete clamp positions
 /// that are out of range; GetAt and SetAt throw the invalid-argument exception.
-class CString {
+class ZUHOST_API CString {
 public:
     using XCHAR = wchar_t;
     using PXSTR = wchar_t*;
@@ -168,8 +169,8 @@ public:
 
 private:
     friend class zuhost::StringPool;
-    friend bool operator==(const CString& left, const CString& right);
-    friend std::strong_ordering operator<=>(const CString& left, const CString& right);
+    friend ZUHOST_API bool operator==(const CString& left, const CString& right);
+    friend ZUHOST_API std::strong_ordering operator<=>(const CString& left, const CString& right);
 
     explicit CString(zuhost::SharedText text) : text_(std::move(text)) {}
     [[nodiscard]] std::wstring_view view() const { return text_.view(); }
@@ -179,11 +180,11 @@ private:
     zuhost::SharedText text_;
 };
 
-CString operator+(const CString& left, const CString& right);
-CString operator+(const CString& left, const wchar_t* right);
-CString operator+(const wchar_t* left, const CString& right);
-CString operator+(const CString& left, wchar_t right);
-CString operator+(wchar_t left, const CString& right);
+ZUHOST_API CString operator+(const CString& left, const CString& right);
+ZUHOST_API CString operator+(const CString& left, const wchar_t* right);
+ZUHOST_API CString operator+(const wchar_t* left, const CString& right);
+ZUHOST_API CString operator+(const CString& left, wchar_t right);
+ZUHOST_API CString operator+(wchar_t left, const CString& right);
 
 inline bool operator==(const CString& left, const CString& right) {
     return left.view() == right.view();

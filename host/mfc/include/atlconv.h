@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <zuhost/platform/export.h>
 
 #include <deque>
 #include <string>
@@ -11,8 +12,8 @@
 
 namespace zuhost {
 
-[[nodiscard]] std::string narrowText(const wchar_t* text, UINT codePage);
-[[nodiscard]] std::wstring wideText(const char* bytes, UINT codePage);
+[[nodiscard]] ZUHOST_API std::string narrowText(const wchar_t* text, UINT codePage);
+[[nodiscard]] ZUHOST_API std::wstring wideText(const char* bytes, UINT codePage);
 
 } // namespace zuhost
 

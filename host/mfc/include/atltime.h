@@ -2,11 +2,13 @@
 
 #include "afxstr.h"
 
+#include <zuhost/platform/export.h>
+
 #include <ctime>
 
 // Times and spans of time in whole seconds.
 
-class CTimeSpan {
+class ZUHOST_API CTimeSpan {
 public:
     CTimeSpan() = default;
     // NOLINTNEXTLINE(google-explicit-constructor, hicpp-explicit-conversions): as the interface has it.
@@ -41,7 +43,7 @@ private:
 };
 
 /// A moment in seconds since 1970, UTC. The calendar is that of the local time zone.
-class CTime {
+class ZUHOST_API CTime {
 public:
     CTime() = default;
     // NOLINTNEXTLINE(google-explicit-constructor, hicpp-explicit-conversions): as the interface has it.

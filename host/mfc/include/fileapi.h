@@ -2,6 +2,8 @@
 
 #include "windef.h"
 
+#include <zuhost/platform/export.h>
+
 // Files and folders by path, under the platform's names. Paths may contain "\\" or "/"; their case is
 // ignored. On failure each function sets the last error. Included by windows.h.
 
@@ -37,41 +39,41 @@ struct WIN32_FIND_DATAW {
 };
 using WIN32_FIND_DATA = WIN32_FIND_DATAW;
 
-BOOL CopyFileW(const wchar_t* from, const wchar_t* to, BOOL failIfExists);
-BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
+ZUHOST_API BOOL CopyFileW(const wchar_t* from, const wchar_t* to, BOOL failIfExists);
+ZUHOST_API BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
 /// MOVEFILE_REPLACE_EXISTING replaces a file; other flags are ignored.
-BOOL MoveFileExW(const wchar_t* from, const wchar_t* to, DWORD flags);
-BOOL DeleteFileW(const wchar_t* path);
+ZUHOST_API BOOL MoveFileExW(const wchar_t* from, const wchar_t* to, DWORD flags);
+ZUHOST_API BOOL DeleteFileW(const wchar_t* path);
 /// The attributes are those of the folder above. ERROR_ALREADY_EXISTS when the name is taken.
-BOOL CreateDirectoryW(const wchar_t* path, LPSECURITY_ATTRIBUTES attributes);
-BOOL RemoveDirectoryW(const wchar_t* path);
+ZUHOST_API BOOL CreateDirectoryW(const wchar_t* path, LPSECURITY_ATTRIBUTES attributes);
+ZUHOST_API BOOL RemoveDirectoryW(const wchar_t* path);
 /// Returns FILE_ATTRIBUTE values: directory, read-only (without the right to write), hidden (names that
 /// begin with a dot); INVALID_FILE_ATTRIBUTES when there is no such file.
-DWORD GetFileAttributesW(const wchar_t* path);
+ZUHOST_API DWORD GetFileAttributesW(const wchar_t* path);
 /// Sets or clears the read-only attribute; the others are not stored.
-BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes);
+ZUHOST_API BOOL SetFileAttributesW(const wchar_t* path, DWORD attributes);
 
 // Each copies a path and returns its length, or the size needed with the final zero when the buffer is too
 // small. 0 on failure.
 
 /// Returns the folder for temporary files, with a final "\\".
-DWORD GetTempPathW(DWORD size, wchar_t* buffer);
-DWORD GetCurrentDirectoryW(DWORD size, wchar_t* buffer);
-DWORD GetFullPathNameW(const wchar_t* path, DWORD size, wchar_t* buffer, wchar_t** name);
+ZUHOST_API DWORD GetTempPathW(DWORD size, wchar_t* buffer);
+ZUHOST_API DWORD GetCurrentDirectoryW(DWORD size, wchar_t* buffer);
+ZUHOST_API DWORD GetFullPathNameW(const wchar_t* path, DWORD size, wchar_t* buffer, wchar_t** name);
 /// Makes the name of a new file from at most three characters of `prefix` and a number, and creates the file
 /// when `unique` is 0. The buffer has room for MAX_PATH characters. Returns the number.
-UINT GetTempFileNameW(const wchar_t* folder, const wchar_t* prefix, UINT unique, wchar_t* buffer);
-BOOL SetCurrentDirectoryW(const wchar_t* path);
+ZUHOST_API UINT GetTempFileNameW(const wchar_t* folder, const wchar_t* prefix, UINT unique, wchar_t* buffer);
+ZUHOST_API BOOL SetCurrentDirectoryW(const wchar_t* path);
 
 /// Finds the files of a folder by a mask with "*" and "?", ordered by name. INVALID_HANDLE_VALUE when there
 /// is none. The handle is closed with FindClose.
-HANDLE FindFirstFileW(const wchar_t* mask, WIN32_FIND_DATAW* found);
+ZUHOST_API HANDLE FindFirstFileW(const wchar_t* mask, WIN32_FIND_DATAW* found);
 /// FALSE with ERROR_NO_MORE_FILES after the last one.
-BOOL FindNextFileW(HANDLE search, WIN32_FIND_DATAW* found);
-BOOL FindClose(HANDLE search);
+ZUHOST_API BOOL FindNextFileW(HANDLE search, WIN32_FIND_DATAW* found);
+ZUHOST_API BOOL FindClose(HANDLE search);
 
 /// Returns less than, equal to or greater than 0.
-LONG CompareFileTime(const FILETIME* left, const FILETIME* right);
+ZUHOST_API LONG CompareFileTime(const FILETIME* left, const FILETIME* right);
 
 inline BOOL CopyFile(const wchar_t* from, const wchar_t* to, BOOL failIfExists) {
     return CopyFileW(from, to, failIfExists);

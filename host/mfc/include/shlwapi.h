@@ -2,35 +2,37 @@
 
 #include "windows.h"
 
+#include <zuhost/platform/export.h>
+
 // Paths as texts, under the platform's names. Buffers have room for MAX_PATH characters; a null path gives
 // FALSE or null.
 
-BOOL PathFileExistsW(const wchar_t* path);
-BOOL PathIsDirectoryW(const wchar_t* path);
+ZUHOST_API BOOL PathFileExistsW(const wchar_t* path);
+ZUHOST_API BOOL PathIsDirectoryW(const wchar_t* path);
 /// Returns whether the path lacks a drive and does not begin with a separator.
-BOOL PathIsRelativeW(const wchar_t* path);
+ZUHOST_API BOOL PathIsRelativeW(const wchar_t* path);
 /// Each returns a part of the path itself; its end when there is no such part. The extension begins with ".".
-wchar_t* PathFindFileNameW(const wchar_t* path);
-wchar_t* PathFindExtensionW(const wchar_t* path);
+ZUHOST_API wchar_t* PathFindFileNameW(const wchar_t* path);
+ZUHOST_API wchar_t* PathFindExtensionW(const wchar_t* path);
 
 // Each changes the path in place.
 
 /// Removes the last name and the separator before it; FALSE when nothing was removed.
-BOOL PathRemoveFileSpecW(wchar_t* path);
-void PathRemoveExtensionW(wchar_t* path);
+ZUHOST_API BOOL PathRemoveFileSpecW(wchar_t* path);
+ZUHOST_API void PathRemoveExtensionW(wchar_t* path);
 /// Removes all but the last name.
-void PathStripPathW(wchar_t* path);
+ZUHOST_API void PathStripPathW(wchar_t* path);
 /// Appends a separator unless there is one; returns the new end, null when the buffer is full.
-wchar_t* PathAddBackslashW(wchar_t* path);
+ZUHOST_API wchar_t* PathAddBackslashW(wchar_t* path);
 /// Removes a final separator; returns the place where it was, or the last character.
-wchar_t* PathRemoveBackslashW(wchar_t* path);
+ZUHOST_API wchar_t* PathRemoveBackslashW(wchar_t* path);
 /// Each returns FALSE, with the path unchanged, when the result is too long.
-BOOL PathAppendW(wchar_t* path, const wchar_t* more);
-BOOL PathAddExtensionW(wchar_t* path, const wchar_t* extension);
-BOOL PathRenameExtensionW(wchar_t* path, const wchar_t* extension);
+ZUHOST_API BOOL PathAppendW(wchar_t* path, const wchar_t* more);
+ZUHOST_API BOOL PathAddExtensionW(wchar_t* path, const wchar_t* extension);
+ZUHOST_API BOOL PathRenameExtensionW(wchar_t* path, const wchar_t* extension);
 /// Joins a folder and a path into the buffer; an absolute path stands alone. Null, with an empty text, when
 /// the result is too long.
-wchar_t* PathCombineW(wchar_t* buffer, const wchar_t* folder, const wchar_t* path);
+ZUHOST_API wchar_t* PathCombineW(wchar_t* buffer, const wchar_t* folder, const wchar_t* path);
 
 inline BOOL PathFileExists(const wchar_t* path) {
     return PathFileExistsW(path);

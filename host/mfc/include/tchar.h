@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <zuhost/platform/export.h>
 #include "zuhost/format.h"
 
 #include <cstdio>
@@ -24,15 +25,15 @@ inline constexpr std::size_t _TRUNCATE = static_cast<std::size_t>(-1);
 // ---- numbers
 
 /// As _wtoi, for 32 bits (the platform's `long`) and 64 bits.
-LONG _wtol(const wchar_t* text);
-std::int64_t _wtoi64(const wchar_t* text);
+ZUHOST_API LONG _wtol(const wchar_t* text);
+ZUHOST_API std::int64_t _wtoi64(const wchar_t* text);
 /// As the standard functions, independent of the process's locale.
-LONG _tcstol(const wchar_t* text, wchar_t** end, int base);
-ULONG _tcstoul(const wchar_t* text, wchar_t** end, int base);
-double _tcstod(const wchar_t* text, wchar_t** end);
+ZUHOST_API LONG _tcstol(const wchar_t* text, wchar_t** end, int base);
+ZUHOST_API ULONG _tcstoul(const wchar_t* text, wchar_t** end, int base);
+ZUHOST_API double _tcstod(const wchar_t* text, wchar_t** end);
 /// Writes a number with base 2 to 36, with room for it in the buffer; returns the buffer.
-wchar_t* _itow(int value, wchar_t* buffer, int base);
-errno_t _itow_s(int value, wchar_t* buffer, std::size_t size, int base);
+ZUHOST_API wchar_t* _itow(int value, wchar_t* buffer, int base);
+ZUHOST_API errno_t _itow_s(int value, wchar_t* buffer, std::size_t size, int base);
 template <std::size_t size>
 errno_t _itow_s(int value, wchar_t (&buffer)[size], int base) {
     return _itow_s(value, buffer, size, base);
@@ -40,11 +41,11 @@ errno_t _itow_s(int value, wchar_t (&buffer)[size], int base) {
 
 // ---- buffers
 
-errno_t wcscpy_s(wchar_t* buffer, std::size_t size, const wchar_t* text);
-errno_t wcscat_s(wchar_t* buffer, std::size_t size, const wchar_t* text);
+ZUHOST_API errno_t wcscpy_s(wchar_t* buffer, std::size_t size, const wchar_t* text);
+ZUHOST_API errno_t wcscat_s(wchar_t* buffer, std::size_t size, const wchar_t* text);
 /// Copies up to `count` characters; _TRUNCATE copies what fits.
-errno_t wcsncpy_s(wchar_t* buffer, std::size_t size, const wchar_t* text, std::size_t count);
-errno_t wcsncat_s(wchar_t* buffer, std::size_t size, const wchar_t* text, std::size_t count);
+ZUHOST_API errno_t wcsncpy_s(wchar_t* buffer, std::size_t size, const wchar_t* text, std::size_t count);
+ZUHOST_API errno_t wcsncat_s(wchar_t* buffer, std::size_t size, const wchar_t* text, std::size_t count);
 template <std::size_t size>
 errno_t wcscpy_s(wchar_t (&buffer)[size], const wchar_t* text) {
     return wcscpy_s(buffer, size, text);
@@ -63,24 +64,24 @@ errno_t wcsncat_s(wchar_t (&buffer)[size], const wchar_t* text, std::size_t coun
 }
 
 /// Returns a copy from malloc; null for null.
-wchar_t* _wcsdup(const wchar_t* text);
+ZUHOST_API wchar_t* _wcsdup(const wchar_t* text);
 /// Each changes the text itself and returns it. Only ASCII letters change case.
-wchar_t* _wcslwr(wchar_t* text);
-wchar_t* _wcsupr(wchar_t* text);
-wchar_t* _wcsrev(wchar_t* text);
-errno_t _wcslwr_s(wchar_t* text, std::size_t size);
-errno_t _wcsupr_s(wchar_t* text, std::size_t size);
+ZUHOST_API wchar_t* _wcslwr(wchar_t* text);
+ZUHOST_API wchar_t* _wcsupr(wchar_t* text);
+ZUHOST_API wchar_t* _wcsrev(wchar_t* text);
+ZUHOST_API errno_t _wcslwr_s(wchar_t* text, std::size_t size);
+ZUHOST_API errno_t _wcsupr_s(wchar_t* text, std::size_t size);
 /// Returns the next piece between separators, changing the text; null at the end. `rest` holds the place.
-wchar_t* wcstok_s(wchar_t* text, const wchar_t* separators, wchar_t** rest);
+ZUHOST_API wchar_t* wcstok_s(wchar_t* text, const wchar_t* separators, wchar_t** rest);
 
 // ---- formats
 
 namespace zuhost {
 
 /// Copies a formatted text; returns its length. -1 with an empty buffer when it does not fit.
-int copyFormatted(const std::wstring& text, wchar_t* buffer, std::size_t size);
+ZUHOST_API int copyFormatted(const std::wstring& text, wchar_t* buffer, std::size_t size);
 /// Copies the first `count` characters that fit; returns -1 when some are cut off.
-int copyTruncated(const std::wstring& text, wchar_t* buffer, std::size_t size, std::size_t count);
+ZUHOST_API int copyTruncated(const std::wstring& text, wchar_t* buffer, std::size_t size, std::size_t count);
 
 } // namespace zuhost
 
@@ -122,18 +123,18 @@ int _snwprintf_s(wchar_t (&buffer)[size], std::size_t count, const wchar_t* form
 
 /// Joins the parts of a path, with the separators that they lack; null parts are skipped. The buffer has room
 /// for MAX_PATH characters.
-void _wmakepath(wchar_t* path, const wchar_t* drive, const wchar_t* folder, const wchar_t* name,
-                const wchar_t* extension);
-errno_t _wmakepath_s(wchar_t* path, std::size_t size, const wchar_t* drive, const wchar_t* folder,
-                     const wchar_t* name, const wchar_t* extension);
+ZUHOST_API void _wmakepath(wchar_t* path, const wchar_t* drive, const wchar_t* folder, const wchar_t* name,
+                           const wchar_t* extension);
+ZUHOST_API errno_t _wmakepath_s(wchar_t* path, std::size_t size, const wchar_t* drive, const wchar_t* folder,
+                                const wchar_t* name, const wchar_t* extension);
 template <std::size_t size>
 errno_t _wmakepath_s(wchar_t (&path)[size], const wchar_t* drive, const wchar_t* folder, const wchar_t* name,
                      const wchar_t* extension) {
     return _wmakepath_s(path, size, drive, folder, name, extension);
 }
-errno_t _wsplitpath_s(const wchar_t* path, wchar_t* drive, std::size_t driveSize, wchar_t* folder,
-                      std::size_t folderSize, wchar_t* name, std::size_t nameSize, wchar_t* extension,
-                      std::size_t extensionSize);
+ZUHOST_API errno_t _wsplitpath_s(const wchar_t* path, wchar_t* drive, std::size_t driveSize, wchar_t* folder,
+                                 std::size_t folderSize, wchar_t* name, std::size_t nameSize,
+                                 wchar_t* extension, std::size_t extensionSize);
 template <std::size_t driveSize, std::size_t folderSize, std::size_t nameSize, std::size_t extensionSize>
 errno_t _wsplitpath_s(const wchar_t* path, wchar_t (&drive)[driveSize], wchar_t (&folder)[folderSize],
                       wchar_t (&name)[nameSize], wchar_t (&extension)[extensionSize]) {
@@ -141,10 +142,10 @@ errno_t _wsplitpath_s(const wchar_t* path, wchar_t (&drive)[driveSize], wchar_t 
                          extensionSize);
 }
 /// Returns 0 when the file exists (mode 0) and may be read (4) or written (2), otherwise -1.
-int _waccess(const wchar_t* path, int mode);
+ZUHOST_API int _waccess(const wchar_t* path, int mode);
 /// Opens a file; null on failure. A text is read and written byte by byte: use CStdioFile for its encoding.
-std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode);
-errno_t _wfopen_s(std::FILE** file, const wchar_t* path, const wchar_t* mode);
+ZUHOST_API std::FILE* _wfopen(const wchar_t* path, const wchar_t* mode);
+ZUHOST_API errno_t _wfopen_s(std::FILE** file, const wchar_t* path, const wchar_t* mode);
 
 // ---- neutral names
 

@@ -2,6 +2,8 @@
 
 #include "windef.h"
 
+#include <zuhost/platform/export.h>
+
 #include <cstddef>
 #include <cstring>
 #include <cwchar>
@@ -40,30 +42,32 @@ inline constexpr DWORD ERROR_WRITE_FAULT = 29;
 inline constexpr DWORD ERROR_NO_UNICODE_TRANSLATION = 1113;
 
 /// The calling thread's last error, set by the functions below when they fail.
-DWORD GetLastError();
-void SetLastError(DWORD error);
+ZUHOST_API DWORD GetLastError();
+ZUHOST_API void SetLastError(DWORD error);
 
 // ---- text
 
 /// Returns the decimal value of the leading number, full-width digits included, clamped to the range of int;
 /// 0 when there is none.
-int _wtoi(const wchar_t* text);
+ZUHOST_API int _wtoi(const wchar_t* text);
 /// Returns the value of the leading number; 0 when there is none.
-double _wtof(const wchar_t* text);
+ZUHOST_API double _wtof(const wchar_t* text);
 /// Compares ignoring the case of ASCII letters.
-int _wcsicmp(const wchar_t* left, const wchar_t* right);
-int _wcsnicmp(const wchar_t* left, const wchar_t* right, std::size_t count);
+ZUHOST_API int _wcsicmp(const wchar_t* left, const wchar_t* right);
+ZUHOST_API int _wcsnicmp(const wchar_t* left, const wchar_t* right, std::size_t count);
 /// Splits a path; null buffers are skipped, others have room for MAX_PATH characters.
-void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name, wchar_t* extension);
+ZUHOST_API void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name,
+                            wchar_t* extension);
 
 inline constexpr UINT CP_ACP = 0;
 inline constexpr UINT CP_UTF8 = 65001;
 /// Decodes a code page (CP_ACP: 932). Returns the number of characters written, or needed when `size` is 0; 0
 /// on failure.
-int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int count, wchar_t* text, int size);
+ZUHOST_API int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int count, wchar_t* text,
+                                   int size);
 /// Encodes a text. Returns 0 when the code page cannot represent a character.
-int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int count, char* bytes, int size,
-                        const char* defaultCharacter, BOOL* usedDefault);
+ZUHOST_API int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int count, char* bytes,
+                                   int size, const char* defaultCharacter, BOOL* usedDefault);
 
 inline void ZeroMemory(void* memory, std::size_t size) {
     std::memset(memory, 0, size);
@@ -84,29 +88,31 @@ inline int lstrlen(const wchar_t* text) {
     return text != nullptr ? static_cast<int>(std::wcslen(text)) : 0;
 }
 /// Copies up to `size` characters with the final zero; null for null.
-wchar_t* lstrcpyn(wchar_t* buffer, const wchar_t* text, int size);
-wchar_t* lstrcpy(wchar_t* buffer, const wchar_t* text);
-wchar_t* lstrcat(wchar_t* buffer, const wchar_t* text);
-int lstrcmp(const wchar_t* left, const wchar_t* right);
-int lstrcmpi(const wchar_t* left, const wchar_t* right);
+ZUHOST_API wchar_t* lstrcpyn(wchar_t* buffer, const wchar_t* text, int size);
+ZUHOST_API wchar_t* lstrcpy(wchar_t* buffer, const wchar_t* text);
+ZUHOST_API wchar_t* lstrcat(wchar_t* buffer, const wchar_t* text);
+ZUHOST_API int lstrcmp(const wchar_t* left, const wchar_t* right);
+ZUHOST_API int lstrcmpi(const wchar_t* left, const wchar_t* right);
 
 // ---- profile files
 
 /// Reads a value, or the names of sections or keys (null section or key) separated by NUL. Returns the number
 /// of characters written.
-DWORD GetPrivateProfileStringW(const wchar_t* section, const wchar_t* key, const wchar_t* fallback,
-                               wchar_t* buffer, DWORD size, const wchar_t* file);
-UINT GetPrivateProfileIntW(const wchar_t* section, const wchar_t* key, int fallback, const wchar_t* file);
+ZUHOST_API DWORD GetPrivateProfileStringW(const wchar_t* section, const wchar_t* key, const wchar_t* fallback,
+                                          wchar_t* buffer, DWORD size, const wchar_t* file);
+ZUHOST_API DWORD GetPrivateProfileSectionNamesW(wchar_t* buffer, DWORD size, const wchar_t* file);
+ZUHOST_API UINT GetPrivateProfileIntW(const wchar_t* section, const wchar_t* key, int fallback,
+                                      const wchar_t* file);
 /// Writes a value; a null value deletes the key, a null key the section. The file is replaced as a whole or
 /// not at all.
-BOOL WritePrivateProfileStringW(const wchar_t* section, const wchar_t* key, const wchar_t* value,
-                                const wchar_t* file);
+ZUHOST_API BOOL WritePrivateProfileStringW(const wchar_t* section, const wchar_t* key, const wchar_t* value,
+                                           const wchar_t* file);
 inline DWORD GetPrivateProfileString(const wchar_t* section, const wchar_t* key, const wchar_t* fallback,
                                      wchar_t* buffer, DWORD size, const wchar_t* file) {
     return GetPrivateProfileStringW(section, key, fallback, buffer, size, file);
 }
 inline DWORD GetPrivateProfileSectionNames(wchar_t* buffer, DWORD size, const wchar_t* file) {
-    return GetPrivateProfileStringW(nullptr, nullptr, nullptr, buffer, size, file);
+    return GetPrivateProfileSectionNamesW(buffer, size, file);
 }
 inline UINT GetPrivateProfileInt(const wchar_t* section, const wchar_t* key, int fallback,
                                  const wchar_t* file) {
@@ -121,18 +127,18 @@ inline BOOL WritePrivateProfileString(const wchar_t* section, const wchar_t* key
 
 /// Loads a module and runs its attach; "DIR\\NAME.dll" names NAME.dll, NAME.so, libNAME.so or NAME.strings in
 /// the folder, whatever its case. A ".strings" file is a module of texts only. Null on failure.
-HMODULE LoadLibraryW(const wchar_t* path);
+ZUHOST_API HMODULE LoadLibraryW(const wchar_t* path);
 /// Runs the module's detach when it was loaded for the last time.
-BOOL FreeLibrary(HMODULE module);
-void* GetProcAddress(HMODULE module, const char* name);
+ZUHOST_API BOOL FreeLibrary(HMODULE module);
+ZUHOST_API void* GetProcAddress(HMODULE module, const char* name);
 /// Returns the module's path in the platform's form: "...\\NAME.dll" for libNAME.so. Null is the program.
-DWORD GetModuleFileNameW(HMODULE module, wchar_t* buffer, DWORD size);
+ZUHOST_API DWORD GetModuleFileNameW(HMODULE module, wchar_t* buffer, DWORD size);
 /// Copies a text of the module, truncated to the buffer. Returns its length; 0 and an empty buffer when the
 /// module lacks it.
-int LoadStringW(HINSTANCE instance, UINT id, wchar_t* buffer, int size);
+ZUHOST_API int LoadStringW(HINSTANCE instance, UINT id, wchar_t* buffer, int size);
 /// Returns a loaded module by its name or path, with or without ".dll"; null with ERROR_MOD_NOT_FOUND when
 /// there is none. The program for null.
-HMODULE GetModuleHandleW(const wchar_t* name);
+ZUHOST_API HMODULE GetModuleHandleW(const wchar_t* name);
 inline HMODULE LoadLibrary(const wchar_t* path) {
     return LoadLibraryW(path);
 }
@@ -164,10 +170,10 @@ struct OSVERSIONINFOW {
     wchar_t szCSDVersion[128] = {};
 };
 /// Returns the version of the platform that the host emulates: NT family, 10.0.
-BOOL GetVersionExW(OSVERSIONINFOW* version);
+ZUHOST_API BOOL GetVersionExW(OSVERSIONINFOW* version);
 /// Returns the language of the environment's locale (LC_ALL, LC_MESSAGES, LANG); 0 for "C" and "POSIX".
-LANGID GetUserDefaultUILanguage();
-LANGID GetUserDefaultLangID();
+ZUHOST_API LANGID GetUserDefaultUILanguage();
+ZUHOST_API LANGID GetUserDefaultLangID();
 
 // ---- times and the environment
 
@@ -181,17 +187,17 @@ struct SYSTEMTIME {
     WORD wSecond = 0;
     WORD wMilliseconds = 0;
 };
-void GetLocalTime(SYSTEMTIME* time);
-void GetSystemTime(SYSTEMTIME* time);
+ZUHOST_API void GetLocalTime(SYSTEMTIME* time);
+ZUHOST_API void GetSystemTime(SYSTEMTIME* time);
 /// Returns milliseconds from some moment before the program's start; GetTickCount begins again after 2^32.
-ULONGLONG GetTickCount64();
+ZUHOST_API ULONGLONG GetTickCount64();
 inline DWORD GetTickCount() {
     return static_cast<DWORD>(GetTickCount64());
 }
-void Sleep(DWORD milliseconds);
+ZUHOST_API void Sleep(DWORD milliseconds);
 /// Copies a variable of the environment (UTF-8). Returns its length, or the size needed with the final zero
 /// when the buffer is too small; 0 when there is none.
-DWORD GetEnvironmentVariableW(const wchar_t* name, wchar_t* buffer, DWORD size);
+ZUHOST_API DWORD GetEnvironmentVariableW(const wchar_t* name, wchar_t* buffer, DWORD size);
 inline DWORD GetEnvironmentVariable(const wchar_t* name, wchar_t* buffer, DWORD size) {
     return GetEnvironmentVariableW(name, buffer, size);
 }
@@ -230,7 +236,7 @@ inline constexpr int IDCANCEL = 2;
 inline constexpr int IDYES = 6;
 inline constexpr int IDNO = 7;
 /// Shows a box on the desktop; without one, prints it on standard error and returns its first button.
-int MessageBoxW(HWND owner, const wchar_t* text, const wchar_t* caption, UINT style);
+ZUHOST_API int MessageBoxW(HWND owner, const wchar_t* text, const wchar_t* caption, UINT style);
 inline int MessageBox(HWND owner, const wchar_t* text, const wchar_t* caption, UINT style) {
     return MessageBoxW(owner, text, caption, style);
 }
@@ -244,12 +250,12 @@ inline BOOL MessageBeep(UINT /*style*/) {
 inline const HKEY HKEY_CURRENT_USER = nullptr;
 inline constexpr LONG REG_SZ = 1;
 /// Reads the default value of a registry key. There is no registry: returns ERROR_FILE_NOT_FOUND.
-LONG RegQueryValueW(HKEY key, const wchar_t* subKey, wchar_t* value, LONG* size);
+ZUHOST_API LONG RegQueryValueW(HKEY key, const wchar_t* subKey, wchar_t* value, LONG* size);
 using ENUMRESLANGPROCW = BOOL (*)(HMODULE module, const wchar_t* type, const wchar_t* name, WORD language,
                                   LPARAM parameter);
 inline const wchar_t* const RT_VERSION = L"#16";
 /// Enumerates the languages of a resource. Modules of this host have no version resources: returns FALSE.
-BOOL EnumResourceLanguagesW(HMODULE module, const wchar_t* type, const wchar_t* name,
-                            ENUMRESLANGPROCW callback, LPARAM parameter);
+ZUHOST_API BOOL EnumResourceLanguagesW(HMODULE module, const wchar_t* type, const wchar_t* name,
+                                       ENUMRESLANGPROCW callback, LPARAM parameter);
 
 #include "fileapi.h"

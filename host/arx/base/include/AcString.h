@@ -3,12 +3,13 @@
 #include "adesk.h"
 
 #include <afxstr.h>
+#include <zuhost/platform/export.h>
 
 #include <string>
 
 /// A text of the host. A null text counts as empty; positions count from 0, and -1 stands for "not found" and
 /// for "up to the end".
-class AcString {
+class ZUHOST_API AcString {
 public:
     AcString() = default;
     AcString(const ACHAR* text) : text_(text != nullptr ? text : L"") {}

@@ -6,6 +6,7 @@
 #include "zuhost/list_value.h"
 
 #include <afxstr.h>
+#include <zuhost/platform/export.h>
 
 #include <array>
 
@@ -32,16 +33,16 @@ template <typename... Arguments>
 }
 
 /// Returns the angle in radians, 0 to 2 pi, of the direction from one point to the other in the XY plane.
-ads_real acutAngle(const ads_point from, const ads_point to);
+ZUHOST_API ads_real acutAngle(const ads_point from, const ads_point to);
 /// Returns the distance between two points in space.
-ads_real acutDistance(const ads_point a, const ads_point b);
+ZUHOST_API ads_real acutDistance(const ads_point a, const ads_point b);
 /// Sets `result` to the point at a distance from `from`, in the direction of an angle in radians in the XY
 /// plane.
-void acutPolar(const ads_point from, ads_real angle, ads_real distance, ads_point result);
+ZUHOST_API void acutPolar(const ads_point from, ads_real angle, ads_real distance, ads_point result);
 
 /// Returns RTNORM when the text matches the pattern, RTERROR when it does not and for null texts. Case
 /// matters. In a pattern "#" is a digit, "@" a letter, "." neither of both, "?" any character, "*" any
 /// characters, "[...]" one of the characters, "[~...]" one of the others, "-" in brackets a range; "`" makes
 /// the next character plain,
 /// "~" at the start negates the pattern, "," separates alternatives.
-int acutWcMatch(const ACHAR* text, const ACHAR* pattern);
+ZUHOST_API int acutWcMatch(const ACHAR* text, const ACHAR* pattern);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <cstdint>
 
 using ACHAR = wchar_t;
@@ -117,7 +119,7 @@ struct Acad {
 };
 
 /// Returns the name of a status, for messages.
-const ACHAR* acadErrorStatusText(Acad::ErrorStatus status);
+ZUHOST_API const ACHAR* acadErrorStatusText(Acad::ErrorStatus status);
 
 /// Returns whether the status is eOk.
 inline bool eOkVerify(Acad::ErrorStatus status) {

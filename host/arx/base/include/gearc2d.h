@@ -3,9 +3,11 @@
 #include "gearc3d.h"
 #include "gelent2d.h"
 
+#include <zuhost/platform/export.h>
+
 /// A circle or an arc of one in the plane. The parameter is the angle in radians from the reference vector,
 /// in the arc's own direction.
-class AcGeCircArc2d : public AcGeCurve2d {
+class ZUHOST_API AcGeCircArc2d : public AcGeCurve2d {
 public:
     /// The unit circle.
     AcGeCircArc2d() = default;

@@ -2,11 +2,13 @@
 
 #include "gelent3d.h"
 
+#include <zuhost/platform/export.h>
+
 #include <numbers>
 
 /// A circle or an arc of one. The parameter is the angle in radians from the reference vector,
 /// counter-clockwise about the normal.
-class AcGeCircArc3d : public AcGeCurve3d {
+class ZUHOST_API AcGeCircArc3d : public AcGeCurve3d {
 public:
     /// The unit circle in the xy plane.
     AcGeCircArc3d() : AcGeCircArc3d(AcGePoint3d::kOrigin, AcGeVector3d::kZAxis, 1.0) {}

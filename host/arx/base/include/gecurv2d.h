@@ -4,8 +4,10 @@
 #include "geent2d.h"
 #include "gept2dar.h"
 
+#include <zuhost/platform/export.h>
+
 /// A curve in the plane: one in the xy plane of space.
-class AcGeCurve2d : public AcGeEntity2d {
+class ZUHOST_API AcGeCurve2d : public AcGeEntity2d {
 public:
     [[nodiscard]] bool isKindOf(AcGe::EntityId kind) const override {
         return kind == AcGe::kCurve2d || AcGeEntity2d::isKindOf(kind);

@@ -4,8 +4,10 @@
 #include "geintrvl.h"
 #include "gept3dar.h"
 
+#include <zuhost/platform/export.h>
+
 /// A curve in space, as a function of a parameter.
-class AcGeCurve3d : public AcGeEntity3d {
+class ZUHOST_API AcGeCurve3d : public AcGeEntity3d {
 public:
     [[nodiscard]] bool isKindOf(AcGe::EntityId kind) const override {
         return kind == AcGe::kCurve3d || AcGeEntity3d::isKindOf(kind);

@@ -3,8 +3,10 @@
 #include "gegblge.h"
 #include "gemat2d.h"
 
+#include <zuhost/platform/export.h>
+
 /// A geometric object in the plane.
-class AcGeEntity2d {
+class ZUHOST_API AcGeEntity2d {
 public:
     virtual ~AcGeEntity2d() = default;
 

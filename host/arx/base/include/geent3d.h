@@ -2,8 +2,10 @@
 
 #include "gemat3d.h"
 
+#include <zuhost/platform/export.h>
+
 /// A geometric object in space.
-class AcGeEntity3d {
+class ZUHOST_API AcGeEntity3d {
 public:
     virtual ~AcGeEntity3d() = default;
 

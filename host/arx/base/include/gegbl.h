@@ -2,8 +2,10 @@
 
 #include "getol.h"
 
+#include <zuhost/platform/export.h>
+
 /// Settings of the geometry classes.
-struct AcGeContext {
+struct ZUHOST_API AcGeContext {
     /// The tolerance of comparisons that are given none.
     static AcGeTol gTol;
 };

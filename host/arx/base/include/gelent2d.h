@@ -3,8 +3,10 @@
 #include "gecurv2d.h"
 #include "gelent3d.h"
 
+#include <zuhost/platform/export.h>
+
 /// A line, a segment or a ray in the plane.
-class AcGeLinearEnt2d : public AcGeCurve2d {
+class ZUHOST_API AcGeLinearEnt2d : public AcGeCurve2d {
 public:
     [[nodiscard]] bool isKindOf(AcGe::EntityId kind) const override {
         return kind == AcGe::kLinearEnt2d || AcGeCurve2d::isKindOf(kind);

@@ -2,10 +2,12 @@
 
 #include "gecurv3d.h"
 
+#include <zuhost/platform/export.h>
+
 class AcGeCircArc3d;
 
 /// A line, a segment or a ray.
-class AcGeLinearEnt3d : public AcGeCurve3d {
+class ZUHOST_API AcGeLinearEnt3d : public AcGeCurve3d {
 public:
     [[nodiscard]] bool isKindOf(AcGe::EntityId kind) const override {
         return kind == AcGe::kLinearEnt3d || AcGeCurve3d::isKindOf(kind);

@@ -3,8 +3,10 @@
 #include "gelent2d.h"
 #include "geline3d.h"
 
+#include <zuhost/platform/export.h>
+
 /// An endless line in the plane.
-class AcGeLine2d : public AcGeLinearEnt2d {
+class ZUHOST_API AcGeLine2d : public AcGeLinearEnt2d {
 public:
     /// The x axis.
     AcGeLine2d() = default;

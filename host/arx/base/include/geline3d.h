@@ -2,8 +2,10 @@
 
 #include "gelent3d.h"
 
+#include <zuhost/platform/export.h>
+
 /// An endless line.
-class AcGeLine3d : public AcGeLinearEnt3d {
+class ZUHOST_API AcGeLine3d : public AcGeLinearEnt3d {
 public:
     /// The x axis.
     AcGeLine3d() : AcGeLine3d(AcGePoint3d::kOrigin, AcGeVector3d::kXAxis) {}

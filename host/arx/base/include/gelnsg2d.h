@@ -3,8 +3,10 @@
 #include "gelent2d.h"
 #include "gelnsg3d.h"
 
+#include <zuhost/platform/export.h>
+
 /// A straight segment in the plane; the parameter is 0 at its start and 1 at its end.
-class AcGeLineSeg2d : public AcGeLinearEnt2d {
+class ZUHOST_API AcGeLineSeg2d : public AcGeLinearEnt2d {
 public:
     /// From the origin to (1, 0).
     AcGeLineSeg2d() = default;

@@ -2,8 +2,10 @@
 
 #include "gelent3d.h"
 
+#include <zuhost/platform/export.h>
+
 /// A straight segment; the parameter is 0 at its start and 1 at its end.
-class AcGeLineSeg3d : public AcGeLinearEnt3d {
+class ZUHOST_API AcGeLineSeg3d : public AcGeLinearEnt3d {
 public:
     /// From the origin to (1, 0, 0).
     AcGeLineSeg3d() : AcGeLineSeg3d(AcGePoint3d::kOrigin, AcGeVector3d::kXAxis) {}

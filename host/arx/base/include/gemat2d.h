@@ -2,8 +2,10 @@
 
 #include "gepnt2d.h"
 
+#include <zuhost/platform/export.h>
+
 /// An affine transformation of the plane: `entry[row][column]`, applied to column vectors.
-class AcGeMatrix2d {
+class ZUHOST_API AcGeMatrix2d {
 public:
     double entry[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
 
@@ -68,5 +70,5 @@ public:
     void getCoordSystem(AcGePoint2d& origin, AcGeVector2d& xAxis, AcGeVector2d& yAxis) const;
 };
 
-[[nodiscard]] AcGePoint2d operator*(const AcGeMatrix2d& matrix, const AcGePoint2d& point);
-[[nodiscard]] AcGeVector2d operator*(const AcGeMatrix2d& matrix, const AcGeVector2d& vector);
+[[nodiscard]] ZUHOST_API AcGePoint2d operator*(const AcGeMatrix2d& matrix, const AcGePoint2d& point);
+[[nodiscard]] ZUHOST_API AcGeVector2d operator*(const AcGeMatrix2d& matrix, const AcGeVector2d& vector);

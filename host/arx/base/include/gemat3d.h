@@ -3,10 +3,12 @@
 #include "gepnt3d.h"
 #include "gescl3d.h"
 
+#include <zuhost/platform/export.h>
+
 class AcGeLine3d;
 
 /// An affine transformation of space: `entry[row][column]`, applied to column vectors.
-class AcGeMatrix3d {
+class ZUHOST_API AcGeMatrix3d {
 public:
     double entry[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
 
@@ -104,5 +106,5 @@ public:
                         AcGeVector3d& zAxis) const;
 };
 
-[[nodiscard]] AcGePoint3d operator*(const AcGeMatrix3d& matrix, const AcGePoint3d& point);
-[[nodiscard]] AcGeVector3d operator*(const AcGeMatrix3d& matrix, const AcGeVector3d& vector);
+[[nodiscard]] ZUHOST_API AcGePoint3d operator*(const AcGeMatrix3d& matrix, const AcGePoint3d& point);
+[[nodiscard]] ZUHOST_API AcGeVector3d operator*(const AcGeMatrix3d& matrix, const AcGeVector3d& vector);

@@ -2,10 +2,12 @@
 
 #include "geent3d.h"
 
+#include <zuhost/platform/export.h>
+
 class AcGeLinearEnt3d;
 
 /// A plane with a coordinate system: a point and two axes.
-class AcGePlanarEnt : public AcGeEntity3d {
+class ZUHOST_API AcGePlanarEnt : public AcGeEntity3d {
 public:
     [[nodiscard]] bool isKindOf(AcGe::EntityId kind) const override {
         return kind == AcGe::kPlanarEnt || kind == AcGe::kSurface || AcGeEntity3d::isKindOf(kind);

@@ -2,8 +2,10 @@
 
 #include "geplanar.h"
 
+#include <zuhost/platform/export.h>
+
 /// An endless plane.
-class AcGePlane : public AcGePlanarEnt {
+class ZUHOST_API AcGePlane : public AcGePlanarEnt {
 public:
     /// The xy plane.
     AcGePlane() : AcGePlane(AcGePoint3d::kOrigin, AcGeVector3d::kXAxis, AcGeVector3d::kYAxis) {}

@@ -2,10 +2,12 @@
 
 #include "gevec2d.h"
 
+#include <zuhost/platform/export.h>
+
 class AcGeLine2d;
 
 /// A point in the plane, in drawing units.
-class AcGePoint2d {
+class ZUHOST_API AcGePoint2d {
 public:
     double x = 0.0;
     double y = 0.0;

@@ -3,10 +3,12 @@
 #include "gepnt2d.h"
 #include "gevec3d.h"
 
+#include <zuhost/platform/export.h>
+
 class AcGePlane;
 
 /// A point in space, in drawing units.
-class AcGePoint3d {
+class ZUHOST_API AcGePoint3d {
 public:
     double x = 0.0;
     double y = 0.0;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 class AcGeMatrix3d;
 
 /// Scale factors along the three axes.
-class AcGeScale3d {
+class ZUHOST_API AcGeScale3d {
 public:
     double sx = 1.0;
     double sy = 1.0;

@@ -2,12 +2,14 @@
 
 #include "gegbl.h"
 
+#include <zuhost/platform/export.h>
+
 #include <cmath>
 
 class AcGeMatrix2d;
 
 /// A direction or displacement in the plane, in drawing units.
-class AcGeVector2d {
+class ZUHOST_API AcGeVector2d {
 public:
     double x = 0.0;
     double y = 0.0;

@@ -3,11 +3,13 @@
 #include "gegblge.h"
 #include "gevec2d.h"
 
+#include <zuhost/platform/export.h>
+
 class AcGeMatrix3d;
 class AcGePlanarEnt;
 
 /// A direction or displacement in space, in drawing units.
-class AcGeVector3d {
+class ZUHOST_API AcGeVector3d {
 public:
     double x = 0.0;
     double y = 0.0;

@@ -2,10 +2,12 @@
 
 #include "rxobject.h"
 
+#include <zuhost/platform/export.h>
+
 #include <string>
 
 /// Run-time description of a class: its name, its parent and a function that creates an object.
-class AcRxClass : public AcRxObject {
+class ZUHOST_API AcRxClass : public AcRxObject {
 public:
     using Creator = AcRxObject* (*)();
 
@@ -19,7 +21,7 @@ public:
     static AcRxClass* desc();
 
 private:
-    friend AcRxClass* newAcRxClass(const wchar_t* name, AcRxClass* parent, Creator creator);
+    friend ZUHOST_API AcRxClass* newAcRxClass(const wchar_t* name, AcRxClass* parent, Creator creator);
     AcRxClass(std::wstring name, AcRxClass* parent, Creator creator)
         : name_(std::move(name)), parent_(parent), creator_(creator) {}
 
@@ -29,10 +31,11 @@ private:
 };
 
 /// Registers a class under its name, or returns the one already registered. It lives as long as the host.
-AcRxClass* newAcRxClass(const wchar_t* name, AcRxClass* parent, AcRxClass::Creator creator = nullptr);
+ZUHOST_API AcRxClass* newAcRxClass(const wchar_t* name, AcRxClass* parent,
+                                   AcRxClass::Creator creator = nullptr);
 
 /// Returns the class registered under the name; null when there is none.
-AcRxClass* acrxFindAcRxClass(const wchar_t* name);
+ZUHOST_API AcRxClass* acrxFindAcRxClass(const wchar_t* name);
 
 /// Does nothing: a class knows its parent as soon as it is registered.
 inline void acrxBuildClassHierarchy() {}

@@ -3,12 +3,14 @@
 #include "rxclass.h"
 #include "zuhost/service.h"
 
+#include <zuhost/platform/export.h>
+
 /// Loads and unloads application modules.
 ///
 /// A module is a shared library with an `acrxEntryPoint`. Loading runs its attach function, then its entry
 /// point with kInitAppMsg; unloading sends kUnloadAppMsg, then runs its detach function. Both messages carry
 /// a packet that identifies the application to the members below.
-class AcRxDynamicLinker : public AcRxObject {
+class ZUHOST_API AcRxDynamicLinker : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcRxDynamicLinker);
 
@@ -34,10 +36,10 @@ public:
 };
 
 /// Returns true when the module is loaded; ignores the name's folder and extension.
-[[nodiscard]] bool acrxAppIsLoaded(const ACHAR* file);
+[[nodiscard]] ZUHOST_API bool acrxAppIsLoaded(const ACHAR* file);
 
 namespace zuhost {
-AcRxDynamicLinker& dynamicLinker();
+ZUHOST_API AcRxDynamicLinker& dynamicLinker();
 }
 
 inline constexpr zuhost::Service<AcRxDynamicLinker, zuhost::dynamicLinker> acrxDynamicLinker;

@@ -2,11 +2,13 @@
 
 #include "adesk.h"
 
+#include <zuhost/platform/export.h>
+
 class AcRxClass;
 
 /// Root of the host's classes with run-time type information. The order of the virtual members is part of the
 /// binary interface.
-class AcRxObject {
+class ZUHOST_API AcRxObject {
 public:
     virtual ~AcRxObject() = default;
 

@@ -3,17 +3,19 @@
 #include "acutads.h"
 #include "dbid.h"
 
+#include <zuhost/platform/export.h>
+
 #include <cstddef>
 
 // Objects of the working database by name (ads_name) and as chains of their records. A name stays valid as
 // long as its database is open, and is refused afterwards.
 
 /// Sets the name of an object; eNullObjectId, and no name, for the null id.
-Acad::ErrorStatus acdbGetAdsName(ads_name name, AcDbObjectId id);
+ZUHOST_API Acad::ErrorStatus acdbGetAdsName(ads_name name, AcDbObjectId id);
 /// Returns the object with the name, erased or not; eInvalidAdsName, and the null id, when there is none.
-Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name);
+ZUHOST_API Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name);
 /// Sets the name of the object with the hexadecimal handle, erased or not; RTERROR when there is none.
-int acdbHandEnt(const ACHAR* handle, ads_name name);
+ZUHOST_API int acdbHandEnt(const ACHAR* handle, ads_name name);
 
 // ---- numbers as text, in the units of the working drawing
 
@@ -25,15 +27,15 @@ int acdbHandEnt(const ACHAR* handle, ads_name name);
 
 /// Writes a length as text; a longer text is cut. RTERROR for unknown units, a number that is not finite, or
 /// no buffer.
-int acdbRToS(ads_real value, int unit, int precision, ACHAR* text, std::size_t size);
+ZUHOST_API int acdbRToS(ads_real value, int unit, int precision, ACHAR* text, std::size_t size);
 /// Writes an angle as text.
-int acdbAngToS(ads_real angle, int unit, int precision, ACHAR* text, std::size_t size);
+ZUHOST_API int acdbAngToS(ads_real angle, int unit, int precision, ACHAR* text, std::size_t size);
 /// Parses a length: a number, feet and inches (1'-3.5", 1'3-1/2") or a number with a fraction (15-1/2, 15
 /// 1/2); the unit only makes plain numbers before "'" feet. RTERROR, and the result unchanged, for other
 /// texts.
-int acdbDisToF(const ACHAR* text, int unit, ads_real* value);
+ZUHOST_API int acdbDisToF(const ACHAR* text, int unit, ads_real* value);
 /// Parses an angle: "45", "45d30'15\"", "50g", "0.785r" or "N 45d E"; a plain number is in the unit.
-int acdbAngToF(const ACHAR* text, int unit, ads_real* angle);
+ZUHOST_API int acdbAngToF(const ACHAR* text, int unit, ads_real* angle);
 
 template <typename Buffer>
 int acdbRToS(ads_real value, int unit, int precision, Buffer&& text) {
@@ -45,7 +47,7 @@ int acdbAngToS(ads_real angle, int unit, int precision, Buffer&& text) {
 }
 
 /// Prints "Application ERROR: " and the message on the command line; the command goes on.
-void acdbFail(const ACHAR* message);
+ZUHOST_API void acdbFail(const ACHAR* message);
 
 // ---- records of symbol tables as chains: type (0), name (2) and the values that drawings of all versions
 // have
@@ -53,35 +55,35 @@ void acdbFail(const ACHAR* message);
 /// Returns the list of the record, which the caller frees; of a block that of its BLOCK and its first entity
 /// (-2). Null when there is none. `table` is "LAYER", "LTYPE", "STYLE", "BLOCK", "APPID" ...; with `setNext`
 /// acdbTblNext continues after the record.
-[[nodiscard]] resbuf* acdbTblSearch(const ACHAR* table, const ACHAR* name, int setNext);
+[[nodiscard]] ZUHOST_API resbuf* acdbTblSearch(const ACHAR* table, const ACHAR* name, int setNext);
 /// Returns the list of the next record, of the first with `rewind`; null at the end. A table that was not
 /// asked for last begins anew.
-[[nodiscard]] resbuf* acdbTblNext(const ACHAR* table, int rewind);
+[[nodiscard]] ZUHOST_API resbuf* acdbTblNext(const ACHAR* table, int rewind);
 
 // ---- entities as chains of their records: group codes and values, points as one item, handles as names
 
 /// Returns the entity's list, which the caller frees: its name (-1), type (0) and records without extended
 /// data. Null for a name without an object and for an erased one.
-[[nodiscard]] resbuf* acdbEntGet(const ads_name entity);
+[[nodiscard]] ZUHOST_API resbuf* acdbEntGet(const ads_name entity);
 /// The same with the extended data (-3, then 1001 items) of the applications whose names, which may have
 /// wildcards, are the texts of the chain `applications`.
-[[nodiscard]] resbuf* acdbEntGetX(const ads_name entity, const resbuf* applications);
+[[nodiscard]] ZUHOST_API resbuf* acdbEntGetX(const ads_name entity, const resbuf* applications);
 /// Changes the entity that the list names to the list's values: the n-th item with a code replaces the
 /// entity's n-th; a code's missing items are removed when the list has any with it; codes that the list lacks
 /// stay, and so do type, handle and owner. Extended data (-3) replaces that of its applications. A layer that
 /// the drawing lacks is added. RTERROR for a list without a name (-1), an entity that can't be opened for
 /// write, and values that are not valid.
-int acdbEntMod(const resbuf* list);
+ZUHOST_API int acdbEntMod(const resbuf* list);
 /// Adds an entity of the list's type to model space, or to the block that a list of type BLOCK began; ENDBLK
 /// ends it, and VERTEX, ATTRIB and SEQEND belong to the entity before them. Layer 0 and the class markers are
 /// added when the list lacks them. RTERROR for a list without a type and for what has no place there.
-int acdbEntMake(const resbuf* list);
+ZUHOST_API int acdbEntMake(const resbuf* list);
 /// Erases the entity, or takes its erasing back. RTERROR when it can't be opened for write.
-int acdbEntDel(const ads_name entity);
+ZUHOST_API int acdbEntDel(const ads_name entity);
 /// Sets the name of the entity after `entity` in model space, vertices and attributes included, of the first
 /// one for null. RTERROR at the end. Skips erased entities.
-int acdbEntNext(const std::int64_t* entity, ads_name result);
+ZUHOST_API int acdbEntNext(const std::int64_t* entity, ads_name result);
 /// Sets the name of the entity of model space drawn last; RTERROR when there is none.
-int acdbEntLast(ads_name result);
+ZUHOST_API int acdbEntLast(ads_name result);
 /// Does nothing: nothing is displayed. RTERROR for a name without an object.
-int acdbEntUpd(const ads_name entity);
+ZUHOST_API int acdbEntUpd(const ads_name entity);

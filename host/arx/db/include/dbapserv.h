@@ -2,8 +2,10 @@
 
 #include "dbmain.h"
 
+#include <zuhost/platform/export.h>
+
 /// Services of the host application.
-class AcDbHostApplicationServices : public AcRxObject {
+class ZUHOST_API AcDbHostApplicationServices : public AcRxObject {
 public:
     [[nodiscard]] AcDbDatabase* workingDatabase() const { return working_; }
     void setWorkingDatabase(AcDbDatabase* database) { working_ = database; }
@@ -12,4 +14,4 @@ private:
     AcDbDatabase* working_ = nullptr;
 };
 
-AcDbHostApplicationServices* acdbHostApplicationServices();
+ZUHOST_API AcDbHostApplicationServices* acdbHostApplicationServices();

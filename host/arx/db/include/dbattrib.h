@@ -2,8 +2,10 @@
 
 #include "dbents.h"
 
+#include <zuhost/platform/export.h>
+
 /// The definition of an attribute in a block.
-class AcDbAttributeDefinition : public AcDbText {
+class ZUHOST_API AcDbAttributeDefinition : public AcDbText {
 public:
     ACRX_DECLARE_MEMBERS(AcDbAttributeDefinition);
     AcDbAttributeDefinition() = default;
@@ -46,7 +48,7 @@ private:
 };
 
 /// The value of an attribute of a block reference, which owns it.
-class AcDbAttribute : public AcDbText {
+class ZUHOST_API AcDbAttribute : public AcDbText {
 public:
     ACRX_DECLARE_MEMBERS(AcDbAttribute);
     AcDbAttribute() = default;

@@ -3,6 +3,8 @@
 #include "dbmain.h"
 #include "gedblar.h"
 
+#include <zuhost/platform/export.h>
+
 class AcGeCurve3d;
 
 namespace zuhost {
@@ -15,7 +17,7 @@ struct CurvePiece;
 ///
 /// The functions return eInvalidInput for parameters, distances and points that are not on the curve, and
 /// eDegenerateGeometry for a curve without points.
-class AcDbCurve : public AcDbEntity {
+class ZUHOST_API AcDbCurve : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbCurve);
 

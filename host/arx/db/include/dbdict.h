@@ -2,6 +2,8 @@
 
 #include "dbmain.h"
 
+#include <zuhost/platform/export.h>
+
 #include <cstdint>
 #include <optional>
 #include <set>
@@ -20,7 +22,7 @@ struct DictionaryEntry {
 } // namespace zuhost
 
 /// Iterates over the entries of a dictionary in their order; skips erased objects.
-class AcDbDictionaryIterator {
+class ZUHOST_API AcDbDictionaryIterator {
 public:
     /// Null at the end.
     [[nodiscard]] const ACHAR* name() const { return done() ? nullptr : entries_[at_].name.c_str(); }
@@ -43,7 +45,7 @@ private:
 };
 
 /// Maps names to objects. Names are compared ignoring case; entries keep their order.
-class AcDbDictionary : public AcDbObject {
+class ZUHOST_API AcDbDictionary : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDictionary);
     AcDbDictionary() = default;

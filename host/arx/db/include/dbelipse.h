@@ -2,11 +2,13 @@
 
 #include "dbcurve.h"
 
+#include <zuhost/platform/export.h>
+
 #include <numbers>
 
 /// An ellipse or an arc of one, in world coordinates. Its parameter is the angle on the circle that it is a
 /// squeezed picture of; its angles are those of its points.
-class AcDbEllipse : public AcDbCurve {
+class ZUHOST_API AcDbEllipse : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDbEllipse);
     AcDbEllipse() = default;

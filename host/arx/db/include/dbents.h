@@ -2,6 +2,8 @@
 
 #include "dbcurve.h"
 
+#include <zuhost/platform/export.h>
+
 class AcDbAttribute;
 class AcDbBlockTableRecord;
 class AcDbEllipse;
@@ -11,7 +13,7 @@ class AcGeCircArc3d;
 class AcGeLineSeg2d;
 class AcGeLineSeg3d;
 
-class AcDbPoint : public AcDbEntity {
+class ZUHOST_API AcDbPoint : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbPoint);
     AcDbPoint() = default;
@@ -36,7 +38,7 @@ private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
-class AcDbLine : public AcDbCurve {
+class ZUHOST_API AcDbLine : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDbLine);
     AcDbLine() = default;
@@ -63,7 +65,7 @@ private:
     Acad::ErrorStatus offset(double distance, std::unique_ptr<AcDbCurve>& parallel) const override;
 };
 
-class AcDbCircle : public AcDbCurve {
+class ZUHOST_API AcDbCircle : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDbCircle);
     AcDbCircle() = default;
@@ -93,7 +95,7 @@ private:
     Acad::ErrorStatus offset(double distance, std::unique_ptr<AcDbCurve>& parallel) const override;
 };
 
-class AcDbArc : public AcDbCurve {
+class ZUHOST_API AcDbArc : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDbArc);
     AcDbArc() = default;
@@ -133,7 +135,7 @@ private:
 };
 
 /// A polyline of straight and arc segments in a plane.
-class AcDbPolyline : public AcDbCurve {
+class ZUHOST_API AcDbPolyline : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDbPolyline);
     AcDbPolyline() = default;
@@ -220,7 +222,7 @@ private:
     mutable std::uint32_t verticesVersion_ = 0;
 };
 
-class AcDbText : public AcDbEntity {
+class ZUHOST_API AcDbText : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbText);
     AcDbText() = default;
@@ -290,7 +292,7 @@ private:
     mutable std::unique_ptr<std::wstring> text_; ///< Returned by textStringConst.
 };
 
-class AcDbMText : public AcDbEntity {
+class ZUHOST_API AcDbMText : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbMText);
     AcDbMText() = default;
@@ -345,7 +347,7 @@ private:
 };
 
 /// An insertion of a block.
-class AcDbBlockReference : public AcDbEntity {
+class ZUHOST_API AcDbBlockReference : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbBlockReference);
     AcDbBlockReference() = default;

@@ -2,6 +2,8 @@
 
 #include "dbmain.h"
 
+#include <zuhost/platform/export.h>
+
 #include <map>
 #include <unordered_map>
 #include <unordered_set>
@@ -10,7 +12,7 @@ class AcDbGroup;
 
 /// Iterates over the members of a group in order, each once, and reads the records only as far as needed. The
 /// group must stay open and unchanged while the iterator is in use.
-class AcDbGroupIterator {
+class ZUHOST_API AcDbGroupIterator {
 public:
     [[nodiscard]] AcDbObjectId objectId() const { return member_; }
     /// Opens the member; the caller closes it. eInvalidIndex at the end.
@@ -32,7 +34,7 @@ private:
 };
 
 /// A named, ordered set of entities. The group is a persistent reactor of each of its members.
-class AcDbGroup : public AcDbObject {
+class ZUHOST_API AcDbGroup : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbGroup);
     AcDbGroup() = default;

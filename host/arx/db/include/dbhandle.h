@@ -2,10 +2,12 @@
 
 #include "adesk.h"
 
+#include <zuhost/platform/export.h>
+
 #include <compare>
 
 /// The permanent number of an object in its drawing; 0 is the null handle.
-class AcDbHandle {
+class ZUHOST_API AcDbHandle {
 public:
     /// Size of a buffer for getIntoAsciiBuffer.
     enum { kStrSiz = 17 };

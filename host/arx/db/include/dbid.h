@@ -3,6 +3,8 @@
 #include "acarray.h"
 #include "dbhandle.h"
 
+#include <zuhost/platform/export.h>
+
 #include <compare>
 #include <functional>
 
@@ -12,7 +14,7 @@ class AcRxClass;
 
 /// Identifies an object of an open drawing. Valid as long as the drawing is open, even if the object is
 /// erased.
-class AcDbObjectId {
+class ZUHOST_API AcDbObjectId {
 public:
     static const AcDbObjectId kNull;
 

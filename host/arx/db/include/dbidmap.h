@@ -3,6 +3,8 @@
 #include "acdb.h"
 #include "dbid.h"
 
+#include <zuhost/platform/export.h>
+
 #include <unordered_map>
 #include <vector>
 
@@ -34,7 +36,7 @@ private:
 };
 
 /// The objects of a cloning operation with their copies, in the order in which they were copied.
-class AcDbIdMapping {
+class ZUHOST_API AcDbIdMapping {
 public:
     /// Finds the pair by its key, and fills in the rest; false when there is none.
     bool compute(AcDbIdPair& pair) const;

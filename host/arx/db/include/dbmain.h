@@ -6,15 +6,17 @@
 #include "dbmain_database.h"
 #include "dbmain_entity.h"
 
+#include <zuhost/platform/export.h>
+
 /// Opens an object. On failure `object` is null.
 /// eNullObjectId, eWasErased (unless `openErased`), eWasOpenForWrite, eWasOpenForRead (asking to write),
 /// eOnLockedLayer (asking to write an entity whose layer is locked), eAtMaxReaders, eNotThatKindOfClass
 /// (typed form).
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
-                                     bool openErased = false);
+ZUHOST_API Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                                bool openErased = false);
 /// As above, but opens entities on locked layers for write too; they can then be erased as well.
-Acad::ErrorStatus acdbForceOpenObjectOnLockedLayer(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
-                                                   bool openErased = false);
+ZUHOST_API Acad::ErrorStatus acdbForceOpenObjectOnLockedLayer(AcDbObject*& object, AcDbObjectId id,
+                                                              AcDb::OpenMode mode, bool openErased = false);
 
 template <typename T>
 Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead,
@@ -39,9 +41,9 @@ inline Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id
 }
 
 /// Returns whether an entry of AcDbObject::reactors refers to an object of the drawing, and to which.
-bool acdbIsPersistentReactor(const void* reactor);
-AcDbObjectId acdbPersistentReactorObjectId(const void* reactor);
+ZUHOST_API bool acdbIsPersistentReactor(const void* reactor);
+ZUHOST_API AcDbObjectId acdbPersistentReactorObjectId(const void* reactor);
 
 /// Registers an application in the working database, so that extended data may name it.
-int acdbRegApp(const ACHAR* application);
-Acad::ErrorStatus acdbRegApp(AcDbDatabase* database, const ACHAR* application);
+ZUHOST_API int acdbRegApp(const ACHAR* application);
+ZUHOST_API Acad::ErrorStatus acdbRegApp(AcDbDatabase* database, const ACHAR* application);

@@ -6,6 +6,8 @@
 #include "dbmain_object.h"
 #include "gepnt2d.h"
 
+#include <zuhost/platform/export.h>
+
 #include <variant>
 
 class AcDbBlockTable;
@@ -20,11 +22,10 @@ class AcDbTransactionManager;
 namespace zuhost {
 class Document;
 struct DocumentError;
-DatabaseCore& coreOf(const AcDbDatabase& database);
 } // namespace zuhost
 
 /// A drawing.
-class AcDbDatabase : public AcRxObject {
+class ZUHOST_API AcDbDatabase : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDatabase);
 
@@ -214,7 +215,6 @@ public:
     Acad::ErrorStatus undo();
 
 private:
-    friend zuhost::DatabaseCore& zuhost::coreOf(const AcDbDatabase& database);
     friend struct zuhost::ObjectAccess;
     Acad::ErrorStatus read(const ACHAR* path, bool strict);
     Acad::ErrorStatus read(std::string bytes, const ACHAR* name);

@@ -6,6 +6,8 @@
 #include "dbextents.h"
 #include "dbmain_object.h"
 
+#include <zuhost/platform/export.h>
+
 #include <functional>
 
 class AcGePlane;
@@ -16,7 +18,7 @@ struct Expansion;
 } // namespace zuhost
 
 /// An object that is drawn.
-class AcDbEntity : public AcDbObject {
+class ZUHOST_API AcDbEntity : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbEntity);
 

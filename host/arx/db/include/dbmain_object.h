@@ -8,6 +8,8 @@
 #include "dbmain_reactors.h"
 #include "gept3dar.h"
 
+#include <zuhost/platform/export.h>
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -28,7 +30,7 @@ struct TagRange;
 
 /// Deletes an object that another one owned while both are in no database. One that a smart pointer holds is
 /// left to that pointer.
-struct PendingDeleter {
+struct ZUHOST_API PendingDeleter {
     void operator()(AcDbObject* object) const;
 };
 template <typename T>
@@ -40,7 +42,7 @@ using PendingPtr = std::unique_ptr<T, PendingDeleter>;
 /// Objects of a database are opened with acdbOpenObject and closed again; members that change the object need
 /// it to be open for write and otherwise return eNotOpenForWrite and change nothing. An object that is in no
 /// database yet is owned by the code that created it and may always be changed.
-class AcDbObject : public AcRxObject {
+class ZUHOST_API AcDbObject : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbObject);
     ~AcDbObject() override;

@@ -5,10 +5,12 @@
 #include "acdb.h"
 #include "rxclass.h"
 
+#include <zuhost/platform/export.h>
+
 class AcDbObject;
 
 /// Notified of the changes of one object that it was added to. The object must not be changed by the reactor.
-class AcDbObjectReactor : public AcRxObject {
+class ZUHOST_API AcDbObjectReactor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbObjectReactor);
 
@@ -26,7 +28,7 @@ public:
 };
 
 /// Notified of changes of the objects of a database when they are closed after the change.
-class AcDbDatabaseReactor : public AcRxObject {
+class ZUHOST_API AcDbDatabaseReactor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDatabaseReactor);
 

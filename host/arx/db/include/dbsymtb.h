@@ -3,8 +3,10 @@
 #include "dbmain.h"
 #include "zuhost/id_cursor.h"
 
+#include <zuhost/platform/export.h>
+
 /// An entry of a symbol table.
-class AcDbSymbolTableRecord : public AcDbObject {
+class ZUHOST_API AcDbSymbolTableRecord : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbSymbolTableRecord);
 
@@ -69,7 +71,7 @@ private:
 };
 
 /// A table of named records. Names are compared ignoring case.
-class AcDbSymbolTable : public AcDbObject {
+class ZUHOST_API AcDbSymbolTable : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbSymbolTable);
 
@@ -99,7 +101,7 @@ private:
     friend struct zuhost::ObjectAccess;
 };
 
-class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
+class ZUHOST_API AcDbLayerTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbLayerTableRecord);
     AcDbLayerTableRecord() = default;
@@ -131,7 +133,7 @@ private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
-class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord {
+class ZUHOST_API AcDbLinetypeTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbLinetypeTableRecord);
     AcDbLinetypeTableRecord() = default;
@@ -157,7 +159,7 @@ private:
     [[nodiscard]] std::vector<std::size_t> dashPlaces() const;
 };
 
-class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
+class ZUHOST_API AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbTextStyleTableRecord);
     AcDbTextStyleTableRecord() = default;
@@ -184,7 +186,7 @@ private:
     [[nodiscard]] zuhost::TagList newRecords() const override;
 };
 
-class AcDbRegAppTableRecord : public AcDbSymbolTableRecord {
+class ZUHOST_API AcDbRegAppTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbRegAppTableRecord);
     AcDbRegAppTableRecord() = default;
@@ -194,7 +196,7 @@ private:
 };
 
 /// Only the name is modelled; the rest is saved as it was read.
-class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord {
+class ZUHOST_API AcDbDimStyleTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDimStyleTableRecord);
     AcDbDimStyleTableRecord() = default;
@@ -233,7 +235,7 @@ private:
 };
 
 /// The definition of a block, or model or paper space.
-class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
+class ZUHOST_API AcDbBlockTableRecord : public AcDbSymbolTableRecord {
 public:
     ACRX_DECLARE_MEMBERS(AcDbBlockTableRecord);
     AcDbBlockTableRecord() = default;
@@ -331,27 +333,31 @@ class AcDbTextStyleTableIterator : public AcDbTypedSymbolTableIterator<AcDbTextS
 class AcDbRegAppTableIterator : public AcDbTypedSymbolTableIterator<AcDbRegAppTableRecord> {};
 class AcDbDimStyleTableIterator : public AcDbTypedSymbolTableIterator<AcDbDimStyleTableRecord> {};
 
-class AcDbBlockTable : public AcDbTypedSymbolTable<AcDbBlockTableRecord, AcDbBlockTableIterator> {
+class ZUHOST_API AcDbBlockTable : public AcDbTypedSymbolTable<AcDbBlockTableRecord, AcDbBlockTableIterator> {
 public:
     ACRX_DECLARE_MEMBERS(AcDbBlockTable);
 };
-class AcDbLayerTable : public AcDbTypedSymbolTable<AcDbLayerTableRecord, AcDbLayerTableIterator> {
+class ZUHOST_API AcDbLayerTable : public AcDbTypedSymbolTable<AcDbLayerTableRecord, AcDbLayerTableIterator> {
 public:
     ACRX_DECLARE_MEMBERS(AcDbLayerTable);
 };
-class AcDbLinetypeTable : public AcDbTypedSymbolTable<AcDbLinetypeTableRecord, AcDbLinetypeTableIterator> {
+class ZUHOST_API AcDbLinetypeTable
+    : public AcDbTypedSymbolTable<AcDbLinetypeTableRecord, AcDbLinetypeTableIterator> {
 public:
     ACRX_DECLARE_MEMBERS(AcDbLinetypeTable);
 };
-class AcDbTextStyleTable : public AcDbTypedSymbolTable<AcDbTextStyleTableRecord, AcDbTextStyleTableIterator> {
+class ZUHOST_API AcDbTextStyleTable
+    : public AcDbTypedSymbolTable<AcDbTextStyleTableRecord, AcDbTextStyleTableIterator> {
 public:
     ACRX_DECLARE_MEMBERS(AcDbTextStyleTable);
 };
-class AcDbRegAppTable : public AcDbTypedSymbolTable<AcDbRegAppTableRecord, AcDbRegAppTableIterator> {
+class ZUHOST_API AcDbRegAppTable
+    : public AcDbTypedSymbolTable<AcDbRegAppTableRecord, AcDbRegAppTableIterator> {
 public:
     ACRX_DECLARE_MEMBERS(AcDbRegAppTable);
 };
-class AcDbDimStyleTable : public AcDbTypedSymbolTable<AcDbDimStyleTableRecord, AcDbDimStyleTableIterator> {
+class ZUHOST_API AcDbDimStyleTable
+    : public AcDbTypedSymbolTable<AcDbDimStyleTableRecord, AcDbDimStyleTableIterator> {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDimStyleTable);
 };

@@ -2,10 +2,12 @@
 
 #include "dbsymtb.h"
 
+#include <zuhost/platform/export.h>
+
 /// Names and records that every drawing has, and records by name.
 namespace AcDbSymbolUtilities {
 
-class Services {
+class ZUHOST_API Services {
 public:
     [[nodiscard]] const ACHAR* blockModelSpaceName() const { return ACDB_MODEL_SPACE; }
     [[nodiscard]] const ACHAR* blockPaperSpaceName() const { return ACDB_PAPER_SPACE; }
@@ -47,4 +49,4 @@ public:
 
 } // namespace AcDbSymbolUtilities
 
-const AcDbSymbolUtilities::Services* acdbSymUtil();
+ZUHOST_API const AcDbSymbolUtilities::Services* acdbSymUtil();

@@ -3,11 +3,13 @@
 #include "dbmain.h"
 #include "rxdlinkr.h"
 
+#include <zuhost/platform/export.h>
+
 class AcDbTransactionManager;
 
 /// A transaction: objects opened through it stay open until the outermost one ends, and ending or aborting it
 /// decides about all changes of their databases since its start.
-class AcTransaction : public AcRxObject {
+class ZUHOST_API AcTransaction : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcTransaction);
 
@@ -30,7 +32,7 @@ private:
 };
 
 /// Notified of transactions. The numbers count those that are open at the time of the call.
-class AcTransactionReactor : public AcRxObject {
+class ZUHOST_API AcTransactionReactor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcTransactionReactor);
 
@@ -40,7 +42,7 @@ public:
 };
 
 /// Starts and ends transactions, which nest. An object that was opened through one is not closed by its user.
-class AcDbTransactionManager : public AcRxObject {
+class ZUHOST_API AcDbTransactionManager : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbTransactionManager);
 
@@ -77,7 +79,7 @@ public:
 };
 
 namespace zuhost {
-AcDbTransactionManager& transactionManager();
+ZUHOST_API AcDbTransactionManager& transactionManager();
 }
 
 inline constexpr zuhost::Service<AcDbTransactionManager, zuhost::transactionManager> acdbTransactionManager;

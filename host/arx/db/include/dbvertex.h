@@ -3,8 +3,10 @@
 #include "dbents.h"
 #include "gedblar.h"
 
+#include <zuhost/platform/export.h>
+
 /// A vertex of a two-dimensional polyline, in the coordinates of its plane.
-class AcDb2dVertex : public AcDbEntity {
+class ZUHOST_API AcDb2dVertex : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDb2dVertex);
     AcDb2dVertex() = default;
@@ -26,7 +28,7 @@ private:
 };
 
 /// A vertex of a three-dimensional polyline, in world coordinates.
-class AcDb3dPolylineVertex : public AcDbEntity {
+class ZUHOST_API AcDb3dPolylineVertex : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDb3dPolylineVertex);
     AcDb3dPolylineVertex() = default;
@@ -44,7 +46,7 @@ private:
 };
 
 /// Ends the vertices of a polyline or the attributes of a block reference. The database adds it.
-class AcDbSequenceEnd : public AcDbEntity {
+class ZUHOST_API AcDbSequenceEnd : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbSequenceEnd);
     AcDbSequenceEnd() = default;
@@ -54,7 +56,7 @@ private:
 };
 
 /// A two-dimensional polyline whose vertices are entities of their own.
-class AcDb2dPolyline : public AcDbCurve {
+class ZUHOST_API AcDb2dPolyline : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDb2dPolyline);
     AcDb2dPolyline() = default;
@@ -111,7 +113,7 @@ private:
 };
 
 /// A polyline in space whose vertices are entities of their own.
-class AcDb3dPolyline : public AcDbCurve {
+class ZUHOST_API AcDb3dPolyline : public AcDbCurve {
 public:
     ACRX_DECLARE_MEMBERS(AcDb3dPolyline);
     AcDb3dPolyline() = default;

@@ -2,8 +2,10 @@
 
 #include "dbmain.h"
 
+#include <zuhost/platform/export.h>
+
 /// A list of values that an application keeps in a dictionary.
-class AcDbXrecord : public AcDbObject {
+class ZUHOST_API AcDbXrecord : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbXrecord);
 

@@ -2,11 +2,13 @@
 
 #include "dbmain.h"
 
+#include <zuhost/platform/export.h>
+
 #include <array>
 
 /// The drawing's properties: the fixed ones, such as the title, and custom ones, texts by key in their order.
 /// A fixed one that the drawing lacks is empty.
-class AcDbDatabaseSummaryInfo : public AcRxObject {
+class ZUHOST_API AcDbDatabaseSummaryInfo : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDatabaseSummaryInfo);
 
@@ -65,8 +67,9 @@ private:
         kHyperlinkBase,
         kFixedCount
     };
-    friend Acad::ErrorStatus acdbGetSummaryInfo(AcDbDatabase* database, AcDbDatabaseSummaryInfo*& info);
-    friend Acad::ErrorStatus acdbPutSummaryInfo(const AcDbDatabaseSummaryInfo* info);
+    friend ZUHOST_API Acad::ErrorStatus acdbGetSummaryInfo(AcDbDatabase* database,
+                                                           AcDbDatabaseSummaryInfo*& info);
+    friend ZUHOST_API Acad::ErrorStatus acdbPutSummaryInfo(const AcDbDatabaseSummaryInfo* info);
     Acad::ErrorStatus fixed(Fixed property, ACHAR*& text) const;
     Acad::ErrorStatus fixed(Fixed property, AcString& text) const;
     Acad::ErrorStatus setFixed(Fixed property, const ACHAR* text);
@@ -83,6 +86,6 @@ private:
 };
 
 /// Returns a copy of the drawing's custom properties, which the caller deletes.
-Acad::ErrorStatus acdbGetSummaryInfo(AcDbDatabase* database, AcDbDatabaseSummaryInfo*& info);
+ZUHOST_API Acad::ErrorStatus acdbGetSummaryInfo(AcDbDatabase* database, AcDbDatabaseSummaryInfo*& info);
 /// Replaces the properties of the copy's database by the copy.
-Acad::ErrorStatus acdbPutSummaryInfo(const AcDbDatabaseSummaryInfo* info);
+ZUHOST_API Acad::ErrorStatus acdbPutSummaryInfo(const AcDbDatabaseSummaryInfo* info);

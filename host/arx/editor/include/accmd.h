@@ -2,6 +2,8 @@
 
 #include "rxdlinkr.h"
 
+#include <zuhost/platform/export.h>
+
 /// The function that a command runs.
 using AcRxFunctionPtr = void (*)();
 
@@ -12,7 +14,7 @@ inline constexpr Adesk::Int32 ACRX_CMD_REDRAW = 0x00000004;
 inline constexpr Adesk::Int32 ACRX_CMD_SESSION = 0x00200000;
 
 /// The registered commands, in groups. Names are compared ignoring the case of ASCII letters.
-class AcEdCommandStack : public AcRxObject {
+class ZUHOST_API AcEdCommandStack : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcEdCommandStack);
 
@@ -27,7 +29,7 @@ public:
 };
 
 namespace zuhost {
-AcEdCommandStack& commandStack();
+ZUHOST_API AcEdCommandStack& commandStack();
 }
 
 inline constexpr zuhost::Service<AcEdCommandStack, zuhost::commandStack> acedRegCmds;

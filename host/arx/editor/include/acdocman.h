@@ -3,6 +3,8 @@
 #include "acarray.h"
 #include "rxdlinkr.h"
 
+#include <zuhost/platform/export.h>
+
 #include <vector>
 
 class AcDbDatabase;
@@ -24,7 +26,7 @@ struct AcAp {
 };
 
 /// The host's only document, which shows the working database.
-class AcApDocument : public AcRxObject {
+class ZUHOST_API AcApDocument : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcApDocument);
 
@@ -57,7 +59,7 @@ private:
 
 /// Notified of locks of the document. The host has one document from its start to its end, so the other
 /// members are never called.
-class AcApDocManagerReactor : public AcRxObject {
+class ZUHOST_API AcApDocManagerReactor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcApDocManagerReactor);
 
@@ -82,7 +84,7 @@ public:
     virtual void documentTitleUpdated(AcApDocument* /*document*/) {}
 };
 
-class AcApDocManager : public AcRxObject {
+class ZUHOST_API AcApDocManager : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcApDocManager);
 
@@ -122,7 +124,7 @@ private:
 };
 
 namespace zuhost {
-AcApDocManager& documentManager();
+ZUHOST_API AcApDocManager& documentManager();
 }
 
 inline constexpr zuhost::Service<AcApDocManager, zuhost::documentManager> acDocManager;

@@ -5,8 +5,10 @@
 #include "acedads.h"
 #include "rxmfcapi.h"
 
+#include <zuhost/platform/export.h>
+
 /// Notified of the commands that run. Names are in upper case.
-class AcEditorReactor : public AcRxObject {
+class ZUHOST_API AcEditorReactor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcEditorReactor);
 
@@ -19,14 +21,12 @@ public:
     virtual void unknownCommand(const ACHAR* /*command*/) {}
 };
 
-class AcEditor;
-
 namespace zuhost {
-const AcArray<AcEditorReactor*>& reactorsOf(const AcEditor& editor);
+struct EditorAccess;
 }
 
 /// The command loop's reactors.
-class AcEditor : public AcRxObject {
+class ZUHOST_API AcEditor : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcEditor);
 
@@ -35,7 +35,7 @@ public:
     virtual void removeReactor(AcEditorReactor* reactor);
 
 private:
-    friend const AcArray<AcEditorReactor*>& zuhost::reactorsOf(const AcEditor& editor);
+    friend struct zuhost::EditorAccess;
 
     AcArray<AcEditorReactor*> reactors_;
 };
@@ -44,14 +44,14 @@ private:
 
 /// Replaces the status bar's text by a meter from `min` to `max`; a meter in use ends first. Returns 0; -1
 /// when `max` is less than `min`.
-int acedSetStatusBarProgressMeter(const ACHAR* label, int min, int max);
+ZUHOST_API int acedSetStatusBarProgressMeter(const ACHAR* label, int min, int max);
 /// Moves the meter; clamps positions to its range. Returns 0; -1 without a meter.
-int acedSetStatusBarProgressMeterPos(int position);
+ZUHOST_API int acedSetStatusBarProgressMeterPos(int position);
 /// Ends the meter, if any.
-void acedRestoreStatusBar();
+ZUHOST_API void acedRestoreStatusBar();
 
 namespace zuhost {
-AcEditor& editor();
+ZUHOST_API AcEditor& editor();
 }
 
 inline constexpr zuhost::Service<AcEditor, zuhost::editor> acedEditor;

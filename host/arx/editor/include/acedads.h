@@ -2,6 +2,8 @@
 
 #include "acutads.h"
 
+#include <zuhost/platform/export.h>
+
 // Input from the user. Prompts are printed on the command line, each with its answer. Headless, answers are
 // the words that were sent (acedCommandS, sendStringToExecute), then those of the input source
 // (zuhost/input.h). A word ends with a blank or a line end; a word without characters is a plain Enter. An
@@ -16,31 +18,31 @@
 /// names separated by blanks, each abbreviated to its capital letters or to the form after a comma
 /// ("LType,LT"). Names after
 /// "_" are the ones returned ("Ja Nein _Yes No"). RTERROR for unknown flags.
-int acedInitGet(int flags, const ACHAR* keywords);
+ZUHOST_API int acedInitGet(int flags, const ACHAR* keywords);
 
 /// Copies the keyword that the last input function returned.
-int acedGetInput(ACHAR* keyword, std::size_t size);
+ZUHOST_API int acedGetInput(ACHAR* keyword, std::size_t size);
 
 /// A real number; feet and inches and fractions are accepted as acdbDisToF accepts them.
-int acedGetReal(const ACHAR* prompt, ads_real* result);
+ZUHOST_API int acedGetReal(const ACHAR* prompt, ads_real* result);
 /// An integer of 16 bits.
-int acedGetInt(const ACHAR* prompt, int* result);
+ZUHOST_API int acedGetInt(const ACHAR* prompt, int* result);
 /// Accepts keywords only. RTERROR without keywords of acedInitGet.
-int acedGetKword(const ACHAR* prompt, ACHAR* result, std::size_t size);
+ZUHOST_API int acedGetKword(const ACHAR* prompt, ACHAR* result, std::size_t size);
 /// A line of text, or a word unless `allowsBlanks`; a plain Enter is an empty text. A longer text is cut.
-int acedGetString(int allowsBlanks, const ACHAR* prompt, ACHAR* result, std::size_t size);
+ZUHOST_API int acedGetString(int allowsBlanks, const ACHAR* prompt, ACHAR* result, std::size_t size);
 /// A point "x,y" or "x,y,z", relative to the base point, or else the last point, with "@", polar as
 /// "distance<angle";
 /// "@" alone is the last point. Coordinates are of the world. `base` may be null.
-int acedGetPoint(const ads_real* base, const ACHAR* prompt, ads_point result);
+ZUHOST_API int acedGetPoint(const ads_real* base, const ACHAR* prompt, ads_point result);
 /// As above; a base point is required.
-int acedGetCorner(const ads_real* base, const ACHAR* prompt, ads_point result);
+ZUHOST_API int acedGetCorner(const ads_real* base, const ACHAR* prompt, ads_point result);
 /// A distance, or a point at the distance from the base point; without one, two points.
-int acedGetDist(const ads_real* base, const ACHAR* prompt, ads_real* result);
+ZUHOST_API int acedGetDist(const ads_real* base, const ACHAR* prompt, ads_real* result);
 /// An angle in radians from the direction of ANGBASE, entered in the units of AUNITS, or a point (two without
 /// a base point) in its direction. acedGetOrient measures from the x axis.
-int acedGetAngle(const ads_real* base, const ACHAR* prompt, ads_real* result);
-int acedGetOrient(const ads_real* base, const ACHAR* prompt, ads_real* result);
+ZUHOST_API int acedGetAngle(const ads_real* base, const ACHAR* prompt, ads_real* result);
+ZUHOST_API int acedGetOrient(const ads_real* base, const ACHAR* prompt, ads_real* result);
 
 /// The same with an array; a buffer of unknown size holds at least 133 characters.
 template <typename Buffer>
@@ -95,9 +97,9 @@ inline int acedRetList(const resbuf* /*chain*/) {
 }
 
 /// Prints a text as it is; RTERROR for a null one.
-int acedPrompt(const ACHAR* text);
+ZUHOST_API int acedPrompt(const ACHAR* text);
 /// Shows a message box (zuhost/message_box.h); headless programs print it.
-int acedAlert(const ACHAR* text);
+ZUHOST_API int acedAlert(const ACHAR* text);
 
 /// Nothing is displayed: there is nothing to redraw, and vectors can't be drawn (RTERROR).
 inline int acedRedraw(const ads_name /*entity*/, int /*mode*/) {
@@ -111,7 +113,7 @@ inline void acedUpdateDisplay() {}
 /// Runs a command with the values as its name and its answers; those left over are further commands. A name
 /// of an entity or a selection set answers a selection. RTERROR when there is no such command, when it fails
 /// or asks for more than was given, and for a pause ("\\").
-int acedCmdS(const resbuf* chain);
+ZUHOST_API int acedCmdS(const resbuf* chain);
 template <typename... Arguments>
 int acedCommandS(int type, const Arguments&... arguments) {
     resbuf* const chain = acutBuildList(type, arguments...);
@@ -122,13 +124,13 @@ int acedCommandS(int type, const Arguments&... arguments) {
 
 /// Returns a system variable: one of the session, or one that the working drawing's header has under the same
 /// name. The caller frees a text (acutDelString). RTERROR when there is none of that name.
-int acedGetVar(const ACHAR* name, resbuf* value);
+ZUHOST_API int acedGetVar(const ACHAR* name, resbuf* value);
 /// RTERROR for an unknown or read-only variable and a value of another kind or out of range.
-int acedSetVar(const ACHAR* name, const resbuf* value);
+ZUHOST_API int acedSetVar(const ACHAR* name, const resbuf* value);
 
 /// Finds a file: a full path, or a name in the current folder, the drawing's, the program's or the host's;
 /// RTERROR when there is none or its path does not fit.
-int acedFindFile(const ACHAR* name, ACHAR* result, std::size_t size);
+ZUHOST_API int acedFindFile(const ACHAR* name, ACHAR* result, std::size_t size);
 template <typename Buffer>
 int acedFindFile(const ACHAR* name, Buffer&& result) {
     constexpr std::size_t kPath = 260;
@@ -139,7 +141,7 @@ int acedFindFile(const ACHAR* name, Buffer&& result) {
 /// through, of several the one drawn last. A point of a block reference or a text is one within its extents.
 /// `point` is the point entered, else the entity's first one. RTERROR when there is none (ERRNO 7) and for a
 /// plain Enter (ERRNO 52).
-int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point);
+ZUHOST_API int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point);
 
 // ---- selection sets: up to 128 at a time, each until acedSSFree
 
@@ -165,16 +167,17 @@ int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point);
 /// - (-3) before (1001, name) asks for extended data of an application.
 ///
 /// RTERROR when nothing is selected and for an invalid mode, point or filter, RTCAN when the user cancels.
-int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const resbuf* filter, ads_name set);
+ZUHOST_API int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const resbuf* filter,
+                         ads_name set);
 
 /// Adds an entity to a set, which `result` then names. Without a set (null) makes a new one; without an
 /// entity as well, an empty one. RTERROR for an erased entity.
-int acedSSAdd(const std::int64_t* entity, const std::int64_t* set, ads_name result);
+ZUHOST_API int acedSSAdd(const std::int64_t* entity, const std::int64_t* set, ads_name result);
 /// RTERROR when the entity is not a member.
-int acedSSDel(const ads_name entity, const ads_name set);
-int acedSSLength(const ads_name set, Adesk::Int32* length);
+ZUHOST_API int acedSSDel(const ads_name entity, const ads_name set);
+ZUHOST_API int acedSSLength(const ads_name set, Adesk::Int32* length);
 /// Returns RTNORM for a member, else RTERROR.
-int acedSSMemb(const ads_name entity, const ads_name set);
+ZUHOST_API int acedSSMemb(const ads_name entity, const ads_name set);
 /// Sets the name of the member at an index from 0.
-int acedSSName(const ads_name set, Adesk::Int32 index, ads_name entity);
-int acedSSFree(const ads_name set);
+ZUHOST_API int acedSSName(const ads_name set, Adesk::Int32 index, ads_name entity);
+ZUHOST_API int acedSSFree(const ads_name set);

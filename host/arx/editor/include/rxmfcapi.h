@@ -1,6 +1,8 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 class CMDIFrameWnd;
 
 /// Returns the host's main frame; null in headless programs.
-CMDIFrameWnd* acedGetAcadFrame();
+ZUHOST_API CMDIFrameWnd* acedGetAcadFrame();

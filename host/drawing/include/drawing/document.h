@@ -3,6 +3,8 @@
 #include "stub.h"
 #include "tag_view.h"
 
+#include <zuhost/platform/export.h>
+
 #include <functional>
 #include <list>
 #include <memory>
@@ -16,7 +18,7 @@ namespace zuhost {
 
 /// Why a drawing could not be opened or saved. `line` counts from 1; it is 0 for binary drawings, which have
 /// the byte offset, and for faults of the whole file.
-struct DocumentError {
+struct ZUHOST_API DocumentError {
     std::wstring file;
     std::uint64_t line = 0;
     std::uint64_t offset = 0;
@@ -54,7 +56,7 @@ struct Container {
 ///
 /// Every record of the file belongs either to an object (a stub) or to a byte range preserved verbatim
 /// (section frames, HEADER, CLASSES, comments, thumbnails, unknown sections).
-class Document {
+class ZUHOST_API Document {
 public:
     using OpenResult = std::variant<std::unique_ptr<Document>, DocumentError>;
 

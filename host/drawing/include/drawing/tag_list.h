@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -29,7 +31,7 @@ struct TagRange {
 
 /// The records of one object in file order, from its type (code 0) to the end of its extended data, to be
 /// changed. TagView reads them.
-class TagList {
+class ZUHOST_API TagList {
 public:
     TagList() = default;
     explicit TagList(std::vector<Tag> tags) : tags_(std::move(tags)) {}

@@ -3,6 +3,8 @@
 #include "dxf_records/scan_record.h"
 #include "tag_list.h"
 
+#include <zuhost/platform/export.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -25,7 +27,7 @@ enum class TagForm : std::uint8_t {
 };
 
 /// One record where it is stored. Valid as long as the records are.
-class TagRef {
+class ZUHOST_API TagRef {
 public:
     TagRef() = default;
     TagRef(int groupCode, std::string_view stored, bool isBinary)
@@ -63,7 +65,7 @@ struct RecordPlaces {
 ///
 /// A *place* is the position of a record: its index in a list, its offset in bytes. Only places in a list can
 /// be counted.
-class TagView {
+class ZUHOST_API TagView {
 public:
     class Iterator {
     public:

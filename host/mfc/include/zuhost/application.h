@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <string>
 
 namespace zuhost {
@@ -12,7 +14,7 @@ struct Application {
 };
 
 /// Sets the names; the program calls it before it shows a window or a message box.
-void setApplication(Application application);
-[[nodiscard]] const Application& application();
+ZUHOST_API void setApplication(Application application);
+[[nodiscard]] ZUHOST_API const Application& application();
 
 } // namespace zuhost

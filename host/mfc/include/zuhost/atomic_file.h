@@ -2,6 +2,8 @@
 
 #include "file_ops.h"
 
+#include <zuhost/platform/export.h>
+
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,19 +15,19 @@ class TemporaryFile;
 
 /// Returns the whole contents of a file, or the system's error number: EFBIG for a device or pipe that has no
 /// end within 128 MB, ENOMEM when memory is short. `identity` receives what the file was before it was read.
-[[nodiscard]] std::variant<std::string, int> readWholeFile(const std::string& path,
-                                                           FileIdentity* identity = nullptr);
+[[nodiscard]] ZUHOST_API std::variant<std::string, int> readWholeFile(const std::string& path,
+                                                                      FileIdentity* identity = nullptr);
 
 /// Follows the links that the last part of a path and its folders are, also to a file that is yet to be
 /// made. Returns the file's canonical path; ELOOP for a loop of links, or another error number of the system.
-[[nodiscard]] std::variant<std::string, int> followLinks(const std::string& path);
+[[nodiscard]] ZUHOST_API std::variant<std::string, int> followLinks(const std::string& path);
 
 /// Replaces a file as a whole: writes to a temporary file in the same folder, which `commit` renames to the
 /// old one once everything is written and synced without error. After any failure, and whenever the process
 /// ends, the name refers to the complete old or new file. Follows links; keeps owner, group and access rights
 /// of the old file as far as the system allows; rejects devices and pipes (EPERM). Without `commit` no file
 /// is left.
-class AtomicFile {
+class ZUHOST_API AtomicFile {
 public:
     /// A new file gets owner and rights of `model`, or of the process if that is empty.
     explicit AtomicFile(const std::string& path, const std::string& model = {});
@@ -66,6 +68,6 @@ private:
 };
 
 /// Replaces a file's contents; returns 0 or the system's error number. `model` as above.
-int replaceFile(const std::string& path, std::string_view bytes, const std::string& model = {});
+ZUHOST_API int replaceFile(const std::string& path, std::string_view bytes, const std::string& model = {});
 
 } // namespace zuhost

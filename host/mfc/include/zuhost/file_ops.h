@@ -1,5 +1,6 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
 #include <zuhost/platform/files.h>
 
 #include <cstdint>
@@ -37,7 +38,7 @@ enum class Operation {
 using Interceptor = std::function<int(Operation operation, const std::string& path)>;
 
 /// Sets the interceptor for the lifetime of the object and restores the previous one.
-class Interception {
+class ZUHOST_API Interception {
 public:
     explicit Interception(Interceptor interceptor);
     ~Interception();
@@ -49,7 +50,7 @@ private:
 };
 
 /// Fails the n-th operation (counted from 1), or from the n-th on, with a full-disk error.
-class FailAt {
+class ZUHOST_API FailAt {
 public:
     explicit FailAt(std::uint64_t n, bool fromThenOn = false);
     /// Returns the number of operations so far.
@@ -61,7 +62,7 @@ private:
 };
 
 /// An open file; the destructor closes it. Its functions are those of platform/files.h.
-class File {
+class ZUHOST_API File {
 public:
     using Mode = platform::FileMode;
 
@@ -92,10 +93,10 @@ private:
     std::string path_;
 };
 
-int rename(const std::string& from, const std::string& to);
-int remove(const std::string& path);
-int identify(const std::string& path, FileIdentity& identity);
-int syncFolder(const std::string& folder);
+ZUHOST_API int rename(const std::string& from, const std::string& to);
+ZUHOST_API int remove(const std::string& path);
+ZUHOST_API int identify(const std::string& path, FileIdentity& identity);
+ZUHOST_API int syncFolder(const std::string& folder);
 
 } // namespace file_ops
 } // namespace zuhost

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <zuhost/platform/export.h>
 
 #include <chrono>
 #include <filesystem>
@@ -8,6 +9,6 @@
 namespace zuhost {
 
 /// Returns a file's time in the platform's form.
-[[nodiscard]] FILETIME fileTimeOf(std::filesystem::file_time_type time);
+[[nodiscard]] ZUHOST_API FILETIME fileTimeOf(std::filesystem::file_time_type time);
 
 } // namespace zuhost

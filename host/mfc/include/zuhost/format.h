@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <concepts>
 #include <cstdarg>
 #include <cstdint>
@@ -36,10 +38,10 @@ FormatArgument formatArgument(const T& value) {
 
 /// Formats as the platform's wprintf family does, independent of the process's locale.
 /// A conversion without an argument, or with one of the wrong kind, prints nothing.
-std::wstring formatText(std::wstring_view format, std::span<const FormatArgument> arguments);
+ZUHOST_API std::wstring formatText(std::wstring_view format, std::span<const FormatArgument> arguments);
 
 /// Formats the arguments of a variadic function: their types must be those of the conversions.
-std::wstring formatText(std::wstring_view format, std::va_list arguments);
+ZUHOST_API std::wstring formatText(std::wstring_view format, std::va_list arguments);
 
 template <typename... Arguments>
 std::wstring formatAll(const wchar_t* format, const Arguments&... arguments) {

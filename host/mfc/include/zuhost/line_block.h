@@ -1,6 +1,7 @@
 #pragma once
 
 #include <afx.h>
+#include <zuhost/platform/export.h>
 
 #include <memory>
 
@@ -10,7 +11,7 @@ class TextBlock;
 
 /// Some of a text file's lines. Independent of the file, so that blocks may be processed concurrently, each
 /// by one thread.
-class LineBlock {
+class ZUHOST_API LineBlock {
 public:
     LineBlock();
     LineBlock(LineBlock&& other) noexcept;
@@ -24,13 +25,14 @@ public:
 
 private:
     friend class ::CStdioFile;
-    friend bool readLines(CStdioFile& file, LineBlock& block, UINT size);
+    friend ZUHOST_API bool readLines(CStdioFile& file, LineBlock& block, UINT size);
+    bool read(CStdioFile& file, UINT size);
 
     std::unique_ptr<TextBlock> lines_;
 };
 
 /// Reads the next lines of the file, about `size` bytes, into the block; returns false at the end of the
 /// file. Throws like CStdioFile::ReadString.
-bool readLines(CStdioFile& file, LineBlock& block, UINT size);
+ZUHOST_API bool readLines(CStdioFile& file, LineBlock& block, UINT size);
 
 } // namespace zuhost

@@ -2,6 +2,7 @@
 
 #include "../afxmbox_.h"
 #include <windows.h>
+#include <zuhost/platform/export.h>
 
 #include <functional>
 #include <optional>
@@ -21,18 +22,18 @@ using MessageBoxPresenter = std::function<int(const MessageBoxRequest&)>;
 
 /// Sets the presenter of message boxes and returns the previous one. Empty, the initial value: shows boxes on
 /// the desktop if there is one, otherwise calls printMessageBox.
-MessageBoxPresenter setMessageBoxPresenter(MessageBoxPresenter presenter);
+ZUHOST_API MessageBoxPresenter setMessageBoxPresenter(MessageBoxPresenter presenter);
 
 /// Prints a box as a line on standard error and returns its first button: for programs that must not wait.
-int printMessageBox(const MessageBoxRequest& box);
+ZUHOST_API int printMessageBox(const MessageBoxRequest& box);
 
 /// Shows a box on the desktop; returns nullopt when there is none.
 using DesktopMessageBox = std::optional<int> (*)(const MessageBoxRequest&);
 /// Called by the part of the host that owns the desktop.
-void setDesktopMessageBox(DesktopMessageBox box);
+ZUHOST_API void setDesktopMessageBox(DesktopMessageBox box);
 
 /// Records message boxes during its lifetime instead of showing them.
-class MessageBoxObserver {
+class ZUHOST_API MessageBoxObserver {
 public:
     /// `answer` is what each box returns.
     explicit MessageBoxObserver(int answer = IDOK);

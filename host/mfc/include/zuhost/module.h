@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <zuhost/platform/export.h>
 
 namespace zuhost {
 
@@ -18,7 +19,7 @@ struct ModuleDeclaration {
 };
 
 /// Registers the declared module for its lifetime and runs its attach and detach.
-class ModuleRegistration {
+class ZUHOST_API ModuleRegistration {
 public:
     explicit ModuleRegistration(const ModuleDeclaration& declaration);
     ~ModuleRegistration();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <string>
 #include <string_view>
 
@@ -10,9 +12,9 @@ namespace zuhost {
 /// components keep their names, without trailing spaces and dots. A drive letter ("C:") is removed. A path
 /// that no file can have (with NUL or half of a surrogate pair) starts with NUL: file operations refuse it
 /// with EILSEQ.
-[[nodiscard]] std::string systemPath(std::wstring_view path);
+[[nodiscard]] ZUHOST_API std::string systemPath(std::wstring_view path);
 
 /// Returns the platform's form of a path of the system: wide, separated by "\\".
-[[nodiscard]] std::wstring hostPath(std::string_view systemPath);
+[[nodiscard]] ZUHOST_API std::wstring hostPath(std::string_view systemPath);
 
 } // namespace zuhost

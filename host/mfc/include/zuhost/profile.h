@@ -2,6 +2,8 @@
 
 #include "text_file.h"
 
+#include <zuhost/platform/export.h>
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,7 +17,7 @@ namespace zuhost {
 /// Names are compared ignoring the case of ASCII letters. White space around names and values is ignored.
 /// Quotes around a value are part of it here; the platform's functions remove them. Of duplicate sections or
 /// keys the first applies.
-class Profile {
+class ZUHOST_API Profile {
 public:
     Profile() = default;
     explicit Profile(std::string_view bytes);

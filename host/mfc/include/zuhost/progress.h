@@ -1,12 +1,14 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <string>
 #include <vector>
 
 namespace zuhost {
 
 /// Shows the progress meter of the status bar.
-class ProgressPresenter {
+class ZUHOST_API ProgressPresenter {
 public:
     virtual ~ProgressPresenter() = default;
     /// Starts a job whose positions lie between first and last.
@@ -18,18 +20,18 @@ public:
 
 /// Sets the presenter of the meter and returns the previous one. Null, the initial value: uses the desktop's,
 /// if there is one. The caller keeps ownership.
-ProgressPresenter* setProgressPresenter(ProgressPresenter* presenter);
+ZUHOST_API ProgressPresenter* setProgressPresenter(ProgressPresenter* presenter);
 
 /// Returns the current presenter; null when the meter is not shown.
-[[nodiscard]] ProgressPresenter* progressPresenter();
+[[nodiscard]] ZUHOST_API ProgressPresenter* progressPresenter();
 
 /// Returns the desktop's presenter; null while the program has no windows.
 using DesktopProgress = ProgressPresenter* (*)();
 /// Called by the part of the host that owns the desktop.
-void setDesktopProgress(DesktopProgress progress);
+ZUHOST_API void setDesktopProgress(DesktopProgress progress);
 
 /// Records the meter's calls during its lifetime instead of showing them.
-class ProgressObserver : public ProgressPresenter {
+class ZUHOST_API ProgressObserver : public ProgressPresenter {
 public:
     struct Job {
         std::wstring label;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <array>
 #include <atomic>
 #include <cstddef>
@@ -14,7 +16,7 @@ namespace zuhost {
 /// threads may use different copies of a text at the same time.
 ///
 /// The object is one pointer to the characters. A header before them has their number and locates the buffer.
-class SharedText {
+class ZUHOST_API SharedText {
 public:
     SharedText() = default;
     /// Throws std::length_error beyond kLongest characters.
@@ -116,7 +118,7 @@ private:
 /// Allocates texts, and memory for their containers, in large numbers. They share a few buffers, each of
 /// which lives as long as any text in it. Equal texts created shortly after each other often share their
 /// characters.
-class TextPool {
+class ZUHOST_API TextPool {
 public:
     TextPool() = default;
     TextPool(const TextPool&) = delete;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <map>
 #include <optional>
 #include <string>
@@ -9,7 +11,7 @@ namespace zuhost {
 
 /// Texts by id, stored in UTF-8 as lines `id = "text"` with the escapes \n, \t, \" and \\. Blank lines, lines
 /// that begin with "#" and a byte-order mark are ignored.
-class StringTable {
+class ZUHOST_API StringTable {
 public:
     /// Skips malformed lines; stores the number of the first one, counted from 1, in `firstBadLine`, or 0
     /// when there is none.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -8,21 +10,21 @@
 namespace zuhost {
 
 /// Encodes wide text as UTF-8; unpaired surrogates and invalid code points become U+FFFD.
-[[nodiscard]] std::string toUtf8(std::wstring_view text);
+[[nodiscard]] ZUHOST_API std::string toUtf8(std::wstring_view text);
 
 /// Decodes UTF-8; each byte of a malformed sequence becomes U+FFFD.
-[[nodiscard]] std::wstring fromUtf8(std::string_view bytes);
+[[nodiscard]] ZUHOST_API std::wstring fromUtf8(std::string_view bytes);
 /// Decodes into a buffer with room for one wide character per byte; returns the number of characters.
-std::size_t fromUtf8(std::string_view bytes, wchar_t* text);
+ZUHOST_API std::size_t fromUtf8(std::string_view bytes, wchar_t* text);
 
 /// Appends a character, as a surrogate pair where wchar_t is too small for it.
-void appendCodePoint(std::wstring& text, char32_t codePoint);
+ZUHOST_API void appendCodePoint(std::wstring& text, char32_t codePoint);
 
 /// Returns the character at `at` and advances `at` past it; returns an unpaired surrogate as it is.
-[[nodiscard]] char32_t nextCodePoint(std::wstring_view text, std::size_t& at);
+[[nodiscard]] ZUHOST_API char32_t nextCodePoint(std::wstring_view text, std::size_t& at);
 
 /// Converts between the bytes of a code page and wide text. Copies share their tables.
-class TextCodec {
+class ZUHOST_API TextCodec {
 public:
     /// UTF-8.
     TextCodec() = default;

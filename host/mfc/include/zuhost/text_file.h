@@ -2,6 +2,8 @@
 
 #include "text_codec.h"
 
+#include <zuhost/platform/export.h>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -11,7 +13,7 @@
 namespace zuhost {
 
 /// The encoding of a text file.
-struct TextEncoding {
+struct ZUHOST_API TextEncoding {
     enum class Kind { codePage932, utf8WithMark, utf16LittleEndian };
 
     Kind kind = Kind::codePage932;
@@ -30,7 +32,7 @@ struct TextEncoding {
 };
 
 /// Some complete lines of a text as bytes.
-class TextBlock {
+class ZUHOST_API TextBlock {
 public:
     /// Returns the next line without mark and line end, valid as long as the block; nullopt at its end.
     std::optional<std::string_view> next();
@@ -56,7 +58,7 @@ private:
 
 /// Reads a text in blocks. A line ends in LF or CR LF, the text at the first Ctrl-Z. Holds at most about two
 /// blocks or the longest line.
-class TextBlocks {
+class ZUHOST_API TextBlocks {
 public:
     /// Reads the next bytes of the text into a buffer; fewer than `size` only at its end.
     using Source = std::function<std::size_t(char* place, std::size_t size)>;

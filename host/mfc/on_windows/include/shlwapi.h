@@ -4,22 +4,24 @@
 
 #include_next <shlwapi.h>
 
+#include <zuhost/platform/export.h>
+
 // The host's own, as in windows.h.
 
-decltype(PathAddBackslashW) zuhost_PathAddBackslashW;
-decltype(PathAddExtensionW) zuhost_PathAddExtensionW;
-decltype(PathAppendW) zuhost_PathAppendW;
-decltype(PathCombineW) zuhost_PathCombineW;
-decltype(PathFileExistsW) zuhost_PathFileExistsW;
-decltype(PathFindExtensionW) zuhost_PathFindExtensionW;
-decltype(PathFindFileNameW) zuhost_PathFindFileNameW;
-decltype(PathIsDirectoryW) zuhost_PathIsDirectoryW;
-decltype(PathIsRelativeW) zuhost_PathIsRelativeW;
-decltype(PathRemoveBackslashW) zuhost_PathRemoveBackslashW;
-decltype(PathRemoveExtensionW) zuhost_PathRemoveExtensionW;
-decltype(PathRemoveFileSpecW) zuhost_PathRemoveFileSpecW;
-decltype(PathRenameExtensionW) zuhost_PathRenameExtensionW;
-decltype(PathStripPathW) zuhost_PathStripPathW;
+ZUHOST_API decltype(PathAddBackslashW) zuhost_PathAddBackslashW;
+ZUHOST_API decltype(PathAddExtensionW) zuhost_PathAddExtensionW;
+ZUHOST_API decltype(PathAppendW) zuhost_PathAppendW;
+ZUHOST_API decltype(PathCombineW) zuhost_PathCombineW;
+ZUHOST_API decltype(PathFileExistsW) zuhost_PathFileExistsW;
+ZUHOST_API decltype(PathFindExtensionW) zuhost_PathFindExtensionW;
+ZUHOST_API decltype(PathFindFileNameW) zuhost_PathFindFileNameW;
+ZUHOST_API decltype(PathIsDirectoryW) zuhost_PathIsDirectoryW;
+ZUHOST_API decltype(PathIsRelativeW) zuhost_PathIsRelativeW;
+ZUHOST_API decltype(PathRemoveBackslashW) zuhost_PathRemoveBackslashW;
+ZUHOST_API decltype(PathRemoveExtensionW) zuhost_PathRemoveExtensionW;
+ZUHOST_API decltype(PathRemoveFileSpecW) zuhost_PathRemoveFileSpecW;
+ZUHOST_API decltype(PathRenameExtensionW) zuhost_PathRenameExtensionW;
+ZUHOST_API decltype(PathStripPathW) zuhost_PathStripPathW;
 
 #define PathAddBackslashW zuhost_PathAddBackslashW
 #define PathAddExtensionW zuhost_PathAddExtensionW

@@ -13,58 +13,60 @@
 #define NOMINMAX
 #define WIN32_LEAN_AND_MEAN
 #include_next <windows.h>
+#undef UNREFERENCED_PARAMETER // afx.h has one that takes constants too
 
 #include <zuhost/min_max.h>
+#include <zuhost/platform/export.h>
 #include <zuhost/platform/system_rules.h>
 
 #include <cstddef>
 #include <cstdint>
 
-decltype(CompareFileTime) zuhost_CompareFileTime;
-decltype(CopyFileW) zuhost_CopyFileW;
-decltype(CreateDirectoryW) zuhost_CreateDirectoryW;
-decltype(DeleteFileW) zuhost_DeleteFileW;
-decltype(EnumResourceLanguagesW) zuhost_EnumResourceLanguagesW;
-decltype(FindClose) zuhost_FindClose;
-decltype(FindFirstFileW) zuhost_FindFirstFileW;
-decltype(FindNextFileW) zuhost_FindNextFileW;
-decltype(FreeLibrary) zuhost_FreeLibrary;
-decltype(GetCurrentDirectoryW) zuhost_GetCurrentDirectoryW;
-decltype(GetEnvironmentVariableW) zuhost_GetEnvironmentVariableW;
-decltype(GetFileAttributesW) zuhost_GetFileAttributesW;
-decltype(GetFullPathNameW) zuhost_GetFullPathNameW;
-decltype(GetLocalTime) zuhost_GetLocalTime;
-decltype(GetModuleFileNameW) zuhost_GetModuleFileNameW;
-decltype(GetModuleHandleW) zuhost_GetModuleHandleW;
-decltype(GetPrivateProfileIntW) zuhost_GetPrivateProfileIntW;
-decltype(GetPrivateProfileSectionNamesW) zuhost_GetPrivateProfileSectionNamesW;
-decltype(GetPrivateProfileStringW) zuhost_GetPrivateProfileStringW;
-decltype(GetProcAddress) zuhost_GetProcAddress;
-decltype(GetSystemTime) zuhost_GetSystemTime;
-decltype(GetTempFileNameW) zuhost_GetTempFileNameW;
-decltype(GetTempPathW) zuhost_GetTempPathW;
-decltype(GetTickCount64) zuhost_GetTickCount64;
-decltype(GetUserDefaultLangID) zuhost_GetUserDefaultLangID;
-decltype(GetUserDefaultUILanguage) zuhost_GetUserDefaultUILanguage;
-decltype(GetVersionExW) zuhost_GetVersionExW;
-decltype(LoadLibraryW) zuhost_LoadLibraryW;
-decltype(LoadStringW) zuhost_LoadStringW;
-decltype(MessageBoxW) zuhost_MessageBoxW;
-decltype(MoveFileExW) zuhost_MoveFileExW;
-decltype(MoveFileW) zuhost_MoveFileW;
-decltype(MultiByteToWideChar) zuhost_MultiByteToWideChar;
-decltype(RegQueryValueW) zuhost_RegQueryValueW;
-decltype(RemoveDirectoryW) zuhost_RemoveDirectoryW;
-decltype(SetCurrentDirectoryW) zuhost_SetCurrentDirectoryW;
-decltype(SetFileAttributesW) zuhost_SetFileAttributesW;
-decltype(Sleep) zuhost_Sleep;
-decltype(WideCharToMultiByte) zuhost_WideCharToMultiByte;
-decltype(WritePrivateProfileStringW) zuhost_WritePrivateProfileStringW;
-decltype(lstrcatW) zuhost_lstrcatW;
-decltype(lstrcmpW) zuhost_lstrcmpW;
-decltype(lstrcmpiW) zuhost_lstrcmpiW;
-decltype(lstrcpyW) zuhost_lstrcpyW;
-decltype(lstrcpynW) zuhost_lstrcpynW;
+ZUHOST_API decltype(CompareFileTime) zuhost_CompareFileTime;
+ZUHOST_API decltype(CopyFileW) zuhost_CopyFileW;
+ZUHOST_API decltype(CreateDirectoryW) zuhost_CreateDirectoryW;
+ZUHOST_API decltype(DeleteFileW) zuhost_DeleteFileW;
+ZUHOST_API decltype(EnumResourceLanguagesW) zuhost_EnumResourceLanguagesW;
+ZUHOST_API decltype(FindClose) zuhost_FindClose;
+ZUHOST_API decltype(FindFirstFileW) zuhost_FindFirstFileW;
+ZUHOST_API decltype(FindNextFileW) zuhost_FindNextFileW;
+ZUHOST_API decltype(FreeLibrary) zuhost_FreeLibrary;
+ZUHOST_API decltype(GetCurrentDirectoryW) zuhost_GetCurrentDirectoryW;
+ZUHOST_API decltype(GetEnvironmentVariableW) zuhost_GetEnvironmentVariableW;
+ZUHOST_API decltype(GetFileAttributesW) zuhost_GetFileAttributesW;
+ZUHOST_API decltype(GetFullPathNameW) zuhost_GetFullPathNameW;
+ZUHOST_API decltype(GetLocalTime) zuhost_GetLocalTime;
+ZUHOST_API decltype(GetModuleFileNameW) zuhost_GetModuleFileNameW;
+ZUHOST_API decltype(GetModuleHandleW) zuhost_GetModuleHandleW;
+ZUHOST_API decltype(GetPrivateProfileIntW) zuhost_GetPrivateProfileIntW;
+ZUHOST_API decltype(GetPrivateProfileSectionNamesW) zuhost_GetPrivateProfileSectionNamesW;
+ZUHOST_API decltype(GetPrivateProfileStringW) zuhost_GetPrivateProfileStringW;
+ZUHOST_API decltype(GetProcAddress) zuhost_GetProcAddress;
+ZUHOST_API decltype(GetSystemTime) zuhost_GetSystemTime;
+ZUHOST_API decltype(GetTempFileNameW) zuhost_GetTempFileNameW;
+ZUHOST_API decltype(GetTempPathW) zuhost_GetTempPathW;
+ZUHOST_API decltype(GetTickCount64) zuhost_GetTickCount64;
+ZUHOST_API decltype(GetUserDefaultLangID) zuhost_GetUserDefaultLangID;
+ZUHOST_API decltype(GetUserDefaultUILanguage) zuhost_GetUserDefaultUILanguage;
+ZUHOST_API decltype(GetVersionExW) zuhost_GetVersionExW;
+ZUHOST_API decltype(LoadLibraryW) zuhost_LoadLibraryW;
+ZUHOST_API decltype(LoadStringW) zuhost_LoadStringW;
+ZUHOST_API decltype(MessageBoxW) zuhost_MessageBoxW;
+ZUHOST_API decltype(MoveFileExW) zuhost_MoveFileExW;
+ZUHOST_API decltype(MoveFileW) zuhost_MoveFileW;
+ZUHOST_API decltype(MultiByteToWideChar) zuhost_MultiByteToWideChar;
+ZUHOST_API decltype(RegQueryValueW) zuhost_RegQueryValueW;
+ZUHOST_API decltype(RemoveDirectoryW) zuhost_RemoveDirectoryW;
+ZUHOST_API decltype(SetCurrentDirectoryW) zuhost_SetCurrentDirectoryW;
+ZUHOST_API decltype(SetFileAttributesW) zuhost_SetFileAttributesW;
+ZUHOST_API decltype(Sleep) zuhost_Sleep;
+ZUHOST_API decltype(WideCharToMultiByte) zuhost_WideCharToMultiByte;
+ZUHOST_API decltype(WritePrivateProfileStringW) zuhost_WritePrivateProfileStringW;
+ZUHOST_API decltype(lstrcatW) zuhost_lstrcatW;
+ZUHOST_API decltype(lstrcmpW) zuhost_lstrcmpW;
+ZUHOST_API decltype(lstrcmpiW) zuhost_lstrcmpiW;
+ZUHOST_API decltype(lstrcpyW) zuhost_lstrcpyW;
+ZUHOST_API decltype(lstrcpynW) zuhost_lstrcpynW;
 
 #define CompareFileTime zuhost_CompareFileTime
 #define CopyFileW zuhost_CopyFileW
@@ -114,8 +116,9 @@ decltype(lstrcpynW) zuhost_lstrcpynW;
 
 // ---- of the C library
 
-int _wtoi(const wchar_t* text);
-double _wtof(const wchar_t* text);
-int _wcsicmp(const wchar_t* left, const wchar_t* right);
-int _wcsnicmp(const wchar_t* left, const wchar_t* right, std::size_t count);
-void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name, wchar_t* extension);
+ZUHOST_API int _wtoi(const wchar_t* text);
+ZUHOST_API double _wtof(const wchar_t* text);
+ZUHOST_API int _wcsicmp(const wchar_t* left, const wchar_t* right);
+ZUHOST_API int _wcsnicmp(const wchar_t* left, const wchar_t* right, std::size_t count);
+ZUHOST_API void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name,
+                            wchar_t* extension);

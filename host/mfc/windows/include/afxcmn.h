@@ -3,10 +3,12 @@
 #include "afxwin.h"
 #include "commctrl.h"
 
+#include <zuhost/platform/export.h>
+
 /// A list of lines in columns. Lines may be indented; with LVS_OWNERDRAWFIXED the class draws them itself.
 /// Several lines may be selected unless the style has LVS_SINGLESEL. LVN_ITEMCHANGED notifies the parent of
 /// every selection or deselection of a line, by the user or by the program.
-class CListCtrl : public CWnd {
+class ZUHOST_API CListCtrl : public CWnd {
     DECLARE_DYNCREATE(CListCtrl)
 
 public:

@@ -2,8 +2,10 @@
 
 #include "afxwin.h"
 
+#include <zuhost/platform/export.h>
+
 /// A window split into one row or one column of panes, with bars between them that the user can drag.
-class CSplitterWnd : public CWnd {
+class ZUHOST_API CSplitterWnd : public CWnd {
     DECLARE_DYNCREATE(CSplitterWnd)
 
 public:
@@ -48,7 +50,7 @@ inline constexpr UINT AFX_IDW_STATUS_BAR = 0xE801;
 inline constexpr UINT AFX_IDW_REBAR = 0xE804;
 
 /// The line of text at the bottom of a frame.
-class CStatusBar : public CWnd {
+class ZUHOST_API CStatusBar : public CWnd {
     DECLARE_DYNCREATE(CStatusBar)
 
 public:
@@ -64,7 +66,7 @@ protected:
 };
 
 /// A row of controls at the top of a frame. The frame receives their notifications.
-class CReBar : public CWnd {
+class ZUHOST_API CReBar : public CWnd {
     DECLARE_DYNCREATE(CReBar)
 
 public:

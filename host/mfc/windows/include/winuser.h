@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <zuhost/platform/export.h>
 
 // Windows, messages and styles, under the platform's own names. Sizes and positions are in logical pixels:
 // the desktop scales them to the screen.
@@ -147,7 +148,7 @@ inline constexpr UINT VK_F4 = 0x73;
 
 /// Returns a negative value if the key was held down at the last mouse or key event. Only VK_SHIFT,
 /// VK_CONTROL and VK_MENU are tracked; other keys give 0.
-std::int16_t GetKeyState(int key);
+ZUHOST_API std::int16_t GetKeyState(int key);
 
 // ---- structures that messages carry
 
@@ -220,21 +221,21 @@ inline constexpr int COLOR_BTNSHADOW = 16;
 inline constexpr int COLOR_GRAYTEXT = 17;
 inline constexpr int COLOR_BTNTEXT = 18;
 /// Returns a colour of the desktop's current palette, light or dark.
-COLORREF GetSysColor(int index);
+ZUHOST_API COLORREF GetSysColor(int index);
 
 struct HICON__;
 using HCURSOR = HICON__*;
 inline const wchar_t* const IDC_ARROW = L"#32512";
 inline const wchar_t* const IDC_SIZEWE = L"#32644";
 /// Returns a cursor of the desktop; null for names other than the above. The instance is ignored.
-HCURSOR LoadCursorW(HINSTANCE instance, const wchar_t* name);
+ZUHOST_API HCURSOR LoadCursorW(HINSTANCE instance, const wchar_t* name);
 /// Sets the cursor over the window that is handling a message, until the next call. Returns the cursor; null
 /// when it is null or no window is handling a message.
-HCURSOR SetCursor(HCURSOR cursor);
+ZUHOST_API HCURSOR SetCursor(HCURSOR cursor);
 
 inline constexpr int DEFAULT_GUI_FONT = 17;
 /// Returns the desktop's font for controls as a CFont; null for other objects.
-void* GetStockObject(int index);
+ZUHOST_API void* GetStockObject(int index);
 
 inline constexpr WPARAM MAKEWPARAM(UINT low, UINT high) {
     return (low & 0xFFFFU) | static_cast<WPARAM>(high & 0xFFFFU) << 16;

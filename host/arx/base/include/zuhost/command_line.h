@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <functional>
 #include <string>
 #include <string_view>
@@ -11,12 +13,12 @@ using CommandLineSink = std::function<void(std::wstring_view)>;
 
 /// Sets the receiver of command-line output and returns the previous one. An empty one, as at the start,
 /// writes to standard error: standard output is reserved for the results of headless programs.
-CommandLineSink setCommandLineSink(CommandLineSink sink);
+ZUHOST_API CommandLineSink setCommandLineSink(CommandLineSink sink);
 
-void printToCommandLine(std::wstring_view text);
+ZUHOST_API void printToCommandLine(std::wstring_view text);
 
 /// Captures the command-line output during its lifetime instead of showing it.
-class CommandLineObserver {
+class ZUHOST_API CommandLineObserver {
 public:
     CommandLineObserver();
     ~CommandLineObserver();

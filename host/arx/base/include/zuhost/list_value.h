@@ -2,6 +2,8 @@
 
 #include "adsdef.h"
 
+#include <zuhost/platform/export.h>
+
 #include <concepts>
 #include <span>
 #include <type_traits>
@@ -33,6 +35,6 @@ ListValue listValue(const T& value) {
 
 /// Returns the chain of the types and values in turn, up to RTNONE or 0 as a type; null for a value of the
 /// wrong kind and for one that is missing.
-resbuf* buildList(std::span<const ListValue> arguments);
+ZUHOST_API resbuf* buildList(std::span<const ListValue> arguments);
 
 } // namespace zuhost

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 namespace zuhost {
 
 /// What the value of a resbuf is, which its type determines.
@@ -16,6 +18,6 @@ enum class ResultKind : unsigned char {
 };
 
 /// Returns the kind of a group code or an RT code. The coordinates of a point other than the first are reals.
-[[nodiscard]] ResultKind resultKind(int type);
+[[nodiscard]] ZUHOST_API ResultKind resultKind(int type);
 
 } // namespace zuhost

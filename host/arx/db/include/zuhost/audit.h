@@ -1,6 +1,7 @@
 #pragma once
 
 #include <dbid.h>
+#include <zuhost/platform/export.h>
 
 #include <cstddef>
 #include <string>
@@ -21,7 +22,7 @@ enum class DatabaseFault {
 inline constexpr std::size_t kDatabaseFaults = 5;
 
 /// Returns the stable code of a fault, such as "stray-group".
-[[nodiscard]] std::wstring_view faultCode(DatabaseFault fault);
+[[nodiscard]] ZUHOST_API std::wstring_view faultCode(DatabaseFault fault);
 
 struct DatabaseFinding {
     AcDbObjectId object; ///< The object at fault.
@@ -35,6 +36,6 @@ struct DatabaseFinding {
 /// repairing, also repairs what can be repaired: removes references to missing objects, adds missing
 /// reactors, erases stray groups, registers applications. Returns the findings in that order. An object that
 /// is open elsewhere stays as it is, and its findings stay unrepaired.
-[[nodiscard]] std::vector<DatabaseFinding> auditDatabase(AcDbDatabase& database, bool repairing);
+[[nodiscard]] ZUHOST_API std::vector<DatabaseFinding> auditDatabase(AcDbDatabase& database, bool repairing);
 
 } // namespace zuhost

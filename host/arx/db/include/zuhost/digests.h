@@ -1,6 +1,7 @@
 #pragma once
 
 #include <dbid.h>
+#include <zuhost/platform/export.h>
 
 #include <cstdint>
 #include <utility>
@@ -17,6 +18,6 @@ using EntityDigest = std::pair<AcDbObjectId, std::uint64_t>;
 /// of its vertices and attributes. Equal digests mean that two entities hold the same, also in different
 /// drawings: the entity's own handle, owner, reactors and extension dictionary do not count, numbers count by
 /// value and texts by their characters. The time is proportional to the size of the drawing.
-[[nodiscard]] std::vector<EntityDigest> entityDigests(const AcDbDatabase& database);
+[[nodiscard]] ZUHOST_API std::vector<EntityDigest> entityDigests(const AcDbDatabase& database);
 
 } // namespace zuhost

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <dbmain.h>
+#include <zuhost/platform/export.h>
 
 #include <vector>
 
 namespace zuhost {
 
 /// A position in a list of ids, which moves either way and skips erased objects on request.
-class IdCursor {
+class ZUHOST_API IdCursor {
 public:
     IdCursor() = default;
     explicit IdCursor(std::vector<AcDbObjectId> ids) : ids_(std::move(ids)) {}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <dbdict.h>
+#include <zuhost/platform/export.h>
 
 #include <string>
 #include <unordered_set>
@@ -14,27 +15,29 @@ class AcDbSymbolTable;
 namespace zuhost {
 
 /// The block's entities in drawing order, without vertices and attributes, which belong to their entities.
-[[nodiscard]] std::vector<AcDbObjectId> entityIds(const AcDbBlockTableRecord& block, bool skipErased = true);
-[[nodiscard]] std::vector<AcDbObjectId> recordIds(const AcDbSymbolTable& table);
+[[nodiscard]] ZUHOST_API std::vector<AcDbObjectId> entityIds(const AcDbBlockTableRecord& block,
+                                                             bool skipErased = true);
+[[nodiscard]] ZUHOST_API std::vector<AcDbObjectId> recordIds(const AcDbSymbolTable& table);
 
 /// The entries in their order, without those of erased and of missing objects.
-[[nodiscard]] std::vector<DictionaryEntry> entriesOf(const AcDbDictionary& dictionary);
+[[nodiscard]] ZUHOST_API std::vector<DictionaryEntry> entriesOf(const AcDbDictionary& dictionary);
 /// Returns the names of entries whose object is not in the drawing.
-[[nodiscard]] std::vector<std::wstring> danglingNames(const AcDbDictionary& dictionary);
+[[nodiscard]] ZUHOST_API std::vector<std::wstring> danglingNames(const AcDbDictionary& dictionary);
 
-[[nodiscard]] bool isMember(const AcDbGroup& group, AcDbObjectId id);
+[[nodiscard]] ZUHOST_API bool isMember(const AcDbGroup& group, AcDbObjectId id);
 /// Returns the entries that are not members, in order: those of objects that are not in the drawing, and
 /// repeated ones.
-[[nodiscard]] std::vector<AcDbHandle> surplusEntries(const AcDbGroup& group);
-Acad::ErrorStatus removeSurplusEntries(AcDbGroup& group);
+[[nodiscard]] ZUHOST_API std::vector<AcDbHandle> surplusEntries(const AcDbGroup& group);
+ZUHOST_API Acad::ErrorStatus removeSurplusEntries(AcDbGroup& group);
 
 /// Adds the missing persistent reactors in the given order, in one pass.
-Acad::ErrorStatus addPersistentReactors(AcDbObject& object, const std::vector<AcDbObjectId>& reactors);
+ZUHOST_API Acad::ErrorStatus addPersistentReactors(AcDbObject& object,
+                                                   const std::vector<AcDbObjectId>& reactors);
 /// Removes all entries of several persistent reactors in one pass.
-Acad::ErrorStatus removePersistentReactors(AcDbObject& object,
-                                           const std::unordered_set<AcDbObjectId>& reactors);
+ZUHOST_API Acad::ErrorStatus removePersistentReactors(AcDbObject& object,
+                                                      const std::unordered_set<AcDbObjectId>& reactors);
 /// Returns the entries of persistent reactors that are not in the drawing, and repeated entries.
-[[nodiscard]] std::vector<AcDbHandle> surplusReactors(const AcDbObject& object);
-Acad::ErrorStatus removeSurplusReactors(AcDbObject& object);
+[[nodiscard]] ZUHOST_API std::vector<AcDbHandle> surplusReactors(const AcDbObject& object);
+ZUHOST_API Acad::ErrorStatus removeSurplusReactors(AcDbObject& object);
 
 } // namespace zuhost

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <string>
 
 class AcDbBlockReference;
@@ -12,13 +14,13 @@ class AcDbSymbolTableRecord;
 namespace zuhost {
 
 /// The layer's name, "0" when none is given.
-[[nodiscard]] std::wstring layerName(const AcDbEntity& entity);
+[[nodiscard]] ZUHOST_API std::wstring layerName(const AcDbEntity& entity);
 /// The name of the definition, even if the drawing lacks it.
-[[nodiscard]] std::wstring blockName(const AcDbBlockReference& reference);
-[[nodiscard]] std::wstring recordName(const AcDbSymbolTableRecord& record);
+[[nodiscard]] ZUHOST_API std::wstring blockName(const AcDbBlockReference& reference);
+[[nodiscard]] ZUHOST_API std::wstring recordName(const AcDbSymbolTableRecord& record);
 /// The group's name in its dictionary; empty when it is in none.
-[[nodiscard]] std::wstring groupName(const AcDbGroup& group);
+[[nodiscard]] ZUHOST_API std::wstring groupName(const AcDbGroup& group);
 /// The type's name in drawings: "INSERT", "DICTIONARY" ...
-[[nodiscard]] std::wstring typeName(const AcDbObject& object);
+[[nodiscard]] ZUHOST_API std::wstring typeName(const AcDbObject& object);
 
 } // namespace zuhost

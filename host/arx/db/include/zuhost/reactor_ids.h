@@ -1,6 +1,7 @@
 #pragma once
 
 #include <dbid.h>
+#include <zuhost/platform/export.h>
 
 #include <vector>
 
@@ -10,6 +11,6 @@ namespace zuhost {
 
 /// Replaces the ids by the object's persistent reactors in the drawing, each once, in their order. Returns
 /// false when there are surplus entries, which `surplusReactors` returns.
-bool readPersistentReactors(const AcDbObject& object, std::vector<AcDbObjectId>& ids);
+ZUHOST_API bool readPersistentReactors(const AcDbObject& object, std::vector<AcDbObjectId>& ids);
 
 } // namespace zuhost

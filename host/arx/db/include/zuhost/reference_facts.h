@@ -3,6 +3,7 @@
 #include <gemat3d.h>
 #include <gepnt3d.h>
 #include <gescl3d.h>
+#include <zuhost/platform/export.h>
 
 #include <string>
 
@@ -21,6 +22,6 @@ struct ReferenceFacts {
 };
 
 /// Reads all of them at once: each function of the reference would search its records.
-void readFacts(const AcDbBlockReference& reference, ReferenceFacts& facts);
+ZUHOST_API void readFacts(const AcDbBlockReference& reference, ReferenceFacts& facts);
 
 } // namespace zuhost

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <adesk.h>
+#include <zuhost/platform/export.h>
 
 class AcDbDatabase;
 
@@ -14,24 +15,24 @@ struct UndoControl {
     bool onlyOne = false;   ///< Keeps the last step only, and no marks.
     bool autoGroups = true; ///< Kept only: commands are steps of their own anyway.
 };
-[[nodiscard]] UndoControl undoControl(const AcDbDatabase& database);
+[[nodiscard]] ZUHOST_API UndoControl undoControl(const AcDbDatabase& database);
 /// Drops the recorded steps that the control does not allow.
-void setUndoControl(AcDbDatabase& database, UndoControl control);
+ZUHOST_API void setUndoControl(AcDbDatabase& database, UndoControl control);
 
 /// Begins a group: all changes up to its end form one undo step.
-void beginUndoGroup(AcDbDatabase& database);
-void endUndoGroup(AcDbDatabase& database);
+ZUHOST_API void beginUndoGroup(AcDbDatabase& database);
+ZUHOST_API void endUndoGroup(AcDbDatabase& database);
 
 /// Redoes the step that was undone last; eUndoOperationNotAvailable when there is none.
-Acad::ErrorStatus redo(AcDbDatabase& database);
+ZUHOST_API Acad::ErrorStatus redo(AcDbDatabase& database);
 
 /// Marks the current state. Undoing a step before the mark removes the mark.
-void setUndoMark(AcDbDatabase& database);
-[[nodiscard]] bool hasUndoMark(const AcDbDatabase& database);
+ZUHOST_API void setUndoMark(AcDbDatabase& database);
+[[nodiscard]] ZUHOST_API bool hasUndoMark(const AcDbDatabase& database);
 /// Returns true when no step is left after the last mark.
-[[nodiscard]] bool isAtUndoMark(const AcDbDatabase& database);
+[[nodiscard]] ZUHOST_API bool isAtUndoMark(const AcDbDatabase& database);
 /// Undoes all steps after the last mark and removes the mark; without a mark undoes all steps. False when
 /// there is neither a mark nor a step.
-bool undoToMark(AcDbDatabase& database);
+ZUHOST_API bool undoToMark(AcDbDatabase& database);
 
 } // namespace zuhost

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 namespace zuhost {
 
 /// Determines how lengths and angles are written.
@@ -14,12 +16,12 @@ struct UnitSettings {
 };
 
 /// Returns the angle from the x axis as measured from the base in the settings' direction, 0 to 2 pi.
-[[nodiscard]] double fromAngleBase(double angle, const UnitSettings& settings);
+[[nodiscard]] ZUHOST_API double fromAngleBase(double angle, const UnitSettings& settings);
 
 /// Returns the settings of the working drawing; the usual ones without one.
-[[nodiscard]] UnitSettings unitSettings();
+[[nodiscard]] ZUHOST_API UnitSettings unitSettings();
 
 /// Returns the angle in [0, 2 pi).
-[[nodiscard]] double withinTurn(double angle);
+[[nodiscard]] ZUHOST_API double withinTurn(double angle);
 
 } // namespace zuhost

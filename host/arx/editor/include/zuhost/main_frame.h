@@ -1,10 +1,12 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 class CMDIFrameWnd;
 
 namespace zuhost {
 
 /// Sets the host's main frame, which stays owned by the caller; null for none.
-void setMainFrame(CMDIFrameWnd* frame);
+ZUHOST_API void setMainFrame(CMDIFrameWnd* frame);
 
 } // namespace zuhost

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <cstdint>
 #include <vector>
 
@@ -13,6 +15,6 @@ struct CodePageEntry {
 };
 
 /// Returns the single bytes and pairs that a code page maps to a character; none for an unknown code page.
-std::vector<CodePageEntry> readCodePage(int number);
+ZUHOST_API std::vector<CodePageEntry> readCodePage(int number);
 
 } // namespace zuhost::platform

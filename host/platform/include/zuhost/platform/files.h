@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -38,41 +40,41 @@ using FileHandle = std::intptr_t;
 inline constexpr FileHandle kNoFile = -1;
 
 /// EISDIR for folders. Child processes do not inherit the handle; others may rename or remove the open file.
-int openFile(const std::string& path, FileMode mode, FileHandle& file);
+ZUHOST_API int openFile(const std::string& path, FileMode mode, FileHandle& file);
 /// Creates a file without a name, which the system deletes when the process ends unless `linkFile` has named
 /// it. EOPNOTSUPP when the system or the folder's file system has no such files.
-int openUnnamedFile(const std::string& folder, FileHandle& file);
+ZUHOST_API int openUnnamedFile(const std::string& folder, FileHandle& file);
 /// Names a file of `openUnnamedFile`. EEXIST when the name is taken.
-int linkFile(FileHandle file, const std::string& path);
+ZUHOST_API int linkFile(FileHandle file, const std::string& path);
 /// Creates a file with a new name in the folder for temporary files, which only the user may read. The caller
 /// removes it.
-int openTemporaryFile(FileHandle& file, std::string& path);
+ZUHOST_API int openTemporaryFile(FileHandle& file, std::string& path);
 /// Reads up to `size` bytes and stores their number in `done` (0 at the end).
-int readFile(FileHandle file, char* buffer, std::size_t size, std::size_t& done);
+ZUHOST_API int readFile(FileHandle file, char* buffer, std::size_t size, std::size_t& done);
 /// Writes all bytes, or fails.
-int writeFile(FileHandle file, std::string_view bytes);
+ZUHOST_API int writeFile(FileHandle file, std::string_view bytes);
 /// `origin` is SEEK_SET, SEEK_CUR or SEEK_END.
-int seekFile(FileHandle file, std::int64_t offset, int origin, std::int64_t& position);
+ZUHOST_API int seekFile(FileHandle file, std::int64_t offset, int origin, std::int64_t& position);
 /// Makes the contents last through a power cut. Without effect on pipes and devices.
-int syncFile(FileHandle file);
-int closeFile(FileHandle file);
+ZUHOST_API int syncFile(FileHandle file);
+ZUHOST_API int closeFile(FileHandle file);
 /// Locks the file against other openings, of this process too, until it is closed or the process ends.
 /// Doesn't wait: EWOULDBLOCK when another holds the lock. Without effect on file systems without locks.
-int tryLockFile(FileHandle file);
-int identifyFile(FileHandle file, FileIdentity& identity);
+ZUHOST_API int tryLockFile(FileHandle file);
+ZUHOST_API int identifyFile(FileHandle file, FileIdentity& identity);
 /// Identifies the name itself: links are not followed.
-int identifyName(const std::string& path, FileIdentity& identity);
+ZUHOST_API int identifyName(const std::string& path, FileIdentity& identity);
 /// Returns the name of the file or folder as the system stores it, which can differ in case; empty when there
 /// is none. Links are not followed.
-std::string storedName(const std::string& path);
+ZUHOST_API std::string storedName(const std::string& path);
 /// Gives the file the owner, group, access rights and access list of another as far as the system allows.
 /// Never adds access: if the group can't be kept, the new group gets the rights of all others, and bits that
 /// run a program as its owner or group are dropped.
-int copyRights(const std::string& from, FileHandle to);
+ZUHOST_API int copyRights(const std::string& from, FileHandle to);
 /// Replaces a file of the name `to`, which others may have open.
-int renameFile(const std::string& from, const std::string& to);
-int removeFile(const std::string& path);
+ZUHOST_API int renameFile(const std::string& from, const std::string& to);
+ZUHOST_API int removeFile(const std::string& path);
 /// Makes what was renamed in the folder last through a power cut.
-int syncFolder(const std::string& folder);
+ZUHOST_API int syncFolder(const std::string& folder);
 
 } // namespace zuhost::platform

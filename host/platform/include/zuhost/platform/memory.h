@@ -1,5 +1,7 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 #include <cstddef>
 
 namespace zuhost::platform {
@@ -10,11 +12,11 @@ inline constexpr std::size_t kLargePage = std::size_t{2} << 20U;
 
 /// Returns zeroed memory of its own pages, in large ones where the system has them; null when there is none.
 /// `bytes` is a multiple of kLargePage.
-void* allocatePages(std::size_t bytes);
-void freePages(void* start, std::size_t bytes);
+ZUHOST_API void* allocatePages(std::size_t bytes);
+ZUHOST_API void freePages(void* start, std::size_t bytes);
 
 /// Makes the system supply pages of that memory at once instead of one by one when they are first used.
 /// `start` and `bytes` are multiples of kSmallPage.
-void supplyPages(void* start, std::size_t bytes);
+ZUHOST_API void supplyPages(void* start, std::size_t bytes);
 
 } // namespace zuhost::platform

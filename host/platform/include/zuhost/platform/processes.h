@@ -2,6 +2,8 @@
 
 #include "files.h"
 
+#include <zuhost/platform/export.h>
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -22,11 +24,11 @@ struct ProcessEnd {
 
 /// Starts a program. Its standard input is this process's, or empty. Arguments are UTF-8, without the
 /// program's name.
-int startProcess(const std::string& program, const std::vector<std::string>& arguments, bool readsInput,
-                 Process& process);
+ZUHOST_API int startProcess(const std::string& program, const std::vector<std::string>& arguments,
+                            bool readsInput, Process& process);
 /// Ends the process at once; it counts as crashed. Call it before `waitForProcess` only.
-void killProcess(const Process& process);
+ZUHOST_API void killProcess(const Process& process);
 /// Waits for the end and releases what the system keeps of the process.
-ProcessEnd waitForProcess(const Process& process);
+ZUHOST_API ProcessEnd waitForProcess(const Process& process);
 
 } // namespace zuhost::platform

@@ -2,9 +2,11 @@
 
 #include "wnd.h"
 
+#include <zuhost/platform/export.h>
+
 /// A push button, check box, radio button or group box, by its style. Radio buttons of one parent form a
 /// group.
-class CButton : public CWnd {
+class ZUHOST_API CButton : public CWnd {
     DECLARE_DYNCREATE(CButton)
 
 public:
@@ -18,7 +20,7 @@ protected:
 };
 
 /// A text that the user can't edit.
-class CStatic : public CWnd {
+class ZUHOST_API CStatic : public CWnd {
     DECLARE_DYNCREATE(CStatic)
 
 public:
@@ -29,7 +31,7 @@ protected:
 };
 
 /// A single-line text field. The parents handle Enter and Escape in PreTranslateMessage.
-class CEdit : public CWnd {
+class ZUHOST_API CEdit : public CWnd {
     DECLARE_DYNCREATE(CEdit)
 
 public:
@@ -66,7 +68,7 @@ protected:
 
 /// A list of texts with at most one selected, or several with LBS_MULTIPLESEL or LBS_EXTENDEDSEL. With
 /// LBS_OWNERDRAWFIXED the class draws the rows itself. The parent is notified of changes by the user only.
-class CListBox : public CWnd {
+class ZUHOST_API CListBox : public CWnd {
     DECLARE_DYNCREATE(CListBox)
 
 public:
@@ -133,7 +135,7 @@ private:
 
 /// A drop-down list of texts. With CBS_DROPDOWN a text can also be typed in. With CBS_OWNERDRAWFIXED the
 /// class draws the rows of the open list itself.
-class CComboBox : public CWnd {
+class ZUHOST_API CComboBox : public CWnd {
     DECLARE_DYNCREATE(CComboBox)
 
 public:

@@ -2,6 +2,8 @@
 
 #include "wnd.h"
 
+#include <zuhost/platform/export.h>
+
 class CDocument;
 class CFrameWnd;
 
@@ -16,7 +18,7 @@ struct CCreateContext {
 };
 
 /// A top-level window. Created with new; deletes itself when its window is destroyed.
-class CFrameWnd : public CWnd {
+class ZUHOST_API CFrameWnd : public CWnd {
     DECLARE_DYNCREATE(CFrameWnd)
 
 public:
@@ -44,13 +46,13 @@ protected:
 };
 
 /// The host's main frame.
-class CMDIFrameWnd : public CFrameWnd {
+class ZUHOST_API CMDIFrameWnd : public CFrameWnd {
     DECLARE_DYNCREATE(CMDIFrameWnd)
 };
 
 /// A window that shows content in a frame. Created through its runtime class; deletes itself when its window
 /// is destroyed.
-class CView : public CWnd {
+class ZUHOST_API CView : public CWnd {
     DECLARE_DYNAMIC(CView)
 
 protected:

@@ -4,6 +4,7 @@
 #include "../../winuser.h"
 
 #include <afxstr.h>
+#include <zuhost/platform/export.h>
 
 #include <memory>
 
@@ -24,7 +25,7 @@ struct LOGFONTW {
 };
 using LOGFONT = LOGFONTW;
 
-class CFont {
+class ZUHOST_API CFont {
 public:
     CFont();
     ~CFont();
@@ -52,7 +53,7 @@ inline constexpr UINT DT_NOPREFIX = 0x0800;
 inline constexpr UINT DT_END_ELLIPSIS = 0x8000;
 
 /// Draws on a window while it is painted.
-class CDC {
+class ZUHOST_API CDC {
 public:
     CDC(const CDC&) = delete;
     CDC& operator=(const CDC&) = delete;
@@ -81,7 +82,7 @@ private:
 };
 
 /// Measures text in a window's font outside painting; drawing on it has no visible effect.
-class CClientDC : public CDC {
+class ZUHOST_API CClientDC : public CDC {
 public:
     explicit CClientDC(const CWnd* window);
     ~CClientDC();

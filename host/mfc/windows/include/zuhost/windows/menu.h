@@ -4,6 +4,7 @@
 #include "../../winuser.h"
 
 #include <afxstr.h>
+#include <zuhost/platform/export.h>
 
 #include <memory>
 #include <vector>
@@ -36,7 +37,7 @@ inline constexpr UINT TPM_RETURNCMD = 0x0100;
 /// A menu, owned by the object unless it is a submenu of another: Detach leaves it to that one. Items are
 /// found by their identifier, in submenus too, or with MF_BYPOSITION by their index. Functions for an item
 /// that does not exist return FALSE or -1.
-class CMenu {
+class ZUHOST_API CMenu {
 public:
     CMenu() = default;
     ~CMenu();

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <zuhost/platform/export.h>
+
 /// Shows the desktop's cursor for waiting during its lifetime. Does nothing without a desktop.
-class CWaitCursor {
+class ZUHOST_API CWaitCursor {
 public:
     CWaitCursor();
     ~CWaitCursor();

@@ -5,6 +5,7 @@
 
 #include <afx.h>
 #include <afxcoll.h>
+#include <zuhost/platform/export.h>
 
 #include <memory>
 
@@ -20,7 +21,7 @@ class WindowLink;
 /// destroyed with the object or with the parent's window, whichever comes first. Events of the desktop reach
 /// the window as messages, which its message map dispatches to member functions; a handler that calls the one
 /// of its base class adds the desktop's default handling.
-class CWnd : public CObject {
+class ZUHOST_API CWnd : public CObject {
     DECLARE_DYNAMIC(CWnd)
 
 public:
@@ -169,4 +170,4 @@ private:
 };
 
 /// Returns whether the handle is that of a window.
-BOOL IsWindow(HWND window);
+ZUHOST_API BOOL IsWindow(HWND window);

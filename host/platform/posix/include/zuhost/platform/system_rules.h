@@ -1,8 +1,5 @@
 #pragma once
 
-/// Marks what a module or library exports.
-#define ZUHOST_EXPORTED __attribute__((visibility("default")))
-
 namespace zuhost::platform {
 
 /// Paths begin with a drive: "C:/folder". Elsewhere a drive is dropped.

@@ -6,9 +6,6 @@
 #include <string.h>
 #include <wchar.h>
 
-/// Marks what a module or library exports.
-#define ZUHOST_EXPORTED __declspec(dllexport)
-
 namespace zuhost::platform {
 
 /// Paths begin with a drive: "C:/folder". Elsewhere a drive is dropped.
