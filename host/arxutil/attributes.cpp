@@ -77,14 +77,16 @@ int ApiComn_appendAttributes(AcDbObject* object, const wchar_t* application, int
 }
 
 int ApiComn_appendAttributesArray(AcDbObject* object, const wchar_t* application, const CStringArray& texts) {
-    if (object == nullptr || application == nullptr || !object->isWriteEnabled() ||
-        !registerApplication(*object, application))
+    if (object == nullptr || application == nullptr)
         return -1;
     std::vector<std::wstring_view> views;
     views.reserve(static_cast<std::size_t>(texts.GetSize()));
     for (int i = 0; i < texts.GetSize(); ++i)
         views.emplace_back(texts[i].GetString());
-    return zuhost::setExtendedTexts(*object, application, views) == Acad::eOk ? 0 : -1;
+    Acad::ErrorStatus status = zuhost::setExtendedTexts(*object, application, views);
+    if (status == Acad::eRegappIdNotFound && registerApplication(*object, application))
+        status = zuhost::setExtendedTexts(*object, application, views);
+    return status == Acad::eOk ? 0 : -1;
 }
 
 int ApiComn_appendAttributesArray(AcDbObjectId id, const wchar_t* application, const CStringArray& texts) {

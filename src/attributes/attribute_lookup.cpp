@@ -2,6 +2,10 @@
 
 #include "attribute_record.h"
 #include "frame/text_view.h"
+#include "model/field_rules.h"
+
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -34,26 +38,30 @@ int CAttributeData::GetAtt(const CStringArray* list, const wchar_t* key, CString
     const int index = FindAtt(list, key);
     if (index < 0)
         return -1;
-    out = zu::splitFields((*list)[index]).front();
+    out = zu::attributeField((*list)[index], 1);
     return 0;
 }
 
 CString CAttributeData::GetValueAtt(const CStringArray* list, const wchar_t* key) {
     const CString wanted = withSeparator(key);
-    CString found;
-    if (GetAtAtt(list, wanted, found) != 0)
+    const int index = FindAtt(list, wanted);
+    if (index < 0)
         return {};
-    return zu::splitFields(found.Mid(wanted.GetLength())).front();
+    const std::wstring_view fields = zu::view((*list)[index]).substr(zu::view(wanted).size());
+    return zu::textOf(zu::attributeFieldIn(fields, 1));
 }
 
 int CAttributeData::SetAtAtt(CStringArray* list, const wchar_t* key, const wchar_t* value) {
     const int index = FindAtt(list, key);
     if (index < 0)
         return -1;
-    const std::vector<CString> fields = zu::splitFields((*list)[index]);
-    CString changed;
-    for (std::size_t i = 0; i + 1 < fields.size(); ++i)
-        changed += (i == 1 ? CString(value) : fields[i]) + zu::kFieldSeparator;
-    list->SetAt(index, changed);
+    const std::wstring_view text = zu::view((*list)[index]);
+    // Only fields that end in a separator are kept.
+    std::wstring changed(text.substr(0, text.rfind(zu::kFieldSeparator) + 1));
+    const std::size_t start = changed.find(zu::kFieldSeparator) + 1;
+    const std::size_t end = changed.find(zu::kFieldSeparator, start);
+    if (end != std::wstring::npos)
+        changed.replace(start, end - start, value != nullptr ? value : L"");
+    list->SetAt(index, zu::textOf(changed));
     return 0;
 }

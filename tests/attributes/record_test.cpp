@@ -90,6 +90,8 @@ TEST(AttributeRecord, LookUpsMatchPrefixes) {
     EXPECT_EQ(CAttributeData::GetValueAtt(&list, L"bare"), L"");
     EXPECT_EQ(CAttributeData::SetAtAtt(&list, L"K", L"new"), 0);
     EXPECT_EQ(list[3], L"K|new|x|") << "removes the unterminated tail";
+    EXPECT_EQ(CAttributeData::SetAtAtt(&list, L"bare", L"new"), 0);
+    EXPECT_EQ(list[4], L"") << "there is no value to replace";
     EXPECT_EQ(CAttributeData::SetAtAtt(&list, L"Q", L"new"), -1);
     EXPECT_EQ(CAttributeData::GettoolTipData(L"W=100 H=50", L"W=", out), 0);
     EXPECT_EQ(out, L"100");

@@ -23,6 +23,11 @@ void keepStoredForm(const TagList& tags, TagRange old, TagList& replacement, con
     }
 }
 
+std::size_t chunkSize(const TagRef& tag) {
+    std::string scratch;
+    return tag.value(scratch).size() / 2;
+}
+
 std::optional<std::string> nameOutsideDrawings(const ACHAR* application) {
     if (application == nullptr || *application == L'\0')
         return std::nullopt;
@@ -36,7 +41,6 @@ std::optional<std::string> nameOutsideDrawings(const ACHAR* application) {
 
 std::size_t storedSize(const TagRef& tag) {
     using dxf::ValueType;
-    std::string scratch;
     switch (dxf::valueType(tag.code)) {
     case ValueType::real:
         return 1 + sizeof(double);
@@ -47,7 +51,7 @@ std::size_t storedSize(const TagRef& tag) {
     case ValueType::handle:
         return 1 + sizeof(std::uint64_t);
     case ValueType::chunk:
-        return 2 + tag.value(scratch).size() / 2;
+        return 2 + chunkSize(tag);
     default:
         return tag.code == kApplicationName || tag.code == 1003 ? 1 + sizeof(std::uint64_t)
                                                                 : 4 + tag.text.size();
@@ -74,12 +78,16 @@ std::optional<std::string> storedName(DatabaseCore* core, const ACHAR* applicati
     return core != nullptr ? registeredName(*core, application) : nameOutsideDrawings(application);
 }
 
+void removeExtendedData(TagList& tags, const std::string& name) {
+    // Damaged objects name an application several times; only the first counts, the others are kept with it.
+    for (TagRange data = tags.extendedData(name); !data.empty(); data = tags.extendedData(name))
+        tags.erase(data);
+}
+
 void replaceExtendedData(TagList& tags, TagList replacement, const DatabaseCore* core) {
     const std::string name = replacement[0].value;
-    // Damaged objects name an application several times; only the first counts, the others are kept with it.
     if (replacement.size() == 1) {
-        for (TagRange all = tags.extendedData(name); !all.empty(); all = tags.extendedData(name))
-            tags.erase(all);
+        removeExtendedData(tags, name);
         return;
     }
     const TagRange old = tags.extendedData(name);

@@ -25,6 +25,9 @@ inline constexpr std::size_t kExtendedSizeLimit = 16383;
 /// As above; without a core for an object that is in no drawing: the working database decides.
 [[nodiscard]] std::optional<std::string> storedName(DatabaseCore* core, const ACHAR* application);
 
+/// Removes the data of the application.
+void removeExtendedData(TagList& tags, const std::string& name);
+
 /// Replaces the data of the application whose name begins the replacement; a name alone removes it. Texts
 /// equal to those they replace keep their stored form, as with escapes ("\\U+33a5").
 void replaceExtendedData(TagList& tags, TagList replacement, const DatabaseCore* core);

@@ -112,9 +112,10 @@ bool zuhost::visitExtendedData(const AcDbObject& object, const ACHAR* applicatio
     std::wstring text;
     visitValues(valuesOf(object, application), [&](TagView::Iterator& at) {
         isFound = true;
-        text.clear();
         if (resultKind(at->code) == ResultKind::text)
             decodeText(core, at->text, text);
+        else
+            text.clear();
         // Chains end texts at a zero, too.
         const bool goesOn = visit(static_cast<short>(at->code), text.c_str());
         ++at;

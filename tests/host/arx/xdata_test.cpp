@@ -296,4 +296,13 @@ TEST_F(ExtendedData, LimitHoldsForAllApplicationsTogether) {
     EXPECT_EQ(set(kShelf, filled(L"ZU_LINK", 70)), Acad::eXdataSizeExceeded);
     EXPECT_EQ(set(kShelf, filled(L"ZU_LINK", 60)), Acad::eOk);
     EXPECT_EQ(set(kShelf, filled(L"ZU_ATTR", 100)), Acad::eOk);
+    const std::wstring text(96, L'x');
+    const auto setTexts = [&](const ACHAR* application, std::size_t count) {
+        const AcDbObjectPointer<AcDbObject> object(id(kShelf), AcDb::kForWrite);
+        return zuhost::setExtendedTexts(*object.object(), application,
+                                        std::vector<std::wstring_view>(count, text));
+    };
+    EXPECT_EQ(setTexts(L"ZU_ATTR", 104), Acad::eXdataSizeExceeded);
+    EXPECT_EQ(setTexts(L"ZU_ATTR", 103), Acad::eOk);
+    EXPECT_EQ(setTexts(L"ZU_LINK", 61), Acad::eXdataSizeExceeded);
 }
