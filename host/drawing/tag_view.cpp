@@ -12,7 +12,6 @@ using dxf::ValueType;
 
 constexpr int kSubclassMarker = 100;
 constexpr int kGroupBracket = 102;
-constexpr int kComment = 999;
 constexpr int kFirstExtended = 1000;
 constexpr int kApplicationName = 1001;
 
@@ -109,10 +108,16 @@ Tag TagRef::tag() const {
 /// Calls `function` with each record until it returns true.
 template <typename Function>
 void TagView::visit(Function function) const {
+    if (end_ == End::application) {
+        for (const TagRef& tag : *this)
+            if (function(tag))
+                return;
+        return;
+    }
     TagRef tag;
     for (std::size_t place = first_; place < last_;) {
         place = read(place, tag);
-        if ((endsWithSubclass_ && TagList::endsSubclass(tag.code)) || function(tag))
+        if (endsSubclass(tag.code) || function(tag))
             return;
     }
 }
@@ -138,7 +143,7 @@ std::size_t TagView::readUnusual(std::size_t place, TagRef& tag) const {
 
 TagRange TagView::range() const {
     std::size_t last = last_;
-    if (endsWithSubclass_) {
+    if (end_ != End::none) {
         Iterator it = begin();
         while (it != end())
             ++it;
@@ -153,7 +158,7 @@ TagView TagView::in(TagRange range) const {
 
 TagView TagView::subclass(std::string_view marker) const {
     TagView part = in({subclassStart(marker), last_});
-    part.endsWithSubclass_ = true;
+    part.end_ = End::subclass;
     return part;
 }
 
@@ -172,10 +177,9 @@ TagView TagView::extendedData(std::string_view application) const {
         ++it;
     if (it == end())
         return in({last_, last_});
-    const std::size_t first = it.place();
-    for (++it; it != end() && it->code != kApplicationName && it->code >= kComment;)
-        ++it;
-    return in({first, it.place()});
+    TagView part = in({it.place(), last_});
+    part.end_ = End::application;
+    return part;
 }
 
 TagView TagView::applicationGroup(std::string_view name) const {
@@ -210,7 +214,7 @@ std::size_t TagView::firstMarker() const {
 std::size_t TagView::extendedDataStart() const {
     if (places_.extendedData != RecordPlaces::kUnknown)
         return places_.extendedData;
-    if (list_ != nullptr && !endsWithSubclass_) {
+    if (list_ != nullptr && end_ == End::none) {
         std::size_t place = first_;
         while (place < last_ && (*list_)[place].code < kFirstExtended)
             ++place;
@@ -223,14 +227,14 @@ std::size_t TagView::extendedDataStart() const {
 }
 
 std::size_t TagView::subclassStart(std::string_view marker) const {
-    if (list_ != nullptr && !endsWithSubclass_)
+    if (list_ != nullptr && end_ == End::none)
         return subclassStartInList(marker);
     bool anyMarker = false;
     TagRef tag;
     std::size_t place = firstMarker();
     while (place < last_) {
         const std::size_t next = read(place, tag);
-        if (tag.code >= kFirstExtended || (endsWithSubclass_ && TagList::endsSubclass(tag.code)))
+        if (tag.code >= kFirstExtended || endsSubclass(tag.code))
             break;
         if (tag.code == kSubclassMarker && tag.text == marker)
             return next;

@@ -73,6 +73,8 @@ public:
     [[nodiscard]] static constexpr bool endsSubclass(int code) {
         return code == 100 || code == 101 || code >= 1000;
     }
+    /// Returns whether a record with the code ends the extended data of the application before it.
+    [[nodiscard]] static constexpr bool endsApplication(int code) { return code == 1001 || code < 999; }
 
     /// Replaces the value of the first tag with the code in the range, or inserts a tag at the end of the
     /// range. A tag that holds an equal number keeps its text.

@@ -95,7 +95,7 @@ public:
             if (atEnd_)
                 return;
             next_ = view_->read(place_, tag_);
-            atEnd_ = view_->endsWithSubclass_ && TagList::endsSubclass(tag_.code);
+            atEnd_ = view_->endsAt(place_, tag_.code);
         }
 
         const TagView* view_;
@@ -150,6 +150,9 @@ public:
     void reals(std::span<const int> codes, std::span<double> values) const;
 
 private:
+    /// What ends a view before the end of its range. It is found by reading up to there.
+    enum class End : std::uint8_t { none, subclass, application };
+
     TagView(const TagView& whole, TagRange range)
         : list_(whole.list_), first_(range.first), bytes_(whole.bytes_),
           last_(std::min(range.last, whole.last_)), form_(whole.form_) {}
@@ -175,6 +178,15 @@ private:
         tag = {scanned.code, scanned.value, form_ == TagForm::binary};
         return static_cast<std::size_t>(scanned.end - bytes_);
     }
+    /// Returns whether the view is a subclass that ends before a record with the code.
+    [[nodiscard]] bool endsSubclass(int code) const {
+        return end_ == End::subclass && TagList::endsSubclass(code);
+    }
+    /// Returns whether the view ends before the record.
+    [[nodiscard]] bool endsAt(std::size_t place, int code) const {
+        return endsSubclass(code) ||
+               (end_ == End::application && place != first_ && TagList::endsApplication(code));
+    }
     template <typename Function>
     void visit(Function function) const;
     std::size_t readUnusual(std::size_t place, TagRef& tag) const;
@@ -187,7 +199,7 @@ private:
     std::size_t last_;
     RecordPlaces places_;
     TagForm form_ = TagForm::list;
-    bool endsWithSubclass_ = false;
+    End end_ = End::none;
 };
 
 } // namespace zuhost
