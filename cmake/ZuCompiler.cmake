@@ -35,6 +35,11 @@ else()
   add_compile_options(-ffp-contract=off)
 endif()
 
+# For code that reads records: where its loops happen to lie changes its time by 5 %, after any change elsewhere.
+if(NOT MSVC)
+  set(ZU_ALIGN_FUNCTIONS -falign-functions=64)
+endif()
+
 # For fuzzing, fuzzer-no-link instruments the libraries too: their coverage guides the fuzzer.
 set(ZU_SANITIZE "" CACHE STRING "Sanitizers to build with, e.g. address,undefined")
 if(ZU_SANITIZE)

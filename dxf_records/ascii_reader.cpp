@@ -3,7 +3,6 @@
 #include "dxf_records/scan_record.h"
 
 #include <algorithm>
-#include <array>
 
 namespace zuhost::dxf {
 
@@ -32,42 +31,11 @@ bool parseCode(std::string_view line, int& code) {
     return at == line.size();
 }
 
-constexpr unsigned char kNoCodeDigit = 0xFF;
-
-/// The digit that a character of a group code stands for; a blank before the others counts as 0.
-constexpr auto kCodeDigits = [] {
-    std::array<unsigned char, 256> digits{};
-    digits.fill(kNoCodeDigit);
-    digits[' '] = 0;
-    for (unsigned char i = 0; i < 10; ++i)
-        digits['0' + std::size_t{i}] = i;
-    return digits;
-}();
-
-/// Scans a group code of three characters, blanks first, or of four digits, and its line end. Faster than
-/// detail::scanCode for such codes, which most drawings have, but slower where values are converted between
-/// them.
-const char* scanPaddedCode(const char* at, const char* end, int& code) {
-    constexpr std::ptrdiff_t kLongest = 6; // with CR LF
-    if (end - at < kLongest || (at[0] != ' ' && at[1] == ' ') || at[2] == ' ')
-        return nullptr;
-    const auto digit = [at](std::size_t i) { return kCodeDigits[static_cast<unsigned char>(at[i])]; };
-    const unsigned hundreds = digit(0);
-    const unsigned tens = digit(1);
-    const unsigned ones = digit(2);
-    if ((hundreds | tens | ones) == kNoCodeDigit)
-        return nullptr;
-    code = static_cast<int>(hundreds * 100 + tens * 10 + ones);
-    at += 3;
-    if (const unsigned next = static_cast<unsigned char>(*at - '0'); next < 10) {
-        code = code * 10 + static_cast<int>(next);
-        ++at;
-    }
-    at += *at == '\r' ? 1 : 0;
-    return *at == '\n' ? at + 1 : nullptr;
-}
-
 } // namespace
+
+ScannedRecord scanUnpaddedRecord(const char* at, const char* end) {
+    return scanAsciiRecord(at, end);
+}
 
 char lineEndOf(std::string_view bytes) {
     return bytes.find('\n') != std::string_view::npos ? '\n' : '\r';
@@ -107,16 +75,12 @@ ReadResult AsciiReader::fail(std::size_t offset, std::uint64_t line, std::string
     return ReadResult::error;
 }
 
-bool AsciiReader::nextFast(Record& record) {
+inline bool AsciiReader::nextFast(Record& record) {
     if (lineEnd_ != '\n')
         return false;
     const char* const start = bytes_.data();
     const char* const end = start + bytes_.size();
-    int code = 0;
-    const char* value = scanPaddedCode(start + at_, end, code);
-    if (value == nullptr)
-        value = detail::scanCode(start + at_, end, code);
-    const ScannedRecord scanned = detail::scanValue(value, end, code);
+    const ScannedRecord scanned = scanPaddedRecord(start + at_, end);
     if (scanned.end == nullptr)
         return false;
     const std::size_t offset = at_;

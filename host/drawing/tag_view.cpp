@@ -226,12 +226,37 @@ std::size_t TagView::extendedDataStart() const {
     return it.place();
 }
 
+/// Returns the place after the marker's record if it is at the place, else kUnknown. Compares the two lines
+/// instead of looking for their ends: each value of an object that is read begins with this.
+std::size_t TagView::afterMarker(std::size_t place, std::string_view marker) const {
+    constexpr std::size_t kNone = RecordPlaces::kUnknown;
+    if (place >= last_)
+        return kNone;
+    const char* const end = bytes_ + last_;
+    if (form_ == TagForm::ascii)
+        if (const char* const value = dxf::afterLine(bytes_ + place, end, "100")) {
+            const char* const next = dxf::afterLine(value, end, marker);
+            return next != nullptr ? static_cast<std::size_t>(next - bytes_) : kNone;
+        }
+    TagRef tag;
+    const std::size_t next = read(place, tag);
+    return tag.code == kSubclassMarker && tag.text == marker ? next : kNone;
+}
+
 std::size_t TagView::subclassStart(std::string_view marker) const {
     if (list_ != nullptr && end_ == End::none)
         return subclassStartInList(marker);
-    bool anyMarker = false;
-    TagRef tag;
     std::size_t place = firstMarker();
+    const bool knowsMarkers = places_.secondMarker != RecordPlaces::kUnknown;
+    if (knowsMarkers) {
+        if (const std::size_t start = afterMarker(place, marker); start != RecordPlaces::kUnknown)
+            return start;
+        place = places_.secondMarker;
+        if (const std::size_t start = afterMarker(place, marker); start != RecordPlaces::kUnknown)
+            return start;
+    }
+    bool anyMarker = knowsMarkers;
+    TagRef tag;
     while (place < last_) {
         const std::size_t next = read(place, tag);
         if (tag.code >= kFirstExtended || endsSubclass(tag.code))
@@ -239,9 +264,7 @@ std::size_t TagView::subclassStart(std::string_view marker) const {
         if (tag.code == kSubclassMarker && tag.text == marker)
             return next;
         anyMarker = anyMarker || tag.code == kSubclassMarker;
-        const bool skipsSubclass =
-            place == places_.firstMarker && places_.secondMarker != RecordPlaces::kUnknown;
-        place = skipsSubclass ? places_.secondMarker : next;
+        place = next;
     }
     if (anyMarker || place == first_)
         return place;

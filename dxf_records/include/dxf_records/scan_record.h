@@ -39,6 +39,41 @@ inline const char* scanCode(const char* at, const char* end, int& code) {
     return count == 0 || count > kMostDigits || at == end || *at != '\n' ? nullptr : at + 1;
 }
 
+inline constexpr unsigned char kNoCodeDigit = 0xFF;
+
+/// The digit that a character of a group code stands for; a blank before the others counts as 0.
+inline constexpr auto kCodeDigits = [] {
+    std::array<unsigned char, 256> digits{};
+    digits.fill(kNoCodeDigit);
+    digits[' '] = 0;
+    for (unsigned char i = 0; i < 10; ++i)
+        digits['0' + std::size_t{i}] = i;
+    return digits;
+}();
+
+/// Scans a group code of three characters, blanks first, or of four digits, and its line end. Faster than
+/// detail::scanCode for such codes, which most drawings have, but slower where values are converted between
+/// them.
+inline const char* scanPaddedCode(const char* at, const char* end, int& code) {
+    constexpr std::ptrdiff_t kLongest = 6; // with CR LF
+    if (end - at < kLongest || (at[0] != ' ' && at[1] == ' ') || at[2] == ' ')
+        return nullptr;
+    const auto digit = [at](std::size_t i) { return kCodeDigits[static_cast<unsigned char>(at[i])]; };
+    const unsigned hundreds = digit(0);
+    const unsigned tens = digit(1);
+    const unsigned ones = digit(2);
+    if ((hundreds | tens | ones) == kNoCodeDigit)
+        return nullptr;
+    code = static_cast<int>(hundreds * 100 + tens * 10 + ones);
+    at += 3;
+    if (const unsigned next = static_cast<unsigned char>(*at - '0'); next < 10) {
+        code = code * 10 + static_cast<int>(next);
+        ++at;
+    }
+    at += *at == '\r' ? 1 : 0;
+    return *at == '\n' ? at + 1 : nullptr;
+}
+
 /// Scans the line of a value, null where there was no group code before it.
 inline ScannedRecord scanValue(const char* value, const char* end, int code) {
     if (value == nullptr || code == kComment)
@@ -57,6 +92,26 @@ inline ScannedRecord scanAsciiRecord(const char* at, const char* end) {
     int code = 0;
     const char* const value = detail::scanCode(at, end, code);
     return detail::scanValue(value, end, code);
+}
+
+/// The same, not inlined.
+ScannedRecord scanUnpaddedRecord(const char* at, const char* end);
+
+/// The same as scanAsciiRecord, faster for group codes of three characters, blanks first, which most drawings
+/// have, but slower where values are converted between them.
+inline ScannedRecord scanPaddedRecord(const char* at, const char* end) {
+    int code = 0;
+    const char* const value = detail::scanPaddedCode(at, end, code);
+    return value != nullptr ? detail::scanValue(value, end, code) : scanUnpaddedRecord(at, end);
+}
+
+/// Returns the place after the line, which ends in LF or CR LF; null when another line is there.
+inline const char* afterLine(const char* at, const char* end, std::string_view line) {
+    constexpr std::size_t kLongestEnd = 2;
+    if (static_cast<std::size_t>(end - at) < line.size() + kLongestEnd)
+        return nullptr;
+    const char* const next = at + line.size() + (at[line.size()] == '\r' ? 2 : 1);
+    return next[-1] == '\n' && std::memcmp(at, line.data(), line.size()) == 0 ? next : nullptr;
 }
 
 namespace detail {

@@ -45,6 +45,7 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
     undo.clear();
     destroyObjects(); // before the document destroys their stubs
     document = std::move(opened);
+    typeClasses_.clear();
     blocks_.reset();
     names_.clear();
     tables_.clear();
@@ -71,14 +72,27 @@ void DatabaseCore::destroyObjects() {
     objects_.clear();
 }
 
+std::unique_ptr<AcDbObject> DatabaseCore::build(const AcDbStub& stub) {
+    // New objects of the document, as blocks have, are not in the drawing's bytes.
+    if (stub.length == 0) {
+        auto own = std::make_unique<TagList>(document->tags(stub));
+        std::unique_ptr<AcDbObject> built = ObjectBuilder::build(document->typeName(stub), *own);
+        built->own_ = std::move(own);
+        return built;
+    }
+    if (stub.type >= typeClasses_.size())
+        typeClasses_.resize(stub.type + std::size_t{1});
+    AcRxClass*& known = typeClasses_[stub.type];
+    if (known == nullptr)
+        known = ObjectBuilder::classOfType(document->typeName(stub));
+    return known != nullptr ? ObjectBuilder::create(*known)
+                            : ObjectBuilder::build(document->typeName(stub), document->view(stub));
+}
+
 AcDbObject& DatabaseCore::object(AcDbStub& stub) {
     if (stub.object != nullptr)
         return *stub.object;
-    // New objects of the document, as blocks have, are not in the drawing's bytes.
-    auto own = stub.length == 0 ? std::make_unique<TagList>(document->tags(stub)) : nullptr;
-    std::unique_ptr<AcDbObject> built =
-        ObjectBuilder::build(document->typeName(stub), own ? TagView(*own) : document->view(stub));
-    built->own_ = std::move(own);
+    std::unique_ptr<AcDbObject> built = build(stub);
     built->stub_ = &stub;
     stub.object = built.get();
     objects_.push_back(std::move(built));

@@ -123,6 +123,7 @@ struct DatabaseCore {
     [[nodiscard]] Document::TagSource savedTags();
 
 private:
+    [[nodiscard]] std::unique_ptr<AcDbObject> build(const AcDbStub& stub);
     void destroyObjects();
     void registerApplications(const TagList& tags);
 
@@ -134,6 +135,7 @@ private:
     void addFiltered(AcDbStub* stub);
 
     std::vector<std::unique_ptr<AcDbObject>> objects_;
+    std::vector<AcRxClass*> typeClasses_; ///< By the document's number of a type; null where records decide.
     std::optional<std::unordered_map<const AcDbStub*, Container*>> blocks_; ///< Empty until asked for.
     std::unordered_map<const AcDbStub*, NameIndex> names_;
     std::map<std::string, AcDbStub*, std::less<>> tables_;

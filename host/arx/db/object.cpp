@@ -1,6 +1,7 @@
 #include "dbmain.h"
 
 #include "database_core.h"
+#include "object_access.h"
 #include "reactor_records.h"
 
 #include <zuhost/text_codec.h>
@@ -36,7 +37,7 @@ AcDbDatabase* AcDbObject::database() const {
 }
 
 zuhost::DatabaseCore* AcDbObject::core() const {
-    return stub_ != nullptr ? &zuhost::coreOf(*stub_->database) : nullptr;
+    return stub_ != nullptr ? &zuhost::ObjectAccess::core(*stub_->database) : nullptr;
 }
 
 bool AcDbObject::isNewObject() const {
@@ -54,8 +55,9 @@ std::string AcDbObject::encoded(std::wstring_view text) const {
 }
 
 TagView AcDbObject::tags() const {
-    const TagList* const own = ownTags();
-    return own != nullptr ? TagView(*own) : core()->document->view(*stub_);
+    if (!own_ && stub_ != nullptr)
+        return core()->document->view(*stub_);
+    return {*ownTags()};
 }
 
 TagView AcDbObject::storedTags() const {

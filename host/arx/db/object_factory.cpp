@@ -96,18 +96,26 @@ AcRxClass* tableClass(const TagView& tags) {
 
 } // namespace
 
+AcRxClass* ObjectBuilder::classOfType(const std::string& type) {
+    return lookUp(kTypes, type);
+}
+
 AcRxClass* ObjectBuilder::classOf(const std::string& type, const TagView& tags) {
+    if (AcRxClass* const known = classOfType(type))
+        return known;
     if (type == "TABLE")
         return tableClass(tags);
-    if (AcRxClass* const known = lookUp(kTypes, type))
-        return known;
     if (AcRxClass* const polyline = curveClass(type, tags))
         return polyline;
     return isEntity(type, tags) ? AcDbEntity::desc() : AcDbObject::desc();
 }
 
+std::unique_ptr<AcDbObject> ObjectBuilder::create(const AcRxClass& objectClass) {
+    return std::unique_ptr<AcDbObject>(static_cast<AcDbObject*>(objectClass.create()));
+}
+
 std::unique_ptr<AcDbObject> ObjectBuilder::build(const std::string& type, const TagView& tags) {
-    return std::unique_ptr<AcDbObject>(static_cast<AcDbObject*>(classOf(type, tags)->create()));
+    return create(*classOf(type, tags));
 }
 
 } // namespace zuhost

@@ -166,7 +166,7 @@ private:
         }
         dxf::ScannedRecord scanned;
         if (form_ == TagForm::ascii)
-            scanned = dxf::scanAsciiRecord(bytes_ + place, bytes_ + last_);
+            scanned = dxf::scanPaddedRecord(bytes_ + place, bytes_ + last_);
         else if (form_ == TagForm::binary)
             scanned = dxf::scanBinaryRecord(bytes_ + place, bytes_ + last_);
         if (scanned.end == nullptr) {
@@ -190,6 +190,7 @@ private:
     template <typename Function>
     void visit(Function function) const;
     std::size_t readUnusual(std::size_t place, TagRef& tag) const;
+    [[nodiscard]] std::size_t afterMarker(std::size_t place, std::string_view marker) const;
     [[nodiscard]] std::size_t subclassStart(std::string_view marker) const;
     [[nodiscard]] std::size_t subclassStartInList(std::string_view marker) const;
 
