@@ -19,7 +19,6 @@
 #include <zuhost/platform/export.h>
 #include <zuhost/platform/system_rules.h>
 
-#include <cstddef>
 #include <cstdint>
 
 ZUHOST_API decltype(CompareFileTime) zuhost_CompareFileTime;
@@ -114,11 +113,4 @@ ZUHOST_API decltype(lstrcpynW) zuhost_lstrcpynW;
 #define lstrcpyW zuhost_lstrcpyW
 #define lstrcpynW zuhost_lstrcpynW
 
-// ---- of the C library
-
-ZUHOST_API int _wtoi(const wchar_t* text);
-ZUHOST_API double _wtof(const wchar_t* text);
-ZUHOST_API int _wcsicmp(const wchar_t* left, const wchar_t* right);
-ZUHOST_API int _wcsnicmp(const wchar_t* left, const wchar_t* right, std::size_t count);
-ZUHOST_API void _wsplitpath(const wchar_t* path, wchar_t* drive, wchar_t* folder, wchar_t* name,
-                            wchar_t* extension);
+#include <zuhost/text_functions.h> // under the names of system_rules.h
