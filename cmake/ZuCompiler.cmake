@@ -16,16 +16,25 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
 endif()
 
-# zu_precompile(TARGET HEADERS...): large headers that many sources of a target include are compiled once. Sources include
-# what they use all the same: other presets build without. A compiler cache would find less with them, so not then either.
+# zu_precompile(TARGET [GROUP name] HEADERS header ...): large headers that many sources of a target include are compiled
+# once, for a group of targets with the same options once for all. Sources include what they use all the same: other
+# presets build without. A compiler cache would find less with them, so not then either.
 function(zu_precompile target)
-  if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    target_precompile_headers(${target} PRIVATE ${ARGN})
-    # g++ 12 falsely finds faults in its own std::string and std::optional, and keeps them to itself only where their
-    # header is read as one of the system's, which a precompiled one is not. clang++ builds without such headers.
-    set(false_alarms -Wno-array-bounds -Wno-maybe-uninitialized -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread)
-    target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:${false_alarms}>)
+  cmake_parse_arguments(ARG "" "GROUP" "HEADERS" ${ARGN})
+  if(CMAKE_CXX_COMPILER_LAUNCHER)
+    return()
   endif()
+  # g++ 12 falsely finds faults in its own std::string and std::optional, and keeps them to itself only where their
+  # header is read as one of the system's, which a precompiled one is not. clang++ builds without such headers.
+  set(false_alarms -Wno-array-bounds -Wno-maybe-uninitialized -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread)
+  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:${false_alarms}>)
+  get_property(first GLOBAL PROPERTY zu_precompiled_${ARG_GROUP})
+  if(ARG_GROUP AND first)
+    target_precompile_headers(${target} REUSE_FROM ${first})
+    return()
+  endif()
+  target_precompile_headers(${target} PRIVATE ${ARG_HEADERS})
+  set_property(GLOBAL PROPERTY zu_precompiled_${ARG_GROUP} ${target})
 endfunction()
 
 # Results must not depend on the compiler's freedom to fuse multiply and add.

@@ -24,9 +24,12 @@ function(zu_test name)
   add_executable(${name} ${ARG_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support)
   target_link_libraries(${name} PRIVATE ${ARG_LIBS} zu_warnings GTest::gtest GTest::gtest_main)
+  # Compiling tests takes longer than running them. With Qt some are -fPIC: all are, to share their precompiled headers.
+  target_compile_options(${name} PRIVATE -O0 -fPIC)
   list(LENGTH ARG_SOURCES sources)
-  if(sources GREATER 2)
-    zu_precompile(${name} <gtest/gtest.h> <algorithm> <memory> <string> <vector>)
+  if(sources GREATER 1)
+    zu_precompile(${name} GROUP tests
+      HEADERS <gtest/gtest.h> <dbents.h> <dbsymtb.h> <algorithm> <fstream> <functional> <map> <random>)
   endif()
   target_compile_definitions(${name} PRIVATE
     ZU_SAMPLES="${PROJECT_SOURCE_DIR}/samples" ZU_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data")
