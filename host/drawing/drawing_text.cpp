@@ -116,6 +116,8 @@ DrawingText DrawingText::of(int version, std::string_view codePageName, bool& kn
 }
 
 std::wstring DrawingText::decode(std::string_view value) const {
+    if (std::all_of(value.begin(), value.end(), isPlain))
+        return {value.begin(), value.end()};
     std::wstring text;
     decode(value, text);
     return text;

@@ -51,11 +51,17 @@ AcRxObject* AcRxObject::subQueryX(const AcRxClass* /*protocol*/) const {
     return nullptr;
 }
 
+AcRxClass::AcRxClass(std::wstring name, AcRxClass* parent, Creator creator)
+    : name_(std::move(name)), parent_(parent), creator_(creator) {
+    if (parent != nullptr)
+        line_ = parent->line_;
+    line_.push_back(this);
+}
+
 bool AcRxClass::isDerivedFrom(const AcRxClass* other) const {
-    for (const AcRxClass* c = this; c != nullptr; c = c->parent_)
-        if (c == other)
-            return true;
-    return false;
+    if (other == nullptr || other->line_.size() > line_.size())
+        return false;
+    return line_[other->line_.size() - 1] == other;
 }
 
 AcRxClass* AcRxClass::desc() {

@@ -5,6 +5,7 @@
 #include <zuhost/platform/export.h>
 
 #include <string>
+#include <vector>
 
 /// Run-time description of a class: its name, its parent and a function that creates an object.
 class ZUHOST_API AcRxClass : public AcRxObject {
@@ -22,12 +23,12 @@ public:
 
 private:
     friend ZUHOST_API AcRxClass* newAcRxClass(const wchar_t* name, AcRxClass* parent, Creator creator);
-    AcRxClass(std::wstring name, AcRxClass* parent, Creator creator)
-        : name_(std::move(name)), parent_(parent), creator_(creator) {}
+    AcRxClass(std::wstring name, AcRxClass* parent, Creator creator);
 
     std::wstring name_;
     AcRxClass* parent_;
     Creator creator_;
+    std::vector<const AcRxClass*> line_; ///< From the root to the class itself.
 };
 
 /// Registers a class under its name, or returns the one already registered. It lives as long as the host.

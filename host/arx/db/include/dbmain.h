@@ -8,6 +8,8 @@
 
 #include <zuhost/platform/export.h>
 
+#include <type_traits>
+
 /// Opens an object. On failure `object` is null.
 /// eNullObjectId, eWasErased (unless `openErased`), eWasOpenForWrite, eWasOpenForRead (asking to write),
 /// eOnLockedLayer (asking to write an entity whose layer is locked), eAtMaxReaders, eNotThatKindOfClass
@@ -28,11 +30,16 @@ Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mod
                                          : acdbOpenAcDbObject(opened, id, mode, openErased);
     if (status != Acad::eOk)
         return status;
-    object = T::cast(opened);
-    if (object != nullptr)
+    if constexpr (std::is_same_v<T, AcDbObject>) {
+        object = opened;
         return Acad::eOk;
-    opened->close();
-    return Acad::eNotThatKindOfClass;
+    } else {
+        object = T::cast(opened);
+        if (object != nullptr)
+            return Acad::eOk;
+        opened->close();
+        return Acad::eNotThatKindOfClass;
+    }
 }
 
 inline Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,

@@ -114,7 +114,9 @@ public:
     [[nodiscard]] Iterator begin() const { return {*this, first_}; }
     [[nodiscard]] static std::default_sentinel_t end() { return {}; }
     [[nodiscard]] Iterator at(std::size_t place) const { return {*this, place}; }
-    [[nodiscard]] bool empty() const { return begin() == end(); }
+    [[nodiscard]] bool empty() const {
+        return first_ >= last_ || (end_ == End::subclass && begin() == end());
+    }
 
     /// Returns the places of the first record and after the last one.
     [[nodiscard]] TagRange range() const;
