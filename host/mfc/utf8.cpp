@@ -90,17 +90,18 @@ std::wstring fromUtf8(std::string_view bytes) {
 
 std::size_t fromUtf8(std::string_view bytes, wchar_t* text) {
     wchar_t* out = text;
-    while (true) {
+    while (!bytes.empty()) {
         const std::size_t plain = widenAscii(bytes, out);
         out += plain;
         bytes.remove_prefix(plain);
-        if (bytes.empty())
-            return static_cast<std::size_t>(out - text);
-        char32_t c = kReplacement;
-        const std::size_t length = decodeUtf8(bytes, c);
-        out = putCodePoint(out, length != 0 ? c : kReplacement);
-        bytes.remove_prefix(length != 0 ? length : 1);
+        while (!bytes.empty() && static_cast<unsigned char>(bytes.front()) >= 0x80) {
+            char32_t c = kReplacement;
+            const std::size_t length = decodeUtf8(bytes, c);
+            out = putCodePoint(out, length != 0 ? c : kReplacement);
+            bytes.remove_prefix(length != 0 ? length : 1);
+        }
     }
+    return static_cast<std::size_t>(out - text);
 }
 
 } // namespace zuhost

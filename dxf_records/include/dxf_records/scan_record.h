@@ -51,9 +51,8 @@ inline constexpr auto kCodeDigits = [] {
     return digits;
 }();
 
-/// Scans a group code of three characters, blanks first, or of four digits, and its line end. Faster than
-/// detail::scanCode for such codes, which most drawings have, but slower where values are converted between
-/// them.
+/// Scans a group code of three characters, blanks first, or of four digits, and its line end. Returns the
+/// place after it; null for any other text.
 inline const char* scanPaddedCode(const char* at, const char* end, int& code) {
     constexpr std::ptrdiff_t kLongest = 6; // with CR LF
     if (end - at < kLongest || (at[0] != ' ' && at[1] == ' ') || at[2] == ' ')
