@@ -105,7 +105,8 @@ Tag TagRef::tag() const {
     return {code, std::string(value(scratch))};
 }
 
-/// Calls `function` with each record until it returns true.
+/// Calls `function` with each record until it returns true. What all records have in common is looked at
+/// once.
 template <typename Function>
 void TagView::visit(Function function) const {
     if (end_ == End::application) {
@@ -114,9 +115,17 @@ void TagView::visit(Function function) const {
                 return;
         return;
     }
+    if (form_ == TagForm::ascii)
+        visitWith([this](std::size_t place, TagRef& tag) { return readAscii(place, tag); }, function);
+    else
+        visitWith([this](std::size_t place, TagRef& tag) { return read(place, tag); }, function);
+}
+
+template <typename Read, typename Function>
+void TagView::visitWith(Read readRecord, Function function) const {
     TagRef tag;
     for (std::size_t place = first_; place < last_;) {
-        place = read(place, tag);
+        place = readRecord(place, tag);
         if (endsSubclass(tag.code) || function(tag))
             return;
     }
@@ -229,18 +238,23 @@ std::size_t TagView::extendedDataStart() const {
 /// Returns the place after the marker's record if it is at the place, else kUnknown. Compares the two lines
 /// instead of looking for their ends: each value of an object that is read begins with this.
 std::size_t TagView::afterMarker(std::size_t place, std::string_view marker) const {
-    constexpr std::size_t kNone = RecordPlaces::kUnknown;
-    if (place >= last_)
-        return kNone;
+    if (form_ != TagForm::ascii || place >= last_)
+        return afterReadMarker(place, marker);
     const char* const end = bytes_ + last_;
-    if (form_ == TagForm::ascii)
-        if (const char* const value = dxf::afterLine(bytes_ + place, end, "100")) {
-            const char* const next = dxf::afterLine(value, end, marker);
-            return next != nullptr ? static_cast<std::size_t>(next - bytes_) : kNone;
-        }
+    const char* const value = dxf::afterLine(bytes_ + place, end, "100");
+    if (value == nullptr)
+        return afterReadMarker(place, marker);
+    const char* const next = dxf::afterLine(value, end, marker);
+    return next != nullptr ? static_cast<std::size_t>(next - bytes_) : RecordPlaces::kUnknown;
+}
+
+/// The same for records of any form.
+std::size_t TagView::afterReadMarker(std::size_t place, std::string_view marker) const {
+    if (place >= last_)
+        return RecordPlaces::kUnknown;
     TagRef tag;
     const std::size_t next = read(place, tag);
-    return tag.code == kSubclassMarker && tag.text == marker ? next : kNone;
+    return tag.code == kSubclassMarker && tag.text == marker ? next : RecordPlaces::kUnknown;
 }
 
 std::size_t TagView::subclassStart(std::string_view marker) const {

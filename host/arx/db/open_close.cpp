@@ -1,6 +1,7 @@
 #include "dbmain.h"
 
 #include "database_core.h"
+#include "object_access.h"
 
 #include <utility>
 
@@ -16,7 +17,7 @@ Acad::ErrorStatus openObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMod
         return Acad::eNullObjectId;
     if (stub->erased && !openErased)
         return Acad::eWasErased;
-    return zuhost::coreOf(*stub->database).open(*stub, mode, object, ignoreLock);
+    return zuhost::ObjectAccess::core(*stub->database).open(*stub, mode, object, ignoreLock);
 }
 
 } // namespace

@@ -17,6 +17,22 @@ constexpr std::string_view kMarker = "AcDbPolyline";
 constexpr std::int64_t kClosed = 1;
 constexpr std::int64_t kAcross = 128;
 
+/// Reads the first vertex without looking for the others.
+Acad::ErrorStatus readFirstPoint(const zuhost::TagView& records, AcGePoint2d& point) {
+    auto at = records.begin();
+    while (at != records.end() && at->code != 10)
+        ++at;
+    if (at == records.end())
+        return Acad::eInvalidIndex;
+    point = {at->real().value_or(0.0), 0.0};
+    for (++at; at != records.end() && at->code != 10; ++at)
+        if (at->code == 20) {
+            point.y = at->real().value_or(0.0);
+            break;
+        }
+    return Acad::eOk;
+}
+
 bool isOfVertex(const zuhost::Tag& tag) {
     return tag.code == 10 || tag.code == 20 || (tag.code >= 40 && tag.code <= 42) || tag.code == 91;
 }
@@ -114,6 +130,8 @@ Acad::ErrorStatus AcDbPolyline::setHeadReal(int code, double value) {
 }
 
 Acad::ErrorStatus AcDbPolyline::getPointAt(unsigned int index, AcGePoint2d& point) const {
+    if (index == 0 && vertices_.empty())
+        return readFirstPoint(section(kMarker), point);
     if (index >= numVerts())
         return Acad::eInvalidIndex;
     point = {vertexReal(index, 10), vertexReal(index, 20)};

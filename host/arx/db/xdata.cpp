@@ -93,6 +93,9 @@ void visitValues(const TagView& values, Visit visit) {
 } // namespace
 
 resbuf* AcDbObject::xData(const ACHAR* application) const {
+    // Most objects have none, which is known without their records.
+    if (!own_ && stub_ != nullptr && stub_->extended == stub_->length)
+        return nullptr;
     const TagView values = valuesOf(*this, application);
     if (values.empty())
         return nullptr;

@@ -166,11 +166,16 @@ private:
             tag = {stored.code, stored.value, false};
             return place + 1;
         }
-        dxf::ScannedRecord scanned;
         if (form_ == TagForm::ascii)
-            scanned = dxf::scanPaddedRecord(bytes_ + place, bytes_ + last_);
-        else if (form_ == TagForm::binary)
-            scanned = dxf::scanBinaryRecord(bytes_ + place, bytes_ + last_);
+            return readAscii(place, tag);
+        if (form_ == TagForm::binary)
+            return readScanned(dxf::scanBinaryRecord(bytes_ + place, bytes_ + last_), place, tag);
+        return readUnusual(place, tag);
+    }
+    std::size_t readAscii(std::size_t place, TagRef& tag) const {
+        return readScanned(dxf::scanPaddedRecord(bytes_ + place, bytes_ + last_), place, tag);
+    }
+    std::size_t readScanned(const dxf::ScannedRecord& scanned, std::size_t place, TagRef& tag) const {
         if (scanned.end == nullptr) {
             TagRef unusual; // Its address is taken: `tag` can stay in registers.
             const std::size_t next = readUnusual(place, unusual);
@@ -191,8 +196,11 @@ private:
     }
     template <typename Function>
     void visit(Function function) const;
+    template <typename Read, typename Function>
+    void visitWith(Read readRecord, Function function) const;
     std::size_t readUnusual(std::size_t place, TagRef& tag) const;
     [[nodiscard]] std::size_t afterMarker(std::size_t place, std::string_view marker) const;
+    [[nodiscard]] std::size_t afterReadMarker(std::size_t place, std::string_view marker) const;
     [[nodiscard]] std::size_t subclassStart(std::string_view marker) const;
     [[nodiscard]] std::size_t subclassStartInList(std::string_view marker) const;
 
