@@ -45,7 +45,7 @@ void DatabaseCore::reset(std::unique_ptr<Document> opened) {
     undo.clear();
     destroyObjects(); // before the document destroys their stubs
     document = std::move(opened);
-    typeClasses_.clear();
+    typeKinds_.clear();
     blocks_.reset();
     names_.clear();
     tables_.clear();
@@ -70,29 +70,40 @@ void DatabaseCore::destroyObjects() {
             object.reactors_->transient.clear();
     }
     objects_.clear();
+    memory_.clear();
 }
 
-std::unique_ptr<AcDbObject> DatabaseCore::build(const AcDbStub& stub) {
+void DatabaseCore::ObjectDeleter::operator()(AcDbObject* object) const {
+    if (object->isInBlock_)
+        object->~AcDbObject();
+    else
+        delete object;
+}
+
+DatabaseCore::OwnedObject DatabaseCore::build(const AcDbStub& stub) {
     // New objects of the document, as blocks have, are not in the drawing's bytes.
     if (stub.length == 0) {
         auto own = std::make_unique<TagList>(document->tags(stub));
         std::unique_ptr<AcDbObject> built = ObjectBuilder::build(document->typeName(stub), *own);
         built->own_ = std::move(own);
-        return built;
+        return OwnedObject(built.release());
     }
-    if (stub.type >= typeClasses_.size())
-        typeClasses_.resize(stub.type + std::size_t{1});
-    AcRxClass*& known = typeClasses_[stub.type];
-    if (known == nullptr)
-        known = ObjectBuilder::classOfType(document->typeName(stub));
-    return known != nullptr ? ObjectBuilder::create(*known)
-                            : ObjectBuilder::build(document->typeName(stub), document->view(stub));
+    if (stub.type >= typeKinds_.size())
+        typeKinds_.resize(stub.type + std::size_t{1});
+    const ObjectKind*& kind = typeKinds_[stub.type];
+    if (kind == nullptr)
+        kind = ObjectBuilder::kindOf(document->typeName(stub));
+    if (kind == nullptr)
+        return OwnedObject(ObjectBuilder::build(document->typeName(stub), document->view(stub)).release());
+    OwnedObject built(kind->construct(memory_.allocate(kind->size)));
+    built->isInBlock_ = true;
+    return built;
 }
 
 AcDbObject& DatabaseCore::object(AcDbStub& stub) {
     if (stub.object != nullptr)
         return *stub.object;
-    std::unique_ptr<AcDbObject> built = build(stub);
+    OwnedObject built = build(stub);
     built->stub_ = &stub;
     stub.object = built.get();
     objects_.push_back(std::move(built));

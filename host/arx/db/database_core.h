@@ -3,10 +3,12 @@
 #include "ads_names.h"
 #include "dbmain.h"
 #include "drawing/document.h"
+#include "object_memory.h"
 #include "part_index.h"
 #include "undo_log.h"
 #include "zuhost/folded_name.h"
 
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -19,6 +21,8 @@
 class AcDbSymbolTableRecord;
 
 namespace zuhost {
+
+struct ObjectKind;
 
 /// Returns the internal state of a database.
 [[nodiscard]] DatabaseCore& coreOf(const AcDbDatabase& database);
@@ -123,7 +127,13 @@ struct DatabaseCore {
     [[nodiscard]] Document::TagSource savedTags();
 
 private:
-    [[nodiscard]] std::unique_ptr<AcDbObject> build(const AcDbStub& stub);
+    /// Destroys an object of the database; frees it unless `memory_` will.
+    struct ObjectDeleter {
+        void operator()(AcDbObject* object) const;
+    };
+    using OwnedObject = std::unique_ptr<AcDbObject, ObjectDeleter>;
+
+    [[nodiscard]] OwnedObject build(const AcDbStub& stub);
     void destroyObjects();
     void registerApplications(const TagList& tags);
 
@@ -134,8 +144,10 @@ private:
     [[nodiscard]] std::vector<AcDbStub*> collectErased();
     void addFiltered(AcDbStub* stub);
 
-    std::vector<std::unique_ptr<AcDbObject>> objects_;
-    std::vector<AcRxClass*> typeClasses_; ///< By the document's number of a type; null where records decide.
+    ObjectMemory memory_; ///< Of the objects built.
+    std::deque<OwnedObject> objects_;
+    /// By the document's number of a type; null where records decide, and until asked for.
+    std::vector<const ObjectKind*> typeKinds_;
     std::optional<std::unordered_map<const AcDbStub*, Container*>> blocks_; ///< Empty until asked for.
     std::unordered_map<const AcDbStub*, NameIndex> names_;
     std::map<std::string, AcDbStub*, std::less<>> tables_;

@@ -6,10 +6,11 @@
 #include "dbgroup.h"
 #include "dbsymtb.h"
 #include "dbxrecrd.h"
+#include "object_memory.h"
 
 #include <algorithm>
 #include <array>
-#include <string_view>
+#include <new>
 
 namespace zuhost {
 
@@ -20,31 +21,37 @@ struct TypeClass {
     AcRxClass* (*desc)();
 };
 
-constexpr std::array kTypes{
-    TypeClass{"INSERT", &AcDbBlockReference::desc},
-    TypeClass{"POINT", &AcDbPoint::desc},
-    TypeClass{"LINE", &AcDbLine::desc},
-    TypeClass{"CIRCLE", &AcDbCircle::desc},
-    TypeClass{"ARC", &AcDbArc::desc},
-    TypeClass{"LWPOLYLINE", &AcDbPolyline::desc},
-    TypeClass{"TEXT", &AcDbText::desc},
-    TypeClass{"MTEXT", &AcDbMText::desc},
-    TypeClass{"ELLIPSE", &AcDbEllipse::desc},
-    TypeClass{"ATTRIB", &AcDbAttribute::desc},
-    TypeClass{"ATTDEF", &AcDbAttributeDefinition::desc},
-    TypeClass{"SEQEND", &AcDbSequenceEnd::desc},
-    TypeClass{"GROUP", &AcDbGroup::desc},
-    TypeClass{"DICTIONARY", &AcDbDictionary::desc},
-    TypeClass{"XRECORD", &AcDbXrecord::desc},
-    TypeClass{"LAYER", &AcDbLayerTableRecord::desc},
-    TypeClass{"LTYPE", &AcDbLinetypeTableRecord::desc},
-    TypeClass{"STYLE", &AcDbTextStyleTableRecord::desc},
-    TypeClass{"APPID", &AcDbRegAppTableRecord::desc},
-    TypeClass{"DIMSTYLE", &AcDbDimStyleTableRecord::desc},
-    TypeClass{"BLOCK_RECORD", &AcDbBlockTableRecord::desc},
+template <typename T>
+constexpr ObjectKind kindOfObjects(std::string_view type) {
+    static_assert(alignof(T) <= ObjectMemory::kAlignment);
+    return {type, &T::desc, sizeof(T), [](void* memory) -> AcDbObject* { return ::new (memory) T; }};
+}
+
+constexpr std::array kKinds{
+    kindOfObjects<AcDbBlockReference>("INSERT"),
+    kindOfObjects<AcDbPoint>("POINT"),
+    kindOfObjects<AcDbLine>("LINE"),
+    kindOfObjects<AcDbCircle>("CIRCLE"),
+    kindOfObjects<AcDbArc>("ARC"),
+    kindOfObjects<AcDbPolyline>("LWPOLYLINE"),
+    kindOfObjects<AcDbText>("TEXT"),
+    kindOfObjects<AcDbMText>("MTEXT"),
+    kindOfObjects<AcDbEllipse>("ELLIPSE"),
+    kindOfObjects<AcDbAttribute>("ATTRIB"),
+    kindOfObjects<AcDbAttributeDefinition>("ATTDEF"),
+    kindOfObjects<AcDbSequenceEnd>("SEQEND"),
+    kindOfObjects<AcDbGroup>("GROUP"),
+    kindOfObjects<AcDbDictionary>("DICTIONARY"),
+    kindOfObjects<AcDbXrecord>("XRECORD"),
+    kindOfObjects<AcDbLayerTableRecord>("LAYER"),
+    kindOfObjects<AcDbLinetypeTableRecord>("LTYPE"),
+    kindOfObjects<AcDbTextStyleTableRecord>("STYLE"),
+    kindOfObjects<AcDbRegAppTableRecord>("APPID"),
+    kindOfObjects<AcDbDimStyleTableRecord>("DIMSTYLE"),
+    kindOfObjects<AcDbBlockTableRecord>("BLOCK_RECORD"),
     // Before R13 the BLOCK is the block's record; in later versions it is opened through its record only.
-    TypeClass{"BLOCK", &AcDbBlockTableRecord::desc},
-    TypeClass{"ACDBDICTIONARYWDFLT", &AcDbDictionary::desc},
+    kindOfObjects<AcDbBlockTableRecord>("BLOCK"),
+    kindOfObjects<AcDbDictionary>("ACDBDICTIONARYWDFLT"),
 };
 
 constexpr std::array kTables{
@@ -58,10 +65,9 @@ constexpr std::array<std::string_view, 7> kOldEntities{"POLYLINE", "VERTEX", "SO
                                                        "3DFACE",   "SHAPE",  "DIMENSION"};
 
 template <typename Table>
-AcRxClass* lookUp(const Table& table, std::string_view type) {
-    const auto found =
-        std::find_if(table.begin(), table.end(), [type](const TypeClass& t) { return t.type == type; });
-    return found == table.end() ? nullptr : found->desc();
+const typename Table::value_type* lookUp(const Table& table, std::string_view type) {
+    const auto found = std::ranges::find(table, type, &Table::value_type::type);
+    return found == table.end() ? nullptr : &*found;
 }
 
 bool isEntity(std::string_view type, const TagView& tags) {
@@ -90,19 +96,19 @@ AcRxClass* curveClass(std::string_view type, const TagView& tags) {
 }
 
 AcRxClass* tableClass(const TagView& tags) {
-    AcRxClass* const known = lookUp(kTables, tags.text(2).value_or(""));
-    return known != nullptr ? known : AcDbSymbolTable::desc();
+    const TypeClass* const known = lookUp(kTables, tags.text(2).value_or(""));
+    return known != nullptr ? known->desc() : AcDbSymbolTable::desc();
 }
 
 } // namespace
 
-AcRxClass* ObjectBuilder::classOfType(const std::string& type) {
-    return lookUp(kTypes, type);
+const ObjectKind* ObjectBuilder::kindOf(std::string_view type) {
+    return lookUp(kKinds, type);
 }
 
 AcRxClass* ObjectBuilder::classOf(const std::string& type, const TagView& tags) {
-    if (AcRxClass* const known = classOfType(type))
-        return known;
+    if (const ObjectKind* const known = kindOf(type))
+        return known->desc();
     if (type == "TABLE")
         return tableClass(tags);
     if (AcRxClass* const polyline = curveClass(type, tags))
@@ -110,12 +116,8 @@ AcRxClass* ObjectBuilder::classOf(const std::string& type, const TagView& tags) 
     return isEntity(type, tags) ? AcDbEntity::desc() : AcDbObject::desc();
 }
 
-std::unique_ptr<AcDbObject> ObjectBuilder::create(const AcRxClass& objectClass) {
-    return std::unique_ptr<AcDbObject>(static_cast<AcDbObject*>(objectClass.create()));
-}
-
 std::unique_ptr<AcDbObject> ObjectBuilder::build(const std::string& type, const TagView& tags) {
-    return create(*classOf(type, tags));
+    return std::unique_ptr<AcDbObject>(static_cast<AcDbObject*>(classOf(type, tags)->create()));
 }
 
 } // namespace zuhost

@@ -213,6 +213,7 @@ private:
     bool lockIsIgnored_ : 1 = false; ///< Open for write whatever the entity's layer.
     bool isPending_ : 1 = false;     ///< In no database, and owned by an object that is in none either.
     bool isHeld_ : 1 = false;        ///< In no database, and held by a smart pointer.
+    bool isInBlock_ : 1 = false;     ///< Its database owns it and frees its memory with that of others.
     bool modified_ = false;          ///< Changed since the object was opened.
     bool appended_ = false;          ///< Added to the database since the object was opened.
     bool eraseToggled_ = false;      ///< Erased or unerased since the object was opened.
