@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <list>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -59,10 +60,28 @@ struct GivenOption {
     bool takesFolder = false;        ///< See CommandOption::file_or_folder.
 };
 
+/// What the help says of an option or argument.
+struct OptionDescription {
+    std::vector<std::string> names; ///< As they are given, such as "-o" and "--output"; an argument has one.
+    std::string description;
+    std::string value; ///< The type of the value; empty for a flag.
+    std::string preset;
+    bool isRequired = false;
+    bool repeats = false; ///< Takes several values.
+};
+
+/// What the help says of a command and of those below it.
+struct CommandDescription {
+    std::string name;
+    std::string description;
+    std::vector<OptionDescription> arguments;
+    std::vector<OptionDescription> options;
+    std::vector<CommandDescription> commands;
+};
+
 /// A command with its options, under the names of the command-line parser that does the work. Only the source
-/// of this class and main() include the parser: compiling its headers in every command took a third of the
-/// build. Options and subcommands live as long as their command; a variable given for a value must live until
-/// parsing ends.
+/// of this class and of CommandLine includes the parser, whose headers take long to compile. Options and
+/// subcommands live as long as their command; a variable given for a value must live until parsing ends.
 class Command {
 public:
     explicit Command(CLI::App& app) : app_(app) {}
@@ -95,6 +114,30 @@ private:
     std::list<Command> commands_;
     std::list<CommandOption> options_;
     std::vector<CLI::Option*> last_; ///< The arguments that follow the list.
+};
+
+/// The command line of the program.
+class CommandLine {
+public:
+    CommandLine(const std::string& program, const std::string& description, const std::string& version);
+    ~CommandLine();
+    CommandLine(const CommandLine&) = delete;
+    CommandLine& operator=(const CommandLine&) = delete;
+
+    /// Commands are added to it.
+    [[nodiscard]] Command& commands() { return commands_; }
+    [[nodiscard]] CommandDescription description() const;
+
+    /// Parses the words after the program's name and runs the command that they name. Returns the program's
+    /// status; prints help, the version and what the parser finds wrong itself. Throws WrongUsage, and what
+    /// the command throws.
+    int run(std::vector<std::string> words);
+    /// Returns the drawing that the words named; empty when they named none.
+    [[nodiscard]] std::string drawing() const;
+
+private:
+    std::unique_ptr<CLI::App> parser_;
+    Command commands_;
 };
 
 } // namespace zu::app

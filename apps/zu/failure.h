@@ -5,9 +5,10 @@
 
 namespace zu::app {
 
-/// Something was not found or failed: the program prints why and ends with status 1.
+/// Something was not found or failed: the program prints why and ends with kStatus.
 class Failure : public std::runtime_error {
 public:
+    static constexpr int kStatus = 1;
     using std::runtime_error::runtime_error;
 };
 
@@ -17,9 +18,10 @@ public:
     using Failure::Failure;
 };
 
-/// The command line is invalid: the program prints why and ends with status 2.
+/// The command line is invalid: the program prints why and ends with kStatus.
 class WrongUsage : public std::runtime_error {
 public:
+    static constexpr int kStatus = 2;
     using std::runtime_error::runtime_error;
 };
 

@@ -1,12 +1,10 @@
 #pragma once
 
+#include "command_line.h"
+
 #include <span>
 #include <string>
 #include <vector>
-
-namespace CLI {
-class App;
-} // namespace CLI
 
 namespace zu::app {
 
@@ -25,7 +23,7 @@ struct Completions {
 /// Completes the last of the words after the program's name: commands, options and their choices, and by the
 /// drawing that is named before it handles, attribute ids, groups, layers and blocks. Nothing can stand where
 /// the drawing cannot be read.
-[[nodiscard]] Completions complete(const CLI::App& program, std::span<const std::string> words);
+[[nodiscard]] Completions complete(const CommandDescription& program, std::span<const std::string> words);
 
 /// Prints a word and its description, separated by a tab, on each line, and ":files" on a last one.
 void print(const Completions& completions);

@@ -1,35 +1,38 @@
 #include "shell/description.h"
 
-#include <CLI/CLI.hpp>
-
 namespace zu::app {
 
 namespace {
 
-Json describeOption(const CLI::Option& option) {
-    const bool takesValue = option.get_items_expected_max() > 0;
-    return {{"name", option.get_name(false, !option.get_positional())},
-            {"description", option.get_description()},
-            {"value", takesValue ? option.get_type_name() : ""},
-            {"default", option.get_default_str()},
-            {"required", option.get_required()},
-            {"repeats", option.get_items_expected_max() > 1}};
+std::string joined(const std::vector<std::string>& names) {
+    std::string all;
+    for (const std::string& name : names)
+        all += (all.empty() ? "" : ",") + name;
+    return all;
+}
+
+Json optionsJson(const std::vector<OptionDescription>& options) {
+    Json all = Json::array();
+    for (const OptionDescription& option : options)
+        all.push_back({{"name", joined(option.names)},
+                       {"description", option.description},
+                       {"value", option.value},
+                       {"default", option.preset},
+                       {"required", option.isRequired},
+                       {"repeats", option.repeats}});
+    return all;
 }
 
 } // namespace
 
-Json describe(const CLI::App& command) {
-    Json arguments = Json::array();
-    Json options = Json::array();
-    for (const CLI::Option* option : command.get_options())
-        (option->get_positional() ? arguments : options).push_back(describeOption(*option));
+Json descriptionJson(const CommandDescription& command) {
     Json commands = Json::array();
-    for (const CLI::App* below : command.get_subcommands({}))
-        commands.push_back(describe(*below));
-    return {{"name", command.get_name()},
-            {"description", command.get_description()},
-            {"arguments", arguments},
-            {"options", options},
+    for (const CommandDescription& below : command.commands)
+        commands.push_back(descriptionJson(below));
+    return {{"name", command.name},
+            {"description", command.description},
+            {"arguments", optionsJson(command.arguments)},
+            {"options", optionsJson(command.options)},
             {"commands", commands}};
 }
 
