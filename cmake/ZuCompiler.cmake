@@ -25,7 +25,7 @@ function(zu_precompile target)
     return()
   endif()
   # g++ 12 falsely finds faults in its own std::string and std::optional, and keeps them to itself only where their
-  # header is read as one of the system's, which a precompiled one is not. clang++ builds without such headers.
+  # header is read as one of the system's, which a precompiled one is not.
   set(false_alarms -Wno-array-bounds -Wno-maybe-uninitialized -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread)
   target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:${false_alarms}>)
   get_property(first GLOBAL PROPERTY zu_precompiled_${ARG_GROUP})
