@@ -1,5 +1,7 @@
 #include "batch/tasks.h"
 
+#include "failure.h"
+
 #include <zuhost/platform/libraries.h>
 #include <zuhost/platform/processes.h>
 #include <zuhost/system_error.h>
@@ -19,8 +21,6 @@ namespace zu::app {
 namespace {
 
 namespace platform = zuhost::platform;
-
-constexpr int kFailed = 1;
 
 std::string readToEnd(platform::FileHandle pipe) {
     std::string text;
@@ -71,14 +71,14 @@ std::optional<TaskResult> runTask(const Task& task, RunningProcesses& processes)
     if (!processes.start(task, process, error))
         return std::nullopt;
     if (error != 0)
-        return TaskResult{kFailed, false, {}, zuhost::errorText(error) + '\n'};
+        return TaskResult{Failure::kStatus, false, {}, zuhost::errorText(error) + '\n'};
     TaskResult result;
     std::jthread errors([&] { result.errors = readToEnd(process.errors); });
     result.output = readToEnd(process.output);
     errors.join();
     processes.release(process);
     const auto [status, crashed] = platform::waitForProcess(process);
-    result.status = crashed ? kFailed : status;
+    result.status = crashed ? Failure::kStatus : status;
     result.crashed = crashed;
     return result;
 }
