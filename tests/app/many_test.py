@@ -40,6 +40,17 @@ def damaged_among_sound(folder):
     check("195" in errors.splitlines()[-1] and "\r" not in errors, "a summary, no progress: " + errors)
 
 
+def process_on(drawing):
+    """The number of the process that works on the drawing; None before it started."""
+    for file in glob.glob("/proc/[0-9]*/cmdline"):
+        try:
+            if open(file, "rb").read().endswith(b"--\0%s\0" % drawing.encode()):
+                return int(file.split("/")[2])
+        except OSError:
+            pass  # another process, which has ended meanwhile
+    return None
+
+
 def crash(folder):
     """A pipe as drawing keeps its process waiting until it is killed."""
     pipe = os.path.join(folder, "pipe.dxf")
@@ -47,14 +58,12 @@ def crash(folder):
     writer = os.open(pipe, os.O_RDWR)
     program = subprocess.Popen([ZU, "groups", "--json", FLOOR, pipe, FLOOR, "--jobs", "2"], stdout=subprocess.PIPE,
                                stderr=subprocess.PIPE, text=True)
-    for _ in range(600):
-        time.sleep(0.05)
-        threads = glob.glob("/proc/%d/task/*/children" % program.pid)
-        found = [pid for thread in threads for pid in open(thread).read().split()
-                 if open("/proc/%s/cmdline" % pid).read().endswith("--\0%s\0" % pipe)]
-        if found:
-            os.kill(int(found[0]), signal.SIGKILL)
-            break
+    process = None
+    while not process and program.poll() is None:
+        time.sleep(0.01)
+        process = process_on(pipe)
+    if process:
+        os.kill(process, signal.SIGKILL)
     output, errors = program.communicate()
     os.close(writer)
     results = [json.loads(line) for line in output.splitlines()]
