@@ -196,3 +196,30 @@ TEST_F(Saving, CharactersOutsideTheCodePageSurvive) {
     const auto again = readBytes(zuhost::dxfOutBytes(*database, false));
     EXPECT_EQ(textOf(idIn(*again, text.handle().value())), L"表能ソ 850㎥ é");
 }
+
+// An opening that searches the drawing would take minutes.
+TEST_F(Saving, AccessToManyReferences) {
+    const AcDbObjectId block = blockId(*drawing, L"RT-D200");
+    std::vector<AcDbObjectId> ids;
+    drawing->disableUndoRecording(true);
+    {
+        const AcDbObjectPointer<AcDbBlockTableRecord> space(blockId(*drawing, ACDB_MODEL_SPACE),
+                                                            AcDb::kForWrite);
+        for (int i = 0; i < 20'000; ++i) {
+            auto* const insert = new AcDbBlockReference({i * 1.0, 0, 0}, block);
+            AcDbObjectId added;
+            ASSERT_EQ(space->appendAcDbEntity(added, insert), Acad::eOk);
+            insert->close();
+            ids.push_back(added);
+        }
+    }
+    double sum = 0.0;
+    constexpr int kRounds = 5;
+    for (int round = 0; round < kRounds; ++round)
+        for (const AcDbObjectId insert : ids) {
+            const AcDbObjectPointer<AcDbBlockReference> opened(insert);
+            sum += opened->position().x + opened->blockTransform().entry[0][0];
+            EXPECT_EQ(opened->blockTableRecord(), block);
+        }
+    EXPECT_DOUBLE_EQ(sum, kRounds * (20'000.0 * 19'999.0 / 2.0 + 20'000.0));
+}
